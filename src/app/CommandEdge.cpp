@@ -1,0 +1,31 @@
+#include "app/CommandEdge.h"
+
+#include "platform/PlatformError.h"
+#include "platform/Prompts.h"
+#include "store/StoreError.h"
+
+#include <QtGlobal>
+
+#include <exception>
+
+namespace corvanta {
+
+bool RunCommand(Prompts& prompts, const std::function<void()>& command) {
+  try {
+    command();
+    return true;
+  } catch (const StoreError& error) {
+    qWarning("Data file: %s [%s]", error.what(), error.Statement().c_str());
+    prompts.Tell("Data File", error.what(), Icon::Warning);
+  } catch (const PlatformError& error) {
+    qWarning("%s", error.what());
+    prompts.Tell("Corvanta Personal Finance", error.what(), Icon::Warning);
+  } catch (const std::exception& error) {
+    qWarning("Unexpected: %s", error.what());
+    prompts.Tell("Application Error",
+                 std::string("The command could not be finished: ") + error.what(), Icon::Error);
+  }
+  return false;
+}
+
+}  // namespace corvanta

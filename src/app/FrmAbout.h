@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QDialog>
+
+namespace corvanta {
+
+// What the program is, its version and its licence.
+class FrmAbout : public QDialog {
+  Q_OBJECT
+
+ public:
+  explicit FrmAbout(QWidget* parent);
+};
+
+}  // namespace corvanta

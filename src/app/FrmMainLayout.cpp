@@ -1,0 +1,71 @@
+// How the main window is found again as it was left.
+#include "app/AccountsView.h"
+#include "app/CommandEdge.h"
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/ListColours.h"
+#include "app/QtText.h"
+#include "app/RegisterView.h"
+#include "app/WindowLayout.h"
+#include "platform/Platform.h"
+
+#include <QCloseEvent>
+#include <QScreen>
+#include <QSplitter>
+
+#include <algorithm>
+
+namespace corvanta {
+
+void FrmMain::Restore() {
+  WindowLayout layout;
+  Guard([&] {
+    layout = ReadLayout(platform_.registry);
+    ApplySettings();
+  });
+  setGeometry(PlaceOnScreen(layout, screen()->availableGeometry()));
+  if (layout.maximised) setWindowState(windowState() | Qt::WindowMaximized);
+  if (layout.columns.size() == columns_->count()) columns_->setSizes(layout.columns);
+  if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
+  registerView_->SetWidths(layout.registerWidths);
+  accountsView_->SetWidths(layout.accountsWidths);
+  Guard([this] { ReadAccounts(); });
+  const bool known = std::any_of(accounts_.begin(), accounts_.end(), [&](const AccountRow& row) {
+    return row.accountId == layout.account;
+  });
+  account_ = known ? layout.account : 0;
+  if (account_ == 0 && !accounts_.empty()) account_ = accounts_.front().accountId;
+  const bool isRegister = account_ != 0 && layout.view == ToQt(kTransactionShow);
+  Show({isRegister ? kTransactionShow : kAccountShow, isRegister ? account_ : 0});
+}
+
+void FrmMain::SaveLayout() {
+  WindowLayout layout = ReadLayout(platform_.registry);
+  const bool normal = !isMaximized() && !isFullScreen() && !isMinimized();
+  layout.place = normal ? geometry() : normalGeometry();
+  layout.maximised = isMaximized();
+  layout.columns = columns_->sizes();
+  layout.leftRows = leftRows_->sizes();
+  if (session_.IsOpen()) {
+    layout.view = ToQt(shown_.name);
+    layout.account = account_;
+  }
+  layout.registerWidths = registerView_->Widths();
+  layout.accountsWidths = accountsView_->Widths();
+  WriteLayout(platform_.registry, layout);
+}
+
+void FrmMain::closeEvent(QCloseEvent* event) {
+  // A layout that cannot be kept must not keep the person from leaving.
+  Guard([this] { SaveLayout(); });
+  event->accept();
+}
+
+void FrmMain::changeEvent(QEvent* event) {
+  QMainWindow::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange && registerView_ != nullptr) {
+    Guard([this] { registerView_->SetColours(ReadListColours(settings_, palette())); });
+  }
+}
+
+}  // namespace corvanta

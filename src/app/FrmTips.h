@@ -1,0 +1,31 @@
+#pragma once
+
+#include <QDialog>
+#include <QStringList>
+
+class QCheckBox;
+class QLabel;
+
+namespace corvanta {
+
+struct Platform;
+
+// The tip of the day: another one each day, and the next one on demand.
+class FrmTips : public QDialog {
+  Q_OBJECT
+
+ public:
+  // Reads the tips from `file`; an empty name stands for the program's own file.
+  FrmTips(Platform& platform, QWidget* parent, const QString& file = QString());
+
+ private:
+  void ShowTip();
+
+  Platform& platform_;
+  QStringList tips_;
+  qsizetype shown_ = 0;
+  QLabel* lblTip_;
+  QCheckBox* chkLoadTipsAtStartup_;
+};
+
+}  // namespace corvanta

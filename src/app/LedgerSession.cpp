@@ -1,0 +1,46 @@
+#include "app/LedgerSession.h"
+
+#include "platform/Platform.h"
+#include "platform/Settings.h"
+
+namespace corvanta {
+
+LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
+                             const std::string& dataPath)
+    : opener_(opener), platform_(platform), isFixed_(!dataPath.empty()), path_(dataPath) {
+  if (isFixed_) opener_.SetDataPath(dataPath);
+}
+
+void LedgerSession::Choose(const std::string& path) {
+  Close();
+  Settings settings(platform_.registry);
+  former_ = isFixed_ ? path_ : settings.Text(Setting::DBPath);
+  path_ = path;
+  if (isFixed_) {
+    opener_.SetDataPath(path);
+  } else {
+    settings.SetText(Setting::DBPath, path);
+  }
+}
+
+void LedgerSession::Unchoose() {
+  Choose(std::string(former_));
+}
+
+bool LedgerSession::Open(bool quiet) {
+  Close();
+  file_ = opener_.Open(quiet);
+  if (file_) ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
+  return IsOpen();
+}
+
+void LedgerSession::Close() {
+  ledger_.reset();
+  file_.reset();
+}
+
+std::string LedgerSession::Path() const {
+  return file_ ? file_->connection->Path() : std::string();
+}
+
+}  // namespace corvanta

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "ledger/clsCorvanta.h"
+#include "store/OpenDataFile.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+struct Platform;
+
+// The data file that the window works on, with the ledger on it. It may be closed and opened again
+// while the window stands.
+class LedgerSession {
+ public:
+  // A data path that is not empty stands for the one of the settings in this run.
+  LedgerSession(DataFileOpener& opener, Platform& platform, const std::string& dataPath);
+
+  // Closes what is open and runs the open-data-file operation; false when no file was opened (the
+  // person has been told why).
+  bool Open(bool quiet);
+  void Close();
+
+  // Makes another data file the one to open: writes it into the settings, except where a path was
+  // given for this run. Closes what is open. Throws PlatformError.
+  void Choose(const std::string& path);
+  // Takes the last choice back. Throws PlatformError.
+  void Unchoose();
+
+  [[nodiscard]] bool IsOpen() const { return ledger_ != nullptr; }
+  // Only while open.
+  [[nodiscard]] clsCorvanta& Ledger() const { return *ledger_; }
+  // The open file's path; empty while closed.
+  [[nodiscard]] std::string Path() const;
+  [[nodiscard]] DataFileOpener& Opener() const { return opener_; }
+
+ private:
+  DataFileOpener& opener_;
+  Platform& platform_;
+  bool isFixed_;        // the path was given for this run
+  std::string path_;    // where it was
+  std::string former_;  // what was chosen before
+  std::optional<DataFile> file_;
+  std::unique_ptr<clsCorvanta> ledger_;
+};
+
+}  // namespace corvanta

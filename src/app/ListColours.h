@@ -1,0 +1,13 @@
+#pragma once
+
+#include "app/RegisterDelegate.h"
+
+namespace corvanta {
+
+class Settings;
+
+// The list colours of the settings. A colour that names one of the system's is taken from the
+// palette.
+[[nodiscard]] ListColours ReadListColours(const Settings& settings, const QPalette& palette);
+
+}  // namespace corvanta

@@ -1,0 +1,130 @@
+#include "app/QtPrompts.h"
+
+#include "app/QtText.h"
+#include "platform/PlatformError.h"
+#include "platform/Registry.h"
+#include "platform/SettingsTable.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace corvanta {
+namespace {
+
+constexpr std::string_view kLastFolder = "LastFolder";
+
+QMessageBox::Icon BoxIcon(Icon icon) {
+  switch (icon) {
+    case Icon::Question:
+      return QMessageBox::Question;
+    case Icon::Warning:
+      return QMessageBox::Warning;
+    case Icon::Error:
+      return QMessageBox::Critical;
+    case Icon::Information:
+      break;
+  }
+  return QMessageBox::Information;
+}
+
+void Fill(QMessageBox& box, const std::string& title, const std::string& text, Icon icon) {
+  box.setWindowTitle(ToQt(title));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(ToQt(text));
+  box.setIcon(BoxIcon(icon));
+}
+
+}  // namespace
+
+QWidget* QtPrompts::Parent() const {
+  QWidget* active = QApplication::activeModalWidget();
+  return active != nullptr ? active : parent_;
+}
+
+void QtPrompts::Tell(const std::string& title, const std::string& text, Icon icon) {
+  QMessageBox box(Parent());
+  Fill(box, title, text, icon);
+  box.exec();
+}
+
+bool QtPrompts::Ask(const std::string& title, const std::string& text, Icon icon) {
+  QMessageBox box(Parent());
+  Fill(box, title, text, icon);
+  box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+  box.setDefaultButton(icon == Icon::Question ? QMessageBox::Yes : QMessageBox::No);
+  box.setEscapeButton(QMessageBox::No);
+  return box.exec() == QMessageBox::Yes;
+}
+
+std::optional<std::size_t> QtPrompts::Choose(const std::string& title, const std::string& text,
+                                             const std::vector<std::string>& answers) {
+  QMessageBox box(Parent());
+  Fill(box, title, text, Icon::Question);
+  std::vector<QPushButton*> buttons;
+  for (const std::string& answer : answers) {
+    buttons.push_back(box.addButton(ToQt(answer), QMessageBox::ActionRole));
+  }
+  box.setEscapeButton(box.addButton(QMessageBox::Cancel));
+  if (!buttons.empty()) box.setDefaultButton(buttons.front());
+  box.exec();
+  for (std::size_t index = 0; index < buttons.size(); ++index) {
+    if (box.clickedButton() == buttons[index]) return index;
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> QtPrompts::AskText(const std::string& title, const std::string& text,
+                                              bool secret) {
+  bool accepted = false;
+  const QString answer =
+      QInputDialog::getText(Parent(), ToQt(title), ToQt(text),
+                            secret ? QLineEdit::Password : QLineEdit::Normal, {}, &accepted);
+  if (!accepted) return std::nullopt;
+  return FromQt(answer);
+}
+
+std::optional<std::string> QtPrompts::OpenFile(const FileQuestion& question) {
+  return AskFile(question, false);
+}
+
+std::optional<std::string> QtPrompts::SaveFile(const FileQuestion& question) {
+  return AskFile(question, true);
+}
+
+QString QtPrompts::LastFolder() const {
+  if (registry_ != nullptr) {
+    const auto last = registry_->Read(Hive::CurrentUser, kSettingsKey, kLastFolder);
+    if (last && QDir(ToQt(*last)).exists()) return ToQt(*last);
+  }
+  return QDir::homePath();
+}
+
+void QtPrompts::KeepFolder(const QString& folder) {
+  if (registry_ == nullptr) return;
+  try {
+    registry_->Write(Hive::CurrentUser, kSettingsKey, kLastFolder, FromQt(folder));
+  } catch (const PlatformError& error) {
+    qWarning("The last folder was not kept: %s", error.what());
+  }
+}
+
+std::optional<std::string> QtPrompts::AskFile(const FileQuestion& question, bool save) {
+  const QString filter =
+      ToQt(question.filterName) + QStringLiteral(" (") + ToQt(question.filterPattern) + u')';
+  const QString folder = question.folder.empty() ? LastFolder() : ToQt(question.folder);
+  QFileDialog dialog(Parent(), ToQt(question.title), folder, filter);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setDefaultSuffix(ToQt(question.defaultExtension));
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  const QString path = dialog.selectedFiles().constFirst();
+  KeepFolder(QFileInfo(path).absolutePath());
+  return FromQt(path);
+}
+
+}  // namespace corvanta

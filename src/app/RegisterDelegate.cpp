@@ -1,0 +1,80 @@
+#include "app/RegisterDelegate.h"
+
+#include "app/RegisterModel.h"
+#include "controls/Style.h"
+#include "controls/SvgIcon.h"
+
+#include <QPainter>
+
+namespace corvanta {
+namespace {
+constexpr int kMark = 14;
+constexpr int kMarkGap = 3;
+}  // namespace
+
+RegisterDelegate::RegisterDelegate(QObject* parent)
+    : ListDelegate(parent),
+      split_(SvgIcon(QStringLiteral("split"))),
+      transfer_(SvgIcon(QStringLiteral("transfer"))),
+      schedule_(SvgIcon(QStringLiteral("schedule"))),
+      attachment_(SvgIcon(QStringLiteral("attachment"))) {}
+
+void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+  const auto* model = static_cast<const RegisterModel*>(index.model());
+  const RegisterRow& row = model->Row(index.row());
+  const bool selected = (option.state & QStyle::State_Selected) != 0;
+  const QColor background = Background(option, index.row());
+  painter->save();
+  painter->fillRect(option.rect, background);
+  if (colours_.grid && !selected) {
+    painter->setPen(Mixed(option.palette.color(QPalette::Text), background, 0.1));
+    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+  }
+  QRect text = CellTextRect(option.rect, index.column(), RegisterModel::kColumns);
+  if (index.column() == RegisterModel::kPayee) {
+    text.setRight(text.right() - DrawMarks(*painter, row, text, selected));
+  }
+  painter->setFont(option.font);
+  painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
+                           : TextColour(row, index.column(), option.palette, background));
+  DrawText(*painter, text, model->data(index, Qt::DisplayRole).toString(),
+           RegisterModel::IsMoney(index.column()));
+  painter->restore();
+}
+
+QColor RegisterDelegate::Background(const QStyleOptionViewItem& option, int row) const {
+  const QPalette& palette = option.palette;
+  if ((option.state & QStyle::State_Selected) != 0) return SelectionColour(option);
+  const bool odd = row % 2 != 0;
+  if (IsDark(palette)) return palette.color(odd ? QPalette::AlternateBase : QPalette::Base);
+  return odd ? colours_.alternate2 : colours_.alternate1;
+}
+
+QColor RegisterDelegate::TextColour(const RegisterRow& row, int column, const QPalette& palette,
+                                    const QColor& background) const {
+  if (column == RegisterModel::kPaidOut || (column == RegisterModel::kBalance && row.balance < 0)) {
+    return MoneyOutColour(palette);
+  }
+  if (row.status == "R") return palette.color(QPalette::Text);
+  return ReadableOn(row.status == "C" ? colours_.cleared : colours_.uncleared, background);
+}
+
+int RegisterDelegate::DrawMarks(QPainter& painter, const RegisterRow& row, const QRect& cell,
+                                bool selected) const {
+  int width = 0;
+  const auto draw = [&](bool shown, const QIcon& icon) {
+    if (!shown) return;
+    const QRect place(cell.right() + 1 - width - kMark, cell.center().y() - kMark / 2 + 1, kMark,
+                      kMark);
+    icon.paint(&painter, place, Qt::AlignCenter, selected ? QIcon::Selected : QIcon::Normal);
+    width += kMark + kMarkGap;
+  };
+  draw(row.hasAttachment, attachment_);
+  draw(row.scheduleId != 0, schedule_);
+  draw(row.isTransfer, transfer_);
+  draw(row.isSplit, split_);
+  return width;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "controls/ListDelegate.h"
+#include "ledger/clsCorvanta.h"
+
+#include <QColor>
+#include <QIcon>
+
+namespace corvanta {
+
+// The colours of a list that the person may choose.
+struct ListColours {
+  QColor uncleared;
+  QColor cleared;
+  QColor alternate1;  // background of even rows, in light
+  QColor alternate2;  // and of odd ones
+  bool grid = false;  // a line below each row
+};
+
+// Draws the cells of the register: the row's tint, its text in the colour of its status, money out
+// and what is below zero in the colour for it, and the marks behind the payee.
+class RegisterDelegate : public ListDelegate {
+  Q_OBJECT
+
+ public:
+  explicit RegisterDelegate(QObject* parent);
+
+  void SetColours(const ListColours& colours) { colours_ = colours; }
+
+  void paint(QPainter* painter, const QStyleOptionViewItem& option,
+             const QModelIndex& index) const override;
+
+ private:
+  [[nodiscard]] QColor Background(const QStyleOptionViewItem& option, int row) const;
+  [[nodiscard]] QColor TextColour(const RegisterRow& row, int column, const QPalette& palette,
+                                  const QColor& background) const;
+  // Draws the row's marks at the right end of the cell; returns how wide they are.
+  int DrawMarks(QPainter& painter, const RegisterRow& row, const QRect& cell, bool selected) const;
+
+  ListColours colours_;
+  QIcon split_;
+  QIcon transfer_;
+  QIcon schedule_;
+  QIcon attachment_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,53 @@
+#include "app/StartOptions.h"
+
+#include "app/QtText.h"
+
+#include <QCommandLineParser>
+
+namespace corvanta {
+
+StartOptions ReadStartOptions(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setApplicationDescription(QStringLiteral("Corvanta Personal Finance"));
+  const QCommandLineOption help = parser.addHelpOption();
+  const QCommandLineOption version = parser.addVersionOption();
+  const QCommandLineOption profile(QStringLiteral("profile"),
+                                   QStringLiteral("The folder of the settings."),
+                                   QStringLiteral("folder"));
+  const QCommandLineOption data(QStringLiteral("data"),
+                                QStringLiteral("The folder or file of the data in this run."),
+                                QStringLiteral("path"));
+  const QCommandLineOption today(QStringLiteral("today"),
+                                 QStringLiteral("The day that stands for today, YYYY-MM-DD."),
+                                 QStringLiteral("date"));
+  parser.addOptions({profile, data, today});
+  parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The data file to open."),
+                               QStringLiteral("[file]"));
+  StartOptions options;
+  if (!parser.parse(arguments)) {
+    options.error = parser.errorText();
+    return options;
+  }
+  if (parser.isSet(help)) options.answer = parser.helpText();
+  if (parser.isSet(version)) {
+    options.answer =
+        QCoreApplication::applicationName() + u' ' + QCoreApplication::applicationVersion() + u'\n';
+  }
+  options.profileFolder = FromQt(parser.value(profile));
+  options.dataPath = FromQt(parser.value(data));
+  const QStringList files = parser.positionalArguments();
+  if (files.size() > 1 || (!files.isEmpty() && parser.isSet(data))) {
+    options.error = QStringLiteral("Only one data file can be opened.");
+  } else if (!files.isEmpty()) {
+    options.dataPath = FromQt(files.constFirst());
+  }
+  if (parser.isSet(today)) {
+    options.today = Date::FromIso(FromQt(parser.value(today)));
+    if (!options.today) {
+      options.error = QStringLiteral("--today takes a date such as 2026-11-21.");
+    }
+  }
+  return options;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Date.h"
+
+#include <QStringList>
+
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+// What the program was started with.
+struct StartOptions {
+  std::string profileFolder;      // "--profile"; empty for the user's own
+  std::string dataPath;           // "--data"; empty for the one of the settings
+  std::optional<Date> today;      // "--today"
+  std::optional<QString> answer;  // "--help", "--version": the text to print instead of starting
+  std::optional<QString> error;   // wrong usage: what is wrong
+};
+
+// `arguments` begins with the program's name. A file named without an option is the data file, as
+// when it is opened from a file manager.
+[[nodiscard]] StartOptions ReadStartOptions(const QStringList& arguments);
+
+}  // namespace corvanta

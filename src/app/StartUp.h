@@ -1,0 +1,39 @@
+#pragma once
+
+#include "app/LedgerSession.h"
+#include "app/QtProgress.h"
+#include "app/QtPrompts.h"
+#include "app/StartOptions.h"
+#include "platform/SystemPlatform.h"
+
+#include <memory>
+
+namespace corvanta {
+
+class FrmMain;
+
+// Brings the program up: settings, splash, tip of the day, login, data file, main window.
+class StartUp {
+ public:
+  // Throws PlatformError when the machine has no place for settings.
+  explicit StartUp(const StartOptions& options);
+  ~StartUp();
+
+  // Shows the main window and returns true; false when the person turned back at the login, or no
+  // data file was opened (the person has been told why).
+  bool Run();
+
+ private:
+  // The login before the file is touched; nullopt when the file cannot be looked into yet.
+  std::optional<bool> LoginBeforeOpening();
+  bool LoginAfterOpening();
+
+  QtPrompts prompts_;
+  QtProgress progress_;
+  SystemPlatform platform_;
+  DataFileOpener opener_;
+  LedgerSession session_;
+  std::unique_ptr<FrmMain> window_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,31 @@
+#include "app/ViewHeader.h"
+
+#include "controls/MutedLabel.h"
+#include "controls/Style.h"
+
+#include <QVBoxLayout>
+
+namespace corvanta {
+
+ViewHeader::ViewHeader(QWidget* parent)
+    : QWidget(parent), title_(new QLabel(this)), details_(new MutedLabel(this)) {
+  title_->setObjectName(QStringLiteral("lblTitle"));
+  title_->setFont(ScaledFont(2, QFont::DemiBold));
+  title_->setTextFormat(Qt::PlainText);
+  title_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  details_->setObjectName(QStringLiteral("lblDetails"));
+  details_->setTextFormat(Qt::PlainText);
+  details_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(2 * kRhythm, kRhythm + kRhythm / 2, 2 * kRhythm, kRhythm);
+  column->setSpacing(kRhythm / 4);
+  column->addWidget(title_);
+  column->addWidget(details_);
+}
+
+void ViewHeader::Show(const QString& title, const QString& details) {
+  title_->setText(title);
+  details_->setText(details);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QWidget>
+
+class QLabel;
+
+namespace corvanta {
+
+// The head of a view: what it shows, and a word about it.
+class ViewHeader : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ViewHeader(QWidget* parent);
+  void Show(const QString& title, const QString& details);
+
+ private:
+  QLabel* title_;
+  QLabel* details_;
+};
+
+}  // namespace corvanta

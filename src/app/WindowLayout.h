@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+#include <QString>
+
+namespace corvanta {
+
+class Registry;
+
+// How the main window was left: where it stood, how its areas were divided, what it showed.
+struct WindowLayout {
+  QRect place;  // without the frame, not maximised; of width 0 where nothing was kept
+  bool hasPosition = false;
+  bool maximised = false;
+  QList<int> columns;   // widths of the three columns; empty for their first division
+  QList<int> leftRows;  // heights in the left column
+  QString view;         // the command last shown
+  qint64 account = 0;
+  QString registerWidths;  // column widths, the numbers separated by "|"
+  QString accountsWidths;
+};
+
+// What makes no sense in the settings reads as nothing kept.
+[[nodiscard]] WindowLayout ReadLayout(Registry& registry);
+// All values in one write. Throws PlatformError.
+void WriteLayout(Registry& registry, const WindowLayout& layout);
+
+// The kept place, moved and shrunk so that the whole window is on the screen's free area; without
+// a kept one a comfortable size in its middle.
+[[nodiscard]] QRect PlaceOnScreen(const WindowLayout& layout, const QRect& free);
+
+}  // namespace corvanta

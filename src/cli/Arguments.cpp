@@ -1,0 +1,76 @@
+#include "cli/Arguments.h"
+
+#include "platform/TextCase.h"
+
+#include <CLI/CLI.hpp>
+
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kFirstDay = "0001-01-01";
+constexpr const char* kLastDay = "9999-12-31";
+
+std::string StatusFault(const std::string& text) {
+  if (!text.empty() && text.find_first_not_of("ucr") == std::string::npos) return {};
+  return "'" + text + "' is no choice of u (uncleared), c (cleared) and r (reconciled)";
+}
+
+Date DayOf(const std::string& text, const char* fallback) {
+  return Date::FromIso(text.empty() ? fallback : text).value_or(Date());
+}
+
+}  // namespace
+
+std::function<std::string(std::string&)> OneOf(std::vector<std::string> words) {
+  return [words = std::move(words)](std::string& text) -> std::string {
+    std::string fault = "'" + text + "' is none of";
+    for (const std::string& word : words) {
+      if (EqualFolded(word, text)) {
+        text = word;
+        return {};
+      }
+      fault += (word == words.front() ? " " : ", ") + word;
+    }
+    return fault;
+  };
+}
+
+std::string EmptyFault(const std::string& text) {
+  return text.empty() ? "it may not be empty" : std::string();
+}
+
+std::string DateFault(const std::string& text) {
+  if (Date::FromIso(text)) return {};
+  return "'" + text + "' is no date of the form YYYY-MM-DD";
+}
+
+void PeriodArguments::Declare(CLI::App& command) {
+  command.add_option("--from", from, "First day shown (YYYY-MM-DD)")->check(DateFault);
+  command.add_option("--to", to, "Last day shown (YYYY-MM-DD)")->check(DateFault);
+  command.final_callback([this] {
+    // Dates of this one form are in order as texts are.
+    if (!from.empty() && !to.empty() && to < from) {
+      throw CLI::ValidationError("--to", to + " lies before --from " + from);
+    }
+  });
+}
+
+std::optional<Period> PeriodArguments::Get() const {
+  if (from.empty() && to.empty()) return std::nullopt;
+  return Period{DayOf(from, kFirstDay), DayOf(to, kLastDay)};
+}
+
+void StatusArgument::Declare(CLI::App& command) {
+  command.add_option("--status", letters, "Statuses shown: any of the letters u, c, r")
+      ->check(StatusFault);
+}
+
+StatusFilter StatusArgument::Get() const {
+  if (letters.empty()) return {};
+  const auto has = [this](char letter) { return letters.find(letter) != std::string::npos; };
+  return {has('u'), has('c'), has('r')};
+}
+
+}  // namespace corvanta

@@ -1,0 +1,160 @@
+#include "cli/CommandLine.h"
+
+#include "cli/AccountsCommand.h"
+#include "cli/Arguments.h"
+#include "cli/CloseNames.h"
+#include "cli/KeyCommand.h"
+#include "cli/NewCommand.h"
+#include "cli/RegisterCommand.h"
+#include "cli/Session.h"
+#include "cli/SettingsCommand.h"
+#include "cli/SqlCommand.h"
+#include "cli/ValidateCommand.h"
+#include "platform/ConsolePrompts.h"
+#include "platform/PlatformError.h"
+#include "platform/Progress.h"
+#include "platform/SystemPlatform.h"
+#include "store/StoreError.h"
+
+#include <CLI/CLI.hpp>
+#include <fcntl.h>
+
+#include <algorithm>
+#include <ostream>
+
+namespace corvanta {
+namespace {
+
+ExitStatus StatusOf(StoreErrorCode code) {
+  switch (code) {
+    case StoreErrorCode::Sql:
+    case StoreErrorCode::Constraint:
+      return ExitStatus::Refused;
+    case StoreErrorCode::DiskFull:
+    case StoreErrorCode::Io:
+      return ExitStatus::MachineFailed;
+    default:
+      return ExitStatus::DataFileUnusable;
+  }
+}
+
+// A descriptor that is not open now could become the data file's before the password is read.
+std::string DescriptorFault(const std::string& text) {
+  const bool isNumber = !text.empty() && text.size() < 10 &&
+                        text.find_first_not_of("0123456789") == std::string::npos;
+  if (!isNumber) return "'" + text + "' is no file descriptor";
+  return ::fcntl(std::stoi(text), F_GETFD) < 0 ? "descriptor " + text + " is not open" : "";
+}
+
+}  // namespace
+
+CommandLine::CommandLine(std::ostream& out, std::ostream& messages)
+    : out_(out), messages_(messages) {}
+
+ExitStatus CommandLine::Run(std::vector<std::string> arguments) {
+  try {
+    const ExitStatus status = Parse(std::move(arguments));
+    if (!out_.flush()) throw PlatformError("The output could not be written.");
+    return status;
+  } catch (const PromptRefused& refusal) {
+    return Report("Refused", refusal.what(), ExitStatus::Refused);
+  } catch (const StoreError& error) {
+    return Report("Data File", error.what(), StatusOf(error.Code()));
+  } catch (const PlatformError& error) {
+    return Report("System", error.what(), ExitStatus::MachineFailed);
+  } catch (const std::exception& error) {
+    return Report("Unexpected Error", error.what(), ExitStatus::MachineFailed);
+  }
+}
+
+ExitStatus CommandLine::Parse(std::vector<std::string> arguments) {
+  CLI::App parser("Corvanta on the command line", "corvanta-cli");
+  DeclareOptions(parser);
+  DeclareCommands(parser);
+  try {
+    std::ranges::reverse(arguments);  // the library takes them from the back
+    parser.parse(std::move(arguments));
+    return RunChosen();
+  } catch (const CLI::Success& request) {  // --help and --version
+    parser.exit(request, out_, messages_);
+    return ExitStatus::Done;
+  } catch (const CLI::ParseError& error) {
+    return Report("Usage",
+                  UsageFault(parser, error) + "\nRun corvanta-cli --help for the commands.",
+                  ExitStatus::WrongUsage);
+  }
+}
+
+std::string CommandLine::UsageFault(const CLI::App& parser, const CLI::ParseError& error) const {
+  const std::vector<std::string> rest = parser.remaining();
+  if (!parser.get_subcommands().empty()) return error.what();
+  if (rest.empty() && dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
+    return "A command is missing";
+  }
+  if (rest.empty()) return error.what();
+  std::vector<std::string> names;
+  for (const auto& [command, unused] : commands_) names.push_back(command->get_name());
+  return "There is no command \"" + rest.front() + "\"." +
+         DidYouMean(CloseNames(rest.front(), names));
+}
+
+void CommandLine::DeclareOptions(CLI::App& parser) {
+  parser.set_version_flag("--version", "corvanta-cli " CORVANTA_VERSION,
+                          "Print the version and exit");
+  parser.require_subcommand(1);
+  parser.fallthrough();  // the options may also stand behind the command
+  // Given twice, the later one counts, so that a script's own call can be added to.
+  parser.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  parser.add_option("--profile", options_.profile, "Folder of settings (default: the user's)")
+      ->type_name("DIR")
+      ->check(EmptyFault);
+  parser.add_option("--data", options_.data, "Data file or its folder, for this run only")
+      ->type_name("PATH")
+      ->check(EmptyFault);
+  parser.add_option("--today", options_.today, "The day that counts as today")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault);
+  parser.add_option("--format", options_.format, "Form of the output: text, csv or json")
+      ->type_name("FORM")
+      ->transform(CLI::Validator(OneOf({"text", "csv", "json"}), ""));
+  parser.add_flag("--yes", options_.yes, "Answer every question with yes");
+  parser
+      .add_option("--password-fd", options_.passwordFd, "File descriptor to read the password from")
+      ->type_name("N")
+      ->check(DescriptorFault);
+}
+
+void CommandLine::DeclareCommands(CLI::App& parser) {
+  commands_.clear();
+  const auto add = [&](std::unique_ptr<Command> command) {
+    CLI::App* declared = command->Declare(parser);
+    commands_.emplace_back(declared, std::move(command));
+  };
+  add(std::make_unique<NewCommand>());
+  add(std::make_unique<ValidateCommand>());
+  add(std::make_unique<SqlCommand>());
+  add(std::make_unique<SettingsCommand>());
+  add(std::make_unique<KeyCommand>());
+  add(std::make_unique<AccountsCommand>());
+  add(std::make_unique<RegisterCommand>());
+}
+
+ExitStatus CommandLine::RunChosen() {
+  const auto chosen =
+      std::ranges::find_if(commands_, [](const auto& entry) { return entry.first->parsed(); });
+  ConsolePrompts prompts({options_.yes, options_.passwordFd.value_or(-1)}, messages_);
+  SilentProgress progress;
+  SystemPlatform machine({options_.profile.value_or(""), Date::FromIso(options_.today), ""},
+                         prompts, progress);
+  Session session(machine.Get(), options_, chosen->first->get_name(), out_, messages_);
+  return chosen->second->Run(session);
+}
+
+ExitStatus CommandLine::Report(const std::string& title, const std::string& text,
+                               ExitStatus status) {
+  out_.flush();
+  messages_ << title << ": " << text << std::endl;
+  return status;
+}
+
+}  // namespace corvanta

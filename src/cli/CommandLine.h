@@ -1,0 +1,43 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/ExitStatus.h"
+#include "cli/GlobalOptions.h"
+
+#include <iosfwd>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace CLI {
+class ParseError;
+}
+
+namespace corvanta {
+
+// The whole command line: global options, the commands, and what a failure becomes.
+class CommandLine {
+ public:
+  // Data goes to `out`, messages to `messages`; both must outlive this object.
+  CommandLine(std::ostream& out, std::ostream& messages);
+
+  // Runs the command that the arguments (without the program's name) ask for. Throws nothing: what
+  // fails is told and becomes the status.
+  [[nodiscard]] ExitStatus Run(std::vector<std::string> arguments);
+
+ private:
+  ExitStatus Parse(std::vector<std::string> arguments);
+  ExitStatus RunChosen();
+  [[nodiscard]] std::string UsageFault(const CLI::App& parser, const CLI::ParseError& error) const;
+  void DeclareOptions(CLI::App& parser);
+  void DeclareCommands(CLI::App& parser);
+  ExitStatus Report(const std::string& title, const std::string& text, ExitStatus status);
+
+  std::ostream& out_;
+  std::ostream& messages_;
+  GlobalOptions options_;
+  std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,64 @@
+#include "cli/KeyCommand.h"
+
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "platform/Files.h"
+#include "store/InstallationKey.h"
+#include "store/StoreError.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Recovery Key";
+
+}  // namespace
+
+CLI::App* KeyCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand("key", "The recovery key of the data file");
+  command->require_subcommand(1);
+  show_ = command->add_subcommand("show", "Show the key that opens this data file elsewhere");
+  CLI::App* use =
+      command->add_subcommand("use", "Open a data file that was brought from another installation");
+  use->add_option("file", file_, "The transfer file, or a file with the recovery key")->required();
+  return command;
+}
+
+ExitStatus KeyCommand::Run(Session& session) {
+  return show_->parsed() ? Show(session) : Use(session);
+}
+
+ExitStatus KeyCommand::Show(Session& session) const {
+  if (!session.PassLogin()) return ExitStatus::Refused;
+  if (!HasInstallationKey(session.Machine())) {
+    return session.Refuse(kTitle,
+                          "This installation has no key yet. It is made with the first data "
+                          "file: corvanta-cli new.");
+  }
+  const std::string key = RecoveryKeyFromPassword(InstallationPassword(session.Machine()));
+  // As text it is the key alone, so that the output saved in a file is a file for "key use".
+  if (session.Options().format == "text") {
+    session.Out() << key << '\n';
+    return ExitStatus::Done;
+  }
+  OutputTable table({{"Key"}});
+  table.AddRow({key});
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus KeyCommand::Use(Session& session) const {
+  // A key typed as an argument would stay readable in the shell's history.
+  if (!FileExists(file_)) {
+    return session.Refuse(
+        kTitle, "There is no file \"" + file_ + "\". Save the key in a file and name that file.");
+  }
+  const DataFile file = session.Opener().UseKey(file_);
+  session.Tell(kTitle, "The data file now opens on this installation: " + file.connection->Path());
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

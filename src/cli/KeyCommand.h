@@ -1,0 +1,24 @@
+#pragma once
+
+#include "cli/Command.h"
+
+#include <string>
+
+namespace corvanta {
+
+// key show: the recovery key of this installation. key use FILE: takes a data file of another
+// installation over, with the key or transfer file that came with it.
+class KeyCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  ExitStatus Show(Session& session) const;
+  ExitStatus Use(Session& session) const;
+
+  CLI::App* show_ = nullptr;
+  std::string file_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "cli/Command.h"
+
+namespace corvanta {
+
+// new [--empty]: creates the data file, with sample data unless told otherwise.
+class NewCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  bool empty_ = false;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,47 @@
+#include "cli/RegisterCommand.h"
+
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "ledger/clsCorvanta.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+
+CLI::App* RegisterCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand("register", "List the transactions of an account");
+  account_.Declare(*command);
+  period_.Declare(*command);
+  status_.Declare(*command);
+  return command;
+}
+
+ExitStatus RegisterCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const std::optional<AccountRow> account = account_.Find(ledger, session);
+  if (!account) return ExitStatus::Refused;
+
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"Date", OutputKind::Date},
+                     {"Payee"},
+                     {"Category"},
+                     {"Payment"},
+                     {"Ref"},
+                     {"Description"},
+                     {"Status"},
+                     {"Paid Out", OutputKind::Money},
+                     {"Paid In", OutputKind::Money},
+                     {"Balance", OutputKind::Money}});
+  for (const RegisterRow& row : ledger.Register(account->accountId, status_.Get(), period_.Get())) {
+    const bool isOut = row.amount < 0;
+    table.AddRow({row.transactionId, row.date, row.payee, row.category, row.payment, row.reference,
+                  row.description, row.status, isOut ? Value(row.amount) : Value(),
+                  isOut ? Value() : Value(row.amount), row.balance});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

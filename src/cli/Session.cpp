@@ -1,0 +1,83 @@
+#include "cli/Session.h"
+
+#include "cli/OutputTable.h"
+#include "cli/TableWriter.h"
+#include "ledger/LoginPassword.h"
+#include "platform/ConsolePrompts.h"
+#include "platform/Platform.h"
+#include "platform/Settings.h"
+#include "store/StoreError.h"
+
+#include <ostream>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kPasswordTitle = "Password warning";
+
+}  // namespace
+
+Session::Session(Platform& platform, const GlobalOptions& options, const std::string& command,
+                 std::ostream& out, std::ostream& messages)
+    : platform_(platform),
+      options_(options),
+      opener_(platform, "corvanta-cli " + command),
+      out_(out),
+      messages_(messages) {
+  if (options.data) opener_.SetDataPath(*options.data);
+}
+
+std::optional<DataFile> Session::Open(Access access) {
+  // The password is asked before the lock is taken: a person thinking must not hold up a window.
+  if (access == Access::Write && !PassLogin()) return std::nullopt;
+  DataFile file = opener_.OpenExisting(access == Access::Write);
+  if (access == Access::Read && IsLoginOn() && !CheckPassword(*file.connection)) {
+    return std::nullopt;
+  }
+  return file;
+}
+
+bool Session::PassLogin() {
+  if (!IsLoginOn()) return true;
+  try {
+    const DataFile file = opener_.OpenExisting(false);
+    return CheckPassword(*file.connection);
+  } catch (const StoreError& error) {
+    if (error.Code() == StoreErrorCode::Missing) return true;
+    throw;
+  }
+}
+
+bool Session::IsLoginOn() const {
+  return Settings(platform_.registry).IsOn(Setting::Login);
+}
+
+bool Session::CheckPassword(Connection& connection) {
+  LoginPassword login(connection);
+  if (!login.IsSet()) return true;
+  try {
+    const std::optional<std::string> typed =
+        platform_.prompts.AskText("Password", "Enter the password of this data file:", true);
+    if (typed && login.Accept(*typed)) return true;
+    Tell(kPasswordTitle, "Incorrect password entered");
+  } catch (const PromptRefused&) {
+    Tell(kPasswordTitle, "There is no terminal to type it at. Hand it over with --password-fd.");
+  }
+  return false;
+}
+
+void Session::Print(const OutputTable& table) {
+  TableWriter::For(options_.format, platform_.locale)->Write(table, out_);
+}
+
+void Session::Tell(const std::string& title, const std::string& text) {
+  out_.flush();  // so that data and messages stand in order where both go to one place
+  messages_ << title << ": " << text << '\n';
+}
+
+ExitStatus Session::Refuse(const std::string& title, const std::string& text) {
+  Tell(title, text);
+  return ExitStatus::Refused;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "cli/ExitStatus.h"
+#include "cli/GlobalOptions.h"
+#include "store/OpenDataFile.h"
+
+#include <iosfwd>
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+class OutputTable;
+struct Platform;
+
+enum class Access { Read, Write };
+
+// What a command works with during one run: the machine, the data file behind its login, and the
+// two streams.
+class Session {
+ public:
+  // `command` names this run to others who want to write: "corvanta-cli sql".
+  Session(Platform& platform, const GlobalOptions& options, const std::string& command,
+          std::ostream& out, std::ostream& messages);
+
+  // The open data file; nullopt when the login was refused, which has then been told. Throws
+  // StoreError and PlatformError.
+  [[nodiscard]] std::optional<DataFile> Open(Access access);
+  // False when login is on and its password was not given (told already). Reads the data file only
+  // when login is on; a file that is missing guards nothing. Throws as Open does.
+  [[nodiscard]] bool PassLogin();
+
+  // Writes data in the form that was asked for.
+  void Print(const OutputTable& table);
+  // A message for a person: "Title: text".
+  void Tell(const std::string& title, const std::string& text);
+  // Tells it and returns Refused.
+  ExitStatus Refuse(const std::string& title, const std::string& text);
+
+  [[nodiscard]] Platform& Machine() { return platform_; }
+  [[nodiscard]] DataFileOpener& Opener() { return opener_; }
+  [[nodiscard]] const GlobalOptions& Options() const { return options_; }
+  [[nodiscard]] std::ostream& Out() { return out_; }
+
+ private:
+  [[nodiscard]] bool IsLoginOn() const;
+  [[nodiscard]] bool CheckPassword(Connection& connection);
+
+  Platform& platform_;
+  const GlobalOptions& options_;
+  DataFileOpener opener_;
+  std::ostream& out_;
+  std::ostream& messages_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "cli/Command.h"
+
+#include <string>
+
+namespace corvanta {
+
+class Connection;
+
+// sql STATEMENT: one statement in the program's own dialect. A statement that only reads works
+// beside a running window; one that writes takes the right to write.
+class SqlCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  void PrintRows(Connection& connection, Session& session) const;
+
+  std::string statement_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,15 @@
+#include "cli/TableWriter.h"
+
+#include "cli/CsvTableWriter.h"
+#include "cli/JsonTableWriter.h"
+#include "cli/TextTableWriter.h"
+
+namespace corvanta {
+
+std::unique_ptr<TableWriter> TableWriter::For(std::string_view form, const Locale& locale) {
+  if (form == "csv") return std::make_unique<CsvTableWriter>();
+  if (form == "json") return std::make_unique<JsonTableWriter>();
+  return std::make_unique<TextTableWriter>(locale);
+}
+
+}  // namespace corvanta

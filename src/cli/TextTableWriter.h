@@ -1,0 +1,29 @@
+#pragma once
+
+#include "cli/TableWriter.h"
+
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+class Value;
+
+// Columns for a person's eye: the header underlined, numbers to the right, numbers and dates as the
+// locale writes them, NULL blank. Line ends and other control characters in a value become blanks,
+// so that a row stays a line and no value steers the terminal.
+class TextTableWriter : public TableWriter {
+ public:
+  explicit TextTableWriter(const Locale& locale) : locale_(locale) {}
+  void Write(const OutputTable& table, std::ostream& out) const override;
+
+ private:
+  // The cells of one column, header first.
+  [[nodiscard]] std::vector<std::string> Cells(const OutputTable& table, std::size_t column) const;
+  [[nodiscard]] std::string NumberCell(double number, int decimals) const;
+  [[nodiscard]] std::string DateCell(const std::string& iso) const;
+
+  const Locale& locale_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,20 @@
+#include "cli/ValidateCommand.h"
+
+#include "cli/Session.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+
+CLI::App* ValidateCommand::Declare(CLI::App& parser) {
+  return parser.add_subcommand("validate", "Compact, upgrade, clean up and check the data file");
+}
+
+ExitStatus ValidateCommand::Run(Session& session) {
+  if (!session.PassLogin()) return ExitStatus::Refused;
+  const DataFile file = session.Opener().Validate();
+  session.Tell("Validate Data Files", "The data file is sound: " + file.connection->Path());
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "cli/Command.h"
+
+namespace corvanta {
+
+// validate: compacts, upgrades, cleans up and checks the data file.
+class ValidateCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,48 @@
+#include "controls/ListHeader.h"
+
+#include "controls/ListDelegate.h"
+#include "controls/Style.h"
+
+#include <QPainter>
+
+namespace corvanta {
+
+ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
+  setHighlightSections(false);
+  setSectionsClickable(false);
+  setMinimumSectionSize(4 * kRhythm);
+  setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+}
+
+QSize ListHeader::sizeHint() const {
+  return {QHeaderView::sizeHint().width(), fontMetrics().height() + kRhythm + 2};
+}
+
+void ListHeader::paintEvent(QPaintEvent* event) {
+  {
+    QPainter painter(viewport());
+    painter.fillRect(viewport()->rect(), palette().color(QPalette::Window));
+    painter.setPen(Hairline(palette()));
+    painter.drawLine(0, viewport()->height() - 1, viewport()->width(), viewport()->height() - 1);
+  }
+  QHeaderView::paintEvent(event);
+}
+
+void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {
+  const QString text = model()->headerData(logicalIndex, orientation()).toString();
+  const QVariant own = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
+  const Qt::Alignment alignment = own.isValid() ? own.value<Qt::Alignment>() : defaultAlignment();
+  const QRect place = CellTextRect(rect, logicalIndex, count());
+  painter->save();
+  painter->fillRect(rect, palette().color(QPalette::Window));
+  painter->setPen(Hairline(palette()));
+  painter->drawLine(rect.bottomLeft(), rect.bottomRight());
+  // The grip of the column's width.
+  painter->drawLine(rect.right(), rect.top() + kRhythm, rect.right(), rect.bottom() - kRhythm);
+  painter->setPen(MutedText(palette()));
+  painter->drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
+                    fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
+  painter->restore();
+}
+
+}  // namespace corvanta

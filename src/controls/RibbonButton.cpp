@@ -1,0 +1,79 @@
+#include "controls/RibbonButton.h"
+
+#include "controls/Style.h"
+
+#include <QAction>
+#include <QPainter>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+constexpr int kIcon = 3 * kRhythm;
+constexpr int kGap = kRhythm / 2;
+}  // namespace
+
+RibbonButton::RibbonButton(QAction* action, QWidget* parent)
+    : QAbstractButton(parent), action_(action) {
+  setFocusPolicy(Qt::TabFocus);
+  setAttribute(Qt::WA_Hover);
+  setCheckable(action->isCheckable());
+  TakeState();
+  connect(action, &QAction::changed, this, &RibbonButton::TakeState);
+  connect(this, &QAbstractButton::clicked, action, [this] {
+    action_->trigger();
+    TakeState();
+  });
+}
+
+void RibbonButton::TakeState() {
+  setText(action_->iconText());
+  setIcon(action_->icon());
+  setToolTip(action_->toolTip());
+  setAccessibleName(action_->iconText());
+  setEnabled(action_->isEnabled());
+  setVisible(action_->isVisible());
+  setChecked(action_->isChecked());
+  updateGeometry();
+  update();
+}
+
+QSize RibbonButton::sizeHint() const {
+  const int text = fontMetrics().horizontalAdvance(this->text());
+  return {std::max(8 * kRhythm, text + 2 * kRhythm),
+          kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
+}
+
+void RibbonButton::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  const QColor accent = AccentColour(palette());
+  const QColor window = palette().color(QPalette::Window);
+  const bool hot = isEnabled() && (underMouse() || isDown());
+  if (hot) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(Mixed(accent, window, isDown() ? 0.22 : 0.12));
+    painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 4, 4);
+  }
+  const QRect picture((width() - kIcon) / 2, kRhythm, kIcon, kIcon);
+  icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
+  painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
+                             : palette().color(QPalette::Disabled, QPalette::WindowText));
+  painter.drawText(QRect(0, picture.bottom() + kGap, width(), fontMetrics().height() + 2),
+                   Qt::AlignHCenter | Qt::AlignTop, text());
+  if (isChecked()) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(accent);
+    painter.drawRoundedRect(QRect(kRhythm, height() - 3, width() - 2 * kRhythm, 3), 1.5, 1.5);
+  }
+  if (hasFocus()) {
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = rect().adjusted(2, 2, -2, -2);
+    painter.drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+  }
+}
+
+}  // namespace corvanta

@@ -1,0 +1,19 @@
+// Numbers whose digits stand below each other whatever the font.
+#pragma once
+
+#include <QFontMetrics>
+#include <QRect>
+#include <QString>
+
+class QPainter;
+
+namespace corvanta {
+
+// The width of the text when every digit is as wide as the widest one.
+[[nodiscard]] int TabularWidth(const QFontMetrics& metrics, const QString& text);
+
+// Draws the text at the right edge of the rectangle, in its vertical middle, with even digits. One
+// that does not fit is replaced by "…": a number cut short would be another number.
+void DrawTabular(QPainter& painter, const QRect& rect, const QString& text);
+
+}  // namespace corvanta

@@ -1,0 +1,228 @@
+#include "controls/ucCalendar.h"
+
+#include "controls/Style.h"
+
+#include <QAccessible>
+#include <QKeyEvent>
+#include <QLocale>
+#include <QPainter>
+#include <QPainterPath>
+#include <QWheelEvent>
+
+namespace corvanta {
+namespace {
+constexpr int kWeeks = 6;
+constexpr int kDays = 7;
+
+QDate FirstOfMonth(QDate day) {
+  return {day.year(), day.month(), 1};
+}
+
+// Two letters: one alone says too little, and some locales have none.
+QString ShortName(const QLocale& locale, QDate day) {
+  return locale.dayName(day.dayOfWeek(), QLocale::ShortFormat).left(2);
+}
+}  // namespace
+
+ucCalendar::ucCalendar(QWidget* parent) : QWidget(parent) {
+  setFocusPolicy(Qt::StrongFocus);
+  setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+  setAccessibleName(tr("Calendar"));
+  SetToday(QDate(2000, 1, 1));
+}
+
+void ucCalendar::SetToday(QDate today) {
+  today_ = today;
+  SetSelected(today);
+}
+
+void ucCalendar::SetMarkedDays(QSet<QDate> days) {
+  marked_ = std::move(days);
+  update();
+}
+
+void ucCalendar::SetSelected(QDate day) {
+  selected_ = day;
+  month_ = FirstOfMonth(day);
+  setAccessibleDescription(locale().toString(day, QLocale::LongFormat));
+  update();
+}
+
+void ucCalendar::Choose(QDate day) {
+  if (!day.isValid()) return;
+  SetSelected(day);
+  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
+  QAccessible::updateAccessibility(&event);
+  Q_EMIT DateSelected(day);
+}
+
+void ucCalendar::TurnMonth(int months) {
+  const QDate month = month_.addMonths(months);
+  if (!month.isValid()) return;
+  month_ = month;
+  update();
+}
+
+QSize ucCalendar::minimumSizeHint() const {
+  const int cell = fontMetrics().horizontalAdvance(QStringLiteral("00")) + kRhythm;
+  return {kDays * cell + 2 * kRhythm, sizeHint().height()};
+}
+
+QSize ucCalendar::sizeHint() const {
+  const int cell = fontMetrics().height() + kRhythm + 2;
+  return {kDays * (cell + kRhythm) + 2 * kRhythm, HeaderHeight() + (kWeeks + 1) * cell + kRhythm};
+}
+
+int ucCalendar::HeaderHeight() const {
+  return fontMetrics().height() + 2 * kRhythm;
+}
+
+QRect ucCalendar::ArrowRect(bool next) const {
+  const int side = HeaderHeight();
+  return {next ? width() - kRhythm - side : kRhythm, 0, side, side};
+}
+
+// Row 0 holds the names of the week days.
+QRect ucCalendar::CellRect(int row, int column) const {
+  const int left = kRhythm;
+  const int gridWidth = width() - 2 * kRhythm;
+  const int top = HeaderHeight();
+  const int gridHeight = height() - top - kRhythm;
+  const int shown = isRightToLeft() ? kDays - 1 - column : column;
+  const QPoint from(left + shown * gridWidth / kDays, top + row * gridHeight / (kWeeks + 1));
+  const QPoint to(left + (shown + 1) * gridWidth / kDays - 1,
+                  top + (row + 1) * gridHeight / (kWeeks + 1) - 1);
+  return {from, to};
+}
+
+QDate ucCalendar::FirstShownDay() const {
+  const int first = static_cast<int>(locale().firstDayOfWeek());
+  return month_.addDays(-((month_.dayOfWeek() - first + kDays) % kDays));
+}
+
+QRect ucCalendar::DayRect(QDate day) const {
+  const auto index = static_cast<int>(FirstShownDay().daysTo(day));
+  if (index < 0 || index >= kWeeks * kDays) return {};
+  return CellRect(1 + index / kDays, index % kDays);
+}
+
+QDate ucCalendar::DayAt(QPoint position) const {
+  for (int index = 0; index < kWeeks * kDays; ++index) {
+    if (CellRect(1 + index / kDays, index % kDays).contains(position)) {
+      return FirstShownDay().addDays(index);
+    }
+  }
+  return {};
+}
+
+void ucCalendar::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.setRenderHint(QPainter::Antialiasing);
+  DrawHeader(painter);
+  const QDate first = FirstShownDay();
+  painter.setFont(ScaledFont(-1));
+  painter.setPen(MutedText(palette()));
+  for (int column = 0; column < kDays; ++column) {
+    painter.drawText(CellRect(0, column), Qt::AlignCenter,
+                     ShortName(locale(), first.addDays(column)));
+  }
+  for (int index = 0; index < kWeeks * kDays; ++index) {
+    DrawDay(painter, first.addDays(index), CellRect(1 + index / kDays, index % kDays));
+  }
+}
+
+void ucCalendar::DrawHeader(QPainter& painter) const {
+  QFont font = this->font();
+  font.setWeight(QFont::DemiBold);
+  painter.setFont(font);
+  painter.setPen(palette().color(QPalette::WindowText));
+  const QString title = locale().standaloneMonthName(month_.month()) + QLatin1Char(' ') +
+                        QString::number(month_.year());
+  painter.drawText(QRect(0, 0, width(), HeaderHeight()), Qt::AlignCenter, title);
+  painter.setPen(QPen(MutedText(palette()), 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+  for (const bool next : {false, true}) {
+    const QPointF middle = QRectF(ArrowRect(next)).center();
+    const double side = next ? 2.5 : -2.5;
+    QPainterPath chevron(middle + QPointF(-side, -5));
+    chevron.lineTo(middle + QPointF(side, 0));
+    chevron.lineTo(middle + QPointF(-side, 5));
+    painter.drawPath(chevron);
+  }
+}
+
+void ucCalendar::DrawDay(QPainter& painter, QDate day, const QRect& cell) const {
+  const QColor accent = AccentColour(palette());
+  const QColor page = palette().color(QPalette::Window);
+  const bool chosen = day == selected_;
+  const QRectF pill = QRectF(cell).adjusted(2, 1, -2, -1);
+  QColor text = palette().color(QPalette::WindowText);
+  if (day.month() != month_.month()) text = Mixed(text, page, 0.45);
+  if (chosen) {
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(hasFocus() ? accent : Mixed(accent, page, 0.2));
+    painter.drawRoundedRect(pill, 4, 4);
+    if (hasFocus()) text = IsDark(palette()) ? Qt::black : Qt::white;
+  }
+  if (day == today_) {
+    painter.setPen(QPen(accent, 1.5));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(pill, 4, 4);
+  }
+  QFont font = this->font();
+  if (day == today_) font.setWeight(QFont::DemiBold);
+  painter.setFont(font);
+  painter.setPen(text);
+  painter.drawText(cell.adjusted(0, -1, 0, -1), Qt::AlignCenter, QString::number(day.day()));
+  if (!marked_.contains(day)) return;
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(chosen && hasFocus() ? text : accent);
+  painter.drawEllipse(QPointF(pill.center().x(), pill.bottom() - 3), 1.75, 1.75);
+}
+
+void ucCalendar::mousePressEvent(QMouseEvent* event) {
+  const QPoint position = event->position().toPoint();
+  if (ArrowRect(false).contains(position)) return TurnMonth(-1);
+  if (ArrowRect(true).contains(position)) return TurnMonth(1);
+  Choose(DayAt(position));
+}
+
+void ucCalendar::mouseDoubleClickEvent(QMouseEvent* event) {
+  const QPoint position = event->position().toPoint();
+  if (ArrowRect(false).contains(position)) return TurnMonth(-1);
+  if (ArrowRect(true).contains(position)) return TurnMonth(1);
+  // The first click may have turned the page, so that the day now under the mouse is another one.
+  if (position.y() > HeaderHeight()) Q_EMIT DateActivated(selected_);
+}
+
+void ucCalendar::wheelEvent(QWheelEvent* event) {
+  if (event->angleDelta().y() != 0) TurnMonth(event->angleDelta().y() < 0 ? 1 : -1);
+  event->accept();
+}
+
+void ucCalendar::keyPressEvent(QKeyEvent* event) {
+  const int forward = isRightToLeft() ? -1 : 1;
+  switch (event->key()) {
+    case Qt::Key_Left:
+      return Choose(selected_.addDays(-forward));
+    case Qt::Key_Right:
+      return Choose(selected_.addDays(forward));
+    case Qt::Key_Up:
+      return Choose(selected_.addDays(-kDays));
+    case Qt::Key_Down:
+      return Choose(selected_.addDays(kDays));
+    case Qt::Key_PageUp:
+      return Choose(selected_.addMonths(-1));
+    case Qt::Key_PageDown:
+      return Choose(selected_.addMonths(1));
+    case Qt::Key_Home:
+      return Choose(today_);
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      Q_EMIT DateActivated(selected_);
+      return;
+    default:
+      QWidget::keyPressEvent(event);
+  }
+}
+
+}  // namespace corvanta

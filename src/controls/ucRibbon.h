@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QWidget>
+
+class QAction;
+class QHBoxLayout;
+
+namespace corvanta {
+
+// A bar of large buttons below the menu, one per command. It draws itself. Left and right move
+// between its buttons, Enter and the space bar press them.
+class ucRibbon : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit ucRibbon(QWidget* parent = nullptr);
+
+  // A button for the command at the right end: its icon, its text without mnemonic and dots, its
+  // tool tip and its state. The action is not owned. The button's name is "rb" and the action's
+  // name.
+  void AddButton(QAction* action);
+  // A line between two groups of buttons.
+  void AddSeparator();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  QHBoxLayout* buttons_;
+};
+
+}  // namespace corvanta

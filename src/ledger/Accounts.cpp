@@ -1,0 +1,77 @@
+#include "ledger/Money.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/TextCase.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+#include <charconv>
+
+namespace corvanta {
+namespace {
+
+// All accounts and their sums at once: a statement per account would read the transactions as many
+// times as there are accounts.
+std::string AccountsStatement(const StatusFilter& filter) {
+  return "Select A.AccountID, A.[Account], A.AccountNo, A.AccountTypeID, Y.AccountType, "
+         "A.CurrencyId, "
+         "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount, S.Total "
+         "from (((tblAccounts A LEFT JOIN tblAccountType Y ON A.AccountTypeID = Y.AccountTypeID) "
+         "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
+         "LEFT JOIN tblBank B ON A.BankID = B.BankID) "
+         "LEFT JOIN (Select T.AccountID AS SumAccountID, Sum(T.[Amount]) AS Total "
+         "from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = C.CategoryID "
+         "WHERE " +
+         filter.Clause() +
+         "AllocatedItem = 0 Group by T.AccountID) S ON S.SumAccountID = A.AccountID "
+         "Order by Y.AccountType, A.[Account], A.AccountID";
+}
+
+std::optional<std::int64_t> KeyOf(const std::string& text) {
+  if (text.size() < 2 || text.front() != '#') return std::nullopt;
+  std::int64_t key = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data() + 1, end, key);
+  if (error != std::errc() || stop != end) return std::nullopt;
+  return key;
+}
+
+}  // namespace
+
+std::vector<AccountRow> clsCorvanta::Accounts(const StatusFilter& filter, bool includeClosed) {
+  std::vector<AccountRow> accounts;
+  Recordset rows = connection_.OpenRecordset(AccountsStatement(filter));
+  for (; !rows.Eof(); rows.MoveNext()) {
+    AccountRow account;
+    // A mark that was never written (NULL) is an open account.
+    account.closed = rows.Int("CloseAccount") != 0;
+    if (account.closed && !includeClosed) continue;
+    account.accountId = rows.Int("AccountID");
+    account.account = rows.Text("Account");
+    account.accountNo = rows.Text("AccountNo");
+    account.accountTypeId = rows.Int("AccountTypeID");
+    account.accountType = rows.Text("AccountType");
+    account.currencyId = rows.Int("CurrencyId");
+    account.currency = rows.Text("Currency");
+    account.bank = rows.Text("Bank");
+    account.description = rows.Text("Description");
+    account.openingBalance = rows.Double("OpeningBalance");
+    account.balance = RoundMoney(account.openingBalance + rows.Double("Total"));
+    accounts.push_back(std::move(account));
+  }
+  return accounts;
+}
+
+std::optional<AccountRow> clsCorvanta::FindAccount(const std::string& nameOrKey) {
+  std::vector<AccountRow> accounts = Accounts({}, true);
+  for (AccountRow& account : accounts) {
+    if (EqualFolded(account.account, nameOrKey)) return std::move(account);
+  }
+  const std::optional<std::int64_t> key = KeyOf(nameOrKey);
+  if (!key) return std::nullopt;
+  for (AccountRow& account : accounts) {
+    if (account.accountId == *key) return std::move(account);
+  }
+  return std::nullopt;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,41 @@
+// Files and folders, with the promises that a data file needs.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace corvanta {
+
+// Replacing, removing and creating files so that a loss of power leaves the old or the new state.
+// An interface, so that a test can stop the program between any two of its steps.
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Renames `from` over `to` in one step: both the file and the folder are synced, so that the
+  // new name is on disk when this returns. Throws PlatformError.
+  virtual void Replace(const std::string& from, const std::string& to) = 0;
+  // Removes the file; one that is not there is no error. Throws PlatformError otherwise.
+  virtual void Remove(const std::string& path) = 0;
+  // Creates the folder and those above it (owner-only); one that exists is no error.
+  virtual void CreateFolder(const std::string& path) = 0;
+  // Writes text into a new file beside `path` (owner-only), syncs it and renames it over `path`.
+  virtual void WriteAtomically(const std::string& path, std::string_view text) = 0;
+};
+
+class SystemFiles : public Files {
+ public:
+  void Replace(const std::string& from, const std::string& to) override;
+  void Remove(const std::string& path) override;
+  void CreateFolder(const std::string& path) override;
+  void WriteAtomically(const std::string& path, std::string_view text) override;
+};
+
+[[nodiscard]] bool FileExists(const std::string& path);
+[[nodiscard]] bool FolderExists(const std::string& path);
+// The whole file as bytes. Throws PlatformError when it cannot be read or is over `limit` bytes.
+[[nodiscard]] std::string ReadFile(const std::string& path, std::size_t limit = 64U << 20U);
+// True when the owner's mark or the file system refuses writing (also for a privileged user).
+[[nodiscard]] bool IsReadOnly(const std::string& path);
+
+}  // namespace corvanta

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace corvanta {
+
+// What the machine or the network refused: a file, a folder, a download. The text says, for a
+// person, what failed and what to do.
+class PlatformError : public std::runtime_error {
+ public:
+  explicit PlatformError(const std::string& message) : std::runtime_error(message) {}
+};
+
+// "<what> <path>: <the system's own words for the error number>". `code` is an errno.
+[[nodiscard]] PlatformError SystemError(const std::string& what, const std::string& path, int code);
+
+}  // namespace corvanta

@@ -1,0 +1,34 @@
+#include "platform/SystemPlatform.h"
+
+#include "platform/Folders.h"
+
+#include <filesystem>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kMachineRegistry = "/etc/corvanta/registry.txt";
+
+std::string ProfileFolder(const std::string& wanted) {
+  if (wanted.empty()) return DefaultProfileFolder();
+  // Absolute, because the program may change its folder while it runs.
+  return std::filesystem::absolute(wanted).lexically_normal().string();
+}
+
+SystemClock ClockOf(const std::optional<Date>& fixedToday) {
+  return fixedToday ? SystemClock(*fixedToday) : SystemClock();
+}
+
+}  // namespace
+
+SystemPlatform::SystemPlatform(const SystemPlatformOptions& options, Prompts& prompts,
+                               Progress& progress)
+    : clock_(ClockOf(options.fixedToday)),
+      locale_(options.localeName),
+      profileFolder_(ProfileFolder(options.profileFolder)),
+      registry_((std::filesystem::path(profileFolder_) / "registry.txt").string(), kMachineRegistry,
+                files_),
+      platform_{registry_, locale_,   clock_,  machine_,     files_,         prompts,
+                progress,  download_, opener_, spreadsheet_, profileFolder_, DefaultDataFolder()} {}
+
+}  // namespace corvanta

@@ -1,0 +1,162 @@
+#include "store/Connection.h"
+
+#include "platform/TextCase.h"
+#include "store/ConnectionImpl.h"
+#include "store/OpenFile.h"
+#include "store/Recordset.h"
+#include "store/StoredTable.h"
+#include "store/jet/Lexer.h"
+
+#include <sqlcipher/sqlite3.h>
+
+#include <array>
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+constexpr std::string_view kProvider = "Provider=Microsoft.Jet.OLEDB.4.0;";
+constexpr std::string_view kDataSource = "Data Source=";
+constexpr std::string_view kPassword = "Jet OLEDB:Database Password=";
+
+struct AccessPath {
+  const char* table;
+  const char* name;
+  const char* columns;
+};
+
+// What the ledger looks rows up by, over and over: a transfer's other half, an account's rows by
+// date, a schedule's posted rows, a payee's prices, a transaction's keywords and attachments.
+constexpr std::array kAccessPaths = {
+    AccessPath{"tblTransactions", "fast_Transfer", "\"TransferID\""},
+    AccessPath{"tblTransactions", "fast_Account", "\"AccountID\", \"Date\""},
+    AccessPath{"tblTransactions", "fast_Schedule", "\"BankSch\", \"ScheduleDate\""},
+    AccessPath{"tblHistory", "fast_Price", "\"PayeeID\", \"Date\""},
+    AccessPath{"tblKeywordLink", "fast_Keyword", "\"TransactionID\""},
+    AccessPath{"tblAttachments", "fast_Attachment", "\"TransactionID\""}};
+
+}  // namespace
+
+DataSource DataSource::FromText(std::string_view connectionText) {
+  DataSource source;
+  bool found = false;
+  while (!connectionText.empty()) {
+    // The password may hold any sign, so it is the last part.
+    std::size_t end = connectionText.find(';');
+    if (connectionText.starts_with(kPassword)) end = std::string_view::npos;
+    const std::string_view part = connectionText.substr(0, end);
+    if (part.starts_with(kDataSource)) {
+      source.path = std::string(part.substr(kDataSource.size()));
+      found = true;
+    } else if (part.starts_with(kPassword)) {
+      source.password = std::string(part.substr(kPassword.size()));
+    }
+    connectionText =
+        end == std::string_view::npos ? std::string_view() : connectionText.substr(end + 1);
+  }
+  if (!found) throw StoreError(StoreErrorCode::Sql, "The connection text names no data source.");
+  return source;
+}
+
+std::string DataSource::ToText() const {
+  std::string text(kProvider);
+  text.append(kDataSource).append(path).append(";").append(kPassword).append(password);
+  return text;
+}
+
+Connection::Connection(std::unique_ptr<Impl> impl) : impl_(std::move(impl)) {}
+Connection::~Connection() = default;
+
+std::unique_ptr<Connection> Connection::Open(const DataSource& source, const Clock& clock) {
+  return std::unique_ptr<Connection>(
+      new Connection(std::make_unique<Impl>(OpenFile(source, clock), source.path)));
+}
+
+std::unique_ptr<Connection> Connection::Create(const DataSource& source, const Clock& clock) {
+  return std::unique_ptr<Connection>(
+      new Connection(std::make_unique<Impl>(CreateFile(source, clock), source.path)));
+}
+
+int Connection::Execute(std::string_view sql) {
+  return impl_->Execute(sql);
+}
+
+Value Connection::QueryValue(std::string_view sql) {
+  const Recordset rows = OpenRecordset(sql);
+  return rows.Eof() ? Value() : rows.Field(0);
+}
+
+Transaction Connection::Begin() {
+  return Transaction(*impl_, impl_->BeginTransaction());
+}
+bool Connection::InTransaction() const {
+  return impl_->Depth() > 0;
+}
+void Connection::OnCommit(std::function<void()> notice) {
+  impl_->AddListener(std::move(notice));
+}
+const std::string& Connection::Path() const {
+  return impl_->Path();
+}
+
+std::vector<std::string> Connection::TableNames() const {
+  std::vector<std::string> names;
+  for (const TableDef& table : impl_->Tables().Tables()) names.push_back(table.name);
+  return names;
+}
+
+const TableDef* Connection::Table(std::string_view name) const {
+  return impl_->Tables().Find(name);
+}
+
+void Connection::EnsureAccessPaths() {
+  for (const AccessPath& path : kAccessPaths) {
+    if (Table(path.table) == nullptr) continue;
+    const std::string sql = std::string("CREATE INDEX IF NOT EXISTS \"") + path.name + "\" ON \"" +
+                            path.table + "\" (" + path.columns + ")";
+    // A table of an old layout may lack the column; it is then merely slower.
+    const int result = sqlite3_exec(impl_->Database(), sql.c_str(), nullptr, nullptr, nullptr);
+    if (result == SQLITE_OK || result == SQLITE_ERROR) continue;
+    throw ErrorOf(impl_->Database(), result, sql, Path());
+  }
+}
+
+std::vector<std::string> Connection::Check() {
+  std::vector<std::string> problems;
+  try {
+    const StatementHandle rows = Prepare(impl_->Database(), "PRAGMA integrity_check", Path());
+    int result = SQLITE_ROW;
+    while ((result = sqlite3_step(rows.get())) == SQLITE_ROW) {
+      const std::string text = ColumnText(rows.get(), 0);
+      if (text != "ok") problems.push_back(text);
+    }
+    if (result != SQLITE_DONE) throw ErrorOf(impl_->Database(), result, {}, Path());
+  } catch (const StoreError& error) {
+    if (error.Code() != StoreErrorCode::Damaged) throw;
+    problems.emplace_back(error.what());
+  }
+  return problems;
+}
+
+Transaction::Transaction(Transaction&& other) noexcept
+    : impl_(std::exchange(other.impl_, nullptr)), depth_(other.depth_) {}
+
+Transaction::~Transaction() {
+  if (impl_ != nullptr) impl_->Rollback(depth_);
+}
+
+void Transaction::Commit() {
+  impl_->Commit(depth_);
+  impl_ = nullptr;
+}
+
+bool IsReadOnlyStatement(std::string_view sql) {
+  std::vector<jet::Token> tokens;
+  jet::Tokenize(sql, tokens);
+  // A table's name alone opens its rows.
+  return tokens[0].word == jet::Word::Select ||
+         (jet::IsName(tokens[0]) && tokens[0].word == jet::Word::None &&
+          tokens[1].kind == jet::TokenKind::End);
+}
+
+}  // namespace corvanta

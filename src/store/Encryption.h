@@ -1,0 +1,37 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+struct sqlite3;
+
+namespace corvanta {
+
+// The raw key of a data file, made from its password: 256 bits that open it and the 16 bytes with
+// which the file begins. Both come from the password alone, so that a file that begins with
+// these bytes and does not open is damaged, and one that begins with others belongs to another
+// installation. The password holds its full entropy already, so nothing slow is needed.
+class FileKey {
+ public:
+  explicit FileKey(std::string_view password);
+  ~FileKey();  // wipes the key
+  FileKey(const FileKey&) = delete;
+  FileKey& operator=(const FileKey&) = delete;
+
+  // In the library's notation, x'...'; to be handed over by key function or bound value only.
+  [[nodiscard]] const std::string& Text() const { return text_; }
+  [[nodiscard]] const std::array<unsigned char, 16>& Salt() const { return salt_; }
+
+ private:
+  std::string text_;
+  std::array<unsigned char, 16> salt_{};
+};
+
+inline constexpr int kPageSize = 4096;
+
+// Gives an open, untouched handle its key and the page format that every version of the library
+// reads alike.
+void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file);
+
+}  // namespace corvanta

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Date.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+// The sample account with payees, investments, transactions and schedules, one INSERT per row.
+// `currencyId` is the user's own currency, 0 when the file does not know it.
+[[nodiscard]] std::vector<std::string> SampleDataStatements(Date today, std::int64_t currencyId);
+
+}  // namespace corvanta

@@ -1,0 +1,13 @@
+#pragma once
+
+#include <string_view>
+
+namespace corvanta {
+
+class Connection;
+
+// Runs a statement that may be run again on a file that has its effect already: its own fault (the
+// object exists, the key is taken) skips it. Returns false then; what the disk refuses is thrown.
+bool ExecuteTolerant(Connection& connection, std::string_view sql);
+
+}  // namespace corvanta

@@ -1,0 +1,118 @@
+#include "store/WriterLock.h"
+
+#include "platform/FileHandle.h"
+#include "store/StoreError.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+// Beside the data file itself, wherever a link to it stands: two names of one file share one lock.
+std::string LockPath(const std::string& dataFilePath) {
+  std::error_code ignored;
+  std::filesystem::path file = std::filesystem::weakly_canonical(dataFilePath, ignored);
+  if (file.empty()) file = dataFilePath;
+  return (file.parent_path() / ("." + file.filename().string() + ".lock")).string();
+}
+
+std::string HostName() {
+  std::array<char, 256> name{};
+  if (::gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
+
+std::string ReadHolder(int descriptor) {
+  std::array<char, 1024> buffer{};
+  const ssize_t count = ::pread(descriptor, buffer.data(), buffer.size(), 0);
+  const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
+  std::istringstream lines(std::string(buffer.data(), size));
+  std::string holder;
+  std::string process;
+  std::string host;
+  std::getline(lines, holder);
+  std::getline(lines, process);
+  std::getline(lines, host);
+  // The holder has the lock before it has written its name.
+  if (holder.empty()) return "another program";
+  if (!process.empty()) holder += " (process " + process;
+  if (!process.empty() && !host.empty() && host != HostName()) holder += " on " + host;
+  return process.empty() ? holder : holder + ")";
+}
+
+[[noreturn]] void ThrowOpenError(int error, const std::string& dataFilePath) {
+  const std::string folder = std::filesystem::path(dataFilePath).parent_path().string();
+  const std::string reason = std::string(" (") + std::strerror(error) + ").";
+  if (error == ENOSPC || error == EDQUOT) {
+    throw StoreError(StoreErrorCode::DiskFull,
+                     "The disk is full. Free some space and try again" + reason, {}, dataFilePath);
+  }
+  if (error == ENOENT || error == ENOTDIR) {
+    throw StoreError(StoreErrorCode::Missing,
+                     "The folder " + folder + " could not be found" + reason, {}, dataFilePath);
+  }
+  throw StoreError(StoreErrorCode::ReadOnly,
+                   "The folder " + folder +
+                       " cannot be written to. Allow writing to it or move the data file to "
+                       "another folder" +
+                       reason,
+                   {}, dataFilePath);
+}
+
+// The one that holds the lock removes the file when it is done, so the name may by now stand for
+// another file, or for none.
+bool IsStillNamed(int descriptor, const std::string& path) {
+  struct stat held {};
+  struct stat named {};
+  return ::fstat(descriptor, &held) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         held.st_ino == named.st_ino && held.st_dev == named.st_dev;
+}
+
+void WriteHolder(int descriptor, const std::string& holder, const std::string& dataFilePath) {
+  const std::string text = holder + "\n" + std::to_string(::getpid()) + "\n" + HostName() + "\n";
+  const bool isWritten =
+      ::ftruncate(descriptor, 0) == 0 &&
+      ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
+  if (!isWritten) ThrowOpenError(errno, dataFilePath);
+}
+
+}  // namespace
+
+std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& dataFilePath,
+                                                const std::string& holder) {
+  const std::string path = LockPath(dataFilePath);
+  for (;;) {
+    FileHandle file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!file.IsOpen()) ThrowOpenError(errno, dataFilePath);
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+      if (errno == EINTR) continue;
+      if (errno != EWOULDBLOCK) ThrowOpenError(errno, dataFilePath);
+      throw StoreError(StoreErrorCode::Locked,
+                       "The data file is in use by " + ReadHolder(file.Get()) +
+                           ". Close it there and try again.",
+                       {}, dataFilePath);
+    }
+    if (!IsStillNamed(file.Get(), path)) continue;
+    WriteHolder(file.Get(), holder, dataFilePath);
+    return std::unique_ptr<WriterLock>(new WriterLock(path, std::move(file)));
+  }
+}
+
+WriterLock::WriterLock(std::string path, FileHandle file)
+    : path_(std::move(path)), file_(std::move(file)) {}
+
+WriterLock::~WriterLock() {
+  ::unlink(path_.c_str());
+}
+
+}  // namespace corvanta

@@ -1,0 +1,132 @@
+#include "app/ListColours.h"
+#include "controls/ListTable.h"
+#include "controls/Style.h"
+#include "controls/TabularText.h"
+#include "controls/ucCalendar.h"
+#include "platform/Settings.h"
+#include "support/MemoryRegistry.h"
+
+#include <QDir>
+#include <QFile>
+#include <QHeaderView>
+#include <QSignalSpy>
+#include <QStandardItemModel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+TEST(Calendar, MovesByKeyAndTurnsMonths) {
+  ucCalendar calendar;
+  calendar.SetToday(QDate(2026, 1, 31));
+  calendar.show();
+  QSignalSpy chosen(&calendar, &ucCalendar::DateSelected);
+  QSignalSpy opened(&calendar, &ucCalendar::DateActivated);
+  QTest::keyClick(&calendar, Qt::Key_PageDown);
+  EXPECT_EQ(calendar.Selected(), QDate(2026, 2, 28));
+  QTest::keyClick(&calendar, Qt::Key_Down);
+  EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 3, 1));
+  QTest::keyClick(&calendar, Qt::Key_Return);
+  EXPECT_EQ(opened.at(0).at(0).toDate(), QDate(2026, 3, 7));
+  QTest::keyClick(&calendar, Qt::Key_Home);
+  EXPECT_EQ(calendar.Selected(), QDate(2026, 1, 31));
+  EXPECT_EQ(chosen.count(), 3);
+}
+
+TEST(Calendar, TakesClicksOnDaysAndArrows) {
+  ucCalendar calendar;
+  calendar.SetToday(QDate(2026, 11, 21));
+  calendar.resize(280, calendar.sizeHint().height());
+  calendar.show();
+  QSignalSpy chosen(&calendar, &ucCalendar::DateSelected);
+  QSignalSpy opened(&calendar, &ucCalendar::DateActivated);
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, QPoint(280 - 20, 12));
+  EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 12, 1));
+  EXPECT_EQ(chosen.count(), 0) << "turning a page chooses nothing";
+  const QDate christmas(2026, 12, 25);
+  QTest::mouseDClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(christmas).center());
+  EXPECT_EQ(calendar.Selected(), QDate(2026, 11, 21));
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(christmas).center());
+  EXPECT_EQ(calendar.Selected(), christmas);
+  EXPECT_EQ(opened.count(), 1);
+  // The days of the month before, shown muted, can be chosen too.
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(QDate(2026, 11, 30)).center());
+  EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 11, 1));
+  EXPECT_TRUE(calendar.DayRect(QDate(2027, 3, 1)).isEmpty());
+}
+
+class Lists : public testing::Test {
+ protected:
+  Lists() : model_(3, 3) {
+    table_.setModel(&model_);
+    table_.resize(600, 200);
+    table_.SetColumns({{100, 0}, {100, 1}, {100, 3}});
+    table_.show();
+  }
+  int Total() const { return table_.horizontalHeader()->length(); }
+  QStandardItemModel model_;
+  ListTable table_;
+};
+
+TEST_F(Lists, ColumnsFillTheWidthUntilOneIsSizedByHand) {
+  EXPECT_EQ(Total(), table_.viewport()->width());
+  EXPECT_EQ(table_.columnWidth(0), 100);
+  EXPECT_GT(table_.columnWidth(2), table_.columnWidth(1));
+  EXPECT_EQ(table_.Widths(), "");
+  table_.ShowColumn(2, false);
+  EXPECT_EQ(Total(), table_.viewport()->width());
+  table_.ShowColumn(2, true);
+  table_.setColumnWidth(1, 77);
+  const QString kept = table_.Widths();
+  table_.resize(900, 200);
+  EXPECT_EQ(table_.Widths(), kept);
+  table_.ShowColumn(1, false);
+  EXPECT_EQ(table_.Widths(), kept) << "a hidden column keeps its width";
+  table_.ShowColumn(1, true);
+  EXPECT_EQ(table_.columnWidth(1), 77);
+}
+
+TEST_F(Lists, WidthsThatDoNotFitAreIgnored) {
+  table_.SetWidths("50|60|70");
+  EXPECT_EQ(table_.Widths(), "50|60|70");
+  for (const char* wrong : {"50|60", "50|60|x", "0|60|70", "50|60|70|80", "-1|60|70", ""}) {
+    table_.SetWidths(QLatin1String(wrong));
+    EXPECT_EQ(table_.Widths(), "") << wrong;
+  }
+}
+
+TEST(Colours, ComeFromTheSettingsAndTheSystem) {
+  MemoryRegistry registry;
+  const Settings settings(registry);
+  const ListColours colours = ReadListColours(settings, QPalette());
+  EXPECT_EQ(colours.cleared, QColor(0, 0, 255));
+  EXPECT_EQ(colours.uncleared, QPalette().color(QPalette::Disabled, QPalette::Text));
+  EXPECT_EQ(colours.alternate1, QColor(0xff, 0xfe, 0xf9));
+  EXPECT_EQ(colours.alternate2, QColor(0xf7, 0xf7, 0xf7));
+}
+
+TEST(Colours, TextStaysReadable) {
+  EXPECT_EQ(ReadableOn(Qt::black, Qt::white), QColor(Qt::black));
+  EXPECT_LT(ReadableOn(QColor(0xbe, 0xbe, 0xbe), Qt::white).lightness(), 0x80);
+  EXPECT_GT(ReadableOn(QColor(0, 0, 255), QColor(0x20, 0x20, 0x20)).lightness(), 0x90);
+}
+
+// One stroke width and no colour of their own: so icons look alike and follow light and dark.
+TEST(Icons, AreDrawnAlike) {
+  const QStringList files = QDir(QStringLiteral(":/icons")).entryList();
+  ASSERT_GT(files.size(), 10);
+  for (const QString& name : files) {
+    if (name == QStringLiteral("corvanta.svg")) continue;
+    QFile file(QStringLiteral(":/icons/") + name);
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QByteArray text = file.readAll();
+    EXPECT_EQ(text.count("stroke-width"), 1) << name.toStdString();
+    EXPECT_TRUE(text.contains("stroke-width=\"1.75\"")) << name.toStdString();
+    EXPECT_FALSE(text.contains('#')) << name.toStdString();
+  }
+}
+
+}  // namespace
+}  // namespace corvanta

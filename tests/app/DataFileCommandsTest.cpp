@@ -1,0 +1,100 @@
+#include "app/WindowTest.h"
+#include "controls/ListTable.h"
+#include "platform/Files.h"
+
+#include <filesystem>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kValidateTitle = "Validate Data Files";
+constexpr const char* kValidateText =
+    "This option will validate and fix any problems with the data file.\n"
+    " Do you wish to continue?";
+
+class DataFileCommands : public WindowTest {
+ protected:
+  int Rows() { return Find<ListTable>("lvbank").model()->rowCount(); }
+};
+
+TEST_F(DataFileCommands, ValidateAsksFirstAndChangesNothingOnNo) {
+  OpenData();
+  ShowWindow();
+  machine_.prompts.ExpectAsk(kValidateTitle, kValidateText, false);
+  Trigger("mnuFileValidate");
+  EXPECT_EQ(Setting("Reindex"), "(none)");
+  EXPECT_TRUE(session_.IsOpen());
+}
+
+TEST_F(DataFileCommands, ValidateCleansUpAndShowsTheSameViewAgain) {
+  OpenData();
+  Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,[Date]) "
+      "VALUES (1,1,1,1,4711,#01/01/2026#)");
+  ShowWindow();
+  machine_.prompts.ExpectAsk(kValidateTitle, kValidateText, true);
+  Trigger("mnuFileValidate");
+  EXPECT_EQ(Setting("Reindex"), "");
+  ASSERT_TRUE(session_.IsOpen());
+  EXPECT_TRUE(
+      session_.Ledger()
+          .Store()
+          .QueryValue("Select TransactionID from tblTransactions WHERE AllocatedItem = 4711")
+          .IsNull());
+  EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 1}));
+  EXPECT_EQ(Rows(), 13);
+}
+
+TEST_F(DataFileCommands, OpenChangesToAnotherFileAndRemembersIt) {
+  OpenData();
+  const std::string other = machine_.folder.Path("other");
+  {
+    DataFileOpener second(machine_.Get(), "a test");
+    second.SetDataPath(other);
+    const DataFile made = second.CreateNew(true);
+  }
+  ShowWindow();
+  const std::string path = other + "/Corvanta.dat";
+  machine_.prompts.ExpectOpenFile("Select File to Open", path);
+  Trigger("mnuFileOpen");
+  EXPECT_EQ(session_.Path(), path);
+  EXPECT_EQ(Setting("DBPath"), path);
+  EXPECT_EQ(window_->Shown().name, kAccountShow);
+  const auto& shown = machine_.prompts.Shown().back();
+  EXPECT_EQ(shown.file.filterName, "Data Files");
+  EXPECT_EQ(shown.file.filterPattern, "*.dat");
+}
+
+TEST_F(DataFileCommands, AFileThatCannotBeUsedLeavesTheFormerOneOpen) {
+  OpenData();
+  const std::string path = machine_.folder.Write("letter.dat", "Dear bank, ");
+  ShowWindow();
+  machine_.prompts.ExpectOpenFile("Select File to Open", path);
+  machine_.prompts.ExpectChoose(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText, std::nullopt);
+  Trigger("mnuFileOpen");
+  EXPECT_EQ(session_.Path(), DataFilePath());
+  EXPECT_EQ(Setting("DBPath"), DataFolder());
+  EXPECT_EQ(Rows(), 13);
+  EXPECT_EQ(ReadFile(path), "Dear bank, ");
+}
+
+TEST_F(DataFileCommands, CancellingOpenKeepsEverything) {
+  OpenData();
+  ShowWindow();
+  machine_.prompts.ExpectOpenFile("Select File to Open", std::nullopt);
+  Trigger("mnuFileOpen");
+  EXPECT_TRUE(session_.IsOpen());
+  EXPECT_EQ(Setting("DBPath"), DataFolder());
+}
+
+TEST_F(DataFileCommands, AStatementThatFailsIsToldAndTheWindowGoesOn) {
+  OpenData();
+  ShowWindow();
+  Run("DROP TABLE tblAttachments");
+  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  Trigger("mnuViewRefresh");
+  Trigger("mnuViewAccounts");
+  EXPECT_EQ(window_->Shown().name, kAccountShow);
+}
+
+}  // namespace
+}  // namespace corvanta

@@ -1,0 +1,118 @@
+#include "app/FrmPassword.h"
+#include "app/FrmRecoveryKey.h"
+#include "app/FrmTips.h"
+#include "platform/Files.h"
+#include "platform/SettingsTable.h"
+#include "store/InstallationKey.h"
+#include "support/TestPlatform.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+class Dialogs : public testing::Test {
+ protected:
+  template <typename Widget>
+  static Widget& Find(const QWidget& dialog, const char* name) {
+    auto* found = dialog.findChild<Widget*>(QLatin1String(name));
+    if (found == nullptr) throw std::runtime_error(std::string("no ") + name);
+    return *found;
+  }
+  [[nodiscard]] std::string Setting(std::string_view name) const {
+    return machine_.registry.Read(Hive::CurrentUser, kSettingsKey, name).value_or("(none)");
+  }
+  static bool IsRight(const std::string& typed) { return typed == "open sesame"; }
+
+  TestPlatform machine_;
+};
+
+TEST_F(Dialogs, AWrongPasswordIsToldAndTheDialogStays) {
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), IsRight, nullptr);
+  dialog.show();
+  auto& typed = Find<QLineEdit>(dialog, "txtPassword");
+  EXPECT_EQ(dialog.windowTitle(), "Password");
+  EXPECT_EQ(typed.echoMode(), QLineEdit::Password);
+  QTest::keyClicks(&typed, "open sesam");
+  machine_.prompts.ExpectTell("Password warning", "Incorrect password entered");
+  QTest::keyClick(&typed, Qt::Key_Return);
+  EXPECT_TRUE(dialog.isVisible());
+  EXPECT_EQ(machine_.prompts.Shown().back().icon, Icon::Information);
+  EXPECT_EQ(typed.selectedText(), "open sesam") << "ready to be typed over";
+  EXPECT_EQ(Setting("Login"), "(none)");
+}
+
+TEST_F(Dialogs, TheRightPasswordGoesOnAndKeepsTheLoginChoice) {
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Login", "1");
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), IsRight, nullptr);
+  dialog.show();
+  auto& login = Find<QCheckBox>(dialog, "chkEnableLogin");
+  EXPECT_TRUE(login.isChecked());
+  login.setChecked(false);
+  QTest::keyClicks(&Find<QLineEdit>(dialog, "txtPassword"), " open sesame ");
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdAccept"), Qt::LeftButton);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(Setting("Login"), "0");
+}
+
+TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
+  FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), IsRight, nullptr);
+  dialog.show();
+  EXPECT_FALSE(Find<QCheckBox>(dialog, "chkEnableLogin").isVisible());
+  auto& typed = Find<QLineEdit>(dialog, "txtPassword");
+  Find<QCheckBox>(dialog, "chkShowPwd").setChecked(true);
+  EXPECT_EQ(typed.echoMode(), QLineEdit::Normal);
+  Find<QCheckBox>(dialog, "chkShowPwd").setChecked(false);
+  EXPECT_EQ(typed.echoMode(), QLineEdit::Password);
+  QTest::keyClick(&typed, Qt::Key_Escape);
+  EXPECT_EQ(dialog.result(), QDialog::Rejected);
+}
+
+TEST_F(Dialogs, TheRecoveryKeyIsTheOneOfThisInstallation) {
+  FrmRecoveryKey dialog(machine_.Get(), nullptr);
+  dialog.show();
+  const std::string password = InstallationPassword(machine_.Get());
+  const QString shown = Find<QPlainTextEdit>(dialog, "txtKey").toPlainText();
+  EXPECT_EQ(PasswordFromRecoveryKey(shown.toStdString()), password);
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCopy"), Qt::LeftButton);
+  EXPECT_EQ(PasswordFromRecoveryKey(QGuiApplication::clipboard()->text().toStdString()), password);
+  const std::string path = machine_.folder.Path("key.txt");
+  machine_.prompts.ExpectSaveFile("Save Recovery Key", path);
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdSave"), Qt::LeftButton);
+  EXPECT_EQ(PasswordFromRecoveryKey(ReadFile(path)), password);
+  machine_.prompts.ExpectSaveFile("Save Recovery Key", machine_.folder.Path("no/such/key.txt"));
+  machine_.prompts.ExpectTell("Corvanta Personal Finance", ScriptedPrompts::kAnyText);
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdSave"), Qt::LeftButton);
+}
+
+TEST_F(Dialogs, TipsGoRoundAndTheChoiceIsKept) {
+  const std::string file =
+      machine_.folder.Write("tips.txt", "# a remark\nThat one?\n\n  That two?\n");
+  FrmTips dialog(machine_.Get(), nullptr, QString::fromStdString(file));
+  EXPECT_EQ(dialog.windowTitle(), "Tip of the Day");
+  auto& tip = Find<QLabel>(dialog, "lblTip");
+  const QString first = tip.text();
+  Find<QPushButton>(dialog, "cmdNext").click();
+  EXPECT_NE(tip.text(), first);
+  Find<QPushButton>(dialog, "cmdNext").click();
+  EXPECT_EQ(tip.text(), first);
+  Find<QCheckBox>(dialog, "chkLoadTipsAtStartup").setChecked(true);
+  EXPECT_EQ(Setting("ShowTips"), "1");
+}
+
+TEST_F(Dialogs, WithoutATipsFileTheTipSaysSo) {
+  FrmTips dialog(machine_.Get(), nullptr, QString::fromStdString(machine_.folder.Path("tips.txt")));
+  EXPECT_EQ(Find<QLabel>(dialog, "lblTip").text(), "That the tips.txt file was not found? ");
+}
+
+}  // namespace
+}  // namespace corvanta

@@ -1,0 +1,38 @@
+#include "app/StartOptions.h"
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+StartOptions Read(const QStringList& arguments) {
+  return ReadStartOptions(QStringList(QStringLiteral("corvanta")) + arguments);
+}
+
+TEST(StartOptions, TakeTheSameOptionsAsTheCommandLine) {
+  const StartOptions options =
+      Read({"--profile", "p", "--data=d/Corvanta.dat", "--today", "2026-02-28"});
+  EXPECT_FALSE(options.error);
+  EXPECT_EQ(options.profileFolder, "p");
+  EXPECT_EQ(options.dataPath, "d/Corvanta.dat");
+  EXPECT_EQ(options.today->ToIso(), "2026-02-28");
+  EXPECT_EQ(Read({"my.dat"}).dataPath, "my.dat");
+  EXPECT_FALSE(Read({}).today);
+}
+
+TEST(StartOptions, RefuseWhatTheyDoNotKnow) {
+  for (const QStringList& wrong :
+       {QStringList{"--nothing"}, QStringList{"--today", "tomorrow"}, QStringList{"--today"},
+        QStringList{"a.dat", "b.dat"}, QStringList{"--data", "a.dat", "b.dat"}}) {
+    EXPECT_TRUE(Read(wrong).error) << wrong.join(u' ').toStdString();
+  }
+}
+
+TEST(StartOptions, AnswerWithoutStarting) {
+  EXPECT_TRUE(Read({"--help"}).answer->contains("--profile"));
+  EXPECT_TRUE(Read({"--version"}).answer->startsWith("corvanta") ||
+              Read({"--version"}).answer->contains("0.0"));
+}
+
+}  // namespace
+}  // namespace corvanta

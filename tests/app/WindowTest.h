@@ -1,0 +1,66 @@
+#pragma once
+
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/QtProgress.h"
+#include "store/Connection.h"
+#include "store/OpenDataFile.h"
+#include "support/TemporaryStore.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace corvanta {
+
+// The main window on a data file of its own, shown where nobody sees it.
+class WindowTest : public testing::Test {
+ protected:
+  ~WindowTest() override {
+    window_.reset();
+    session_.Close();
+  }
+
+  [[nodiscard]] std::string DataFolder() const { return machine_.folder.Path("data"); }
+  [[nodiscard]] std::string DataFilePath() const { return DataFolder() + "/Corvanta.dat"; }
+
+  // Makes the data file, with the sample rows or without any, and opens it.
+  void OpenData(bool empty = false) {
+    PutDataFile(machine_, empty ? StoreContent::Default : StoreContent::Sample);
+    ASSERT_TRUE(session_.Open(true));
+  }
+  void Run(const std::string& sql) { session_.Ledger().Store().Execute(sql); }
+
+  FrmMain& ShowWindow() {
+    window_ = std::make_unique<FrmMain>(session_, machine_.Get(), progress_);
+    window_->Restore();
+    window_->show();
+    return *window_;
+  }
+
+  // The widget or action of that name, which must be there.
+  template <typename Widget>
+  Widget& Find(const char* name) {
+    auto* found = window_->findChild<Widget*>(QLatin1String(name));
+    if (found == nullptr) throw std::runtime_error(std::string("no ") + name);
+    return *found;
+  }
+  void Trigger(const char* action) { Find<QAction>(action).trigger(); }
+
+  [[nodiscard]] std::string Setting(std::string_view name) const {
+    return machine_.registry.Read(Hive::CurrentUser, kSettingsKey, name).value_or("(none)");
+  }
+
+  TestPlatform machine_;
+  QtProgress progress_;
+  DataFileOpener opener_{machine_.Get(), "a test"};
+  LedgerSession session_{opener_, machine_.Get(), std::string()};
+  std::unique_ptr<FrmMain> window_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,1 @@
+#include "ledger/clsCorvanta.h"

@@ -1,0 +1,68 @@
+#include "platform/Files.h"
+#include "platform/PlatformError.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+namespace corvanta {
+namespace {
+
+std::size_t FilesIn(const std::string& folder) {
+  return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
+}
+
+TEST(Files, WritesAndReplacesLeavingNothingBeside) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const std::string path = folder.Path("a.txt");
+  files.WriteAtomically(path, "one");
+  files.WriteAtomically(path, "two");
+  EXPECT_EQ(ReadFile(path), "two");
+  struct stat status {};
+  ASSERT_EQ(::stat(path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777U, 0600U);
+  files.Replace(folder.Write("b.txt", "three"), path);
+  EXPECT_EQ(ReadFile(path), "three");
+  EXPECT_EQ(FilesIn(folder.Path()), 1U);
+  EXPECT_THROW(files.Replace(folder.Path("none"), path), PlatformError);
+  EXPECT_THROW(files.WriteAtomically(folder.Path("no/such/folder"), "x"), PlatformError);
+  files.CreateFolder(folder.Path("d/e/f"));
+  EXPECT_TRUE(FolderExists(folder.Path("d/e/f")));
+  EXPECT_THROW(files.WriteAtomically(folder.Path("d"), "over a folder"), PlatformError);
+  EXPECT_THROW(files.CreateFolder(path), PlatformError);
+  EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
+TEST(Files, RemovesWhatIsThere) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const std::string path = folder.Write("a.txt", "x");
+  files.Remove(path);
+  files.Remove(path);
+  EXPECT_FALSE(FileExists(path));
+  EXPECT_THROW(files.Remove(folder.Path()), PlatformError);
+}
+
+TEST(Files, ReadsWithinItsLimit) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.bin", std::string("x\0y", 3));
+  EXPECT_EQ(ReadFile(path, 3).size(), 3U);
+  EXPECT_THROW((void)ReadFile(path, 2), PlatformError);
+  EXPECT_THROW((void)ReadFile(folder.Path("none")), PlatformError);
+  EXPECT_THROW((void)ReadFile(folder.Path()), PlatformError);
+}
+
+TEST(Files, OwnersMarkCountsForPrivilegedUsersToo) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("a.txt", "x");
+  EXPECT_FALSE(IsReadOnly(path));
+  ::chmod(path.c_str(), 0400);
+  EXPECT_TRUE(IsReadOnly(path));
+  EXPECT_FALSE(IsReadOnly(folder.Path("none")));
+}
+
+}  // namespace
+}  // namespace corvanta

@@ -1,0 +1,173 @@
+// Opening refuses what it must, says what is wrong, and leaves the file as it was.
+#include "platform/Files.h"
+#include "store/Compact.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/StoreError.h"
+#include "support/FixedClock.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <fstream>
+#include <functional>
+#include <string>
+
+namespace corvanta {
+namespace {
+
+class ConnectionFile : public testing::Test {
+ protected:
+  ConnectionFile() : source_{folder_.Path("Corvanta.dat"), "secret", ""} {
+    const auto connection = Connection::Create(source_, clock_);
+    connection->Execute(
+        "CREATE TABLE tblNotes (NoteID Counter, Note TEXT(200), CONSTRAINT PK_Notes "
+        "PRIMARY KEY(NoteID))");
+    connection->Execute("CREATE INDEX ByNote ON tblNotes (Note)");
+    Transaction rows = connection->Begin();
+    for (int i = 0; i < 2000; ++i) {
+      connection->Execute("INSERT INTO tblNotes (Note) VALUES ('A note that is to be found " +
+                          std::to_string(i) + "')");
+    }
+    rows.Commit();
+    connection->Execute("DELETE FROM tblNotes WHERE NoteID > 1990");
+  }
+
+  [[nodiscard]] std::string Bytes() const { return ReadFile(source_.path); }
+
+  void Write(const std::string& bytes) const {
+    std::ofstream(source_.path, std::ios::binary | std::ios::trunc) << bytes;
+  }
+
+  [[nodiscard]] StoreErrorCode Refusal(const DataSource& source) const {
+    try {
+      (void)Connection::Open(source, clock_);
+    } catch (const StoreError& error) {
+      EXPECT_EQ(std::string(error.what()).find("secret"), std::string::npos);
+      return error.Code();
+    }
+    ADD_FAILURE() << "not refused";
+    return StoreErrorCode::Io;
+  }
+
+  TemporaryFolder folder_;
+  FixedClock clock_;
+  DataSource source_;
+};
+
+TEST_F(ConnectionFile, ForeignAndDamagedFilesAreToldApart) {
+  const std::string whole = Bytes();
+  ASSERT_EQ(whole.find("note"), std::string::npos) << "the file must be enciphered";
+  struct Case {
+    const char* what;
+    std::function<std::string(std::string)> spoil;
+    StoreErrorCode code;
+  };
+  const Case cases[] = {
+      {"empty", [](const std::string&) { return std::string(); }, StoreErrorCode::Damaged},
+      {"a text", [](const std::string&) { return std::string("Dear diary,\n"); },
+       StoreErrorCode::NotADataFile},
+      {"a long text", [](const std::string&) { return std::string(9000, 'x'); },
+       StoreErrorCode::NotADataFile},
+      {"a plain database",
+       [](const std::string& bytes) {
+         return std::string("SQLite format 3\0", 16) + std::string(bytes.size() - 16, '\0');
+       },
+       StoreErrorCode::NotADataFile},
+      {"damaged at its beginning",
+       [](std::string bytes) {
+         bytes.replace(40, 4, bytes[40] == '?' ? "!!!!" : "????");
+         return bytes;
+       },
+       StoreErrorCode::Damaged},
+      {"cut off at a page", [](const std::string& bytes) { return bytes.substr(0, 8 * 4096); },
+       StoreErrorCode::Damaged},
+      {"cut off in a page",
+       [](const std::string& bytes) { return bytes.substr(0, 4096 * 9 - 100); },
+       StoreErrorCode::Damaged}};
+  for (const Case& row : cases) {
+    const std::string spoilt = row.spoil(whole);
+    Write(spoilt);
+    EXPECT_EQ(Refusal(source_), row.code) << row.what;
+    EXPECT_EQ(Bytes(), spoilt) << row.what;
+  }
+  Write(whole);
+  EXPECT_EQ(Refusal({source_.path, "another", ""}), StoreErrorCode::OtherInstallation);
+  EXPECT_EQ(Refusal({folder_.Path("none.dat"), "secret", ""}), StoreErrorCode::Missing);
+  EXPECT_FALSE(FileExists(folder_.Path("none.dat")));
+  EXPECT_EQ(Bytes(), whole);
+  EXPECT_NO_THROW((void)Connection::Open(source_, clock_));
+}
+
+TEST_F(ConnectionFile, ReadOnlyFilesAreRefused) {
+  chmod(source_.path.c_str(), 0444);
+  EXPECT_EQ(Refusal(source_), StoreErrorCode::ReadOnly);
+  chmod(source_.path.c_str(), 0600);
+}
+
+TEST_F(ConnectionFile, DamageInsideIsFoundByTheCheckAndWhereItIsRead) {
+  EXPECT_TRUE(Connection::Open(source_, clock_)->Check().empty());
+  std::string bytes = Bytes();
+  const std::size_t pages = bytes.size() / 4096;
+  for (std::size_t page = 2; page < pages; ++page) {
+    bytes.replace(page * 4096 + 2000, 8, "DAMAGED!");
+  }
+  Write(bytes);
+  const auto connection = Connection::Open(source_, clock_);
+  EXPECT_FALSE(connection->Check().empty());
+  try {
+    (void)connection->QueryValue("SELECT Count(*) FROM tblNotes WHERE Note LIKE '%x%'");
+    FAIL() << "damaged pages were read";
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.Code(), StoreErrorCode::Damaged);
+  }
+}
+
+TEST_F(ConnectionFile, CompactionChangesThePasswordAndCopiesExactly) {
+  SystemFiles files;
+  const DataSource target{folder_.Path("Corvanta.000"), "it's \"another\"", ""};
+  const std::string before = Bytes();
+  CompactDatabase(source_, target, clock_, files);
+  EXPECT_EQ(Bytes(), before);
+  EXPECT_EQ(Refusal({target.path, "secret", ""}), StoreErrorCode::OtherInstallation);
+  const auto copy = Connection::Open(target, clock_);
+  EXPECT_EQ(copy->QueryValue("SELECT Count(*) FROM tblNotes").Int(), 1990);
+  EXPECT_EQ(copy->Table("tblNotes")->primaryKeyName, "PK_Notes");
+  EXPECT_NE(copy->Table("tblNotes")->Index("ByNote"), nullptr);
+  copy->Execute("INSERT INTO tblNotes (Note) VALUES ('next')");
+  EXPECT_EQ(copy->QueryValue("SELECT Max(NoteID) FROM tblNotes").Int(), 2001)
+      << "keys of deleted rows must not come again";
+  EXPECT_THROW(CompactDatabase(source_, target, clock_, files), StoreError);
+  EXPECT_TRUE(FileExists(target.path)) << "a copy that stands there is not touched";
+  EXPECT_THROW(
+      CompactDatabase({source_.path, "wrong", ""}, {folder_.Path("x"), "y", ""}, clock_, files),
+      StoreError);
+  EXPECT_FALSE(FileExists(folder_.Path("x")));
+}
+
+TEST_F(ConnectionFile, ReadersSeeWholeStatesAndWritersWaitTheirTurn) {
+  const auto writer = Connection::Open(source_, clock_);
+  const auto reader = Connection::Open(source_, clock_);
+  {
+    Transaction change = writer->Begin();
+    writer->Execute("DELETE FROM tblNotes");
+    EXPECT_EQ(reader->QueryValue("SELECT Count(*) FROM tblNotes").Int(), 1990);
+    change.Commit();
+  }
+  EXPECT_EQ(reader->QueryValue("SELECT Count(*) FROM tblNotes").Int(), 0);
+  EXPECT_FALSE(FileExists(source_.path + "-journal"));
+}
+
+TEST_F(ConnectionFile, ConnectionTextsAreReadBothWays) {
+  const DataSource source = DataSource::FromText(
+      "Provider=Microsoft.Jet.OLEDB.4.0;Data Source=/a b/c.dat;Jet OLEDB:Database Password=x;y=z");
+  EXPECT_EQ(source.path, "/a b/c.dat");
+  EXPECT_EQ(source.password, "x;y=z");
+  EXPECT_EQ(DataSource::FromText(source.ToText()).ToText(), source.ToText());
+  EXPECT_EQ(DataSource::FromText("Data Source=/x;Jet OLEDB:Database Password=").password, "");
+  EXPECT_THROW((void)DataSource::FromText("nonsense"), StoreError);
+}
+
+}  // namespace
+}  // namespace corvanta

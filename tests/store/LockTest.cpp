@@ -1,0 +1,94 @@
+#include "platform/Files.h"
+#include "store/StoreError.h"
+#include "store/WriterLock.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace corvanta {
+namespace {
+
+StoreErrorCode RefusalOf(const std::string& path, std::string* text = nullptr) {
+  try {
+    const auto lock = WriterLock::Acquire(path, "a test");
+  } catch (const StoreError& error) {
+    if (text != nullptr) *text = error.what();
+    return error.Code();
+  }
+  ADD_FAILURE() << "the lock was given";
+  return StoreErrorCode::Sql;
+}
+
+TEST(Lock, SecondWriterIsToldWhoHoldsIt) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  auto lock = WriterLock::Acquire(path, "the Corvanta window");
+  std::string text;
+  EXPECT_EQ(RefusalOf(path, &text), StoreErrorCode::Locked);
+  EXPECT_EQ(text, "The data file is in use by the Corvanta window (process " +
+                      std::to_string(::getpid()) + "). Close it there and try again.");
+  lock.reset();
+  EXPECT_FALSE(FileExists(folder.Path(".home.dat.lock")));
+  EXPECT_NE(WriterLock::Acquire(path, "the next"), nullptr);
+}
+
+TEST(Lock, LinkToTheFileSharesItsLock) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  std::filesystem::create_directory(folder.Path("elsewhere"));
+  std::filesystem::create_symlink(path, folder.Path("elsewhere/link.dat"));
+  const auto lock = WriterLock::Acquire(path, "a test");
+  EXPECT_EQ(RefusalOf(folder.Path("elsewhere/link.dat")), StoreErrorCode::Locked);
+}
+
+TEST(Lock, DiesWithItsHolder) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const auto lock = WriterLock::Acquire(path, "a program that crashes");
+    ::_exit(0);
+  }
+  ::waitpid(child, nullptr, 0);
+  EXPECT_TRUE(FileExists(folder.Path(".home.dat.lock")));
+  EXPECT_NE(WriterLock::Acquire(path, "a test"), nullptr);
+}
+
+TEST(Lock, ExcludesEachOfManyThatComeAndGo) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  const std::string marker = folder.Path("inside");
+  constexpr int kWriters = 4;
+  for (int writer = 0; writer < kWriters; ++writer) {
+    if (::fork() != 0) continue;
+    for (int round = 0; round < 300; ++round) {
+      try {
+        const auto lock = WriterLock::Acquire(path, "a writer");
+        // Made by one that has the lock, gone before it lets go: nobody else may see it.
+        if (::mkdir(marker.c_str(), 0700) != 0) ::_exit(1);
+        ::rmdir(marker.c_str());
+      } catch (const StoreError& error) {
+        if (error.Code() != StoreErrorCode::Locked) ::_exit(2);
+      }
+    }
+    ::_exit(0);
+  }
+  for (int writer = 0; writer < kWriters; ++writer) {
+    int status = 0;
+    ::wait(&status);
+    EXPECT_EQ(WEXITSTATUS(status), 0);
+  }
+}
+
+TEST(Lock, MissingFolderIsNamed) {
+  const TemporaryFolder folder;
+  EXPECT_EQ(RefusalOf(folder.Path("nowhere/home.dat")), StoreErrorCode::Missing);
+}
+
+}  // namespace
+}  // namespace corvanta

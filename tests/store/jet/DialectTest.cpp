@@ -1,0 +1,370 @@
+// What the dialect promises beyond running: comparisons, NULLs, dates, joins, types and keys.
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+#include "store/StoreError.h"
+#include "support/FixedClock.h"
+#include "support/TemporaryFolder.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace corvanta {
+namespace {
+
+class Dialect : public testing::Test {
+ protected:
+  Dialect()
+      : connection_(Connection::Create({folder_.Path() + "/test.dat", "secret", ""}, clock_)) {
+    connection_->Execute(
+        "CREATE TABLE tblItems (\n   ItemID Counter,\n   Name TEXT(10),\n   [Date] DATETIME,\n   "
+        "Amount DOUBLE DEFAULT 0,\n   GroupID INT NOT NULL,\n   CONSTRAINT PK_Items PRIMARY "
+        "KEY(ItemID)\n);");
+    connection_->Execute(
+        "CREATE TABLE tblGroups (GroupID Counter, Name TEXT(50), CONSTRAINT "
+        "PK_Groups PRIMARY KEY(GroupID));");
+    connection_->Execute("INSERT INTO tblGroups (Name) VALUES ('First')");
+    connection_->Execute("INSERT INTO tblGroups (Name) VALUES ('Empty')");
+  }
+
+  void Add(const std::string& name, const std::string& date, double amount) {
+    connection_->Execute("INSERT INTO tblItems (Name,[Date],Amount,GroupID) VALUES (" +
+                         SqlText(name) + "," + date + "," + SqlNumber(amount) + ",1)");
+  }
+
+  // The first column of all rows, separated by bars; "!" and the message for an error.
+  std::string Column(const std::string& sql) {
+    try {
+      std::string text;
+      Recordset rows = connection_->OpenRecordset(sql);
+      for (; !rows.Eof(); rows.MoveNext()) {
+        text += (text.empty() ? "" : "|") + (rows.IsNull(0) ? "NULL" : std::string(rows.Text(0)));
+      }
+      return text;
+    } catch (const StoreError& error) {
+      return std::string("!") + error.what();
+    }
+  }
+
+  StoreErrorCode Refusal(const std::string& sql) {
+    try {
+      connection_->Execute(sql);
+    } catch (const StoreError& error) {
+      return error.Code();
+    }
+    ADD_FAILURE() << "not refused: " << sql;
+    return StoreErrorCode::Io;
+  }
+
+  TemporaryFolder folder_;
+  FixedClock clock_;
+  std::unique_ptr<Connection> connection_;
+};
+
+TEST_F(Dialect, TextsCompareWithoutCaseBeyondAscii) {
+  Add("Ärger", "NULL", 1);
+  Add("STRASSE", "NULL", 2);
+  Add("Ωmega", "NULL", 3);
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name = 'ÄRGER'"), "1");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE lcase(Name) = 'straße'"), "2");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name IN ('ωMEGA','x')"), "3");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name LIKE '%ÄR_er'"), "1");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name BETWEEN 'r' AND 't'"), "2");
+  EXPECT_EQ(Column("SELECT IIF(a.Name = b.Name, 'same', 'other') FROM tblItems a, (SELECT "
+                   "ucase(Name) AS Name FROM tblItems WHERE ItemID = 1) b WHERE a.ItemID = 1"),
+            "same");
+  Add("ärger", "NULL", 4);
+  EXPECT_EQ(Column("SELECT Count(*) FROM (SELECT DISTINCT Name FROM tblItems) d"), "3");
+  EXPECT_EQ(Column("SELECT Sum(Amount) FROM tblItems GROUP BY Name ORDER BY Name"), "2.0|5.0|3.0");
+}
+
+TEST_F(Dialect, LikeTakesWildcardsAndClasses) {
+  struct Case {
+    const char* pattern;
+    const char* matches;
+  };
+  Add("100% of", "NULL", 1);
+  Add("under_x", "NULL", 2);
+  Add("[abc", "NULL", 3);
+  Add("O'Brien", "NULL", 12.5);
+  for (const Case& row : {Case{"'%0%'", "1"}, Case{"'100[%] of'", "1"}, Case{"'%[_]%'", "2"},
+                          Case{"'[u-w]nder%'", "2"}, Case{"'[!u]%'", "1|3|4"}, Case{"'[abc'", "3"},
+                          Case{"'o''b%'", "4"}, Case{"''", ""}, Case{"'%'", "1|2|3|4"}}) {
+    EXPECT_EQ(Column(std::string("SELECT ItemID FROM tblItems WHERE Name LIKE ") + row.pattern),
+              row.matches)
+        << row.pattern;
+  }
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Amount like '%2.5%'"), "4");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name NOT LIKE '%e%'"), "1|3");
+}
+
+TEST_F(Dialect, NullsFollowTheirRules) {
+  Add("x", "NULL", 1);
+  connection_->Execute("UPDATE tblItems SET Name = Null");
+  EXPECT_EQ(Column("SELECT Name + 'a' FROM tblItems"), "NULL");
+  EXPECT_EQ(Column("SELECT Name & 'a' & 1 & 2.50 FROM tblItems"), "a12.5");
+  EXPECT_EQ(Column("SELECT IIF(Name = 'a', 'yes', 'no') FROM tblItems"), "no");
+  EXPECT_EQ(Column("SELECT IIF(IsNull(Name), 'null', 'text') FROM tblItems"), "null");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE NOT IsNull(Name)"), "");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name <> 'a'"), "");
+  EXPECT_EQ(Column("SELECT Sum(Amount) FROM tblItems WHERE ItemID = 99"), "NULL");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE ItemID NOT IN ()"), "1");
+}
+
+TEST_F(Dialect, DatesCompareByTheirMoment) {
+  Add("day", "#11/21/2026#", 1);
+  Add("moment", "#11/21/2026 10:30:00#", 2);
+  Add("next", "# 11/22/2026 #", 3);
+  EXPECT_EQ(Column("SELECT [Date] FROM tblItems"), "2026-11-21|2026-11-21T10:30:00|2026-11-22");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE [Date] = #11/21/2026 #"), "1");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Date Between #11/21/2026# AND #11/22/2026#"),
+            "1|2|3");
+  EXPECT_EQ(Column("SELECT Month(DATE) FROM tblItems WHERE Year([Date]) = 2026 AND Day(Date) = 22"),
+            "11");
+  EXPECT_EQ(Column("SELECT DateDiff('d', Min([Date]), Max([Date])) FROM tblItems"), "1");
+  EXPECT_EQ(Column("SELECT DateAdd('m', 3, #11/30/2026#) FROM tblItems WHERE ItemID = 1"),
+            "2027-02-28");
+  EXPECT_EQ(Column("SELECT Date() FROM tblItems WHERE ItemID = 1"), "2026-11-21");
+  EXPECT_EQ(Column("SELECT Now() FROM tblItems WHERE ItemID = 1"), "2026-11-21T10:30:00");
+  EXPECT_NE(Column("SELECT ItemID FROM tblItems WHERE Date = #02/30/2026#").find("no such date"),
+            std::string::npos);
+}
+
+TEST_F(Dialect, JoinsKeepAndLoseTheRightRows) {
+  Add("a", "NULL", 1);
+  Add("b", "NULL", 2);
+  EXPECT_EQ(Column("SELECT g.Name FROM tblGroups g LEFT JOIN tblItems i ON g.GroupID = i.GroupID "
+                   "WHERE IsNull(i.ItemID)"),
+            "Empty");
+  EXPECT_EQ(Column("SELECT g.Name FROM tblItems i RIGHT JOIN tblGroups g ON g.GroupID = i.GroupID "
+                   "ORDER BY g.GroupID, i.ItemID"),
+            "First|First|Empty");
+  EXPECT_EQ(
+      Column("SELECT g.GroupID FROM (tblItems i INNER JOIN tblItems j ON i.ItemID = j.ItemID) "
+             "RIGHT JOIN tblGroups g ON g.GroupID = i.GroupID ORDER BY g.GroupID"),
+      "1|1|2");
+  EXPECT_EQ(Column("SELECT TOP 1 [i.Name] FROM tblItems i, tblGroups g WHERE i.GroupID = "
+                   "g.GroupID ORDER BY i.ItemID DESC"),
+            "b");
+  EXPECT_EQ(Column("SELECT Name FROM tblGroups WHERE NOT EXISTS (SELECT * FROM tblItems i WHERE "
+                   "i.GroupID = tblGroups.GroupID)"),
+            "Empty");
+  EXPECT_EQ(Column("SELECT Name FROM tblItems UNION SELECT Name FROM tblGroups WHERE Name = 'A' "
+                   "ORDER BY Name DESC"),
+            "b|a");
+  EXPECT_NE(Column("SELECT Name FROM tblItems i, tblGroups g").find("several tables"),
+            std::string::npos);
+}
+
+TEST_F(Dialect, SharedColumnNamesAreToldApart) {
+  Add("item", "NULL", 1);
+  const Recordset rows = connection_->OpenRecordset(
+      "SELECT i.*, g.*, 5, Count(*) AS N FROM tblItems i INNER JOIN tblGroups g ON i.GroupID = "
+      "g.GroupID GROUP BY i.ItemID");
+  EXPECT_EQ(rows.Text("i.Name"), "item");
+  EXPECT_EQ(rows.Text("g.Name"), "First");
+  EXPECT_EQ(rows.Text("name"), "item");
+  EXPECT_EQ(rows.Int("Expr1007"), 5);
+  EXPECT_EQ(rows.Int("N"), 1);
+}
+
+TEST_F(Dialect, ArithmeticAndFunctions) {
+  struct Case {
+    const char* expression;
+    const char* value;
+  };
+  Add("Name", "#11/21/2026#", 7.5);
+  for (const Case& row : {Case{"1/2", "0.5"},
+                          Case{"7 \\ 2", "3"},
+                          Case{"7 Mod 4", "3"},
+                          Case{"2^3^1", "8.0"},
+                          Case{"-2^2", "-4.0"},
+                          Case{"1+2*3", "7"},
+                          Case{"(1+2)*3", "9"},
+                          Case{"10-2-3", "5"},
+                          Case{"10-(2-3)", "11"},
+                          Case{"cstr(1.50)+'x'", "1.5x"},
+                          Case{"CInt(2.5)", "2"},
+                          Case{"CLng(3.5)", "4"},
+                          Case{"Mid('Account:Bank',9,4)", "Bank"},
+                          Case{"Left('abc',2)", "ab"},
+                          Case{"Right('abc',2)", "bc"},
+                          Case{"Right('abc',0)", ""},
+                          Case{"Len('äöü')", "3"},
+                          Case{"InStr('Account:X','account:')", "1"},
+                          Case{"InStr('äöü','Ü')", "3"},
+                          Case{"Sgn(-4)", "-1"},
+                          Case{"1 > 0", "-1"},
+                          Case{"Amount = 7", "0"},
+                          Case{"[Date] + 1", "2026-11-22"},
+                          Case{"[Date] - #11/01/2026#", "20"},
+                          Case{"IIF(1=2,'a',IIF(2=2,'b','c'))", "b"},
+                          Case{"UCASE('straße')", "STRASSE"},
+                          Case{"'it''s'", "it's"},
+                          Case{"\"say \"\"x\"\"\"", "say \"x\""},
+                          Case{"True", "-1"},
+                          Case{"Nz(Null,3)", "3"},
+                          Case{"Int(-1.5)", "-2.0"},
+                          Case{"Fix(-1.5)", "-1"},
+                          Case{"DateSerial(2026,14,0)", "2027-01-31"},
+                          Case{"Weekday(#11/21/2026#)", "7"}}) {
+    EXPECT_EQ(Column(std::string("SELECT ") + row.expression + " FROM tblItems"), row.value)
+        << row.expression;
+  }
+}
+
+TEST_F(Dialect, ValuesBeyondTheSchemaAreRefused) {
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (Name,GroupID) VALUES ('12345678901',1)"),
+            StoreErrorCode::Constraint);
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (Name) VALUES ('x')"), StoreErrorCode::Constraint);
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (GroupID) VALUES ('one')"), StoreErrorCode::Constraint);
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (GroupID) VALUES (3000000000)"),
+            StoreErrorCode::Constraint);
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (GroupID,Amount) VALUES (1,'much')"),
+            StoreErrorCode::Constraint);
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (GroupID,[Date]) VALUES (1,'soon')"),
+            StoreErrorCode::Constraint);
+  connection_->Execute("INSERT INTO tblItems (ItemID,GroupID) VALUES (1,1)");
+  EXPECT_EQ(Refusal("INSERT INTO tblItems (ItemID,GroupID) VALUES (1,1)"),
+            StoreErrorCode::Constraint);
+  EXPECT_EQ(Column("SELECT Count(*) FROM tblItems"), "1");
+  Add("ünï€😀éàèöx", "NULL", 1);  // ten characters, more bytes
+}
+
+TEST_F(Dialect, CountersAreNeverReusedAndTakeGaps) {
+  connection_->Execute("INSERT INTO tblItems (ItemID,GroupID) VALUES (7,1)");
+  connection_->Execute("INSERT INTO tblItems (GroupID) VALUES (1)");
+  connection_->Execute("DELETE FROM tblItems WHERE ItemID = 8");
+  connection_->Execute("ALTER TABLE tblItems ADD Extra INT");
+  connection_->Execute("INSERT INTO tblItems (GroupID) VALUES (1)");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems"), "7|9");
+}
+
+TEST_F(Dialect, RecordsetsWriteRowsBack) {
+  Recordset rows = connection_->OpenRecordset("tblItems");
+  rows.AddNew();
+  rows.Set("Name", "O'Neil");
+  rows.Set("GroupID", 1);
+  rows.Set("Date", *Date::FromYmd(2026, 11, 21));
+  rows.Update();
+  EXPECT_EQ(rows.Key(), 1);
+  Recordset row = connection_->OpenRecordset("Select * from tblItems Where ItemID = 1");
+  row.Set("amount", 12.25);
+  row.Set("Name", Value());
+  row.Update();
+  EXPECT_EQ(Column("SELECT Amount FROM tblItems WHERE IsNull(Name) AND [Date] = #11/21/2026#"),
+            "12.25");
+  Recordset joined = connection_->OpenRecordset("SELECT i.Name FROM tblItems i, tblGroups g");
+  joined.Set("Name", "x");
+  EXPECT_THROW(joined.Update(), StoreError);
+}
+
+TEST_F(Dialect, TransactionsTakeBackWhatIsNotCommitted) {
+  int notices = 0;
+  connection_->OnCommit([&] { ++notices; });
+  {
+    Transaction outer = connection_->Begin();
+    Add("kept", "NULL", 1);
+    {
+      const Transaction inner = connection_->Begin();
+      Add("dropped", "NULL", 1);
+    }
+    EXPECT_EQ(notices, 0);
+    outer.Commit();
+  }
+  EXPECT_EQ(notices, 1);
+  {
+    const Transaction abandoned = connection_->Begin();
+    connection_->Execute("DROP TABLE tblGroups");
+  }
+  EXPECT_EQ(Column("SELECT Name FROM tblItems"), "kept");
+  EXPECT_EQ(Column("SELECT Count(*) FROM tblGroups"), "2");
+}
+
+TEST_F(Dialect, StatementsThatCannotBeReadNameThePlace) {
+  struct Case {
+    const char* sql;
+    const char* message;
+  };
+  for (const Case& row :
+       {Case{"SELECT * FROM", "the statement ends"}, Case{"SELEC 1", "character 1"},
+        Case{"SELECT 'x FROM tblItems", "character 8"},
+        Case{"SELECT Nothing FROM tblItems", "no column Nothing"},
+        Case{"SELECT * FROM tblNone", "no table tblNone"},
+        Case{"SELECT Foo(1) FROM tblItems", "no function Foo"},
+        Case{"SELECT 1 FROM tblItems WHERE ItemID = 5; DROP TABLE tblItems",
+             "end of the statement"},
+        Case{"SELECT [x FROM tblItems", "bracket"}, Case{"", "expected a statement"}}) {
+    const std::string message = Column(row.sql);
+    EXPECT_NE(message.find(row.message), std::string::npos) << row.sql << ": " << message;
+  }
+  const std::string nested(5000, '(');
+  EXPECT_NE(Column("SELECT " + nested).find("too deeply"), std::string::npos);
+  std::string chain = "SELECT ItemID FROM tblItems WHERE ItemID = 1";
+  for (int i = 0; i < 5000; ++i) chain += " OR ItemID = 1";
+  EXPECT_NE(Column(chain).find("too many"), std::string::npos);
+}
+
+TEST_F(Dialect, VeryLongStatementsRun) {
+  Add("x", "NULL", 1);
+  std::string list = "1";
+  for (int i = 2; i < 50000; ++i) list += "," + std::to_string(i);
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE ItemID IN (" + list + ")"), "1");
+  connection_->Execute("CREATE TABLE tblNotes (Note MEMO)");
+  connection_->Execute("INSERT INTO tblNotes (Note) VALUES (" +
+                       SqlText(std::string(2000000, '\'')) + ")");
+  EXPECT_EQ(Column("SELECT Len(Note) FROM tblNotes"), "2000000");
+}
+
+// A text that looks like SQL is a value whatever stands in it, and two statements that differ only
+// in their values do not answer for each other.
+TEST_F(Dialect, ValuesAreNeverCode) {
+  Add("?1", "NULL", 1);
+  Add("'; --", "NULL", 2);
+  EXPECT_EQ(Column("SELECT Amount FROM tblItems WHERE Name = '?1'"), "1.0");
+  EXPECT_EQ(Column("SELECT Amount FROM tblItems WHERE Name = '''; --'"), "2.0");
+  EXPECT_EQ(Column("SELECT Name FROM tblItems WHERE Amount = 1 AND GroupID = 1"), "?1");
+  EXPECT_EQ(Column("SELECT Name FROM tblItems WHERE Amount = 2 AND GroupID = 1"), "'; --");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE ItemID = 2 AND Amount = 2"), "2");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE ItemID = 2 AND Amount = 3"), "");
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Amount > -2 AND Amount BETWEEN -5 AND 1.5"),
+            "1");
+}
+
+TEST_F(Dialect, TheSchemaCanBeChanged) {
+  Add("12", "#11/21/2026#", 3);
+  Add("", "NULL", 4);
+  Add("abc", "NULL", 5);
+  connection_->Execute("CREATE INDEX ByGroup ON tblItems (GroupID)");
+  connection_->Execute("CREATE INDEX ByGroup ON tblGroups (Name)");
+  connection_->Execute("ALTER TABLE tblItems ADD COLUMN [TEMPINT] INT DEFAULT 0");
+  EXPECT_EQ(Column("SELECT TEMPINT FROM tblItems"), "NULL|NULL|NULL");
+  EXPECT_EQ(connection_->Table("tblitems")->Column("name")->TypeCode(), kTypeText);
+  connection_->Execute("ALTER TABLE tblItems ALTER COLUMN [Name] INT DEFAULT 0");
+  EXPECT_EQ(Column("SELECT Name FROM tblItems"), "12|NULL|NULL");
+  EXPECT_EQ(connection_->Table("tblItems")->Column("Name")->TypeCode(), kTypeInteger);
+  EXPECT_EQ(connection_->Table("tblItems")->Column("Name")->defaultValue, "0");
+  connection_->Execute("ALTER TABLE tblItems DROP COLUMN [TEMPINT]");
+  EXPECT_EQ(Refusal("ALTER TABLE tblItems DROP COLUMN GroupID"), StoreErrorCode::Sql);
+  EXPECT_NE(connection_->Table("tblItems")->Index("bygroup"), nullptr);
+  connection_->Execute("DROP INDEX ByGroup ON tblItems");
+  EXPECT_EQ(connection_->Table("tblItems")->Index("ByGroup"), nullptr);
+  EXPECT_NE(connection_->Table("tblGroups")->Index("ByGroup"), nullptr);
+  EXPECT_EQ(connection_->Table("tblItems")->primaryKeyName, "PK_Items");
+  EXPECT_EQ(Refusal("ALTER TABLE tblItems ADD CONSTRAINT PK_2 PRIMARY KEY(ItemID)"),
+            StoreErrorCode::Sql);
+  EXPECT_EQ(Refusal("ALTER TABLE tblItems ADD Name INT"), StoreErrorCode::Sql);
+  EXPECT_EQ(Refusal("CREATE TABLE tblItems (X INT)"), StoreErrorCode::Sql);
+  connection_->Execute("CREATE TABLE tblPlain (A INT, B TEXT(5))");
+  connection_->Execute("INSERT INTO tblPlain (A) VALUES (4)");
+  connection_->Execute("ALTER TABLE tblPlain ADD PlainID Counter");
+  connection_->Execute("ALTER TABLE tblPlain ADD CONSTRAINT PK_Plain PRIMARY KEY(PlainID)");
+  EXPECT_EQ(Column("SELECT PlainID FROM tblPlain"), "1");
+  EXPECT_EQ(connection_->Table("tblPlain")->primaryKeyName, "PK_Plain");
+  connection_->Execute("DROP TABLE tblPlain");
+  EXPECT_EQ(connection_->TableNames(), (std::vector<std::string>{"tblGroups", "tblItems"}));
+}
+
+}  // namespace
+}  // namespace corvanta

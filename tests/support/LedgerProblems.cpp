@@ -1,0 +1,152 @@
+#include "support/LedgerProblems.h"
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+#include <cmath>
+#include <cstdint>
+#include <map>
+#include <set>
+
+namespace corvanta {
+namespace {
+
+constexpr double kHalfCent = 0.005;
+
+struct Row {
+  std::int64_t account = 0;
+  std::int64_t other = 0;   // of a transaction its other half, of a schedule the other account
+  std::int64_t parent = 0;  // 0 for a row of its own
+  double amount = 0;
+};
+
+struct Table {
+  std::string name;
+  std::string key;
+  std::string other;
+};
+
+struct Reference {
+  const char* table;
+  const char* column;
+  const char* target;
+  const char* key;
+};
+
+// 0 names nothing and is no reference.
+constexpr Reference kReferences[] = {
+    {"tblTransactions", "AccountID", "tblAccounts", "AccountID"},
+    {"tblTransactions", "CategoryID", "tblCategory", "CategoryID"},
+    {"tblTransactions", "PaymentID", "tblPayments", "PaymentID"},
+    {"tblTransactions", "PayeeID", "tblPayees", "PayeeID"},
+    {"tblSchedule", "AccountID", "tblAccounts", "AccountID"},
+    {"tblSchedule", "CategoryID", "tblCategory", "CategoryID"},
+    {"tblSchedule", "PaymentID", "tblPayments", "PaymentID"},
+    {"tblSchedule", "PayeeID", "tblPayees", "PayeeID"},
+    {"tblSchedule", "PeriodID", "tblPeriods", "PeriodID"},
+    {"tblSchedule", "TfrAccountID", "tblAccounts", "AccountID"},
+    {"tblAccounts", "AccountTypeID", "tblAccountType", "AccountTypeID"},
+    {"tblAccounts", "CurrencyId", "tblCurrency", "CurrencyID"},
+    {"tblKeywordLink", "KeywordID", "tblKeywords", "KeywordID"},
+    {"tblKeywordLink", "TransactionID", "tblTransactions", "TransactionID"},
+    {"tblAttachments", "TransactionID", "tblTransactions", "TransactionID"},
+    {"tblHistory", "PayeeID", "tblPayees", "PayeeID"},
+};
+
+class Inspection {
+ public:
+  explicit Inspection(Connection& connection) : connection_(connection) {}
+
+  std::vector<std::string> Run() {
+    const Table transactions{"tblTransactions", "TransactionID", "TransferID"};
+    const std::map<std::int64_t, Row> rows = Read(transactions);
+    CheckTransfers(rows);
+    CheckSplits(transactions, rows);
+    const Table schedules{"tblSchedule", "ScheduleID", "TfrAccountID"};
+    CheckSplits(schedules, Read(schedules));
+    for (const Reference& reference : kReferences) CheckReference(reference);
+    return problems_;
+  }
+
+ private:
+  void Add(const std::string& table, std::int64_t key, const std::string& text) {
+    problems_.push_back(table + " " + std::to_string(key) + ": " + text);
+  }
+
+  std::map<std::int64_t, Row> Read(const Table& table) {
+    std::map<std::int64_t, Row> found;
+    Recordset rows =
+        connection_.OpenRecordset("SELECT " + table.key + ", AccountID, " + table.other +
+                                  ", AllocatedItem, [Amount] FROM " + table.name);
+    for (; !rows.Eof(); rows.MoveNext()) {
+      found[rows.Int(0)] = {rows.Int(1), rows.Int(2), rows.Int(3), rows.Double(4)};
+    }
+    return found;
+  }
+
+  void CheckTransfers(const std::map<std::int64_t, Row>& rows) {
+    for (const auto& [key, row] : rows) {
+      if (row.other == 0) continue;
+      const auto other = rows.find(row.other);
+      if (other == rows.end()) {
+        Add("tblTransactions", key, "the other half is gone");
+      } else if (other->second.other != key) {
+        Add("tblTransactions", key, "the other half names another one");
+      } else if (row.amount * other->second.amount > 0) {
+        Add("tblTransactions", key, "both halves have the same sign");
+      } else if (row.account == other->second.account) {
+        Add("tblTransactions", key, "both halves are in one account");
+      }
+    }
+  }
+
+  void CheckSplits(const Table& table, const std::map<std::int64_t, Row>& rows) {
+    std::map<std::int64_t, double> sums;
+    for (const auto& [key, row] : rows) {
+      if (row.parent == 0) continue;
+      sums[row.parent] += row.amount;
+      const auto parent = rows.find(row.parent);
+      if (parent == rows.end()) {
+        Add(table.name, key, "the split parent is gone");
+      } else if (parent->second.parent != 0) {
+        Add(table.name, key, "the split parent is a line itself");
+      } else if (parent->second.other != 0) {
+        Add(table.name, key, "the split parent is a transfer");
+      } else if (parent->second.account != row.account) {
+        Add(table.name, key, "the split parent is in another account");
+      }
+    }
+    for (const auto& [key, sum] : sums) {
+      const auto parent = rows.find(key);
+      if (parent == rows.end() || std::fabs(parent->second.amount - sum) < kHalfCent) continue;
+      Add(table.name, key, "the lines do not add up to the parent");
+    }
+  }
+
+  std::set<std::int64_t> Keys(const std::string& table, const std::string& column) {
+    std::set<std::int64_t> keys;
+    Recordset rows = connection_.OpenRecordset("SELECT [" + column + "] FROM " + table);
+    for (; !rows.Eof(); rows.MoveNext()) keys.insert(rows.Int(0));
+    return keys;
+  }
+
+  void CheckReference(const Reference& reference) {
+    const std::set<std::int64_t> known = Keys(reference.target, reference.key);
+    for (const std::int64_t key : Keys(reference.table, reference.column)) {
+      if (key == 0 || known.contains(key)) continue;
+      problems_.push_back(std::string(reference.table) + "." + reference.column + " names " +
+                          std::to_string(key) + ", which is not in " + reference.target);
+    }
+  }
+
+  Connection& connection_;
+  std::vector<std::string> problems_;
+};
+
+}  // namespace
+
+std::vector<std::string> LedgerProblems(Connection& connection) {
+  return Inspection(connection).Run();
+}
+
+}  // namespace corvanta
