@@ -17,12 +17,15 @@
 #include "platform/Platform.h"
 
 #include <QAction>
+#include <QDir>
 #include <QLabel>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace corvanta {
 namespace {
@@ -151,9 +154,11 @@ void FrmMain::ReadAccounts() {
     accounts_ = session_.Ledger().Accounts({}, settings_.IsOn(Setting::Closed));
   }
   tree_->SetAccounts(accounts_);
-  // A long path must not make the window wide.
   const QString path = ToQt(session_.Path());
-  fileName_->setText(fontMetrics().elidedText(path, Qt::ElideMiddle, kLeftWidth));
+  QString shown = path;
+  if (path.startsWith(QDir::homePath() + u'/')) shown.replace(0, QDir::homePath().size(), u'~');
+  // A long path must not make the window wide.
+  fileName_->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, kLeftWidth));
   fileName_->setToolTip(path);
   actions_->SetDataOpen(session_.IsOpen());
 }

@@ -74,7 +74,7 @@ int RegisterDelegate::DrawMarks(QPainter& painter, const RegisterRow& row, const
   draw(row.scheduleId != 0, schedule_);
   draw(row.isTransfer, transfer_);
   draw(row.isSplit, split_);
-  return width;
+  return width == 0 ? 0 : width + kMarkGap;
 }
 
 }  // namespace corvanta

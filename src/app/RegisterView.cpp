@@ -28,8 +28,8 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 2 * kRhythm;
   std::vector<ListTable::Column> columns(RegisterModel::kColumns);
   columns[RegisterModel::kDate] = {date + kRhythm, 0};
-  columns[RegisterModel::kPayee] = {text(QStringLiteral("High Street Name")), 4};
-  columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category long")), 4};
+  columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")), 4};
+  columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category xx")), 4};
   columns[RegisterModel::kPayment] = {text(QStringLiteral("Direct Debit")), 1};
   columns[RegisterModel::kRef] = {text(QStringLiteral("123456")), 0};
   columns[RegisterModel::kDescription] = {text(QStringLiteral("Description")), 3};

@@ -9,8 +9,10 @@ namespace corvanta {
 StartOptions ReadStartOptions(const QStringList& arguments) {
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Corvanta Personal Finance"));
-  const QCommandLineOption help = parser.addHelpOption();
-  const QCommandLineOption version = parser.addVersionOption();
+  const QCommandLineOption help({QStringLiteral("h"), QStringLiteral("help")},
+                                QStringLiteral("Shows this help."));
+  const QCommandLineOption version({QStringLiteral("v"), QStringLiteral("version")},
+                                   QStringLiteral("Shows the version."));
   const QCommandLineOption profile(QStringLiteral("profile"),
                                    QStringLiteral("The folder of the settings."),
                                    QStringLiteral("folder"));
@@ -20,7 +22,7 @@ StartOptions ReadStartOptions(const QStringList& arguments) {
   const QCommandLineOption today(QStringLiteral("today"),
                                  QStringLiteral("The day that stands for today, YYYY-MM-DD."),
                                  QStringLiteral("date"));
-  parser.addOptions({profile, data, today});
+  parser.addOptions({help, version, profile, data, today});
   parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The data file to open."),
                                QStringLiteral("[file]"));
   StartOptions options;

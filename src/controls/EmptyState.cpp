@@ -30,6 +30,8 @@ EmptyState::EmptyState(QWidget* parent)
   text_->setAlignment(Qt::AlignHCenter | Qt::AlignTop);
   text_->setWordWrap(true);
   text_->setFixedWidth(kTextWidth);
+  text_->setForegroundRole(QPalette::WindowText);
+  title_->setForegroundRole(QPalette::WindowText);
   button_->setObjectName(QStringLiteral("cmdEmptyState"));
   auto* column = new QVBoxLayout(this);
   column->setSpacing(kRhythm);
@@ -54,7 +56,10 @@ void EmptyState::Show(const QString& icon, const QString& title, const QString& 
   // A label that wraps its text asks for one line's height unless it is told otherwise.
   text_->setMinimumHeight(text_->heightForWidth(kTextWidth));
   button_->setVisible(action != nullptr);
-  if (action != nullptr) button_->setText(action->statusTip());
+  if (action != nullptr) {
+    button_->setText(action->statusTip());
+    button_->setMinimumWidth(fontMetrics().horizontalAdvance(button_->text()) + 4 * kRhythm);
+  }
   Colour();
 }
 

@@ -38,7 +38,9 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   painter->setPen(Hairline(palette()));
   painter->drawLine(rect.bottomLeft(), rect.bottomRight());
   // The grip of the column's width.
-  painter->drawLine(rect.right(), rect.top() + kRhythm, rect.right(), rect.bottom() - kRhythm);
+  if (logicalIndex != count() - 1) {
+    painter->drawLine(rect.right(), rect.top() + kRhythm, rect.right(), rect.bottom() - kRhythm);
+  }
   painter->setPen(MutedText(palette()));
   painter->drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
                     fontMetrics().elidedText(text, Qt::ElideRight, place.width()));

@@ -116,6 +116,9 @@ void Connection::Impl::Rollback(int depth) {
   defined_ = depth > 0;
   try {
     ReloadCatalog();
+    // What it made for the tables as they were to be went with them.
+    if (watch_ != nullptr) watch_->BeforeDefinition();
+    if (watch_ != nullptr) watch_->AfterDefinition();
   } catch (const StoreError&) {
     // The rows cannot be read either then, and whoever reads them next is told.
   }

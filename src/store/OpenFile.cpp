@@ -5,8 +5,10 @@
 #include "store/Encryption.h"
 #include "store/jet/Functions.h"
 
+#include <fcntl.h>
 #include <sqlcipher/sqlite3.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <array>
@@ -72,6 +74,12 @@ void CheckBefore(const std::string& path) {
          path);
 }
 
+// The library would let every user of the machine read the new file.
+void MakeOwnerOnly(const std::string& path) {
+  const int descriptor = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+  if (descriptor >= 0) close(descriptor);
+}
+
 DatabaseHandle OpenHandle(const DataSource& source, int flags) {
   sqlite3* raw = nullptr;
   // One thread uses a connection, so the library need not lock it for every value that is read.
@@ -134,6 +142,7 @@ DatabaseHandle CreateFile(const DataSource& source, const Clock& clock) {
   if (FileExists(source.path)) {
     Refuse(StoreErrorCode::Sql, "A file stands here already; it is not written over.", source.path);
   }
+  MakeOwnerOnly(source.path);
   DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   ApplyKey(database.get(), FileKey(source.password), source.path);
   SetUp(database.get(), source.path, clock);

@@ -100,6 +100,12 @@ TEST_F(ConnectionFile, ForeignAndDamagedFilesAreToldApart) {
   EXPECT_NO_THROW((void)Connection::Open(source_, clock_));
 }
 
+TEST_F(ConnectionFile, NewFilesAreForTheirOwnerAlone) {
+  struct stat status {};
+  ASSERT_EQ(stat(source_.path.c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0600U);
+}
+
 TEST_F(ConnectionFile, ReadOnlyFilesAreRefused) {
   chmod(source_.path.c_str(), 0444);
   EXPECT_EQ(Refusal(source_), StoreErrorCode::ReadOnly);

@@ -1,4 +1,4 @@
-#include "app/CommandEdge.h"
+#include "controls/CommandEdge.h"
 
 #include "platform/PlatformError.h"
 #include "platform/Prompts.h"

@@ -1,0 +1,89 @@
+// Starts and ends as soon as something is drawn, for the script "start" to time from outside:
+//   corvanta-start-probe empty            an empty window of Qt
+//   corvanta-start-probe window FOLDER    the program on the data file in FOLDER, up to its
+//   register corvanta-start-probe fill FOLDER N    makes that data file with N transactions
+#include "app/StartOptions.h"
+#include "app/StartUp.h"
+#include "controls/SvgIcon.h"
+#include "platform/ConsolePrompts.h"
+#include "platform/Progress.h"
+#include "platform/SystemPlatform.h"
+#include "store/OpenDataFile.h"
+#include "store/SqlText.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QEvent>
+#include <QMainWindow>
+
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+namespace {
+
+using namespace corvanta;
+
+// Ends the program behind the first drawing of the widget looked for.
+class FirstPaint : public QObject {
+ public:
+  explicit FirstPaint(bool listOnly) : listOnly_(listOnly) {}
+
+  bool eventFilter(QObject* object, QEvent* event) override {
+    if (event->type() != QEvent::Paint) return false;
+    const auto* list = qobject_cast<QAbstractItemView*>(object->parent());
+    const bool wanted = !listOnly_ || (list != nullptr && list->objectName() == "lvbank" &&
+                                       list->model()->rowCount() > 0);
+    if (wanted) QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    return false;
+  }
+
+ private:
+  bool listOnly_;
+};
+
+void Fill(const std::string& folder, int count) {
+  SilentProgress progress;
+  ConsolePrompts prompts({}, std::cerr);
+  SystemPlatform platform({folder + "/profile", {}, {}}, prompts, progress);
+  DataFileOpener opener(platform.Get(), "the benchmark");
+  opener.SetDataPath(folder + "/data");
+  const DataFile file = opener.CreateNew(false);
+  Transaction rows = file.connection->Begin();
+  const Date first = *Date::FromYmd(2016, 1, 1);
+  for (int i = 0; i < count; ++i) {
+    file.connection->Execute(
+        "INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,[Amount],Description,"
+        "[Date],BankChk,BankRec) VALUES (1," +
+        std::to_string(3 + i % 120) + ",2," + std::to_string(1 + i % 11) + "," +
+        SqlNumber((i % 2000 - 1200) / 10.0) + ",'Row " + std::to_string(i) + "'," +
+        SqlDate(first.AddDays(static_cast<std::int32_t>(i * 3650LL / count))) + ",1,0)");
+  }
+  rows.Commit();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const std::string mode = argc > 1 ? argv[1] : "";
+  const std::string folder = argc > 2 ? argv[2] : "";
+  if (mode == "fill" && argc > 3) {
+    Fill(folder, std::atoi(argv[3]));
+    return 0;
+  }
+  QApplication application(argc, argv);
+  FirstPaint paint(mode == "window");
+  application.installEventFilter(&paint);
+  if (mode == "empty") {
+    QMainWindow window;
+    window.resize(1280, 800);
+    window.show();
+    return QApplication::exec();
+  }
+  InitPictures();
+  StartOptions options;
+  options.profileFolder = folder + "/profile";
+  options.dataPath = folder + "/data";
+  StartUp start(options);
+  return start.Run() ? QApplication::exec() : 1;
+}

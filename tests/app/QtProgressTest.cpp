@@ -1,0 +1,66 @@
+#include "app/QtProgress.h"
+
+#include <QLabel>
+#include <QMainWindow>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolButton>
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+class ProgressTest : public testing::Test {
+ protected:
+  ProgressTest() {
+    window_.setCentralWidget(button_);
+    progress_.ShowIn(window_.statusBar());
+    window_.show();
+    QObject::connect(button_, &QPushButton::clicked, &window_, [this] { ++clicks_; });
+  }
+  QMainWindow window_;
+  QPushButton* button_ = new QPushButton(QStringLiteral("Delete"));
+  QtProgress progress_;
+  int clicks_ = 0;
+};
+
+TEST_F(ProgressTest, ShowsTextAndStepsAndGoesAway) {
+  EXPECT_EQ(progress_.SetStatus("Compacting"), "");
+  progress_.SetStep(3, 12);
+  EXPECT_EQ(window_.findChild<QLabel*>(QStringLiteral("lblStatus"))->text(), "Compacting");
+  const auto* bar = window_.findChild<QProgressBar*>();
+  EXPECT_TRUE(bar->isVisible());
+  EXPECT_EQ(bar->value(), 250);
+  EXPECT_EQ(progress_.SetStatus(""), "Compacting");
+  EXPECT_FALSE(bar->isVisible());
+}
+
+TEST_F(ProgressTest, NothingElseTakesInputMeanwhile) {
+  progress_.SetStatus("Working");
+  QTest::mouseClick(button_, Qt::LeftButton);
+  EXPECT_TRUE(progress_.Yield());
+  EXPECT_FALSE(window_.close());
+  EXPECT_EQ(clicks_, 0);
+  progress_.SetStatus("");
+  QTest::mouseClick(button_, Qt::LeftButton);
+  EXPECT_EQ(clicks_, 1);
+}
+
+TEST_F(ProgressTest, TheStopButtonAndEscapeStop) {
+  progress_.SetStatus("Working");
+  progress_.SetStep(1, 2);
+  QTest::mouseClick(window_.findChild<QToolButton*>(QStringLiteral("cmdStop")), Qt::LeftButton);
+  EXPECT_FALSE(progress_.Yield());
+  progress_.SetStatus("");
+  progress_.SetStatus("Working again");
+  EXPECT_TRUE(progress_.Yield());
+  QTest::keyClick(&window_, Qt::Key_Escape);
+  EXPECT_FALSE(progress_.Yield());
+  progress_.SetStatus("");
+}
+
+}  // namespace
+}  // namespace corvanta

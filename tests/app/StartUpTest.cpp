@@ -1,0 +1,115 @@
+#include "app/FrmMain.h"
+#include "app/FrmPassword.h"
+#include "app/StartUp.h"
+#include "ledger/LoginPassword.h"
+#include "platform/Settings.h"
+#include "support/TemporaryFolder.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+// Starts the program itself in a profile of its own.
+class Start : public testing::Test {
+ protected:
+  Start() {
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] { LookForLogin(); });
+    options_.profileFolder = folder_.Path("profile");
+    options_.dataPath = folder_.Path("data");
+    options_.today = Date::FromYmd(2026, 11, 21);
+  }
+
+  // Makes the data file with this login password, and turns login on.
+  void SetPassword(const std::string& password) {
+    QtPrompts prompts;
+    QtProgress progress;
+    SystemPlatform platform({options_.profileFolder, options_.today, "en_GB"}, prompts, progress);
+    Settings(platform.Get().registry).SetOn(Setting::Login, true);
+    DataFileOpener opener(platform.Get(), "a test");
+    opener.SetDataPath(options_.dataPath);
+    const DataFile file = opener.CreateNew(false);
+    LoginPassword(*file.connection).Set(password);
+  }
+
+  // Does this to the password dialog when it comes up.
+  void AtLogin(std::function<void(FrmPassword&)> act) {
+    act_ = std::move(act);
+    watch_.start(1);
+  }
+  void LookForLogin() {
+    auto* dialog = qobject_cast<FrmPassword*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    watch_.stop();
+    ++logins_;
+    act_(*dialog);
+  }
+
+  static FrmMain* MainWindow() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (auto* main = qobject_cast<FrmMain*>(window)) return main;
+    }
+    return nullptr;
+  }
+
+  TemporaryFolder folder_;
+  StartOptions options_;
+  QTimer watch_;
+  std::function<void(FrmPassword&)> act_;
+  int logins_ = 0;
+};
+
+TEST_F(Start, AFirstStartMakesTheSampleFileAndShowsIt) {
+  StartUp start(options_);
+  ASSERT_TRUE(start.Run());
+  ASSERT_NE(MainWindow(), nullptr);
+  EXPECT_TRUE(MainWindow()->isVisible());
+  EXPECT_EQ(MainWindow()->Shown(), (ViewCommand{kTransactionShow, 1}));
+}
+
+TEST_F(Start, LoginLetsThePasswordIn) {
+  SetPassword("open sesame");
+  AtLogin([](FrmPassword& dialog) {
+    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "open sesame");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  StartUp start(options_);
+  EXPECT_TRUE(start.Run());
+  EXPECT_EQ(logins_, 1) << "asked once, although the file is opened twice";
+  EXPECT_NE(MainWindow(), nullptr);
+}
+
+TEST_F(Start, TurningBackAtTheLoginEndsIt) {
+  SetPassword("open sesame");
+  AtLogin([](FrmPassword& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  StartUp start(options_);
+  EXPECT_FALSE(start.Run());
+  EXPECT_EQ(MainWindow(), nullptr);
+}
+
+TEST_F(Start, WithoutAPasswordTheTypedTextBecomesIt) {
+  SetPassword("");
+  AtLogin([](FrmPassword& dialog) {
+    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "new one");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  {
+    StartUp start(options_);
+    EXPECT_TRUE(start.Run());
+  }
+  AtLogin([](FrmPassword& dialog) {
+    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "new one");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  StartUp again(options_);
+  EXPECT_TRUE(again.Run());
+  EXPECT_EQ(logins_, 2);
+}
+
+}  // namespace
+}  // namespace corvanta
