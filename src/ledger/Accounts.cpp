@@ -3,6 +3,7 @@
 #include "platform/TextCase.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
+#include "store/SqlText.h"
 
 #include <charconv>
 
@@ -11,7 +12,9 @@ namespace {
 
 // All accounts and their sums at once: a statement per account would read the transactions as many
 // times as there are accounts.
-std::string AccountsStatement(const StatusFilter& filter) {
+std::string AccountsStatement(const TreeOptions& options) {
+  const std::string end =
+      options.end ? "T.[Date] <= " + SqlDate(DateTime{*options.end, 86399}) + " AND " : "";
   return "Select A.AccountID, A.[Account], A.AccountNo, A.AccountTypeID, Y.AccountType, "
          "A.CurrencyId, "
          "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount, S.Total "
@@ -21,7 +24,7 @@ std::string AccountsStatement(const StatusFilter& filter) {
          "LEFT JOIN (Select T.AccountID AS SumAccountID, Sum(T.[Amount]) AS Total "
          "from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = C.CategoryID "
          "WHERE " +
-         filter.Clause() +
+         options.filter.Clause() + end +
          "AllocatedItem = 0 Group by T.AccountID) S ON S.SumAccountID = A.AccountID "
          "Order by Y.AccountType, A.[Account], A.AccountID";
 }
@@ -35,16 +38,14 @@ std::optional<std::int64_t> KeyOf(const std::string& text) {
   return key;
 }
 
-}  // namespace
-
-std::vector<AccountRow> clsCorvanta::Accounts(const StatusFilter& filter, bool includeClosed) {
+std::vector<AccountRow> ReadAccounts(Connection& store, const TreeOptions& options) {
   std::vector<AccountRow> accounts;
-  Recordset rows = connection_.OpenRecordset(AccountsStatement(filter));
+  Recordset rows = store.OpenRecordset(AccountsStatement(options));
   for (; !rows.Eof(); rows.MoveNext()) {
     AccountRow account;
     // A mark that was never written (NULL) is an open account.
     account.closed = rows.Int("CloseAccount") != 0;
-    if (account.closed && !includeClosed) continue;
+    if (account.closed && !options.includeClosed) continue;
     account.accountId = rows.Int("AccountID");
     account.account = rows.Text("Account");
     account.accountNo = rows.Text("AccountNo");
@@ -57,6 +58,24 @@ std::vector<AccountRow> clsCorvanta::Accounts(const StatusFilter& filter, bool i
     account.openingBalance = rows.Double("OpeningBalance");
     account.balance = RoundMoney(account.openingBalance + rows.Double("Total"));
     accounts.push_back(std::move(account));
+  }
+  return accounts;
+}
+
+}  // namespace
+
+std::vector<AccountRow> clsCorvanta::Accounts(const StatusFilter& filter, bool includeClosed) {
+  TreeOptions options;
+  options.filter = filter;
+  options.includeClosed = includeClosed;
+  return Accounts(options);
+}
+
+std::vector<AccountRow> clsCorvanta::Accounts(const TreeOptions& options) {
+  std::vector<AccountRow> accounts = ReadAccounts(connection_, options);
+  if (!options.valuation) return accounts;
+  for (AccountRow& account : accounts) {
+    account.balance = RoundMoney(account.balance + HoldingsValue(account.accountId));
   }
   return accounts;
 }

@@ -1,6 +1,12 @@
 #pragma once
 
+#include "ledger/BulkChange.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/Date.h"
+#include "store/UndoLog.h"
+#include "store/Value.h"
 
 #include <cstdint>
 #include <functional>
@@ -17,6 +23,7 @@ class Connection;
 class Prompts;
 struct PeriodTotals;
 struct Platform;
+struct RowLinks;
 
 // Which statuses a view shows; none chosen shows all, as all chosen does.
 struct StatusFilter {
@@ -49,6 +56,14 @@ struct AccountRow {
   bool closed = false;
 };
 
+// What the account tree counts.
+struct TreeOptions {
+  StatusFilter filter;
+  bool includeClosed = true;
+  std::optional<Date> end;  // rows after this day do not count
+  bool valuation = false;   // adds the value of the investments held
+};
+
 // A line of the register.
 struct RegisterRow {
   std::int64_t transactionId = 0;
@@ -68,6 +83,9 @@ struct RegisterRow {
   std::int64_t action = 0;  // investment action, 0 for an ordinary row
 };
 
+// The commands of the register's pop-up menu.
+enum class StatusCommand { Uncleared, Cleared, Reconciled };
+
 // The ledger on one open data file: the one class that writes its rows.
 //
 // Operations throw StoreError. An operation that changes several rows of one structure changes all
@@ -75,17 +93,234 @@ struct RegisterRow {
 // one. Keys are 0 for none; a key that does not exist changes nothing.
 class clsCorvanta {
  public:
+  using Keys = std::span<const std::int64_t>;
+
   clsCorvanta(Connection& connection, Platform& platform);
+
+  [[nodiscard]] Connection& Store() { return connection_; }
+  // Keeps nothing until it is started.
+  [[nodiscard]] UndoLog& Undo() { return undo_; }
+
+  // --- Lists and balances
+
+  // All accounts with their balances (opening balance plus the rows that the filter shows), by
+  // group and name. Closed accounts are left out unless asked for.
   [[nodiscard]] std::vector<AccountRow> Accounts(const StatusFilter& filter, bool includeClosed);
+  [[nodiscard]] std::vector<AccountRow> Accounts(const TreeOptions& options);
+  // The register of one account in date order, ties by key. The running balance begins with the
+  // opening balance plus the shown rows before the period.
   [[nodiscard]] std::vector<RegisterRow> Register(std::int64_t accountId,
                                                   const StatusFilter& filter,
                                                   const std::optional<Period>& period);
+  // The account of that name (without regard to case) or number-sign key ("#3"); nullopt when none.
   [[nodiscard]] std::optional<AccountRow> FindAccount(const std::string& nameOrKey);
-  [[nodiscard]] Connection& Store() { return connection_; }
+  // The figures under the register (see Balances.h).
+  [[nodiscard]] PeriodTotals Totals(std::int64_t accountId, const StatusFilter& filter,
+                                    const std::optional<Period>& period);
+  // Whole entries of the account that no statement has confirmed, whatever a view shows.
+  [[nodiscard]] std::int64_t UnclearedCount(std::int64_t accountId);
+  // The sum of the shown rows up to and with that day, without the opening balance.
+  [[nodiscard]] double RunningBalance(std::int64_t accountId, const StatusFilter& filter, Date day);
+  // The account's balance in the tree; 0 for account 0. Only the options' filter, end and valuation
+  // count.
+  [[nodiscard]] double AccountBalance(std::int64_t accountId, const TreeOptions& options);
+  // Units held times latest price, over the investments in the account; in the currency of prices.
+  [[nodiscard]] double HoldingsValue(std::int64_t accountId);
+
+  // --- Transactions
+
+  [[nodiscard]] std::optional<TransactionDetails> ReadTransaction(std::int64_t transactionId);
+  // The lines of a split transaction in order of their keys.
+  [[nodiscard]] std::vector<TransactionDetails> SplitLines(std::int64_t transactionId);
+  // Writes the row and sets its transfer and split links right; its key is put into the record and
+  // returned. A twin (transferId) points back afterwards and neither half keeps split lines; a
+  // former twin becomes an ordinary row. A parent's amount is the sum of its lines, whatever the
+  // record says; the lines take its account, date and status. A line (allocatedItem, or a row that
+  // is one) takes them from its parent and changes the parent's amount.
+  std::int64_t SaveTransaction(TransactionRecord& record);
+  // Saves both halves of a transfer, linked. Either may be new; the amounts are the caller's.
+  void SaveTransfer(TransactionRecord& from, TransactionRecord& to);
+  // Deletes the row, its split lines and its other half, with what is linked and attached to them.
+  // Of a line: its parent's amount follows.
+  void DeleteTransaction(std::int64_t transactionId);
+  // Several at once; returns how many were reached before the person asked to stop.
+  std::size_t DeleteTransactions(Keys transactionIds);
+  // Payment type, payee and category of an investment transaction never change, nor the sign of an
+  // investment transaction or a transfer. Lines follow their parent. A transfer half stays out of
+  // the account that its other half is in.
+  void BulkEdit(std::int64_t transactionId, const BulkChange& change);
+  std::size_t BulkEdit(Keys transactionIds, const BulkChange& change);
+  // Of an ordinary row and its lines; transfers and investment transactions keep their sign.
+  void ReverseSign(std::int64_t transactionId);
+  // The account's latest row of that payee, and of that category unless it is 0.
+  [[nodiscard]] std::optional<TransactionRecord> LastTransaction(std::int64_t accountId,
+                                                                 std::int64_t payeeId,
+                                                                 std::int64_t categoryId = 0);
+  // A copy in the account, with its lines, keywords and attachments; returns its key, 0 when there
+  // is no such row. Of a transfer both halves are copied, where the other half's account is open
+  // and another one; otherwise, as of a split line, the copy is an ordinary row.
+  std::int64_t PasteTransaction(std::int64_t sourceId, std::int64_t accountId);
+  // Pairs imported rows whose category names another account ("Account:Savings") with the rows of
+  // that account: same day and payee, opposite sign, the same amount where the currencies are the
+  // same. Returns how many pairs were made.
+  int LinkImportedTransfers();
+
+  // --- Status
+
+  // Sets BankRec (where setRec) and then BankChk (where setChk) of a row and its lines to value.
+  void SetStatus(std::int64_t transactionId, std::int16_t value, std::int16_t setChk,
+                 std::int16_t setRec);
+  [[nodiscard]] RowMarks MarksOf(std::int64_t transactionId);
+  // The command on every row, as one step. `isTicked` says that the command's item is ticked:
+  // "&Cleared" and "&Reconciled" then take the status back. Returns how many rows were reached
+  // before the person asked to stop.
+  std::size_t ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked);
+
+  // --- Schedules
+
+  // A copy with its lines; returns its key, 0 when there is no such schedule.
+  std::int64_t PasteSchedule(std::int64_t scheduleId);
+  // With its lines. The rows posted from it are deleted too, or stay as rows entered by hand.
+  void DeleteSchedule(std::int64_t scheduleId, bool withPostedRows);
+  // The row is no longer the schedule's occurrence.
+  void DetachFromSchedule(std::int64_t transactionId);
+
+  // --- Keywords and attachments
+
+  [[nodiscard]] std::vector<KeywordRecord> Keywords();
+  [[nodiscard]] std::vector<KeywordRecord> KeywordsOf(std::int64_t transactionId);
+  // Linking twice makes one link.
+  void LinkKeyword(std::int64_t keywordId, std::int64_t transactionId);
+  void UnlinkKeyword(std::int64_t keywordId, std::int64_t transactionId);
+  [[nodiscard]] std::int64_t FindKeyword(const std::string& name);
+  std::int64_t FindOrCreateKeyword(const std::string& name);
+  std::int64_t SaveKeyword(KeywordRecord& record);
+  // Also takes it from every transaction.
+  void DeleteKeyword(std::int64_t keywordId);
+  [[nodiscard]] std::vector<AttachmentRecord> AttachmentsOf(std::int64_t transactionId);
+  std::int64_t AddAttachment(AttachmentRecord& record);
+  void DeleteAttachment(std::int64_t attachmentId);
+  void DeleteAttachments(std::int64_t transactionId);
+
+  // --- Reference data: lists
+
+  [[nodiscard]] std::vector<AccountGroupRecord> AccountGroups();
+  [[nodiscard]] std::vector<BankRecord> Banks();
+  [[nodiscard]] std::vector<CategoryRecord> Categories();
+  [[nodiscard]] std::vector<PayeeRecord> Payees();  // without investments
+  [[nodiscard]] std::vector<PaymentRecord> Payments();
+  [[nodiscard]] std::vector<CurrencyRecord> Currencies();
+  [[nodiscard]] std::vector<PeriodRecord> Periods();
+  [[nodiscard]] std::optional<AccountRecord> ReadAccount(std::int64_t accountId);
+
+  // --- Reference data: by name, without regard to case. Create operations return 0 for a name of
+  // blanks, and throw StoreError(Constraint) for one that is too long.
+
+  std::int64_t FindOrCreateAccountGroup(const std::string& name);
+  std::int64_t FindOrCreateBank(const std::string& name);
+  std::int64_t FindOrCreatePayee(const std::string& name);
+  std::int64_t FindOrCreatePayment(const std::string& name);
+  // A missing main category is made along with its sub-category; `type` (1 income, -1 expense) is
+  // of a row that is made. A new sub-category is of its main category's type.
+  std::int64_t FindOrCreateCategory(const std::string& category, const std::string& subCategory,
+                                    int type);
+  [[nodiscard]] std::int64_t FindCategory(const std::string& category,
+                                          const std::string& subCategory);
+  // A new account is in the group and currency of the record and opens with its balance.
+  std::int64_t FindOrCreateAccount(const AccountRecord& account);
+  // The key of another row of that name, or 0.
+  [[nodiscard]] std::int64_t OtherAccount(const std::string& name, std::int64_t accountId);
+  [[nodiscard]] std::int64_t OtherAccountGroup(const std::string& name, std::int64_t accountTypeId);
+  [[nodiscard]] std::int64_t OtherBank(const std::string& name, std::int64_t bankId);
+  [[nodiscard]] std::int64_t OtherPayee(const std::string& name, std::int64_t payeeId);
+  [[nodiscard]] std::int64_t OtherPayment(const std::string& name, std::int64_t paymentId);
+  [[nodiscard]] std::int64_t OtherKeyword(const std::string& name, std::int64_t keywordId);
+  [[nodiscard]] std::int64_t OtherMainCategory(const std::string& name, std::int64_t categoryId);
+  [[nodiscard]] std::int64_t OtherSubCategory(const std::string& category,
+                                              const std::string& subCategory,
+                                              std::int64_t categoryId);
+  // The first text that its column cannot hold, as words for a person; nullopt when all fit.
+  // ledger.TooLong("tblBank", {{"Bank", name}, {"Web", web}})
+  [[nodiscard]] std::optional<TextProblem> TooLong(std::string_view table,
+                                                   std::initializer_list<ColumnText> texts);
+
+  // --- Reference data: saving. Key 0 makes a new row; the key is put into the record and returned.
+
+  std::int64_t SaveAccount(AccountRecord& record);
+  std::int64_t SaveAccountGroup(AccountGroupRecord& record);
+  std::int64_t SaveBank(BankRecord& record);
+  std::int64_t SaveCategory(CategoryRecord& record);
+  std::int64_t SavePayee(PayeeRecord& record);
+  std::int64_t SavePayment(PaymentRecord& record);
+  // The main category and all its sub-categories take the new name and type.
+  void RenameMainCategory(const std::string& oldName, const std::string& newName, int type);
+
+  // --- Reference data: deleting and merging. What is in use is kept; false then.
+
+  bool DeleteAccountGroup(std::int64_t accountTypeId);
+  bool DeleteBank(std::int64_t bankId);
+  bool DeletePayee(std::int64_t payeeId);
+  bool DeletePayment(std::int64_t paymentId);
+  // A main category together with those of its sub-categories that nothing uses.
+  CategoryDeletion DeleteCategory(std::int64_t categoryId);
+  void MergeCategories(std::int64_t sourceId, std::int64_t targetId);
+  void MergePayees(std::int64_t sourceId, std::int64_t targetId);
+
+  [[nodiscard]] AccountUse UseOf(std::int64_t accountId);
+  // Deletes an account that nothing uses; false for any other.
+  bool DeleteUnusedAccount(std::int64_t accountId);
+  // The account with its transactions and schedules and what is linked and attached to them. Other
+  // halves in other accounts stay as ordinary rows; schedules of other accounts that transferred
+  // into it go on as payments.
+  void DeleteAccount(std::int64_t accountId);
+  // Asks as often as the account's use demands, then deletes. True when the account is gone.
+  bool DeleteAccount(std::int64_t accountId, Prompts& prompts);
 
  private:
+  struct Field {
+    const char* column;
+    Value value;
+  };
+  struct NamedRow {
+    const char* table;
+    const char* keyColumn;
+    std::string find;
+    std::string insert;
+    const char* step;
+  };
+
+  [[nodiscard]] std::int64_t ReadKey(const std::string& sql, std::string_view column);
+  [[nodiscard]] std::int64_t OtherKey(const std::string& sql, std::string_view keyColumn,
+                                      std::int64_t key);
+  std::int64_t FindOrInsert(const NamedRow& row, const std::string& name);
+  std::int64_t SaveRow(const std::string& table, const std::string& keyColumn, std::int64_t key,
+                       std::initializer_list<Field> fields);
+  std::size_t ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change);
+
+  [[nodiscard]] bool CanBeTwin(std::int64_t twin, std::int64_t key);
+  [[nodiscard]] bool TakeFromParent(TransactionRecord& line);
+  std::int64_t WriteRow(const TransactionRecord& record);
+  void RepairTransfer(std::int64_t key, std::int64_t twin);
+  bool SumLines(std::int64_t parentId);
+  void LinesFollow(const TransactionRecord& parent);
+  void DeleteWhole(std::int64_t transactionId);
+  void DeleteRows(const std::string& condition);
+  void ApplyColumns(std::int64_t transactionId, const BulkChange& change);
+  void ApplyType(std::int64_t transactionId, const RowLinks& row, TypeChange type);
+  void FlipSign(std::int64_t transactionId, const RowLinks& row);
+  void ApplyStatus(StatusCommand command, std::int64_t transactionId, bool isTicked);
+  void PasteTwin(std::int64_t twinId, std::int64_t copy, std::int64_t accountId);
+  std::int64_t CopyRow(std::int64_t sourceId, std::int64_t accountId, std::int64_t parentId);
+  std::int64_t CopySchedule(std::int64_t sourceId, std::int64_t parentId);
+  void DeletePostedRows(std::int64_t scheduleId);
+  void SumScheduleLines(std::int64_t scheduleId);
+  bool DeleteOneCategory(std::int64_t categoryId);
+  [[nodiscard]] std::vector<CategoryRecord> WithSubCategories(std::int64_t categoryId);
+  void Merge(const std::string& column, std::int64_t sourceId, std::int64_t targetId);
+
   Connection& connection_;
   Platform& platform_;
+  UndoLog undo_;
 };
 
 }  // namespace corvanta

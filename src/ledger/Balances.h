@@ -1,0 +1,58 @@
+// The sums that the window shows of an account, and of all accounts together.
+#pragma once
+
+#include "ledger/clsCorvanta.h"
+#include "platform/Date.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+class Locale;
+
+// The figures under the register, in the account's currency. What no row yields is absent.
+struct PeriodTotals {
+  std::optional<double> thisPeriod;  // the rows of the period and the opening balance
+  std::optional<double> balance;     // all rows up to the period's end and the opening balance
+  std::optional<double> paidIn;
+  std::optional<double> paidOut;  // negative or 0
+};
+
+// The labels as they are shown; the two that tell what was paid have a blank before the colon once
+// they carry a figure.
+struct TotalsTexts {
+  std::string thisPeriod = "This Period: ";
+  std::string balance = "Balance: ";
+  std::string paidIn = "Paid In: ";
+  std::string paidOut = "Paid Out: ";
+};
+[[nodiscard]] TotalsTexts TextsOf(const PeriodTotals& totals, const Locale& locale);
+// "Number of Uncleared records = 3"
+[[nodiscard]] std::string UnclearedText(std::int64_t count);
+
+struct CurrencyTotal {
+  std::int64_t currencyId = 0;
+  std::string currency;
+  double total = 0;
+
+  [[nodiscard]] std::string Caption() const { return "Total (" + currency + ")"; }
+};
+
+struct AccountGroupBalances {
+  std::int64_t accountTypeId = 0;
+  std::string accountType;
+  std::vector<AccountRow> accounts;
+  std::vector<CurrencyTotal> totals;  // in the order in which the currencies occur
+};
+
+// The rows of Accounts() by group, which stand together in it.
+[[nodiscard]] std::vector<AccountGroupBalances> ByGroup(const std::vector<AccountRow>& accounts);
+// One total for every currency of the accounts, in the order in which they occur.
+[[nodiscard]] std::vector<CurrencyTotal> TotalsByCurrency(const std::vector<AccountRow>& accounts);
+// The account's name as lists show it: a closed one carries " [Closed] ".
+[[nodiscard]] std::string AccountCaption(const AccountRow& account);
+
+}  // namespace corvanta

@@ -1,0 +1,102 @@
+#include "ledger/RowLinks.h"
+#include "ledger/clsCorvanta.h"
+#include "store/Connection.h"
+#include "store/SqlText.h"
+
+namespace corvanta {
+namespace {
+
+void Assign(std::string& assignments, std::string_view assignment) {
+  if (!assignments.empty()) assignments += ",";
+  assignments += assignment;
+}
+
+std::string Assignments(const BulkChange& change) {
+  std::string text;
+  if (change.accountId != 0) Assign(text, "AccountId = " + SqlNumber(change.accountId));
+  if (change.paymentId != 0) Assign(text, "PaymentId = " + SqlNumber(change.paymentId));
+  if (change.payeeId != 0) Assign(text, "PayeeID = " + SqlNumber(change.payeeId));
+  if (change.categoryId != 0) Assign(text, "CategoryID = " + SqlNumber(change.categoryId));
+  if (change.status) Assign(text, StatusAssignment(*change.status));
+  return text;
+}
+
+}  // namespace
+
+void clsCorvanta::BulkEdit(std::int64_t transactionId, const BulkChange& change) {
+  const UndoLog::Step step = undo_.Begin("Edit Transactions");
+  Transaction all = connection_.Begin();
+  const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
+  if (!row) return;
+  BulkChange allowed = change;
+  if (row->allocatedItem != 0) {
+    allowed.accountId = 0;
+    allowed.status.reset();
+  } else if (row->transferId != 0) {
+    const std::optional<RowLinks> twin = ReadLinks(connection_, row->transferId);
+    if (twin && twin->accountId == change.accountId) allowed.accountId = 0;
+  }
+  ApplyColumns(transactionId, allowed);
+  ApplyType(transactionId, *row, allowed.type);
+  all.Commit();
+}
+
+std::size_t clsCorvanta::BulkEdit(Keys transactionIds, const BulkChange& change) {
+  const UndoLog::Step step = undo_.Begin("Edit Transactions");
+  return ForEachRow(transactionIds, [&](std::int64_t key) { BulkEdit(key, change); });
+}
+
+void clsCorvanta::ApplyColumns(std::int64_t transactionId, const BulkChange& change) {
+  const std::string assignments = Assignments(change);
+  if (assignments.empty()) return;
+  const std::string key = SqlNumber(transactionId);
+  const bool ordinaryOnly = change.paymentId != 0 || change.payeeId != 0 || change.categoryId != 0;
+  const int changed =
+      connection_.Execute("UPDATE tblTransactions set " + assignments +
+                          (ordinaryOnly ? " WHERE ([Action] = 0) AND (TransactionID = " + key + ")"
+                                        : " WHERE TransactionID = " + key));
+  if (changed == 0) return;
+  const std::string lines = " WHERE AllocatedItem = " + key;
+  if (change.status) {
+    connection_.Execute("UPDATE tblTransactions set " +
+                        std::string(StatusAssignment(*change.status)) + lines);
+  }
+  if (change.accountId != 0) {
+    connection_.Execute("UPDATE tblTransactions set AccountId = " + SqlNumber(change.accountId) +
+                        lines);
+  }
+}
+
+void clsCorvanta::ApplyType(std::int64_t transactionId, const RowLinks& row, TypeChange type) {
+  const bool flips = type == TypeChange::Reverse ||
+                     (type == TypeChange::Income && row.amount < 0) ||
+                     (type == TypeChange::Expense && row.amount > 0);
+  if (flips) FlipSign(transactionId, row);
+}
+
+void clsCorvanta::ReverseSign(std::int64_t transactionId) {
+  const UndoLog::Step step = undo_.Begin("Reverse Sign");
+  Transaction all = connection_.Begin();
+  const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
+  if (!row) return;
+  FlipSign(transactionId, *row);
+  all.Commit();
+}
+
+void clsCorvanta::FlipSign(std::int64_t transactionId, const RowLinks& row) {
+  const std::string key = SqlNumber(transactionId);
+  if (row.transferIsNull) {
+    connection_.Execute("UPDATE tblTransactions set TransferID = 0 WHERE TransactionID = " + key);
+  }
+  const int flipped = connection_.Execute(
+      "UPDATE tblTransactions set [Amount] = -1*[Amount] WHERE [Action] = 0 AND TransferID = 0 "
+      "AND TransactionID = " +
+      key);
+  // The lines of a row that keeps its sign keep theirs: they must add up to it.
+  if (flipped == 0) return;
+  connection_.Execute("UPDATE tblTransactions set [Amount] = -1*[Amount] WHERE AllocatedItem = " +
+                      key);
+  if (row.allocatedItem != 0) SumLines(row.allocatedItem);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,18 @@
+#include "ledger/RowLinks.h"
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+namespace corvanta {
+
+std::optional<RowLinks> ReadLinks(Connection& store, std::int64_t transactionId) {
+  const Recordset row = store.OpenRecordset(
+      "Select AccountID, TransferID, AllocatedItem, [Action], [Amount] from tblTransactions Where "
+      "TransactionID = " +
+      SqlNumber(transactionId));
+  if (row.Eof()) return std::nullopt;
+  return RowLinks{row.Int(0), row.Int(1), row.Int(2), row.Int(3), row.Double(4), row.IsNull(1)};
+}
+
+}  // namespace corvanta

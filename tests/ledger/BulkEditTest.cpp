@@ -1,0 +1,119 @@
+#include "ledger/RecordsTest.h"
+
+namespace corvanta {
+namespace {
+
+class BulkEditing : public RecordsTest {
+ protected:
+  std::int64_t AddInvestment() {
+    TransactionRecord record = Row(bank_, -52);
+    record.action = 1;
+    return ledger_.SaveTransaction(record);
+  }
+  double Changed(std::int64_t key, TypeChange type) {
+    BulkChange change;
+    change.type = type;
+    ledger_.BulkEdit(key, change);
+    return Amount(key);
+  }
+};
+
+TEST_F(BulkEditing, ChangesWhatIsGivenInEveryRow) {
+  const std::vector<std::int64_t> keys = {Add(bank_, -1), Add(bank_, 2)};
+  BulkChange change;
+  change.accountId = savings_;
+  change.paymentId = ledger_.FindOrCreatePayment("Cheque");
+  change.payeeId = ledger_.FindOrCreatePayee("Other");
+  change.categoryId = ledger_.FindCategory("Debit", "");
+  change.status = TransactionStatus::Reconciled;
+  EXPECT_EQ(ledger_.BulkEdit(keys, change), 2U);
+  for (const std::int64_t key : keys) {
+    EXPECT_EQ(Column("AccountID", key), savings_);
+    EXPECT_EQ(Column("PaymentID", key), change.paymentId);
+    EXPECT_EQ(Column("PayeeID", key), change.payeeId);
+    EXPECT_EQ(Column("CategoryID", key), change.categoryId);
+    EXPECT_EQ(ledger_.MarksOf(key).flags, (StatusFlags{1, 1}));
+  }
+  ledger_.BulkEdit(keys, BulkChange{});
+  EXPECT_EQ(Amount(keys[1]), 2);
+}
+
+TEST_F(BulkEditing, InvestmentsKeepPayeePaymentAndCategory) {
+  const std::int64_t investment = AddInvestment();
+  BulkChange change;
+  change.payeeId = ledger_.FindOrCreatePayee("Other");
+  change.status = TransactionStatus::Cleared;
+  ledger_.BulkEdit(investment, change);
+  EXPECT_EQ(Column("PayeeID", investment), payee_);
+  change.payeeId = 0;
+  change.accountId = savings_;
+  ledger_.BulkEdit(investment, change);
+  EXPECT_EQ(Column("AccountID", investment), savings_);
+  EXPECT_EQ(Column("BankChk", investment), 1);
+}
+
+TEST_F(BulkEditing, LinesFollowTheirParent) {
+  const std::int64_t key = Add(bank_, -3);
+  const std::int64_t line = AddLine(key, -3);
+  BulkChange change;
+  change.accountId = savings_;
+  change.status = TransactionStatus::Cleared;
+  change.type = TypeChange::Reverse;
+  ledger_.BulkEdit(key, change);
+  EXPECT_EQ(Column("AccountID", line), savings_);
+  EXPECT_EQ(Column("BankChk", line), 1);
+  EXPECT_EQ(Amount(line), 3);
+  EXPECT_EQ(Amount(key), 3);
+  // A line by itself does not leave its parent.
+  change.accountId = bank_;
+  change.status = TransactionStatus::Uncleared;
+  ledger_.BulkEdit(line, change);
+  EXPECT_EQ(Column("AccountID", line), savings_);
+  EXPECT_EQ(Column("BankChk", line), 1);
+  EXPECT_EQ(Amount(key), -3);
+}
+
+TEST_F(BulkEditing, TypesFlipTheSignWhereItDiffers) {
+  const std::int64_t key = Add(bank_, -1.5);
+  EXPECT_EQ(Changed(key, TypeChange::Expense), -1.5);
+  EXPECT_EQ(Changed(key, TypeChange::Income), 1.5);
+  EXPECT_EQ(Changed(key, TypeChange::Income), 1.5);
+  EXPECT_EQ(Changed(key, TypeChange::Reverse), -1.5);
+  EXPECT_EQ(Changed(key, TypeChange::None), -1.5);
+}
+
+TEST_F(BulkEditing, TransfersAndInvestmentsKeepTheirSign) {
+  const auto [from, to] = AddTransfer(bank_, savings_, 25);
+  const std::int64_t investment = AddInvestment();
+  for (const std::int64_t key : {from, to, investment}) {
+    const double amount = Amount(key);
+    EXPECT_EQ(Changed(key, TypeChange::Reverse), amount);
+    ledger_.ReverseSign(key);
+    EXPECT_EQ(Amount(key), amount);
+  }
+}
+
+TEST_F(BulkEditing, ARowOfAnOldFileFlipsWithItsLines) {
+  const std::int64_t key = Add(bank_, -2);
+  const std::int64_t line = AddLine(key, -2);
+  Run("UPDATE tblTransactions SET TransferID = NULL");
+  ledger_.ReverseSign(key);
+  EXPECT_EQ(Amount(key), 2);
+  EXPECT_EQ(Amount(line), 2);
+  Run("UPDATE tblTransactions SET TransferID = 0");
+}
+
+TEST_F(BulkEditing, ATransferHalfStaysOutOfItsTwinsAccount) {
+  const auto [from, to] = AddTransfer(bank_, savings_, 25);
+  BulkChange change;
+  change.accountId = savings_;
+  ledger_.BulkEdit(std::vector{from, to}, change);
+  EXPECT_EQ(Column("AccountID", from), bank_);
+  change.accountId = euros_;
+  ledger_.BulkEdit(std::vector{from, to}, change);
+  EXPECT_EQ(Column("AccountID", from), euros_);
+  EXPECT_EQ(Column("AccountID", to), savings_);
+}
+
+}  // namespace
+}  // namespace corvanta
