@@ -6,7 +6,6 @@
 #include "controls/Style.h"
 #include "platform/Prompts.h"
 
-#include <QAbstractButton>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
@@ -109,6 +108,7 @@ void EditorDialog::AddButtons() {
   std::vector<QPushButton*> row = editButtons_;
   row.insert(row.begin(), another);
   for (QPushButton* button : row) buttons_->addWidget(button);
+  buttons_->addSpacing(2 * kRhythm);
   buttons_->addStretch(1);
   buttons_->addWidget(accept);
   buttons_->addWidget(cancel);
@@ -124,6 +124,7 @@ void EditorDialog::AddButtons() {
 }
 
 bool EditorDialog::Open(std::int64_t key) {
+  Note({});
   if (key == 0) {
     Clear();
   } else if (!Load(key)) {

@@ -101,6 +101,13 @@ std::vector<RegisterRow> clsCorvanta::Register(std::int64_t accountId, const Sta
   double balance = BalanceBefore(connection_, accountId, filter, period);
   std::vector<RegisterRow> result;
   const RegisterNames names(connection_, accountId);
+  // Growing step by step would move a long register several times over.
+  result.reserve(static_cast<std::size_t>(
+      connection_
+          .QueryValue("Select Count(*) from tblTransactions T WHERE T.AllocatedItem = 0 AND "
+                      "T.AccountID = " +
+                      SqlNumber(accountId))
+          .Int()));
   Recordset rows = connection_.OpenRecordset(RegisterStatement(accountId, filter, period));
   const RegisterReader reader(rows, names);
   for (; !rows.Eof(); rows.MoveNext()) {

@@ -34,23 +34,23 @@ std::size_t clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int
   using Time = std::chrono::steady_clock;
   constexpr auto kCommitEvery = std::chrono::milliseconds(250);
   std::size_t done = 0;
-  while (done < keys.size()) {
+  bool goesOn = true;
+  while (goesOn && done < keys.size()) {
     const Time::time_point start = Time::now();
     Transaction batch = connection_.Begin();
     try {
       do {
         change(keys[done]);
         ++done;
-      } while (done < keys.size() && Time::now() - start < kCommitEvery);
+        goesOn = platform_.progress.Yield();
+      } while (goesOn && done < keys.size() && Time::now() - start < kCommitEvery);
     } catch (const StoreError&) {
       platform_.progress.SetStep(0, 0);
       batch.Commit();
       throw;
     }
     batch.Commit();
-    if (done == keys.size()) break;
-    platform_.progress.SetStep(done, keys.size());
-    if (!platform_.progress.Yield()) break;
+    if (done < keys.size()) platform_.progress.SetStep(done, keys.size());
   }
   platform_.progress.SetStep(0, 0);
   return done;

@@ -152,6 +152,7 @@ int Settings::InvestmentDecimals() const {
 void Settings::ResetColumns() {
   std::map<std::string, std::string> empty;
   for (const Setting setting : kColumnSettings) empty.emplace(InfoOf(setting).name, "");
+  empty.emplace("chA", "");  // the window's own, of the accounts list
   registry_.WriteAll(Hive::CurrentUser, kSettingsKey, empty);
 }
 

@@ -25,11 +25,14 @@ struct AccessPath {
   const char* columns;
 };
 
-// What the ledger looks rows up by, over and over: a transfer's other half, an account's rows by
-// date, a schedule's posted rows, a payee's prices, a transaction's keywords and attachments.
+// What the ledger looks rows up by, over and over: an account's rows by date, with all that its
+// balances and totals are made of, so that these never touch the rows themselves; a transfer's
+// other half, a schedule's posted rows, a payee's prices, a transaction's keywords and attachments.
 constexpr std::array kAccessPaths = {
+    AccessPath{"tblTransactions", "fast_Register",
+               "\"AccountID\", \"AllocatedItem\", \"Date\", \"TransactionID\", \"CategoryID\", "
+               "\"BankChk\", \"BankRec\", \"Amount\""},
     AccessPath{"tblTransactions", "fast_Transfer", "\"TransferID\""},
-    AccessPath{"tblTransactions", "fast_Account", "\"AccountID\", \"Date\""},
     AccessPath{"tblTransactions", "fast_Schedule", "\"BankSch\", \"ScheduleDate\""},
     AccessPath{"tblHistory", "fast_Price", "\"PayeeID\", \"Date\""},
     AccessPath{"tblKeywordLink", "fast_Keyword", "\"TransactionID\""},

@@ -29,7 +29,14 @@ class UndoLog::Impl : public ConnectionWatch {
       : store_(&store), rows_(std::move(tables)) {}
 
   ~Impl() override {
-    if (store_ != nullptr && store_->Watch() == this) store_->SetWatch(nullptr);
+    // One that was never started may outlive the connection unnoticed.
+    if (!started_) return;
+    if (store_->Watch() == this) store_->SetWatch(nullptr);
+    try {
+      rows_.Close();
+    } catch (const StoreError&) {
+      // The triggers go with the connection at the latest.
+    }
   }
 
   void Start() {

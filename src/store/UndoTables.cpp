@@ -149,6 +149,8 @@ void UndoTables::Apply(sqlite3_stmt* logged) {
   sqlite3_reset(statement);
 }
 
+// OR FAIL: a failing statement need not be taken back by itself, for the whole transaction is. The
+// library would otherwise keep, and encipher, every page that each of the statements changes.
 sqlite3_stmt* UndoTables::StatementFor(Table& table, Kind kind) {
   const std::string name = "main." + QuoteName(table.name);
   const std::string row = " WHERE " + QuoteName(table.key) + " = ?";
@@ -158,12 +160,12 @@ sqlite3_stmt* UndoTables::StatementFor(Table& table, Kind kind) {
   };
   if (kind == Kind::Insert) return prepared(table.deleteRow, "DELETE FROM " + name + row);
   if (kind == Kind::Update) {
-    return prepared(table.restoreRow,
-                    "UPDATE " + name + " SET " + List(table.columns, "", ", ", " = ?") + row);
+    return prepared(table.restoreRow, "UPDATE OR FAIL " + name + " SET " +
+                                          List(table.columns, "", ", ", " = ?") + row);
   }
   std::string marks = "?";
   for (std::size_t i = 1; i < table.columns.size(); ++i) marks += ", ?";
-  return prepared(table.insertRow, "INSERT INTO " + name + " (" +
+  return prepared(table.insertRow, "INSERT OR FAIL INTO " + name + " (" +
                                        List(table.columns, "", ", ", "") + ") VALUES (" + marks +
                                        ")");
 }

@@ -1,0 +1,118 @@
+#include "reference/AccountEditor.h"
+
+#include "ledger/clsCorvanta.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/TextCase.h"
+#include "reference/RowOf.h"
+#include "reference/Rules.h"
+#include "store/Connection.h"
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+constexpr std::string_view kTransferMark = "account:";
+constexpr std::string_view kEveryAccount = "<Import All Accounts Automatically>";
+
+bool IsNoBank(std::string_view bank) {
+  return Trim(bank).empty() || EqualFolded(Trim(bank), kNoBank);
+}
+
+bool IsReserved(std::string_view name) {
+  return FoldCase(Trim(name)).starts_with(kTransferMark) || EqualFolded(Trim(name), kEveryAccount);
+}
+
+}  // namespace
+
+AccountForm AccountEditor::New() {
+  AccountForm form;
+  const std::string own = platform_.locale.CurrencyCode();
+  const auto currencies = ledger_.Currencies();
+  const auto currency = std::find_if(
+      currencies.begin(), currencies.end(),
+      [&](const CurrencyRecord& candidate) { return EqualFolded(candidate.currency, own); });
+  if (currency != currencies.end()) form.currencyId = currency->currencyId;
+  return form;
+}
+
+std::optional<AccountForm> AccountEditor::Load(std::int64_t key) {
+  const auto row = ledger_.ReadAccount(key);
+  if (!row) return std::nullopt;
+  const auto group =
+      RowOf(ledger_.AccountGroups(), &AccountGroupRecord::accountTypeId, row->accountTypeId);
+  const auto bank = RowOf(ledger_.Banks(), &BankRecord::bankId, row->bankId);
+  AccountForm form;
+  form.accountId = row->accountId;
+  form.account = row->account;
+  form.accountNo = row->accountNo;
+  if (group) form.accountGroup = group->accountType;
+  if (bank) form.bank = bank->bank;
+  form.currencyId = row->currencyId;
+  form.openingBalance = row->openingBalance;
+  form.description = row->description;
+  form.closed = row->closed;
+  return form;
+}
+
+std::optional<Warning> AccountEditor::Check(const AccountForm& form) {
+  if (auto warning = Missing(form.account, "an Account", "txtAccount")) return warning;
+  if (auto warning = Missing(form.accountGroup, "an Account Group", "cmbAccountType")) {
+    return warning;
+  }
+  if (auto warning = NameTooLong(form.accountGroup, "Account Group", "cmbAccountType")) {
+    return warning;
+  }
+  if (auto warning = NameTooLong(form.bank, "Bank", "cmbBank")) return warning;
+  if (form.currencyId == 0) {
+    return Warning{kSaveWarning, "You need to select a Currency", "cmbCurrency"};
+  }
+  if (auto warning = NameTooLong(form.account, "Account", "txtAccount")) return warning;
+  if (IsReserved(form.account)) {
+    return Warning{kSaveWarning, "You can not select this as an Account", "txtAccount"};
+  }
+  if (!form.openingBalance) {
+    return Warning{kSaveWarning, "You need to enter a valid Opening Balance", "txtOpeningBalance"};
+  }
+  if (auto warning = TextTooLong(ledger_, "tblAccounts",
+                                 {{"AccountNo", form.accountNo, "txtAccountNo"},
+                                  {"Description", form.description, "txtDescription"}})) {
+    return warning;
+  }
+  return Duplicate(ledger_.OtherAccount(form.account, form.accountId) != 0, "Account",
+                   "txtAccount");
+}
+
+std::int64_t AccountEditor::Save(const AccountForm& form) {
+  const UndoLog::Step step =
+      ledger_.Undo().Begin(form.accountId == 0 ? "Add Account" : "Edit Account");
+  Transaction all = ledger_.Store().Begin();
+  AccountRecord record;
+  record.accountId = form.accountId;
+  record.account = Trim(form.account);
+  record.accountNo = Trim(form.accountNo);
+  record.accountTypeId = ledger_.FindOrCreateAccountGroup(form.accountGroup);
+  record.bankId = IsNoBank(form.bank) ? 0 : ledger_.FindOrCreateBank(form.bank);
+  record.openingBalance = form.openingBalance.value_or(0);
+  record.currencyId = form.currencyId;
+  record.description = Trim(form.description);
+  record.closed = form.closed;
+  const std::int64_t key = ledger_.SaveAccount(record);
+  all.Commit();
+  return key;
+}
+
+Deletion AccountEditor::Delete(std::int64_t key) {
+  const bool isGone = ledger_.DeleteAccount(key, platform_.prompts);
+  return {isGone, isGone, {}};
+}
+
+std::optional<Warning> AccountEditor::CheckAddBank(std::int64_t key) {
+  if (key != 0) return std::nullopt;
+  return Warning{kSaveWarning,
+                 "Account details have not been saved. Please save details before continuing",
+                 "txtAccount"};
+}
+
+}  // namespace corvanta

@@ -1,0 +1,133 @@
+#include "reference/CategoryEditor.h"
+
+#include "ledger/clsCorvanta.h"
+#include "platform/Prompts.h"
+#include "platform/TextCase.h"
+#include "reference/RowOf.h"
+#include "reference/Rules.h"
+#include "store/Connection.h"
+
+namespace corvanta {
+namespace {
+
+constexpr int kExpense = -1;
+
+std::optional<Warning> CheckBudget(const CategoryForm& form) {
+  if (!form.budget) {
+    return Warning{kSaveWarning, "You need to enter a valid Budget", "txtBudget"};
+  }
+  if (*form.budget == 0) return std::nullopt;
+  if (form.type == 0) {
+    return Warning{kSaveWarning, "You need to enter a Budget Type, when setting a budget",
+                   "cmbType"};
+  }
+  if (form.periodId == 0) {
+    return Warning{kSaveWarning, "You need to select a Budget Period, when setting a budget",
+                   "cmbPeriod"};
+  }
+  return std::nullopt;
+}
+
+}  // namespace
+
+std::string FullName(const CategoryRecord& category) {
+  return category.subCategory.empty() ? category.category
+                                      : category.category + ":" + category.subCategory;
+}
+
+std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
+  const auto row = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, key);
+  if (!row) return std::nullopt;
+  return CategoryForm{row->categoryId, row->category, row->subCategory, row->type,
+                      row->budget,     row->periodId, row->description};
+}
+
+std::optional<Warning> CategoryEditor::Check(const CategoryForm& form) {
+  if (auto warning = Missing(form.category, "a Category", "cmbCategory")) return warning;
+  if (auto warning = NameTooLong(form.category, "Category", "cmbCategory")) return warning;
+  if (auto warning = NameTooLong(form.subCategory, "Sub Category", "txtSubCategory")) {
+    return warning;
+  }
+  if (auto warning = CheckBudget(form)) return warning;
+  if (auto warning = TextTooLong(ledger_, "tblCategory",
+                                 {{"Description", form.description, "txtDescription"}})) {
+    return warning;
+  }
+  const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  for (const char* fixed : {"Credit", "Debit"}) {
+    if (!former || !former->subCategory.empty()) break;
+    if (auto warning =
+            FixedName(fixed, former->category, form.category, "Category", "cmbCategory")) {
+      return warning;
+    }
+  }
+  if (Trim(form.subCategory).empty()) {
+    return Duplicate(ledger_.OtherMainCategory(form.category, form.categoryId) != 0, "Category",
+                     "cmbCategory");
+  }
+  return Duplicate(ledger_.OtherSubCategory(form.category, form.subCategory, form.categoryId) != 0,
+                   "Sub category", "txtSubCategory");
+}
+
+int CategoryEditor::TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former) {
+  if (form.type != 0) return form.type;
+  if (former) return former->type;
+  const auto main = RowOf(ledger_.Categories(), &CategoryRecord::categoryId,
+                          ledger_.FindCategory(form.category, {}));
+  return main ? main->type : kExpense;
+}
+
+// Whether a sub-category would meet another one of its name.
+bool CategoryEditor::Clashes(const std::string& oldName, const std::string& newName) {
+  if (EqualFolded(oldName, newName)) return false;
+  for (const CategoryRecord& row : ledger_.Categories()) {
+    if (row.subCategory.empty() || !EqualFolded(row.category, oldName)) continue;
+    if (ledger_.OtherSubCategory(newName, row.subCategory, row.categoryId) != 0) return true;
+  }
+  return false;
+}
+
+std::int64_t CategoryEditor::Save(CategoryForm form) {
+  TrimText(form.category);
+  TrimText(form.subCategory);
+  TrimText(form.description);
+  const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const bool isMain = form.subCategory.empty();
+  const bool isRenamed = former && former->category != form.category;
+  const int type = TypeOf(form, former);
+  const bool takesAlong =
+      isRenamed && isMain && former->subCategory.empty() &&
+      prompts_.Ask("Amend Category",
+                   "Do you want to amend the name for this category and all sub categories");
+  if (takesAlong && Clashes(former->category, form.category)) {
+    prompts_.Tell("Duplicate Record", "Sub category already exists");
+    return 0;
+  }
+  const UndoLog::Step step = ledger_.Undo().Begin(former ? "Edit Category" : "Add Category");
+  Transaction all = ledger_.Store().Begin();
+  if (takesAlong) ledger_.RenameMainCategory(former->category, form.category, type);
+  CategoryRecord record{form.categoryId,         form.category, form.subCategory, type,
+                        form.budget.value_or(0), form.periodId, form.description};
+  const std::int64_t key = ledger_.SaveCategory(record);
+  // Behind the row, for it may have been the main category itself until now.
+  if (!isMain && (!former || isRenamed || former->subCategory.empty())) {
+    ledger_.FindOrCreateCategory(form.category, {}, type);
+  }
+  all.Commit();
+  return key;
+}
+
+Deletion CategoryEditor::Delete(std::int64_t key) {
+  if (!AskDelete(prompts_)) return {};
+  const CategoryDeletion done = ledger_.DeleteCategory(key);
+  Deletion deletion;
+  deletion.isChanged = done.deleted > 0;
+  deletion.isGone = deletion.isChanged;
+  for (const CategoryRecord& row : done.kept) {
+    if (row.categoryId == key) deletion.isGone = false;
+    deletion.kept.push_back(FullName(row));
+  }
+  return deletion;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "controls/EditorDialog.h"
+#include "reference/AccountEditor.h"
+
+class QCheckBox;
+class QLineEdit;
+
+namespace corvanta {
+
+class AmountEdit;
+class PickBox;
+
+// The editor of accounts.
+class FrmAccounts : public EditorDialog {
+  Q_OBJECT
+
+ public:
+  FrmAccounts(Platform& platform, clsCorvanta& ledger, QWidget* parent);
+
+ protected:
+  void Clear() override { Show(editor_.New()); }
+  bool Load(std::int64_t key) override;
+  [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
+  std::int64_t Save() override { return editor_.Save(Form()); }
+  bool Delete() override { return editor_.Delete(Key()).isGone; }
+  [[nodiscard]] QString ItemName() const override;
+
+ private:
+  void FillLists();
+  void FillBanks();
+  void Show(const AccountForm& row);
+  [[nodiscard]] AccountForm Form() const;
+  void AddBank();
+
+  Platform& platform_;
+  clsCorvanta& ledger_;
+  AccountEditor editor_;
+  QLineEdit* txtAccount_;
+  PickBox* cmbAccountType_;
+  PickBox* cmbBank_;
+  QLineEdit* txtAccountNo_;
+  PickBox* cmbCurrency_;
+  AmountEdit* txtOpeningBalance_;
+  QLineEdit* txtDescription_;
+  QCheckBox* chkCloseAccount_;
+};
+
+}  // namespace corvanta

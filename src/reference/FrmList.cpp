@@ -1,0 +1,216 @@
+#include "reference/FrmList.h"
+
+#include "controls/CommandEdge.h"
+#include "controls/EmptyState.h"
+#include "controls/ListTable.h"
+#include "controls/MutedLabel.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Platform.h"
+#include "reference/ReferenceDialogs.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+constexpr int kMargin = 2 * kRhythm;
+constexpr int kKeyRole = Qt::UserRole;
+
+// What one kind of list says about itself.
+struct ListWords {
+  ReferenceKind editor;
+  QString column;
+  QString icon;
+  QString none;
+  QString add;
+};
+
+ListWords WordsOf(ListKind kind) {
+  switch (kind) {
+    case ListKind::Payment:
+      return {ReferenceKind::Payment, FrmList::tr("Payment Type"), QStringLiteral("transfer"),
+              FrmList::tr("No payment types"), FrmList::tr("Add a payment type")};
+    case ListKind::Bank:
+      return {ReferenceKind::Bank, FrmList::tr("Bank"), QStringLiteral("accounts"),
+              FrmList::tr("No banks"), FrmList::tr("Add a bank")};
+    case ListKind::AccountType:
+      return {ReferenceKind::AccountGroup, FrmList::tr("Account Group"), QStringLiteral("accounts"),
+              FrmList::tr("No account groups"), FrmList::tr("Add an account group")};
+    case ListKind::Keywords:
+      break;
+  }
+  return {ReferenceKind::Keyword, FrmList::tr("Keyword"), QStringLiteral("register"),
+          FrmList::tr("No keywords yet"), FrmList::tr("Add a keyword")};
+}
+
+QString PurposeOf(ListKind kind) {
+  switch (kind) {
+    case ListKind::Payment:
+      return FrmList::tr("Payment types say how money changed hands, such as cash or card.");
+    case ListKind::Bank:
+      return FrmList::tr("Banks keep the addresses and numbers that belong to your accounts.");
+    case ListKind::AccountType:
+      return FrmList::tr("Every account stands in a group, such as bank or cash accounts.");
+    case ListKind::Keywords:
+      break;
+  }
+  return FrmList::tr("Keywords mark transactions that belong together, whatever their category.");
+}
+
+}  // namespace
+
+FrmList::FrmList(ListKind kind, Platform& platform, clsCorvanta& ledger, QWidget* parent)
+    : QDialog(parent),
+      platform_(platform),
+      ledger_(ledger),
+      editor_(kind, ledger, platform.prompts),
+      pages_(new QStackedWidget(this)),
+      lvList_(new ListTable(pages_)),
+      empty_(new EmptyState(pages_)),
+      model_(new QStandardItemModel(this)),
+      lblNote_(new MutedLabel(this)),
+      newAction_(new QAction(tr("&New"), this)),
+      cmdNew_(new QPushButton(tr("&New..."), this)),
+      cmdEdit_(new QPushButton(tr("&Edit..."), this)),
+      cmdDelete_(new QPushButton(tr("&Delete"), this)) {
+  setObjectName(QStringLiteral("FrmList"));
+  setWindowTitle(ToQt(editor_.Caption()));
+  setModal(true);
+  newAction_->setStatusTip(WordsOf(kind).add);
+  MakeTable();
+  MakeLayout();
+  connect(newAction_, &QAction::triggered, this, &FrmList::New);
+  connect(cmdNew_, &QPushButton::clicked, this, &FrmList::New);
+  connect(cmdEdit_, &QPushButton::clicked, this, &FrmList::Edit);
+  connect(cmdDelete_, &QPushButton::clicked, this, &FrmList::Delete);
+  connect(lvList_, &QAbstractItemView::activated, this, &FrmList::Edit);
+  connect(lvList_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &FrmList::EnableButtons);
+  RunCommand(platform_.prompts, [this] { Fill(0); });
+}
+
+void FrmList::MakeTable() {
+  const bool isPlain = editor_.Kind() == ListKind::Keywords;
+  const int width = fontMetrics().horizontalAdvance(QStringLiteral("A name of some length"));
+  model_->setColumnCount(isPlain ? 1 : 2);
+  model_->setHeaderData(0, Qt::Horizontal, WordsOf(editor_.Kind()).column);
+  if (!isPlain) model_->setHeaderData(1, Qt::Horizontal, tr("Description"));
+  lvList_->setObjectName(QStringLiteral("lvList"));
+  lvList_->setAccessibleName(ToQt(editor_.Caption()));
+  lvList_->setSelectionMode(QAbstractItemView::SingleSelection);
+  lvList_->setAlternatingRowColors(true);
+  lvList_->setModel(model_);
+  lvList_->SetColumns(isPlain ? std::vector<ListTable::Column>{{width, 1}}
+                              : std::vector<ListTable::Column>{{width, 2}, {width, 3}});
+  auto* remove = new QAction(this);
+  remove->setShortcut(QKeySequence::Delete);
+  remove->setShortcutContext(Qt::WidgetShortcut);
+  connect(remove, &QAction::triggered, this, &FrmList::Delete);
+  lvList_->addAction(remove);
+}
+
+void FrmList::MakeLayout() {
+  cmdNew_->setObjectName(QStringLiteral("cmdNew"));
+  cmdEdit_->setObjectName(QStringLiteral("cmdEdit"));
+  cmdDelete_->setObjectName(QStringLiteral("cmdDelete"));
+  auto* close = new QPushButton(tr("&Close"), this);
+  close->setObjectName(QStringLiteral("cmdCancel"));
+  cmdEdit_->setDefault(true);
+  pages_->addWidget(lvList_);
+  pages_->addWidget(empty_);
+  pages_->setFrameShape(QFrame::StyledPanel);
+  lblNote_->setObjectName(QStringLiteral("lblNote"));
+  lblNote_->setTextFormat(Qt::PlainText);
+  lblNote_->setWordWrap(true);
+  lblNote_->hide();
+  auto* buttons = new QHBoxLayout;
+  buttons->setSpacing(kRhythm);
+  for (QPushButton* button : {cmdNew_, cmdEdit_, cmdDelete_}) buttons->addWidget(button);
+  buttons->addStretch(1);
+  buttons->addWidget(close);
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  page->setSpacing(kRhythm + kRhythm / 2);
+  page->addWidget(pages_, 1);
+  page->addWidget(lblNote_);
+  page->addLayout(buttons);
+  resize(66 * kRhythm, 54 * kRhythm);
+  connect(close, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+// The row that was chosen stays so, or the one that took its place.
+void FrmList::Fill(std::int64_t chosen) {
+  const int former = std::max(0, lvList_->currentIndex().row());
+  const std::vector<ListItem> items = editor_.Items();
+  model_->setRowCount(0);
+  int row = std::min(former, static_cast<int>(items.size()) - 1);
+  for (const ListItem& item : items) {
+    auto* name = new QStandardItem(ToQt(item.name));
+    name->setData(static_cast<qint64>(item.key), kKeyRole);
+    if (item.key == chosen) row = model_->rowCount();
+    QList<QStandardItem*> cells{name};
+    if (model_->columnCount() > 1) cells.append(new QStandardItem(ToQt(item.description)));
+    model_->appendRow(cells);
+  }
+  if (row >= 0) lvList_->setCurrentIndex(model_->index(row, 0));
+  if (items.empty()) {
+    const ListWords words = WordsOf(editor_.Kind());
+    empty_->Show(words.icon, words.none, PurposeOf(editor_.Kind()), newAction_);
+  }
+  pages_->setCurrentIndex(items.empty() ? 1 : 0);
+  EnableButtons();
+}
+
+std::int64_t FrmList::ChosenKey() const {
+  const QModelIndex index = lvList_->currentIndex();
+  return index.isValid() ? index.siblingAtColumn(0).data(kKeyRole).toLongLong() : 0;
+}
+
+void FrmList::EnableButtons() {
+  const bool isChosen = ChosenKey() != 0;
+  cmdEdit_->setEnabled(isChosen);
+  cmdDelete_->setEnabled(isChosen);
+}
+
+void FrmList::New() {
+  OpenEditor(0);
+}
+
+void FrmList::Edit() {
+  if (ChosenKey() != 0) OpenEditor(ChosenKey());
+}
+
+void FrmList::OpenEditor(std::int64_t key) {
+  lblNote_->hide();
+  RunCommand(platform_.prompts, [&] {
+    const DialogResult result =
+        OpenReferenceEditor(WordsOf(editor_.Kind()).editor, key, {platform_, ledger_, this});
+    if (!result.isChanged) return;
+    isChanged_ = true;
+    Fill(result.savedKey != 0 ? result.savedKey : key);
+  });
+}
+
+void FrmList::Delete() {
+  const std::int64_t key = ChosenKey();
+  if (key == 0) return;
+  lblNote_->hide();
+  RunCommand(platform_.prompts, [&] {
+    const Deletion deletion = editor_.Delete(key);
+    lblNote_->setText(ToQt(deletion.Notice()));
+    lblNote_->setVisible(!deletion.kept.empty());
+    if (!deletion.isChanged) return;
+    isChanged_ = true;
+    Fill(0);
+  });
+}
+
+}  // namespace corvanta

@@ -1,0 +1,40 @@
+#include "reference/PayeeEditor.h"
+
+#include "ledger/clsCorvanta.h"
+#include "platform/TextCase.h"
+#include "reference/RowOf.h"
+#include "reference/Rules.h"
+
+namespace corvanta {
+
+std::optional<PayeeRecord> PayeeEditor::Load(std::int64_t key) {
+  return RowOf(ledger_.Payees(), &PayeeRecord::payeeId, key);
+}
+
+std::optional<Warning> PayeeEditor::Check(const PayeeRecord& form) {
+  if (auto warning = Missing(form.payee, "a Payee", "txtPayee")) return warning;
+  if (auto warning = NameTooLong(form.payee, "Payee", "txtPayee")) return warning;
+  if (auto warning = TextTooLong(ledger_, "tblPayees",
+                                 {{"Description", form.description, "txtDescription"}})) {
+    return warning;
+  }
+  const auto former = Load(form.payeeId);
+  // Rows of one name that came with an import stay open to other changes.
+  if (former && EqualFolded(Trim(form.payee), former->payee)) return std::nullopt;
+  return Duplicate(ledger_.OtherPayee(form.payee, form.payeeId) != 0, "Payee", "txtPayee");
+}
+
+std::int64_t PayeeEditor::Save(PayeeRecord form) {
+  TrimText(form.payee);
+  TrimText(form.description);
+  const UndoLog::Step step = ledger_.Undo().Begin(form.payeeId == 0 ? "Add Payee" : "Edit Payee");
+  return ledger_.SavePayee(form);
+}
+
+Deletion PayeeEditor::Delete(std::int64_t key) {
+  if (!AskDelete(prompts_)) return {};
+  const auto row = Load(key);
+  return DeletionOf(ledger_.DeletePayee(key), row ? row->payee : std::string());
+}
+
+}  // namespace corvanta

@@ -1,0 +1,49 @@
+#include "reference/Rules.h"
+
+#include "ledger/clsCorvanta.h"
+#include "platform/TextCase.h"
+
+namespace corvanta {
+
+std::optional<Warning> Missing(std::string_view text, std::string_view what,
+                               std::string_view field) {
+  if (!Trim(text).empty()) return std::nullopt;
+  return Warning{kSaveWarning, "You need to enter " + std::string(what), std::string(field)};
+}
+
+std::optional<Warning> NameTooLong(std::string_view text, std::string_view what,
+                                   std::string_view field) {
+  if (TextLength(Trim(text)) <= kLongestName) return std::nullopt;
+  return Warning{kSaveWarning, std::string(what) + " must be less than 100 characters long",
+                 std::string(field)};
+}
+
+std::optional<Warning> Duplicate(bool isThere, std::string_view what, std::string_view field) {
+  if (!isThere) return std::nullopt;
+  return Warning{"Duplicate Record", std::string(what) + " already exists", std::string(field)};
+}
+
+std::optional<Warning> FixedName(std::string_view fixed, std::string_view former,
+                                 std::string_view name, std::string_view what,
+                                 std::string_view field) {
+  if (!EqualFolded(former, fixed) || EqualFolded(Trim(name), fixed)) return std::nullopt;
+  return Warning{kSaveWarning,
+                 "The " + std::string(what) + " '" + std::string(fixed) +
+                     "' is needed by the program and keeps its name",
+                 std::string(field)};
+}
+
+std::optional<Warning> TextTooLong(clsCorvanta& ledger, std::string_view table,
+                                   std::initializer_list<FieldText> texts) {
+  for (const FieldText& text : texts) {
+    const auto problem = ledger.TooLong(table, {{text.column, text.text}});
+    if (problem) return Warning{kSaveWarning, problem->text, std::string(text.field)};
+  }
+  return std::nullopt;
+}
+
+void TrimText(std::string& text) {
+  text = std::string(Trim(text));
+}
+
+}  // namespace corvanta
