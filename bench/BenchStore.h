@@ -1,7 +1,7 @@
 #pragma once
 
 #include "store/Connection.h"
-#include "store/Encryption.h"
+#include "store/engine/Encryption.h"
 #include "support/TestPlatform.h"
 
 #include <sqlcipher/sqlite3.h>

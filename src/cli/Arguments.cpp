@@ -4,6 +4,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <charconv>
+#include <system_error>
 #include <utility>
 
 namespace corvanta {
@@ -19,6 +21,16 @@ std::string StatusFault(const std::string& text) {
 
 Date DayOf(const std::string& text, const char* fallback) {
   return Date::FromIso(text.empty() ? fallback : text).value_or(Date());
+}
+
+std::optional<double> ReadPlainNumber(const std::string& text) {
+  // Neither words such as "nan" nor an exponent.
+  if (text.find_first_not_of("0123456789.-") != std::string::npos) return std::nullopt;
+  double number = 0;
+  const char* end = text.data() + text.size();
+  const auto [last, error] = std::from_chars(text.data(), end, number, std::chars_format::fixed);
+  if (error != std::errc() || last != end) return std::nullopt;
+  return number;
 }
 
 }  // namespace
@@ -39,6 +51,14 @@ std::function<std::string(std::string&)> OneOf(std::vector<std::string> words) {
 
 std::string EmptyFault(const std::string& text) {
   return text.empty() ? "it may not be empty" : std::string();
+}
+
+std::string NumberFault(const std::string& text) {
+  return ReadPlainNumber(text) ? "" : "'" + text + "' is no number such as 1234.56";
+}
+
+double NumberOf(const std::string& text) {
+  return ReadPlainNumber(text).value_or(0);
 }
 
 std::string DateFault(const std::string& text) {

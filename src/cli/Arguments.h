@@ -38,6 +38,11 @@ struct StatusArgument {
 // What is wrong with an argument that may not be empty; empty when nothing is. An unset variable of
 // a script must not lead to the user's own file.
 [[nodiscard]] std::string EmptyFault(const std::string& text);
+// What is wrong with a number argument: digits, a point before decimals, a minus sign in front;
+// empty when nothing is. Whatever the locale, for a script must mean the same everywhere.
+[[nodiscard]] std::string NumberFault(const std::string& text);
+// The number of an argument that has no fault.
+[[nodiscard]] double NumberOf(const std::string& text);
 // What is wrong with a date argument, which is YYYY-MM-DD alone; empty when nothing is.
 [[nodiscard]] std::string DateFault(const std::string& text);
 

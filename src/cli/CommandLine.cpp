@@ -2,11 +2,22 @@
 
 #include "cli/AccountsCommand.h"
 #include "cli/Arguments.h"
+#include "cli/AttachCommand.h"
+#include "cli/BalanceCommand.h"
+#include "cli/BankCommand.h"
+#include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
+#include "cli/DeleteCommand.h"
+#include "cli/GroupCommand.h"
 #include "cli/KeyCommand.h"
+#include "cli/KeywordCommand.h"
+#include "cli/MergeCommand.h"
 #include "cli/NewCommand.h"
+#include "cli/PayeeCommand.h"
+#include "cli/PaymentCommand.h"
 #include "cli/RegisterCommand.h"
 #include "cli/Session.h"
+#include "cli/SetStatusCommand.h"
 #include "cli/SettingsCommand.h"
 #include "cli/SqlCommand.h"
 #include "cli/ValidateCommand.h"
@@ -136,7 +147,18 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<SettingsCommand>());
   add(std::make_unique<KeyCommand>());
   add(std::make_unique<AccountsCommand>());
+  add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());
+  add(std::make_unique<SetStatusCommand>());
+  add(std::make_unique<DeleteCommand>());
+  add(std::make_unique<AttachCommand>());
+  add(std::make_unique<CategoryCommand>());
+  add(std::make_unique<PayeeCommand>());
+  add(std::make_unique<PaymentCommand>());
+  add(std::make_unique<BankCommand>());
+  add(std::make_unique<GroupCommand>());
+  add(std::make_unique<KeywordCommand>());
+  add(std::make_unique<MergeCommand>());
 }
 
 ExitStatus CommandLine::RunChosen() {

@@ -1,9 +1,9 @@
 #include "store/Compact.h"
 
 #include "platform/Files.h"
-#include "store/Encryption.h"
-#include "store/OpenFile.h"
-#include "store/StoredTable.h"
+#include "store/engine/Encryption.h"
+#include "store/engine/OpenFile.h"
+#include "store/engine/StoredTable.h"
 
 #include <fcntl.h>
 #include <sqlcipher/sqlite3.h>

@@ -1,10 +1,10 @@
 #include "store/Connection.h"
 
 #include "platform/TextCase.h"
-#include "store/ConnectionImpl.h"
-#include "store/OpenFile.h"
 #include "store/Recordset.h"
-#include "store/StoredTable.h"
+#include "store/engine/ConnectionImpl.h"
+#include "store/engine/OpenFile.h"
+#include "store/engine/StoredTable.h"
 #include "store/jet/Lexer.h"
 
 #include <sqlcipher/sqlite3.h>

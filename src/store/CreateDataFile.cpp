@@ -6,13 +6,13 @@
 #include "platform/Platform.h"
 #include "store/Compact.h"
 #include "store/Connection.h"
-#include "store/DefaultData.h"
-#include "store/FileSteps.h"
-#include "store/SampleData.h"
-#include "store/Schema.h"
-#include "store/SchemaCheck.h"
 #include "store/SqlText.h"
-#include "store/Tolerant.h"
+#include "store/opening/FileSteps.h"
+#include "store/schema/DefaultData.h"
+#include "store/schema/SampleData.h"
+#include "store/schema/Schema.h"
+#include "store/schema/SchemaCheck.h"
+#include "store/schema/Tolerant.h"
 
 namespace corvanta {
 namespace {

@@ -6,11 +6,11 @@
 #include "platform/SettingsTable.h"
 #include "store/CreateDataFile.h"
 #include "store/InstallationKey.h"
-#include "store/KeyRecovery.h"
-#include "store/OpenSequence.h"
-#include "store/RecoverDataFile.h"
-#include "store/RenewDataFile.h"
 #include "store/StoreError.h"
+#include "store/opening/KeyRecovery.h"
+#include "store/opening/OpenSequence.h"
+#include "store/opening/RecoverDataFile.h"
+#include "store/upgrade/RenewDataFile.h"
 
 #include <utility>
 

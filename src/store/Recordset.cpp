@@ -1,7 +1,7 @@
 #include "store/Recordset.h"
 
 #include "platform/TextCase.h"
-#include "store/ConnectionImpl.h"
+#include "store/engine/ConnectionImpl.h"
 #include "store/jet/Scope.h"
 
 #include <sqlcipher/sqlite3.h>

@@ -1,7 +1,7 @@
 #include "store/UndoLog.h"
 
-#include "store/ConnectionImpl.h"
-#include "store/UndoTables.h"
+#include "store/engine/ConnectionImpl.h"
+#include "store/engine/UndoTables.h"
 
 #include <deque>
 #include <utility>

@@ -1,11 +1,11 @@
 #include "platform/SettingsTable.h"
 #include "store/CreateDataFile.h"
-#include "store/DefaultData.h"
 #include "store/InstallationKey.h"
 #include "store/OpenDataFile.h"
 #include "store/Recordset.h"
-#include "store/Schema.h"
 #include "store/StoreError.h"
+#include "store/schema/DefaultData.h"
+#include "store/schema/Schema.h"
 #include "support/LedgerProblems.h"
 #include "support/TemporaryStore.h"
 

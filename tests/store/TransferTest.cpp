@@ -1,6 +1,6 @@
 #include "platform/SettingsTable.h"
-#include "store/TransferFile.h"
-#include "store/clsCipher.h"
+#include "store/opening/TransferFile.h"
+#include "store/opening/clsCipher.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>

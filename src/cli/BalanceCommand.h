@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/AccountArgument.h"
+#include "cli/Arguments.h"
+#include "cli/Command.h"
+
+namespace corvanta {
+
+// balance ACCOUNT: the totals of one account over a period.
+class BalanceCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  AccountArgument account_;
+  PeriodArguments period_;
+  StatusArgument status_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,97 @@
+#include "cli/CategoryCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/SavedForm.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Platform.h"
+#include "reference/CategoryEditor.h"
+#include "reference/RowOf.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kIncome = "income";
+constexpr const char* kExpense = "expense";
+
+void SetName(CategoryForm& form, const std::string& name) {
+  const std::size_t colon = name.find(':');
+  form.category = name.substr(0, colon);
+  form.subCategory = colon == std::string::npos ? "" : name.substr(colon + 1);
+}
+
+std::vector<NamedItem> PeriodItems(clsCorvanta& ledger) {
+  std::vector<NamedItem> items;
+  for (const PeriodRecord& row : ledger.Periods()) items.push_back({row.periodId, row.description});
+  return items;
+}
+
+}  // namespace
+
+void CategoryCommand::DeclareAdd(CLI::App& add) {
+  add.add_option("--type", type_, "income or expense")
+      ->type_name("TYPE")
+      ->transform(CLI::Validator(OneOf({kIncome, kExpense}), ""));
+  add.add_option("--budget", budget_, "Its budget for each period")
+      ->type_name("N")
+      ->check(NumberFault);
+  add.add_option("--period", period_, "The period of the budget, such as Monthly");
+  add.add_option("--description", description_, "What it is");
+}
+
+OutputTable CategoryCommand::List(clsCorvanta& ledger) {
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"Category"},
+                     {"SubCategory"},
+                     {"Type"},
+                     {"Budget", OutputKind::Money},
+                     {"Period"},
+                     {"Description"}});
+  const std::vector<PeriodRecord> periods = ledger.Periods();
+  for (const CategoryRecord& row : ledger.Categories()) {
+    const auto period = RowOf(periods, &PeriodRecord::periodId, row.periodId);
+    table.AddRow({row.categoryId, row.category, row.subCategory, row.type > 0 ? kIncome : kExpense,
+                  row.budget, period ? Value(period->description) : Value(), row.description});
+  }
+  return table;
+}
+
+std::vector<NamedItem> CategoryCommand::Items(clsCorvanta& ledger) {
+  std::vector<NamedItem> items;
+  for (const CategoryRecord& row : ledger.Categories()) {
+    items.push_back({row.categoryId, FullName(row)});
+  }
+  return items;
+}
+
+std::optional<std::int64_t> CategoryCommand::Add(clsCorvanta& ledger, Session& session,
+                                                 const std::string& name) {
+  CategoryEditor editor(ledger, session.Machine().prompts);
+  CategoryForm form;
+  SetName(form, name);
+  if (!type_.empty()) form.type = type_ == kIncome ? 1 : -1;
+  form.budget = NumberOf(budget_);
+  if (!period_.empty()) {
+    const auto period = FindItem(PeriodItems(ledger), period_, "Period", "period", session);
+    if (!period) return std::nullopt;
+    form.periodId = period->key;
+  }
+  form.description = description_;
+  return SaveChecked(editor, form, session);
+}
+
+std::optional<std::int64_t> CategoryCommand::Rename(clsCorvanta& ledger, Session& session,
+                                                    std::int64_t key, const std::string& name) {
+  CategoryEditor editor(ledger, session.Machine().prompts);
+  std::optional<CategoryForm> form = editor.Load(key);
+  if (!form) return std::nullopt;
+  SetName(*form, name);
+  return SaveChecked(editor, *form, session);
+}
+
+Deletion CategoryCommand::Delete(clsCorvanta& ledger, Prompts& prompts, std::int64_t key) {
+  return CategoryEditor(ledger, prompts).Delete(key);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,48 @@
+#include "cli/DeleteCommand.h"
+
+#include "cli/Session.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+// What goes with the rows has to be in an open account too.
+std::vector<TransactionDetails> WithOtherHalves(clsCorvanta& ledger,
+                                                const std::vector<TransactionDetails>& rows) {
+  std::vector<TransactionDetails> all = rows;
+  for (const TransactionDetails& row : rows) {
+    if (row.transferId == 0) continue;
+    if (auto half = ledger.ReadTransaction(row.transferId)) all.push_back(std::move(*half));
+  }
+  return all;
+}
+
+}  // namespace
+
+CLI::App* DeleteCommand::Declare(CLI::App& parser) {
+  CLI::App* command =
+      parser.add_subcommand("delete", "Delete transactions with their split lines and other half");
+  transactions_.Declare(*command);
+  return command;
+}
+
+ExitStatus DeleteCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const auto rows = transactions_.Find(ledger, session);
+  if (!rows || RefuseClosed(WithOtherHalves(ledger, *rows), session)) return ExitStatus::Refused;
+
+  if (!session.Machine().prompts.Ask("Delete Item?", "Do you wish to delete this item?")) {
+    return ExitStatus::Refused;
+  }
+  const std::size_t deleted = ledger.DeleteTransactions(KeysOf(*rows));
+  session.Tell("Delete", TransactionCount(deleted) + " deleted");
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/TransactionsArgument.h"
+
+#include <vector>
+
+namespace corvanta {
+
+// delete ID...: deletes transactions, each with its split lines and its other half.
+class DeleteCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  TransactionsArgument transactions_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,73 @@
+#include "cli/KeywordCommand.h"
+
+#include "store/Connection.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+OutputTable TableOf(const std::vector<KeywordRecord>& keywords) {
+  OutputTable table({{"ID", OutputKind::Integer}, {"Keyword"}});
+  for (const KeywordRecord& row : keywords) table.AddRow({row.keywordId, row.keyword});
+  return table;
+}
+
+}  // namespace
+
+void KeywordCommand::DeclareMore(CLI::App& command) {
+  of_ = command.add_subcommand("of", "List the keywords of a transaction");
+  transactions_.DeclareOne(*of_);
+  link_ = command.add_subcommand("link", "Give transactions a keyword");
+  unlink_ = command.add_subcommand("unlink", "Take a keyword from transactions");
+  for (CLI::App* form : {link_, unlink_}) {
+    form->add_option("keyword", keyword_, "Its name, or # and its key")->required();
+    transactions_.Declare(*form);
+  }
+}
+
+ExitStatus KeywordCommand::Run(Session& session) {
+  if (of_->parsed()) return RunOf(session);
+  if (link_->parsed() || unlink_->parsed()) return RunLink(session);
+  return ReferenceCommand::Run(session);
+}
+
+ExitStatus KeywordCommand::RunOf(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const auto rows = transactions_.Find(ledger, session);
+  if (!rows) return ExitStatus::Refused;
+  session.Print(TableOf(ledger.KeywordsOf(rows->front().transactionId)));
+  return ExitStatus::Done;
+}
+
+ExitStatus KeywordCommand::RunLink(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const std::optional<NamedItem> keyword = Find(ledger, session, keyword_);
+  if (!keyword) return ExitStatus::Refused;
+  const auto rows = transactions_.Find(ledger, session);
+  if (!rows || RefuseClosed(*rows, session)) return ExitStatus::Refused;
+
+  Transaction all = ledger.Store().Begin();
+  for (const TransactionDetails& row : *rows) {
+    if (link_->parsed()) {
+      ledger.LinkKeyword(keyword->key, row.transactionId);
+    } else {
+      ledger.UnlinkKeyword(keyword->key, row.transactionId);
+    }
+  }
+  all.Commit();
+  session.Tell(Texts().title, "\"" + keyword->name + "\" " +
+                                  (link_->parsed() ? "linked to " : "taken from ") +
+                                  TransactionCount(rows->size()));
+  return ExitStatus::Done;
+}
+
+OutputTable KeywordCommand::List(clsCorvanta& ledger) {
+  return TableOf(ledger.Keywords());
+}
+
+}  // namespace corvanta

@@ -1,0 +1,78 @@
+#include "cli/ReferenceCommand.h"
+
+#include "cli/SavedForm.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Platform.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+
+CLI::App* ReferenceCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      words_.command, "List, add, rename and delete " + std::string(words_.plural));
+  command->require_subcommand(0, 1);
+  command->add_subcommand("list", "List them; so does the command alone");
+  add_ = command->add_subcommand("add", "Add one");
+  add_->add_option("name", name_, "The new name")->required();
+  DeclareAdd(*add_);
+  rename_ = command->add_subcommand("rename", "Give one another name");
+  rename_->add_option("item", name_, "Its name, or # and its key")->required();
+  rename_->add_option("name", newName_, "The new name")->required();
+  delete_ = command->add_subcommand("delete", "Delete one");
+  delete_->add_option("item", name_, "Its name, or # and its key")->required();
+  DeclareMore(*command);
+  return command;
+}
+
+void ReferenceCommand::DeclareAdd(CLI::App&) {}
+
+void ReferenceCommand::DeclareMore(CLI::App&) {}
+
+ExitStatus ReferenceCommand::Run(Session& session) {
+  const bool writes = add_->parsed() || rename_->parsed() || delete_->parsed();
+  if (!writes) return RunList(session);
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  if (add_->parsed()) return RunAdd(ledger, session);
+  return rename_->parsed() ? RunRename(ledger, session) : RunDelete(ledger, session);
+}
+
+ExitStatus ReferenceCommand::RunList(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  session.Print(List(ledger));
+  return ExitStatus::Done;
+}
+
+ExitStatus ReferenceCommand::RunAdd(clsCorvanta& ledger, Session& session) {
+  const std::optional<std::int64_t> key = Add(ledger, session, name_);
+  if (!key) return ExitStatus::Refused;
+  PrintKey(*key, session);
+  return ExitStatus::Done;
+}
+
+ExitStatus ReferenceCommand::RunRename(clsCorvanta& ledger, Session& session) {
+  const std::optional<NamedItem> item = Find(ledger, session, name_);
+  if (!item || !Rename(ledger, session, item->key, newName_)) return ExitStatus::Refused;
+  session.Tell(words_.title, "\"" + item->name + "\" is now \"" + newName_ + "\"");
+  return ExitStatus::Done;
+}
+
+ExitStatus ReferenceCommand::RunDelete(clsCorvanta& ledger, Session& session) {
+  const std::optional<NamedItem> item = Find(ledger, session, name_);
+  if (!item) return ExitStatus::Refused;
+  const Deletion deletion = Delete(ledger, session.Machine().prompts, item->key);
+  if (deletion.isGone) session.Tell(words_.title, "\"" + item->name + "\" deleted");
+  if (!deletion.kept.empty()) session.Tell(words_.title, deletion.Notice());
+  return deletion.isGone ? ExitStatus::Done : ExitStatus::Refused;
+}
+
+std::optional<NamedItem> ReferenceCommand::Find(clsCorvanta& ledger, Session& session,
+                                                const std::string& typed) {
+  return FindItem(Items(ledger), typed, words_.title, words_.kind, session);
+}
+
+}  // namespace corvanta

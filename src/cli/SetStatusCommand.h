@@ -1,0 +1,21 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/TransactionsArgument.h"
+
+#include <string>
+
+namespace corvanta {
+
+// status ID... --set STATUS: sets the status of transactions, whatever it was before.
+class SetStatusCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  TransactionsArgument transactions_;
+  std::string status_;
+};
+
+}  // namespace corvanta

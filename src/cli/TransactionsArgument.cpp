@@ -1,0 +1,79 @@
+#include "cli/TransactionsArgument.h"
+
+#include "cli/Session.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kMeaning = "The transaction's key, as the register shows it";
+constexpr std::size_t kMostDigits = 10;
+
+std::string KeyFault(const std::string& text) {
+  const bool isKey = !text.empty() && text.size() <= kMostDigits && text.front() != '0' &&
+                     text.find_first_not_of("0123456789") == std::string::npos;
+  return isKey ? "" : "'" + text + "' is no key of a transaction";
+}
+
+}  // namespace
+
+void TransactionsArgument::Declare(CLI::App& command) {
+  command.add_option("id", keys_, kMeaning)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->check(KeyFault)
+      ->required();
+}
+
+void TransactionsArgument::DeclareOne(CLI::App& command) {
+  command
+      .add_option_function<std::string>(
+          "id", [this](const std::string& key) { keys_ = {key}; }, kMeaning)
+      ->check(KeyFault)
+      ->required();
+}
+
+std::optional<std::vector<TransactionDetails>> TransactionsArgument::Find(clsCorvanta& ledger,
+                                                                          Session& session) const {
+  std::vector<std::int64_t> keys;
+  for (const std::string& text : keys_) {
+    const std::int64_t key = std::stoll(text);
+    if (std::ranges::find(keys, key) == keys.end()) keys.push_back(key);
+  }
+  std::vector<TransactionDetails> rows;
+  std::string unknown;
+  for (const std::int64_t key : keys) {
+    std::optional<TransactionDetails> row = ledger.ReadTransaction(key);
+    if (row) {
+      rows.push_back(std::move(*row));
+    } else {
+      unknown += (unknown.empty() ? "" : ", ") + std::to_string(key);
+    }
+  }
+  if (unknown.empty()) return rows;
+  session.Tell("Transaction", "There is no transaction " + unknown + ".");
+  return std::nullopt;
+}
+
+std::vector<std::int64_t> KeysOf(const std::vector<TransactionDetails>& rows) {
+  std::vector<std::int64_t> keys;
+  keys.reserve(rows.size());
+  for (const TransactionDetails& row : rows) keys.push_back(row.transactionId);
+  return keys;
+}
+
+bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session) {
+  const bool isClosed = std::ranges::any_of(rows, &TransactionDetails::accountClosed);
+  if (isClosed) {
+    session.Tell("Amend Item", "This Account is closed, Items cannot be amended");
+  }
+  return isClosed;
+}
+
+std::string TransactionCount(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " transaction" : " transactions");
+}
+
+}  // namespace corvanta

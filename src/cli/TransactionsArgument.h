@@ -1,0 +1,41 @@
+#pragma once
+
+#include "ledger/clsCorvanta.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}  // namespace CLI
+
+namespace corvanta {
+
+class Session;
+
+// Transactions named on the command line by the keys that the register shows.
+class TransactionsArgument {
+ public:
+  // One key or more.
+  void Declare(CLI::App& command);
+  // Exactly one key.
+  void DeclareOne(CLI::App& command);
+  // The transactions, each once; nullopt when some of the keys have none, which have then all been
+  // told.
+  [[nodiscard]] std::optional<std::vector<TransactionDetails>> Find(clsCorvanta& ledger,
+                                                                    Session& session) const;
+
+ private:
+  std::vector<std::string> keys_;
+};
+
+// The keys, for the operations that take several.
+[[nodiscard]] std::vector<std::int64_t> KeysOf(const std::vector<TransactionDetails>& rows);
+// True, and told under "Amend Item", when one of them is in a closed account.
+[[nodiscard]] bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session);
+// The words for a number of them: "1 transaction", "3 transactions".
+[[nodiscard]] std::string TransactionCount(std::size_t count);
+
+}  // namespace corvanta

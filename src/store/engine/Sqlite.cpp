@@ -1,0 +1,125 @@
+#include "store/engine/Sqlite.h"
+
+#include <sqlcipher/sqlite3.h>
+
+namespace corvanta {
+namespace {
+
+struct Meaning {
+  StoreErrorCode code;
+  std::string message;
+};
+
+// A value that the schema refuses. The constraints that the store writes are named after what they
+// ask for ("Account:TEXT(50)"), which is what a person needs to know.
+std::string RefusalOf(const std::string& libraryMessage) {
+  const auto after = [&](std::string_view prefix) {
+    return libraryMessage.starts_with(prefix) ? libraryMessage.substr(prefix.size())
+                                              : std::string();
+  };
+  if (const std::string column = after("NOT NULL constraint failed: "); !column.empty()) {
+    return "The column " + column + " must not be empty.";
+  }
+  if (const std::string column = after("UNIQUE constraint failed: "); !column.empty()) {
+    return "There is already a row with this value of " + column + ".";
+  }
+  if (const std::string rule = after("CHECK constraint failed: "); !rule.empty()) {
+    const std::size_t colon = rule.find(':');
+    const std::string column = rule.substr(0, colon);
+    const std::string type = colon == std::string::npos ? "" : rule.substr(colon + 1);
+    if (type.starts_with("TEXT(")) {
+      return "The text is too long: " + column + " holds at most " +
+             type.substr(5, type.size() - 6) + " characters.";
+    }
+    return "The value is of the wrong kind: " + column + " holds a " + type + ".";
+  }
+  return libraryMessage;
+}
+
+Meaning MeaningOf(sqlite3* database, int result) {
+  const std::string text = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(result);
+  switch (result & 0xff) {
+    case SQLITE_CONSTRAINT:
+      return {StoreErrorCode::Constraint, RefusalOf(text)};
+    case SQLITE_TOOBIG:
+    case SQLITE_MISMATCH:
+      return {StoreErrorCode::Constraint, text};
+    case SQLITE_FULL:
+      return {StoreErrorCode::DiskFull,
+              "The disk is full. Nothing was changed; make room and try again."};
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+      return {StoreErrorCode::Locked,
+              "Another program is using the data file. Close it there and try again."};
+    case SQLITE_READONLY:
+    case SQLITE_PERM:
+      return {StoreErrorCode::ReadOnly,
+              "The data file cannot be written. Check its permissions and those of its folder."};
+    case SQLITE_CORRUPT:
+    case SQLITE_NOTADB:
+      return {StoreErrorCode::Damaged,
+              "The data file is damaged. Restore it from your latest backup."};
+    case SQLITE_IOERR:
+      if (result == SQLITE_IOERR_SHORT_READ) {
+        return {StoreErrorCode::Damaged,
+                "The data file ends too early. Restore it from your latest backup."};
+      }
+      [[fallthrough]];
+    case SQLITE_CANTOPEN:
+      return {StoreErrorCode::Io, "The data file cannot be read or written (" + text +
+                                      "). Check the disk and the folder's permissions."};
+    case SQLITE_ERROR:
+      // A page that does not decrypt is reported with the bare text of the code.
+      if (text == sqlite3_errstr(SQLITE_ERROR)) {
+        return {StoreErrorCode::Damaged,
+                "The data file is damaged. Restore it from your latest backup."};
+      }
+      return {StoreErrorCode::Sql, text};
+    default:
+      return {StoreErrorCode::Io, text};
+  }
+}
+
+}  // namespace
+
+void CloseDatabase::operator()(sqlite3* database) const {
+  sqlite3_close_v2(database);
+}
+void FinalizeStatement::operator()(sqlite3_stmt* statement) const {
+  sqlite3_finalize(statement);
+}
+
+StoreError ErrorOf(sqlite3* database, int result, std::string statement, const std::string& file) {
+  const int extended = database != nullptr ? sqlite3_extended_errcode(database) : result;
+  Meaning meaning = MeaningOf(database, (extended & 0xff) == (result & 0xff) ? extended : result);
+  return StoreError(meaning.code, meaning.message, std::move(statement), file);
+}
+
+StatementHandle Prepare(sqlite3* database, const std::string& sql, const std::string& file) {
+  sqlite3_stmt* statement = nullptr;
+  const int result = sqlite3_prepare_v2(database, sql.c_str(), static_cast<int>(sql.size()) + 1,
+                                        &statement, nullptr);
+  if (result != SQLITE_OK) throw ErrorOf(database, result, sql, file);
+  return StatementHandle(statement);
+}
+
+void Run(sqlite3* database, const std::string& sql, const std::string& file) {
+  const int result = sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr);
+  if (result != SQLITE_OK) throw ErrorOf(database, result, sql, file);
+}
+
+std::int64_t QueryNumber(sqlite3* database, const std::string& sql, const std::string& file) {
+  const StatementHandle statement = Prepare(database, sql, file);
+  const int result = sqlite3_step(statement.get());
+  if (result == SQLITE_ROW) return sqlite3_column_int64(statement.get(), 0);
+  if (result != SQLITE_DONE) throw ErrorOf(database, result, sql, file);
+  return 0;
+}
+
+std::string ColumnText(sqlite3_stmt* statement, int column) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+  if (text == nullptr) return {};
+  return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
+}
+
+}  // namespace corvanta

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "store/Recordset.h"
+#include "store/engine/Sqlite.h"
+#include "store/jet/Normalizer.h"
+
+#include <list>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace corvanta {
+
+// A statement that the library has prepared, and what its rows look like.
+struct Prepared {
+  StatementHandle handle;
+  std::vector<FieldDef> fields;
+  std::string table;  // the one table read or written
+  std::string key;    // the statement without its values
+  bool inUse = false;
+};
+
+// Ends one use of a prepared statement: it no longer holds the file.
+class PreparedUse {
+ public:
+  explicit PreparedUse(std::shared_ptr<Prepared> prepared);
+  PreparedUse(PreparedUse&&) noexcept = default;
+  PreparedUse& operator=(PreparedUse&&) = delete;
+  ~PreparedUse();
+
+  [[nodiscard]] Prepared& operator*() const { return *prepared_; }
+  [[nodiscard]] Prepared* operator->() const { return prepared_.get(); }
+
+ private:
+  std::shared_ptr<Prepared> prepared_;
+};
+
+// Statements ready to run, found by what remains of them without their values. A repeated
+// statement costs one pass of the lexer.
+class StatementCache {
+ public:
+  StatementCache(sqlite3* database, const Catalog& catalog, const std::string& file)
+      : database_(database), catalog_(catalog), file_(file) {}
+
+  // Reads the statement up to the point where it is known whether it is DDL.
+  [[nodiscard]] bool IsDefinition(std::string_view sql);
+  // The statement that IsDefinition has just read, bound and ready to step. Texts are copied when
+  // `keep` is set; otherwise `sql` must live until the use ends.
+  [[nodiscard]] PreparedUse Acquire(std::string_view sql, bool keep);
+  [[nodiscard]] const jet::Normalizer& Current() const { return normalizer_; }
+  // A statement of the store's own, in the library's SQL.
+  [[nodiscard]] PreparedUse AcquireOwn(const std::string& sql);
+  // Forgets all statements: their tables are about to change.
+  void Clear();
+
+ private:
+  using Entries = std::list<std::shared_ptr<Prepared>>;
+  [[nodiscard]] std::shared_ptr<Prepared> Find(const std::string& key);
+  void Keep(const std::shared_ptr<Prepared>& prepared);
+  [[nodiscard]] std::shared_ptr<Prepared> Translate(std::string_view sql);
+  void Bind(Prepared& prepared, bool keep);
+
+  sqlite3* database_;
+  const Catalog& catalog_;
+  const std::string& file_;
+  jet::Normalizer normalizer_;
+  Entries entries_;  // the latest used first
+  std::unordered_map<std::string_view, Entries::iterator> byKey_;
+};
+
+}  // namespace corvanta

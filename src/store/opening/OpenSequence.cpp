@@ -1,0 +1,205 @@
+#include "store/opening/OpenSequence.h"
+
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "platform/PlatformError.h"
+#include "platform/Prompts.h"
+#include "platform/Registry.h"
+#include "platform/SettingsTable.h"
+#include "store/CreateDataFile.h"
+#include "store/InstallationKey.h"
+#include "store/StoreError.h"
+#include "store/opening/FileSteps.h"
+#include "store/opening/KeyRecovery.h"
+#include "store/opening/RecoverDataFile.h"
+#include "store/opening/TransferFile.h"
+#include "store/schema/SchemaCheck.h"
+#include "store/upgrade/RenewDataFile.h"
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Open Data File";
+constexpr std::size_t kTransferLimit = 16U << 20U;
+
+std::optional<TransferFile> ReadTransferFile(const std::string& path) {
+  return TransferFile::FromText(ReadFile(path, kTransferLimit));
+}
+
+}  // namespace
+
+std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::string& password,
+                                        Platform& platform) {
+  std::unique_ptr<Connection> connection = Connection::Open({path, password, {}}, platform.clock);
+  CheckSchema(*connection);
+  connection->EnsureAccessPaths();
+  return connection;
+}
+
+OpenSequence::OpenSequence(Platform& platform, const std::string& holder,
+                           std::optional<std::string>& dataPath)
+    : platform_(platform), holder_(holder), dataPath_(dataPath) {}
+
+std::optional<DataFile> OpenSequence::Run(bool quiet) {
+  quiet_ = quiet;
+  for (;;) {
+    file_ = {};
+    Outcome outcome = Outcome::Stop;
+    try {
+      outcome = Attempt();
+    } catch (const StoreError& error) {
+      file_ = {};
+      outcome = OfferRoadOut(error);
+    } catch (const PlatformError& error) {
+      Tell(error.what());
+    }
+    if (outcome == Outcome::Opened) return std::move(file_);
+    if (outcome == Outcome::Stop) return std::nullopt;
+  }
+}
+
+OpenSequence::Outcome OpenSequence::Attempt() {
+  password_ = InstallationPassword(platform_);
+  oldPassword_ = foundKey_.value_or(password_);
+  if (!FindLocation()) return Outcome::Stop;
+  PrepareFolder();
+  const bool isRequested = TakeReindex();
+  const bool hasTransfer = TakeTransferFile();
+  const bool isDue = isRequested || oldPassword_ != password_;
+  if (isDue && FileExists(location_.Path())) Renew();
+  if (hasTransfer) SetAside(location_.TransferPath(), ".used", platform_.files);
+  return FileExists(location_.Path()) ? OpenIt() : AskToCreate();
+}
+
+bool OpenSequence::FindLocation() {
+  if (!dataPath_.has_value()) SetUpFirstStart(platform_);
+  const std::optional<std::string> path =
+      dataPath_.has_value() ? dataPath_ : ReadDataPath(platform_.registry);
+  if (!path.has_value()) {
+    platform_.prompts.Tell("Application Error",
+                           "Corrupted application. Please re-install Corvanta Personal Finance.",
+                           Icon::Warning);
+    return false;
+  }
+  location_ = DataFileLocation::FromPath(*path);
+  isFolder_ = DataFileLocation::NamesFolder(*path);
+  return true;
+}
+
+void OpenSequence::PrepareFolder() {
+  if (isFolder_) platform_.files.CreateFolder(location_.folder);
+  if (!FolderExists(location_.folder)) return;
+  TakeLock();
+  if (RecoverDataFile(location_, password_, platform_)) {
+    Tell("The data file was missing. It was recovered from the copy that compacting it had left.",
+         false);
+  }
+  if (isFolder_ && !FileExists(location_.Path())) Create();
+}
+
+void OpenSequence::TakeLock() {
+  if (file_.lock == nullptr) file_.lock = WriterLock::Acquire(location_.Path(), holder_);
+}
+
+// A caller that wants no questions wants no sample data either.
+void OpenSequence::Create() {
+  CreateDataFile(location_, password_, quiet_, platform_);
+}
+
+bool OpenSequence::TakeReindex() {
+  const std::string value =
+      platform_.registry.Read(Hive::CurrentUser, kSettingsKey, "Reindex").value_or("");
+  if (value.empty()) return false;
+  platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "");
+  return Value(value).Double() > 0;
+}
+
+// True when the transfer file beside the data file opens it; its settings are taken over then.
+bool OpenSequence::TakeTransferFile() {
+  const std::string path = location_.TransferPath();
+  if (!FileExists(path) || !FileExists(location_.Path())) return false;
+  const std::optional<TransferFile> transfer = ReadTransferFile(path);
+  if (!transfer.has_value() || !OpensWith(location_.Path(), transfer->password, platform_)) {
+    Tell("The transfer file " + path +
+         " does not belong to the data file beside it and was left as it is. Move it away when you "
+         "do not need it.");
+    return false;
+  }
+  oldPassword_ = transfer->password;
+  transfer->WriteSettings(platform_.registry);
+  return true;
+}
+
+void OpenSequence::Renew() {
+  const std::optional<std::string> problem =
+      RenewDataFile(location_, oldPassword_, password_, UpgradeFailure::Keep, platform_);
+  foundKey_.reset();
+  if (!problem.has_value()) return;
+  Tell("The data file could not be brought up to date. Nothing in it was changed. " + *problem);
+}
+
+OpenSequence::Outcome OpenSequence::OpenIt() {
+  file_.connection = OpenChecked(location_.Path(), password_, platform_);
+  return Outcome::Opened;
+}
+
+OpenSequence::Outcome OpenSequence::AskToCreate() {
+  if (!quiet_ && !platform_.prompts.Ask("Create new data file?",
+                                        "Data file could not be found at, " + location_.Path() +
+                                            ". Do you want to create a new data file?")) {
+    return AskForOtherFile();
+  }
+  platform_.files.CreateFolder(location_.folder);
+  TakeLock();
+  Create();
+  return OpenIt();
+}
+
+OpenSequence::Outcome OpenSequence::AskForOtherFile() {
+  file_ = {};
+  const std::optional<std::string> path = platform_.prompts.OpenFile(
+      {"Select File to Open", "Data Files", "*.dat", "dat", location_.folder});
+  if (!path.has_value()) {
+    Tell("No data file was opened.", false);
+    return Outcome::Stop;
+  }
+  if (dataPath_.has_value()) {
+    dataPath_ = *path;
+  } else {
+    platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "DBPath", *path);
+  }
+  foundKey_.reset();
+  quiet_ = true;
+  return Outcome::Again;
+}
+
+OpenSequence::Outcome OpenSequence::OfferRoadOut(const StoreError& error) {
+  const std::string reason = error.what();
+  const bool isNamed = reason.find(location_.Path()) != std::string::npos;
+  const std::string refused = "The data file " + (isNamed ? "" : location_.Path() + " ") +
+                              "could not be opened.\n" + reason;
+  switch (error.Code()) {
+    case StoreErrorCode::OtherInstallation: {
+      const KeyRecovery::Answer answer = KeyRecovery(platform_, location_.Path()).Ask();
+      if (answer.road == KeyRecovery::Road::OtherFile) return AskForOtherFile();
+      if (answer.road == KeyRecovery::Road::Quit) return Outcome::Stop;
+      foundKey_ = answer.password;
+      return Outcome::Again;
+    }
+    case StoreErrorCode::NotADataFile:
+    case StoreErrorCode::Damaged: {
+      const std::optional<std::size_t> chosen =
+          platform_.prompts.Choose(kTitle, refused, {"Choose another data file", "Quit"});
+      return chosen == 0U ? AskForOtherFile() : Outcome::Stop;
+    }
+    default:
+      Tell(refused);
+      return Outcome::Stop;
+  }
+}
+
+void OpenSequence::Tell(const std::string& text, bool isWarning) {
+  platform_.prompts.Tell(kTitle, text, isWarning ? Icon::Warning : Icon::Information);
+}
+
+}  // namespace corvanta
