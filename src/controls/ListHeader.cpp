@@ -32,7 +32,7 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   const QString text = model()->headerData(logicalIndex, orientation()).toString();
   const QVariant own = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
   const Qt::Alignment alignment = own.isValid() ? own.value<Qt::Alignment>() : defaultAlignment();
-  const QRect place = CellTextRect(rect, logicalIndex, count());
+  QRect place = CellTextRect(rect, logicalIndex, count());
   painter->save();
   painter->fillRect(rect, palette().color(QPalette::Window));
   painter->setPen(Hairline(palette()));
@@ -42,6 +42,15 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
     painter->drawLine(rect.right(), rect.top() + kRhythm, rect.right(), rect.bottom() - kRhythm);
   }
   painter->setPen(MutedText(palette()));
+  if (isSortIndicatorShown() && sortIndicatorSection() == logicalIndex) {
+    const QString mark =
+        sortIndicatorOrder() == Qt::AscendingOrder ? QStringLiteral("▴") : QStringLiteral("▾");
+    const bool isRight = (alignment & Qt::AlignRight) != 0;
+    // Beside the text, on the side where the column has room.
+    painter->drawText(place, (isRight ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter, mark);
+    const int width = fontMetrics().horizontalAdvance(mark);
+    place.adjust(isRight ? width : 0, 0, isRight ? 0 : -width, 0);
+  }
   painter->drawText(place, static_cast<int>(alignment) | Qt::TextSingleLine,
                     fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
   painter->restore();

@@ -93,6 +93,10 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   TrimText(form.description);
   const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
   const bool isMain = form.subCategory.empty();
+  const auto main = RowOf(ledger_.Categories(), &CategoryRecord::categoryId,
+                          ledger_.FindCategory(form.category, {}));
+  // A sub-category stands under its main category in that one's spelling.
+  if (!isMain && main && main->categoryId != form.categoryId) form.category = main->category;
   const bool isRenamed = former && former->category != form.category;
   const int type = TypeOf(form, former);
   const bool takesAlong =

@@ -42,7 +42,7 @@ TEST_F(Categories, WithNoOnlyTheEditedRowChanges) {
   Prompt().ExpectAsk("Amend Category", kAmend, false);
   editor_.Save({food_, "Groceries", "", 1, 0, 0, {}});
   EXPECT_EQ(Name(food_), "Groceries:");
-  EXPECT_EQ(Name(dining_), "food:Dining");
+  EXPECT_EQ(Name(dining_), "Food:Dining") << "in its main category's spelling";
   EXPECT_EQ(editor_.Load(dining_)->type, -1);
   EXPECT_EQ(Count("tblCategory Where Category = 'Food'"), 1);
 }
@@ -89,10 +89,10 @@ TEST_F(Categories, AreDeletedWithWhatNothingUses) {
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
   const Deletion deletion = editor_.Delete(food_);
   EXPECT_TRUE(deletion.isGone);
-  EXPECT_EQ(deletion.kept, std::vector<std::string>{"food:Dining"});
+  EXPECT_EQ(deletion.kept, std::vector<std::string>{"Food:Dining"});
   EXPECT_EQ(Name(food_), "(gone)");
   EXPECT_EQ(Name(takeaway), "(gone)");
-  EXPECT_EQ(Name(dining_), "food:Dining");
+  EXPECT_EQ(Name(dining_), "Food:Dining") << "in its main category's spelling";
 }
 
 TEST_F(Categories, InUseOrOfTheProgramAreKept) {
