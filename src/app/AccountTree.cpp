@@ -3,15 +3,13 @@
 #include "app/QtText.h"
 #include "controls/AmountDelegate.h"
 #include "controls/Style.h"
-#include "ledger/Money.h"
+#include "ledger/Balances.h"
 #include "platform/Locale.h"
 
 #include <QEvent>
 #include <QHeaderView>
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
-
-#include <map>
 
 namespace corvanta {
 namespace {
@@ -63,34 +61,23 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
 void AccountTree::SetAccounts(const std::vector<AccountRow>& accounts) {
   const QSignalBlocker quiet(this);
   clear();
-  for (std::size_t begin = 0; begin < accounts.size();) {
-    std::size_t end = begin + 1;
-    while (end < accounts.size() && accounts[end].accountTypeId == accounts[begin].accountTypeId) {
-      ++end;
-    }
-    FillGroup(accounts, begin, end);
-    begin = end;
-  }
+  for (const AccountGroupBalances& group : ByGroup(accounts)) FillGroup(group);
   ColourItems();
   Choose(chosen_);
 }
 
-void AccountTree::FillGroup(const std::vector<AccountRow>& accounts, std::size_t begin,
-                            std::size_t end) {
-  QTreeWidgetItem* group = AddGroup(accounts[begin]);
-  std::map<QString, double> totals;
-  for (std::size_t index = begin; index < end; ++index) {
-    AddAccount(group, accounts[index]);
-    totals[ToQt(accounts[index].currency)] += accounts[index].balance;
-  }
-  for (const auto& [currency, total] : totals) AddTotal(group, currency, RoundMoney(total));
-  group->setExpanded(!folded_.contains(accounts[begin].accountTypeId));
+void AccountTree::FillGroup(const AccountGroupBalances& balances) {
+  QTreeWidgetItem* group = AddGroup(balances);
+  for (const AccountRow& account : balances.accounts) AddAccount(group, account);
+  for (const CurrencyTotal& total : balances.totals) AddTotal(group, total);
+  group->setExpanded(!folded_.contains(balances.accountTypeId));
 }
 
-QTreeWidgetItem* AccountTree::AddGroup(const AccountRow& first) {
-  const QString name = first.accountType.empty() ? tr("Other Accounts") : ToQt(first.accountType);
+QTreeWidgetItem* AccountTree::AddGroup(const AccountGroupBalances& balances) {
+  const QString name =
+      balances.accountType.empty() ? tr("Other Accounts") : ToQt(balances.accountType);
   auto* group = new QTreeWidgetItem(this, {name, QString()});
-  group->setData(kName, kGroupRole, QVariant::fromValue<qint64>(first.accountTypeId));
+  group->setData(kName, kGroupRole, QVariant::fromValue<qint64>(balances.accountTypeId));
   group->setFont(kName, ScaledFont(0, QFont::DemiBold));
   group->setSizeHint(kName, QSize(0, fontMetrics().height() + kRhythm + 2));
   group->setFlags(Qt::ItemIsEnabled);
@@ -99,8 +86,10 @@ QTreeWidgetItem* AccountTree::AddGroup(const AccountRow& first) {
 }
 
 void AccountTree::AddAccount(QTreeWidgetItem* group, const AccountRow& account) {
-  QString name = ToQt(account.account);
-  if (account.closed) name += QStringLiteral(" [Closed] ");
+  QString name = ToQt(AccountCaption(account));
+  if (showsNumbers_ && !account.accountNo.empty()) {
+    name += QStringLiteral(" (") + ToQt(account.accountNo) + u')';
+  }
   auto* item = new QTreeWidgetItem(group, {name, ToQt(locale_.FormatNumber(account.balance))});
   item->setData(kName, kAccountRole, QVariant::fromValue<qint64>(account.accountId));
   item->setData(kAmount, kAmountRole, account.balance);
@@ -112,10 +101,10 @@ void AccountTree::AddAccount(QTreeWidgetItem* group, const AccountRow& account) 
   item->setToolTip(kAmount, item->text(kAmount) + u' ' + ToQt(account.currency));
 }
 
-void AccountTree::AddTotal(QTreeWidgetItem* group, const QString& currency, double total) {
-  auto* item = new QTreeWidgetItem(
-      group, {QStringLiteral("Total (") + currency + u')', ToQt(locale_.FormatNumber(total))});
-  item->setData(kAmount, kAmountRole, total);
+void AccountTree::AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total) {
+  auto* item =
+      new QTreeWidgetItem(group, {ToQt(total.Caption()), ToQt(locale_.FormatNumber(total.total))});
+  item->setData(kAmount, kAmountRole, total.total);
   item->setFont(kAmount, ScaledFont(0, QFont::DemiBold));
   item->setFlags(Qt::ItemIsEnabled);
 }

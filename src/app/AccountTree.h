@@ -10,6 +10,8 @@
 namespace corvanta {
 
 class Locale;
+struct AccountGroupBalances;
+struct CurrencyTotal;
 
 // The accounts by group with their balances, and below each group its total per currency.
 class AccountTree : public QTreeWidget {
@@ -21,6 +23,8 @@ class AccountTree : public QTreeWidget {
   // Shows these accounts, which stand in the order of their groups; folded groups stay folded and
   // the chosen account stays chosen. Sends no signal.
   void SetAccounts(const std::vector<AccountRow>& accounts);
+  // Whether accounts stand with their numbers, from the next SetAccounts on.
+  void ShowNumbers(bool show) { showsNumbers_ = show; }
   // Chooses an account, or none for 0; sends no signal.
   void Choose(std::int64_t accountId);
 
@@ -31,16 +35,16 @@ class AccountTree : public QTreeWidget {
   void changeEvent(QEvent* event) override;
 
  private:
-  QTreeWidgetItem* AddGroup(const AccountRow& first);
+  QTreeWidgetItem* AddGroup(const AccountGroupBalances& balances);
   void AddAccount(QTreeWidgetItem* group, const AccountRow& account);
-  void AddTotal(QTreeWidgetItem* group, const QString& currency, double total);
-  // The rows [begin, end) are one group.
-  void FillGroup(const std::vector<AccountRow>& accounts, std::size_t begin, std::size_t end);
+  void AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total);
+  void FillGroup(const AccountGroupBalances& balances);
   void ColourItems();
 
   const Locale& locale_;
   QSet<qint64> folded_;
   qint64 chosen_ = 0;
+  bool showsNumbers_ = false;
 };
 
 }  // namespace corvanta

@@ -2,8 +2,10 @@
 
 #include "app/AccountTree.h"
 #include "app/AccountsView.h"
+#include "app/CategoriesView.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/PayeesView.h"
 #include "app/QtProgress.h"
 #include "app/QtText.h"
 #include "app/RegisterView.h"
@@ -17,15 +19,17 @@
 #include "platform/Platform.h"
 
 #include <QAction>
-#include <QDir>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QLabel>
+#include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-#include <algorithm>
+#include <initializer_list>
 
 namespace corvanta {
 namespace {
@@ -43,8 +47,8 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
   setWindowIcon(ProgramIcon());
   setMinimumSize(kSmallest, kSmallest * 3 / 4);
-  actions_->FillMenus(*menuBar());
   setCentralWidget(MakeCentre());
+  MakeMenus();
   MakeStatusBar();
   Connect();
   ConnectCommands();
@@ -59,14 +63,7 @@ QWidget* FrmMain::MakeCentre() {
   actions_->FillRibbon(*ribbon_);
   columns_ = new HairSplitter(Qt::Horizontal, page);
   columns_->setObjectName(QStringLiteral("spColumns"));
-  views_ = new QStackedWidget(columns_);
-  accountsView_ = new AccountsView(platform_.locale, actions_->mnuFileOpen, views_);
-  registerView_ = new RegisterView(platform_.locale, actions_->mnuViewAccounts, views_);
-  closedView_ = new EmptyState(views_);
-  for (QWidget* view : {static_cast<QWidget*>(accountsView_), static_cast<QWidget*>(registerView_),
-                        static_cast<QWidget*>(closedView_)}) {
-    views_->addWidget(view);
-  }
+  MakeViews();
   columns_->addWidget(MakeLeftColumn());
   columns_->addWidget(views_);
   columns_->addWidget(MakeReminders());
@@ -81,6 +78,28 @@ QWidget* FrmMain::MakeCentre() {
   rows->addWidget(ribbon_);
   rows->addWidget(columns_, 1);
   return page;
+}
+
+void FrmMain::MakeViews() {
+  views_ = new QStackedWidget(columns_);
+  accountsView_ = new AccountsView(platform_.locale, actions_->mnuAccountAdd, views_);
+  registerView_ = new RegisterView(platform_.locale, actions_->mnuViewAccounts, views_);
+  categoriesView_ = new CategoriesView(platform_.locale, actions_->mnuCategoryAdd, views_);
+  payeesView_ = new PayeesView(actions_->mnuPayeeNew, views_);
+  closedView_ = new EmptyState(views_);
+  for (QWidget* view : std::initializer_list<QWidget*>{accountsView_, registerView_,
+                                                       categoriesView_, payeesView_, closedView_}) {
+    views_->addWidget(view);
+  }
+  accountsView_->SetCommands(
+      {actions_->mnuAccountAdd, actions_->mnuAccountEdit, actions_->mnuAccountDelete});
+  categoriesView_->SetCommands(
+      {actions_->mnuCategoryAdd, actions_->mnuCategoryEdit, actions_->mnuCategoryDelete});
+  payeesView_->SetCommands(
+      {actions_->mnuPayeeNew, actions_->mnuPayeeEdit, actions_->mnuPayeeDelete});
+  // Their keys work while a view has the focus.
+  views_->addActions({actions_->mnuEditInsert, actions_->mnuEditDetails, actions_->mnuEditCopy,
+                      actions_->mnuEditPaste, actions_->mnuEditDelete, actions_->mnuEditSelect});
 }
 
 QWidget* FrmMain::MakeLeftColumn() {
@@ -112,8 +131,19 @@ QWidget* FrmMain::MakeReminders() {
   return reminders_;
 }
 
+void FrmMain::MakeMenus() {
+  actions_->FillMenus(*menuBar());
+  transactionMenu_ = new QMenu(this);
+  transactionMenu_->setObjectName(QStringLiteral("mnuTransaction"));
+  actions_->FillTransactionMenu(*transactionMenu_);
+}
+
 void FrmMain::MakeStatusBar() {
   progress_.ShowIn(statusBar());
+  uncleared_ = new QLabel(statusBar());
+  uncleared_->setObjectName(QStringLiteral("lblUncleared"));
+  uncleared_->setContentsMargins(kRhythm, 0, kRhythm, 0);
+  statusBar()->addPermanentWidget(uncleared_);
   fileName_ = new QLabel(statusBar());
   fileName_->setObjectName(QStringLiteral("lblFile"));
   fileName_->setContentsMargins(kRhythm, 0, kRhythm, 0);
@@ -121,94 +151,26 @@ void FrmMain::MakeStatusBar() {
 }
 
 void FrmMain::Connect() {
-  connect(tree_, &AccountTree::AccountChosen, this, [this](qint64 account) {
-    Show({kTransactionShow, account});
-  });
-  connect(accountsView_, &AccountsView::AccountOpened, this, [this](qint64 account) {
-    Show({kTransactionShow, account});
-  });
+  const auto open = [this](qint64 account) { ShowView(kTransactionShow, account); };
+  connect(tree_, &AccountTree::AccountChosen, this, open);
+  connect(accountsView_, &ReferenceView::Opened, this, open);
+  connect(categoriesView_, &ReferenceView::Opened, this,
+          [this](qint64 key) { Guard([this, key] { EditItem(ReferenceKind::Category, key); }); });
+  connect(payeesView_, &ReferenceView::Opened, this,
+          [this](qint64 key) { Guard([this, key] { EditItem(ReferenceKind::Payee, key); }); });
+  const auto mark = [this] { Guard([this] { MarkChoice(); }); };
+  for (ReferenceView* view :
+       std::initializer_list<ReferenceView*>{accountsView_, categoriesView_, payeesView_}) {
+    connect(view, &ReferenceView::ChoiceChanged, this, mark);
+  }
+  connect(registerView_, &RegisterView::ChoiceChanged, this, mark);
+  connect(registerView_, &RegisterView::PeriodChanged, this, &FrmMain::TakeFilter);
+  connect(registerView_, &RegisterView::MenuRequested, this,
+          [this](QPoint place) { Guard([this, place] { ShowTransactionMenu(place); }); });
+  connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, mark);
   connect(calendar_, &ucCalendar::DateSelected, this, [this](QDate day) {
     if (shown_.name == kTransactionShow) registerView_->ChooseDay(FromQt(day));
   });
-}
-
-void FrmMain::Show(const ViewCommand& command) {
-  Guard([&] {
-    ShowAgain(command);
-    history_.Push(shown_);
-    MarkCommands();
-  });
-}
-
-void FrmMain::Reload() {
-  Guard([this] {
-    ReadAccounts();
-    ShowAgain(shown_);
-    MarkCommands();
-  });
-}
-
-void FrmMain::ReadAccounts() {
-  accounts_.clear();
-  if (session_.IsOpen()) {
-    accounts_ = session_.Ledger().Accounts({}, settings_.IsOn(Setting::Closed));
-  }
-  tree_->SetAccounts(accounts_);
-  const QString path = ToQt(session_.Path());
-  QString shown = path;
-  if (path.startsWith(QDir::homePath() + u'/')) shown.replace(0, QDir::homePath().size(), u'~');
-  // A long path must not make the window wide.
-  fileName_->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, kLeftWidth));
-  fileName_->setToolTip(path);
-  actions_->SetDataOpen(session_.IsOpen());
-}
-
-void FrmMain::ShowAgain(const ViewCommand& command) {
-  shown_ = command;
-  if (!session_.IsOpen()) return ShowClosed();
-  if (command.name == kTransactionShow) return ShowRegister(command.accountId);
-  ShowAccounts();
-}
-
-void FrmMain::ShowAccounts() {
-  accountsView_->ShowAccounts(accounts_);
-  tree_->Choose(0);
-  calendar_->SetMarkedDays({});
-  views_->setCurrentWidget(accountsView_);
-}
-
-void FrmMain::ShowRegister(std::int64_t accountId) {
-  const auto found =
-      std::find_if(accounts_.begin(), accounts_.end(),
-                   [accountId](const AccountRow& row) { return row.accountId == accountId; });
-  if (found == accounts_.end()) {
-    registerView_->ShowNoAccount();
-    tree_->Choose(0);
-    calendar_->SetMarkedDays({});
-  } else {
-    registerView_->ShowAccount(*found, session_.Ledger().Register(accountId, {}, std::nullopt));
-    tree_->Choose(accountId);
-    calendar_->SetMarkedDays(registerView_->Days());
-    account_ = accountId;
-  }
-  views_->setCurrentWidget(registerView_);
-}
-
-void FrmMain::ShowClosed() {
-  closedView_->Show(QStringLiteral("open"), tr("No data file is open"),
-                    tr("Open the file that holds your accounts. It is usually called "
-                       "Corvanta.dat."),
-                    actions_->mnuFileOpen);
-  calendar_->SetMarkedDays({});
-  views_->setCurrentWidget(closedView_);
-}
-
-void FrmMain::MarkCommands() {
-  const bool isRegister = shown_.name == kTransactionShow;
-  actions_->mnuViewAccounts->setChecked(!isRegister);
-  actions_->mnuViewRegister->setChecked(isRegister);
-  actions_->mnuViewBack->setEnabled(session_.IsOpen() && history_.CanGoBack());
-  actions_->mnuViewForward->setEnabled(session_.IsOpen() && history_.CanGoForward());
 }
 
 }  // namespace corvanta

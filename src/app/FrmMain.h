@@ -3,13 +3,17 @@
 #include "app/ViewHistory.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
+#include "reference/ReferenceDialogs.h"
 
 #include <QMainWindow>
 
 #include <functional>
 #include <vector>
 
+class QAction;
 class QLabel;
+class QMenu;
+class QPoint;
 class QSplitter;
 class QStackedWidget;
 
@@ -17,11 +21,15 @@ namespace corvanta {
 
 class AccountTree;
 class AccountsView;
+class CategoriesView;
 class EmptyState;
 class LedgerSession;
 class MainActions;
+class PayeesView;
 class QtProgress;
+class ReferenceView;
 class RegisterView;
+class SortedTable;
 class ucCalendar;
 class ucRibbon;
 struct Platform;
@@ -50,23 +58,81 @@ class FrmMain : public QMainWindow {
 
  private:
   QWidget* MakeCentre();
+  void MakeViews();
   QWidget* MakeLeftColumn();
   QWidget* MakeReminders();
+  void MakeMenus();
   void MakeStatusBar();
   void Connect();
   void ConnectCommands();
-
+  void ConnectEdit();
+  void ConnectTransactions();
+  void ConnectReference();
+  void ConnectViews();
+  // Runs the command, at the window's edge, whenever the action is triggered.
+  void On(QAction* action, const std::function<void()>& command);
   void Guard(const std::function<void()>& command);
-  void ReadAccounts();
+
+  // --- Views
+
+  // The command that shows this view with the ticks and days that the person has chosen.
+  [[nodiscard]] ViewCommand CommandOf(std::string_view name, std::int64_t accountId = 0) const;
+  void ShowView(std::string_view name, std::int64_t accountId = 0);
   void ShowAgain(const ViewCommand& command);
+  void TakeOptions(const ViewCommand& command);
+  // The ticks or the days are others: reads what is shown again, as they say.
+  void TakeFilter();
+  void ReadAccounts();
   void ShowAccounts();
   void ShowRegister(std::int64_t accountId);
+  void ShowCategories();
+  void ShowPayees();
   void ShowClosed();
+  void ShowFile();
+  // Null for another view than the lists of named things.
+  [[nodiscard]] ReferenceView* ShownList() const;
+  [[nodiscard]] SortedTable* ShownTable() const;
+  void FillSortMenu();
+  // Marks and enables the commands for the view that is shown, and for the row that is chosen.
   void MarkCommands();
+  void MarkUndo();
+  void MarkChoice();
   void ApplySettings();
   void KeepColumns();
   void SaveLayout();
 
+  // --- Transactions
+
+  void MarkTransaction();
+  void ShowTransactionMenu(QPoint place);
+  // Tells that the account is closed and returns true when it is.
+  bool IsAccountClosed(const char* title);
+  // Runs a change of many rows with the words for it in the status bar.
+  void ChangeRows(const std::function<void()>& change);
+  void ApplyStatus(StatusCommand command, bool isTicked);
+  void CopyTransactions();
+  void PasteTransactions();
+  void DeleteTransactions();
+  void ShowTwin();
+  void TellOfSchedule();
+  void Undo(bool again);
+
+  // --- Named things
+
+  [[nodiscard]] DialogPlace Place();
+  // The account that the account commands work on; 0 for none.
+  [[nodiscard]] std::int64_t ChosenAccount() const;
+  [[nodiscard]] std::int64_t ChosenKey(ReferenceKind kind) const;
+  // What the shown list holds.
+  [[nodiscard]] std::optional<ReferenceKind> ShownKind() const;
+  // The editor of the row, of a new one for 0.
+  void EditItem(ReferenceKind kind, std::int64_t key);
+  void DeleteItem(ReferenceKind kind);
+  void ShowList(ListKind kind);
+
+  // --- The data file
+
+  void TakeLedger();
   void OpenDataFile();
   void ValidateDataFile();
   // Opens again what is in the settings and begins with its first view.
@@ -81,8 +147,10 @@ class FrmMain : public QMainWindow {
   QtProgress& progress_;
   ViewHistory history_;
   ViewCommand shown_;
+  ViewCommand counted_;  // what the accounts' balances are of
   std::vector<AccountRow> accounts_;
-  std::int64_t account_ = 0;  // last shown in the register
+  std::int64_t account_ = 0;      // last shown in the register
+  bool isAccountClosed_ = false;  // whether that one is
 
   MainActions* actions_;
   ucRibbon* ribbon_ = nullptr;
@@ -93,8 +161,12 @@ class FrmMain : public QMainWindow {
   QStackedWidget* views_ = nullptr;
   AccountsView* accountsView_ = nullptr;
   RegisterView* registerView_ = nullptr;
+  CategoriesView* categoriesView_ = nullptr;
+  PayeesView* payeesView_ = nullptr;
   EmptyState* closedView_ = nullptr;
   QWidget* reminders_ = nullptr;
+  QMenu* transactionMenu_ = nullptr;
+  QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;
 };
 

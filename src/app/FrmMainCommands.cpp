@@ -1,4 +1,5 @@
 // What the commands of the main window do.
+#include "app/AccountTree.h"
 #include "app/CommandEdge.h"
 #include "app/FrmAbout.h"
 #include "app/FrmMain.h"
@@ -9,12 +10,15 @@
 #include "app/MainActions.h"
 #include "app/QtText.h"
 #include "app/RegisterView.h"
+#include "app/SortedTable.h"
 #include "controls/ucCalendar.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
 
 #include <QAction>
+#include <QMenu>
+#include <QPointer>
 
 namespace corvanta {
 namespace {
@@ -25,33 +29,61 @@ void FrmMain::Guard(const std::function<void()>& command) {
   RunCommand(platform_.prompts, command);
 }
 
+void FrmMain::On(QAction* action, const std::function<void()>& command) {
+  connect(action, &QAction::triggered, this, [this, command] { Guard(command); });
+}
+
 void FrmMain::ConnectCommands() {
-  const auto on = [this](QAction* action, void (FrmMain::*command)()) {
-    connect(action, &QAction::triggered, this,
-            [this, command] { Guard([this, command] { (this->*command)(); }); });
-  };
-  on(actions_->mnuFileOpen, &FrmMain::OpenDataFile);
-  on(actions_->mnuFileValidate, &FrmMain::ValidateDataFile);
-  on(actions_->mnuFileKey, &FrmMain::ShowRecoveryKey);
-  on(actions_->mnuViewRefresh, &FrmMain::Reload);
-  on(actions_->mnuViewDescription, &FrmMain::KeepColumns);
-  on(actions_->mnuViewReference, &FrmMain::KeepColumns);
-  on(actions_->mnuViewStatus, &FrmMain::KeepColumns);
-  on(actions_->mnuHelpTips, &FrmMain::ShowTips);
-  on(actions_->mnuHelpAbout, &FrmMain::ShowAbout);
+  On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
+  On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
+  On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
+  On(actions_->mnuHelpTips, [this] { ShowTips(); });
+  On(actions_->mnuHelpAbout, [this] { ShowAbout(); });
   connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
-  connect(actions_->mnuViewAccounts, &QAction::triggered, this, [this] {
-    Show({kAccountShow, 0});
+  ConnectEdit();
+  ConnectTransactions();
+  ConnectReference();
+  ConnectViews();
+}
+
+void FrmMain::ConnectEdit() {
+  On(actions_->mnuEditUndo, [this] { Undo(false); });
+  On(actions_->mnuEditRedo, [this] { Undo(true); });
+  On(actions_->mnuEditInsert, [this] {
+    if (const auto kind = ShownKind()) EditItem(*kind, 0);
   });
-  connect(actions_->mnuViewRegister, &QAction::triggered, this, [this] {
-    Show({kTransactionShow, account_});
+  On(actions_->mnuEditDetails, [this] {
+    const auto kind = ShownKind();
+    if (kind && ChosenKey(*kind) != 0) EditItem(*kind, ChosenKey(*kind));
   });
+  On(actions_->mnuEditCopy, [this] { CopyTransactions(); });
+  On(actions_->mnuEditPaste, [this] { PasteTransactions(); });
+  On(actions_->mnuEditDelete, [this] {
+    if (const auto kind = ShownKind()) return DeleteItem(*kind);
+    if (shown_.name == kTransactionShow) DeleteTransactions();
+  });
+  On(actions_->mnuEditSelect, [this] { registerView_->Table().selectAll(); });
+}
+
+void FrmMain::ConnectViews() {
+  On(actions_->mnuViewAccounts, [this] { ShowView(kAccountShow); });
+  On(actions_->mnuViewRegister, [this] { ShowView(kTransactionShow, account_); });
+  On(actions_->mnuViewCategories, [this] { ShowView(kCategoryShow); });
+  On(actions_->mnuViewPayees, [this] { ShowView(kPayeeShow); });
+  On(actions_->mnuViewRefresh, [this] { Reload(); });
+  for (QAction* tick :
+       {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {
+    On(tick, [this] { TakeFilter(); });
+  }
+  for (QAction* tick :
+       {actions_->mnuViewDescription, actions_->mnuViewReference, actions_->mnuViewStatus}) {
+    On(tick, [this] { KeepColumns(); });
+  }
+  connect(actions_->mnuViewSort, &QMenu::aboutToShow, this, &FrmMain::FillSortMenu);
   const auto step = [this](QAction* action, std::optional<ViewCommand> (ViewHistory::*turn)()) {
-    connect(action, &QAction::triggered, this, [this, turn] {
-      Guard([this, turn] {
-        if (const auto command = (history_.*turn)()) ShowAgain(*command);
-        MarkCommands();
-      });
+    On(action, [this, turn] {
+      if (const auto command = (history_.*turn)()) ShowAgain(*command);
+      MarkCommands();
     });
   };
   step(actions_->mnuViewBack, &ViewHistory::Back);
@@ -67,6 +99,7 @@ void FrmMain::ApplySettings() {
   actions_->mnuViewStatus->setChecked(status);
   registerView_->ShowOptionalColumns(description, reference, status);
   registerView_->SetColours(ReadListColours(settings_, palette()));
+  tree_->ShowNumbers(settings_.IsOn(Setting::AccountNo));
   calendar_->setVisible(settings_.IsOn(Setting::Calendar));
 }
 
@@ -77,13 +110,23 @@ void FrmMain::KeepColumns() {
   ApplySettings();
 }
 
+void FrmMain::TakeLedger() {
+  if (!session_.IsOpen()) return;
+  UndoLog& log = session_.Ledger().Undo();
+  log.Start();
+  log.OnChange([window = QPointer<FrmMain>(this)] {
+    if (window) window->MarkUndo();
+  });
+}
+
 bool FrmMain::Reopen(bool quiet) {
   const bool opened = session_.Open(quiet);
+  TakeLedger();
   history_.Clear();
   account_ = 0;
   ReadAccounts();
   if (!accounts_.empty()) account_ = accounts_.front().accountId;
-  Show({account_ == 0 ? kAccountShow : kTransactionShow, account_});
+  ShowView(account_ == 0 ? kAccountShow : kTransactionShow, account_);
   return opened;
 }
 

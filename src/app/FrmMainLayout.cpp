@@ -1,12 +1,16 @@
 // How the main window is found again as it was left.
 #include "app/AccountsView.h"
+#include "app/CategoriesView.h"
 #include "app/CommandEdge.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/ListColours.h"
+#include "app/PayeesView.h"
 #include "app/QtText.h"
 #include "app/RegisterView.h"
+#include "app/SortedTable.h"
 #include "app/WindowLayout.h"
+#include "platform/Clock.h"
 #include "platform/Platform.h"
 
 #include <QCloseEvent>
@@ -29,14 +33,28 @@ void FrmMain::Restore() {
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
   registerView_->SetWidths(layout.registerWidths);
   accountsView_->SetWidths(layout.accountsWidths);
-  Guard([this] { ReadAccounts(); });
+  categoriesView_->SetWidths(layout.categoriesWidths);
+  payeesView_->SetWidths(layout.payeesWidths);
+  Guard([this] {
+    const DateRange dates = settings_.Dates(platform_.clock.Today());
+    registerView_->SetDates(dates);
+    if (settings_.IsOn(Setting::SetDate)) registerView_->SetPeriod(dates);
+    TakeLedger();
+    ReadAccounts();
+  });
   const bool known = std::any_of(accounts_.begin(), accounts_.end(), [&](const AccountRow& row) {
     return row.accountId == layout.account;
   });
   account_ = known ? layout.account : 0;
   if (account_ == 0 && !accounts_.empty()) account_ = accounts_.front().accountId;
-  const bool isRegister = account_ != 0 && layout.view == ToQt(kTransactionShow);
-  Show({isRegister ? kTransactionShow : kAccountShow, isRegister ? account_ : 0});
+  std::string_view view = kAccountShow;
+  for (const std::string_view one : {kTransactionShow, kCategoryShow, kPayeeShow}) {
+    if (layout.view == ToQt(one) && (one != kTransactionShow || account_ != 0)) view = one;
+  }
+  ShowView(view, view == kTransactionShow ? account_ : 0);
+  if (SortedTable* table = ShownTable(); table != nullptr && layout.sort.column >= 0) {
+    table->SetSorted(layout.sort);
+  }
 }
 
 void FrmMain::SaveLayout() {
@@ -52,6 +70,11 @@ void FrmMain::SaveLayout() {
   }
   layout.registerWidths = registerView_->Widths();
   layout.accountsWidths = accountsView_->Widths();
+  layout.categoriesWidths = categoriesView_->Widths();
+  layout.payeesWidths = payeesView_->Widths();
+  layout.dates = registerView_->Dates();
+  layout.isDatesInForce = registerView_->Period().has_value();
+  if (const SortedTable* table = ShownTable()) layout.sort = table->Sorted();
   WriteLayout(platform_.registry, layout);
 }
 

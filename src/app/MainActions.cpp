@@ -1,16 +1,26 @@
 #include "app/MainActions.h"
 
 #include "controls/SvgIcon.h"
-#include "controls/ucRibbon.h"
 
 #include <QAction>
 #include <QActionGroup>
 #include <QMenu>
-#include <QMenuBar>
 
 namespace corvanta {
 
 MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
+  MakeFile();
+  MakeEdit();
+  MakeTransactions();
+  MakeReference();
+  MakeViews();
+  MakeViewOptions();
+  mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
+  mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
+  mnuHelpAbout->setMenuRole(QAction::AboutRole);
+}
+
+void MainActions::MakeFile() {
   mnuFileOpen =
       Make("mnuFileOpen", tr("&Open..."), "open", tr("Open another data file"), QKeySequence::Open);
   mnuFileValidate =
@@ -20,13 +30,74 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   mnuFileExit = Make("mnuFileExit", tr("E&xit"), "exit", tr("Close the program"),
                      QKeySequence(Qt::CTRL | Qt::Key_Q));
   mnuFileExit->setMenuRole(QAction::QuitRole);
+}
+
+void MainActions::MakeEdit() {
+  mnuEditUndo = Make("mnuEditUndo", tr("&Undo"), "undo", tr("Take the last change back"),
+                     QKeySequence(Qt::CTRL | Qt::Key_Z));
+  mnuEditRedo =
+      Make("mnuEditRedo", tr("&Redo"), "redo", tr("Make the change again that was taken back"),
+           QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+  mnuEditInsert = InViews(Make("mnuEditInsert", tr("&Insert..."), "", tr("Add an item to the list"),
+                               QKeySequence(Qt::Key_Insert)));
+  mnuEditDetails = InViews(Make("mnuEditDetails", tr("De&tails..."), "", tr("Edit the chosen item"),
+                                QKeySequence(Qt::Key_F2)));
+  mnuEditCopy = InViews(Make("mnuEditCopy", tr("Cop&y"), "copy", tr("Copy the chosen transactions"),
+                             QKeySequence(Qt::CTRL | Qt::Key_C)));
+  mnuEditPaste = InViews(Make("mnuEditPaste", tr("&Paste"), "paste",
+                              tr("Put the copied transactions into the account shown"),
+                              QKeySequence(Qt::CTRL | Qt::Key_V)));
+  mnuEditDelete = InViews(Make("mnuEditDelete", tr("&Delete"), "delete",
+                               tr("Delete the chosen items"), QKeySequence(Qt::Key_Delete)));
+  mnuEditSelect = InViews(Make("mnuEditSelect", tr("Select &All"), "", tr("Choose all items"),
+                               QKeySequence(Qt::CTRL | Qt::Key_A)));
+}
+
+void MainActions::MakeTransactions() {
+  mnuTransBreak = MakeBreak("mnuTransBreak");
+  mnuTransUChk = MakeTick("mnuTransUChk", tr("&Uncleared"), tr("No statement shows it"));
+  mnuTransChk = MakeTick("mnuTransChk", tr("&Cleared"), tr("A statement shows it"));
+  mnuTranRec = MakeTick("mnuTranRec", tr("&Reconciled"), tr("It is part of a balanced statement"));
+  mnuTransBreak1 = MakeBreak("mnuTransBreak1");
+  mnuTransSchedule = Make("mnuTransSchedule", tr("&Schedule Item"), "schedule",
+                          tr("Tell of the schedule that the transaction was made from"));
+  mnuTransTransfer = Make("mnuTransTransfer", tr("&Transfer Item"), "transfer",
+                          tr("Show the other half of the transfer in its account"));
+}
+
+void MainActions::MakeReference() {
+  mnuAccountAdd = Make("mnuAccountAdd", tr("&Add..."), "", tr("Add an account"));
+  mnuAccountEdit = Make("mnuAccountEdit", tr("&Edit..."), "", tr("Edit the account"));
+  mnuAccountDelete = Make("mnuAccountDelete", tr("&Delete"), "", tr("Delete the account"));
+  mnuAccountList = Make("mnuAccountList", tr("&List"), "accounts", tr("Show the list of accounts"));
+  mnuCategoryAdd = Make("mnuCategoryAdd", tr("&Add..."), "", tr("Add a category"));
+  mnuCategoryEdit = Make("mnuCategoryEdit", tr("&Edit..."), "", tr("Edit the chosen category"));
+  mnuCategoryDelete =
+      Make("mnuCategoryDelete", tr("&Delete"), "", tr("Delete the chosen category"));
+  mnuPayeeNew = Make("mnuPayeeNew", tr("&New..."), "", tr("Add a payee"));
+  mnuPayeeEdit = Make("mnuPayeeEdit", tr("&Edit..."), "", tr("Edit the chosen payee"));
+  mnuPayeeDelete = Make("mnuPayeeDelete", tr("&Delete"), "", tr("Delete the chosen payee"));
+  mnuToolsKeywords =
+      Make("mnuToolsKeywords", tr("&Keywords..."), "", tr("Show the keywords of transactions"));
+  mnuViewAccountTypes =
+      Make("mnuViewAccountTypes", tr("Account T&ypes..."), "", tr("Show the groups of accounts"));
+  mnuViewBanks = Make("mnuViewBanks", tr("Ban&ks..."), "", tr("Show the banks"));
+  mnuViewPayments =
+      Make("mnuViewPayments", tr("Pay&ment Types..."), "", tr("Show the payment types"));
+}
+
+void MainActions::MakeViews() {
   mnuViewAccounts = Make("mnuViewAccounts", tr("&Accounts"), "accounts",
                          tr("Show the list of accounts"), QKeySequence(Qt::CTRL | Qt::Key_1));
   mnuViewRegister =
       Make("mnuViewRegister", tr("Re&gister"), "register",
            tr("Show the transactions of the chosen account"), QKeySequence(Qt::CTRL | Qt::Key_2));
+  mnuViewCategories = Make("mnuViewCategories", tr("Categ&ories"), "categories",
+                           tr("Show the list of categories"), QKeySequence(Qt::CTRL | Qt::Key_3));
+  mnuViewPayees = Make("mnuViewPayees", tr("&Payees"), "payees", tr("Show the list of payees"),
+                       QKeySequence(Qt::CTRL | Qt::Key_4));
   auto* views = new QActionGroup(this);
-  for (QAction* view : {mnuViewAccounts, mnuViewRegister}) {
+  for (QAction* view : {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees}) {
     view->setCheckable(true);
     views->addAction(view);
   }
@@ -34,17 +105,28 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
                      QKeySequence(Qt::ALT | Qt::Key_Left));
   mnuViewForward = Make("mnuViewForward", tr("&Forward"), "forward", tr("Show the next view again"),
                         QKeySequence(Qt::ALT | Qt::Key_Right));
+  mnuViewRefresh = Make("mnuViewRefresh", tr("Refre&sh"), "refresh",
+                        tr("Read the accounts and the list again"), QKeySequence(Qt::Key_F5));
+}
+
+void MainActions::MakeViewOptions() {
+  mnuViewUnCleared = MakeTick("mnuViewUnCleared", tr("Show &Uncleared Funds"),
+                              tr("Show and count what no statement shows yet"));
+  mnuViewCleared = MakeTick("mnuViewCleared", tr("Show &Cleared Funds"),
+                            tr("Show and count what a statement shows"));
+  mnuViewReconciled = MakeTick("mnuViewReconciled", tr("Show R&econciled Funds"),
+                               tr("Show and count what balanced statements hold"));
+  for (QAction* tick : {mnuViewUnCleared, mnuViewCleared, mnuViewReconciled}) {
+    tick->setChecked(true);
+  }
   mnuViewDescription = MakeTick("mnuViewDescription", tr("Show &Description"),
                                 tr("Show the description in the register"));
   mnuViewReference =
       MakeTick("mnuViewReference", tr("Show &Reference"), tr("Show the reference in the register"));
   mnuViewStatus =
       MakeTick("mnuViewStatus", tr("Show S&tatus"), tr("Show the status in the register"));
-  mnuViewRefresh = Make("mnuViewRefresh", tr("Refre&sh"), "refresh",
-                        tr("Read the accounts and the list again"), QKeySequence(Qt::Key_F5));
-  mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
-  mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
-  mnuHelpAbout->setMenuRole(QAction::AboutRole);
+  mnuViewSort = new QMenu(tr("Sort by Co&lumn"), window_);
+  mnuViewSort->menuAction()->setObjectName(QStringLiteral("mnuViewSort"));
 }
 
 QAction* MainActions::Make(const char* name, const QString& text, const char* icon,
@@ -64,42 +146,24 @@ QAction* MainActions::MakeTick(const char* name, const QString& text, const QStr
   return action;
 }
 
-void MainActions::FillMenus(QMenuBar& menus) const {
-  QMenu* file = menus.addMenu(tr("&File"));
-  file->setObjectName(QStringLiteral("mnuFile"));
-  file->addActions({mnuFileOpen, mnuFileValidate, mnuFileKey});
-  file->addSeparator();
-  file->addAction(mnuFileExit);
-  QMenu* view = menus.addMenu(tr("&View"));
-  view->setObjectName(QStringLiteral("mnuView"));
-  view->addActions({mnuViewAccounts, mnuViewRegister});
-  view->addSeparator();
-  view->addActions({mnuViewBack, mnuViewForward});
-  view->addSeparator();
-  view->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
-  view->addSeparator();
-  view->addAction(mnuViewRefresh);
-  QMenu* help = menus.addMenu(tr("&Help"));
-  help->setObjectName(QStringLiteral("mnuHelp"));
-  help->addActions({mnuHelpTips, mnuHelpAbout});
+QAction* MainActions::MakeBreak(const char* name) {
+  auto* line = new QAction(window_);
+  line->setObjectName(QLatin1String(name));
+  line->setSeparator(true);
+  return line;
 }
 
-void MainActions::FillRibbon(ucRibbon& ribbon) const {
-  ribbon.AddButton(mnuViewBack);
-  ribbon.AddButton(mnuViewForward);
-  ribbon.AddSeparator();
-  ribbon.AddButton(mnuViewAccounts);
-  ribbon.AddButton(mnuViewRegister);
-  ribbon.AddButton(mnuViewRefresh);
-  ribbon.AddSeparator();
-  ribbon.AddButton(mnuFileOpen);
-  ribbon.AddButton(mnuFileValidate);
-  ribbon.AddButton(mnuFileKey);
+QAction* MainActions::InViews(QAction* action) const {
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  return action;
 }
 
 void MainActions::SetDataOpen(bool open) const {
-  for (QAction* action : {mnuViewAccounts, mnuViewRegister, mnuViewRefresh, mnuViewDescription,
-                          mnuViewReference, mnuViewStatus}) {
+  for (QAction* action :
+       {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewRefresh,
+        mnuViewDescription, mnuViewReference, mnuViewStatus, mnuViewUnCleared, mnuViewCleared,
+        mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks, mnuViewPayments, mnuToolsKeywords,
+        mnuAccountAdd, mnuAccountList, mnuCategoryAdd, mnuPayeeNew}) {
     action->setEnabled(open);
   }
 }

@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QAction;
+class QMenu;
 class QMenuBar;
 class QWidget;
 
@@ -10,8 +11,8 @@ namespace corvanta {
 
 class ucRibbon;
 
-// The commands of the main window. Each stands once, in its menu; the ribbon has the frequent ones.
-// What a command does is connected by the window.
+// The commands of the main window. Each stands once, in its menu; the pop-up menus and the ribbon
+// have the frequent ones again. What a command does is connected by the window.
 class MainActions : public QObject {
   Q_OBJECT
 
@@ -20,6 +21,8 @@ class MainActions : public QObject {
 
   void FillMenus(QMenuBar& menus) const;
   void FillRibbon(ucRibbon& ribbon) const;
+  // The register's own menu.
+  void FillTransactionMenu(QMenu& menu) const;
   // Enables what needs an open data file, or disables it.
   void SetDataOpen(bool open) const;
 
@@ -27,21 +30,74 @@ class MainActions : public QObject {
   QAction* mnuFileValidate;
   QAction* mnuFileKey;
   QAction* mnuFileExit;
+
+  QAction* mnuEditUndo;
+  QAction* mnuEditRedo;
+  QAction* mnuEditInsert;
+  QAction* mnuEditDetails;
+  QAction* mnuEditCopy;
+  QAction* mnuEditPaste;
+  QAction* mnuEditDelete;
+  QAction* mnuEditSelect;
+
+  QAction* mnuAccountAdd;
+  QAction* mnuAccountEdit;
+  QAction* mnuAccountDelete;
+  QAction* mnuAccountList;
+
+  QAction* mnuTransBreak;
+  QAction* mnuTransUChk;
+  QAction* mnuTransChk;
+  QAction* mnuTranRec;
+  QAction* mnuTransBreak1;
+  QAction* mnuTransSchedule;
+  QAction* mnuTransTransfer;
+
+  QAction* mnuCategoryAdd;
+  QAction* mnuCategoryEdit;
+  QAction* mnuCategoryDelete;
+  QAction* mnuPayeeNew;
+  QAction* mnuPayeeEdit;
+  QAction* mnuPayeeDelete;
+
+  QAction* mnuToolsKeywords;
+
   QAction* mnuViewAccounts;
   QAction* mnuViewRegister;
+  QAction* mnuViewCategories;
+  QAction* mnuViewPayees;
   QAction* mnuViewBack;
   QAction* mnuViewForward;
+  QAction* mnuViewUnCleared;
+  QAction* mnuViewCleared;
+  QAction* mnuViewReconciled;
   QAction* mnuViewDescription;
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
+  QMenu* mnuViewSort;  // filled when it opens
+  QAction* mnuViewAccountTypes;
+  QAction* mnuViewBanks;
+  QAction* mnuViewPayments;
   QAction* mnuViewRefresh;
+
   QAction* mnuHelpTips;
   QAction* mnuHelpAbout;
 
  private:
+  void MakeFile();
+  void MakeEdit();
+  void MakeTransactions();
+  void MakeReference();
+  void MakeViews();
+  void MakeViewOptions();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);
+  QAction* MakeBreak(const char* name);
+  // The keys of the command work in the views alone, not beside them.
+  QAction* InViews(QAction* action) const;
+  QMenu* AddMenu(QMenuBar& menus, const char* name, const QString& text) const;
+  void FillViewMenu(QMenu& view) const;
 
   QWidget* window_;
 };

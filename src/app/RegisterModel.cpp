@@ -2,6 +2,7 @@
 
 #include "app/QtText.h"
 #include "platform/Locale.h"
+#include "platform/TextCase.h"
 
 #include <algorithm>
 
@@ -13,14 +14,54 @@ RegisterModel::RegisterModel(const Locale& locale, QObject* parent)
 void RegisterModel::SetRows(std::vector<RegisterRow> rows) {
   beginResetModel();
   rows_ = std::move(rows);
+  PutInOrder();
   endResetModel();
 }
 
-int RegisterModel::FirstRowFrom(Date day) const {
+void RegisterModel::Sort(const SortState& sort) {
+  beginResetModel();
+  sort_ = sort;
+  PutInOrder();
+  endResetModel();
+}
+
+void RegisterModel::PutInOrder() {
+  // That is the order in which they came.
+  const bool isByDay = sort_ == SortState{kDate, false};
+  order_ = SortedRows(rows_.size(), isByDay ? SortState{} : sort_,
+                      [this](std::size_t row) { return Key(rows_[row]); });
+}
+
+SortKey RegisterModel::Key(const RegisterRow& row) const {
+  switch (sort_.column) {
+    case kDate:
+      return SortKey(static_cast<double>(row.date.Serial()));
+    case kPaidOut:
+      return row.amount < 0 ? SortKey(row.amount) : SortKey();
+    case kPaidIn:
+      return row.amount < 0 ? SortKey() : SortKey(row.amount);
+    case kBalance:
+      return SortKey(row.balance);
+    default:
+      return SortKey(FoldCase(FromQt(Text(row, sort_.column))));
+  }
+}
+
+int RegisterModel::RowNear(Date day) const {
+  if (rows_.empty()) return -1;
   const auto found =
-      std::lower_bound(rows_.begin(), rows_.end(), day,
+      std::lower_bound(rows_.begin(), rows_.end() - 1, day,
                        [](const RegisterRow& row, Date wanted) { return row.date < wanted; });
-  return static_cast<int>(found - rows_.begin());
+  const auto place =
+      std::find(order_.begin(), order_.end(), static_cast<std::size_t>(found - rows_.begin()));
+  return static_cast<int>(place - order_.begin());
+}
+
+int RegisterModel::RowOf(std::int64_t transactionId) const {
+  for (int row = 0; row < rowCount(); ++row) {
+    if (Row(row).transactionId == transactionId) return row;
+  }
+  return -1;
 }
 
 int RegisterModel::rowCount(const QModelIndex& parent) const {

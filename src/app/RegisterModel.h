@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ListSort.h"
 #include "ledger/clsCorvanta.h"
 
 #include <QAbstractTableModel>
@@ -33,12 +34,16 @@ class RegisterModel : public QAbstractTableModel {
 
   RegisterModel(const Locale& locale, QObject* parent);
 
+  // Rows in date order; they are shown in the order that was last asked for.
   void SetRows(std::vector<RegisterRow> rows);
+  void Sort(const SortState& sort);
   [[nodiscard]] const RegisterRow& Row(int row) const {
-    return rows_.at(static_cast<std::size_t>(row));
+    return rows_.at(order_.at(static_cast<std::size_t>(row)));
   }
-  // The first row of that day or of a later one; rowCount() when there is none.
-  [[nodiscard]] int FirstRowFrom(Date day) const;
+  // The row of the first day that is not before that one, or of the last day; -1 without rows.
+  [[nodiscard]] int RowNear(Date day) const;
+  // Of a transaction; -1 when it is not shown.
+  [[nodiscard]] int RowOf(std::int64_t transactionId) const;
 
   [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -48,9 +53,13 @@ class RegisterModel : public QAbstractTableModel {
 
  private:
   [[nodiscard]] QString Text(const RegisterRow& row, int column) const;
+  [[nodiscard]] SortKey Key(const RegisterRow& row) const;
+  void PutInOrder();
 
   const Locale& locale_;
   std::vector<RegisterRow> rows_;
+  std::vector<std::size_t> order_;
+  SortState sort_;
 };
 
 // What the marks of a row say, in words: "Split, from a schedule"; empty for an ordinary row.

@@ -1,19 +1,25 @@
 #include "app/RegisterView.h"
 
+#include "app/PeriodBar.h"
 #include "app/QtText.h"
 #include "app/RegisterModel.h"
+#include "app/SortedTable.h"
 #include "app/TotalsLine.h"
 #include "app/ViewHeader.h"
 #include "controls/EmptyState.h"
-#include "controls/ListTable.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
+#include "ledger/Balances.h"
 #include "platform/Locale.h"
 
 #include <QAction>
+#include <QHBoxLayout>
 #include <QItemSelection>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace corvanta {
 namespace {
@@ -54,8 +60,9 @@ QString Details(const AccountRow& account) {
 RegisterView::RegisterView(const Locale& locale, QAction* emptyAction, QWidget* parent)
     : QWidget(parent),
       header_(new ViewHeader(this)),
+      period_(new PeriodBar(locale, this)),
       pages_(new QStackedWidget(this)),
-      table_(new ListTable(this)),
+      table_(new SortedTable(this)),
       empty_(new EmptyState(this)),
       totals_(new TotalsLine(this)),
       model_(new RegisterModel(locale, this)),
@@ -67,46 +74,109 @@ RegisterView::RegisterView(const Locale& locale, QAction* emptyAction, QWidget* 
   table_->setModel(model_);
   table_->setItemDelegate(delegate_);
   table_->SetColumns(Columns(locale, fontMetrics()));
+  table_->SetSorted({RegisterModel::kDate, false});
+  table_->setContextMenuPolicy(Qt::CustomContextMenu);
   pages_->addWidget(table_);
   pages_->addWidget(empty_);
+  auto* head = new QHBoxLayout;
+  head->addWidget(header_, 1);
+  head->addWidget(period_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addWidget(header_);
+  column->addLayout(head);
   column->addWidget(pages_, 1);
   column->addWidget(totals_);
   setFocusProxy(table_);
+  Connect();
 }
 
-void RegisterView::ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows) {
-  QString title = ToQt(account.account);
-  if (account.closed) title += QStringLiteral(" [Closed] ");
-  header_->Show(title, Details(account));
-  const double balance = rows.empty() ? account.balance : rows.back().balance;
-  const std::size_t count = rows.size();
-  totals_->Show(count == 1
-                    ? tr("1 transaction")
-                    : tr("%1 transactions").arg(locale().toString(static_cast<qulonglong>(count))),
-                tr("Balance: ") + ToQt(locale_.FormatNumber(balance)), balance < 0);
+void RegisterView::Connect() {
+  connect(period_, &PeriodBar::Changed, this, &RegisterView::PeriodChanged);
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          &RegisterView::ChoiceChanged);
+  connect(table_, &QWidget::customContextMenuRequested, this, &RegisterView::RequestMenu);
+  connect(table_, &SortedTable::SortChosen, this, [this] {
+    const std::int64_t focused = FocusedKey();
+    model_->Sort(table_->Sorted());
+    ChooseKey(focused);
+  });
+}
+
+// The key asks for the menu in the middle of the list: it belongs to the row in use.
+void RegisterView::RequestMenu(QPoint place) {
+  const bool isByMouse = table_->indexAt(place) == table_->currentIndex() ||
+                         (QGuiApplication::mouseButtons() & Qt::RightButton) != 0;
+  const QRect row = table_->visualRect(table_->currentIndex());
+  if (!isByMouse && FocusedKey() != 0 && row.isValid()) {
+    place = QPoint(row.left() + 2 * kRhythm, row.bottom());
+  }
+  Q_EMIT MenuRequested(table_->viewport()->mapToGlobal(place));
+}
+
+void RegisterView::ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
+                               const PeriodTotals& totals) {
+  header_->Show(ToQt(AccountCaption(account)), Details(account));
+  const auto count = static_cast<qulonglong>(rows.size());
+  totals_->Show(
+      count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
+      totals, locale_);
   totals_->show();
-  model_->SetRows(std::move(rows));
-  if (count == 0) {
-    empty_->Show(QStringLiteral("register"), tr("No transactions in this account yet"),
-                 tr("What is paid into the account and out of it will be listed here, the newest "
-                    "last. Until then its balance is its opening balance."),
-                 emptyAction_);
-  }
+  period_->show();
+  const bool isSame = accountId_ == account.accountId;
+  accountId_ = account.accountId;
+  Fill(std::move(rows), isSame);
+  if (count == 0) ShowEmpty(account);
   pages_->setCurrentIndex(count == 0 ? 1 : 0);
-  table_->scrollToBottom();
-  if (count > 0) {
-    table_->selectionModel()->setCurrentIndex(model_->index(model_->rowCount() - 1, 0),
-                                              QItemSelectionModel::NoUpdate);
+}
+
+void RegisterView::ShowEmpty(const AccountRow& account) {
+  const bool hasOthers = account.balance != account.openingBalance || Period().has_value();
+  if (hasOthers) {
+    empty_->Show(QStringLiteral("register"), tr("No transactions to show"),
+                 tr("The period above the list, or the statuses that are chosen in the View menu, "
+                    "leave none of the account's transactions."),
+                 nullptr);
+    return;
   }
+  empty_->Show(QStringLiteral("register"), tr("No transactions in this account yet"),
+               tr("What is paid into the account and out of it will be listed here, the newest "
+                  "last. Until then its balance is its opening balance."),
+               emptyAction_);
+}
+
+void RegisterView::Fill(std::vector<RegisterRow> rows, bool isSame) {
+  const std::int64_t focused = isSame ? FocusedKey() : 0;
+  const int place = table_->currentIndex().row();
+  const int scrolled = table_->verticalScrollBar()->value();
+  model_->SetRows(std::move(rows));
+  const int count = model_->rowCount();
+  if (count == 0) {
+    Q_EMIT ChoiceChanged();
+    return;
+  }
+  if (!isSame) {
+    table_->scrollToBottom();
+    table_->selectionModel()->setCurrentIndex(model_->index(count - 1, 0),
+                                              QItemSelectionModel::NoUpdate);
+  } else {
+    table_->verticalScrollBar()->setValue(scrolled);
+    const int row = std::clamp(place, 0, count - 1);
+    if (focused == 0) {
+      table_->selectionModel()->setCurrentIndex(model_->index(row, 0),
+                                                QItemSelectionModel::NoUpdate);
+    } else if (!ChooseKey(focused)) {
+      table_->ChooseRow(row);
+    }
+  }
+  Q_EMIT ChoiceChanged();
 }
 
 void RegisterView::ShowNoAccount() {
   header_->Show(tr("Register"), QString());
   totals_->hide();
+  period_->hide();
+  accountId_ = 0;
   model_->SetRows({});
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
@@ -132,18 +202,83 @@ void RegisterView::SetWidths(const QString& widths) {
   table_->SetWidths(widths);
 }
 
+std::optional<DateRange> RegisterView::Period() const {
+  return period_->InForce();
+}
+DateRange RegisterView::Dates() const {
+  return period_->Dates();
+}
+void RegisterView::SetDates(const DateRange& dates) {
+  period_->SetDates(dates);
+}
+void RegisterView::SetPeriod(const std::optional<DateRange>& period) {
+  if (period) period_->SetDates(*period);
+  period_->SetInForce(period.has_value());
+}
+
+std::vector<int> RegisterView::ChosenRows() const {
+  std::vector<int> rows;
+  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
+    rows.push_back(index.row());
+  }
+  std::sort(rows.begin(), rows.end());
+  return rows;
+}
+
+std::vector<std::int64_t> RegisterView::ChosenKeys() const {
+  std::vector<std::int64_t> keys;
+  for (const int row : ChosenRows()) keys.push_back(model_->Row(row).transactionId);
+  return keys;
+}
+
+std::int64_t RegisterView::FocusedKey() const {
+  const QItemSelectionModel* chosen = table_->selectionModel();
+  const QModelIndex current = table_->currentIndex();
+  if (current.isValid() && chosen->isSelected(current)) {
+    return model_->Row(current.row()).transactionId;
+  }
+  if (!chosen->hasSelection()) return 0;
+  const std::vector<int> rows = ChosenRows();
+  return rows.empty() ? 0 : model_->Row(rows.front()).transactionId;
+}
+
+bool RegisterView::ChooseKey(std::int64_t transactionId) {
+  const int row = transactionId == 0 ? -1 : model_->RowOf(transactionId);
+  if (row < 0) return false;
+  table_->ChooseRow(row);
+  return true;
+}
+
+QString RegisterView::ChosenText() const {
+  QString text;
+  for (const int row : ChosenRows()) {
+    QStringList cells;
+    for (int column = 0; column < RegisterModel::kColumns; ++column) {
+      if (table_->isColumnHidden(column)) continue;
+      cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
+    }
+    text += cells.join(u'\t') + u'\n';
+  }
+  return text;
+}
+
+bool RegisterView::IsEmpty() const {
+  return model_->rowCount() == 0;
+}
+
 void RegisterView::ChooseDay(Date day) {
-  const int first = model_->FirstRowFrom(day);
-  const int end = model_->FirstRowFrom(day.AddDays(1));
   table_->clearSelection();
-  if (model_->rowCount() == 0) return;
-  const int shown = std::min(first, model_->rowCount() - 1);
-  table_->scrollTo(model_->index(shown, 0), QAbstractItemView::PositionAtCenter);
-  if (first == end) return;
-  table_->selectionModel()->setCurrentIndex(model_->index(first, 0), QItemSelectionModel::NoUpdate);
-  table_->selectionModel()->select(
-      QItemSelection(model_->index(first, 0), model_->index(end - 1, 0)),
-      QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+  const int near = model_->RowNear(day);
+  if (near < 0) return;
+  table_->scrollTo(model_->index(near, 0), QAbstractItemView::PositionAtCenter);
+  if (model_->Row(near).date != day) return;
+  QItemSelection rows;
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    if (model_->Row(row).date == day) rows.select(model_->index(row, 0), model_->index(row, 0));
+  }
+  table_->selectionModel()->setCurrentIndex(model_->index(near, 0), QItemSelectionModel::NoUpdate);
+  table_->selectionModel()->select(rows,
+                                   QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 QSet<QDate> RegisterView::Days() const {

@@ -2,23 +2,28 @@
 
 #include "app/RegisterDelegate.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Settings.h"
 
 #include <QSet>
 #include <QWidget>
 
+#include <optional>
 #include <vector>
 
 class QAction;
+class QPoint;
 class QStackedWidget;
 
 namespace corvanta {
 
 class EmptyState;
-class ListTable;
 class Locale;
+class PeriodBar;
 class RegisterModel;
+class SortedTable;
 class TotalsLine;
 class ViewHeader;
+struct PeriodTotals;
 
 // The view of "TransactionShow": the register of one account, newest last.
 class RegisterView : public QWidget {
@@ -28,15 +33,34 @@ class RegisterView : public QWidget {
   // `emptyAction` is what a register without rows offers.
   RegisterView(const Locale& locale, QAction* emptyAction, QWidget* parent);
 
-  // Shows the register at its end. The rows stand in date order.
-  void ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows);
+  // Shows the register at its end; the one already shown where it was, with the row chosen again
+  // that had the focus. The rows stand in date order.
+  void ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
+                   const PeriodTotals& totals);
   // Shows instead of a register that no account is chosen.
   void ShowNoAccount();
 
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
+  [[nodiscard]] SortedTable& Table() const { return *table_; }
   [[nodiscard]] QString Widths() const;
   void SetWidths(const QString& widths);
+
+  // The period that the person asks for; the account's rows are the caller's to read.
+  [[nodiscard]] std::optional<DateRange> Period() const;
+  [[nodiscard]] DateRange Dates() const;
+  void SetDates(const DateRange& dates);
+  void SetPeriod(const std::optional<DateRange>& period);
+
+  // The chosen rows from the first to the last.
+  [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
+  // The chosen row that has the focus, or else the first chosen one; 0 when none is chosen.
+  [[nodiscard]] std::int64_t FocusedKey() const;
+  // Chooses that row alone and brings it into view. False when it is not shown.
+  bool ChooseKey(std::int64_t transactionId);
+  // The chosen rows as lines of cells with tabs between them.
+  [[nodiscard]] QString ChosenText() const;
+  [[nodiscard]] bool IsEmpty() const;
 
   // Chooses the rows of that day and brings them into view; without any, the place where they
   // would stand.
@@ -44,16 +68,29 @@ class RegisterView : public QWidget {
   // The days on which the register has rows.
   [[nodiscard]] QSet<QDate> Days() const;
 
+ Q_SIGNALS:
+  void PeriodChanged();
+  void ChoiceChanged();
+  void MenuRequested(QPoint place);  // on the screen
+
  private:
+  void Connect();
+  void RequestMenu(QPoint place);
+  void ShowEmpty(const AccountRow& account);
+  void Fill(std::vector<RegisterRow> rows, bool isSame);
+  [[nodiscard]] std::vector<int> ChosenRows() const;
+
   ViewHeader* header_;
+  PeriodBar* period_;
   QStackedWidget* pages_;
-  ListTable* table_;
+  SortedTable* table_;
   EmptyState* empty_;
   TotalsLine* totals_;
   RegisterModel* model_;
   RegisterDelegate* delegate_;
   QAction* emptyAction_;
   const Locale& locale_;
+  std::int64_t accountId_ = 0;
 };
 
 }  // namespace corvanta

@@ -4,6 +4,9 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+#include <array>
+
 namespace corvanta {
 
 StartOptions ReadStartOptions(const QStringList& arguments) {
@@ -50,6 +53,28 @@ StartOptions ReadStartOptions(const QStringList& arguments) {
     }
   }
   return options;
+}
+
+QStringList WithoutWindowOptions(const QStringList& arguments) {
+  static constexpr std::array kWithValue{
+      "platform",        "platformpluginpath", "platformtheme", "plugin", "style",   "stylesheet",
+      "qwindowicon",     "qwindowtitle",       "icon",          "title",  "display", "geometry",
+      "qwindowgeometry", "fontengine",         "session",       "name",   "dialogs"};
+  static constexpr std::array kAlone{"reverse", "widgetcount", "nograb", "dograb", "sync"};
+  QStringList own;
+  for (qsizetype index = 0; index < arguments.size(); ++index) {
+    const QString& argument = arguments[index];
+    const QString name = argument.mid(argument.startsWith(QStringLiteral("--")) ? 2 : 1);
+    const auto is = [&name](const char* known) { return name == QLatin1String(known); };
+    const bool isOption = index > 0 && argument.startsWith(u'-');
+    if (isOption && std::any_of(kAlone.begin(), kAlone.end(), is)) continue;
+    if (isOption && std::any_of(kWithValue.begin(), kWithValue.end(), is)) {
+      ++index;
+      continue;
+    }
+    own.append(argument);
+  }
+  return own;
 }
 
 }  // namespace corvanta

@@ -22,4 +22,7 @@ struct StartOptions {
 // when it is opened from a file manager.
 [[nodiscard]] StartOptions ReadStartOptions(const QStringList& arguments);
 
+// The arguments without those that the windows' own library takes, such as "-platform".
+[[nodiscard]] QStringList WithoutWindowOptions(const QStringList& arguments);
+
 }  // namespace corvanta

@@ -2,26 +2,44 @@
 
 #include <QWidget>
 
+#include <array>
+
+class QGridLayout;
 class QLabel;
 
 namespace corvanta {
 
-// The line under a list: how many rows it has, and what they come to.
+struct PeriodTotals;
+class Locale;
+
+// The line under a list: how many rows it has, and what they come to. Where it is too narrow for
+// all figures they stand in two rows: a figure that is cut would be another one.
 class TotalsLine : public QWidget {
   Q_OBJECT
 
  public:
   explicit TotalsLine(QWidget* parent);
 
-  // `negative` gives the figure the colour for what is below zero.
+  // One figure. `negative` gives it the colour for what is below zero.
   void Show(const QString& rows, const QString& figure, bool negative);
+  // The four figures of a register.
+  void Show(const QString& rows, const PeriodTotals& totals, const Locale& money);
+
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
+  [[nodiscard]] int WidthInOneRow() const;
+  void Arrange();
+
+  QGridLayout* grid_;
   QLabel* rows_;
-  QLabel* figure_;
+  QLabel* figure_;                 // the balance
+  std::array<QLabel*, 3> others_;  // paid in, paid out, this period
+  bool isNarrow_ = false;
 };
 
 }  // namespace corvanta

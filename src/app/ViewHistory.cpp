@@ -12,6 +12,10 @@ void ViewHistory::Push(const ViewCommand& command) {
   current_ = slots_.size() - 1;
 }
 
+void ViewHistory::Replace(const ViewCommand& command) {
+  if (!slots_.empty()) slots_[current_] = command;
+}
+
 std::optional<ViewCommand> ViewHistory::Back() {
   if (!CanGoBack()) return std::nullopt;
   return slots_[--current_];

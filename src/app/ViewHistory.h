@@ -16,6 +16,8 @@ class ViewHistory {
   // Remembers what is shown now; what lay ahead of the former view is forgotten. The view already
   // shown is not remembered twice.
   void Push(const ViewCommand& command);
+  // The view shown now has other parameters.
+  void Replace(const ViewCommand& command);
   [[nodiscard]] bool CanGoBack() const { return current_ > 0; }
   [[nodiscard]] bool CanGoForward() const { return current_ + 1 < slots_.size(); }
   // Steps and returns the view to show; nullopt at the end.

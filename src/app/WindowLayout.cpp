@@ -65,6 +65,10 @@ WindowLayout ReadLayout(Registry& registry) {
   layout.account = settings.Number(Setting::Account);
   layout.registerWidths = ToQt(settings.Text(Setting::chT));
   layout.accountsWidths = ReadText(registry, kAccountsWidths);
+  layout.categoriesWidths = ToQt(settings.Text(Setting::chC));
+  layout.payeesWidths = ToQt(settings.Text(Setting::chP));
+  // The columns are counted from 1 there, as 0 stands for none.
+  layout.sort = {settings.Number(Setting::ColNo) - 1, settings.Number(Setting::ColSort) == 1};
   return layout;
 }
 
@@ -76,6 +80,12 @@ void WriteLayout(Registry& registry, const WindowLayout& layout) {
   values[Name(Setting::View)] = FromQt(layout.view);
   values[Name(Setting::Account)] = std::to_string(layout.account);
   values[Name(Setting::chT)] = FromQt(layout.registerWidths);
+  values[Name(Setting::chC)] = FromQt(layout.categoriesWidths);
+  values[Name(Setting::chP)] = FromQt(layout.payeesWidths);
+  values[Name(Setting::ColNo)] = std::to_string(layout.sort.column + 1);
+  values[Name(Setting::ColSort)] = std::to_string(layout.sort.isDescending ? 1 : 0);
+  values[Name(Setting::Dates)] = layout.dates.start.ToIso() + '#' + layout.dates.end.ToIso();
+  values[Name(Setting::SetDate)] = std::to_string(layout.isDatesInForce ? 1 : 0);
   values[std::string(kAccountsWidths)] = FromQt(layout.accountsWidths);
   values[std::string(kLeft)] = std::to_string(layout.place.x());
   values[std::string(kTop)] = std::to_string(layout.place.y());

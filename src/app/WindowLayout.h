@@ -1,5 +1,8 @@
 #pragma once
 
+#include "app/ListSort.h"
+#include "platform/Settings.h"
+
 #include <QList>
 #include <QRect>
 #include <QString>
@@ -19,6 +22,11 @@ struct WindowLayout {
   qint64 account = 0;
   QString registerWidths;  // column widths, the numbers separated by "|"
   QString accountsWidths;
+  QString categoriesWidths;
+  QString payeesWidths;
+  SortState sort;   // of the list last shown
+  DateRange dates;  // of the register; written only
+  bool isDatesInForce = false;
 };
 
 // What makes no sense in the settings reads as nothing kept.

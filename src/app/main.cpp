@@ -7,8 +7,7 @@
 #include <QApplication>
 
 #include <cstdio>
-#include <memory>
-#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -27,15 +26,13 @@ int Start(const corvanta::StartOptions& options) {
   }
 }
 
-// Asking for help or the version must not need a display.
-std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
-  for (int index = 1; index < argc; ++index) {
-    const std::string_view argument = argv[index];
-    if (argument == "--help" || argument == "-h" || argument == "--version" || argument == "-v") {
-      return std::make_unique<QCoreApplication>(argc, argv);
-    }
-  }
-  return std::make_unique<QApplication>(argc, argv);
+// Wrong usage, help and the version must not need a display: a program without one ends as soon as
+// it asks for windows.
+corvanta::StartOptions ReadOptions(int argc, char** argv) {
+  std::vector<char*> copy(argv, argv + argc);
+  copy.push_back(nullptr);
+  const QCoreApplication console(argc, copy.data());
+  return corvanta::ReadStartOptions(corvanta::WithoutWindowOptions(QCoreApplication::arguments()));
 }
 
 }  // namespace
@@ -43,8 +40,7 @@ std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
 int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("corvanta"));
   QCoreApplication::setApplicationVersion(QStringLiteral(CORVANTA_VERSION));
-  const std::unique_ptr<QCoreApplication> application = MakeApplication(argc, argv);
-  const corvanta::StartOptions options = corvanta::ReadStartOptions(QCoreApplication::arguments());
+  const corvanta::StartOptions options = ReadOptions(argc, argv);
   if (options.error) {
     std::fprintf(stderr, "Wrong usage: %s\n", qUtf8Printable(*options.error));
     return kWrongUsage;
@@ -53,6 +49,7 @@ int main(int argc, char** argv) {
     std::fputs(qUtf8Printable(*options.answer), stdout);
     return 0;
   }
+  const QApplication application(argc, argv);
   QGuiApplication::setApplicationDisplayName(QStringLiteral("Corvanta Personal Finance"));
   QGuiApplication::setDesktopFileName(QStringLiteral("corvanta"));
   corvanta::InitPictures();

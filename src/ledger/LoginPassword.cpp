@@ -26,6 +26,8 @@ using Packed = std::array<unsigned char, kPackedSize>;
 
 // Fills in the hash behind the salt.
 void FillHash(Packed& packed, std::string_view password) {
+  // The library wants an address for an empty text, too.
+  if (password.data() == nullptr) password = "";
   const int result =
       crypto_pwhash(packed.data() + crypto_pwhash_SALTBYTES, kHashSize, password.data(),
                     password.size(), packed.data(), crypto_pwhash_OPSLIMIT_INTERACTIVE,

@@ -14,6 +14,7 @@ AccountRow Account(std::int64_t id, const char* name, std::int64_t group, const 
   row.accountTypeId = group;
   row.accountType = groupName;
   row.currency = currency;
+  row.currencyId = row.currency == "EUR" ? 2 : 1;
   row.balance = balance;
   row.closed = closed;
   return row;
@@ -43,8 +44,8 @@ TEST_F(Tree, GroupsTheAccountsAndTotalsEachCurrency) {
   ASSERT_EQ(bank->childCount(), 5);
   EXPECT_EQ(Text(bank->child(0)), "Current=1,234.50");
   EXPECT_EQ(Text(bank->child(2)), "Old [Closed] =0.10");
-  EXPECT_EQ(Text(bank->child(3)), "Total (EUR)=10.00");
-  EXPECT_EQ(Text(bank->child(4)), "Total (GBP)=1,234.60");
+  EXPECT_EQ(Text(bank->child(3)), "Total (GBP)=1,234.60");
+  EXPECT_EQ(Text(bank->child(4)), "Total (EUR)=10.00");
   EXPECT_EQ(Text(tree_.topLevelItem(1)->child(1)), "Total (GBP)=-99.99");
 }
 

@@ -28,6 +28,12 @@ TEST(StartOptions, RefuseWhatTheyDoNotKnow) {
   }
 }
 
+TEST(StartOptions, LeaveTheWindowLibraryItsOwn) {
+  EXPECT_EQ(WithoutWindowOptions({"corvanta", "-platform", "offscreen", "my.dat", "--style",
+                                  "Fusion", "-reverse", "--data"}),
+            QStringList({"corvanta", "my.dat", "--data"}));
+}
+
 TEST(StartOptions, AnswerWithoutStarting) {
   EXPECT_TRUE(Read({"--help"}).answer->contains("--profile"));
   EXPECT_TRUE(Read({"--version"}).answer->startsWith("corvanta") ||

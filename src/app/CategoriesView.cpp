@@ -1,0 +1,66 @@
+#include "app/CategoriesView.h"
+
+#include "app/QtText.h"
+#include "controls/Style.h"
+#include "controls/TabularText.h"
+#include "platform/Locale.h"
+
+#include <QApplication>
+
+#include <map>
+
+namespace corvanta {
+namespace {
+
+std::vector<ListColumn> Columns(const Locale& locale) {
+  const QFontMetrics metrics(QApplication::font());
+  const auto text = [&](const QString& sample) {
+    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
+  };
+  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-999999.99))) + 3 * kRhythm;
+  const int name = text(QStringLiteral("A category's name"));
+  return {{CategoriesView::tr("Category"), name, 3},
+          {CategoriesView::tr("Sub Category"), name, 3},
+          {CategoriesView::tr("Budget"), money, 0, true},
+          {CategoriesView::tr("Period"), text(QStringLiteral("Every 4 Weeks")), 1},
+          {CategoriesView::tr("Type"), text(QStringLiteral("Expense")), 0},
+          {CategoriesView::tr("Description"), text(QStringLiteral("Description")), 2}};
+}
+
+}  // namespace
+
+CategoriesView::CategoriesView(const Locale& locale, QAction* addAction, QWidget* parent)
+    : ReferenceView("lvcategory", tr("Categories"), Columns(locale), {0, false}, parent),
+      addAction_(addAction),
+      locale_(locale) {}
+
+void CategoriesView::ShowCategories(const std::vector<CategoryRecord>& categories,
+                                    const std::vector<PeriodRecord>& periods) {
+  std::map<std::int64_t, QString> periodNames;
+  for (const PeriodRecord& period : periods) {
+    periodNames[period.periodId] = ToQt(period.description);
+  }
+  std::vector<ListRow> rows;
+  for (const CategoryRecord& category : categories) {
+    const bool isMain = category.subCategory.empty();
+    const bool hasBudget = category.budget != 0;
+    ListCell budget;
+    if (hasBudget) budget = {ToQt(locale_.FormatNumber(category.budget)), category.budget};
+    rows.push_back({category.categoryId,
+                    {{ToQt(category.category), std::nullopt, isMain, !isMain},
+                     {ToQt(category.subCategory)},
+                     budget,
+                     {hasBudget ? periodNames[category.periodId] : QString()},
+                     {category.type > 0 ? tr("Income") : tr("Expense")},
+                     {ToQt(category.description)}},
+                    {}});
+  }
+  const auto count = static_cast<qulonglong>(rows.size());
+  Fill(std::move(rows), tr("What money is earned by and spent on, and how much is planned for it"),
+       count == 1 ? tr("1 category") : tr("%1 categories").arg(locale().toString(count)), QString(),
+       {QStringLiteral("categories"), tr("No categories in this data file"),
+        tr("Categories say what money is earned by and spent on. Add the first one here."),
+        addAction_});
+}
+
+}  // namespace corvanta

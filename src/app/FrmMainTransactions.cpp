@@ -1,0 +1,180 @@
+// The commands on the rows of the register.
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/QtText.h"
+#include "app/RegisterView.h"
+#include "app/TransactionClip.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Progress.h"
+#include "platform/Prompts.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QMenu>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kAmendItem = "Amend Item";
+
+// The words in the status bar, which go with the operation however it ends.
+class StatusWords {
+ public:
+  StatusWords(Progress& progress, const std::string& words) : progress_(progress) {
+    former_ = progress_.SetStatus(words);
+  }
+  ~StatusWords() { progress_.SetStatus(former_); }
+  StatusWords(const StatusWords&) = delete;
+  StatusWords& operator=(const StatusWords&) = delete;
+
+ private:
+  Progress& progress_;
+  std::string former_;
+};
+
+}  // namespace
+
+void FrmMain::ConnectTransactions() {
+  const auto status = [this](QAction* action, StatusCommand command) {
+    // Choosing the item has turned its tick already.
+    On(action, [this, action, command] { ApplyStatus(command, !action->isChecked()); });
+  };
+  status(actions_->mnuTransUChk, StatusCommand::Uncleared);
+  status(actions_->mnuTransChk, StatusCommand::Cleared);
+  status(actions_->mnuTranRec, StatusCommand::Reconciled);
+  On(actions_->mnuTransTransfer, [this] { ShowTwin(); });
+  On(actions_->mnuTransSchedule, [this] { TellOfSchedule(); });
+}
+
+void FrmMain::MarkTransaction() {
+  const bool isRegister = session_.IsOpen() && shown_.name == kTransactionShow;
+  const std::int64_t key = isRegister ? registerView_->FocusedKey() : 0;
+  const RowMarks marks = key == 0 ? RowMarks() : session_.Ledger().MarksOf(key);
+  for (QAction* tick : {actions_->mnuTransUChk, actions_->mnuTransChk, actions_->mnuTranRec}) {
+    tick->setEnabled(key != 0);
+    tick->setChecked(false);
+  }
+  actions_->mnuTransUChk->setChecked(key != 0 && marks.isUncleared);
+  actions_->mnuTransChk->setChecked(marks.isCleared);
+  actions_->mnuTranRec->setChecked(marks.isReconciled);
+  actions_->mnuTransSchedule->setVisible(marks.scheduleId != 0);
+  actions_->mnuTransTransfer->setVisible(marks.transferId != 0);
+  actions_->mnuTransBreak1->setVisible(marks.scheduleId != 0 || marks.transferId != 0);
+}
+
+bool FrmMain::IsAccountClosed(const char* title) {
+  if (!isAccountClosed_) return false;
+  platform_.prompts.Tell(title, "This Account is closed, Items cannot be amended");
+  return true;
+}
+
+void FrmMain::ShowTransactionMenu(QPoint place) {
+  if (shown_.name != kTransactionShow || IsAccountClosed("Add Item")) return;
+  if (registerView_->FocusedKey() == 0) return;
+  MarkTransaction();
+  transactionMenu_->popup(place);
+}
+
+void FrmMain::ChangeRows(const std::function<void()>& change) {
+  {
+    const StatusWords words(platform_.progress, "Please wait updating records...");
+    try {
+      change();
+    } catch (...) {
+      // The rows before the failing one are changed.
+      Reload();
+      throw;
+    }
+  }
+  Reload();
+}
+
+void FrmMain::ApplyStatus(StatusCommand command, bool isTicked) {
+  if (IsAccountClosed(kAmendItem)) return MarkTransaction();
+  const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
+  if (keys.empty()) return MarkTransaction();
+  ChangeRows([&] { session_.Ledger().ApplyStatus(command, keys, isTicked); });
+}
+
+void FrmMain::DeleteTransactions() {
+  const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
+  if (keys.empty() || IsAccountClosed(kAmendItem)) return;
+  const bool isOne = keys.size() == 1;
+  const bool wanted = platform_.prompts.Ask(
+      isOne ? "Delete Item?" : "Delete Items?",
+      isOne ? "Do you wish to delete this item?"
+            : "Do you wish to delete these " + std::to_string(keys.size()) + " items?");
+  if (!wanted) return;
+  ChangeRows([&] { session_.Ledger().DeleteTransactions(keys); });
+}
+
+void FrmMain::CopyTransactions() {
+  const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
+  if (keys.empty()) return;
+  QGuiApplication::clipboard()->setMimeData(
+      ToClip(ToQt(session_.Path()), keys, registerView_->ChosenText()));
+}
+
+void FrmMain::PasteTransactions() {
+  const std::vector<std::int64_t> keys = FromClip(ToQt(session_.Path()));
+  if (keys.empty() || shown_.accountId == 0 || IsAccountClosed(kAmendItem)) return;
+  std::int64_t last = 0;
+  ChangeRows([&] {
+    clsCorvanta& ledger = session_.Ledger();
+    const UndoLog::Step step = ledger.Undo().Begin("Paste Transaction");
+    for (const std::int64_t key : keys) {
+      last = std::max(last, ledger.PasteTransaction(key, shown_.accountId));
+      if (!platform_.progress.Yield()) break;
+    }
+  });
+  registerView_->ChooseKey(last);
+}
+
+void FrmMain::ShowTwin() {
+  const std::optional<TransactionDetails> row =
+      session_.Ledger().ReadTransaction(registerView_->FocusedKey());
+  if (!row || row->twinAccountId == 0) return;
+  ShowView(kTransactionShow, row->twinAccountId);
+  if (registerView_->ChooseKey(row->transferId)) return;
+  // The ticks or the days hide it: shown without them, it is there.
+  Show({kTransactionShow, row->twinAccountId});
+  registerView_->ChooseKey(row->transferId);
+}
+
+void FrmMain::TellOfSchedule() {
+  const RowMarks marks = session_.Ledger().MarksOf(registerView_->FocusedKey());
+  std::string text = "The schedule that this item was made from is no longer there.";
+  {
+    const Recordset row = session_.Ledger().Store().OpenRecordset(
+        "Select S.DateFrom, S.[Amount], P.Description, PP.Payee from (tblSchedule S LEFT JOIN "
+        "tblPeriods P ON S.PeriodID = P.PeriodID) LEFT JOIN tblPayees PP ON S.PayeeID = PP.PayeeID "
+        "WHERE S.ScheduleID = " +
+        SqlNumber(static_cast<std::int64_t>(marks.scheduleId)));
+    if (!row.Eof()) {
+      text = row.Text("Payee") + ", " + platform_.locale.FormatNumber(row.Double("Amount"));
+      text += "\n" + row.Text("Description");
+      const auto next = Date::FromIso(row.Text("DateFrom").substr(0, 10));
+      if (next) text += "\nNext on " + platform_.locale.FormatShortDate(*next);
+    }
+  }
+  platform_.prompts.Tell("Schedule Item", text);
+}
+
+void FrmMain::Undo(bool again) {
+  if (!session_.IsOpen()) return;
+  UndoLog& log = session_.Ledger().Undo();
+  if (again) {
+    log.Redo();
+  } else {
+    log.Undo();
+  }
+  Reload();
+}
+
+}  // namespace corvanta

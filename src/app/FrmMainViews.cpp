@@ -1,0 +1,236 @@
+// What the main window shows, and how its commands are marked for it.
+#include "app/AccountTree.h"
+#include "app/AccountsView.h"
+#include "app/CategoriesView.h"
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/PayeesView.h"
+#include "app/QtText.h"
+#include "app/RegisterView.h"
+#include "app/SortedTable.h"
+#include "app/TransactionClip.h"
+#include "controls/EmptyState.h"
+#include "controls/Style.h"
+#include "controls/ucCalendar.h"
+#include "ledger/Balances.h"
+
+#include <QAction>
+#include <QActionGroup>
+#include <QDir>
+#include <QLabel>
+#include <QMenu>
+#include <QStackedWidget>
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+constexpr int kFileWidth = 34 * kRhythm;
+}
+
+ViewCommand FrmMain::CommandOf(std::string_view name, std::int64_t accountId) const {
+  ViewCommand command{name, accountId};
+  command.uncleared = actions_->mnuViewUnCleared->isChecked();
+  command.cleared = actions_->mnuViewCleared->isChecked();
+  command.reconciled = actions_->mnuViewReconciled->isChecked();
+  if (name == kTransactionShow) command.dates = registerView_->Period();
+  return command;
+}
+
+void FrmMain::ShowView(std::string_view name, std::int64_t accountId) {
+  Show(CommandOf(name, accountId));
+}
+
+void FrmMain::Show(const ViewCommand& command) {
+  Guard([&] {
+    ShowAgain(command);
+    history_.Push(shown_);
+    MarkCommands();
+  });
+}
+
+void FrmMain::Reload() {
+  Guard([this] {
+    ReadAccounts();
+    ShowAgain(shown_);
+    MarkCommands();
+  });
+}
+
+void FrmMain::TakeFilter() {
+  shown_ = CommandOf(shown_.name, shown_.accountId);
+  history_.Replace(shown_);
+  Reload();
+}
+
+void FrmMain::ShowAgain(const ViewCommand& command) {
+  shown_ = command;
+  if (!session_.IsOpen()) return ShowClosed();
+  TakeOptions(command);
+  if (!command.CountsAs(counted_)) ReadAccounts();
+  calendar_->SetMarkedDays({});
+  uncleared_->hide();
+  if (command.name == kTransactionShow) return ShowRegister(command.accountId);
+  tree_->Choose(0);
+  if (command.name == kCategoryShow) return ShowCategories();
+  if (command.name == kPayeeShow) return ShowPayees();
+  ShowAccounts();
+}
+
+void FrmMain::TakeOptions(const ViewCommand& command) {
+  actions_->mnuViewUnCleared->setChecked(command.uncleared);
+  actions_->mnuViewCleared->setChecked(command.cleared);
+  actions_->mnuViewReconciled->setChecked(command.reconciled);
+  if (command.name == kTransactionShow) registerView_->SetPeriod(command.dates);
+}
+
+void FrmMain::ReadAccounts() {
+  accounts_.clear();
+  counted_ = shown_;
+  if (session_.IsOpen()) {
+    TreeOptions options;
+    options.filter = shown_.Filter();
+    options.includeClosed = settings_.IsOn(Setting::Closed);
+    options.valuation = settings_.IsOn(Setting::Investment);
+    if (shown_.dates) options.end = shown_.dates->end;
+    accounts_ = session_.Ledger().Accounts(options);
+  }
+  tree_->SetAccounts(accounts_);
+  ShowFile();
+  actions_->SetDataOpen(session_.IsOpen());
+}
+
+void FrmMain::ShowFile() {
+  const QString path = ToQt(session_.Path());
+  QString shown = path;
+  if (path.startsWith(QDir::homePath() + u'/')) shown.replace(0, QDir::homePath().size(), u'~');
+  // A long path must not make the window wide.
+  fileName_->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, kFileWidth));
+  fileName_->setToolTip(path);
+}
+
+void FrmMain::ShowAccounts() {
+  accountsView_->ShowAccounts(accounts_);
+  views_->setCurrentWidget(accountsView_);
+}
+
+void FrmMain::ShowCategories() {
+  categoriesView_->ShowCategories(session_.Ledger().Categories(), session_.Ledger().Periods());
+  views_->setCurrentWidget(categoriesView_);
+}
+
+void FrmMain::ShowPayees() {
+  payeesView_->ShowPayees(session_.Ledger().Payees());
+  views_->setCurrentWidget(payeesView_);
+}
+
+void FrmMain::ShowRegister(std::int64_t accountId) {
+  clsCorvanta& ledger = session_.Ledger();
+  const auto found =
+      std::find_if(accounts_.begin(), accounts_.end(),
+                   [accountId](const AccountRow& row) { return row.accountId == accountId; });
+  std::optional<AccountRow> account;
+  if (found != accounts_.end()) account = *found;
+  // One that is closed and hidden can still be gone to, as the other side of a transfer.
+  if (!account && accountId != 0) account = ledger.FindAccount('#' + std::to_string(accountId));
+  views_->setCurrentWidget(registerView_);
+  if (!account) {
+    registerView_->ShowNoAccount();
+    tree_->Choose(0);
+    return;
+  }
+  account_ = accountId;
+  isAccountClosed_ = account->closed;
+  const std::optional<Period> period = shown_.RegisterPeriod();
+  registerView_->ShowAccount(*account, ledger.Register(accountId, shown_.Filter(), period),
+                             ledger.Totals(accountId, shown_.Filter(), period));
+  tree_->Choose(accountId);
+  calendar_->SetMarkedDays(registerView_->Days());
+  uncleared_->setText(ToQt(UnclearedText(ledger.UnclearedCount(accountId))));
+  uncleared_->show();
+}
+
+void FrmMain::ShowClosed() {
+  closedView_->Show(QStringLiteral("open"), tr("No data file is open"),
+                    tr("Open the file that holds your accounts. It is usually called "
+                       "Corvanta.dat."),
+                    actions_->mnuFileOpen);
+  calendar_->SetMarkedDays({});
+  uncleared_->hide();
+  views_->setCurrentWidget(closedView_);
+}
+
+ReferenceView* FrmMain::ShownList() const {
+  return qobject_cast<ReferenceView*>(views_->currentWidget());
+}
+
+SortedTable* FrmMain::ShownTable() const {
+  if (views_->currentWidget() == registerView_) return &registerView_->Table();
+  return ShownList() == nullptr ? nullptr : &ShownList()->Table();
+}
+
+void FrmMain::FillSortMenu() {
+  QMenu& menu = *actions_->mnuViewSort;
+  menu.clear();
+  SortedTable* table = ShownTable();
+  if (table == nullptr) return;
+  for (int column = 0; column < table->model()->columnCount(); ++column) {
+    if (table->isColumnHidden(column)) continue;
+    QAction* entry = menu.addAction(table->model()->headerData(column, Qt::Horizontal).toString());
+    entry->setCheckable(true);
+    entry->setChecked(table->Sorted().column == column);
+    connect(entry, &QAction::triggered, table, [table, column] { table->ChooseColumn(column); });
+  }
+}
+
+void FrmMain::MarkCommands() {
+  const bool isOpen = session_.IsOpen();
+  actions_->mnuViewAccounts->setChecked(shown_.name == kAccountShow);
+  actions_->mnuViewRegister->setChecked(shown_.name == kTransactionShow);
+  actions_->mnuViewCategories->setChecked(shown_.name == kCategoryShow);
+  actions_->mnuViewPayees->setChecked(shown_.name == kPayeeShow);
+  actions_->mnuViewBack->setEnabled(isOpen && history_.CanGoBack());
+  actions_->mnuViewForward->setEnabled(isOpen && history_.CanGoForward());
+  actions_->mnuViewSort->setEnabled(isOpen);
+  MarkUndo();
+  MarkChoice();
+}
+
+void FrmMain::MarkUndo() {
+  const UndoLog* log = session_.IsOpen() ? &session_.Ledger().Undo() : nullptr;
+  const auto mark = [](QAction* action, bool can, const QString& word, const std::string& step) {
+    action->setEnabled(can);
+    action->setText(can ? word + u' ' + ToQt(step) : word);
+  };
+  const bool canUndo = log != nullptr && log->CanUndo();
+  const bool canRedo = log != nullptr && log->CanRedo();
+  mark(actions_->mnuEditUndo, canUndo, tr("&Undo"), canUndo ? log->UndoName() : std::string());
+  mark(actions_->mnuEditRedo, canRedo, tr("&Redo"), canRedo ? log->RedoName() : std::string());
+}
+
+void FrmMain::MarkChoice() {
+  const bool isRegister = session_.IsOpen() && views_->currentWidget() == registerView_;
+  const ReferenceView* list = session_.IsOpen() ? ShownList() : nullptr;
+  const bool isChosen = list != nullptr && list->ChosenKey() != 0;
+  const bool isRow = isRegister && registerView_->FocusedKey() != 0;
+  actions_->mnuEditInsert->setEnabled(list != nullptr);
+  actions_->mnuEditDetails->setEnabled(isChosen);
+  actions_->mnuEditDelete->setEnabled(isChosen || isRow);
+  actions_->mnuEditCopy->setEnabled(isRow);
+  actions_->mnuEditPaste->setEnabled(isRegister && shown_.accountId != 0 &&
+                                     !FromClip(ToQt(session_.Path())).empty());
+  actions_->mnuEditSelect->setEnabled(isRegister && !registerView_->IsEmpty());
+  const bool isAccount = session_.IsOpen() && ChosenAccount() != 0;
+  actions_->mnuAccountEdit->setEnabled(isAccount);
+  actions_->mnuAccountDelete->setEnabled(isAccount);
+  const bool isCategory = list == categoriesView_ && isChosen;
+  actions_->mnuCategoryEdit->setEnabled(isCategory);
+  actions_->mnuCategoryDelete->setEnabled(isCategory);
+  const bool isPayee = list == payeesView_ && isChosen;
+  actions_->mnuPayeeEdit->setEnabled(isPayee);
+  actions_->mnuPayeeDelete->setEnabled(isPayee);
+  MarkTransaction();
+}
+
+}  // namespace corvanta

@@ -1,0 +1,76 @@
+// Where the commands of the main window stand.
+#include "app/MainActions.h"
+#include "controls/ucRibbon.h"
+
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+
+namespace corvanta {
+
+QMenu* MainActions::AddMenu(QMenuBar& menus, const char* name, const QString& text) const {
+  QMenu* menu = menus.addMenu(text);
+  menu->setObjectName(QLatin1String(name));
+  return menu;
+}
+
+void MainActions::FillMenus(QMenuBar& menus) const {
+  QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
+  file->addActions({mnuFileOpen, mnuFileValidate, mnuFileKey});
+  file->addSeparator();
+  file->addAction(mnuFileExit);
+  QMenu* edit = AddMenu(menus, "mnuEdit", tr("&Edit"));
+  edit->addActions({mnuEditUndo, mnuEditRedo});
+  edit->addSeparator();
+  edit->addActions({mnuEditInsert, mnuEditDetails});
+  edit->addSeparator();
+  edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
+  QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
+  accounts->addActions({mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
+  accounts->addSeparator();
+  accounts->addAction(mnuAccountList);
+  FillTransactionMenu(*AddMenu(menus, "mnuTransactions", tr("&Transactions")));
+  QMenu* categories = AddMenu(menus, "mnuCategories", tr("&Categories"));
+  categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
+  QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
+  payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
+  AddMenu(menus, "mnuTools", tr("T&ools"))->addAction(mnuToolsKeywords);
+  FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
+  QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
+  help->addActions({mnuHelpTips, mnuHelpAbout});
+}
+
+void MainActions::FillTransactionMenu(QMenu& menu) const {
+  menu.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuTransBreak, mnuTransUChk,
+                   mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
+}
+
+void MainActions::FillViewMenu(QMenu& view) const {
+  view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees});
+  view.addSeparator();
+  view.addActions({mnuViewBack, mnuViewForward});
+  view.addSeparator();
+  view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled});
+  view.addSeparator();
+  view.addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
+  view.addMenu(mnuViewSort);
+  view.addSeparator();
+  view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
+  view.addSeparator();
+  view.addAction(mnuViewRefresh);
+}
+
+void MainActions::FillRibbon(ucRibbon& ribbon) const {
+  ribbon.AddButton(mnuViewBack);
+  ribbon.AddButton(mnuViewForward);
+  ribbon.AddSeparator();
+  ribbon.AddButton(mnuViewAccounts);
+  ribbon.AddButton(mnuViewRegister);
+  ribbon.AddButton(mnuViewCategories);
+  ribbon.AddButton(mnuViewPayees);
+  ribbon.AddSeparator();
+  ribbon.AddButton(mnuViewRefresh);
+  ribbon.AddButton(mnuFileOpen);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,99 @@
+#include "app/PeriodBar.h"
+
+#include "app/QtText.h"
+#include "controls/Style.h"
+#include "platform/Locale.h"
+
+#include <QCheckBox>
+#include <QDateEdit>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QSignalBlocker>
+
+namespace corvanta {
+namespace {
+
+// The form in which the locale writes a day, in the letters of a date field. It is read off a day
+// whose year, month and day cannot be taken for each other.
+QString DayFormat(const Locale& locale) {
+  QString form = ToQt(locale.FormatShortDate(*Date::FromYmd(2031, 12, 25)));
+  form.replace(
+      form.contains(QStringLiteral("2031")) ? QStringLiteral("2031") : QStringLiteral("31"),
+      QStringLiteral("yyyy"));
+  form.replace(QStringLiteral("12"), QStringLiteral("MM"));
+  return form.replace(QStringLiteral("25"), QStringLiteral("dd"));
+}
+
+QDateEdit* DayField(const char* name, const QString& accessibleName, const Locale& locale,
+                    QWidget* parent) {
+  auto* field = new QDateEdit(parent);
+  field->setObjectName(QLatin1String(name));
+  field->setAccessibleName(accessibleName);
+  field->setDisplayFormat(DayFormat(locale));
+  field->setCalendarPopup(true);
+  // Typing a day must not read the register at every key.
+  field->setKeyboardTracking(false);
+  field->setDateRange(QDate(1900, 1, 1), QDate(9999, 12, 31));
+  return field;
+}
+
+}  // namespace
+
+PeriodBar::PeriodBar(const Locale& locale, QWidget* parent)
+    : QWidget(parent),
+      chkUnset_(new QCheckBox(tr("Perio&d"), this)),
+      from_(DayField("dtpFrom", tr("First day of the period"), locale, this)),
+      to_(DayField("dtpTo", tr("Last day of the period"), locale, this)) {
+  setObjectName(QStringLiteral("pnlPeriod"));
+  chkUnset_->setObjectName(QStringLiteral("chkUnset"));
+  chkUnset_->setToolTip(tr("Show only the transactions between these days"));
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(kRhythm, kRhythm, 2 * kRhythm, kRhythm);
+  line->setSpacing(kRhythm);
+  line->addWidget(chkUnset_);
+  line->addWidget(from_);
+  line->addWidget(new QLabel(QStringLiteral("–"), this));
+  line->addWidget(to_);
+  SetInForce(false);
+  connect(chkUnset_, &QCheckBox::toggled, this, [this](bool inForce) {
+    SetInForce(inForce);
+    Q_EMIT Changed();
+  });
+  connect(from_, &QDateEdit::dateChanged, this, [this] { TakeDate(true); });
+  connect(to_, &QDateEdit::dateChanged, this, [this] { TakeDate(false); });
+}
+
+DateRange PeriodBar::Dates() const {
+  return {FromQt(from_->date()), FromQt(to_->date())};
+}
+
+std::optional<DateRange> PeriodBar::InForce() const {
+  if (!chkUnset_->isChecked()) return std::nullopt;
+  return Dates();
+}
+
+void PeriodBar::SetDates(const DateRange& dates) {
+  const QSignalBlocker quietFrom(from_);
+  const QSignalBlocker quietTo(to_);
+  from_->setDate(ToQt(dates.start));
+  to_->setDate(ToQt(dates.end));
+}
+
+void PeriodBar::SetInForce(bool inForce) {
+  const QSignalBlocker quiet(chkUnset_);
+  chkUnset_->setChecked(inForce);
+  from_->setEnabled(inForce);
+  to_->setEnabled(inForce);
+}
+
+// The other end moves along when the days would cross.
+void PeriodBar::TakeDate(bool isStart) {
+  if (from_->date() > to_->date()) {
+    QDateEdit* other = isStart ? to_ : from_;
+    const QSignalBlocker quiet(other);
+    other->setDate(isStart ? from_->date() : to_->date());
+  }
+  Q_EMIT Changed();
+}
+
+}  // namespace corvanta

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/Settings.h"
+
+#include <QWidget>
+
+#include <optional>
+
+class QCheckBox;
+class QDateEdit;
+
+namespace corvanta {
+
+class Locale;
+
+// The days that a register keeps to, and whether it does.
+class PeriodBar : public QWidget {
+  Q_OBJECT
+
+ public:
+  PeriodBar(const Locale& locale, QWidget* parent);
+
+  // The days in the two fields, in force or not.
+  [[nodiscard]] DateRange Dates() const;
+  [[nodiscard]] std::optional<DateRange> InForce() const;
+  // These send no signal.
+  void SetDates(const DateRange& dates);
+  void SetInForce(bool inForce);
+
+ Q_SIGNALS:
+  void Changed();  // what is in force is another
+
+ private:
+  void TakeDate(bool isStart);
+
+  QCheckBox* chkUnset_;
+  QDateEdit* from_;
+  QDateEdit* to_;
+};
+
+}  // namespace corvanta

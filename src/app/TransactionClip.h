@@ -1,0 +1,19 @@
+// Transactions on the clipboard: their keys for this program, their texts for every other one.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <vector>
+
+class QMimeData;
+
+namespace corvanta {
+
+// `dataFile` is the file that the keys are of. The clipboard takes the result over.
+[[nodiscard]] QMimeData* ToClip(const QString& dataFile, const std::vector<std::int64_t>& keys,
+                                const QString& text);
+// The keys of the transactions of that file on the clipboard; empty when it holds none.
+[[nodiscard]] std::vector<std::int64_t> FromClip(const QString& dataFile);
+
+}  // namespace corvanta
