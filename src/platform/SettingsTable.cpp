@@ -49,7 +49,7 @@ constexpr std::array kSettings{
     SettingInfo{Setting::NoShedule, "NoShedule", Choice, "1 Month", "How far ahead schedules are posted", kScheduleChoices},
     SettingInfo{Setting::NoDecimal, "NoDecimal", Choice, "4", "Decimals of investment prices", kDecimalChoices},
     SettingInfo{Setting::Payment, "Payment", Choice, "Uncleared", "Status of new transactions", kStatusChoices},
-    SettingInfo{Setting::Investment, "Investment", Check, "1", "Balances include investments at their value", {}},
+    SettingInfo{Setting::Investment, "Investment", Check, "0", "Balances include investments at their value", {}},
     SettingInfo{Setting::Calendar, "Calendar", Check, "1", "Show the calendar", {}},
     SettingInfo{Setting::Closed, "Closed", Check, "0", "Include closed accounts", {}},
     SettingInfo{Setting::UpdateSchedule, "UpdateSchedule", Check, "0", "Posting moves a schedule's date", {}},

@@ -36,7 +36,7 @@ TEST_F(MainWindow, ShowsTheSampleAccountAndItsRegister) {
   ASSERT_EQ(tree.topLevelItemCount(), 1);
   EXPECT_EQ(tree.topLevelItem(0)->text(0), "Bank Accounts");
   EXPECT_EQ(tree.topLevelItem(0)->child(0)->text(0), "Sample Bank Account");
-  EXPECT_EQ(tree.topLevelItem(0)->child(0)->text(1), "632.49") << "and the shares";
+  EXPECT_EQ(tree.topLevelItem(0)->child(0)->text(1), "314.49") << "as in the register";
   EXPECT_EQ(tree.topLevelItem(0)->child(1)->text(0), "Total (GBP)");
   EXPECT_EQ(tree.currentItem()->text(0), "Sample Bank Account");
 
@@ -52,6 +52,13 @@ TEST_F(MainWindow, ShowsTheSampleAccountAndItsRegister) {
   EXPECT_EQ(Label("lblRows"), "13 transactions");
   EXPECT_EQ(Label("lblBalance"), "Balance: 314.49");
   EXPECT_EQ(Find<QLabel>("lblFile").toolTip().toStdString(), DataFilePath());
+}
+
+TEST_F(MainWindow, TheTreeCountsInvestmentsWhereTheSettingSaysSo) {
+  OpenData();
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Investment", "1");
+  ShowWindow();
+  EXPECT_EQ(Find<QTreeWidget>("tvAccounts").topLevelItem(0)->child(0)->text(1), "632.49");
 }
 
 TEST_F(MainWindow, ColumnsHaveTheirNamesAndFollowTheSettings) {
@@ -85,7 +92,7 @@ TEST_F(MainWindow, GoesFromViewToViewAndBack) {
   Trigger("mnuViewAccounts");
   EXPECT_EQ(window_->Shown().name, kAccountShow);
   EXPECT_EQ(Label("lblTitle"), "Accounts");
-  EXPECT_EQ(Label("lblBalance"), "Total (GBP): 627.49");
+  EXPECT_EQ(Label("lblBalance"), "Total (GBP): 309.49");
   EXPECT_TRUE(Find<QAction>("mnuViewAccounts").isChecked());
   auto& accounts = Find<ListTable>("lvbalance");
   accounts.setFocus();
@@ -124,7 +131,7 @@ TEST_F(MainWindow, RefreshShowsWhatAnotherProgramWrote) {
   Trigger("mnuViewRefresh");
   EXPECT_EQ(Cell(12, RegisterModel::kBalance), "230.49");
   EXPECT_EQ(Label("lblBalance"), "Balance: 230.49");
-  EXPECT_EQ(Find<QTreeWidget>("tvAccounts").topLevelItem(0)->child(0)->text(1), "548.49");
+  EXPECT_EQ(Find<QTreeWidget>("tvAccounts").topLevelItem(0)->child(0)->text(1), "230.49");
 }
 
 TEST_F(MainWindow, EmptyViewsSayWhatToDo) {
