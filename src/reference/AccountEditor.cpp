@@ -57,18 +57,26 @@ std::optional<AccountForm> AccountEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> AccountEditor::Check(const AccountForm& form) {
-  if (auto warning = Missing(form.account, "an Account", "txtAccount")) return warning;
-  if (auto warning = Missing(form.accountGroup, "an Account Group", "cmbAccountType")) {
+  if (auto warning = Missing(form.account, "You need to enter an Account", "txtAccount"))
+    return warning;
+  if (auto warning =
+          Missing(form.accountGroup, "You need to enter an Account Group", "cmbAccountType")) {
     return warning;
   }
-  if (auto warning = NameTooLong(form.accountGroup, "Account Group", "cmbAccountType")) {
+  if (auto warning =
+          NameTooLong(form.accountGroup, "Account Group must be less than 100 characters long",
+                      "cmbAccountType")) {
     return warning;
   }
-  if (auto warning = NameTooLong(form.bank, "Bank", "cmbBank")) return warning;
+  if (auto warning =
+          NameTooLong(form.bank, "Bank must be less than 100 characters long", "cmbBank"))
+    return warning;
   if (form.currencyId == 0) {
     return Warning{kSaveWarning, "You need to select a Currency", "cmbCurrency"};
   }
-  if (auto warning = NameTooLong(form.account, "Account", "txtAccount")) return warning;
+  if (auto warning =
+          NameTooLong(form.account, "Account must be less than 100 characters long", "txtAccount"))
+    return warning;
   if (IsReserved(form.account)) {
     return Warning{kSaveWarning, "You can not select this as an Account", "txtAccount"};
   }
@@ -80,8 +88,8 @@ std::optional<Warning> AccountEditor::Check(const AccountForm& form) {
                                   {"Description", form.description, "txtDescription"}})) {
     return warning;
   }
-  return Duplicate(ledger_.OtherAccount(form.account, form.accountId) != 0, "Account",
-                   "txtAccount");
+  return Duplicate(ledger_.OtherAccount(form.account, form.accountId) != 0,
+                   "Account already exists", "txtAccount");
 }
 
 std::int64_t AccountEditor::Save(const AccountForm& form) {

@@ -12,10 +12,13 @@ std::optional<AccountGroupRecord> AccountTypeEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> AccountTypeEditor::Check(const AccountGroupRecord& form) {
-  if (auto warning = Missing(form.accountType, "an Account Group", "txtAccountType")) {
+  if (auto warning =
+          Missing(form.accountType, "You need to enter an Account Group", "txtAccountType")) {
     return warning;
   }
-  if (auto warning = NameTooLong(form.accountType, "Account Group", "txtAccountType")) {
+  if (auto warning =
+          NameTooLong(form.accountType, "Account Group must be less than 100 characters long",
+                      "txtAccountType")) {
     return warning;
   }
   if (auto warning = TextTooLong(ledger_, "tblAccountType",
@@ -23,7 +26,7 @@ std::optional<Warning> AccountTypeEditor::Check(const AccountGroupRecord& form) 
     return warning;
   }
   return Duplicate(ledger_.OtherAccountGroup(form.accountType, form.accountTypeId) != 0,
-                   "Account group", "txtAccountType");
+                   "Account group already exists", "txtAccountType");
 }
 
 std::int64_t AccountTypeEditor::Save(AccountGroupRecord form) {

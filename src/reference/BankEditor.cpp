@@ -12,8 +12,10 @@ std::optional<BankRecord> BankEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> BankEditor::Check(const BankRecord& form) {
-  if (auto warning = Missing(form.bank, "a Bank", "txtBank")) return warning;
-  if (auto warning = NameTooLong(form.bank, "Bank", "txtBank")) return warning;
+  if (auto warning = Missing(form.bank, "You need to enter a Bank", "txtBank")) return warning;
+  if (auto warning =
+          NameTooLong(form.bank, "Bank must be less than 100 characters long", "txtBank"))
+    return warning;
   if (auto warning = TextTooLong(ledger_, "tblBank",
                                  {{"Address", form.address, "txtAddress"},
                                   {"Postcode", form.postcode, "txtPostcode"},
@@ -27,7 +29,8 @@ std::optional<Warning> BankEditor::Check(const BankRecord& form) {
   const auto former = Load(form.bankId);
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.bank), former->bank)) return std::nullopt;
-  return Duplicate(ledger_.OtherBank(form.bank, form.bankId) != 0, "Bank", "txtBank");
+  return Duplicate(ledger_.OtherBank(form.bank, form.bankId) != 0, "Bank already exists",
+                   "txtBank");
 }
 
 std::int64_t BankEditor::Save(BankRecord form) {

@@ -43,9 +43,14 @@ std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> CategoryEditor::Check(const CategoryForm& form) {
-  if (auto warning = Missing(form.category, "a Category", "cmbCategory")) return warning;
-  if (auto warning = NameTooLong(form.category, "Category", "cmbCategory")) return warning;
-  if (auto warning = NameTooLong(form.subCategory, "Sub Category", "txtSubCategory")) {
+  if (auto warning = Missing(form.category, "You need to enter a Category", "cmbCategory"))
+    return warning;
+  if (auto warning = NameTooLong(form.category, "Category must be less than 100 characters long",
+                                 "cmbCategory"))
+    return warning;
+  if (auto warning =
+          NameTooLong(form.subCategory, "Sub Category must be less than 100 characters long",
+                      "txtSubCategory")) {
     return warning;
   }
   if (auto warning = CheckBudget(form)) return warning;
@@ -62,11 +67,11 @@ std::optional<Warning> CategoryEditor::Check(const CategoryForm& form) {
     }
   }
   if (Trim(form.subCategory).empty()) {
-    return Duplicate(ledger_.OtherMainCategory(form.category, form.categoryId) != 0, "Category",
-                     "cmbCategory");
+    return Duplicate(ledger_.OtherMainCategory(form.category, form.categoryId) != 0,
+                     "Category already exists", "cmbCategory");
   }
   return Duplicate(ledger_.OtherSubCategory(form.category, form.subCategory, form.categoryId) != 0,
-                   "Sub category", "txtSubCategory");
+                   "Sub category already exists", "txtSubCategory");
 }
 
 int CategoryEditor::TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former) {

@@ -12,13 +12,16 @@ std::optional<KeywordRecord> KeywordEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> KeywordEditor::Check(const KeywordRecord& form) {
-  if (auto warning = Missing(form.keyword, "a Keyword", "txtKeyword")) return warning;
-  if (auto warning = NameTooLong(form.keyword, "Keyword", "txtKeyword")) return warning;
+  if (auto warning = Missing(form.keyword, "You need to enter a Keyword", "txtKeyword"))
+    return warning;
+  if (auto warning =
+          NameTooLong(form.keyword, "Keyword must be less than 100 characters long", "txtKeyword"))
+    return warning;
   const auto former = Load(form.keywordId);
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.keyword), former->keyword)) return std::nullopt;
-  return Duplicate(ledger_.OtherKeyword(form.keyword, form.keywordId) != 0, "Keyword",
-                   "txtKeyword");
+  return Duplicate(ledger_.OtherKeyword(form.keyword, form.keywordId) != 0,
+                   "Keyword already exists", "txtKeyword");
 }
 
 std::int64_t KeywordEditor::Save(KeywordRecord form) {

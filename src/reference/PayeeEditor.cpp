@@ -12,8 +12,10 @@ std::optional<PayeeRecord> PayeeEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> PayeeEditor::Check(const PayeeRecord& form) {
-  if (auto warning = Missing(form.payee, "a Payee", "txtPayee")) return warning;
-  if (auto warning = NameTooLong(form.payee, "Payee", "txtPayee")) return warning;
+  if (auto warning = Missing(form.payee, "You need to enter a Payee", "txtPayee")) return warning;
+  if (auto warning =
+          NameTooLong(form.payee, "Payee must be less than 100 characters long", "txtPayee"))
+    return warning;
   if (auto warning = TextTooLong(ledger_, "tblPayees",
                                  {{"Description", form.description, "txtDescription"}})) {
     return warning;
@@ -21,7 +23,8 @@ std::optional<Warning> PayeeEditor::Check(const PayeeRecord& form) {
   const auto former = Load(form.payeeId);
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.payee), former->payee)) return std::nullopt;
-  return Duplicate(ledger_.OtherPayee(form.payee, form.payeeId) != 0, "Payee", "txtPayee");
+  return Duplicate(ledger_.OtherPayee(form.payee, form.payeeId) != 0, "Payee already exists",
+                   "txtPayee");
 }
 
 std::int64_t PayeeEditor::Save(PayeeRecord form) {

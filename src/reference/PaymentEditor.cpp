@@ -15,8 +15,11 @@ std::optional<PaymentRecord> PaymentEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> PaymentEditor::Check(const PaymentRecord& form) {
-  if (auto warning = Missing(form.payment, "a Payment Type", "txtPayment")) return warning;
-  if (auto warning = NameTooLong(form.payment, "Payment Type", "txtPayment")) return warning;
+  if (auto warning = Missing(form.payment, "You need to enter a Payment Type", "txtPayment"))
+    return warning;
+  if (auto warning = NameTooLong(form.payment, "Payment Type must be less than 100 characters long",
+                                 "txtPayment"))
+    return warning;
   if (auto warning = TextTooLong(ledger_, "tblPayments",
                                  {{"Description", form.description, "txtDescription"}})) {
     return warning;
@@ -30,8 +33,8 @@ std::optional<Warning> PaymentEditor::Check(const PaymentRecord& form) {
   }
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.payment), former->payment)) return std::nullopt;
-  return Duplicate(ledger_.OtherPayment(form.payment, form.paymentId) != 0, "Payment type",
-                   "txtPayment");
+  return Duplicate(ledger_.OtherPayment(form.payment, form.paymentId) != 0,
+                   "Payment type already exists", "txtPayment");
 }
 
 std::int64_t PaymentEditor::Save(PaymentRecord form) {

@@ -5,22 +5,21 @@
 
 namespace corvanta {
 
-std::optional<Warning> Missing(std::string_view text, std::string_view what,
+std::optional<Warning> Missing(std::string_view text, std::string_view message,
                                std::string_view field) {
   if (!Trim(text).empty()) return std::nullopt;
-  return Warning{kSaveWarning, "You need to enter " + std::string(what), std::string(field)};
+  return Warning{kSaveWarning, std::string(message), std::string(field)};
 }
 
-std::optional<Warning> NameTooLong(std::string_view text, std::string_view what,
+std::optional<Warning> NameTooLong(std::string_view text, std::string_view message,
                                    std::string_view field) {
   if (TextLength(Trim(text)) <= kLongestName) return std::nullopt;
-  return Warning{kSaveWarning, std::string(what) + " must be less than 100 characters long",
-                 std::string(field)};
+  return Warning{kSaveWarning, std::string(message), std::string(field)};
 }
 
-std::optional<Warning> Duplicate(bool isThere, std::string_view what, std::string_view field) {
+std::optional<Warning> Duplicate(bool isThere, std::string_view message, std::string_view field) {
   if (!isThere) return std::nullopt;
-  return Warning{"Duplicate Record", std::string(what) + " already exists", std::string(field)};
+  return Warning{"Duplicate Record", std::string(message), std::string(field)};
 }
 
 std::optional<Warning> FixedName(std::string_view fixed, std::string_view former,

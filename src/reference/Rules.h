@@ -17,14 +17,14 @@ class clsCorvanta;
 inline constexpr std::size_t kLongestName = 100;
 inline constexpr const char* kSaveWarning = "Save Warning";
 
-// "You need to enter " and `what` ("a Payee"), for a text of blanks.
-[[nodiscard]] std::optional<Warning> Missing(std::string_view text, std::string_view what,
+// `message` for a text of blanks.
+[[nodiscard]] std::optional<Warning> Missing(std::string_view text, std::string_view message,
                                              std::string_view field);
-// `what` ("Payee") and " must be less than 100 characters long".
-[[nodiscard]] std::optional<Warning> NameTooLong(std::string_view text, std::string_view what,
+// `message` for a name of more than kLongestName characters.
+[[nodiscard]] std::optional<Warning> NameTooLong(std::string_view text, std::string_view message,
                                                  std::string_view field);
-// `what` and " already exists", when `isThere`.
-[[nodiscard]] std::optional<Warning> Duplicate(bool isThere, std::string_view what,
+// `message` when `isThere`.
+[[nodiscard]] std::optional<Warning> Duplicate(bool isThere, std::string_view message,
                                                std::string_view field);
 // A row that the program finds by its name keeps it, in whatever case.
 [[nodiscard]] std::optional<Warning> FixedName(std::string_view fixed, std::string_view former,
