@@ -105,6 +105,10 @@ void FrmMain::ApplyStatus(StatusCommand command, bool isTicked) {
 void FrmMain::DeleteTransactions() {
   const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
   if (keys.empty() || IsAccountClosed(kAmendItem)) return;
+  if (session_.Ledger().ReachesClosedAccount(keys)) {
+    platform_.prompts.Tell(kAmendItem, "This Account is closed, Items cannot be amended");
+    return;
+  }
   const bool isOne = keys.size() == 1;
   const bool wanted = platform_.prompts.Ask(
       isOne ? "Delete Item?" : "Delete Items?",

@@ -96,6 +96,11 @@ void clsCorvanta::MergePayees(std::int64_t sourceId, std::int64_t targetId) {
 void clsCorvanta::Merge(const std::string& column, std::int64_t sourceId, std::int64_t targetId) {
   if (sourceId == targetId || sourceId == 0 || targetId == 0) return;
   Transaction all = connection_.Begin();
+  // Rows that point to nothing would drop out of every list and balance.
+  const std::string target = column == "CategoryID" ? "tblCategory" : "tblPayees";
+  const Value found = connection_.QueryValue("Select " + column + " from " + target + " WHERE " +
+                                             column + " = " + SqlNumber(targetId));
+  if (found.IsNull()) return;
   for (const std::string table : {"tblTransactions", "tblSchedule"}) {
     connection_.Execute("update " + table + " set " + column + " = " + SqlNumber(targetId) +
                         " Where " + column + " = " + SqlNumber(sourceId));

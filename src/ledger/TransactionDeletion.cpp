@@ -17,7 +17,8 @@ void clsCorvanta::DeleteTransaction(std::int64_t transactionId) {
 }
 
 std::size_t clsCorvanta::DeleteTransactions(Keys transactionIds) {
-  const UndoLog::Step step = undo_.Begin("Delete Transactions");
+  const UndoLog::Step step =
+      undo_.Begin(transactionIds.size() == 1 ? "Delete Transaction" : "Delete Transactions");
   return ForEachRow(transactionIds, [this](std::int64_t key) { DeleteTransaction(key); });
 }
 
@@ -35,6 +36,23 @@ void clsCorvanta::DeleteRows(const std::string& condition) {
   connection_.Execute("Delete from tblAttachments Where TransactionId" + rows);
   connection_.Execute("Delete from tblKeywordLink Where TransactionId" + rows);
   connection_.Execute("Delete From tblTransactions Where " + condition);
+}
+
+bool clsCorvanta::ReachesClosedAccount(Keys transactionIds) {
+  const auto isClosed = [this](std::int64_t transactionId) {
+    return connection_
+               .QueryValue(
+                   "Select A.CloseAccount from tblTransactions T INNER JOIN tblAccounts A "
+                   "ON T.AccountID = A.AccountID WHERE T.TransactionID = " +
+                   SqlNumber(transactionId))
+               .Int() != 0;
+  };
+  for (const std::int64_t key : transactionIds) {
+    const Value twin = connection_.QueryValue(
+        "Select TransferID from tblTransactions WHERE TransactionID = " + SqlNumber(key));
+    if (isClosed(key) || (twin.Int() != 0 && isClosed(twin.Int()))) return true;
+  }
+  return false;
 }
 
 }  // namespace corvanta

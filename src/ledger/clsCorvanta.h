@@ -143,6 +143,8 @@ class clsCorvanta {
   // Deletes the row, its split lines and its other half, with what is linked and attached to them.
   // Of a line: its parent's amount follows.
   void DeleteTransaction(std::int64_t transactionId);
+  // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
+  [[nodiscard]] bool ReachesClosedAccount(Keys transactionIds);
   // Several at once; returns how many were reached before the person asked to stop.
   std::size_t DeleteTransactions(Keys transactionIds);
   // Payment type, payee and category of an investment transaction never change, nor the sign of an

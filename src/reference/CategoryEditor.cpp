@@ -59,10 +59,11 @@ std::optional<Warning> CategoryEditor::Check(const CategoryForm& form) {
     return warning;
   }
   const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const std::string name =
+      Trim(form.subCategory).empty() ? form.category : form.category + ":" + form.subCategory;
   for (const char* fixed : {"Credit", "Debit"}) {
     if (!former || !former->subCategory.empty()) break;
-    if (auto warning =
-            FixedName(fixed, former->category, form.category, "Category", "cmbCategory")) {
+    if (auto warning = FixedName(fixed, former->category, name, "Category", "cmbCategory")) {
       return warning;
     }
   }
@@ -88,6 +89,13 @@ bool CategoryEditor::Clashes(const std::string& oldName, const std::string& newN
   for (const CategoryRecord& row : ledger_.Categories()) {
     if (row.subCategory.empty() || !EqualFolded(row.category, oldName)) continue;
     if (ledger_.OtherSubCategory(newName, row.subCategory, row.categoryId) != 0) return true;
+  }
+  return false;
+}
+
+bool CategoryEditor::HasSubCategories(const std::string& name) {
+  for (const CategoryRecord& row : ledger_.Categories()) {
+    if (!row.subCategory.empty() && EqualFolded(row.category, name)) return true;
   }
   return false;
 }
@@ -121,6 +129,10 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   // Behind the row, for it may have been the main category itself until now.
   if (!isMain && (!former || isRenamed || former->subCategory.empty())) {
     ledger_.FindOrCreateCategory(form.category, {}, type);
+  }
+  // Sub-categories of a main category that became one itself keep a main category of their own.
+  if (!isMain && former && former->subCategory.empty() && HasSubCategories(former->category)) {
+    ledger_.FindOrCreateCategory(former->category, {}, former->type);
   }
   all.Commit();
   return key;

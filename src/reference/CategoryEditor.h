@@ -46,6 +46,7 @@ class CategoryEditor {
 
  private:
   [[nodiscard]] int TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former);
+  [[nodiscard]] bool HasSubCategories(const std::string& name);
   [[nodiscard]] bool Clashes(const std::string& oldName, const std::string& newName);
 
   clsCorvanta& ledger_;

@@ -244,5 +244,13 @@ TEST_F(Reference, MergingMovesTransactionsAndSchedules) {
   EXPECT_EQ(Column("PayeeID", key), payee);
 }
 
+TEST_F(Reference, MergingIntoNothingChangesNothing) {
+  const std::int64_t row = Add(bank_, -5);
+  ledger_.MergeCategories(category_, 999999);
+  ledger_.MergePayees(payee_, 999999);
+  EXPECT_EQ(ledger_.ReadTransaction(row)->categoryId, category_);
+  EXPECT_EQ(ledger_.ReadTransaction(row)->payeeId, payee_);
+}
+
 }  // namespace
 }  // namespace corvanta

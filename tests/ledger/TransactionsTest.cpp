@@ -243,5 +243,16 @@ TEST_F(Transactions, AttachmentsAreListedAndRemoved) {
   EXPECT_TRUE(ledger_.AttachmentsOf(key).empty());
 }
 
+TEST_F(Transactions, ClosedAccountsAreReachedThroughTransfersToo) {
+  const auto [from, to] = AddTransfer(bank_, savings_, 10);
+  const std::int64_t alone = Add(bank_, -1);
+  EXPECT_FALSE(ledger_.ReachesClosedAccount(std::vector<std::int64_t>{from, alone}));
+  Db().Execute("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " +
+               std::to_string(savings_));
+  EXPECT_TRUE(ledger_.ReachesClosedAccount(std::vector<std::int64_t>{alone, from}));
+  EXPECT_TRUE(ledger_.ReachesClosedAccount(std::vector<std::int64_t>{to}));
+  EXPECT_FALSE(ledger_.ReachesClosedAccount(std::vector<std::int64_t>{alone}));
+}
+
 }  // namespace
 }  // namespace corvanta

@@ -81,6 +81,18 @@ TEST_F(Categories, AMainCategoryThatBecomesASubCategoryLeavesOneBehind) {
   EXPECT_NE(CategoryKey("Food"), 0);
 }
 
+TEST_F(Categories, SystemCategoriesDoNotBecomeSubCategories) {
+  const auto warning = editor_.Check({1, "Credit", "Other", 1, 0, 0, {}});
+  ASSERT_TRUE(warning.has_value());
+  EXPECT_EQ(warning->field, "cmbCategory");
+}
+
+TEST_F(Categories, SubCategoriesLeftBehindKeepAMainCategory) {
+  editor_.Save({food_, "Car", "Snacks", -1, 0, 0, {}});
+  EXPECT_EQ(Name(food_), "Car:Snacks");
+  EXPECT_NE(CategoryKey("Food"), 0);
+}
+
 TEST_F(Categories, AreDeletedWithWhatNothingUses) {
   const auto takeaway = editor_.Save({0, "Food", "Takeaway", 0, 0, 0, {}});
   Use(dining_, ledger_.FindOrCreatePayee("Bistro"));
