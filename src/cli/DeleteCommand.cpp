@@ -8,21 +8,6 @@
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
-namespace {
-
-// What goes with the rows has to be in an open account too.
-std::vector<TransactionDetails> WithOtherHalves(clsCorvanta& ledger,
-                                                const std::vector<TransactionDetails>& rows) {
-  std::vector<TransactionDetails> all = rows;
-  for (const TransactionDetails& row : rows) {
-    if (row.transferId == 0) continue;
-    if (auto half = ledger.ReadTransaction(row.transferId)) all.push_back(std::move(*half));
-  }
-  return all;
-}
-
-}  // namespace
-
 CLI::App* DeleteCommand::Declare(CLI::App& parser) {
   CLI::App* command =
       parser.add_subcommand("delete", "Delete transactions with their split lines and other half");
@@ -35,7 +20,9 @@ ExitStatus DeleteCommand::Run(Session& session) {
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   const auto rows = transactions_.Find(ledger, session);
-  if (!rows || RefuseClosed(WithOtherHalves(ledger, *rows), session)) return ExitStatus::Refused;
+  if (!rows) return ExitStatus::Refused;
+  // What goes with the rows has to be in an open account too.
+  if (RefuseClosed(ledger.ReachesClosedAccount(KeysOf(*rows)), session)) return ExitStatus::Refused;
 
   if (!session.Machine().prompts.Ask("Delete Item?", "Do you wish to delete this item?")) {
     return ExitStatus::Refused;

@@ -65,7 +65,10 @@ std::vector<std::int64_t> KeysOf(const std::vector<TransactionDetails>& rows) {
 }
 
 bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session) {
-  const bool isClosed = std::ranges::any_of(rows, &TransactionDetails::accountClosed);
+  return RefuseClosed(std::ranges::any_of(rows, &TransactionDetails::accountClosed), session);
+}
+
+bool RefuseClosed(bool isClosed, Session& session) {
   if (isClosed) {
     session.Tell("Amend Item", "This Account is closed, Items cannot be amended");
   }

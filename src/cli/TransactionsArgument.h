@@ -35,6 +35,7 @@ class TransactionsArgument {
 [[nodiscard]] std::vector<std::int64_t> KeysOf(const std::vector<TransactionDetails>& rows);
 // True, and told under "Amend Item", when one of them is in a closed account.
 [[nodiscard]] bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session);
+[[nodiscard]] bool RefuseClosed(bool isClosed, Session& session);
 // The words for a number of them: "1 transaction", "3 transactions".
 [[nodiscard]] std::string TransactionCount(std::size_t count);
 
