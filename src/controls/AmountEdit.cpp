@@ -1,6 +1,7 @@
 #include "controls/AmountEdit.h"
 
 #include "controls/QtText.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 
 #include <QKeyEvent>
@@ -14,7 +15,7 @@ namespace {
 constexpr int kMostDecimals = 6;
 
 // How many decimals the amount needs, at least those of the locale.
-int DecimalsOf(double amount, int least) {
+int NeededDecimals(double amount, int least) {
   for (int decimals = least; decimals < kMostDecimals; ++decimals) {
     const double scaled = amount * std::pow(10.0, decimals);
     if (std::abs(scaled - std::round(scaled)) < 1e-6 * std::max(1.0, std::abs(scaled))) {
@@ -26,14 +27,22 @@ int DecimalsOf(double amount, int least) {
 
 }  // namespace
 
-AmountEdit::AmountEdit(const Locale& locale, QWidget* parent) : QLineEdit(parent), locale_(locale) {
+AmountEdit::AmountEdit(const Locale& locale, QWidget* parent, AmountText left)
+    : QLineEdit(parent), locale_(locale), left_(left) {
   setAlignment(Qt::AlignRight);
-  setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+  // Sums need more keys than a keyboard for numbers has.
+  setInputMethodHints(Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
   SetAmount(0);
 }
 
+int AmountEdit::DecimalsOf(double amount) const {
+  if (left_ == AmountText::Whole) return 0;
+  const int usual = locale_.DefaultDecimals();
+  return left_ == AmountText::Rounded ? usual : NeededDecimals(amount, usual);
+}
+
 QString AmountEdit::Shown(double amount) const {
-  return ToQt(locale_.FormatNumber(amount, DecimalsOf(amount, locale_.DefaultDecimals())));
+  return ToQt(locale_.FormatNumber(amount, DecimalsOf(amount)));
 }
 
 void AmountEdit::SetAmount(double amount) {
@@ -44,11 +53,19 @@ void AmountEdit::SetAmount(double amount) {
 std::optional<double> AmountEdit::Amount() const {
   if (text() == Shown(amount_)) return amount_;
   if (text().trimmed().isEmpty()) return 0;
-  return locale_.ParseNumber(FromQt(text()));
+  const auto typed = WorkOut(FromQt(text()), locale_);
+  if (left_ == AmountText::AsTyped) return typed;
+  return typed ? locale_.ParseNumber(locale_.FormatNumber(*typed, DecimalsOf(*typed))) : 0;
+}
+
+void AmountEdit::Settle() {
+  if (const auto amount = Amount()) SetAmount(*amount);
 }
 
 bool AmountEdit::MayBeTyped(QChar character) const {
-  return character.isDigit() || character.isSpace() || QStringLiteral("+-()").contains(character) ||
+  if (character == u'-' && left_ == AmountText::Whole) return false;
+  return character.isDigit() || character.isSpace() ||
+         QStringLiteral("+-*/()").contains(character) ||
          ToQt(locale_.DecimalSeparator()).contains(character) ||
          ToQt(locale_.GroupSeparator()).contains(character);
 }
@@ -57,12 +74,17 @@ void AmountEdit::keyPressEvent(QKeyEvent* event) {
   const QString typed = event->text();
   const bool isText = !typed.isEmpty() && typed.front().isPrint() &&
                       (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+  const bool isPad = (event->modifiers() & Qt::KeypadModifier) != 0;
+  if (isPad && (typed == QStringLiteral(".") || typed == QStringLiteral(","))) {
+    // The number pad has one separator key, whatever the layout writes on it.
+    return insert(ToQt(locale_.DecimalSeparator()));
+  }
   if (isText && !MayBeTyped(typed.front())) return;
   QLineEdit::keyPressEvent(event);
 }
 
 void AmountEdit::focusOutEvent(QFocusEvent* event) {
-  if (const auto amount = Amount()) SetAmount(*amount);
+  Settle();
   QLineEdit::focusOutEvent(event);
 }
 

@@ -176,4 +176,16 @@ std::string AccountCaption(const AccountRow& account) {
   return account.closed ? account.account + " [Closed] " : account.account;
 }
 
+std::optional<LowestPoint> LowestAhead(const std::vector<RegisterRow>& rows, Date today) {
+  std::optional<LowestPoint> lowest;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    const bool isEvening = row + 1 == rows.size() || rows[row + 1].date != rows[row].date;
+    if (rows[row].date <= today || !isEvening) continue;
+    if (!lowest || rows[row].balance < lowest->balance) {
+      lowest = LowestPoint{rows[row].date, rows[row].balance};
+    }
+  }
+  return lowest;
+}
+
 }  // namespace corvanta

@@ -33,6 +33,15 @@ struct TotalsTexts {
 // "Number of Uncleared records = 3"
 [[nodiscard]] std::string UnclearedText(std::int64_t count);
 
+// The day after today on whose evening the balance is lowest, as far as rows stand ahead.
+struct LowestPoint {
+  Date day;
+  double balance = 0;  // in the account's currency
+};
+// `rows` as clsCorvanta::Register gives them; nullopt when none is after today.
+[[nodiscard]] std::optional<LowestPoint> LowestAhead(const std::vector<RegisterRow>& rows,
+                                                     Date today);
+
 struct CurrencyTotal {
   std::int64_t currencyId = 0;
   std::string currency;

@@ -12,13 +12,13 @@ void clsCorvanta::DeleteSchedule(std::int64_t scheduleId, bool withPostedRows) {
   const UndoLog::Step step = undo_.Begin("Delete Schedule");
   Transaction all = connection_.Begin();
   const std::string key = SqlNumber(scheduleId);
-  if (withPostedRows) {
-    DeletePostedRows(scheduleId);
-  } else {
-    connection_.Execute("Update tblTransactions Set BankSch = 0 Where BankSch = " + key);
-  }
+  if (withPostedRows) DeletePostedRows(scheduleId);
+  connection_.Execute("Update tblTransactions Set BankSch = 0 Where BankSch = " + key);
   const std::int64_t parent =
       ReadKey("Select AllocatedItem from tblSchedule Where ScheduleID = " + key, "AllocatedItem");
+  if (const auto split = ReadSchedule(parent)) {
+    DeleteForecasts(*split, ScheduleLines(split->scheduleId));
+  }
   connection_.Execute("Delete From tblSchedule Where AllocatedItem = " + key);
   connection_.Execute("Delete From tblSchedule Where ScheduleID = " + key);
   if (parent != 0) SumScheduleLines(parent);
@@ -33,16 +33,20 @@ void clsCorvanta::DeletePostedRows(std::int64_t scheduleId) {
         SqlNumber(scheduleId));
     for (; !rows.Eof(); rows.MoveNext()) posted.push_back(rows.Int(0));
   }
-  for (const std::int64_t row : posted) DeleteTransaction(row);
+  // A closed account keeps its rows.
+  for (const std::int64_t row : posted) {
+    if (!ReachesClosedAccount({&row, 1})) DeleteTransaction(row);
+  }
 }
 
-void clsCorvanta::SumScheduleLines(std::int64_t scheduleId) {
+bool clsCorvanta::SumScheduleLines(std::int64_t scheduleId) {
   const std::string key = SqlNumber(scheduleId);
   const Value sum = connection_.QueryValue(
       "Select SUM(Amount) as AAmount from tblSchedule Where AllocatedItem = " + key);
-  if (sum.IsNull()) return;
+  if (sum.IsNull()) return false;
   connection_.Execute("UPDATE tblSchedule SET [Amount] = " + SqlNumber(RoundMoney(sum.Double())) +
                       " WHERE ScheduleId = " + key);
+  return true;
 }
 
 void clsCorvanta::DetachFromSchedule(std::int64_t transactionId) {

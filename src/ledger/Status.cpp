@@ -64,4 +64,21 @@ void clsCorvanta::ApplyStatus(StatusCommand command, std::int64_t transactionId,
   both.Commit();
 }
 
+std::size_t clsCorvanta::Settle(std::span<const Settlement> rows, Progress& progress) {
+  const UndoLog::Step step = undo_.Begin("Balance Account");
+  return ForEachRow(rows.size(), progress, [&](std::size_t row) { Settle(rows[row]); });
+}
+
+void clsCorvanta::Settle(const Settlement& row) {
+  Transaction both = connection_.Begin();
+  if (row.isTicked) {
+    SetStatus(row.transactionId, 1, 1, 0);
+    SetStatus(row.transactionId, 1, 0, 1);
+  } else if (!MarksOf(row.transactionId).isCleared) {
+    SetStatus(row.transactionId, 0, 1, 0);
+    SetStatus(row.transactionId, 0, 0, 1);
+  }
+  both.Commit();
+}
+
 }  // namespace corvanta

@@ -47,4 +47,14 @@ struct TransactionDetails : TransactionRecord {
   double commission = 0;
 };
 
+// What is typed of a transaction whose other columns come from an earlier one.
+struct AutofillEntry {
+  std::int64_t transactionId = 0;  // 0 for a new row
+  std::int64_t accountId = 0;
+  std::int64_t payeeId = 0;
+  std::int64_t categoryId = 0;
+  double amount = 0;  // in the account's currency, money out negative
+  Date date;
+};
+
 }  // namespace corvanta

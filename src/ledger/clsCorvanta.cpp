@@ -28,31 +28,36 @@ std::int64_t clsCorvanta::ReadKey(const std::string& sql, std::string_view colum
   return row.Eof() ? 0 : row.Field(column).Int();
 }
 
+std::size_t clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {
+  return ForEachRow(keys.size(), platform_.progress, [&](std::size_t row) { change(keys[row]); });
+}
+
 // Committing each row would wait for the disk each time, committing all at the end would lose the
 // finished rows with a failing one.
-std::size_t clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {
+std::size_t clsCorvanta::ForEachRow(std::size_t count, Progress& progress,
+                                    const std::function<void(std::size_t)>& change) {
   using Time = std::chrono::steady_clock;
   constexpr auto kCommitEvery = std::chrono::milliseconds(250);
   std::size_t done = 0;
   bool goesOn = true;
-  while (goesOn && done < keys.size()) {
+  while (goesOn && done < count) {
     const Time::time_point start = Time::now();
     Transaction batch = connection_.Begin();
     try {
       do {
-        change(keys[done]);
+        change(done);
         ++done;
-        goesOn = platform_.progress.Yield();
-      } while (goesOn && done < keys.size() && Time::now() - start < kCommitEvery);
+        goesOn = progress.Yield();
+      } while (goesOn && done < count && Time::now() - start < kCommitEvery);
     } catch (const StoreError&) {
-      platform_.progress.SetStep(0, 0);
+      progress.SetStep(0, 0);
       batch.Commit();
       throw;
     }
     batch.Commit();
-    if (done < keys.size()) platform_.progress.SetStep(done, keys.size());
+    if (done < count) progress.SetStep(done, count);
   }
-  platform_.progress.SetStep(0, 0);
+  progress.SetStep(0, 0);
   return done;
 }
 

@@ -1,7 +1,9 @@
 #pragma once
 
 #include "ledger/BulkChange.h"
+#include "ledger/InvestmentRecord.h"
 #include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/TransactionRecord.h"
 #include "ledger/TransactionStatus.h"
 #include "platform/Date.h"
@@ -20,6 +22,7 @@
 namespace corvanta {
 
 class Connection;
+class Progress;
 class Prompts;
 struct PeriodTotals;
 struct Platform;
@@ -83,6 +86,12 @@ struct RegisterRow {
   std::int64_t action = 0;  // investment action, 0 for an ordinary row
 };
 
+// What a bank statement says of a row.
+struct Settlement {
+  std::int64_t transactionId = 0;
+  bool isTicked = false;  // the statement has it
+};
+
 // The commands of the register's pop-up menu.
 enum class StatusCommand { Uncleared, Cleared, Reconciled };
 
@@ -138,6 +147,10 @@ class clsCorvanta {
   // record says; the lines take its account, date and status. A line (allocatedItem, or a row that
   // is one) takes them from its parent and changes the parent's amount.
   std::int64_t SaveTransaction(TransactionRecord& record);
+  // Writes a new row that is no transfer, with its split lines, whose sum is its amount then; the
+  // lines take its account, date, status, payee and payment type. Keys are put into the records.
+  // SaveTransaction does the same for one row, but looks for links that a new row cannot have.
+  std::int64_t AddTransaction(TransactionRecord& record, std::span<TransactionRecord> lines);
   // Saves both halves of a transfer, linked. Either may be new; the amounts are the caller's.
   void SaveTransfer(TransactionRecord& from, TransactionRecord& to);
   // Deletes the row, its split lines and its other half, with what is linked and attached to them.
@@ -158,6 +171,10 @@ class clsCorvanta {
   [[nodiscard]] std::optional<TransactionRecord> LastTransaction(std::int64_t accountId,
                                                                  std::int64_t payeeId,
                                                                  std::int64_t categoryId = 0);
+  // Saves the entry with payment type, reference and description of its template: the account's
+  // latest row of that payee and category, of an edited entry the row itself. An edited row keeps
+  // its account and status. Returns the key; 0 without a template, or where it is no ordinary row.
+  std::int64_t Autofill(const AutofillEntry& entry);
   // A copy in the account, with its lines, keywords and attachments; returns its key, 0 when there
   // is no such row. Of a transfer both halves are copied, where the other half's account is open
   // and another one; otherwise, as of a split line, the copy is an ordinary row.
@@ -166,6 +183,17 @@ class clsCorvanta {
   // that account: same day and payee, opposite sign, the same amount where the currencies are the
   // same. Returns how many pairs were made.
   int LinkImportedTransfers();
+
+  // --- Investments
+
+  // The investment of that name and symbol, without regard to case; a new one has the first source
+  // of quotes. Returns 0 for a name of blanks.
+  std::int64_t FindOrCreateInvestment(const std::string& name, const std::string& symbol,
+                                      std::int64_t currencyId);
+  // Writes the row with the sign and category of its action and the payment type "Import". Its key
+  // is put into the record and returned; 0 when there is no such row. A transfer that the row was
+  // half of ends, and its other half becomes an ordinary row.
+  std::int64_t SaveInvestmentTransaction(InvestmentTransaction& record);
 
   // --- Status
 
@@ -177,9 +205,27 @@ class clsCorvanta {
   // "&Cleared" and "&Reconciled" then take the status back. Returns how many rows were reached
   // before the person asked to stop.
   std::size_t ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked);
+  // Settles rows by a statement, as one step: a ticked row and its lines become reconciled, one
+  // that is not ticked uncleared, unless it is cleared. Returns how many rows were reached before
+  // the person asked `progress` to stop; those are settled.
+  std::size_t Settle(std::span<const Settlement> rows, Progress& progress);
 
-  // --- Schedules
+  // --- Schedules (posting: SchedulePosting.h, reminders: Reminders.h)
 
+  [[nodiscard]] std::optional<ScheduleDetails> ReadSchedule(std::int64_t scheduleId);
+  // Without split lines, by next due date; finished ones last.
+  [[nodiscard]] std::vector<ScheduleDetails> Schedules();
+  // The lines of a split schedule in order of their keys.
+  [[nodiscard]] std::vector<ScheduleDetails> ScheduleLines(std::int64_t scheduleId);
+  // Writes the schedule; its key is put into the record and returned. A parent's amount is the sum
+  // of its lines, whatever the record says, and the lines take what they share with it; a transfer
+  // keeps no lines. A line (allocatedItem, or a row that is one) changes the parent's amount.
+  // Forecasts posted with the former values (not due yet, uncleared and as they were posted) are
+  // deleted where the change concerns them, so that the next posting makes them anew. 0 when there
+  // is no such schedule or parent.
+  std::int64_t SaveSchedule(ScheduleRecord& record);
+  // See ScheduleDates().
+  [[nodiscard]] std::vector<Date> DueDates(std::int64_t scheduleId, std::optional<Date> end);
   // A copy with its lines; returns its key, 0 when there is no such schedule.
   std::int64_t PasteSchedule(std::int64_t scheduleId);
   // With its lines. The rows posted from it are deleted too, or stay as rows entered by hand.
@@ -298,6 +344,9 @@ class clsCorvanta {
   std::int64_t SaveRow(const std::string& table, const std::string& keyColumn, std::int64_t key,
                        std::initializer_list<Field> fields);
   std::size_t ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change);
+  // `change` gets the rows from 0 to count - 1.
+  std::size_t ForEachRow(std::size_t count, Progress& progress,
+                         const std::function<void(std::size_t)>& change);
 
   [[nodiscard]] bool CanBeTwin(std::int64_t twin, std::int64_t key);
   [[nodiscard]] bool TakeFromParent(TransactionRecord& line);
@@ -311,11 +360,16 @@ class clsCorvanta {
   void ApplyType(std::int64_t transactionId, const RowLinks& row, TypeChange type);
   void FlipSign(std::int64_t transactionId, const RowLinks& row);
   void ApplyStatus(StatusCommand command, std::int64_t transactionId, bool isTicked);
+  void Settle(const Settlement& row);
   void PasteTwin(std::int64_t twinId, std::int64_t copy, std::int64_t accountId);
   std::int64_t CopyRow(std::int64_t sourceId, std::int64_t accountId, std::int64_t parentId);
   std::int64_t CopySchedule(std::int64_t sourceId, std::int64_t parentId);
   void DeletePostedRows(std::int64_t scheduleId);
-  void SumScheduleLines(std::int64_t scheduleId);
+  bool SumScheduleLines(std::int64_t scheduleId);
+  [[nodiscard]] bool TakeFromParent(ScheduleRecord& line);
+  std::int64_t WriteSchedule(const ScheduleRecord& record);
+  void ScheduleLinesFollow(const ScheduleRecord& parent);
+  void DeleteForecasts(const ScheduleRecord& schedule, const std::vector<ScheduleDetails>& lines);
   bool DeleteOneCategory(std::int64_t categoryId);
   [[nodiscard]] std::vector<CategoryRecord> WithSubCategories(std::int64_t categoryId);
   void Merge(const std::string& column, std::int64_t sourceId, std::int64_t targetId);

@@ -69,10 +69,12 @@ constexpr std::array kSettings{
     SettingInfo{Setting::chI, "chI", Widths, "", "Column widths: investments", {}},
     SettingInfo{Setting::chIT, "chIT", Widths, "", "Column widths: investment transactions", {}},
     SettingInfo{Setting::chH, "chH", Widths, "", "Column widths: price history", {}},
-    SettingInfo{Setting::chR, "chR", Widths, "", "Column widths: reports", {}},
+    SettingInfo{Setting::chR, "chR", Widths, "", "Column widths: balancing", {}},
     SettingInfo{Setting::chL, "chL", Widths, "", "Column widths: lookup", {}},
     SettingInfo{Setting::chL0, "chL0", Widths, "", "Column widths: loans", {}},
-    SettingInfo{Setting::chL1, "chL1", Widths, "", "Column widths: loan balance", {}},
+    SettingInfo{Setting::chL1, "chL1", Widths, "", "Column widths: mortgages", {}},
+    SettingInfo{Setting::bHeight, "bHeight", Number, "", "Height of the balancing window", {}},
+    SettingInfo{Setting::bWidth, "bWidth", Number, "", "Width of the balancing window", {}},
     SettingInfo{Setting::DBPath, "DBPath", Text, "", "Folder or file of the data", {}},
 };
 // clang-format on

@@ -66,6 +66,8 @@ enum class Setting {
   chL,
   chL0,
   chL1,
+  bHeight,
+  bWidth,
   DBPath,
 };
 

@@ -1,7 +1,7 @@
 #include "platform/Download.h"
 #include "platform/Files.h"
-#include "platform/HttpServer.h"
 #include "platform/PlatformError.h"
+#include "support/HttpServer.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

@@ -66,7 +66,7 @@ TEST_F(Accounts, TheAccountsWarningsFocusTheirFields) {
   Find<PickBox>(dialog, "cmbCurrency").setEditText("no such money");
   refused("You need to select a Currency", "cmbCurrency");
   Find<PickBox>(dialog, "cmbCurrency").SetKey(17);
-  Find<QLineEdit>(dialog, "txtOpeningBalance").setText("1-2");
+  Find<QLineEdit>(dialog, "txtOpeningBalance").setText("1*");
   refused("You need to enter a valid Opening Balance", "txtOpeningBalance");
   EXPECT_EQ(Everything(), before);
 }

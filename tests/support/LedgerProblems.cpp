@@ -39,6 +39,7 @@ constexpr Reference kReferences[] = {
     {"tblTransactions", "CategoryID", "tblCategory", "CategoryID"},
     {"tblTransactions", "PaymentID", "tblPayments", "PaymentID"},
     {"tblTransactions", "PayeeID", "tblPayees", "PayeeID"},
+    {"tblTransactions", "BankSch", "tblSchedule", "ScheduleID"},
     {"tblSchedule", "AccountID", "tblAccounts", "AccountID"},
     {"tblSchedule", "CategoryID", "tblCategory", "CategoryID"},
     {"tblSchedule", "PaymentID", "tblPayments", "PaymentID"},
@@ -63,7 +64,10 @@ class Inspection {
     CheckTransfers(rows);
     CheckSplits(transactions, rows);
     const Table schedules{"tblSchedule", "ScheduleID", "TfrAccountID"};
-    CheckSplits(schedules, Read(schedules));
+    const std::map<std::int64_t, Row> plans = Read(schedules);
+    CheckSplits(schedules, plans);
+    CheckSchedules(plans);
+    CheckOccurrences();
     for (const Reference& reference : kReferences) CheckReference(reference);
     return problems_;
   }
@@ -120,6 +124,25 @@ class Inspection {
       const auto parent = rows.find(key);
       if (parent == rows.end() || std::fabs(parent->second.amount - sum) < kHalfCent) continue;
       Add(table.name, key, "the lines do not add up to the parent");
+    }
+  }
+
+  void CheckSchedules(const std::map<std::int64_t, Row>& rows) {
+    for (const auto& [key, row] : rows) {
+      if (row.other != 0 && row.other == row.account) {
+        Add("tblSchedule", key, "it transfers into its own account");
+      }
+    }
+  }
+
+  void CheckOccurrences() {
+    std::set<std::pair<std::int64_t, std::string>> found;
+    Recordset rows = connection_.OpenRecordset(
+        "SELECT TransactionID, BankSch, ScheduleDate FROM tblTransactions "
+        "WHERE AllocatedItem = 0 AND BankSch <> 0 AND NOT IsNull(ScheduleDate)");
+    for (; !rows.Eof(); rows.MoveNext()) {
+      if (found.emplace(rows.Int(1), std::string(rows.Text(2))).second) continue;
+      Add("tblTransactions", rows.Int(0), "the occurrence is posted twice");
     }
   }
 

@@ -1,4 +1,4 @@
-#include "platform/HttpServer.h"
+#include "support/HttpServer.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>

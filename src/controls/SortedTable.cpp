@@ -1,4 +1,4 @@
-#include "app/SortedTable.h"
+#include "controls/SortedTable.h"
 
 #include <QHeaderView>
 

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "platform/Date.h"
+
+#include <QLineEdit>
+
+namespace corvanta {
+
+class CalendarPopup;
+class Clock;
+class Locale;
+
+// A field for a day, in the locale's short form. Keys move it: + - and the arrows by a day, [ ] and
+// the arrows with Ctrl by a week, Page Up and Page Down by a month; T is today; F4 opens a
+// calendar. A day can be typed as well; what is no day goes back to the last one that was.
+class DateField : public QLineEdit {
+  Q_OBJECT
+
+ public:
+  // Locale and clock must outlive the field, which shows today.
+  DateField(const Locale& locale, const Clock& clock, QWidget* parent);
+
+  void SetDay(Date day);
+  // The day that is typed; the last one while the text is none.
+  [[nodiscard]] Date Day() const;
+
+ Q_SIGNALS:
+  void DayChanged();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+
+ private:
+  [[nodiscard]] std::optional<Date> Typed() const;
+  // Shows the day that was typed, or the last one again. False when nothing could be made of the
+  // text.
+  bool Settle();
+  void Move(Date to);
+  // Whether the key moves the day.
+  bool MoveBy(const QKeyEvent& event);
+  void OpenCalendar();
+
+  const Locale& locale_;
+  const Clock& clock_;
+  CalendarPopup* calendar_;
+  Date day_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,131 @@
+#include "ledger/Reminders.h"
+
+#include "ledger/ScheduleRows.h"
+#include "ledger/clsCorvanta.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+#include <algorithm>
+#include <tuple>
+#include <unordered_map>
+
+namespace corvanta {
+namespace {
+
+bool IsClosed(const ScheduleDetails& schedule) {
+  return schedule.accountClosed || (schedule.IsTransfer() && schedule.transferAccountClosed);
+}
+
+Reminder OwnSide(const ScheduleDetails& schedule, Date due) {
+  Reminder item;
+  item.scheduleId = schedule.scheduleId;
+  item.due = due;
+  item.account = schedule.account;
+  item.currency = schedule.currency;
+  item.payee = schedule.IsTransfer() ? schedule.transferAccount : schedule.payee;
+  item.description = schedule.description;
+  item.periodName = schedule.periodName;
+  item.amount = schedule.amount;
+  return item;
+}
+
+Reminder ReceivingSide(const ScheduleDetails& schedule, Date due) {
+  Reminder item = OwnSide(schedule, due);
+  item.account = schedule.transferAccount;
+  item.payee = schedule.account;
+  item.amount = -schedule.amount;
+  item.isReceiving = true;
+  // What arrives is known when the rate of that day is.
+  item.needsRate = schedule.currency != schedule.transferCurrency;
+  return item;
+}
+
+class Collection {
+ public:
+  Collection(clsCorvanta& ledger, Date today, Date until)
+      : ledger_(ledger), today_(today), until_(std::max(today, until)) {}
+
+  ReminderList Collect() {
+    for (ScheduleDetails& schedule : ledger_.Schedules()) {
+      if (!IsClosed(schedule)) schedules_.emplace(schedule.scheduleId, std::move(schedule));
+    }
+    AddPending();
+    AddPosted();
+    for (auto* group : {&list_.overdue, &list_.future}) {
+      std::ranges::sort(*group, {}, [](const Reminder& item) {
+        return std::tuple(item.due, item.scheduleId, item.isReceiving);
+      });
+    }
+    return std::move(list_);
+  }
+
+ private:
+  void AddPending() {
+    const PostedBySchedule all = PostedOfAll(ledger_.Store());
+    const PostedRows none;
+    for (const auto& [key, schedule] : schedules_) {
+      if (schedule.isFinished) continue;
+      const auto found = all.find(key);
+      const PostedRows& posted = found == all.end() ? none : found->second;
+      for (const Date due : PaymentsUntil(schedule, until_)) {
+        if (!posted.Has(due)) AddPending(schedule, due);
+      }
+    }
+  }
+
+  void AddPending(const ScheduleDetails& schedule, Date due) {
+    auto& group = due < today_ ? list_.overdue : list_.future;
+    group.push_back(OwnSide(schedule, due));
+    if (schedule.IsTransfer()) group.push_back(ReceivingSide(schedule, due));
+    if (due <= today_) ++list_.dueCount;
+  }
+
+  // The bank has not shown these yet.
+  void AddPosted() {
+    Recordset rows = ledger_.Store().OpenRecordset(
+        "Select T.BankSch, T.ScheduleDate, T.TransactionID, T.Amount, A.Account, U.[Currency] "
+        "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
+        " INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch) "
+        "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID "
+        "WHERE T.AllocatedItem = 0 AND T.BankChk = 0 AND T.BankSch > 0 AND A.CloseAccount <> 1 "
+        "AND ScheduleDate <= " +
+        SqlDate(until_) + " Order By T.ScheduleDate ASC, T.TransactionID");
+    std::unordered_map<std::int64_t, std::size_t> oldest;
+    for (; !rows.Eof(); rows.MoveNext()) {
+      const auto schedule = schedules_.find(rows.Int(0));
+      const auto due = Date::FromIso(rows.Text(1).substr(0, 10));
+      if (schedule == schedules_.end() || !due) continue;
+      Reminder item = OwnSide(schedule->second, *due);
+      item.transactionId = rows.Int(2);
+      item.amount = rows.Double(3);
+      item.account = rows.Text(4);
+      item.currency = rows.Text(5);
+      item.uncleared = 1;
+      if (*due >= today_) {
+        list_.future.push_back(std::move(item));
+        continue;
+      }
+      const auto [place, isOldest] = oldest.emplace(item.scheduleId, list_.overdue.size());
+      if (isOldest) {
+        list_.overdue.push_back(std::move(item));
+      } else {
+        ++list_.overdue[place->second].uncleared;
+      }
+    }
+  }
+
+  clsCorvanta& ledger_;
+  Date today_;
+  Date until_;
+  std::unordered_map<std::int64_t, ScheduleDetails> schedules_;
+  ReminderList list_;
+};
+
+}  // namespace
+
+ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until) {
+  return Collection(ledger, today, until.value_or(today)).Collect();
+}
+
+}  // namespace corvanta

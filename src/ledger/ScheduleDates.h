@@ -1,0 +1,45 @@
+// When the payments of a schedule are due.
+#pragma once
+
+#include "platform/Date.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanta {
+
+// A period code such as "m", "2ww" or "1d", taken apart.
+struct PeriodStep {
+  int multiplier = 1;
+  std::string interval;  // as DateAdd takes it
+  bool isOnce = false;
+
+  // nullopt for a code that names no interval.
+  [[nodiscard]] static std::optional<PeriodStep> FromCode(std::string_view code);
+  // The next due date.
+  [[nodiscard]] Date After(Date day) const;
+};
+
+// What decides the due dates of a schedule.
+struct SchedulePlan {
+  Date from;
+  int noTimes = 0;     // 0 without end; the sign does not count
+  std::string period;  // the code
+
+  // How many payments there are; 0 without end.
+  [[nodiscard]] int Payments() const;
+};
+
+// All payments of a plan that ends, whenever they are due. Of one without end those up to about
+// `end` or a year after today, whichever is later: as many as interval boundaries lie between the
+// start and that day, so a payment on that very day is not among them. Each date is stepped from
+// the one before it. Empty for an unknown period code.
+[[nodiscard]] std::vector<Date> ScheduleDates(const SchedulePlan& plan, Date today,
+                                              std::optional<Date> end);
+
+// The plan's first `count` dates, fewer where it has fewer: a look ahead for a person.
+[[nodiscard]] std::vector<Date> FirstScheduleDates(const SchedulePlan& plan, std::size_t count);
+
+}  // namespace corvanta

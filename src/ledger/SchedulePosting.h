@@ -1,0 +1,63 @@
+#pragma once
+
+#include "ledger/ScheduleRecord.h"
+#include "platform/Date.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace corvanta {
+
+class RateSource;
+class clsCorvanta;
+struct Platform;
+
+// What became of a pass.
+struct PostingResult {
+  std::size_t schedules = 0;    // looked at
+  std::size_t occurrences = 0;  // posted
+  bool ratesMissing = false;    // a transfer was posted without converting its amount
+  bool stopped = false;         // the person asked to stop; the next pass goes on from there
+};
+
+// What became of one occurrence that a person chose.
+enum class OccurrenceResult {
+  Done,
+  NotDue,  // the schedule has no such date, or is gone
+  AlreadyPosted,
+  ClosedAccount,   // the schedule's account or the receiving one
+  EarlierPending,  // skipping it would lose an earlier one that is neither posted nor skipped
+};
+
+// Turns the occurrences of schedules into transactions.
+//
+// Each occurrence is posted once: the row carries the schedule and the due date. A transfer's other
+// half carries the schedule alone. Whole occurrences are committed, about four times a second, so
+// a pass that was cut off goes on where it ended. Rates are asked for before anything is written;
+// where there is none the amount goes over unconverted, and the person is told once a pass.
+// With the setting "UpdateSchedule" a schedule's start moves behind what is posted.
+//
+// Operations throw StoreError and are one step that can be undone each.
+class SchedulePosting {
+ public:
+  SchedulePosting(clsCorvanta& ledger, Platform& platform, RateSource& rates);
+  ~SchedulePosting();
+  SchedulePosting(const SchedulePosting&) = delete;
+  SchedulePosting& operator=(const SchedulePosting&) = delete;
+
+  // The pass over all schedules of open accounts, as the setting "NoShedule" has it. Shows its
+  // progress.
+  PostingResult PostSchedules();
+  // Posts one occurrence, whatever the schedule's choice of automatic posting.
+  OccurrenceResult PostOccurrence(std::int64_t scheduleId, Date due);
+  // The occurrence will never be posted: the schedule starts behind it from now on.
+  OccurrenceResult SkipOccurrence(std::int64_t scheduleId, Date due);
+
+ private:
+  class Impl;
+  std::unique_ptr<Impl> impl_;
+};
+
+}  // namespace corvanta

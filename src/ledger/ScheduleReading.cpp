@@ -1,0 +1,146 @@
+// Reading schedules.
+#include "ledger/ScheduleRows.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+#include <algorithm>
+#include <limits>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kReadStatement =
+    "Select S.*, P.Period, P.Description as PDesc, C.Category, C.SubCategory, PP.Payee, "
+    "M.[Payment] AS PaymentName, A.[Account] AS AccountName, A.CloseAccount, "
+    "U.[Currency] AS CurrencyCode, B.[Account] AS TfrName, B.CloseAccount AS TfrClosed, "
+    "V.[Currency] AS TfrCurrency, L.AllocatedItem AS LineParent "
+    "from (((((((((tblSchedule S LEFT JOIN tblPeriods P ON S.PeriodID = P.PeriodID) "
+    "LEFT JOIN tblCategory C ON S.CategoryID = C.CategoryID) "
+    "LEFT JOIN tblPayees PP ON S.PayeeID = PP.PayeeID) "
+    "LEFT JOIN tblPayments M ON S.PaymentID = M.PaymentID) "
+    "LEFT JOIN tblAccounts A ON S.AccountID = A.AccountID) "
+    "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
+    "LEFT JOIN tblAccounts B ON S.TfrAccountID = B.AccountID) "
+    "LEFT JOIN tblCurrency V ON B.CurrencyId = V.CurrencyID) "
+    "LEFT JOIN (select distinct AllocatedItem from tblSchedule WHERE AllocatedItem <> 0) L "
+    "ON L.AllocatedItem = S.ScheduleID) Where ";
+
+AddToAccount AddToAccountOf(std::int64_t value) {
+  if (value == 0) return AddToAccount::No;
+  return value == 2 ? AddToAccount::WhenDue : AddToAccount::Ahead;
+}
+
+int CountOf(std::int64_t value) {
+  constexpr std::int64_t kMost = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(value, -kMost, kMost));
+}
+
+ScheduleDetails Details(const Recordset& row) {
+  ScheduleDetails details;
+  details.scheduleId = row.Int("ScheduleID");
+  details.accountId = row.Int("AccountID");
+  details.categoryId = row.Int("CategoryID");
+  details.paymentId = row.Int("PaymentID");
+  details.payeeId = row.Int("PayeeID");
+  details.periodId = row.Int("PeriodID");
+  details.transferAccountId = row.Int("TfrAccountID");
+  details.amount = row.Double("Amount");
+  details.reference = row.Text("Reference");
+  details.description = row.Text("Description");
+  details.dateFrom = Date::FromIso(row.Text("DateFrom").substr(0, 10)).value_or(Date());
+  details.noTimes = CountOf(row.Int("NoTimes"));
+  details.addToAccount = AddToAccountOf(row.Int("AddToAccount"));
+  details.allocatedItem = row.Int("AllocatedItem");
+  details.account = row.Text("AccountName");
+  details.currency = row.Text("CurrencyCode");
+  details.accountClosed = row.Int("CloseAccount") != 0;
+  details.transferAccount = row.Text("TfrName");
+  details.transferCurrency = row.Text("TfrCurrency");
+  details.transferAccountClosed = row.Int("TfrClosed") != 0;
+  details.category = row.Text("Category");
+  details.subCategory = row.Text("SubCategory");
+  details.payee = row.Text("Payee");
+  details.payment = row.Text("PaymentName");
+  details.period = row.Text("Period");
+  details.periodName = row.Text("PDesc");
+  details.hasLines = !row.Field("LineParent").IsNull();
+  return details;
+}
+
+std::vector<ScheduleDetails> ReadDetails(Connection& store, const std::string& condition) {
+  std::vector<ScheduleDetails> found;
+  Recordset rows = store.OpenRecordset(kReadStatement + condition);
+  for (; !rows.Eof(); rows.MoveNext()) found.push_back(Details(rows));
+  return found;
+}
+
+void Count(ScheduleDetails& schedule, const PostedRows& posted) {
+  schedule.posted = posted.CountFor(schedule);
+  schedule.isFinished = IsFinished(schedule);
+}
+
+// The first payment that has no row.
+std::optional<Date> NextDue(const ScheduleDetails& schedule, const PostedRows& posted) {
+  const auto step = PeriodStep::FromCode(schedule.period);
+  if (!step || schedule.isFinished) return std::nullopt;
+  const int payments = PlanOf(schedule).Payments();
+  Date day = schedule.dateFrom;
+  for (int number = 1; posted.Has(day); ++number) {
+    if (number == payments) return std::nullopt;
+    day = step->After(day);
+  }
+  return day;
+}
+
+}  // namespace
+
+std::optional<ScheduleDetails> clsCorvanta::ReadSchedule(std::int64_t scheduleId) {
+  auto found = ReadDetails(connection_, "S.ScheduleID = " + SqlNumber(scheduleId));
+  if (found.empty()) return std::nullopt;
+  Count(found.front(), PostedOf(connection_, scheduleId));
+  return std::move(found.front());
+}
+
+std::vector<ScheduleDetails> clsCorvanta::Schedules() {
+  auto found = ReadDetails(connection_, "S.AllocatedItem = 0 OR IsNull(S.AllocatedItem)");
+  const PostedBySchedule all = PostedOfAll(connection_);
+  for (ScheduleDetails& schedule : found) {
+    const auto rows = all.find(schedule.scheduleId);
+    const PostedRows none;
+    const PostedRows& posted = rows == all.end() ? none : rows->second;
+    Count(schedule, posted);
+    schedule.nextDue = NextDue(schedule, posted);
+  }
+  std::ranges::sort(found, [](const ScheduleDetails& a, const ScheduleDetails& b) {
+    if (a.nextDue.has_value() != b.nextDue.has_value()) return a.nextDue.has_value();
+    if (a.nextDue != b.nextDue) return a.nextDue < b.nextDue;
+    return a.scheduleId < b.scheduleId;
+  });
+  return found;
+}
+
+std::vector<ScheduleDetails> clsCorvanta::ScheduleLines(std::int64_t scheduleId) {
+  if (scheduleId == 0) return {};
+  auto lines = ReadDetails(connection_, "S.AllocatedItem = " + SqlNumber(scheduleId));
+  std::ranges::sort(lines, {}, &ScheduleDetails::scheduleId);
+  return lines;
+}
+
+std::vector<Date> clsCorvanta::DueDates(std::int64_t scheduleId, std::optional<Date> end) {
+  const Recordset row = connection_.OpenRecordset(
+      "select S.*, P.Period, P.Description as PDesc from  (tblSchedule S  INNER JOIN tblCategory C "
+      "ON C.CategoryID = S.CategoryID)  INNER JOIN tblPeriods P ON S.PeriodID = P.PeriodID  "
+      "Where ScheduleId = " +
+      SqlNumber(scheduleId));
+  if (row.Eof()) return {};
+  const auto from = Date::FromIso(row.Text("DateFrom").substr(0, 10));
+  if (!from) return {};
+  const SchedulePlan plan{*from, CountOf(row.Int("NoTimes")), row.Text("Period")};
+  return ScheduleDates(plan, platform_.clock.Today(), end);
+}
+
+}  // namespace corvanta

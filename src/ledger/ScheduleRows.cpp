@@ -1,0 +1,76 @@
+#include "ledger/ScheduleRows.h"
+
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+std::optional<Date> DayOf(std::string_view text) {
+  return Date::FromIso(text.substr(0, 10));
+}
+
+}  // namespace
+
+void PostedRows::Add(std::int64_t accountId, std::optional<Date> due) {
+  if (!due) return;  // the other half of a transfer
+  const auto place = std::ranges::upper_bound(rows_, *due, {}, &Row::due);
+  rows_.insert(place, {*due, accountId});
+}
+
+bool PostedRows::Has(Date due) const {
+  return std::ranges::binary_search(rows_, due, {}, &Row::due);
+}
+
+int PostedRows::CountFor(const ScheduleRecord& schedule) const {
+  return static_cast<int>(std::ranges::count_if(rows_, [&](const Row& row) {
+    return row.accountId == schedule.accountId && row.due >= schedule.dateFrom;
+  }));
+}
+
+PostedRows PostedOf(Connection& store, std::int64_t scheduleId) {
+  PostedRows posted;
+  if (scheduleId == 0) return posted;
+  Recordset rows = store.OpenRecordset(
+      "Select AccountID, ScheduleDate from tblTransactions Where AllocatedItem = 0 AND BankSch = " +
+      SqlNumber(scheduleId) + " Order by ScheduleDate");
+  for (; !rows.Eof(); rows.MoveNext()) posted.Add(rows.Int(0), DayOf(rows.Text(1)));
+  return posted;
+}
+
+PostedBySchedule PostedOfAll(Connection& store) {
+  PostedBySchedule all;
+  // The keys of schedules are above 0, and only so the index is used.
+  Recordset rows = store.OpenRecordset(
+      "Select BankSch, AccountID, ScheduleDate from tblTransactions "
+      "Where AllocatedItem = 0 AND BankSch > 0 Order by BankSch, ScheduleDate");
+  for (; !rows.Eof(); rows.MoveNext()) all[rows.Int(0)].Add(rows.Int(1), DayOf(rows.Text(2)));
+  return all;
+}
+
+SchedulePlan PlanOf(const ScheduleDetails& schedule) {
+  return {schedule.dateFrom, schedule.noTimes, schedule.period};
+}
+
+bool IsFinished(const ScheduleDetails& schedule) {
+  if (schedule.noTimes < 0) return true;
+  const int payments = PlanOf(schedule).Payments();
+  return payments > 0 && schedule.posted >= payments;
+}
+
+std::vector<Date> PaymentsUntil(const ScheduleDetails& schedule, Date last) {
+  const auto step = PeriodStep::FromCode(schedule.period);
+  if (!step || schedule.noTimes < 0) return {};
+  const auto payments = static_cast<std::size_t>(PlanOf(schedule).Payments());
+  std::vector<Date> dates;
+  for (Date day = schedule.dateFrom; day <= last; day = step->After(day)) {
+    if (payments > 0 && dates.size() == payments) break;
+    dates.push_back(day);
+  }
+  return dates;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,47 @@
+// What has been posted from schedules, as reading, posting and reminders need to know it.
+#pragma once
+
+#include "ledger/ScheduleDates.h"
+#include "ledger/ScheduleRecord.h"
+#include "platform/Date.h"
+
+#include <cstdint>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+namespace corvanta {
+
+class Connection;
+
+// The occurrences of one schedule that have a row.
+class PostedRows {
+ public:
+  void Add(std::int64_t accountId, std::optional<Date> due);
+  // Whether the occurrence has a row, in whatever account that is by now.
+  [[nodiscard]] bool Has(Date due) const;
+  // The rows in the schedule's account of payments from its start on: what counts towards the
+  // number of payments.
+  [[nodiscard]] int CountFor(const ScheduleRecord& schedule) const;
+
+ private:
+  struct Row {
+    Date due;
+    std::int64_t accountId = 0;
+  };
+  std::vector<Row> rows_;  // by due date
+};
+
+using PostedBySchedule = std::unordered_map<std::int64_t, PostedRows>;
+
+[[nodiscard]] PostedRows PostedOf(Connection& store, std::int64_t scheduleId);
+[[nodiscard]] PostedBySchedule PostedOfAll(Connection& store);
+
+[[nodiscard]] SchedulePlan PlanOf(const ScheduleDetails& schedule);
+// Of a schedule whose posted rows have been counted.
+[[nodiscard]] bool IsFinished(const ScheduleDetails& schedule);
+// Its payments from the start up to and with that day, in order, posted or not; none of a schedule
+// that is marked as finished.
+[[nodiscard]] std::vector<Date> PaymentsUntil(const ScheduleDetails& schedule, Date last);
+
+}  // namespace corvanta

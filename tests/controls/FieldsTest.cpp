@@ -1,0 +1,202 @@
+#include "controls/AmountEdit.h"
+#include "controls/ChoiceRow.h"
+#include "controls/DateField.h"
+#include "controls/ucCalendar.h"
+#include "platform/IcuLocale.h"
+#include "support/FixedClock.h"
+#include "support/FixedLocale.h"
+
+#include <QApplication>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace corvanta {
+namespace {
+
+// A field that is being typed in, and one to go to from it.
+class Fields : public testing::Test {
+ protected:
+  void Show(QWidget& field) {
+    field.setParent(&page_);
+    other_.move(0, 100);
+    page_.show();
+    page_.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&page_));
+    field.setFocus();
+  }
+  static void Retype(QLineEdit& field, const QString& text) {
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+  }
+  void Leave() { other_.setFocus(); }
+
+  FixedLocale locale_;
+  FixedClock clock_;  // Saturday, 21/11/2026
+  QWidget page_;
+  QLineEdit other_{&page_};
+};
+
+TEST_F(Fields, ASumIsWorkedOutOnLeaving) {
+  AmountEdit field(locale_, nullptr, AmountText::Rounded);
+  Show(field);
+  Retype(field, "a12.50+3*4$");
+  EXPECT_EQ(field.text(), "12.50+3*4") << "no other keys are taken";
+  EXPECT_EQ(field.Amount(), 24.5);
+  Leave();
+  EXPECT_EQ(field.text(), "24.50");
+  Retype(field, "1234.565");
+  Leave();
+  EXPECT_EQ(field.text(), "1,234.57");
+  EXPECT_EQ(field.Amount(), 1234.57) << "what is shown is what counts";
+}
+
+TEST_F(Fields, WhatIsNoAmountBecomesZeroOrStays) {
+  AmountEdit rounded(locale_, nullptr, AmountText::Rounded);
+  Show(rounded);
+  for (const char* text : {"5/0", "1*", "--"}) {
+    Retype(rounded, text);
+    EXPECT_EQ(rounded.Amount(), 0) << text;
+    Leave();
+    EXPECT_EQ(rounded.text(), "0.00") << text;
+  }
+  AmountEdit typed(locale_, nullptr);
+  Show(typed);
+  Retype(typed, "5/0");
+  Leave();
+  EXPECT_EQ(typed.text(), "5/0");
+  EXPECT_EQ(typed.Amount(), std::nullopt);
+  Retype(typed, "1.2345");
+  Leave();
+  EXPECT_EQ(typed.text(), "1.2345");
+}
+
+TEST_F(Fields, AnAmountThatIsNotTouchedKeepsItsDigits) {
+  AmountEdit field(locale_, nullptr, AmountText::Rounded);
+  Show(field);
+  field.SetAmount(10.005432);
+  EXPECT_EQ(field.text(), "10.01");
+  Leave();
+  EXPECT_EQ(field.Amount(), 10.005432);
+}
+
+TEST_F(Fields, TheNumberPadWritesTheLocalesSeparator) {
+  const IcuLocale german("de_DE");
+  AmountEdit field(german, nullptr, AmountText::Rounded);
+  Show(field);
+  field.clear();
+  QSignalSpy edited(&field, &QLineEdit::textEdited);
+  QTest::keyClicks(&field, "12");
+  QTest::keyClick(&field, '.', Qt::KeypadModifier);
+  QTest::keyClicks(&field, "5");
+  EXPECT_EQ(field.text(), "12,5");
+  EXPECT_EQ(edited.count(), 4);
+  EXPECT_EQ(field.Amount(), 12.5);
+}
+
+TEST_F(Fields, TheDayMovesByKeys) {
+  DateField field(locale_, clock_, nullptr);
+  Show(field);
+  EXPECT_EQ(field.text(), "21/11/2026") << "today";
+  QSignalSpy changed(&field, &DateField::DayChanged);
+  const struct {
+    int key;
+    Qt::KeyboardModifiers modifiers;
+    const char* day;
+  } steps[] = {
+      {Qt::Key_Plus, {}, "2026-11-22"},
+      {Qt::Key_Minus, {}, "2026-11-21"},
+      {Qt::Key_Up, {}, "2026-11-22"},
+      {Qt::Key_Down, {}, "2026-11-21"},
+      {Qt::Key_Up, Qt::ControlModifier, "2026-11-28"},
+      {Qt::Key_Down, Qt::ControlModifier, "2026-11-21"},
+      {Qt::Key_BracketRight, {}, "2026-11-28"},
+      {Qt::Key_BracketLeft, {}, "2026-11-21"},
+      {Qt::Key_PageUp, {}, "2026-12-21"},
+      {Qt::Key_PageDown, {}, "2026-11-21"},
+      {Qt::Key_PageDown, {}, "2026-10-21"},
+      {Qt::Key_T, {}, "2026-11-21"},
+  };
+  for (const auto& step : steps) {
+    QTest::keyClick(&field, static_cast<Qt::Key>(step.key), step.modifiers);
+    EXPECT_EQ(field.Day().ToIso(), step.day) << step.key;
+  }
+  EXPECT_EQ(changed.count(), static_cast<int>(std::size(steps)));
+  field.SetDay(*Date::FromIso("2027-01-31"));
+  QTest::keyClick(&field, Qt::Key_PageUp);
+  EXPECT_EQ(field.text(), "28/02/2027") << "the month's last day";
+}
+
+TEST_F(Fields, ATypedDayIsTakenInTheLocalesWays) {
+  DateField field(locale_, clock_, nullptr);
+  Show(field);
+  for (const auto& [text, shown] : std::initializer_list<std::pair<const char*, const char*>>{
+           {"5/3/24", "05/03/2024"}, {"2024-03-06", "06/03/2024"}, {"7 Oct 2024", "07/10/2024"}}) {
+    Retype(field, text);
+    Leave();
+    EXPECT_EQ(field.text(), shown);
+  }
+  Retype(field, "1/2/24");
+  QTest::keyClick(&field, Qt::Key_Plus);
+  EXPECT_EQ(field.text(), "02/02/2024") << "a day that has just been typed moves, too";
+}
+
+TEST_F(Fields, NonsenseGoesBackToTheLastDayAndIsNotSavedUnseen) {
+  DateField field(locale_, clock_, nullptr);
+  Show(field);
+  QSignalSpy entered(&field, &QLineEdit::returnPressed);
+  for (const char* text : {"31/02/2026", "soon", "", "1/1/0019", "99"}) {
+    Retype(field, text);
+    if (*text == '\0') field.clear();
+    EXPECT_EQ(field.Day(), clock_.Today()) << text;
+    QTest::keyClick(&field, Qt::Key_Return);
+    EXPECT_EQ(entered.count(), 0) << text;
+    EXPECT_EQ(field.text(), "21/11/2026") << text;
+    EXPECT_EQ(field.selectedText(), "21/11/2026") << text;
+  }
+  QTest::keyClick(&field, Qt::Key_Return);
+  EXPECT_EQ(entered.count(), 1);
+}
+
+TEST_F(Fields, TheCalendarTakesADayByKeyOrClick) {
+  DateField field(locale_, clock_, nullptr);
+  Show(field);
+  const auto open = [&]() -> ucCalendar& {
+    QTest::keyClick(&field, Qt::Key_F4);
+    return *QApplication::activePopupWidget()->findChild<ucCalendar*>();
+  };
+  QTest::keyClick(&open(), Qt::Key_Down);
+  EXPECT_EQ(field.text(), "21/11/2026") << "not yet";
+  QTest::keyClick(QApplication::activePopupWidget()->focusProxy(), Qt::Key_Return);
+  EXPECT_EQ(field.text(), "28/11/2026");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  ucCalendar& calendar = open();
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, QPoint(calendar.width() - 20, 12));
+  EXPECT_NE(QApplication::activePopupWidget(), nullptr) << "the next month";
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(QDate(2026, 12, 24)).center());
+  EXPECT_EQ(field.text(), "24/12/2026");
+  QTest::keyClick(&open(), Qt::Key_Up);
+  QTest::keyClick(QApplication::activePopupWidget()->focusProxy(), Qt::Key_Escape);
+  EXPECT_EQ(field.text(), "24/12/2026");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Fields, AChoiceIsOneOrNone) {
+  ChoiceRow row(QStringLiteral("op"), {{0, "None"}, {1, "One"}, {2, "Two"}}, nullptr);
+  Show(row);
+  EXPECT_EQ(row.Choice(), std::nullopt);
+  row.SetChoice(2);
+  EXPECT_EQ(row.Choice(), 2);
+  QSignalSpy chosen(&row, &ChoiceRow::Chosen);
+  QTest::mouseClick(row.findChild<QRadioButton*>("op1"), Qt::LeftButton, {}, QPoint(8, 8));
+  EXPECT_EQ(row.Choice(), 1);
+  EXPECT_EQ(chosen.count(), 1);
+  row.SetChoice(std::nullopt);
+  EXPECT_EQ(row.Choice(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace corvanta

@@ -1,0 +1,371 @@
+#include "ledger/PostingTest.h"
+
+#include "ledger/ScheduleDates.h"
+
+#include <random>
+
+namespace corvanta {
+namespace {
+
+TEST_F(PostingTest, RowsCarryTheScheduleAndItsDate) {
+  const std::int64_t schedule = Save(Plan("m", "2026-10-31", 2));
+  EXPECT_EQ(Pass().occurrences, 2U);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-10-31", "2026-11-30"}));
+  const auto row = ledger_.ReadTransaction(RowOf(schedule, "2026-11-30"));
+  ASSERT_TRUE(row);
+  EXPECT_EQ(row->date, Day("2026-11-30"));
+  EXPECT_EQ(row->amount, -40);
+  EXPECT_EQ(row->reference, "R1");
+  EXPECT_EQ(row->description, "It's rent");
+  EXPECT_EQ(row->accountId, bank_);
+  EXPECT_EQ(row->categoryId, category_);
+  EXPECT_EQ(row->payeeId, payee_);
+  EXPECT_EQ(row->paymentId, payment_);
+  EXPECT_EQ(row->transferId, 0);
+  EXPECT_FALSE(row->hasLines);
+  const Value time = Db().QueryValue("SELECT UpdateSchedule FROM tblVerification");
+  EXPECT_EQ(time.Text().substr(0, 10), "2026-11-21");
+}
+
+TEST_F(PostingTest, TheLookAheadAndTheChoiceDecideWhatIsPosted) {
+  const std::int64_t ahead = Save(Plan("m", "2026-10-21"));
+  const std::int64_t whenDue = Save(Plan("m", "2026-10-21", 0, AddToAccount::WhenDue));
+  const std::int64_t byHand = Save(Plan("m", "2026-10-21", 0, AddToAccount::No));
+  LookAhead("None");
+  EXPECT_EQ(Pass().occurrences, 0U);
+  LookAhead("1 Month");
+  Pass();
+  // The look-ahead ends with 21 December.
+  EXPECT_EQ(Posted(ahead), (Dates{"2026-10-21", "2026-11-21", "2026-12-21"}));
+  EXPECT_EQ(Posted(whenDue), (Dates{"2026-10-21", "2026-11-21"}));
+  EXPECT_EQ(Posted(byHand), Dates{});
+  LookAhead("2 Years");
+  Pass();
+  EXPECT_EQ(Posted(ahead).size(), 26U);
+  EXPECT_EQ(Posted(ahead).back(), "2028-11-21");
+  EXPECT_EQ(Posted(whenDue).size(), 2U);
+}
+
+TEST_F(PostingTest, ABillOfTomorrowStandsInTheAccountToday) {
+  for (const char* period : {"yyyy", "3q", "4ww"}) {
+    SCOPED_TRACE(period);
+    const auto dates = FirstScheduleDates({Day("2021-01-01"), 0, period}, 8);
+    const std::int64_t schedule = Save(Plan(period, "2021-01-01"));
+    Today(dates[6].AddDays(-1).ToIso().c_str());
+    Pass();
+    EXPECT_EQ(Posted(schedule)[6], dates[6].ToIso());
+    Run("DELETE FROM tblTransactions");
+    Run("DELETE FROM tblSchedule");
+  }
+}
+
+TEST_F(PostingTest, ANumberOfPaymentsAndOnceEndForGood) {
+  const std::int64_t three = Save(Plan("m", "2026-07-21", 3));
+  const std::int64_t once = Save(Plan("1d", "2026-11-01"));
+  for (const char* day : {"2026-11-21", "2026-11-21", "2027-03-01", "2029-01-01"}) {
+    Today(day);
+    Pass();
+    EXPECT_EQ(Posted(three), (Dates{"2026-07-21", "2026-08-21", "2026-09-21"}));
+    EXPECT_EQ(Posted(once), Dates{"2026-11-01"});
+  }
+  EXPECT_EQ(State(three), "2026-07-21 x3 posted 3 finished");
+  EXPECT_EQ(State(once), "2026-11-01 x1 posted 1 finished");
+}
+
+TEST_F(PostingTest, DeletedRowsComeBackAndDetachedOnesDoNotCount) {
+  const std::int64_t schedule = Save(Plan("m", "2026-09-10", 3));
+  Pass();
+  ledger_.DeleteTransaction(RowOf(schedule, "2026-10-10"));
+  EXPECT_EQ(State(schedule), "2026-09-10 x3 posted 2");
+  EXPECT_EQ(Pass().occurrences, 1U);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-09-10", "2026-10-10", "2026-11-10"}));
+  ledger_.DetachFromSchedule(RowOf(schedule, "2026-11-10"));
+  EXPECT_EQ(State(schedule), "2026-09-10 x3 posted 2");
+}
+
+TEST_F(PostingTest, ARowThatWasEditedStaysItsOccurrence) {
+  const std::int64_t schedule = Save(Plan("m", "2026-11-05", 2));
+  Pass();
+  TransactionRecord row = *ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
+  row.date = Day("2026-11-09");
+  row.accountId = savings_;
+  row.amount = -41;
+  ledger_.SaveTransaction(row);
+  EXPECT_EQ(Pass().occurrences, 0U);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-05", "2026-12-05"}));
+}
+
+TEST_F(PostingTest, ClosedAccountsGetNothing) {
+  const std::int64_t own = Save(Plan("m", "2026-11-05"));
+  ScheduleRecord into = Plan("m", "2026-11-05");
+  into.accountId = euros_;
+  into.transferAccountId = bank_;
+  const std::int64_t receiving = Save(into);
+  Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(bank_));
+  EXPECT_EQ(Pass().occurrences, 0U);
+  EXPECT_EQ(Post(own, "2026-11-05"), OccurrenceResult::ClosedAccount);
+  EXPECT_EQ(Skip(receiving, "2026-11-05"), OccurrenceResult::ClosedAccount);
+  Run("UPDATE tblAccounts SET CloseAccount = 0");
+  rates_.Answer(1.0);
+  EXPECT_EQ(Pass().occurrences, 4U);
+}
+
+TEST_F(PostingTest, SplitLinesGoWithTheirSchedule) {
+  const std::int64_t schedule = Save(Plan("m", "2026-11-05", 2));
+  SaveLine(schedule, -25.5, "Flat");
+  SaveLine(schedule, -10, "Garage");
+  EXPECT_EQ(ledger_.ReadSchedule(schedule)->amount, -35.5);
+  Pass();
+  for (const char* due : {"2026-11-05", "2026-12-05"}) {
+    const std::int64_t row = RowOf(schedule, due);
+    EXPECT_EQ(Amount(row), -35.5);
+    const auto lines = ledger_.SplitLines(row);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_EQ(lines[0].description, "Flat");
+    EXPECT_EQ(lines[0].amount, -25.5);
+    EXPECT_EQ(lines[0].date, Day(due));
+    EXPECT_EQ(lines[1].amount, -10);
+    EXPECT_EQ(lines[1].payeeId, payee_);
+    EXPECT_EQ(lines[1].scheduleId, 0);
+  }
+  EXPECT_EQ(Pass().occurrences, 0U);
+}
+
+TEST_F(PostingTest, TransfersHaveTheirOtherHalf) {
+  ScheduleRecord plan = Plan("m", "2026-11-05", 2);
+  plan.transferAccountId = savings_;
+  const std::int64_t schedule = Save(plan);
+  Pass();
+  const auto own = ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
+  const auto other = ledger_.ReadTransaction(own->transferId);
+  ASSERT_TRUE(other);
+  EXPECT_EQ(other->transferId, own->transactionId);
+  EXPECT_EQ(other->accountId, savings_);
+  EXPECT_EQ(other->amount, 40);
+  EXPECT_EQ(other->category, "Credit");
+  EXPECT_EQ(other->payeeId, payee_);
+  EXPECT_EQ(other->paymentId, payment_);
+  EXPECT_EQ(other->reference, "R1");
+  EXPECT_EQ(other->description, "It's rent");
+  EXPECT_EQ(other->date, Day("2026-11-05"));
+  EXPECT_EQ(other->scheduleId, schedule);
+  EXPECT_FALSE(other->scheduleDate);
+  EXPECT_EQ(Posted(schedule).size(), 2U);
+  EXPECT_EQ(State(schedule), "2026-11-05 x2 posted 2 finished");
+  EXPECT_TRUE(rates_.Asked().empty());
+  // One half goes with the other, and both come back.
+  ledger_.DeleteTransaction(other->transactionId);
+  EXPECT_EQ(Posted(schedule).size(), 1U);
+  EXPECT_EQ(Pass().occurrences, 1U);
+}
+
+TEST_F(PostingTest, TransfersBetweenCurrenciesAskForARateEach) {
+  ScheduleRecord plan = Plan("m", "2026-10-05", 3);
+  plan.transferAccountId = euros_;
+  plan.amount = -33.33;
+  const std::int64_t schedule = Save(plan);
+  rates_.Answer(1.15);
+  EXPECT_FALSE(Pass().ratesMissing);
+  EXPECT_EQ(rates_.Asked(), (std::vector<std::string>{"GBPEUR", "GBPEUR", "GBPEUR"}));
+  const auto own = ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
+  EXPECT_EQ(own->amount, -33.33);
+  EXPECT_EQ(Amount(own->transferId), 38.33);
+}
+
+TEST_F(PostingTest, WithoutARateThePassTellsOnceAndGoesOn) {
+  ScheduleRecord plan = Plan("m", "2026-10-05", 3);
+  plan.transferAccountId = euros_;
+  const std::int64_t first = Save(plan);
+  const std::int64_t second = Save(plan);
+  const std::int64_t ordinary = Save(Plan("m", "2026-11-05", 1));
+  store_.platform.prompts.ExpectTell("Download Currency", "Could not connect to website");
+  const PostingResult result = Pass();
+  EXPECT_TRUE(result.ratesMissing);
+  EXPECT_EQ(result.occurrences, 7U);
+  EXPECT_EQ(rates_.Asked().size(), 1U);
+  EXPECT_EQ(Amount(ledger_.ReadTransaction(RowOf(second, "2026-10-05"))->transferId), 40);
+  EXPECT_EQ(Posted(first).size(), 3U);
+  EXPECT_EQ(Posted(ordinary).size(), 1U);
+}
+
+TEST_F(PostingTest, DatesMoveWithTheirNumber) {
+  MoveDates(true);
+  const std::int64_t five = Save(Plan("m", "2026-09-30", 5));
+  const std::int64_t endless = Save(Plan("2ww", "2026-11-09"));
+  const std::int64_t once = Save(Plan("1d", "2026-11-20"));
+  Pass();
+  EXPECT_EQ(Posted(five), (Dates{"2026-09-30", "2026-10-30", "2026-11-30"}));
+  EXPECT_EQ(State(five), "2026-12-30 x2 posted 0");
+  EXPECT_EQ(State(endless), "2027-01-04 x0 posted 0");
+  EXPECT_EQ(State(once), "2026-11-20 x-1 posted 1 finished");
+  const std::string before = Contents();
+  Pass();
+  EXPECT_EQ(Contents(), before);
+  Today("2027-12-01");
+  Pass();
+  EXPECT_EQ(Posted(five).back(), "2027-01-30");
+  EXPECT_EQ(Posted(five).size(), 5U);
+  EXPECT_EQ(State(five), "2027-01-30 x-1 posted 1 finished");
+  EXPECT_EQ(Posted(once).size(), 1U);
+  // Not even when the last row is deleted.
+  ledger_.DeleteTransaction(RowOf(five, "2027-01-30"));
+  Today("2028-12-01");
+  Pass();
+  EXPECT_EQ(Posted(five).size(), 4U);
+}
+
+TEST_F(PostingTest, SwitchingMovingDatesOnAndOffPostsNothingTwice) {
+  const std::int64_t schedule = Save(Plan("m", "2026-10-31", 6));
+  Pass();
+  EXPECT_EQ(State(schedule), "2026-10-31 x6 posted 2");
+  MoveDates(true);
+  Today("2026-12-31");
+  Pass();
+  EXPECT_EQ(State(schedule), "2027-02-28 x2 posted 0");
+  MoveDates(false);
+  Today("2027-12-31");
+  Pass();
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-10-31", "2026-11-30", "2026-12-30", "2027-01-30",
+                                     "2027-02-28", "2027-03-28"}));
+  EXPECT_EQ(State(schedule), "2027-02-28 x2 posted 2 finished");
+}
+
+TEST_F(PostingTest, OneOccurrenceAtATime) {
+  const std::int64_t schedule = Save(Plan("m", "2026-09-15", 4, AddToAccount::No));
+  EXPECT_EQ(Post(schedule, "2026-09-16"), OccurrenceResult::NotDue);
+  EXPECT_EQ(Post(schedule, "2027-01-15"), OccurrenceResult::NotDue);
+  EXPECT_EQ(Post(0, "2026-09-15"), OccurrenceResult::NotDue);
+  EXPECT_EQ(Skip(schedule, "2026-10-15"), OccurrenceResult::EarlierPending);
+  EXPECT_EQ(Post(schedule, "2026-09-15"), OccurrenceResult::Done);
+  EXPECT_EQ(Post(schedule, "2026-09-15"), OccurrenceResult::AlreadyPosted);
+  EXPECT_EQ(Skip(schedule, "2026-09-15"), OccurrenceResult::AlreadyPosted);
+  EXPECT_EQ(State(schedule), "2026-09-15 x4 posted 1");
+  // What is skipped takes what is posted before it along, and stays skipped.
+  EXPECT_EQ(Skip(schedule, "2026-10-15"), OccurrenceResult::Done);
+  EXPECT_EQ(State(schedule), "2026-11-15 x2 posted 0");
+  EXPECT_EQ(Post(schedule, "2026-10-15"), OccurrenceResult::NotDue);
+  EXPECT_EQ(Post(schedule, "2026-12-15"), OccurrenceResult::Done);
+  EXPECT_EQ(Skip(schedule, "2026-11-15"), OccurrenceResult::Done);
+  EXPECT_EQ(State(schedule), "2026-12-15 x1 posted 1 finished");
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-09-15", "2026-12-15"}));
+}
+
+TEST_F(PostingTest, SkippingTheLastEndsTheSchedule) {
+  const std::int64_t once = Save(Plan("1d", "2026-11-15", 1, AddToAccount::No));
+  EXPECT_EQ(Skip(once, "2026-11-15"), OccurrenceResult::Done);
+  EXPECT_EQ(State(once), "2026-11-15 x-1 posted 0 finished");
+  EXPECT_EQ(Post(once, "2026-11-15"), OccurrenceResult::NotDue);
+  const std::int64_t automatic = Save(Plan("m", "2026-11-15", 1));
+  EXPECT_EQ(Skip(automatic, "2026-11-15"), OccurrenceResult::Done);
+  EXPECT_EQ(Pass().occurrences, 0U);
+}
+
+TEST_F(PostingTest, OneOccurrenceMovesTheDateOverWhatIsPostedAlone) {
+  MoveDates(true);
+  const std::int64_t schedule = Save(Plan("m", "2026-09-15", 4, AddToAccount::No));
+  EXPECT_EQ(Post(schedule, "2026-10-15"), OccurrenceResult::Done);
+  EXPECT_EQ(State(schedule), "2026-09-15 x4 posted 1");
+  EXPECT_EQ(Post(schedule, "2026-09-15"), OccurrenceResult::Done);
+  EXPECT_EQ(State(schedule), "2026-11-15 x2 posted 0");
+}
+
+TEST_F(PostingTest, ProgressShowsOneUnitForEachScheduleAndStops) {
+  for (int i = 0; i < 5; ++i) Save(Plan("m", "2026-11-05"));
+  RecordingProgress& progress = store_.platform.progress;
+  progress.SetStatus("Ready");
+  progress.StopAfter(2);
+  const PostingResult result = Pass();
+  EXPECT_TRUE(result.stopped);
+  EXPECT_EQ(result.schedules, 3U);
+  EXPECT_EQ(result.occurrences, 6U);
+  EXPECT_EQ(progress.Texts()[1], "Please wait updating scheduled records...");
+  EXPECT_EQ(progress.Status(), "Ready");
+  using Steps = std::vector<std::pair<std::size_t, std::size_t>>;
+  EXPECT_EQ(progress.Steps(), (Steps{{0, 5}, {1, 5}, {2, 5}, {0, 0}}));
+  progress.StopAfter(100);
+  EXPECT_EQ(Pass().occurrences, 4U);
+}
+
+TEST_F(PostingTest, AThousandSchedulesOverTenYears) {
+  Transaction all = Db().Begin();
+  for (int i = 0; i < 1000; ++i) Save(Plan("q", "2026-11-21"));
+  all.Commit();
+  LookAhead("10 Years");
+  const PostingResult result = Pass();
+  EXPECT_EQ(result.schedules, 1000U);
+  EXPECT_EQ(result.occurrences, 41000U);
+  EXPECT_EQ(store_.platform.progress.Steps().size(), 1001U);
+  EXPECT_EQ(Count("tblTransactions WHERE BankSch > 0"), 41000);
+  EXPECT_EQ(Pass().occurrences, 0U);
+}
+
+TEST_F(PostingTest, TheScheduleThatFailsTakesNothingAlong) {
+  const std::int64_t first = Save(Plan("m", "2026-11-05", 2));
+  const std::int64_t broken = Save(Plan("m", "2026-11-05", 2));
+  // The column of the transaction is as wide, so only a file changed from outside gets here.
+  Run("UPDATE tblSchedule SET [Amount] = NULL WHERE ScheduleID = " + std::to_string(broken));
+  Run("CREATE UNIQUE INDEX OneAmount ON tblTransactions ([Amount], ScheduleDate)");
+  const std::int64_t twice = Save(Plan("m", "2026-11-05", 2));
+  EXPECT_THROW(Pass(), std::exception);
+  EXPECT_EQ(Posted(first).size(), 2U);
+  EXPECT_EQ(Posted(broken).size(), 2U);
+  EXPECT_EQ(Posted(twice).size(), 0U);
+  EXPECT_FALSE(Db().InTransaction());
+  EXPECT_EQ(store_.platform.progress.Status(), "");
+}
+
+TEST_F(PostingTest, APassIsOneStepToUndo) {
+  ledger_.Undo().Start();
+  Save(Plan("m", "2026-11-05", 2));
+  const std::string before = Contents();
+  MoveDates(true);
+  Pass();
+  const std::string after = Contents();
+  EXPECT_EQ(ledger_.Undo().UndoName(), "Post Schedules");
+  ledger_.Undo().Undo();
+  EXPECT_EQ(Contents(), before);
+  ledger_.Undo().Redo();
+  EXPECT_EQ(Contents(), after);
+  Pass();
+  EXPECT_EQ(ledger_.Undo().UndoName(), "Post Schedules");
+  EXPECT_FALSE(ledger_.Undo().CanRedo());
+}
+
+// Whatever the schedules, days and settings: a pass leaves nothing for the next one, posts nothing
+// twice and never more than the number of payments.
+TEST_F(PostingTest, RandomSchedules) {
+  std::mt19937 random(20261121);
+  const auto pick = [&](int below) { return static_cast<int>(random() % unsigned(below)); };
+  const std::vector<PeriodRecord> periods = ledger_.Periods();
+  rates_.Answer(1.25);
+  for (int round = 0; round < 12; ++round) {
+    std::vector<std::pair<std::int64_t, int>> limited;
+    for (int i = 0; i < 8; ++i) {
+      ScheduleRecord plan = Plan("m", "2026-01-01", pick(3) == 0 ? 0 : 1 + pick(20),
+                                 static_cast<AddToAccount>(pick(3)));
+      plan.periodId = periods[static_cast<std::size_t>(pick(11))].periodId;
+      plan.dateFrom = Day("2026-01-01").AddDays(pick(700));
+      const int kind = pick(3);
+      if (kind == 1) plan.transferAccountId = pick(2) == 0 ? savings_ : euros_;
+      const std::int64_t schedule = Save(plan);
+      if (kind == 2) SaveLine(schedule, -30), SaveLine(schedule, -10);
+      if (plan.noTimes > 0) limited.emplace_back(schedule, plan.noTimes);
+    }
+    Today(Day("2026-06-01").AddDays(pick(600)).ToIso().c_str());
+    LookAhead(round % 4 == 0 ? "None" : round % 4 == 1 ? "1 Month" : "2 Years");
+    MoveDates(pick(2) == 0);
+    Pass();
+    const std::string once = Contents();
+    EXPECT_EQ(Pass().occurrences, 0U);
+    EXPECT_TRUE(Contents() == once) << "round " << round;
+    EXPECT_EQ(LedgerProblems(Db()), std::vector<std::string>{});
+    for (const auto& [schedule, number] : limited) {
+      EXPECT_LE(Posted(schedule).size(), static_cast<std::size_t>(number));
+    }
+    Run("DELETE FROM tblTransactions");
+    Run("DELETE FROM tblSchedule");
+  }
+}
+
+}  // namespace
+}  // namespace corvanta

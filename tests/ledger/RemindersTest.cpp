@@ -1,0 +1,80 @@
+#include "ledger/PostingTest.h"
+#include "ledger/Reminders.h"
+
+namespace corvanta {
+namespace {
+
+class RemindersTest : public PostingTest {
+ protected:
+  // "2026-11-05 Bank -40", with a * behind what is posted.
+  static Dates Texts(const std::vector<Reminder>& items) {
+    Dates texts;
+    for (const Reminder& item : items) {
+      texts.push_back(item.due.ToIso() + " " + item.account + " " +
+                      std::to_string(static_cast<int>(item.amount)) +
+                      (item.IsPosted() ? "*" + std::to_string(item.uncleared) : ""));
+    }
+    return texts;
+  }
+  ReminderList Look(std::optional<Date> until = Day("2026-11-28")) {
+    return Reminders(ledger_, Day("2026-11-21"), until);
+  }
+};
+
+TEST_F(RemindersTest, WhatIsDueAndNotPostedStandsInTwoGroups) {
+  const std::int64_t weekly = Save(Plan("ww", "2026-11-07", 0, AddToAccount::No));
+  Save(Plan("m", "2026-11-29", 0, AddToAccount::No));
+  EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-07 Bank -40", "2026-11-14 Bank -40"}));
+  EXPECT_EQ(Texts(Look().future), (Dates{"2026-11-21 Bank -40", "2026-11-28 Bank -40"}));
+  EXPECT_EQ(Look().dueCount, 3U);
+  EXPECT_EQ(Texts(Look(std::nullopt).future), (Dates{"2026-11-21 Bank -40"}));
+  const Reminder item = Look().overdue.front();
+  EXPECT_EQ(item.scheduleId, weekly);
+  EXPECT_EQ(item.payee, "Shop");
+  EXPECT_EQ(item.currency, "GBP");
+  EXPECT_EQ(item.periodName, "Weekly");
+  EXPECT_EQ(item.description, "It's rent");
+
+  Skip(weekly, "2026-11-07");
+  Post(weekly, "2026-11-14");
+  EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-14 Bank -40*1"}));
+  EXPECT_EQ(Look().dueCount, 1U);
+}
+
+TEST_F(RemindersTest, PostedItemsStandThereUntilTheyAreCleared) {
+  const std::int64_t schedule = Save(Plan("ww", "2026-11-07"));
+  Pass();
+  EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-07 Bank -40*2"}));
+  EXPECT_EQ(Texts(Look().future), (Dates{"2026-11-21 Bank -40*1", "2026-11-28 Bank -40*1"}));
+  EXPECT_EQ(Look().dueCount, 0U);
+  for (const char* due : {"2026-11-07", "2026-11-21"}) {
+    ledger_.SetStatus(RowOf(schedule, due), 1, 1, 0);
+  }
+  EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-14 Bank -40*1"}));
+  EXPECT_EQ(Texts(Look().future), (Dates{"2026-11-28 Bank -40*1"}));
+}
+
+TEST_F(RemindersTest, TransfersStandForBothAccounts) {
+  ScheduleRecord plan = Plan("m", "2026-11-20", 0, AddToAccount::No);
+  plan.transferAccountId = euros_;
+  Save(plan);
+  const ReminderList list = Look();
+  EXPECT_EQ(Texts(list.overdue), (Dates{"2026-11-20 Bank -40", "2026-11-20 Euros 40"}));
+  EXPECT_EQ(list.overdue[0].payee, "Euros");
+  EXPECT_FALSE(list.overdue[0].needsRate);
+  EXPECT_EQ(list.overdue[1].payee, "Bank");
+  EXPECT_TRUE(list.overdue[1].needsRate);
+  EXPECT_EQ(list.dueCount, 1U);
+  Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
+  EXPECT_TRUE(Look().IsEmpty());
+}
+
+TEST_F(RemindersTest, NothingOfFinishedSchedules) {
+  const std::int64_t once = Save(Plan("1d", "2026-11-20", 1, AddToAccount::No));
+  EXPECT_EQ(Look().dueCount, 1U);
+  Skip(once, "2026-11-20");
+  EXPECT_TRUE(Look().IsEmpty());
+}
+
+}  // namespace
+}  // namespace corvanta
