@@ -1,0 +1,256 @@
+#include "invest/FrmCurrency.h"
+
+#include "controls/CommandEdge.h"
+#include "controls/MutedLabel.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/TextCase.h"
+
+#include <QApplication>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRegularExpressionValidator>
+#include <QVBoxLayout>
+
+#include <cmath>
+
+namespace corvanta {
+namespace {
+
+constexpr int kSmallestField = 30 * kRhythm;
+constexpr int kMargin = 2 * kRhythm;
+constexpr const char* kLastResort = "USD";
+
+// Shows the waiting cursor for as long as it lives.
+class WaitCursor {
+ public:
+  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
+  WaitCursor(const WaitCursor&) = delete;
+  WaitCursor& operator=(const WaitCursor&) = delete;
+};
+
+// What numbers are made of; whether it is one is found out when it is used.
+QRegularExpression NumberCharacters(const Locale& locale) {
+  const QString separators = QRegularExpression::escape(ToQt(locale.DecimalSeparator())) +
+                             QRegularExpression::escape(ToQt(locale.GroupSeparator()));
+  return QRegularExpression(QStringLiteral("[\\d\\s+()\\-%1]*").arg(separators));
+}
+
+QLineEdit* MakeAmount(const char* name, const QString& accessibleName, const Locale& locale,
+                      QWidget* parent) {
+  auto* field = new QLineEdit(parent);
+  field->setObjectName(QLatin1String(name));
+  field->setAccessibleName(accessibleName);
+  field->setAlignment(Qt::AlignRight);
+  field->setInputMethodHints(Qt::ImhFormattedNumbersOnly);
+  field->setValidator(new QRegularExpressionValidator(NumberCharacters(locale), field));
+  field->setMinimumWidth(kSmallestField);
+  return field;
+}
+
+double Cents(double amount, const Locale& locale) {
+  const double scale = std::pow(10.0, locale.DefaultDecimals());
+  return std::round(amount * scale) / scale;
+}
+
+}  // namespace
+
+FrmCurrency::FrmCurrency(Use use, const InvestPlace& place, const std::string& currency)
+    : QDialog(place.parent),
+      platform_(place.platform),
+      ledger_(place.ledger),
+      converter_(place.rates, place.platform.locale),
+      txtAmount_(MakeAmount("txtAmount", tr("Amount"), platform_.locale, this)),
+      lblCurrency_(new QLabel(this)),
+      cmbCurrency_(new PickBox(this)),
+      txtAmountCurrency_(
+          MakeAmount("txtAmountCurrency", tr("Amount in the currency"), platform_.locale, this)),
+      lblRate_(new MutedLabel(this)) {
+  setObjectName(QStringLiteral("FrmCurrency"));
+  setWindowTitle(tr("Currency Lookup"));
+  setModal(true);
+  MakeFields();
+  MakeButtons(use);
+  FillCurrencies(currency);
+  ShowDefault();
+  cmbCurrency_->setFocus();
+}
+
+void FrmCurrency::MakeFields() {
+  lblCurrency_->setObjectName(QStringLiteral("lblCurrency"));
+  lblCurrency_->setTextFormat(Qt::PlainText);
+  cmbCurrency_->setObjectName(QStringLiteral("cmbCurrency"));
+  cmbCurrency_->setAccessibleName(tr("Currency"));
+  lblRate_->setObjectName(QStringLiteral("lblRate"));
+  lblRate_->setTextFormat(Qt::PlainText);
+  lblRate_->setMinimumHeight(lblRate_->fontMetrics().height());
+
+  auto* fields = new QFormLayout;
+  fields->setVerticalSpacing(kRhythm);
+  fields->setHorizontalSpacing(2 * kRhythm);
+  fields->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  fields->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  fields->addRow(tr("From:"), lblCurrency_);
+  fields->addRow(tr("A&mount:"), txtAmount_);
+  fields->addRow(tr("C&urrency:"), cmbCurrency_);
+  fields->addRow(tr("&Worth:"), txtAmountCurrency_);
+  fields->addRow(QString(), lblRate_);
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  page->setSpacing(2 * kRhythm);
+  page->addLayout(fields);
+  page->addStretch(1);
+
+  connect(txtAmount_, &QLineEdit::textEdited, this, [this] { MarkTyped(false); });
+  connect(txtAmountCurrency_, &QLineEdit::textEdited, this, [this] { MarkTyped(true); });
+  connect(cmbCurrency_, &QComboBox::currentTextChanged, this, &FrmCurrency::MarkCurrencyChanged);
+}
+
+void FrmCurrency::MakeButtons(Use use) {
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kRhythm);
+  const auto add = [&](const QString& text, const char* name) {
+    auto* button = new QPushButton(text, this);
+    button->setObjectName(QLatin1String(name));
+    row->addWidget(button);
+    return button;
+  };
+  cmdCurrency_ = add(tr("Con&vert"), "cmdCurrency");
+  cmdCurrency_->setToolTip(tr("Fetch today's rate and convert the amount that was typed last"));
+  row->addSpacing(2 * kRhythm);
+  row->addStretch(1);
+  if (use == Use::TakeOver) {
+    cmdAccept_ = add(tr("U&se Amount"), "cmdAccept");
+    cmdAccept_->setToolTip(tr("Take the amounts over into the transaction"));
+    connect(cmdAccept_, &QPushButton::clicked, this,
+            [this] { RunCommand(platform_.prompts, [this] { Accept(); }); });
+  }
+  auto* cancel = add(tr("&Close"), "cmdCancel");
+  static_cast<QVBoxLayout*>(layout())->addLayout(row);
+  connect(cmdCurrency_, &QPushButton::clicked, this,
+          [this] { RunCommand(platform_.prompts, [this] { Convert(); }); });
+  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void FrmCurrency::FillCurrencies(const std::string& given) {
+  givenCode_ = given.empty() ? platform_.locale.CurrencyCode() : given;
+  if (givenCode_.empty()) givenCode_ = kLastResort;
+  currencies_ = ledger_.Currencies();
+  lblCurrency_->setText(ToQt(givenCode_));
+  std::vector<PickItem> items;
+  for (const CurrencyRecord& row : currencies_) {
+    const QString entry = ToQt(CurrencyConverter::Entry(row));
+    items.push_back({row.currencyId, entry});
+    if (row.currency == givenCode_) lblCurrency_->setText(entry);
+  }
+  const QSignalBlocker quiet(cmbCurrency_);
+  cmbCurrency_->SetItems(items);
+}
+
+void FrmCurrency::SetAmount(double amount) {
+  txtAmount_->setText(amount == 0 ? QString() : ToQt(converter_.PlainNumber(amount)));
+  MarkTyped(false);
+}
+
+void FrmCurrency::MarkTyped(bool inCurrency) {
+  isCurrencyLast_ = inCurrency;
+  (inCurrency ? isCurrencyTyped_ : isAmountTyped_) = true;
+  lblRate_->clear();
+  ShowDefault();
+}
+
+void FrmCurrency::MarkCurrencyChanged() {
+  // The amount that was typed is as right as it was; the other one no longer goes with it.
+  (isCurrencyLast_ ? isCurrencyTyped_ : isAmountTyped_) = true;
+  (isCurrencyLast_ ? isAmountTyped_ : isCurrencyTyped_) = false;
+  lblRate_->clear();
+  ShowDefault();
+}
+
+void FrmCurrency::ShowDefault() {
+  const bool isConverted =
+      !isAmountTyped_ && !isCurrencyTyped_ && !txtAmountCurrency_->text().isEmpty();
+  QPushButton* next = isConverted && cmdAccept_ != nullptr ? cmdAccept_ : cmdCurrency_;
+  next->setDefault(true);
+}
+
+// Who types nothing but the code means the entry.
+void FrmCurrency::ChooseTypedCode() {
+  if (cmbCurrency_->Key() != 0) return;
+  const std::string typed(Trim(FromQt(cmbCurrency_->currentText())));
+  for (const CurrencyRecord& row : currencies_) {
+    if (EqualFolded(row.currency, typed)) cmbCurrency_->SetKey(row.currencyId);
+  }
+}
+
+CurrencyForm FrmCurrency::Form() const {
+  CurrencyForm form;
+  const qint64 key = cmbCurrency_->Key();
+  for (const CurrencyRecord& row : currencies_) {
+    if (row.currencyId == key) form.currency = CurrencyConverter::Entry(row);
+  }
+  form.otherCode = givenCode_;
+  form.amount = FromQt(txtAmount_->text());
+  form.amountCurrency = FromQt(txtAmountCurrency_->text());
+  form.isCurrencyEntered = isCurrencyLast_;
+  return form;
+}
+
+bool FrmCurrency::Convert() {
+  ChooseTypedCode();
+  Conversion conversion;
+  {
+    const WaitCursor waiting;
+    conversion = converter_.Convert(Form());
+  }
+  if (const auto& warning = conversion.warning) {
+    platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
+    FocusField(warning->field);
+    return false;
+  }
+  txtAmount_->setText(ToQt(conversion.amount));
+  txtAmountCurrency_->setText(ToQt(conversion.amountCurrency));
+  const std::string code = CurrencyConverter::CodeOf(Form().currency);
+  lblRate_->setText(
+      tr("1 %1 = %2 %3")
+          .arg(ToQt(givenCode_), ToQt(converter_.PlainNumber(conversion.rate)), ToQt(code)));
+  isAmountTyped_ = false;
+  isCurrencyTyped_ = false;
+  ShowDefault();
+  return true;
+}
+
+void FrmCurrency::Accept() {
+  // Both typed is a person who knows the rate that they got.
+  const bool isComplete = isAmountTyped_ == isCurrencyTyped_ &&
+                          !txtAmount_->text().trimmed().isEmpty() &&
+                          !txtAmountCurrency_->text().trimmed().isEmpty();
+  ChooseTypedCode();
+  const CurrencyForm form = Form();
+  if ((!isComplete || form.currency.empty()) && !Convert()) return;
+  const CurrencyForm taken = Form();
+  const auto amount = platform_.locale.ParseNumber(taken.amount);
+  const auto amountCurrency = platform_.locale.ParseNumber(taken.amountCurrency);
+  if (!amount || !amountCurrency) return FocusField(amount ? "txtAmountCurrency" : "txtAmount");
+  result_ = CurrencyResult{Cents(*amount, platform_.locale), *amountCurrency,
+                           CurrencyConverter::CodeOf(taken.currency)};
+  accept();
+}
+
+void FrmCurrency::FocusField(const std::string& name) {
+  auto* field = findChild<QWidget*>(ToQt(name));
+  if (field == nullptr) return;
+  field->setFocus(Qt::OtherFocusReason);
+  if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
+}
+
+}  // namespace corvanta

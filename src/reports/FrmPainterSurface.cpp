@@ -1,0 +1,87 @@
+#include "reports/FrmPainterSurface.h"
+
+#include "controls/QtText.h"
+#include "platform/PlatformError.h"
+
+#include <QFontDatabase>
+#include <QPagedPaintDevice>
+#include <QPainter>
+
+#include <cmath>
+
+namespace corvanta {
+namespace {
+
+constexpr double kMillimetresPerInch = 25.4;
+constexpr double kPointsPerInch = 72;
+// Fonts are measured and drawn at so many pixels to the inch, whatever the painter's own are.
+constexpr double kReference = 1200;
+constexpr double kReferencePerMillimetre = kReference / kMillimetresPerInch;
+
+QSizeF PrintableSize(const QPagedPaintDevice& device) {
+  return device.pageLayout().paintRect(QPageLayout::Millimeter).size();
+}
+
+}  // namespace
+
+PainterSurface::PainterSurface(const QSizeF& size) : size_(size) {
+  SetFont({});
+}
+
+void PainterSurface::DrawWith(QPainter* painter, double unitsPerMillimetre) {
+  painter_ = painter;
+  if (painter_ == nullptr) return;
+  const double scale = unitsPerMillimetre / kReferencePerMillimetre;
+  painter_->scale(scale, scale);
+}
+
+void PainterSurface::SetFont(const PrintFont& font) {
+  font_ = font.name.empty() ? QFontDatabase::systemFont(QFontDatabase::GeneralFont)
+                            : QFont(ToQt(font.name));
+  font_.setPixelSize(static_cast<int>(std::lround(font.size * kReference / kPointsPerInch)));
+  font_.setHintingPreference(QFont::PreferNoHinting);
+  font_.setBold(font.isBold);
+  font_.setItalic(font.isItalic);
+  font_.setUnderline(font.isUnderlined);
+  font_.setStrikeOut(font.isStruckOut);
+  metrics_.emplace(font_);
+}
+
+double PainterSurface::TextWidth(std::string_view text) {
+  return metrics_->horizontalAdvance(ToQt(text)) / kReferencePerMillimetre;
+}
+
+double PainterSurface::TextHeight(std::string_view) {
+  return metrics_->height() / kReferencePerMillimetre;
+}
+
+void PainterSurface::Print(double x, double y, std::string_view text) {
+  if (painter_ == nullptr || text.empty()) return;
+  painter_->setFont(font_);
+  painter_->setPen(colour_);
+  painter_->drawText(
+      QPointF(x * kReferencePerMillimetre, y * kReferencePerMillimetre + metrics_->ascent()),
+      ToQt(text));
+}
+
+void PainterSurface::Line(double x1, double y1, double x2, double y2, double thickness) {
+  if (painter_ == nullptr) return;
+  painter_->setPen(QPen(colour_, thickness * kReferencePerMillimetre, Qt::SolidLine, Qt::FlatCap));
+  painter_->drawLine(QPointF(x1, y1) * kReferencePerMillimetre,
+                     QPointF(x2, y2) * kReferencePerMillimetre);
+}
+
+PrinterSurface::PrinterSurface(QPagedPaintDevice& device, QPainter& painter)
+    : PainterSurface(PrintableSize(device)), device_(device), painter_(painter) {
+  DrawWith(&painter, painter.device()->logicalDpiX() / kMillimetresPerInch);
+}
+
+void PrinterSurface::NewPage() {
+  if (!device_.newPage()) throw PlatformError("The printer took no further page.");
+}
+
+void PrinterSurface::EndDoc() {
+  if (!painter_.end()) throw PlatformError("The document could not be printed to its end.");
+}
+
+}  // namespace corvanta
