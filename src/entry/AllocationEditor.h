@@ -1,0 +1,91 @@
+#pragma once
+
+#include "ledger/Warning.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+struct Platform;
+class clsCorvanta;
+
+// Whose lines are edited: "TRANSACTION" or "SCHEDULE".
+enum class AllocationSource { Transaction, Schedule };
+
+struct AllocationParent {
+  std::int64_t key = 0;  // a TransactionID or a ScheduleID
+  AllocationSource source = AllocationSource::Transaction;
+  double amount = 0;     // as typed, unsigned
+  int sign = 1;          // of the parent's type
+  std::string currency;  // of its account
+};
+
+// A share of the parent's amount.
+struct AllocationForm {
+  std::int64_t key = 0;  // 0 for a new one
+  std::string category;
+  std::string subCategory;           // empty for none
+  std::optional<double> amount = 0;  // signed as the parent is; nullopt is no number
+  std::string description;
+  std::string reference;
+};
+
+// The rules behind the dialog that spreads an amount over categories. Every share is written at
+// once, and the parent's amount becomes the sum of its shares with it. Operations throw StoreError.
+class AllocationEditor {
+ public:
+  AllocationEditor(clsCorvanta& ledger, Platform& platform, AllocationParent parent);
+
+  [[nodiscard]] const AllocationParent& Parent() const { return parent_; }
+  // "Amount (GBP)"
+  [[nodiscard]] std::string AmountHeading() const;
+
+  // In the order in which they were made.
+  [[nodiscard]] std::vector<AllocationForm> Lines();
+  // "Category" or "Category:SubCategory".
+  [[nodiscard]] static std::string CategoryText(const AllocationForm& line);
+  // The parent's amount as it was handed over less the shares, signed; exactly 0 when only the
+  // noise of adding is left.
+  [[nodiscard]] double Remaining();
+  // An empty share of what remains.
+  [[nodiscard]] AllocationForm New();
+
+  // The first rule that is broken, about the control of that name.
+  [[nodiscard]] std::optional<Warning> Check(const AllocationForm& line);
+  // Writes what Check accepts, as one step that can be undone; returns the share's key. 0 when the
+  // person declines to make a category that is new (the field is cmbCategory), or when the parent
+  // is gone.
+  std::int64_t Save(const AllocationForm& line) { return AgreeToCategory(line) ? Write(line) : 0; }
+  // The two steps of Save, for a caller that writes several shares together.
+  [[nodiscard]] bool AgreeToCategory(const AllocationForm& line);
+  std::int64_t Write(AllocationForm line);
+  // Without asking. With the last share gone the parent has the amount again that was handed over.
+  void Delete(std::int64_t key);
+  // Asks when something remains. True when the dialog may close: the parent's amount is then what
+  // the data file holds for it.
+  [[nodiscard]] bool MayClose() { return AgreeToRemaining(Remaining()); }
+  // The same question before shares that will come to that sum, signed, are written.
+  [[nodiscard]] bool AgreeToSum(double shares) {
+    return AgreeToRemaining(Settled(Total() - shares));
+  }
+  // An amount as it is shown decides whether there is one: what shows as 0.00 is 0.
+  [[nodiscard]] double Settled(double amount) const;
+
+ private:
+  [[nodiscard]] bool IsSchedule() const { return parent_.source == AllocationSource::Schedule; }
+  // Of the parent, as it was handed over, signed.
+  [[nodiscard]] double Total() const { return parent_.sign * parent_.amount; }
+  std::int64_t WriteLine(const AllocationForm& line, std::int64_t categoryId);
+  std::int64_t WriteScheduleLine(const AllocationForm& line, std::int64_t categoryId);
+  void RestoreTotal();
+  [[nodiscard]] bool AgreeToRemaining(double remaining);
+
+  clsCorvanta& ledger_;
+  Platform& platform_;
+  AllocationParent parent_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,96 @@
+#include "entry/AutofillEditor.h"
+
+#include "entry/EntryRules.h"
+#include "entry/TransactionEditor.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "reference/RowOf.h"
+#include "reference/Rules.h"
+
+#include <cmath>
+
+namespace corvanta {
+namespace {
+
+double Signed(const AutofillForm& form) {
+  return SignOf(form.type) * form.amount.value_or(0);
+}
+
+}  // namespace
+
+AutofillForm AutofillEditor::New(std::int64_t accountId) {
+  AutofillForm form;
+  form.accountId = accountId;
+  form.date = platform_.clock.Today();
+  form.type = EntryType::Expense;
+  return form;
+}
+
+std::optional<AutofillForm> AutofillEditor::Load(std::int64_t key) {
+  const auto row = ledger_.ReadTransaction(key);
+  if (!row || row->transferId != 0 || row->allocatedItem != 0 || row->action != 0) {
+    return std::nullopt;
+  }
+  AutofillForm form;
+  form.transactionId = row->transactionId;
+  form.accountId = row->accountId;
+  form.date = row->date;
+  form.amount = std::fabs(row->amount);
+  form.type = row->amount > 0 ? EntryType::Income : EntryType::Expense;
+  form.payeeId = row->payeeId;
+  form.categoryId = row->categoryId;
+  return form;
+}
+
+std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
+  const auto fails = [](const char* text, const char* field) {
+    return Warning{kSaveWarning, text, field};
+  };
+  if (form.amount.value_or(0) == 0) {
+    return fails("You need to enter a valid Amount", "txtAmount");
+  }
+  if (form.type != EntryType::Expense && form.type != EntryType::Income) {
+    return fails("You need to select either Expense or Income.", "opType");
+  }
+  if (form.payeeId == 0) return fails("You need to select a Payee", "cmbPayee");
+  if (form.categoryId == 0) {
+    return fails("You need to select a Category/SubCategory", "cmbCategory");
+  }
+  if (*form.amount < 0) return fails(kSignedAmount, "txtAmount");
+  const char* title = form.transactionId == 0 ? "Add Item" : "Amend Item";
+  return CheckOpenAccount(ledger_, form.accountId, title, "");
+}
+
+std::int64_t AutofillEditor::Save(const AutofillForm& form) {
+  const UndoLog::Step step =
+      ledger_.Undo().Begin(form.transactionId == 0 ? "Add Transaction" : "Edit Transaction");
+  const std::int64_t key = ledger_.Autofill(
+      {form.transactionId, form.accountId, form.payeeId, form.categoryId, Signed(form), form.date});
+  if (key == 0) {
+    platform_.prompts.Tell(kSaveWarning, "Not enough information for Autofill Transactions");
+    return 0;
+  }
+  TellOtherAmount(ledger_, platform_, key, Signed(form));
+  return key;
+}
+
+TransactionForm AutofillEditor::Details(const AutofillForm& form) {
+  TransactionForm details =
+      LoadTransaction(ledger_, form.transactionId).value_or(TransactionForm());
+  details.accountId = form.accountId;
+  details.date = form.date;
+  details.amount = form.amount;
+  details.type = form.type;
+  const auto payee = RowOf(ledger_.Payees(), &PayeeRecord::payeeId, form.payeeId);
+  if (payee) details.payee = payee->payee;
+  const auto category = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  if (category) {
+    details.category = category->category;
+    details.subCategory = category->subCategory;
+  }
+  return details;
+}
+
+}  // namespace corvanta

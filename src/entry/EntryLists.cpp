@@ -1,0 +1,67 @@
+#include "entry/EntryLists.h"
+
+#include "ledger/clsCorvanta.h"
+#include "platform/TextCase.h"
+#include "reference/CategoryEditor.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+
+#include <algorithm>
+
+namespace corvanta {
+
+std::vector<EntryChoice> AccountChoices(clsCorvanta& ledger,
+                                        const std::vector<std::int64_t>& also) {
+  // Not the ledger's own list, which adds up every balance.
+  std::vector<EntryChoice> choices;
+  Recordset rows = ledger.Store().OpenRecordset(
+      "Select AccountID, Account, CloseAccount from tblAccounts Order by Account, AccountID");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const std::int64_t key = rows.Int(0);
+    if (rows.Int(2) != 0 && std::ranges::find(also, key) == also.end()) continue;
+    choices.push_back({key, std::string(rows.Text(1))});
+  }
+  return choices;
+}
+
+std::vector<EntryChoice> PayeeChoices(clsCorvanta& ledger) {
+  std::vector<EntryChoice> choices;
+  for (PayeeRecord& row : ledger.Payees()) choices.push_back({row.payeeId, std::move(row.payee)});
+  return choices;
+}
+
+std::vector<EntryChoice> PaymentChoices(clsCorvanta& ledger) {
+  std::vector<EntryChoice> choices;
+  for (PaymentRecord& row : ledger.Payments()) {
+    choices.push_back({row.paymentId, std::move(row.payment)});
+  }
+  return choices;
+}
+
+std::vector<std::string> CategoryNames(clsCorvanta& ledger) {
+  std::vector<std::string> names;
+  Recordset rows = ledger.Store().OpenRecordset(
+      "SELECT * FROM tblCategory WHERE (IsNull(SubCategory) OR SubCategory = '') "
+      "Order By Category");
+  for (; !rows.Eof(); rows.MoveNext()) names.emplace_back(rows.Text("Category"));
+  return names;
+}
+
+std::vector<std::string> SubCategoryNames(clsCorvanta& ledger, const std::string& category) {
+  std::vector<std::string> names;
+  for (CategoryRecord& row : ledger.Categories()) {
+    if (row.subCategory.empty() || !EqualFolded(row.category, Trim(category))) continue;
+    names.push_back(std::move(row.subCategory));
+  }
+  return names;
+}
+
+std::vector<EntryChoice> CategoryPairs(clsCorvanta& ledger) {
+  std::vector<EntryChoice> choices;
+  for (const CategoryRecord& row : ledger.Categories()) {
+    choices.push_back({row.categoryId, FullName(row)});
+  }
+  return choices;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,118 @@
+#include "entry/FrmAccountAuto.h"
+
+#include "controls/AmountEdit.h"
+#include "controls/ChoiceRow.h"
+#include "controls/DateField.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+#include "entry/FrmCategoryBoxes.h"
+#include "entry/TransactionEditor.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+
+#include <QLabel>
+#include <QPushButton>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kHelp =
+    "Type date, amount, payee and category. Payment type, reference and description are those of "
+    "the latest transaction of this account with the same payee and category; there must be "
+    "one.\n\n"
+    "More Details goes on in the full editor with what you have typed.";
+
+}  // namespace
+
+FrmAccountAuto::FrmAccountAuto(const EntryPlace& place, std::int64_t accountId)
+    : EditorDialog(QStringLiteral("FrmAccountAuto"), tr("Transaction"), place.platform.prompts,
+                   place.parent),
+      place_(place),
+      accountId_(accountId),
+      editor_(place.ledger, place.platform),
+      txtDate_(new DateField(place.platform.locale, place.platform.clock, this)),
+      txtAmount_(new AmountEdit(place.platform.locale, this, AmountText::Rounded)),
+      lblCurrency_(new QLabel(this)),
+      opType_(
+          new ChoiceRow(QStringLiteral("opType"), {{0, tr("&Expense")}, {1, tr("&Income")}}, this)),
+      cmbPayee_(new PickBox(this)),
+      cmbCategory_(new PickBox(this)) {
+  MakeFields();
+  auto* full = MakeButton(tr("More Details..."), "cmdFull");
+  full->setToolTip(tr("Use the full transaction dialogue"));
+  auto* help = MakeButton(tr("&Help"), "cmdHelp");
+  AddTools({full, help});
+  AddButtons(false);
+  connect(full, &QPushButton::clicked, this, &FrmAccountAuto::OpenDetails);
+  connect(help, &QPushButton::clicked, this, &FrmAccountAuto::Help);
+}
+
+void FrmAccountAuto::MakeFields() {
+  lblCurrency_->setObjectName(QStringLiteral("lblCurrency"));
+  AddField(tr("D&ate:"), txtDate_, "txtDate");
+  AddField(tr("Am&ount:"), txtAmount_, "txtAmount", lblCurrency_);
+  AddField(tr("Type:"), opType_, "opType");
+  AddField(tr("&Payee:"), cmbPayee_, "cmbPayee");
+  AddField(tr("Cate&gory:"), cmbCategory_, "cmbCategory");
+}
+
+void FrmAccountAuto::Clear() {
+  if (IsChanged() && place_.changed) place_.changed();
+  Show(editor_.New(accountId_));
+}
+
+bool FrmAccountAuto::Load(std::int64_t key) {
+  const auto form = editor_.Load(key);
+  if (!form) return false;
+  if (accountId_ == 0) accountId_ = form->accountId;
+  Show(*form);
+  return true;
+}
+
+void FrmAccountAuto::Show(const AutofillForm& form) {
+  form_ = form;
+  FillBox(*cmbPayee_, PayeeChoices(place_.ledger));
+  FillBox(*cmbCategory_, CategoryPairs(place_.ledger));
+  txtDate_->SetDay(form.date);
+  txtAmount_->SetAmount(form.amount.value_or(0));
+  opType_->SetChoice(form.type == EntryType::Income ? 1 : 0);
+  cmbPayee_->SetKey(form.payeeId);
+  cmbCategory_->SetKey(form.categoryId);
+  TransactionEditor accounts(place_.ledger, place_.platform, place_.rates);
+  lblCurrency_->setText(ToQt(accounts.CurrencyOf(form.accountId)));
+}
+
+AutofillForm FrmAccountAuto::Form() {
+  txtAmount_->Settle();
+  AutofillForm form = form_;
+  form.transactionId = Key();
+  form.date = txtDate_->Day();
+  form.amount = txtAmount_->Amount();
+  const auto type = opType_->Choice();
+  form.type = !type ? EntryType::None : *type == 1 ? EntryType::Income : EntryType::Expense;
+  form.payeeId = cmbPayee_->Key();
+  form.categoryId = cmbCategory_->Key();
+  return form;
+}
+
+QString FrmAccountAuto::ItemName() const {
+  return tr("%1, %2").arg(cmbPayee_->currentText().trimmed(), txtAmount_->text());
+}
+
+void FrmAccountAuto::OpenDetails() {
+  Run([this] {
+    TransactionForm details = editor_.Details(Form());
+    // Names of no row yet are for the full editor to make.
+    if (details.payee.empty()) details.payee = FromQt(cmbPayee_->currentText());
+    if (details.category.empty()) details.category = FromQt(cmbCategory_->currentText());
+    const EntryResult result = OpenTransaction({0, accountId_, details}, place_);
+    if (result.isChanged) MarkSaved(result.savedKey);
+    accept();
+  });
+}
+
+void FrmAccountAuto::Help() {
+  place_.platform.prompts.Tell("Autofill Transactions", kHelp);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,73 @@
+#pragma once
+
+#include "entry/FrmEntry.h"
+#include "entry/TransactionEditor.h"
+
+#include <QSet>
+
+namespace corvanta {
+
+class ChoiceRow;
+class DateField;
+
+// The editor of ordinary transactions and transfers.
+class FrmAccountTrans : public FrmEntry {
+  Q_OBJECT
+
+ public:
+  // New rows are in that account; 0 for none.
+  FrmAccountTrans(const EntryPlace& place, std::int64_t accountId);
+
+  // Whether a schedule was changed while the dialog stood.
+  [[nodiscard]] bool IsScheduleChanged() const { return isScheduleChanged_; }
+  // Puts what was typed elsewhere into the fields of the row that is shown. Throws StoreError.
+  void Prefill(const TransactionForm& form);
+
+ protected:
+  void Clear() override;
+  bool Load(std::int64_t key) override;
+  [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
+  std::int64_t Save() override;
+  bool Delete() override { return editor_.Delete(Key()); }
+  [[nodiscard]] std::string CurrencyOf(std::int64_t accountId) override {
+    return editor_.CurrencyOf(accountId);
+  }
+  void TakeType() override;
+  void TakeAccount() override { form_.DropRate(); }
+  void ShowType() override;
+
+ private:
+  void MakeFields();
+  void MakeTools();
+  void ConnectFields();
+  // What the person changes in the field, no proposal replaces.
+  void Watch(QWidget* field);
+  void Touch(QWidget* field) { touched_.insert(field); }
+  [[nodiscard]] bool IsUntouched(QWidget* field) const { return !touched_.contains(field); }
+
+  void Show(const TransactionForm& form);
+  [[nodiscard]] TransactionForm Form();
+  void ShowSchedule();
+
+  void Propose();
+  void Allocate();
+  void OpenOtherHalf();
+  void OpenSchedule();
+  void Autofill();
+  void LookUpCurrency();
+  void Help();
+
+  std::int64_t accountId_;
+  TransactionEditor editor_;
+  TransactionForm form_;  // what the fields were filled from
+  QSet<QWidget*> touched_;
+  bool isScheduleChanged_ = false;
+  QString proposedFor_;  // the payee
+  DateField* txtDate_;
+  ChoiceRow* opPayment_;
+  QPushButton* cmdAllocate_ = nullptr;
+  QPushButton* cmdAutoFill_ = nullptr;
+  QPushButton* cmdAddSchedule_ = nullptr;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,147 @@
+// What the person does in the editor of transactions beyond filling it in.
+#include "controls/AmountEdit.h"
+#include "controls/CommandEdge.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+#include "entry/FrmAccountTrans.h"
+#include "entry/FrmCategoryBoxes.h"
+#include "invest/InvestDialogs.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QSignalBlocker>
+
+#include <cmath>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kEditTransfer = "Edit Transfer Item";
+
+constexpr const char* kHelp =
+    "Enter saves from any field; Ctrl+Enter saves and goes on with a new transaction.\n\n"
+    "Amount: without a sign, the type says where the money goes. A sum such as 12.50+3*4 is "
+    "worked out.\n\n"
+    "Date: + and - move by a day, [ and ] by a week, Page Up and Page Down by a month. T is today, "
+    "F4 opens a calendar.\n\n"
+    "Names complete while you type. A payee or payment type that is new is added to its list, a "
+    "category after a question. After a payee is chosen in a new transaction, the last one of that "
+    "payee fills what you have not typed.\n\n"
+    "A transaction that is split over several categories keeps the sum of its parts as its amount.";
+
+}  // namespace
+
+void FrmAccountTrans::TakeType() {
+  TransactionForm form = Form();
+  form.type = form_.type;
+  form.accountToId = cmbAccountTo_->Key();
+  TransactionEditor::ChooseType(form, Type());
+  form_.type = form.type;
+  form_.amountTo = form.amountTo;
+  cmbAccount_->SetKey(form.accountId);
+  cmbAccountTo_->SetKey(form.accountToId);
+  cmbCategory_->setEditText(ToQt(form.category));
+  if (form.amount != txtAmount_->Amount()) txtAmount_->SetAmount(form.amount.value_or(0));
+}
+
+void FrmAccountTrans::Propose() {
+  const QString payee = cmbPayee_->currentText().trimmed();
+  if (!IsNew() || Type() == EntryType::Transfer || payee == proposedFor_) return;
+  proposedFor_ = payee;
+  RunCommand(place_.platform.prompts, [&] {
+    const auto last = editor_.Propose(cmbAccount_->Key(), FromQt(payee));
+    if (!last) return;
+    if (IsUntouched(cmbType_)) SetType(last->type);
+    if (IsUntouched(cmbPayment_)) cmbPayment_->setEditText(ToQt(last->payment));
+    if (IsUntouched(cmbCategory_) && IsUntouched(cmbSubCategory_)) {
+      categories_->Show(last->category, last->subCategory);
+    }
+    if (IsUntouched(txtAmount_)) txtAmount_->SetAmount(last->amount);
+  });
+}
+
+void FrmAccountTrans::Allocate() {
+  Run([this] {
+    if (Type() == EntryType::Transfer) return OpenOtherHalf();
+    if (const auto warning = editor_.CheckAllocate(Form())) return Warn(*warning);
+    // Lines need a row to belong to.
+    if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
+    const TransactionForm form = Form();
+    const EntryResult lines =
+        OpenAllocation({Key(), AllocationSource::Transaction, form.amount.value_or(0),
+                        SignOf(form.type), CurrencyOf(form.accountId)},
+                       Place());
+    const auto row = place_.ledger.ReadTransaction(Key());
+    if (!row) return;
+    form_.hasLines = row->hasLines;
+    ReadBack(lines.isChanged, row->hasLines, row->amount);
+  });
+}
+
+void FrmAccountTrans::OpenOtherHalf() {
+  if (IsNew() || form_.transferId == 0) {
+    place_.platform.prompts.Tell(kEditTransfer,
+                                 "Save the transfer first, its other half can be edited then");
+    return;
+  }
+  if (!MayDrop(QLatin1String(kEditTransfer)) || !Open(form_.transferId)) return;
+  const QString account =
+      form_.isToHalf ? cmbAccountTo_->currentText() : cmbAccount_->currentText();
+  Note(tr("This is the half in “%1”.").arg(account));
+}
+
+void FrmAccountTrans::OpenSchedule() {
+  Run([this] {
+    const bool wasEdited = IsEdited();
+    const bool isChanged =
+        place_.openSchedule
+            ? place_.openSchedule(Form(), form_.scheduleId, this)
+            : corvanta::OpenSchedule({form_.scheduleId, accountId_, Form()}, Place()).isChanged;
+    if (!isChanged) return;
+    isScheduleChanged_ = true;
+    MarkChanged();
+    // A schedule changes and deletes what was posted from it.
+    if (!IsNew() && !wasEdited && !Open(Key())) accept();
+  });
+}
+
+void FrmAccountTrans::Autofill() {
+  Run([this] {
+    const std::int64_t account = cmbAccount_->Key();
+    if (account == 0) {
+      return Warn({"Save Warning", "You need to select an Account / Transfer From", "cmbAccount"});
+    }
+    if (!IsNew() && !MayDrop(tr("Autofill Transactions"))) return;
+    const EntryResult result = OpenAutofill(account, Key(), Place());
+    if (!result.isChanged) return;
+    MarkSaved(result.savedKey);
+    if (!IsNew() && !Open(Key())) accept();
+  });
+}
+
+void FrmAccountTrans::LookUpCurrency() {
+  Run([this] {
+    const TransactionForm form = Form();
+    const auto found =
+        OpenCurrency({place_.platform, place_.ledger, place_.rates, this},
+                     editor_.CurrencyOf(form.accountId), std::fabs(form.amount.value_or(0)));
+    if (!found) return;
+    txtAmount_->SetAmount(found->amount);
+    Touch(txtAmount_);
+    form_.DropRate();
+    // A rate into any other currency is none for the transfer.
+    if (form.type != EntryType::Transfer || editor_.CurrencyOf(form.accountToId) != found->code) {
+      return;
+    }
+    form_.isRateApplied = true;
+    form_.amountTo = found->amountCurrency;
+  });
+}
+
+void FrmAccountTrans::Help() {
+  place_.platform.prompts.Tell("Transactions", kHelp);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controls/FormDialog.h"
+#include "entry/EntryDialogs.h"
+#include "entry/MultiEditor.h"
+
+class QComboBox;
+
+namespace corvanta {
+
+class ChoiceRow;
+class FrmCategoryBoxes;
+class PickBox;
+
+// Changes several transactions at once. What is left empty stays as it is in each of them.
+class FrmAccountTransMulti : public FormDialog {
+  Q_OBJECT
+
+ public:
+  // The keys in the order of the list. Throws StoreError.
+  FrmAccountTransMulti(clsCorvanta::Keys keys, const EntryPlace& place);
+
+ private:
+  void MakeFields();
+  void MakeButtons();
+  [[nodiscard]] MultiEditForm Form() const;
+  void Accept();
+  void Delete();
+  void Help();
+
+  Platform& platform_;
+  clsCorvanta& ledger_;
+  MultiEditor editor_;
+  std::vector<std::int64_t> keys_;
+  PickBox* cmbAccount_;
+  QComboBox* cmbType_;
+  PickBox* cmbPayment_;
+  PickBox* cmbPayee_;
+  PickBox* cmbCategory_;
+  PickBox* cmbSubCategory_;
+  FrmCategoryBoxes* categories_;
+  ChoiceRow* opPayment_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,67 @@
+#include "entry/FrmCategoryBoxes.h"
+
+#include "controls/CommandEdge.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+
+#include <QLineEdit>
+
+namespace corvanta {
+namespace {
+
+std::vector<PickItem> ItemsOf(const std::vector<std::string>& names) {
+  std::vector<PickItem> items;
+  for (const std::string& name : names) items.push_back({0, ToQt(name)});
+  return items;
+}
+
+}  // namespace
+
+void FillBox(PickBox& box, const std::vector<EntryChoice>& choices) {
+  std::vector<PickItem> items;
+  for (const EntryChoice& choice : choices) items.push_back({choice.key, ToQt(choice.name)});
+  box.SetItems(items);
+}
+
+FrmCategoryBoxes::FrmCategoryBoxes(clsCorvanta& ledger, Prompts& prompts, PickBox& category,
+                                   PickBox& subCategory, QObject* parent)
+    : QObject(parent),
+      ledger_(ledger),
+      prompts_(prompts),
+      category_(category),
+      subCategory_(subCategory) {
+  connect(&category, &QComboBox::activated, this, &FrmCategoryBoxes::TakeCategory);
+  connect(category.lineEdit(), &QLineEdit::editingFinished, this, &FrmCategoryBoxes::TakeCategory);
+}
+
+void FrmCategoryBoxes::Show(const std::string& category, const std::string& subCategory) {
+  category_.SetItems(ItemsOf(CategoryNames(ledger_)));
+  category_.setEditText(ToQt(category));
+  subCategory_.setEditText(ToQt(subCategory));
+  FillSubCategories();
+}
+
+std::string FrmCategoryBoxes::Category() const {
+  return FromQt(category_.currentText());
+}
+
+std::string FrmCategoryBoxes::SubCategory() const {
+  return FromQt(subCategory_.currentText());
+}
+
+void FrmCategoryBoxes::FillSubCategories() {
+  subCategory_.SetItems(ItemsOf(SubCategoryNames(ledger_, Category())));
+}
+
+// A sub-category that was picked below another category goes; one that was typed stays.
+void FrmCategoryBoxes::TakeCategory() {
+  RunCommand(prompts_, [this] {
+    const QString former = subCategory_.currentText();
+    const bool wasPicked = subCategory_.findText(former, Qt::MatchFixedString) >= 0;
+    FillSubCategories();
+    const bool isThere = subCategory_.findText(former, Qt::MatchFixedString) >= 0;
+    if (wasPicked && !isThere) subCategory_.clearEditText();
+  });
+}
+
+}  // namespace corvanta

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "entry/EntryLists.h"
+
+#include <QObject>
+
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+class PickBox;
+class Prompts;
+class clsCorvanta;
+
+// Another list below the box's text.
+void FillBox(PickBox& box, const std::vector<EntryChoice>& choices);
+
+// The boxes of a category and its sub-category: the second offers what the first has.
+class FrmCategoryBoxes : public QObject {
+ public:
+  // All must outlive this object, but for its parent.
+  FrmCategoryBoxes(clsCorvanta& ledger, Prompts& prompts, PickBox& category, PickBox& subCategory,
+                   QObject* parent);
+
+  // Reads the lists and shows these names. Throws StoreError.
+  void Show(const std::string& category, const std::string& subCategory);
+  [[nodiscard]] std::string Category() const;
+  [[nodiscard]] std::string SubCategory() const;
+
+ private:
+  void FillSubCategories();
+  void TakeCategory();
+
+  clsCorvanta& ledger_;
+  Prompts& prompts_;
+  PickBox& category_;
+  PickBox& subCategory_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,78 @@
+#pragma once
+
+#include "controls/EditorDialog.h"
+#include "entry/EntryDialogs.h"
+
+class QComboBox;
+class QLineEdit;
+
+namespace corvanta {
+
+class AmountEdit;
+class FrmCategoryBoxes;
+class PickBox;
+
+// What the editors of transactions and of schedules have in common: the fields of an entry, and the
+// layout that its type gives them.
+class FrmEntry : public EditorDialog {
+  Q_OBJECT
+
+ protected:
+  FrmEntry(const QString& name, const QString& what, const EntryPlace& place);
+
+  // Rows of the form; a dialog puts its own between them.
+  void AddAccountRows();  // account, type
+  void AddPayeeRows(
+      const std::vector<QWidget*>& besideAmount = {});  // from the payee to the amount
+  void AddTextRows();                                   // reference, description
+
+  // Of a TransactionForm or a ScheduleForm: what the rows above hold. Throws StoreError.
+  template <typename Form>
+  void ShowFields(const Form& form);
+  template <typename Form>
+  void ReadFields(Form& form);
+
+  [[nodiscard]] EntryType Type() const;
+  void SetType(EntryType type);
+  // The lines of the row have been looked at and perhaps edited: it has the amount now, signed,
+  // that the data file holds.
+  void ReadBack(bool isChanged, bool hasLines, double amount);
+  // Where a dialog of this one is opened.
+  [[nodiscard]] EntryPlace Place();
+
+  [[nodiscard]] QString ItemName() const override;
+  // The code of the account's currency; empty for no account.
+  [[nodiscard]] virtual std::string CurrencyOf(std::int64_t accountId) = 0;
+  // The person has chosen another type: what hangs on it in the fields follows.
+  virtual void TakeType() = 0;
+  // The person has chosen another account.
+  virtual void TakeAccount() {}
+  // The layout of the type.
+  virtual void ShowType();
+
+  EntryPlace place_;
+  PickBox* cmbAccount_;
+  QComboBox* cmbType_;
+  PickBox* cmbPayee_;
+  PickBox* cmbAccountTo_;
+  PickBox* cmbCategory_;
+  PickBox* cmbSubCategory_;
+  FrmCategoryBoxes* categories_;
+  PickBox* cmbPayment_;
+  AmountEdit* txtAmount_;
+
+ private:
+  void ConnectFields();
+  void ChooseType();
+  void ChooseAccount();
+  void ShowCurrency();
+
+  bool isShowing_ = false;
+  QLabel* lblAccount_ = nullptr;
+  QLabel* lblPayee_ = nullptr;
+  QLabel* lblCurrency_;
+  QLineEdit* txtReference_;
+  QLineEdit* txtDescription_;
+};
+
+}  // namespace corvanta

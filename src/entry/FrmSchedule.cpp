@@ -1,0 +1,274 @@
+#include "entry/FrmSchedule.h"
+
+#include "controls/AmountEdit.h"
+#include "controls/CommandEdge.h"
+#include "controls/DateField.h"
+#include "controls/MutedLabel.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+#include "entry/FrmCategoryBoxes.h"
+#include "entry/ScheduleOutlook.h"
+#include "platform/Clock.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+
+namespace corvanta {
+namespace {
+
+// Enough to look ahead in a daily schedule that began decades ago.
+constexpr std::size_t kMostDates = 20000;
+constexpr std::size_t kShownDates = 3;
+
+constexpr const char* kHelp =
+    "A schedule enters the same transaction again and again: from its start date on, in the steps "
+    "of its frequency, as often as the number of payments says (0 for without end).\n\n"
+    "Add to Account Automatically: as a forecast enters every payment up to the look-ahead of the "
+    "options, when due enters it on its day. Without it a payment stands in the reminders until "
+    "you "
+    "post or skip it.\n\n"
+    "Amount: without a sign, the type says where the money goes. A transfer into an account of "
+    "another currency is converted when it is posted.\n\n"
+    "Payments that are posted and already due stay as they are when you change the schedule.";
+
+QString PaymentsText(const ScheduleOutlook& outlook, const Locale& locale) {
+  const auto number = [](std::size_t count) { return QString::number(count); };
+  if (outlook.payments == 0) {
+    return outlook.before == 0
+               ? FrmSchedule::tr("Without end")
+               : FrmSchedule::tr("Without end, %1 before today").arg(number(outlook.before));
+  }
+  if (outlook.payments == 1) return FrmSchedule::tr("One payment");
+  const std::size_t left = outlook.payments - outlook.before;
+  QString text =
+      left == 0 || outlook.before == 0
+          ? FrmSchedule::tr("%1 payments").arg(number(outlook.payments))
+          : FrmSchedule::tr("%1 of %2 payments").arg(number(left), number(outlook.payments));
+  if (!outlook.last) return text;
+  return FrmSchedule::tr("%1, the last on %2")
+      .arg(text, ToQt(locale.FormatShortDate(*outlook.last)));
+}
+
+// In two lines.
+QString OutlookText(const ScheduleOutlook& outlook, const Locale& locale) {
+  QStringList days;
+  for (const Date day : outlook.next) days.append(ToQt(locale.FormatShortDate(day)));
+  QString text = days.isEmpty() ? FrmSchedule::tr("No payment from today on")
+                                : days.join(QStringLiteral(", "));
+  if (outlook.goesOn) text += QStringLiteral(" …");
+  return text + u'\n' + PaymentsText(outlook, locale);
+}
+
+}  // namespace
+
+FrmSchedule::FrmSchedule(const EntryPlace& place, std::int64_t accountId)
+    : FrmEntry(QStringLiteral("FrmSchedule"), tr("Schedule"), place),
+      accountId_(accountId),
+      editor_(place.ledger, place.platform),
+      cmbPeriod_(new QComboBox(this)),
+      dtFrom_(new DateField(place.platform.locale, place.platform.clock, this)),
+      txtNumber_(new AmountEdit(place.platform.locale, this, AmountText::Whole)),
+      lblNext_(new MutedLabel(this)),
+      chkAutomated_(new QCheckBox(tr("Add to Account Automatica&lly"), this)),
+      cmbAutomated_(new QComboBox(this)) {
+  MakeFields();
+  MakeTools();
+  AddButtons();
+  ConnectFields();
+}
+
+void FrmSchedule::MakeFields() {
+  auto* endless = new MutedLabel(this);
+  endless->setText(tr("0 for no end"));
+  chkAutomated_->setToolTip(
+      tr("Selecting this option Schedule transactions will be added when due."));
+  cmbAutomated_->setObjectName(QStringLiteral("cmbAutomated"));
+  cmbAutomated_->setAccessibleName(tr("When it is added"));
+  cmbAutomated_->setToolTip(
+      tr("As a forecast: every payment up to the look-ahead of the options.\n"
+         "When due: each payment on its day."));
+  cmbAutomated_->addItem(tr("as a forecast"), static_cast<int>(AddToAccount::Ahead));
+  cmbAutomated_->addItem(tr("when due"), static_cast<int>(AddToAccount::WhenDue));
+  // Two lines, so that nothing below moves while it changes.
+  lblNext_->setWordWrap(true);
+  lblNext_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+  lblNext_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  AddAccountRows();
+  AddField(tr("&Frequency:"), cmbPeriod_, "cmbPeriod");
+  AddField(tr("S&tart Date:"), dtFrom_, "dtFrom");
+  AddField(tr("N&umber of Payments:"), txtNumber_, "txtNumber", endless);
+  AddField(tr("Next:"), lblNext_, "lblNext");
+  AddPayeeRows();
+  AddTextRows();
+  AddField({}, chkAutomated_, "chkAutomated", cmbAutomated_);
+  // The rows above are filled already in a new schedule.
+  SetFirstField(cmbPeriod_);
+}
+
+void FrmSchedule::MakeTools() {
+  auto* allocate = MakeButton(tr("&Allocate..."), "cmdAllocate");
+  allocate->setToolTip(tr("Allocate Item"));
+  auto* help = MakeButton(tr("&Help"), "cmdHelp");
+  AddTools({allocate, help});
+  connect(allocate, &QPushButton::clicked, this, &FrmSchedule::Allocate);
+  connect(help, &QPushButton::clicked, this, &FrmSchedule::Help);
+}
+
+void FrmSchedule::ConnectFields() {
+  connect(cmbPeriod_, &QComboBox::currentIndexChanged, this, &FrmSchedule::TakePeriod);
+  connect(dtFrom_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
+  connect(txtNumber_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
+  connect(txtNumber_, &QLineEdit::editingFinished, this,
+          [this] { txtNumber_->SetAmount(Number()); });
+  connect(chkAutomated_, &QCheckBox::toggled, cmbAutomated_, &QWidget::setEnabled);
+}
+
+void FrmSchedule::Clear() {
+  if (IsChanged() && place_.changed) place_.changed();
+  Show(editor_.New(accountId_));
+}
+
+bool FrmSchedule::Load(std::int64_t key) {
+  const auto form = editor_.Load(key);
+  if (!form) return false;
+  if (accountId_ == 0) accountId_ = form->accountId;
+  Show(*form);
+  return true;
+}
+
+void FrmSchedule::Prefill(const TransactionForm& transaction) {
+  ScheduleForm form = editor_.From(transaction);
+  form.dateFrom = transaction.date;
+  Show(form);
+}
+
+void FrmSchedule::Show(const ScheduleForm& form) {
+  form_ = form;
+  ShowFields(form);
+  {
+    // They say together when payments are due.
+    const QSignalBlocker periods(cmbPeriod_);
+    const QSignalBlocker start(dtFrom_);
+    const QSignalBlocker number(txtNumber_);
+    cmbPeriod_->clear();
+    for (const PeriodRecord& row : place_.ledger.Periods()) {
+      cmbPeriod_->addItem(ToQt(row.description), qlonglong{row.periodId});
+    }
+    cmbPeriod_->setCurrentIndex(cmbPeriod_->findData(qlonglong{form.periodId}));
+    dtFrom_->SetDay(form.dateFrom);
+    txtNumber_->SetAmount(form.number);
+  }
+  beforeOnce_.reset();
+  ShowAutomated(form.addToAccount);
+  ShowNext();
+}
+
+void FrmSchedule::ShowAutomated(AddToAccount add) {
+  const bool isAutomated = add != AddToAccount::No;
+  chkAutomated_->setChecked(isAutomated);
+  cmbAutomated_->setEnabled(isAutomated);
+  const AddToAccount how = isAutomated ? add : AddToAccount::Ahead;
+  cmbAutomated_->setCurrentIndex(cmbAutomated_->findData(static_cast<int>(how)));
+}
+
+AddToAccount FrmSchedule::Automated() const {
+  if (!chkAutomated_->isChecked()) return AddToAccount::No;
+  return static_cast<AddToAccount>(cmbAutomated_->currentData().toInt());
+}
+
+int FrmSchedule::Number() const {
+  const Locale& locale = place_.platform.locale;
+  return ScheduleEditor::NumberOfPayments(locale.FormatNumber(txtNumber_->Amount().value_or(0), 0),
+                                          locale);
+}
+
+void FrmSchedule::ReadPlan(ScheduleForm& form) const {
+  form.periodId = cmbPeriod_->currentData().toLongLong();
+  form.dateFrom = dtFrom_->Day();
+  form.number = Number();
+}
+
+ScheduleForm FrmSchedule::Form() {
+  ScheduleForm form = form_;
+  ReadFields(form);
+  ReadPlan(form);
+  form.scheduleId = Key();
+  form.addToAccount = Automated();
+  return form;
+}
+
+std::int64_t FrmSchedule::Save() {
+  const std::int64_t key = editor_.Save(Form());
+  if (key == 0) FocusOn(editor_.DeclinedField());
+  return key;
+}
+
+void FrmSchedule::ShowNext() {
+  RunCommand(place_.platform.prompts, [this] {
+    ScheduleForm plan = form_;
+    ReadPlan(plan);
+    lblNext_->setText(NextText(plan));
+  });
+}
+
+QString FrmSchedule::NextText(const ScheduleForm& plan) {
+  const bool isAsSaved = plan.periodId == form_.periodId && plan.dateFrom == form_.dateFrom &&
+                         plan.number == form_.number;
+  if (form_.isFinished && isAsSaved) return tr("Finished, every payment is posted or skipped");
+  const std::vector<Date> dates = editor_.NextDates(plan, kMostDates);
+  if (dates.empty()) return tr("Choose a frequency to see the next payments");
+  const Platform& platform = place_.platform;
+  return OutlookText(LookAhead(dates, plan.number, platform.clock.Today(), kShownDates),
+                     platform.locale);
+}
+
+void FrmSchedule::TakeType() {
+  ScheduleForm form = form_;
+  form.category = categories_->Category();
+  ScheduleEditor::ChooseType(form, Type());
+  form_.type = form.type;
+  cmbCategory_->setEditText(ToQt(form.category));
+}
+
+void FrmSchedule::TakePeriod() {
+  RunCommand(place_.platform.prompts, [this] {
+    ScheduleForm form;
+    form.number = Number();
+    // Who passes "Once" on the way to another frequency keeps the number.
+    if (beforeOnce_ && form.number == 1) form.number = *beforeOnce_;
+    beforeOnce_.reset();
+    const int number = form.number;
+    editor_.ChoosePeriod(form, cmbPeriod_->currentData().toLongLong());
+    if (form.number != number) beforeOnce_ = number;
+    txtNumber_->SetAmount(form.number);
+  });
+  ShowNext();
+}
+
+void FrmSchedule::Allocate() {
+  Run([this] {
+    if (const auto warning = editor_.CheckAllocate(Form())) return Warn(*warning);
+    // Lines need a schedule to belong to.
+    if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
+    const ScheduleForm form = Form();
+    const EntryResult lines =
+        OpenAllocation({Key(), AllocationSource::Schedule, form.amount.value_or(0),
+                        SignOf(form.type), CurrencyOf(form.accountId)},
+                       Place());
+    const auto row = place_.ledger.ReadSchedule(Key());
+    if (!row) return;
+    form_.hasLines = row->hasLines;
+    ReadBack(lines.isChanged, row->hasLines, row->amount);
+  });
+}
+
+void FrmSchedule::Help() {
+  place_.platform.prompts.Tell("Schedules", kHelp);
+}
+
+}  // namespace corvanta

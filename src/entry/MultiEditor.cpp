@@ -1,0 +1,98 @@
+#include "entry/MultiEditor.h"
+
+#include "entry/EntryRules.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/TextCase.h"
+#include "reference/Deletion.h"
+#include "reference/Rules.h"
+#include "store/Connection.h"
+#include "store/SqlText.h"
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kAmendItem = "Amend Item";
+
+bool IsEmpty(const std::string& text) {
+  return Trim(text).empty();
+}
+
+bool ChangesNothing(const MultiEditForm& form) {
+  return form.type == TypeChange::None && form.accountId == 0 && IsEmpty(form.payment) &&
+         IsEmpty(form.payee) && IsEmpty(form.category);
+}
+
+// Whether a closed account holds one of them.
+bool AreClosed(clsCorvanta& ledger, clsCorvanta::Keys keys) {
+  std::string list;
+  for (const std::int64_t key : keys) list += (list.empty() ? "" : ",") + SqlNumber(key);
+  return ledger.Store()
+             .QueryValue(
+                 "Select Count(*) from tblTransactions T INNER JOIN tblAccounts A ON "
+                 "T.AccountID = A.AccountID WHERE A.CloseAccount <> 0 AND "
+                 "T.TransactionID IN (" +
+                 list + ")")
+             .Int() > 0;
+}
+
+}  // namespace
+
+std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta::Keys keys) {
+  if (ChangesNothing(form)) {
+    return Warning{kSaveWarning,
+                   "You need to select at least one from Type, Payment Type, Account, Payee or "
+                   "Category",
+                   "cmbType"};
+  }
+  if (auto warning = CheckPayment(form.payment, false)) return warning;
+  if (auto warning = CheckPayee(form.payee, false)) return warning;
+  if (auto warning = CheckCategory(form.category, form.subCategory, false)) return warning;
+  if (!IsEmpty(form.subCategory)) {
+    if (auto warning = CheckCategory(form.category, form.subCategory, true)) return warning;
+  }
+  if (AreClosed(ledger_, keys)) return Warning{kAmendItem, kAccountClosed, {}};
+  return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
+}
+
+std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, clsCorvanta::Keys keys) {
+  TrimText(form.category);
+  TrimText(form.subCategory);
+  const int kind = form.type == TypeChange::Income ? 1 : -1;
+  if (!form.category.empty() &&
+      !AgreeToCategory(ledger_, platform_.prompts, form.category, form.subCategory, kind)) {
+    return std::nullopt;
+  }
+  const UndoLog::Step step = ledger_.Undo().Begin("Edit Transactions");
+  BulkChange change;
+  change.accountId = form.accountId;
+  change.status = form.status;
+  change.type = form.type;
+  {
+    Transaction names = ledger_.Store().Begin();
+    change.paymentId = ledger_.FindOrCreatePayment(form.payment);
+    change.payeeId = ledger_.FindOrCreatePayee(form.payee);
+    change.categoryId = ledger_.FindOrCreateCategory(form.category, form.subCategory, kind);
+    names.Commit();
+  }
+  return ledger_.BulkEdit(keys, change);
+}
+
+bool MultiEditor::Delete(clsCorvanta::Keys keys) {
+  Prompts& prompts = platform_.prompts;
+  if (keys.empty()) {
+    prompts.Tell("Delete Item", "No items available");
+    return false;
+  }
+  if (ledger_.ReachesClosedAccount(keys)) {
+    prompts.Tell(kAmendItem, kAccountClosed);
+    return false;
+  }
+  const bool agrees =
+      keys.size() == 1 ? AskDelete(prompts)
+                       : prompts.Ask("Delete Items?", "Do you wish to delete these " +
+                                                          std::to_string(keys.size()) + " items?");
+  return agrees && ledger_.DeleteTransactions(keys) > 0;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "ledger/BulkChange.h"
+#include "ledger/Warning.h"
+#include "ledger/clsCorvanta.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+struct Platform;
+
+// What several transactions are changed to; what is empty leaves their column as it is.
+struct MultiEditForm {
+  std::int64_t accountId = 0;
+  TypeChange type = TypeChange::None;
+  std::string payment;
+  std::string payee;
+  std::string category;
+  std::string subCategory;
+  std::optional<TransactionStatus> status;
+};
+
+// The rules behind the editor of several transactions. Operations throw StoreError.
+class MultiEditor {
+ public:
+  MultiEditor(clsCorvanta& ledger, Platform& platform) : ledger_(ledger), platform_(platform) {}
+
+  // The first rule that is broken, about the control of that name. The keys are those of Save.
+  [[nodiscard]] std::optional<Warning> Check(const MultiEditForm& form, clsCorvanta::Keys keys);
+  // Changes the transactions in their order, as one step that can be undone; returns how many were
+  // reached before the person asked to stop. Asks before it makes a category: nullopt when the
+  // person declines, and nothing is written (the field is cmbCategory).
+  std::optional<std::size_t> Save(MultiEditForm form, clsCorvanta::Keys keys);
+  // Asks, then deletes; tells when there is nothing to delete. True when something was deleted.
+  bool Delete(clsCorvanta::Keys keys);
+
+ private:
+  clsCorvanta& ledger_;
+  Platform& platform_;
+};
+
+}  // namespace corvanta
