@@ -1,0 +1,43 @@
+#pragma once
+
+#include <QWidget>
+
+#include <optional>
+
+class QLabel;
+class QToolButton;
+
+namespace corvanta {
+
+class AmountEdit;
+class Locale;
+struct ReconcileTotals;
+
+// The line that compares with the balance on a bank's paper. It stays folded away until the person
+// asks for it.
+class FrmReconcileStatement : public QWidget {
+  Q_OBJECT
+
+ public:
+  // The locale must outlive the line.
+  FrmReconcileStatement(const Locale& locale, QWidget* parent);
+
+  // To be called when the totals have changed. They must stay where they are.
+  void ShowTotals(const ReconcileTotals& totals);
+  // Whether the person is typing the balance.
+  [[nodiscard]] bool IsTyping() const;
+
+ private:
+  void Unfold(bool isUnfolded);
+  void ShowDifference();
+  [[nodiscard]] std::optional<double> Statement() const;
+
+  const Locale& locale_;
+  const ReconcileTotals* totals_ = nullptr;
+  QToolButton* cmdStatement_;
+  QWidget* line_;
+  AmountEdit* txtStatement_;
+  QLabel* lblDifference_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,26 @@
+// Opens the window that balances an account, modal before its parent.
+#pragma once
+
+#include <cstdint>
+
+class QWidget;
+
+namespace corvanta {
+
+struct Platform;
+class clsCorvanta;
+class RateSource;
+
+// What the window works on and stands before. Valid while the data file stays open.
+struct ReconcilePlace {
+  Platform& platform;
+  clsCorvanta& ledger;
+  RateSource& rates;  // for the transactions that are entered from the window
+  QWidget* parent;
+};
+
+// Balances the account; one that is closed, or 0, is told and opens nothing. True when the data
+// file was changed. What the data file refuses is told.
+bool OpenReconcile(std::int64_t accountId, const ReconcilePlace& place);
+
+}  // namespace corvanta
