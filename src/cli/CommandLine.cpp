@@ -1,24 +1,34 @@
 #include "cli/CommandLine.h"
 
 #include "cli/AccountsCommand.h"
+#include "cli/AddCommand.h"
 #include "cli/Arguments.h"
 #include "cli/AttachCommand.h"
+#include "cli/AutofillCommand.h"
 #include "cli/BalanceCommand.h"
 #include "cli/BankCommand.h"
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
 #include "cli/DeleteCommand.h"
+#include "cli/EditCommand.h"
 #include "cli/GroupCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
 #include "cli/MergeCommand.h"
+#include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
 #include "cli/PayeeCommand.h"
 #include "cli/PaymentCommand.h"
+#include "cli/PostCommand.h"
+#include "cli/RateCommand.h"
+#include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
+#include "cli/RemindersCommand.h"
+#include "cli/ScheduleCommand.h"
 #include "cli/Session.h"
 #include "cli/SetStatusCommand.h"
 #include "cli/SettingsCommand.h"
+#include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
 #include "cli/ValidateCommand.h"
 #include "platform/ConsolePrompts.h"
@@ -149,6 +159,15 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());
+  add(std::make_unique<AddCommand>());
+  add(std::make_unique<EditCommand>());
+  add(std::make_unique<SplitCommand>());
+  add(std::make_unique<MultiEditCommand>());
+  add(std::make_unique<AutofillCommand>());
+  add(std::make_unique<ScheduleCommand>());
+  add(std::make_unique<PostCommand>());
+  add(std::make_unique<RemindersCommand>());
+  add(std::make_unique<ReconcileCommand>());
   add(std::make_unique<SetStatusCommand>());
   add(std::make_unique<DeleteCommand>());
   add(std::make_unique<AttachCommand>());
@@ -159,6 +178,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<GroupCommand>());
   add(std::make_unique<KeywordCommand>());
   add(std::make_unique<MergeCommand>());
+  add(std::make_unique<RateCommand>());
 }
 
 ExitStatus CommandLine::RunChosen() {

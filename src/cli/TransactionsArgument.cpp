@@ -12,13 +12,13 @@ namespace {
 constexpr const char* kMeaning = "The transaction's key, as the register shows it";
 constexpr std::size_t kMostDigits = 10;
 
+}  // namespace
+
 std::string KeyFault(const std::string& text) {
   const bool isKey = !text.empty() && text.size() <= kMostDigits && text.front() != '0' &&
                      text.find_first_not_of("0123456789") == std::string::npos;
   return isKey ? "" : "'" + text + "' is no key of a transaction";
 }
-
-}  // namespace
 
 void TransactionsArgument::Declare(CLI::App& command) {
   command.add_option("id", keys_, kMeaning)

@@ -31,6 +31,8 @@ class TransactionsArgument {
   std::vector<std::string> keys_;
 };
 
+// What is wrong with an argument that names a transaction by its key; empty when nothing is.
+[[nodiscard]] std::string KeyFault(const std::string& text);
 // The keys, for the operations that take several.
 [[nodiscard]] std::vector<std::int64_t> KeysOf(const std::vector<TransactionDetails>& rows);
 // True, and told under "Amend Item", when one of them is in a closed account.

@@ -1,0 +1,72 @@
+#include "cli/AutofillCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/EntryArguments.h"
+#include "cli/NamedItem.h"
+#include "cli/SavedForm.h"
+#include "cli/Session.h"
+#include "entry/AutofillEditor.h"
+#include "entry/EntryLists.h"
+#include "ledger/clsCorvanta.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+std::vector<NamedItem> Items(const std::vector<EntryChoice>& choices) {
+  std::vector<NamedItem> items;
+  for (const EntryChoice& choice : choices) items.push_back({choice.key, choice.name});
+  return items;
+}
+
+}  // namespace
+
+CLI::App* AutofillCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "autofill", "Enter a transaction like the payee's last one of the category");
+  command->add_option("--account", account_, "The account")->required();
+  command->add_option("--payee", payee_, "The payee")->required();
+  command->add_option("--category", category_, "Category or Category:SubCategory")->required();
+  command->add_option("--amount", amount_, "Without a sign, in the account's currency")
+      ->type_name("N")
+      ->check(NumberFault)
+      ->required();
+  command->add_option("--type", type_, "expense or income")
+      ->type_name("TYPE")
+      ->transform(CLI::Validator(OneOf({"expense", "income"}), ""))
+      ->required();
+  command->add_option("--date", date_, "The day, today without it (YYYY-MM-DD)")->check(DateFault);
+  return command;
+}
+
+bool AutofillCommand::Fill(AutofillForm& form, clsCorvanta& ledger, Session& session) const {
+  const auto payee = FindItem(Items(PayeeChoices(ledger)), payee_, "Payee", "payee", session);
+  if (!payee) return false;
+  const auto category =
+      FindItem(Items(CategoryPairs(ledger)), category_, "Category", "category", session);
+  if (!category) return false;
+  form.payeeId = payee->key;
+  form.categoryId = category->key;
+  form.amount = NumberOf(amount_);
+  form.type = EntryTypeOf(type_);
+  form.date = Date::FromIso(date_).value_or(form.date);
+  return true;
+}
+
+ExitStatus AutofillCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const auto account = AccountOf(ledger, account_, session);
+  if (!account) return ExitStatus::Refused;
+  AutofillEditor editor(ledger, session.Machine());
+  AutofillForm form = editor.New(*account);
+  if (!Fill(form, ledger, session)) return ExitStatus::Refused;
+  const auto key = SaveChecked(editor, form, session);
+  if (!key) return ExitStatus::Refused;
+  PrintKey(*key, session);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

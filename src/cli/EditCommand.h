@@ -1,0 +1,23 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/EntryArguments.h"
+#include "cli/TransactionsArgument.h"
+
+#include <string>
+
+namespace corvanta {
+
+// edit ID: changes what is given of a transaction.
+class EditCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  TransactionsArgument transaction_;
+  std::string type_;  // empty to keep it
+  EntryArguments arguments_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,66 @@
+// What the commands that enter transactions share.
+#pragma once
+
+#include "entry/TransactionForm.h"
+#include "ledger/TransactionStatus.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace corvanta {
+
+class Session;
+class clsCorvanta;
+
+// A category as it is given: "Category" or "Category:SubCategory".
+struct CategoryName {
+  std::string category;
+  std::string subCategory;
+};
+// The two names. A category whose own name has a colon in it is found by its whole name.
+[[nodiscard]] CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text);
+
+// The account of that name or "#" and key; nullopt when there is none, which has then been told.
+[[nodiscard]] std::optional<std::int64_t> AccountOf(clsCorvanta& ledger, const std::string& name,
+                                                    Session& session);
+
+// The check of an argument that is "expense", "income" or "transfer".
+[[nodiscard]] std::function<std::string(std::string&)> EntryTypeWord();
+[[nodiscard]] EntryType EntryTypeOf(const std::string& word);
+
+// --status with one of three words, which stands for itself.
+void DeclareStatus(CLI::App& command, std::optional<std::string>& status);
+[[nodiscard]] TransactionStatus StatusOf(const std::string& word);
+
+// The options that say what a transaction is; what is not given is left as it is.
+class EntryArguments {
+ public:
+  // `isNew`: those that a new transaction cannot do without are required.
+  void Declare(CLI::App& command, bool isNew);
+  // Puts what was given into the form, whose type is set; false, told, when an option does not go
+  // with the type or an account is not there.
+  [[nodiscard]] bool Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const;
+
+ private:
+  [[nodiscard]] bool FillAccounts(TransactionForm& form, clsCorvanta& ledger,
+                                  Session& session) const;
+
+  std::optional<std::string> account_;
+  std::optional<std::string> to_;
+  std::optional<std::string> payee_;
+  std::optional<std::string> payment_;
+  std::optional<std::string> category_;
+  std::optional<std::string> amount_;
+  std::optional<std::string> date_;
+  std::optional<std::string> reference_;
+  std::optional<std::string> description_;
+  std::optional<std::string> status_;
+};
+
+}  // namespace corvanta

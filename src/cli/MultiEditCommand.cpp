@@ -1,0 +1,73 @@
+#include "cli/MultiEditCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/EntryArguments.h"
+#include "cli/Session.h"
+#include "entry/MultiEditor.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+TypeChange ChangeOf(const std::string& word) {
+  if (word == "income") return TypeChange::Income;
+  if (word == "expense") return TypeChange::Expense;
+  return word == "reverse" ? TypeChange::Reverse : TypeChange::None;
+}
+
+}  // namespace
+
+CLI::App* MultiEditCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "multi-edit", "Change several transactions, as far as options are given");
+  transactions_.Declare(*command);
+  command->add_option("--account", account_, "The account they are moved to")->check(EmptyFault);
+  command
+      ->add_option("--type", type_,
+                   "income, expense, or reverse for the other one; never of "
+                   "transfers and investments")
+      ->type_name("TYPE")
+      ->transform(CLI::Validator(OneOf({"income", "expense", "reverse"}), ""));
+  command->add_option("--payment", payment_, "The payment type");
+  command->add_option("--payee", payee_, "The payee");
+  command->add_option("--category", category_, "Category or Category:SubCategory");
+  DeclareStatus(*command, status_);
+  return command;
+}
+
+bool MultiEditCommand::Fill(MultiEditForm& form, clsCorvanta& ledger, Session& session) const {
+  if (!account_.empty()) {
+    const auto account = AccountOf(ledger, account_, session);
+    if (!account) return false;
+    form.accountId = *account;
+  }
+  form.type = ChangeOf(type_);
+  form.payment = payment_;
+  form.payee = payee_;
+  const CategoryName name = CategoryOf(ledger, category_);
+  form.category = name.category;
+  form.subCategory = name.subCategory;
+  if (status_) form.status = StatusOf(*status_);
+  return true;
+}
+
+ExitStatus MultiEditCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const auto rows = transactions_.Find(ledger, session);
+  MultiEditForm form;
+  if (!rows || !Fill(form, ledger, session)) return ExitStatus::Refused;
+  MultiEditor editor(ledger, session.Machine());
+  const std::vector<std::int64_t> keys = KeysOf(*rows);
+  if (const auto warning = editor.Check(form, keys)) {
+    return session.Refuse(warning->title, warning->text);
+  }
+  const auto changed = editor.Save(form, keys);
+  if (!changed) return ExitStatus::Refused;
+  session.Tell("Multi-edit", TransactionCount(*changed) + " changed");
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

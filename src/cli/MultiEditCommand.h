@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/TransactionsArgument.h"
+
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+struct MultiEditForm;
+
+// multi-edit ID...: changes several transactions at once, as far as options are given.
+class MultiEditCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  [[nodiscard]] bool Fill(MultiEditForm& form, clsCorvanta& ledger, Session& session) const;
+
+  TransactionsArgument transactions_;
+  std::string account_;
+  std::string type_;
+  std::string payment_;
+  std::string payee_;
+  std::string category_;
+  std::optional<std::string> status_;
+};
+
+}  // namespace corvanta

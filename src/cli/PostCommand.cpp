@@ -1,0 +1,78 @@
+#include "cli/PostCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/Session.h"
+#include "invest/WebRates.h"
+#include "ledger/SchedulePosting.h"
+#include "ledger/clsCorvanta.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Post";
+
+// The first payment that is not posted.
+std::optional<Date> NextDue(clsCorvanta& ledger, std::int64_t scheduleId) {
+  for (const ScheduleDetails& row : ledger.Schedules()) {
+    if (row.scheduleId == scheduleId) return row.nextDue;
+  }
+  return std::nullopt;
+}
+
+std::string FaultOf(OccurrenceResult result, Date due) {
+  switch (result) {
+    case OccurrenceResult::AlreadyPosted:
+      return "The payment of " + due.ToIso() + " is posted already.";
+    case OccurrenceResult::ClosedAccount:
+      return "This Account is closed, Items cannot be amended";
+    case OccurrenceResult::EarlierPending:
+      return "An earlier payment is waiting. Post or skip that one first.";
+    default:
+      return "The schedule has no payment due on " + due.ToIso() + ".";
+  }
+}
+
+}  // namespace
+
+CLI::App* PostCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "post", "Post the payments of automatic schedules, or one payment of a schedule");
+  CLI::Option* id = schedule_.Declare(*command);
+  command->add_option("--due", due_, "Which payment; the next one without it")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault)
+      ->needs(id);
+  command->add_flag("--skip", skips_, "Pass over the payment: it will never be posted")->needs(id);
+  return command;
+}
+
+ExitStatus PostCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  WebRates rates(*file->connection, session.Machine());
+  SchedulePosting posting(ledger, session.Machine(), rates);
+  if (schedule_.IsGiven()) return PostOne(ledger, posting, session);
+  const PostingResult result = posting.PostSchedules();
+  session.Tell(kTitle, std::to_string(result.occurrences) +
+                           (result.occurrences == 1 ? " payment posted" : " payments posted"));
+  return ExitStatus::Done;
+}
+
+ExitStatus PostCommand::PostOne(clsCorvanta& ledger, SchedulePosting& posting,
+                                Session& session) const {
+  const auto schedule = schedule_.Find(ledger, session);
+  if (!schedule) return ExitStatus::Refused;
+  const std::int64_t key = schedule->scheduleId;
+  const std::optional<Date> due = due_.empty() ? NextDue(ledger, key) : Date::FromIso(due_);
+  if (!due) return session.Refuse(kTitle, "The schedule is finished.");
+  const OccurrenceResult result =
+      skips_ ? posting.SkipOccurrence(key, *due) : posting.PostOccurrence(key, *due);
+  if (result != OccurrenceResult::Done) return session.Refuse(kTitle, FaultOf(result, *due));
+  session.Tell(kTitle, "The payment of " + due->ToIso() + (skips_ ? " is skipped" : " is posted"));
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

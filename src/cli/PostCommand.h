@@ -1,0 +1,27 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/ScheduleArgument.h"
+
+#include <string>
+
+namespace corvanta {
+
+class SchedulePosting;
+class clsCorvanta;
+
+// post: the posting of what is due, or of one payment; post --skip passes over one.
+class PostCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  ExitStatus PostOne(clsCorvanta& ledger, SchedulePosting& posting, Session& session) const;
+
+  ScheduleArgument schedule_;
+  std::string due_;
+  bool skips_ = false;
+};
+
+}  // namespace corvanta

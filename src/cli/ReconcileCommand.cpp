@@ -1,0 +1,159 @@
+#include "cli/ReconcileCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "cli/TransactionsArgument.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Progress.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <ostream>
+
+namespace corvanta {
+namespace {
+
+void AddKeys(CLI::App& command, const char* name, std::vector<std::int64_t>& keys,
+             const char* meaning) {
+  command.add_option(name, keys, meaning)
+      ->type_name("ID,ID...")
+      ->delimiter(',')
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->check(KeyFault);
+}
+
+// What applying the ticks does to the rows that are shown.
+std::string Outcome(const Reconciliation& balancing) {
+  std::size_t settled = 0;
+  std::size_t taken = 0;
+  for (const ReconcileRow& row : balancing.Rows()) {
+    settled += row.isTicked && !row.isReconciled ? 1 : 0;
+    taken += !row.isTicked && row.isReconciled ? 1 : 0;
+  }
+  std::string text;
+  if (settled > 0 || taken == 0) text = TransactionCount(settled) + " reconciled";
+  if (taken > 0) {
+    text += (text.empty() ? "" : ", ") + TransactionCount(taken) + " no longer reconciled";
+  }
+  return text;
+}
+
+void WriteLines(const ReconcileTotals& totals, Session& session) {
+  const ReconcileTexts texts = TextsOf(totals, session.Machine().locale);
+  session.Out() << texts.initial << '\n'
+                << texts.current << '\n'
+                << texts.outstanding << '\n'
+                << texts.paidIn << '\n'
+                << texts.paidOut << '\n';
+}
+
+Value CountOf(std::size_t count) {
+  return static_cast<std::int64_t>(count);
+}
+
+}  // namespace
+
+CLI::App* ReconcileCommand::Declare(CLI::App& parser) {
+  CLI::App* command =
+      parser.add_subcommand("reconcile", "Balance an account against a bank statement");
+  account_.Declare(*command);
+  AddKeys(*command, "--tick", tick_, "Transactions that are on the statement");
+  AddKeys(*command, "--untick", untick_, "Transactions that are not");
+  command->add_flag("--all", tickAll_, "Tick every transaction but those of --untick");
+  command->add_flag("--show-all", showAll_,
+                    "Reconciled transactions too, which are ticked unless --untick names them");
+  command
+      ->add_option("--balance", balance_,
+                   "Balance on the statement; write nothing when it is another")
+      ->type_name("AMOUNT")
+      ->check(NumberFault);
+  command->add_flag("--dry-run", dryRun_, "Show the totals and write nothing");
+  return command;
+}
+
+bool ReconcileCommand::IsChoosing() const {
+  return tickAll_ || !tick_.empty() || !untick_.empty();
+}
+
+ExitStatus ReconcileCommand::Run(Session& session) {
+  const bool writes = IsChoosing() && !dryRun_;
+  const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const std::optional<AccountRow> account = account_.Find(ledger, session);
+  if (!account) return ExitStatus::Refused;
+  Reconciliation balancing(account->accountId, ledger);
+  if (const auto warning = balancing.Check()) return session.Refuse(warning->title, warning->text);
+  if (showAll_) {
+    balancing.ShowAll();
+  } else {
+    balancing.ShowUnreconciled();
+  }
+  if (!Choose(balancing, session)) return ExitStatus::Refused;
+
+  Print(*account, balancing.Totals(), session);
+  if (!IsBalanced(balancing.Totals(), session)) return ExitStatus::Refused;
+  if (!writes) return ExitStatus::Done;
+  SilentProgress progress;
+  balancing.Apply(progress);
+  session.Tell(std::string(kBalanceAccount), Outcome(balancing));
+  return ExitStatus::Done;
+}
+
+bool ReconcileCommand::Choose(Reconciliation& balancing, Session& session) const {
+  if (tickAll_) balancing.SelectAll();
+  return SetTicks(balancing, tick_, true, session) && SetTicks(balancing, untick_, false, session);
+}
+
+bool ReconcileCommand::SetTicks(Reconciliation& balancing, const std::vector<std::int64_t>& keys,
+                                bool isTicked, Session& session) const {
+  std::string unknown;
+  for (const std::int64_t key : keys) {
+    if (const auto row = balancing.RowOf(key)) {
+      balancing.Tick(*row, isTicked);
+    } else {
+      unknown += (unknown.empty() ? "" : ", ") + std::to_string(key);
+    }
+  }
+  if (unknown.empty()) return true;
+  session.Tell("Transaction", "Not among the transactions of the account that are " +
+                                  std::string(showAll_ ? "shown: " : "to be reconciled: ") +
+                                  unknown + ".");
+  return false;
+}
+
+void ReconcileCommand::Print(const AccountRow& account, const ReconcileTotals& totals,
+                             Session& session) const {
+  if (session.Options().format == "text") return WriteLines(totals, session);
+  OutputTable table({{"Account"},
+                     {"Currency"},
+                     {"Initial Balance", OutputKind::Money},
+                     {"Current Balance", OutputKind::Money},
+                     {"Outstanding", OutputKind::Money},
+                     {"Paid In Count", OutputKind::Integer},
+                     {"Paid In", OutputKind::Money},
+                     {"Paid Out Count", OutputKind::Integer},
+                     {"Paid Out", OutputKind::Money}});
+  table.AddRow({account.account, account.currency, totals.initial, totals.current,
+                totals.outstanding, CountOf(totals.countIn), totals.paidIn,
+                CountOf(totals.countOut), totals.paidOut});
+  session.Print(table);
+}
+
+bool ReconcileCommand::IsBalanced(const ReconcileTotals& totals, Session& session) const {
+  if (balance_.empty()) return true;
+  const Locale& locale = session.Machine().locale;
+  const StatementDifference difference = DifferenceTo(NumberOf(balance_), totals, locale);
+  if (difference.isBalanced) return true;
+  session.Tell(std::string(kBalanceAccount), "The difference to the statement is " +
+                                                 locale.FormatNumber(difference.amount) +
+                                                 ". Nothing was written.");
+  return false;
+}
+
+}  // namespace corvanta

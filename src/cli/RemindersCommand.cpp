@@ -1,0 +1,61 @@
+#include "cli/RemindersCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "ledger/Reminders.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/Settings.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+void AddRows(OutputTable& table, const char* group, const std::vector<Reminder>& items) {
+  for (const Reminder& item : items) {
+    table.AddRow({group, item.scheduleId, item.due, item.account, item.payee, item.description,
+                  item.periodName, item.IsPosted() ? Value(item.transactionId) : Value(),
+                  item.amount});
+  }
+}
+
+}  // namespace
+
+CLI::App* RemindersCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "reminders", "Scheduled payments that wait to be posted, or to be cleared");
+  command->add_option("--until", until_, "How far to look; the setting NoReminders without it")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault);
+  return command;
+}
+
+ExitStatus RemindersCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const Date today = session.Machine().clock.Today();
+  const std::optional<Date> until = until_.empty()
+                                        ? Settings(session.Machine().registry).RemindersUntil(today)
+                                        : Date::FromIso(until_);
+  const ReminderList list = Reminders(ledger, today, until);
+  if (list.IsEmpty()) session.Tell("Reminders", "None Available");
+  OutputTable table({{"Group"},
+                     {"Schedule", OutputKind::Integer},
+                     {"Due", OutputKind::Date},
+                     {"Account"},
+                     {"Payee"},
+                     {"Description"},
+                     {"Frequency"},
+                     {"Posted", OutputKind::Integer},
+                     {"Amount", OutputKind::Money}});
+  AddRows(table, "Overdue Items", list.overdue);
+  AddRows(table, "Future Items", list.future);
+  if (!list.IsEmpty() || session.Options().format != "text") session.Print(table);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli/Command.h"
+
+#include <string>
+
+namespace corvanta {
+
+// reminders: what is due, or will be soon.
+class RemindersCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  std::string until_;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,30 @@
+#pragma once
+
+#include "ledger/ScheduleRecord.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace CLI {
+class App;
+class Option;
+}  // namespace CLI
+
+namespace corvanta {
+
+class Session;
+class clsCorvanta;
+
+// A schedule named on the command line by its key.
+class ScheduleArgument {
+ public:
+  CLI::Option* Declare(CLI::App& command);
+  // nullopt when there is none, or it is a line of one, which has then been told.
+  [[nodiscard]] std::optional<ScheduleDetails> Find(clsCorvanta& ledger, Session& session) const;
+  [[nodiscard]] bool IsGiven() const { return key_.has_value(); }
+
+ private:
+  std::optional<std::int64_t> key_;
+};
+
+}  // namespace corvanta

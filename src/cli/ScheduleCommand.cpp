@@ -1,0 +1,154 @@
+#include "cli/ScheduleCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/EntryArguments.h"
+#include "cli/OutputTable.h"
+#include "cli/SavedForm.h"
+#include "cli/Session.h"
+#include "ledger/ScheduleRows.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Platform.h"
+#include "reference/Deletion.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Schedule";
+
+std::string CategoryText(const ScheduleDetails& row) {
+  return row.subCategory.empty() ? row.category : row.category + ":" + row.subCategory;
+}
+
+}  // namespace
+
+CLI::App* ScheduleCommand::Declare(CLI::App& parser) {
+  command_ = parser.add_subcommand(
+      "schedule", "Recurring transactions; the command post puts them into the accounts");
+  command_->require_subcommand(0, 1);
+  command_->add_subcommand("list", "Show the schedules by their next payment");
+  DeclareChanges(*command_);
+  delete_ = command_->add_subcommand("delete", "Delete a schedule");
+  schedule_.Declare(*delete_)->required();
+  delete_
+      ->add_option("--posted", posted_,
+                   "What becomes of the transactions that it has posted: delete or keep")
+      ->type_name("CHOICE")
+      ->transform(CLI::Validator(OneOf({"delete", "keep"}), ""));
+  dates_ = command_->add_subcommand("dates", "Show when the payments of a schedule are due");
+  schedule_.Declare(*dates_)->required();
+  dates_
+      ->add_option("--until", until_,
+                   "How far to look, where the payments have no end (a year at least)")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault);
+  return command_;
+}
+
+void ScheduleCommand::DeclareChanges(CLI::App& command) {
+  add_ = command.add_subcommand("add", "Enter a schedule and print its key");
+  add_->add_option("type", type_, "expense, income or transfer")
+      ->transform(CLI::Validator(EntryTypeWord(), ""))
+      ->required();
+  added_.Declare(*add_, true);
+  edit_ = command.add_subcommand("edit", "Change a schedule, as far as options are given");
+  schedule_.Declare(*edit_)->required();
+  edit_->add_option("--type", type_, "expense, income or transfer")
+      ->type_name("TYPE")
+      ->transform(CLI::Validator(EntryTypeWord(), ""));
+  edited_.Declare(*edit_, false);
+}
+
+ExitStatus ScheduleCommand::Run(Session& session) {
+  const bool changes = add_->parsed() || edit_->parsed() || delete_->parsed();
+  const std::optional<DataFile> file = session.Open(changes ? Access::Write : Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  if (add_->parsed()) return Add(ledger, session);
+  if (edit_->parsed()) return Edit(ledger, session);
+  if (delete_->parsed()) return Delete(ledger, session);
+  return dates_->parsed() ? Dates(ledger, session) : List(ledger, session);
+}
+
+ExitStatus ScheduleCommand::List(clsCorvanta& ledger, Session& session) {
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"Next", OutputKind::Date},
+                     {"Account"},
+                     {"To"},
+                     {"Payee"},
+                     {"Category"},
+                     {"Payment"},
+                     {"Ref"},
+                     {"Description"},
+                     {"Frequency"},
+                     {"Start", OutputKind::Date},
+                     {"Payments", OutputKind::Integer},
+                     {"Posted", OutputKind::Integer},
+                     {"Automatic"},
+                     {"Amount", OutputKind::Money}});
+  for (const ScheduleDetails& row : ledger.Schedules()) {
+    table.AddRow({row.scheduleId, row.nextDue ? Value(*row.nextDue) : Value(), row.account,
+                  row.transferAccount, row.payee, CategoryText(row), row.payment, row.reference,
+                  row.description, row.periodName, row.dateFrom,
+                  row.noTimes == 0 ? Value() : Value(std::abs(row.noTimes)), row.posted,
+                  WordOf(row.addToAccount), row.amount});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus ScheduleCommand::Add(clsCorvanta& ledger, Session& session) const {
+  ScheduleEditor editor(ledger, session.Machine());
+  ScheduleForm form = editor.New(0);
+  ScheduleEditor::ChooseType(form, EntryTypeOf(type_));
+  if (!added_.Fill(form, editor, ledger, session)) return ExitStatus::Refused;
+  const auto key = SaveChecked(editor, form, session);
+  if (!key) return ExitStatus::Refused;
+  PrintKey(*key, session);
+  return ExitStatus::Done;
+}
+
+ExitStatus ScheduleCommand::Edit(clsCorvanta& ledger, Session& session) const {
+  const auto row = schedule_.Find(ledger, session);
+  if (!row) return ExitStatus::Refused;
+  ScheduleEditor editor(ledger, session.Machine());
+  std::optional<ScheduleForm> form = editor.Load(row->scheduleId);
+  if (!type_.empty()) ScheduleEditor::ChooseType(*form, EntryTypeOf(type_));
+  if (!edited_.Fill(*form, editor, ledger, session)) return ExitStatus::Refused;
+  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
+  session.Tell(kTitle, "Schedule " + std::to_string(row->scheduleId) + " changed");
+  return ExitStatus::Done;
+}
+
+ExitStatus ScheduleCommand::Delete(clsCorvanta& ledger, Session& session) const {
+  const auto row = schedule_.Find(ledger, session);
+  if (!row) return ExitStatus::Refused;
+  ScheduleEditor editor(ledger, session.Machine());
+  const std::int64_t posted = editor.PostedCount(row->scheduleId);
+  if (posted > 0 && posted_.empty()) {
+    return session.Refuse("Delete Item?",
+                          "It has posted " + std::to_string(posted) +
+                              (posted == 1 ? " transaction" : " transactions") +
+                              ". Say with --posted whether to delete or keep what it has posted.");
+  }
+  if (!AskDelete(session.Machine().prompts)) return ExitStatus::Refused;
+  ledger.DeleteSchedule(row->scheduleId, posted_ == "delete");
+  session.Tell(kTitle, "Schedule " + std::to_string(row->scheduleId) + " deleted");
+  return ExitStatus::Done;
+}
+
+ExitStatus ScheduleCommand::Dates(clsCorvanta& ledger, Session& session) const {
+  const auto row = schedule_.Find(ledger, session);
+  if (!row) return ExitStatus::Refused;
+  OutputTable table({{"Number", OutputKind::Integer}, {"Due", OutputKind::Date}, {"Posted"}});
+  const PostedRows posted = PostedOf(ledger.Store(), row->scheduleId);
+  std::int64_t number = 0;
+  for (const Date due : ledger.DueDates(row->scheduleId, Date::FromIso(until_))) {
+    table.AddRow({++number, due, posted.Has(due) ? "yes" : "no"});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

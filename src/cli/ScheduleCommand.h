@@ -1,0 +1,40 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/ScheduleArgument.h"
+#include "cli/ScheduleArguments.h"
+
+#include <string>
+
+namespace corvanta {
+
+class clsCorvanta;
+
+// schedule list, add, edit, delete and dates: the recurring transactions.
+class ScheduleCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  void DeclareChanges(CLI::App& command);
+  static ExitStatus List(clsCorvanta& ledger, Session& session);
+  ExitStatus Add(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Dates(clsCorvanta& ledger, Session& session) const;
+
+  CLI::App* command_ = nullptr;
+  CLI::App* add_ = nullptr;
+  CLI::App* edit_ = nullptr;
+  CLI::App* delete_ = nullptr;
+  CLI::App* dates_ = nullptr;
+  ScheduleArgument schedule_;
+  std::string type_;
+  ScheduleArguments added_;
+  ScheduleArguments edited_;
+  std::string posted_;
+  std::string until_;
+};
+
+}  // namespace corvanta
