@@ -1,7 +1,7 @@
 #include "app/AccountTree.h"
 
-#include "app/QtText.h"
 #include "controls/AmountDelegate.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/Balances.h"
 #include "platform/Locale.h"

@@ -1,6 +1,6 @@
 #include "app/AccountsView.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "ledger/Balances.h"

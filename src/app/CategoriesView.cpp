@@ -1,6 +1,6 @@
 #include "app/CategoriesView.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "platform/Locale.h"

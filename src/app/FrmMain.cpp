@@ -7,10 +7,12 @@
 #include "app/MainActions.h"
 #include "app/PayeesView.h"
 #include "app/QtProgress.h"
-#include "app/QtText.h"
 #include "app/RegisterView.h"
+#include "app/RemindersPanel.h"
+#include "app/ScheduleView.h"
 #include "controls/EmptyState.h"
 #include "controls/HairSplitter.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/SvgIcon.h"
 #include "controls/ucCalendar.h"
@@ -42,6 +44,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
       platform_(platform),
       settings_(platform.registry),
       progress_(progress),
+      day_(platform.clock.Today()),
       actions_(new MainActions(this)) {
   setObjectName(QStringLiteral("FrmMain"));
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
@@ -54,6 +57,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectCommands();
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, views_);
+  setTabOrder(views_, reminders_);
 }
 
 QWidget* FrmMain::MakeCentre() {
@@ -66,7 +70,10 @@ QWidget* FrmMain::MakeCentre() {
   MakeViews();
   columns_->addWidget(MakeLeftColumn());
   columns_->addWidget(views_);
-  columns_->addWidget(MakeReminders());
+  reminders_ = new RemindersPanel(
+      platform_.locale,
+      {actions_->mnuReminderOpen, actions_->mnuReminderPost, actions_->mnuReminderSkip}, columns_);
+  columns_->addWidget(reminders_);
   columns_->setStretchFactor(0, 0);
   columns_->setStretchFactor(1, 1);
   columns_->setStretchFactor(2, 0);
@@ -83,12 +90,16 @@ QWidget* FrmMain::MakeCentre() {
 void FrmMain::MakeViews() {
   views_ = new QStackedWidget(columns_);
   accountsView_ = new AccountsView(platform_.locale, actions_->mnuAccountAdd, views_);
-  registerView_ = new RegisterView(platform_.locale, actions_->mnuViewAccounts, views_);
+  registerView_ = new RegisterView(platform_.locale,
+                                   {actions_->mnuTransAdd, actions_->mnuViewAccounts}, views_);
+  registerView_->SetToday(day_);
   categoriesView_ = new CategoriesView(platform_.locale, actions_->mnuCategoryAdd, views_);
   payeesView_ = new PayeesView(actions_->mnuPayeeNew, views_);
+  scheduleView_ = new ScheduleView(platform_.locale, actions_->mnuScheduleAdd, views_);
   closedView_ = new EmptyState(views_);
-  for (QWidget* view : std::initializer_list<QWidget*>{accountsView_, registerView_,
-                                                       categoriesView_, payeesView_, closedView_}) {
+  for (QWidget* view :
+       std::initializer_list<QWidget*>{accountsView_, registerView_, categoriesView_, payeesView_,
+                                       scheduleView_, closedView_}) {
     views_->addWidget(view);
   }
   accountsView_->SetCommands(
@@ -97,6 +108,9 @@ void FrmMain::MakeViews() {
       {actions_->mnuCategoryAdd, actions_->mnuCategoryEdit, actions_->mnuCategoryDelete});
   payeesView_->SetCommands(
       {actions_->mnuPayeeNew, actions_->mnuPayeeEdit, actions_->mnuPayeeDelete});
+  scheduleView_->SetCommands({actions_->mnuScheduleAdd, actions_->mnuScheduleEdit,
+                              actions_->mnuScheduleDelete, actions_->mnuScheduleCopy,
+                              actions_->mnuSchedulePaste});
   // Their keys work while a view has the focus.
   views_->addActions({actions_->mnuEditInsert, actions_->mnuEditDetails, actions_->mnuEditCopy,
                       actions_->mnuEditPaste, actions_->mnuEditDelete, actions_->mnuEditSelect});
@@ -109,26 +123,12 @@ QWidget* FrmMain::MakeLeftColumn() {
   tree_ = new AccountTree(platform_.locale, leftRows_);
   calendar_ = new ucCalendar(leftRows_);
   calendar_->setObjectName(QStringLiteral("ucCalendar"));
-  calendar_->SetToday(ToQt(platform_.clock.Today()));
+  calendar_->SetToday(ToQt(day_));
   leftRows_->addWidget(tree_);
   leftRows_->addWidget(calendar_);
   leftRows_->setStretchFactor(0, 1);
   leftRows_->setStretchFactor(1, 0);
   return leftRows_;
-}
-
-// The right column, which stays folded as long as there is nothing to be reminded of.
-QWidget* FrmMain::MakeReminders() {
-  reminders_ = new QWidget(columns_);
-  reminders_->setObjectName(QStringLiteral("pnlReminders"));
-  auto* title = new QLabel(tr("Reminders"), reminders_);
-  title->setFont(ScaledFont(1, QFont::DemiBold));
-  auto* column = new QVBoxLayout(reminders_);
-  column->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, kRhythm);
-  column->addWidget(title);
-  column->addStretch();
-  reminders_->hide();
-  return reminders_;
 }
 
 void FrmMain::MakeMenus() {
@@ -158,12 +158,16 @@ void FrmMain::Connect() {
           [this](qint64 key) { Guard([this, key] { EditItem(ReferenceKind::Category, key); }); });
   connect(payeesView_, &ReferenceView::Opened, this,
           [this](qint64 key) { Guard([this, key] { EditItem(ReferenceKind::Payee, key); }); });
+  connect(scheduleView_, &ReferenceView::Opened, this,
+          [this](qint64 key) { Guard([this, key] { EditSchedule(key); }); });
   const auto mark = [this] { Guard([this] { MarkChoice(); }); };
-  for (ReferenceView* view :
-       std::initializer_list<ReferenceView*>{accountsView_, categoriesView_, payeesView_}) {
+  for (ReferenceView* view : std::initializer_list<ReferenceView*>{accountsView_, categoriesView_,
+                                                                   payeesView_, scheduleView_}) {
     connect(view, &ReferenceView::ChoiceChanged, this, mark);
   }
   connect(registerView_, &RegisterView::ChoiceChanged, this, mark);
+  connect(registerView_, &RegisterView::Opened, this,
+          [this](std::int64_t key) { Guard([this, key] { EditTransaction(key); }); });
   connect(registerView_, &RegisterView::PeriodChanged, this, &FrmMain::TakeFilter);
   connect(registerView_, &RegisterView::MenuRequested, this,
           [this](QPoint place) { Guard([this, place] { ShowTransactionMenu(place); }); });

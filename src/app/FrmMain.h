@@ -29,9 +29,13 @@ class PayeesView;
 class QtProgress;
 class ReferenceView;
 class RegisterView;
+class RemindersPanel;
+class ScheduleView;
 class SortedTable;
 class ucCalendar;
 class ucRibbon;
+struct EntryPlace;
+struct EntryResult;
 struct Platform;
 
 // The main window: menus, ribbon, the account tree over the calendar, one view at a time, and the
@@ -60,13 +64,14 @@ class FrmMain : public QMainWindow {
   QWidget* MakeCentre();
   void MakeViews();
   QWidget* MakeLeftColumn();
-  QWidget* MakeReminders();
   void MakeMenus();
   void MakeStatusBar();
   void Connect();
   void ConnectCommands();
   void ConnectEdit();
   void ConnectTransactions();
+  void ConnectEntry();
+  void ConnectSchedules();
   void ConnectReference();
   void ConnectViews();
   // Runs the command, at the window's edge, whenever the action is triggered.
@@ -87,6 +92,7 @@ class FrmMain : public QMainWindow {
   void ShowRegister(std::int64_t accountId);
   void ShowCategories();
   void ShowPayees();
+  void ShowSchedules();
   void ShowClosed();
   void ShowFile();
   // Null for another view than the lists of named things.
@@ -114,8 +120,46 @@ class FrmMain : public QMainWindow {
   void PasteTransactions();
   void DeleteTransactions();
   void ShowTwin();
-  void TellOfSchedule();
+  void ShowTransaction(std::int64_t accountId, std::int64_t key);
   void Undo(bool again);
+
+  // --- Entry, balancing, printing
+
+  [[nodiscard]] EntryPlace EntryPlaceHere();
+  // The account that a new transaction belongs to; 0 without any account.
+  [[nodiscard]] std::int64_t EntryAccount() const;
+  // False when it cannot be added to, which has been told.
+  bool CanAddTo(std::int64_t accountId);
+  // Shows what a dialog has written.
+  void TakeEntry(const EntryResult& result);
+  void AddTransaction();
+  void AutofillTransaction();
+  // By the quick entry or the full editor, as the setting says.
+  void AddQuickly();
+  // The chosen transaction, or several at once.
+  void EditTransactions();
+  void EditTransaction(std::int64_t key);
+  void Reconcile();
+  void ConvertCurrency();
+  void PrintShown(bool preview);
+
+  // --- Schedules and reminders
+
+  void EditSchedule(std::int64_t key);
+  // The schedule that the row of the register was made from.
+  void EditScheduleOfRow();
+  void DeleteSchedule();
+  void CopySchedule();
+  void PasteSchedule();
+  // Schedules are others than before: posts what is due by them and shows everything again.
+  void TakeSchedules();
+  void ReadReminders();
+  void OpenReminder();
+  void PostReminder();
+  void SkipReminder();
+  void MarkReminder();
+  // What a new day brings, while the program stands.
+  void TakeDay();
 
   // --- Named things
 
@@ -151,6 +195,7 @@ class FrmMain : public QMainWindow {
   std::vector<AccountRow> accounts_;
   std::int64_t account_ = 0;      // last shown in the register
   bool isAccountClosed_ = false;  // whether that one is
+  Date day_;                      // that the views are of
 
   MainActions* actions_;
   ucRibbon* ribbon_ = nullptr;
@@ -163,8 +208,9 @@ class FrmMain : public QMainWindow {
   RegisterView* registerView_ = nullptr;
   CategoriesView* categoriesView_ = nullptr;
   PayeesView* payeesView_ = nullptr;
+  ScheduleView* scheduleView_ = nullptr;
   EmptyState* closedView_ = nullptr;
-  QWidget* reminders_ = nullptr;
+  RemindersPanel* reminders_ = nullptr;
   QMenu* transactionMenu_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;

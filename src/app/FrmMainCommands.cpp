@@ -1,6 +1,5 @@
 // What the commands of the main window do.
 #include "app/AccountTree.h"
-#include "app/CommandEdge.h"
 #include "app/FrmAbout.h"
 #include "app/FrmMain.h"
 #include "app/FrmRecoveryKey.h"
@@ -8,9 +7,11 @@
 #include "app/LedgerSession.h"
 #include "app/ListColours.h"
 #include "app/MainActions.h"
-#include "app/QtText.h"
 #include "app/RegisterView.h"
-#include "app/SortedTable.h"
+#include "app/ScheduleView.h"
+#include "controls/CommandEdge.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "controls/ucCalendar.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -42,6 +43,8 @@ void FrmMain::ConnectCommands() {
   connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
   ConnectEdit();
   ConnectTransactions();
+  ConnectEntry();
+  ConnectSchedules();
   ConnectReference();
   ConnectViews();
 }
@@ -50,16 +53,27 @@ void FrmMain::ConnectEdit() {
   On(actions_->mnuEditUndo, [this] { Undo(false); });
   On(actions_->mnuEditRedo, [this] { Undo(true); });
   On(actions_->mnuEditInsert, [this] {
-    if (const auto kind = ShownKind()) EditItem(*kind, 0);
+    if (const auto kind = ShownKind()) return EditItem(*kind, 0);
+    if (shown_.name == kScheduleShow) return EditSchedule(0);
+    if (shown_.name == kTransactionShow) AddTransaction();
   });
   On(actions_->mnuEditDetails, [this] {
     const auto kind = ShownKind();
-    if (kind && ChosenKey(*kind) != 0) EditItem(*kind, ChosenKey(*kind));
+    if (shown_.name == kScheduleShow) return EditSchedule(scheduleView_->ChosenKey());
+    if (!kind) return EditTransactions();
+    if (ChosenKey(*kind) != 0) EditItem(*kind, ChosenKey(*kind));
   });
-  On(actions_->mnuEditCopy, [this] { CopyTransactions(); });
-  On(actions_->mnuEditPaste, [this] { PasteTransactions(); });
+  On(actions_->mnuEditCopy, [this] {
+    if (shown_.name == kScheduleShow) return CopySchedule();
+    CopyTransactions();
+  });
+  On(actions_->mnuEditPaste, [this] {
+    if (shown_.name == kScheduleShow) return PasteSchedule();
+    PasteTransactions();
+  });
   On(actions_->mnuEditDelete, [this] {
     if (const auto kind = ShownKind()) return DeleteItem(*kind);
+    if (shown_.name == kScheduleShow) return DeleteSchedule();
     if (shown_.name == kTransactionShow) DeleteTransactions();
   });
   On(actions_->mnuEditSelect, [this] { registerView_->Table().selectAll(); });
@@ -70,6 +84,7 @@ void FrmMain::ConnectViews() {
   On(actions_->mnuViewRegister, [this] { ShowView(kTransactionShow, account_); });
   On(actions_->mnuViewCategories, [this] { ShowView(kCategoryShow); });
   On(actions_->mnuViewPayees, [this] { ShowView(kPayeeShow); });
+  On(actions_->mnuViewSchedules, [this] { ShowView(kScheduleShow); });
   On(actions_->mnuViewRefresh, [this] { Reload(); });
   for (QAction* tick :
        {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {
@@ -121,6 +136,7 @@ void FrmMain::TakeLedger() {
 
 bool FrmMain::Reopen(bool quiet) {
   const bool opened = session_.Open(quiet);
+  Guard([this] { session_.PostSchedules(); });
   TakeLedger();
   history_.Clear();
   account_ = 0;

@@ -1,18 +1,22 @@
 // How the main window is found again as it was left.
 #include "app/AccountsView.h"
 #include "app/CategoriesView.h"
-#include "app/CommandEdge.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/ListColours.h"
+#include "app/MainActions.h"
 #include "app/PayeesView.h"
-#include "app/QtText.h"
 #include "app/RegisterView.h"
-#include "app/SortedTable.h"
+#include "app/RemindersPanel.h"
+#include "app/ScheduleView.h"
 #include "app/WindowLayout.h"
+#include "controls/CommandEdge.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QScreen>
 #include <QSplitter>
@@ -35,12 +39,16 @@ void FrmMain::Restore() {
   accountsView_->SetWidths(layout.accountsWidths);
   categoriesView_->SetWidths(layout.categoriesWidths);
   payeesView_->SetWidths(layout.payeesWidths);
+  scheduleView_->SetWidths(layout.schedulesWidths);
+  actions_->mnuViewReminders->setChecked(layout.showsReminders);
+  reminders_->setVisible(layout.showsReminders);
   Guard([this] {
     const DateRange dates = settings_.Dates(platform_.clock.Today());
     registerView_->SetDates(dates);
     if (settings_.IsOn(Setting::SetDate)) registerView_->SetPeriod(dates);
     TakeLedger();
     ReadAccounts();
+    ReadReminders();
   });
   const bool known = std::any_of(accounts_.begin(), accounts_.end(), [&](const AccountRow& row) {
     return row.accountId == layout.account;
@@ -48,7 +56,7 @@ void FrmMain::Restore() {
   account_ = known ? layout.account : 0;
   if (account_ == 0 && !accounts_.empty()) account_ = accounts_.front().accountId;
   std::string_view view = kAccountShow;
-  for (const std::string_view one : {kTransactionShow, kCategoryShow, kPayeeShow}) {
+  for (const std::string_view one : {kTransactionShow, kCategoryShow, kPayeeShow, kScheduleShow}) {
     if (layout.view == ToQt(one) && (one != kTransactionShow || account_ != 0)) view = one;
   }
   ShowView(view, view == kTransactionShow ? account_ : 0);
@@ -72,6 +80,8 @@ void FrmMain::SaveLayout() {
   layout.accountsWidths = accountsView_->Widths();
   layout.categoriesWidths = categoriesView_->Widths();
   layout.payeesWidths = payeesView_->Widths();
+  layout.schedulesWidths = scheduleView_->Widths();
+  layout.showsReminders = actions_->mnuViewReminders->isChecked();
   layout.dates = registerView_->Dates();
   layout.isDatesInForce = registerView_->Period().has_value();
   if (const SortedTable* table = ShownTable()) layout.sort = table->Sorted();

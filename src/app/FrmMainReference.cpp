@@ -5,7 +5,7 @@
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/PayeesView.h"
-#include "app/QtText.h"
+#include "controls/QtText.h"
 
 #include <QAction>
 #include <QStackedWidget>

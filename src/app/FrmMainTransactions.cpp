@@ -2,16 +2,12 @@
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
-#include "app/QtText.h"
 #include "app/RegisterView.h"
 #include "app/TransactionClip.h"
-#include "platform/Locale.h"
+#include "controls/QtText.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -49,7 +45,7 @@ void FrmMain::ConnectTransactions() {
   status(actions_->mnuTransChk, StatusCommand::Cleared);
   status(actions_->mnuTranRec, StatusCommand::Reconciled);
   On(actions_->mnuTransTransfer, [this] { ShowTwin(); });
-  On(actions_->mnuTransSchedule, [this] { TellOfSchedule(); });
+  On(actions_->mnuTransSchedule, [this] { EditScheduleOfRow(); });
 }
 
 void FrmMain::MarkTransaction() {
@@ -76,7 +72,7 @@ bool FrmMain::IsAccountClosed(const char* title) {
 
 void FrmMain::ShowTransactionMenu(QPoint place) {
   if (shown_.name != kTransactionShow || IsAccountClosed("Add Item")) return;
-  if (registerView_->FocusedKey() == 0) return;
+  if (registerView_->FocusedKey() == 0) return AddQuickly();
   MarkTransaction();
   transactionMenu_->popup(place);
 }
@@ -122,11 +118,11 @@ void FrmMain::CopyTransactions() {
   const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
   if (keys.empty()) return;
   QGuiApplication::clipboard()->setMimeData(
-      ToClip(ToQt(session_.Path()), keys, registerView_->ChosenText()));
+      ToClip(ClipKind::Transactions, ToQt(session_.Path()), keys, registerView_->ChosenText()));
 }
 
 void FrmMain::PasteTransactions() {
-  const std::vector<std::int64_t> keys = FromClip(ToQt(session_.Path()));
+  const std::vector<std::int64_t> keys = FromClip(ClipKind::Transactions, ToQt(session_.Path()));
   if (keys.empty() || shown_.accountId == 0 || IsAccountClosed(kAmendItem)) return;
   std::int64_t last = 0;
   ChangeRows([&] {
@@ -144,30 +140,15 @@ void FrmMain::ShowTwin() {
   const std::optional<TransactionDetails> row =
       session_.Ledger().ReadTransaction(registerView_->FocusedKey());
   if (!row || row->twinAccountId == 0) return;
-  ShowView(kTransactionShow, row->twinAccountId);
-  if (registerView_->ChooseKey(row->transferId)) return;
-  // The ticks or the days hide it: shown without them, it is there.
-  Show({kTransactionShow, row->twinAccountId});
-  registerView_->ChooseKey(row->transferId);
+  ShowTransaction(row->twinAccountId, row->transferId);
 }
 
-void FrmMain::TellOfSchedule() {
-  const RowMarks marks = session_.Ledger().MarksOf(registerView_->FocusedKey());
-  std::string text = "The schedule that this item was made from is no longer there.";
-  {
-    const Recordset row = session_.Ledger().Store().OpenRecordset(
-        "Select S.DateFrom, S.[Amount], P.Description, PP.Payee from (tblSchedule S LEFT JOIN "
-        "tblPeriods P ON S.PeriodID = P.PeriodID) LEFT JOIN tblPayees PP ON S.PayeeID = PP.PayeeID "
-        "WHERE S.ScheduleID = " +
-        SqlNumber(static_cast<std::int64_t>(marks.scheduleId)));
-    if (!row.Eof()) {
-      text = row.Text("Payee") + ", " + platform_.locale.FormatNumber(row.Double("Amount"));
-      text += "\n" + row.Text("Description");
-      const auto next = Date::FromIso(row.Text("DateFrom").substr(0, 10));
-      if (next) text += "\nNext on " + platform_.locale.FormatShortDate(*next);
-    }
-  }
-  platform_.prompts.Tell("Schedule Item", text);
+void FrmMain::ShowTransaction(std::int64_t accountId, std::int64_t key) {
+  ShowView(kTransactionShow, accountId);
+  if (registerView_->ChooseKey(key)) return;
+  // The ticks or the days hide it: shown without them, it is there.
+  Show({kTransactionShow, accountId});
+  registerView_->ChooseKey(key);
 }
 
 void FrmMain::Undo(bool again) {

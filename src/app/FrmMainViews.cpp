@@ -6,11 +6,12 @@
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/PayeesView.h"
-#include "app/QtText.h"
 #include "app/RegisterView.h"
-#include "app/SortedTable.h"
+#include "app/ScheduleView.h"
 #include "app/TransactionClip.h"
 #include "controls/EmptyState.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/Balances.h"
@@ -53,6 +54,7 @@ void FrmMain::Show(const ViewCommand& command) {
 void FrmMain::Reload() {
   Guard([this] {
     ReadAccounts();
+    ReadReminders();
     ShowAgain(shown_);
     MarkCommands();
   });
@@ -75,6 +77,7 @@ void FrmMain::ShowAgain(const ViewCommand& command) {
   tree_->Choose(0);
   if (command.name == kCategoryShow) return ShowCategories();
   if (command.name == kPayeeShow) return ShowPayees();
+  if (command.name == kScheduleShow) return ShowSchedules();
   ShowAccounts();
 }
 
@@ -123,6 +126,11 @@ void FrmMain::ShowCategories() {
 void FrmMain::ShowPayees() {
   payeesView_->ShowPayees(session_.Ledger().Payees());
   views_->setCurrentWidget(payeesView_);
+}
+
+void FrmMain::ShowSchedules() {
+  scheduleView_->ShowSchedules(session_.Ledger().Schedules());
+  views_->setCurrentWidget(scheduleView_);
 }
 
 void FrmMain::ShowRegister(std::int64_t accountId) {
@@ -190,6 +198,7 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewRegister->setChecked(shown_.name == kTransactionShow);
   actions_->mnuViewCategories->setChecked(shown_.name == kCategoryShow);
   actions_->mnuViewPayees->setChecked(shown_.name == kPayeeShow);
+  actions_->mnuViewSchedules->setChecked(shown_.name == kScheduleShow);
   actions_->mnuViewBack->setEnabled(isOpen && history_.CanGoBack());
   actions_->mnuViewForward->setEnabled(isOpen && history_.CanGoForward());
   actions_->mnuViewSort->setEnabled(isOpen);
@@ -214,12 +223,18 @@ void FrmMain::MarkChoice() {
   const ReferenceView* list = session_.IsOpen() ? ShownList() : nullptr;
   const bool isChosen = list != nullptr && list->ChosenKey() != 0;
   const bool isRow = isRegister && registerView_->FocusedKey() != 0;
-  actions_->mnuEditInsert->setEnabled(list != nullptr);
-  actions_->mnuEditDetails->setEnabled(isChosen);
+  actions_->mnuEditInsert->setEnabled(list != nullptr || isRegister);
+  actions_->mnuEditDetails->setEnabled(isChosen || isRow);
+  actions_->mnuTransEdit->setEnabled(isRow);
+  const bool isList = list != nullptr || isRegister;
+  actions_->mnuFilePrint->setEnabled(isList);
+  actions_->mnuFilePreview->setEnabled(isList);
   actions_->mnuEditDelete->setEnabled(isChosen || isRow);
-  actions_->mnuEditCopy->setEnabled(isRow);
-  actions_->mnuEditPaste->setEnabled(isRegister && shown_.accountId != 0 &&
-                                     !FromClip(ToQt(session_.Path())).empty());
+  const bool isSchedules = list != nullptr && list == scheduleView_;
+  actions_->mnuEditCopy->setEnabled(isRow || (isSchedules && isChosen));
+  const auto clip = isSchedules ? ClipKind::Schedules : ClipKind::Transactions;
+  actions_->mnuEditPaste->setEnabled((isSchedules || (isRegister && shown_.accountId != 0)) &&
+                                     !FromClip(clip, ToQt(session_.Path())).empty());
   actions_->mnuEditSelect->setEnabled(isRegister && !registerView_->IsEmpty());
   const bool isAccount = session_.IsOpen() && ChosenAccount() != 0;
   actions_->mnuAccountEdit->setEnabled(isAccount);
@@ -230,7 +245,14 @@ void FrmMain::MarkChoice() {
   const bool isPayee = list == payeesView_ && isChosen;
   actions_->mnuPayeeEdit->setEnabled(isPayee);
   actions_->mnuPayeeDelete->setEnabled(isPayee);
+  const bool isSchedule = list == scheduleView_ && isChosen;
+  actions_->mnuScheduleEdit->setEnabled(isSchedule);
+  actions_->mnuScheduleDelete->setEnabled(isSchedule);
+  actions_->mnuScheduleCopy->setEnabled(isSchedule);
+  actions_->mnuSchedulePaste->setEnabled(
+      session_.IsOpen() && !FromClip(ClipKind::Schedules, ToQt(session_.Path())).empty());
   MarkTransaction();
+  MarkReminder();
 }
 
 }  // namespace corvanta

@@ -1,8 +1,8 @@
 #include "app/FrmPassword.h"
 
-#include "app/CommandEdge.h"
-#include "app/QtText.h"
+#include "controls/CommandEdge.h"
 #include "controls/MutedLabel.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"

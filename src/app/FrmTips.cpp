@@ -1,7 +1,7 @@
 #include "app/FrmTips.h"
 
-#include "app/CommandEdge.h"
 #include "app/Tips.h"
+#include "controls/CommandEdge.h"
 #include "controls/Style.h"
 #include "controls/SvgIcon.h"
 #include "platform/Clock.h"

@@ -1,5 +1,6 @@
 #include "app/LedgerSession.h"
 
+#include "invest/WebRates.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 
@@ -30,13 +31,23 @@ void LedgerSession::Unchoose() {
 bool LedgerSession::Open(bool quiet) {
   Close();
   file_ = opener_.Open(quiet);
-  if (file_) ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
+  if (file_) {
+    ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
+    rates_ = std::make_unique<WebRates>(*file_->connection, platform_);
+    posting_ = std::make_unique<SchedulePosting>(*ledger_, platform_, *rates_);
+  }
   return IsOpen();
 }
 
 void LedgerSession::Close() {
+  posting_.reset();
+  rates_.reset();
   ledger_.reset();
   file_.reset();
+}
+
+void LedgerSession::PostSchedules() {
+  if (IsOpen()) posting_->PostSchedules();
 }
 
 std::string LedgerSession::Path() const {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ledger/RateSource.h"
+#include "ledger/SchedulePosting.h"
 #include "ledger/clsCorvanta.h"
 #include "store/OpenDataFile.h"
 
@@ -32,6 +34,12 @@ class LedgerSession {
   [[nodiscard]] bool IsOpen() const { return ledger_ != nullptr; }
   // Only while open.
   [[nodiscard]] clsCorvanta& Ledger() const { return *ledger_; }
+  // Exchange rates as the open file's sources have them. Only while open.
+  [[nodiscard]] RateSource& Rates() const { return *rates_; }
+  // Only while open.
+  [[nodiscard]] SchedulePosting& Posting() const { return *posting_; }
+  // Posts what is due by the schedules; nothing while closed. Throws StoreError.
+  void PostSchedules();
   // The open file's path; empty while closed.
   [[nodiscard]] std::string Path() const;
   [[nodiscard]] DataFileOpener& Opener() const { return opener_; }
@@ -44,6 +52,8 @@ class LedgerSession {
   std::string former_;  // what was chosen before
   std::optional<DataFile> file_;
   std::unique_ptr<clsCorvanta> ledger_;
+  std::unique_ptr<RateSource> rates_;
+  std::unique_ptr<SchedulePosting> posting_;
 };
 
 }  // namespace corvanta

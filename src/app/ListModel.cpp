@@ -1,6 +1,6 @@
 #include "app/ListModel.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "platform/TextCase.h"
 

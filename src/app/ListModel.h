@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ListSort.h"
+#include "controls/ListSort.h"
 
 #include <QAbstractTableModel>
 

@@ -12,6 +12,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeFile();
   MakeEdit();
   MakeTransactions();
+  MakeSchedules();
   MakeReference();
   MakeViews();
   MakeViewOptions();
@@ -27,6 +28,10 @@ void MainActions::MakeFile() {
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
+  mnuFilePrint = Make("mnuFilePrint", tr("&Print..."), "print", tr("Print the list that is shown"),
+                      QKeySequence::Print);
+  mnuFilePreview = Make("mnuFilePreview", tr("Print Previe&w..."), "preview",
+                        tr("Look at the pages before they are printed"));
   mnuFileExit = Make("mnuFileExit", tr("E&xit"), "exit", tr("Close the program"),
                      QKeySequence(Qt::CTRL | Qt::Key_Q));
   mnuFileExit->setMenuRole(QAction::QuitRole);
@@ -54,6 +59,17 @@ void MainActions::MakeEdit() {
 }
 
 void MainActions::MakeTransactions() {
+  mnuTransAdd = Make("mnuTransAdd", tr("&Add..."), "add", tr("Add a transaction to the account"),
+                     QKeySequence::New);
+  mnuTransEdit = Make("mnuTransEdit", tr("&Edit..."), "edit",
+                      tr("Edit the chosen transaction, or several at once"));
+  mnuTransAutofill =
+      Make("mnuTransAutofill", tr("Auto&fill..."), "autofill",
+           tr("Add a transaction like an earlier one of the same payee and category"),
+           QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N));
+  mnuTransReconcile =
+      Make("mnuTransReconcile", tr("&Balance Account..."), "reconcile",
+           tr("Balance the account against a statement"), QKeySequence(Qt::CTRL | Qt::Key_B));
   mnuTransBreak = MakeBreak("mnuTransBreak");
   mnuTransUChk = MakeTick("mnuTransUChk", tr("&Uncleared"), tr("No statement shows it"));
   mnuTransChk = MakeTick("mnuTransChk", tr("&Cleared"), tr("A statement shows it"));
@@ -63,6 +79,25 @@ void MainActions::MakeTransactions() {
                           tr("Tell of the schedule that the transaction was made from"));
   mnuTransTransfer = Make("mnuTransTransfer", tr("&Transfer Item"), "transfer",
                           tr("Show the other half of the transfer in its account"));
+}
+
+void MainActions::MakeSchedules() {
+  mnuScheduleAdd = Make("mnuScheduleAdd", tr("&Add..."), "add", tr("Add a schedule"));
+  mnuScheduleEdit = Make("mnuScheduleEdit", tr("&Edit..."), "edit", tr("Edit the chosen schedule"));
+  mnuScheduleDelete =
+      Make("mnuScheduleDelete", tr("&Delete"), "delete", tr("Delete the chosen schedule"));
+  mnuScheduleCopy = Make("mnuScheduleCopy", tr("&Copy"), "copy", tr("Copy the chosen schedule"));
+  mnuSchedulePaste =
+      Make("mnuSchedulePaste", tr("&Paste"), "paste", tr("Add the copied schedule once more"));
+  mnuReminderOpen = Make("mnuReminderOpen", tr("&Open..."), "",
+                         tr("Show the schedule, or the transaction once it is posted"));
+  mnuReminderPost =
+      Make("mnuReminderPost", tr("&Post"), "", tr("Put the payment that is due into its account"),
+           QKeySequence(Qt::Key_P));
+  mnuReminderSkip = Make("mnuReminderSkip", tr("&Skip"), "", tr("Leave this one payment out"),
+                         QKeySequence(Qt::Key_S));
+  InViews(mnuReminderPost);
+  InViews(mnuReminderSkip);
 }
 
 void MainActions::MakeReference() {
@@ -77,6 +112,8 @@ void MainActions::MakeReference() {
   mnuPayeeNew = Make("mnuPayeeNew", tr("&New..."), "", tr("Add a payee"));
   mnuPayeeEdit = Make("mnuPayeeEdit", tr("&Edit..."), "", tr("Edit the chosen payee"));
   mnuPayeeDelete = Make("mnuPayeeDelete", tr("&Delete"), "", tr("Delete the chosen payee"));
+  mnuToolsCurrency = Make("mnuToolsCurrency", tr("&Currency Converter..."), "currency",
+                          tr("Convert an amount with today's exchange rate"));
   mnuToolsKeywords =
       Make("mnuToolsKeywords", tr("&Keywords..."), "", tr("Show the keywords of transactions"));
   mnuViewAccountTypes =
@@ -96,8 +133,15 @@ void MainActions::MakeViews() {
                            tr("Show the list of categories"), QKeySequence(Qt::CTRL | Qt::Key_3));
   mnuViewPayees = Make("mnuViewPayees", tr("&Payees"), "payees", tr("Show the list of payees"),
                        QKeySequence(Qt::CTRL | Qt::Key_4));
+  mnuViewSchedules =
+      Make("mnuViewSchedules", tr("Sc&hedules"), "schedule",
+           tr("Show what is paid again and again"), QKeySequence(Qt::CTRL | Qt::Key_5));
+  mnuViewReminders = Make("mnuViewReminders", tr("Rem&inders"), "reminder",
+                          tr("Show or fold what is due"), QKeySequence(Qt::Key_F9));
+  mnuViewReminders->setCheckable(true);
   auto* views = new QActionGroup(this);
-  for (QAction* view : {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees}) {
+  for (QAction* view :
+       {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewSchedules}) {
     view->setCheckable(true);
     views->addAction(view);
   }
@@ -105,6 +149,8 @@ void MainActions::MakeViews() {
                      QKeySequence(Qt::ALT | Qt::Key_Left));
   mnuViewForward = Make("mnuViewForward", tr("&Forward"), "forward", tr("Show the next view again"),
                         QKeySequence(Qt::ALT | Qt::Key_Right));
+  mnuViewReconcile = Make("mnuViewReconcile", tr("Balance Accou&nt..."), "reconcile",
+                          tr("Balance the account against a statement"));
   mnuViewRefresh = Make("mnuViewRefresh", tr("Refre&sh"), "refresh",
                         tr("Read the accounts and the list again"), QKeySequence(Qt::Key_F5));
 }
@@ -160,10 +206,13 @@ QAction* MainActions::InViews(QAction* action) const {
 
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
-       {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewRefresh,
-        mnuViewDescription, mnuViewReference, mnuViewStatus, mnuViewUnCleared, mnuViewCleared,
-        mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks, mnuViewPayments, mnuToolsKeywords,
-        mnuAccountAdd, mnuAccountList, mnuCategoryAdd, mnuPayeeNew}) {
+       {mnuViewSchedules,  mnuScheduleAdd,      mnuViewAccounts,  mnuViewRegister,
+        mnuViewCategories, mnuViewPayees,       mnuViewRefresh,   mnuViewDescription,
+        mnuViewReference,  mnuViewStatus,       mnuViewUnCleared, mnuViewCleared,
+        mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks,     mnuViewPayments,
+        mnuToolsKeywords,  mnuAccountAdd,       mnuAccountList,   mnuCategoryAdd,
+        mnuPayeeNew,       mnuToolsCurrency,    mnuTransAdd,      mnuTransAutofill,
+        mnuTransReconcile, mnuViewReconcile}) {
     action->setEnabled(open);
   }
 }

@@ -21,7 +21,7 @@ class MainActions : public QObject {
 
   void FillMenus(QMenuBar& menus) const;
   void FillRibbon(ucRibbon& ribbon) const;
-  // The register's own menu.
+  // The register's own menu, which the window's menu of transactions begins with.
   void FillTransactionMenu(QMenu& menu) const;
   // Enables what needs an open data file, or disables it.
   void SetDataOpen(bool open) const;
@@ -29,6 +29,8 @@ class MainActions : public QObject {
   QAction* mnuFileOpen;
   QAction* mnuFileValidate;
   QAction* mnuFileKey;
+  QAction* mnuFilePrint;
+  QAction* mnuFilePreview;
   QAction* mnuFileExit;
 
   QAction* mnuEditUndo;
@@ -45,6 +47,10 @@ class MainActions : public QObject {
   QAction* mnuAccountDelete;
   QAction* mnuAccountList;
 
+  QAction* mnuTransAdd;
+  QAction* mnuTransEdit;
+  QAction* mnuTransAutofill;
+  QAction* mnuTransReconcile;
   QAction* mnuTransBreak;
   QAction* mnuTransUChk;
   QAction* mnuTransChk;
@@ -60,12 +66,24 @@ class MainActions : public QObject {
   QAction* mnuPayeeEdit;
   QAction* mnuPayeeDelete;
 
+  QAction* mnuScheduleAdd;
+  QAction* mnuScheduleEdit;
+  QAction* mnuScheduleDelete;
+  QAction* mnuScheduleCopy;
+  QAction* mnuSchedulePaste;
+  QAction* mnuReminderOpen;
+  QAction* mnuReminderPost;
+  QAction* mnuReminderSkip;
+
+  QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
 
   QAction* mnuViewAccounts;
   QAction* mnuViewRegister;
   QAction* mnuViewCategories;
   QAction* mnuViewPayees;
+  QAction* mnuViewSchedules;
+  QAction* mnuViewReminders;
   QAction* mnuViewBack;
   QAction* mnuViewForward;
   QAction* mnuViewUnCleared;
@@ -78,6 +96,7 @@ class MainActions : public QObject {
   QAction* mnuViewAccountTypes;
   QAction* mnuViewBanks;
   QAction* mnuViewPayments;
+  QAction* mnuViewReconcile;
   QAction* mnuViewRefresh;
 
   QAction* mnuHelpTips;
@@ -87,6 +106,7 @@ class MainActions : public QObject {
   void MakeFile();
   void MakeEdit();
   void MakeTransactions();
+  void MakeSchedules();
   void MakeReference();
   void MakeViews();
   void MakeViewOptions();

@@ -18,6 +18,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
   file->addActions({mnuFileOpen, mnuFileValidate, mnuFileKey});
   file->addSeparator();
+  file->addActions({mnuFilePrint, mnuFilePreview});
+  file->addSeparator();
   file->addAction(mnuFileExit);
   QMenu* edit = AddMenu(menus, "mnuEdit", tr("&Edit"));
   edit->addActions({mnuEditUndo, mnuEditRedo});
@@ -29,12 +31,21 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   accounts->addActions({mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
   accounts->addSeparator();
   accounts->addAction(mnuAccountList);
-  FillTransactionMenu(*AddMenu(menus, "mnuTransactions", tr("&Transactions")));
+  QMenu* transactions = AddMenu(menus, "mnuTransactions", tr("&Transactions"));
+  transactions->addActions({mnuTransAdd, mnuTransEdit, mnuTransAutofill});
+  transactions->addSeparator();
+  FillTransactionMenu(*transactions);
+  transactions->addSeparator();
+  transactions->addAction(mnuTransReconcile);
+  QMenu* schedules = AddMenu(menus, "mnuSchedule", tr("&Schedule"));
+  schedules->addActions({mnuScheduleAdd, mnuScheduleEdit, mnuScheduleDelete});
+  schedules->addSeparator();
+  schedules->addActions({mnuScheduleCopy, mnuSchedulePaste});
   QMenu* categories = AddMenu(menus, "mnuCategories", tr("&Categories"));
   categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
   QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
-  AddMenu(menus, "mnuTools", tr("T&ools"))->addAction(mnuToolsKeywords);
+  AddMenu(menus, "mnuTools", tr("T&ools"))->addActions({mnuToolsCurrency, mnuToolsKeywords});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
   help->addActions({mnuHelpTips, mnuHelpAbout});
@@ -46,7 +57,8 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
 }
 
 void MainActions::FillViewMenu(QMenu& view) const {
-  view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees});
+  view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
+                   mnuViewSchedules, mnuViewReminders});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
@@ -57,7 +69,7 @@ void MainActions::FillViewMenu(QMenu& view) const {
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();
-  view.addAction(mnuViewRefresh);
+  view.addActions({mnuViewReconcile, mnuViewRefresh});
 }
 
 void MainActions::FillRibbon(ucRibbon& ribbon) const {
@@ -68,9 +80,15 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewRegister);
   ribbon.AddButton(mnuViewCategories);
   ribbon.AddButton(mnuViewPayees);
+  ribbon.AddButton(mnuViewSchedules);
   ribbon.AddSeparator();
+  ribbon.AddButton(mnuTransAdd);
+  ribbon.AddButton(mnuTransAutofill);
+  ribbon.AddButton(mnuTransReconcile);
+  ribbon.AddSeparator();
+  ribbon.AddButton(mnuFilePreview);
   ribbon.AddButton(mnuViewRefresh);
-  ribbon.AddButton(mnuFileOpen);
+  ribbon.AddButton(mnuViewReminders);
 }
 
 }  // namespace corvanta

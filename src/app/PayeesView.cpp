@@ -1,6 +1,6 @@
 #include "app/PayeesView.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 
 namespace corvanta {

@@ -1,6 +1,6 @@
 #include "app/PeriodBar.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "platform/Locale.h"
 

@@ -1,6 +1,6 @@
 #include "app/QtProgress.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 
 #include <QApplication>

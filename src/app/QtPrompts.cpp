@@ -1,6 +1,6 @@
 #include "app/QtPrompts.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "platform/PlatformError.h"
 #include "platform/Registry.h"
 #include "platform/SettingsTable.h"

@@ -1,9 +1,9 @@
 #include "app/ReferenceView.h"
 
-#include "app/SortedTable.h"
 #include "app/TotalsLine.h"
 #include "app/ViewHeader.h"
 #include "controls/EmptyState.h"
+#include "controls/SortedTable.h"
 
 #include <QAction>
 #include <QStackedWidget>
@@ -70,6 +70,15 @@ void ReferenceView::ChooseKey(qint64 key) {
   const int row = model_->RowOf(key);
   if (row < 0) return;
   table_->ChooseRow(row);
+}
+
+QString ReferenceView::ChosenText() const {
+  QStringList cells;
+  const int row = model_->RowOf(ChosenKey());
+  for (int column = 0; row >= 0 && column < model_->columnCount(); ++column) {
+    cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
+  }
+  return cells.join(u'\t') + u'\n';
 }
 
 void ReferenceView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,

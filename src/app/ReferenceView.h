@@ -35,6 +35,9 @@ class ReferenceView : public QWidget {
   // Chooses the row and brings it into view; one that is not there leaves the choice as it is.
   void ChooseKey(qint64 key);
 
+  // The chosen row as a line of cells with tabs between them.
+  [[nodiscard]] QString ChosenText() const;
+
   [[nodiscard]] SortedTable& Table() const { return *table_; }
   [[nodiscard]] QString Widths() const;
   void SetWidths(const QString& widths);

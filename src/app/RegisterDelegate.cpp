@@ -31,11 +31,18 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setPen(Mixed(option.palette.color(QPalette::Text), background, 0.1));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   }
+  const bool isAhead = model->IsAhead(index.row());
+  if (isAhead && index.row() > 0 && !model->IsAhead(index.row() - 1)) {
+    painter->setPen(QPen(AccentColour(option.palette), 1, Qt::DashLine));
+    painter->drawLine(option.rect.topLeft(), option.rect.topRight());
+  }
   QRect text = CellTextRect(option.rect, index.column(), RegisterModel::kColumns);
   if (index.column() == RegisterModel::kPayee) {
     text.setRight(text.right() - DrawMarks(*painter, row, text, selected));
   }
-  painter->setFont(option.font);
+  QFont font = option.font;
+  font.setItalic(isAhead);
+  painter->setFont(font);
   painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
                            : TextColour(row, index.column(), option.palette, background));
   DrawText(*painter, text, model->data(index, Qt::DisplayRole).toString(),

@@ -18,7 +18,8 @@ struct ListColours {
 };
 
 // Draws the cells of the register: the row's tint, its text in the colour of its status, money out
-// and what is below zero in the colour for it, and the marks behind the payee.
+// and what is below zero in the colour for it, and the marks behind the payee. What is still to
+// come stands in italics, below a line.
 class RegisterDelegate : public ListDelegate {
   Q_OBJECT
 

@@ -1,6 +1,6 @@
 #include "app/RegisterModel.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 
@@ -84,7 +84,8 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole: {
       const QString text = Text(row, index.column());
-      const QString marks = index.column() == kPayee ? MarksText(row) : QString();
+      const QString marks =
+          index.column() == kPayee ? MarksText(row, IsAhead(index.row())) : QString();
       return marks.isEmpty() ? text : text + QStringLiteral(" (") + marks + u')';
     }
     default:
@@ -151,8 +152,9 @@ QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int
   }
 }
 
-QString MarksText(const RegisterRow& row) {
+QString MarksText(const RegisterRow& row, bool isAhead) {
   QStringList marks;
+  if (isAhead) marks.append(RegisterModel::tr("still to come"));
   if (row.isSplit) marks.append(RegisterModel::tr("split"));
   if (row.isTransfer) marks.append(RegisterModel::tr("transfer"));
   if (row.scheduleId != 0) marks.append(RegisterModel::tr("from a schedule"));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ListSort.h"
+#include "controls/ListSort.h"
 #include "ledger/clsCorvanta.h"
 
 #include <QAbstractTableModel>
@@ -36,6 +36,9 @@ class RegisterModel : public QAbstractTableModel {
 
   // Rows in date order; they are shown in the order that was last asked for.
   void SetRows(std::vector<RegisterRow> rows);
+  // Rows after it are ahead: a forecast.
+  void SetToday(Date today) { today_ = today; }
+  [[nodiscard]] bool IsAhead(int row) const { return Row(row).date > today_; }
   void Sort(const SortState& sort);
   [[nodiscard]] const RegisterRow& Row(int row) const {
     return rows_.at(order_.at(static_cast<std::size_t>(row)));
@@ -60,9 +63,10 @@ class RegisterModel : public QAbstractTableModel {
   std::vector<RegisterRow> rows_;
   std::vector<std::size_t> order_;
   SortState sort_;
+  Date today_;
 };
 
-// What the marks of a row say, in words: "Split, from a schedule"; empty for an ordinary row.
-[[nodiscard]] QString MarksText(const RegisterRow& row);
+// What the marks of a row say, in words: "split, from a schedule"; empty for an ordinary row.
+[[nodiscard]] QString MarksText(const RegisterRow& row, bool isAhead);
 
 }  // namespace corvanta

@@ -1,12 +1,12 @@
 #include "app/RegisterView.h"
 
 #include "app/PeriodBar.h"
-#include "app/QtText.h"
 #include "app/RegisterModel.h"
-#include "app/SortedTable.h"
 #include "app/TotalsLine.h"
 #include "app/ViewHeader.h"
 #include "controls/EmptyState.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "ledger/Balances.h"
@@ -57,7 +57,7 @@ QString Details(const AccountRow& account) {
 
 }  // namespace
 
-RegisterView::RegisterView(const Locale& locale, QAction* emptyAction, QWidget* parent)
+RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* parent)
     : QWidget(parent),
       header_(new ViewHeader(this)),
       period_(new PeriodBar(locale, this)),
@@ -67,7 +67,7 @@ RegisterView::RegisterView(const Locale& locale, QAction* emptyAction, QWidget* 
       totals_(new TotalsLine(this)),
       model_(new RegisterModel(locale, this)),
       delegate_(new RegisterDelegate(this)),
-      emptyAction_(emptyAction),
+      offers_(offers),
       locale_(locale) {
   table_->setObjectName(QStringLiteral("lvbank"));
   table_->setAccessibleName(tr("Register"));
@@ -76,6 +76,7 @@ RegisterView::RegisterView(const Locale& locale, QAction* emptyAction, QWidget* 
   table_->SetColumns(Columns(locale, fontMetrics()));
   table_->SetSorted({RegisterModel::kDate, false});
   table_->setContextMenuPolicy(Qt::CustomContextMenu);
+  empty_->setContextMenuPolicy(Qt::CustomContextMenu);
   pages_->addWidget(table_);
   pages_->addWidget(empty_);
   auto* head = new QHBoxLayout;
@@ -96,6 +97,11 @@ void RegisterView::Connect() {
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           &RegisterView::ChoiceChanged);
   connect(table_, &QWidget::customContextMenuRequested, this, &RegisterView::RequestMenu);
+  connect(empty_, &QWidget::customContextMenuRequested, this,
+          [this](QPoint place) { Q_EMIT MenuRequested(empty_->mapToGlobal(place)); });
+  connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
+    Q_EMIT Opened(model_->Row(index.row()).transactionId);
+  });
   connect(table_, &SortedTable::SortChosen, this, [this] {
     const std::int64_t focused = FocusedKey();
     model_->Sort(table_->Sorted());
@@ -116,7 +122,7 @@ void RegisterView::RequestMenu(QPoint place) {
 
 void RegisterView::ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
                                const PeriodTotals& totals) {
-  header_->Show(ToQt(AccountCaption(account)), Details(account));
+  header_->Show(ToQt(AccountCaption(account)), Details(account) + Ahead(account, rows));
   const auto count = static_cast<qulonglong>(rows.size());
   totals_->Show(
       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
@@ -142,7 +148,7 @@ void RegisterView::ShowEmpty(const AccountRow& account) {
   empty_->Show(QStringLiteral("register"), tr("No transactions in this account yet"),
                tr("What is paid into the account and out of it will be listed here, the newest "
                   "last. Until then its balance is its opening balance."),
-               emptyAction_);
+               offers_.add);
 }
 
 void RegisterView::Fill(std::vector<RegisterRow> rows, bool isSame) {
@@ -156,9 +162,7 @@ void RegisterView::Fill(std::vector<RegisterRow> rows, bool isSame) {
     return;
   }
   if (!isSame) {
-    table_->scrollToBottom();
-    table_->selectionModel()->setCurrentIndex(model_->index(count - 1, 0),
-                                              QItemSelectionModel::NoUpdate);
+    GoToToday();
   } else {
     table_->verticalScrollBar()->setValue(scrolled);
     const int row = std::clamp(place, 0, count - 1);
@@ -180,8 +184,36 @@ void RegisterView::ShowNoAccount() {
   model_->SetRows({});
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
-               emptyAction_);
+               offers_.accounts);
   pages_->setCurrentIndex(1);
+}
+
+void RegisterView::SetToday(Date today) {
+  today_ = today;
+  model_->SetToday(today);
+}
+
+QString RegisterView::Ahead(const AccountRow& account, const std::vector<RegisterRow>& rows) const {
+  const std::optional<LowestPoint> lowest = LowestAhead(rows, today_);
+  if (!lowest) return {};
+  return QStringLiteral("  ·  ") + tr("lowest ahead: %1 %2 on %3")
+                                       .arg(ToQt(locale_.FormatNumber(lowest->balance)),
+                                            ToQt(account.currency),
+                                            ToQt(locale_.FormatShortDate(lowest->day)));
+}
+
+void RegisterView::GoToToday() {
+  int row = model_->rowCount() - 1;
+  if (table_->Sorted() == SortState{RegisterModel::kDate, false}) {
+    while (row > 0 && model_->IsAhead(row)) --row;
+  }
+  const bool isEnd = row + 1 == model_->rowCount();
+  if (isEnd) {
+    table_->scrollToBottom();
+  } else {
+    table_->scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtCenter);
+  }
+  table_->selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
 }
 
 void RegisterView::SetColours(const ListColours& colours) {
@@ -262,6 +294,9 @@ QString RegisterView::ChosenText() const {
   return text;
 }
 
+QString RegisterView::Title() const {
+  return header_->Title();
+}
 bool RegisterView::IsEmpty() const {
   return model_->rowCount() == 0;
 }

@@ -30,8 +30,12 @@ class RegisterView : public QWidget {
   Q_OBJECT
 
  public:
-  // `emptyAction` is what a register without rows offers.
-  RegisterView(const Locale& locale, QAction* emptyAction, QWidget* parent);
+  // What an empty register offers, and what a window without a chosen account does.
+  struct Offers {
+    QAction* add;
+    QAction* accounts;
+  };
+  RegisterView(const Locale& locale, const Offers& offers, QWidget* parent);
 
   // Shows the register at its end; the one already shown where it was, with the row chosen again
   // that had the focus. The rows stand in date order.
@@ -40,6 +44,8 @@ class RegisterView : public QWidget {
   // Shows instead of a register that no account is chosen.
   void ShowNoAccount();
 
+  // Rows after it are still to come.
+  void SetToday(Date today);
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
@@ -61,6 +67,8 @@ class RegisterView : public QWidget {
   // The chosen rows as lines of cells with tabs between them.
   [[nodiscard]] QString ChosenText() const;
   [[nodiscard]] bool IsEmpty() const;
+  // What stands above the list: the account's name.
+  [[nodiscard]] QString Title() const;
 
   // Chooses the rows of that day and brings them into view; without any, the place where they
   // would stand.
@@ -71,13 +79,19 @@ class RegisterView : public QWidget {
  Q_SIGNALS:
   void PeriodChanged();
   void ChoiceChanged();
-  void MenuRequested(QPoint place);  // on the screen
+  void Opened(std::int64_t transactionId);  // a double click, or Enter
+  void MenuRequested(QPoint place);         // on the screen
 
  private:
   void Connect();
   void RequestMenu(QPoint place);
   void ShowEmpty(const AccountRow& account);
+  // Says where the balance is lowest among the rows still to come; empty without any.
+  [[nodiscard]] QString Ahead(const AccountRow& account,
+                              const std::vector<RegisterRow>& rows) const;
   void Fill(std::vector<RegisterRow> rows, bool isSame);
+  // A register is opened at today, where the last rows are unless some are still to come.
+  void GoToToday();
   [[nodiscard]] std::vector<int> ChosenRows() const;
 
   ViewHeader* header_;
@@ -88,9 +102,10 @@ class RegisterView : public QWidget {
   TotalsLine* totals_;
   RegisterModel* model_;
   RegisterDelegate* delegate_;
-  QAction* emptyAction_;
+  Offers offers_;
   const Locale& locale_;
   std::int64_t accountId_ = 0;
+  Date today_;
 };
 
 }  // namespace corvanta

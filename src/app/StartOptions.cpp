@@ -1,6 +1,6 @@
 #include "app/StartOptions.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 
 #include <QCommandLineParser>
 

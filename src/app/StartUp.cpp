@@ -1,11 +1,11 @@
 #include "app/StartUp.h"
 
-#include "app/CommandEdge.h"
 #include "app/FrmMain.h"
 #include "app/FrmPassword.h"
 #include "app/FrmSplash.h"
 #include "app/FrmTips.h"
-#include "app/QtText.h"
+#include "controls/CommandEdge.h"
+#include "controls/QtText.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Settings.h"
 #include "store/StoreError.h"
@@ -40,6 +40,10 @@ bool StartUp::Run() {
     const std::optional<bool> passed = login ? LoginBeforeOpening() : true;
     if (passed == false || !session_.Open(false)) return;
     ready = passed.has_value() || LoginAfterOpening();
+  });
+  // What cannot be posted now must not keep the person from the accounts.
+  RunCommand(prompts_, [&] {
+    if (ready) session_.PostSchedules();
   });
   progress_.SetTextSink({});
   prompts_.SetParent(nullptr);

@@ -1,7 +1,7 @@
 #include "app/TotalsLine.h"
 
-#include "app/QtText.h"
 #include "controls/MutedLabel.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/Balances.h"
 

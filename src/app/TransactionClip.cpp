@@ -9,10 +9,13 @@
 
 namespace corvanta {
 namespace {
-constexpr const char* kFormat = "application/x-corvanta-transactions";
+QString FormatOf(ClipKind kind) {
+  return kind == ClipKind::Transactions ? QStringLiteral("application/x-corvanta-transactions")
+                                        : QStringLiteral("application/x-corvanta-schedules");
 }
+}  // namespace
 
-QMimeData* ToClip(const QString& dataFile, const std::vector<std::int64_t>& keys,
+QMimeData* ToClip(ClipKind kind, const QString& dataFile, const std::vector<std::int64_t>& keys,
                   const QString& text) {
   QByteArray bytes;
   QDataStream out(&bytes, QIODevice::WriteOnly);
@@ -21,14 +24,14 @@ QMimeData* ToClip(const QString& dataFile, const std::vector<std::int64_t>& keys
   out << dataFile << list;
   auto* clip = new QMimeData;
   clip->setText(text);
-  clip->setData(QLatin1String(kFormat), bytes);
+  clip->setData(FormatOf(kind), bytes);
   return clip;
 }
 
-std::vector<std::int64_t> FromClip(const QString& dataFile) {
+std::vector<std::int64_t> FromClip(ClipKind kind, const QString& dataFile) {
   const QMimeData* clip = QGuiApplication::clipboard()->mimeData();
-  if (clip == nullptr || !clip->hasFormat(QLatin1String(kFormat))) return {};
-  QDataStream in(clip->data(QLatin1String(kFormat)));
+  if (clip == nullptr || !clip->hasFormat(FormatOf(kind))) return {};
+  QDataStream in(clip->data(FormatOf(kind)));
   QString file;
   QList<qint64> list;
   in >> file >> list;

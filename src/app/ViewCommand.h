@@ -13,6 +13,7 @@ inline constexpr std::string_view kAccountShow = "AccountShow";
 inline constexpr std::string_view kTransactionShow = "TransactionShow";
 inline constexpr std::string_view kCategoryShow = "CategoryShow";
 inline constexpr std::string_view kPayeeShow = "PayeeShow";
+inline constexpr std::string_view kScheduleShow = "LoadSchedule";
 
 // What the main window shows: the view's command and its parameters. Issuing it again shows the
 // view as it was.

@@ -23,6 +23,10 @@ ViewHeader::ViewHeader(QWidget* parent)
   column->addWidget(details_);
 }
 
+QString ViewHeader::Title() const {
+  return title_->text();
+}
+
 void ViewHeader::Show(const QString& title, const QString& details) {
   title_->setText(title);
   details_->setText(details);

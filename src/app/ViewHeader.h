@@ -13,6 +13,7 @@ class ViewHeader : public QWidget {
  public:
   explicit ViewHeader(QWidget* parent);
   void Show(const QString& title, const QString& details);
+  [[nodiscard]] QString Title() const;
 
  private:
   QLabel* title_;

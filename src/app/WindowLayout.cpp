@@ -1,6 +1,6 @@
 #include "app/WindowLayout.h"
 
-#include "app/QtText.h"
+#include "controls/QtText.h"
 #include "controls/Style.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
@@ -17,6 +17,7 @@ constexpr std::string_view kLeft = "Left";
 constexpr std::string_view kTop = "Top";
 constexpr std::string_view kColumns = "WindowColumns";
 constexpr std::string_view kLeftRows = "WindowRows";
+constexpr std::string_view kReminders = "WindowReminders";
 constexpr std::string_view kAccountsWidths = "chA";
 
 constexpr int kComfortableWidth = 1280;
@@ -67,6 +68,8 @@ WindowLayout ReadLayout(Registry& registry) {
   layout.accountsWidths = ReadText(registry, kAccountsWidths);
   layout.categoriesWidths = ToQt(settings.Text(Setting::chC));
   layout.payeesWidths = ToQt(settings.Text(Setting::chP));
+  layout.schedulesWidths = ToQt(settings.Text(Setting::chS));
+  layout.showsReminders = ReadText(registry, kReminders) != QStringLiteral("0");
   // The columns are counted from 1 there, as 0 stands for none.
   layout.sort = {settings.Number(Setting::ColNo) - 1, settings.Number(Setting::ColSort) == 1};
   return layout;
@@ -82,6 +85,8 @@ void WriteLayout(Registry& registry, const WindowLayout& layout) {
   values[Name(Setting::chT)] = FromQt(layout.registerWidths);
   values[Name(Setting::chC)] = FromQt(layout.categoriesWidths);
   values[Name(Setting::chP)] = FromQt(layout.payeesWidths);
+  values[Name(Setting::chS)] = FromQt(layout.schedulesWidths);
+  values[std::string(kReminders)] = layout.showsReminders ? "1" : "0";
   values[Name(Setting::ColNo)] = std::to_string(layout.sort.column + 1);
   values[Name(Setting::ColSort)] = std::to_string(layout.sort.isDescending ? 1 : 0);
   values[Name(Setting::Dates)] = layout.dates.start.ToIso() + '#' + layout.dates.end.ToIso();

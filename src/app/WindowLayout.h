@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ListSort.h"
+#include "controls/ListSort.h"
 #include "platform/Settings.h"
 
 #include <QList>
@@ -24,6 +24,8 @@ struct WindowLayout {
   QString accountsWidths;
   QString categoriesWidths;
   QString payeesWidths;
+  QString schedulesWidths;
+  bool showsReminders = true;
   SortState sort;   // of the list last shown
   DateRange dates;  // of the register; written only
   bool isDatesInForce = false;

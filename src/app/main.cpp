@@ -1,6 +1,6 @@
-#include "app/CommandEdge.h"
 #include "app/StartOptions.h"
 #include "app/StartUp.h"
+#include "controls/CommandEdge.h"
 #include "controls/SvgIcon.h"
 #include "platform/PlatformError.h"
 

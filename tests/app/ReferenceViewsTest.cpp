@@ -1,6 +1,6 @@
 #include "app/ReferenceView.h"
-#include "app/SortedTable.h"
 #include "app/WindowTest.h"
+#include "controls/SortedTable.h"
 
 #include <QDialog>
 #include <QLineEdit>

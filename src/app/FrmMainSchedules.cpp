@@ -1,0 +1,190 @@
+// Schedules, what they post, and what they remind of.
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/RegisterView.h"
+#include "app/RemindersPanel.h"
+#include "app/ScheduleView.h"
+#include "app/TransactionClip.h"
+#include "controls/QtText.h"
+#include "controls/ucCalendar.h"
+#include "entry/EntryDialogs.h"
+#include "entry/ScheduleEditor.h"
+#include "ledger/Reminders.h"
+#include "ledger/SchedulePosting.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QTimer>
+
+#include <algorithm>
+#include <chrono>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kReminders = "Reminders";
+constexpr std::chrono::minutes kDayCheck(1);
+
+// Why the occurrence was neither posted nor skipped; empty when it was.
+std::string FaultOf(OccurrenceResult result) {
+  switch (result) {
+    case OccurrenceResult::Done:
+    case OccurrenceResult::AlreadyPosted:
+      return {};
+    case OccurrenceResult::NotDue:
+      return "The schedule has been changed, and this payment is no longer due.";
+    case OccurrenceResult::ClosedAccount:
+      return "This Account is closed, Items cannot be amended";
+    case OccurrenceResult::EarlierPending:
+      return "An earlier payment of this schedule is still due. Please post or skip that one "
+             "first.";
+  }
+  return {};
+}
+
+// A copy of the schedule that begins where the original stands: what that one has posted must not
+// come a second time. 0 when there is none.
+std::int64_t PasteOnward(clsCorvanta& ledger, std::int64_t key) {
+  const std::vector<ScheduleDetails> schedules = ledger.Schedules();
+  const auto source = std::find_if(schedules.begin(), schedules.end(),
+                                   [key](const auto& row) { return row.scheduleId == key; });
+  const UndoLog::Step step = ledger.Undo().Begin("Paste Schedule");
+  const std::int64_t copy = ledger.PasteSchedule(key);
+  const auto pasted = ledger.ReadSchedule(copy);
+  if (source == schedules.end() || !source->nextDue || !pasted) return copy;
+  ScheduleRecord record = *pasted;
+  record.dateFrom = *source->nextDue;
+  if (record.noTimes > 0) record.noTimes = std::max(1, record.noTimes - source->posted);
+  return ledger.SaveSchedule(record);
+}
+
+}  // namespace
+
+void FrmMain::ConnectSchedules() {
+  On(actions_->mnuScheduleAdd, [this] { EditSchedule(0); });
+  On(actions_->mnuScheduleEdit, [this] { EditSchedule(scheduleView_->ChosenKey()); });
+  On(actions_->mnuScheduleDelete, [this] { DeleteSchedule(); });
+  On(actions_->mnuScheduleCopy, [this] { CopySchedule(); });
+  On(actions_->mnuSchedulePaste, [this] { PasteSchedule(); });
+  On(actions_->mnuReminderOpen, [this] { OpenReminder(); });
+  On(actions_->mnuReminderPost, [this] { PostReminder(); });
+  On(actions_->mnuReminderSkip, [this] { SkipReminder(); });
+  On(actions_->mnuViewReminders,
+     [this] { reminders_->setVisible(actions_->mnuViewReminders->isChecked()); });
+  connect(reminders_, &RemindersPanel::ChoiceChanged, this,
+          [this] { Guard([this] { MarkReminder(); }); });
+  auto* dayCheck = new QTimer(this);
+  connect(dayCheck, &QTimer::timeout, this, [this] { Guard([this] { TakeDay(); }); });
+  dayCheck->start(kDayCheck);
+}
+
+void FrmMain::EditSchedule(std::int64_t key) {
+  if (key == 0 && !CanAddTo(EntryAccount())) return;
+  ScheduleRequest request;
+  request.key = key;
+  request.accountId = EntryAccount();
+  const EntryResult result = OpenSchedule(request, EntryPlaceHere());
+  if (!result.isChanged) return;
+  TakeSchedules();
+  if (shown_.name == kScheduleShow) scheduleView_->ChooseKey(result.savedKey);
+}
+
+void FrmMain::EditScheduleOfRow() {
+  const RowMarks marks = session_.Ledger().MarksOf(registerView_->FocusedKey());
+  if (marks.scheduleId == 0) return;
+  if (session_.Ledger().ReadSchedule(marks.scheduleId)) return EditSchedule(marks.scheduleId);
+  platform_.prompts.Tell("Schedule Item",
+                         "The schedule that this item was made from is no longer there.");
+}
+
+void FrmMain::DeleteSchedule() {
+  const std::int64_t key = scheduleView_->ChosenKey();
+  if (shown_.name != kScheduleShow || key == 0) return;
+  if (ScheduleEditor(session_.Ledger(), platform_).Delete(key)) Reload();
+}
+
+void FrmMain::CopySchedule() {
+  const std::int64_t key = scheduleView_->ChosenKey();
+  if (key == 0) return;
+  QGuiApplication::clipboard()->setMimeData(
+      ToClip(ClipKind::Schedules, ToQt(session_.Path()), {key}, scheduleView_->ChosenText()));
+}
+
+void FrmMain::PasteSchedule() {
+  std::int64_t last = 0;
+  for (const std::int64_t key : FromClip(ClipKind::Schedules, ToQt(session_.Path()))) {
+    last = PasteOnward(session_.Ledger(), key);
+  }
+  if (last == 0) return;
+  TakeSchedules();
+  if (shown_.name == kScheduleShow) scheduleView_->ChooseKey(last);
+}
+
+void FrmMain::TakeSchedules() {
+  session_.PostSchedules();
+  Reload();
+}
+
+void FrmMain::ReadReminders() {
+  ReminderList list;
+  if (session_.IsOpen()) {
+    list = Reminders(session_.Ledger(), day_, settings_.RemindersUntil(day_));
+  }
+  const QString title = tr("Rem&inders");
+  actions_->mnuViewReminders->setText(
+      list.dueCount == 0 ? title : title + QStringLiteral(" (%1)").arg(list.dueCount));
+  reminders_->SetReminders(std::move(list));
+}
+
+void FrmMain::MarkReminder() {
+  const Reminder* chosen = session_.IsOpen() ? reminders_->Chosen() : nullptr;
+  const bool isWaiting = chosen != nullptr && !chosen->IsPosted();
+  actions_->mnuReminderOpen->setEnabled(chosen != nullptr);
+  actions_->mnuReminderPost->setEnabled(isWaiting);
+  actions_->mnuReminderSkip->setEnabled(isWaiting);
+}
+
+void FrmMain::OpenReminder() {
+  const Reminder* chosen = reminders_->Chosen();
+  if (chosen == nullptr) return;
+  if (!chosen->IsPosted()) return EditSchedule(chosen->scheduleId);
+  const std::int64_t key = chosen->transactionId;
+  const auto row = session_.Ledger().ReadTransaction(key);
+  if (row) ShowTransaction(row->accountId, key);
+}
+
+void FrmMain::PostReminder() {
+  const Reminder* chosen = reminders_->Chosen();
+  if (chosen == nullptr || chosen->IsPosted()) return;
+  const std::string fault =
+      FaultOf(session_.Posting().PostOccurrence(chosen->scheduleId, chosen->due));
+  if (!fault.empty()) platform_.prompts.Tell(kReminders, fault);
+  Reload();
+}
+
+void FrmMain::SkipReminder() {
+  const Reminder* chosen = reminders_->Chosen();
+  if (chosen == nullptr || chosen->IsPosted()) return;
+  const std::string fault =
+      FaultOf(session_.Posting().SkipOccurrence(chosen->scheduleId, chosen->due));
+  if (!fault.empty()) platform_.prompts.Tell(kReminders, fault);
+  Reload();
+}
+
+void FrmMain::TakeDay() {
+  const Date today = platform_.clock.Today();
+  // A window in front works on rows that must not change below it.
+  if (today == day_ || QApplication::activeModalWidget() != nullptr) return;
+  day_ = today;
+  calendar_->SetToday(ToQt(day_));
+  registerView_->SetToday(day_);
+  if (!session_.IsOpen()) return;
+  TakeSchedules();
+}
+
+}  // namespace corvanta

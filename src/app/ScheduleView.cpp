@@ -1,0 +1,99 @@
+#include "app/ScheduleView.h"
+
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "controls/TabularText.h"
+#include "platform/Locale.h"
+
+#include <QApplication>
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+std::vector<ListColumn> Columns(const Locale& locale) {
+  const QFontMetrics metrics(QApplication::font());
+  const auto text = [&](const QString& sample) {
+    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
+  };
+  const Date longDate = *Date::FromYmd(2028, 12, 28);
+  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 3 * kRhythm;
+  return {{ScheduleView::tr("Next Due"), text(ToQt(locale.FormatShortDate(longDate))) + kRhythm, 0},
+          {ScheduleView::tr("Account"), text(QStringLiteral("An account")), 2},
+          {ScheduleView::tr("Payee"), text(QStringLiteral("A payee's name")), 3},
+          {ScheduleView::tr("Category"), text(QStringLiteral("Category:Sub-category")), 3},
+          {ScheduleView::tr("Frequency"), text(QStringLiteral("Every 4 Weeks")), 1},
+          {ScheduleView::tr("Payments"), text(QStringLiteral("Payments")), 0, true},
+          {ScheduleView::tr("Automatic"), text(QStringLiteral("Automatic")), 0},
+          {ScheduleView::tr("Amount"), money, 0, true},
+          {ScheduleView::tr("Description"), text(QStringLiteral("Description")), 2}};
+}
+
+QString Automatic(AddToAccount add) {
+  switch (add) {
+    case AddToAccount::Ahead:
+      return ScheduleView::tr("Ahead");
+    case AddToAccount::WhenDue:
+      return ScheduleView::tr("When due");
+    case AddToAccount::No:
+      break;
+  }
+  return ScheduleView::tr("No");
+}
+
+QString CategoryOf(const ScheduleDetails& schedule) {
+  if (schedule.hasLines) return ScheduleView::tr("Split");
+  const QString category = ToQt(schedule.category);
+  return schedule.subCategory.empty() ? category : category + u':' + ToQt(schedule.subCategory);
+}
+
+}  // namespace
+
+ScheduleView::ScheduleView(const Locale& locale, QAction* addAction, QWidget* parent)
+    : ReferenceView("lvschedule", tr("Schedules"), Columns(locale), {0, false}, parent),
+      addAction_(addAction),
+      locale_(locale) {}
+
+ListRow ScheduleView::RowFor(const ScheduleDetails& schedule) const {
+  const bool isOver = schedule.isFinished || !schedule.nextDue;
+  ListCell next{tr("Finished"), 1e9, false, true};
+  if (!isOver) {
+    next = {ToQt(locale_.FormatShortDate(*schedule.nextDue)),
+            static_cast<double>(schedule.nextDue->Serial())};
+  }
+  ListCell payments{tr("No end"), 1e9, false, true};
+  if (schedule.noTimes != 0) {
+    const int left = std::max(0, schedule.noTimes - schedule.posted);
+    payments = {tr("%1 left").arg(left), static_cast<double>(left), false, isOver};
+  }
+  QString account = ToQt(schedule.account);
+  if (schedule.accountClosed) account += tr(" [Closed] ");
+  const QString payee = schedule.IsTransfer() ? tr("To %1").arg(ToQt(schedule.transferAccount))
+                                              : ToQt(schedule.payee);
+  return {schedule.scheduleId,
+          {next,
+           {account, std::nullopt, false, schedule.accountClosed},
+           {payee},
+           {CategoryOf(schedule)},
+           {ToQt(schedule.periodName)},
+           payments,
+           {Automatic(schedule.addToAccount)},
+           {ToQt(locale_.FormatNumber(schedule.amount)), schedule.amount},
+           {ToQt(schedule.description)}},
+          ToQt(schedule.currency)};
+}
+
+void ScheduleView::ShowSchedules(const std::vector<ScheduleDetails>& schedules) {
+  std::vector<ListRow> rows;
+  for (const ScheduleDetails& schedule : schedules) rows.push_back(RowFor(schedule));
+  const auto count = static_cast<qulonglong>(rows.size());
+  Fill(std::move(rows), tr("What is paid again and again, the next due first"),
+       count == 1 ? tr("1 schedule") : tr("%1 schedules").arg(locale().toString(count)), QString(),
+       {QStringLiteral("schedule"), tr("No schedules yet"),
+        tr("Rent, salary, a monthly saving: say once when it comes, and it stands in the account "
+           "in time."),
+        addAction_});
+}
+
+}  // namespace corvanta

@@ -1,0 +1,166 @@
+#include "app/RegisterModel.h"
+#include "app/RegisterView.h"
+#include "app/WindowTest.h"
+#include "controls/SortedTable.h"
+#include "support/DialogTest.h"
+#include "support/LedgerProblems.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeWidget>
+
+namespace corvanta {
+namespace {
+
+// Schedules, their posting and the reminders, from the main window.
+class ScheduleCommands : public DialogTest<WindowTest> {
+ protected:
+  void Start() {
+    OpenData(true);
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Purse',2,17,100,0)");
+    ShowWindow();
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  }
+  void TearDown() override {
+    if (!session_.IsOpen()) return;
+    EXPECT_EQ(LedgerProblems(session_.Ledger().Store()), std::vector<std::string>());
+  }
+  // A monthly payment that begins so many months from today.
+  std::int64_t AddSchedule(int months, double amount, AddToAccount add) {
+    clsCorvanta& ledger = session_.Ledger();
+    ScheduleRecord record;
+    record.accountId = 1;
+    record.categoryId = 2;
+    record.paymentId = ledger.FindOrCreatePayment("Bank");
+    record.payeeId = ledger.FindOrCreatePayee("Landlord");
+    for (const PeriodRecord& period : ledger.Periods()) {
+      if (period.period == "m") record.periodId = period.periodId;
+    }
+    record.amount = amount;
+    record.dateFrom = machine_.clock.Today().AddDays(30 * months);
+    record.addToAccount = add;
+    return ledger.SaveSchedule(record);
+  }
+  SortedTable& List() { return WindowTest::Find<SortedTable>("lvschedule"); }
+  QTreeWidget& Reminders() { return WindowTest::Find<QTreeWidget>("tvReminders"); }
+  int Posted() {
+    return static_cast<int>(
+        session_.Ledger()
+            .Store()
+            .QueryValue("Select Count(*) from tblTransactions Where BankSch <> 0")
+            .Int());
+  }
+  QString RibbonText() { return WindowTest::Find<QAction>("mnuViewReminders").text(); }
+};
+
+TEST_F(ScheduleCommands, ASavedScheduleStandsInTheListAndInTheAccount) {
+  Start();
+  Trigger("mnuViewSchedules");
+  EXPECT_EQ(window_->Shown().name, kScheduleShow);
+  InNextDialog([](QDialog& form) {
+    EXPECT_EQ(form.objectName(), QStringLiteral("FrmSchedule"));
+    Type(form, "txtAmount", QStringLiteral("500"));
+    Type(form, "cmbPayee", QStringLiteral("Landlord"));
+    Type(form, "cmbCategory", QStringLiteral("Debit"));
+    Type(form, "cmbPayment", QStringLiteral("Bank"));
+    Find<QAbstractButton>(form, "chkAutomated").setChecked(true);
+    Click(form, "cmdAccept");
+  });
+  List().setFocus();
+  Trigger("mnuScheduleAdd");
+  ASSERT_EQ(List().model()->rowCount(), 1);
+  EXPECT_GE(Posted(), 1) << "the pass runs after schedules change";
+  window_->Show({kTransactionShow, 1});
+  const auto& rows =
+      static_cast<const RegisterModel&>(*WindowTest::Find<SortedTable>("lvbank").model());
+  EXPECT_EQ(rows.rowCount(), Posted());
+  window_->findChild<RegisterView*>()->ChooseKey(rows.Row(0).transactionId);
+  QString opened;
+  InNextDialog([&opened](QDialog& form) { opened = form.objectName(); });
+  Trigger("mnuTransSchedule");
+  EXPECT_EQ(opened, QStringLiteral("FrmSchedule"));
+}
+
+TEST_F(ScheduleCommands, SchedulesAreCopiedAndDeleted) {
+  Start();
+  AddSchedule(1, -20, AddToAccount::No);
+  Trigger("mnuViewSchedules");
+  List().selectRow(0);
+  List().setFocus();
+  QTest::keyClick(&List(), Qt::Key_C, Qt::ControlModifier);
+  QTest::keyClick(&List(), Qt::Key_V, Qt::ControlModifier);
+  ASSERT_EQ(List().model()->rowCount(), 2);
+  machine_.prompts.ExpectAsk("Delete Item?", "Do you wish to delete this item?", false);
+  QTest::keyClick(&List(), Qt::Key_Delete);
+  EXPECT_EQ(List().model()->rowCount(), 2);
+  machine_.prompts.ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
+  QTest::keyClick(&List(), Qt::Key_Delete);
+  EXPECT_EQ(List().model()->rowCount(), 1);
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(List().model()->rowCount(), 2);
+}
+
+TEST_F(ScheduleCommands, ACopyBeginsWhereItsOriginalStands) {
+  Start();
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "NoShedule", "1 Month");
+  AddSchedule(-6, -20, AddToAccount::Ahead);
+  session_.PostSchedules();
+  const int posted = Posted();
+  ASSERT_GE(posted, 6);
+  Trigger("mnuViewSchedules");
+  List().selectRow(0);
+  Trigger("mnuScheduleCopy");
+  Trigger("mnuSchedulePaste");
+  EXPECT_EQ(List().model()->rowCount(), 2);
+  EXPECT_EQ(Posted(), posted) << "nothing comes a second time";
+}
+
+TEST_F(ScheduleCommands, RemindersArePostedAndSkippedWithOneKeyEach) {
+  Start();
+  EXPECT_TRUE(WindowTest::Find<QLabel>("lblNoReminders").isVisible());
+  AddSchedule(0, -20, AddToAccount::No);
+  AddSchedule(-3, -7, AddToAccount::No);
+  Trigger("mnuViewRefresh");
+  EXPECT_FALSE(WindowTest::Find<QLabel>("lblNoReminders").isVisible());
+  ASSERT_GE(Reminders().topLevelItemCount(), 1);
+  QTreeWidgetItem* overdue = Reminders().topLevelItem(0);
+  EXPECT_EQ(overdue->text(0), QStringLiteral("Overdue Items"));
+  const QString before = RibbonText();
+  EXPECT_TRUE(before.contains(u'('));
+  Reminders().setCurrentItem(overdue->child(0));
+  Reminders().setFocus();
+  QTest::keyClick(&Reminders(), Qt::Key_P);
+  EXPECT_EQ(Posted(), 1);
+  EXPECT_NE(RibbonText(), before);
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Posted(), 0);
+  EXPECT_EQ(RibbonText(), before);
+  Reminders().setCurrentItem(Reminders().topLevelItem(0)->child(0));
+  Reminders().setFocus();
+  QTest::keyClick(&Reminders(), Qt::Key_S);
+  EXPECT_EQ(Posted(), 0);
+  EXPECT_NE(RibbonText(), before) << "a skipped one stays skipped";
+}
+
+TEST_F(ScheduleCommands, TheForecastIsMarkedAndItsLowestPointNamed) {
+  Start();
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "NoShedule", "6 Months");
+  AddSchedule(1, -60, AddToAccount::Ahead);
+  session_.PostSchedules();
+  window_->Show({kTransactionShow, 1});
+  const auto& rows =
+      static_cast<const RegisterModel&>(*WindowTest::Find<SortedTable>("lvbank").model());
+  ASSERT_GE(rows.rowCount(), 3);
+  EXPECT_TRUE(rows.IsAhead(rows.rowCount() - 1));
+  EXPECT_TRUE(rows.data(rows.index(0, RegisterModel::kPayee), Qt::AccessibleTextRole)
+                  .toString()
+                  .contains(QStringLiteral("still to come")));
+  const QLabel* details = window_->findChild<RegisterView*>()->findChild<QLabel*>("lblDetails");
+  EXPECT_TRUE(details->text().contains(QStringLiteral("lowest ahead: -")))
+      << details->text().toStdString();
+}
+
+}  // namespace
+}  // namespace corvanta
