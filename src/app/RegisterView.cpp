@@ -122,7 +122,7 @@ void RegisterView::RequestMenu(QPoint place) {
 
 void RegisterView::ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
                                const PeriodTotals& totals) {
-  header_->Show(ToQt(AccountCaption(account)), Details(account) + Ahead(account, rows));
+  header_->Show(ToQt(AccountCaption(account)), Ahead(account, rows) + Details(account));
   const auto count = static_cast<qulonglong>(rows.size());
   totals_->Show(
       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
@@ -196,10 +196,10 @@ void RegisterView::SetToday(Date today) {
 QString RegisterView::Ahead(const AccountRow& account, const std::vector<RegisterRow>& rows) const {
   const std::optional<LowestPoint> lowest = LowestAhead(rows, today_);
   if (!lowest) return {};
-  return QStringLiteral("  ·  ") + tr("lowest ahead: %1 %2 on %3")
-                                       .arg(ToQt(locale_.FormatNumber(lowest->balance)),
-                                            ToQt(account.currency),
-                                            ToQt(locale_.FormatShortDate(lowest->day)));
+  return tr("Lowest ahead: %1 %2 on %3")
+             .arg(ToQt(locale_.FormatNumber(lowest->balance)), ToQt(account.currency),
+                  ToQt(locale_.FormatShortDate(lowest->day))) +
+         QStringLiteral("  ·  ");
 }
 
 void RegisterView::GoToToday() {
@@ -255,6 +255,12 @@ std::vector<int> RegisterView::ChosenRows() const {
   }
   std::sort(rows.begin(), rows.end());
   return rows;
+}
+
+std::vector<std::int64_t> RegisterView::ShownKeys() const {
+  std::vector<std::int64_t> keys;
+  for (int row = 0; row < model_->rowCount(); ++row) keys.push_back(model_->Row(row).transactionId);
+  return keys;
 }
 
 std::vector<std::int64_t> RegisterView::ChosenKeys() const {

@@ -58,6 +58,8 @@ class RegisterView : public QWidget {
   void SetDates(const DateRange& dates);
   void SetPeriod(const std::optional<DateRange>& period);
 
+  // All rows from the first to the last.
+  [[nodiscard]] std::vector<std::int64_t> ShownKeys() const;
   // The chosen rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
   // The chosen row that has the focus, or else the first chosen one; 0 when none is chosen.

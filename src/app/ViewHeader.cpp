@@ -5,6 +5,8 @@
 
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace corvanta {
 
 ViewHeader::ViewHeader(QWidget* parent)
@@ -29,7 +31,19 @@ QString ViewHeader::Title() const {
 
 void ViewHeader::Show(const QString& title, const QString& details) {
   title_->setText(title);
-  details_->setText(details);
+  text_ = details;
+  details_->setToolTip(details);
+  Elide();
+}
+
+void ViewHeader::Elide() {
+  const int width = details_->contentsRect().width();
+  details_->setText(details_->fontMetrics().elidedText(text_, Qt::ElideRight, std::max(width, 1)));
+}
+
+void ViewHeader::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Elide();
 }
 
 }  // namespace corvanta

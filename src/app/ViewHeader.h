@@ -15,7 +15,13 @@ class ViewHeader : public QWidget {
   void Show(const QString& title, const QString& details);
   [[nodiscard]] QString Title() const;
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  void Elide();
+
+  QString text_;
   QLabel* title_;
   QLabel* details_;
 };

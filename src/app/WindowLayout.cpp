@@ -69,7 +69,7 @@ WindowLayout ReadLayout(Registry& registry) {
   layout.categoriesWidths = ToQt(settings.Text(Setting::chC));
   layout.payeesWidths = ToQt(settings.Text(Setting::chP));
   layout.schedulesWidths = ToQt(settings.Text(Setting::chS));
-  layout.showsReminders = ReadText(registry, kReminders) != QStringLiteral("0");
+  layout.showsReminders = ReadText(registry, kReminders) == QStringLiteral("1");
   // The columns are counted from 1 there, as 0 stands for none.
   layout.sort = {settings.Number(Setting::ColNo) - 1, settings.Number(Setting::ColSort) == 1};
   return layout;

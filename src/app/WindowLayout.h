@@ -25,9 +25,9 @@ struct WindowLayout {
   QString categoriesWidths;
   QString payeesWidths;
   QString schedulesWidths;
-  bool showsReminders = true;
-  SortState sort;   // of the list last shown
-  DateRange dates;  // of the register; written only
+  bool showsReminders = false;  // folded at first: the register needs the width
+  SortState sort;               // of the list last shown
+  DateRange dates;              // of the register; written only
   bool isDatesInForce = false;
 };
 

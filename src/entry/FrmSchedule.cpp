@@ -142,9 +142,7 @@ bool FrmSchedule::Load(std::int64_t key) {
 }
 
 void FrmSchedule::Prefill(const TransactionForm& transaction) {
-  ScheduleForm form = editor_.From(transaction);
-  form.dateFrom = transaction.date;
-  Show(form);
+  Show(editor_.From(transaction));
 }
 
 void FrmSchedule::Show(const ScheduleForm& form) {

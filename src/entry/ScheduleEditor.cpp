@@ -64,6 +64,11 @@ ScheduleForm ScheduleEditor::From(const TransactionForm& transaction) {
   form.amount = transaction.amount;
   form.reference = transaction.reference;
   form.description = transaction.description;
+  form.dateFrom = transaction.date;
+  if (transaction.transactionId == 0) return form;
+  // That payment is in the account already.
+  const std::vector<Date> dates = NextDates(form, 2);
+  if (dates.size() == 2) form.dateFrom = dates.back();
   return form;
 }
 

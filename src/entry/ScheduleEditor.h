@@ -52,7 +52,8 @@ class ScheduleEditor {
   [[nodiscard]] std::optional<Warning> CheckOpen();
   // A monthly expense from today on, without end, posted by hand, in that account (0 for none).
   [[nodiscard]] ScheduleForm New(std::int64_t accountId);
-  // A new one for what the transaction is.
+  // A new one for what the transaction is, from its day on; of a saved transaction from the day
+  // that the next payment is due.
   [[nodiscard]] ScheduleForm From(const TransactionForm& transaction);
   // A split line shows the schedule that it is a line of. nullopt when there is no such schedule.
   [[nodiscard]] std::optional<ScheduleForm> Load(std::int64_t key);

@@ -142,9 +142,9 @@ TEST_F(MainWindow, EmptyViewsSayWhatToDo) {
   const auto buttons = window_->findChildren<QPushButton*>(QStringLiteral("cmdEmptyState"));
   ASSERT_TRUE(std::any_of(buttons.begin(), buttons.end(),
                           [](const QPushButton* button) { return button->isVisible(); }));
-  EXPECT_TRUE(Find<QLabel>("lblNoReminders").isVisible());
-  Trigger("mnuViewReminders");
   EXPECT_FALSE(Find<QWidget>("pnlReminders").isVisible()) << "folded";
+  Trigger("mnuViewReminders");
+  EXPECT_TRUE(Find<QLabel>("lblNoReminders").isVisible());
 }
 
 TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {

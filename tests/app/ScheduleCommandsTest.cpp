@@ -20,6 +20,7 @@ class ScheduleCommands : public DialogTest<WindowTest> {
     Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
         "VALUES ('Purse',2,17,100,0)");
     ShowWindow();
+    Trigger("mnuViewReminders");
     window_->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
   }
@@ -158,8 +159,8 @@ TEST_F(ScheduleCommands, TheForecastIsMarkedAndItsLowestPointNamed) {
                   .toString()
                   .contains(QStringLiteral("still to come")));
   const QLabel* details = window_->findChild<RegisterView*>()->findChild<QLabel*>("lblDetails");
-  EXPECT_TRUE(details->text().contains(QStringLiteral("lowest ahead: -")))
-      << details->text().toStdString();
+  EXPECT_TRUE(details->toolTip().contains(QStringLiteral("Lowest ahead: -")))
+      << details->toolTip().toStdString();
 }
 
 }  // namespace

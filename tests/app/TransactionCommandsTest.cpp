@@ -106,7 +106,7 @@ TEST_F(TransactionCommands, ThePopUpMenuFollowsTheRow) {
   EXPECT_NE(PopUp(), "(closed)");
   Table().clearSelection();
   EXPECT_EQ(OpenedBy([&] { QApplication::sendEvent(Table().viewport(), &byKey); }),
-            "FrmAccountTrans")
+            "FrmAccountAuto")
       << "nothing is chosen: one is added";
   EXPECT_EQ(PopUp(), "(closed)");
 }

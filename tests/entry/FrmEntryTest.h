@@ -33,7 +33,10 @@ class FrmEntryTest : public DialogTest<EntryTest> {
   // In the field that has the focus, followed by the key that leaves it.
   static void Keys(QDialog& dialog, const QString& text, Qt::Key then = Qt::Key_Tab) {
     QTest::keyClicks(dialog.focusWidget(), text);
-    if (QWidget* completions = QApplication::activePopupWidget()) completions->hide();
+    if (QWidget* completions = QApplication::activePopupWidget()) {
+      completions->hide();
+      ComeForward(dialog);
+    }
     QTest::keyClick(dialog.focusWidget(), then);
   }
   [[nodiscard]] std::int64_t LastKey() {

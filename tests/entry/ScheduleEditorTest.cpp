@@ -201,6 +201,10 @@ TEST_F(ScheduleEditorTest, IsFilledFromATransaction) {
   transaction.amount = 12;
   transaction.reference = "R";
   transaction.description = "D";
+  transaction.date = Today();
+  transaction.transactionId = 7;
+  EXPECT_EQ(editor_.From(transaction).dateFrom, Today().AddMonths(1)) << "today's is booked";
+  transaction.transactionId = 0;
   const ScheduleForm form = editor_.From(transaction);
   EXPECT_EQ(form.scheduleId, 0);
   EXPECT_EQ(form.dateFrom, Today());
