@@ -10,8 +10,10 @@
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
 #include "cli/DeleteCommand.h"
+#include "cli/ExportCommand.h"
 #include "cli/EditCommand.h"
 #include "cli/GroupCommand.h"
+#include "cli/ImportCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
 #include "cli/MergeCommand.h"
@@ -178,6 +180,8 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<GroupCommand>());
   add(std::make_unique<KeywordCommand>());
   add(std::make_unique<MergeCommand>());
+  add(std::make_unique<ImportCommand>());
+  add(std::make_unique<ExportCommand>());
   add(std::make_unique<RateCommand>());
 }
 

@@ -1,9 +1,14 @@
 // Makes transfers of imported rows.
 #include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/TextCase.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 
 namespace corvanta {
 namespace {
@@ -13,7 +18,7 @@ struct Half {
   std::int64_t accountId = 0;
   std::int64_t currencyId = 0;
   double amount = 0;
-  Date date;
+  std::string date;  // the day, ISO
   std::int64_t payeeId = 0;
   std::string otherAccount;
 };
@@ -33,6 +38,8 @@ Half ReadHalf(const Recordset& row) {
   half.accountId = row.Int("AccountID");
   half.currencyId = row.Int("CurrencyId");
   half.amount = row.Double("Amount");
+  half.date = row.Text("Date").substr(0, 10);
+  half.payeeId = row.Int("PayeeID");
   return half;
 }
 
@@ -41,9 +48,7 @@ std::vector<Half> ReadImported(Connection& store) {
   Recordset rows = store.OpenRecordset(kImported);
   for (; !rows.Eof(); rows.MoveNext()) {
     Half half = ReadHalf(rows);
-    half.date = Date::FromIso(rows.Text("Date").substr(0, 10)).value_or(Date());
-    half.payeeId = rows.Int("PayeeID");
-    half.otherAccount = rows.Text("TransferAccount");
+    half.otherAccount = FoldCase(rows.Text("TransferAccount"));
     halves.push_back(std::move(half));
   }
   return halves;
@@ -55,33 +60,76 @@ bool Match(const Half& a, const Half& b) {
   return RoundMoney(a.amount + b.amount) == 0;
 }
 
-bool IsFree(Connection& store, std::int64_t transactionId) {
-  const std::string key = SqlNumber(transactionId);
-  return store.QueryValue("Select TransferID from tblTransactions Where TransactionID = " + key)
-                 .Int() == 0 &&
-         store.QueryValue("Select TransactionID from tblTransactions Where AllocatedItem = " + key)
-             .IsNull();
-}
+// The rows that may be other halves, by account, day and payee. They are read once: a search for
+// each of the imported rows would read the days on which there are many over and over.
+class Partners {
+ public:
+  Partners(Connection& store, const std::vector<Half>& imported) {
+    ReadSplits(store);
+    std::string first = imported.front().date;
+    std::string last = first;
+    std::unordered_set<std::string> names;
+    for (const Half& half : imported) {
+      first = std::min(first, half.date);
+      last = std::max(last, half.date);
+      names.insert(half.otherAccount);
+    }
+    ReadRows(store, names, first, last);
+  }
 
-// The key of the row that is the other half, 0 when there is none.
-std::optional<Half> FindPartner(Connection& store, const Half& half) {
-  std::vector<Half> candidates;
-  {
+  // A split cannot be half of a transfer without losing its lines.
+  [[nodiscard]] bool IsSplit(std::int64_t transactionId) const {
+    return splits_.contains(transactionId);
+  }
+
+  // Marks both as linked. nullptr when there is none.
+  Half* Take(const Half& half) {
+    const auto found = rows_.find(Place(half.otherAccount, half.date, half.payeeId));
+    if (found == rows_.end() || linked_.contains(half.transactionId)) return nullptr;
+    for (Half& candidate : found->second) {
+      if (linked_.contains(candidate.transactionId) || !Match(half, candidate)) continue;
+      linked_.insert(half.transactionId);
+      linked_.insert(candidate.transactionId);
+      return &candidate;
+    }
+    return nullptr;
+  }
+
+ private:
+  static std::string Place(const std::string& account, const std::string& date,
+                           std::int64_t payeeId) {
+    return date + " " + SqlNumber(payeeId) + " " + account;
+  }
+
+  void ReadSplits(Connection& store) {
     Recordset rows = store.OpenRecordset(
-        "Select T.TransactionID, T.Amount, T.AccountID, A.CurrencyId FROM tblAccounts A INNER JOIN "
-        "tblTransactions T ON A.AccountID = T.AccountID  WHERE A.Account = " +
-        SqlText(half.otherAccount) + " AND T.[Date] =" + SqlDate(half.date) +
-        " AND T.PayeeID = " + SqlNumber(half.payeeId) +
+        "Select distinct AllocatedItem from tblTransactions WHERE AllocatedItem <> 0");
+    for (; !rows.Eof(); rows.MoveNext()) splits_.insert(rows.Int(0));
+  }
+
+  void ReadRows(Connection& store, const std::unordered_set<std::string>& names,
+                const std::string& first, const std::string& last) {
+    const DateTime end{Date::FromIso(last).value_or(Date()), 86399};
+    Recordset rows = store.OpenRecordset(
+        "Select A.Account, T.TransactionID, T.Amount, T.[Date], T.PayeeID, T.AccountID, "
+        "A.CurrencyId FROM tblAccounts A INNER JOIN tblTransactions T ON A.AccountID = T.AccountID "
+        " WHERE T.[Date] Between " +
+        SqlDate(Date::FromIso(first).value_or(Date())) + " AND " + SqlDate(end) +
         " AND T.AllocatedItem = 0 AND T.[Action] = 0 AND TransferID = 0 "
         "ORDER by T.TransactionID ASC");
-    for (; !rows.Eof(); rows.MoveNext()) candidates.push_back(ReadHalf(rows));
+    for (; !rows.Eof(); rows.MoveNext()) {
+      const std::string account = FoldCase(rows.Text("Account"));
+      if (!names.contains(account)) continue;
+      Half half = ReadHalf(rows);
+      if (IsSplit(half.transactionId)) continue;
+      rows_[Place(account, half.date, half.payeeId)].push_back(std::move(half));
+    }
   }
-  for (const Half& candidate : candidates) {
-    // A split cannot be half of a transfer without losing its lines.
-    if (Match(half, candidate) && IsFree(store, candidate.transactionId)) return candidate;
-  }
-  return std::nullopt;
-}
+
+  std::unordered_map<std::string, std::vector<Half>> rows_;
+  std::unordered_set<std::int64_t> splits_;
+  std::unordered_set<std::int64_t> linked_;
+};
 
 }  // namespace
 
@@ -94,16 +142,19 @@ int clsCorvanta::LinkImportedTransfers() {
   const std::int64_t debit = FindOrCreateCategory("Debit", {}, -1);
   const std::int64_t credit = FindOrCreateCategory("Credit", {}, 1);
   const auto link = [&](const Half& half, std::int64_t other) {
-    connection_.Execute("UPDATE tblTransactions SET TransferID = " + SqlNumber(other) +
-                        ", PayeeID = " + SqlNumber(payee) +
-                        ", CategoryID = " + SqlNumber(half.amount < 0 ? debit : credit) +
-                        " WHERE TransactionID = " + SqlNumber(half.transactionId));
+    Recordset row = connection_.OpenRecordset(
+        "Select * from tblTransactions Where TransactionID = " + SqlNumber(half.transactionId));
+    row.Set("TransferID", other);
+    row.Set("PayeeID", payee);
+    row.Set("CategoryID", half.amount < 0 ? debit : credit);
+    row.Update();
   };
+  Partners partners(connection_, imported);
   int pairs = 0;
   for (const Half& half : imported) {
-    if (!IsFree(connection_, half.transactionId)) continue;
-    const std::optional<Half> partner = FindPartner(connection_, half);
-    if (!partner) continue;
+    if (partners.IsSplit(half.transactionId)) continue;
+    const Half* partner = partners.Take(half);
+    if (partner == nullptr) continue;
     link(half, partner->transactionId);
     link(*partner, half.transactionId);
     ++pairs;

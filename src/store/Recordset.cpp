@@ -62,8 +62,10 @@ class Recordset::Impl {
     return nullptr;
   }
 
+  // OR FAIL: one row is refused before anything of it is written. The library would otherwise keep,
+  // and encipher, every page that the row changes, in order to take it back.
   void Insert(const TableDef& table) {
-    std::string sql = "INSERT INTO " + QuoteName(table.name);
+    std::string sql = "INSERT OR FAIL INTO " + QuoteName(table.name);
     std::string marks;
     for (const auto& [name, value] : set_) {
       sql += (marks.empty() ? " (" : ", ") + QuoteName(name);
@@ -74,12 +76,12 @@ class Recordset::Impl {
     key_ = KeyColumn(table) != nullptr ? sqlite3_last_insert_rowid(connection_.Database()) : 0;
   }
 
-  // The current row is found by its key; a table without one holds a single row.
+  // The current row is found by its key; a table without one holds a single row. OR FAIL as above.
   void Change(const TableDef& table) {
     if (!hasRow_) throw StoreError(StoreErrorCode::Sql, "There is no current row to change.");
     if (set_.empty()) return;
     const ColumnDef* key = KeyColumn(table);
-    std::string sql = "UPDATE " + QuoteName(table.name);
+    std::string sql = "UPDATE OR FAIL " + QuoteName(table.name);
     bool first = true;
     for (const auto& [name, value] : set_) {
       sql += (first ? " SET " : ", ") + QuoteName(name) + " = ?";

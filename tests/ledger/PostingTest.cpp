@@ -110,6 +110,20 @@ TEST_F(PostingTest, ClosedAccountsGetNothing) {
   EXPECT_EQ(Pass().occurrences, 4U);
 }
 
+// As another program may leave it: one of the accounts is not in the file.
+TEST_F(PostingTest, AccountsThatAreGoneGetNothing) {
+  ScheduleRecord plan = Plan("m", "2026-11-05");
+  plan.transferAccountId = savings_;
+  const std::int64_t into = Save(plan);
+  const std::int64_t own = Save(Plan("m", "2026-11-05"));
+  Run("UPDATE tblSchedule SET TfrAccountID = 999 WHERE ScheduleID = " + std::to_string(into));
+  Run("UPDATE tblSchedule SET AccountID = 999 WHERE ScheduleID = " + std::to_string(own));
+  EXPECT_EQ(Pass().occurrences, 0U);
+  EXPECT_EQ(Post(into, "2026-11-05"), OccurrenceResult::ClosedAccount);
+  EXPECT_EQ(Post(own, "2026-11-05"), OccurrenceResult::ClosedAccount);
+  Run("DELETE FROM tblSchedule");
+}
+
 TEST_F(PostingTest, SplitLinesGoWithTheirSchedule) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-05", 2));
   SaveLine(schedule, -25.5, "Flat");
@@ -312,6 +326,10 @@ TEST_F(PostingTest, TheScheduleThatFailsTakesNothingAlong) {
   EXPECT_EQ(Posted(twice).size(), 0U);
   EXPECT_FALSE(Db().InTransaction());
   EXPECT_EQ(store_.platform.progress.Status(), "");
+  // One that is posted alone leaves nothing open either, while the program goes on.
+  SchedulePosting posting(ledger_, store_.platform.Get(), rates_);
+  EXPECT_THROW(posting.PostOccurrence(twice, Day("2026-11-05")), std::exception);
+  EXPECT_FALSE(Db().InTransaction());
 }
 
 TEST_F(PostingTest, APassIsOneStepToUndo) {

@@ -16,8 +16,8 @@ class RemindersTest : public PostingTest {
     }
     return texts;
   }
-  ReminderList Look(std::optional<Date> until = Day("2026-11-28")) {
-    return Reminders(ledger_, Day("2026-11-21"), until);
+  ReminderList Look(std::optional<Date> until = Day("2026-11-28"), bool withOverdue = true) {
+    return Reminders(ledger_, Day("2026-11-21"), until, withOverdue);
   }
 };
 
@@ -67,6 +67,17 @@ TEST_F(RemindersTest, TransfersStandForBothAccounts) {
   EXPECT_EQ(list.dueCount, 1U);
   Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
   EXPECT_TRUE(Look().IsEmpty());
+}
+
+TEST_F(RemindersTest, OverdueItemsCanBeLeftOut) {
+  Save(Plan("ww", "2026-11-07", 0, AddToAccount::No));
+  Save(Plan("ww", "2026-11-13"));
+  Pass();
+  ASSERT_EQ(Look().overdue.size(), 3U);
+  const ReminderList list = Look(Day("2026-11-28"), false);
+  EXPECT_TRUE(list.overdue.empty());
+  EXPECT_EQ(Texts(list.future), Texts(Look().future));
+  EXPECT_EQ(list.dueCount, 1U) << "today's";
 }
 
 TEST_F(RemindersTest, NothingOfFinishedSchedules) {

@@ -124,6 +124,30 @@ TEST_F(Schedule, AChangeMakesItsForecastsAnew) {
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10", "2027-01-10"}));
 }
 
+TEST_F(Schedule, ForecastsOfATransferStayWhereItsOtherHalfWasTouched) {
+  LookAhead("6 Months");
+  ScheduleRecord plan = Plan("m", "2026-12-10");
+  plan.transferAccountId = savings_;
+  const std::int64_t schedule = Save(plan);
+  Pass();
+  ASSERT_EQ(Posted(schedule).size(), 6U);
+  const auto twin = [&](const char* due) {
+    return *ledger_.ReadTransaction(ledger_.ReadTransaction(RowOf(schedule, due))->transferId);
+  };
+  ledger_.SetStatus(twin("2026-12-10").transactionId, 1, 1, 0);
+  LinkAndAttach(twin("2027-01-10").transactionId);
+  TransactionRecord named = twin("2027-02-10");
+  named.description = "for the holidays";
+  ledger_.SaveTransaction(named);
+  ScheduleRecord dearer = *ledger_.ReadSchedule(schedule);
+  dearer.amount = -50;
+  ledger_.SaveSchedule(dearer);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-12-10", "2027-01-10", "2027-02-10"}));
+  Pass();
+  EXPECT_EQ(Amount(RowOf(schedule, "2027-02-10")), -40);
+  EXPECT_EQ(twin("2027-03-10").amount, 50);
+}
+
 TEST_F(Schedule, AChangedLineMakesForecastsAnew) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-15", 0));
   SaveLine(schedule, -10);

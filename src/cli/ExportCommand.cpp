@@ -1,0 +1,40 @@
+#include "cli/ExportCommand.h"
+
+#include "cli/Session.h"
+#include "exchange/FileExport.h"
+#include "ledger/clsCorvanta.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta {
+
+CLI::App* ExportCommand::Declare(CLI::App& parser) {
+  CLI::App* command =
+      parser.add_subcommand("export", "Export the transactions of an account to a file");
+  command->add_option("file", file_, "The file to write: .qif, .ofx, .csv or .xls")
+      ->required()
+      ->check(EmptyFault);
+  command->add_option("--account", account_.name, "The account's name, or # and its key")
+      ->type_name("A")
+      ->required();
+  period_.Declare(*command);
+  status_.Declare(*command);
+  return command;
+}
+
+ExitStatus ExportCommand::Run(Session& session) {
+  if (const auto warning = FileExport::Check(file_)) {
+    return session.Refuse(warning->title, warning->text);
+  }
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const std::optional<AccountRow> account = account_.Find(ledger, session);
+  if (!account) return ExitStatus::Refused;
+  const std::optional<Period> period = period_.Get();
+  const std::vector<RegisterRow> rows = ledger.Register(account->accountId, status_.Get(), period);
+  FileExport(ledger, session.Machine()).Write(account->accountId, rows, period, file_);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

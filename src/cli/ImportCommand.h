@@ -1,0 +1,41 @@
+#pragma once
+
+#include "cli/AccountArgument.h"
+#include "cli/Command.h"
+
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+class ImportEditor;
+struct ImportForm;
+struct Warning;
+
+// import FILE: a QIF, OFX or CSV file into the ledger.
+class ImportCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  void DeclareCsv(CLI::App& command);
+  // Puts the choices for a CSV file into the form; a warning where one makes no sense.
+  [[nodiscard]] std::optional<Warning> SetCsv(ImportEditor& editor, ImportForm& form) const;
+  ExitStatus Import(ImportEditor& editor, const ImportForm& form, Session& session) const;
+
+  std::string file_;
+  AccountArgument account_;  // empty: the accounts that the file names
+  std::string duplicates_;
+  std::string incomplete_ = "drop";
+  std::string order_;
+  std::string decimal_;
+  std::string map_;
+  std::string skip_;
+  std::string separator_;
+  bool zeroIsEmpty_ = false;
+  std::string mapping_;
+  std::string saveMapping_;
+};
+
+}  // namespace corvanta

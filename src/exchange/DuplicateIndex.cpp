@@ -1,0 +1,83 @@
+#include "exchange/DuplicateIndex.h"
+
+#include "ledger/InvestmentRecord.h"
+#include "ledger/Money.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+#include <algorithm>
+#include <initializer_list>
+#include <tuple>
+
+namespace corvanta {
+namespace {
+
+std::tuple<Date, double> Place(const DuplicateIndex::Candidate& row) {
+  return {row.date, row.amount};
+}
+
+std::string KeyOf(Date date, std::initializer_list<double> numbers,
+                  std::initializer_list<std::int64_t> keys) {
+  std::string text = date.ToIso();
+  for (const double number : numbers) text += "|" + SqlNumber(number + 0.0);
+  for (const std::int64_t key : keys) text += "|" + SqlNumber(key);
+  return text;
+}
+
+}  // namespace
+
+DuplicateIndex::DuplicateIndex(Connection& store, std::int64_t accountId) {
+  ReadOrdinary(store, accountId);
+  ReadInvestments(store, accountId);
+}
+
+void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
+  Recordset rows = store.OpenRecordset(
+      "Select T.TransactionID, T.[Date], T.[Amount], T.Reference From tblTransactions as T INNER "
+      "JOIN tblPayees AS P ON T.PayeeId = P.PayeeID Where [AccountID] = " +
+      SqlNumber(accountId) + " AND P.[Investment] = 0 AND AllocatedItem = 0");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const std::optional<Date> date = Date::FromIso(rows.Text(1).substr(0, 10));
+    if (!date) continue;
+    rows_.push_back({rows.Int(0), *date, RoundMoney(rows.Double(2)), std::string(rows.Text(3))});
+  }
+  std::ranges::sort(rows_, [](const Candidate& a, const Candidate& b) {
+    return std::tie(a.date, a.amount, a.transactionId) <
+           std::tie(b.date, b.amount, b.transactionId);
+  });
+}
+
+void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId) {
+  Recordset rows = store.OpenRecordset(
+      "Select [Date], [Amount], Dividend, Shares, [Price], Commission, PayeeID, CategoryID, "
+      "[Action] From tblTransactions Where [AccountID] = " +
+      SqlNumber(accountId) + " AND [Action] <> 0 AND AllocatedItem = 0");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const std::optional<Date> date = Date::FromIso(rows.Text(0).substr(0, 10));
+    if (!date) continue;
+    investments_.insert(KeyOf(
+        *date, {rows.Double(1), rows.Double(2), rows.Double(3), rows.Double(4), rows.Double(5)},
+        {rows.Int(6), rows.Int(7), rows.Int(8)}));
+  }
+}
+
+std::vector<const DuplicateIndex::Candidate*> DuplicateIndex::Find(Date date, double amount) const {
+  const std::tuple<Date, double> place{date, RoundMoney(amount)};
+  std::vector<const Candidate*> found;
+  for (auto row = std::ranges::lower_bound(rows_, place, {}, Place);
+       row != rows_.end() && Place(*row) == place; ++row) {
+    found.push_back(&*row);
+  }
+  return found;
+}
+
+bool DuplicateIndex::Has(const InvestmentTransaction& transaction, double amount,
+                         std::int64_t categoryId) const {
+  return investments_.contains(KeyOf(
+      transaction.date,
+      {amount, transaction.dividend, transaction.shares, transaction.price, transaction.commission},
+      {transaction.payeeId, categoryId, static_cast<std::int64_t>(transaction.action)}));
+}
+
+}  // namespace corvanta

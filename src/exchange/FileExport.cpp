@@ -1,0 +1,127 @@
+#include "exchange/FileExport.h"
+
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/Spreadsheet.h"
+#include "platform/TextCase.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <random>
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kFileExport = "File Export";
+constexpr const char* kComplete = "File Export Complete";
+
+constexpr std::array<std::pair<std::string_view, ExportKind>, 5> kExtensions = {
+    {{".csv", ExportKind::Csv},
+     {".xls", ExportKind::Xls},
+     {".xlsx", ExportKind::Xls},
+     {".ofx", ExportKind::Ofx},
+     {".qif", ExportKind::Qif}}};
+
+std::function<double()> SystemRandom() {
+  return [engine = std::mt19937(std::random_device{}())]() mutable {
+    return std::uniform_real_distribution<double>(0, 1)(engine);
+  };
+}
+
+// An end that the view does not have stands for today, as the first or last day there is does.
+Date Bound(const std::optional<Date>& day, Date today) {
+  const bool isOpen = !day || day->Year() <= 1 || day->Year() >= 9999;
+  return isOpen ? today : *day;
+}
+
+SpreadsheetCell Cell(const std::string& text) {
+  return text;
+}
+
+}  // namespace
+
+std::optional<ExportKind> ExportKindOf(std::string_view path) {
+  const std::string name = ToLower(path);
+  const auto* const known = std::ranges::find_if(
+      kExtensions, [&](const auto& entry) { return name.ends_with(entry.first); });
+  return known == kExtensions.end() ? std::nullopt : std::optional(known->second);
+}
+
+FileExport::FileExport(clsCorvanta& ledger, Platform& platform)
+    : FileExport(ledger, platform, SystemRandom()) {}
+
+FileExport::FileExport(clsCorvanta& ledger, Platform& platform, std::function<double()> random)
+    : ledger_(ledger), platform_(platform), random_(std::move(random)) {}
+
+std::optional<Warning> FileExport::Check(std::string_view path) {
+  if (ExportKindOf(path)) return std::nullopt;
+  return Warning{"File Export Warning", "Please enter, file name including correct file extension",
+                 ""};
+}
+
+bool FileExport::Confirm(const std::string& account, const std::string& path) {
+  return platform_.prompts.Ask(kFileExport, "Do you wish to export from the account " + account +
+                                                " into the file - " + path);
+}
+
+void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optional<Period>& period,
+                       const std::string& path) {
+  std::string message = kComplete;
+  switch (ExportKindOf(path).value_or(ExportKind::Csv)) {
+    case ExportKind::Qif:
+      platform_.files.WriteAtomically(path, QifExport(ledger_, platform_.locale, rows));
+      message = path + "\r\n" + kComplete;
+      break;
+    case ExportKind::Ofx:
+      platform_.files.WriteAtomically(
+          path, OfxExport(StatementOf(accountId, period), rows, platform_.clock.Now(), random_));
+      break;
+    case ExportKind::Csv:
+      platform_.files.WriteAtomically(path, CsvExport(rows));
+      break;
+    case ExportKind::Xls:
+      WriteSpreadsheet(rows, path);
+      break;
+  }
+  platform_.prompts.Tell(kFileExport, message);
+}
+
+OfxStatement FileExport::StatementOf(std::int64_t accountId, const std::optional<Period>& period) {
+  const Date today = platform_.clock.Today();
+  OfxStatement statement;
+  statement.start = Bound(period ? std::optional(period->from) : std::nullopt, today);
+  statement.end = Bound(period ? std::optional(period->to) : std::nullopt, today);
+  const std::optional<AccountRecord> account = ledger_.ReadAccount(accountId);
+  if (!account) return statement;
+  statement.accountNo = account->accountNo;
+  for (const CurrencyRecord& currency : ledger_.Currencies()) {
+    if (currency.currencyId == account->currencyId) statement.currency = currency.currency;
+  }
+  for (const BankRecord& bank : ledger_.Banks()) {
+    if (bank.bankId == account->bankId) statement.sortCode = bank.sortcode;
+  }
+  return statement;
+}
+
+void FileExport::WriteSpreadsheet(ExportRows rows, const std::string& path) {
+  SpreadsheetTable table;
+  table.name = "Transactions";
+  table.headers = {"Date",        "Payee",  "Category", "Payment", "Reference",
+                   "Description", "Status", "Paid Out", "Paid In"};
+  for (const RegisterRow& row : rows) {
+    const bool isOut = row.amount < 0;
+    const SpreadsheetCell amount = std::fabs(row.amount);
+    table.rows.push_back({Cell(platform_.locale.FormatShortDate(row.date)), Cell(row.payee),
+                          Cell(row.category), Cell(row.payment), Cell(row.reference),
+                          Cell(row.description), Cell(row.status),
+                          isOut ? amount : SpreadsheetCell(), isOut ? SpreadsheetCell() : amount});
+  }
+  platform_.spreadsheet.Write(table, path);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,30 @@
+// A file typed by a person, as text.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace corvanta {
+
+// A larger file is no statement; what is read stays in memory while it is imported.
+inline constexpr std::size_t kLargestImport = 256U << 20U;
+
+struct FileText {
+  std::string text;                  // UTF-8, whatever the file's encoding
+  std::optional<std::string> fault;  // why this is no text to import, in words for a person
+};
+
+// Reads the whole file. `whileReading` is called between its pieces; false stops, and the text is
+// empty then. What a person can mistake for a statement (a folder, a picture, a file that is too
+// large or still being written) is a fault; throws PlatformError where the machine cannot read it.
+[[nodiscard]] FileText ReadFileText(const std::string& path,
+                                    const std::function<bool()>& whileReading = {},
+                                    std::size_t limit = kLargestImport);
+
+// The number of the first line that is too long for any line of a QIF or CSV file; 0 when none is.
+[[nodiscard]] std::size_t FindEndlessLine(std::string_view text);
+
+}  // namespace corvanta

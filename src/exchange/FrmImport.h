@@ -1,0 +1,87 @@
+#pragma once
+
+#include "exchange/ImportEditor.h"
+#include "platform/Platform.h"
+
+#include <QDialog>
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QPushButton;
+class QStackedWidget;
+
+namespace corvanta {
+
+class FrmImportCsv;
+class FrmImportFile;
+class FrmImportProgress;
+class FrmImportSummary;
+class MutedLabel;
+
+// Imports a QIF, OFX or CSV file, page by page: the file and the account, the columns of a CSV
+// file, the import itself, and what came of it.
+class FrmImport : public QDialog {
+  Q_OBJECT
+
+ public:
+  // Throws StoreError when the accounts cannot be read.
+  FrmImport(Platform& platform, clsCorvanta& ledger, QWidget* parent);
+  ~FrmImport() override;
+
+  // Begins with that account and file; 0 and an empty path for none.
+  void Open(std::int64_t accountId, const std::string& file);
+
+  // Whether the data file was changed while the dialog stood.
+  [[nodiscard]] bool IsChanged() const { return isChanged_; }
+
+  // While the file is imported: stops that. The summary is closed as by its button.
+  void reject() override;
+
+ private:
+  void MakePages();
+  QWidget* MakeButtons();
+  QPushButton* MakeButton(const char* name, const QString& caption, void (FrmImport::*command)());
+  void ShowPage(QWidget* page);
+  // As large as what the page shows.
+  void FitTo(QWidget& page);
+
+  void Accept();
+  void AcceptCsv();
+  void Back();
+  void Close();
+
+  void Import();
+  void ShowOutcome(const ImportSummary& summary);
+  // Returns to the page from which a file was imported in vain.
+  void ReturnFrom(const ImportSummary& summary);
+  void Warn(const Warning& warning);
+  void FocusOn(const std::string& field);
+  void Note(const QString& text);
+
+  FrmImportProgress* progress_;
+  Platform platform_;  // whose progress is shown here
+  ImportEditor editor_;
+  ImportForm form_;
+  std::string proposedFor_;  // the file whose columns are chosen
+  ImportSummary summary_;
+  QWidget* from_ = nullptr;  // the page that began the import
+  bool isBusy_ = false;
+  bool isChanged_ = false;
+
+  QStackedWidget* pages_;
+  FrmImportFile* file_ = nullptr;
+  FrmImportCsv* csv_ = nullptr;
+  FrmImportSummary* outcome_ = nullptr;
+  MutedLabel* lblNote_;
+  QWidget* buttons_ = nullptr;
+  QPushButton* cmdBack_ = nullptr;
+  QPushButton* cmdAccept_ = nullptr;
+  QPushButton* cmdAcceptCSV_ = nullptr;
+  QPushButton* cmdClose_ = nullptr;
+  QPushButton* cmdCancel_ = nullptr;
+};
+
+}  // namespace corvanta

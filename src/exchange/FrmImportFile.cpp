@@ -1,0 +1,186 @@
+#include "exchange/FrmImportFile.h"
+
+#include "controls/CommandEdge.h"
+#include "controls/MutedLabel.h"
+#include "controls/PickBox.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Files.h"
+#include "platform/PlatformError.h"
+#include "platform/Prompts.h"
+
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QUrl>
+
+namespace corvanta {
+namespace {
+
+constexpr int kFieldWidth = 52 * kRhythm;
+// In the list, 0 stands for a name that is not in it.
+constexpr qint64 kAccountsOfFile = -1;
+
+QString KindText(ImportKind kind) {
+  switch (kind) {
+    case ImportKind::Qif:
+      return FrmImportFile::tr("A QIF file.");
+    case ImportKind::Ofx:
+      return FrmImportFile::tr("A statement in OFX.");
+    case ImportKind::Csv:
+      break;
+  }
+  return FrmImportFile::tr("A CSV file. Its columns are chosen in the next step.");
+}
+
+}  // namespace
+
+FrmImportFile::FrmImportFile(ImportEditor& editor, Prompts& prompts, QWidget* parent)
+    : QWidget(parent),
+      editor_(editor),
+      prompts_(prompts),
+      fields_(new QFormLayout(this)),
+      txtFile_(MakeFile(*fields_)),
+      lblKind_(new MutedLabel(this)),
+      cmbAccount_(MakeAccounts(*fields_)),
+      cmbDateOrder_(MakeStyles(*fields_, tr("&Dates:"), "cmbDateOrder",
+                               {ToQt(DateOrderText(DateOrder::DayMonthYear)),
+                                ToQt(DateOrderText(DateOrder::MonthDayYear)),
+                                ToQt(DateOrderText(DateOrder::YearMonthDay))})),
+      cmbNumbers_(MakeStyles(*fields_, tr("&Numbers:"), "cmbNumbers",
+                             {QStringLiteral("1,234.56"), QStringLiteral("1.234,56")})) {
+  fields_->setContentsMargins(0, 0, 0, 0);
+  fields_->setVerticalSpacing(kRhythm);
+  fields_->setHorizontalSpacing(2 * kRhythm);
+  fields_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+  fields_->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  lblKind_->setObjectName(QStringLiteral("lblKind"));
+  lblKind_->setTextFormat(Qt::PlainText);
+  lblKind_->setWordWrap(true);
+  // Two lines, so that the fields below stay where they are.
+  lblKind_->setMinimumHeight(2 * lblKind_->fontMetrics().lineSpacing());
+  lblKind_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  fields_->insertRow(1, QString(), lblKind_);
+  Look();
+}
+
+QLineEdit* FrmImportFile::MakeFile(QFormLayout& fields) {
+  auto* file = new QLineEdit(this);
+  file->setObjectName(QStringLiteral("txtFile"));
+  file->setAccessibleName(tr("File"));
+  file->setMinimumWidth(kFieldWidth);
+  auto* browse = new QPushButton(tr("&Browse..."), this);
+  browse->setObjectName(QStringLiteral("cmdFile"));
+  auto* row = new QHBoxLayout;
+  row->setSpacing(kRhythm);
+  row->addWidget(file, 1);
+  row->addWidget(browse);
+  auto* label = new QLabel(tr("&File:"), this);
+  label->setBuddy(file);
+  fields.addRow(label, row);
+  connect(file, &QLineEdit::editingFinished, this, &FrmImportFile::Look);
+  connect(browse, &QPushButton::clicked, this, &FrmImportFile::Browse);
+  return file;
+}
+
+PickBox* FrmImportFile::MakeAccounts(QFormLayout& fields) {
+  auto* box = new PickBox(this);
+  box->setObjectName(QStringLiteral("cmbAccount"));
+  box->setAccessibleName(tr("Account"));
+  std::vector<PickItem> items;
+  for (const ImportAccountChoice& choice : editor_.Accounts()) {
+    items.push_back(
+        {choice.accountId == 0 ? kAccountsOfFile : choice.accountId, ToQt(choice.name)});
+  }
+  box->SetItems(items);
+  auto* label = new QLabel(tr("&Account:"), this);
+  label->setBuddy(box);
+  fields.addRow(label, box);
+  return box;
+}
+
+QComboBox* FrmImportFile::MakeStyles(QFormLayout& fields, const QString& label, const char* name,
+                                     const QStringList& styles) {
+  auto* box = new QComboBox(this);
+  box->setObjectName(QLatin1String(name));
+  box->setAccessibleName(QString(label).remove(u'&').remove(u':'));
+  box->addItem(tr("As the file shows"));
+  box->addItems(styles);
+  auto* caption = new QLabel(label, this);
+  caption->setBuddy(box);
+  fields.addRow(caption, box);
+  return box;
+}
+
+void FrmImportFile::Open(std::int64_t accountId, const std::string& file) {
+  cmbAccount_->SetKey(accountId);
+  txtFile_->setText(ToQt(file));
+  Look();
+  if (file.empty()) return txtFile_->setFocus();
+  cmbAccount_->setFocus();
+}
+
+std::string FrmImportFile::File() const {
+  const QString text = txtFile_->text().trimmed();
+  // A file that is dropped from a folder's window.
+  return FromQt(text.startsWith(QLatin1String("file://")) ? QUrl(text).toLocalFile() : text);
+}
+
+void FrmImportFile::ReadInto(ImportForm& form) const {
+  form.file = File();
+  const qint64 account = cmbAccount_->Key();
+  form.accountId.reset();
+  if (account != 0) form.accountId = account == kAccountsOfFile ? 0 : account;
+  form.dateOrder.reset();
+  form.decimalMark.reset();
+  const bool hasDates = kind_ == ImportKind::Qif;
+  if (hasDates && cmbDateOrder_->currentIndex() > 0) {
+    form.dateOrder = DateOrderOf(FromQt(cmbDateOrder_->currentText()));
+  }
+  const bool hasNumbers = hasDates || kind_ == ImportKind::Ofx;
+  if (hasNumbers && cmbNumbers_->currentIndex() > 0) {
+    form.decimalMark = cmbNumbers_->currentIndex() == 1 ? DecimalMark::Point : DecimalMark::Comma;
+  }
+}
+
+void FrmImportFile::Browse() {
+  RunCommand(prompts_, [this] {
+    const auto path = prompts_.OpenFile({"Select File to Import",
+                                         "Statements (*.qif *.ofx *.qfx *.csv *.txt);;All Files",
+                                         "*",
+                                         {},
+                                         {}});
+    if (!path) return;
+    txtFile_->setText(ToQt(*path));
+    Look();
+    cmbAccount_->setFocus();
+  });
+}
+
+void FrmImportFile::Look() {
+  const std::string file = File();
+  if (file == lookedAt_ && kind_) return;
+  lookedAt_ = file;
+  kind_.reset();
+  if (file.empty()) return ShowKind(tr("A statement from a bank or a file of another program."));
+  if (!FileExists(file)) return ShowKind(tr("There is no such file."));
+  // What is wrong stands here while it is typed, and is told when the import is asked for.
+  try {
+    if (const auto warning = editor_.Open(file)) return ShowKind(ToQt(warning->text));
+  } catch (const PlatformError& error) {
+    return ShowKind(ToQt(error.what()));
+  }
+  kind_ = editor_.Kind();
+  ShowKind(KindText(*kind_));
+}
+
+void FrmImportFile::ShowKind(const QString& text) {
+  lblKind_->setText(text);
+  fields_->setRowVisible(cmbDateOrder_, kind_ == ImportKind::Qif);
+  fields_->setRowVisible(cmbNumbers_, kind_ == ImportKind::Qif || kind_ == ImportKind::Ofx);
+  Q_EMIT KindChanged();
+}
+
+}  // namespace corvanta

@@ -1,0 +1,59 @@
+#pragma once
+
+#include "exchange/ImportEditor.h"
+
+#include <QWidget>
+
+class QComboBox;
+class QFormLayout;
+class QLineEdit;
+
+namespace corvanta {
+
+class MutedLabel;
+class PickBox;
+class Prompts;
+
+// The first page of the import window: the file, the account, and how a QIF or OFX file writes its
+// dates and numbers.
+class FrmImportFile : public QWidget {
+  Q_OBJECT
+
+ public:
+  // Throws StoreError when the accounts cannot be read.
+  FrmImportFile(ImportEditor& editor, Prompts& prompts, QWidget* parent);
+
+  // An account of 0 and an empty file choose nothing.
+  void Open(std::int64_t accountId, const std::string& file);
+  // Puts what is chosen into the form.
+  void ReadInto(ImportForm& form) const;
+  // The kind of the file; nullopt while there is none that can be imported.
+  [[nodiscard]] std::optional<ImportKind> Kind() const { return kind_; }
+
+ Q_SIGNALS:
+  void KindChanged();
+
+ private:
+  QLineEdit* MakeFile(QFormLayout& fields);
+  PickBox* MakeAccounts(QFormLayout& fields);
+  QComboBox* MakeStyles(QFormLayout& fields, const QString& label, const char* name,
+                        const QStringList& styles);
+  [[nodiscard]] std::string File() const;
+  void Browse();
+  // Says what the file is and offers the choices of its kind.
+  void Look();
+  void ShowKind(const QString& text);
+
+  ImportEditor& editor_;
+  Prompts& prompts_;
+  QFormLayout* fields_;
+  QLineEdit* txtFile_;
+  MutedLabel* lblKind_;
+  PickBox* cmbAccount_;
+  QComboBox* cmbDateOrder_;
+  QComboBox* cmbNumbers_;
+  std::string lookedAt_;
+  std::optional<ImportKind> kind_;
+};
+
+}  // namespace corvanta

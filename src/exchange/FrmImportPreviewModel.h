@@ -1,0 +1,43 @@
+#pragma once
+
+#include "exchange/CsvPreview.h"
+
+#include <QAbstractTableModel>
+
+namespace corvanta {
+
+// The first rows of a CSV file as a list: as they stand there, or as they will be read.
+class FrmImportPreviewModel : public QAbstractTableModel {
+  Q_OBJECT
+
+ public:
+  enum class Side { File, Read };
+  // The columns of Side::Read.
+  enum Column { kRow, kDate, kPayee, kCategory, kAmount, kRemark, kReadColumns };
+  // No statement has more; a file that does is shown by its first ones.
+  static constexpr int kMostColumns = 200;
+
+  FrmImportPreviewModel(Side side, QObject* parent) : QAbstractTableModel(parent), side_(side) {}
+
+  void Show(CsvPreview preview);
+
+  [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+  [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+  [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
+                                    int role) const override;
+
+ private:
+  [[nodiscard]] QString Text(const CsvPreviewRow& row, int column) const;
+  [[nodiscard]] QString ReadText(const CsvPreviewRow& row, int column) const;
+  [[nodiscard]] QVariant Colour(const CsvPreviewRow& row, int column) const;
+  [[nodiscard]] bool IsNumber(int column) const;
+
+  Side side_;
+  CsvPreview preview_;
+};
+
+// What the lists of columns and the heads call a column, counted from 1.
+[[nodiscard]] QString CsvColumnName(int column);
+
+}  // namespace corvanta

@@ -1,0 +1,46 @@
+#pragma once
+
+#include "exchange/ImportSummary.h"
+
+#include <QWidget>
+
+class QFormLayout;
+class QLabel;
+class QStandardItemModel;
+
+namespace corvanta {
+
+class ListTable;
+class MutedLabel;
+
+// The last page of the import window: what came of the file.
+class FrmImportSummary : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit FrmImportSummary(QWidget* parent);
+
+  // Of that file, whose name stands above.
+  void Show(const ImportSummary& summary, const QString& file);
+
+ private:
+  void MakeProblems();
+  void ShowFigures();
+  void AddFigure(const char* name, const QString& label, std::size_t count);
+  void ShowProblems();
+  // The chosen lines that were not understood.
+  void CopyChosen() const;
+  // All of the summary as text.
+  void CopyAll() const;
+
+  ImportSummary summary_;
+  QLabel* lblSummary_;
+  MutedLabel* lblStop_;
+  QFormLayout* figures_;
+  QWidget* problemsArea_;
+  QLabel* lblProblems_ = nullptr;
+  ListTable* lvProblems_ = nullptr;
+  QStandardItemModel* problems_;
+};
+
+}  // namespace corvanta

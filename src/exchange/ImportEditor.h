@@ -1,0 +1,95 @@
+#pragma once
+
+#include "exchange/CsvPreview.h"
+#include "exchange/FileText.h"
+#include "exchange/ImportJob.h"
+#include "exchange/ImportKind.h"
+#include "exchange/ImportSummary.h"
+#include "exchange/SavedMappings.h"
+#include "ledger/Warning.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvanta {
+
+class clsCorvanta;
+struct Platform;
+
+// An entry of the account list.
+struct ImportAccountChoice {
+  std::int64_t accountId = 0;  // 0: the accounts that the file names
+  std::string name;
+};
+
+// What is chosen in the dialog. The columns of `csv` are the positions in their lists, whose first
+// entry stands for none; its skip and separator are taken from the two texts.
+struct ImportForm {
+  std::string file;
+  std::optional<std::int64_t> accountId;   // nullopt: nothing selected
+  std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
+  std::optional<DecimalMark> decimalMark;  // of a QIF or OFX file; nullopt: found from the file
+  CsvMapping csv;
+  std::string skip = "0";
+  std::string separator = ",";
+};
+
+// The rules behind the import dialog: a file and an account are chosen (Open, Check); a CSV file's
+// columns are mapped (Propose, Preview, CheckCsv); then Import does it.
+class ImportEditor {
+ public:
+  ImportEditor(clsCorvanta& ledger, Platform& platform);
+
+  // The entry for the accounts of the file, then the open accounts by name.
+  [[nodiscard]] std::vector<ImportAccountChoice> Accounts();
+
+  // Reads the file for its kind and preview. A warning where it is none that can be imported, which
+  // leaves the file before. Throws PlatformError where it cannot be read.
+  [[nodiscard]] std::optional<Warning> Open(const std::string& path);
+  [[nodiscard]] ImportKind Kind() const { return kind_; }
+
+  // Of the first page: file and account.
+  [[nodiscard]] std::optional<Warning> Check(const ImportForm& form);
+
+  // The columns as the file looks, or the saved mapping that was made for the same headings, whose
+  // name is put into `name` (otherwise emptied).
+  [[nodiscard]] ImportForm Propose(const ImportForm& form, std::string& name) const;
+  // The first rows as they are and as they will be read. Empty while the texts make no sense.
+  [[nodiscard]] CsvPreview Preview(const ImportForm& form) const;
+  // The order of the dates in the chosen column, as the whole file shows it.
+  [[nodiscard]] DateOrder FindOrder(const ImportForm& form) const;
+  // Of the CSV page, in their order; the field is the control that it is about.
+  [[nodiscard]] std::optional<Warning> CheckCsv(const ImportForm& form) const;
+
+  // Saved mappings. Saving one takes the place of one of that name; a warning for a name of blanks
+  // or texts that make no sense.
+  [[nodiscard]] std::vector<std::string> MappingNames() const { return mappings_.Names(); }
+  [[nodiscard]] std::optional<Warning> SaveMapping(const std::string& name, const ImportForm& form);
+  // The form with the mapping of that name; unchanged when there is none.
+  [[nodiscard]] ImportForm WithMapping(const std::string& name, const ImportForm& form) const;
+  void DeleteMapping(const std::string& name) { mappings_.Remove(name); }
+
+  // Imports what the checks accept (see FileImport). The summary is to be shown, and Finish called
+  // after it.
+  [[nodiscard]] ImportSummary Import(const ImportForm& form,
+                                     DuplicateAnswer duplicates = DuplicateAnswer::Ask,
+                                     std::optional<bool> keepIncomplete = std::nullopt);
+  // "File Import Complete", or why it was refused.
+  void Finish(const ImportSummary& summary);
+
+  // The form as a job; nullopt while its texts make no sense.
+  [[nodiscard]] static std::optional<ImportJob> JobOf(const ImportForm& form);
+
+ private:
+  [[nodiscard]] std::optional<Warning> CheckRows(const CsvMapping& mapping) const;
+
+  clsCorvanta& ledger_;
+  Platform& platform_;
+  SavedMappings mappings_;
+  FileText file_;
+  ImportKind kind_ = ImportKind::Qif;
+};
+
+}  // namespace corvanta

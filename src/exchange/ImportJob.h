@@ -1,0 +1,27 @@
+// What an import is told beside the file.
+#pragma once
+
+#include "exchange/CsvMapping.h"
+#include "exchange/NumberStyle.h"
+#include "platform/Locale.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+enum class DuplicateAnswer { Ask, Skip, Import };
+
+struct ImportJob {
+  std::string path;
+  std::int64_t accountId = 0;  // takes records until the file names another; 0 for none
+  DuplicateAnswer duplicates = DuplicateAnswer::Ask;
+  // What becomes of the whole records so far when the import stops; nullopt asks the person.
+  std::optional<bool> keepIncomplete;
+  std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
+  std::optional<DecimalMark> decimalMark;  // nullopt: found from the file
+  CsvMapping csv;                          // of a CSV file, whose dates and marks it says itself
+};
+
+}  // namespace corvanta

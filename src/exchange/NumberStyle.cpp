@@ -1,0 +1,180 @@
+#include "exchange/NumberStyle.h"
+
+#include "platform/Locale.h"
+#include "platform/NumberText.h"
+#include "platform/TextCase.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <string>
+
+namespace corvanta {
+namespace {
+
+constexpr double kLargest = 1e15;  // a double still holds the cents of what is smaller
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsLetter(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+// What stands around the points and commas of a text.
+struct Marks {
+  std::size_t points = 0;
+  std::size_t commas = 0;
+  std::size_t before = 0;  // digits before the first mark
+  std::size_t after = 0;   // digits after the last mark
+  char first = 0;
+  char last = 0;
+  bool startsWithZero = false;
+  bool otherGroups = false;  // blanks, apostrophes between digits
+  bool evenGroups = true;    // three digits between any two marks
+
+  explicit Marks(std::string_view text) {
+    bool gap = false;
+    for (const char c : text) {
+      if (IsDigit(c)) {
+        if (before == 0 && first == 0) startsWithZero = c == '0';
+        ++(first == 0 ? before : after);
+        otherGroups = otherGroups || gap;
+        gap = false;
+      } else if (c == '.' || c == ',') {
+        if (first != 0 && after != 3) evenGroups = false;
+        if (first == 0) first = c;
+        ++(c == '.' ? points : commas);
+        last = c;
+        after = 0;
+        gap = false;
+      } else {
+        gap = before > 0;
+      }
+    }
+  }
+};
+
+DecimalMark MarkOf(char c) {
+  return c == '.' ? DecimalMark::Point : DecimalMark::Comma;
+}
+
+// Signs of currencies that are written with letters; codes of three capitals count as well.
+constexpr std::array<std::string_view, 12> kCurrencyWords = {
+    "kr", "kr.", "fr", "fr.", "sfr", "rs", "rs.", "zl", "ft", "lei", "r", "kc"};
+
+bool IsCurrencyWord(std::string_view word) {
+  const bool isCode =
+      word.size() == 3 && std::ranges::all_of(word, [](char c) { return c >= 'A' && c <= 'Z'; });
+  return isCode || std::ranges::find(kCurrencyWords, ToLower(word)) != kCurrencyWords.end();
+}
+
+std::string_view LeadingWord(std::string_view text) {
+  std::size_t end = 0;
+  while (end < text.size() && IsLetter(text[end])) ++end;
+  if (end > 0 && end < text.size() && text[end] == '.') ++end;
+  return text.substr(0, end);
+}
+
+std::string_view TrailingWord(std::string_view text) {
+  std::size_t begin = text.size();
+  if (begin > 1 && text[begin - 1] == '.' && IsLetter(text[begin - 2])) --begin;
+  while (begin > 0 && IsLetter(text[begin - 1])) --begin;
+  return text.substr(begin);
+}
+
+// The number without words around it; nullopt where a word is none that belongs to money.
+std::optional<std::string_view> WithoutWords(std::string_view text, bool& isDebit, bool& isCredit) {
+  text = Trim(text);
+  std::size_t start = 0;
+  while (start < text.size() && (text[start] == '-' || text[start] == '(')) ++start;
+  if (start < text.size() && IsLetter(text[start])) {
+    // A sign before the word cannot be kept apart from the number without it; only a bare one can.
+    const std::string_view word = LeadingWord(text.substr(start));
+    if (start > 0 || !IsCurrencyWord(word)) return std::nullopt;
+    text = Trim(text.substr(word.size()));
+  }
+  const std::string_view word = TrailingWord(text);
+  if (word.empty()) return text;
+  const std::string lower = ToLower(word);
+  isDebit = lower == "dr" || lower == "db";
+  isCredit = lower == "cr";
+  if (!isDebit && !isCredit && !IsCurrencyWord(word)) return std::nullopt;
+  return Trim(text.substr(0, text.size() - word.size()));
+}
+
+// Nearly every number of a file: digits with a point and a minus sign at most.
+std::optional<double> ReadPlain(std::string_view text) {
+  std::size_t points = 0;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] == '.') ++points;
+    if (!IsDigit(text[i]) && text[i] != '.' && (text[i] != '-' || i > 0)) return std::nullopt;
+  }
+  if (points > 1 || text.empty() || !IsDigit(text.back())) return std::nullopt;
+  double value = 0;
+  const char* end = text.data() + text.size();
+  const auto [stop, error] = std::from_chars(text.data(), end, value, std::chars_format::fixed);
+  if (error != std::errc() || stop != end) return std::nullopt;
+  return value;
+}
+
+std::optional<double> ReadWith(std::string_view text, DecimalMark mark) {
+  if (mark == DecimalMark::Point) {
+    if (const auto plain = ReadPlain(text)) return *plain == 0.0 ? 0.0 : *plain;
+    return ReadNumber(text, ".", ",");
+  }
+  return ReadNumber(text, ",", ".");
+}
+
+}  // namespace
+
+std::optional<DecimalMark> ProvenMark(std::string_view text) {
+  const Marks marks(text);
+  if (marks.first == 0) return std::nullopt;
+  const std::size_t ofLast = marks.last == '.' ? marks.points : marks.commas;
+  if (marks.points > 0 && marks.commas > 0) {
+    return ofLast == 1 ? std::optional(MarkOf(marks.last)) : std::nullopt;
+  }
+  if (ofLast > 1) {
+    // Groups alone: the decimals, where there are any, stand behind the other mark.
+    if (!marks.evenGroups || marks.after != 3) return std::nullopt;
+    return marks.last == '.' ? DecimalMark::Comma : DecimalMark::Point;
+  }
+  const bool isDecimal = marks.after != 3 || marks.before == 0 || marks.before > 3 ||
+                         marks.startsWithZero || marks.otherGroups;
+  return isDecimal ? std::optional(MarkOf(marks.last)) : std::nullopt;
+}
+
+DecimalMark MarkOf(const Locale& locale) {
+  return locale.DecimalSeparator() == "," ? DecimalMark::Comma : DecimalMark::Point;
+}
+
+std::optional<double> ReadFileNumber(std::string_view text, DecimalMark mark) {
+  bool isDebit = false;
+  bool isCredit = false;
+  const std::optional<std::string_view> number = WithoutWords(text, isDebit, isCredit);
+  if (!number) return std::nullopt;
+  std::optional<double> value = ReadWith(*number, ProvenMark(*number).value_or(mark));
+  if (!value || !(std::fabs(*value) <= kLargest)) return std::nullopt;
+  // A word beside a sign of its own would say two things.
+  if ((isDebit || isCredit) && *value < 0) return std::nullopt;
+  return isDebit && *value != 0 ? -*value : *value;
+}
+
+bool IsZeroText(std::string_view text) {
+  return ReadFileNumber(text, DecimalMark::Point) == 0.0;
+}
+
+void DecimalMarkFinder::Add(std::string_view text) {
+  const std::optional<DecimalMark> mark = ProvenMark(text);
+  if (!mark) return;
+  ++(*mark == DecimalMark::Point ? points_ : commas_);
+}
+
+DecimalMark DecimalMarkFinder::Find(const Locale& locale) const {
+  if (points_ == commas_) return MarkOf(locale);
+  return points_ > commas_ ? DecimalMark::Point : DecimalMark::Comma;
+}
+
+}  // namespace corvanta

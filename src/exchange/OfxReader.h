@@ -1,0 +1,43 @@
+#pragma once
+
+#include "exchange/ImportRecord.h"
+#include "exchange/OfxText.h"
+
+#include <string>
+#include <string_view>
+
+namespace corvanta {
+
+// Reads the statements of bank and card accounts in an OFX file. Only what stands inside a
+// transaction becomes part of it, and only the statement's own account element names its account.
+class OfxReader {
+ public:
+  explicit OfxReader(std::string_view text) : elements_(text) {}
+
+  void Run(ImportSink& sink);
+
+ private:
+  void Open(const OfxElement& element);
+  void Close(const std::string& name, std::size_t offset);
+  void TransactionField(const OfxElement& element);
+  void StatementField(const OfxElement& element);
+  void BeginStatement();
+  void BeginTransaction(const OfxElement& element);
+  void EndTransaction(std::size_t offset);
+
+  OfxText elements_;
+  ImportSink* sink_ = nullptr;
+  bool goesOn_ = true;
+
+  ImportAccount account_;       // of the statement
+  bool accountIsTold_ = false;  // told with its first transaction: an empty one chooses nothing
+  bool inTransaction_ = false;
+  bool inPayee_ = false;
+  bool inInvestment_ = false;
+  std::string other_;  // an element that holds another account than the statement's
+  ImportRecord record_;
+  bool hasFields_ = false;
+  std::string payeeName_;
+};
+
+}  // namespace corvanta

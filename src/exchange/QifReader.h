@@ -1,0 +1,60 @@
+#pragma once
+
+#include "exchange/ImportRecord.h"
+#include "exchange/Lines.h"
+
+#include <string>
+#include <string_view>
+
+namespace corvanta {
+
+// Reads the lines of a QIF file: a header begins with "!", any other line with the letter of a
+// field, and "^" ends an entry. The account that was named last is the one of the records that
+// follow, whether it stands in a block of its own or in a list of accounts.
+class QifReader {
+ public:
+  explicit QifReader(std::string_view text) : lines_(text) {}
+
+  void Run(ImportSink& sink);
+
+ private:
+  // What the lines after a header are.
+  enum class Section { None, Accounts, Bank, Investment, Securities, OtherList };
+
+  void Header(std::string_view line);
+  void TypeHeader(const std::string& header, std::string_view line);
+  void Field(char code, std::string_view value);
+  void AccountField(char code, std::string_view value);
+  void SecurityField(char code, std::string_view value);
+  void BankField(char code, std::string_view value);
+  void InvestmentField(char code, std::string_view value);
+  void SplitField(char code, std::string_view value);
+  void DropOpenSplit();
+  void EndEntry();
+  void EndAccount();
+  void EndRecord();
+  void EndSection();
+
+  [[nodiscard]] ImportValue ValueHere(std::string_view value) const;
+
+  LineReader lines_;
+  ImportSink* sink_ = nullptr;
+  Section section_ = Section::None;
+  bool goesOn_ = true;
+
+  ImportRecord record_;
+  bool hasFields_ = false;
+  ImportSplit split_;
+  bool splitIsOpen_ = false;  // a category or memo waits for its amount
+  std::string otherAmount_;   // stands in where the record has no amount of its own
+  ImportAccount account_;
+  std::string securityName_;
+  std::string securitySymbol_;
+
+  // The entries under a header that is not known, for the person to hear of.
+  std::string unknown_;
+  std::size_t unknownLine_ = 0;
+  std::size_t unknownEntries_ = 0;
+};
+
+}  // namespace corvanta

@@ -1,0 +1,36 @@
+#include "exchange/SavedMappings.h"
+
+#include "platform/Registry.h"
+#include "platform/SettingsTable.h"
+
+namespace corvanta {
+namespace {
+
+std::string Key() {
+  return std::string(kSettingsKey) + "\\Import";
+}
+
+}  // namespace
+
+std::vector<std::string> SavedMappings::Names() const {
+  std::vector<std::string> names;
+  for (const std::string& name : registry_.ValueNames(Hive::CurrentUser, Key())) {
+    if (Find(name)) names.push_back(name);
+  }
+  return names;
+}
+
+std::optional<SavedCsvMapping> SavedMappings::Find(const std::string& name) const {
+  const std::optional<std::string> text = registry_.Read(Hive::CurrentUser, Key(), name);
+  return text ? ReadSavedMapping(*text) : std::nullopt;
+}
+
+void SavedMappings::Save(const std::string& name, const SavedCsvMapping& saved) {
+  registry_.Write(Hive::CurrentUser, Key(), name, ToText(saved));
+}
+
+void SavedMappings::Remove(const std::string& name) {
+  registry_.DeleteValue(Hive::CurrentUser, Key(), name);
+}
+
+}  // namespace corvanta

@@ -1,0 +1,49 @@
+#include "exchange/StyleFinder.h"
+
+#include "exchange/CsvReader.h"
+#include "exchange/OfxReader.h"
+#include "exchange/QifReader.h"
+
+namespace corvanta {
+
+bool StyleFinder::OnRecord(ImportRecord& record) {
+  constexpr std::size_t kAskEvery = 1024;
+  dates_.Add(record.date.text);
+  for (const ImportValue* value :
+       {&record.amount, &record.price, &record.quantity, &record.commission}) {
+    numbers_.Add(value->text);
+  }
+  for (const ImportSplit& split : record.splits) numbers_.Add(split.amount.text);
+  if (++records_ % kAskEvery == 0 && goesOn_ && !goesOn_()) wasStopped_ = true;
+  return !wasStopped_;
+}
+
+ImportStyle StyleFinder::Find(ImportKind kind, const ImportJob& job, const Locale& locale) const {
+  ImportStyle style;
+  std::optional<DecimalMark> mark = job.decimalMark;
+  if (kind == ImportKind::Qif) {
+    style.order = job.dateOrder.value_or(dates_.Find(locale));
+    style.tolerance = DateTolerance::AnyProven;
+    style.emptyIsZero = true;
+  } else if (kind == ImportKind::Csv) {
+    style.order = job.csv.order;
+    style.stopsAtFault = true;
+    if (job.csv.decimalMark) mark = job.csv.decimalMark;
+  }
+  style.mark = mark.value_or(numbers_.Find(locale));
+  return style;
+}
+
+void ReadImport(ImportKind kind, std::string_view text, const ImportJob& job, const Locale& locale,
+                ImportSink& sink) {
+  switch (kind) {
+    case ImportKind::Qif:
+      return QifReader(text).Run(sink);
+    case ImportKind::Ofx:
+      return OfxReader(text).Run(sink);
+    case ImportKind::Csv:
+      return CsvReader(text, job.csv, locale).Run(sink);
+  }
+}
+
+}  // namespace corvanta

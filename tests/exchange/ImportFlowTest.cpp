@@ -1,0 +1,213 @@
+// What happens around the records: duplicates, stops, undo, faulty files.
+#include "exchange/ExchangeTest.h"
+#include "exchange/FileText.h"
+#include "support/FaultVfs.h"
+
+#include <sys/stat.h>
+#include <sys/wait.h>
+
+#include <fstream>
+
+namespace corvanta {
+namespace {
+
+class ImportFlow : public ExchangeTest {
+ protected:
+  static constexpr const char* kThree =
+      "D13/2/2020\nT-1\nPOne\n^\nD14/2/2020\nT-2\nPTwo\n^\nD15/2/2020\nT-3\nPThree\n^\n";
+
+  void ExpectQuestion(std::optional<std::size_t> answer) {
+    Machine().prompts.ExpectChoose("File Import", ScriptedPrompts::kAnyText, answer);
+  }
+  Texts Payees() {
+    Texts payees;
+    for (const std::string& row : Rows("Mine"))
+      payees.push_back(row.substr(11, row.find('|', 11) - 11));
+    return payees;
+  }
+};
+
+TEST_F(ImportFlow, DuplicatesAreAskedAbout) {
+  job_.duplicates = DuplicateAnswer::Ask;
+  ImportBank(kThree);
+  ExpectQuestion(0);
+  ExpectQuestion(1);
+  ExpectQuestion(3);
+  ImportSummary summary = ImportBank(kThree);
+  EXPECT_EQ(summary.imported, 1U);
+  EXPECT_EQ(summary.duplicates, 2U);
+  const auto& shown = Machine().prompts.Shown();
+  ASSERT_EQ(shown.size(), 3U);
+  EXPECT_EQ(shown[0].text,
+            "Duplicate record found for One On 13/02/2020 for -1.00\r\nMatching on One On "
+            "13/02/2020 for -1.00\r\nDo you want to import duplicate record?");
+  EXPECT_EQ(shown[0].answers.size(), 4U);
+  ExpectQuestion(2);  // and all that follow
+  EXPECT_EQ(ImportBank(kThree).imported, 3U);
+  EXPECT_EQ(Payees(), (Texts{"One", "Two", "Three", "One", "One", "Two", "Three"}));
+}
+
+TEST_F(ImportFlow, RowsOfTheSameFileAreNoDuplicatesAndInvestmentsAreNone) {
+  job_.duplicates = DuplicateAnswer::Ask;
+  const std::string coffee = "D13/2/2020\nT-3\nPCoffee\n^\n";
+  EXPECT_EQ(ImportBank(coffee + coffee).imported, 2U);
+  const std::int64_t fund = AddAccount("Fund");
+  InvestmentTransaction buy;
+  buy.accountId = fund;
+  buy.payeeId = ledger_.FindOrCreateInvestment("Acme", "", kPounds);
+  buy.total = 3;
+  buy.date = *Date::FromIso("2020-02-13");
+  ledger_.SaveInvestmentTransaction(buy);
+  EXPECT_EQ(Import("!Account\nNFund\n^\n!Type:Bank\n" + coffee).imported, 1U);
+}
+
+TEST_F(ImportFlow, TheWholeFileIsOneStep) {
+  const std::string file =
+      "!Account\nNNew\n^\n!Type:Bank\n" + std::string(kThree) +
+      "D16/2/2020\nT-4\nPMove\nL[Other]\n^\n"
+      "!Account\nNOther\n^\n!Type:Bank\nD16/2/2020\nT4\nPMove\nL[New]\nSFood\n$4\n^\n";
+  const std::int64_t payees = Count("tblPayees");
+  const std::int64_t categories = Count("tblCategory");
+  Import(file);
+  EXPECT_EQ(AccountNames(), (Texts{"New", "Other"}));
+  EXPECT_EQ(ledger_.Undo().UndoName(), "File Import");
+  ledger_.Undo().Undo();
+  EXPECT_EQ(AccountNames(), Texts{});
+  EXPECT_EQ(Count("tblTransactions"), 0);
+  EXPECT_EQ(Count("tblPayees"), payees);
+  EXPECT_EQ(Count("tblCategory"), categories);
+  EXPECT_FALSE(ledger_.Undo().CanUndo());
+}
+
+TEST_F(ImportFlow, ProgressAndCancel) {
+  ImportBank(kThree);
+  EXPECT_EQ(Machine().progress.Texts()[0], "Please wait processing file...");
+  EXPECT_EQ(Machine().progress.Texts()[1], "Please wait importing records...");
+  EXPECT_EQ(Machine().progress.Status(), "");
+  const std::string more = "D16/2/2020\nT-4\n^\nD17/2/2020\nT-5\n^\nD18/2/2020\nT-6\n^\n";
+  for (const bool keeps : {false, true}) {
+    job_.keepIncomplete.reset();
+    Machine().prompts.ExpectChoose("File Import",
+                                   "The import was cancelled.\r\nTransactions imported so far: "
+                                   "2\r\nDo you want to keep them?",
+                                   keeps ? 0 : 1);
+    Machine().progress.StopAfter(Machine().progress.Yields() + 2);  // one is for reading the file
+    const ImportSummary summary = ImportBank(more);
+    EXPECT_EQ(summary.outcome, keeps ? ImportOutcome::Kept : ImportOutcome::TakenBack);
+    EXPECT_EQ(Amounts("Mine"),
+              keeps ? (Texts{"-1", "-2", "-3", "-4", "-5"}) : (Texts{"-1", "-2", "-3"}));
+  }
+}
+
+// The question's own cancel, before anything was written: the former step stays.
+TEST_F(ImportFlow, CancellingTheFirstQuestionLeavesEarlierStepsAlone) {
+  ImportBank(kThree);
+  job_.duplicates = DuplicateAnswer::Ask;
+  ExpectQuestion(std::nullopt);
+  const ImportSummary summary = ImportBank(kThree);
+  EXPECT_EQ(summary.stop, "The import was cancelled.");
+  EXPECT_EQ(Amounts("Mine").size(), 3U);
+  EXPECT_EQ(ledger_.Undo().UndoName(), "File Import");
+}
+
+TEST_F(ImportFlow, LongTextsAreShortenedAndCounted) {
+  const std::string name(300, 'x');
+  const ImportSummary summary = ImportBank("D13/2/2020\nT1\nP" + name + "\nM" + name + "\nN" +
+                                           name + "\nL" + name + ":" + name + "\n^\n");
+  EXPECT_EQ(summary.imported, 1U);
+  EXPECT_EQ(summary.shortened, 5U);
+  const std::string cut(255, 'x');
+  EXPECT_EQ(Rows("Mine"), (Texts{"2020-02-13|" + cut + "|" + cut + ":" + cut + "|1|" +
+                                 cut.substr(0, 50) + "|" + cut}));
+}
+
+TEST_F(ImportFlow, FilesThatAreNone) {
+  const auto fault = [&](const std::string& path, std::size_t limit = kLargestImport) {
+    return ReadFileText(path, {}, limit).fault.value_or("");
+  };
+  EXPECT_EQ(fault(Write("a.qif", std::string("!Type:Bank\n\0", 12))),
+            "This is no text file, so it holds no transactions that could be imported.");
+  EXPECT_EQ(fault(Machine().folder.Path()), "This is no file that can be imported.");
+  EXPECT_NE(fault(Write("b.qif", std::string(3U << 20U, 'x')), 2U << 20U).find("more than 2 mega"),
+            std::string::npos);
+  const std::string pipe = Machine().folder.Path("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(fault(pipe), "This is no file that can be imported.");
+  EXPECT_EQ(Import(std::string(2U << 20U, 'x')).stop,
+            "Line 1 is longer than any line of a file with transactions.");
+  const std::string growing = Write("c.qif", "!Type:Bank\n");
+  const FileText text = ReadFileText(growing, [&] {
+    std::ofstream(growing, std::ios::app) << "D1/1/2020\n";
+    return true;
+  });
+  EXPECT_EQ(text.fault.value_or(""),
+            "The file changed while it was read. Import it again when the program that writes it "
+            "has finished.");
+  job_.path = Machine().folder.Path("missing.qif");
+  EXPECT_ANY_THROW((void)Run(job_));
+}
+
+class ImportCrash : public ExchangeTest, public testing::WithParamInterface<Fault> {
+ protected:
+  static std::string Splits() {
+    std::string file = "!Account\nNMine\n^\n!Type:Bank\n";
+    for (int i = 1; i <= 40; ++i) {
+      file += "D" + std::to_string(i % 28 + 1) + "/2/2020\nT-3\nPShop " + std::to_string(i) +
+              "\nSFood\n$-1\nSFood:Meat\n$-2\n^\n";
+    }
+    return file;
+  }
+
+  // In a process of its own that obeys the plan; true when the import came to its end.
+  bool ImportInChild(const std::string& path, const std::string& password, long at) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+      FaultPlan plan(GetParam(), at);
+      const FaultVfs vfs("faulty", plan);
+      try {
+        const auto store = Connection::Open({store_.Path(), password, "faulty"}, Machine().clock);
+        clsCorvanta ledger(*store, Machine().Get());
+        ImportJob job = job_;
+        job.path = path;
+        const ImportSummary summary = FileImport(ledger, Machine().Get()).Run(job);
+        ::_exit(summary.outcome == ImportOutcome::Complete ? 0 : 1);
+      } catch (const std::exception&) {
+        ::_exit(1);
+      }
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  }
+};
+
+// A program that dies, or a disk that fills, in the middle leaves whole records.
+TEST_P(ImportCrash, LeavesWholeRecords) {
+  const std::string path = Write("file.qif", Splits());
+  const std::string password = store_.Password();
+  store_.Close();
+  const std::string before = ReadFile(store_.Path());
+  int stopped = 0;
+  bool isDone = false;
+  for (long at = 1; !isDone && at < 2000 && !HasFailure(); at += 3) {
+    SCOPED_TRACE(at);
+    isDone = ImportInChild(path, password, at);
+    stopped += isDone ? 0 : 1;
+    {
+      const auto store = Connection::Open({store_.Path(), password, {}}, Machine().clock);
+      EXPECT_EQ(LedgerProblems(*store), Texts{});
+      EXPECT_TRUE(store->Check().empty());
+    }
+    std::ofstream(store_.Path(), std::ios::binary) << before;
+  }
+  EXPECT_TRUE(isDone);
+  EXPECT_GT(stopped, 3);
+}
+
+INSTANTIATE_TEST_SUITE_P(Faults, ImportCrash, testing::Values(Fault::Exit, Fault::DiskFull),
+                         [](const auto& tested) {
+                           return tested.param == Fault::Exit ? "Exit" : "DiskFull";
+                         });
+
+}  // namespace
+}  // namespace corvanta

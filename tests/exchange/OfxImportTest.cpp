@@ -1,0 +1,153 @@
+#include "exchange/ExchangeTest.h"
+#include "exchange/OfxText.h"
+
+#include <algorithm>
+
+namespace corvanta {
+namespace {
+
+class OfxImport : public ExchangeTest {
+ protected:
+  static constexpr const char* kHead =
+      "OFXHEADER:100\nDATA:OFXSGML\nVERSION:102\nENCODING:USASCII\nCHARSET:1252\n\n";
+
+  ImportSummary ImportOfx(const std::string& text, std::int64_t account = 0) {
+    return Import(text, "file.ofx", account);
+  }
+  static std::string Statement(const std::string& account, const std::string& transactions) {
+    return "<BANKMSGSRSV1><STMTTRNRS><STMTRS><CURDEF>EUR<BANKACCTFROM><BANKID>1<ACCTID>" + account +
+           "<ACCTTYPE>CHECKING</BANKACCTFROM><BANKTRANLIST>" + transactions +
+           "</BANKTRANLIST><LEDGERBAL><BALAMT>1<DTASOF>20200101</LEDGERBAL></STMTRS></STMTTRNRS>"
+           "</BANKMSGSRSV1>";
+  }
+  static std::string Transaction(const std::string& fields) {
+    return "<STMTTRN><TRNTYPE>DEBIT" + fields + "</STMTTRN>";
+  }
+};
+
+// One statement, written in every way.
+TEST_F(OfxImport, FormsOfTheSameStatement) {
+  const std::string sgml =
+      "<OFX><SIGNONMSGSRSV1><SONRS><LANGUAGE>ENG</SONRS></SIGNONMSGSRSV1>" +
+      Statement("777", Transaction("<DTPOSTED>20130415120000[0:GMT]<TRNAMT>-12.50<FITID>a1"
+                                   "<NAME>M&amp;S &lt;Food&gt; &#163;<MEMO>Lunch")) +
+      "</OFX>";
+  std::string broken = sgml;
+  for (std::size_t at = 0; (at = broken.find('<', at)) != std::string::npos; at += 4) {
+    broken.insert(at, "\r\n\t");
+  }
+  std::string apart = sgml;  // values on lines of their own
+  for (std::size_t at = 0; (at = apart.find('>', at)) != std::string::npos; at += 2) {
+    apart.insert(at + 1, "\n");
+  }
+  const std::string xml =
+      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<?OFX OFXHEADER=\"200\" VERSION=\"211\"?>\n"
+      "<!-- <STMTTRN> --><OFX><BANKMSGSRSV1><STMTTRNRS><STMTRS><CURDEF>EUR</CURDEF><BANKACCTFROM>"
+      "<BANKID>1</BANKID><ACCTID>777</ACCTID></BANKACCTFROM><BANKTRANLIST><stmttrn><TRNTYPE/>"
+      "<DTPOSTED>20130415</DTPOSTED><TRNAMT>-12.50</TRNAMT><FITID>a1</FITID>"
+      "<NAME><![CDATA[M&S <Food>]]> &#xA3;</NAME><MEMO>Lunch</MEMO></stmttrn></BANKTRANLIST>"
+      "</STMTRS></STMTTRNRS></BANKMSGSRSV1></OFX>";
+  for (const std::string& text : {kHead + sgml, kHead + broken, kHead + apart, sgml, xml}) {
+    SCOPED_TRACE(text);
+    const class Transaction undone = Db().Begin();
+    const ImportSummary summary = ImportOfx(text);
+    EXPECT_EQ(summary.problemCount, 0U);
+    EXPECT_EQ(Rows("777"), (Texts{"2013-04-15|M&S <Food> \xC2\xA3|Debit|-12.5|a1|Lunch"}));
+    EXPECT_EQ(Count("tblAccounts Where AccountNo = '777' AND CurrencyId = 43"), 1);
+  }
+}
+
+TEST_F(OfxImport, OnlyTheStatementsOwnAccountChooses) {
+  const std::int64_t chosen = AddAccount("Chosen");
+  AddAccount("Known", "abc-1");
+  const std::string one = Transaction("<DTPOSTED>20200213<TRNAMT>1<NAME>One");
+  ImportOfx(kHead +
+                std::string("<OFX><SIGNUPMSGSRSV1><ACCTINFO><BANKACCTINFO><BANKACCTFROM><ACCTID>"
+                            "list</BANKACCTFROM></BANKACCTINFO></ACCTINFO></SIGNUPMSGSRSV1>") +
+                Statement("empty", "") + Statement("ABC-1", one) +
+                // A statement that names none goes where the person said.
+                "<BANKMSGSRSV1><STMTTRNRS><STMTRS><BANKTRANLIST>" +
+                Transaction("<DTPOSTED>20200213<TRNAMT>2<NAME>Two<BANKACCTTO><BANKID>5<ACCTID>"
+                            "other</BANKACCTTO>") +
+                Transaction("<DTPOSTED>20200214<TRNAMT>3<NAME>Three") +
+                "</BANKTRANLIST></STMTRS></STMTTRNRS></BANKMSGSRSV1>"
+                "<CREDITCARDMSGSRSV1><CCSTMTTRNRS><CCSTMTRS><CURDEF>GBP<CCACCTFROM><ACCTID>4444"
+                "</CCACCTFROM><BANKTRANLIST>" +
+                Transaction("<DTPOSTED>20200215<TRNAMT>-4<NAME>Four") +
+                "</BANKTRANLIST></CCSTMTRS></CCSTMTTRNRS></CREDITCARDMSGSRSV1></OFX>",
+            chosen);
+  EXPECT_EQ(AccountNames(), (Texts{"Chosen", "Known", "4444"}));
+  EXPECT_EQ(Amounts("Known"), (Texts{"1"}));
+  EXPECT_EQ(Amounts("Chosen"), (Texts{"2", "3"}));
+  EXPECT_EQ(Amounts("4444"), (Texts{"-4"}));
+  EXPECT_EQ(Count("tblAccounts A INNER JOIN tblAccountType T ON A.AccountTypeID = T.AccountTypeID "
+                  "Where A.Account = '4444' AND T.AccountType = 'Credit Accounts'"),
+            1);
+  EXPECT_EQ(ImportOfx("<OFX><STMTTRN><DTPOSTED>20200101<TRNAMT>1</STMTTRN></OFX>", 99).stop,
+            "File import can not continue, there are no accounts in this file. Create an Account "
+            "before importing.");
+}
+
+TEST_F(OfxImport, PayeesAndWhatStandsOutsideATransaction) {
+  const ImportSummary summary = ImportOfx(
+      kHead + std::string("<OFX>") +
+      Statement("1",
+                "<NAME>Leak<MEMO>Leak<TRNAMT>99" +
+                    Transaction("<DTPOSTED>20200213<TRNAMT>1<PAYEE><NAME>Jane<CITY>York</PAYEE>"
+                                "<MEMO>m") +
+                    "<MEMO>Leak<FITID>leak" +
+                    Transaction("<DTPOSTED>20200214<TRNAMT>2<NAME></NAME><MEMO>Only memo") +
+                    Transaction("<DTPOSTED>20200215<TRNAMT>3") + "<STMTTRN></STMTTRN>" +
+                    Transaction("<DTPOSTED>20200231<TRNAMT>4") +
+                    Transaction("<DTPOSTED>2020<TRNAMT>5") + Transaction("<DTPOSTED>20200216") +
+                    // The last one ends with the file.
+                    "<STMTTRN><DTPOSTED>20200217<TRNAMT>6,50<NAME>Caf\xE9<FITID> " +
+                    std::string(60, 'x')));
+  EXPECT_EQ(Rows("1"),
+            (Texts{"2020-02-13|Jane|Credit|1||m", "2020-02-14|Only memo|Credit|2||Only memo",
+                   "2020-02-15|Transfer|Credit|3||",
+                   "2020-02-17|Caf\xC3\xA9|Credit|6.5|" + std::string(50, 'x') + "|"}));
+  EXPECT_EQ(Problems(summary), (Texts{"7: \"20200231\" is no date.", "7: \"2020\" is no date.",
+                                      "7: There is no amount."}));
+}
+
+TEST_F(OfxImport, InvestmentStatementsAreRefused) {
+  const std::string inside = Transaction("<DTPOSTED>20200213<TRNAMT>1<NAME>Cash");
+  const ImportSummary summary = ImportOfx(
+      "<OFX><INVSTMTMSGSRSV1><INVSTMTTRNRS><INVSTMTRS><INVACCTFROM><ACCTID>55</INVACCTFROM>"
+      "<INVTRANLIST><INVBANKTRAN>" +
+      inside + "</INVBANKTRAN></INVTRANLIST></INVSTMTRS></INVSTMTTRNRS></INVSTMTMSGSRSV1></OFX>");
+  EXPECT_EQ(summary.imported, 0U);
+  EXPECT_EQ(summary.problemCount, 1U);
+  EXPECT_EQ(AccountNames(), Texts{});
+}
+
+TEST(OfxEntities, AreResolvedWhereTheyAreSome) {
+  EXPECT_EQ(ResolveEntities("a&amp;b&LT;c&gt;&quot;&apos;&nbsp;&#163;&#x20AC;"),
+            "a&b<c>\"' \xC2\xA3\xE2\x82\xAC");
+  for (const char* text : {"AT&T", "a & b;", "&unknown;", "&#0;", "&#xD800;", "&#99999999;", "&"}) {
+    EXPECT_EQ(ResolveEntities(text), text);
+  }
+}
+
+// A bank's own mark makes a duplicate certain; nobody is asked.
+TEST_F(OfxImport, BankIds) {
+  const std::string coffees = Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c1<NAME>Coffee") +
+                              Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c2<NAME>Coffee");
+  job_.duplicates = DuplicateAnswer::Ask;
+  EXPECT_EQ(ImportOfx(Statement("1", coffees)).imported, 2U);
+  const ImportSummary again = ImportOfx(Statement("1", coffees));
+  EXPECT_EQ(again.imported, 0U);
+  EXPECT_EQ(again.duplicates, 2U);
+  Machine().prompts.ExpectChoose("File Import",
+                                 "Duplicate record found for Tea On 13/02/2020 for -3.00\r\n"
+                                 "Matching on Coffee On 13/02/2020 for -3.00\r\n"
+                                 "Do you want to import duplicate record?",
+                                 0);
+  EXPECT_EQ(ImportOfx(Statement("1", Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c3<NAME>Tea")))
+                .imported,
+            1U);
+}
+
+}  // namespace
+}  // namespace corvanta

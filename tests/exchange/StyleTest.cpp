@@ -1,0 +1,216 @@
+#include "exchange/DateStyle.h"
+#include "exchange/Encoding.h"
+#include "exchange/ExchangeTest.h"
+#include "exchange/NumberStyle.h"
+#include "platform/IcuLocale.h"
+
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kNone = "-";
+
+std::string Shown(const std::optional<double>& number) {
+  return number ? SqlNumber(*number) : kNone;
+}
+std::string Shown(const std::optional<Date>& date) {
+  return date ? date->ToIso() : kNone;
+}
+
+TEST(FileNumbers, AreReadByTheMarkOfTheirFile) {
+  struct Case {
+    const char* text;
+    const char* point;
+    const char* comma;
+  };
+  const Case cases[] = {
+      {"1,234.56", "1234.56", "1234.56"},
+      {"1.234,56", "1234.56", "1234.56"},
+      {"1 234,56", "1234.56", "1234.56"},
+      {"1\xC2\xA0"
+       "234,56",
+       "1234.56", "1234.56"},
+      {"1'234.56", "1234.56", "1234.56"},
+      {"-200,00", "-200", "-200"},
+      {"-200.00", "-200", "-200"},
+      {"200,5", "200.5", "200.5"},
+      {"1,234", "1234", "1.234"},
+      {"1.234", "1.234", "1234"},
+      {"1,234,567", "1234567", "1234567"},
+      {"1.234.567", "1234567", "1234567"},
+      {"0,125", "0.125", "0.125"},
+      {"1234.567", "1234.567", "1234.567"},
+      {"(12.50)", "-12.5", "-12.5"},
+      {"12.50-", "-12.5", "-12.5"},
+      {"\xE2\x88\x92"
+       "12.50",
+       "-12.5", "-12.5"},
+      {"$1,234.50", "1234.5", "1234.5"},
+      {"-\xC2\xA3"
+       "5",
+       "-5", "-5"},
+      {"12,50 \xE2\x82\xAC", "12.5", "12.5"},
+      {"EUR 12,50", "12.5", "12.5"},
+      {"12.50 DR", "-12.5", "-12.5"},
+      {"12.50CR", "12.5", "12.5"},
+      {"kr 5", "5", "5"},
+      {".5", "0.5", "0.5"},
+      {"5.", "5", "5"},
+      {"-0.00", "0", "0"},
+      {"+7", "7", "7"},
+      {"", kNone, kNone},
+      {"abc", kNone, kNone},
+      {"12x", kNone, kNone},
+      {"No 5", kNone, kNone},
+      {"--5", kNone, kNone},
+      {"1.2.3", kNone, kNone},
+      {"1,23,4.5", kNone, kNone},
+      {"1e5", kNone, kNone},
+      {"nan", kNone, kNone},
+      {"0x10", kNone, kNone},
+      {"9999999999999999", kNone, kNone},
+      {"-5 DR", kNone, kNone},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(Shown(ReadFileNumber(c.text, DecimalMark::Point)), c.point);
+    EXPECT_EQ(Shown(ReadFileNumber(c.text, DecimalMark::Comma)), c.comma);
+  }
+}
+
+TEST(FileNumbers, TheMarkIsFoundFromAllOfThem) {
+  const IcuLocale british("en_GB");
+  const IcuLocale german("de_DE");
+  const auto find = [](std::initializer_list<const char*> texts, const Locale& locale) {
+    DecimalMarkFinder finder;
+    for (const char* text : texts) finder.Add(text);
+    return finder.Find(locale);
+  };
+  EXPECT_EQ(find({"1.234", "5,5"}, british), DecimalMark::Comma);
+  EXPECT_EQ(find({"1,234", "5.5"}, german), DecimalMark::Point);
+  EXPECT_EQ(find({"1.234.567", "1.234"}, british), DecimalMark::Comma);
+  EXPECT_EQ(find({"1.234", "100"}, british), DecimalMark::Point);
+  EXPECT_EQ(find({"1.234", "100"}, german), DecimalMark::Comma);
+}
+
+TEST(FileDates, AreReadInTheOrderOfTheirFile) {
+  struct Case {
+    const char* text;
+    const char* day;    // Day/Month/Year
+    const char* month;  // Month/Day/Year
+    const char* year;   // Year/Month/Day
+  };
+  const Case cases[] = {
+      {"1/2/2020", "2020-02-01", "2020-01-02", kNone},
+      {"01.02.2020", "2020-02-01", "2020-01-02", kNone},
+      {"1-2-20", "2020-02-01", "2020-01-02", "2001-02-20"},
+      {"13/2/2020", "2020-02-13", kNone, kNone},
+      {"1/15'05", kNone, "2005-01-15", kNone},
+      {"3/ 9' 0", "2000-09-03", "2000-03-09", kNone},
+      {"2/14'2020", kNone, "2020-02-14", kNone},
+      {" 1/ 5/98", "1998-05-01", "1998-01-05", kNone},
+      {"2020-02-13", kNone, kNone, "2020-02-13"},
+      {"2020/2/3", kNone, kNone, "2020-02-03"},
+      {"01022020", "2020-02-01", "2020-01-02", kNone},
+      {"20200213", kNone, kNone, "2020-02-13"},
+      {"010220", "2020-02-01", "2020-01-02", "2001-02-20"},
+      {"13 Feb 2020", "2020-02-13", "2020-02-13", "2020-02-13"},
+      {"February 13, 2020", "2020-02-13", "2020-02-13", "2020-02-13"},
+      {"Thu 13-Feb-20", "2020-02-13", "2020-02-13", "2013-02-20"},
+      {"1/2/2020 10:30", "2020-02-01", "2020-01-02", kNone},
+      {"2020-02-13T10:30:00Z", kNone, kNone, "2020-02-13"},
+      {"31/2/2020", kNone, kNone, kNone},
+      {"13th of February 2020", "2020-02-13", "2020-02-13", "2020-02-13"},
+      {"14 Feb 20220", kNone, kNone, kNone},
+      {"14 Feb 202", kNone, kNone, kNone},
+      {"14 Foo 2020", kNone, kNone, kNone},
+      {"30 Feb 2020", kNone, kNone, kNone},
+      {"1/2", kNone, kNone, kNone},
+      {"1/2/202", kNone, kNone, kNone},
+      {"1/2/20201", kNone, kNone, kNone},
+      {"0/1/2020", kNone, kNone, kNone},
+      {"", kNone, kNone, kNone},
+      {"soon", kNone, kNone, kNone},
+      {"123456789", kNone, kNone, kNone},
+  };
+  const IcuLocale locale("en_GB");
+  const auto read = [&](const char* text, DateOrder order) {
+    return Shown(ReadFileDate(text, order, locale, DateTolerance::OrderOnly));
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    EXPECT_EQ(read(c.text, DateOrder::DayMonthYear), c.day);
+    EXPECT_EQ(read(c.text, DateOrder::MonthDayYear), c.month);
+    EXPECT_EQ(read(c.text, DateOrder::YearMonthDay), c.year);
+  }
+  // Outside a chosen order a year of four digits in front speaks for itself.
+  EXPECT_EQ(Shown(ReadFileDate("2020-02-13", DateOrder::MonthDayYear, locale)), "2020-02-13");
+  EXPECT_EQ(
+      Shown(ReadFileDate("13. M\xC3\xA4rz 2020", DateOrder::DayMonthYear, IcuLocale("de_DE"))),
+      "2020-03-13");
+}
+
+TEST(FileDates, TheOrderIsFoundFromAllOfThem) {
+  const IcuLocale british("en_GB");
+  const IcuLocale american("en_US");
+  const auto find = [](std::initializer_list<const char*> texts, const Locale& locale) {
+    DateOrderFinder finder;
+    for (const char* text : texts) finder.Add(text);
+    return finder.Find(locale);
+  };
+  EXPECT_EQ(find({"1/2/2020", "2/13/2020"}, british), DateOrder::MonthDayYear);
+  EXPECT_EQ(find({"1/2/2020", "13/2/2020"}, american), DateOrder::DayMonthYear);
+  EXPECT_EQ(find({"1/2/2020"}, british), DateOrder::DayMonthYear);
+  EXPECT_EQ(find({"1/2/2020"}, american), DateOrder::MonthDayYear);
+  EXPECT_EQ(find({"20-02-13", "98-01-01"}, british), DateOrder::YearMonthDay);
+  EXPECT_EQ(find({"2020-01-02"}, american), DateOrder::YearMonthDay);
+  EXPECT_EQ(find({"31/2/2020", "1/2/2020"}, american), DateOrder::DayMonthYear);
+  EXPECT_EQ(find({}, american), DateOrder::MonthDayYear);
+}
+
+class Styles : public ExchangeTest {};
+
+TEST_F(Styles, OneOrderAndOneMarkPerFile) {
+  ImportBank("D1/2/2020\nT-1.234\n^\nD2/13/2020\nT-200,00\n^\n");
+  EXPECT_EQ(Dates("Mine"), (Texts{"2020-01-02", "2020-02-13"}));
+  EXPECT_EQ(Amounts("Mine"), (Texts{"-1234", "-200"}));
+  job_.dateOrder = DateOrder::DayMonthYear;
+  job_.decimalMark = DecimalMark::Point;
+  const ImportSummary chosen = ImportBank("D1/2/2021\nT-1.234\n^\nD2/13/2020\nT-200,00\n^\n");
+  EXPECT_EQ(Dates("Mine").back(), "2021-02-01");
+  EXPECT_EQ(Amounts("Mine").back(), "-1.234");
+  EXPECT_EQ(Problems(chosen), (Texts{"8: \"2/13/2020\" is no date."}));
+}
+
+TEST_F(Styles, Encodings) {
+  const std::string record = "!Account\nNMine\n^\n!Type:Bank\nD13/2/2020\nT1\nP";
+  Import(record + "Caf\xC3\xA9\n^\n");
+  Import("\xEF\xBB\xBF" + record + "B\xC3\xA4r\nT2\n^\n");
+  Import(record +
+         "\x80 f\xFCr Z\xFC"
+         "rich\nT3\n^\n\x1A");
+  std::string wide("\xFF\xFE", 2);
+  for (const char c : record + "Wide\nT4\n^\n") wide += std::string{c, '\0'};
+  Import(wide);
+  EXPECT_EQ(Rows("Mine"),
+            (Texts{"2020-02-13|Caf\xC3\xA9|Credit|1||", "2020-02-13|B\xC3\xA4r|Credit|2||",
+                   "2020-02-13|\xE2\x82\xAC f\xC3\xBCr Z\xC3\xBCrich|Credit|3||",
+                   "2020-02-13|Wide|Credit|4||"}));
+}
+
+TEST(Encodings, AreNeverLost) {
+  EXPECT_FALSE(IsUtf8("\xC0\x80"));
+  EXPECT_FALSE(IsUtf8("\xED\xA0\x80"));
+  EXPECT_FALSE(IsUtf8("\xF4\x90\x80\x80"));
+  EXPECT_FALSE(IsUtf8("a\xE2\x82"));
+  EXPECT_TRUE(IsUtf8("\xF0\x9F\x92\xB0 \xE2\x82\xAC"));
+  EXPECT_EQ(EncodeWindows1252("\xE2\x82\xAC\xC3\xBC \xE2\x84\x96"), "\x80\xFC &#8470;");
+  EXPECT_EQ(DecodeText("OFXHEADER:100\nCHARSET:1252\n\nA\xC3\xA9"),
+            "OFXHEADER:100\nCHARSET:1252\n\nA\xC3\x83\xC2\xA9");
+  EXPECT_EQ(DecodeText("OFXHEADER:100\nENCODING:UTF-8\nCHARSET:1252\n\n\xC3\xA9").substr(42),
+            "\n\xC3\xA9");
+}
+
+}  // namespace
+}  // namespace corvanta

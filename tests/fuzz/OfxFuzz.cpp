@@ -1,0 +1,10 @@
+// Any text is read to its end as OFX.
+#include "ReaderFuzz.h"
+#include "exchange/OfxReader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text = corvanta::FuzzText(data, size);
+  corvanta::CheckingSink sink(text.size(), corvanta::FuzzLocale());
+  corvanta::OfxReader(text).Run(sink);
+  return 0;
+}

@@ -1,0 +1,10 @@
+// Any text is read to its end as QIF.
+#include "ReaderFuzz.h"
+#include "exchange/QifReader.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text = corvanta::FuzzText(data, size);
+  corvanta::CheckingSink sink(text.size(), corvanta::FuzzLocale());
+  corvanta::QifReader(text).Run(sink);
+  return 0;
+}
