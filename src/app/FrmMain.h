@@ -59,6 +59,8 @@ class FrmMain : public QMainWindow {
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
 
  private:
   QWidget* MakeCentre();
@@ -72,6 +74,7 @@ class FrmMain : public QMainWindow {
   void ConnectTransactions();
   void ConnectEntry();
   void ConnectSchedules();
+  void ConnectExchange();
   void ConnectReference();
   void ConnectViews();
   // Runs the command, at the window's edge, whenever the action is triggered.
@@ -142,6 +145,12 @@ class FrmMain : public QMainWindow {
   void Reconcile();
   void ConvertCurrency();
   void PrintShown(bool preview);
+
+  // --- Files in and out
+
+  // With that file chosen; empty for none.
+  void ImportFile(const std::string& path);
+  void ExportRegister();
 
   // --- Schedules and reminders
 

@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QMenu>
 #include <QPointer>
+#include <QStackedWidget>
 
 namespace corvanta {
 namespace {
@@ -45,6 +46,7 @@ void FrmMain::ConnectCommands() {
   ConnectTransactions();
   ConnectEntry();
   ConnectSchedules();
+  ConnectExchange();
   ConnectReference();
   ConnectViews();
 }
@@ -80,11 +82,18 @@ void FrmMain::ConnectEdit() {
 }
 
 void FrmMain::ConnectViews() {
-  On(actions_->mnuViewAccounts, [this] { ShowView(kAccountShow); });
-  On(actions_->mnuViewRegister, [this] { ShowView(kTransactionShow, account_); });
-  On(actions_->mnuViewCategories, [this] { ShowView(kCategoryShow); });
-  On(actions_->mnuViewPayees, [this] { ShowView(kPayeeShow); });
-  On(actions_->mnuViewSchedules, [this] { ShowView(kScheduleShow); });
+  // The keys of a view work at once, without a way to it.
+  const auto go = [this](QAction* action, std::string_view view) {
+    On(action, [this, view] {
+      ShowView(view, view == kTransactionShow ? account_ : 0);
+      views_->currentWidget()->setFocus();
+    });
+  };
+  go(actions_->mnuViewAccounts, kAccountShow);
+  go(actions_->mnuViewRegister, kTransactionShow);
+  go(actions_->mnuViewCategories, kCategoryShow);
+  go(actions_->mnuViewPayees, kPayeeShow);
+  go(actions_->mnuViewSchedules, kScheduleShow);
   On(actions_->mnuViewRefresh, [this] { Reload(); });
   for (QAction* tick :
        {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {

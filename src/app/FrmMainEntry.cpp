@@ -97,9 +97,10 @@ void FrmMain::EditTransaction(std::int64_t key) {
 }
 
 void FrmMain::Reconcile() {
-  if (OpenReconcile(EntryAccount(), {platform_, session_.Ledger(), session_.Rates(), this})) {
-    Reload();
-  }
+  const ReconcileResult result =
+      OpenReconcile(EntryAccount(), {platform_, session_.Ledger(), session_.Rates(), this});
+  if (result.isScheduleChanged) return TakeSchedules();
+  if (result.isChanged) Reload();
 }
 
 void FrmMain::ConvertCurrency() {

@@ -2,6 +2,7 @@
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/QtProgress.h"
 #include "app/RegisterView.h"
 #include "app/RemindersPanel.h"
 #include "app/ScheduleView.h"
@@ -74,20 +75,25 @@ void FrmMain::ConnectSchedules() {
   On(actions_->mnuReminderOpen, [this] { OpenReminder(); });
   On(actions_->mnuReminderPost, [this] { PostReminder(); });
   On(actions_->mnuReminderSkip, [this] { SkipReminder(); });
-  On(actions_->mnuViewReminders,
-     [this] { reminders_->setVisible(actions_->mnuViewReminders->isChecked()); });
+  On(actions_->mnuViewReminders, [this] {
+    const bool isShown = actions_->mnuViewReminders->isChecked();
+    reminders_->setVisible(isShown);
+    if (isShown) reminders_->setFocus();
+  });
   connect(reminders_, &RemindersPanel::ChoiceChanged, this,
           [this] { Guard([this] { MarkReminder(); }); });
   auto* dayCheck = new QTimer(this);
+  dayCheck->setObjectName(QStringLiteral("tmrDay"));
   connect(dayCheck, &QTimer::timeout, this, [this] { Guard([this] { TakeDay(); }); });
   dayCheck->start(kDayCheck);
 }
 
 void FrmMain::EditSchedule(std::int64_t key) {
-  if (key == 0 && !CanAddTo(EntryAccount())) return;
   ScheduleRequest request;
   request.key = key;
-  request.accountId = EntryAccount();
+  // A closed account takes no schedule, but any other one can be chosen.
+  const auto account = session_.Ledger().ReadAccount(EntryAccount());
+  if (account && !account->closed) request.accountId = account->accountId;
   const EntryResult result = OpenSchedule(request, EntryPlaceHere());
   if (!result.isChanged) return;
   TakeSchedules();
@@ -133,7 +139,8 @@ void FrmMain::TakeSchedules() {
 void FrmMain::ReadReminders() {
   ReminderList list;
   if (session_.IsOpen()) {
-    list = Reminders(session_.Ledger(), day_, settings_.RemindersUntil(day_));
+    list = Reminders(session_.Ledger(), day_, settings_.RemindersUntil(day_),
+                     settings_.IsOn(Setting::Overdue));
   }
   const QString title = tr("Rem&inders");
   actions_->mnuViewReminders->setText(
@@ -178,8 +185,9 @@ void FrmMain::SkipReminder() {
 
 void FrmMain::TakeDay() {
   const Date today = platform_.clock.Today();
-  // A window in front works on rows that must not change below it.
-  if (today == day_ || QApplication::activeModalWidget() != nullptr) return;
+  // A window in front, or a running operation, works on rows that must not change below it.
+  const bool isBusy = progress_.IsBusy() || QApplication::activeModalWidget() != nullptr;
+  if (today == day_ || isBusy) return;
   day_ = today;
   calendar_->SetToday(ToQt(day_));
   registerView_->SetToday(day_);

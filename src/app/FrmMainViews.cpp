@@ -227,6 +227,7 @@ void FrmMain::MarkChoice() {
   actions_->mnuEditDetails->setEnabled(isChosen || isRow);
   actions_->mnuTransEdit->setEnabled(isRow);
   const bool isList = list != nullptr || isRegister;
+  actions_->mnuFileExport->setEnabled(isRegister && shown_.accountId != 0);
   actions_->mnuFilePrint->setEnabled(isList);
   actions_->mnuFilePreview->setEnabled(isList);
   actions_->mnuEditDelete->setEnabled(isChosen || isRow);

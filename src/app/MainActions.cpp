@@ -28,6 +28,12 @@ void MainActions::MakeFile() {
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
+  mnuFileImport = Make("mnuFileImport", tr("&Import..."), "import",
+                       tr("Bring the transactions of a QIF, OFX or CSV file into an account"),
+                       QKeySequence(Qt::CTRL | Qt::Key_I));
+  mnuFileExport = Make("mnuFileExport", tr("&Export..."), "export",
+                       tr("Write the transactions that are shown into a file"),
+                       QKeySequence(Qt::CTRL | Qt::Key_E));
   mnuFilePrint = Make("mnuFilePrint", tr("&Print..."), "print", tr("Print the list that is shown"),
                       QKeySequence::Print);
   mnuFilePreview = Make("mnuFilePreview", tr("Print Previe&w..."), "preview",
@@ -206,13 +212,13 @@ QAction* MainActions::InViews(QAction* action) const {
 
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
-       {mnuViewSchedules,  mnuScheduleAdd,      mnuViewAccounts,  mnuViewRegister,
-        mnuViewCategories, mnuViewPayees,       mnuViewRefresh,   mnuViewDescription,
-        mnuViewReference,  mnuViewStatus,       mnuViewUnCleared, mnuViewCleared,
-        mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks,     mnuViewPayments,
-        mnuToolsKeywords,  mnuAccountAdd,       mnuAccountList,   mnuCategoryAdd,
-        mnuPayeeNew,       mnuToolsCurrency,    mnuTransAdd,      mnuTransAutofill,
-        mnuTransReconcile, mnuViewReconcile}) {
+       {mnuFileImport,      mnuViewSchedules,  mnuScheduleAdd,      mnuViewAccounts,
+        mnuViewRegister,    mnuViewCategories, mnuViewPayees,       mnuViewRefresh,
+        mnuViewDescription, mnuViewReference,  mnuViewStatus,       mnuViewUnCleared,
+        mnuViewCleared,     mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks,
+        mnuViewPayments,    mnuToolsKeywords,  mnuAccountAdd,       mnuAccountList,
+        mnuCategoryAdd,     mnuPayeeNew,       mnuToolsCurrency,    mnuTransAdd,
+        mnuTransAutofill,   mnuTransReconcile, mnuViewReconcile}) {
     action->setEnabled(open);
   }
 }

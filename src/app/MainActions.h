@@ -29,6 +29,8 @@ class MainActions : public QObject {
   QAction* mnuFileOpen;
   QAction* mnuFileValidate;
   QAction* mnuFileKey;
+  QAction* mnuFileImport;
+  QAction* mnuFileExport;
   QAction* mnuFilePrint;
   QAction* mnuFilePreview;
   QAction* mnuFileExit;

@@ -18,6 +18,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
   file->addActions({mnuFileOpen, mnuFileValidate, mnuFileKey});
   file->addSeparator();
+  file->addActions({mnuFileImport, mnuFileExport});
+  file->addSeparator();
   file->addActions({mnuFilePrint, mnuFilePreview});
   file->addSeparator();
   file->addAction(mnuFileExit);

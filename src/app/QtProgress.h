@@ -31,6 +31,8 @@ class QtProgress : public QObject, public Progress {
   std::string SetStatus(const std::string& text) override;
   void SetStep(std::size_t done, std::size_t total) override;
   [[nodiscard]] bool Yield() override;
+  // An operation runs, and lets window messages through.
+  [[nodiscard]] bool IsBusy() const { return busy_; }
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;

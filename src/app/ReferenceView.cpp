@@ -92,6 +92,7 @@ void ReferenceView::Fill(std::vector<ListRow> rows, const QString& details, cons
   model_->SetRows(std::move(rows));
   const int shown = model_->rowCount();
   pages_->setCurrentIndex(shown == 0 ? 1 : 0);
+  setFocusProxy(pages_->currentWidget());
   if (shown == 0) return;
   if (chosen != 0 && model_->RowOf(chosen) < 0) table_->ChooseRow(std::min(place, shown - 1));
   if (chosen != 0) return ChooseKey(chosen);

@@ -20,7 +20,7 @@ std::vector<ListColumn> Columns(const Locale& locale) {
   const Date longDate = *Date::FromYmd(2028, 12, 28);
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 3 * kRhythm;
   return {{ScheduleView::tr("Next Due"), text(ToQt(locale.FormatShortDate(longDate))) + kRhythm, 0},
-          {ScheduleView::tr("Account"), text(QStringLiteral("An account")), 2},
+          {ScheduleView::tr("Account"), text(QStringLiteral("A bank account's")), 3},
           {ScheduleView::tr("Payee"), text(QStringLiteral("A payee's name")), 3},
           {ScheduleView::tr("Category"), text(QStringLiteral("Category:Sub-category")), 3},
           {ScheduleView::tr("Frequency"), text(QStringLiteral("Every 4 Weeks")), 1},

@@ -104,7 +104,8 @@ void DateField::keyPressEvent(QKeyEvent* event) {
 }
 
 void DateField::focusOutEvent(QFocusEvent* event) {
-  if (event->reason() != Qt::PopupFocusReason) Settle();
+  const bool isPopup = event->reason() == Qt::PopupFocusReason;
+  if (!isPopup && (IsDay() || text().trimmed().isEmpty())) Settle();
   QLineEdit::focusOutEvent(event);
 }
 

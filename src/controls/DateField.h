@@ -12,7 +12,8 @@ class Locale;
 
 // A field for a day, in the locale's short form. Keys move it: + - and the arrows by a day, [ ] and
 // the arrows with Ctrl by a week, Page Up and Page Down by a month; T is today; F4 opens a
-// calendar. A day can be typed as well; what is no day goes back to the last one that was.
+// calendar. A day can be typed as well; at Enter, what is no day goes back to the last one that
+// was, and no other way to leave the field hides what was typed.
 class DateField : public QLineEdit {
   Q_OBJECT
 
@@ -23,6 +24,8 @@ class DateField : public QLineEdit {
   void SetDay(Date day);
   // The day that is typed; the last one while the text is none.
   [[nodiscard]] Date Day() const;
+  // Whether the text is a day.
+  [[nodiscard]] bool IsDay() const { return Typed().has_value(); }
 
  Q_SIGNALS:
   void DayChanged();

@@ -1,5 +1,8 @@
 #include "controls/EditorDialog.h"
 
+#include "controls/DateField.h"
+#include "controls/QtText.h"
+
 #include <QPushButton>
 #include <QShortcut>
 
@@ -62,6 +65,12 @@ void EditorDialog::ShowMode() {
 bool EditorDialog::SaveRow() {
   if (const auto warning = Check()) {
     Warn(*warning);
+    return false;
+  }
+  // The day from before would be saved in place of what stands in the field.
+  for (const auto* day : findChildren<DateField*>()) {
+    if (day->IsDay()) continue;
+    Warn({"Save Warning", "You need to enter a valid Date", FromQt(day->objectName())});
     return false;
   }
   const std::int64_t key = Save();

@@ -56,6 +56,9 @@ void EmptyState::Show(const QString& icon, const QString& title, const QString& 
   // A label that wraps its text asks for one line's height unless it is told otherwise.
   text_->setMinimumHeight(text_->heightForWidth(kTextWidth));
   button_->setVisible(action != nullptr);
+  // The keys of the view work here, too.
+  setFocusPolicy(Qt::StrongFocus);
+  setFocusProxy(action != nullptr ? button_ : nullptr);
   if (action != nullptr) {
     button_->setText(action->statusTip());
     button_->setMinimumWidth(fontMetrics().horizontalAdvance(button_->text()) + 4 * kRhythm);

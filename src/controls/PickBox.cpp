@@ -1,7 +1,10 @@
 #include "controls/PickBox.h"
 
+#include <QAbstractItemView>
 #include <QCompleter>
+#include <QFocusEvent>
 #include <QLineEdit>
+#include <QMetaObject>
 
 namespace corvanta {
 namespace {
@@ -19,6 +22,51 @@ PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
   completer()->setCaseSensitivity(Qt::CaseInsensitive);
   completer()->setFilterMode(Qt::MatchContains);
   completer()->setMaxVisibleItems(kShownItems);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &PickBox::TakeTyped);
+  lineEdit()->installEventFilter(this);
+}
+
+void PickBox::TakeTyped(const QString& text) {
+  const bool isAppended = text.size() == typed_.size() + 1 && text.startsWith(typed_);
+  // The first letter over a chosen text, and not the last one that is left of it.
+  const bool isBegun = text.size() == 1 && !typed_.startsWith(text);
+  typed_ = text;
+  isToComplete_ = (isAppended || isBegun) && lineEdit()->cursorPosition() == text.size();
+  // The list below shows what fits the typed letters: it must have been filled before.
+  if (isToComplete_) QMetaObject::invokeMethod(this, &PickBox::Complete, Qt::QueuedConnection);
+}
+
+void PickBox::Complete() {
+  if (!isToComplete_ || lineEdit()->text() != typed_) return;
+  isToComplete_ = false;
+  if (typed_.isEmpty() || findText(typed_, Qt::MatchFixedString) >= 0) return;
+  int found = -1;
+  for (int item = 0; item < count() && found < 0; ++item) {
+    if (itemText(item).startsWith(typed_, Qt::CaseInsensitive)) found = item;
+  }
+  if (found < 0) return;
+  // The letters stay as they were typed: they may be those of a new name.
+  const QString name = typed_ + itemText(found).mid(typed_.size());
+  lineEdit()->setText(name);
+  lineEdit()->setSelection(static_cast<int>(name.size()),
+                           static_cast<int>(typed_.size() - name.size()));
+  if (completer()->completionCount() == 1) completer()->popup()->hide();
+}
+
+void PickBox::Leave() {
+  // Whoever types fast leaves before the event loop has come round.
+  Complete();
+  const int item = findText(lineEdit()->text(), Qt::MatchFixedString);
+  if (item >= 0 && lineEdit()->text() != itemText(item)) lineEdit()->setText(itemText(item));
+}
+
+bool PickBox::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == lineEdit() && event->type() == QEvent::FocusIn) typed_ = lineEdit()->text();
+  if (watched == lineEdit() && event->type() == QEvent::FocusOut &&
+      static_cast<const QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
+    Leave();
+  }
+  return QComboBox::eventFilter(watched, event);
 }
 
 void PickBox::SetItems(const std::vector<PickItem>& items) {

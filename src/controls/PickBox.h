@@ -11,8 +11,10 @@ struct PickItem {
   QString text;
 };
 
-// A list to pick from that completes what is typed, without regard to case and from the middle of
-// a name, too. What is typed need not be in the list.
+// A list to pick from that completes what is typed, without regard to case: the first name that
+// begins so stands in the field at once, its rest chosen, so that Tab takes it and Delete does not;
+// names that have the letters in their middle are offered below. What is typed need not be in the
+// list.
 class PickBox : public QComboBox {
   Q_OBJECT
 
@@ -25,6 +27,17 @@ class PickBox : public QComboBox {
   [[nodiscard]] qint64 Key() const;
   // Shows the item of that key, or nothing.
   void SetKey(qint64 key);
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void TakeTyped(const QString& text);
+  void Complete();
+  void Leave();
+
+  QString typed_;              // what stood in the field after the last key
+  bool isToComplete_ = false;  // a letter was added at its end
 };
 
 }  // namespace corvanta

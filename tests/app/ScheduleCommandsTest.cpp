@@ -5,8 +5,10 @@
 #include "support/DialogTest.h"
 #include "support/LedgerProblems.h"
 
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace corvanta {
@@ -143,6 +145,72 @@ TEST_F(ScheduleCommands, RemindersArePostedAndSkippedWithOneKeyEach) {
   QTest::keyClick(&Reminders(), Qt::Key_S);
   EXPECT_EQ(Posted(), 0);
   EXPECT_NE(RibbonText(), before) << "a skipped one stays skipped";
+}
+
+TEST_F(ScheduleCommands, AKeyBringsTheRemindersAndTheOptionLeavesOverdueOnesOut) {
+  Start();
+  AddSchedule(0, -20, AddToAccount::No);
+  AddSchedule(-1, -7, AddToAccount::No);
+  Trigger("mnuViewRefresh");
+  Trigger("mnuViewReminders");
+  QTest::keyClick(window_.get(), Qt::Key_F9);
+  ASSERT_TRUE(Reminders().isVisible());
+  EXPECT_TRUE(Reminders().hasFocus());
+  ASSERT_EQ(Reminders().topLevelItemCount(), 2);
+  EXPECT_TRUE(RibbonText().contains(QStringLiteral("(2)"))) << RibbonText().toStdString();
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Overdue", "0");
+  Trigger("mnuViewRefresh");
+  ASSERT_EQ(Reminders().topLevelItemCount(), 1);
+  EXPECT_EQ(Reminders().topLevelItem(0)->text(0), QStringLiteral("Future Items"));
+  EXPECT_TRUE(RibbonText().contains(QStringLiteral("(1)"))) << RibbonText().toStdString();
+}
+
+TEST_F(ScheduleCommands, ANewDayPostsWhatItBrings) {
+  Start();
+  AddSchedule(1, -60, AddToAccount::WhenDue);
+  AddSchedule(1, -5, AddToAccount::No);
+  Trigger("mnuViewRefresh");
+  window_->Show({kTransactionShow, 1});
+  auto& rows = static_cast<RegisterModel&>(*WindowTest::Find<SortedTable>("lvbank").model());
+  const int posted = Posted();
+  const QString ribbon = RibbonText();
+  machine_.clock.SetToday(machine_.clock.Today().AddDays(30));
+  // Not below an operation that lets window messages through, nor below a window in front.
+  WindowTest::Find<QTimer>("tmrDay").setInterval(1);
+  const std::string former = progress_.SetStatus("Please wait...");
+  QTest::qWait(20);
+  EXPECT_EQ(Posted(), posted);
+  {
+    QDialog front(window_.get());
+    front.setModal(true);
+    front.show();
+    progress_.SetStatus(former);
+    QTest::qWait(20);
+    EXPECT_EQ(Posted(), posted);
+  }
+  ASSERT_TRUE(QTest::qWaitFor([&] { return Posted() == posted + 1; }));
+  EXPECT_EQ(rows.rowCount(), Posted());
+  EXPECT_FALSE(rows.IsAhead(rows.rowCount() - 1));
+  EXPECT_NE(RibbonText(), ribbon) << "what waits for a person is due as well";
+  QTest::qWait(20);
+  EXPECT_EQ(Posted(), posted + 1) << "once a day";
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Posted(), posted);
+}
+
+TEST_F(ScheduleCommands, AScheduleCanBeAddedWhileAClosedAccountIsShown) {
+  Start();
+  window_->Show({kTransactionShow, 1});
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Open',2,17,0,0)");
+  Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = 1");
+  Trigger("mnuViewRefresh");
+  QString opened;
+  InNextDialog([&opened](QDialog& form) {
+    opened = form.objectName() + Find<QComboBox>(form, "cmbAccount").currentText();
+  });
+  Trigger("mnuScheduleAdd");
+  EXPECT_EQ(opened, QStringLiteral("FrmSchedule")) << "no account is chosen";
 }
 
 TEST_F(ScheduleCommands, TheForecastIsMarkedAndItsLowestPointNamed) {

@@ -1,6 +1,7 @@
 #include "controls/AmountEdit.h"
 #include "controls/ChoiceRow.h"
 #include "controls/DateField.h"
+#include "controls/PickBox.h"
 #include "controls/ucCalendar.h"
 #include "platform/IcuLocale.h"
 #include "support/FixedClock.h"
@@ -159,6 +160,15 @@ TEST_F(Fields, NonsenseGoesBackToTheLastDayAndIsNotSavedUnseen) {
   }
   QTest::keyClick(&field, Qt::Key_Return);
   EXPECT_EQ(entered.count(), 1);
+  Retype(field, "31/02/2026");
+  Leave();
+  EXPECT_EQ(field.text(), "31/02/2026") << "for whoever saves to see";
+  EXPECT_FALSE(field.IsDay());
+  field.setFocus();
+  field.clear();
+  Leave();
+  EXPECT_EQ(field.text(), "21/11/2026");
+  EXPECT_TRUE(field.IsDay());
 }
 
 TEST_F(Fields, TheCalendarTakesADayByKeyOrClick) {
@@ -182,6 +192,41 @@ TEST_F(Fields, TheCalendarTakesADayByKeyOrClick) {
   QTest::keyClick(QApplication::activePopupWidget()->focusProxy(), Qt::Key_Escape);
   EXPECT_EQ(field.text(), "24/12/2026");
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(Fields, ANameIsCompletedAndWhatIsTypedCanStay) {
+  PickBox box(nullptr);
+  box.SetItems({{1, QStringLiteral("Acme Company")},
+                {2, QStringLiteral("The Good Grocer")},
+                {3, QStringLiteral("The Good Garage")},
+                {4, QStringLiteral("Acme")}});
+  Show(box);
+  QLineEdit& field = *box.lineEdit();
+  const auto type = [&](const QString& text) {
+    for (const QChar letter : text) {
+      QTest::keyClick(&field, letter.toLatin1());
+      QCoreApplication::processEvents();
+    }
+  };
+  type(QStringLiteral("the good g"));
+  EXPECT_EQ(field.text(), "the good grocer");
+  EXPECT_EQ(field.selectedText(), "rocer") << "typing on replaces it";
+  type(QStringLiteral("a"));
+  EXPECT_EQ(field.text(), "the good garage");
+  EXPECT_EQ(box.Key(), 3);
+  QTest::keyClick(&field, Qt::Key_Delete);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(field.text(), "the good ga") << "a new name that another one begins with";
+  EXPECT_EQ(box.Key(), 0);
+  field.selectAll();
+  type(QStringLiteral("acm"));
+  EXPECT_EQ(field.text(), "acme Company");
+  type(QStringLiteral("e"));
+  EXPECT_EQ(field.text(), "acme") << "a name of the list is not made longer";
+  EXPECT_EQ(box.Key(), 4);
+  QTest::keyClick(&field, Qt::Key_Backspace);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(field.text(), "acm");
 }
 
 TEST_F(Fields, AChoiceIsOneOrNone) {

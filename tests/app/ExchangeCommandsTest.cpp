@@ -1,0 +1,79 @@
+#include "app/WindowTest.h"
+#include "controls/SortedTable.h"
+#include "platform/Files.h"
+#include "support/DialogTest.h"
+#include "support/LedgerProblems.h"
+
+#include <QComboBox>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QUrl>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kStatement =
+    "!Type:Bank\nD11/18/2026\nT-12.50\nPCorner Shop\n^\nD11/19/2026\nT100.00\nPAcme\n^\n";
+
+// Files in and out, from the main window.
+class ExchangeCommands : public DialogTest<WindowTest> {
+ protected:
+  void Start() {
+    OpenData(true);
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Purse',2,17,5,0)");
+    ShowWindow();
+    window_->Show({kTransactionShow, 1});
+  }
+  void TearDown() override {
+    EXPECT_EQ(LedgerProblems(session_.Ledger().Store()), std::vector<std::string>());
+  }
+  int Rows() { return WindowTest::Find<SortedTable>("lvbank").model()->rowCount(); }
+};
+
+TEST_F(ExchangeCommands, AFileThatIsDroppedIsImportedIntoTheRegister) {
+  Start();
+  const std::string path = machine_.folder.Write("statement.qif", kStatement);
+  QMimeData dropped;
+  dropped.setUrls({QUrl::fromLocalFile(QString::fromStdString(path))});
+  QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window_.get(), &enter);
+  ASSERT_TRUE(enter.isAccepted());
+  QDropEvent event(QPointF(9, 9), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(window_.get(), &event);
+  machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
+  bool opened = false;
+  // The window opens once the drop is over.
+  QTimer::singleShot(0, qApp, [&opened] {
+    InNextDialog([&opened](QDialog& form) {
+      opened = true;
+      EXPECT_EQ(form.objectName(), QStringLiteral("FrmImport"));
+      EXPECT_EQ(Find<QComboBox>(form, "cmbAccount").currentText(), QStringLiteral("Purse"));
+      Click(form, "cmdAccept");
+    });
+  });
+  ASSERT_TRUE(QTest::qWaitFor([&] { return opened && Rows() == 2; }, 3000));
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Rows(), 0) << "one step";
+}
+
+TEST_F(ExchangeCommands, TheRegisterIsExportedAsItIsShown) {
+  Start();
+  session_.Ledger().FindOrCreatePayee("Corner Shop");
+  Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,[Date],"
+      "[Amount],BankChk,BankRec,BankSch,TransferID,[Action]) VALUES "
+      "(1,1,1,1,0,#11/01/2026#,-12.5,0,0,0,0,0)");
+  Trigger("mnuViewRefresh");
+  ASSERT_TRUE(WindowTest::Find<QAction>("mnuFileExport").isEnabled());
+  const std::string path = machine_.folder.Path("out.csv");
+  machine_.prompts.ExpectSaveFile(ScriptedPrompts::kAnyText, path);
+  machine_.prompts.ExpectAsk(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText, true);
+  machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
+  Trigger("mnuFileExport");
+  EXPECT_NE(ReadFile(path).find("12.5"), std::string::npos);
+  Trigger("mnuViewPayees");
+  EXPECT_FALSE(WindowTest::Find<QAction>("mnuFileExport").isEnabled());
+}
+
+}  // namespace
+}  // namespace corvanta
