@@ -150,6 +150,7 @@ bool FrmMain::Reopen(bool quiet) {
   history_.Clear();
   account_ = 0;
   ReadAccounts();
+  ReadReminders();
   if (!accounts_.empty()) account_ = accounts_.front().accountId;
   ShowView(account_ == 0 ? kAccountShow : kTransactionShow, account_);
   return opened;

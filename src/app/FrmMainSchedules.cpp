@@ -185,8 +185,9 @@ void FrmMain::SkipReminder() {
 
 void FrmMain::TakeDay() {
   const Date today = platform_.clock.Today();
-  // A window in front, or a running operation, works on rows that must not change below it.
-  const bool isBusy = progress_.IsBusy() || QApplication::activeModalWidget() != nullptr;
+  // A window in front, a menu or a running operation works on rows that must not change below it.
+  const bool isBusy = progress_.IsBusy() || QApplication::activeModalWidget() != nullptr ||
+                      QApplication::activePopupWidget() != nullptr;
   if (today == day_ || isBusy) return;
   day_ = today;
   calendar_->SetToday(ToQt(day_));

@@ -8,6 +8,7 @@
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
+#include "reference/Deletion.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -105,12 +106,7 @@ void FrmMain::DeleteTransactions() {
     platform_.prompts.Tell(kAmendItem, "This Account is closed, Items cannot be amended");
     return;
   }
-  const bool isOne = keys.size() == 1;
-  const bool wanted = platform_.prompts.Ask(
-      isOne ? "Delete Item?" : "Delete Items?",
-      isOne ? "Do you wish to delete this item?"
-            : "Do you wish to delete these " + std::to_string(keys.size()) + " items?");
-  if (!wanted) return;
+  if (!AskDeleteItems(platform_.prompts, keys.size())) return;
   ChangeRows([&] { session_.Ledger().DeleteTransactions(keys); });
 }
 

@@ -56,7 +56,8 @@ bool QtPrompts::Ask(const std::string& title, const std::string& text, Icon icon
   QMessageBox box(Parent());
   Fill(box, title, text, icon);
   box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
-  box.setDefaultButton(icon == Icon::Question ? QMessageBox::Yes : QMessageBox::No);
+  const bool isGrave = icon == Icon::Warning || icon == Icon::Error;
+  box.setDefaultButton(isGrave ? QMessageBox::No : QMessageBox::Yes);
   box.setEscapeButton(QMessageBox::No);
   return box.exec() == QMessageBox::Yes;
 }

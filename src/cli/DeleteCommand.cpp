@@ -4,6 +4,7 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "reference/Deletion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -24,9 +25,7 @@ ExitStatus DeleteCommand::Run(Session& session) {
   // What goes with the rows has to be in an open account too.
   if (RefuseClosed(ledger.ReachesClosedAccount(KeysOf(*rows)), session)) return ExitStatus::Refused;
 
-  if (!session.Machine().prompts.Ask("Delete Item?", "Do you wish to delete this item?")) {
-    return ExitStatus::Refused;
-  }
+  if (!AskDeleteItems(session.Machine().prompts, rows->size())) return ExitStatus::Refused;
   const std::size_t deleted = ledger.DeleteTransactions(KeysOf(*rows));
   session.Tell("Delete", TransactionCount(deleted) + " deleted");
   return ExitStatus::Done;

@@ -3,6 +3,8 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Session.h"
+#include "entry/EntryRules.h"
+#include "entry/ScheduleEditor.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -17,12 +19,6 @@ void Take(const std::optional<std::string>& given, std::string& field) {
 }
 
 }  // namespace
-
-CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text) {
-  const std::size_t colon = text.find(':');
-  if (colon == std::string::npos || ledger.FindCategory(text, {}) != 0) return {text, {}};
-  return {text.substr(0, colon), text.substr(colon + 1)};
-}
 
 std::optional<std::int64_t> AccountOf(clsCorvanta& ledger, const std::string& name,
                                       Session& session) {
@@ -50,7 +46,7 @@ TransactionStatus StatusOf(const std::string& word) {
   return word == "reconciled" ? TransactionStatus::Reconciled : TransactionStatus::Uncleared;
 }
 
-void EntryArguments::Declare(CLI::App& command, bool isNew) {
+void EntryFields::DeclareFields(CLI::App& command, bool isNew) {
   command.add_option("--account", account_, "The account; of a transfer, where it comes from")
       ->required(isNew);
   command.add_option("--to", to_, "Of a transfer: where it goes to");
@@ -62,23 +58,28 @@ void EntryArguments::Declare(CLI::App& command, bool isNew) {
       ->type_name("N")
       ->check(NumberFault)
       ->required(isNew);
-  command
-      .add_option("--date", date_,
-                  isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
-      ->check(DateFault);
-  command.add_option("--reference", reference_, "Such as a cheque's number");
-  command.add_option("--description", description_, "What it was for");
-  DeclareStatus(command, status_);
 }
 
-bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const {
+void EntryFields::DeclareTexts(CLI::App& command, const char* reference, const char* description) {
+  command.add_option("--reference", reference_, reference);
+  command.add_option("--description", description_, description);
+}
+
+template <typename Form>
+bool EntryFields::Fill(Form& form, const char* title, clsCorvanta& ledger, Session& session) const {
   const bool isTransfer = form.type == EntryType::Transfer;
   if (isTransfer ? payee_.has_value() : to_.has_value()) {
-    session.Tell(kTitle, isTransfer ? "A transfer has no payee, it goes --to an account."
-                                    : "Only a transfer goes --to an account.");
+    session.Tell(title, isTransfer ? "A transfer has no payee, it goes --to an account."
+                                   : "Only a transfer goes --to an account.");
     return false;
   }
-  if (!FillAccounts(form, ledger, session)) return false;
+  const auto takeAccount = [&](const std::optional<std::string>& given, std::int64_t& field) {
+    if (!given) return true;
+    const auto key = AccountOf(ledger, *given, session);
+    if (key) field = *key;
+    return key.has_value();
+  };
+  if (!takeAccount(account_, form.accountId) || !takeAccount(to_, form.accountToId)) return false;
   Take(payee_, form.payee);
   Take(payment_, form.payment);
   Take(reference_, form.reference);
@@ -88,26 +89,32 @@ bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& s
     form.category = name.category;
     form.subCategory = name.subCategory;
   }
-  if (amount_) {
-    form.amount = NumberOf(*amount_);
-    form.DropRate();
-  }
-  if (date_) form.date = Date::FromIso(*date_).value_or(form.date);
-  if (status_) form.status = StatusOf(*status_);
+  if (amount_) form.amount = NumberOf(*amount_);
   return true;
 }
 
-bool EntryArguments::FillAccounts(TransactionForm& form, clsCorvanta& ledger,
-                                  Session& session) const {
-  const auto fill = [&](const std::optional<std::string>& given, std::int64_t& field) {
-    if (!given) return true;
-    const auto key = AccountOf(ledger, *given, session);
-    if (!key) return false;
-    if (field != *key) form.DropRate();
-    field = *key;
-    return true;
-  };
-  return fill(account_, form.accountId) && fill(to_, form.accountToId);
+template bool EntryFields::Fill(TransactionForm&, const char*, clsCorvanta&, Session&) const;
+template bool EntryFields::Fill(ScheduleForm&, const char*, clsCorvanta&, Session&) const;
+
+void EntryArguments::Declare(CLI::App& command, bool isNew) {
+  fields_.DeclareFields(command, isNew);
+  command
+      .add_option("--date", date_,
+                  isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
+      ->check(DateFault);
+  fields_.DeclareTexts(command, "Such as a cheque's number", "What it was for");
+  DeclareStatus(command, status_);
+}
+
+bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const {
+  const std::int64_t from = form.accountId;
+  const std::int64_t to = form.accountToId;
+  if (!fields_.Fill(form, kTitle, ledger, session)) return false;
+  // What arrived was worked out for another amount, or between other accounts.
+  if (fields_.HasAmount() || form.accountId != from || form.accountToId != to) form.DropRate();
+  if (date_) form.date = Date::FromIso(*date_).value_or(form.date);
+  if (status_) form.status = StatusOf(*status_);
+  return true;
 }
 
 }  // namespace corvanta

@@ -18,14 +18,6 @@ namespace corvanta {
 class Session;
 class clsCorvanta;
 
-// A category as it is given: "Category" or "Category:SubCategory".
-struct CategoryName {
-  std::string category;
-  std::string subCategory;
-};
-// The two names. A category whose own name has a colon in it is found by its whole name.
-[[nodiscard]] CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text);
-
 // The account of that name or "#" and key; nullopt when there is none, which has then been told.
 [[nodiscard]] std::optional<std::int64_t> AccountOf(clsCorvanta& ledger, const std::string& name,
                                                     Session& session);
@@ -38,6 +30,31 @@ struct CategoryName {
 void DeclareStatus(CLI::App& command, std::optional<std::string>& status);
 [[nodiscard]] TransactionStatus StatusOf(const std::string& word);
 
+// The options that transactions and schedules have in common; what is not given is left as it is.
+class EntryFields {
+ public:
+  // From the account to the amount. `isNew`: those that a new row cannot do without are required.
+  void DeclareFields(CLI::App& command, bool isNew);
+  // Reference and description, with what they are said to be.
+  void DeclareTexts(CLI::App& command, const char* reference, const char* description);
+  // Puts what was given into a TransactionForm or a ScheduleForm, whose type is set; false, told
+  // under the title, when an option does not go with the type or an account is not there.
+  template <typename Form>
+  [[nodiscard]] bool Fill(Form& form, const char* title, clsCorvanta& ledger,
+                          Session& session) const;
+  [[nodiscard]] bool HasAmount() const { return amount_.has_value(); }
+
+ private:
+  std::optional<std::string> account_;
+  std::optional<std::string> to_;
+  std::optional<std::string> payee_;
+  std::optional<std::string> payment_;
+  std::optional<std::string> category_;
+  std::optional<std::string> amount_;
+  std::optional<std::string> reference_;
+  std::optional<std::string> description_;
+};
+
 // The options that say what a transaction is; what is not given is left as it is.
 class EntryArguments {
  public:
@@ -48,18 +65,8 @@ class EntryArguments {
   [[nodiscard]] bool Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const;
 
  private:
-  [[nodiscard]] bool FillAccounts(TransactionForm& form, clsCorvanta& ledger,
-                                  Session& session) const;
-
-  std::optional<std::string> account_;
-  std::optional<std::string> to_;
-  std::optional<std::string> payee_;
-  std::optional<std::string> payment_;
-  std::optional<std::string> category_;
-  std::optional<std::string> amount_;
+  EntryFields fields_;
   std::optional<std::string> date_;
-  std::optional<std::string> reference_;
-  std::optional<std::string> description_;
   std::optional<std::string> status_;
 };
 

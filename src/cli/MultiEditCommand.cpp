@@ -3,6 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
 #include "cli/Session.h"
+#include "entry/EntryRules.h"
 #include "entry/MultiEditor.h"
 
 #include <CLI/CLI.hpp>

@@ -38,10 +38,10 @@ ExitStatus RemindersCommand::Run(Session& session) {
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   const Date today = session.Machine().clock.Today();
-  const std::optional<Date> until = until_.empty()
-                                        ? Settings(session.Machine().registry).RemindersUntil(today)
-                                        : Date::FromIso(until_);
-  const ReminderList list = Reminders(ledger, today, until);
+  const Settings settings(session.Machine().registry);
+  const std::optional<Date> until =
+      until_.empty() ? settings.RemindersUntil(today) : Date::FromIso(until_);
+  const ReminderList list = Reminders(ledger, today, until, settings.IsOn(Setting::Overdue));
   if (list.IsEmpty()) session.Tell("Reminders", "None Available");
   OutputTable table({{"Group"},
                      {"Schedule", OutputKind::Integer},

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/EntryArguments.h"
 #include "entry/ScheduleEditor.h"
 
 #include <optional>
@@ -25,22 +26,14 @@ class ScheduleArguments {
                           Session& session) const;
 
  private:
-  [[nodiscard]] bool FillAccounts(ScheduleForm& form, clsCorvanta& ledger, Session& session) const;
   [[nodiscard]] bool FillPlan(ScheduleForm& form, ScheduleEditor& editor, clsCorvanta& ledger,
                               Session& session) const;
 
-  std::optional<std::string> account_;
-  std::optional<std::string> to_;
-  std::optional<std::string> payee_;
-  std::optional<std::string> payment_;
-  std::optional<std::string> category_;
-  std::optional<std::string> amount_;
+  EntryFields fields_;
   std::optional<std::string> period_;
   std::optional<std::string> start_;
   std::optional<int> number_;
   std::optional<std::string> automatic_;
-  std::optional<std::string> reference_;
-  std::optional<std::string> description_;
 };
 
 // The word of --automatic.

@@ -4,6 +4,7 @@
 #include "cli/EntryArguments.h"
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "entry/EntryRules.h"
 #include "ledger/clsCorvanta.h"
 #include "store/Connection.h"
 

@@ -76,20 +76,22 @@ std::int64_t AutofillEditor::Save(const AutofillForm& form) {
   return key;
 }
 
-TransactionForm AutofillEditor::Details(const AutofillForm& form) {
+TransactionForm AutofillEditor::Details(const AutofillForm& form, const std::string& payee,
+                                        const std::string& category) {
   TransactionForm details =
       LoadTransaction(ledger_, form.transactionId).value_or(TransactionForm());
   details.accountId = form.accountId;
   details.date = form.date;
   details.amount = form.amount;
   details.type = form.type;
-  const auto payee = RowOf(ledger_.Payees(), &PayeeRecord::payeeId, form.payeeId);
-  if (payee) details.payee = payee->payee;
-  const auto category = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
-  if (category) {
-    details.category = category->category;
-    details.subCategory = category->subCategory;
-  }
+  const auto knownPayee = RowOf(ledger_.Payees(), &PayeeRecord::payeeId, form.payeeId);
+  if (knownPayee || !payee.empty()) details.payee = knownPayee ? knownPayee->payee : payee;
+  const auto known = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  if (!known && category.empty()) return details;
+  const CategoryName name =
+      known ? CategoryName{known->category, known->subCategory} : CategoryOf(ledger_, category);
+  details.category = name.category;
+  details.subCategory = name.subCategory;
   return details;
 }
 

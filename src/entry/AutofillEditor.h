@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 namespace corvanta {
 
@@ -38,8 +39,10 @@ class AutofillEditor {
   // Writes what Check accepts, as one step that can be undone; returns the key. 0 when there is no
   // earlier transaction to take the rest from, which has then been told.
   std::int64_t Save(const AutofillForm& form);
-  // What the full editor goes on with: the same transaction, as far as it has been entered.
-  [[nodiscard]] TransactionForm Details(const AutofillForm& form);
+  // What the full editor goes on with: the same transaction, as far as it has been entered. `payee`
+  // and `category` are what is typed where nothing is chosen: names that it may make.
+  [[nodiscard]] TransactionForm Details(const AutofillForm& form, const std::string& payee = {},
+                                        const std::string& category = {});
 
  private:
   clsCorvanta& ledger_;

@@ -56,6 +56,12 @@ std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accoun
   return Warning{title, kAccountClosed, field};
 }
 
+CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text) {
+  const std::size_t colon = text.find(':');
+  if (colon == std::string::npos || ledger.FindCategory(text, {}) != 0) return {text, {}};
+  return {text.substr(0, colon), text.substr(colon + 1)};
+}
+
 bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& category,
                      const std::string& subCategory, int type) {
   if (ledger.FindCategory(category, subCategory) != 0) return true;

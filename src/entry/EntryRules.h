@@ -30,6 +30,14 @@ inline constexpr const char* kSignedAmount =
 [[nodiscard]] std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accountId,
                                                       const char* title, const char* field);
 
+// A category as it is typed in one piece: "Category" or "Category:SubCategory".
+struct CategoryName {
+  std::string category;
+  std::string subCategory;
+};
+// The two names. A category whose own name has a colon in it is found by its whole name.
+[[nodiscard]] CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text);
+
 // Whether the category may be used: it is there, or the person agrees to make it, as an income for
 // a `type` above 0 and as an expense otherwise. Makes nothing.
 [[nodiscard]] bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts,

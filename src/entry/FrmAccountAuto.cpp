@@ -101,11 +101,10 @@ QString FrmAccountAuto::ItemName() const {
 
 void FrmAccountAuto::OpenDetails() {
   Run([this] {
-    TransactionForm details = editor_.Details(Form());
-    // Names of no row yet are for the full editor to make.
-    if (details.payee.empty()) details.payee = FromQt(cmbPayee_->currentText());
-    if (details.category.empty()) details.category = FromQt(cmbCategory_->currentText());
+    const TransactionForm details = editor_.Details(Form(), FromQt(cmbPayee_->currentText()),
+                                                    FromQt(cmbCategory_->currentText()));
     const EntryResult result = OpenTransaction({0, accountId_, details}, place_);
+    isScheduleChanged_ = isScheduleChanged_ || result.isScheduleChanged;
     if (result.isChanged) MarkSaved(result.savedKey);
     accept();
   });

@@ -20,6 +20,9 @@ class FrmAccountAuto : public EditorDialog {
   // New rows are in that account.
   FrmAccountAuto(const EntryPlace& place, std::int64_t accountId);
 
+  // A schedule was changed from the full editor.
+  [[nodiscard]] bool IsScheduleChanged() const { return isScheduleChanged_; }
+
  protected:
   void Clear() override;
   bool Load(std::int64_t key) override;
@@ -40,6 +43,7 @@ class FrmAccountAuto : public EditorDialog {
   std::int64_t accountId_;
   AutofillEditor editor_;
   AutofillForm form_;  // what the fields were filled from
+  bool isScheduleChanged_ = false;
   DateField* txtDate_;
   AmountEdit* txtAmount_;
   QLabel* lblCurrency_;

@@ -115,6 +115,7 @@ void FrmAccountTrans::Autofill() {
     }
     if (!IsNew() && !MayDrop(tr("Autofill Transactions"))) return;
     const EntryResult result = OpenAutofill(account, Key(), Place());
+    isScheduleChanged_ = isScheduleChanged_ || result.isScheduleChanged;
     if (!result.isChanged) return;
     MarkSaved(result.savedKey);
     if (!IsNew() && !Open(Key())) accept();

@@ -69,7 +69,7 @@ EntryResult OpenAutofill(std::int64_t accountId, std::int64_t key, const EntryPl
   FrmAccountAuto form(place, accountId);
   if (!form.Open(key)) return OpenTransaction({key, accountId, std::nullopt}, place);
   form.exec();
-  return {form.IsChanged(), form.SavedKey()};
+  return {form.IsChanged(), form.SavedKey(), form.IsScheduleChanged()};
 }
 
 }  // namespace corvanta

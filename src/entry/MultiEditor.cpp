@@ -88,11 +88,7 @@ bool MultiEditor::Delete(clsCorvanta::Keys keys) {
     prompts.Tell(kAmendItem, kAccountClosed);
     return false;
   }
-  const bool agrees =
-      keys.size() == 1 ? AskDelete(prompts)
-                       : prompts.Ask("Delete Items?", "Do you wish to delete these " +
-                                                          std::to_string(keys.size()) + " items?");
-  return agrees && ledger_.DeleteTransactions(keys) > 0;
+  return AskDeleteItems(prompts, keys.size()) && ledger_.DeleteTransactions(keys) > 0;
 }
 
 }  // namespace corvanta

@@ -13,10 +13,6 @@
 namespace corvanta {
 namespace {
 
-bool IsClosed(const ScheduleDetails& schedule) {
-  return schedule.accountClosed || (schedule.IsTransfer() && schedule.transferAccountClosed);
-}
-
 Reminder OwnSide(const ScheduleDetails& schedule, Date due) {
   Reminder item;
   item.scheduleId = schedule.scheduleId;
@@ -43,12 +39,12 @@ Reminder ReceivingSide(const ScheduleDetails& schedule, Date due) {
 
 class Collection {
  public:
-  Collection(clsCorvanta& ledger, Date today, Date until)
-      : ledger_(ledger), today_(today), until_(std::max(today, until)) {}
+  Collection(clsCorvanta& ledger, Date today, Date until, bool withOverdue)
+      : ledger_(ledger), today_(today), until_(std::max(today, until)), withOverdue_(withOverdue) {}
 
   ReminderList Collect() {
     for (ScheduleDetails& schedule : ledger_.Schedules()) {
-      if (!IsClosed(schedule)) schedules_.emplace(schedule.scheduleId, std::move(schedule));
+      if (HasOpenAccounts(schedule)) schedules_.emplace(schedule.scheduleId, std::move(schedule));
     }
     AddPending();
     AddPosted();
@@ -75,6 +71,7 @@ class Collection {
   }
 
   void AddPending(const ScheduleDetails& schedule, Date due) {
+    if (due < today_ && !withOverdue_) return;
     auto& group = due < today_ ? list_.overdue : list_.future;
     group.push_back(OwnSide(schedule, due));
     if (schedule.IsTransfer()) group.push_back(ReceivingSide(schedule, due));
@@ -96,6 +93,7 @@ class Collection {
       const auto schedule = schedules_.find(rows.Int(0));
       const auto due = Date::FromIso(rows.Text(1).substr(0, 10));
       if (schedule == schedules_.end() || !due) continue;
+      if (*due < today_ && !withOverdue_) continue;
       Reminder item = OwnSide(schedule->second, *due);
       item.transactionId = rows.Int(2);
       item.amount = rows.Double(3);
@@ -118,14 +116,16 @@ class Collection {
   clsCorvanta& ledger_;
   Date today_;
   Date until_;
+  bool withOverdue_;
   std::unordered_map<std::int64_t, ScheduleDetails> schedules_;
   ReminderList list_;
 };
 
 }  // namespace
 
-ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until) {
-  return Collection(ledger, today, until.value_or(today)).Collect();
+ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until,
+                       bool withOverdue) {
+  return Collection(ledger, today, until.value_or(today), withOverdue).Collect();
 }
 
 }  // namespace corvanta

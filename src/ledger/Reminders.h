@@ -42,7 +42,8 @@ struct ReminderList {
 
 // What is due up to and with `until` (nullopt: up to today) and not posted, and what is posted but
 // not cleared. Nothing of closed accounts. Of posted payments that are overdue only the oldest of
-// each schedule is named.
-[[nodiscard]] ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until);
+// each schedule is named; without `withOverdue` nothing that is overdue is there or counted.
+[[nodiscard]] ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until,
+                                     bool withOverdue = true);
 
 }  // namespace corvanta

@@ -14,7 +14,6 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
-#include "store/StoreError.h"
 
 #include <algorithm>
 #include <optional>
@@ -44,10 +43,6 @@ class StatusText {
   Progress& progress_;
   std::string former_;
 };
-
-bool IsClosed(const ScheduleDetails& schedule) {
-  return schedule.accountClosed || (schedule.IsTransfer() && schedule.transferAccountClosed);
-}
 
 }  // namespace
 
@@ -122,7 +117,7 @@ PostingResult SchedulePosting::Impl::PostAll() {
       result_.stopped = result_.schedules < schedules.size();
       break;
     }
-  } catch (const StoreError&) {
+  } catch (...) {
     batch_.Commit();  // what came before the schedule that failed
     throw;
   }
@@ -149,7 +144,7 @@ std::optional<Date> SchedulePosting::Impl::LimitOf(const ScheduleDetails& schedu
 void SchedulePosting::Impl::PostDue(std::int64_t scheduleId) {
   // It may have gone while window messages ran.
   const auto schedule = ledger_.ReadSchedule(scheduleId);
-  if (!schedule || schedule->isFinished || IsClosed(*schedule)) return;
+  if (!schedule || schedule->isFinished || !HasOpenAccounts(*schedule)) return;
   const std::optional<Date> limit = LimitOf(*schedule);
   if (!limit) return;
   // Every payment up to the limit. The estimate of DueDates for a schedule without end may fall one
@@ -236,7 +231,7 @@ void SchedulePosting::Impl::MoveBehind(const ScheduleDetails& schedule,
 OccurrenceResult SchedulePosting::Impl::Find(std::int64_t scheduleId, Date due, Found& found) {
   const auto schedule = ledger_.ReadSchedule(scheduleId);
   if (!schedule || schedule->allocatedItem != 0) return OccurrenceResult::NotDue;
-  if (IsClosed(*schedule)) return OccurrenceResult::ClosedAccount;
+  if (!HasOpenAccounts(*schedule)) return OccurrenceResult::ClosedAccount;
   found.posted = PostedOf(store_, scheduleId);
   if (found.posted.Has(due)) return OccurrenceResult::AlreadyPosted;
   found.payments = PaymentsUntil(*schedule, due);
@@ -265,7 +260,12 @@ OccurrenceResult SchedulePosting::Impl::PostOne(std::int64_t scheduleId, Date du
   const OccurrenceResult result = Find(scheduleId, due, found);
   if (result != OccurrenceResult::Done) return result;
   const UndoLog::Step step = ledger_.Undo().Begin("Post Schedule");
-  Write(found.schedule, {due}, movesDates_ ? PostedPrefix(found, due) : std::vector<Date>{});
+  try {
+    Write(found.schedule, {due}, movesDates_ ? PostedPrefix(found, due) : std::vector<Date>{});
+  } catch (...) {
+    batch_.Commit();  // it holds nothing, but must not stay open around what comes next
+    throw;
+  }
   batch_.Commit();
   return result;
 }

@@ -27,7 +27,7 @@ enum class OccurrenceResult {
   Done,
   NotDue,  // the schedule has no such date, or is gone
   AlreadyPosted,
-  ClosedAccount,   // the schedule's account or the receiving one
+  ClosedAccount,   // the schedule's account or the receiving one is closed, or gone
   EarlierPending,  // skipping it would lose an earlier one that is neither posted nor skipped
 };
 

@@ -78,9 +78,19 @@ std::vector<ScheduleDetails> ReadDetails(Connection& store, const std::string& c
   return found;
 }
 
-void Count(ScheduleDetails& schedule, const PostedRows& posted) {
-  schedule.posted = posted.CountFor(schedule);
+void Count(ScheduleDetails& schedule, int posted) {
+  schedule.posted = posted;
   schedule.isFinished = IsFinished(schedule);
+}
+
+// As PostedRows::CountFor, of one schedule alone.
+int CountPosted(Connection& store, const ScheduleRecord& schedule) {
+  const Value count = store.QueryValue(
+      "Select Count(T.TransactionID) as cRows from tblTransactions "
+      " T INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch AND S.AccountID = T.AccountId "
+      " Where T.AllocatedItem = 0 And T.BankSch = " +
+      SqlNumber(schedule.scheduleId) + " AND T.ScheduleDate >= " + SqlDate(schedule.dateFrom));
+  return CountOf(count.Int());
 }
 
 // The first payment that has no row.
@@ -101,7 +111,7 @@ std::optional<Date> NextDue(const ScheduleDetails& schedule, const PostedRows& p
 std::optional<ScheduleDetails> clsCorvanta::ReadSchedule(std::int64_t scheduleId) {
   auto found = ReadDetails(connection_, "S.ScheduleID = " + SqlNumber(scheduleId));
   if (found.empty()) return std::nullopt;
-  Count(found.front(), PostedOf(connection_, scheduleId));
+  Count(found.front(), CountPosted(connection_, found.front()));
   return std::move(found.front());
 }
 
@@ -112,7 +122,7 @@ std::vector<ScheduleDetails> clsCorvanta::Schedules() {
     const auto rows = all.find(schedule.scheduleId);
     const PostedRows none;
     const PostedRows& posted = rows == all.end() ? none : rows->second;
-    Count(schedule, posted);
+    Count(schedule, posted.CountFor(schedule));
     schedule.nextDue = NextDue(schedule, posted);
   }
   std::ranges::sort(found, [](const ScheduleDetails& a, const ScheduleDetails& b) {

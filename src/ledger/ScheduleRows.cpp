@@ -55,6 +55,13 @@ SchedulePlan PlanOf(const ScheduleDetails& schedule) {
   return {schedule.dateFrom, schedule.noTimes, schedule.period};
 }
 
+bool HasOpenAccounts(const ScheduleDetails& schedule) {
+  // A file that another program wrote may name an account that is gone.
+  if (schedule.account.empty() || schedule.accountClosed) return false;
+  if (!schedule.IsTransfer()) return true;
+  return !schedule.transferAccount.empty() && !schedule.transferAccountClosed;
+}
+
 bool IsFinished(const ScheduleDetails& schedule) {
   if (schedule.noTimes < 0) return true;
   const int payments = PlanOf(schedule).Payments();

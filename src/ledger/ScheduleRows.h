@@ -38,6 +38,8 @@ using PostedBySchedule = std::unordered_map<std::int64_t, PostedRows>;
 [[nodiscard]] PostedBySchedule PostedOfAll(Connection& store);
 
 [[nodiscard]] SchedulePlan PlanOf(const ScheduleDetails& schedule);
+// Whether its account, and of a transfer the receiving one, is there and takes rows.
+[[nodiscard]] bool HasOpenAccounts(const ScheduleDetails& schedule);
 // Of a schedule whose posted rows have been counted.
 [[nodiscard]] bool IsFinished(const ScheduleDetails& schedule);
 // Its payments from the start up to and with that day, in order, posted or not; none of a schedule

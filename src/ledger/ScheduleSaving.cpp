@@ -34,6 +34,27 @@ bool IsAsPosted(const TransactionDetails& row, const ScheduleRecord& schedule) {
          row.twinAccountId == schedule.transferAccountId;
 }
 
+// Of the other half of a row that is. What came in for it in another currency is as it may be.
+bool IsAsPosted(const TransactionDetails& twin, const TransactionDetails& row,
+                std::int64_t category) {
+  return twin.status.bankChk == 0 && twin.status.bankRec == 0 && twin.date == row.date &&
+         twin.paymentId == row.paymentId && twin.payeeId == row.payeeId &&
+         twin.reference == row.reference && twin.description == row.description &&
+         (category == 0 || twin.categoryId == category) &&
+         (twin.currency != row.currency || twin.amount == -row.amount);
+}
+
+// Whether files or keywords belong to the row; never to one with the key 0.
+bool IsLinked(Connection& store, std::int64_t transactionId) {
+  if (transactionId == 0) return false;
+  for (const char* table : {"tblAttachments", "tblKeywordLink"}) {
+    const Value links = store.QueryValue("Select Count(*) from " + std::string(table) +
+                                         " Where TransactionID = " + SqlNumber(transactionId));
+    if (links.Int() != 0) return true;
+  }
+  return false;
+}
+
 bool IsOnce(Connection& store, std::int64_t periodId) {
   const Value code =
       store.QueryValue("Select [Period] from tblPeriods Where PeriodID = " + SqlNumber(periodId));
@@ -133,20 +154,19 @@ void clsCorvanta::DeleteForecasts(const ScheduleRecord& schedule,
   {
     Recordset rows = connection_.OpenRecordset(
         "Select TransactionID from tblTransactions Where AllocatedItem = 0 AND BankSch = " +
-        SqlNumber(schedule.scheduleId) + " AND ScheduleDate >= " + SqlDate(first) +
-        " AND TransactionID NOT IN (Select TransactionID from tblAttachments Where TransactionID > "
-        "0)"
-        " AND TransactionID NOT IN (Select TransactionID from tblKeywordLink Where TransactionID > "
-        "0)");
+        SqlNumber(schedule.scheduleId) + " AND ScheduleDate >= " + SqlDate(first));
     for (; !rows.Eof(); rows.MoveNext()) forecasts.push_back(rows.Int(0));
   }
   const std::vector<Share> shares = SharesOf(lines);
+  const std::int64_t twinCategory =
+      schedule.transferAccountId == 0 ? 0 : FindCategory("Credit", "");
   for (const std::int64_t key : forecasts) {
     const auto row = ReadTransaction(key);
     if (!row || !IsAsPosted(*row, schedule) || SharesOf(SplitLines(key)) != shares) continue;
     const auto twin = ReadTransaction(row->transferId);
-    const bool isTwinSeen = twin && (twin->status.bankChk != 0 || twin->date != row->date);
-    if (!isTwinSeen && !ReachesClosedAccount({&key, 1})) DeleteTransaction(key);
+    if (twin && !IsAsPosted(*twin, *row, twinCategory)) continue;
+    const bool isLinked = IsLinked(connection_, key) || IsLinked(connection_, row->transferId);
+    if (!isLinked && !ReachesClosedAccount({&key, 1})) DeleteTransaction(key);
   }
 }
 

@@ -7,12 +7,15 @@
 
 namespace corvanta {
 
-bool OpenReconcile(std::int64_t accountId, const ReconcilePlace& place) {
+ReconcileResult OpenReconcile(std::int64_t accountId, const ReconcilePlace& place) {
   ReconcileOpeners openers;
+  ReconcileResult result;
   openers.transaction = [&](std::int64_t key, QWidget* parent,
                             const std::function<void()>& changed) {
     const EntryPlace entry{place.platform, place.ledger, place.rates, parent, changed};
-    return OpenTransaction({key, accountId, {}}, entry).isChanged;
+    const EntryResult row = OpenTransaction({key, accountId, {}}, entry);
+    result.isScheduleChanged = result.isScheduleChanged || row.isScheduleChanged;
+    return row.isChanged;
   };
   openers.print = [&](const QTableView& list, const std::string& title, QWidget* parent) {
     OpenPrintPreview(PrintTableOf(list, title), {place.platform, parent});
@@ -21,7 +24,8 @@ bool OpenReconcile(std::int64_t accountId, const ReconcilePlace& place) {
   bool isOpen = false;
   RunCommand(place.platform.prompts, [&] { isOpen = form.Open(); });
   if (isOpen) form.exec();
-  return form.IsChanged();
+  result.isChanged = form.IsChanged();
+  return result;
 }
 
 }  // namespace corvanta

@@ -19,8 +19,13 @@ struct ReconcilePlace {
   QWidget* parent;
 };
 
-// Balances the account; one that is closed, or 0, is told and opens nothing. True when the data
-// file was changed. What the data file refuses is told.
-bool OpenReconcile(std::int64_t accountId, const ReconcilePlace& place);
+struct ReconcileResult {
+  bool isChanged = false;          // the data file was changed: read the lists again
+  bool isScheduleChanged = false;  // a schedule was: run a posting pass
+};
+
+// Balances the account; one that is closed, or 0, is told and opens nothing. What the data file
+// refuses is told.
+ReconcileResult OpenReconcile(std::int64_t accountId, const ReconcilePlace& place);
 
 }  // namespace corvanta

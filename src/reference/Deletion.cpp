@@ -23,7 +23,14 @@ Deletion DeletionOf(bool isGone, const std::string& name) {
 }
 
 bool AskDelete(Prompts& prompts, const std::string& more) {
-  return prompts.Ask("Delete Item?", "Do you wish to delete this item?" + more);
+  return prompts.Ask("Delete Item?", "Do you wish to delete this item?" + more, Icon::Information);
+}
+
+bool AskDeleteItems(Prompts& prompts, std::size_t count) {
+  if (count == 1) return AskDelete(prompts);
+  return prompts.Ask("Delete Items?",
+                     "Do you wish to delete these " + std::to_string(count) + " items?",
+                     Icon::Information);
 }
 
 }  // namespace corvanta

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -23,5 +24,7 @@ struct Deletion {
 
 // "Do you wish to delete this item?" and what an editor adds to it.
 [[nodiscard]] bool AskDelete(Prompts& prompts, const std::string& more = {});
+// The same for so many rows.
+[[nodiscard]] bool AskDeleteItems(Prompts& prompts, std::size_t count);
 
 }  // namespace corvanta

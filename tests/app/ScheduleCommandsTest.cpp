@@ -165,6 +165,25 @@ TEST_F(ScheduleCommands, AKeyBringsTheRemindersAndTheOptionLeavesOverdueOnesOut)
   EXPECT_TRUE(RibbonText().contains(QStringLiteral("(1)"))) << RibbonText().toStdString();
 }
 
+TEST_F(ScheduleCommands, AnotherFileHasRemindersOfItsOwn) {
+  Start();
+  AddSchedule(0, -20, AddToAccount::No);
+  Trigger("mnuViewRefresh");
+  ASSERT_TRUE(RibbonText().contains(u'('));
+  const std::string other = machine_.folder.Path("other");
+  {
+    DataFileOpener second(machine_.Get(), "a test");
+    second.SetDataPath(other);
+    const DataFile made = second.CreateNew(true);
+    made.connection->Execute("DELETE FROM tblSchedule");
+  }
+  machine_.prompts.ExpectOpenFile("Select File to Open", other + "/Corvanta.dat");
+  Trigger("mnuFileOpen");
+  ASSERT_TRUE(session_.IsOpen());
+  EXPECT_FALSE(RibbonText().contains(u'(')) << RibbonText().toStdString();
+  EXPECT_EQ(Reminders().topLevelItemCount(), 0);
+}
+
 TEST_F(ScheduleCommands, ANewDayPostsWhatItBrings) {
   Start();
   AddSchedule(1, -60, AddToAccount::WhenDue);

@@ -25,9 +25,7 @@ TEST_F(Auto, EachRuleIsToldInItsOrder) {
   EXPECT_EQ(Find<QLabel>(*form, "lblCurrency").text(), "GBP");
   const std::string before = Everything();
   const auto refused = [&](const char* text, const char* field) {
-    Prompt().ExpectTell("Save Warning", text);
-    Click(*form, "cmdAccept");
-    EXPECT_EQ(FocusOf(*form), field) << text;
+    ExpectRefused(*form, text, field);
   };
   Find<ChoiceRow>(*form, "opType").SetChoice(std::nullopt);
   refused("You need to enter a valid Amount", "txtAmount");
@@ -105,6 +103,22 @@ TEST_F(Auto, MoreDetailsGoesOnInTheFullEditor) {
   EXPECT_EQ(Row(form->SavedKey()).category, "Gifts");
 }
 
+TEST_F(Auto, AScheduleMadeFromTheFullEditorIsReported) {
+  AddRow(bank_, -10);
+  InNextDialog([](QDialog& quick) {
+    Put(quick, "txtAmount", "5");
+    Put(quick, "cmbPayee", "Grocer");
+    Put(quick, "cmbCategory", "Shopping:Food");
+    InNextDialog([](QDialog& full) {
+      InNextDialog([](QDialog& schedule) { Click(schedule, "cmdAccept"); });
+      Click(full, "cmdAddSchedule");
+    });
+    Click(quick, "cmdFull");
+  });
+  EXPECT_TRUE(OpenAutofill(bank_, 0, Place()).isScheduleChanged);
+  EXPECT_EQ(Count("tblSchedule WHERE Amount = -5"), 1);
+}
+
 TEST_F(Auto, MoreDetailsOfAnExistingRowEditsThatRow) {
   const std::int64_t key = AddRow(bank_, -10);
   const auto form = Open(key);
@@ -118,6 +132,20 @@ TEST_F(Auto, MoreDetailsOfAnExistingRowEditsThatRow) {
   Click(*form, "cmdFull");
   EXPECT_EQ(Row(key).amount, -12);
   EXPECT_EQ(Count("tblTransactions"), 1);
+}
+
+TEST_F(Auto, MoreDetailsTakesNamesThatAreToBeMade) {
+  for (const std::int64_t key : {std::int64_t{0}, AddRow(bank_, -10)}) {
+    const auto form = Open(key);
+    Put(*form, "cmbPayee", "Bakery");
+    Put(*form, "cmbCategory", "Shopping:Bread");
+    InNextDialog([](QDialog& full) {
+      EXPECT_EQ(TextOfField(full, "cmbPayee"), "Bakery");
+      EXPECT_EQ(TextOfField(full, "cmbCategory"), "Shopping");
+      EXPECT_EQ(TextOfField(full, "cmbSubCategory"), "Bread");
+    });
+    Click(*form, "cmdFull");
+  }
 }
 
 TEST_F(Auto, ATransferOpensInTheFullEditor) {

@@ -15,10 +15,7 @@ TEST_F(Multi, EachRuleIsToldInItsOrder) {
   EXPECT_EQ(form.windowTitle(), "Multiple Account Transactions");
   const std::string before = Everything();
   const auto refused = [&](const char* text, const char* field) {
-    Prompt().ExpectTell("Save Warning", text);
-    Click(form, "cmdAccept");
-    EXPECT_EQ(FocusOf(form), field) << text;
-    EXPECT_TRUE(form.isVisible());
+    ExpectRefused(form, text, field);
   };
   QTest::keyClick(&Find<QWidget>(form, "opPayment2"), Qt::Key_Space);
   refused("You need to select at least one from Type, Payment Type, Account, Payee or Category",

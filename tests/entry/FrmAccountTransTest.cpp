@@ -16,13 +16,6 @@ class AccountTrans : public FrmEntryTest {
     Show(*form);
     return form;
   }
-  static void FillExpense(const QWidget& form) {
-    Put(form, "cmbPayee", "Grocer");
-    Put(form, "cmbPayment", "Card");
-    Put(form, "cmbCategory", "Shopping");
-    Put(form, "cmbSubCategory", "Food");
-    Put(form, "txtAmount", "25");
-  }
   std::int64_t AddTransfer(double amount, std::int64_t to) {
     TransactionRecord from = Row(AddRow(bank_, -amount));
     TransactionRecord half = from;
@@ -55,12 +48,7 @@ TEST_F(AccountTrans, EachRuleIsToldInItsOrderAndFocusesItsField) {
     Find<QComboBox>(*form, "cmbType").setCurrentIndex(-1);
   };
   const auto refused = [&](const char* text, const char* field) {
-    Find<QWidget>(*form, "cmdHelp").setFocus();
-    Prompt().ExpectTell("Save Warning", text);
-    Click(*form, "cmdAccept");
-    EXPECT_EQ(Prompt().Shown().back().icon, Icon::Information) << text;
-    EXPECT_EQ(FocusOf(*form), field) << text;
-    EXPECT_TRUE(form->isVisible());
+    ExpectRefused(*form, text, field);
   };
   const QString tooLong(101, u'x');
   form->Open(split);
@@ -345,6 +333,7 @@ TEST_F(AccountTrans, DeletingAsksFirst) {
   const auto form = Open(key);
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", false);
   Click(*form, "cmdDelete");
+  EXPECT_EQ(Prompt().Shown().back().icon, Icon::Information);
   EXPECT_TRUE(form->isVisible());
   EXPECT_EQ(Count("tblTransactions"), 2);
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
@@ -380,6 +369,22 @@ TEST_F(AccountTrans, AddNewAsksForWhatWasTypedAndTellsOfChanges) {
   Put(form, "cmbPayee", "typed");
   QTest::keyClick(&form, Qt::Key_Escape);
   EXPECT_FALSE(form.isVisible()) << "closing writes nothing and asks nothing";
+}
+
+TEST_F(AccountTrans, AnotherDayIsNotSavedForOneThatIsNone) {
+  const auto form = Open();
+  FillExpense(*form);
+  Type(*form, "txtDate", "31/02/2026");
+  Prompt().ExpectTell("Save Warning", "You need to enter a valid Date");
+  QTest::keyClick(form.get(), Qt::Key_Return, Qt::ControlModifier);
+  Prompt().ExpectTell("Save Warning", "You need to enter a valid Date");
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(FocusOf(*form), "txtDate");
+  EXPECT_EQ(TextOfField(*form, "txtDate"), "31/02/2026");
+  EXPECT_EQ(Count("tblTransactions"), 0);
+  Type(*form, "txtDate", "28/02/2026");
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(Row(LastKey()).date.ToIso(), "2026-02-28");
 }
 
 TEST_F(AccountTrans, ASplitParentKeepsTheSumOfItsLines) {

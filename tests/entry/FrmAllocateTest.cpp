@@ -80,9 +80,7 @@ TEST_F(Allocate, EachRuleIsToldInItsOrder) {
   Show(form);
   const std::string before = Everything();
   const auto refused = [&](const char* text, const char* field) {
-    Prompt().ExpectTell("Save Warning", text);
-    Click(form, "cmdAccept");
-    EXPECT_EQ(FocusOf(form), field) << text;
+    ExpectRefused(form, text, field);
   };
   Put(form, "txtAmount", "0");
   refused("You need to enter a Category", "cmbCategory");
@@ -150,9 +148,7 @@ TEST_F(Allocate, ANewTransactionIsSavedFirstAndTakesTheSumBack) {
   form.Open(0);
   Show(form);
   const auto refused = [&](const char* text, const char* field) {
-    Prompt().ExpectTell("Allocate Item Warning", text);
-    Click(form, "cmdAllocate");
-    EXPECT_EQ(FocusOf(form), field);
+    ExpectRefused(form, text, field, "Allocate Item Warning", "cmdAllocate");
   };
   Find<QComboBox>(form, "cmbType").setCurrentIndex(-1);
   refused("Please select a Type (Not Transfer) to allocate an Item", "cmbType");

@@ -30,6 +30,23 @@ class FrmEntryTest : public DialogTest<EntryTest> {
     auto& box = Find<QComboBox>(dialog, name);
     box.setCurrentIndex(box.findText(text));
   }
+  static void FillExpense(const QWidget& dialog, const QString& payee = QStringLiteral("Grocer")) {
+    Put(dialog, "cmbPayee", payee);
+    Put(dialog, "cmbPayment", "Card");
+    Put(dialog, "cmbCategory", "Shopping");
+    Put(dialog, "cmbSubCategory", "Food");
+    Put(dialog, "txtAmount", "25");
+  }
+  // The button's command is refused with that text, and the field is where to go on.
+  void ExpectRefused(const QDialog& dialog, const char* text, const char* field,
+                     const char* title = "Save Warning", const char* button = "cmdAccept") {
+    Find<QWidget>(dialog, "cmdHelp").setFocus();
+    Prompt().ExpectTell(title, text);
+    Click(dialog, button);
+    EXPECT_EQ(Prompt().Shown().back().icon, Icon::Information) << text;
+    EXPECT_EQ(FocusOf(dialog), field) << text;
+    EXPECT_TRUE(dialog.isVisible()) << text;
+  }
   // In the field that has the focus, followed by the key that leaves it.
   static void Keys(QDialog& dialog, const QString& text, Qt::Key then = Qt::Key_Tab) {
     QTest::keyClicks(dialog.focusWidget(), text);

@@ -19,13 +19,6 @@ class Schedule : public FrmEntryTest {
     Show(*form);
     return form;
   }
-  static void FillExpense(const QWidget& form) {
-    Put(form, "cmbPayee", "Landlord");
-    Put(form, "cmbPayment", "Card");
-    Put(form, "cmbCategory", "Shopping");
-    Put(form, "cmbSubCategory", "Food");
-    Put(form, "txtAmount", "25");
-  }
   // Monthly from today on, without end.
   std::int64_t AddSchedule(double amount = -25, int noTimes = 0) {
     ScheduleRecord record;
@@ -66,12 +59,7 @@ TEST_F(Schedule, EachRuleIsToldInItsOrderAndFocusesItsField) {
   const auto form = Open();
   const std::string before = Everything();
   const auto refused = [&](const char* text, const char* field) {
-    Find<QWidget>(*form, "cmdHelp").setFocus();
-    Prompt().ExpectTell("Save Warning", text);
-    Click(*form, "cmdAccept");
-    EXPECT_EQ(Prompt().Shown().back().icon, Icon::Information) << text;
-    EXPECT_EQ(FocusOf(*form), field) << text;
-    EXPECT_TRUE(form->isVisible());
+    ExpectRefused(*form, text, field);
   };
   const QString tooLong(101, u'x');
   Find<QComboBox>(*form, "cmbType").setCurrentIndex(-1);
@@ -145,7 +133,7 @@ TEST_F(Schedule, ANewOneHasItsDefaultsAndItsTypeItsLayout) {
 
 TEST_F(Schedule, EveryColumnIsSavedAndShownAgain) {
   auto form = Open();
-  FillExpense(*form);
+  FillExpense(*form, "Landlord");
   Pick(*form, "cmbType", "Income");
   Pick(*form, "cmbPeriod", "Weekly");
   Put(*form, "dtFrom", "5/12/26");
@@ -196,7 +184,7 @@ TEST_F(Schedule, EnterSavesFromEveryField) {
                             "txtReference", "txtDescription", "chkAutomated"}) {
     const std::int64_t before = Count("tblSchedule");
     const auto form = Open();
-    FillExpense(*form);
+    FillExpense(*form, "Landlord");
     Find<QWidget>(*form, field).setFocus();
     QTest::keyClick(form->focusWidget(), Qt::Key_Return);
     EXPECT_EQ(Count("tblSchedule"), before + 1) << field;
@@ -211,7 +199,7 @@ TEST_F(Schedule, OnceHasOnePayment) {
   Pick(*form, "cmbPeriod", "Weekly");
   EXPECT_EQ(TextOfField(*form, "txtNumber"), "6") << "passed on the way";
   Pick(*form, "cmbPeriod", "Once");
-  FillExpense(*form);
+  FillExpense(*form, "Landlord");
   Click(*form, "cmdAccept");
   EXPECT_EQ(Stored(form->SavedKey()).noTimes, 1);
 }
@@ -238,7 +226,7 @@ TEST_F(Schedule, TheNumberOfPaymentsIsWhole) {
     Find<QWidget>(*form, "dtFrom").setFocus();
     EXPECT_EQ(field.text(), shown) << pasted;
   }
-  FillExpense(*form);
+  FillExpense(*form, "Landlord");
   Type(*form, "txtNumber", "2.5");
   QTest::keyClick(&field, Qt::Key_Return);
   EXPECT_EQ(Stored(form->SavedKey()).noTimes, 3) << "not left before it is saved";
@@ -247,7 +235,7 @@ TEST_F(Schedule, TheNumberOfPaymentsIsWhole) {
 TEST_F(Schedule, TheTickSaysWhetherAndTheChoiceHowFarItPosts) {
   const auto saved = [&](bool isTicked, const char* choice) {
     const auto form = Open();
-    FillExpense(*form);
+    FillExpense(*form, "Landlord");
     if (isTicked) Find<QCheckBox>(*form, "chkAutomated").click();
     EXPECT_EQ(Find<QWidget>(*form, "cmbAutomated").isEnabled(), isTicked);
     if (choice != nullptr) Pick(*form, "cmbAutomated", choice);
@@ -325,7 +313,7 @@ TEST_F(Schedule, ANewOneIsSavedBeforeItIsSplit) {
   Prompt().ExpectTell("Save Warning", "You need to enter a Payment Type");
   Click(*form, "cmdAllocate");
   EXPECT_EQ(Count("tblSchedule"), 0);
-  FillExpense(*form);
+  FillExpense(*form, "Landlord");
   Put(*form, "txtAmount", "100");
   InNextDialog([](QDialog& split) { Share(split, "Gifts", "-100"); });
   Click(*form, "cmdAllocate");
@@ -406,7 +394,7 @@ TEST_F(Schedule, ATransactionFillsANewOne) {
   FrmAccountTrans row(Place(), cash_);
   row.Open(0);
   Show(row);
-  FillExpense(row);
+  FillExpense(row, "Landlord");
   Pick(row, "cmbType", "Income");
   Put(row, "txtDate", "05/12/2026");
   Put(row, "txtReference", "R1");

@@ -416,8 +416,25 @@ TEST_F(Balancing, ThePrintPreviewAndTheEditorOpenOverIt) {
     QTest::keyClick(balancing.findChild<QTableView*>(), Qt::Key_Return);
   });
   ScriptedRates rates;
-  EXPECT_FALSE(OpenReconcile(bank_, {store_.platform.Get(), ledger_, rates, nullptr}));
+  EXPECT_FALSE(OpenReconcile(bank_, {store_.platform.Get(), ledger_, rates, nullptr}).isChanged);
   EXPECT_EQ(FromQt(seen.join(u' ')), "FrmReconcile FrmPreview FrmAccountTrans FrmAccountTrans");
+}
+
+TEST_F(Balancing, AScheduleMadeFromARowIsReported) {
+  AddThree();
+  const auto press = [](const QDialog& dialog, const char* button) {
+    QTest::mouseClick(dialog.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+  };
+  InNextDialog([&](QDialog& balancing) {
+    InNextDialog([&](QDialog& row) {
+      InNextDialog([&](QDialog& schedule) { press(schedule, "cmdAccept"); });
+      press(row, "cmdAddSchedule");
+    });
+    QTest::keyClick(balancing.findChild<QTableView*>(), Qt::Key_Return);
+  });
+  ScriptedRates rates;
+  EXPECT_TRUE(
+      OpenReconcile(bank_, {store_.platform.Get(), ledger_, rates, nullptr}).isScheduleChanged);
 }
 
 }  // namespace
