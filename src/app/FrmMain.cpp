@@ -78,6 +78,7 @@ QWidget* FrmMain::MakeCentre() {
   columns_->setStretchFactor(1, 1);
   columns_->setStretchFactor(2, 0);
   columns_->setCollapsible(1, false);
+  columns_->setCollapsible(2, false);
   columns_->setSizes({kLeftWidth, 3 * kLeftWidth, kLeftWidth});
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -135,6 +136,8 @@ void FrmMain::MakeMenus() {
   actions_->FillMenus(*menuBar());
   transactionMenu_ = new QMenu(this);
   transactionMenu_->setObjectName(QStringLiteral("mnuTransaction"));
+  transactionMenu_->addActions({actions_->mnuTransAdd, actions_->mnuTransEdit});
+  transactionMenu_->addSeparator();
   actions_->FillTransactionMenu(*transactionMenu_);
 }
 
@@ -167,7 +170,7 @@ void FrmMain::Connect() {
   }
   connect(registerView_, &RegisterView::ChoiceChanged, this, mark);
   connect(registerView_, &RegisterView::Opened, this,
-          [this](std::int64_t key) { Guard([this, key] { EditTransaction(key); }); });
+          [this](std::int64_t key) { Guard([this, key] { OpenTransactions(key); }); });
   connect(registerView_, &RegisterView::PeriodChanged, this, &FrmMain::TakeFilter);
   connect(registerView_, &RegisterView::MenuRequested, this,
           [this](QPoint place) { Guard([this, place] { ShowTransactionMenu(place); }); });

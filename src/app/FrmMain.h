@@ -8,6 +8,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <set>
 #include <vector>
 
 class QAction;
@@ -125,6 +126,9 @@ class FrmMain : public QMainWindow {
   void ShowTwin();
   void ShowTransaction(std::int64_t accountId, std::int64_t key);
   void Undo(bool again);
+  // The keys of the rows that the view shows, and choosing one of them.
+  [[nodiscard]] std::set<std::int64_t> ShownKeys() const;
+  void ChooseShown(std::int64_t key);
 
   // --- Entry, balancing, printing
 
@@ -142,6 +146,8 @@ class FrmMain : public QMainWindow {
   // The chosen transaction, or several at once.
   void EditTransactions();
   void EditTransaction(std::int64_t key);
+  // A row was opened in the list: it, or with it all that are chosen.
+  void OpenTransactions(std::int64_t key);
   void Reconcile();
   void ConvertCurrency();
   void PrintShown(bool preview);
@@ -163,6 +169,7 @@ class FrmMain : public QMainWindow {
   // Schedules are others than before: posts what is due by them and shows everything again.
   void TakeSchedules();
   void ReadReminders();
+  void FoldReminders(bool fold);
   void OpenReminder();
   void PostReminder();
   void SkipReminder();
@@ -220,6 +227,7 @@ class FrmMain : public QMainWindow {
   ScheduleView* scheduleView_ = nullptr;
   EmptyState* closedView_ = nullptr;
   RemindersPanel* reminders_ = nullptr;
+  int remindersRoom_ = 0;  // by which the window has grown for them
   QMenu* transactionMenu_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;

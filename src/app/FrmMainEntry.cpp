@@ -89,6 +89,13 @@ void FrmMain::EditTransactions() {
   EditTransaction(keys.front());
 }
 
+void FrmMain::OpenTransactions(std::int64_t key) {
+  const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
+  const bool isOneOf = std::find(keys.begin(), keys.end(), key) != keys.end();
+  if (keys.size() > 1 && isOneOf) return EditTransactions();
+  EditTransaction(key);
+}
+
 void FrmMain::EditTransaction(std::int64_t key) {
   if (IsAccountClosed(kAmendItem)) return;
   TransactionRequest request;

@@ -37,7 +37,7 @@ void FrmMain::ConnectExchange() {
 }
 
 void FrmMain::ImportFile(const std::string& path) {
-  const std::int64_t account = ChosenAccount();
+  const std::int64_t account = EntryAccount();
   if (OpenImport(account, path, {platform_, session_.Ledger(), this})) Reload();
 }
 

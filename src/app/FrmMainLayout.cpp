@@ -20,6 +20,7 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QSplitter>
+#include <QStackedWidget>
 
 #include <algorithm>
 
@@ -63,6 +64,7 @@ void FrmMain::Restore() {
   if (SortedTable* table = ShownTable(); table != nullptr && layout.sort.column >= 0) {
     table->SetSorted(layout.sort);
   }
+  views_->currentWidget()->setFocus();
 }
 
 void FrmMain::SaveLayout() {

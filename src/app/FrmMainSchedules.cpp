@@ -20,6 +20,7 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QScreen>
 #include <QTimer>
 
 #include <algorithm>
@@ -54,7 +55,6 @@ std::int64_t PasteOnward(clsCorvanta& ledger, std::int64_t key) {
   const std::vector<ScheduleDetails> schedules = ledger.Schedules();
   const auto source = std::find_if(schedules.begin(), schedules.end(),
                                    [key](const auto& row) { return row.scheduleId == key; });
-  const UndoLog::Step step = ledger.Undo().Begin("Paste Schedule");
   const std::int64_t copy = ledger.PasteSchedule(key);
   const auto pasted = ledger.ReadSchedule(copy);
   if (source == schedules.end() || !source->nextDue || !pasted) return copy;
@@ -75,11 +75,8 @@ void FrmMain::ConnectSchedules() {
   On(actions_->mnuReminderOpen, [this] { OpenReminder(); });
   On(actions_->mnuReminderPost, [this] { PostReminder(); });
   On(actions_->mnuReminderSkip, [this] { SkipReminder(); });
-  On(actions_->mnuViewReminders, [this] {
-    const bool isShown = actions_->mnuViewReminders->isChecked();
-    reminders_->setVisible(isShown);
-    if (isShown) reminders_->setFocus();
-  });
+  On(actions_->mnuViewReminders,
+     [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
   connect(reminders_, &RemindersPanel::ChoiceChanged, this,
           [this] { Guard([this] { MarkReminder(); }); });
   auto* dayCheck = new QTimer(this);
@@ -88,12 +85,26 @@ void FrmMain::ConnectSchedules() {
   dayCheck->start(kDayCheck);
 }
 
+void FrmMain::FoldReminders(bool fold) {
+  const bool isFree = !isMaximized() && !isFullScreen();
+  // The view keeps its width where the screen has room for the panel beside it.
+  const int room = screen()->availableGeometry().right() - geometry().right();
+  const int wanted = fold ? -remindersRoom_ : std::clamp(room, 0, reminders_->sizeHint().width());
+  if (isFree) resize(width() + wanted, height());
+  remindersRoom_ = fold || !isFree ? 0 : wanted;
+  reminders_->setVisible(!fold);
+  if (!fold) reminders_->Enter();
+}
+
 void FrmMain::EditSchedule(std::int64_t key) {
   ScheduleRequest request;
   request.key = key;
   // A closed account takes no schedule, but any other one can be chosen.
   const auto account = session_.Ledger().ReadAccount(EntryAccount());
   if (account && !account->closed) request.accountId = account->accountId;
+  // What the schedule posts is undone with it: half of it would be a state that never was.
+  const UndoLog::Step step =
+      session_.Ledger().Undo().Begin(key == 0 ? "Add Schedule" : "Edit Schedule");
   const EntryResult result = OpenSchedule(request, EntryPlaceHere());
   if (!result.isChanged) return;
   TakeSchedules();
@@ -122,6 +133,7 @@ void FrmMain::CopySchedule() {
 }
 
 void FrmMain::PasteSchedule() {
+  const UndoLog::Step step = session_.Ledger().Undo().Begin("Paste Schedule");
   std::int64_t last = 0;
   for (const std::int64_t key : FromClip(ClipKind::Schedules, ToQt(session_.Path()))) {
     last = PasteOnward(session_.Ledger(), key);

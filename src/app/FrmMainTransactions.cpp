@@ -2,6 +2,7 @@
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/ReferenceView.h"
 #include "app/RegisterView.h"
 #include "app/TransactionClip.h"
 #include "controls/QtText.h"
@@ -150,12 +151,35 @@ void FrmMain::ShowTransaction(std::int64_t accountId, std::int64_t key) {
 void FrmMain::Undo(bool again) {
   if (!session_.IsOpen()) return;
   UndoLog& log = session_.Ledger().Undo();
+  const std::set<std::int64_t> before = ShownKeys();
   if (again) {
     log.Redo();
   } else {
     log.Undo();
   }
   Reload();
+  // What came back is what the next key is meant for.
+  for (const std::int64_t key : ShownKeys()) {
+    if (!before.contains(key)) return ChooseShown(key);
+  }
+}
+
+std::set<std::int64_t> FrmMain::ShownKeys() const {
+  std::vector<std::int64_t> keys;
+  if (shown_.name == kTransactionShow) {
+    keys = registerView_->ShownKeys();
+  } else if (const ReferenceView* list = ShownList()) {
+    keys = list->ShownKeys();
+  }
+  return {keys.begin(), keys.end()};
+}
+
+void FrmMain::ChooseShown(std::int64_t key) {
+  if (shown_.name == kTransactionShow) {
+    registerView_->ChooseKey(key);
+  } else if (ReferenceView* list = ShownList()) {
+    list->ChooseKey(key);
+  }
 }
 
 }  // namespace corvanta

@@ -49,6 +49,7 @@ void MainActions::MakeEdit() {
   mnuEditRedo =
       Make("mnuEditRedo", tr("&Redo"), "redo", tr("Make the change again that was taken back"),
            QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z));
+  mnuEditRedo->setShortcuts({mnuEditRedo->shortcut(), QKeySequence(Qt::CTRL | Qt::Key_Y)});
   mnuEditInsert = InViews(Make("mnuEditInsert", tr("&Insert..."), "", tr("Add an item to the list"),
                                QKeySequence(Qt::Key_Insert)));
   mnuEditDetails = InViews(Make("mnuEditDetails", tr("De&tails..."), "", tr("Edit the chosen item"),

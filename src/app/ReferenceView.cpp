@@ -72,6 +72,12 @@ void ReferenceView::ChooseKey(qint64 key) {
   table_->ChooseRow(row);
 }
 
+std::vector<std::int64_t> ReferenceView::ShownKeys() const {
+  std::vector<std::int64_t> keys;
+  for (int row = 0; row < model_->rowCount(); ++row) keys.push_back(model_->Row(row).key);
+  return keys;
+}
+
 QString ReferenceView::ChosenText() const {
   QStringList cells;
   const int row = model_->RowOf(ChosenKey());

@@ -30,6 +30,8 @@ class ReferenceView : public QWidget {
   // The commands of the list's own menu.
   void SetCommands(const QList<QAction*>& commands);
 
+  // All rows from the first to the last.
+  [[nodiscard]] std::vector<std::int64_t> ShownKeys() const;
   // 0 while no row is chosen.
   [[nodiscard]] qint64 ChosenKey() const;
   // Chooses the row and brings it into view; one that is not there leaves the choice as it is.

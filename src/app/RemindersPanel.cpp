@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -15,6 +16,9 @@
 #include <algorithm>
 
 namespace corvanta {
+namespace {
+constexpr int kSmallestWidth = 30 * kRhythm;
+}
 
 RemindersPanel::RemindersPanel(const Locale& locale, const Commands& commands, QWidget* parent)
     : QWidget(parent),
@@ -23,6 +27,7 @@ RemindersPanel::RemindersPanel(const Locale& locale, const Commands& commands, Q
       list_(new QTreeWidget(this)),
       lblNone_(new MutedLabel(this)) {
   setObjectName(QStringLiteral("pnlReminders"));
+  setMinimumWidth(kSmallestWidth);
   auto* title = new QLabel(tr("Reminders"), this);
   title->setFont(ScaledFont(1, QFont::DemiBold));
   lblNone_->setObjectName(QStringLiteral("lblNoReminders"));
@@ -51,6 +56,7 @@ RemindersPanel::RemindersPanel(const Locale& locale, const Commands& commands, Q
   column->addWidget(lblNone_);
   column->addWidget(list_, 1);
   column->addLayout(buttons);
+  list_->installEventFilter(this);
   setFocusProxy(list_);
   connect(list_, &QTreeWidget::itemSelectionChanged, this, &RemindersPanel::ChoiceChanged);
   connect(list_, &QTreeWidget::itemActivated, commands_.open, [this] {
@@ -70,13 +76,14 @@ QPushButton* RemindersPanel::MakeButton(QAction* action, const char* name) {
 }
 
 QString RemindersPanel::Details(const Reminder& reminder) const {
-  QStringList parts{ToQt(locale_.FormatShortDate(reminder.due)), ToQt(reminder.account)};
+  QStringList parts{ToQt(locale_.FormatShortDate(reminder.due))};
   if (reminder.IsPosted()) {
-    parts.append(reminder.uncleared > 1 ? tr("%1 uncleared").arg(reminder.uncleared)
-                                        : tr("uncleared"));
+    parts.append(reminder.uncleared > 1 ? tr("posted, %1 uncleared").arg(reminder.uncleared)
+                                        : tr("posted, uncleared"));
   } else if (!reminder.periodName.empty()) {
     parts.append(ToQt(reminder.periodName));
   }
+  parts.append(ToQt(reminder.account));
   return parts.join(QStringLiteral("  ·  "));
 }
 
@@ -114,6 +121,23 @@ void RemindersPanel::SetReminders(ReminderList reminders) {
   list_->setVisible(!reminders_.IsEmpty());
   if (place.first >= 0) Choose(former, place);
   Q_EMIT ChoiceChanged();
+}
+
+void RemindersPanel::Enter() {
+  list_->setFocus();
+  if (Chosen() == nullptr && list_->topLevelItemCount() > 0) {
+    list_->setCurrentItem(list_->topLevelItem(0)->child(0));
+  }
+}
+
+// A command's letter must not choose another payment where the command cannot be had.
+bool RemindersPanel::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == list_ && event->type() == QEvent::KeyPress) {
+    const auto* key = static_cast<const QKeyEvent*>(event);
+    const bool isLetter = !key->text().isEmpty() && key->text().front().isLetterOrNumber();
+    if (isLetter && (key->modifiers() & ~Qt::ShiftModifier) == 0) return true;
+  }
+  return QWidget::eventFilter(watched, event);
 }
 
 std::pair<int, int> RemindersPanel::Place() const {

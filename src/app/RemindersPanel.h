@@ -29,11 +29,16 @@ class RemindersPanel : public QWidget {
 
   // Shows these; the payment that was chosen stays so, or the one that took its place.
   void SetReminders(ReminderList reminders);
+  // Gives it the keyboard, with a payment chosen.
+  void Enter();
   // The chosen payment; null when none is.
   [[nodiscard]] const Reminder* Chosen() const;
 
  Q_SIGNALS:
   void ChoiceChanged();
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   void AddGroup(const QString& title, const std::vector<Reminder>& reminders, bool isOverdue);

@@ -1,6 +1,7 @@
 #include "app/StartOptions.h"
 #include "app/StartUp.h"
 #include "controls/CommandEdge.h"
+#include "controls/OutlinedStyle.h"
 #include "controls/SvgIcon.h"
 #include "platform/PlatformError.h"
 
@@ -50,7 +51,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   const QApplication application(argc, argv);
-  QGuiApplication::setApplicationDisplayName(QStringLiteral("Corvanta Personal Finance"));
+  QApplication::setStyle(new corvanta::OutlinedStyle);
   QGuiApplication::setDesktopFileName(QStringLiteral("corvanta"));
   corvanta::InitPictures();
   return Start(options);

@@ -1,6 +1,7 @@
 #include "controls/AmountEdit.h"
 
 #include "controls/QtText.h"
+#include "controls/TypedKey.h"
 #include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 
@@ -13,6 +14,8 @@ namespace corvanta {
 namespace {
 
 constexpr int kMostDecimals = 6;
+// No sum of so few digits overflows a number.
+constexpr int kMostCharacters = 100;
 
 // How many decimals the amount needs, at least those of the locale.
 int NeededDecimals(double amount, int least) {
@@ -32,6 +35,7 @@ AmountEdit::AmountEdit(const Locale& locale, QWidget* parent, AmountText left)
   setAlignment(Qt::AlignRight);
   // Sums need more keys than a keyboard for numbers has.
   setInputMethodHints(Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
+  setMaxLength(kMostCharacters);
   SetAmount(0);
 }
 
@@ -59,7 +63,9 @@ std::optional<double> AmountEdit::Amount() const {
 }
 
 void AmountEdit::Settle() {
-  if (const auto amount = Amount()) SetAmount(*amount);
+  const auto amount = Amount();
+  // Rounded to what a number can hold, it would be another one than the one that was typed.
+  if (amount && std::abs(*amount) <= kLargestAmount) SetAmount(*amount);
 }
 
 bool AmountEdit::MayBeTyped(QChar character) const {
@@ -71,9 +77,10 @@ bool AmountEdit::MayBeTyped(QChar character) const {
 }
 
 void AmountEdit::keyPressEvent(QKeyEvent* event) {
+  if (IsCommandLetter(*event)) return event->ignore();
   const QString typed = event->text();
   const bool isText = !typed.isEmpty() && typed.front().isPrint() &&
-                      (event->modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+                      (event->modifiers() & Qt::ControlModifier) == 0;
   const bool isPad = (event->modifiers() & Qt::KeypadModifier) != 0;
   if (isPad && (typed == QStringLiteral(".") || typed == QStringLiteral(","))) {
     // The number pad has one separator key, whatever the layout writes on it.

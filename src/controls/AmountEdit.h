@@ -17,7 +17,8 @@ enum class AmountText {
 
 // A field for an amount of money, as the locale writes it, or for a sum that comes to one
 // ("12.50+3*4"). Only what those are made of can be typed; on leaving, the number is shown in the
-// locale's form. An amount that is not touched stays what it was, to the last digit.
+// locale's form, unless it is beyond the largest amount: that stays as it was typed. An amount that
+// is not touched stays what it was, to the last digit.
 class AmountEdit : public QLineEdit {
   Q_OBJECT
 

@@ -4,6 +4,8 @@
 
 #include <QLineEdit>
 
+#include <optional>
+
 namespace corvanta {
 
 class CalendarPopup;
@@ -12,8 +14,9 @@ class Locale;
 
 // A field for a day, in the locale's short form. Keys move it: + - and the arrows by a day, [ ] and
 // the arrows with Ctrl by a week, Page Up and Page Down by a month; T is today; F4 opens a
-// calendar. A day can be typed as well; at Enter, what is no day goes back to the last one that
-// was, and no other way to leave the field hides what was typed.
+// calendar. A day can be typed as well: whole, as a day of the month that is shown ("20"), or as
+// day and month of this year ("11/3"). What is no day stays in the field, coloured once it was
+// left.
 class DateField : public QLineEdit {
   Q_OBJECT
 
@@ -36,9 +39,14 @@ class DateField : public QLineEdit {
 
  private:
   [[nodiscard]] std::optional<Date> Typed() const;
-  // Shows the day that was typed, or the last one again. False when nothing could be made of the
-  // text.
-  bool Settle();
+  // Of a text that is a day with its year.
+  [[nodiscard]] std::optional<Date> TypedInFull() const;
+  // Of a text that leaves out the year, or all but the day.
+  [[nodiscard]] std::optional<Date> TypedInPart() const;
+  // Shows the day that was typed, or the last one again.
+  void Settle();
+  // Colours a text that is no day.
+  void ShowWhetherDay();
   void Move(Date to);
   // Whether the key moves the day.
   bool MoveBy(const QKeyEvent& event);

@@ -1,8 +1,12 @@
 #include "controls/PickBox.h"
 
+#include "controls/TypedKey.h"
+
 #include <QAbstractItemView>
 #include <QCompleter>
+#include <QCoreApplication>
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMetaObject>
 
@@ -24,6 +28,7 @@ PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
   completer()->setMaxVisibleItems(kShownItems);
   connect(lineEdit(), &QLineEdit::textEdited, this, &PickBox::TakeTyped);
   lineEdit()->installEventFilter(this);
+  completer()->popup()->installEventFilter(this);
 }
 
 void PickBox::TakeTyped(const QString& text) {
@@ -60,13 +65,45 @@ void PickBox::Leave() {
   if (item >= 0 && lineEdit()->text() != itemText(item)) lineEdit()->setText(itemText(item));
 }
 
+bool PickBox::TakeListKey(const QKeyEvent& event) {
+  QAbstractItemView& list = *completer()->popup();
+  if (event.key() == Qt::Key_Alt || event.key() == Qt::Key_Meta) {
+    // While the list is open, every key is its own and no mnemonic is heard.
+    list.hide();
+    return false;
+  }
+  if (event.key() != Qt::Key_Return && event.key() != Qt::Key_Enter) return false;
+  // A name that was moved to is taken first.
+  if (list.currentIndex().isValid()) return false;
+  Leave();
+  if (findText(lineEdit()->text(), Qt::MatchFixedString) < 0) return false;
+  list.hide();
+  QKeyEvent enter(event.type(), event.key(), event.modifiers(), event.text());
+  QCoreApplication::sendEvent(lineEdit(), &enter);
+  return true;
+}
+
 bool PickBox::eventFilter(QObject* watched, QEvent* event) {
   if (watched == lineEdit() && event->type() == QEvent::FocusIn) typed_ = lineEdit()->text();
   if (watched == lineEdit() && event->type() == QEvent::FocusOut &&
       static_cast<const QFocusEvent*>(event)->reason() != Qt::PopupFocusReason) {
     Leave();
   }
+  if (event->type() == QEvent::KeyPress) {
+    const auto& key = *static_cast<const QKeyEvent*>(event);
+    if (watched == completer()->popup() && TakeListKey(key)) return true;
+    if (IsCommandLetter(key)) {
+      event->ignore();
+      return true;
+    }
+  }
   return QComboBox::eventFilter(watched, event);
+}
+
+void PickBox::keyPressEvent(QKeyEvent* event) {
+  // What its text refuses comes here next, and would be handed to the text again.
+  if (IsCommandLetter(*event)) return event->ignore();
+  QComboBox::keyPressEvent(event);
 }
 
 void PickBox::SetItems(const std::vector<PickItem>& items) {

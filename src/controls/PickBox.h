@@ -30,11 +30,14 @@ class PickBox : public QComboBox {
 
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void TakeTyped(const QString& text);
   void Complete();
   void Leave();
+  // Whether a key that came to the open list has been dealt with.
+  bool TakeListKey(const QKeyEvent& event);
 
   QString typed_;              // what stood in the field after the last key
   bool isToComplete_ = false;  // a letter was added at its end

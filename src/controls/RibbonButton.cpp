@@ -40,7 +40,19 @@ void RibbonButton::TakeState() {
   update();
 }
 
+void RibbonButton::SetCompact(bool compact) {
+  if (isCompact_ == compact) return;
+  isCompact_ = compact;
+  updateGeometry();
+  update();
+}
+
 QSize RibbonButton::sizeHint() const {
+  const QSize full = FullSize();
+  return isCompact_ ? QSize(kIcon + 2 * kRhythm, full.height()) : full;
+}
+
+QSize RibbonButton::FullSize() const {
   const int text = fontMetrics().horizontalAdvance(this->text());
   return {std::max(8 * kRhythm, text + 2 * kRhythm),
           kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
@@ -57,12 +69,14 @@ void RibbonButton::paintEvent(QPaintEvent*) {
     painter.setBrush(Mixed(accent, window, isDown() ? 0.22 : 0.12));
     painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 4, 4);
   }
-  const QRect picture((width() - kIcon) / 2, kRhythm, kIcon, kIcon);
+  const int top = isCompact_ ? (height() - kIcon) / 2 : kRhythm;
+  const QRect picture((width() - kIcon) / 2, top, kIcon, kIcon);
   icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
   painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
                              : palette().color(QPalette::Disabled, QPalette::WindowText));
-  painter.drawText(QRect(0, picture.bottom() + kGap, width(), fontMetrics().height() + 2),
-                   Qt::AlignHCenter | Qt::AlignTop, text());
+  if (!isCompact_)
+    painter.drawText(QRect(0, picture.bottom() + kGap, width(), fontMetrics().height() + 2),
+                     Qt::AlignHCenter | Qt::AlignTop, text());
   if (isChecked()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(accent);

@@ -14,6 +14,10 @@ class RibbonButton : public QAbstractButton {
  public:
   RibbonButton(QAction* action, QWidget* parent);
 
+  // Without its name, which the tool tip still says.
+  void SetCompact(bool compact);
+  [[nodiscard]] QSize FullSize() const;
+
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
 
@@ -24,6 +28,7 @@ class RibbonButton : public QAbstractButton {
   void TakeState();
 
   QAction* action_;
+  bool isCompact_ = false;
 };
 
 }  // namespace corvanta

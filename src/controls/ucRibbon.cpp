@@ -45,6 +45,38 @@ void ucRibbon::AddSeparator() {
   buttons_->insertWidget(buttons_->count() - 1, new RibbonSeparator(this));
 }
 
+int ucRibbon::FullWidth() const {
+  int width = 2 * kRhythm;
+  for (int place = 0; place < buttons_->count(); ++place) {
+    const QWidget* widget = buttons_->itemAt(place)->widget();
+    if (widget == nullptr || widget->isHidden()) continue;
+    const auto* button = qobject_cast<const RibbonButton*>(widget);
+    width += (button != nullptr ? button->FullSize().width() : widget->minimumWidth()) +
+             buttons_->spacing();
+  }
+  return width;
+}
+
+void ucRibbon::Arrange() {
+  const bool isCompact = FullWidth() > width();
+  for (RibbonButton* button : findChildren<RibbonButton*>()) button->SetCompact(isCompact);
+}
+
+QSize ucRibbon::minimumSizeHint() const {
+  // As narrow as the window may be; the icons find their place.
+  return {0, QWidget::minimumSizeHint().height()};
+}
+
+bool ucRibbon::event(QEvent* event) {
+  if (event->type() == QEvent::LayoutRequest) Arrange();
+  return QWidget::event(event);
+}
+
+void ucRibbon::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  Arrange();
+}
+
 void ucRibbon::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.setPen(Hairline(palette()));

@@ -7,8 +7,9 @@ class QHBoxLayout;
 
 namespace corvanta {
 
-// A bar of large buttons below the menu, one per command. It draws itself. Left and right move
-// between its buttons, Enter and the space bar press them.
+// A bar of large buttons below the menu, one per command. It draws itself. Where it is too narrow
+// for their names it shows the icons alone. Left and right move between its buttons, Enter and the
+// space bar press them.
 class ucRibbon : public QWidget {
   Q_OBJECT
 
@@ -22,11 +23,19 @@ class ucRibbon : public QWidget {
   // A line between two groups of buttons.
   void AddSeparator();
 
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
  protected:
+  bool event(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  void Arrange();
+  // Of the buttons side by side with their names.
+  [[nodiscard]] int FullWidth() const;
+
   QHBoxLayout* buttons_;
 };
 

@@ -86,8 +86,9 @@ AllocationForm AllocationEditor::New() {
 std::optional<Warning> AllocationEditor::Check(const AllocationForm& line) {
   if (auto warning = CheckCategory(line.category, line.subCategory, true)) return warning;
   if (line.amount.value_or(0) == 0) {
-    return Warning{kSaveWarning, "Please enter a valid value for Amount", "txtAmount"};
+    return Warning{kSaveWarning, kInvalidShare, "txtAmount"};
   }
+  if (auto warning = CheckSize(line.amount, kInvalidShare)) return warning;
   if (auto warning = TextTooLong(ledger_, IsSchedule() ? "tblSchedule" : "tblTransactions",
                                  {{"Reference", Trim(line.reference), "txtReference"},
                                   {"Description", Trim(line.description), "txtDescription"}})) {

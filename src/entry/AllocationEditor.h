@@ -55,6 +55,10 @@ class AllocationEditor {
 
   // The first rule that is broken, about the control of that name.
   [[nodiscard]] std::optional<Warning> Check(const AllocationForm& line);
+  // Whether the share is of the other sign than the parent, and so takes from it.
+  [[nodiscard]] bool IsAgainstTotal(const AllocationForm& line) const {
+    return line.amount.value_or(0) * Total() < 0;
+  }
   // Writes what Check accepts, as one step that can be undone; returns the share's key. 0 when the
   // person declines to make a category that is new (the field is cmbCategory), or when the parent
   // is gone.

@@ -49,7 +49,7 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
     return Warning{kSaveWarning, text, field};
   };
   if (form.amount.value_or(0) == 0) {
-    return fails("You need to enter a valid Amount", "txtAmount");
+    return fails(kInvalidAmount, "txtAmount");
   }
   if (form.type != EntryType::Expense && form.type != EntryType::Income) {
     return fails("You need to select either Expense or Income.", "opType");
@@ -59,6 +59,7 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
     return fails("You need to select a Category/SubCategory", "cmbCategory");
   }
   if (*form.amount < 0) return fails(kSignedAmount, "txtAmount");
+  if (auto warning = CheckSize(form.amount, kInvalidAmount)) return warning;
   const char* title = form.transactionId == 0 ? "Add Item" : "Amend Item";
   return CheckOpenAccount(ledger_, form.accountId, title, "");
 }

@@ -1,5 +1,6 @@
 #include "entry/EntryRules.h"
 
+#include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -10,6 +11,11 @@
 #include <cmath>
 
 namespace corvanta {
+
+std::optional<Warning> CheckSize(std::optional<double> amount, const char* text) {
+  if (!amount || std::fabs(*amount) <= kLargestAmount) return std::nullopt;
+  return Warning{kSaveWarning, text, "txtAmount"};
+}
 
 std::optional<Warning> CheckPayment(const std::string& payment, bool isNeeded) {
   if (isNeeded) {

@@ -15,9 +15,14 @@ struct Platform;
 
 inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
 
+inline constexpr const char* kInvalidAmount = "You need to enter a valid Amount";
+inline constexpr const char* kInvalidShare = "Please enter a valid value for Amount";
+
 inline constexpr const char* kSignedAmount =
     "Please enter the Amount without a sign, the Type says where it goes";
 
+// For an amount, of either sign, that is beyond the largest one; with that text.
+[[nodiscard]] std::optional<Warning> CheckSize(std::optional<double> amount, const char* text);
 // For a payment type that is empty, where it is needed, or too long.
 [[nodiscard]] std::optional<Warning> CheckPayment(const std::string& payment, bool isNeeded);
 [[nodiscard]] std::optional<Warning> CheckPayee(const std::string& payee, bool isNeeded);

@@ -185,6 +185,10 @@ void FrmAllocate::Accept() {
     if (editor_.Save(share) == 0) return FocusOn(*cmbCategory_);
     MarkChanged();
     StartShare();
+    if (!editor_.IsAgainstTotal(share)) return;
+    const AllocationParent& parent = editor_.Parent();
+    Note(tr("%1 counts against the total of %2: shares are entered with the total's sign.")
+             .arg(Shown(share.amount.value_or(0)), Shown(parent.sign * parent.amount)));
   });
 }
 

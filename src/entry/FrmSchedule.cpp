@@ -24,6 +24,7 @@ namespace {
 // Enough to look ahead in a daily schedule that began decades ago.
 constexpr std::size_t kMostDates = 20000;
 constexpr std::size_t kShownDates = 3;
+constexpr int kOutlookLines = 3;
 
 constexpr const char* kHelp =
     "A schedule enters the same transaction again and again: from its start date on, in the steps "
@@ -39,28 +40,38 @@ constexpr const char* kHelp =
 QString PaymentsText(const ScheduleOutlook& outlook, const Locale& locale) {
   const auto number = [](std::size_t count) { return QString::number(count); };
   if (outlook.payments == 0) {
-    return outlook.before == 0
+    return outlook.posted == 0
                ? FrmSchedule::tr("Without end")
-               : FrmSchedule::tr("Without end, %1 before today").arg(number(outlook.before));
+               : FrmSchedule::tr("Without end, %1 posted").arg(number(outlook.posted));
   }
   if (outlook.payments == 1) return FrmSchedule::tr("One payment");
-  const std::size_t left = outlook.payments - outlook.before;
-  QString text =
-      left == 0 || outlook.before == 0
+  const QString text =
+      outlook.posted == 0
           ? FrmSchedule::tr("%1 payments").arg(number(outlook.payments))
-          : FrmSchedule::tr("%1 of %2 payments").arg(number(left), number(outlook.payments));
+          : FrmSchedule::tr("%1 of %2 payments left")
+                .arg(number(outlook.payments - outlook.posted), number(outlook.payments));
   if (!outlook.last) return text;
   return FrmSchedule::tr("%1, the last on %2")
       .arg(text, ToQt(locale.FormatShortDate(*outlook.last)));
 }
 
-// In two lines.
+QString OverdueText(const std::vector<Date>& days, const Locale& locale) {
+  const QString first = ToQt(locale.FormatShortDate(days.front()));
+  if (days.size() == 1) return FrmSchedule::tr("Overdue: %1").arg(first);
+  return FrmSchedule::tr("Overdue: %1 and %2 more").arg(first, QString::number(days.size() - 1));
+}
+
+// In kOutlookLines at most.
 QString OutlookText(const ScheduleOutlook& outlook, const Locale& locale) {
   QStringList days;
   for (const Date day : outlook.next) days.append(ToQt(locale.FormatShortDate(day)));
-  QString text = days.isEmpty() ? FrmSchedule::tr("No payment from today on")
-                                : days.join(QStringLiteral(", "));
+  QString text = days.join(QStringLiteral(", "));
   if (outlook.goesOn) text += QStringLiteral(" …");
+  if (!outlook.overdue.empty()) {
+    const QString overdue = OverdueText(outlook.overdue, locale);
+    text = days.isEmpty() ? overdue : overdue + u'\n' + text;
+  }
+  if (text.isEmpty()) text = FrmSchedule::tr("No payment is left to post");
   return text + u'\n' + PaymentsText(outlook, locale);
 }
 
@@ -94,9 +105,9 @@ void FrmSchedule::MakeFields() {
          "When due: each payment on its day."));
   cmbAutomated_->addItem(tr("as a forecast"), static_cast<int>(AddToAccount::Ahead));
   cmbAutomated_->addItem(tr("when due"), static_cast<int>(AddToAccount::WhenDue));
-  // Two lines, so that nothing below moves while it changes.
+  // At its full height, so that nothing below moves while it changes.
   lblNext_->setWordWrap(true);
-  lblNext_->setMinimumHeight(2 * fontMetrics().lineSpacing());
+  lblNext_->setMinimumHeight(kOutlookLines * fontMetrics().lineSpacing());
   lblNext_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   AddAccountRows();
   AddField(tr("&Frequency:"), cmbPeriod_, "cmbPeriod");
@@ -221,7 +232,8 @@ QString FrmSchedule::NextText(const ScheduleForm& plan) {
   const std::vector<Date> dates = editor_.NextDates(plan, kMostDates);
   if (dates.empty()) return tr("Choose a frequency to see the next payments");
   const Platform& platform = place_.platform;
-  return OutlookText(LookAhead(dates, plan.number, platform.clock.Today(), kShownDates),
+  const std::vector<Date> open = editor_.NotPosted(plan.scheduleId, dates);
+  return OutlookText(LookAhead(dates, open, plan.number, platform.clock.Today(), kShownDates),
                      platform.locale);
 }
 

@@ -2,6 +2,7 @@
 
 #include "entry/EntryRules.h"
 #include "ledger/ScheduleDates.h"
+#include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -136,13 +137,19 @@ std::vector<Date> ScheduleEditor::NextDates(const ScheduleForm& form, std::size_
   return FirstScheduleDates({form.dateFrom, form.number, PeriodCode(form.periodId)}, count);
 }
 
+std::vector<Date> ScheduleEditor::NotPosted(std::int64_t key, std::vector<Date> dates) {
+  const PostedRows posted = PostedOf(ledger_.Store(), key);
+  std::erase_if(dates, [&](Date due) { return posted.Has(due); });
+  return dates;
+}
+
 std::optional<Warning> ScheduleEditor::Check(const ScheduleForm& form) {
   const auto fails = [](const char* text, const char* field) {
     return Warning{kSaveWarning, text, field};
   };
   if (form.periodId == 0) return fails("You need to select a Frequency", "cmbPeriod");
   if (form.amount.value_or(0) == 0) {
-    return fails("You need to enter a valid Amount", "txtAmount");
+    return fails(kInvalidAmount, "txtAmount");
   }
   if (form.type == EntryType::None) return fails("You need to select a Type", "cmbType");
   if (auto warning = CheckPayment(form.payment, true)) return warning;
@@ -160,9 +167,9 @@ std::optional<Warning> ScheduleEditor::Check(const ScheduleForm& form) {
     return fails("You can not transfer to the the same Account", "cmbAccountTo");
   }
   if (form.amount.value_or(0) < 0) {
-    return fails("Please enter the Amount without a sign, the Type says where it goes",
-                 "txtAmount");
+    return fails(kSignedAmount, "txtAmount");
   }
+  if (auto warning = CheckSize(form.amount, kInvalidAmount)) return warning;
   if (auto warning = TextTooLong(ledger_, "tblSchedule",
                                  {{"Reference", Trim(form.reference), "txtReference"},
                                   {"Description", Trim(form.description), "txtDescription"}})) {

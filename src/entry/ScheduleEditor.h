@@ -69,6 +69,8 @@ class ScheduleEditor {
   [[nodiscard]] std::string CurrencyOf(std::int64_t accountId);
   // The first payments as they would be due; fewer where there are fewer.
   [[nodiscard]] std::vector<Date> NextDates(const ScheduleForm& form, std::size_t count);
+  // Those of the due dates that the schedule of that key (0 for a new one) has no row for.
+  [[nodiscard]] std::vector<Date> NotPosted(std::int64_t key, std::vector<Date> dates);
 
   // The first rule that is broken, about the control of that name.
   [[nodiscard]] std::optional<Warning> Check(const ScheduleForm& form);

@@ -4,12 +4,13 @@
 
 namespace corvanta {
 
-ScheduleOutlook LookAhead(const std::vector<Date>& dates, int number, Date today,
-                          std::size_t shown) {
+ScheduleOutlook LookAhead(const std::vector<Date>& dates, const std::vector<Date>& open, int number,
+                          Date today, std::size_t shown) {
   ScheduleOutlook outlook;
-  const auto first = std::ranges::lower_bound(dates, today);
-  const auto left = static_cast<std::size_t>(dates.end() - first);
-  outlook.before = static_cast<std::size_t>(first - dates.begin());
+  const auto first = std::ranges::lower_bound(open, today);
+  const auto left = static_cast<std::size_t>(open.end() - first);
+  outlook.posted = dates.size() - open.size();
+  outlook.overdue.assign(open.begin(), first);
   outlook.next.assign(first, first + static_cast<std::ptrdiff_t>(std::min(left, shown)));
   outlook.goesOn = left > shown;
   // What happens once has a single date without being counted.

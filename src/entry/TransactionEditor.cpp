@@ -156,6 +156,7 @@ std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
   if (amount < 0) {
     return fails(kSignedAmount, "txtAmount");
   }
+  if (auto warning = CheckSize(amount, kInvalidAmount)) return warning;
   if (auto warning = CheckTexts(ledger_, form.reference, form.description)) return warning;
   return CheckAccounts(form, stored.has_value());
 }

@@ -46,7 +46,7 @@ std::size_t CsvReader::LastLine() const {
   std::size_t trailing = 0;
   for (int number = 0; rows.Next(row); ++number) {
     if (number < mapping_.skip || row.IsBlank()) continue;
-    if (IsDateText(row.Cell(mapping_.date), locale_)) {
+    if (IsDateShape(row.Cell(mapping_.date), locale_)) {
       last = row.line;
       trailing = 0;
     } else {
@@ -63,8 +63,9 @@ void CsvReader::Run(ImportSink& sink) const {
   for (int number = 0; rows.Next(row); ++number) {
     if (number < mapping_.skip || row.IsBlank()) continue;
     ImportRecord record;
-    if (!ReadRow(row, mapping_, record)) continue;
-    if (row.line > last) {
+    if (!ReadRow(row, mapping_, record)) {
+      sink.OnProblem(row.line, "The row has no amount; it was left out.");
+    } else if (row.line > last) {
       sink.OnProblem(row.line, "The row has no date; it was left out.");
     } else if (!sink.OnRecord(record)) {
       return;

@@ -10,8 +10,8 @@ namespace corvanta {
 
 class Locale;
 
-// Reads the rows of a CSV file by a mapping of its columns. Rows without an amount are passed over;
-// a few rows behind the last one with a date (a balance, a note) are told and left out.
+// Reads the rows of a CSV file by a mapping of its columns. Rows without an amount and a few rows
+// behind the last one with a date (a balance, a note) are told and left out.
 class CsvReader {
  public:
   CsvReader(std::string_view text, const CsvMapping& mapping, const Locale& locale)
@@ -23,8 +23,8 @@ class CsvReader {
   [[nodiscard]] static bool ReadRow(const CsvRow& row, const CsvMapping& mapping,
                                     ImportRecord& record);
 
-  // The line of the last row that has a date in any order, where what follows it are only few rows;
-  // otherwise a number above all lines.
+  // The line of the last row with what is written as a date, where what follows it are only few
+  // rows; otherwise a number above all lines.
   [[nodiscard]] std::size_t LastLine() const;
 
  private:

@@ -55,6 +55,8 @@ bool CsvRows::ReadQuoted(std::string& cell) {
       // What stands between the quote and the separator belongs to the cell.
       std::string rest;
       ReadPlain(rest);
+      // Lines below, it is the quote that opens another cell, and the first one was typed.
+      if (line_ != startLine && !Trim(rest).empty()) break;
       cell = value + rest;
       return true;
     } else if (IsLineEnd(c)) {

@@ -19,8 +19,8 @@ struct CsvRow {
 };
 
 // The rows of a CSV text: a cell that begins with a double quote runs to the closing one, over
-// separators and line ends; a doubled quote inside stands for one. A quote that is never closed is
-// an ordinary character.
+// separators and line ends; a doubled quote inside stands for one. A quote that is never closed,
+// or on a later line by what opens another cell, is an ordinary character.
 class CsvRows {
  public:
   // `separator` is one character.

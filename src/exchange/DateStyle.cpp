@@ -229,6 +229,20 @@ bool IsDateText(std::string_view text, const Locale& locale) {
   });
 }
 
+bool IsDateShape(std::string_view text, const Locale& locale) {
+  const Parts parts = Split(text);
+  if (!parts.isWhole) return false;
+  if (parts.HasWord()) {
+    const auto* const month =
+        std::ranges::find_if(parts.part, [](const Part& part) { return !part.word.empty(); });
+    return parts.count == 3 && MonthOf(month->word, locale).has_value();
+  }
+  return std::ranges::any_of(kOrders, [&](DateOrder order) {
+    const Parts split = IsRun(parts) ? Together(parts.part[0], order) : parts;
+    return split.count == 3 && ReadIn(split, order).has_value();
+  });
+}
+
 void DateOrderFinder::Add(std::string_view text) {
   const Parts parts = Split(text);
   if (parts.HasWord() || !parts.isWhole) return;

@@ -26,6 +26,8 @@ enum class DateTolerance { AnyProven, OrderOnly };
 
 // True for a text that is a date in one order at least.
 [[nodiscard]] bool IsDateText(std::string_view text, const Locale& locale);
+// Whether the text is written as a date, even of a day that there is not, such as 31 February.
+[[nodiscard]] bool IsDateShape(std::string_view text, const Locale& locale);
 
 // Finds the one order of a file from all its dates.
 class DateOrderFinder {

@@ -79,7 +79,8 @@ void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optio
       break;
     case ExportKind::Ofx:
       platform_.files.WriteAtomically(
-          path, OfxExport(StatementOf(accountId, period), rows, platform_.clock.Now(), random_));
+          path, OfxExport(StatementOf(accountId, period), WithPayees(rows), platform_.clock.Now(),
+                          random_));
       break;
     case ExportKind::Csv:
       platform_.files.WriteAtomically(path, CsvExport(rows));
@@ -89,6 +90,18 @@ void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optio
       break;
   }
   platform_.prompts.Tell(kFileExport, message);
+}
+
+// The view shows the other account of a transfer, a statement the payee.
+std::vector<RegisterRow> FileExport::WithPayees(ExportRows rows) {
+  std::vector<RegisterRow> result(rows.begin(), rows.end());
+  for (RegisterRow& row : result) {
+    if (!row.isTransfer) continue;
+    if (const auto details = ledger_.ReadTransaction(row.transactionId)) {
+      row.payee = details->payee;
+    }
+  }
+  return result;
 }
 
 OfxStatement FileExport::StatementOf(std::int64_t accountId, const std::optional<Period>& period) {

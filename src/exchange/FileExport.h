@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvanta {
 
@@ -36,6 +37,7 @@ class FileExport {
  private:
   [[nodiscard]] OfxStatement StatementOf(std::int64_t accountId,
                                          const std::optional<Period>& period);
+  [[nodiscard]] std::vector<RegisterRow> WithPayees(ExportRows rows);
   void WriteSpreadsheet(ExportRows rows, const std::string& path);
 
   clsCorvanta& ledger_;

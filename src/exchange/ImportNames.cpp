@@ -25,6 +25,20 @@ std::string CategoryKey(std::string_view category, std::string_view subCategory)
   return Key(category) + "\n" + Key(subCategory);
 }
 
+std::string OnOneLine(std::string_view text) {
+  if (text.find_first_of("\r\n\t") == std::string_view::npos) return std::string(text);
+  std::string line;
+  for (const char c : text) {
+    const bool isBreak = c == '\r' || c == '\n' || c == '\t';
+    if (!isBreak) {
+      line += c;
+    } else if (!line.ends_with(' ')) {
+      line += ' ';
+    }
+  }
+  return line;
+}
+
 // Account groups that a new file has, by the account types of QIF.
 constexpr std::array<std::pair<std::string_view, const char*>, 10> kGroups = {
     {{"bank", "Bank Accounts"},
@@ -178,9 +192,11 @@ void ImportNames::SetSymbol(const std::string& name, const std::string& symbol) 
   symbols_.insert_or_assign(Key(name), Fit(symbol, kLongestNumber));
 }
 
-std::string ImportNames::Fit(std::string_view text, std::size_t length) {
-  text = Trim(text);
-  if (text.size() <= length || TextLength(text) <= length) return std::string(text);
+std::string ImportNames::Fit(std::string_view wrapped, std::size_t length) {
+  // What is wrapped over lines in a file is one line in the ledger.
+  const std::string line = OnOneLine(Trim(wrapped));
+  const std::string_view text = line;
+  if (text.size() <= length || TextLength(text) <= length) return line;
   ++shortened_;
   std::size_t end = 0;
   for (std::size_t count = 0; end < text.size(); ++end) {

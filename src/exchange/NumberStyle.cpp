@@ -9,6 +9,7 @@
 #include <charconv>
 #include <cmath>
 #include <string>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -84,24 +85,44 @@ std::string_view TrailingWord(std::string_view text) {
   return text.substr(begin);
 }
 
+// "US$" and "A$": a country's letters before the sign of its currency.
+bool IsCurrencyPrefix(std::string_view word, std::string_view rest) {
+  return rest.starts_with('$') && word.size() <= 3 &&
+         std::ranges::all_of(word, [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+// "5.-" is five without cents, not minus five.
+std::string WithoutDash(std::string number) {
+  for (const std::string_view dash : {"-", "\xE2\x80\x93", "\xE2\x80\x94"}) {
+    if (!number.ends_with(dash) || number.size() == dash.size()) continue;
+    const char before = number[number.size() - dash.size() - 1];
+    if (before == '.' || before == ',') number.resize(number.size() - dash.size());
+  }
+  return number;
+}
+
 // The number without words around it; nullopt where a word is none that belongs to money.
-std::optional<std::string_view> WithoutWords(std::string_view text, bool& isDebit, bool& isCredit) {
+std::optional<std::string> WithoutWords(std::string_view text, bool& isDebit, bool& isCredit) {
   text = Trim(text);
   std::size_t start = 0;
-  while (start < text.size() && (text[start] == '-' || text[start] == '(')) ++start;
-  if (start < text.size() && IsLetter(text[start])) {
-    // A sign before the word cannot be kept apart from the number without it; only a bare one can.
-    const std::string_view word = LeadingWord(text.substr(start));
-    if (start > 0 || !IsCurrencyWord(word)) return std::nullopt;
-    text = Trim(text.substr(word.size()));
+  while (start < text.size() && std::string_view("-+( ").find(text[start]) != std::string::npos) {
+    ++start;
   }
-  const std::string_view word = TrailingWord(text);
-  if (word.empty()) return text;
+  std::string number(text);
+  if (start < text.size() && IsLetter(text[start])) {
+    const std::string_view word = LeadingWord(text.substr(start));
+    const std::string_view rest = Trim(text.substr(start + word.size()));
+    if (!IsCurrencyWord(word) && !IsCurrencyPrefix(word, rest)) return std::nullopt;
+    number = std::string(text.substr(0, start)) + std::string(rest);
+  }
+  const std::string_view word = TrailingWord(number);
+  if (word.empty()) return WithoutDash(std::move(number));
   const std::string lower = ToLower(word);
   isDebit = lower == "dr" || lower == "db";
   isCredit = lower == "cr";
   if (!isDebit && !isCredit && !IsCurrencyWord(word)) return std::nullopt;
-  return Trim(text.substr(0, text.size() - word.size()));
+  number.resize(number.size() - word.size());
+  return WithoutDash(std::string(Trim(number)));
 }
 
 // Nearly every number of a file: digits with a point and a minus sign at most.
@@ -153,7 +174,7 @@ DecimalMark MarkOf(const Locale& locale) {
 std::optional<double> ReadFileNumber(std::string_view text, DecimalMark mark) {
   bool isDebit = false;
   bool isCredit = false;
-  const std::optional<std::string_view> number = WithoutWords(text, isDebit, isCredit);
+  const std::optional<std::string> number = WithoutWords(text, isDebit, isCredit);
   if (!number) return std::nullopt;
   std::optional<double> value = ReadWith(*number, ProvenMark(*number).value_or(mark));
   if (!value || !(std::fabs(*value) <= kLargest)) return std::nullopt;

@@ -21,6 +21,11 @@ bool IsAmong(const Names& names, std::string_view name) {
   return std::ranges::find(names, name) != names.end();
 }
 
+// The type of an account begins with a letter, but for "401(k)".
+bool IsAmountText(std::string_view value) {
+  return !value.empty() && value.find_first_not_of("0123456789.,+- ") == std::string_view::npos;
+}
+
 // Brackets name an account, with a class behind them or a category before them.
 ImportCategory ReadQifCategory(std::string_view value) {
   const std::size_t open = value.find('[');
@@ -120,11 +125,15 @@ void QifReader::Field(char code, std::string_view value) {
 
 void QifReader::AccountField(char code, std::string_view value) {
   if (code == 'N') {
-    EndAccount();
+    if (!isRecord_) EndAccount();
     account_.name = value;
   } else if (code == 'T') {
     account_.group = ToLower(value);
+    isRecord_ = isRecord_ || IsAmountText(value);
+  } else if (code == 'P') {
+    isRecord_ = true;
   }
+  if (isRecord_ && unknownLine_ == 0) unknownLine_ = lines_.Number();
 }
 
 void QifReader::SecurityField(char code, std::string_view value) {
@@ -255,8 +264,13 @@ void QifReader::EndEntry() {
 }
 
 void QifReader::EndAccount() {
-  if (!account_.name.empty()) sink_->OnAccount(account_);
+  if (isRecord_) {
+    ++unknownEntries_;
+  } else if (!account_.name.empty()) {
+    sink_->OnAccount(account_);
+  }
   account_ = ImportAccount();
+  isRecord_ = false;
 }
 
 void QifReader::EndRecord() {

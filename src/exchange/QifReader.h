@@ -48,10 +48,11 @@ class QifReader {
   bool splitIsOpen_ = false;  // a category or memo waits for its amount
   std::string otherAmount_;   // stands in where the record has no amount of its own
   ImportAccount account_;
+  bool isRecord_ = false;  // in a list of accounts: what no account has shows a transaction
   std::string securityName_;
   std::string securitySymbol_;
 
-  // The entries under a header that is not known, for the person to hear of.
+  // The entries without a header that is known, for the person to hear of.
   std::string unknown_;
   std::size_t unknownLine_ = 0;
   std::size_t unknownEntries_ = 0;

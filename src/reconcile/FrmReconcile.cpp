@@ -184,8 +184,9 @@ void FrmReconcile::ShowTotals() {
 
 void FrmReconcile::Print() {
   Run([this] {
-    openers_.print(*lvBalance_, std::string(kBalanceAccount) + ": " + reconciliation_.AccountText(),
-                   this);
+    std::string title(kBalanceAccount);
+    title.append(": ").append(reconciliation_.AccountText());
+    openers_.print(*lvBalance_, title, this);
   });
 }
 

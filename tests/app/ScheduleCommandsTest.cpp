@@ -75,6 +75,11 @@ TEST_F(ScheduleCommands, ASavedScheduleStandsInTheListAndInTheAccount) {
   Trigger("mnuScheduleAdd");
   ASSERT_EQ(List().model()->rowCount(), 1);
   EXPECT_GE(Posted(), 1) << "the pass runs after schedules change";
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Posted(), 0) << "undone with the schedule";
+  EXPECT_EQ(List().model()->rowCount(), 0);
+  Trigger("mnuEditRedo");
+  ASSERT_GE(Posted(), 1);
   window_->Show({kTransactionShow, 1});
   const auto& rows =
       static_cast<const RegisterModel&>(*WindowTest::Find<SortedTable>("lvbank").model());
@@ -103,6 +108,7 @@ TEST_F(ScheduleCommands, SchedulesAreCopiedAndDeleted) {
   EXPECT_EQ(List().model()->rowCount(), 1);
   Trigger("mnuEditUndo");
   EXPECT_EQ(List().model()->rowCount(), 2);
+  EXPECT_EQ(List().currentIndex().row(), 1) << "what came back is chosen";
 }
 
 TEST_F(ScheduleCommands, ACopyBeginsWhereItsOriginalStands) {

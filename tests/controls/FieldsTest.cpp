@@ -7,7 +7,11 @@
 #include "support/FixedClock.h"
 #include "support/FixedLocale.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
+#include <QDialog>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
@@ -24,6 +28,7 @@ class Fields : public testing::Test {
     field.setParent(&page_);
     other_.move(0, 100);
     page_.show();
+    field.show();
     page_.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&page_));
     field.setFocus();
@@ -145,26 +150,59 @@ TEST_F(Fields, ATypedDayIsTakenInTheLocalesWays) {
   EXPECT_EQ(field.text(), "02/02/2024") << "a day that has just been typed moves, too";
 }
 
-TEST_F(Fields, NonsenseGoesBackToTheLastDayAndIsNotSavedUnseen) {
+TEST_F(Fields, ADayInPartIsOfTheShownMonthOrOfThisYear) {
   DateField field(locale_, clock_, nullptr);
   Show(field);
-  QSignalSpy entered(&field, &QLineEdit::returnPressed);
-  for (const char* text : {"31/02/2026", "soon", "", "1/1/0019", "99"}) {
+  const auto typed = [&](DateField& in, const char* text) {
+    in.SetDay(*Date::FromIso("2024-04-05"));
+    Retype(in, text);
+    Leave();
+    return in.text().toStdString();
+  };
+  for (const auto& [text, shown] :
+       std::initializer_list<std::pair<const char*, const char*>>{{"20", "20/04/2024"},
+                                                                  {"7.", "07/04/2024"},
+                                                                  {"11/3", "11/03/2026"},
+                                                                  {"3.11.", "03/11/2026"},
+                                                                  {"3-11", "03/11/2026"},
+                                                                  {"3 11", "03/11/2026"},
+                                                                  {"31", "31"},
+                                                                  {"31/02", "31/02"},
+                                                                  {"3/11/", "03/11/2026"},
+                                                                  {"0", "0"}}) {
+    EXPECT_EQ(typed(field, text), shown) << text;
+    EXPECT_EQ(field.IsDay(), std::string_view(shown).size() == 10) << text;
+  }
+  const IcuLocale american("en_US");
+  DateField monthFirst(american, clock_, nullptr);
+  Show(monthFirst);
+  EXPECT_EQ(typed(monthFirst, "11/3"), "11/3/2026");
+  EXPECT_EQ(monthFirst.Day().ToIso(), "2026-11-03");
+}
+
+TEST_F(Fields, NonsenseStaysInColourForWhoeverSavesToSee) {
+  DateField field(locale_, clock_, nullptr);
+  Show(field);
+  const QColor usual = field.palette().color(QPalette::Text);
+  for (const char* text : {"31/02/2026", "soon", "1/1/0019", "99"}) {
     Retype(field, text);
-    if (*text == '\0') field.clear();
+    EXPECT_EQ(field.palette().color(QPalette::Text), usual) << "not while it is typed";
     EXPECT_EQ(field.Day(), clock_.Today()) << text;
     QTest::keyClick(&field, Qt::Key_Return);
-    EXPECT_EQ(entered.count(), 0) << text;
-    EXPECT_EQ(field.text(), "21/11/2026") << text;
-    EXPECT_EQ(field.selectedText(), "21/11/2026") << text;
+    EXPECT_EQ(field.text(), text);
+    Leave();
+    EXPECT_EQ(field.text(), text);
+    EXPECT_FALSE(field.IsDay());
+    EXPECT_NE(field.palette().color(QPalette::Text), usual);
   }
+  field.setFocus();
+  field.clear();
+  QSignalSpy entered(&field, &QLineEdit::returnPressed);
+  QTest::keyClick(&field, Qt::Key_Return);
+  EXPECT_EQ(entered.count(), 0) << "what is saved is seen first";
+  EXPECT_EQ(field.selectedText(), "21/11/2026");
   QTest::keyClick(&field, Qt::Key_Return);
   EXPECT_EQ(entered.count(), 1);
-  Retype(field, "31/02/2026");
-  Leave();
-  EXPECT_EQ(field.text(), "31/02/2026") << "for whoever saves to see";
-  EXPECT_FALSE(field.IsDay());
-  field.setFocus();
   field.clear();
   Leave();
   EXPECT_EQ(field.text(), "21/11/2026");
@@ -227,6 +265,76 @@ TEST_F(Fields, ANameIsCompletedAndWhatIsTypedCanStay) {
   QTest::keyClick(&field, Qt::Key_Backspace);
   QCoreApplication::processEvents();
   EXPECT_EQ(field.text(), "acm");
+}
+
+TEST_F(Fields, TheOpenListGivesWayToMnemonicsAndEnter) {
+  QDialog dialog;
+  QPushButton save(&dialog);
+  save.setDefault(true);
+  PickBox box(&dialog);
+  box.SetItems({{1, QStringLiteral("Food")}, {2, QStringLiteral("Fast Food")}});
+  dialog.show();
+  dialog.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&dialog));
+  QLineEdit& field = *box.lineEdit();
+  QAbstractItemView& list = *box.completer()->popup();
+  const auto open = [&](const QString& text) {
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+    QCoreApplication::processEvents();
+    ASSERT_TRUE(list.isVisible());
+  };
+  open(QStringLiteral("foo"));
+  QTest::keyPress(&list, Qt::Key_Alt);
+  EXPECT_FALSE(list.isVisible());
+  QTest::keyClick(&field, 'x', Qt::AltModifier);
+  EXPECT_EQ(field.text(), "food") << "as it was completed";
+  QSignalSpy saved(&save, &QPushButton::clicked);
+  open(QStringLiteral("foo"));
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_FALSE(list.isVisible());
+  EXPECT_EQ(saved.count(), 1) << "one Enter does both";
+  EXPECT_EQ(field.text(), "Food");
+  open(QStringLiteral("ood"));
+  QTest::keyClick(&list, Qt::Key_Return);
+  EXPECT_EQ(saved.count(), 1) << "a new name may still become one of those offered";
+}
+
+TEST_F(Fields, LettersOfCommandsAreNotTyped) {
+  AmountEdit amount(locale_, nullptr);
+  DateField day(locale_, clock_, nullptr);
+  PickBox name(nullptr);
+  const std::initializer_list<std::pair<QWidget*, QLineEdit*>> fields{
+      {&amount, &amount}, {&day, &day}, {&name, name.lineEdit()}};
+  for (const auto& [field, line] : fields) {
+    Show(*field);
+    const QString before = line->text();
+    for (const Qt::KeyboardModifier held : {Qt::AltModifier, Qt::MetaModifier}) {
+      for (const char key : {'x', '5', 't', '+'}) {
+        QTest::keyClick(line, key, held);
+        EXPECT_EQ(line->text(), before) << key;
+      }
+    }
+  }
+}
+
+TEST_F(Fields, WhatIsBeyondTheLargestAmountStaysAsTyped) {
+  for (const AmountText left : {AmountText::Rounded, AmountText::AsTyped}) {
+    AmountEdit field(locale_, nullptr, left);
+    Show(field);
+    Retype(field, "9999999999999.99");
+    Leave();
+    EXPECT_EQ(field.text(), "9,999,999,999,999.99");
+    for (const QString& text : {QStringLiteral("10000000000000"), QString(100, u'9')}) {
+      Retype(field, text);
+      Leave();
+      EXPECT_EQ(field.text(), text);
+    }
+    Retype(field, "1e308");
+    Leave();
+    EXPECT_EQ(field.text(), "1,308.00");
+  }
 }
 
 TEST_F(Fields, AChoiceIsOneOrNone) {

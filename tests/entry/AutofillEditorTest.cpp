@@ -45,6 +45,8 @@ TEST_F(Autofilling, RulesHoldInTheirOrder) {
        "You need to select a Payee", "cmbPayee"},
       {check([](auto& form) { form.categoryId = 0, form.amount = -5; }),
        "You need to select a Category/SubCategory", "cmbCategory"},
+      {check([](auto& form) { form.amount = 1e13; }), "You need to enter a valid Amount",
+       "txtAmount"},
   });
   CloseAccount(bank_);
   EXPECT_EQ(editor_.Check(Form(5))->text, "This Account is closed, Items cannot be amended");

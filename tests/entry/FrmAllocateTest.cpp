@@ -93,6 +93,8 @@ TEST_F(Allocate, EachRuleIsToldInItsOrder) {
   refused("Please enter a valid value for Amount", "txtAmount");
   Put(form, "txtAmount", "1/0");
   refused("Please enter a valid value for Amount", "txtAmount");
+  Put(form, "txtAmount", "-10000000000000");
+  refused("Please enter a valid value for Amount", "txtAmount");
   EXPECT_EQ(Everything(), before);
   Put(form, "txtAmount", "-100");
   Put(form, "cmbCategory", QString(100, u'x'));
@@ -100,6 +102,20 @@ TEST_F(Allocate, EachRuleIsToldInItsOrder) {
   Click(form, "cmdAccept");
   EXPECT_EQ(Everything(), before);
   EXPECT_EQ(FocusOf(form), "cmbCategory");
+}
+
+TEST_F(Allocate, AShareOfTheOtherSignIsSavedAndNamed) {
+  const std::int64_t key = AddRow(bank_, -100);
+  FrmAllocate form(Parent(key, 100), Place());
+  Show(form);
+  const auto& note = Find<QLabel>(form, "lblNote");
+  Share(form, "Gifts", "40");
+  EXPECT_EQ(note.text(),
+            "40.00 counts against the total of -100.00: shares are entered with the total's sign.");
+  EXPECT_TRUE(note.isVisible());
+  EXPECT_EQ(TextOfField(form, "txtAmount"), "-140.00");
+  Share(form, "Shopping", "-140");
+  EXPECT_FALSE(note.isVisible());
 }
 
 TEST_F(Allocate, AShareIsChosenChangedAndDeleted) {

@@ -95,6 +95,11 @@ TEST_F(Schedule, EachRuleIsToldInItsOrderAndFocusesItsField) {
   refused("You need to select an Account / Transfer To", "cmbAccountTo");
   Put(*form, "cmbAccountTo", "Bank");
   refused("You can not transfer to the the same Account", "cmbAccountTo");
+  Put(*form, "cmbAccountTo", "Euro");
+  Put(*form, "txtAmount", "10,000,000,000,000");
+  refused("You need to enter a valid Amount", "txtAmount");
+  EXPECT_EQ(TextOfField(*form, "txtAmount"), "10,000,000,000,000");
+  Put(*form, "cmbAccountTo", "Bank");
   // Whatever the type, the amount comes first.
   Put(*form, "txtAmount", "0");
   refused("You need to enter a valid Amount", "txtAmount");
@@ -369,14 +374,32 @@ TEST_F(Schedule, ItsNextPaymentsFollowFrequencyStartAndNumber) {
   EXPECT_EQ(NextOf(*form), "31/12/2026\nOne payment");
   Pick(*form, "cmbPeriod", "Daily");
   Put(*form, "dtFrom", "19/11/2026");
-  EXPECT_EQ(NextOf(*form), "21/11/2026, 22/11/2026, 23/11/2026 …\nWithout end, 2 before today");
-  Type(*form, "txtNumber", "2");
-  EXPECT_EQ(NextOf(*form), "No payment from today on\n2 payments, the last on 20/11/2026");
-  Type(*form, "txtNumber", "6");
   EXPECT_EQ(NextOf(*form),
-            "21/11/2026, 22/11/2026, 23/11/2026 …\n4 of 6 payments, the last on 24/11/2026");
+            "Overdue: 19/11/2026 and 1 more\n21/11/2026, 22/11/2026, 23/11/2026 …\nWithout end");
+  Type(*form, "txtNumber", "2");
+  EXPECT_EQ(NextOf(*form), "Overdue: 19/11/2026 and 1 more\n2 payments, the last on 20/11/2026");
   Type(*form, "txtNumber", "900000");
-  EXPECT_EQ(NextOf(*form), "21/11/2026, 22/11/2026, 23/11/2026 …\n899998 of 900000 payments");
+  EXPECT_EQ(NextOf(*form),
+            "Overdue: 19/11/2026 and 1 more\n21/11/2026, 22/11/2026, 23/11/2026 …\n"
+            "900000 payments");
+  Pick(*form, "cmbPeriod", "Weekly");
+  Put(*form, "dtFrom", "14/11/2026");
+  Type(*form, "txtNumber", "4");
+  EXPECT_EQ(NextOf(*form),
+            "Overdue: 14/11/2026\n21/11/2026, 28/11/2026, 05/12/2026\n"
+            "4 payments, the last on 05/12/2026");
+}
+
+TEST_F(Schedule, WhatIsPostedIsNoLongerNamed) {
+  const std::int64_t endless = AddSchedule();
+  AddPosted(endless);
+  EXPECT_EQ(NextOf(*Open(endless)), "21/12/2026, 21/01/2027, 21/02/2027 …\nWithout end, 1 posted");
+  const std::int64_t three = AddSchedule(-25, 3);
+  AddPosted(three);
+  const auto form = Open(three);
+  EXPECT_EQ(NextOf(*form), "21/12/2026, 21/01/2027\n2 of 3 payments left, the last on 21/01/2027");
+  Type(*form, "txtNumber", "1");
+  EXPECT_EQ(NextOf(*form), "No payment is left to post\nOne payment");
 }
 
 TEST_F(Schedule, AFinishedOneSaysSoUntilItBeginsAgain) {

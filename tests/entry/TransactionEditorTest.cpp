@@ -94,6 +94,8 @@ TEST_F(TransactionEditing, RulesHoldInTheirOrder) {
        "You can not transfer to the same Account", "cmbAccountTo"},
       {check([](auto& form) { form.amount = -5, form.reference = Umlauts(51); }),
        "Please enter the Amount without a sign, the Type says where it goes", "txtAmount"},
+      {check([](auto& form) { form.amount = 1e13, form.reference = Umlauts(51); }),
+       "You need to enter a valid Amount", "txtAmount"},
       {check([](auto& form) { form.reference = Umlauts(51), form.description = Umlauts(256); }),
        "The text is too long: Reference holds at most 50 characters.", "txtReference"},
       {check([](auto& form) { form.description = Umlauts(256); }),

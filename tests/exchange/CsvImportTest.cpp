@@ -42,6 +42,7 @@ TEST(CsvRows, QuotesSeparatorsAndLines) {
             (Texts{"1:[1][2]"}));
   // A quote that is never closed is one that was typed.
   EXPECT_EQ(read("a,\"b,c\nd,e", ","), (Texts{"1:[a][\"b][c]", "2:[d][e]"}));
+  EXPECT_EQ(read("a,\"b,c\nd,\"e,f\",g\n", ","), (Texts{"1:[a][\"b][c]", "2:[d][e,f][g]"}));
 }
 
 TEST_F(CsvImport, Amounts) {
@@ -51,11 +52,12 @@ TEST_F(CsvImport, Amounts) {
       "15/02/2020,Neg,,,-12.50\n"
       "16/02/2020,Both,,3,4\n"
       "17/02/2020,None,,,\n\n"
-      "18/02/2020,Grouped,,\"1,234.50\",\n");
+      "18/02/2020,\"Grouped,\r\nwrapped\",,\"1,234.50\",\n");
   EXPECT_EQ(Rows("Mine"),
             (Texts{"2020-02-13|Smith, J|Food:Dining Out|-12.5||",
                    "2020-02-14|Transfer|Salary|12.5||", "2020-02-15|Neg|Debit|-12.5||",
-                   "2020-02-16|Both|Credit|3||", "2020-02-18|Grouped|Credit|1234.5||"}));
+                   "2020-02-16|Both|Credit|3||", "2020-02-18|Grouped, wrapped|Credit|1234.5||"}));
+  EXPECT_EQ(Problems(summary), (Texts{"5: The row has no amount; it was left out."}));
   EXPECT_EQ(summary.imported, 5U);
   EXPECT_EQ(summary.outcome, ImportOutcome::Complete);
 }
@@ -105,9 +107,15 @@ TEST_F(CsvImport, AValueThatIsNotUnderstoodStopsThere) {
   EXPECT_EQ(summary.outcome, ImportOutcome::TakenBack);
   EXPECT_EQ(summary.stop, "The import stopped at line 2: \"x\" is no number.");
   EXPECT_EQ(Amounts("Mine"), (Texts{"1", "2"}));
+  // So does a last row with a day that there is not.
+  job_.keepIncomplete = true;
+  for (const char* day : {"31/02/2020", "20/13/13", "31 Feb 2020", "31022020"}) {
+    EXPECT_EQ(ImportCsv(std::string(day) + ",A,,9,\n").stop,
+              "The import stopped at line 1: \"" + std::string(day) + "\" is no date.");
+  }
   // A balance behind the last transaction is none.
   Map(job_.csv, "DATE:1,PAYEE:2,INCOME:4,EXPENSE:5");
-  summary = ImportCsv("17/02/2020,A,,6,\n\n,,,,\nClosing balance,,,123.45,\n");
+  summary = ImportCsv("17/02/2020,A,,6,\n\n,,,,\nBalance 12 2020,,,123.45,\n");
   EXPECT_EQ(summary.outcome, ImportOutcome::Complete);
   EXPECT_EQ(Problems(summary), (Texts{"4: The row has no date; it was left out."}));
   EXPECT_EQ(Amounts("Mine"), (Texts{"1", "2", "6"}));

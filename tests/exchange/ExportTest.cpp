@@ -119,6 +119,8 @@ TEST_F(Export, Ofx) {
       "</TRNAMT>\n<FITID>" +
       stamp);
   contains("100000</FITID>\n<NAME>M&amp;S</NAME>\n</STMTTRN>\n<STMTTRN>");
+  contains("<TRNAMT>-100</TRNAMT>");
+  contains("<NAME>Transfer</NAME>");
   contains("<NAME>Caf\xE9 \x80 &#8470;</NAME>");
   contains("</BANKTRANLIST>\n<LEDGERBAL>\n<BALAMT>1234419.6250</BALAMT>\n");
   EXPECT_TRUE(text.ends_with("</BANKMSGSRSV1>\n</OFX>"));

@@ -99,6 +99,11 @@ TEST_F(QifImport, HeadersThatAreNotKnown) {
   EXPECT_EQ(Problems(summary),
             (Texts{"1: There is no type header; 1 entries were left out.",
                    "11: \"!Type:Toys\" is not known; 2 entries were left out."}));
+  // The number of a transaction without a type header makes no account.
+  const ImportSummary headless =
+      Import("!Account\nNMine\n^\nD13/2/2020\nN101\nT-5.00\nPShop\n^\nD14/2/2020\nT-6\nN102\n^\n");
+  EXPECT_EQ(Problems(headless), (Texts{"6: There is no type header; 2 entries were left out."}));
+  EXPECT_EQ(Count("tblAccounts"), 1);
   EXPECT_NE(Import("Just a letter\n").Text().find("Nothing was imported from this file."),
             std::string::npos);
 }

@@ -1,8 +1,10 @@
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/Style.h"
 #include "ledger/RecordsTest.h"
 #include "platform/Settings.h"
 #include "reconcile/FrmReconcile.h"
+#include "reconcile/FrmReconcileModel.h"
 #include "reconcile/ReconcileDialogs.h"
 #include "support/ScriptedRates.h"
 
@@ -364,6 +366,17 @@ TEST_F(Balancing, TheSizeAndTheColumnsAreKept) {
   Open(bank_);
   EXPECT_EQ(form_->size(), size);
   EXPECT_EQ(List().columnWidth(1), 211);
+}
+
+TEST_F(Balancing, ACategoryWithItsSubCategoryHasRoom) {
+  AddThree();
+  Open(bank_);
+  EXPECT_LE(List().horizontalHeader()->length(), List().viewport()->width());
+  form_->resize(920, 600);
+  const int text =
+      List().fontMetrics().horizontalAdvance(QStringLiteral("Bills:Mortgage Repayment"));
+  EXPECT_GT(List().columnWidth(FrmReconcileModel::kCategory), text + 2 * kRhythm);
+  EXPECT_LE(List().horizontalHeader()->length(), List().viewport()->width());
 }
 
 TEST_F(Balancing, PrintGetsTheListAndHelpTells) {

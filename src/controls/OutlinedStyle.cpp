@@ -1,0 +1,50 @@
+#include "controls/OutlinedStyle.h"
+
+#include "controls/Style.h"
+
+#include <QPainter>
+#include <QStyleOption>
+
+namespace corvanta {
+namespace {
+
+// The style's own outline shows where the keyboard is.
+bool NeedsOutline(const QStyleOption& option) {
+  return IsDark(option.palette) && (option.state & QStyle::State_HasFocus) == 0;
+}
+
+void DrawOutline(QPainter& painter, const QStyleOption& option, bool isRound) {
+  const QPalette& palette = option.palette;
+  const bool isEnabled = (option.state & QStyle::State_Enabled) != 0;
+  const QRectF place = QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5);
+  painter.save();
+  painter.setRenderHint(QPainter::Antialiasing);
+  painter.setPen(Mixed(palette.color(QPalette::WindowText), palette.color(QPalette::Window),
+                       isEnabled ? 0.5 : 0.25));
+  painter.setBrush(Qt::NoBrush);
+  if (isRound) {
+    painter.drawEllipse(place);
+  } else {
+    painter.drawRoundedRect(place, 2, 2);
+  }
+  painter.restore();
+}
+
+}  // namespace
+
+void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                  QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawPrimitive(element, option, painter, widget);
+  const bool isRound = element == PE_IndicatorRadioButton;
+  const bool isSquare = element == PE_IndicatorCheckBox || element == PE_FrameLineEdit;
+  if ((isRound || isSquare) && NeedsOutline(*option)) DrawOutline(*painter, *option, isRound);
+}
+
+void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                       QPainter* painter, const QWidget* widget) const {
+  QProxyStyle::drawComplexControl(control, option, painter, widget);
+  const bool isField = control == CC_ComboBox || control == CC_SpinBox;
+  if (isField && NeedsOutline(*option)) DrawOutline(*painter, *option, false);
+}
+
+}  // namespace corvanta
