@@ -26,19 +26,24 @@ ViewHeader::ViewHeader(QWidget* parent)
 }
 
 QString ViewHeader::Title() const {
-  return title_->text();
+  return name_;
 }
 
 void ViewHeader::Show(const QString& title, const QString& details) {
-  title_->setText(title);
+  name_ = title;
   text_ = details;
+  title_->setToolTip(title);
   details_->setToolTip(details);
   Elide();
 }
 
 void ViewHeader::Elide() {
-  const int width = details_->contentsRect().width();
-  details_->setText(details_->fontMetrics().elidedText(text_, Qt::ElideRight, std::max(width, 1)));
+  const auto fit = [](QLabel& label, const QString& text) {
+    const int width = std::max(label.contentsRect().width(), 1);
+    label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, width));
+  };
+  fit(*title_, name_);
+  fit(*details_, text_);
 }
 
 void ViewHeader::resizeEvent(QResizeEvent* event) {

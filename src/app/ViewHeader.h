@@ -21,6 +21,7 @@ class ViewHeader : public QWidget {
  private:
   void Elide();
 
+  QString name_;
   QString text_;
   QLabel* title_;
   QLabel* details_;

@@ -58,6 +58,25 @@ QSize RibbonButton::FullSize() const {
           kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
 }
 
+// What the name says in brackets at its end: the icon alone would hide it.
+void RibbonButton::DrawCount(QPainter& painter, const QRect& picture) const {
+  const qsizetype open = text().lastIndexOf(u'(');
+  if (open < 0) return;
+  const QString count = text().mid(open + 1, text().size() - open - 2);
+  const QFont small = ScaledFont(-1, QFont::DemiBold);
+  const int width = std::max(QFontMetrics(small).horizontalAdvance(count) + kRhythm, 2 * kRhythm);
+  const QRect badge(picture.right() - kRhythm, picture.top() - kGap, width, 2 * kRhythm);
+  const QColor accent = AccentColour(palette());
+  painter.setPen(Qt::NoPen);
+  painter.setBrush(accent);
+  painter.drawRoundedRect(badge, kRhythm, kRhythm);
+  painter.setFont(small);
+  painter.setPen(ReadableOn(palette().color(QPalette::Base), accent));
+  painter.drawText(badge, Qt::AlignCenter, count);
+  painter.setFont(font());
+  painter.setPen(palette().color(QPalette::WindowText));
+}
+
 void RibbonButton::paintEvent(QPaintEvent*) {
   QStylePainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
@@ -74,9 +93,12 @@ void RibbonButton::paintEvent(QPaintEvent*) {
   icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
   painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
                              : palette().color(QPalette::Disabled, QPalette::WindowText));
-  if (!isCompact_)
+  if (isCompact_) {
+    DrawCount(painter, picture);
+  } else {
     painter.drawText(QRect(0, picture.bottom() + kGap, width(), fontMetrics().height() + 2),
                      Qt::AlignHCenter | Qt::AlignTop, text());
+  }
   if (isChecked()) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(accent);

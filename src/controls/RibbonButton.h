@@ -26,6 +26,7 @@ class RibbonButton : public QAbstractButton {
 
  private:
   void TakeState();
+  void DrawCount(QPainter& painter, const QRect& picture) const;
 
   QAction* action_;
   bool isCompact_ = false;

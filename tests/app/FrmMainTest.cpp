@@ -27,6 +27,13 @@ class MainWindow : public WindowTest {
     }
     return "(hidden)";
   }
+  // Whole, however narrow the view is.
+  [[nodiscard]] std::string Title() {
+    for (const QLabel* label : window_->findChildren<QLabel*>(QStringLiteral("lblTitle"))) {
+      if (label->isVisible()) return label->toolTip().toStdString();
+    }
+    return "(hidden)";
+  }
 };
 
 TEST_F(MainWindow, ShowsTheSampleAccountAndItsRegister) {
@@ -48,7 +55,7 @@ TEST_F(MainWindow, ShowsTheSampleAccountAndItsRegister) {
   EXPECT_EQ(Cell(0, RegisterModel::kBalance), "1,400.00");
   EXPECT_EQ(Cell(12, RegisterModel::kPaidOut), "-316.00");
   EXPECT_EQ(Cell(12, RegisterModel::kBalance), "314.49");
-  EXPECT_EQ(Label("lblTitle"), "Sample Bank Account");
+  EXPECT_EQ(Title(), "Sample Bank Account");
   EXPECT_EQ(Label("lblRows"), "13 transactions");
   EXPECT_EQ(Label("lblBalance"), "Balance: 314.49");
   EXPECT_EQ(Find<QLabel>("lblFile").toolTip().toStdString(), DataFilePath());
@@ -91,7 +98,7 @@ TEST_F(MainWindow, GoesFromViewToViewAndBack) {
   ShowWindow();
   Trigger("mnuViewAccounts");
   EXPECT_EQ(window_->Shown().name, kAccountShow);
-  EXPECT_EQ(Label("lblTitle"), "Accounts");
+  EXPECT_EQ(Title(), "Accounts");
   EXPECT_EQ(Label("lblBalance"), "Total (GBP): 309.49");
   EXPECT_TRUE(Find<QAction>("mnuViewAccounts").isChecked());
   auto& accounts = Find<ListTable>("lvbalance");
@@ -99,10 +106,10 @@ TEST_F(MainWindow, GoesFromViewToViewAndBack) {
   QTest::keyClick(&accounts, Qt::Key_End);
   QTest::keyClick(&accounts, Qt::Key_Return);
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
-  EXPECT_EQ(Label("lblTitle"), "Purse");
+  EXPECT_EQ(Title(), "Purse");
   Trigger("mnuViewBack");
   Trigger("mnuViewBack");
-  EXPECT_EQ(Label("lblTitle"), "Sample Bank Account");
+  EXPECT_EQ(Title(), "Sample Bank Account");
   EXPECT_FALSE(Find<QAction>("mnuViewBack").isEnabled());
   Trigger("mnuViewForward");
   EXPECT_EQ(window_->Shown().name, kAccountShow);
