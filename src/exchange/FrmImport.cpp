@@ -19,6 +19,8 @@
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -149,6 +151,12 @@ void FrmImport::FitTo(QWidget& page) {
   // The moment of an import is too short for a dialog that shrinks and grows again.
   if (&page == progress_) size = size.expandedTo(this->size());
   resize(size.boundedTo(room));
+  if (!isVisible()) return;
+  // A page that is larger than the one before must not reach below the screen.
+  const QRect free = screen()->availableGeometry().adjusted(kRhythm, kRhythm, -kRhythm, -kRhythm);
+  const int right = std::max(free.right() - frameSize().width(), free.left());
+  const int bottom = std::max(free.bottom() - frameSize().height(), free.top());
+  move(std::clamp(x(), free.left(), right), std::clamp(y(), free.top(), bottom));
 }
 
 void FrmImport::Note(const QString& text) {
