@@ -86,9 +86,11 @@ TEST_F(ScheduleCommands, ASavedScheduleStandsInTheListAndInTheAccount) {
   EXPECT_EQ(rows.rowCount(), Posted());
   window_->findChild<RegisterView*>()->ChooseKey(rows.Row(0).transactionId);
   QString opened;
+  const QString undo = WindowTest::Find<QAction>("mnuEditUndo").text();
   InNextDialog([&opened](QDialog& form) { opened = form.objectName(); });
   Trigger("mnuTransSchedule");
   EXPECT_EQ(opened, QStringLiteral("FrmSchedule"));
+  EXPECT_EQ(WindowTest::Find<QAction>("mnuEditUndo").text(), undo) << "a look changes nothing";
 }
 
 TEST_F(ScheduleCommands, SchedulesAreCopiedAndDeleted) {
