@@ -52,7 +52,7 @@ TEST_F(ExchangeCommands, AFileThatIsDroppedIsImportedIntoTheRegister) {
       Click(form, "cmdAccept");
     });
   });
-  ASSERT_TRUE(QTest::qWaitFor([&] { return opened && Rows() == 2; }, 3000));
+  ASSERT_TRUE(QTest::qWaitFor([&] { return opened && Rows() == 2; }, 30000));
   Trigger("mnuEditUndo");
   EXPECT_EQ(Rows(), 0) << "one step";
 }

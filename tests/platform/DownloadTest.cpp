@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <chrono>
 #include <filesystem>
 
 namespace corvanta {
@@ -20,10 +19,7 @@ std::string Handle(const std::string& path) {
     return HttpServer::Answer("302 Found", "Location: file:///etc/hostname\r\n", "");
   }
   if (path == "/cut") return "HTTP/1.1 200 OK\r\nContent-Length: 100\r\n\r\nonly this";
-  if (path == "/slow") {
-    std::this_thread::sleep_for(std::chrono::milliseconds(1800));
-    return HttpServer::Answer("200 OK", "", "late");
-  }
+  if (path == "/silent") return HttpServer::Silence();
   if (path == "/large") return HttpServer::Answer("200 OK", "", std::string((16U << 20U) + 1, 'x'));
   if (path == "/endless") {
     return "HTTP/1.1 200 OK\r\nConnection: close\r\n\r\n" + std::string((16U << 20U) + 1, 'x');
@@ -59,12 +55,11 @@ TEST(CurlDownload, FailuresLeaveNoFile) {
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
-TEST(CurlDownload, GivesUpOnASlowServer) {
+TEST(CurlDownload, GivesUpOnASilentServer) {
   const TemporaryFolder folder;
   const HttpServer server(Handle);
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_THROW(CurlDownload(1).ToFile(server.Url("/slow"), folder.Path("x")), PlatformError);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(1700));
+  // The server waits for the client: without a limit of its own this call would never end.
+  EXPECT_THROW(CurlDownload(1).ToFile(server.Url("/silent"), folder.Path("x")), PlatformError);
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 

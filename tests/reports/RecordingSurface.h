@@ -31,6 +31,8 @@ class RecordingSurface : public PrintSurface {
   RecordingSurface(double width, double height) : width_(width), height_(height) {}
 
   [[nodiscard]] const std::vector<Page>& Pages() const { return pages_; }
+  // How many texts were measured: most of what printing costs.
+  [[nodiscard]] std::size_t Measured() const { return measured_; }
   [[nodiscard]] int Ends() const { return ends_; }
   [[nodiscard]] double FontSize() const { return font_.size; }
 
@@ -47,6 +49,7 @@ class RecordingSurface : public PrintSurface {
   void SetFont(const PrintFont& font) override { font_ = font; }
   void SetForeColor(std::uint32_t) override {}
   [[nodiscard]] double TextWidth(std::string_view text) override {
+    ++measured_;
     double width = 0;
     for (const char byte : text) {
       const auto code = static_cast<unsigned char>(byte);
@@ -70,6 +73,7 @@ class RecordingSurface : public PrintSurface {
   PrintFont font_;
   std::vector<Page> pages_{Page{}};
   int ends_ = 0;
+  std::size_t measured_ = 0;
 };
 
 }  // namespace corvanta

@@ -36,6 +36,10 @@ std::string HttpServer::Url(const std::string& path) const {
   return "http://127.0.0.1:" + std::to_string(port_) + path;
 }
 
+std::string HttpServer::Silence() {
+  return "silence";
+}
+
 std::string HttpServer::Answer(const std::string& status, const std::string& headers,
                                const std::string& body) {
   return "HTTP/1.1 " + status + "\r\nConnection: close\r\n" + headers +
@@ -63,12 +67,25 @@ void HttpServer::ServeOne(int connection) {
   }
   const std::size_t start = request.find(' ') + 1;
   const std::string answer = handler_(request.substr(start, request.find(' ', start) - start));
+  if (answer == Silence()) {
+    WaitForGoodbye(connection);
+    return;
+  }
   std::size_t sent = 0;
   while (sent < answer.size()) {
     const ssize_t count =
         ::send(connection, answer.data() + sent, answer.size() - sent, MSG_NOSIGNAL);
     if (count <= 0) return;
     sent += static_cast<std::size_t>(count);
+  }
+}
+
+void HttpServer::WaitForGoodbye(int connection) const {
+  std::array<char, 64> buffer;
+  while (!stops_) {
+    pollfd waiting{connection, POLLIN, 0};
+    if (::poll(&waiting, 1, 20) <= 0) continue;
+    if (::recv(connection, buffer.data(), buffer.size(), 0) <= 0) return;
   }
 }
 

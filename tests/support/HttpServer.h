@@ -19,6 +19,8 @@ class HttpServer {
   HttpServer& operator=(const HttpServer&) = delete;
 
   [[nodiscard]] std::string Url(const std::string& path) const;
+  // An answer that never comes: the connection stays open and silent until the client gives up.
+  [[nodiscard]] static std::string Silence();
   // A whole answer with its length.
   [[nodiscard]] static std::string Answer(const std::string& status, const std::string& headers,
                                           const std::string& body);
@@ -26,6 +28,7 @@ class HttpServer {
  private:
   void Serve();
   void ServeOne(int connection);
+  void WaitForGoodbye(int connection) const;
 
   Handler handler_;
   int listener_ = -1;
