@@ -104,10 +104,8 @@ bool Importer::Fault(const ImportRecord& record, const ImportValue& value,
 }
 
 bool Importer::GoOn(const ImportRecord& record) {
-  if (batch_ && Time::now() - batchBegan_ >= kCommitEvery) {
-    Commit();
-    platform_.progress.SetStep(record.offset, size_);
-  }
+  if (batch_ && Time::now() - batchBegan_ >= kCommitEvery) Commit();
+  platform_.progress.SetStep(record.offset, size_);
   return platform_.progress.Yield() || Stop("The import was cancelled.");
 }
 

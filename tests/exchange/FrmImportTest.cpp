@@ -110,21 +110,20 @@ class Importing : public DialogTest<ExchangeTest> {
     QTest::keyClick(form_.get(), Qt::Key_Return);
     EXPECT_FALSE(form_->isVisible());
   }
-  // Presses Escape as soon as the bar shows that records are written.
-  void StopOnTheWay() {
-    auto* watch = new QTimer(form_.get());
-    QObject::connect(watch, &QTimer::timeout, form_.get(), [this, watch] {
-      const auto& bar = Find<QProgressBar>(*form_, "pbStatus");
-      if (bar.maximum() == 0 || bar.value() == 0) return;
+  // Presses Escape when the bar has come to that many thousandths of the file.
+  void StopAt(int step) {
+    auto& bar = Find<QProgressBar>(*form_, "pbStatus");
+    auto* watch = new QObject(form_.get());
+    QObject::connect(&bar, &QProgressBar::valueChanged, watch, [this, watch, step](int value) {
+      if (value < step) return;
       EXPECT_EQ(Label("lblStatus"), "Please wait importing records...");
-      watch->stop();
+      delete watch;
       QTest::keyClick(form_.get(), Qt::Key_Escape);
     });
-    watch->start(1);
   }
   static std::string ManyRecords() {
     std::string text = "!Type:Bank\n";
-    for (int i = 0; i < 30000; ++i) {
+    for (int i = 0; i < 100; ++i) {
       text += "D13/02/2026\nT-" + std::to_string(i + 1) + "\nPShop\n^\n";
     }
     return text;
@@ -279,7 +278,7 @@ TEST_F(Importing, ADuplicateIsAskedAbout) {
 TEST_F(Importing, EscapeOnTheWayKeepsTheWholeRecordsOrTakesAllBack) {
   const std::string file = Write("many.qif", ManyRecords());
   Open(file, bank_);
-  StopOnTheWay();
+  StopAt(500);
   Machine().prompts.ExpectChoose(kTitle, ScriptedPrompts::kAnyText, 1);
   ExpectMessage("The import was cancelled.");
   Press("cmdAccept");
@@ -288,14 +287,12 @@ TEST_F(Importing, EscapeOnTheWayKeepsTheWholeRecordsOrTakesAllBack) {
   EXPECT_EQ(Text("cmbAccount"), "Bank");
   EXPECT_EQ(Rows("Bank"), Texts{});
 
-  StopOnTheWay();
+  StopAt(500);
   Machine().prompts.ExpectChoose(kTitle, ScriptedPrompts::kAnyText, 0);
   Press("cmdAccept");
   EXPECT_EQ(Page(), "cmdClose");
-  const std::size_t kept = Amounts("Bank").size();
-  EXPECT_GT(kept, 0U);
-  EXPECT_LT(kept, 30000U);
-  EXPECT_EQ(FromQt(QLocale().toString(static_cast<qulonglong>(kept))), Label("lblImported"));
+  EXPECT_EQ(Amounts("Bank").size(), 50U);
+  EXPECT_EQ(Label("lblImported"), "50");
   EXPECT_EQ(Label("lblSummary"), "many.qif was imported in part");
   ExpectMessage("The import was cancelled.");
   Press("cmdClose");
