@@ -68,11 +68,9 @@ void Export(const DataSource& source, const DataSource& target, const Clock& clo
   MakeEmpty(source, target);
   Attach(database.get(), target, key);
   const std::string& file = target.path;
+  SetPageFormat(database.get(), "target", file);
   // The target is nobody's yet: it needs no journal, and one commit syncs it as a whole.
-  Run(database.get(),
-      "PRAGMA target.cipher_page_size = " + std::to_string(kPageSize) +
-          "; PRAGMA target.journal_mode = OFF; PRAGMA target.synchronous = FULL",
-      file);
+  Run(database.get(), "PRAGMA target.journal_mode = OFF; PRAGMA target.synchronous = FULL", file);
   Run(database.get(), "BEGIN", file);
   (void)QueryNumber(database.get(), "SELECT sqlcipher_export('target')", file);
   if (Fingerprint(database.get(), "main", file) != Fingerprint(database.get(), "target", file)) {

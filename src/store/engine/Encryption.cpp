@@ -46,9 +46,13 @@ void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file) {
   const std::string& text = key.Text();
   const int result = sqlite3_key(database, text.data(), static_cast<int>(text.size()));
   if (result != SQLITE_OK) throw ErrorOf(database, result, {}, file);
-  // Older libraries do not know the first of these and ignore it.
-  Run(database, "PRAGMA cipher_compatibility = 3", file);
-  Run(database, "PRAGMA cipher_page_size = " + std::to_string(kPageSize), file);
+  SetPageFormat(database, "main", file);
+}
+
+void SetPageFormat(sqlite3* database, const std::string& schema, const std::string& file) {
+  // Older libraries do not know the first of these and ignore it; it brings a page size of its own.
+  Run(database, "PRAGMA " + schema + ".cipher_compatibility = 3", file);
+  Run(database, "PRAGMA " + schema + ".cipher_page_size = " + std::to_string(kPageSize), file);
 }
 
 }  // namespace corvanta

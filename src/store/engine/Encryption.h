@@ -30,8 +30,11 @@ class FileKey {
 
 inline constexpr int kPageSize = 4096;
 
-// Gives an open, untouched handle its key and the page format that every version of the library
-// reads alike.
+// Gives an open, untouched handle its key and the page format.
 void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file);
+// Gives a database of the handle ("main", or the name it was attached as), of which no page has
+// been read or written yet, the page format that every version of the library reads alike: an
+// attached one has the library's own until then, not that of the main one.
+void SetPageFormat(sqlite3* database, const std::string& schema, const std::string& file);
 
 }  // namespace corvanta
