@@ -16,7 +16,7 @@ constexpr int kPicture = 8 * kRhythm;
 constexpr int kTextWidth = 40 * kRhythm;
 }  // namespace
 
-FrmAbout::FrmAbout(QWidget* parent) : QDialog(parent) {
+FrmAbout::FrmAbout(QWidget* parent) : QuietEnd(parent) {
   setObjectName(QStringLiteral("FrmAbout"));
   setWindowTitle(tr("About"));
   auto* picture = new QLabel(this);

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
+
 #include <QDialog>
 
 namespace corvanta {
 
 // What the program is, its version and its licence.
-class FrmAbout : public QDialog {
+class FrmAbout : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -178,6 +178,11 @@ void FrmMain::Connect() {
   connect(calendar_, &ucCalendar::DateSelected, this, [this](QDate day) {
     if (shown_.name == kTransactionShow) registerView_->ChooseDay(FromQt(day));
   });
+  connect(calendar_, &ucCalendar::DateActivated, this, [this](QDate day) {
+    Guard([this, day] {
+      if (session_.IsOpen()) AddTransaction(FromQt(day));
+    });
+  });
 }
 
 }  // namespace corvanta

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ViewHistory.h"
+#include "controls/QuietEnd.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
 #include "reference/ReferenceDialogs.h"
@@ -37,11 +38,12 @@ class ucCalendar;
 class ucRibbon;
 struct EntryPlace;
 struct EntryResult;
+struct ReconcileOutcome;
 struct Platform;
 
 // The main window: menus, ribbon, the account tree over the calendar, one view at a time, and the
 // place of the reminders. It works on the session's data file, which it may close and open again.
-class FrmMain : public QMainWindow {
+class FrmMain : public QuietEnd<QMainWindow> {
   Q_OBJECT
 
  public:
@@ -81,6 +83,11 @@ class FrmMain : public QMainWindow {
   // Runs the command, at the window's edge, whenever the action is triggered.
   void On(QAction* action, const std::function<void()>& command);
   void Guard(const std::function<void()>& command);
+  // Says in the status bar what a command has done, for a while.
+  void Notice(const QString& text);
+  // The same of the payments that were posted on the way; nothing where there were none.
+  void NoticePosted();
+  [[nodiscard]] QString PostedText();
 
   // --- Views
 
@@ -126,6 +133,7 @@ class FrmMain : public QMainWindow {
   void ShowTwin();
   void ShowTransaction(std::int64_t accountId, std::int64_t key);
   void Undo(bool again);
+  void NoticeUndone(const QString& what, std::size_t rowsBefore);
   // The keys of the rows that the view shows, and choosing one of them.
   [[nodiscard]] std::set<std::int64_t> ShownKeys() const;
   void ChooseShown(std::int64_t key);
@@ -139,7 +147,8 @@ class FrmMain : public QMainWindow {
   bool CanAddTo(std::int64_t accountId);
   // Shows what a dialog has written.
   void TakeEntry(const EntryResult& result);
-  void AddTransaction();
+  // Of that day; of today without one.
+  void AddTransaction(std::optional<Date> day = std::nullopt);
   void AutofillTransaction();
   // By the quick entry or the full editor, as the setting says.
   void AddQuickly();
@@ -149,6 +158,7 @@ class FrmMain : public QMainWindow {
   // A row was opened in the list: it, or with it all that are chosen.
   void OpenTransactions(std::int64_t key);
   void Reconcile();
+  void NoticeBalanced(const ReconcileOutcome& outcome);
   void ConvertCurrency();
   void PrintShown(bool preview);
 
@@ -169,6 +179,10 @@ class FrmMain : public QMainWindow {
   // Schedules are others than before: posts what is due by them and shows everything again.
   void TakeSchedules();
   void ReadReminders();
+  // Up to when the calendar wants to know what is due.
+  [[nodiscard]] Date LastDueDay() const;
+  // The calendar shows other days.
+  void TakePage();
   void FoldReminders(bool fold);
   void OpenReminder();
   void PostReminder();
@@ -195,6 +209,8 @@ class FrmMain : public QMainWindow {
   void TakeLedger();
   void OpenDataFile();
   void ValidateDataFile();
+  // How many rows there were, and how many of them are left.
+  void NoticeValidated(qint64 before, qint64 left);
   // Opens again what is in the settings and begins with its first view.
   bool Reopen(bool quiet);
   void ShowRecoveryKey();
@@ -212,6 +228,7 @@ class FrmMain : public QMainWindow {
   std::int64_t account_ = 0;      // last shown in the register
   bool isAccountClosed_ = false;  // whether that one is
   Date day_;                      // that the views are of
+  Date dueUntil_;                 // up to when the calendar knows what is due
 
   MainActions* actions_;
   ucRibbon* ribbon_ = nullptr;

@@ -16,19 +16,64 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
+#include "store/Connection.h"
+#include "store/SqlText.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QPointer>
 #include <QStackedWidget>
+#include <QStatusBar>
+
+#include <limits>
 
 namespace corvanta {
 namespace {
 constexpr std::string_view kReindex = "Reindex";
+constexpr int kNoticeTime = 10000;  // milliseconds
+
+// Of transactions and their split lines.
+struct RowCount {
+  qint64 rows = 0;
+  qint64 last = 0;  // key
+};
+
+RowCount CountRows(const LedgerSession& session) {
+  // Whatever is found then, nothing went.
+  if (!session.IsOpen()) return {0, std::numeric_limits<qint64>::max()};
+  Connection& store = session.Ledger().Store();
+  return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
+          store.QueryValue("Select Max(TransactionID) from tblTransactions").Int()};
 }
+
+// How many of the rows up to that key are left; what was added since does not count.
+qint64 CountLeft(const LedgerSession& session, qint64 last) {
+  return session.Ledger()
+      .Store()
+      .QueryValue("Select Count(*) from tblTransactions Where TransactionID <= " + SqlNumber(last))
+      .Int();
+}
+
+}  // namespace
 
 void FrmMain::Guard(const std::function<void()>& command) {
   RunCommand(platform_.prompts, command);
+}
+
+void FrmMain::Notice(const QString& text) {
+  statusBar()->showMessage(text, kNoticeTime);
+}
+
+QString FrmMain::PostedText() {
+  const auto posted = static_cast<qulonglong>(session_.TakePosted());
+  if (posted == 0) return {};
+  return posted == 1 ? tr("1 payment was posted")
+                     : tr("%1 payments were posted").arg(locale().toString(posted));
+}
+
+void FrmMain::NoticePosted() {
+  const QString text = PostedText();
+  if (!text.isEmpty()) Notice(text);
 }
 
 void FrmMain::On(QAction* action, const std::function<void()>& command) {
@@ -161,7 +206,7 @@ void FrmMain::OpenDataFile() {
       {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
   if (!path) return;
   session_.Choose(*path);
-  if (Reopen(true)) return;
+  if (Reopen(true)) return NoticePosted();
   // The file that cannot be used must not be what the next start begins with.
   session_.Unchoose();
   Reopen(true);
@@ -175,7 +220,22 @@ void FrmMain::ValidateDataFile() {
   if (!wanted) return;
   platform_.registry.Write(Hive::CurrentUser, kSettingsKey, kReindex, "1");
   const ViewCommand before = shown_;
-  if (Reopen(false)) Show(before);
+  const RowCount rows = CountRows(session_);
+  if (!Reopen(false)) return;
+  Show(before);
+  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+}
+
+void FrmMain::NoticeValidated(qint64 before, qint64 left) {
+  QString text =
+      left == 1
+          ? tr("The data file is sound: 1 row of transactions")
+          : tr("The data file is sound: %1 rows of transactions").arg(locale().toString(left));
+  if (left < before) {
+    text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
+  }
+  const QString posted = PostedText();
+  Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
 }
 
 void FrmMain::ShowRecoveryKey() {

@@ -63,11 +63,12 @@ void FrmMain::TakeEntry(const EntryResult& result) {
   if (shown_.name == kTransactionShow) registerView_->ChooseKey(result.savedKey);
 }
 
-void FrmMain::AddTransaction() {
+void FrmMain::AddTransaction(std::optional<Date> day) {
   const std::int64_t account = EntryAccount();
   if (!CanAddTo(account)) return;
   TransactionRequest request;
   request.accountId = account;
+  request.day = day;
   TakeEntry(OpenTransaction(request, EntryPlaceHere()));
 }
 
@@ -106,8 +107,26 @@ void FrmMain::EditTransaction(std::int64_t key) {
 void FrmMain::Reconcile() {
   const ReconcileResult result =
       OpenReconcile(EntryAccount(), {platform_, session_.Ledger(), session_.Rates(), this});
-  if (result.isScheduleChanged) return TakeSchedules();
-  if (result.isChanged) Reload();
+  if (result.isScheduleChanged) {
+    TakeSchedules();
+  } else if (result.isChanged) {
+    Reload();
+  }
+  if (result.outcome) NoticeBalanced(*result.outcome);
+}
+
+void FrmMain::NoticeBalanced(const ReconcileOutcome& outcome) {
+  const auto rows = [this](std::size_t count) {
+    return count == 1
+               ? tr("1 transaction")
+               : tr("%1 transactions").arg(locale().toString(static_cast<qulonglong>(count)));
+  };
+  QStringList parts;
+  if (outcome.settled > 0 || outcome.taken == 0) {
+    parts.append(tr("%1 reconciled").arg(rows(outcome.settled)));
+  }
+  if (outcome.taken > 0) parts.append(tr("%1 no longer reconciled").arg(rows(outcome.taken)));
+  Notice(parts.join(QStringLiteral(", ")));
 }
 
 void FrmMain::ConvertCurrency() {

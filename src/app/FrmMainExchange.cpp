@@ -5,13 +5,13 @@
 #include "app/RegisterView.h"
 #include "controls/QtText.h"
 #include "exchange/ExchangeDialogs.h"
+#include "exchange/ImportKind.h"
 #include "platform/Platform.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFileInfo>
 #include <QMimeData>
 #include <QUrl>
 
@@ -23,9 +23,7 @@ QString DroppedFile(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   if (urls.size() != 1 || !urls.constFirst().isLocalFile()) return {};
   const QString path = urls.constFirst().toLocalFile();
-  const QString type = QFileInfo(path).suffix().toLower();
-  const QStringList known{QStringLiteral("qif"), QStringLiteral("ofx"), QStringLiteral("csv")};
-  return known.contains(type) ? path : QString();
+  return HasImportEnding(FromQt(path)) ? path : QString();
 }
 
 }  // namespace

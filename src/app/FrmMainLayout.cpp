@@ -65,6 +65,7 @@ void FrmMain::Restore() {
     table->SetSorted(layout.sort);
   }
   views_->currentWidget()->setFocus();
+  NoticePosted();  // at the start
 }
 
 void FrmMain::SaveLayout() {

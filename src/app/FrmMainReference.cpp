@@ -9,12 +9,8 @@
 
 #include <QAction>
 #include <QStackedWidget>
-#include <QStatusBar>
 
 namespace corvanta {
-namespace {
-constexpr int kNoticeTime = 10000;  // milliseconds
-}
 
 void FrmMain::ConnectReference() {
   const auto connectKind = [this](ReferenceKind kind, QAction* add, QAction* edit,
@@ -72,7 +68,7 @@ void FrmMain::DeleteItem(ReferenceKind kind) {
   if (key == 0) return;
   const Deletion deletion = DeleteReference(kind, key, Place());
   if (deletion.isChanged) Reload();
-  statusBar()->showMessage(ToQt(deletion.Notice()), kNoticeTime);
+  Notice(ToQt(deletion.Notice()));
 }
 
 void FrmMain::ShowList(ListKind kind) {

@@ -1,4 +1,5 @@
 // Schedules, what they post, and what they remind of.
+#include "app/DueDays.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -25,12 +26,14 @@
 
 #include <algorithm>
 #include <chrono>
+#include <vector>
 
 namespace corvanta {
 namespace {
 
 constexpr const char* kReminders = "Reminders";
 constexpr std::chrono::minutes kDayCheck(1);
+constexpr int kMostYearsAhead = 10;
 
 // Why the occurrence was neither posted nor skipped; empty when it was.
 std::string FaultOf(OccurrenceResult result) {
@@ -79,6 +82,7 @@ void FrmMain::ConnectSchedules() {
      [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
   connect(reminders_, &RemindersPanel::ChoiceChanged, this,
           [this] { Guard([this] { MarkReminder(); }); });
+  connect(calendar_, &ucCalendar::PageTurned, this, [this] { Guard([this] { TakePage(); }); });
   auto* dayCheck = new QTimer(this);
   dayCheck->setObjectName(QStringLiteral("tmrDay"));
   connect(dayCheck, &QTimer::timeout, this, [this] { Guard([this] { TakeDay(); }); });
@@ -150,14 +154,27 @@ void FrmMain::TakeSchedules() {
 
 void FrmMain::ReadReminders() {
   ReminderList list;
+  const Date until = settings_.RemindersUntil(day_).value_or(day_);
+  dueUntil_ = std::max(until, LastDueDay());
   if (session_.IsOpen()) {
-    list = Reminders(session_.Ledger(), day_, settings_.RemindersUntil(day_),
-                     settings_.IsOn(Setting::Overdue));
+    list = Reminders(session_.Ledger(), day_, dueUntil_, settings_.IsOn(Setting::Overdue));
   }
+  calendar_->SetDueDays(DueDays(list, platform_.locale));
+  std::erase_if(list.future, [until](const Reminder& item) { return item.due > until; });
   const QString title = tr("Rem&inders");
   actions_->mnuViewReminders->setText(
       list.dueCount == 0 ? title : title + QStringLiteral(" (%1)").arg(list.dueCount));
   reminders_->SetReminders(std::move(list));
+}
+
+// A year beyond what the calendar shows, so that it can be turned without reading again.
+Date FrmMain::LastDueDay() const {
+  const QDate most = ToQt(day_).addYears(kMostYearsAhead);
+  return FromQt(std::min(calendar_->LastShownDay().addYears(1), most));
+}
+
+void FrmMain::TakePage() {
+  if (FromQt(calendar_->LastShownDay()) > dueUntil_ && LastDueDay() > dueUntil_) ReadReminders();
 }
 
 void FrmMain::MarkReminder() {
@@ -180,19 +197,23 @@ void FrmMain::OpenReminder() {
 void FrmMain::PostReminder() {
   const Reminder* chosen = reminders_->Chosen();
   if (chosen == nullptr || chosen->IsPosted()) return;
+  const QString payment = PaymentText(*chosen, platform_.locale);
   const std::string fault =
       FaultOf(session_.Posting().PostOccurrence(chosen->scheduleId, chosen->due));
   if (!fault.empty()) platform_.prompts.Tell(kReminders, fault);
   Reload();
+  if (fault.empty()) Notice(tr("Posted: %1").arg(payment));
 }
 
 void FrmMain::SkipReminder() {
   const Reminder* chosen = reminders_->Chosen();
   if (chosen == nullptr || chosen->IsPosted()) return;
+  const QString payment = PaymentText(*chosen, platform_.locale);
   const std::string fault =
       FaultOf(session_.Posting().SkipOccurrence(chosen->scheduleId, chosen->due));
   if (!fault.empty()) platform_.prompts.Tell(kReminders, fault);
   Reload();
+  if (fault.empty()) Notice(tr("Skipped: %1").arg(payment));
 }
 
 void FrmMain::TakeDay() {

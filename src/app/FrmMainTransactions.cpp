@@ -152,16 +152,28 @@ void FrmMain::Undo(bool again) {
   if (!session_.IsOpen()) return;
   UndoLog& log = session_.Ledger().Undo();
   const std::set<std::int64_t> before = ShownKeys();
+  const QString name = ToQt(again ? log.RedoName() : log.UndoName());
   if (again) {
     log.Redo();
   } else {
     log.Undo();
   }
   Reload();
+  NoticeUndone(again ? tr("Done again: %1").arg(name) : tr("Undone: %1").arg(name), before.size());
   // What came back is what the next key is meant for.
   for (const std::int64_t key : ShownKeys()) {
     if (!before.contains(key)) return ChooseShown(key);
   }
+}
+
+void FrmMain::NoticeUndone(const QString& what, std::size_t rowsBefore) {
+  const auto rows = static_cast<qint64>(ShownKeys().size()) - static_cast<qint64>(rowsBefore);
+  QString count;
+  if (rows == 1) count = tr(" (1 row is back)");
+  if (rows > 1) count = tr(" (%1 rows are back)").arg(locale().toString(rows));
+  if (rows == -1) count = tr(" (1 row is gone)");
+  if (rows < -1) count = tr(" (%1 rows are gone)").arg(locale().toString(-rows));
+  Notice(what + count);
 }
 
 std::set<std::int64_t> FrmMain::ShownKeys() const {

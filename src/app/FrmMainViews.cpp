@@ -57,6 +57,7 @@ void FrmMain::Reload() {
     ReadReminders();
     ShowAgain(shown_);
     MarkCommands();
+    NoticePosted();
   });
 }
 

@@ -31,7 +31,7 @@ QString Explanation(FrmPassword::Mode mode, bool isNew) {
 }  // namespace
 
 FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, Check check, QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       check_(std::move(check)),
       txtPassword_(new QLineEdit(this)),

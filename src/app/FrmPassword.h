@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
+
 #include <QDialog>
 
 #include <functional>
@@ -15,7 +17,7 @@ struct Platform;
 
 // Asks for the login password ("Password"). In the mode "LOGIN" it stands before the program, in
 // the mode "DELETE" before something that cannot be undone.
-class FrmPassword : public QDialog {
+class FrmPassword : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -46,7 +46,7 @@ QFont KeyFont() {
 }  // namespace
 
 FrmRecoveryKey::FrmRecoveryKey(Platform& platform, QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       key_(ToQt(RecoveryKeyFromPassword(InstallationPassword(platform)))),
       txtKey_(new QPlainTextEdit(InLines(key_), this)) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
+
 #include <QDialog>
 
 class QPlainTextEdit;
@@ -9,7 +11,7 @@ namespace corvanta {
 struct Platform;
 
 // Shows the recovery key of this installation, to be copied or saved.
-class FrmRecoveryKey : public QDialog {
+class FrmRecoveryKey : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

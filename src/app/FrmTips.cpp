@@ -22,7 +22,7 @@ constexpr int kTextWidth = 44 * kRhythm;
 }  // namespace
 
 FrmTips::FrmTips(Platform& platform, QWidget* parent, const QString& file)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       tips_(ReadTips(file.isEmpty() ? TipsFile() : file)),
       lblTip_(new QLabel(this)),

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
+
 #include <QDialog>
 #include <QStringList>
 
@@ -11,7 +13,7 @@ namespace corvanta {
 struct Platform;
 
 // The tip of the day: another one each day, and the next one on demand.
-class FrmTips : public QDialog {
+class FrmTips : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -47,7 +47,7 @@ void LedgerSession::Close() {
 }
 
 void LedgerSession::PostSchedules() {
-  if (IsOpen()) posting_->PostSchedules();
+  if (IsOpen()) posted_ += posting_->PostSchedules().occurrences;
 }
 
 std::string LedgerSession::Path() const {

@@ -5,9 +5,11 @@
 #include "ledger/clsCorvanta.h"
 #include "store/OpenDataFile.h"
 
+#include <cstddef>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace corvanta {
 
@@ -40,6 +42,8 @@ class LedgerSession {
   [[nodiscard]] SchedulePosting& Posting() const { return *posting_; }
   // Posts what is due by the schedules; nothing while closed. Throws StoreError.
   void PostSchedules();
+  // How many payments were posted since this was last asked.
+  [[nodiscard]] std::size_t TakePosted() { return std::exchange(posted_, 0); }
   // The open file's path; empty while closed.
   [[nodiscard]] std::string Path() const;
   [[nodiscard]] DataFileOpener& Opener() const { return opener_; }
@@ -54,6 +58,7 @@ class LedgerSession {
   std::unique_ptr<clsCorvanta> ledger_;
   std::unique_ptr<RateSource> rates_;
   std::unique_ptr<SchedulePosting> posting_;
+  std::size_t posted_ = 0;
 };
 
 }  // namespace corvanta

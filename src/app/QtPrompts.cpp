@@ -70,13 +70,7 @@ std::optional<std::size_t> QtPrompts::Choose(const std::string& title, const std
   for (const std::string& answer : answers) {
     buttons.push_back(box.addButton(ToQt(answer), QMessageBox::ActionRole));
   }
-  // Two buttons that turn back would only make one wonder which.
-  const bool turnsBack = !answers.empty() && answers.back() == "Quit";
-  if (turnsBack) {
-    box.setEscapeButton(buttons.back());
-  } else {
-    box.setEscapeButton(box.addButton(QMessageBox::Cancel));
-  }
+  box.setEscapeButton(box.addButton(QMessageBox::Cancel));
   if (!buttons.empty()) box.setDefaultButton(buttons.front());
   box.exec();
   for (std::size_t index = 0; index < buttons.size(); ++index) {

@@ -37,7 +37,7 @@
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/SystemPlatform.h"
-#include "store/StoreError.h"
+#include "store/FailureText.h"
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
@@ -77,16 +77,19 @@ CommandLine::CommandLine(std::ostream& out, std::ostream& messages)
 ExitStatus CommandLine::Run(std::vector<std::string> arguments) {
   try {
     const ExitStatus status = Parse(std::move(arguments));
-    if (!out_.flush()) throw PlatformError("The output could not be written.");
+    if (!out_.flush())
+      throw PlatformError(
+          "The output could not be written. What the command has changed is kept. Check where the "
+          "output goes, and the space that is left there.");
     return status;
   } catch (const PromptRefused& refusal) {
     return Report("Refused", refusal.what(), ExitStatus::Refused);
   } catch (const StoreError& error) {
-    return Report("Data File", error.what(), StatusOf(error.Code()));
+    return Report("Data File", FailureText(error), StatusOf(error.Code()));
   } catch (const PlatformError& error) {
     return Report("System", error.what(), ExitStatus::MachineFailed);
   } catch (const std::exception& error) {
-    return Report("Unexpected Error", error.what(), ExitStatus::MachineFailed);
+    return Report("Unexpected Error", FailureText(error), ExitStatus::MachineFailed);
   }
 }
 

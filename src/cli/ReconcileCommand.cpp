@@ -27,14 +27,8 @@ void AddKeys(CLI::App& command, const char* name, std::vector<std::int64_t>& key
       ->check(KeyFault);
 }
 
-// What applying the ticks does to the rows that are shown.
-std::string Outcome(const Reconciliation& balancing) {
-  std::size_t settled = 0;
-  std::size_t taken = 0;
-  for (const ReconcileRow& row : balancing.Rows()) {
-    settled += row.isTicked && !row.isReconciled ? 1 : 0;
-    taken += !row.isTicked && row.isReconciled ? 1 : 0;
-  }
+std::string TextOf(const ReconcileOutcome& outcome) {
+  const auto& [settled, taken] = outcome;
   std::string text;
   if (settled > 0 || taken == 0) text = TransactionCount(settled) + " reconciled";
   if (taken > 0) {
@@ -101,7 +95,7 @@ ExitStatus ReconcileCommand::Run(Session& session) {
   if (!writes) return ExitStatus::Done;
   SilentProgress progress;
   balancing.Apply(progress);
-  session.Tell(std::string(kBalanceAccount), Outcome(balancing));
+  session.Tell(std::string(kBalanceAccount), TextOf(balancing.Outcome()));
   return ExitStatus::Done;
 }
 

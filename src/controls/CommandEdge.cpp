@@ -2,7 +2,7 @@
 
 #include "platform/PlatformError.h"
 #include "platform/Prompts.h"
-#include "store/StoreError.h"
+#include "store/FailureText.h"
 
 #include <QtGlobal>
 
@@ -16,14 +16,13 @@ bool RunCommand(Prompts& prompts, const std::function<void()>& command) {
     return true;
   } catch (const StoreError& error) {
     qWarning("Data file: %s [%s]", error.what(), error.Statement().c_str());
-    prompts.Tell("Data File", error.what(), Icon::Warning);
+    prompts.Tell("Data File", FailureText(error), Icon::Warning);
   } catch (const PlatformError& error) {
     qWarning("%s", error.what());
     prompts.Tell("Corvanta Personal Finance", error.what(), Icon::Warning);
   } catch (const std::exception& error) {
     qWarning("Unexpected: %s", error.what());
-    prompts.Tell("Application Error",
-                 std::string("The command could not be finished: ") + error.what(), Icon::Error);
+    prompts.Tell("Application Error", FailureText(error), Icon::Error);
   }
   return false;
 }

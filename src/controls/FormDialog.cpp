@@ -42,7 +42,7 @@ QString ContentOf(const QWidget& widget) {
 }  // namespace
 
 FormDialog::FormDialog(const QString& name, Prompts& prompts, QWidget* parent)
-    : QDialog(parent), prompts_(prompts), page_(new QVBoxLayout(this)), fields_(new QFormLayout) {
+    : QuietEnd(parent), prompts_(prompts), page_(new QVBoxLayout(this)), fields_(new QFormLayout) {
   setObjectName(name);
   setModal(true);
   fields_->setVerticalSpacing(kRhythm);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "ledger/Warning.h"
 
 #include <QDialog>
@@ -20,7 +21,7 @@ class Prompts;
 
 // What dialogs with fields have in common: labels in one column and fields in another, a line that
 // says what has happened, rows of buttons, and commands that end in words when they fail.
-class FormDialog : public QDialog {
+class FormDialog : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

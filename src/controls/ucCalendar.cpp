@@ -2,17 +2,30 @@
 
 #include "controls/Style.h"
 
-#include <QAccessible>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLocale>
 #include <QPainter>
 #include <QPainterPath>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
+
+#include <algorithm>
 
 namespace corvanta {
 namespace {
 constexpr int kWeeks = 6;
 constexpr int kDays = 7;
+
+// The month with its year, the longest form first.
+QStringList TitlesOf(const QLocale& locale, QDate month) {
+  const QString year = QString::number(month.year());
+  const QString number = QString::number(month.month());
+  return {locale.standaloneMonthName(month.month()) + u' ' + year,
+          locale.standaloneMonthName(month.month(), QLocale::ShortFormat) + u' ' + year,
+          number + u'/' + year, number};
+}
 
 QDate FirstOfMonth(QDate day) {
   return {day.year(), day.month(), 1};
@@ -38,34 +51,56 @@ void ucCalendar::SetToday(QDate today) {
 
 void ucCalendar::SetMarkedDays(QSet<QDate> days) {
   marked_ = std::move(days);
+  TellChosen();
   update();
+}
+
+void ucCalendar::SetDueDays(QMap<QDate, QStringList> days) {
+  due_ = std::move(days);
+  TellChosen();
+  update();
+}
+
+QString ucCalendar::Describe(QDate day) const {
+  QStringList lines{locale().toString(day, QLocale::LongFormat)};
+  for (const QString& due : due_.value(day)) lines.append(tr("Due: %1").arg(due));
+  if (marked_.contains(day)) lines.append(tr("Has transactions"));
+  return lines.join(u'\n');
+}
+
+void ucCalendar::TellChosen() {
+  const QString description = Describe(selected_);
+  if (description != accessibleDescription()) setAccessibleDescription(description);
 }
 
 void ucCalendar::SetSelected(QDate day) {
   selected_ = day;
-  month_ = FirstOfMonth(day);
-  setAccessibleDescription(locale().toString(day, QLocale::LongFormat));
+  TellChosen();
+  ShowMonth(FirstOfMonth(day));
+}
+
+void ucCalendar::ShowMonth(QDate month) {
+  const bool isOther = month != month_;
+  month_ = month;
   update();
+  if (isOther) Q_EMIT PageTurned();
 }
 
 void ucCalendar::Choose(QDate day) {
   if (!day.isValid()) return;
   SetSelected(day);
-  QAccessibleEvent event(this, QAccessible::DescriptionChanged);
-  QAccessible::updateAccessibility(&event);
   Q_EMIT DateSelected(day);
 }
 
 void ucCalendar::TurnMonth(int months) {
   const QDate month = month_.addMonths(months);
-  if (!month.isValid()) return;
-  month_ = month;
-  update();
+  if (month.isValid()) ShowMonth(month);
 }
 
 QSize ucCalendar::minimumSizeHint() const {
   const int cell = fontMetrics().horizontalAdvance(QStringLiteral("00")) + kRhythm;
-  return {kDays * cell + 2 * kRhythm, sizeHint().height()};
+  const int title = QFontMetrics(TitleFont()).horizontalAdvance(QStringLiteral("00/0000"));
+  return {std::max(kDays * cell, 2 * HeaderHeight() + title) + 2 * kRhythm, sizeHint().height()};
 }
 
 QSize ucCalendar::sizeHint() const {
@@ -80,6 +115,23 @@ int ucCalendar::HeaderHeight() const {
 QRect ucCalendar::ArrowRect(bool next) const {
   const int side = HeaderHeight();
   return {next ? width() - kRhythm - side : kRhythm, 0, side, side};
+}
+
+QFont ucCalendar::TitleFont() const {
+  QFont font = this->font();
+  font.setWeight(QFont::DemiBold);
+  return font;
+}
+
+QString ucCalendar::Title() const {
+  const int room = width() - 2 * (kRhythm + HeaderHeight());
+  const QFontMetrics metrics(TitleFont());
+  QString title;
+  for (const QString& form : TitlesOf(locale(), month_)) {
+    title = form;
+    if (metrics.horizontalAdvance(title) <= room) break;
+  }
+  return title;
 }
 
 // Row 0 holds the names of the week days.
@@ -98,6 +150,10 @@ QRect ucCalendar::CellRect(int row, int column) const {
 QDate ucCalendar::FirstShownDay() const {
   const int first = static_cast<int>(locale().firstDayOfWeek());
   return month_.addDays(-((month_.dayOfWeek() - first + kDays) % kDays));
+}
+
+QDate ucCalendar::LastShownDay() const {
+  return FirstShownDay().addDays(kWeeks * kDays - 1);
 }
 
 QRect ucCalendar::DayRect(QDate day) const {
@@ -132,13 +188,9 @@ void ucCalendar::paintEvent(QPaintEvent*) {
 }
 
 void ucCalendar::DrawHeader(QPainter& painter) const {
-  QFont font = this->font();
-  font.setWeight(QFont::DemiBold);
-  painter.setFont(font);
+  painter.setFont(TitleFont());
   painter.setPen(palette().color(QPalette::WindowText));
-  const QString title = locale().standaloneMonthName(month_.month()) + QLatin1Char(' ') +
-                        QString::number(month_.year());
-  painter.drawText(QRect(0, 0, width(), HeaderHeight()), Qt::AlignCenter, title);
+  painter.drawText(QRect(0, 0, width(), HeaderHeight()), Qt::AlignCenter, Title());
   painter.setPen(QPen(MutedText(palette()), 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   for (const bool next : {false, true}) {
     const QPointF middle = QRectF(ArrowRect(next)).center();
@@ -173,10 +225,31 @@ void ucCalendar::DrawDay(QPainter& painter, QDate day, const QRect& cell) const 
   painter.setFont(font);
   painter.setPen(text);
   painter.drawText(cell.adjusted(0, -1, 0, -1), Qt::AlignCenter, QString::number(day.day()));
-  if (!marked_.contains(day)) return;
   painter.setPen(Qt::NoPen);
   painter.setBrush(chosen && hasFocus() ? text : accent);
-  painter.drawEllipse(QPointF(pill.center().x(), pill.bottom() - 3), 1.75, 1.75);
+  DrawMarks(painter, day, pill);
+}
+
+// A dot and a corner differ in their shape, so that no colour has to be told apart.
+void ucCalendar::DrawMarks(QPainter& painter, QDate day, const QRectF& pill) const {
+  const double unit = fontMetrics().height() / 9.0;
+  if (marked_.contains(day)) {
+    painter.drawEllipse(QPointF(pill.center().x(), pill.bottom() - 1.6 * unit), unit, unit);
+  }
+  if (!due_.contains(day)) return;
+  const QPointF corner = pill.topRight() + QPointF(-unit / 2, unit / 2);
+  painter.drawPolygon(
+      QPolygonF({corner, corner - QPointF(3.5 * unit, 0), corner + QPointF(0, 3.5 * unit)}));
+}
+
+bool ucCalendar::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QWidget::event(event);
+  const auto* help = static_cast<const QHelpEvent*>(event);
+  const QDate day = DayAt(help->pos());
+  const bool isMarked = marked_.contains(day) || due_.contains(day);
+  const QString text = isMarked ? Qt::convertFromPlainText(Describe(day)) : QString();
+  QToolTip::showText(help->globalPos(), text, this, DayRect(day));
+  return true;
 }
 
 void ucCalendar::mousePressEvent(QMouseEvent* event) {

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QDate>
+#include <QMap>
 #include <QSet>
+#include <QStringList>
 #include <QWidget>
 
 class QPainter;
@@ -10,7 +12,8 @@ namespace corvanta {
 
 // The month calendar: one month as a grid of days, drawn by itself. Arrow keys move the chosen day,
 // Page Up and Page Down the month, Home goes to today; the arrows beside the title and the mouse
-// wheel turn the month. Days beyond the shown month are shown muted.
+// wheel turn the month. Days beyond the shown month are shown muted. What the marks of a day stand
+// for is told by its tool tip, and of the chosen day to assistive tools.
 class ucCalendar : public QWidget {
   Q_OBJECT
 
@@ -19,15 +22,25 @@ class ucCalendar : public QWidget {
 
   // The day that is marked as today; the calendar opens on it.
   void SetToday(QDate today);
-  // Days below which a dot stands.
+  // Days with transactions, below which a dot stands.
   void SetMarkedDays(QSet<QDate> days);
+  // Days on which something is due, whose corner is marked, with a line for each thing.
+  void SetDueDays(QMap<QDate, QStringList> days);
   // Chooses a day and shows its month; sends no signal.
   void SetSelected(QDate day);
   [[nodiscard]] QDate Selected() const { return selected_; }
   [[nodiscard]] QDate ShownMonth() const { return month_; }  // its first day
+  [[nodiscard]] QDate LastShownDay() const;
+  // The month above the days, in the longest form that fits between the arrows.
+  [[nodiscard]] QString Title() const;
+  // The day and what its marks stand for.
+  [[nodiscard]] QString Describe(QDate day) const;
 
   // Where the day is drawn, in the widget; empty when it is not on the shown page.
   [[nodiscard]] QRect DayRect(QDate day) const;
+
+  // The arrow that turns to the next month, or to the one before.
+  [[nodiscard]] QRect ArrowRect(bool next) const;
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -35,8 +48,10 @@ class ucCalendar : public QWidget {
  Q_SIGNALS:
   void DateSelected(QDate day);   // a click, or the arrow keys
   void DateActivated(QDate day);  // a double click, or Enter
+  void PageTurned();              // other days are shown
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -45,19 +60,24 @@ class ucCalendar : public QWidget {
 
  private:
   [[nodiscard]] int HeaderHeight() const;
-  [[nodiscard]] QRect ArrowRect(bool next) const;
+  [[nodiscard]] QFont TitleFont() const;
   [[nodiscard]] QRect CellRect(int row, int column) const;
   [[nodiscard]] QDate FirstShownDay() const;
   [[nodiscard]] QDate DayAt(QPoint position) const;  // invalid where there is none
   void Choose(QDate day);
+  void ShowMonth(QDate month);
+  // Tells assistive tools of the chosen day.
+  void TellChosen();
   void TurnMonth(int months);
   void DrawHeader(QPainter& painter) const;
   void DrawDay(QPainter& painter, QDate day, const QRect& cell) const;
+  void DrawMarks(QPainter& painter, QDate day, const QRectF& pill) const;
 
   QDate today_;
   QDate month_;
   QDate selected_;
   QSet<QDate> marked_;
+  QMap<QDate, QStringList> due_;
 };
 
 }  // namespace corvanta

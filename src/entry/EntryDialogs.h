@@ -4,6 +4,7 @@
 #include "entry/AllocationEditor.h"
 #include "entry/TransactionForm.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Date.h"
 
 #include <cstdint>
 #include <functional>
@@ -38,11 +39,12 @@ struct EntryResult {
 
 // Which transaction the editor opens with: the row of that key ("EDIT"), otherwise a new one
 // ("ADD") in the account. A prefilled form is shown as it is, and edits the row of its own key
-// where it has one.
+// where it has one. A new one is of that day, of today without one.
 struct TransactionRequest {
   std::int64_t key = 0;
   std::int64_t accountId = 0;
-  std::optional<TransactionForm> prefilled;
+  std::optional<TransactionForm> prefilled{};
+  std::optional<Date> day{};
 };
 
 // Which schedule the editor opens with: the one of that key ("EDIT"), otherwise a new one ("ADD")

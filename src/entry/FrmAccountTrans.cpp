@@ -92,6 +92,12 @@ bool FrmAccountTrans::Load(std::int64_t key) {
   return true;
 }
 
+void FrmAccountTrans::SetDay(Date day) {
+  txtDate_->SetDay(day);
+  FocusFirstField();
+  KeepContents();
+}
+
 void FrmAccountTrans::Prefill(const TransactionForm& form) {
   TransactionForm shown = form;
   shown.status = Form().status;

@@ -20,6 +20,8 @@ class FrmAccountTrans : public FrmEntry {
 
   // Whether a schedule was changed while the dialog stood.
   [[nodiscard]] bool IsScheduleChanged() const { return isScheduleChanged_; }
+  // The new row that is shown is of that day.
+  void SetDay(Date day);
   // Puts what was typed elsewhere into the fields of the row that is shown. Throws StoreError.
   void Prefill(const TransactionForm& form);
 

@@ -24,6 +24,7 @@ EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace&
     key = row->transactionId;
   }
   if (!form.Open(key)) return {true, 0};
+  if (key == 0 && request.day) form.SetDay(*request.day);
   if (request.prefilled) form.Prefill(*request.prefilled);
   form.exec();
   return {form.IsChanged(), form.SavedKey(), form.IsScheduleChanged()};

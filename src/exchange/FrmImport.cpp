@@ -46,7 +46,7 @@ Platform WithProgress(const Platform& platform, Progress& progress) {
 }  // namespace
 
 FrmImport::FrmImport(Platform& platform, clsCorvanta& ledger, QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       progress_(new FrmImportProgress(this)),
       platform_(WithProgress(platform, *progress_)),
       editor_(ledger, platform_),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "exchange/ImportEditor.h"
 #include "platform/Platform.h"
 
@@ -23,7 +24,7 @@ class MutedLabel;
 
 // Imports a QIF, OFX or CSV file, page by page: the file and the account, the columns of a CSV
 // file, the import itself, and what came of it.
-class FrmImport : public QDialog {
+class FrmImport : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -147,11 +147,8 @@ void FrmImportFile::ReadInto(ImportForm& form) const {
 
 void FrmImportFile::Browse() {
   RunCommand(prompts_, [this] {
-    const auto path = prompts_.OpenFile({"Select File to Import",
-                                         "Statements (*.qif *.ofx *.qfx *.csv *.txt);;All Files",
-                                         "*",
-                                         {},
-                                         {}});
+    const auto path = prompts_.OpenFile(
+        {"Select File to Import", "Statements (" + ImportPattern() + ");;All Files", "*", {}, {}});
     if (!path) return;
     txtFile_->setText(ToQt(*path));
     Look();

@@ -4,9 +4,23 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 namespace corvanta {
+
+bool HasImportEnding(std::string_view path) {
+  const std::string name = ToLower(path);
+  return std::ranges::any_of(kImportEndings, [&name](std::string_view ending) {
+    return name.ends_with("." + std::string(ending));
+  });
+}
+
+std::string ImportPattern() {
+  std::string pattern;
+  for (const std::string_view ending : kImportEndings) {
+    pattern.append(pattern.empty() ? "*." : " *.").append(ending);
+  }
+  return pattern;
+}
 
 ImportKind KindOfImport(std::string_view path, std::string_view text) {
   constexpr std::size_t kHead = 4096;

@@ -65,7 +65,7 @@ double Cents(double amount, const Locale& locale) {
 }  // namespace
 
 FrmCurrency::FrmCurrency(Use use, const InvestPlace& place, const std::string& currency)
-    : QDialog(place.parent),
+    : QuietEnd(place.parent),
       platform_(place.platform),
       ledger_(place.ledger),
       converter_(place.rates, place.platform.locale),

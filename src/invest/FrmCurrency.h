@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "invest/CurrencyConverter.h"
 #include "invest/InvestDialogs.h"
 
@@ -16,7 +17,7 @@ class PickBox;
 
 // The currency converter. Two amounts stand in it, one in a given currency and one in the currency
 // that is picked; the one that was typed last is converted into the other.
-class FrmCurrency : public QDialog {
+class FrmCurrency : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -79,7 +79,8 @@ void CurlDownload::ToFile(const std::string& url, const std::string& path) {
   SetOptions(curl.get(), url, timeoutSeconds_, answer);
   const CURLcode code = curl_easy_perform(curl.get());
   if (code != CURLE_OK) {
-    throw PlatformError("Cannot download " + url + ": " + ReasonOf(curl.get(), code, answer) + ".");
+    throw PlatformError("Cannot download " + url + ": " + ReasonOf(curl.get(), code, answer) +
+                        ". Nothing was changed. Check the connection and try again later.");
   }
   files.WriteAtomically(path, answer.bytes);
 }

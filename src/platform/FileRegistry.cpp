@@ -40,7 +40,7 @@ class WriteLock {
       }
       if (std::chrono::steady_clock::now() > end) {
         throw PlatformError("The settings are being written by another program (" + path +
-                            " is locked). Please try again.");
+                            " is locked). Nothing was changed. Please try again.");
       }
       std::this_thread::sleep_for(std::chrono::milliseconds(5));
     }
@@ -77,8 +77,9 @@ const RegistryText& FileRegistry::Load(Hive hive) const {
   if (stamp.size >= 0) {
     const std::string bytes = ReadFile(loaded.file, kLargestFile);
     if (bytes.find('\0') != std::string::npos) {
-      throw PlatformError("The settings file " + loaded.file +
-                          " is damaged (it is no text). Repair it or move it away.");
+      throw PlatformError(
+          "The settings file " + loaded.file +
+          " is damaged (it is no text). It was left as it is. Repair it or move it away.");
     }
     text = RegistryText(bytes);
   }

@@ -128,7 +128,8 @@ std::string ReadFile(const std::string& path, std::size_t limit) {
     if (count < 0) throw SystemError("Cannot read", path, errno);
     if (count == 0) return text;
     if (text.size() + static_cast<std::size_t>(count) > limit) {
-      throw PlatformError("The file " + path + " is too large to be read.");
+      throw PlatformError("The file " + path +
+                          " is too large to be read. Nothing was changed. Choose another file.");
     }
     text.append(buffer.data(), static_cast<std::size_t>(count));
   }

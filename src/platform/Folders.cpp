@@ -16,7 +16,8 @@ std::string HomeFolder() {
       user != nullptr && user->pw_dir != nullptr && user->pw_dir[0] == '/') {
     return user->pw_dir;
   }
-  throw PlatformError("This user has no home folder. Set HOME to a folder for the settings.");
+  throw PlatformError(
+      "This user has no home folder. Nothing was changed. Set HOME to a folder for the settings.");
 }
 
 // A relative path in the variable counts as unset, as the base directory rules have it.

@@ -24,7 +24,7 @@ namespace corvanta {
 
 FrmReconcile::FrmReconcile(std::int64_t accountId, Platform& platform, clsCorvanta& ledger,
                            ReconcileOpeners openers, QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       reconciliation_(accountId, ledger),
       openers_(std::move(openers)),
@@ -216,7 +216,10 @@ void FrmReconcile::Apply() {
   bool isDone = false;
   Run([&] { isDone = reconciliation_.Apply(*progress_); });
   SetBusy(false);
-  if (isDone) return accept();
+  if (isDone) {
+    outcome_ = reconciliation_.Outcome();
+    return accept();
+  }
   // The rows that were reached are settled; the others are still to be balanced.
   Run([this] { Refill(); });
   lvBalance_->setFocus();

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "reconcile/Reconciliation.h"
 
 #include <QDialog>
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 class QLabel;
@@ -33,7 +35,7 @@ struct ReconcileOpeners {
 };
 
 // Balances an account against a bank statement.
-class FrmReconcile : public QDialog {
+class FrmReconcile : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:
@@ -47,6 +49,9 @@ class FrmReconcile : public QDialog {
 
   // Whether the data file was changed while the dialog stood.
   [[nodiscard]] bool IsChanged() const { return isChanged_; }
+
+  // What the ticks did; nullopt while they were not applied.
+  [[nodiscard]] const std::optional<ReconcileOutcome>& Outcome() const { return outcome_; }
 
   void reject() override;
   // Keeps the dialog's size and the widths of the columns.
@@ -93,6 +98,7 @@ class FrmReconcile : public QDialog {
   Platform& platform_;
   Reconciliation reconciliation_;
   ReconcileOpeners openers_;
+  std::optional<ReconcileOutcome> outcome_;
   bool isChanged_ = false;
   bool isBusy_ = false;
   std::int64_t chosenKey_ = 0;  // of the row in use; kept while the rows are read again

@@ -25,6 +25,7 @@ ReconcileResult OpenReconcile(std::int64_t accountId, const ReconcilePlace& plac
   RunCommand(place.platform.prompts, [&] { isOpen = form.Open(); });
   if (isOpen) form.exec();
   result.isChanged = form.IsChanged();
+  result.outcome = form.Outcome();
   return result;
 }
 

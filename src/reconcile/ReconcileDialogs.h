@@ -1,7 +1,10 @@
 // Opens the window that balances an account, modal before its parent.
 #pragma once
 
+#include "reconcile/Reconciliation.h"
+
 #include <cstdint>
+#include <optional>
 
 class QWidget;
 
@@ -20,8 +23,9 @@ struct ReconcilePlace {
 };
 
 struct ReconcileResult {
-  bool isChanged = false;          // the data file was changed: read the lists again
-  bool isScheduleChanged = false;  // a schedule was: run a posting pass
+  bool isChanged = false;                   // the data file was changed: read the lists again
+  bool isScheduleChanged = false;           // a schedule was: run a posting pass
+  std::optional<ReconcileOutcome> outcome;  // of the ticks that were applied
 };
 
 // Balances the account; one that is closed, or 0, is told and opens nothing. What the data file

@@ -250,6 +250,15 @@ void Reconciliation::AddUp() {
   totals_ = totals;
 }
 
+ReconcileOutcome Reconciliation::Outcome() const {
+  ReconcileOutcome outcome;
+  for (const ReconcileRow& row : rows_) {
+    outcome.settled += row.isTicked && !row.isReconciled ? 1 : 0;
+    outcome.taken += !row.isTicked && row.isReconciled ? 1 : 0;
+  }
+  return outcome;
+}
+
 bool Reconciliation::Apply(Progress& progress) {
   std::vector<Settlement> settlements;
   settlements.reserve(rows_.size());

@@ -67,6 +67,12 @@ struct StatementDifference {
 [[nodiscard]] StatementDifference DifferenceTo(double statement, const ReconcileTotals& totals,
                                                const Locale& locale);
 
+// What the ticks make of the rows that are shown.
+struct ReconcileOutcome {
+  std::size_t settled = 0;  // reconciled now, and not before
+  std::size_t taken = 0;    // no longer reconciled
+};
+
 // Balancing one account against a statement: the rows that no statement has settled yet, which of
 // them are ticked, and the totals that follow. Nothing is written before Apply. Operations throw
 // StoreError.
@@ -103,6 +109,8 @@ class Reconciliation {
   void Invert();
 
   [[nodiscard]] const ReconcileTotals& Totals() const { return totals_; }
+  // Of the rows as they were read: what Apply will do, or has done.
+  [[nodiscard]] ReconcileOutcome Outcome() const;
 
   // Settles all rows by their ticks, as one step. True when it came to its end: `progress` may ask
   // to stop, and what was reached by then stays settled. So do the rows before one that fails.

@@ -68,7 +68,7 @@ QString PurposeOf(ListKind kind) {
 }  // namespace
 
 FrmList::FrmList(ListKind kind, Platform& platform, clsCorvanta& ledger, QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       ledger_(ledger),
       editor_(kind, ledger, platform.prompts),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "reference/ListEditor.h"
 
 #include <QDialog>
@@ -20,7 +21,7 @@ struct Platform;
 
 // The list of payment types, banks, account groups or keywords, from which they are added, edited
 // and deleted.
-class FrmList : public QDialog {
+class FrmList : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

@@ -22,7 +22,7 @@ constexpr int kTextWidth = 52 * kRhythm;
 
 FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsCorvanta& ledger,
                    QWidget* parent)
-    : QDialog(parent),
+    : QuietEnd(parent),
       platform_(platform),
       editor_(kind, ledger, platform.prompts),
       source_(source),

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "reference/MergeEditor.h"
 
 #include <QDialog>
@@ -12,7 +13,7 @@ class PickBox;
 struct Platform;
 
 // Merges one payee or category into another one. It closes accepted once records have moved.
-class FrmMerge : public QDialog {
+class FrmMerge : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

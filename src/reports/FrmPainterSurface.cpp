@@ -77,11 +77,17 @@ PrinterSurface::PrinterSurface(QPagedPaintDevice& device, QPainter& painter)
 }
 
 void PrinterSurface::NewPage() {
-  if (!device_.newPage()) throw PlatformError("The printer took no further page.");
+  if (!device_.newPage())
+    throw PlatformError(
+        "The printer took no further page. The list itself is as it was. Check the printer and "
+        "print it again.");
 }
 
 void PrinterSurface::EndDoc() {
-  if (!painter_.end()) throw PlatformError("The document could not be printed to its end.");
+  if (!painter_.end())
+    throw PlatformError(
+        "The document could not be printed to its end. The list itself is as it was. Check the "
+        "printer and the space on the disk, and print it again.");
 }
 
 }  // namespace corvanta

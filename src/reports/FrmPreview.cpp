@@ -59,7 +59,7 @@ QPushButton* MakeButton(const char* name, const QString& text, QWidget* parent) 
 }  // namespace
 
 FrmPreview::FrmPreview(PrintTable table, const PrintPlace& place)
-    : QDialog(place.parent), table_(std::move(table)), place_(place) {
+    : QuietEnd(place.parent), table_(std::move(table)), place_(place) {
   setObjectName(QStringLiteral("FrmPreview"));
   setWindowTitle(tr("Print Preview"));
   setModal(true);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "controls/QuietEnd.h"
 #include "reports/ReportDialogs.h"
 
 #include <QDialog>
@@ -20,7 +21,7 @@ namespace corvanta {
 class ucPrintPage;
 
 // Shows the pages of a list as they would be printed, one at a time, at a size that can be chosen.
-class FrmPreview : public QDialog {
+class FrmPreview : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:

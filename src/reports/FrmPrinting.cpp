@@ -61,7 +61,9 @@ QPageLayout PageLayoutOf(PrintOrientation orientation) {
 bool PrintPages(QPagedPaintDevice& device, const PrintTable& table, Platform& platform) {
   QPainter painter;
   if (!painter.begin(&device)) {
-    throw PlatformError("The printer cannot be used. Choose another one, or save a PDF instead.");
+    throw PlatformError(
+        "The printer cannot be used. Nothing was printed. Choose another one, or save a PDF "
+        "instead.");
   }
   PrintStatus status(platform.progress);
   PrinterSurface surface(device, painter);

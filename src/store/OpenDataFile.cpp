@@ -22,8 +22,9 @@ constexpr std::size_t kKeyFileLimit = 16U << 20U;
 void RequireDataFile(const DataFileLocation& location) {
   if (FileExists(location.Path())) return;
   throw StoreError(StoreErrorCode::Missing,
-                   "Data file could not be found at, " + location.Path() + ".", {},
-                   location.Path());
+                   "Data file could not be found at, " + location.Path() +
+                       ". Nothing was changed. Check the path, or create the file.",
+                   {}, location.Path());
 }
 
 // The lock of a data file that is there, or can be recovered.
@@ -44,9 +45,10 @@ std::string KeyPassword(const std::string& keyOrPath, const std::string& dataFil
       PasswordFromKey(isFile ? ReadFile(keyOrPath, kKeyFileLimit) : keyOrPath);
   if (password.has_value()) return *password;
   throw StoreError(StoreErrorCode::OtherInstallation,
-                   isFile ? "There is no key in " + keyOrPath + "."
-                          : "This is neither a recovery key nor a file that holds one. Compare it "
-                            "with what you wrote down.",
+                   isFile ? "There is no key in " + keyOrPath +
+                                ". Nothing was changed. Name the file that the key was saved in."
+                          : "This is neither a recovery key nor a file that holds one. Nothing was "
+                            "changed. Compare it with what you wrote down.",
                    {}, dataFile);
 }
 
@@ -68,7 +70,8 @@ DataFileLocation DataFileOpener::Location() const {
       dataPath_.has_value() ? dataPath_ : ReadDataPath(platform_.registry);
   if (path.has_value()) return DataFileLocation::FromPath(*path);
   throw StoreError(StoreErrorCode::Missing,
-                   "The settings name no data file. Create one, or say where it is.");
+                   "The settings name no data file. Nothing was changed. Create one, or say where "
+                   "it is.");
 }
 
 DataFile DataFileOpener::OpenExisting(bool forWriting) {
@@ -95,8 +98,10 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
   if (FileExists(location.Path())) {
     throw StoreError(StoreErrorCode::Sql,
                      isRecovered ? "The data file " + location.Path() +
-                                       " was recovered from the copy that compacting it had left."
-                                 : "There is a data file already: " + location.Path() + ".",
+                                       " was recovered from the copy that compacting it had left. "
+                                       "It is whole. Open it, or choose another place."
+                                 : "There is a data file already: " + location.Path() +
+                                       ". It was left as it is. Open it, or choose another place.",
                      {}, location.Path());
   }
   CreateDataFile(location, password, emptyFile, platform_);
@@ -120,8 +125,9 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath) {
   DataFile file{WriterLock::Acquire(location.Path(), holder_), nullptr};
   if (!OpensWith(location.Path(), oldPassword, platform_)) {
     throw StoreError(StoreErrorCode::OtherInstallation,
-                     "This key does not open the data file " + location.Path() + ".", {},
-                     location.Path());
+                     "This key does not open the data file " + location.Path() +
+                         ". The file is as it was. Use the key of the installation that wrote it.",
+                     {}, location.Path());
   }
   const std::string password = InstallationPassword(platform_);
   if (oldPassword != password) {

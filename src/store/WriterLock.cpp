@@ -1,7 +1,7 @@
 #include "store/WriterLock.h"
 
 #include "platform/FileHandle.h"
-#include "store/StoreError.h"
+#include "store/FailureText.h"
 
 #include <fcntl.h>
 #include <sys/file.h>
@@ -53,20 +53,16 @@ std::string ReadHolder(int descriptor) {
 [[noreturn]] void ThrowOpenError(int error, const std::string& dataFilePath) {
   const std::string folder = std::filesystem::path(dataFilePath).parent_path().string();
   const std::string reason = std::string(" (") + std::strerror(error) + ").";
+  StoreErrorCode code = StoreErrorCode::ReadOnly;
+  std::string happened = "The folder " + folder + " cannot be written to" + reason;
   if (error == ENOSPC || error == EDQUOT) {
-    throw StoreError(StoreErrorCode::DiskFull,
-                     "The disk is full. Free some space and try again" + reason, {}, dataFilePath);
+    code = StoreErrorCode::DiskFull;
+    happened = "The disk is full" + reason;
+  } else if (error == ENOENT || error == ENOTDIR) {
+    code = StoreErrorCode::Missing;
+    happened = "The folder " + folder + " could not be found" + reason;
   }
-  if (error == ENOENT || error == ENOTDIR) {
-    throw StoreError(StoreErrorCode::Missing,
-                     "The folder " + folder + " could not be found" + reason, {}, dataFilePath);
-  }
-  throw StoreError(StoreErrorCode::ReadOnly,
-                   "The folder " + folder +
-                       " cannot be written to. Allow writing to it or move the data file to "
-                       "another folder" +
-                       reason,
-                   {}, dataFilePath);
+  throw StoreError(code, FailureText(code, happened), {}, dataFilePath);
 }
 
 // The one that holds the lock removes the file when it is done, so the name may by now stand for
@@ -98,8 +94,8 @@ std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& dataFilePath,
       if (errno == EINTR) continue;
       if (errno != EWOULDBLOCK) ThrowOpenError(errno, dataFilePath);
       throw StoreError(StoreErrorCode::Locked,
-                       "The data file is in use by " + ReadHolder(file.Get()) +
-                           ". Close it there and try again.",
+                       FailureText(StoreErrorCode::Locked,
+                                   "The data file is in use by " + ReadHolder(file.Get()) + "."),
                        {}, dataFilePath);
     }
     if (!IsStillNamed(file.Get(), path)) continue;

@@ -57,6 +57,36 @@ TEST_F(ExchangeCommands, AFileThatIsDroppedIsImportedIntoTheRegister) {
   EXPECT_EQ(Rows(), 0) << "one step";
 }
 
+TEST_F(ExchangeCommands, WhatCanBeBrowsedCanBeDropped) {
+  Start();
+  const auto isTaken = [this](const QList<QUrl>& urls) {
+    QMimeData dropped;
+    dropped.setUrls(urls);
+    QDragEnterEvent enter(QPoint(9, 9), Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    enter.ignore();
+    QApplication::sendEvent(window_.get(), &enter);
+    return enter.isAccepted();
+  };
+  const auto file = [](const char* name) { return QUrl::fromLocalFile(QLatin1String(name)); };
+  for (const char* name : {"/a/b.qif", "/a/b.ofx", "/a/b.QFX", "/a/b.csv", "/a/b.Txt"}) {
+    EXPECT_TRUE(isTaken({file(name)})) << name;
+  }
+  for (const char* name : {"/a/b.pdf", "/a/qif", "/a/b.txt.gz"}) {
+    EXPECT_FALSE(isTaken({file(name)})) << name;
+  }
+  EXPECT_FALSE(isTaken({file("/a/b.qif"), file("/a/c.qif")})) << "one at a time";
+  EXPECT_FALSE(isTaken({QUrl(QStringLiteral("https://bank.example/b.qif"))}));
+  InNextDialog([this](QDialog& form) {
+    machine_.prompts.ExpectOpenFile("Select File to Import", std::nullopt);
+    Click(form, "cmdFile");
+    const std::string filter = machine_.prompts.Shown().back().file.filterName;
+    for (const char* ending : {"*.qif", "*.ofx", "*.qfx", "*.csv", "*.txt"}) {
+      EXPECT_NE(filter.find(ending), std::string::npos) << filter;
+    }
+  });
+  Trigger("mnuFileImport");
+}
+
 TEST_F(ExchangeCommands, TheRegisterIsExportedAsItIsShown) {
   Start();
   session_.Ledger().FindOrCreatePayee("Corner Shop");

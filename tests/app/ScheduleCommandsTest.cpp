@@ -18,9 +18,7 @@ namespace {
 class ScheduleCommands : public DialogTest<WindowTest> {
  protected:
   void Start() {
-    OpenData(true);
-    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
-        "VALUES ('Purse',2,17,100,0)");
+    OpenPurse();
     ShowWindow();
     Trigger("mnuViewReminders");
     window_->activateWindow();
@@ -32,19 +30,7 @@ class ScheduleCommands : public DialogTest<WindowTest> {
   }
   // A monthly payment that begins so many months from today.
   std::int64_t AddSchedule(int months, double amount, AddToAccount add) {
-    clsCorvanta& ledger = session_.Ledger();
-    ScheduleRecord record;
-    record.accountId = 1;
-    record.categoryId = 2;
-    record.paymentId = ledger.FindOrCreatePayment("Bank");
-    record.payeeId = ledger.FindOrCreatePayee("Landlord");
-    for (const PeriodRecord& period : ledger.Periods()) {
-      if (period.period == "m") record.periodId = period.periodId;
-    }
-    record.amount = amount;
-    record.dateFrom = machine_.clock.Today().AddDays(30 * months);
-    record.addToAccount = add;
-    return ledger.SaveSchedule(record);
+    return AddRent(machine_.clock.Today().AddDays(30 * months), amount, add);
   }
   SortedTable& List() { return WindowTest::Find<SortedTable>("lvschedule"); }
   QTreeWidget& Reminders() { return WindowTest::Find<QTreeWidget>("tvReminders"); }

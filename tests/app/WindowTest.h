@@ -34,6 +34,28 @@ class WindowTest : public testing::Test {
     PutDataFile(machine_, empty ? StoreContent::Default : StoreContent::Sample);
     ASSERT_TRUE(session_.Open(true));
   }
+  // A data file with one account of 100 pounds.
+  void OpenPurse() {
+    OpenData(true);
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Purse',2,17,100,0)");
+  }
+  // A monthly payment of the first account; returns its key.
+  std::int64_t AddRent(Date from, double amount, AddToAccount add) {
+    clsCorvanta& ledger = session_.Ledger();
+    ScheduleRecord record;
+    record.accountId = 1;
+    record.categoryId = 2;
+    record.paymentId = ledger.FindOrCreatePayment("Bank");
+    record.payeeId = ledger.FindOrCreatePayee("Landlord");
+    for (const PeriodRecord& period : ledger.Periods()) {
+      if (period.period == "m") record.periodId = period.periodId;
+    }
+    record.amount = amount;
+    record.dateFrom = from;
+    record.addToAccount = add;
+    return ledger.SaveSchedule(record);
+  }
   void Run(const std::string& sql) { session_.Ledger().Store().Execute(sql); }
 
   FrmMain& ShowWindow() {

@@ -1,6 +1,7 @@
 # cmake -DSOURCES=<folder with the layout of src/> -P CheckLayers.cmake
 # Fails, naming file and line, on an include that goes against the direction of the layers, on a
-# window's header in the engine, and on a Qt header outside the windows.
+# window's header in the engine, on a Qt header outside the windows, and on a window that does not
+# end quietly.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -70,6 +71,10 @@ function(check_file path)
         message(SEND_ERROR "  ${relative} includes ${header}: ${fault}")
       endif()
     endif()
+  endforeach()
+  file(STRINGS "${path}" windows REGEX "public Q(Dialog|MainWindow) ")
+  foreach(line IN LISTS windows)
+    message(SEND_ERROR "  ${relative}: ${line}\n  a window derives from QuietEnd")
   endforeach()
 endfunction()
 

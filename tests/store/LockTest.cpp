@@ -31,7 +31,8 @@ TEST(Lock, SecondWriterIsToldWhoHoldsIt) {
   std::string text;
   EXPECT_EQ(RefusalOf(path, &text), StoreErrorCode::Locked);
   EXPECT_EQ(text, "The data file is in use by the Corvanta window (process " +
-                      std::to_string(::getpid()) + "). Close it there and try again.");
+                      std::to_string(::getpid()) +
+                      "). Nothing was changed. Close it there and try again.");
   lock.reset();
   EXPECT_FALSE(FileExists(folder.Path(".home.dat.lock")));
   EXPECT_NE(WriterLock::Acquire(path, "the next"), nullptr);

@@ -2,6 +2,7 @@
 
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
+#include "store/FailureText.h"
 #include "store/engine/Encryption.h"
 #include "store/jet/Functions.h"
 
@@ -39,18 +40,18 @@ bool LooksEnciphered(const Beginning& beginning) {
   return beginning.size == kPageSize && seen.count() > 200;
 }
 
-[[noreturn]] void Refuse(StoreErrorCode code, const std::string& text, const std::string& path) {
-  throw StoreError(code, path + "\n" + text, {}, path);
+// `happened` is the sentence that the words for the code follow.
+[[noreturn]] void Refuse(StoreErrorCode code, const std::string& happened,
+                         const std::string& path) {
+  throw StoreError(code, path + "\n" + FailureText(code, happened), {}, path);
 }
 
 void CheckBefore(const std::string& path) {
   if (!FileExists(path)) {
-    Refuse(StoreErrorCode::Missing, "This data file does not exist. Check the path.", path);
+    Refuse(StoreErrorCode::Missing, "This data file does not exist.", path);
   }
   if (IsReadOnly(path)) {
-    Refuse(StoreErrorCode::ReadOnly,
-           "This data file is read-only. Allow writing to it and to its folder, then try again.",
-           path);
+    Refuse(StoreErrorCode::ReadOnly, "This data file is read-only.", path);
   }
 }
 
@@ -61,17 +62,13 @@ void CheckBefore(const std::string& path) {
   const auto& salt = key.Salt();
   if (beginning.size >= salt.size() &&
       std::equal(salt.begin(), salt.end(), beginning.bytes.begin())) {
-    Refuse(StoreErrorCode::Damaged,
-           "This data file is damaged at its beginning. Restore it from your latest backup.", path);
+    Refuse(StoreErrorCode::Damaged, "This data file is damaged at its beginning.", path);
   }
   if (!LooksEnciphered(beginning)) {
-    Refuse(StoreErrorCode::NotADataFile,
-           "This file is no data file. Choose the file that holds your accounts.", path);
+    Refuse(StoreErrorCode::NotADataFile, "This file is no data file.", path);
   }
   Refuse(StoreErrorCode::OtherInstallation,
-         "This data file belongs to another installation (or is no data file at all). Use its "
-         "transfer file or its recovery key to open it here.",
-         path);
+         "This data file belongs to another installation (or is no data file at all).", path);
 }
 
 // The library would let every user of the machine read the new file.
@@ -107,8 +104,7 @@ void CheckLength(sqlite3* database, const std::string& path) {
   struct stat status {};
   const std::int64_t pages = QueryNumber(database, "PRAGMA page_count", path);
   if (stat(path.c_str(), &status) != 0 || status.st_size >= pages * kPageSize) return;
-  Refuse(StoreErrorCode::Damaged,
-         "This data file ends too early. Restore it from your latest backup.", path);
+  Refuse(StoreErrorCode::Damaged, "This data file ends too early.", path);
 }
 
 }  // namespace
@@ -119,9 +115,7 @@ DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
   struct stat status {};
   if (stat(source.path.c_str(), &status) == 0 && status.st_size < kPageSize) {
     Refuse(status.st_size == 0 ? StoreErrorCode::Damaged : StoreErrorCode::NotADataFile,
-           status.st_size == 0
-               ? "This data file is empty. Restore it from your latest backup."
-               : "This file is no data file. Choose the file that holds your accounts.",
+           status.st_size == 0 ? "This data file is empty." : "This file is no data file.",
            source.path);
   }
   DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
@@ -142,7 +136,11 @@ DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
 
 DatabaseHandle CreateFile(const DataSource& source, const Clock& clock) {
   if (FileExists(source.path)) {
-    Refuse(StoreErrorCode::Sql, "A file stands here already; it is not written over.", source.path);
+    throw StoreError(StoreErrorCode::Sql,
+                     source.path +
+                         "\nA file stands here already. It is not written over. Choose "
+                         "another name.",
+                     {}, source.path);
   }
   MakeOwnerOnly(source.path);
   DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);

@@ -1,5 +1,7 @@
 #include "store/engine/Sqlite.h"
 
+#include "store/FailureText.h"
+
 #include <sqlcipher/sqlite3.h>
 
 namespace corvanta {
@@ -36,47 +38,49 @@ std::string RefusalOf(const std::string& libraryMessage) {
   return libraryMessage;
 }
 
-Meaning MeaningOf(sqlite3* database, int result) {
-  const std::string text = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(result);
+StoreErrorCode CodeOf(int result, bool isBareText) {
   switch (result & 0xff) {
     case SQLITE_CONSTRAINT:
-      return {StoreErrorCode::Constraint, RefusalOf(text)};
     case SQLITE_TOOBIG:
     case SQLITE_MISMATCH:
-      return {StoreErrorCode::Constraint, text};
+      return StoreErrorCode::Constraint;
     case SQLITE_FULL:
-      return {StoreErrorCode::DiskFull,
-              "The disk is full. Nothing was changed; make room and try again."};
+      return StoreErrorCode::DiskFull;
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-      return {StoreErrorCode::Locked,
-              "Another program is using the data file. Close it there and try again."};
+      return StoreErrorCode::Locked;
     case SQLITE_READONLY:
     case SQLITE_PERM:
-      return {StoreErrorCode::ReadOnly,
-              "The data file cannot be written. Check its permissions and those of its folder."};
+      return StoreErrorCode::ReadOnly;
     case SQLITE_CORRUPT:
     case SQLITE_NOTADB:
-      return {StoreErrorCode::Damaged,
-              "The data file is damaged. Restore it from your latest backup."};
+      return StoreErrorCode::Damaged;
     case SQLITE_IOERR:
-      if (result == SQLITE_IOERR_SHORT_READ) {
-        return {StoreErrorCode::Damaged,
-                "The data file ends too early. Restore it from your latest backup."};
-      }
-      [[fallthrough]];
-    case SQLITE_CANTOPEN:
-      return {StoreErrorCode::Io, "The data file cannot be read or written (" + text +
-                                      "). Check the disk and the folder's permissions."};
+      return result == SQLITE_IOERR_SHORT_READ ? StoreErrorCode::Damaged : StoreErrorCode::Io;
     case SQLITE_ERROR:
       // A page that does not decrypt is reported with the bare text of the code.
-      if (text == sqlite3_errstr(SQLITE_ERROR)) {
-        return {StoreErrorCode::Damaged,
-                "The data file is damaged. Restore it from your latest backup."};
-      }
-      return {StoreErrorCode::Sql, text};
+      return isBareText ? StoreErrorCode::Damaged : StoreErrorCode::Sql;
     default:
-      return {StoreErrorCode::Io, text};
+      return StoreErrorCode::Io;
+  }
+}
+
+Meaning MeaningOf(sqlite3* database, int result) {
+  const std::string text = database != nullptr ? sqlite3_errmsg(database) : sqlite3_errstr(result);
+  const StoreErrorCode code = CodeOf(result, text == sqlite3_errstr(SQLITE_ERROR));
+  switch (code) {
+    case StoreErrorCode::Sql:
+      // Also of a statement that a person has written.
+      return {code, text};
+    case StoreErrorCode::Constraint:
+      return {code, FailureText(code, RefusalOf(text))};
+    case StoreErrorCode::Io:
+      return {code, FailureText(code, text)};
+    default:
+      if (result == SQLITE_IOERR_SHORT_READ) {
+        return {code, FailureText(code, "The data file ends too early.")};
+      }
+      return {code, FailureText(code)};
   }
 }
 

@@ -52,9 +52,9 @@ KeyRecovery::Answer KeyRecovery::Ask() {
         "The data file " + path_ +
             " is protected with the key of another installation. To open it here you need the "
             "transfer file or the recovery key that was saved there.",
-        {"Use its transfer file", "Type its recovery key", "Choose another data file", "Quit"});
+        {"Use its transfer file", "Type its recovery key", "Choose another data file"});
     if (chosen == kOther) return {Road::OtherFile, {}};
-    if (chosen != kTransfer && chosen != kTyped) return {Road::Quit, {}};
+    if (chosen != kTransfer && chosen != kTyped) return {Road::Back, {}};
     const std::optional<std::string> password =
         chosen == kTransfer ? FromTransferFile() : FromRecoveryKey();
     if (password.has_value() && Fits(*password)) return {Road::Key, *password};

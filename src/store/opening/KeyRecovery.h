@@ -18,9 +18,9 @@ struct Platform;
 // The way into a data file of another installation.
 class KeyRecovery {
  public:
-  enum class Road { Key, OtherFile, Quit };
+  enum class Road { Key, OtherFile, Back };
   struct Answer {
-    Road road = Road::Quit;
+    Road road = Road::Back;
     std::string password;  // opens the data file, when the road is Key
   };
 

@@ -20,6 +20,7 @@ namespace corvanta {
 namespace {
 
 constexpr const char* kTitle = "Open Data File";
+constexpr const char* kOtherFile = "Choose another data file";
 constexpr std::size_t kTransferLimit = 16U << 20U;
 
 std::optional<TransferFile> ReadTransferFile(const std::string& path) {
@@ -51,7 +52,8 @@ std::optional<DataFile> OpenSequence::Run(bool quiet) {
       file_ = {};
       outcome = OfferRoadOut(error);
     } catch (const PlatformError& error) {
-      Tell(error.what());
+      file_ = {};
+      outcome = OfferRetry(error.what());
     }
     if (outcome == Outcome::Opened) return std::move(file_);
     if (outcome == Outcome::Stop) return std::nullopt;
@@ -182,20 +184,28 @@ OpenSequence::Outcome OpenSequence::OfferRoadOut(const StoreError& error) {
     case StoreErrorCode::OtherInstallation: {
       const KeyRecovery::Answer answer = KeyRecovery(platform_, location_.Path()).Ask();
       if (answer.road == KeyRecovery::Road::OtherFile) return AskForOtherFile();
-      if (answer.road == KeyRecovery::Road::Quit) return Outcome::Stop;
+      if (answer.road == KeyRecovery::Road::Back) return Outcome::Stop;
       foundKey_ = answer.password;
       return Outcome::Again;
     }
     case StoreErrorCode::NotADataFile:
     case StoreErrorCode::Damaged: {
       const std::optional<std::size_t> chosen =
-          platform_.prompts.Choose(kTitle, refused, {"Choose another data file", "Quit"});
+          platform_.prompts.Choose(kTitle, refused, {kOtherFile});
       return chosen == 0U ? AskForOtherFile() : Outcome::Stop;
     }
     default:
-      Tell(refused);
-      return Outcome::Stop;
+      return OfferRetry(refused);
   }
+}
+
+// What stands in the way may be gone when the person has looked after it.
+OpenSequence::Outcome OpenSequence::OfferRetry(const std::string& reason) {
+  enum : std::size_t { kAgain, kOther };
+  const std::optional<std::size_t> chosen =
+      platform_.prompts.Choose(kTitle, reason, {"Try again", kOtherFile});
+  if (chosen == kOther) return AskForOtherFile();
+  return chosen == kAgain ? Outcome::Again : Outcome::Stop;
 }
 
 void OpenSequence::Tell(const std::string& text, bool isWarning) {

@@ -38,6 +38,7 @@ class OpenSequence {
   [[nodiscard]] Outcome AskToCreate();
   [[nodiscard]] Outcome AskForOtherFile();
   [[nodiscard]] Outcome OfferRoadOut(const StoreError& error);
+  [[nodiscard]] Outcome OfferRetry(const std::string& reason);
   void Tell(const std::string& text, bool isWarning = true);
 
   Platform& platform_;

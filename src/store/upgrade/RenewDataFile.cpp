@@ -5,7 +5,7 @@
 #include "platform/Progress.h"
 #include "store/Compact.h"
 #include "store/Connection.h"
-#include "store/StoreError.h"
+#include "store/FailureText.h"
 #include "store/opening/FileSteps.h"
 #include "store/schema/SchemaCheck.h"
 #include "store/upgrade/Balances.h"
@@ -23,10 +23,8 @@ Balances VerifiedBalances(const DataSource& source, const Clock& clock) {
   const std::unique_ptr<Connection> connection = Connection::Open(source, clock);
   const std::vector<std::string> problems = connection->Check();
   if (!problems.empty()) {
-    throw StoreError(
-        StoreErrorCode::Damaged,
-        "The data file is damaged (" + problems.front() + "). Restore it from your latest backup.",
-        {}, source.path);
+    throw StoreError(StoreErrorCode::Damaged,
+                     FailureText(StoreErrorCode::Damaged, problems.front()), {}, source.path);
   }
   return AccountBalances(*connection);
 }

@@ -1,0 +1,1 @@
+class FrmLoudEnd : public QDialog {};
