@@ -213,6 +213,7 @@ class FrmMain : public QuietEnd<QMainWindow> {
   void NoticeValidated(qint64 before, qint64 left);
   // Opens again what is in the settings and begins with its first view.
   bool Reopen(bool quiet);
+  void ChangePassword();
   void ShowRecoveryKey();
   void ShowTips();
   void ShowAbout();

@@ -83,6 +83,7 @@ void FrmMain::On(QAction* action, const std::function<void()>& command) {
 void FrmMain::ConnectCommands() {
   On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
   On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
+  On(actions_->mnuFilePassword, [this] { ChangePassword(); });
   On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
   On(actions_->mnuHelpTips, [this] { ShowTips(); });
   On(actions_->mnuHelpAbout, [this] { ShowAbout(); });
@@ -238,7 +239,13 @@ void FrmMain::NoticeValidated(qint64 before, qint64 left) {
   Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
 }
 
+void FrmMain::ChangePassword() {
+  if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
+}
+
 void FrmMain::ShowRecoveryKey() {
+  // It opens the file for whoever reads it: the one who left the window standing may be away.
+  if (!session_.IsOpen() || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
   FrmRecoveryKey dialog(platform_, this);
   dialog.exec();
 }

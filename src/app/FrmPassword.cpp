@@ -4,6 +4,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "ledger/LoginPassword.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
@@ -15,45 +16,52 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace corvanta {
 namespace {
 
+constexpr int kTextWidth = 48 * kRhythm;
+
 QString Explanation(FrmPassword::Mode mode, bool isNew) {
-  if (isNew) {
-    return FrmPassword::tr("No password is set yet. What you type now becomes the password.");
+  switch (mode) {
+    case FrmPassword::Mode::Delete:
+      return FrmPassword::tr("Type your password to go on with deleting.");
+    case FrmPassword::Mode::Reveal:
+      return FrmPassword::tr("Type your password to see the recovery key.");
+    case FrmPassword::Mode::Change:
+      return isNew ? FrmPassword::tr(
+                         "The window and the commands will ask for it before they show anything of "
+                         "this data file. Keep it in mind: nobody can tell it to you.")
+                   : FrmPassword::tr("Type the present password, and twice the new one.");
+    case FrmPassword::Mode::Login:
+      break;
   }
-  if (mode == FrmPassword::Mode::Login) {
-    return FrmPassword::tr("Type your password to open your accounts.");
-  }
-  return FrmPassword::tr("Type your password to go on with deleting.");
+  return isNew
+             ? FrmPassword::tr("No password is set yet. What you type now becomes the password.")
+             : FrmPassword::tr("Type your password to open your accounts.");
+}
+
+std::string Typed(const QLineEdit& field) {
+  return FromQt(field.text().trimmed());
 }
 
 }  // namespace
 
-FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, Check check, QWidget* parent)
+FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, PasswordActions actions,
+                         QWidget* parent)
     : QuietEnd(parent),
+      mode_(mode),
       platform_(platform),
-      check_(std::move(check)),
-      txtPassword_(new QLineEdit(this)),
-      chkShowPwd_(new QCheckBox(tr("&Show the password"), this)),
+      actions_(std::move(actions)),
+      chkShowPwd_(new QCheckBox(tr("Sho&w the password"), this)),
       chkEnableLogin_(new QCheckBox(tr("&Ask for the password at start"), this)) {
   setObjectName(QStringLiteral("FrmPassword"));
   setWindowTitle(tr("Password"));
-  txtPassword_->setObjectName(QStringLiteral("txtPassword"));
-  txtPassword_->setEchoMode(QLineEdit::Password);
-  txtPassword_->setMinimumWidth(30 * kRhythm);
-  chkShowPwd_->setObjectName(QStringLiteral("chkShowPwd"));
-  chkEnableLogin_->setObjectName(QStringLiteral("chkEnableLogin"));
-  chkEnableLogin_->setVisible(mode == Mode::Login);
-  chkEnableLogin_->setChecked(Settings(platform.registry).IsOn(Setting::Login));
-
   auto* explanation = new MutedLabel(this);
   explanation->setText(Explanation(mode, isNew));
-  auto* form = new QFormLayout;
-  form->setVerticalSpacing(kRhythm);
-  form->addRow(tr("&Password:"), txtPassword_);
-  form->addRow(QString(), chkShowPwd_);
-  form->addRow(QString(), chkEnableLogin_);
+  explanation->setWordWrap(true);
+  explanation->setMinimumWidth(kTextWidth);
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
   buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdAccept"));
   buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
@@ -61,32 +69,87 @@ FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, Check check,
   page->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
   page->setSpacing(2 * kRhythm);
   page->addWidget(explanation);
-  page->addLayout(form);
+  MakeFields(isNew);
   page->addWidget(buttons);
   page->setSizeConstraint(QLayout::SetFixedSize);
-
-  connect(chkShowPwd_, &QCheckBox::toggled, this, [this](bool show) {
-    txtPassword_->setEchoMode(show ? QLineEdit::Normal : QLineEdit::Password);
-  });
+  connect(chkShowPwd_, &QCheckBox::toggled, this, &FrmPassword::Show);
   connect(buttons, &QDialogButtonBox::accepted, this, &FrmPassword::Accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  txtPassword_->setFocus();
+  (txtPassword_ != nullptr ? txtPassword_ : txtNewPassword_)->setFocus();
+}
+
+void FrmPassword::MakeFields(bool isNew) {
+  auto* form = new QFormLayout;
+  form->setVerticalSpacing(kRhythm);
+  const bool setsOne = mode_ == Mode::Change || (mode_ == Mode::Login && isNew);
+  if (!isNew) {
+    txtPassword_ = new QLineEdit(this);
+    txtPassword_->setObjectName(QStringLiteral("txtPassword"));
+    AddField(*form, setsOne ? tr("&Present password:") : tr("&Password:"), txtPassword_);
+  }
+  if (setsOne) {
+    txtNewPassword_ = new QLineEdit(this);
+    txtNewPassword_->setObjectName(QStringLiteral("txtNewPassword"));
+    AddField(*form, isNew ? tr("&Password:") : tr("&New password:"), txtNewPassword_);
+    txtPasswordAgain_ = new QLineEdit(this);
+    txtPasswordAgain_->setObjectName(QStringLiteral("txtPasswordAgain"));
+    AddField(*form, tr("Once &more:"), txtPasswordAgain_);
+  }
+  chkShowPwd_->setObjectName(QStringLiteral("chkShowPwd"));
+  chkEnableLogin_->setObjectName(QStringLiteral("chkEnableLogin"));
+  chkEnableLogin_->setVisible(mode_ == Mode::Login || mode_ == Mode::Change);
+  chkEnableLogin_->setChecked(true);
+  form->addRow(QString(), chkShowPwd_);
+  form->addRow(QString(), chkEnableLogin_);
+  static_cast<QVBoxLayout*>(layout())->addLayout(form);
+  if (!setsOne) return;
+  connect(chkEnableLogin_, &QCheckBox::toggled, this, [this](bool asks) {
+    txtNewPassword_->setEnabled(asks);
+    txtPasswordAgain_->setEnabled(asks);
+  });
+}
+
+void FrmPassword::AddField(QFormLayout& form, const QString& label, QLineEdit* field) {
+  field->setEchoMode(QLineEdit::Password);
+  field->setMinimumWidth(30 * kRhythm);
+  form.addRow(label, field);
+}
+
+void FrmPassword::Show(bool show) {
+  for (QLineEdit* field : {txtPassword_, txtNewPassword_, txtPasswordAgain_}) {
+    if (field != nullptr) field->setEchoMode(show ? QLineEdit::Normal : QLineEdit::Password);
+  }
+}
+
+bool FrmPassword::IsWanted() const {
+  return chkEnableLogin_->isChecked();
 }
 
 void FrmPassword::Accept() {
-  bool isRight = false;
-  const bool checked = RunCommand(platform_.prompts, [&] {
-    isRight = check_(FromQt(txtPassword_->text().trimmed()));
-    if (isRight && chkEnableLogin_->isVisibleTo(this)) {
-      Settings(platform_.registry).SetOn(Setting::Login, chkEnableLogin_->isChecked());
-    }
-  });
-  if (isRight) return accept();
-  if (checked) {
-    platform_.prompts.Tell("Password warning", "Incorrect password entered", Icon::Information);
+  std::optional<Warning> warning;
+  if (!RunCommand(platform_.prompts, [&] { warning = Finish(); })) return;
+  if (!warning) return accept();
+  platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
+  if (auto* field = findChild<QLineEdit*>(ToQt(warning->field))) {
+    field->selectAll();
+    field->setFocus();
   }
-  txtPassword_->selectAll();
-  txtPassword_->setFocus();
+}
+
+std::optional<Warning> FrmPassword::Finish() {
+  if (txtPassword_ != nullptr && !actions_.matches(Typed(*txtPassword_))) {
+    return Warning{kPasswordWarning, kWrongPassword, "txtPassword"};
+  }
+  if (mode_ != Mode::Login && mode_ != Mode::Change) return std::nullopt;
+  if (IsWanted() && txtNewPassword_ != nullptr) {
+    const std::string typed = Typed(*txtNewPassword_);
+    if (auto warning = CheckNewPassword(typed, Typed(*txtPasswordAgain_))) return warning;
+    actions_.set(typed);
+  } else if (!IsWanted()) {
+    actions_.set({});
+  }
+  Settings(platform_.registry).SetOn(Setting::Login, IsWanted());
+  return std::nullopt;
 }
 
 }  // namespace corvanta

@@ -8,7 +8,7 @@ namespace corvanta {
 
 LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
                              const std::string& dataPath)
-    : opener_(opener), platform_(platform), isFixed_(!dataPath.empty()), path_(dataPath) {
+    : opener_(opener), platform_(platform), login_(platform), isFixed_(!dataPath.empty()), path_(dataPath) {
   if (isFixed_) opener_.SetDataPath(dataPath);
 }
 
@@ -30,7 +30,9 @@ void LedgerSession::Unchoose() {
 
 bool LedgerSession::Open(bool quiet) {
   Close();
+  if (!login_.PassBefore(opener_)) return false;
   file_ = opener_.Open(quiet);
+  if (file_ && !login_.Pass(*file_->connection)) file_.reset();
   if (file_) {
     ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
     rates_ = std::make_unique<WebRates>(*file_->connection, platform_);

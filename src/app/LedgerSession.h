@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/Login.h"
 #include "ledger/RateSource.h"
 #include "ledger/SchedulePosting.h"
 #include "ledger/clsCorvanta.h"
@@ -22,8 +23,9 @@ class LedgerSession {
   // A data path that is not empty stands for the one of the settings in this run.
   LedgerSession(DataFileOpener& opener, Platform& platform, const std::string& dataPath);
 
-  // Closes what is open and runs the open-data-file operation; false when no file was opened (the
-  // person has been told why).
+  // Closes what is open, asks for the password of the file to be opened and runs the open-data-file
+  // operation; false when no file was opened (the person has been told why, or turned back at the
+  // password).
   bool Open(bool quiet);
   void Close();
 
@@ -47,10 +49,12 @@ class LedgerSession {
   // The open file's path; empty while closed.
   [[nodiscard]] std::string Path() const;
   [[nodiscard]] DataFileOpener& Opener() const { return opener_; }
+  [[nodiscard]] Login& Passwords() { return login_; }
 
  private:
   DataFileOpener& opener_;
   Platform& platform_;
+  Login login_;
   bool isFixed_;        // the path was given for this run
   std::string path_;    // where it was
   std::string former_;  // what was chosen before

@@ -28,6 +28,7 @@ class MainActions : public QObject {
 
   QAction* mnuFileOpen;
   QAction* mnuFileValidate;
+  QAction* mnuFilePassword;
   QAction* mnuFileKey;
   QAction* mnuFileImport;
   QAction* mnuFileExport;

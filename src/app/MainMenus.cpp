@@ -16,7 +16,7 @@ QMenu* MainActions::AddMenu(QMenuBar& menus, const char* name, const QString& te
 
 void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
-  file->addActions({mnuFileOpen, mnuFileValidate, mnuFileKey});
+  file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFileKey});
   file->addSeparator();
   file->addActions({mnuFileImport, mnuFileExport});
   file->addSeparator();

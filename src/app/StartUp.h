@@ -24,10 +24,6 @@ class StartUp {
   bool Run();
 
  private:
-  // The login before the file is touched; nullopt when the file cannot be looked into yet.
-  std::optional<bool> LoginBeforeOpening();
-  bool LoginAfterOpening();
-
   QtPrompts prompts_;
   QtProgress progress_;
   SystemPlatform platform_;

@@ -20,6 +20,7 @@
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
 #include "cli/PayeeCommand.h"
+#include "cli/PasswordCommand.h"
 #include "cli/PaymentCommand.h"
 #include "cli/PostCommand.h"
 #include "cli/RateCommand.h"
@@ -161,6 +162,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<SqlCommand>());
   add(std::make_unique<SettingsCommand>());
   add(std::make_unique<KeyCommand>());
+  add(std::make_unique<PasswordCommand>());
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());

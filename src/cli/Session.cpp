@@ -5,23 +5,17 @@
 #include "ledger/LoginPassword.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"
-#include "platform/Settings.h"
 #include "store/StoreError.h"
 
 #include <ostream>
 
 namespace corvanta {
-namespace {
-
-constexpr const char* kPasswordTitle = "Password warning";
-
-}  // namespace
-
 Session::Session(Platform& platform, const GlobalOptions& options, const std::string& command,
                  std::ostream& out, std::ostream& messages)
     : platform_(platform),
       options_(options),
       opener_(platform, "corvanta-cli " + command),
+      gate_(platform.registry),
       out_(out),
       messages_(messages) {
   if (options.data) opener_.SetDataPath(*options.data);
@@ -31,37 +25,28 @@ std::optional<DataFile> Session::Open(Access access) {
   // The password is asked before the lock is taken: a person thinking must not hold up a window.
   if (access == Access::Write && !PassLogin()) return std::nullopt;
   DataFile file = opener_.OpenExisting(access == Access::Write);
-  if (access == Access::Read && IsLoginOn() && !CheckPassword(*file.connection)) {
-    return std::nullopt;
-  }
+  if (!Admits(*file.connection)) return std::nullopt;
   return file;
 }
 
 bool Session::PassLogin() {
-  if (!IsLoginOn()) return true;
   try {
     const DataFile file = opener_.OpenExisting(false);
-    return CheckPassword(*file.connection);
-  } catch (const StoreError& error) {
-    if (error.Code() == StoreErrorCode::Missing) return true;
-    throw;
+    return Admits(*file.connection);
+  } catch (const StoreError&) {
+    return true;
   }
 }
 
-bool Session::IsLoginOn() const {
-  return Settings(platform_.registry).IsOn(Setting::Login);
-}
-
-bool Session::CheckPassword(Connection& connection) {
-  LoginPassword login(connection);
-  if (!login.IsSet()) return true;
+bool Session::Admits(Connection& file) {
+  if (!gate_.Asks(file)) return true;
   try {
     const std::optional<std::string> typed =
         platform_.prompts.AskText("Password", "Enter the password of this data file:", true);
-    if (typed && login.Accept(*typed)) return true;
-    Tell(kPasswordTitle, "Incorrect password entered");
+    if (typed && gate_.Admit(file, *typed)) return true;
+    Tell(kPasswordWarning, kWrongPassword);
   } catch (const PromptRefused&) {
-    Tell(kPasswordTitle, "There is no terminal to type it at. Hand it over with --password-fd.");
+    Tell(kPasswordWarning, "There is no terminal to type it at. Hand it over with --password-fd.");
   }
   return false;
 }

@@ -2,6 +2,7 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/GlobalOptions.h"
+#include "ledger/LoginGate.h"
 #include "store/OpenDataFile.h"
 
 #include <iosfwd>
@@ -26,9 +27,13 @@ class Session {
   // The open data file; nullopt when the login was refused, which has then been told. Throws
   // StoreError and PlatformError.
   [[nodiscard]] std::optional<DataFile> Open(Access access);
-  // False when login is on and its password was not given (told already). Reads the data file only
-  // when login is on; a file that is missing guards nothing. Throws as Open does.
+  // Lets the person in before a command works on the file as a whole: false when the file asks for
+  // its password and it was not given (told already). A file that cannot be looked into now is let
+  // pass, for the command to say why: what it opens after all goes through Admits.
   [[nodiscard]] bool PassLogin();
+  // False, and told, when the open file asks for a password that has not been given yet. Nothing of
+  // a file may be shown or changed before. Throws StoreError.
+  [[nodiscard]] bool Admits(Connection& file);
 
   // Writes data in the form that was asked for.
   void Print(const OutputTable& table);
@@ -43,12 +48,10 @@ class Session {
   [[nodiscard]] std::ostream& Out() { return out_; }
 
  private:
-  [[nodiscard]] bool IsLoginOn() const;
-  [[nodiscard]] bool CheckPassword(Connection& connection);
-
   Platform& platform_;
   const GlobalOptions& options_;
   DataFileOpener opener_;
+  LoginGate gate_;
   std::ostream& out_;
   std::ostream& messages_;
 };

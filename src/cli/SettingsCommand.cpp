@@ -13,7 +13,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <filesystem>
 #include <ostream>
 
@@ -76,6 +75,15 @@ std::string AllowedValues(const SettingInfo& info) {
   return choices;
 }
 
+// A data file of an earlier version goes by this setting until it is opened again, and who switches
+// it off here need not know the password.
+constexpr const char* kLoginStays =
+    "Login is switched off with the password of the data file: corvanta-cli password off";
+
+bool IsLoginOn(Session& session) {
+  return Settings(session.Machine().registry).IsOn(Setting::Login);
+}
+
 // A path is looked up from wherever the program is started next.
 std::string Absolute(const std::string& path) {
   return path.empty() ? path : std::filesystem::absolute(path).lexically_normal().string();
@@ -134,8 +142,9 @@ ExitStatus SettingsCommand::Write(Session& session) const {
                                         "\". It is " + AllowedValues(*info) + ".");
     }
     text = info->setting == Setting::DBPath ? Absolute(*normal) : *normal;
-    // Otherwise the login could be passed by switching it off first.
-    if (info->setting == Setting::Login && !session.PassLogin()) return ExitStatus::Refused;
+    if (info->setting == Setting::Login && text == "0" && IsLoginOn(session)) {
+      return session.Refuse(kTitle, kLoginStays);
+    }
   } else if (IsPreferences() && !EqualFolded(name_, kReindex) && !InForce(session, name_)) {
     return RefuseName(session);
   }
@@ -164,9 +173,8 @@ std::vector<std::string> SettingsCommand::Names(Session& session) const {
     for (const SettingInfo& info : AllSettings()) names.emplace_back(info.name);
   }
   for (std::string& name : session.Machine().registry.ValueNames(Hive::CurrentUser, Key())) {
-    const bool isKnown = std::ranges::any_of(
-        names, [&](const std::string& known) { return EqualFolded(known, name); });
-    if (!isKnown) names.push_back(std::move(name));
+    const bool isListed = IsPreferences() && FindSetting(name) != nullptr;
+    if (!isListed) names.push_back(std::move(name));
   }
   return names;
 }

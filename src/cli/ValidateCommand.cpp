@@ -13,6 +13,7 @@ CLI::App* ValidateCommand::Declare(CLI::App& parser) {
 ExitStatus ValidateCommand::Run(Session& session) {
   if (!session.PassLogin()) return ExitStatus::Refused;
   const DataFile file = session.Opener().Validate();
+  if (!session.Admits(*file.connection)) return ExitStatus::Refused;
   session.Tell("Validate Data Files", "The data file is sound: " + file.connection->Path());
   return ExitStatus::Done;
 }

@@ -1,6 +1,7 @@
 #include "ledger/LoginPassword.h"
 
 #include "platform/TextCase.h"
+#include "store/Catalog.h"
 #include "store/Connection.h"
 #include "store/SqlText.h"
 #include "store/StoreError.h"
@@ -9,13 +10,15 @@
 
 #include <array>
 #include <cstring>
-#include <optional>
 
 namespace corvanta {
 namespace {
 
-// The column holds 50 characters: this mark and 48 of base64, which are a salt and a short hash.
-constexpr std::string_view kMark = "1$";
+// The column holds 50 characters: a mark and 48 of base64, which are a salt and a short hash. The
+// mark says whether the file itself wants to be asked for it; before it did, a setting decided.
+constexpr std::string_view kAskedMark = "2$";
+constexpr std::string_view kFormerMark = "1$";
+constexpr std::size_t kMarkSize = kAskedMark.size();
 constexpr std::size_t kHashSize = 20;
 constexpr std::size_t kPackedSize = crypto_pwhash_SALTBYTES + kHashSize;
 constexpr int kBase64 = sodium_base64_VARIANT_ORIGINAL;
@@ -46,10 +49,11 @@ void StartSodium() {
 }
 
 std::optional<Packed> Unpack(std::string_view stored) {
-  if (stored.size() != kMark.size() + kTextSize || !stored.starts_with(kMark)) return std::nullopt;
+  const bool isMarked = stored.starts_with(kAskedMark) || stored.starts_with(kFormerMark);
+  if (stored.size() != kMarkSize + kTextSize || !isMarked) return std::nullopt;
   Packed packed;
   std::size_t size = 0;
-  stored.remove_prefix(kMark.size());
+  stored.remove_prefix(kMarkSize);
   const int result = sodium_base642bin(packed.data(), packed.size(), stored.data(), stored.size(),
                                        nullptr, &size, nullptr, kBase64);
   if (result != 0 || size != packed.size()) return std::nullopt;
@@ -63,7 +67,7 @@ std::string HashedText(std::string_view password) {
   FillHash(packed, password);
   std::array<char, kTextSize + 1> text{};
   sodium_bin2base64(text.data(), text.size(), packed.data(), packed.size(), kBase64);
-  return std::string(kMark) + text.data();
+  return std::string(kAskedMark) + text.data();
 }
 
 bool HashMatches(const Packed& stored, std::string_view password) {
@@ -75,8 +79,33 @@ bool HashMatches(const Packed& stored, std::string_view password) {
 
 }  // namespace
 
+std::optional<Warning> CheckNewPassword(std::string_view typed, std::string_view again) {
+  if (Trim(typed).empty()) {
+    return Warning{kPasswordWarning, "You need to enter a Password", "txtNewPassword"};
+  }
+  if (Trim(typed) != Trim(again)) {
+    return Warning{kPasswordWarning, "The two passwords are not the same. Please type them again",
+                   "txtPasswordAgain"};
+  }
+  return std::nullopt;
+}
+
 bool LoginPassword::IsSet() {
   return !Stored().empty();
+}
+
+bool LoginPassword::IsAsked() {
+  return Stored().starts_with(kAskedMark);
+}
+
+void LoginPassword::AskFromNowOn() {
+  const std::string stored = Stored();
+  if (stored.empty() || IsAsked()) return;
+  if (Unpack(stored)) {
+    Store(std::string(kAskedMark) + stored.substr(kMarkSize));
+  } else {
+    Set(stored);
+  }
 }
 
 bool LoginPassword::Matches(std::string_view typed) {
@@ -99,6 +128,9 @@ void LoginPassword::Set(std::string_view password) {
 }
 
 std::string LoginPassword::Stored() {
+  // Reading commands open a file without repairing it: an old one may lack the column.
+  const TableDef* table = connection_.Table("tblVerification");
+  if (table == nullptr || table->Column("Password") == nullptr) return {};
   return connection_.QueryValue("Select [Password] from tblVerification").Text();
 }
 

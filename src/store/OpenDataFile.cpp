@@ -118,7 +118,8 @@ DataFile DataFileOpener::Validate() {
   return file;
 }
 
-DataFile DataFileOpener::UseKey(const std::string& keyOrPath) {
+DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
+                                const std::function<bool(Connection&)>& admits) {
   const DataFileLocation location = Location();
   RequireDataFile(location);
   const std::string oldPassword = KeyPassword(keyOrPath, location.Path());
@@ -128,6 +129,9 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath) {
                      "This key does not open the data file " + location.Path() +
                          ". The file is as it was. Use the key of the installation that wrote it.",
                      {}, location.Path());
+  }
+  if (admits && !admits(*Connection::Open({location.Path(), oldPassword, {}}, platform_.clock))) {
+    return {};
   }
   const std::string password = InstallationPassword(platform_);
   if (oldPassword != password) {

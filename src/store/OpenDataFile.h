@@ -4,6 +4,7 @@
 #include "store/DataFileLocation.h"
 #include "store/WriterLock.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -45,7 +46,10 @@ class DataFileOpener {
   // Opens a data file of another installation with its key, the text of a recovery key or the path
   // of a transfer file or saved key, and protects it with this installation's password. Throws
   // StoreError(OtherInstallation) when the key does not fit; the file is then as it was.
-  [[nodiscard]] DataFile UseKey(const std::string& keyOrPath);
+  // `admits` is asked, where there is one, before anything is changed; when it says no, nothing is
+  // opened and the result is empty.
+  [[nodiscard]] DataFile UseKey(const std::string& keyOrPath,
+                                const std::function<bool(Connection&)>& admits = {});
 
   // Where the data file is looked for. Throws StoreError(Missing) without a DBPath.
   [[nodiscard]] DataFileLocation Location() const;

@@ -1,6 +1,12 @@
+#include "app/FrmPassword.h"
+#include "app/FrmRecoveryKey.h"
 #include "app/WindowTest.h"
 #include "controls/ListTable.h"
+#include "ledger/LoginPassword.h"
 #include "platform/Files.h"
+
+#include <QLineEdit>
+#include <QTimer>
 
 #include <filesystem>
 
@@ -14,6 +20,27 @@ constexpr const char* kValidateText =
 
 class DataFileCommands : public WindowTest {
  protected:
+  ~DataFileCommands() override { watch_.stop(); }
+
+  // Types this at every password dialog that comes up, and counts them; empty turns back. Whatever
+  // else comes up is counted and closed.
+  void AtPassword(const QString& text) {
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this, text] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) return;
+      const bool isPassword = qobject_cast<FrmPassword*>(dialog) != nullptr;
+      ++(isPassword ? asked_ : others_);
+      if (!isPassword || text.isEmpty()) return dialog->reject();
+      for (auto* field : dialog->findChildren<QLineEdit*>()) QTest::keyClicks(field, text);
+      QTest::keyClick(dialog, Qt::Key_Return);
+    });
+    watch_.start(1);
+  }
+
+  QTimer watch_;
+  int asked_ = 0;
+  int others_ = 0;
+
   int Rows() { return Find<ListTable>("lvbank").model()->rowCount(); }
 };
 
@@ -79,6 +106,56 @@ TEST_F(DataFileCommands, AFileThatCannotBeUsedLeavesTheFormerOneOpen) {
   EXPECT_EQ(Setting("DBPath"), DataFolder());
   EXPECT_EQ(Rows(), rows);
   EXPECT_EQ(ReadFile(path), "Dear bank, ");
+}
+
+TEST_F(DataFileCommands, AnotherFileAsksForItsPasswordOnce) {
+  OpenData();
+  const std::string other = machine_.folder.Path("other");
+  {
+    DataFileOpener second(machine_.Get(), "a test");
+    second.SetDataPath(other);
+    const DataFile made = second.CreateNew(true);
+    LoginPassword(*made.connection).Set("theirs");
+  }
+  ShowWindow();
+  const std::string path = other + "/Corvanta.dat";
+  AtPassword({});
+  machine_.prompts.ExpectOpenFile("Select File to Open", path);
+  Trigger("mnuFileOpen");
+  EXPECT_EQ(session_.Path(), DataFilePath()) << "turned back at the password";
+  EXPECT_EQ(asked_, 1);
+  watch_.disconnect();
+  AtPassword("theirs");
+  machine_.prompts.ExpectOpenFile("Select File to Open", path);
+  Trigger("mnuFileOpen");
+  EXPECT_EQ(session_.Path(), path);
+  machine_.prompts.ExpectAsk(kValidateTitle, kValidateText, true);
+  Trigger("mnuFileValidate");
+  EXPECT_EQ(session_.Path(), path);
+  EXPECT_EQ(asked_, 2);
+}
+
+TEST_F(DataFileCommands, ThePasswordStandsBeforeTheRecoveryKey) {
+  OpenData();
+  ShowWindow();
+  AtPassword("secret");
+  Trigger("mnuFilePassword");
+  EXPECT_TRUE(LoginPassword(session_.Ledger().Store()).Matches("secret"));
+  EXPECT_TRUE(LoginPassword(session_.Ledger().Store()).IsAsked());
+  Trigger("mnuFileKey");
+  EXPECT_EQ(asked_, 2);
+  EXPECT_EQ(others_, 1) << "the key is shown";
+  watch_.disconnect();
+  AtPassword({});
+  Trigger("mnuFileKey");
+  EXPECT_EQ(others_, 1) << "and is not, without the password";
+}
+
+TEST_F(DataFileCommands, NoSecretIsShownOfAFileThatIsNotOpen) {
+  PutDataFile(machine_);
+  ShowWindow();
+  EXPECT_FALSE(Find<QAction>("mnuFileKey").isEnabled());
+  EXPECT_FALSE(Find<QAction>("mnuFilePassword").isEnabled());
 }
 
 TEST_F(DataFileCommands, CancellingOpenKeepsEverything) {

@@ -31,13 +31,21 @@ class Dialogs : public testing::Test {
   [[nodiscard]] std::string Setting(std::string_view name) const {
     return machine_.registry.Read(Hive::CurrentUser, kSettingsKey, name).value_or("(none)");
   }
-  static bool IsRight(const std::string& typed) { return typed == "open sesame"; }
+  // The password is "open sesame"; what is set is kept.
+  PasswordActions Actions() {
+    return {[](const std::string& typed) { return typed == "open sesame"; },
+            [this](const std::string& text) { set_ = text; }};
+  }
+  static void Type(FrmPassword& dialog, const char* field, const char* text) {
+    QTest::keyClicks(&Find<QLineEdit>(dialog, field), QLatin1String(text));
+  }
 
   TestPlatform machine_;
+  std::string set_ = "(none)";
 };
 
 TEST_F(Dialogs, AWrongPasswordIsToldAndTheDialogStays) {
-  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), IsRight, nullptr);
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
   auto& typed = Find<QLineEdit>(dialog, "txtPassword");
   EXPECT_EQ(dialog.windowTitle(), "Password");
@@ -53,7 +61,7 @@ TEST_F(Dialogs, AWrongPasswordIsToldAndTheDialogStays) {
 
 TEST_F(Dialogs, TheRightPasswordGoesOnAndKeepsTheLoginChoice) {
   machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Login", "1");
-  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), IsRight, nullptr);
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
   auto& login = Find<QCheckBox>(dialog, "chkEnableLogin");
   EXPECT_TRUE(login.isChecked());
@@ -62,10 +70,57 @@ TEST_F(Dialogs, TheRightPasswordGoesOnAndKeepsTheLoginChoice) {
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdAccept"), Qt::LeftButton);
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
   EXPECT_EQ(Setting("Login"), "0");
+  EXPECT_EQ(set_, "") << "the file must not ask for it any more";
+}
+
+TEST_F(Dialogs, TheFileDecidesWhetherItAsksAndNotTheSetting) {
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Login", "0");
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), Actions(), nullptr);
+  dialog.show();
+  Type(dialog, "txtPassword", "open sesame");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(set_, "(none)");
+}
+
+TEST_F(Dialogs, ANewPasswordIsTypedTwice) {
+  FrmPassword dialog(FrmPassword::Mode::Change, false, machine_.Get(), Actions(), nullptr);
+  dialog.show();
+  Type(dialog, "txtPassword", "open");
+  Type(dialog, "txtNewPassword", "new one");
+  Type(dialog, "txtPasswordAgain", "new on");
+  machine_.prompts.ExpectTell("Password warning", "Incorrect password entered");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(Find<QLineEdit>(dialog, "txtPassword").selectedText(), "open");
+  Type(dialog, "txtPassword", "open sesame");
+  machine_.prompts.ExpectTell("Password warning",
+                              "The two passwords are not the same. Please type them again");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(set_, "(none)");
+  EXPECT_TRUE(dialog.isVisible());
+  Type(dialog, "txtPasswordAgain", "new one");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(dialog.result(), QDialog::Accepted);
+  EXPECT_EQ(set_, "new one");
+  EXPECT_EQ(Setting("Login"), "1");
+}
+
+TEST_F(Dialogs, ThePasswordIsSwitchedOffByWhoKnowsIt) {
+  FrmPassword dialog(FrmPassword::Mode::Change, false, machine_.Get(), Actions(), nullptr);
+  dialog.show();
+  Find<QCheckBox>(dialog, "chkEnableLogin").setChecked(false);
+  EXPECT_FALSE(Find<QLineEdit>(dialog, "txtNewPassword").isEnabled());
+  machine_.prompts.ExpectTell("Password warning", "Incorrect password entered");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(set_, "(none)");
+  Type(dialog, "txtPassword", "open sesame");
+  QTest::keyClick(&dialog, Qt::Key_Return);
+  EXPECT_EQ(set_, "");
+  EXPECT_EQ(Setting("Login"), "0");
 }
 
 TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
-  FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), IsRight, nullptr);
+  FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
   EXPECT_FALSE(Find<QCheckBox>(dialog, "chkEnableLogin").isVisible());
   auto& typed = Find<QLineEdit>(dialog, "txtPassword");

@@ -37,6 +37,13 @@ class Start : public testing::Test {
     LoginPassword(*file.connection).Set(password);
   }
 
+  void SetLogin(bool isOn) {
+    QtPrompts prompts;
+    QtProgress progress;
+    SystemPlatform platform({options_.profileFolder, options_.today, "en_GB"}, prompts, progress);
+    Settings(platform.Get().registry).SetOn(Setting::Login, isOn);
+  }
+
   // Does this to the password dialog when it comes up.
   void AtLogin(std::function<void(FrmPassword&)> act) {
     act_ = std::move(act);
@@ -92,10 +99,28 @@ TEST_F(Start, TurningBackAtTheLoginEndsIt) {
   EXPECT_EQ(MainWindow(), nullptr);
 }
 
+TEST_F(Start, TheSettingsCannotSwitchTheLoginOff) {
+  SetPassword("open sesame");
+  SetLogin(false);
+  AtLogin([](FrmPassword& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  StartUp start(options_);
+  EXPECT_FALSE(start.Run());
+  EXPECT_EQ(logins_, 1);
+}
+
+TEST_F(Start, WithoutAPasswordWhoTurnsBackGoesOnWithoutOne) {
+  SetPassword("");
+  AtLogin([](FrmPassword& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  StartUp start(options_);
+  EXPECT_TRUE(start.Run());
+  EXPECT_EQ(logins_, 1);
+}
+
 TEST_F(Start, WithoutAPasswordTheTypedTextBecomesIt) {
   SetPassword("");
   AtLogin([](FrmPassword& dialog) {
-    QTest::keyClicks(dialog.findChild<QLineEdit*>(), "new one");
+    QTest::keyClicks(dialog.findChild<QLineEdit*>("txtNewPassword"), "new one");
+    QTest::keyClicks(dialog.findChild<QLineEdit*>("txtPasswordAgain"), "new one");
     QTest::keyClick(&dialog, Qt::Key_Return);
   });
   {

@@ -1,5 +1,7 @@
 #include "ledger/LedgerTest.h"
+#include "ledger/LoginGate.h"
 #include "ledger/LoginPassword.h"
+#include "platform/Settings.h"
 
 namespace corvanta {
 namespace {
@@ -51,6 +53,40 @@ TEST_F(Login, ADamagedHashAcceptsNothing) {
   Run("UPDATE tblVerification SET [Password] = '" + damaged + "'");
   EXPECT_FALSE(password_.Accept("right"));
   EXPECT_FALSE(password_.Accept(""));
+}
+
+// A password of an earlier version, asked for by a setting, is the file's own from then on.
+TEST_F(Login, TheFileDecidesAndASettingCannotPassItBy) {
+  Settings settings(machine_.registry);
+  password_.Set("right");
+  const std::string former = "1$" + Stored().substr(2);
+  for (const std::string& kept : {former, std::string("right")}) {
+    Run("UPDATE tblVerification SET [Password] = '" + kept + "'");
+    settings.SetOn(Setting::Login, false);
+    EXPECT_FALSE(LoginGate(machine_.registry).Asks(Store())) << kept;
+    settings.SetOn(Setting::Login, true);
+    EXPECT_TRUE(LoginGate(machine_.registry).Asks(Store())) << kept;
+    settings.SetOn(Setting::Login, false);
+    LoginGate gate(machine_.registry);
+    EXPECT_TRUE(gate.Asks(Store())) << kept;
+    EXPECT_FALSE(gate.Admit(Store(), "wrong"));
+    EXPECT_TRUE(gate.Asks(Store()));
+    EXPECT_TRUE(gate.Admit(Store(), "right"));
+    EXPECT_FALSE(gate.Asks(Store())) << "asked once";
+    EXPECT_EQ(Stored().find("right"), std::string::npos);
+  }
+  password_.Set("another");
+  LoginGate gate(machine_.registry);
+  EXPECT_TRUE(gate.Asks(Store()));
+  password_.Set("");
+  settings.SetOn(Setting::Login, true);
+  EXPECT_FALSE(gate.Asks(Store()));
+}
+
+TEST_F(Login, AFileWithoutItsHousekeepingRowAsksForNothing) {
+  Run("DROP TABLE tblVerification");
+  EXPECT_FALSE(password_.IsSet());
+  EXPECT_FALSE(LoginGate(machine_.registry).Asks(Store()));
 }
 
 }  // namespace

@@ -2,11 +2,13 @@
 
 #include "platform/Files.h"
 #include "platform/Registry.h"
+#include "platform/SettingsTable.h"
 #include "platform/TextCase.h"
 #include "store/opening/clsCipher.h"
 
 #include <algorithm>
 #include <map>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -37,7 +39,10 @@ void WriteKey(const RegistryText& text, const std::string& section, const std::s
   std::map<std::string, std::string> values;
   for (const std::string& name : text.ValueNames(section)) {
     if (EqualFolded(name, "DBPath")) continue;
-    values[name] = text.Read(section, name).value_or("");
+    std::string value = text.Read(section, name).value_or("");
+    // The files that are here already may go by this setting: it is never switched off so.
+    if (EqualFolded(name, "Login") && !ReadCheck(value).value_or(false)) continue;
+    values[name] = std::move(value);
   }
   if (!values.empty()) registry.WriteAll(Hive::CurrentUser, key, values);
   for (const std::string& subKey : text.SubKeys(section)) {

@@ -1,0 +1,57 @@
+#include "app/Login.h"
+
+#include "ledger/LoginPassword.h"
+#include "platform/Platform.h"
+#include "platform/PlatformError.h"
+#include "platform/Settings.h"
+#include "store/OpenDataFile.h"
+#include "store/StoreError.h"
+
+#include <QApplication>
+
+namespace corvanta {
+
+Login::Login(Platform& platform) : platform_(platform), gate_(platform.registry) {}
+
+bool Login::PassBefore(DataFileOpener& opener) {
+  try {
+    const DataFile file = opener.OpenExisting(false);
+    return Pass(*file.connection);
+  } catch (const StoreError&) {
+    return true;  // opening will say what is wrong with the file, and find a way out
+  } catch (const PlatformError&) {
+    return true;
+  }
+}
+
+bool Login::Pass(Connection& file) {
+  return !gate_.Asks(file) || Show(FrmPassword::Mode::Login, file);
+}
+
+void Login::OfferFirst(Connection& file) {
+  const bool isWanted = Settings(platform_.registry).IsOn(Setting::Login);
+  if (isWanted && !LoginPassword(file).IsSet()) (void)Show(FrmPassword::Mode::Login, file);
+}
+
+bool Login::Confirm(Connection& file) {
+  return !LoginPassword(file).IsAsked() || Show(FrmPassword::Mode::Reveal, file);
+}
+
+bool Login::Change(Connection& file) {
+  return Show(FrmPassword::Mode::Change, file);
+}
+
+bool Login::Show(FrmPassword::Mode mode, Connection& file) {
+  LoginPassword password(file);
+  // One that nobody is asked for is set like a first one: its owner need not know it any more.
+  const bool isNew = mode == FrmPassword::Mode::Change ? !password.IsAsked() : !password.IsSet();
+  const PasswordActions actions{[&](const std::string& typed) { return gate_.Admit(file, typed); },
+                                [&](const std::string& text) {
+                                  password.Set(text);
+                                  gate_.Remember(file);
+                                }};
+  return FrmPassword(mode, isNew, platform_, actions, QApplication::activeWindow()).exec() ==
+         QDialog::Accepted;
+}
+
+}  // namespace corvanta

@@ -1,0 +1,89 @@
+#include "cli/PasswordCommand.h"
+
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "ledger/LoginPassword.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/Settings.h"
+
+#include <CLI/CLI.hpp>
+
+#include <ostream>
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Password";
+
+}  // namespace
+
+CLI::App* PasswordCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "password", "Whether the data file asks for a password; set, change or switch it off");
+  command->require_subcommand(0, 1);
+  set_ = command->add_subcommand("set", "Give the data file a password, which is asked for twice");
+  change_ = command->add_subcommand("change", "Give it another one, after the present one");
+  off_ = command->add_subcommand("off", "Ask for it no more, after it was given once again");
+  return command;
+}
+
+ExitStatus PasswordCommand::Run(Session& session) {
+  const bool writes = set_->parsed() || change_->parsed() || off_->parsed();
+  if (!writes) return Show(session);
+  const std::optional<DataFile> file = session.Open(Access::Write);
+  if (!file) return ExitStatus::Refused;
+  LoginPassword password(*file->connection);
+  if (set_->parsed() && password.IsAsked()) {
+    return session.Refuse(kTitle, "The data file has a password. \"password change\" changes it.");
+  }
+  if (!set_->parsed() && !password.IsSet()) {
+    return session.Refuse(kTitle, "The data file has no password. \"password set\" sets one.");
+  }
+  return off_->parsed() ? SwitchOff(password, session) : Set(password, session);
+}
+
+ExitStatus PasswordCommand::Show(Session& session) const {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  const char* state = LoginPassword(*file->connection).IsAsked() ? "on" : "off";
+  if (session.Options().format == "text") {
+    session.Out() << state << '\n';
+    return ExitStatus::Done;
+  }
+  OutputTable table({{"Password"}});
+  table.AddRow({state});
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+std::optional<std::string> PasswordCommand::AskNew(Session& session) {
+  Prompts& prompts = session.Machine().prompts;
+  const auto typed = prompts.AskText(kTitle, "Enter the new password:", true);
+  auto again = prompts.AskText(kTitle, "Enter it once more:", true);
+  // What a program hands over was not mistyped in the dark: once will do.
+  if (!again && session.Options().passwordFd) again = typed;
+  if (const auto warning = CheckNewPassword(typed.value_or(""), again.value_or(""))) {
+    session.Tell(warning->title, warning->text);
+    return std::nullopt;
+  }
+  return typed;
+}
+
+ExitStatus PasswordCommand::Set(LoginPassword& password, Session& session) const {
+  const std::optional<std::string> typed = AskNew(session);
+  if (!typed) return ExitStatus::Refused;
+  password.Set(*typed);
+  Settings(session.Machine().registry).SetOn(Setting::Login, true);
+  session.Tell(kTitle, "The data file asks for the new password from now on");
+  return ExitStatus::Done;
+}
+
+ExitStatus PasswordCommand::SwitchOff(LoginPassword& password, Session& session) const {
+  password.Set("");
+  Settings(session.Machine().registry).SetOn(Setting::Login, false);
+  session.Tell(kTitle, "The data file asks for no password any more");
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta

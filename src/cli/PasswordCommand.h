@@ -1,0 +1,31 @@
+#pragma once
+
+#include "cli/Command.h"
+
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+class LoginPassword;
+
+// password [set|change|off]: the password that the data file asks for.
+class PasswordCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  ExitStatus Show(Session& session) const;
+  ExitStatus Set(LoginPassword& password, Session& session) const;
+  ExitStatus SwitchOff(LoginPassword& password, Session& session) const;
+  // The new password, given twice where nobody saw what was typed; nullopt, told, when it will not
+  // do.
+  [[nodiscard]] static std::optional<std::string> AskNew(Session& session);
+
+  CLI::App* set_ = nullptr;
+  CLI::App* change_ = nullptr;
+  CLI::App* off_ = nullptr;
+};
+
+}  // namespace corvanta
