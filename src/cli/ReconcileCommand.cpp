@@ -5,7 +5,6 @@
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
 #include "ledger/clsCorvanta.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 
@@ -91,7 +90,7 @@ ExitStatus ReconcileCommand::Run(Session& session) {
   if (!Choose(balancing, session)) return ExitStatus::Refused;
 
   Print(*account, balancing.Totals(), session);
-  if (!IsBalanced(balancing.Totals(), session)) return ExitStatus::Refused;
+  if (!IsBalanced(balancing.Totals(), account->currency, session)) return ExitStatus::Refused;
   if (!writes) return ExitStatus::Done;
   SilentProgress progress;
   balancing.Apply(progress);
@@ -139,13 +138,13 @@ void ReconcileCommand::Print(const AccountRow& account, const ReconcileTotals& t
   session.Print(table);
 }
 
-bool ReconcileCommand::IsBalanced(const ReconcileTotals& totals, Session& session) const {
+bool ReconcileCommand::IsBalanced(const ReconcileTotals& totals, const std::string& currency,
+                                  Session& session) const {
   if (balance_.empty()) return true;
-  const Locale& locale = session.Machine().locale;
-  const StatementDifference difference = DifferenceTo(NumberOf(balance_), totals, locale);
+  const StatementDifference difference = DifferenceTo(NumberOf(balance_), totals, currency);
   if (difference.isBalanced) return true;
   session.Tell(std::string(kBalanceAccount), "The difference to the statement is " +
-                                                 locale.FormatNumber(difference.amount) +
+                                                 difference.Text(session.Machine().locale) +
                                                  ". Nothing was written.");
   return false;
 }

@@ -25,7 +25,8 @@ class ReconcileCommand : public Command {
                               bool isTicked, Session& session) const;
   void Print(const AccountRow& account, const ReconcileTotals& totals, Session& session) const;
   // False when the statement's balance is another one, which has been told then.
-  [[nodiscard]] bool IsBalanced(const ReconcileTotals& totals, Session& session) const;
+  [[nodiscard]] bool IsBalanced(const ReconcileTotals& totals, const std::string& currency,
+                                Session& session) const;
 
   AccountArgument account_;
   std::vector<std::int64_t> tick_;

@@ -3,12 +3,14 @@
 #include "controls/QtText.h"
 #include "controls/TypedKey.h"
 #include "platform/ArithmeticText.h"
+#include "platform/Decimal.h"
 #include "platform/Locale.h"
 
 #include <QKeyEvent>
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -39,33 +41,67 @@ AmountEdit::AmountEdit(const Locale& locale, QWidget* parent, AmountText left)
   SetAmount(0);
 }
 
+int AmountEdit::Decimals() const {
+  if (left_ == AmountText::Whole) return 0;
+  return decimals_ < 0 ? locale_.DefaultDecimals() : decimals_;
+}
+
 int AmountEdit::DecimalsOf(double amount) const {
   if (left_ == AmountText::Whole) return 0;
-  const int usual = locale_.DefaultDecimals();
+  const int usual = std::max(locale_.DefaultDecimals(), Decimals());
   return left_ == AmountText::Rounded ? usual : NeededDecimals(amount, usual);
 }
 
 QString AmountEdit::Shown(double amount) const {
-  return ToQt(locale_.FormatNumber(amount, DecimalsOf(amount)));
+  const QString number = ToQt(locale_.FormatNumber(amount, DecimalsOf(amount)));
+  return isPlus_ ? u'+' + number : number;
 }
 
 void AmountEdit::SetAmount(double amount) {
   amount_ = amount;
+  isPlus_ = false;
+  refused_.clear();
   setText(Shown(amount));
 }
 
+void AmountEdit::SetDecimals(int decimals) {
+  const bool isUntouched = text() == Shown(amount_);
+  decimals_ = decimals;
+  if (isUntouched) setText(Shown(amount_));
+}
+
+void AmountEdit::SetSignedAmount(double amount) {
+  SetAmount(amount);
+  isPlus_ = amount > 0 && sign_ < 0;
+  setText(Shown(amount));
+}
+
+bool AmountEdit::HasPlus() const {
+  return text().trimmed().startsWith(u'+') || text().trimmed().endsWith(u'+');
+}
+
+std::optional<double> AmountEdit::Typed() const {
+  const auto typed = WorkOut(FromQt(text()), locale_, Decimals());
+  if (!typed) return std::nullopt;
+  const double amount = sign_ < 0 && *typed > 0 && !HasPlus() ? -*typed : *typed;
+  return left_ == AmountText::AsTyped ? amount : Rounded(amount, Decimals());
+}
+
 std::optional<double> AmountEdit::Amount() const {
-  if (text() == Shown(amount_)) return amount_;
+  if (text() == Shown(amount_)) {
+    return refused_.isEmpty() ? std::optional(amount_) : std::nullopt;
+  }
   if (text().trimmed().isEmpty()) return 0;
-  const auto typed = WorkOut(FromQt(text()), locale_);
-  if (left_ == AmountText::AsTyped) return typed;
-  return typed ? locale_.ParseNumber(locale_.FormatNumber(*typed, DecimalsOf(*typed))) : 0;
+  return Typed();
 }
 
 void AmountEdit::Settle() {
+  if (text() == Shown(amount_)) return;
   const auto amount = Amount();
   // Rounded to what a number can hold, it would be another one than the one that was typed.
-  if (amount && std::abs(*amount) <= kLargestAmount) SetAmount(*amount);
+  if (!amount || std::abs(*amount) > kLargestAmount) return;
+  if (sign_ < 0) return SetSignedAmount(*amount);
+  SetAmount(*amount);
 }
 
 bool AmountEdit::MayBeTyped(QChar character) const {
@@ -90,8 +126,19 @@ void AmountEdit::keyPressEvent(QKeyEvent* event) {
   QLineEdit::keyPressEvent(event);
 }
 
+void AmountEdit::focusInEvent(QFocusEvent* event) {
+  if (!refused_.isEmpty() && text() == Shown(amount_)) setText(std::exchange(refused_, {}));
+  QLineEdit::focusInEvent(event);
+}
+
 void AmountEdit::focusOutEvent(QFocusEvent* event) {
   Settle();
+  if (left_ != AmountText::AsTyped && !Amount() && refused_.isEmpty()) {
+    const QString typed = text();
+    SetAmount(0);
+    // A count has always been none where it is no number.
+    if (left_ == AmountText::Rounded) refused_ = typed;
+  }
   QLineEdit::focusOutEvent(event);
 }
 

@@ -3,7 +3,6 @@
 #include "entry/EntryRules.h"
 #include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
@@ -22,9 +21,10 @@ AllocationForm FormOf(const Row& row, std::int64_t key) {
 }
 
 template <typename Record>
-void Fill(Record& record, const AllocationForm& line, std::int64_t categoryId) {
+void Fill(Record& record, const AllocationForm& line, std::int64_t categoryId,
+          const std::string& currency) {
   record.categoryId = categoryId;
-  record.amount = line.amount.value_or(0);
+  record.amount = RoundChanged(line.amount.value_or(0), record.amount, currency);
   record.description = line.description;
   record.reference = line.reference;
 }
@@ -62,9 +62,7 @@ std::string AllocationEditor::CategoryText(const AllocationForm& line) {
 }
 
 double AllocationEditor::Settled(double amount) const {
-  const Locale& locale = platform_.locale;
-  const double shown = locale.ParseNumber(locale.FormatNumber(amount)).value_or(amount);
-  return shown == 0 ? 0 : RoundMoney(amount);
+  return RoundToCurrency(amount, parent_.currency) == 0 ? 0 : RoundMoney(amount);
 }
 
 double AllocationEditor::Remaining() {
@@ -125,7 +123,7 @@ std::int64_t AllocationEditor::WriteLine(const AllocationForm& line, std::int64_
   TransactionRecord record;
   if (const auto stored = ledger_.ReadTransaction(line.key)) record = *stored;
   record.allocatedItem = parent_.key;
-  Fill(record, line, categoryId);
+  Fill(record, line, categoryId, parent_.currency);
   return ledger_.SaveTransaction(record);
 }
 
@@ -134,7 +132,7 @@ std::int64_t AllocationEditor::WriteScheduleLine(const AllocationForm& line,
   ScheduleRecord record;
   if (const auto stored = ledger_.ReadSchedule(line.key)) record = *stored;
   record.allocatedItem = parent_.key;
-  Fill(record, line, categoryId);
+  Fill(record, line, categoryId, parent_.currency);
   return ledger_.SaveSchedule(record);
 }
 

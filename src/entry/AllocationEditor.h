@@ -75,7 +75,7 @@ class AllocationEditor {
   [[nodiscard]] bool AgreeToSum(double shares) {
     return AgreeToRemaining(Settled(Total() - shares));
   }
-  // An amount as it is shown decides whether there is one: what shows as 0.00 is 0.
+  // Without the noise of adding: what is nothing in the currency's decimals is 0.
   [[nodiscard]] double Settled(double amount) const;
 
  private:

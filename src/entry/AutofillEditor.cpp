@@ -2,6 +2,8 @@
 
 #include "entry/EntryRules.h"
 #include "entry/TransactionEditor.h"
+#include "ledger/CurrencyOf.h"
+#include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
@@ -14,8 +16,10 @@
 namespace corvanta {
 namespace {
 
-double Signed(const AutofillForm& form) {
-  return SignOf(form.type) * form.amount.value_or(0);
+double Signed(clsCorvanta& ledger, const AutofillForm& form) {
+  const double amount = SignOf(form.type) * form.amount.value_or(0);
+  const auto stored = ledger.ReadTransaction(form.transactionId);
+  return RoundChanged(amount, stored ? stored->amount : 0, CurrencyOf(ledger, form.accountId));
 }
 
 }  // namespace
@@ -67,13 +71,14 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
 std::int64_t AutofillEditor::Save(const AutofillForm& form) {
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.transactionId == 0 ? "Add Transaction" : "Edit Transaction");
+  const double amount = Signed(ledger_, form);
   const std::int64_t key = ledger_.Autofill(
-      {form.transactionId, form.accountId, form.payeeId, form.categoryId, Signed(form), form.date});
+      {form.transactionId, form.accountId, form.payeeId, form.categoryId, amount, form.date});
   if (key == 0) {
     platform_.prompts.Tell(kSaveWarning, "Not enough information for Autofill Transactions");
     return 0;
   }
-  TellOtherAmount(ledger_, platform_, key, Signed(form));
+  TellOtherAmount(ledger_, platform_, key, amount);
   return key;
 }
 

@@ -6,7 +6,8 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
-#include "entry/TransactionEditor.h"
+#include "ledger/CurrencyOf.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -78,8 +79,9 @@ void FrmAccountAuto::Show(const AutofillForm& form) {
   opType_->SetChoice(form.type == EntryType::Income ? 1 : 0);
   cmbPayee_->SetKey(form.payeeId);
   cmbCategory_->SetKey(form.categoryId);
-  TransactionEditor accounts(place_.ledger, place_.platform, place_.rates);
-  lblCurrency_->setText(ToQt(accounts.CurrencyOf(form.accountId)));
+  const std::string currency = CurrencyOf(place_.ledger, form.accountId);
+  lblCurrency_->setText(ToQt(currency));
+  txtAmount_->SetDecimals(CurrencyDecimals(currency));
 }
 
 AutofillForm FrmAccountAuto::Form() {

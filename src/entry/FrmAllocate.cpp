@@ -8,6 +8,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "entry/FrmCategoryBoxes.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -48,6 +49,7 @@ FrmAllocate::FrmAllocate(const AllocationParent& parent, const EntryPlace& place
       txtReference_(new QLineEdit(this)),
       txtDescription_(new QLineEdit(this)) {
   setWindowTitle(tr("Allocate Items"));
+  txtAmount_->SetDecimals(CurrencyDecimals(parent.currency));
   MakeList();
   MakeFields();
   MakeButtons();

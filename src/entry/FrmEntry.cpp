@@ -6,6 +6,7 @@
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
 #include "entry/ScheduleEditor.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 
 #include <QLabel>
@@ -166,8 +167,11 @@ void FrmEntry::ShowType() {
 }
 
 void FrmEntry::ShowCurrency() {
-  RunCommand(place_.platform.prompts,
-             [this] { lblCurrency_->setText(ToQt(CurrencyOf(cmbAccount_->Key()))); });
+  RunCommand(place_.platform.prompts, [this] {
+    const std::string currency = CurrencyOf(cmbAccount_->Key());
+    lblCurrency_->setText(ToQt(currency));
+    txtAmount_->SetDecimals(CurrencyDecimals(currency));
+  });
 }
 
 }  // namespace corvanta

@@ -1,6 +1,8 @@
 #include "entry/ScheduleEditor.h"
 
 #include "entry/EntryRules.h"
+#include "ledger/CurrencyOf.h"
+#include "ledger/Money.h"
 #include "ledger/ScheduleDates.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
@@ -121,11 +123,7 @@ int ScheduleEditor::NumberOfPayments(std::string_view text, const Locale& locale
 }
 
 std::string ScheduleEditor::CurrencyOf(std::int64_t accountId) {
-  const auto account = ledger_.ReadAccount(accountId);
-  if (!account) return {};
-  const auto currency =
-      RowOf(ledger_.Currencies(), &CurrencyRecord::currencyId, account->currencyId);
-  return currency ? currency->currency : std::string();
+  return corvanta::CurrencyOf(ledger_, accountId);
 }
 
 std::string ScheduleEditor::PeriodCode(std::int64_t periodId) {
@@ -227,13 +225,17 @@ std::int64_t ScheduleEditor::Save(ScheduleForm form) {
 ScheduleRecord ScheduleEditor::RecordOf(const ScheduleForm& form) {
   ScheduleRecord record;
   if (const auto stored = ledger_.ReadSchedule(form.scheduleId)) record = *stored;
+  const bool isOtherAccount = record.accountId != form.accountId;
   record.accountId = form.accountId;
   record.transferAccountId = IsTransfer(form) ? form.accountToId : 0;
   record.payeeId = ledger_.FindOrCreatePayee(IsTransfer(form) ? kTransferPayee : form.payee);
   record.paymentId = ledger_.FindOrCreatePayment(form.payment);
   record.categoryId =
       ledger_.FindOrCreateCategory(form.category, form.subCategory, SignOf(form.type) > 0 ? 1 : -1);
-  record.amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
+  const double amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
+  if (isOtherAccount || amount != record.amount) {
+    record.amount = RoundToCurrency(amount, CurrencyOf(form.accountId));
+  }
   record.reference = form.reference;
   record.description = form.description;
   record.addToAccount = form.addToAccount;

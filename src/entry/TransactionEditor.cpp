@@ -1,6 +1,7 @@
 #include "entry/TransactionEditor.h"
 
 #include "entry/EntryRules.h"
+#include "ledger/CurrencyOf.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
@@ -8,9 +9,6 @@
 #include "platform/TextCase.h"
 #include "reference/Deletion.h"
 #include "reference/Rules.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
 
 #include <cmath>
 #include <utility>
@@ -119,11 +117,7 @@ std::optional<Proposal> TransactionEditor::Propose(std::int64_t accountId,
 }
 
 std::string TransactionEditor::CurrencyOf(std::int64_t accountId) {
-  const Recordset row = ledger_.Store().OpenRecordset(
-      "Select A.*, C.Currency from tblAccounts A LEFT JOIN tblCurrency C "
-      "  ON A.CurrencyID = C.CurrencyID Where AccountID = " +
-      SqlNumber(accountId));
-  return row.Eof() ? std::string() : std::string(row.Text("Currency"));
+  return corvanta::CurrencyOf(ledger_, accountId);
 }
 
 std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
@@ -153,6 +147,7 @@ std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
   if (form.IsTransfer() && form.accountToId == form.accountId) {
     return fails("You can not transfer to the same Account", "cmbAccountTo");
   }
+  if (!form.amount) return fails(kInvalidAmount, "txtAmount");
   if (amount < 0) {
     return fails(kSignedAmount, "txtAmount");
   }

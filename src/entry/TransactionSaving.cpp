@@ -1,9 +1,9 @@
 // Writing what the editor of transactions has accepted.
 #include "entry/EntryRules.h"
 #include "entry/TransactionEditor.h"
+#include "ledger/Money.h"
 #include "ledger/RateSource.h"
 #include "ledger/clsCorvanta.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
@@ -50,9 +50,7 @@ double TransactionEditor::AmountTo(const TransactionForm& form) {
     platform_.prompts.Tell("Download Currency", "Could not connect to website");
     return amount;
   }
-  const Locale& locale = platform_.locale;
-  const double converted = *rate * amount;
-  return locale.ParseNumber(locale.FormatNumber(converted)).value_or(converted);
+  return RoundToCurrency(*rate * amount, to);
 }
 
 std::int64_t TransactionEditor::Save(TransactionForm form) {
@@ -79,12 +77,17 @@ std::int64_t TransactionEditor::Save(TransactionForm form) {
 TransactionRecord TransactionEditor::RecordOf(const TransactionForm& form) {
   TransactionRecord record;
   if (const auto stored = ledger_.ReadTransaction(form.transactionId)) record = *stored;
+  const bool isOtherAccount = record.accountId != form.accountId;
   record.accountId = form.accountId;
   record.payeeId = ledger_.FindOrCreatePayee(form.IsTransfer() ? kTransferPayee : form.payee);
   record.paymentId = ledger_.FindOrCreatePayment(form.payment);
   record.categoryId =
       ledger_.FindOrCreateCategory(form.category, form.subCategory, SignOf(form.type) > 0 ? 1 : -1);
-  record.amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
+  const double amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
+  // One that is not touched stays to its last digit.
+  if (isOtherAccount || amount != record.amount) {
+    record.amount = RoundToCurrency(amount, CurrencyOf(form.accountId));
+  }
   record.date = form.date;
   record.reference = form.reference;
   record.description = form.description;
@@ -136,7 +139,8 @@ void TransactionEditor::WriteTransfer(const TransactionForm& form, TransactionRe
   TransactionRecord& from = isToHalf ? other : record;
   TransactionRecord& to = isToHalf ? record : other;
   from.accountId = form.accountId;
-  from.amount = SignOf(form.type) * form.amount.value_or(0);
+  from.amount = RoundChanged(SignOf(form.type) * form.amount.value_or(0), from.amount,
+                             CurrencyOf(form.accountId));
   to.accountId = form.accountToId;
   to.amount = amountTo;
   ledger_.SaveTransfer(from, to);

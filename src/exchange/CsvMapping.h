@@ -1,7 +1,7 @@
 // Which column of a CSV file holds what.
 #pragma once
 
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 #include "platform/Locale.h"
 
 #include <optional>

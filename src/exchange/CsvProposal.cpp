@@ -1,7 +1,7 @@
 // What a CSV text looks like, so that a person has little left to choose.
 #include "exchange/CsvPreview.h"
 #include "exchange/DateStyle.h"
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 

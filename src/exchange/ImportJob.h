@@ -2,7 +2,7 @@
 #pragma once
 
 #include "exchange/CsvMapping.h"
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 #include "platform/Locale.h"
 
 #include <cstdint>

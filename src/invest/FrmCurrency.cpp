@@ -5,6 +5,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -19,8 +20,6 @@
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
-
-#include <cmath>
 
 namespace corvanta {
 namespace {
@@ -55,11 +54,6 @@ QLineEdit* MakeAmount(const char* name, const QString& accessibleName, const Loc
   field->setValidator(new QRegularExpressionValidator(NumberCharacters(locale), field));
   field->setMinimumWidth(kSmallestField);
   return field;
-}
-
-double Cents(double amount, const Locale& locale) {
-  const double scale = std::pow(10.0, locale.DefaultDecimals());
-  return std::round(amount * scale) / scale;
 }
 
 }  // namespace
@@ -241,7 +235,7 @@ void FrmCurrency::Accept() {
   const auto amount = platform_.locale.ParseNumber(taken.amount);
   const auto amountCurrency = platform_.locale.ParseNumber(taken.amountCurrency);
   if (!amount || !amountCurrency) return FocusField(amount ? "txtAmountCurrency" : "txtAmount");
-  result_ = CurrencyResult{Cents(*amount, platform_.locale), *amountCurrency,
+  result_ = CurrencyResult{RoundToCurrency(*amount, givenCode_), *amountCurrency,
                            CurrencyConverter::CodeOf(taken.currency)};
   accept();
 }

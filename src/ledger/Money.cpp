@@ -1,15 +1,23 @@
 #include "ledger/Money.h"
 
+#include "platform/CurrencyDecimals.h"
+#include "platform/Decimal.h"
+
 #include <cmath>
 
 namespace corvanta {
 
 double RoundMoney(double amount) {
-  constexpr double kUnits = 1e6;
   constexpr double kExact = 9007199254740992.0;  // 2^53: whole numbers are exact up to here
-  const double scaled = amount * kUnits;
-  if (!(std::fabs(scaled) < kExact)) return amount;
-  return std::round(scaled) / kUnits + 0.0;
+  for (const double units : {1e6, 1e4, 1e3, 1e2}) {
+    const double scaled = amount * units;
+    if (std::fabs(scaled) < kExact) return std::round(scaled) / units + 0.0;
+  }
+  return amount;
+}
+
+double RoundToCurrency(double amount, std::string_view currency) {
+  return Rounded(amount, CurrencyDecimals(currency));
 }
 
 }  // namespace corvanta

@@ -1,12 +1,12 @@
 #include "ledger/SchedulePosting.h"
 
 #include "ledger/CommitBatch.h"
+#include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
 #include "ledger/RateSource.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
@@ -192,9 +192,7 @@ std::vector<double> SchedulePosting::Impl::OtherAmounts(const ScheduleDetails& s
   for (double& amount : amounts) {
     const std::optional<double> rate = RateOf(schedule);
     if (!rate) continue;
-    const double converted = *rate * amount;
-    const Locale& locale = platform_.locale;
-    amount = locale.ParseNumber(locale.FormatNumber(converted)).value_or(converted);
+    amount = RoundToCurrency(*rate * amount, schedule.transferCurrency);
   }
   return amounts;
 }

@@ -1,6 +1,8 @@
 #include "platform/ArithmeticText.h"
 
+#include "platform/Decimal.h"
 #include "platform/Locale.h"
+#include "platform/NumberStyle.h"
 #include "platform/TextCase.h"
 
 #include <array>
@@ -25,6 +27,11 @@ std::string WithPlainOperators(std::string_view text) {
     }
   }
   return plain;
+}
+
+std::optional<double> ReadNumberText(std::string_view text, const Locale& locale) {
+  if (const auto number = locale.ParseNumber(text)) return number;
+  return ReadFileNumber(text, MarkOf(locale));
 }
 
 // sum = product { (+|-) product }, product = factor { (*|/) factor },
@@ -91,7 +98,7 @@ class Reader {
   std::optional<double> Number() {
     const auto number = rest_.substr(0, rest_.find_first_of("+-*/()"));
     rest_.remove_prefix(number.size());
-    return locale_.ParseNumber(Trim(number));
+    return ReadNumberText(Trim(number), locale_);
   }
 
   std::string_view rest_;
@@ -101,11 +108,11 @@ class Reader {
 
 }  // namespace
 
-std::optional<double> WorkOut(std::string_view text, const Locale& locale) {
-  if (const auto number = locale.ParseNumber(text)) return number;
+std::optional<double> WorkOut(std::string_view text, const Locale& locale, int decimals) {
+  if (const auto number = ReadNumberText(text, locale)) return number;
   const auto value = Reader(WithPlainOperators(text), locale).Read();
   if (!value || !std::isfinite(*value)) return std::nullopt;
-  return locale.ParseNumber(locale.FormatNumber(*value));
+  return Rounded(*value, decimals < 0 ? locale.DefaultDecimals() : decimals);
 }
 
 }  // namespace corvanta

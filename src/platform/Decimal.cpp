@@ -55,4 +55,13 @@ Decimal RoundToDecimals(double value, int decimals) {
   return result;
 }
 
+double Rounded(double value, int decimals) {
+  if (!std::isfinite(value)) return value;
+  const Decimal decimal = RoundToDecimals(value, decimals);
+  const std::string text = decimal.whole + "." + decimal.fraction;
+  double rounded = 0;
+  std::from_chars(text.data(), text.data() + text.size(), rounded);
+  return decimal.isNegative ? -rounded : rounded;
+}
+
 }  // namespace corvanta

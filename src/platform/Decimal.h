@@ -15,5 +15,7 @@ struct Decimal {
 // value: 1.005 becomes 1.01 although the double lies a little below. `value` is finite, `decimals`
 // 0 or more.
 [[nodiscard]] Decimal RoundToDecimals(double value, int decimals);
+// The same as a number; what is not finite stays.
+[[nodiscard]] double Rounded(double value, int decimals);
 
 }  // namespace corvanta

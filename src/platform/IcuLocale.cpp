@@ -152,7 +152,8 @@ void IcuLocale::LoadCurrency(const std::string& name) {
   if (U_FAILURE(status) || length != 3) return;
   currency_ = ToUtf8(icu::UnicodeString(code.data(), length));
   const std::int32_t decimals = ucurr_getDefaultFractionDigits(code.data(), &status);
-  if (U_SUCCESS(status)) currencyDecimals_ = decimals;
+  // A country whose own money has no decimals keeps accounts in other money, too.
+  if (U_SUCCESS(status)) decimals_ = std::max(decimals_, static_cast<int>(decimals));
 }
 
 void IcuLocale::LoadDates(const std::string& name) {
@@ -214,7 +215,7 @@ std::string IcuLocale::Grouped(std::string_view digits) const {
 
 std::string IcuLocale::FormatNumber(double value, int decimals) const {
   if (!std::isfinite(value)) return fmt::format("{}", value);
-  const int places = decimals < 0 ? currencyDecimals_ : std::min(decimals, kMostDecimals);
+  const int places = decimals < 0 ? decimals_ : std::min(decimals, kMostDecimals);
   const Decimal number = RoundToDecimals(value, places);
   std::string text = number.isNegative ? "-" : "";
   text += Grouped(number.whole);

@@ -19,7 +19,7 @@ class IcuLocale : public Locale {
 
   [[nodiscard]] std::string DecimalSeparator() const override { return decimal_; }
   [[nodiscard]] std::string GroupSeparator() const override { return group_; }
-  [[nodiscard]] int DefaultDecimals() const override { return currencyDecimals_; }
+  [[nodiscard]] int DefaultDecimals() const override { return decimals_; }
   [[nodiscard]] std::string CurrencyCode() const override { return currency_; }
   [[nodiscard]] DateOrder ShortDateOrder() const override { return order_; }
 
@@ -55,7 +55,7 @@ class IcuLocale : public Locale {
   int upperGroupSize_ = 3;     // of the groups above the lowest one
   int fewestGroupDigits_ = 1;  // digits that must stand before the lowest group
   std::string currency_;
-  int currencyDecimals_ = 2;
+  int decimals_ = 2;
   DateOrder order_ = DateOrder::DayMonthYear;
   std::vector<DatePiece> shortDate_;
   std::unique_ptr<DatePatterns> patterns_;

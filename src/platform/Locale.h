@@ -20,7 +20,8 @@ class Locale {
   // a no-break space).
   [[nodiscard]] virtual std::string DecimalSeparator() const = 0;
   [[nodiscard]] virtual std::string GroupSeparator() const = 0;
-  // The number of decimals that the locale's own currency is written with.
+  // The number of decimals that numbers are shown with: two, or those of the locale's own currency
+  // where it has more. What an amount is stored with is a matter of its account's currency.
   [[nodiscard]] virtual int DefaultDecimals() const = 0;
   // ISO 4217 code of the user's currency, such as "EUR"; empty when the locale names none.
   [[nodiscard]] virtual std::string CurrencyCode() const = 0;

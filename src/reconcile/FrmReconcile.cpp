@@ -67,6 +67,7 @@ bool FrmReconcile::Open() {
     return false;
   }
   lblAccount_->setText(ToQt(reconciliation_.AccountText()));
+  statement_->SetCurrency(reconciliation_.Currency());
   reconciliation_.ShowUnreconciled();
   ShowRows();
   ShowMode();

@@ -3,7 +3,7 @@
 #include "controls/AmountEdit.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "platform/Locale.h"
+#include "platform/CurrencyDecimals.h"
 #include "reconcile/Reconciliation.h"
 
 #include <QHBoxLayout>
@@ -54,6 +54,11 @@ void FrmReconcileStatement::Unfold(bool isUnfolded) {
   if (isUnfolded) txtStatement_->setFocus();
 }
 
+void FrmReconcileStatement::SetCurrency(const std::string& currency) {
+  currency_ = currency;
+  txtStatement_->SetDecimals(CurrencyDecimals(currency));
+}
+
 void FrmReconcileStatement::ShowTotals(const ReconcileTotals& totals) {
   totals_ = &totals;
   ShowDifference();
@@ -75,8 +80,8 @@ void FrmReconcileStatement::ShowDifference() {
                                                                       : tr("This is no amount"));
     return;
   }
-  const StatementDifference difference = DifferenceTo(*statement, *totals_, locale_);
-  const QString amount = ToQt(locale_.FormatNumber(difference.amount));
+  const StatementDifference difference = DifferenceTo(*statement, *totals_, currency_);
+  const QString amount = ToQt(difference.Text(locale_));
   lblDifference_->setText(difference.isBalanced ? tr("Difference: %1, balanced").arg(amount)
                                                 : tr("Difference: %1").arg(amount));
   QFont font = lblDifference_->font();

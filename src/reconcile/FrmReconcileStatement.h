@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <optional>
+#include <string>
 
 class QLabel;
 class QToolButton;
@@ -22,6 +23,8 @@ class FrmReconcileStatement : public QWidget {
   // The locale must outlive the line.
   FrmReconcileStatement(const Locale& locale, QWidget* parent);
 
+  // The code of the account's currency, in whose decimals balances are compared.
+  void SetCurrency(const std::string& currency);
   // To be called when the totals have changed. They must stay where they are.
   void ShowTotals(const ReconcileTotals& totals);
   // Whether the person is typing the balance.
@@ -33,6 +36,7 @@ class FrmReconcileStatement : public QWidget {
   [[nodiscard]] std::optional<double> Statement() const;
 
   const Locale& locale_;
+  std::string currency_;
   const ReconcileTotals* totals_ = nullptr;
   QToolButton* cmdStatement_;
   QWidget* line_;

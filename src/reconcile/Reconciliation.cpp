@@ -2,6 +2,7 @@
 
 #include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -94,10 +95,16 @@ ReconcileTexts TextsOf(const ReconcileTotals& totals, const Locale& locale) {
 }
 
 StatementDifference DifferenceTo(double statement, const ReconcileTotals& totals,
-                                 const Locale& locale) {
-  const double amount = RoundMoney(statement - totals.current);
-  // What is shown as nothing is nothing.
-  return {amount, locale.FormatNumber(amount) == locale.FormatNumber(0)};
+                                 const std::string& currency) {
+  StatementDifference difference;
+  difference.amount = RoundMoney(statement - totals.current);
+  difference.decimals = CurrencyDecimals(currency);
+  difference.isBalanced = RoundToCurrency(difference.amount, currency) == 0;
+  return difference;
+}
+
+std::string StatementDifference::Text(const Locale& locale) const {
+  return locale.FormatNumber(amount, std::max(decimals, locale.DefaultDecimals()));
 }
 
 Reconciliation::Reconciliation(std::int64_t accountId, clsCorvanta& ledger)
@@ -123,13 +130,10 @@ std::optional<Warning> Reconciliation::CheckAdd() {
 }
 
 std::string Reconciliation::AccountText() {
-  const Recordset account = store_.OpenRecordset(
-      "Select A.[Account], C.[Currency] from tblAccounts A LEFT JOIN tblCurrency C ON "
-      "A.CurrencyID = C.CurrencyID WHERE A.AccountID = " +
-      SqlNumber(accountId_));
-  if (account.Eof()) return {};
-  const std::string currency = account.Text("Currency");
-  return account.Text("Account") + (currency.empty() ? "" : " (" + currency + ")");
+  const std::optional<AccountRecord> account = ledger_.ReadAccount(accountId_);
+  if (!account) return {};
+  const std::string currency = Currency();
+  return account->account + (currency.empty() ? "" : " (" + currency + ")");
 }
 
 void Reconciliation::ShowUnreconciled() {

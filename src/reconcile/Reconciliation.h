@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/CurrencyOf.h"
 #include "ledger/Warning.h"
 #include "platform/Date.h"
 
@@ -62,10 +63,13 @@ struct ReconcileTexts {
 // What is missing between a statement's balance and the current one.
 struct StatementDifference {
   double amount = 0;        // the statement's balance less the current one
-  bool isBalanced = false;  // nothing in the decimals that are shown
+  bool isBalanced = false;  // nothing in the decimals of the account's currency
+  // The amount, with as many decimals as the currency or the locale has.
+  [[nodiscard]] std::string Text(const Locale& locale) const;
+  int decimals = 2;  // of the currency
 };
 [[nodiscard]] StatementDifference DifferenceTo(double statement, const ReconcileTotals& totals,
-                                               const Locale& locale);
+                                               const std::string& currency);
 
 // What the ticks make of the rows that are shown.
 struct ReconcileOutcome {
@@ -88,6 +92,8 @@ class Reconciliation {
 
   // What stands above the list, such as "Current Account (GBP)".
   [[nodiscard]] std::string AccountText();
+  // The code of the account's currency; empty for an unknown one.
+  [[nodiscard]] std::string Currency() { return CurrencyOf(ledger_, accountId_); }
 
   // Reads the rows that no statement has settled (as at first), or the settled ones too, which come
   // ticked. Ticks of rows that stay in sight are kept. A reading that fails changes nothing.

@@ -60,15 +60,28 @@ TEST_F(Fields, ASumIsWorkedOutOnLeaving) {
   EXPECT_EQ(field.Amount(), 1234.57) << "what is shown is what counts";
 }
 
-TEST_F(Fields, WhatIsNoAmountBecomesZeroOrStays) {
+TEST_F(Fields, WhatIsNoAmountShowsAsZeroAndComesBackToBeMended) {
   AmountEdit rounded(locale_, nullptr, AmountText::Rounded);
   Show(rounded);
-  for (const char* text : {"5/0", "1*", "--"}) {
+  for (const char* text : {"5/0", "1*", "--", "1,2,3"}) {
     Retype(rounded, text);
-    EXPECT_EQ(rounded.Amount(), 0) << text;
+    EXPECT_EQ(rounded.Amount(), std::nullopt) << text;
+    rounded.Settle();
+    EXPECT_EQ(rounded.text(), text) << "whoever saves without leaving still sees it";
     Leave();
     EXPECT_EQ(rounded.text(), "0.00") << text;
+    EXPECT_EQ(rounded.Amount(), std::nullopt) << "0 was not typed: " << text;
+    rounded.setFocus();
+    EXPECT_EQ(rounded.text(), text) << "nothing that was typed is lost";
   }
+  Retype(rounded, "0");
+  Leave();
+  EXPECT_EQ(rounded.Amount(), 0) << "0 that was typed";
+  AmountEdit count(locale_, nullptr, AmountText::Whole);
+  Show(count);
+  Retype(count, "1*");
+  Leave();
+  EXPECT_EQ(count.Amount(), 0);
   AmountEdit typed(locale_, nullptr);
   Show(typed);
   Retype(typed, "5/0");
@@ -80,12 +93,58 @@ TEST_F(Fields, WhatIsNoAmountBecomesZeroOrStays) {
   EXPECT_EQ(typed.text(), "1.2345");
 }
 
+TEST_F(Fields, AnAmountOfAnotherPlaceIsReadWhereItSaysWhatItMeans) {
+  const IcuLocale american("en_US");
+  const IcuLocale german("de_DE");
+  const struct {
+    const IcuLocale& locale;
+    const char* text;
+    double amount;
+  } rows[] = {{american, "12,50", 12.5},    {american, "1.234,56", 1234.56},
+              {american, "1,234", 1234},    {american, "12,50+3", 15.5},
+              {american, "USD 7.25", 7.25}, {german, "12.50", 12.5},
+              {german, "1.234", 1234},      {german, "1,234.56", 1234.56}};
+  for (const auto& row : rows) {
+    AmountEdit field(row.locale, nullptr, AmountText::Rounded);
+    Show(field);
+    field.setText(row.text);
+    EXPECT_EQ(field.Amount(), row.amount) << row.text;
+    Leave();
+    EXPECT_EQ(field.Amount(), row.amount) << row.text << " left as " << field.text().toStdString();
+  }
+}
+
+TEST_F(Fields, AmountsHaveTheDecimalsOfTheirCurrencyWhateverTheLocaleShows) {
+  const struct {
+    const char* locale;
+    int decimals;
+    const char* text;
+    const char* shown;
+    double amount;
+  } rows[] = {{"ja_JP", 2, "12.50", "12.50", 12.5}, {"ja_JP", 0, "12.50", "13.00", 13},
+              {"es_CL", 2, "12,50", "12,50", 12.5}, {"en_US", 3, "12.3456", "12.346", 12.346},
+              {"vi_VN", 2, "10/4", "2,50", 2.5},    {"ko_KR", 2, "0.445", "0.45", 0.45}};
+  for (const auto& row : rows) {
+    const IcuLocale locale(row.locale);
+    AmountEdit field(locale, nullptr, AmountText::Rounded);
+    field.SetDecimals(row.decimals);
+    Show(field);
+    Retype(field, row.text);
+    Leave();
+    EXPECT_EQ(field.text(), row.shown) << row.locale;
+    EXPECT_EQ(field.Amount(), row.amount) << row.locale;
+  }
+}
+
 TEST_F(Fields, AnAmountThatIsNotTouchedKeepsItsDigits) {
   AmountEdit field(locale_, nullptr, AmountText::Rounded);
   Show(field);
   field.SetAmount(10.005432);
   EXPECT_EQ(field.text(), "10.01");
   Leave();
+  EXPECT_EQ(field.Amount(), 10.005432);
+  field.SetDecimals(3);
+  EXPECT_EQ(field.text(), "10.005") << "of another currency";
   EXPECT_EQ(field.Amount(), 10.005432);
 }
 

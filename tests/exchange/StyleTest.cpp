@@ -1,7 +1,7 @@
 #include "exchange/DateStyle.h"
 #include "exchange/Encoding.h"
 #include "exchange/ExchangeTest.h"
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 #include "platform/IcuLocale.h"
 
 #include <utility>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "exchange/ImportRecord.h"
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 #include "platform/IcuLocale.h"
 
 #include <cstdint>

@@ -41,7 +41,9 @@ TEST(ArithmeticText, APlainNumberKeepsItsDigitsAndItsMeaning) {
 TEST(ArithmeticText, SpeaksTheLocale) {
   EXPECT_EQ(WorkOut("1.000,50+2*0,25", IcuLocale("de_DE")), 1001);
   EXPECT_EQ(WorkOut("1 000,50 - 0,50", IcuLocale("fr_FR")), 1000);
-  EXPECT_EQ(WorkOut("100/3", IcuLocale("ja_JP")), 33) << "a currency without decimals";
+  EXPECT_EQ(WorkOut("100/3", IcuLocale("ja_JP")), 33.33) << "money of other countries has cents";
+  EXPECT_EQ(WorkOut("100/3", IcuLocale("ja_JP"), 0), 33) << "a currency without decimals";
+  EXPECT_EQ(WorkOut("12,50*2+1.5", IcuLocale("en_US")), 26.5) << "a comma that can be nothing else";
 }
 
 TEST(ArithmeticText, WhatIsNoSumIsNothing) {

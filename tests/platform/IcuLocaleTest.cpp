@@ -56,8 +56,9 @@ TEST(IcuLocale, WritesNumbersAndDatesOfEachCountry) {
            Row{"hi_IN", "-12,34,567.89", "5/11/2026", "INR", DateOrder::DayMonthYear},
            Row{"ar_EG", "-1,234,567.89", "5/11/2026", "EGP", DateOrder::DayMonthYear},
            Row{"sv_SE", "-1\u00A0234\u00A0567,89", "2026-11-05", "SEK", DateOrder::YearMonthDay},
-           Row{"ja_JP.UTF-8", "-1,234,568", "2026/11/05", "JPY", DateOrder::YearMonthDay},
-           Row{"fa_IR", "-1,234,568", "2026/11/5", "IRR", DateOrder::YearMonthDay},
+           Row{"ja_JP.UTF-8", "-1,234,567.89", "2026/11/05", "JPY", DateOrder::YearMonthDay},
+           Row{"fa_IR", "-1,234,567.89", "2026/11/5", "IRR", DateOrder::YearMonthDay},
+           Row{"ar_KW", "-1,234,567.891", "5/11/2026", "KWD", DateOrder::DayMonthYear},
            Row{"th_TH", "-1,234,567.89", "5/11/2026", "THB", DateOrder::DayMonthYear},
        }) {
     const IcuLocale locale(row.locale);

@@ -1,4 +1,5 @@
 #include "ledger/RecordsTest.h"
+#include "platform/IcuLocale.h"
 #include "reconcile/Reconciliation.h"
 #include "support/RecordingProgress.h"
 
@@ -140,11 +141,26 @@ TEST_F(ReconciliationTest, BinaryNoiseIsNoDifference) {
   balancing.SelectAll();
   EXPECT_EQ(balancing.Totals().outstanding, 0);
   EXPECT_EQ(balancing.Totals().current, 91);
-  const auto& locale = store_.platform.locale;
-  EXPECT_TRUE(DifferenceTo(91, balancing.Totals(), locale).isBalanced);
-  EXPECT_TRUE(DifferenceTo(90.996, balancing.Totals(), locale).isBalanced) << "shows 0.00";
-  EXPECT_FALSE(DifferenceTo(91.01, balancing.Totals(), locale).isBalanced);
-  EXPECT_EQ(DifferenceTo(90.5, balancing.Totals(), locale).amount, -0.5);
+  EXPECT_TRUE(DifferenceTo(91, balancing.Totals(), "GBP").isBalanced);
+  EXPECT_TRUE(DifferenceTo(90.996, balancing.Totals(), "GBP").isBalanced) << "shows 0.00";
+  EXPECT_FALSE(DifferenceTo(91.01, balancing.Totals(), "GBP").isBalanced);
+  EXPECT_EQ(DifferenceTo(90.5, balancing.Totals(), "GBP").amount, -0.5);
+}
+
+TEST_F(ReconciliationTest, TheAccountsCurrencySaysWhatIsBalanced) {
+  Add(bank_, 12.5);
+  Reconciliation balancing(bank_, ledger_);
+  balancing.ShowUnreconciled();
+  balancing.SelectAll();
+  EXPECT_EQ(balancing.Currency(), "GBP");
+  const IcuLocale japanese("ja_JP");
+  const StatementDifference cents = DifferenceTo(112.94, balancing.Totals(), "USD");
+  EXPECT_FALSE(cents.isBalanced);
+  EXPECT_EQ(cents.Text(japanese), "0.44");
+  EXPECT_TRUE(DifferenceTo(112.94, balancing.Totals(), "JPY").isBalanced);
+  const StatementDifference mils = DifferenceTo(112.504, balancing.Totals(), "KWD");
+  EXPECT_FALSE(mils.isBalanced);
+  EXPECT_EQ(mils.Text(japanese), "0.004");
 }
 
 TEST_F(ReconciliationTest, ShowingAllTicksWhatIsReconciled) {

@@ -1,4 +1,4 @@
-// How a file writes its numbers.
+// How numbers are written in files and by people of other places, as they show it themselves.
 #pragma once
 
 #include <cstddef>

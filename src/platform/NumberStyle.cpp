@@ -1,4 +1,4 @@
-#include "exchange/NumberStyle.h"
+#include "platform/NumberStyle.h"
 
 #include "platform/Locale.h"
 #include "platform/NumberText.h"

@@ -1,0 +1,18 @@
+#include "ledger/CurrencyOf.h"
+
+#include "ledger/clsCorvanta.h"
+#include "store/Connection.h"
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+namespace corvanta {
+
+std::string CurrencyOf(clsCorvanta& ledger, std::int64_t accountId) {
+  const Recordset row = ledger.Store().OpenRecordset(
+      "Select A.*, C.Currency from tblAccounts A LEFT JOIN tblCurrency C "
+      "  ON A.CurrencyID = C.CurrencyID Where AccountID = " +
+      SqlNumber(accountId));
+  return row.Eof() ? std::string() : std::string(row.Text("Currency"));
+}
+
+}  // namespace corvanta
