@@ -1,6 +1,7 @@
 #include "app/AccountTree.h"
 
 #include "controls/AmountDelegate.h"
+#include "controls/ListDelegate.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/Balances.h"
@@ -45,11 +46,12 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
     chosen_ = account;
     Q_EMIT AccountChosen(account);
   });
-  // Coming back from another view, the account that is still chosen is pressed again.
-  connect(this, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item) {
+  const auto open = [this](QTreeWidgetItem* item) {
     const qint64 account = item->data(kName, kAccountRole).toLongLong();
-    if (account != 0) Q_EMIT AccountChosen(account);
-  });
+    if (account != 0) Q_EMIT AccountOpened(account);
+  };
+  connect(this, &QTreeWidget::itemClicked, this, open);
+  connect(this, &QTreeWidget::itemActivated, this, open);
   connect(this, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) {
     folded_.insert(item->data(kName, kGroupRole).toLongLong());
   });
@@ -106,14 +108,18 @@ void AccountTree::AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total) {
       new QTreeWidgetItem(group, {ToQt(total.Caption()), ToQt(locale_.FormatNumber(total.total))});
   item->setData(kAmount, kAmountRole, total.total);
   item->setFont(kAmount, ScaledFont(0, QFont::DemiBold));
-  item->setFlags(Qt::ItemIsEnabled);
+  // Neither the keys nor the mouse stop at it.
+  item->setFlags(Qt::NoItemFlags);
 }
 
 void AccountTree::ColourItems() {
   for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
     QTreeWidgetItem* item = *it;
     const bool isAccount = item->data(kName, kAccountRole).toLongLong() != 0;
-    if (item->parent() != nullptr && !isAccount) item->setForeground(kName, MutedText(palette()));
+    if (item->parent() != nullptr && !isAccount) {
+      item->setForeground(kName, MutedText(palette()));
+      item->setForeground(kAmount, palette().color(QPalette::Active, QPalette::Text));
+    }
     if (item->data(kAmount, kAmountRole).toDouble() < 0) {
       item->setForeground(kAmount, MoneyOutColour(palette()));
     }
@@ -130,6 +136,19 @@ void AccountTree::Choose(std::int64_t accountId) {
     }
   }
   clearSelection();
+}
+
+void AccountTree::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
+  QStyleOptionViewItem row = option;
+  MuteSelection(row);
+  QTreeWidget::drawRow(painter, row, index);
+}
+
+QItemSelectionModel::SelectionFlags AccountTree::selectionCommand(const QModelIndex& index,
+                                                                  const QEvent* event) const {
+  const bool isAccount = (index.flags() & Qt::ItemIsSelectable) != 0;
+  return isAccount ? QTreeWidget::selectionCommand(index, event) : QItemSelectionModel::NoUpdate;
 }
 
 void AccountTree::changeEvent(QEvent* event) {

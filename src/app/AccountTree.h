@@ -30,8 +30,15 @@ class AccountTree : public QTreeWidget {
 
  Q_SIGNALS:
   void AccountChosen(qint64 accountId);
+  // By a click or Enter: what is pressed next is meant for the account's register.
+  void AccountOpened(qint64 accountId);
 
  protected:
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+  // The keys may pass over a group, which chooses nothing.
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+      const QModelIndex& index, const QEvent* event) const override;
   void changeEvent(QEvent* event) override;
 
  private:

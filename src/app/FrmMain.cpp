@@ -19,6 +19,7 @@
 #include "controls/ucRibbon.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "platform/Prompts.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -26,6 +27,7 @@
 #include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -91,8 +93,9 @@ QWidget* FrmMain::MakeCentre() {
 void FrmMain::MakeViews() {
   views_ = new QStackedWidget(columns_);
   accountsView_ = new AccountsView(platform_.locale, actions_->mnuAccountAdd, views_);
-  registerView_ = new RegisterView(platform_.locale,
-                                   {actions_->mnuTransAdd, actions_->mnuViewAccounts}, views_);
+  registerView_ = new RegisterView(
+      platform_.locale, {actions_->mnuTransAdd, actions_->mnuViewAccounts, actions_->mnuViewAll},
+      views_);
   registerView_->SetToday(day_);
   categoriesView_ = new CategoriesView(platform_.locale, actions_->mnuCategoryAdd, views_);
   payeesView_ = new PayeesView(actions_->mnuPayeeNew, views_);
@@ -154,9 +157,10 @@ void FrmMain::MakeStatusBar() {
 }
 
 void FrmMain::Connect() {
-  const auto open = [this](qint64 account) { ShowView(kTransactionShow, account); };
-  connect(tree_, &AccountTree::AccountChosen, this, open);
-  connect(accountsView_, &ReferenceView::Opened, this, open);
+  connect(tree_, &AccountTree::AccountChosen, this,
+          [this](qint64 account) { ShowView(kTransactionShow, account); });
+  connect(tree_, &AccountTree::AccountOpened, this, &FrmMain::OpenAccount);
+  connect(accountsView_, &ReferenceView::Opened, this, &FrmMain::OpenAccount);
   connect(categoriesView_, &ReferenceView::Opened, this,
           [this](qint64 key) { Guard([this, key] { EditItem(ReferenceKind::Category, key); }); });
   connect(payeesView_, &ReferenceView::Opened, this,
@@ -172,6 +176,18 @@ void FrmMain::Connect() {
   connect(registerView_, &RegisterView::Opened, this,
           [this](std::int64_t key) { Guard([this, key] { OpenTransactions(key); }); });
   connect(registerView_, &RegisterView::PeriodChanged, this, &FrmMain::TakeFilter);
+  session_.OnClose([window = QPointer<FrmMain>(this)] {
+    if (!window) return;
+    window->shelf_.Clear();
+    window->registerView_->LetGo();
+  });
+  connect(registerView_, &RegisterView::DaysRead, this, [this] {
+    if (shown_.name == kTransactionShow) calendar_->SetMarkedDays(registerView_->Days());
+  });
+  connect(registerView_, &RegisterView::Outdated, this, &FrmMain::Reload);
+  connect(registerView_, &RegisterView::Failed, this, [this](const QString& reason) {
+    platform_.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
+  });
   connect(registerView_, &RegisterView::MenuRequested, this,
           [this](QPoint place) { Guard([this, place] { ShowTransactionMenu(place); }); });
   connect(QGuiApplication::clipboard(), &QClipboard::dataChanged, this, mark);

@@ -2,6 +2,7 @@
 
 #include "app/ViewHistory.h"
 #include "controls/QuietEnd.h"
+#include "ledger/RegisterShelf.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
 #include "reference/ReferenceDialogs.h"
@@ -9,6 +10,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <memory>
 #include <set>
 #include <vector>
 
@@ -94,13 +96,18 @@ class FrmMain : public QuietEnd<QMainWindow> {
   // The command that shows this view with the ticks and days that the person has chosen.
   [[nodiscard]] ViewCommand CommandOf(std::string_view name, std::int64_t accountId = 0) const;
   void ShowView(std::string_view name, std::int64_t accountId = 0);
+  // Shows the account's register, where that is not yet in front, and gives it the keys.
+  void OpenAccount(std::int64_t accountId);
   void ShowAgain(const ViewCommand& command);
   void TakeOptions(const ViewCommand& command);
   // The ticks or the days are others: reads what is shown again, as they say.
   void TakeFilter();
+  // Takes every filter off.
+  void ShowEverything();
   void ReadAccounts();
   void ShowAccounts();
   void ShowRegister(std::int64_t accountId);
+  void ShowUncleared(const std::shared_ptr<RegisterRows>& rows);
   void ShowCategories();
   void ShowPayees();
   void ShowSchedules();
@@ -226,6 +233,7 @@ class FrmMain : public QuietEnd<QMainWindow> {
   ViewCommand shown_;
   ViewCommand counted_;  // what the accounts' balances are of
   std::vector<AccountRow> accounts_;
+  RegisterShelf shelf_;
   std::int64_t account_ = 0;      // last shown in the register
   bool isAccountClosed_ = false;  // whether that one is
   Date day_;                      // that the views are of

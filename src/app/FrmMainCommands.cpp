@@ -145,6 +145,10 @@ void FrmMain::ConnectViews() {
        {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {
     On(tick, [this] { TakeFilter(); });
   }
+  On(actions_->mnuViewAll, [this] { ShowEverything(); });
+  On(actions_->mnuViewWidths, [this] {
+    if (SortedTable* table = ShownTable()) table->SetWidths({});
+  });
   for (QAction* tick :
        {actions_->mnuViewDescription, actions_->mnuViewReference, actions_->mnuViewStatus}) {
     On(tick, [this] { KeepColumns(); });

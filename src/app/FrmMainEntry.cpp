@@ -60,7 +60,9 @@ void FrmMain::TakeEntry(const EntryResult& result) {
   if (!result.isChanged) return;
   if (result.isScheduleChanged) session_.PostSchedules();
   Reload();
-  if (shown_.name == kTransactionShow) registerView_->ChooseKey(result.savedKey);
+  if (shown_.name != kTransactionShow) return;
+  registerView_->ChooseKey(result.savedKey);
+  registerView_->setFocus();
 }
 
 void FrmMain::AddTransaction(std::optional<Date> day) {

@@ -18,10 +18,12 @@
 
 #include <QAction>
 #include <QActionGroup>
+#include <QApplication>
 #include <QDir>
 #include <QLabel>
 #include <QMenu>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -43,6 +45,12 @@ void FrmMain::ShowView(std::string_view name, std::int64_t accountId) {
   Show(CommandOf(name, accountId));
 }
 
+void FrmMain::OpenAccount(std::int64_t accountId) {
+  const bool isShown = shown_.name == kTransactionShow && shown_.accountId == accountId;
+  if (!isShown) ShowView(kTransactionShow, accountId);
+  registerView_->setFocus();
+}
+
 void FrmMain::Show(const ViewCommand& command) {
   Guard([&] {
     ShowAgain(command);
@@ -53,6 +61,7 @@ void FrmMain::Show(const ViewCommand& command) {
 
 void FrmMain::Reload() {
   Guard([this] {
+    shelf_.Clear();
     ReadAccounts();
     ReadReminders();
     ShowAgain(shown_);
@@ -65,6 +74,15 @@ void FrmMain::TakeFilter() {
   shown_ = CommandOf(shown_.name, shown_.accountId);
   history_.Replace(shown_);
   Reload();
+}
+
+void FrmMain::ShowEverything() {
+  const bool hasKeys = registerView_->isAncestorOf(QApplication::focusWidget());
+  const ViewCommand open{shown_.name, shown_.accountId};
+  TakeOptions(open);
+  TakeFilter();
+  // The button that asked for it is gone.
+  if (hasKeys) registerView_->setFocus();
 }
 
 void FrmMain::ShowAgain(const ViewCommand& command) {
@@ -151,13 +169,37 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
   }
   account_ = accountId;
   isAccountClosed_ = account->closed;
-  const std::optional<Period> period = shown_.RegisterPeriod();
-  registerView_->ShowAccount(*account, ledger.Register(accountId, shown_.Filter(), period),
-                             ledger.Totals(accountId, shown_.Filter(), period));
+  // Only of the accounts that the tree shows the sums are those of the shown filter.
+  std::optional<EntrySums> sums;
+  if (found != accounts_.end()) sums = found->sums;
+  const auto rows =
+      shelf_.Take(ledger.Store(), {accountId, shown_.Filter(), shown_.RegisterPeriod()},
+                  account->openingBalance, sums);
+  registerView_->ShowAccount(*account, rows);
+  if (registerView_->IsEmpty() && shown_.IsFiltered()) {
+    const EntrySums all =
+        ReadSums(ledger.Store(), accountId, StatusFilter(), std::nullopt, std::nullopt);
+    registerView_->ShowHidden(all.count, shown_.Filter());
+  }
   tree_->Choose(accountId);
   calendar_->SetMarkedDays(registerView_->Days());
-  uncleared_->setText(ToQt(UnclearedText(ledger.UnclearedCount(accountId))));
-  uncleared_->show();
+  ShowUncleared(rows);
+}
+
+// Counting them reads all of the account's entries: of a long register that is done once the rows
+// stand there.
+void FrmMain::ShowUncleared(const std::shared_ptr<RegisterRows>& rows) {
+  constexpr std::size_t kAtOnce = 20000;
+  const auto show = [this, rows] {
+    uncleared_->setText(ToQt(UnclearedText(rows->UnclearedCount())));
+    uncleared_->show();
+  };
+  if (rows->Count() < kAtOnce) return show();
+  QTimer::singleShot(0, this, [this, show, rows] {
+    const bool isShown =
+        shown_.name == kTransactionShow && shown_.accountId == rows->Scope().accountId;
+    if (isShown && rows->IsCurrent()) Guard(show);
+  });
 }
 
 void FrmMain::ShowClosed() {
@@ -203,6 +245,8 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewBack->setEnabled(isOpen && history_.CanGoBack());
   actions_->mnuViewForward->setEnabled(isOpen && history_.CanGoForward());
   actions_->mnuViewSort->setEnabled(isOpen);
+  actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
+  actions_->mnuViewWidths->setEnabled(isOpen);
   MarkUndo();
   MarkChoice();
 }

@@ -42,6 +42,7 @@ bool LedgerSession::Open(bool quiet) {
 }
 
 void LedgerSession::Close() {
+  if (IsOpen() && onClose_) onClose_();
   posting_.reset();
   rates_.reset();
   ledger_.reset();

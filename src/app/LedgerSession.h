@@ -7,6 +7,7 @@
 #include "store/OpenDataFile.h"
 
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -28,6 +29,8 @@ class LedgerSession {
   // password).
   bool Open(bool quiet);
   void Close();
+  // Called before what is open is closed: who holds on to rows of it must let them go.
+  void OnClose(std::function<void()> notice) { onClose_ = std::move(notice); }
 
   // Makes another data file the one to open: writes it into the settings, except where a path was
   // given for this run. Closes what is open. Throws PlatformError.
@@ -58,6 +61,7 @@ class LedgerSession {
   bool isFixed_;        // the path was given for this run
   std::string path_;    // where it was
   std::string former_;  // what was chosen before
+  std::function<void()> onClose_;
   std::optional<DataFile> file_;
   std::unique_ptr<clsCorvanta> ledger_;
   std::unique_ptr<RateSource> rates_;

@@ -175,6 +175,8 @@ void MainActions::MakeViewOptions() {
   for (QAction* tick : {mnuViewUnCleared, mnuViewCleared, mnuViewReconciled}) {
     tick->setChecked(true);
   }
+  mnuViewAll = Make("mnuViewAll", tr("Show E&verything"), "",
+                    tr("Show all transactions, of every day and status"));
   mnuViewDescription = MakeTick("mnuViewDescription", tr("Show &Description"),
                                 tr("Show the description in the register"));
   mnuViewReference =
@@ -183,6 +185,8 @@ void MainActions::MakeViewOptions() {
       MakeTick("mnuViewStatus", tr("Show S&tatus"), tr("Show the status in the register"));
   mnuViewSort = new QMenu(tr("Sort by Co&lumn"), window_);
   mnuViewSort->menuAction()->setObjectName(QStringLiteral("mnuViewSort"));
+  mnuViewWidths = Make("mnuViewWidths", tr("Reset Column &Widths"), "",
+                       tr("Let the columns of the list fill its width again"));
 }
 
 QAction* MainActions::Make(const char* name, const QString& text, const char* icon,

@@ -92,10 +92,12 @@ class MainActions : public QObject {
   QAction* mnuViewUnCleared;
   QAction* mnuViewCleared;
   QAction* mnuViewReconciled;
+  QAction* mnuViewAll;
   QAction* mnuViewDescription;
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
   QMenu* mnuViewSort;  // filled when it opens
+  QAction* mnuViewWidths;
   QAction* mnuViewAccountTypes;
   QAction* mnuViewBanks;
   QAction* mnuViewPayments;

@@ -64,10 +64,11 @@ void MainActions::FillViewMenu(QMenu& view) const {
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
-  view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled});
+  view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled, mnuViewAll});
   view.addSeparator();
   view.addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
   view.addMenu(mnuViewSort);
+  view.addAction(mnuViewWidths);
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();

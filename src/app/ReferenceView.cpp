@@ -4,6 +4,7 @@
 #include "app/ViewHeader.h"
 #include "controls/EmptyState.h"
 #include "controls/SortedTable.h"
+#include "controls/Style.h"
 
 #include <QAction>
 #include <QStackedWidget>
@@ -12,6 +13,10 @@
 #include <algorithm>
 
 namespace corvanta {
+namespace {
+// What a column of texts keeps where there is little room.
+constexpr int kSmallest = 9 * kRhythm;
+}  // namespace
 
 ReferenceView::ReferenceView(const char* listName, const QString& title,
                              std::vector<ListColumn> columns, const SortState& sort,
@@ -31,7 +36,8 @@ ReferenceView::ReferenceView(const char* listName, const QString& title,
   table_->setModel(model_);
   std::vector<ListTable::Column> widths;
   for (const ListColumn& column : model_->Columns()) {
-    widths.push_back({column.width, column.stretch});
+    const int smallest = column.stretch > 0 ? std::min(column.width, kSmallest) : column.width;
+    widths.push_back({column.width, column.stretch, smallest});
   }
   table_->SetColumns(std::move(widths));
   table_->SetSorted(sort);

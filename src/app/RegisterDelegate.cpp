@@ -23,8 +23,10 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                              const QModelIndex& index) const {
   const auto* model = static_cast<const RegisterModel*>(index.model());
   const RegisterRow& row = model->Row(index.row());
-  const bool selected = (option.state & QStyle::State_Selected) != 0;
-  const QColor background = Background(option, index.row());
+  QStyleOptionViewItem cell = option;
+  MuteSelection(cell);
+  const bool selected = (cell.state & QStyle::State_Selected) != 0;
+  const QColor background = Background(cell, index.row());
   painter->save();
   painter->fillRect(option.rect, background);
   if (colours_.grid && !selected) {
@@ -32,27 +34,29 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
   }
   const bool isAhead = model->IsAhead(index.row());
-  if (isAhead && index.row() > 0 && !model->IsAhead(index.row() - 1)) {
+  if (model->IsTodayAbove(index.row())) {
     painter->setPen(QPen(AccentColour(option.palette), 1, Qt::DashLine));
     painter->drawLine(option.rect.topLeft(), option.rect.topRight());
   }
   QRect text = CellTextRect(option.rect, index.column(), RegisterModel::kColumns);
   if (index.column() == RegisterModel::kPayee) {
-    text.setRight(text.right() - DrawMarks(*painter, row, text, selected));
+    text.setRight(text.right() -
+                  DrawMarks(*painter, row, text,
+                            selected && HasKeys(option) ? QIcon::Selected : QIcon::Normal));
   }
   QFont font = option.font;
   font.setItalic(isAhead);
   painter->setFont(font);
-  painter->setPen(selected ? option.palette.color(QPalette::HighlightedText)
-                           : TextColour(row, index.column(), option.palette, background));
+  painter->setPen(selected ? cell.palette.color(QPalette::HighlightedText)
+                           : TextColour(row, index.column(), cell.palette, background));
   DrawText(*painter, text, model->data(index, Qt::DisplayRole).toString(),
            RegisterModel::IsMoney(index.column()));
   painter->restore();
 }
 
-QColor RegisterDelegate::Background(const QStyleOptionViewItem& option, int row) const {
-  const QPalette& palette = option.palette;
-  if ((option.state & QStyle::State_Selected) != 0) return SelectionColour(option);
+QColor RegisterDelegate::Background(const QStyleOptionViewItem& cell, int row) const {
+  const QPalette& palette = cell.palette;
+  if ((cell.state & QStyle::State_Selected) != 0) return palette.color(QPalette::Highlight);
   const bool odd = row % 2 != 0;
   if (IsDark(palette)) return palette.color(odd ? QPalette::AlternateBase : QPalette::Base);
   return odd ? colours_.alternate2 : colours_.alternate1;
@@ -68,13 +72,13 @@ QColor RegisterDelegate::TextColour(const RegisterRow& row, int column, const QP
 }
 
 int RegisterDelegate::DrawMarks(QPainter& painter, const RegisterRow& row, const QRect& cell,
-                                bool selected) const {
+                                QIcon::Mode mode) const {
   int width = 0;
   const auto draw = [&](bool shown, const QIcon& icon) {
     if (!shown) return;
     const QRect place(cell.right() + 1 - width - kMark, cell.center().y() - kMark / 2 + 1, kMark,
                       kMark);
-    icon.paint(&painter, place, Qt::AlignCenter, selected ? QIcon::Selected : QIcon::Normal);
+    icon.paint(&painter, place, Qt::AlignCenter, mode);
     width += kMark + kMarkGap;
   };
   draw(row.hasAttachment, attachment_);

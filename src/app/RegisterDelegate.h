@@ -32,11 +32,12 @@ class RegisterDelegate : public ListDelegate {
              const QModelIndex& index) const override;
 
  private:
-  [[nodiscard]] QColor Background(const QStyleOptionViewItem& option, int row) const;
+  [[nodiscard]] QColor Background(const QStyleOptionViewItem& cell, int row) const;
   [[nodiscard]] QColor TextColour(const RegisterRow& row, int column, const QPalette& palette,
                                   const QColor& background) const;
   // Draws the row's marks at the right end of the cell; returns how wide they are.
-  int DrawMarks(QPainter& painter, const RegisterRow& row, const QRect& cell, bool selected) const;
+  int DrawMarks(QPainter& painter, const RegisterRow& row, const QRect& cell,
+                QIcon::Mode mode) const;
 
   ListColours colours_;
   QIcon split_;

@@ -1,21 +1,37 @@
 #include "app/RegisterModel.h"
 
 #include "controls/QtText.h"
+#include "ledger/RegisterOrder.h"
 #include "platform/Locale.h"
-#include "platform/TextCase.h"
+#include "store/Connection.h"
+#include "store/StoreError.h"
+
+#include <QTimer>
 
 #include <algorithm>
 
 namespace corvanta {
+namespace {
+constexpr std::size_t kAtOnce = 10000;
+constexpr std::size_t kSlice = 15000;  // some milliseconds
+constexpr int kPage = 64;
+}  // namespace
 
 RegisterModel::RegisterModel(const Locale& locale, QObject* parent)
-    : QAbstractTableModel(parent), locale_(locale) {}
+    : QAbstractTableModel(parent), locale_(locale), idle_(new QTimer(this)) {
+  idle_->setObjectName(QStringLiteral("tmrRegister"));
+  connect(idle_, &QTimer::timeout, this, &RegisterModel::ReadOn);
+}
 
-void RegisterModel::SetRows(std::vector<RegisterRow> rows) {
+void RegisterModel::SetRows(std::shared_ptr<RegisterRows> rows) {
   beginResetModel();
   rows_ = std::move(rows);
+  hasFailed_ = false;
   PutInOrder();
   endResetModel();
+  // A short register is read at once.
+  if (rows_ != nullptr) Try([this] { rows_->ReadOn(kAtOnce); });
+  if (rows_ != nullptr && !rows_->IsWhole()) idle_->start(0);
 }
 
 void RegisterModel::Sort(const SortState& sort) {
@@ -25,47 +41,142 @@ void RegisterModel::Sort(const SortState& sort) {
   endResetModel();
 }
 
+// By day is the order in which they are kept. The newest first are those turned round as a whole,
+// so that the balances of one day read on, too.
 void RegisterModel::PutInOrder() {
-  // That is the order in which they came.
-  const bool isByDay = sort_ == SortState{kDate, false};
-  order_ = SortedRows(rows_.size(), isByDay ? SortState{} : sort_,
-                      [this](std::size_t row) { return Key(rows_[row]); });
+  idle_->stop();
+  order_.clear();
+  pages_ = {};
+  if (rows_ == nullptr || sort_.column < 0 || sort_.column == kDate) {
+    if (rows_ != nullptr && !rows_->IsWhole()) idle_->start(0);
+    return;
+  }
+  Try([this] {
+    order_ = SortedRegister(*rows_, static_cast<RegisterColumn>(sort_.column), sort_.isDescending);
+  });
 }
 
-SortKey RegisterModel::Key(const RegisterRow& row) const {
-  switch (sort_.column) {
-    case kDate:
-      return SortKey(static_cast<double>(row.date.Serial()));
-    case kPaidOut:
-      return row.amount < 0 ? SortKey(row.amount) : SortKey();
-    case kPaidIn:
-      return row.amount < 0 ? SortKey() : SortKey(row.amount);
-    case kBalance:
-      return SortKey(row.balance);
-    default:
-      return SortKey(FoldCase(FromQt(Text(row, sort_.column))));
+void RegisterModel::ReadOn() {
+  const bool goesOn = rows_ != nullptr && !rows_->IsWhole() && !hasFailed_;
+  const bool isCurrent = goesOn && rows_->IsCurrent();
+  if (isCurrent && Try([this] { rows_->ReadOn(kSlice); }) && !rows_->IsWhole()) return;
+  // A change that is under way ends before long.
+  if (goesOn && !isCurrent && rows_->Store().InTransaction()) return;
+  idle_->stop();
+  if (!goesOn || hasFailed_) return;
+  if (isCurrent) {
+    Q_EMIT ReadWhole();
+  } else {
+    Q_EMIT Outdated();
   }
+}
+
+bool RegisterModel::Try(const std::function<void()>& read) const {
+  try {
+    read();
+    return true;
+  } catch (const StoreError& error) {
+    // Reading is asked for while the list is drawn, where nothing can be told.
+    auto* self = const_cast<RegisterModel*>(this);
+    if (!hasFailed_) {
+      QMetaObject::invokeMethod(
+          self, [self, text = ToQt(error.what())] { Q_EMIT self->Failed(text); },
+          Qt::QueuedConnection);
+    }
+    hasFailed_ = true;
+    return false;
+  }
+}
+
+bool RegisterModel::IsTodayAbove(int row) const {
+  return sort_.column == kDate && row > 0 && IsAhead(row) != IsAhead(row - 1);
+}
+
+std::size_t RegisterModel::Place(int row) const {
+  const auto index = static_cast<std::size_t>(row);
+  if (index < order_.size()) return order_[index];
+  return sort_.column == kDate && sort_.isDescending ? rows_->Count() - 1 - index : index;
+}
+
+int RegisterModel::RowAt(std::size_t place) const {
+  if (!order_.empty()) {
+    const auto found = std::ranges::find(order_, static_cast<std::uint32_t>(place));
+    return static_cast<int>(found - order_.begin());
+  }
+  const bool isTurned = sort_.column == kDate && sort_.isDescending;
+  return static_cast<int>(isTurned ? rows_->Count() - 1 - place : place);
+}
+
+const RegisterEntry& RegisterModel::Entry(int row) const {
+  static const RegisterEntry kNone;
+  const RegisterEntry* entry = &kNone;
+  if (!hasFailed_) Try([&] { entry = &rows_->Entry(Place(row)); });
+  return *entry;
+}
+
+const RegisterRow& RegisterModel::Row(int row) const {
+  const int first = row - row % kPage;
+  for (const Page& page : pages_) {
+    if (page.first == first) return page.rows.at(static_cast<std::size_t>(row - first));
+  }
+  Page& page = pages_.at(nextPage_);
+  nextPage_ = (nextPage_ + 1) % pages_.size();
+  const int last = std::min(first + kPage, rowCount());
+  page.first = first;
+  page.rows.assign(static_cast<std::size_t>(last - first), RegisterRow());
+  std::vector<std::size_t> places;
+  for (int one = first; one < last; ++one) places.push_back(Place(one));
+  if (!hasFailed_) Try([&] { page.rows = rows_->Read(places); });
+  return page.rows.at(static_cast<std::size_t>(row - first));
 }
 
 int RegisterModel::RowNear(Date day) const {
-  if (rows_.empty()) return -1;
-  const auto found =
-      std::lower_bound(rows_.begin(), rows_.end() - 1, day,
-                       [](const RegisterRow& row, Date wanted) { return row.date < wanted; });
-  const auto place =
-      std::find(order_.begin(), order_.end(), static_cast<std::size_t>(found - rows_.begin()));
-  return static_cast<int>(place - order_.begin());
+  if (rowCount() == 0) return -1;
+  if (!Try([&] { rows_->ReadBefore(day); })) return -1;
+  std::size_t place = rows_->FirstRead();
+  while (place + 1 < rows_->Count() && rows_->Entry(place).date < day) ++place;
+  return RowAt(place);
+}
+
+std::vector<int> RegisterModel::RowsOf(Date day) const {
+  std::vector<int> rows;
+  if (rowCount() == 0 || !Try([&] { rows_->ReadBefore(day); })) return rows;
+  for (std::size_t place = rows_->FirstRead(); place < rows_->Count(); ++place) {
+    if (rows_->Entry(place).date == day) rows.push_back(RowAt(place));
+  }
+  return rows;
+}
+
+QSet<QDate> RegisterModel::Days() const {
+  QSet<QDate> days;
+  if (rows_ == nullptr) return days;
+  Date last;
+  for (std::size_t place = rows_->FirstRead(); place < rows_->Count(); ++place) {
+    const Date date = rows_->Entry(place).date;
+    if (days.isEmpty() || date != last) days.insert(ToQt(date));
+    last = date;
+  }
+  return days;
+}
+
+QStringList RegisterModel::WidestFigures(int column) const {
+  if (rowCount() == 0) return {};
+  const RegisterRows::Extremes& of = rows_->Figures();
+  const auto text = [this](double value) { return ToQt(locale_.FormatNumber(value)); };
+  if (column == kBalance) return {text(of.leastBalance), text(of.mostBalance)};
+  if (column == kPaidOut)
+    return of.leastAmount < 0 ? QStringList{text(of.leastAmount)} : QStringList();
+  return of.mostAmount < 0 ? QStringList() : QStringList{text(of.mostAmount)};
 }
 
 int RegisterModel::RowOf(std::int64_t transactionId) const {
-  for (int row = 0; row < rowCount(); ++row) {
-    if (Row(row).transactionId == transactionId) return row;
-  }
-  return -1;
+  std::optional<std::size_t> place;
+  if (rows_ != nullptr) Try([&] { place = rows_->RowOf(transactionId); });
+  return place ? RowAt(*place) : -1;
 }
 
 int RegisterModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  return parent.isValid() || rows_ == nullptr ? 0 : static_cast<int>(rows_->Count());
 }
 
 int RegisterModel::columnCount(const QModelIndex& parent) const {
@@ -74,18 +185,17 @@ int RegisterModel::columnCount(const QModelIndex& parent) const {
 
 QVariant RegisterModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
-  const RegisterRow& row = Row(index.row());
   switch (role) {
     case Qt::DisplayRole:
-      return Text(row, index.column());
+      return Text(index.row(), index.column());
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (IsMoney(index.column()) ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole: {
-      const QString text = Text(row, index.column());
+      const QString text = Text(index.row(), index.column());
       const QString marks =
-          index.column() == kPayee ? MarksText(row, IsAhead(index.row())) : QString();
+          index.column() == kPayee ? MarksText(Row(index.row()), IsAhead(index.row())) : QString();
       return marks.isEmpty() ? text : text + QStringLiteral(" (") + marks + u')';
     }
     default:
@@ -93,31 +203,41 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
   }
 }
 
-QString RegisterModel::Text(const RegisterRow& row, int column) const {
+// Most columns are known without reading the row, so that a search passes over them quickly.
+QString RegisterModel::Text(int row, int column) const {
+  const RegisterEntry& entry = Entry(row);
+  if (entry.transactionId == 0) return {};
   switch (column) {
     case kDate:
-      return ToQt(locale_.FormatShortDate(row.date));
+      return ToQt(locale_.FormatShortDate(entry.date));
     case kPayee:
-      return ToQt(row.payee);
-    case kCategory:
-      return ToQt(row.category);
+      return PayeeText(row, entry);
+    case kCategory: {
+      const std::string* category = rows_->Names().Category(entry.categoryId);
+      return category == nullptr ? QString() : ToQt(*category);
+    }
     case kPayment:
-      return ToQt(row.payment);
+      return ToQt(rows_->Names().Payment(entry.paymentId));
     case kRef:
-      return ToQt(row.reference);
+      return ToQt(Row(row).reference);
     case kDescription:
-      return ToQt(row.description);
+      return ToQt(Row(row).description);
     case kStatus:
-      return ToQt(row.status);
+      return ToQt(entry.status);
     case kPaidOut:
-      return row.amount < 0 ? ToQt(locale_.FormatNumber(row.amount)) : QString();
+      return entry.amount < 0 ? ToQt(locale_.FormatNumber(entry.amount)) : QString();
     case kPaidIn:
-      return row.amount < 0 ? QString() : ToQt(locale_.FormatNumber(row.amount));
+      return entry.amount < 0 ? QString() : ToQt(locale_.FormatNumber(entry.amount));
     case kBalance:
-      return ToQt(locale_.FormatNumber(row.balance));
+      return ToQt(locale_.FormatNumber(entry.balance));
     default:
       return {};
   }
+}
+
+QString RegisterModel::PayeeText(int row, const RegisterEntry& entry) const {
+  if (entry.transferId != 0) return ToQt(Row(row).payee);
+  return ToQt(rows_->Names().Payee(entry.payeeId));
 }
 
 QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int role) const {

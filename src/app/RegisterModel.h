@@ -1,18 +1,26 @@
 #pragma once
 
 #include "controls/ListSort.h"
-#include "ledger/clsCorvanta.h"
+#include "ledger/RegisterRows.h"
 
 #include <QAbstractTableModel>
+#include <QDate>
+#include <QSet>
+#include <QStringList>
 
+#include <array>
+#include <functional>
+#include <memory>
 #include <vector>
+
+class QTimer;
 
 namespace corvanta {
 
 class Locale;
 
-// The rows of a register as a table. Nothing is formatted before it is drawn, so that a register
-// of any length opens at once.
+// The rows of a register as a table. Nothing is read or formatted before it is drawn, so that a
+// register of any length opens at once.
 class RegisterModel : public QAbstractTableModel {
   Q_OBJECT
 
@@ -34,17 +42,29 @@ class RegisterModel : public QAbstractTableModel {
 
   RegisterModel(const Locale& locale, QObject* parent);
 
-  // Rows in date order; they are shown in the order that was last asked for.
-  void SetRows(std::vector<RegisterRow> rows);
+  // Shows the rows in the order that was last asked for; null for none. What is not yet read of
+  // them is read as it comes into sight, and the rest little by little while nothing else happens.
+  void SetRows(std::shared_ptr<RegisterRows> rows);
   // Rows after it are ahead: a forecast.
   void SetToday(Date today) { today_ = today; }
-  [[nodiscard]] bool IsAhead(int row) const { return Row(row).date > today_; }
+  [[nodiscard]] bool IsAhead(int row) const { return Entry(row).date > today_; }
+  // Whether today ends above the row, in a list that stands by day.
+  [[nodiscard]] bool IsTodayAbove(int row) const;
   void Sort(const SortState& sort);
-  [[nodiscard]] const RegisterRow& Row(int row) const {
-    return rows_.at(order_.at(static_cast<std::size_t>(row)));
-  }
+  // What is known of a row without reading it; one that can no longer be read has the key 0.
+  [[nodiscard]] const RegisterEntry& Entry(int row) const;
+  // The row whole; valid until another one is asked for.
+  [[nodiscard]] const RegisterRow& Row(int row) const;
+  [[nodiscard]] std::int64_t Key(int row) const { return Entry(row).transactionId; }
   // The row of the first day that is not before that one, or of the last day; -1 without rows.
   [[nodiscard]] int RowNear(Date day) const;
+  // The rows of that day.
+  [[nodiscard]] std::vector<int> RowsOf(Date day) const;
+  // The days of the rows that are read.
+  [[nodiscard]] QSet<QDate> Days() const;
+  // The widest figures that a column of money shows in the rows that are read; none for a column
+  // that shows none.
+  [[nodiscard]] QStringList WidestFigures(int column) const;
   // Of a transaction; -1 when it is not shown.
   [[nodiscard]] int RowOf(std::int64_t transactionId) const;
 
@@ -54,16 +74,36 @@ class RegisterModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
 
+ Q_SIGNALS:
+  void ReadWhole();                    // every row's entry is read
+  void Outdated();                     // the data have changed: what is left cannot be read
+  void Failed(const QString& reason);  // the data file refuses to be read; told once
+
  private:
-  [[nodiscard]] QString Text(const RegisterRow& row, int column) const;
-  [[nodiscard]] SortKey Key(const RegisterRow& row) const;
+  [[nodiscard]] QString Text(int row, int column) const;
+  [[nodiscard]] QString PayeeText(int row, const RegisterEntry& entry) const;
   void PutInOrder();
+  void ReadOn();
+  // The row's place among the rows by day, and the other way.
+  [[nodiscard]] std::size_t Place(int row) const;
+  [[nodiscard]] int RowAt(std::size_t place) const;
+  // Runs what reads the data file; false when that fails, which is told.
+  bool Try(const std::function<void()>& read) const;
+
+  struct Page {
+    int first = -1;
+    std::vector<RegisterRow> rows;
+  };
 
   const Locale& locale_;
-  std::vector<RegisterRow> rows_;
-  std::vector<std::size_t> order_;
+  std::shared_ptr<RegisterRows> rows_;
+  std::vector<std::uint32_t> order_;  // empty for rows that stand by day
   SortState sort_;
   Date today_;
+  QTimer* idle_;
+  mutable std::array<Page, 4> pages_;  // read last
+  mutable std::size_t nextPage_ = 0;
+  mutable bool hasFailed_ = false;
 };
 
 // What the marks of a row say, in words: "split, from a schedule"; empty for an ordinary row.

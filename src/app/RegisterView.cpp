@@ -10,9 +10,11 @@
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "ledger/Balances.h"
+#include "ledger/RegisterRows.h"
 #include "platform/Locale.h"
 
 #include <QAction>
+#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QItemSelection>
 #include <QScrollBar>
@@ -32,17 +34,21 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   const Date longDate = *Date::FromYmd(2028, 12, 28);
   const int date = text(ToQt(locale.FormatShortDate(longDate))) + kRhythm;
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 2 * kRhythm;
+  const int word = text(QStringLiteral("Abcdef..."));
+  const int few = text(QStringLiteral("Abc..."));
   std::vector<ListTable::Column> columns(RegisterModel::kColumns);
-  columns[RegisterModel::kDate] = {date + kRhythm, 0};
-  columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")), 4};
-  columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category xx")), 4};
-  columns[RegisterModel::kPayment] = {text(QStringLiteral("Direct Debit")), 1};
-  columns[RegisterModel::kRef] = {text(QStringLiteral("123456")), 0};
-  columns[RegisterModel::kDescription] = {text(QStringLiteral("Description")), 3};
-  columns[RegisterModel::kStatus] = {text(QStringLiteral("Status")), 0};
-  columns[RegisterModel::kPaidOut] = {money, 0};
-  columns[RegisterModel::kPaidIn] = {money, 0};
-  columns[RegisterModel::kBalance] = {money + 2 * kRhythm, 0};
+  // The last numbers say which column leaves first where there is no room.
+  columns[RegisterModel::kDate] = {date + kRhythm, 0, date};
+  columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")), 4, few};
+  columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category xx")), 4, word,
+                                       5};
+  columns[RegisterModel::kPayment] = {text(QStringLiteral("Direct Debit")), 1, word, 4};
+  columns[RegisterModel::kRef] = {text(QStringLiteral("123456")), 0, few, 1};
+  columns[RegisterModel::kDescription] = {text(QStringLiteral("Description")), 3, word, 2};
+  columns[RegisterModel::kStatus] = {text(QStringLiteral("Status")), 0, 0, 3};
+  columns[RegisterModel::kPaidOut] = {money, 0, money, 0, true};
+  columns[RegisterModel::kPaidIn] = {money, 0, money, 0, true};
+  columns[RegisterModel::kBalance] = {money + 2 * kRhythm, 0, money + kRhythm, 0, true};
   return columns;
 }
 
@@ -99,9 +105,14 @@ void RegisterView::Connect() {
   connect(table_, &QWidget::customContextMenuRequested, this, &RegisterView::RequestMenu);
   connect(empty_, &QWidget::customContextMenuRequested, this,
           [this](QPoint place) { Q_EMIT MenuRequested(empty_->mapToGlobal(place)); });
-  connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
-    Q_EMIT Opened(model_->Row(index.row()).transactionId);
+  connect(table_, &QAbstractItemView::activated, this,
+          [this](const QModelIndex& index) { Q_EMIT Opened(model_->Key(index.row())); });
+  connect(model_, &RegisterModel::ReadWhole, this, [this] {
+    WidenForFigures();
+    Q_EMIT DaysRead();
   });
+  connect(model_, &RegisterModel::Outdated, this, &RegisterView::Outdated);
+  connect(model_, &RegisterModel::Failed, this, &RegisterView::Failed);
   connect(table_, &SortedTable::SortChosen, this, [this] {
     const std::int64_t focused = FocusedKey();
     model_->Sort(table_->Sorted());
@@ -120,43 +131,64 @@ void RegisterView::RequestMenu(QPoint place) {
   Q_EMIT MenuRequested(table_->viewport()->mapToGlobal(place));
 }
 
-void RegisterView::ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
-                               const PeriodTotals& totals) {
-  header_->Show(ToQt(AccountCaption(account)), Ahead(account, rows) + Details(account));
-  const auto count = static_cast<qulonglong>(rows.size());
+void RegisterView::ShowAccount(const AccountRow& account,
+                               const std::shared_ptr<RegisterRows>& rows) {
+  header_->Show(ToQt(AccountCaption(account)), Ahead(account, *rows) + Details(account));
+  const auto count = static_cast<qulonglong>(rows->Count());
   totals_->Show(
       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
-      totals, locale_);
+      rows->Totals(), locale_);
   totals_->show();
   period_->show();
   const bool isSame = accountId_ == account.accountId;
   accountId_ = account.accountId;
-  Fill(std::move(rows), isSame);
-  if (count == 0) ShowEmpty(account);
+  Fill(rows, isSame);
+  if (count == 0) ShowEmpty();
   pages_->setCurrentIndex(count == 0 ? 1 : 0);
   setFocusProxy(pages_->currentWidget());
 }
 
-void RegisterView::ShowEmpty(const AccountRow& account) {
-  const bool hasOthers = account.balance != account.openingBalance || Period().has_value();
-  if (hasOthers) {
-    empty_->Show(QStringLiteral("register"), tr("No transactions to show"),
-                 tr("The period above the list, or the statuses that are chosen in the View menu, "
-                    "leave none of the account's transactions."),
-                 nullptr);
-    return;
+void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter) {
+  if (count == 0) return;
+  const QString title = count == 1 ? tr("The one transaction is hidden")
+                                   : tr("All %1 transactions are hidden")
+                                         .arg(locale().toString(static_cast<qlonglong>(count)));
+  empty_->Show(QStringLiteral("register"), title, FilterText(filter), offers_.everything);
+}
+
+QString RegisterView::FilterText(const StatusFilter& filter) const {
+  QStringList parts;
+  if (const auto days = Period()) {
+    parts.append(tr("The period above the list keeps to the days from %1 to %2.")
+                     .arg(ToQt(locale_.FormatShortDate(days->start)),
+                          ToQt(locale_.FormatShortDate(days->end))));
   }
+  QStringList statuses;
+  if (filter.uncleared) statuses.append(tr("uncleared"));
+  if (filter.cleared) statuses.append(tr("cleared"));
+  if (filter.reconciled) statuses.append(tr("reconciled"));
+  if (statuses.size() == 1) {
+    parts.append(tr("Of the statuses, the View menu shows only %1 funds.").arg(statuses[0]));
+  } else if (statuses.size() == 2) {
+    parts.append(tr("Of the statuses, the View menu shows only %1 and %2 funds.")
+                     .arg(statuses[0], statuses[1]));
+  }
+  return parts.join(u' ');
+}
+
+void RegisterView::ShowEmpty() {
   empty_->Show(QStringLiteral("register"), tr("No transactions in this account yet"),
                tr("What is paid into the account and out of it will be listed here, the newest "
                   "last. Until then its balance is its opening balance."),
                offers_.add);
 }
 
-void RegisterView::Fill(std::vector<RegisterRow> rows, bool isSame) {
+void RegisterView::Fill(std::shared_ptr<RegisterRows> rows, bool isSame) {
   const std::int64_t focused = isSame ? FocusedKey() : 0;
   const int place = table_->currentIndex().row();
   const int scrolled = table_->verticalScrollBar()->value();
   model_->SetRows(std::move(rows));
+  WidenForFigures();
   const int count = model_->rowCount();
   if (count == 0) {
     Q_EMIT ChoiceChanged();
@@ -177,12 +209,26 @@ void RegisterView::Fill(std::vector<RegisterRow> rows, bool isSame) {
   Q_EMIT ChoiceChanged();
 }
 
+void RegisterView::WidenForFigures() {
+  const QFontMetrics metrics = fontMetrics();
+  for (const int column :
+       {RegisterModel::kPaidOut, RegisterModel::kPaidIn, RegisterModel::kBalance}) {
+    int width = metrics.horizontalAdvance(
+        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    for (const QString& figure : model_->WidestFigures(column)) {
+      width = std::max(width, TabularWidth(metrics, figure));
+    }
+    const int gaps = column == RegisterModel::kBalance ? 3 * kRhythm : 2 * kRhythm;
+    table_->SetSmallest(column, width + gaps);
+  }
+}
+
 void RegisterView::ShowNoAccount() {
   header_->Show(tr("Register"), QString());
   totals_->hide();
   period_->hide();
   accountId_ = 0;
-  model_->SetRows({});
+  model_->SetRows(nullptr);
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
                offers_.accounts);
@@ -190,12 +236,17 @@ void RegisterView::ShowNoAccount() {
   setFocusProxy(pages_->currentWidget());
 }
 
+void RegisterView::LetGo() {
+  accountId_ = 0;
+  model_->SetRows(nullptr);
+}
+
 void RegisterView::SetToday(Date today) {
   today_ = today;
   model_->SetToday(today);
 }
 
-QString RegisterView::Ahead(const AccountRow& account, const std::vector<RegisterRow>& rows) const {
+QString RegisterView::Ahead(const AccountRow& account, RegisterRows& rows) const {
   const std::optional<LowestPoint> lowest = LowestAhead(rows, today_);
   if (!lowest) return {};
   return tr("Lowest ahead: %1 %2 on %3")
@@ -205,13 +256,16 @@ QString RegisterView::Ahead(const AccountRow& account, const std::vector<Registe
 }
 
 void RegisterView::GoToToday() {
-  int row = model_->rowCount() - 1;
-  if (table_->Sorted() == SortState{RegisterModel::kDate, false}) {
-    while (row > 0 && model_->IsAhead(row)) --row;
-  }
-  const bool isEnd = row + 1 == model_->rowCount();
-  if (isEnd) {
+  const int last = model_->rowCount() - 1;
+  const SortState& sort = table_->Sorted();
+  const bool isByDay = sort.column == RegisterModel::kDate;
+  int row = isByDay && !sort.isDescending ? last : 0;
+  const int step = row == 0 ? 1 : -1;
+  while (isByDay && model_->IsAhead(row) && row + step >= 0 && row + step <= last) row += step;
+  if (row == last) {
     table_->scrollToBottom();
+  } else if (row == 0) {
+    table_->scrollToTop();
   } else {
     table_->scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtCenter);
   }

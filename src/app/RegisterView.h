@@ -7,6 +7,7 @@
 #include <QSet>
 #include <QWidget>
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -20,29 +21,37 @@ class EmptyState;
 class Locale;
 class PeriodBar;
 class RegisterModel;
+class RegisterRows;
 class SortedTable;
 class TotalsLine;
 class ViewHeader;
-struct PeriodTotals;
 
 // The view of "TransactionShow": the register of one account, newest last.
 class RegisterView : public QWidget {
   Q_OBJECT
 
  public:
-  // What an empty register offers, and what a window without a chosen account does.
+  // What an empty register offers, a window without a chosen account, and one whose rows are all
+  // hidden.
   struct Offers {
     QAction* add;
     QAction* accounts;
+    QAction* everything;
   };
   RegisterView(const Locale& locale, const Offers& offers, QWidget* parent);
 
   // Shows the register at its end; the one already shown where it was, with the row chosen again
-  // that had the focus. The rows stand in date order.
-  void ShowAccount(const AccountRow& account, std::vector<RegisterRow> rows,
-                   const PeriodTotals& totals);
+  // that had the focus.
+  // Throws StoreError.
+  void ShowAccount(const AccountRow& account, const std::shared_ptr<RegisterRows>& rows);
+  // Says, in place of a register without rows, that filters hide those that the account has. The
+  // days are those of Period().
+  void ShowHidden(std::int64_t count, const StatusFilter& filter);
   // Shows instead of a register that no account is chosen.
   void ShowNoAccount();
+
+  // Lets the rows go: their data file is about to be closed.
+  void LetGo();
 
   // Rows after it are still to come.
   void SetToday(Date today);
@@ -75,7 +84,7 @@ class RegisterView : public QWidget {
   // Chooses the rows of that day and brings them into view; without any, the place where they
   // would stand.
   void ChooseDay(Date day);
-  // The days on which the register has rows.
+  // The days on which the register has rows, as far as it is read.
   [[nodiscard]] QSet<QDate> Days() const;
 
  Q_SIGNALS:
@@ -83,15 +92,20 @@ class RegisterView : public QWidget {
   void ChoiceChanged();
   void Opened(std::int64_t transactionId);  // a double click, or Enter
   void MenuRequested(QPoint place);         // on the screen
+  void DaysRead();                          // Days() knows all of them now
+  void Outdated();                          // the register must be shown anew
+  void Failed(const QString& reason);       // the data file refuses to be read
 
  private:
   void Connect();
   void RequestMenu(QPoint place);
-  void ShowEmpty(const AccountRow& account);
+  void ShowEmpty();
+  [[nodiscard]] QString FilterText(const StatusFilter& filter) const;
   // Says where the balance is lowest among the rows still to come; empty without any.
-  [[nodiscard]] QString Ahead(const AccountRow& account,
-                              const std::vector<RegisterRow>& rows) const;
-  void Fill(std::vector<RegisterRow> rows, bool isSame);
+  [[nodiscard]] QString Ahead(const AccountRow& account, RegisterRows& rows) const;
+  void Fill(std::shared_ptr<RegisterRows> rows, bool isSame);
+  // No figure of the list is wider than its column.
+  void WidenForFigures();
   // A register is opened at today, where the last rows are unless some are still to come.
   void GoToToday();
   [[nodiscard]] std::vector<int> ChosenRows() const;

@@ -22,25 +22,25 @@ std::vector<int> RegisterView::ChosenRows() const {
 
 std::vector<std::int64_t> RegisterView::ShownKeys() const {
   std::vector<std::int64_t> keys;
-  for (int row = 0; row < model_->rowCount(); ++row) keys.push_back(model_->Row(row).transactionId);
+  for (int row = 0; row < model_->rowCount(); ++row) keys.push_back(model_->Key(row));
+  std::erase(keys, 0);
   return keys;
 }
 
 std::vector<std::int64_t> RegisterView::ChosenKeys() const {
   std::vector<std::int64_t> keys;
-  for (const int row : ChosenRows()) keys.push_back(model_->Row(row).transactionId);
+  for (const int row : ChosenRows()) keys.push_back(model_->Key(row));
+  std::erase(keys, 0);
   return keys;
 }
 
 std::int64_t RegisterView::FocusedKey() const {
   const QItemSelectionModel* chosen = table_->selectionModel();
   const QModelIndex current = table_->currentIndex();
-  if (current.isValid() && chosen->isSelected(current)) {
-    return model_->Row(current.row()).transactionId;
-  }
+  if (current.isValid() && chosen->isSelected(current)) return model_->Key(current.row());
   if (!chosen->hasSelection()) return 0;
   const std::vector<int> rows = ChosenRows();
-  return rows.empty() ? 0 : model_->Row(rows.front()).transactionId;
+  return rows.empty() ? 0 : model_->Key(rows.front());
 }
 
 bool RegisterView::ChooseKey(std::int64_t transactionId) {
@@ -75,25 +75,18 @@ void RegisterView::ChooseDay(Date day) {
   const int near = model_->RowNear(day);
   if (near < 0) return;
   table_->scrollTo(model_->index(near, 0), QAbstractItemView::PositionAtCenter);
-  if (model_->Row(near).date != day) return;
   QItemSelection rows;
-  for (int row = 0; row < model_->rowCount(); ++row) {
-    if (model_->Row(row).date == day) rows.select(model_->index(row, 0), model_->index(row, 0));
+  for (const int row : model_->RowsOf(day)) {
+    rows.select(model_->index(row, 0), model_->index(row, 0));
   }
+  if (rows.isEmpty()) return;
   table_->selectionModel()->setCurrentIndex(model_->index(near, 0), QItemSelectionModel::NoUpdate);
   table_->selectionModel()->select(rows,
                                    QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 QSet<QDate> RegisterView::Days() const {
-  QSet<QDate> days;
-  Date last;
-  for (int row = 0; row < model_->rowCount(); ++row) {
-    const Date date = model_->Row(row).date;
-    if (row == 0 || date != last) days.insert(ToQt(date));
-    last = date;
-  }
-  return days;
+  return model_->Days();
 }
 
 }  // namespace corvanta

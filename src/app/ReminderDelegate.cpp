@@ -32,10 +32,11 @@ void ReminderDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
                              const QModelIndex& index) const {
   QStyleOptionViewItem cell = option;
   initStyleOption(&cell, index);
+  MuteSelection(cell);
   const bool selected = (cell.state & QStyle::State_Selected) != 0;
   const QRect place = cell.rect.adjusted(kRhythm, kRhythm / 2, -kRhythm, -kRhythm / 2);
   painter->save();
-  if (selected) painter->fillRect(cell.rect, SelectionColour(cell));
+  if (selected) painter->fillRect(cell.rect, cell.palette.color(QPalette::Highlight));
   const QColor text = cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
   if (IsHead(index)) {
     painter->setFont(ScaledFont(0, QFont::DemiBold));

@@ -26,6 +26,10 @@ struct ViewCommand {
   std::optional<DateRange> dates = std::nullopt;  // of a register that keeps to a period
 
   [[nodiscard]] StatusFilter Filter() const { return {uncleared, cleared, reconciled}; }
+  // Whether rows of the account may be hidden.
+  [[nodiscard]] bool IsFiltered() const {
+    return dates.has_value() || uncleared != cleared || cleared != reconciled;
+  }
   [[nodiscard]] std::optional<Period> RegisterPeriod() const {
     if (!dates) return std::nullopt;
     return Period{dates->start, dates->end};

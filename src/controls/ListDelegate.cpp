@@ -4,6 +4,7 @@
 #include "controls/TabularText.h"
 
 #include <QPainter>
+#include <QWidget>
 
 namespace corvanta {
 
@@ -13,9 +14,25 @@ QRect CellTextRect(const QRect& cell, int column, int columns) {
   return cell.adjusted(left, 0, -right, 0);
 }
 
-QColor SelectionColour(const QStyleOptionViewItem& option) {
-  const bool active = (option.state & QStyle::State_Active) != 0;
-  return option.palette.color(active ? QPalette::Active : QPalette::Inactive, QPalette::Highlight);
+bool HasKeys(const QStyleOptionViewItem& option) {
+  const bool isInFront = (option.state & QStyle::State_Active) != 0;
+  return isInFront && (option.widget == nullptr || option.widget->hasFocus());
+}
+
+void MuteSelection(QStyleOptionViewItem& option) {
+  if (HasKeys(option)) return;
+  constexpr double kShare = 0.28;
+  const QPalette& own = option.palette;
+  const QColor text = own.color(QPalette::Active, QPalette::Text);
+  const QColor background = Mixed(own.color(QPalette::Active, QPalette::Highlight),
+                                  own.color(QPalette::Active, QPalette::Base), kShare);
+  option.palette.setColor(QPalette::Highlight, background);
+  option.palette.setColor(QPalette::HighlightedText, ReadableOn(text, background));
+}
+
+void ListDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  MuteSelection(*option);
 }
 
 void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
@@ -25,9 +42,9 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool selected = (cell.state & QStyle::State_Selected) != 0;
   const bool odd = (cell.features & QStyleOptionViewItem::Alternate) != 0;
   painter->save();
-  painter->fillRect(cell.rect,
-                    selected ? SelectionColour(cell)
-                             : cell.palette.color(odd ? QPalette::AlternateBase : QPalette::Base));
+  painter->fillRect(cell.rect, cell.palette.color(selected ? QPalette::Highlight
+                                                  : odd    ? QPalette::AlternateBase
+                                                           : QPalette::Base));
   painter->setFont(cell.font);
   painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
   DrawText(*painter, CellTextRect(cell.rect, index.column(), index.model()->columnCount()),

@@ -19,11 +19,15 @@ class ListDelegate : public QStyledItemDelegate {
              const QModelIndex& index) const override;
 
  protected:
+  void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
   // The text of a cell in the painter's font and colour.
   static void DrawText(QPainter& painter, const QRect& place, const QString& text, bool isNumber);
 };
 
-// The background of a chosen row, stronger while the list is in use.
-[[nodiscard]] QColor SelectionColour(const QStyleOptionViewItem& option);
+// Whether the keys are the list's: it has the focus, in the window in front.
+[[nodiscard]] bool HasKeys(const QStyleOptionViewItem& option);
+// Mutes the colours of a chosen row while the list has no keys: what is pressed next goes
+// elsewhere.
+void MuteSelection(QStyleOptionViewItem& option);
 
 }  // namespace corvanta

@@ -28,74 +28,97 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRhythm + 2);
-  connect(horizontalHeader(), &QHeaderView::sectionResized, this, [this](int, int before, int now) {
-    if (!filling_ && before > 0 && now > 0) sizedByHand_ = true;
-  });
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this](int column, int before, int now) {
+            if (!filling_ && before > 0 && now > 0) TakeWidth(column, now);
+          });
 }
 
 void ListTable::SetColumns(std::vector<Column> columns) {
-  columns_ = std::move(columns);
+  columns_.clear();
+  for (const Column& column : columns) columns_.push_back({column});
+  FillWidth();
+}
+
+void ListTable::SetSmallest(int column, int width) {
+  Column& wish = columns_.at(static_cast<std::size_t>(column)).wish;
+  if (wish.smallest == width) return;
+  wish.smallest = width;
   FillWidth();
 }
 
 QString ListTable::Widths() const {
-  if (!sizedByHand_) return {};
   QStringList widths;
-  for (int column = 0; column < static_cast<int>(columns_.size()); ++column) {
-    const int width = isColumnHidden(column) ? columns_[static_cast<std::size_t>(column)].width
-                                             : columnWidth(column);
-    widths.append(QString::number(width));
+  bool isAny = false;
+  for (const State& column : columns_) {
+    isAny = isAny || column.byHand > 0;
+    widths.append(QString::number(column.byHand));
   }
-  return widths.join(u'|');
+  return isAny ? widths.join(u'|') : QString();
 }
 
 void ListTable::SetWidths(const QString& widths) {
   const QStringList parts = widths.split(u'|');
   std::vector<int> sizes;
-  for (const QString& part : parts) sizes.push_back(part.toInt());
+  for (const QString& part : parts) {
+    bool isNumber = false;
+    const int size = part.toInt(&isNumber);
+    sizes.push_back(isNumber ? size : -1);
+  }
   const bool fits =
       sizes.size() == columns_.size() &&
-      std::all_of(sizes.begin(), sizes.end(), [](int size) { return size > 0 && size < 10000; });
-  sizedByHand_ = fits;
-  if (!fits) return FillWidth();
-  filling_ = true;
-  for (std::size_t column = 0; column < sizes.size(); ++column) {
-    columns_[column].width = sizes[column];
-    const int index = static_cast<int>(column);
-    if (!isColumnHidden(index)) setColumnWidth(index, sizes[column]);
-  }
-  filling_ = false;
-}
-
-void ListTable::ShowColumn(int column, bool show) {
-  if (isColumnHidden(column) != show) return;
-  Column& known = columns_.at(static_cast<std::size_t>(column));
-  filling_ = true;
-  if (!show && sizedByHand_) known.width = columnWidth(column);
-  setColumnHidden(column, !show);
-  if (show) setColumnWidth(column, known.width);
-  filling_ = false;
+      std::all_of(sizes.begin(), sizes.end(), [](int size) { return size >= 0 && size < 10000; });
+  for (std::size_t i = 0; i < columns_.size(); ++i) columns_[i].byHand = fits ? sizes[i] : 0;
   FillWidth();
 }
 
+void ListTable::ShowColumn(int column, bool show) {
+  State& known = columns_.at(static_cast<std::size_t>(column));
+  if (known.isShown == show) return;
+  known.isShown = show;
+  FillWidth();
+}
+
+ColumnNeed ListTable::NeedOf(const State& column) const {
+  if (!column.isShown) return {};
+  const Column& wish = column.wish;
+  const int width = std::max(column.byHand > 0 ? column.byHand : wish.width, wish.smallest);
+  return {width, wish.stretch, wish.smallest, wish.leaves, wish.isLast, column.byHand > 0};
+}
+
 void ListTable::FillWidth() {
-  if (sizedByHand_ || columns_.empty()) return;
-  int used = 0;
-  int shares = 0;
-  for (std::size_t column = 0; column < columns_.size(); ++column) {
-    if (isColumnHidden(static_cast<int>(column))) continue;
-    used += columns_[column].width;
-    shares += columns_[column].stretch;
+  std::vector<ColumnNeed> needs;
+  for (const State& column : columns_) needs.push_back(NeedOf(column));
+  Arrange(needs);
+}
+
+// A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
+// and none leaves under the hand.
+void ListTable::TakeWidth(int column, int width) {
+  const auto taken = static_cast<std::size_t>(column);
+  std::vector<ColumnNeed> needs;
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const bool isHidden = isColumnHidden(static_cast<int>(i));
+    ColumnNeed need = isHidden ? ColumnNeed() : NeedOf(columns_[i]);
+    need.leaves = 0;
+    if (!isHidden && i < taken) need = {columnWidth(static_cast<int>(i))};
+    needs.push_back(need);
   }
-  int over = std::max(0, viewport()->width() - used);
+  if (taken >= needs.size()) return;
+  needs[taken].width = std::max(width, needs[taken].smallest);
+  needs[taken].isByHand = true;
+  Arrange(needs);
+  columns_[taken].byHand = columnWidth(column);
+}
+
+void ListTable::Arrange(const std::vector<ColumnNeed>& needs) {
+  if (needs.empty()) return;
+  const std::vector<int> widths = FitColumns(needs, viewport()->width());
   filling_ = true;
-  for (std::size_t column = 0; column < columns_.size(); ++column) {
-    if (isColumnHidden(static_cast<int>(column))) continue;
-    const int stretch = columns_[column].stretch;
-    const int extra = shares == 0 ? 0 : over * stretch / shares;
-    over -= extra;
-    shares -= stretch;
-    setColumnWidth(static_cast<int>(column), columns_[column].width + extra);
+  for (std::size_t i = 0; i < widths.size(); ++i) {
+    const int column = static_cast<int>(i);
+    if (isColumnHidden(column) != (widths[i] == 0)) setColumnHidden(column, widths[i] == 0);
+    if (widths[i] > 0) setColumnWidth(column, widths[i]);
   }
   filling_ = false;
 }

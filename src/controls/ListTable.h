@@ -1,5 +1,7 @@
 #pragma once
 
+#include "controls/ColumnFit.h"
+
 #include <QTableView>
 
 #include <vector>
@@ -8,7 +10,8 @@ namespace corvanta {
 
 // A list of rows: one height, whole rows chosen, no cell frames. Home and End go to the first and
 // last row, Tab leaves the list, Enter opens the row. Its columns fill the width: what is over goes
-// to the columns that can use it, until the person has set a width by hand.
+// to the columns that can use it, and where there is too little some give way or are hidden. One
+// that the person has set by hand keeps its width as long as that can be.
 class ListTable : public QTableView {
   Q_OBJECT
 
@@ -16,17 +19,22 @@ class ListTable : public QTableView {
   explicit ListTable(QWidget* parent = nullptr);
 
   struct Column {
-    int width;    // at least, in pixels
-    int stretch;  // share of what is over
+    int width;            // as wide as it likes to be, in pixels
+    int stretch;          // share of what is over
+    int smallest = 0;     // gives way down to this; 0: not at all
+    int leaves = 0;       // where there is no room the lowest one is hidden first; 0: never
+    bool isLast = false;  // gives way only where no other column is left to do so
   };
   // One entry for each column of the model, which must be set before.
   void SetColumns(std::vector<Column> columns);
+  // What the column shows now needs so much: it is never narrower, and wider where it was.
+  void SetSmallest(int column, int width);
 
-  // The widths as one text, the numbers separated by "|", a hidden column with the width that it
-  // had; empty while the columns fill the width by themselves.
+  // The widths set by hand as one text, the numbers separated by "|", 0 for a column that was not
+  // set; empty where none was.
   [[nodiscard]] QString Widths() const;
   // Sets widths from such a text; one that does not fit the columns is ignored. An empty text lets
-  // them fill the width.
+  // all of them fill the width.
   void SetWidths(const QString& widths);
   // Shows or hides a column.
   void ShowColumn(int column, bool show);
@@ -36,10 +44,17 @@ class ListTable : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  struct State {
+    Column wish;
+    int byHand = 0;
+    bool isShown = true;  // as long as there is room
+  };
+  [[nodiscard]] ColumnNeed NeedOf(const State& column) const;
   void FillWidth();
+  void TakeWidth(int column, int width);
+  void Arrange(const std::vector<ColumnNeed>& needs);
 
-  std::vector<Column> columns_;
-  bool sizedByHand_ = false;
+  std::vector<State> columns_;
   bool filling_ = false;
 };
 

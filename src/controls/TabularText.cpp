@@ -36,6 +36,14 @@ int WidthOf(const QFontMetrics& metrics, const DigitWidths& digits, const QStrin
   return width;
 }
 
+void DrawNarrower(QPainter& painter, const QRect& rect, const QString& text, int width) {
+  painter.save();
+  painter.translate(rect.left(), 0);
+  painter.scale(static_cast<double>(rect.width()) / width, 1);
+  DrawTabular(painter, QRect(0, rect.top(), width, rect.height()), text);
+  painter.restore();
+}
+
 }  // namespace
 
 int TabularWidth(const QFontMetrics& metrics, const QString& text) {
@@ -43,14 +51,11 @@ int TabularWidth(const QFontMetrics& metrics, const QString& text) {
 }
 
 void DrawTabular(QPainter& painter, const QRect& rect, const QString& text) {
-  if (text.isEmpty()) return;
+  if (text.isEmpty() || rect.isEmpty()) return;
   const QFontMetrics metrics = painter.fontMetrics();
   const DigitWidths digits = MeasureDigits(metrics);
   const int width = WidthOf(metrics, digits, text);
-  if (width > rect.width()) {
-    painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("…"));
-    return;
-  }
+  if (width > rect.width()) return DrawNarrower(painter, rect, text, width);
   if (digits.even) {
     painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
     return;

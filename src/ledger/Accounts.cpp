@@ -18,11 +18,15 @@ std::string AccountsStatement(const TreeOptions& options) {
       options.end ? "T.[Date] <= " + SqlDate(DateTime{*options.end, 86399}) + " AND " : "";
   return "Select A.AccountID, A.[Account], A.AccountNo, A.AccountTypeID, Y.AccountType, "
          "A.CurrencyId, "
-         "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount, S.Total "
+         "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount, S.Entries, "
+         "S.Total, "
+         "S.PaidIn, S.PaidOut "
          "from (((tblAccounts A LEFT JOIN tblAccountType Y ON A.AccountTypeID = Y.AccountTypeID) "
          "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
          "LEFT JOIN tblBank B ON A.BankID = B.BankID) "
-         "LEFT JOIN (Select T.AccountID AS SumAccountID, Sum(T.[Amount]) AS Total "
+         "LEFT JOIN (Select T.AccountID AS SumAccountID, Count(*) AS Entries, "
+         "Sum(T.[Amount]) AS Total, Sum(IIF(T.[Amount] > 0, T.[Amount], 0)) AS PaidIn, "
+         "Sum(IIF(T.[Amount] < 0, T.[Amount], 0)) AS PaidOut "
          "from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = C.CategoryID "
          "WHERE " +
          options.filter.Clause() + end +
@@ -57,7 +61,9 @@ std::vector<AccountRow> ReadAccounts(Connection& store, const TreeOptions& optio
     account.bank = rows.Text("Bank");
     account.description = rows.Text("Description");
     account.openingBalance = rows.Double("OpeningBalance");
-    account.balance = RoundMoney(account.openingBalance + rows.Double("Total"));
+    account.sums = {rows.Int("Entries"), rows.Double("Total"), rows.Double("PaidIn"),
+                    rows.Double("PaidOut")};
+    account.balance = RoundMoney(account.openingBalance + account.sums.total);
     accounts.push_back(std::move(account));
   }
   return accounts;

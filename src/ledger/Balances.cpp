@@ -1,6 +1,7 @@
 #include "ledger/Balances.h"
 
 #include "ledger/Money.h"
+#include "ledger/RegisterRows.h"
 #include "platform/Locale.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -80,13 +81,31 @@ PeriodTotals clsCorvanta::Totals(std::int64_t accountId, const StatusFilter& fil
   return totals;
 }
 
-std::int64_t clsCorvanta::UnclearedCount(std::int64_t accountId) {
-  return connection_
+EntrySums ReadSums(Connection& store, std::int64_t accountId, const StatusFilter& filter,
+                   const std::optional<Date>& from, const std::optional<Date>& to) {
+  std::string days;
+  if (from) days += "t.[Date] >= " + SqlDate(*from) + " AND ";
+  if (to) days += "t.[Date] <= " + EndOf(*to) + " AND ";
+  const Recordset row = store.OpenRecordset(
+      "Select Count(*), Sum(t.Amount), SUM(iif(t.Amount > 0,t.Amount,0)), "
+      "SUM(iif(t.Amount < 0,t.Amount,0)) from tblTransactions t INNER JOIN tblCategory c ON "
+      "t.CategoryID = c.CategoryID Where " +
+      filter.Clause() + days + "t.AllocatedItem = 0 AND t.AccountID = " + SqlNumber(accountId));
+  if (row.Eof()) return {};
+  return {row.Int(0), row.Double(1), row.Double(2), row.Double(3)};
+}
+
+std::int64_t UnclearedCount(Connection& store, std::int64_t accountId) {
+  return store
       .QueryValue(
           "Select Count(*) as RecCount From tblTransactions "
           "Where AllocatedItem = 0 AND Bankchk = 0 AND AccountID =" +
           SqlNumber(accountId))
       .Int();
+}
+
+std::int64_t clsCorvanta::UnclearedCount(std::int64_t accountId) {
+  return corvanta::UnclearedCount(connection_, accountId);
 }
 
 double clsCorvanta::RunningBalance(std::int64_t accountId, const StatusFilter& filter, Date day) {
@@ -176,13 +195,18 @@ std::string AccountCaption(const AccountRow& account) {
   return account.closed ? account.account + " [Closed] " : account.account;
 }
 
-std::optional<LowestPoint> LowestAhead(const std::vector<RegisterRow>& rows, Date today) {
+std::optional<LowestPoint> LowestAhead(RegisterRows& rows, Date today) {
+  rows.ReadBefore(today.AddDays(1));
   std::optional<LowestPoint> lowest;
-  for (std::size_t row = 0; row < rows.size(); ++row) {
-    const bool isEvening = row + 1 == rows.size() || rows[row + 1].date != rows[row].date;
-    if (rows[row].date <= today || !isEvening) continue;
-    if (!lowest || rows[row].balance < lowest->balance) {
-      lowest = LowestPoint{rows[row].date, rows[row].balance};
+  Date evening = today;
+  for (std::size_t row = rows.Count(); row > rows.FirstRead(); --row) {
+    const RegisterEntry& entry = rows.Entry(row - 1);
+    if (entry.date <= today) break;
+    const bool isEvening = entry.date != evening;
+    evening = entry.date;
+    // Of days that are alike the first one.
+    if (isEvening && (!lowest || entry.balance <= lowest->balance)) {
+      lowest = LowestPoint{entry.date, entry.balance};
     }
   }
   return lowest;

@@ -11,7 +11,9 @@
 
 namespace corvanta {
 
+class Connection;
 class Locale;
+class RegisterRows;
 
 // The figures under the register, in the account's currency. What no row yields is absent.
 struct PeriodTotals {
@@ -30,6 +32,12 @@ struct TotalsTexts {
   std::string paidOut = "Paid Out: ";
 };
 [[nodiscard]] TotalsTexts TextsOf(const PeriodTotals& totals, const Locale& locale);
+// What the account's shown rows of these days come to; all of them without a first or last day.
+[[nodiscard]] EntrySums ReadSums(Connection& store, std::int64_t accountId,
+                                 const StatusFilter& filter, const std::optional<Date>& from,
+                                 const std::optional<Date>& to);
+// As clsCorvanta::UnclearedCount.
+[[nodiscard]] std::int64_t UnclearedCount(Connection& store, std::int64_t accountId);
 // "Number of Uncleared records = 3"
 [[nodiscard]] std::string UnclearedText(std::int64_t count);
 
@@ -38,9 +46,8 @@ struct LowestPoint {
   Date day;
   double balance = 0;  // in the account's currency
 };
-// `rows` as clsCorvanta::Register gives them; nullopt when none is after today.
-[[nodiscard]] std::optional<LowestPoint> LowestAhead(const std::vector<RegisterRow>& rows,
-                                                     Date today);
+// nullopt when no row is after today. Throws StoreError.
+[[nodiscard]] std::optional<LowestPoint> LowestAhead(RegisterRows& rows, Date today);
 
 struct CurrencyTotal {
   std::int64_t currencyId = 0;

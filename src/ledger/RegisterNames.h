@@ -10,34 +10,46 @@ namespace corvanta {
 
 class Connection;
 
-// What a register shows of the rows that its transactions point to, read once: looking these few
-// names up in memory costs a third of joining them to a hundred thousand rows.
+using NamesByKey = std::unordered_map<std::int64_t, std::string>;
+
+// The names that a register's rows point to, read once: looking these few up in memory costs a
+// third of joining them to a hundred thousand rows.
 class RegisterNames {
  public:
-  RegisterNames(Connection& connection, std::int64_t accountId);
+  explicit RegisterNames(Connection& connection);
 
   // "Category" or "Category:SubCategory"; nullptr for a key that has no row.
   [[nodiscard]] const std::string* Category(std::int64_t key) const;
   // Empty for a key that has no row.
   [[nodiscard]] std::string_view Payee(std::int64_t key) const;
   [[nodiscard]] std::string_view Payment(std::int64_t key) const;
+
+ private:
+  NamesByKey categories_;
+  NamesByKey payees_;
+  NamesByKey payments_;
+};
+
+// What other rows say of some transactions: other halves, split lines, attachments.
+class RegisterLinks {
+ public:
+  // Of all rows of an account.
+  RegisterLinks(Connection& connection, std::int64_t accountId);
+  // Of these rows alone, whose keys stand with commas between them.
+  RegisterLinks(Connection& connection, const std::string& keys);
+
   // The account of a transfer's other half; nullptr when there is no such half.
   [[nodiscard]] const std::string* TwinAccount(std::int64_t twin) const;
   [[nodiscard]] bool HasLines(std::int64_t transaction) const;
   [[nodiscard]] bool HasAttachment(std::int64_t transaction) const;
 
  private:
-  using Names = std::unordered_map<std::int64_t, std::string>;
-  [[nodiscard]] static Names ReadNames(Connection& connection, std::string_view sql);
-  [[nodiscard]] static std::unordered_set<std::int64_t> ReadKeys(Connection& connection,
-                                                                 std::string_view sql);
-
-  Names categories_;
-  Names payees_;
-  Names payments_;
-  Names twins_;
+  NamesByKey twins_;
   std::unordered_set<std::int64_t> parents_;
   std::unordered_set<std::int64_t> attached_;
 };
+
+// The accounts of these other halves, whose keys stand with commas between them.
+[[nodiscard]] NamesByKey TwinAccounts(Connection& connection, const std::string& twins);
 
 }  // namespace corvanta

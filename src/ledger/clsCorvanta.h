@@ -34,6 +34,7 @@ struct StatusFilter {
   bool cleared = true;
   bool reconciled = true;
 
+  bool operator==(const StatusFilter&) const = default;
   // The filter's condition with "AND " behind it, such as "BankRec = 1 AND ".
   [[nodiscard]] std::string Clause() const;
 };
@@ -41,6 +42,16 @@ struct StatusFilter {
 struct Period {
   Date from;
   Date to;  // inclusive
+
+  bool operator==(const Period&) const = default;
+};
+
+// What an account's rows come to, as far as they are counted; in the account's currency.
+struct EntrySums {
+  std::int64_t count = 0;
+  double total = 0;
+  double paidIn = 0;
+  double paidOut = 0;  // negative or 0
 };
 
 // An account as the account tree and the account list show it.
@@ -56,6 +67,7 @@ struct AccountRow {
   std::string description;
   double openingBalance = 0;  // in the account's currency, as balance
   double balance = 0;
+  EntrySums sums;  // of the rows that the balance counts
   bool closed = false;
 };
 

@@ -69,22 +69,25 @@ void FrmReconcileDelegate::paint(QPainter* painter, const QStyleOptionViewItem& 
   text.rect.setLeft(option.rect.left() + MarksWidth(list));
   ListDelegate::paint(painter, text, index);
 
+  QStyleOptionViewItem cell = option;
+  MuteSelection(cell);
+  const QPalette& palette = cell.palette;
   const bool selected = (option.state & QStyle::State_Selected) != 0;
   const bool odd = (option.features & QStyleOptionViewItem::Alternate) != 0;
   const QRect marks(option.rect.left(), option.rect.top(), MarksWidth(list), option.rect.height());
-  painter->fillRect(
-      marks, selected ? SelectionColour(option)
-                      : option.palette.color(odd ? QPalette::AlternateBase : QPalette::Base));
+  painter->fillRect(marks, palette.color(selected ? QPalette::Highlight
+                                         : odd    ? QPalette::AlternateBase
+                                                  : QPalette::Base));
   QRect box(QPoint(marks.left() + kEdge, 0), BoxSize(list));
   box.moveTop(marks.center().y() - box.height() / 2 + 1);
-  DrawBox(*painter, box, option.palette, index.data(Qt::CheckStateRole).toInt() == Qt::Checked,
-          selected);
+  DrawBox(*painter, box, palette, index.data(Qt::CheckStateRole).toInt() == Qt::Checked, selected);
   const auto* model = static_cast<const FrmReconcileModel*>(index.model());
   const std::string_view image = model->Row(index.row()).image;
   const QRect picture(box.right() + 1 + kRhythm, marks.center().y() - kPicture / 2 + 1, kPicture,
                       kPicture);
   ImgCol_.value(QLatin1String(image.data(), static_cast<qsizetype>(image.size())))
-      .paint(painter, picture, Qt::AlignCenter, selected ? QIcon::Selected : QIcon::Normal);
+      .paint(painter, picture, Qt::AlignCenter,
+             selected && HasKeys(option) ? QIcon::Selected : QIcon::Normal);
 }
 
 }  // namespace corvanta

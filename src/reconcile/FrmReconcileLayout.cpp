@@ -56,10 +56,10 @@ void FrmReconcile::MakeList() {
   };
   const int date = FrmReconcileDelegate::MarksWidth(*lvBalance_) + wide("00/00/00000");
   lvBalance_->SetColumns({{date, 0},
-                          {wide("A payee name"), 7},
-                          {wide("Category:S"), 18},
+                          {wide("A payee name"), 7, wide("Abc...")},
+                          {wide("Category:S"), 18, wide("Abc...")},
                           {wide("0000"), 0},
-                          {wide("Description"), 2},
+                          {wide("Description"), 2, wide("Abc...")},
                           {wide("Status"), 0},
                           {wide("00,000.00"), 1},
                           {wide("00,000.00"), 1}});

@@ -26,17 +26,31 @@ struct AccessPath {
 };
 
 // What the ledger looks rows up by, over and over: an account's rows by date, with all that its
-// balances and totals are made of, so that these never touch the rows themselves; a transfer's
+// balances and totals are made of and what registers are sorted by, so that these never touch the
+// rows themselves; a transfer's
 // other half, a schedule's posted rows, a payee's prices, a transaction's keywords and attachments.
 constexpr std::array kAccessPaths = {
     AccessPath{"tblTransactions", "fast_Register",
                "\"AccountID\", \"AllocatedItem\", \"Date\", \"TransactionID\", \"CategoryID\", "
-               "\"BankChk\", \"BankRec\", \"Amount\""},
+               "\"BankChk\", \"BankRec\", \"Amount\", \"PayeeID\", \"PaymentID\", "
+               "\"TransferID\""},
     AccessPath{"tblTransactions", "fast_Transfer", "\"TransferID\""},
     AccessPath{"tblTransactions", "fast_Schedule", "\"BankSch\", \"ScheduleDate\""},
     AccessPath{"tblHistory", "fast_Price", "\"PayeeID\", \"Date\""},
     AccessPath{"tblKeywordLink", "fast_Keyword", "\"TransactionID\""},
     AccessPath{"tblAttachments", "fast_Attachment", "\"TransactionID\""}};
+
+// Takes away a path that an earlier version made of other columns.
+void DropFormer(sqlite3* database, const AccessPath& path, const std::string& file) {
+  const StatementHandle stored =
+      Prepare(database, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?1", file);
+  sqlite3_bind_text(stored.get(), 1, path.name, -1, SQLITE_STATIC);
+  if (sqlite3_step(stored.get()) != SQLITE_ROW) return;
+  const std::string ending = std::string(" (") + path.columns + ")";
+  const bool isSame = ColumnText(stored.get(), 0).ends_with(ending);
+  sqlite3_reset(stored.get());
+  if (!isSame) Run(database, std::string("DROP INDEX \"") + path.name + "\"", file);
+}
 
 }  // namespace
 
@@ -98,6 +112,9 @@ bool Connection::InTransaction() const {
 void Connection::OnCommit(std::function<void()> notice) {
   impl_->AddListener(std::move(notice));
 }
+std::uint64_t Connection::Changes() const {
+  return impl_->Changes();
+}
 const std::string& Connection::Path() const {
   return impl_->Path();
 }
@@ -115,6 +132,7 @@ const TableDef* Connection::Table(std::string_view name) const {
 void Connection::EnsureAccessPaths() {
   for (const AccessPath& path : kAccessPaths) {
     if (Table(path.table) == nullptr) continue;
+    DropFormer(impl_->Database(), path, Path());
     const std::string sql = std::string("CREATE INDEX IF NOT EXISTS \"") + path.name + "\" ON \"" +
                             path.table + "\" (" + path.columns + ")";
     // A table of an old layout may lack the column; it is then merely slower.

@@ -3,6 +3,7 @@
 #include "store/Catalog.h"
 #include "store/Value.h"
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -53,6 +54,8 @@ class Connection {
   // Starts a transaction that is rolled back unless committed. They nest.
   [[nodiscard]] Transaction Begin();
   [[nodiscard]] bool InTransaction() const;
+  // How often something was committed that may have changed rows.
+  [[nodiscard]] std::uint64_t Changes() const;
   // Called after every commit that changed something.
   void OnCommit(std::function<void()> notice);
 

@@ -70,7 +70,7 @@ class Lists : public testing::Test {
   ListTable table_;
 };
 
-TEST_F(Lists, ColumnsFillTheWidthUntilOneIsSizedByHand) {
+TEST_F(Lists, ColumnsFillTheWidthBesideOneThatIsSizedByHand) {
   EXPECT_EQ(Total(), table_.viewport()->width());
   EXPECT_EQ(table_.columnWidth(0), 100);
   EXPECT_GT(table_.columnWidth(2), table_.columnWidth(1));
@@ -80,7 +80,9 @@ TEST_F(Lists, ColumnsFillTheWidthUntilOneIsSizedByHand) {
   table_.ShowColumn(2, true);
   table_.setColumnWidth(1, 77);
   const QString kept = table_.Widths();
+  EXPECT_EQ(kept, "0|77|0");
   table_.resize(900, 200);
+  EXPECT_EQ(Total(), table_.viewport()->width()) << "the others fill";
   EXPECT_EQ(table_.Widths(), kept);
   table_.ShowColumn(1, false);
   EXPECT_EQ(table_.Widths(), kept) << "a hidden column keeps its width";
@@ -91,10 +93,30 @@ TEST_F(Lists, ColumnsFillTheWidthUntilOneIsSizedByHand) {
 TEST_F(Lists, WidthsThatDoNotFitAreIgnored) {
   table_.SetWidths("50|60|70");
   EXPECT_EQ(table_.Widths(), "50|60|70");
-  for (const char* wrong : {"50|60", "50|60|x", "0|60|70", "50|60|70|80", "-1|60|70", ""}) {
+  for (const char* wrong : {"50|60", "50|60|x", "50|60|70|80", "-1|60|70", ""}) {
     table_.SetWidths(QLatin1String(wrong));
     EXPECT_EQ(table_.Widths(), "") << wrong;
   }
+}
+
+// Amounts of room, and the widths: text gives way, then columns leave, figures give way last.
+TEST(Columns, GiveWayInTheirOrder) {
+  const std::vector<ColumnNeed> columns = {
+      {100, 1, 40}, {60, 1, 30, 2}, {50, 0, 0, 1}, {80, 0, 70, 0, true}};
+  using Widths = std::vector<int>;
+  EXPECT_EQ(FitColumns(columns, 310), (Widths{110, 70, 50, 80}));
+  EXPECT_EQ(FitColumns(columns, 290), (Widths{100, 60, 50, 80}));
+  EXPECT_EQ(FitColumns(columns, 200), (Widths{40, 30, 50, 80}));
+  EXPECT_EQ(FitColumns(columns, 199), (Widths{80, 39, 0, 80})) << "the optional one leaves";
+  EXPECT_EQ(FitColumns(columns, 140), (Widths{60, 0, 0, 80}));
+  EXPECT_EQ(FitColumns(columns, 115), (Widths{40, 0, 0, 75})) << "figures give way last";
+  EXPECT_EQ(FitColumns(columns, 20), (Widths{40, 0, 0, 70}));
+  std::vector<ColumnNeed> byHand = columns;
+  byHand[0].isByHand = true;
+  EXPECT_EQ(FitColumns(byHand, 310), (Widths{100, 80, 50, 80}));
+  EXPECT_EQ(FitColumns(byHand, 260), (Widths{100, 30, 50, 80}));
+  byHand[1].isByHand = true;
+  EXPECT_EQ(FitColumns(byHand, 310), (Widths{110, 70, 50, 80})) << "somebody must fill";
 }
 
 TEST(Colours, ComeFromTheSettingsAndTheSystem) {

@@ -161,7 +161,7 @@ TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {
   ShowWindow();
   window_->setGeometry(30, 20, 760, 590);
   window_->Show({kTransactionShow, 2});
-  Find<ListTable>("lvbank").horizontalHeader()->resizeSection(RegisterModel::kPayee, 222);
+  Find<ListTable>("lvbank").horizontalHeader()->resizeSection(RegisterModel::kPayee, 122);
   Find<QSplitter>("spColumns").setSizes({201, 559, 0});
   const QList<int> columns = Find<QSplitter>("spColumns").sizes();
   window_->close();
@@ -169,12 +169,12 @@ TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {
   EXPECT_EQ(Setting("Height"), "590");
   EXPECT_EQ(Setting("Account"), "2");
   EXPECT_EQ(Setting("View"), "TransactionShow");
-  EXPECT_EQ(QString::fromStdString(Setting("chT")).split(u'|').value(1), "222");
+  EXPECT_EQ(QString::fromStdString(Setting("chT")).split(u'|').value(1), "122");
 
   ShowWindow();
   EXPECT_EQ(window_->geometry(), QRect(30, 20, 760, 590));
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
-  EXPECT_EQ(Find<ListTable>("lvbank").columnWidth(RegisterModel::kPayee), 222);
+  EXPECT_EQ(Find<ListTable>("lvbank").columnWidth(RegisterModel::kPayee), 122);
   EXPECT_EQ(Find<QSplitter>("spColumns").sizes(), columns);
 }
 

@@ -69,6 +69,7 @@ void Connection::Impl::Changed() {
   changed_ = true;
   if (depth_ > 0) return;
   changed_ = false;
+  ++changes_;
   if (watch_ != nullptr) watch_->AfterCommit();
   for (const auto& listener : listeners_) listener();
 }
@@ -98,6 +99,7 @@ void Connection::Impl::Commit(int depth) {
   Run(database_.get(), "COMMIT", path_);
   depth_ = 0;
   defined_ = false;
+  ++changes_;
   if (changed_) Changed();
 }
 

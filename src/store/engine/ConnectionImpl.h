@@ -5,6 +5,7 @@
 #include "store/Connection.h"
 #include "store/engine/StatementCache.h"
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <vector>
@@ -43,6 +44,7 @@ class Connection::Impl {
   [[nodiscard]] const Catalog& Tables() const { return catalog_; }
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] int Depth() const { return depth_; }
+  [[nodiscard]] std::uint64_t Changes() const { return changes_; }
   void AddListener(std::function<void()> notice) { listeners_.push_back(std::move(notice)); }
   [[nodiscard]] ConnectionWatch* Watch() const { return watch_; }
   void SetWatch(ConnectionWatch* watch) { watch_ = watch; }
@@ -55,6 +57,7 @@ class Connection::Impl {
   std::vector<std::function<void()>> listeners_;
   ConnectionWatch* watch_ = nullptr;
   int depth_ = 0;
+  std::uint64_t changes_ = 0;
   bool changed_ = false;
   bool defined_ = false;  // the open transaction changed the schema
 };

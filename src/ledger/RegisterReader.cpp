@@ -1,0 +1,71 @@
+#include "ledger/RegisterReader.h"
+
+#include "store/Recordset.h"
+#include "store/SqlText.h"
+
+namespace corvanta {
+namespace {
+
+enum Position {
+  kId,
+  kDate,
+  kAmount,
+  kReference,
+  kDescription,
+  kBankChk,
+  kBankRec,
+  kBankSch,
+  kAction,
+  kTransfer,
+  kCategory,
+  kPayee,
+  kPayment
+};
+
+}  // namespace
+
+std::string EntryCondition(const RegisterScope& scope) {
+  std::string condition =
+      scope.filter.Clause() + "T.AllocatedItem = 0 AND T.AccountID = " + SqlNumber(scope.accountId);
+  if (scope.period) {
+    condition += " AND T.[Date] Between " + SqlDate(scope.period->from) + " AND " +
+                 SqlDate(DateTime{scope.period->to, 86399});
+  }
+  return condition;
+}
+
+std::string RowsStatement() {
+  return "Select T.TransactionID, T.[Date], T.[Amount], T.Reference, T.Description, T.BankChk, "
+         "T.BankRec, T.BankSch, T.[Action], T.TransferID, T.CategoryID, T.PayeeID, T.PaymentID "
+         "from tblTransactions T WHERE ";
+}
+
+bool RegisterReader::Read(RegisterRow& row) const {
+  const std::string* category = names_.Category(rows_.Int(kCategory));
+  if (category == nullptr) return false;
+  row.transactionId = rows_.Int(kId);
+  row.date = Date::FromIso(rows_.Text(kDate).substr(0, 10)).value_or(Date());
+  row.amount = rows_.Double(kAmount);
+  row.reference = rows_.Text(kReference);
+  row.description = rows_.Text(kDescription);
+  row.payment = names_.Payment(rows_.Int(kPayment));
+  row.category = *category;
+  const std::int64_t twin = rows_.Int(kTransfer);
+  row.isTransfer = twin != 0;
+  // A twin that is gone leaves the payee that the row itself carries.
+  const std::string* other = links_.TwinAccount(twin);
+  row.payee = other != nullptr ? std::string_view(*other) : names_.Payee(rows_.Int(kPayee));
+  row.status = StatusLetter(rows_.Int(kBankChk), rows_.Int(kBankRec));
+  row.isSplit = links_.HasLines(row.transactionId);
+  row.hasAttachment = links_.HasAttachment(row.transactionId);
+  row.scheduleId = rows_.Int(kBankSch);
+  row.action = rows_.Int(kAction);
+  return true;
+}
+
+const char* StatusLetter(std::int64_t bankChk, std::int64_t bankRec) {
+  if (bankRec == 1) return "R";
+  return bankChk == 1 ? "C" : "";
+}
+
+}  // namespace corvanta
