@@ -12,6 +12,8 @@
 
 #include <CLI/CLI.hpp>
 
+#include <cmath>
+
 namespace corvanta {
 namespace {
 

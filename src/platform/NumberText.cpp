@@ -4,6 +4,7 @@
 #include <unicode/unistr.h>
 
 #include <charconv>
+#include <cstdint>
 #include <string>
 
 namespace corvanta {

@@ -2,6 +2,8 @@
 #include "ReaderFuzz.h"
 #include "exchange/OfxReader.h"
 
+#include <cstdint>
+
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string text = corvanta::FuzzText(data, size);
   corvanta::CheckingSink sink(text.size(), corvanta::FuzzLocale());

@@ -5,6 +5,8 @@
 #include "reference/PayeeEditor.h"
 #include "reference/ReferenceTest.h"
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 

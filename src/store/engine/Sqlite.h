@@ -3,6 +3,7 @@
 
 #include "store/StoreError.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
