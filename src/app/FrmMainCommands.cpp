@@ -18,6 +18,7 @@
 #include "platform/Registry.h"
 #include "store/Connection.h"
 #include "store/SqlText.h"
+#include "store/opening/KeyRecovery.h"
 
 #include <QAction>
 #include <QMenu>
@@ -226,9 +227,10 @@ void FrmMain::ValidateDataFile() {
   platform_.registry.Write(Hive::CurrentUser, kSettingsKey, kReindex, "1");
   const ViewCommand before = shown_;
   const RowCount rows = CountRows(session_);
-  if (!Reopen(false)) return;
+  // What could not be validated is open again as it was, where it can be.
+  if (!Reopen(false) && !Reopen(true)) return;
   Show(before);
-  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+  if (session_.IsRenewed()) NoticeValidated(rows.rows, CountLeft(session_, rows.last));
 }
 
 void FrmMain::NoticeValidated(qint64 before, qint64 left) {
@@ -248,9 +250,22 @@ void FrmMain::ChangePassword() {
 }
 
 void FrmMain::ShowRecoveryKey() {
+  constexpr const char* kTitle = "Recovery Key";
+  if (!session_.IsOpen()) {
+    platform_.prompts.Tell(kTitle, "Open a data file first: the key belongs to the file.");
+    return;
+  }
   // It opens the file for whoever reads it: the one who left the window standing may be away.
-  if (!session_.IsOpen() || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
-  FrmRecoveryKey dialog(platform_, this);
+  if (!session_.Passwords().Confirm(session_.Ledger().Store())) return;
+  // A key is handed out for the day when nothing else is left, so it is tried before.
+  if (!OpensWith(session_.Path(), session_.Password(), platform_)) {
+    platform_.prompts.Tell(kTitle,
+                           "Another program has put another file in the place of the data file. "
+                           "Open it again before you write its key down.",
+                           Icon::Warning);
+    return;
+  }
+  FrmRecoveryKey dialog(platform_, session_.Password(), this);
   dialog.exec();
 }
 

@@ -45,10 +45,10 @@ QFont KeyFont() {
 
 }  // namespace
 
-FrmRecoveryKey::FrmRecoveryKey(Platform& platform, QWidget* parent)
+FrmRecoveryKey::FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent)
     : QuietEnd(parent),
       platform_(platform),
-      key_(ToQt(RecoveryKeyFromPassword(InstallationPassword(platform)))),
+      key_(ToQt(RecoveryKeyFromPassword(password))),
       txtKey_(new QPlainTextEdit(InLines(key_), this)) {
   setObjectName(QStringLiteral("FrmRecoveryKey"));
   setWindowTitle(tr("Recovery Key"));

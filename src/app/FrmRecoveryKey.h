@@ -4,19 +4,21 @@
 
 #include <QDialog>
 
+#include <string>
+
 class QPlainTextEdit;
 
 namespace corvanta {
 
 struct Platform;
 
-// Shows the recovery key of this installation, to be copied or saved.
+// Shows the recovery key of a data file, to be copied or saved.
 class FrmRecoveryKey : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:
-  // Throws PlatformError when the key cannot be read.
-  FrmRecoveryKey(Platform& platform, QWidget* parent);
+  // `password` is the one that opens the data file.
+  FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent);
 
  private:
   void Copy();

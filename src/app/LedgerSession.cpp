@@ -57,4 +57,12 @@ std::string LedgerSession::Path() const {
   return file_ ? file_->connection->Path() : std::string();
 }
 
+bool LedgerSession::IsRenewed() const {
+  return file_ && file_->isRenewed;
+}
+
+std::string LedgerSession::Password() const {
+  return file_ ? file_->password : std::string();
+}
+
 }  // namespace corvanta

@@ -51,6 +51,10 @@ class LedgerSession {
   [[nodiscard]] std::size_t TakePosted() { return std::exchange(posted_, 0); }
   // The open file's path; empty while closed.
   [[nodiscard]] std::string Path() const;
+  // Whether the open file was compacted and checked as it was opened.
+  [[nodiscard]] bool IsRenewed() const;
+  // The password that has opened the file; empty while closed.
+  [[nodiscard]] std::string Password() const;
   [[nodiscard]] DataFileOpener& Opener() const { return opener_; }
   [[nodiscard]] Login& Passwords() { return login_; }
 

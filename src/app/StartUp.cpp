@@ -7,16 +7,21 @@
 #include "controls/QtText.h"
 #include "platform/Settings.h"
 
+#include <chrono>
+
 namespace corvanta {
 namespace {
 constexpr const char* kHolder = "the Corvanta window";
-}
+// A command that is writing is soon done; a person at the window is not kept waiting for long.
+constexpr std::chrono::milliseconds kPatience{1500};
+}  // namespace
 
 StartUp::StartUp(const StartOptions& options)
     : platform_({options.profileFolder, options.today, std::string()}, prompts_, progress_),
       opener_(platform_.Get(), kHolder),
       session_(opener_, platform_.Get(), options.dataPath) {
   prompts_.RememberIn(platform_.Get().registry);
+  opener_.SetPatience({kPatience, {}});
 }
 
 StartUp::~StartUp() = default;

@@ -70,6 +70,12 @@ std::string DescriptorFault(const std::string& text) {
   return ::fcntl(std::stoi(text), F_GETFD) < 0 ? "descriptor " + text + " is not open" : "";
 }
 
+std::string WaitFault(const std::string& text) {
+  const bool isNumber =
+      !text.empty() && text.size() < 6 && text.find_first_not_of("0123456789") == std::string::npos;
+  return isNumber ? "" : "'" + text + "' is no number of seconds";
+}
+
 }  // namespace
 
 CommandLine::CommandLine(std::ostream& out, std::ostream& messages)
@@ -149,6 +155,11 @@ void CommandLine::DeclareOptions(CLI::App& parser) {
       .add_option("--password-fd", options_.passwordFd, "File descriptor to read the password from")
       ->type_name("N")
       ->check(DescriptorFault);
+  parser
+      .add_option("--wait", options_.wait,
+                  "Seconds to wait for another program that is writing the data file (default: 5)")
+      ->type_name("SECONDS")
+      ->check(WaitFault);
 }
 
 void CommandLine::DeclareCommands(CLI::App& parser) {

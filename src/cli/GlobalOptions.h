@@ -13,6 +13,7 @@ struct GlobalOptions {
   std::string format = "text";         // text, csv or json
   bool yes = false;                    // answers every question with yes
   std::optional<int> passwordFd;       // the descriptor whose first line is the login password
+  int wait = 5;                        // seconds to wait for another program that is writing
 };
 
 }  // namespace corvanta

@@ -8,6 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
+#include <optional>
 #include <ostream>
 
 namespace corvanta {
@@ -23,7 +24,10 @@ CLI::App* KeyCommand::Declare(CLI::App& parser) {
   show_ = command->add_subcommand("show", "Show the key that opens this data file elsewhere");
   CLI::App* use =
       command->add_subcommand("use", "Open a data file that was brought from another installation");
-  use->add_option("file", file_, "The transfer file, or a file with the recovery key")->required();
+  use->add_option(
+         "file", file_,
+         "The transfer file, a file with the recovery key, or a backup of installation.key")
+      ->required();
   return command;
 }
 
@@ -32,13 +36,10 @@ ExitStatus KeyCommand::Run(Session& session) {
 }
 
 ExitStatus KeyCommand::Show(Session& session) const {
-  if (!session.PassLogin()) return ExitStatus::Refused;
-  if (!HasInstallationKey(session.Machine())) {
-    return session.Refuse(kTitle,
-                          "This installation has no key yet. It is made with the first data "
-                          "file: corvanta-cli new.");
-  }
-  const std::string key = RecoveryKeyFromPassword(InstallationPassword(session.Machine()));
+  // What is shown has opened the file in this moment.
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  const std::string key = RecoveryKeyFromPassword(file->password);
   // As text it is the key alone, so that the output saved in a file is a file for "key use".
   if (session.Options().format == "text") {
     session.Out() << key << '\n';

@@ -6,7 +6,7 @@
 
 namespace corvanta {
 
-// key show: the recovery key of this installation. key use FILE: takes a data file of another
+// key show: the recovery key of the data file. key use FILE: takes a data file of another
 // installation over, with the key or transfer file that came with it.
 class KeyCommand : public Command {
  public:

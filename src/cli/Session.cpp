@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "store/StoreError.h"
 
+#include <chrono>
 #include <ostream>
 
 namespace corvanta {
@@ -19,6 +20,7 @@ Session::Session(Platform& platform, const GlobalOptions& options, const std::st
       out_(out),
       messages_(messages) {
   if (options.data) opener_.SetDataPath(*options.data);
+  opener_.SetPatience({std::chrono::seconds(options.wait), {}});
 }
 
 std::optional<DataFile> Session::Open(Access access) {

@@ -7,6 +7,9 @@
 #include "store/Compact.h"
 #include "store/Connection.h"
 #include "store/SqlText.h"
+#include "store/StoreError.h"
+#include "store/engine/CopyMark.h"
+#include "store/opening/CompactionTarget.h"
 #include "store/opening/FileSteps.h"
 #include "store/schema/DefaultData.h"
 #include "store/schema/SampleData.h"
@@ -51,14 +54,27 @@ void InsertRows(Connection& connection, bool emptyFile, const Platform& platform
   transaction.Commit();
 }
 
-// Built and compacted as the data file itself would be, only that nobody looks for it here yet.
-void Build(const DataSource& draft, const DataSource& compacted, bool emptyFile,
-           Platform& platform) {
-  RemoveDataFile(draft.path, platform.files);
-  CreateSchema(*Connection::Create(draft, platform.clock));
+// What a new data file is called while it is made: the first of its names that nobody else uses.
+std::string FreeDraftPath(const DataFileLocation& location, const CopyMark& mark,
+                          const std::string& password, Platform& platform) {
+  const std::string first = location.DraftPath();
+  std::string path = first;
+  for (int number = 2;; ++number) {
+    const Leftover found = Examine(path, password, mark, platform);
+    if (found != Leftover::Foreign) break;
+    path = first + std::to_string(number);
+  }
+  RemoveDataFile(path, platform.files);
+  return path;
+}
 
-  RemoveDataFile(compacted.path, platform.files);
-  CompactDatabase(draft, compacted, platform.clock, platform.files);
+// Built and compacted as the data file itself would be, only that nobody looks for it here yet.
+void Build(const DataSource& draft, const DataSource& compacted, const CopyMark& mark,
+           bool emptyFile, Platform& platform) {
+  CreateMarked(draft, platform.clock, mark);
+  CreateSchema(*Connection::Open(draft, platform.clock));
+
+  CompactDatabase(draft, compacted, platform.clock, platform.files, mark);
   platform.files.Replace(compacted.path, draft.path);
 
   const std::unique_ptr<Connection> connection = Connection::Open(draft, platform.clock);
@@ -67,15 +83,26 @@ void Build(const DataSource& draft, const DataSource& compacted, bool emptyFile,
   connection->EnsureAccessPaths();
 }
 
+void RequireFree(const std::string& path) {
+  if (!IdentityOf(path).has_value()) return;
+  throw StoreError(StoreErrorCode::Sql, "There is a file already, which is left as it is: " + path,
+                   {}, path);
+}
+
 }  // namespace
 
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
-                    Platform& platform) {
-  const DataSource draft{location.DraftPath(), password, {}};
-  const DataSource compacted{location.CompactionPath(), password, {}};
+                    Platform& platform, const Writer& writer) {
+  const CompactionTarget target(location, writer);
+  target.Clear(password, platform);
+  const CopyMark mark = MarkOf("new " + location.fileName);
+  const DataSource draft{FreeDraftPath(location, mark, password, platform), password, {}};
+  const DataSource compacted{target.Path(), password, {}};
   try {
-    Build(draft, compacted, emptyFile, platform);
+    Build(draft, compacted, mark, emptyFile, platform);
+    RequireFree(location.Path());
     InstallDataFile(draft.path, location.Path(), platform.files);
+    ClearMarkQuietly({location.Path(), password, {}});
   } catch (...) {
     RemoveDataFileQuietly(draft.path, platform.files);
     RemoveDataFileQuietly(compacted.path, platform.files);

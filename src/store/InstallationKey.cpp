@@ -51,28 +51,6 @@ std::string NewKeyText(const MachineValue& machineValue) {
          "\n";
 }
 
-std::string PasswordFromKeyText(const std::string& text, const std::string& path) {
-  std::istringstream lines(text);
-  std::string heading;
-  std::string secret;
-  std::string machine;
-  std::string check;
-  std::getline(lines, heading);
-  std::getline(lines, secret);
-  std::getline(lines, machine);
-  std::getline(lines, check);
-  if (heading != kHeading || check != CheckOf(secret, machine)) {
-    throw PlatformError("The key of this installation is damaged: " + path +
-                        ". Put it back from a backup, or move it away and open your data file with "
-                        "its recovery key.");
-  }
-  return HashHex("password " + secret + " " + machine, kSecretBytes);
-}
-
-std::string KeyPath(const Platform& platform) {
-  return platform.profileFolder + "/installation.key";
-}
-
 // Held while the key is looked for and drawn: two programs that start for the first time at once
 // must not each draw one.
 class ProfileLock {
@@ -86,21 +64,47 @@ class ProfileLock {
   FileHandle folder_;
 };
 
-}  // namespace
-
-std::string InstallationPassword(Platform& platform) {
+void StartSodium() {
   if (sodium_init() < 0) throw PlatformError("The cipher library cannot be started.");
-  const std::string path = KeyPath(platform);
-  if (!FileExists(path)) {
-    platform.files.CreateFolder(platform.profileFolder);
-    const ProfileLock lock(platform.profileFolder);
-    if (!FileExists(path)) platform.files.WriteAtomically(path, NewKeyText(platform.machine));
-  }
-  return PasswordFromKeyText(ReadFile(path), path);
 }
 
-bool HasInstallationKey(const Platform& platform) {
-  return FileExists(KeyPath(platform));
+}  // namespace
+
+std::string InstallationKeyPath(const Platform& platform) {
+  return platform.profileFolder + "/installation.key";
+}
+
+std::optional<std::string> PasswordFromInstallationKey(const std::string& text) {
+  std::istringstream lines(text);
+  std::string heading;
+  std::string secret;
+  std::string machine;
+  std::string check;
+  std::getline(lines, heading);
+  std::getline(lines, secret);
+  std::getline(lines, machine);
+  std::getline(lines, check);
+  if (heading != kHeading || check != CheckOf(secret, machine)) return std::nullopt;
+  return HashHex("password " + secret + " " + machine, kSecretBytes);
+}
+
+std::optional<std::string> FindInstallationPassword(const Platform& platform) {
+  StartSodium();
+  const std::string path = InstallationKeyPath(platform);
+  if (!FileExists(path)) return std::nullopt;
+  if (auto password = PasswordFromInstallationKey(ReadFile(path))) return password;
+  throw PlatformError("The key of this installation is damaged: " + path +
+                      ". Put it back from a backup, or move it away and open your data file with "
+                      "its recovery key.");
+}
+
+std::string InstallationPassword(Platform& platform) {
+  if (auto password = FindInstallationPassword(platform)) return *password;
+  platform.files.CreateFolder(platform.profileFolder);
+  const ProfileLock lock(platform.profileFolder);
+  if (auto password = FindInstallationPassword(platform)) return *password;
+  platform.files.WriteAtomically(InstallationKeyPath(platform), NewKeyText(platform.machine));
+  return FindInstallationPassword(platform).value();
 }
 
 }  // namespace corvanta

@@ -27,14 +27,25 @@ void RequireDataFile(const DataFileLocation& location) {
                    {}, location.Path());
 }
 
+// This installation's password. Without a key it throws what is wrong with the data file otherwise,
+// or that the key is missing.
+std::string OwnPassword(const std::string& dataFile, Platform& platform) {
+  if (const auto password = FindInstallationPassword(platform)) return *password;
+  (void)OpensWith(dataFile, {}, platform);
+  throw StoreError(StoreErrorCode::OtherInstallation,
+                   dataFile + "\nThis installation has no key that could open this data file (" +
+                       InstallationKeyPath(platform) +
+                       " is not there). Put the key back from a backup, or use the recovery key or "
+                       "the transfer file.",
+                   {}, dataFile);
+}
+
 // The lock of a data file that is there, or can be recovered.
-std::unique_ptr<WriterLock> LockExisting(const DataFileLocation& location,
-                                         const std::string& holder, Platform& platform) {
-  if (!FileExists(location.Path()) && !FileExists(location.CompactionPath())) {
-    RequireDataFile(location);
-  }
-  std::unique_ptr<WriterLock> lock = WriterLock::Acquire(location.Path(), holder);
-  RecoverDataFile(location, InstallationPassword(platform), platform);
+std::unique_ptr<WriterLock> LockExisting(const DataFileLocation& location, const Writer& writer,
+                                         Platform& platform) {
+  if (!FileExists(location.CompactionPath())) RequireDataFile(location);
+  std::unique_ptr<WriterLock> lock = WriterLock::Acquire(location.Path(), writer);
+  RecoverDataFile(location, FindInstallationPassword(platform).value_or(""), writer, platform);
   RequireDataFile(location);
   return lock;
 }
@@ -55,14 +66,18 @@ std::string KeyPassword(const std::string& keyOrPath, const std::string& dataFil
 }  // namespace
 
 DataFileOpener::DataFileOpener(Platform& platform, std::string holder)
-    : platform_(platform), holder_(std::move(holder)) {}
+    : platform_(platform), writer_{std::move(holder), {}} {}
 
 void DataFileOpener::SetDataPath(std::string path) {
   dataPath_ = std::move(path);
 }
 
+void DataFileOpener::SetPatience(Patience patience) {
+  writer_.patience = std::move(patience);
+}
+
 std::optional<DataFile> DataFileOpener::Open(bool quiet) {
-  return OpenSequence(platform_, holder_, dataPath_).Run(quiet);
+  return OpenSequence(platform_, writer_, dataPath_).Run(quiet);
 }
 
 DataFileLocation DataFileOpener::Location() const {
@@ -76,14 +91,17 @@ DataFileLocation DataFileOpener::Location() const {
 
 DataFile DataFileOpener::OpenExisting(bool forWriting) {
   const DataFileLocation location = Location();
+  DataFile file;
   if (forWriting) {
-    DataFile file{LockExisting(location, holder_, platform_), nullptr};
-    file.connection = OpenChecked(location.Path(), InstallationPassword(platform_), platform_);
-    return file;
+    file.lock = LockExisting(location, writer_, platform_);
+  } else {
+    RequireDataFile(location);
   }
-  RequireDataFile(location);
-  return {nullptr, Connection::Open({location.Path(), InstallationPassword(platform_), {}},
-                                    platform_.clock)};
+  file.password = OwnPassword(location.Path(), platform_);
+  file.connection = forWriting
+                        ? OpenChecked(location.Path(), file.password, platform_)
+                        : Connection::Open({location.Path(), file.password, {}}, platform_.clock);
+  return file;
 }
 
 DataFile DataFileOpener::CreateNew(bool emptyFile) {
@@ -92,29 +110,29 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
   }
   const DataFileLocation location = Location();
   platform_.files.CreateFolder(location.folder);
-  DataFile file{WriterLock::Acquire(location.Path(), holder_), nullptr};
-  const std::string password = InstallationPassword(platform_);
-  const bool isRecovered = RecoverDataFile(location, password, platform_);
+  DataFile file;
+  file.lock = WriterLock::Acquire(location.Path(), writer_);
+  RecoverDataFile(location, FindInstallationPassword(platform_).value_or(""), writer_, platform_);
   if (FileExists(location.Path())) {
     throw StoreError(StoreErrorCode::Sql,
-                     isRecovered ? "The data file " + location.Path() +
-                                       " was recovered from the copy that compacting it had left. "
-                                       "It is whole. Open it, or choose another place."
-                                 : "There is a data file already: " + location.Path() +
-                                       ". It was left as it is. Open it, or choose another place.",
+                     "There is a data file already: " + location.Path() +
+                         ". It was left as it is. Open it, or choose another place.",
                      {}, location.Path());
   }
-  CreateDataFile(location, password, emptyFile, platform_);
-  file.connection = OpenChecked(location.Path(), password, platform_);
+  file.password = InstallationPassword(platform_);
+  CreateDataFile(location, file.password, emptyFile, platform_, writer_);
+  file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
 }
 
 DataFile DataFileOpener::Validate() {
   const DataFileLocation location = Location();
-  DataFile file{LockExisting(location, holder_, platform_), nullptr};
-  const std::string password = InstallationPassword(platform_);
-  RenewDataFile(location, password, password, UpgradeFailure::Refuse, platform_);
-  file.connection = OpenChecked(location.Path(), password, platform_);
+  DataFile file;
+  file.lock = LockExisting(location, writer_, platform_);
+  file.password = OwnPassword(location.Path(), platform_);
+  RenewDataFile(location, {file.password, file.password, UpgradeFailure::Refuse}, writer_,
+                platform_);
+  file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
 }
 
@@ -123,7 +141,8 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   const DataFileLocation location = Location();
   RequireDataFile(location);
   const std::string oldPassword = KeyPassword(keyOrPath, location.Path());
-  DataFile file{WriterLock::Acquire(location.Path(), holder_), nullptr};
+  DataFile file;
+  file.lock = WriterLock::Acquire(location.Path(), writer_);
   if (!OpensWith(location.Path(), oldPassword, platform_)) {
     throw StoreError(StoreErrorCode::OtherInstallation,
                      "This key does not open the data file " + location.Path() +
@@ -133,11 +152,11 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   if (admits && !admits(*Connection::Open({location.Path(), oldPassword, {}}, platform_.clock))) {
     return {};
   }
-  const std::string password = InstallationPassword(platform_);
-  if (oldPassword != password) {
-    RenewDataFile(location, oldPassword, password, UpgradeFailure::Keep, platform_);
+  file.password = InstallationPassword(platform_);
+  if (oldPassword != file.password) {
+    RenewDataFile(location, {oldPassword, file.password, UpgradeFailure::Keep}, writer_, platform_);
   }
-  file.connection = OpenChecked(location.Path(), password, platform_);
+  file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
 }
 

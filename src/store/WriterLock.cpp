@@ -8,11 +8,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
 #include <sstream>
+#include <thread>
 #include <utility>
 
 namespace corvanta {
@@ -82,26 +84,64 @@ void WriteHolder(int descriptor, const std::string& holder, const std::string& d
   if (!isWritten) ThrowOpenError(errno, dataFilePath);
 }
 
+std::string Refusal(LockedName name, const std::string& holder) {
+  if (name == LockedName::DataFile) {
+    return "The data file is in use by " + holder + ".";
+  }
+  return "Another data file of this folder is being made or validated by " + holder + ".";
+}
+
+// The wait for a lock, in short pauses. What counts is the time that was waited through, so that
+// it needs no clock.
+class Turn {
+ public:
+  explicit Turn(const Patience& patience) : patience_(patience) {}
+
+  // Waits a moment; false when the patience is at its end.
+  bool Wait() {
+    constexpr std::chrono::milliseconds kPause{20};
+    if (waited_ >= patience_.longest) return false;
+    const std::chrono::milliseconds pause = std::min(kPause, patience_.longest - waited_);
+    if (patience_.pause) {
+      patience_.pause(pause);
+    } else {
+      std::this_thread::sleep_for(pause);
+    }
+    waited_ += pause;
+    return true;
+  }
+
+ private:
+  const Patience& patience_;
+  std::chrono::milliseconds waited_{0};
+};
+
 }  // namespace
 
-std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& dataFilePath,
-                                                const std::string& holder) {
-  const std::string path = LockPath(dataFilePath);
+std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const Writer& writer,
+                                                LockedName name) {
+  const std::string lockPath = LockPath(path);
+  Turn turn(writer.patience);
   for (;;) {
-    FileHandle file(::open(path.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (!file.IsOpen()) ThrowOpenError(errno, dataFilePath);
+    FileHandle file(::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!file.IsOpen()) ThrowOpenError(errno, path);
     if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
       if (errno == EINTR) continue;
-      if (errno != EWOULDBLOCK) ThrowOpenError(errno, dataFilePath);
+      if (errno != EWOULDBLOCK) ThrowOpenError(errno, path);
+      if (turn.Wait()) continue;
       throw StoreError(StoreErrorCode::Locked,
-                       FailureText(StoreErrorCode::Locked,
-                                   "The data file is in use by " + ReadHolder(file.Get()) + "."),
-                       {}, dataFilePath);
+                       FailureText(StoreErrorCode::Locked, Refusal(name, ReadHolder(file.Get()))),
+                       {}, path);
     }
-    if (!IsStillNamed(file.Get(), path)) continue;
-    WriteHolder(file.Get(), holder, dataFilePath);
-    return std::unique_ptr<WriterLock>(new WriterLock(path, std::move(file)));
+    if (!IsStillNamed(file.Get(), lockPath)) continue;
+    WriteHolder(file.Get(), writer.name, path);
+    return std::unique_ptr<WriterLock>(new WriterLock(lockPath, std::move(file)));
   }
+}
+
+std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path,
+                                                const std::string& holder) {
+  return Acquire(path, Writer{holder, {}});
 }
 
 WriterLock::WriterLock(std::string path, FileHandle file)

@@ -132,10 +132,10 @@ TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
   EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }
 
-TEST_F(Dialogs, TheRecoveryKeyIsTheOneOfThisInstallation) {
-  FrmRecoveryKey dialog(machine_.Get(), nullptr);
-  dialog.show();
+TEST_F(Dialogs, TheRecoveryKeyIsThatOfThePasswordAndCanBeCopiedAndSaved) {
   const std::string password = InstallationPassword(machine_.Get());
+  FrmRecoveryKey dialog(machine_.Get(), password, nullptr);
+  dialog.show();
   const QString shown = Find<QPlainTextEdit>(dialog, "txtKey").toPlainText();
   EXPECT_EQ(PasswordFromRecoveryKey(shown.toStdString()), password);
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdCopy"), Qt::LeftButton);

@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <filesystem>
 
 namespace corvanta {
@@ -36,6 +37,27 @@ TEST(Lock, SecondWriterIsToldWhoHoldsIt) {
   lock.reset();
   EXPECT_FALSE(FileExists(folder.Path(".home.dat.lock")));
   EXPECT_NE(WriterLock::Acquire(path, "the next"), nullptr);
+}
+
+TEST(Lock, OneThatIsPatientGetsItsTurn) {
+  using std::chrono::milliseconds;
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  auto held = WriterLock::Acquire(path, "the first");
+  milliseconds waited{0};
+  Writer second{"the second", {milliseconds(1000), {}}};
+  second.patience.pause = [&](milliseconds pause) {
+    waited += pause;
+    if (waited >= milliseconds(500)) held.reset();
+  };
+  EXPECT_NE(WriterLock::Acquire(path, second), nullptr);
+  EXPECT_LT(waited, milliseconds(1000));
+
+  held = WriterLock::Acquire(path, "the first");
+  waited = milliseconds(0);
+  second.patience.pause = [&](milliseconds pause) { waited += pause; };
+  EXPECT_THROW((void)WriterLock::Acquire(path, second), StoreError);
+  EXPECT_EQ(waited, milliseconds(1000)) << "refused when the time is over, not before";
 }
 
 TEST(Lock, LinkToTheFileSharesItsLock) {

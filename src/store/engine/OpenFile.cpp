@@ -134,7 +134,13 @@ DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
   return database;
 }
 
-DatabaseHandle CreateFile(const DataSource& source, const Clock& clock) {
+DatabaseHandle OpenUnchecked(const DataSource& source) {
+  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
+  ApplyKey(database.get(), FileKey(source.password), source.path);
+  return database;
+}
+
+DatabaseHandle CreateFile(const DataSource& source, const Clock& clock, const CopyMark& mark) {
   if (FileExists(source.path)) {
     throw StoreError(StoreErrorCode::Sql,
                      source.path +
@@ -146,9 +152,11 @@ DatabaseHandle CreateFile(const DataSource& source, const Clock& clock) {
   DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
   ApplyKey(database.get(), FileKey(source.password), source.path);
   SetUp(database.get(), source.path, clock);
+  Run(database.get(), "BEGIN", source.path);
+  if (mark != CopyMark{}) WriteMark(database.get(), "main", mark, source.path);
   // Brings the file and the table of last keys into being.
   Run(database.get(),
-      "BEGIN; CREATE TABLE first (id INTEGER PRIMARY KEY AUTOINCREMENT); DROP TABLE first; COMMIT",
+      "CREATE TABLE first (id INTEGER PRIMARY KEY AUTOINCREMENT); DROP TABLE first; COMMIT",
       source.path);
   return database;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/Connection.h"
+#include "store/engine/CopyMark.h"
 #include "store/engine/Sqlite.h"
 
 namespace corvanta {
@@ -8,7 +9,11 @@ namespace corvanta {
 // Opens the library's handle on an existing data file, keyed, checked and set up for one
 // program. The file is only read. Throws StoreError with what is wrong and what to do.
 [[nodiscard]] DatabaseHandle OpenFile(const DataSource& source, const Clock& clock);
-// The same on a new, empty file; the path must be free.
-[[nodiscard]] DatabaseHandle CreateFile(const DataSource& source, const Clock& clock);
+// The same on a new, empty file, which from its first moment carries the mark; the path must be
+// free.
+[[nodiscard]] DatabaseHandle CreateFile(const DataSource& source, const Clock& clock,
+                                        const CopyMark& mark = {});
+// A keyed handle on a file that may be anything, and may be empty: the first statement tells.
+[[nodiscard]] DatabaseHandle OpenUnchecked(const DataSource& source);
 
 }  // namespace corvanta

@@ -99,6 +99,10 @@ StoreError ErrorOf(sqlite3* database, int result, std::string statement, const s
   return StoreError(meaning.code, meaning.message, std::move(statement), file);
 }
 
+StoreError DamageOf(const std::string& file) {
+  return ErrorOf(nullptr, SQLITE_CORRUPT, {}, file);
+}
+
 StatementHandle Prepare(sqlite3* database, const std::string& sql, const std::string& file) {
   sqlite3_stmt* statement = nullptr;
   const int result = sqlite3_prepare_v2(database, sql.c_str(), static_cast<int>(sql.size()) + 1,

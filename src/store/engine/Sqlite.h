@@ -27,6 +27,9 @@ using StatementHandle = std::unique_ptr<sqlite3_stmt, FinalizeStatement>;
 [[nodiscard]] StoreError ErrorOf(sqlite3* database, int result, std::string statement,
                                  const std::string& file);
 
+// That a data file is damaged: the library's findings are many lines that help nobody.
+[[nodiscard]] StoreError DamageOf(const std::string& file);
+
 [[nodiscard]] StatementHandle Prepare(sqlite3* database, const std::string& sql,
                                       const std::string& file);
 // Runs statements of the store's own (in the library's SQL).

@@ -1,11 +1,26 @@
 // Steps on whole data files that nobody has open.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 
 namespace corvanta {
 
 class Files;
+
+// Which file stands under a name: what is equal is one file.
+struct FileIdentity {
+  std::uint64_t device = 0;
+  std::uint64_t number = 0;
+
+  [[nodiscard]] bool operator==(const FileIdentity& other) const = default;
+};
+
+// nullopt where nothing stands.
+[[nodiscard]] std::optional<FileIdentity> IdentityOf(const std::string& path);
+// Throws StoreError(Io) when the name stands for another file by now, or for none.
+void RequireStillThere(const std::string& path, const std::optional<FileIdentity>& identity);
 
 // Removes a file of this kind and the journal beside it; one that is not there is no error.
 // Throws PlatformError.
@@ -13,13 +28,16 @@ void RemoveDataFile(const std::string& path, Files& files);
 // The same while another failure is on its way: it is the one to be told.
 void RemoveDataFileQuietly(const std::string& path, Files& files) noexcept;
 
+// True while changes that are not finished lie in a file beside it.
+[[nodiscard]] bool HasJournal(const std::string& path);
+
 // Gives a whole file the name of the data file, in one step over the old one. Throws
 // StoreError(Io) while a journal with unfinished changes of the old one lies beside it (it would
 // be played into the new one), and PlatformError.
 void InstallDataFile(const std::string& from, const std::string& to, Files& files);
 
-// Moves a file out of the way, to its name with this ending and, where that is taken, a number
-// behind it. Returns the new path. Throws PlatformError.
+// Moves a file, with its journal, out of the way, to its name with this ending and, where that is
+// taken, a number behind it. Returns the new path. Throws PlatformError.
 std::string SetAside(const std::string& path, const std::string& ending, Files& files);
 
 }  // namespace corvanta

@@ -22,6 +22,7 @@ constexpr std::size_t kKeyFileLimit = 16U << 20U;
 }  // namespace
 
 std::optional<std::string> PasswordFromKey(const std::string& text) {
+  if (const auto password = PasswordFromInstallationKey(text)) return password;
   if (const auto transfer = TransferFile::FromText(text)) return transfer->password;
   if (const auto password = PasswordFromRecoveryKey(text)) return password;
   // A saved key may stand among lines that explain it.

@@ -7,8 +7,9 @@ namespace corvanta {
 
 struct Platform;
 
-// The password that a key text stands for: the contents of a transfer file or of a saved recovery
-// key, or a recovery key as typed. nullopt when it holds none, or one with a slip in it.
+// The password that a key text stands for: the contents of a transfer file, of the key file of an
+// installation or of a saved recovery key, or a recovery key as typed. nullopt when it holds none,
+// or one with a slip in it.
 [[nodiscard]] std::optional<std::string> PasswordFromKey(const std::string& text);
 
 // True when the password opens the data file. Throws StoreError for any other refusal.

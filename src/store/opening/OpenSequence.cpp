@@ -27,19 +27,45 @@ std::optional<TransferFile> ReadTransferFile(const std::string& path) {
   return TransferFile::FromText(ReadFile(path, kTransferLimit));
 }
 
+// True when the file itself is what is wrong, and not the disk under it or another program.
+bool IsFileFault(const StoreError& error) {
+  return error.Code() == StoreErrorCode::OtherInstallation ||
+         error.Code() == StoreErrorCode::NotADataFile || error.Code() == StoreErrorCode::Damaged ||
+         error.Code() == StoreErrorCode::Missing;
+}
+
+// Without these the program is slower, and without room it must still show what there is.
+void EnsureAccessPaths(Connection& connection) {
+  try {
+    connection.EnsureAccessPaths();
+  } catch (const StoreError& error) {
+    if (error.Code() != StoreErrorCode::DiskFull) throw;
+  }
+}
+
+// When the program last started on this file. Nothing depends on it, so a disk that refuses it is
+// left to say so when something is entered.
+void StampStart(Connection& connection) {
+  try {
+    connection.Execute("UPDATE tblVerification SET UpdateRun = Now();");
+  } catch (const StoreError&) {
+    return;
+  }
+}
+
 }  // namespace
 
 std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::string& password,
                                         Platform& platform) {
   std::unique_ptr<Connection> connection = Connection::Open({path, password, {}}, platform.clock);
   CheckSchema(*connection);
-  connection->EnsureAccessPaths();
+  EnsureAccessPaths(*connection);
   return connection;
 }
 
-OpenSequence::OpenSequence(Platform& platform, const std::string& holder,
+OpenSequence::OpenSequence(Platform& platform, const Writer& writer,
                            std::optional<std::string>& dataPath)
-    : platform_(platform), holder_(holder), dataPath_(dataPath) {}
+    : platform_(platform), writer_(writer), dataPath_(dataPath) {}
 
 std::optional<DataFile> OpenSequence::Run(bool quiet) {
   quiet_ = quiet;
@@ -61,15 +87,16 @@ std::optional<DataFile> OpenSequence::Run(bool quiet) {
 }
 
 OpenSequence::Outcome OpenSequence::Attempt() {
-  password_ = InstallationPassword(platform_);
-  oldPassword_ = foundKey_.value_or(password_);
+  password_ = FindInstallationPassword(platform_).value_or("");
+  filePassword_ = foundKey_.value_or(password_);
   if (!FindLocation()) return Outcome::Stop;
   PrepareFolder();
   const bool isRequested = TakeReindex();
   const bool hasTransfer = TakeTransferFile();
-  const bool isDue = isRequested || oldPassword_ != password_;
-  if (isDue && FileExists(location_.Path())) Renew();
-  if (hasTransfer) SetAside(location_.TransferPath(), ".used", platform_.files);
+  const bool isDue = isRequested || filePassword_ != password_;
+  const bool renews = isDue && FileExists(location_.Path());
+  file_.isRenewed = renews && Renew();
+  if (hasTransfer && file_.isRenewed == renews) SetAside(location_.TransferPath(), ".used", platform_.files);
   return FileExists(location_.Path()) ? OpenIt() : AskToCreate();
 }
 
@@ -92,27 +119,32 @@ void OpenSequence::PrepareFolder() {
   if (isFolder_) platform_.files.CreateFolder(location_.folder);
   if (!FolderExists(location_.folder)) return;
   TakeLock();
-  if (RecoverDataFile(location_, password_, platform_)) {
-    Tell("The data file was missing. It was recovered from the copy that compacting it had left.",
-         false);
-  }
+  RecoverDataFile(location_, password_, writer_, platform_);
   if (isFolder_ && !FileExists(location_.Path())) Create();
 }
 
 void OpenSequence::TakeLock() {
-  if (file_.lock == nullptr) file_.lock = WriterLock::Acquire(location_.Path(), holder_);
+  if (file_.lock == nullptr) file_.lock = WriterLock::Acquire(location_.Path(), writer_);
 }
 
 // A caller that wants no questions wants no sample data either.
 void OpenSequence::Create() {
-  CreateDataFile(location_, password_, quiet_, platform_);
+  password_ = InstallationPassword(platform_);
+  filePassword_ = password_;
+  CreateDataFile(location_, password_, quiet_, platform_, writer_);
 }
 
 bool OpenSequence::TakeReindex() {
   const std::string value =
       platform_.registry.Read(Hive::CurrentUser, kSettingsKey, "Reindex").value_or("");
   if (value.empty()) return false;
-  platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "");
+  try {
+    platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "");
+  } catch (const PlatformError& error) {
+    // Settings that cannot be written keep nobody from the accounts.
+    Tell(std::string("The data file is not validated now. ") + error.what());
+    return false;
+  }
   return Value(value).Double() > 0;
 }
 
@@ -127,21 +159,36 @@ bool OpenSequence::TakeTransferFile() {
          "do not need it.");
     return false;
   }
-  oldPassword_ = transfer->password;
+  filePassword_ = transfer->password;
   transfer->WriteSettings(platform_.registry);
   return true;
 }
 
-void OpenSequence::Renew() {
-  const std::optional<std::string> problem =
-      RenewDataFile(location_, oldPassword_, password_, UpgradeFailure::Keep, platform_);
-  foundKey_.reset();
-  if (!problem.has_value()) return;
-  Tell("The data file could not be brought up to date. Nothing in it was changed. " + *problem);
+bool OpenSequence::Renew() {
+  constexpr const char* kStays = "The data file could not be compacted and stays as it was.\n";
+  try {
+    if (filePassword_ != password_) password_ = InstallationPassword(platform_);
+    const std::optional<std::string> problem = RenewDataFile(
+        location_, {filePassword_, password_, UpgradeFailure::Keep}, writer_, platform_);
+    filePassword_ = password_;
+    foundKey_.reset();
+    if (problem.has_value()) {
+      Tell("The data file could not be brought up to date. Nothing in it was changed. " + *problem);
+    }
+    return true;
+  } catch (const StoreError& error) {
+    if (IsFileFault(error)) throw;
+    Tell(std::string(kStays) + error.what());
+  } catch (const PlatformError& error) {
+    Tell(std::string(kStays) + error.what());
+  }
+  return false;
 }
 
 OpenSequence::Outcome OpenSequence::OpenIt() {
-  file_.connection = OpenChecked(location_.Path(), password_, platform_);
+  file_.connection = OpenChecked(location_.Path(), filePassword_, platform_);
+  file_.password = filePassword_;
+  StampStart(*file_.connection);
   return Outcome::Opened;
 }
 

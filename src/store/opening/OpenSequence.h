@@ -19,7 +19,7 @@ struct Platform;
 class OpenSequence {
  public:
   // `dataPath` stands for DBPath when it has a value; a file chosen on the way takes its place.
-  OpenSequence(Platform& platform, const std::string& holder, std::optional<std::string>& dataPath);
+  OpenSequence(Platform& platform, const Writer& writer, std::optional<std::string>& dataPath);
 
   [[nodiscard]] std::optional<DataFile> Run(bool quiet);
 
@@ -33,7 +33,8 @@ class OpenSequence {
   void Create();
   [[nodiscard]] bool TakeReindex();
   [[nodiscard]] bool TakeTransferFile();
-  void Renew();
+  // False when the file could not be renewed and stays as it was, which has been told.
+  bool Renew();
   [[nodiscard]] Outcome OpenIt();
   [[nodiscard]] Outcome AskToCreate();
   [[nodiscard]] Outcome AskForOtherFile();
@@ -42,13 +43,13 @@ class OpenSequence {
   void Tell(const std::string& text, bool isWarning = true);
 
   Platform& platform_;
-  const std::string& holder_;
+  const Writer& writer_;
   std::optional<std::string>& dataPath_;
   bool quiet_ = false;
   bool isFolder_ = false;  // DBPath names a folder
   DataFileLocation location_;
-  std::string password_;                 // of this installation
-  std::string oldPassword_;              // with which the file is protected now
+  std::string password_;                 // of this installation; empty while it has none
+  std::string filePassword_;             // with which the file is protected now
   std::optional<std::string> foundKey_;  // opens the file, as the person has shown
   DataFile file_;
 };

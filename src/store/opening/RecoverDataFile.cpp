@@ -2,62 +2,39 @@
 
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/Prompts.h"
 #include "store/Connection.h"
 #include "store/StoreError.h"
+#include "store/opening/CompactionTarget.h"
 #include "store/opening/FileSteps.h"
 
 namespace corvanta {
 namespace {
 
-enum class CopyState { Whole, Empty, Unusable };
-
-bool HasRows(Connection& connection) {
-  for (const std::string& table : connection.TableNames()) {
-    if (connection.QueryValue("SELECT COUNT(*) FROM " + table).Int() > 0) return true;
-  }
-  return false;
-}
-
-bool SaysUnusable(const StoreError& error) {
-  return error.Code() == StoreErrorCode::NotADataFile ||
-         error.Code() == StoreErrorCode::OtherInstallation ||
-         error.Code() == StoreErrorCode::Damaged;
-}
-
-CopyState Examine(const DataSource& copy, const Clock& clock) {
+bool IsWhole(const DataSource& copy, const Clock& clock) {
   try {
-    const std::unique_ptr<Connection> connection = Connection::Open(copy, clock);
-    if (!connection->Check().empty()) return CopyState::Unusable;
-    return HasRows(*connection) ? CopyState::Whole : CopyState::Empty;
+    return Connection::Open(copy, clock)->Check().empty();
   } catch (const StoreError& error) {
-    if (!SaysUnusable(error)) throw;
-    return CopyState::Unusable;
+    if (error.Code() != StoreErrorCode::Damaged) throw;
+    return false;
   }
 }
 
 }  // namespace
 
 bool RecoverDataFile(const DataFileLocation& location, const std::string& password,
-                     Platform& platform) {
+                     const Writer& writer, Platform& platform) {
   const DataSource copy{location.CompactionPath(), password, {}};
   if (FileExists(location.Path()) || !FileExists(copy.path)) return false;
-  switch (Examine(copy, platform.clock)) {
-    case CopyState::Whole:
-      InstallDataFile(copy.path, location.Path(), platform.files);
-      return true;
-    case CopyState::Empty:
-      RemoveDataFile(copy.path, platform.files);
-      return false;
-    case CopyState::Unusable:
-      // Beside a draft it is the rest of a creation that was broken off.
-      if (FileExists(location.DraftPath())) {
-        RemoveDataFile(copy.path, platform.files);
-      } else {
-        SetAside(copy.path, ".old", platform.files);
-      }
-      return false;
-  }
-  return false;
+  const CompactionTarget target(location, writer);
+  if (Examine(copy.path, password, target.Mark(), platform) != Leftover::Own) return false;
+  if (!IsWhole(copy, platform.clock)) return false;
+  InstallDataFile(copy.path, location.Path(), platform.files);
+  ClearMarkQuietly({location.Path(), password, {}});
+  platform.prompts.Tell("Open Data File",
+                        "The data file was missing. It was recovered from the copy that compacting "
+                        "it had left.");
+  return true;
 }
 
 }  // namespace corvanta

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/DataFileLocation.h"
+#include "store/WriterLock.h"
 
 #include <string>
 
@@ -8,11 +9,11 @@ namespace corvanta {
 
 struct Platform;
 
-// Puts the compacted copy in the place of a data file that is missing. A copy that is whole becomes
-// the data file: true. One that is not is set aside, one that holds no row is removed (the creation
-// of a file was broken off), and nothing happens where there is none. Throws StoreError and
-// PlatformError for what the disk refuses.
+// Puts the compacted copy in the place of the data file that it was made from, where that is
+// missing, and tells so: true. A copy of another data file, one that is not whole or that nobody
+// knows stays as it is. `password` is this installation's. Throws StoreError and PlatformError for
+// what the disk refuses.
 bool RecoverDataFile(const DataFileLocation& location, const std::string& password,
-                     Platform& platform);
+                     const Writer& writer, Platform& platform);
 
 }  // namespace corvanta

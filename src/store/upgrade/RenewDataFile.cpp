@@ -5,7 +5,10 @@
 #include "platform/Progress.h"
 #include "store/Compact.h"
 #include "store/Connection.h"
-#include "store/FailureText.h"
+#include "store/StoreError.h"
+#include "store/engine/CopyMark.h"
+#include "store/engine/Sqlite.h"
+#include "store/opening/CompactionTarget.h"
 #include "store/opening/FileSteps.h"
 #include "store/schema/SchemaCheck.h"
 #include "store/upgrade/Balances.h"
@@ -22,10 +25,7 @@ using Balances = std::map<std::int64_t, double>;
 Balances VerifiedBalances(const DataSource& source, const Clock& clock) {
   const std::unique_ptr<Connection> connection = Connection::Open(source, clock);
   const std::vector<std::string> problems = connection->Check();
-  if (!problems.empty()) {
-    throw StoreError(StoreErrorCode::Damaged,
-                     FailureText(StoreErrorCode::Damaged, problems.front()), {}, source.path);
-  }
+  if (!problems.empty()) throw DamageOf(source.path);
   return AccountBalances(*connection);
 }
 
@@ -51,35 +51,57 @@ std::optional<std::string> UpgradeCopy(const DataSource& copy, const Clock& cloc
   return problem.has_value() && isRepaired ? UpgradeAndCleanUp(*connection) : problem;
 }
 
+// A program that was killed before its first change was safe leaves a journal in which there is
+// nothing, and which nobody takes away but the next that writes.
+void ClearUnfinishedJournal(const DataSource& source) {
+  if (HasJournal(source.path)) ClearMark(source);
+}
+
+// Makes the copy all that the data file is to be. Returns what kept it from being upgraded.
+std::optional<std::string> FinishCopy(const DataSource& source, const DataSource& copy,
+                                      const Balances& expected, UpgradeFailure onFailure,
+                                      const Clock& clock) {
+  std::optional<std::string> problem = UpgradeCopy(copy, clock);
+  if (problem.has_value() && onFailure == UpgradeFailure::Refuse) {
+    throw StoreError(StoreErrorCode::Sql,
+                     "The data file could not be upgraded and is as it was. " + *problem, {},
+                     source.path);
+  }
+  // Tables that were written anew have left their old pages.
+  ShrinkDatabase(copy, clock);
+  if (!SameBalances(expected, VerifiedBalances(copy, clock))) {
+    throw StoreError(StoreErrorCode::Io,
+                     "The compacted copy has other balances than the data file, which is as it "
+                     "was. Check the disk and try again.",
+                     {}, source.path);
+  }
+  return problem;
+}
+
 }  // namespace
 
-std::optional<std::string> RenewDataFile(const DataFileLocation& location,
-                                         const std::string& oldPassword,
-                                         const std::string& newPassword, UpgradeFailure onFailure,
-                                         Platform& platform) {
+std::optional<std::string> RenewDataFile(const DataFileLocation& location, const Renewal& renewal,
+                                         const Writer& writer, Platform& platform) {
   const StatusText status(platform.progress, "Validating the data file...");
-  const DataSource source{location.Path(), oldPassword, {}};
-  const DataSource copy{location.CompactionPath(), newPassword, {}};
-  const Balances before = VerifiedBalances(source, platform.clock);
-  RemoveDataFile(copy.path, platform.files);
+  const CompactionTarget target(location, writer);
+  const DataSource source{location.Path(), renewal.oldPassword, {}};
+  const DataSource copy{target.Path(), renewal.newPassword, {}};
+  ClearUnfinishedJournal(source);
+  const std::optional<FileIdentity> sourceFile = IdentityOf(source.path);
+  const Balances balances = VerifiedBalances(source, platform.clock);
+  target.Clear(renewal.newPassword, platform);
+  CompactDatabase(source, copy, platform.clock, platform.files, target.Mark());
+  const std::optional<FileIdentity> copyFile = IdentityOf(copy.path);
   try {
-    CompactDatabase(source, copy, platform.clock, platform.files);
-    const std::optional<std::string> problem = UpgradeCopy(copy, platform.clock);
-    if (problem.has_value() && onFailure == UpgradeFailure::Refuse) {
-      throw StoreError(StoreErrorCode::Sql,
-                       "The data file could not be upgraded and is as it was. " + *problem, {},
-                       source.path);
-    }
-    if (!SameBalances(before, VerifiedBalances(copy, platform.clock))) {
-      throw StoreError(StoreErrorCode::Io,
-                       "The compacted copy has other balances than the data file, which is as it "
-                       "was. Check the disk and try again.",
-                       {}, source.path);
-    }
+    std::optional<std::string> problem =
+        FinishCopy(source, copy, balances, renewal.onFailure, platform.clock);
+    RequireStillThere(source.path, sourceFile);
+    RequireStillThere(copy.path, copyFile);
     InstallDataFile(copy.path, source.path, platform.files);
+    ClearMarkQuietly({source.path, renewal.newPassword, {}});
     return problem;
   } catch (...) {
-    RemoveDataFileQuietly(copy.path, platform.files);
+    if (IdentityOf(copy.path) == copyFile) RemoveDataFileQuietly(copy.path, platform.files);
     throw;
   }
 }
