@@ -36,7 +36,11 @@ void FrmMain::ConnectExchange() {
 
 void FrmMain::ImportFile(const std::string& path) {
   const std::int64_t account = EntryAccount();
-  if (OpenImport(account, path, {platform_, session_.Ledger(), this})) Reload();
+  const ImportResult result = OpenImport(account, path, {platform_, session_.Ledger(), this});
+  if (!result.isChanged) return;
+  Reload();
+  const bool isShown = shown_.name == kTransactionShow && shown_.accountId == result.accountId;
+  if (result.accountId != 0 && !isShown) ShowView(kTransactionShow, result.accountId);
 }
 
 void FrmMain::ExportRegister() {

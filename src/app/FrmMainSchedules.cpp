@@ -17,6 +17,7 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "store/Connection.h"
 
 #include <QAction>
 #include <QApplication>
@@ -138,11 +139,13 @@ void FrmMain::CopySchedule() {
 
 void FrmMain::PasteSchedule() {
   const UndoLog::Step step = session_.Ledger().Undo().Begin("Paste Schedule");
+  Transaction all = session_.Ledger().Store().Begin();
   std::int64_t last = 0;
   for (const std::int64_t key : FromClip(ClipKind::Schedules, ToQt(session_.Path()))) {
     last = PasteOnward(session_.Ledger(), key);
   }
   if (last == 0) return;
+  all.Commit();
   TakeSchedules();
   if (shown_.name == kScheduleShow) scheduleView_->ChooseKey(last);
 }

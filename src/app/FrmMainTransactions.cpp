@@ -9,6 +9,7 @@
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
+#include "platform/StatusWords.h"
 #include "reference/Deletion.h"
 
 #include <QAction>
@@ -20,21 +21,6 @@ namespace corvanta {
 namespace {
 
 constexpr const char* kAmendItem = "Amend Item";
-
-// The words in the status bar, which go with the operation however it ends.
-class StatusWords {
- public:
-  StatusWords(Progress& progress, const std::string& words) : progress_(progress) {
-    former_ = progress_.SetStatus(words);
-  }
-  ~StatusWords() { progress_.SetStatus(former_); }
-  StatusWords(const StatusWords&) = delete;
-  StatusWords& operator=(const StatusWords&) = delete;
-
- private:
-  Progress& progress_;
-  std::string former_;
-};
 
 }  // namespace
 
@@ -82,13 +68,7 @@ void FrmMain::ShowTransactionMenu(QPoint place) {
 void FrmMain::ChangeRows(const std::function<void()>& change) {
   {
     const StatusWords words(platform_.progress, "Please wait updating records...");
-    try {
-      change();
-    } catch (...) {
-      // The rows before the failing one are changed.
-      Reload();
-      throw;
-    }
+    change();
   }
   Reload();
 }
@@ -122,15 +102,8 @@ void FrmMain::PasteTransactions() {
   const std::vector<std::int64_t> keys = FromClip(ClipKind::Transactions, ToQt(session_.Path()));
   if (keys.empty() || shown_.accountId == 0 || IsAccountClosed(kAmendItem)) return;
   std::int64_t last = 0;
-  ChangeRows([&] {
-    clsCorvanta& ledger = session_.Ledger();
-    const UndoLog::Step step = ledger.Undo().Begin("Paste Transaction");
-    for (const std::int64_t key : keys) {
-      last = std::max(last, ledger.PasteTransaction(key, shown_.accountId));
-      if (!platform_.progress.Yield()) break;
-    }
-  });
-  registerView_->ChooseKey(last);
+  ChangeRows([&] { last = session_.Ledger().PasteTransactions(keys, shown_.accountId); });
+  if (last != 0) registerView_->ChooseKey(last);
 }
 
 void FrmMain::ShowTwin() {

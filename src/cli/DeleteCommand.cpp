@@ -26,8 +26,8 @@ ExitStatus DeleteCommand::Run(Session& session) {
   if (RefuseClosed(ledger.ReachesClosedAccount(KeysOf(*rows)), session)) return ExitStatus::Refused;
 
   if (!AskDeleteItems(session.Machine().prompts, rows->size())) return ExitStatus::Refused;
-  const std::size_t deleted = ledger.DeleteTransactions(KeysOf(*rows));
-  session.Tell("Delete", TransactionCount(deleted) + " deleted");
+  ledger.DeleteTransactions(KeysOf(*rows));
+  session.Tell("Delete", TransactionCount(rows->size()) + " deleted");
   return ExitStatus::Done;
 }
 

@@ -99,6 +99,12 @@ template bool EntryFields::Fill(ScheduleForm&, const char*, clsCorvanta&, Sessio
 void EntryArguments::Declare(CLI::App& command, bool isNew) {
   fields_.DeclareFields(command, isNew);
   command
+      .add_option("--amount-to", amountTo_,
+                  "Of a transfer between currencies: what arrives, in the other account's "
+                  "(at the current rate without it)")
+      ->type_name("N")
+      ->check(NumberFault);
+  command
       .add_option("--date", date_,
                   isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
       ->check(DateFault);
@@ -107,11 +113,12 @@ void EntryArguments::Declare(CLI::App& command, bool isNew) {
 }
 
 bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const {
-  const std::int64_t from = form.accountId;
-  const std::int64_t to = form.accountToId;
   if (!fields_.Fill(form, kTitle, ledger, session)) return false;
-  // What arrived was worked out for another amount, or between other accounts.
-  if (fields_.HasAmount() || form.accountId != from || form.accountToId != to) form.DropRate();
+  if (amountTo_ && !form.IsTransfer()) {
+    session.Tell(kTitle, "Only of a transfer an --amount-to arrives.");
+    return false;
+  }
+  if (amountTo_) form.amountTo = NumberOf(*amountTo_);
   if (date_) form.date = Date::FromIso(*date_).value_or(form.date);
   if (status_) form.status = StatusOf(*status_);
   return true;

@@ -42,7 +42,6 @@ class EntryFields {
   template <typename Form>
   [[nodiscard]] bool Fill(Form& form, const char* title, clsCorvanta& ledger,
                           Session& session) const;
-  [[nodiscard]] bool HasAmount() const { return amount_.has_value(); }
 
  private:
   std::optional<std::string> account_;
@@ -66,6 +65,7 @@ class EntryArguments {
 
  private:
   EntryFields fields_;
+  std::optional<std::string> amountTo_;
   std::optional<std::string> date_;
   std::optional<std::string> status_;
 };

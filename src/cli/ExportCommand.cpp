@@ -3,6 +3,7 @@
 #include "cli/Session.h"
 #include "exchange/FileExport.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Files.h"
 
 #include <CLI/CLI.hpp>
 
@@ -11,12 +12,13 @@ namespace corvanta {
 CLI::App* ExportCommand::Declare(CLI::App& parser) {
   CLI::App* command =
       parser.add_subcommand("export", "Export the transactions of an account to a file");
-  command->add_option("file", file_, "The file to write: .qif, .ofx, .csv or .xls")
+  command->add_option("file", file_, "The file to write: .qif, .ofx, .csv, .xls or .xlsx")
       ->required()
       ->check(EmptyFault);
   command->add_option("--account", account_.name, "The account's name, or # and its key")
       ->type_name("A")
       ->required();
+  command->add_flag("--force", force_, "Replace the file where it is there already");
   period_.Declare(*command);
   status_.Declare(*command);
   return command;
@@ -26,6 +28,10 @@ ExitStatus ExportCommand::Run(Session& session) {
   if (const auto warning = FileExport::Check(file_)) {
     return session.Refuse(warning->title, warning->text);
   }
+  if (!force_ && FileExists(file_)) {
+    return session.Refuse("File Export",
+                          "There is a file " + file_ + " already. Use --force to replace it.");
+  }
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
@@ -33,7 +39,9 @@ ExitStatus ExportCommand::Run(Session& session) {
   if (!account) return ExitStatus::Refused;
   const std::optional<Period> period = period_.Get();
   const std::vector<RegisterRow> rows = ledger.Register(account->accountId, status_.Get(), period);
-  FileExport(ledger, session.Machine()).Write(account->accountId, rows, period, file_);
+  FileExport(ledger, session.Machine())
+      .Write(account->accountId, rows, period, file_,
+             force_ ? FormerFile::Replace : FormerFile::Refuse);
   return ExitStatus::Done;
 }
 

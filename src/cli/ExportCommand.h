@@ -9,7 +9,7 @@
 namespace corvanta {
 
 // export FILE --account A: the transactions of an account as QIF, OFX, CSV or a spreadsheet, by the
-// file's extension.
+// file's extension. A file that is there is replaced with --force alone.
 class ExportCommand : public Command {
  public:
   CLI::App* Declare(CLI::App& parser) override;
@@ -20,6 +20,7 @@ class ExportCommand : public Command {
   AccountArgument account_;
   PeriodArguments period_;
   StatusArgument status_;
+  bool force_ = false;
 };
 
 }  // namespace corvanta

@@ -40,16 +40,24 @@ CLI::App* ImportCommand::Declare(CLI::App& parser) {
   command->add_option("file", file_, "The file to import")->required()->check(EmptyFault);
   command
       ->add_option("--account", account_.name,
-                   "Takes the records until the file names an account (default: only accounts "
+                   "Takes the records of a file that names no account (default: only accounts "
                    "that the file names)")
       ->type_name("A")
       ->check(EmptyFault);
+  command
+      ->add_option("--named-accounts", namedAccounts_,
+                   "Where the file names another account than --account: use it, or ignore it, so "
+                   "that --account takes all")
+      ->type_name("ANSWER")
+      ->transform(CLI::Validator(OneOf({"use", "ignore"}), ""));
+  command->add_flag("--complete-transfers", completesTransfers_,
+                    "Make the other half of transfers of which the file holds one half only");
   command->add_option("--duplicates", duplicates_, "What to do with duplicates: skip or import")
       ->type_name("ANSWER")
       ->transform(CLI::Validator(OneOf({"skip", "import"}), ""));
   command
       ->add_option("--incomplete", incomplete_,
-                   "What to do with the records so far when the import stops: keep or drop")
+                   "What to do with the records before a fault that stops the import: keep or drop")
       ->type_name("ANSWER")
       ->transform(CLI::Validator(OneOf({"keep", "drop"}), ""));
   command
@@ -108,10 +116,19 @@ ExitStatus ImportCommand::Run(Session& session) {
     form.decimalMark = decimal_ == "point" ? DecimalMark::Point : DecimalMark::Comma;
   }
   ImportEditor editor(ledger, session.Machine());
-  std::optional<Warning> warning = editor.Check(form);
+  std::optional<Warning> warning = Check(editor, form);
   if (!warning && editor.Kind() == ImportKind::Csv) warning = SetCsv(editor, form);
   if (warning) return session.Refuse(warning->title, warning->text);
   return Import(editor, form, session);
+}
+
+std::optional<Warning> ImportCommand::Check(ImportEditor& editor, ImportForm& form) const {
+  if (!namedAccounts_.empty()) form.chosenTakesAll = namedAccounts_ == "ignore";
+  std::optional<Warning> warning = editor.Check(form);
+  if (warning && warning->field == "cmbOwner") {
+    warning->text += "\nAnswer with --named-accounts use or --named-accounts ignore.";
+  }
+  return warning;
 }
 
 std::optional<Warning> ImportCommand::SetCsv(ImportEditor& editor, ImportForm& form) const {
@@ -138,9 +155,10 @@ std::optional<Warning> ImportCommand::SetCsv(ImportEditor& editor, ImportForm& f
 
 ExitStatus ImportCommand::Import(ImportEditor& editor, const ImportForm& form,
                                  Session& session) const {
-  const ImportSummary summary = editor.Import(form, AnswerOf(duplicates_), incomplete_ == "keep");
+  ImportSummary summary = editor.Import(form, AnswerOf(duplicates_), incomplete_ == "keep");
+  if (completesTransfers_ && !summary.completable.empty()) editor.CompleteTransfers(summary);
   if (summary.outcome != ImportOutcome::Refused) session.Tell(kFileImport, summary.Text());
-  if (summary.outcome != ImportOutcome::Kept && summary.outcome != ImportOutcome::TakenBack) {
+  if (summary.outcome != ImportOutcome::Kept && summary.outcome != ImportOutcome::Dropped) {
     editor.Finish(summary);
   }
   const bool isDone = summary.outcome == ImportOutcome::Complete &&

@@ -20,12 +20,14 @@ class ImportCommand : public Command {
 
  private:
   void DeclareCsv(CLI::App& command);
+  [[nodiscard]] std::optional<Warning> Check(ImportEditor& editor, ImportForm& form) const;
   // Puts the choices for a CSV file into the form; a warning where one makes no sense.
   [[nodiscard]] std::optional<Warning> SetCsv(ImportEditor& editor, ImportForm& form) const;
   ExitStatus Import(ImportEditor& editor, const ImportForm& form, Session& session) const;
 
   std::string file_;
-  AccountArgument account_;  // empty: the accounts that the file names
+  AccountArgument account_;    // empty: the accounts that the file names
+  std::string namedAccounts_;  // use or ignore; empty: not answered
   std::string duplicates_;
   std::string incomplete_ = "drop";
   std::string order_;
@@ -34,6 +36,7 @@ class ImportCommand : public Command {
   std::string skip_;
   std::string separator_;
   bool zeroIsEmpty_ = false;
+  bool completesTransfers_ = false;
   std::string mapping_;
   std::string saveMapping_;
 };

@@ -33,8 +33,8 @@ ExitStatus SetStatusCommand::Run(Session& session) {
   const auto rows = transactions_.Find(ledger, session);
   if (!rows || RefuseClosed(*rows, session)) return ExitStatus::Refused;
 
-  const std::size_t changed = ledger.ApplyStatus(CommandOf(status_), KeysOf(*rows), false);
-  session.Tell("Status", TransactionCount(changed) + " set to " + status_);
+  ledger.ApplyStatus(CommandOf(status_), KeysOf(*rows), false);
+  session.Tell("Status", TransactionCount(rows->size()) + " set to " + status_);
   return ExitStatus::Done;
 }
 

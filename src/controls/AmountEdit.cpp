@@ -96,7 +96,7 @@ std::optional<double> AmountEdit::Amount() const {
 }
 
 void AmountEdit::Settle() {
-  if (text() == Shown(amount_)) return;
+  if (text() == Shown(amount_) || (mayBeEmpty_ && text().trimmed().isEmpty())) return;
   const auto amount = Amount();
   // Rounded to what a number can hold, it would be another one than the one that was typed.
   if (!amount || std::abs(*amount) > kLargestAmount) return;

@@ -34,6 +34,8 @@ class AmountEdit : public QLineEdit {
   void SetDecimals(int decimals);
   // From now on an amount that is typed without a sign has this one, 1 or -1.
   void SetSign(int sign) { sign_ = sign; }
+  // An empty field stays empty: nothing was said.
+  void SetMayBeEmpty() { mayBeEmpty_ = true; }
   // 0 for an empty field; nullopt when what was typed is no number.
   [[nodiscard]] std::optional<double> Amount() const;
   // Works out what was typed and shows it. What is no number stays to be mended.
@@ -58,7 +60,8 @@ class AmountEdit : public QLineEdit {
   int sign_ = 1;         // of what is typed without one
   double amount_ = 0;    // what the text was made from
   bool isPlus_ = false;  // and whether it begins with a plus
-  QString refused_;      // what was typed and is no number, while 0 is shown for it
+  bool mayBeEmpty_ = false;
+  QString refused_;  // what was typed and is no number, while 0 is shown for it
 };
 
 }  // namespace corvanta

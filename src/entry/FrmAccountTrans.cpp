@@ -2,13 +2,16 @@
 
 #include "controls/AmountEdit.h"
 #include "controls/ChoiceRow.h"
+#include "controls/CommandEdge.h"
 #include "controls/DateField.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 
@@ -19,6 +22,9 @@ FrmAccountTrans::FrmAccountTrans(const EntryPlace& place, std::int64_t accountId
       accountId_(accountId),
       editor_(place.ledger, place.platform, place.rates),
       txtDate_(new DateField(place.platform.locale, place.platform.clock, this)),
+      lblArrives_(new QLabel(this)),
+      txtAmountTo_(new AmountEdit(place.platform.locale, this, AmountText::Rounded)),
+      lblCurrencyTo_(new QLabel(this)),
       opPayment_(new ChoiceRow(QStringLiteral("opPayment"),
                                {{0, tr("Uncleared")}, {1, tr("Cleared")}, {2, tr("Reconciled")}},
                                this)) {
@@ -34,11 +40,50 @@ void FrmAccountTrans::MakeFields() {
   connect(currency, &QPushButton::clicked, this, &FrmAccountTrans::LookUpCurrency);
   AddAccountRows();
   AddField(tr("Dat&e:"), txtDate_, "txtDate");
-  AddPayeeRows({currency});
+  MakeArrival();
+  AddPayeeRows({lblArrives_, txtAmountTo_, lblCurrencyTo_, currency});
   AddTextRows();
   AddField(tr("Status:"), opPayment_, "opPayment");
   // The rows above are filled already in a new transaction.
   SetFirstField(txtDate_);
+}
+
+void FrmAccountTrans::MakeArrival() {
+  lblArrives_->setText(QStringLiteral("→"));
+  txtAmountTo_->setObjectName(QStringLiteral("txtAmountTo"));
+  txtAmountTo_->setAccessibleName(tr("Amount that arrives"));
+  txtAmountTo_->setToolTip(
+      tr("What arrives in the other account. Left empty it is worked out when you save."));
+  txtAmountTo_->setPlaceholderText(tr("at its rate"));
+  lblCurrencyTo_->setObjectName(QStringLiteral("lblCurrencyTo"));
+  txtAmountTo_->SetMayBeEmpty();
+  connect(txtAmountTo_, &QLineEdit::textEdited, this,
+          [this](const QString& text) { isArrivalTyped_ = !text.trimmed().isEmpty(); });
+  connect(txtAmountTo_, &QLineEdit::editingFinished, this, &FrmAccountTrans::ShowArrival);
+}
+
+void FrmAccountTrans::ShowArrival() {
+  RunCommand(place_.platform.prompts, [this] {
+    TransactionForm form = form_;
+    form.type = Type();
+    form.accountId = cmbAccount_->Key();
+    form.accountToId = cmbAccountTo_->Key();
+    form.amount = txtAmount_->Amount();
+    form.amountTo.reset();
+    const bool isConverted = editor_.IsConverted(form);
+    for (QWidget* part :
+         std::initializer_list<QWidget*>{lblArrives_, txtAmountTo_, lblCurrencyTo_}) {
+      part->setVisible(isConverted);
+    }
+    if (!isConverted) return;
+    const std::string currency = editor_.CurrencyOf(form.accountToId);
+    lblCurrencyTo_->setText(ToQt(currency));
+    txtAmountTo_->SetDecimals(CurrencyDecimals(currency));
+    if (isArrivalTyped_) return;
+    const auto known = editor_.KnownArrival(form);
+    txtAmountTo_->SetAmount(known.value_or(0));
+    if (!known) txtAmountTo_->clear();
+  });
 }
 
 void FrmAccountTrans::MakeTools() {
@@ -59,7 +104,7 @@ void FrmAccountTrans::ConnectFields() {
                                                         cmbSubCategory_, txtAmount_}) {
     Watch(field);
   }
-  connect(txtAmount_, &QLineEdit::textEdited, this, [this] { form_.DropRate(); });
+  connect(txtAmount_, &QLineEdit::textChanged, this, &FrmAccountTrans::ShowArrival);
   connect(cmbPayee_, &QComboBox::activated, this, &FrmAccountTrans::Propose);
   connect(cmbPayee_->lineEdit(), &QLineEdit::editingFinished, this, &FrmAccountTrans::Propose);
 }
@@ -113,6 +158,8 @@ void FrmAccountTrans::Prefill(const TransactionForm& form) {
 void FrmAccountTrans::Show(const TransactionForm& form) {
   form_ = form;
   proposedFor_.clear();
+  isArrivalTyped_ = form.IsTransfer() && form.amountTo.has_value();
+  if (isArrivalTyped_) txtAmountTo_->SetAmount(*form.amountTo);
   ShowFields(form);
   txtDate_->SetDay(form.date);
   opPayment_->SetChoice(static_cast<int>(form.status));
@@ -122,6 +169,13 @@ void FrmAccountTrans::Show(const TransactionForm& form) {
 TransactionForm FrmAccountTrans::Form() {
   TransactionForm form = form_;
   ReadFields(form);
+  if (form.IsTransfer()) {
+    txtAmountTo_->Settle();
+    form.amountTo.reset();
+    // What is no amount is refused, not worked out.
+    const bool isTyped = isArrivalTyped_ && editor_.IsConverted(form);
+    if (isTyped) form.amountTo = txtAmountTo_->Amount().value_or(0);
+  }
   form.transactionId = Key();
   form.date = txtDate_->Day();
   form.status = static_cast<TransactionStatus>(opPayment_->Choice().value_or(0));
@@ -140,6 +194,7 @@ void FrmAccountTrans::ShowType() {
   cmdAllocate_->setText(isTransfer ? tr("&Transfer...") : tr("&Allocate..."));
   cmdAllocate_->setToolTip(isTransfer ? tr("Edit Transfer Item") : tr("Allocate Item"));
   cmdAutoFill_->setEnabled(!isTransfer);
+  ShowArrival();
 }
 
 void FrmAccountTrans::ShowSchedule() {

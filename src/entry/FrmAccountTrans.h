@@ -35,7 +35,7 @@ class FrmAccountTrans : public FrmEntry {
     return editor_.CurrencyOf(accountId);
   }
   void TakeType() override;
-  void TakeAccount() override { form_.DropRate(); }
+  void TakeAccount() override { ShowArrival(); }
   void ShowType() override;
 
  private:
@@ -50,6 +50,9 @@ class FrmAccountTrans : public FrmEntry {
   void Show(const TransactionForm& form);
   [[nodiscard]] TransactionForm Form();
   void ShowSchedule();
+  void MakeArrival();
+  // The field of what arrives stands beside the amount while there are two currencies.
+  void ShowArrival();
 
   void Propose();
   void Allocate();
@@ -65,7 +68,11 @@ class FrmAccountTrans : public FrmEntry {
   QSet<QWidget*> touched_;
   bool isScheduleChanged_ = false;
   QString proposedFor_;  // the payee
+  bool isArrivalTyped_ = false;
   DateField* txtDate_;
+  QLabel* lblArrives_;
+  AmountEdit* txtAmountTo_;  // what arrives, in the other account's currency
+  QLabel* lblCurrencyTo_;
   ChoiceRow* opPayment_;
   QPushButton* cmdAllocate_ = nullptr;
   QPushButton* cmdAutoFill_ = nullptr;

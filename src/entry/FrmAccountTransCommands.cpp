@@ -6,6 +6,7 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
+#include "ledger/Money.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -23,7 +24,9 @@ constexpr const char* kEditTransfer = "Edit Transfer Item";
 constexpr const char* kHelp =
     "Enter saves from any field; Ctrl+Enter saves and goes on with a new transaction.\n\n"
     "Amount: without a sign, the type says where the money goes. A sum such as 12.50+3*4 is "
-    "worked out.\n\n"
+    "worked out. A transfer into another currency shows beside it what arrives, which you can "
+    "type; "
+    "left empty it is worked out at the current rate.\n\n"
     "Date: + and - move by a day, [ and ] by a week, Page Up and Page Down by a month. T is today, "
     "F4 opens a calendar.\n\n"
     "Names complete while you type. A payee or payment type that is new is added to its list, a "
@@ -37,9 +40,15 @@ void FrmAccountTrans::TakeType() {
   TransactionForm form = Form();
   form.type = form_.type;
   form.accountToId = cmbAccountTo_->Key();
+  form.amountTo = form_.amountTo;
+  if (form_.IsTransfer()) {
+    form.amountTo = isArrivalTyped_ ? txtAmountTo_->Amount() : std::nullopt;
+  }
   TransactionEditor::ChooseType(form, Type());
   form_.type = form.type;
   form_.amountTo = form.amountTo;
+  isArrivalTyped_ = form.IsTransfer() && form.amountTo.has_value();
+  if (isArrivalTyped_) txtAmountTo_->SetAmount(*form.amountTo);
   cmbAccount_->SetKey(form.accountId);
   cmbAccountTo_->SetKey(form.accountToId);
   cmbCategory_->setEditText(ToQt(form.category));
@@ -131,13 +140,13 @@ void FrmAccountTrans::LookUpCurrency() {
     if (!found) return;
     txtAmount_->SetAmount(found->amount);
     Touch(txtAmount_);
-    form_.DropRate();
     // A rate into any other currency is none for the transfer.
-    if (form.type != EntryType::Transfer || editor_.CurrencyOf(form.accountToId) != found->code) {
-      return;
-    }
-    form_.isRateApplied = true;
-    form_.amountTo = found->amountCurrency;
+    const std::string to = editor_.CurrencyOf(form.accountToId);
+    if (form.type != EntryType::Transfer || to != found->code) return;
+    form_.arrival = Arrival{found->amount, RoundToCurrency(found->amountCurrency, to),
+                            editor_.CurrencyOf(form.accountId), to};
+    isArrivalTyped_ = false;
+    ShowArrival();
   });
 }
 

@@ -117,15 +117,31 @@ void FrmAccountTransMulti::Accept() {
       return Warn({"Save Warning", "You need to select an Account", "cmbAccount"});
     }
     if (const auto warning = editor_.Check(form, keys_)) return Warn(*warning);
-    if (!editor_.Save(form, keys_)) return FocusOn(*cmbCategory_);
+    if (!WhileShut([&] { return editor_.Save(form, keys_).has_value(); })) {
+      return FocusOn(*cmbCategory_);
+    }
     MarkChanged();
     accept();
   });
 }
 
+// Window messages run between the rows: nothing may be asked for a second time meanwhile.
+bool FrmAccountTransMulti::WhileShut(const std::function<bool()>& change) {
+  setEnabled(false);
+  bool isDone = false;
+  try {
+    isDone = change();
+  } catch (...) {
+    setEnabled(true);
+    throw;
+  }
+  setEnabled(true);
+  return isDone;
+}
+
 void FrmAccountTransMulti::Delete() {
   Run([this] {
-    if (!editor_.Delete(keys_)) return;
+    if (!WhileShut([&] { return editor_.Delete(keys_); })) return;
     MarkChanged();
     accept();
   });

@@ -4,6 +4,8 @@
 #include "entry/EntryDialogs.h"
 #include "entry/MultiEditor.h"
 
+#include <functional>
+
 class QComboBox;
 
 namespace corvanta {
@@ -25,6 +27,7 @@ class FrmAccountTransMulti : public FormDialog {
   void MakeButtons();
   [[nodiscard]] MultiEditForm Form() const;
   void Accept();
+  bool WhileShut(const std::function<bool()>& change);
   void Delete();
   void Help();
 

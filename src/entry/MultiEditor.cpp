@@ -3,6 +3,7 @@
 #include "entry/EntryRules.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "platform/StatusWords.h"
 #include "platform/TextCase.h"
 #include "reference/Deletion.h"
 #include "reference/Rules.h"
@@ -13,6 +14,7 @@ namespace corvanta {
 namespace {
 
 constexpr const char* kAmendItem = "Amend Item";
+constexpr const char* kUpdating = "Please wait updating records...";
 
 bool IsEmpty(const std::string& text) {
   return Trim(text).empty();
@@ -63,19 +65,20 @@ std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, clsCorvanta::Ke
       !AgreeToCategory(ledger_, platform_.prompts, form.category, form.subCategory, kind)) {
     return std::nullopt;
   }
+  const StatusWords words(platform_.progress, kUpdating);
   const UndoLog::Step step = ledger_.Undo().Begin("Edit Transactions");
+  // The names that are new come with the rows or not at all.
+  Transaction all = ledger_.Store().Begin();
   BulkChange change;
   change.accountId = form.accountId;
   change.status = form.status;
   change.type = form.type;
-  {
-    Transaction names = ledger_.Store().Begin();
-    change.paymentId = ledger_.FindOrCreatePayment(form.payment);
-    change.payeeId = ledger_.FindOrCreatePayee(form.payee);
-    change.categoryId = ledger_.FindOrCreateCategory(form.category, form.subCategory, kind);
-    names.Commit();
-  }
-  return ledger_.BulkEdit(keys, change);
+  change.paymentId = ledger_.FindOrCreatePayment(form.payment);
+  change.payeeId = ledger_.FindOrCreatePayee(form.payee);
+  change.categoryId = ledger_.FindOrCreateCategory(form.category, form.subCategory, kind);
+  const std::optional<std::size_t> changed = ledger_.BulkEdit(keys, change);
+  if (changed) all.Commit();
+  return changed;
 }
 
 bool MultiEditor::Delete(clsCorvanta::Keys keys) {
@@ -88,7 +91,9 @@ bool MultiEditor::Delete(clsCorvanta::Keys keys) {
     prompts.Tell(kAmendItem, kAccountClosed);
     return false;
   }
-  return AskDeleteItems(prompts, keys.size()) && ledger_.DeleteTransactions(keys) > 0;
+  if (!AskDeleteItems(prompts, keys.size())) return false;
+  const StatusWords words(platform_.progress, kUpdating);
+  return ledger_.DeleteTransactions(keys);
 }
 
 }  // namespace corvanta

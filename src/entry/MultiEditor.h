@@ -31,9 +31,9 @@ class MultiEditor {
 
   // The first rule that is broken, about the control of that name. The keys are those of Save.
   [[nodiscard]] std::optional<Warning> Check(const MultiEditForm& form, clsCorvanta::Keys keys);
-  // Changes the transactions in their order, as one step that can be undone; returns how many were
-  // reached before the person asked to stop. Asks before it makes a category: nullopt when the
-  // person declines, and nothing is written (the field is cmbCategory).
+  // Changes the transactions in their order, all or none, as one step that can be undone; returns
+  // how many are other ones afterwards. Asks before it makes a category: nullopt when the person
+  // declines (the field is cmbCategory) or asks to stop on the way, and nothing is written.
   std::optional<std::size_t> Save(MultiEditForm form, clsCorvanta::Keys keys);
   // Asks, then deletes; tells when there is nothing to delete. True when something was deleted.
   bool Delete(clsCorvanta::Keys keys);

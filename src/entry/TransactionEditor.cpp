@@ -3,6 +3,7 @@
 #include "entry/EntryRules.h"
 #include "ledger/CurrencyOf.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -36,9 +37,8 @@ void FillTransfer(TransactionForm& form, const TransactionDetails& row,
   form.accountId = from.accountId;
   form.accountToId = to.accountId;
   form.amount = std::fabs(from.amount);
-  // What arrived has been settled when the transfer was entered.
-  form.isRateApplied = true;
-  form.amountTo = std::fabs(to.amount);
+  // It was settled when the transfer was entered.
+  form.arrival = Arrival{std::fabs(from.amount), std::fabs(to.amount), from.currency, to.currency};
 }
 
 }  // namespace
@@ -102,7 +102,15 @@ void TransactionEditor::ChooseType(TransactionForm& form, EntryType type) {
   if (was && EqualFolded(form.category, kTransferCategory)) form.category.clear();
   if (!form.isToHalf || form.accountToId == 0) return;
   std::swap(form.accountId, form.accountToId);
+  // It goes on with what this half holds, and comes back to what it was.
+  const std::optional<Arrival>& known = form.arrival;
+  if (was && !form.amountTo && known && known->amount == form.amount) {
+    form.amountTo = known->amountTo;
+  }
   if (form.amountTo) std::swap(form.amount, form.amountTo);
+  if (!was && known && known->amount == form.amount && known->amountTo == form.amountTo) {
+    form.amountTo.reset();
+  }
 }
 
 std::optional<Proposal> TransactionEditor::Propose(std::int64_t accountId,
@@ -152,8 +160,21 @@ std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
     return fails(kSignedAmount, "txtAmount");
   }
   if (auto warning = CheckSize(amount, kInvalidAmount)) return warning;
+  if (auto warning = CheckArrival(form)) return warning;
   if (auto warning = CheckTexts(ledger_, form.reference, form.description)) return warning;
   return CheckAccounts(form, stored.has_value());
+}
+
+std::optional<Warning> TransactionEditor::CheckArrival(const TransactionForm& form) {
+  if (!form.IsTransfer() || !form.amountTo) return std::nullopt;
+  constexpr const char* kField = "txtAmountTo";
+  if (*form.amountTo < 0) return Warning{kSaveWarning, kSignedAmount, kField};
+  if (*form.amountTo == 0 || *form.amountTo > kLargestAmount) {
+    return Warning{kSaveWarning, kInvalidAmount, kField};
+  }
+  if (IsConverted(form) || form.amountTo == form.amount) return std::nullopt;
+  return Warning{kSaveWarning,
+                 "Both accounts are in one currency: what arrives is the Amount itself", kField};
 }
 
 std::optional<Warning> TransactionEditor::CheckAccounts(const TransactionForm& form, bool isThere) {

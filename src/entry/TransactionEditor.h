@@ -52,6 +52,12 @@ class TransactionEditor {
   [[nodiscard]] std::optional<Proposal> Propose(std::int64_t accountId, const std::string& payee);
   // The code of the account's currency; empty for no account.
   [[nodiscard]] std::string CurrencyOf(std::int64_t accountId);
+  // Whether the form is a transfer into another currency, so that what arrives is another amount.
+  [[nodiscard]] bool IsConverted(const TransactionForm& form);
+  // What arrives as far as it is known without a rate: what the person says, what has arrived
+  // where the amount is the same, and otherwise the amount at that former rate. nullopt for a new
+  // transfer.
+  [[nodiscard]] std::optional<double> KnownArrival(const TransactionForm& form);
 
   // The first rule that is broken, about the control of that name.
   [[nodiscard]] std::optional<Warning> Check(const TransactionForm& form);
@@ -60,8 +66,10 @@ class TransactionEditor {
   // loses its lines: when the person declines, nothing is written, the key is 0, and
   // DeclinedField() names the control to go back to. A split transaction keeps the sum of its lines
   // as its amount, and tells so when another one was typed; the lines change their sign with the
-  // type. A transfer between currencies fetches its rate first, and tells when there is none. The
-  // half that is not edited keeps its own status, and what else it had of its own.
+  // type. What arrives of a transfer between currencies is what the person says, or what has
+  // arrived while the amount stays; otherwise its rate is fetched first. Without one that is told,
+  // and the former rate goes on, or the same amount arrives where there was none. The half that is
+  // not edited keeps its own status, and what else it had of its own.
   std::int64_t Save(TransactionForm form);
   [[nodiscard]] const std::string& DeclinedField() const { return declinedField_; }
   // Asks, then deletes the row with its lines and its other half. True when it is gone.
@@ -71,6 +79,7 @@ class TransactionEditor {
   [[nodiscard]] std::optional<Warning> CheckAllocate(const TransactionForm& form);
 
  private:
+  [[nodiscard]] std::optional<Warning> CheckArrival(const TransactionForm& form);
   [[nodiscard]] std::optional<Warning> CheckAccounts(const TransactionForm& form, bool isThere);
   [[nodiscard]] bool AskAll(const TransactionForm& form);
   [[nodiscard]] double AmountTo(const TransactionForm& form);

@@ -17,6 +17,14 @@ enum class EntryType { None, Expense, Income, Transfer };
 // of a transfer, 0 without a type.
 [[nodiscard]] int SignOf(EntryType type);
 
+// What an amount of one currency has become in another; unsigned.
+struct Arrival {
+  double amount = 0;
+  double amountTo = 0;
+  std::string from;  // the currencies' codes
+  std::string to;
+};
+
 // A transaction as its editor shows it. Names are typed or picked. A transfer reads from its From
 // half to its To half, whichever of the two is edited.
 struct TransactionForm {
@@ -36,14 +44,12 @@ struct TransactionForm {
 
   [[nodiscard]] bool IsTransfer() const { return type == EntryType::Transfer; }
 
-  // An exchange rate has been applied: nothing is fetched at the save. Whoever changes the amount
-  // or an account afterwards takes it back with DropRate().
-  bool isRateApplied = false;
-  std::optional<double> amountTo;  // then, unsigned: what arrives, in accountToId's currency
-  void DropRate() {
-    isRateApplied = false;
-    amountTo.reset();
-  }
+  // Of a transfer between currencies: what arrives, as the person says it; unsigned, in
+  // accountToId's currency. nullopt to have it worked out.
+  std::optional<double> amountTo;
+  // What arrived for an amount, as the transfer was loaded or looked up: no rate is needed while
+  // the amount and the two currencies stay.
+  std::optional<Arrival> arrival;
 
   // As it was loaded.
   bool hasLines = false;

@@ -39,18 +39,39 @@ bool TransactionEditor::AskAll(const TransactionForm& form) {
   return true;
 }
 
-double TransactionEditor::AmountTo(const TransactionForm& form) {
-  const double amount = form.amount.value_or(0);
-  if (form.isRateApplied) return form.amountTo.value_or(amount);
+bool TransactionEditor::IsConverted(const TransactionForm& form) {
+  if (!form.IsTransfer()) return false;
   const std::string from = CurrencyOf(form.accountId);
   const std::string to = CurrencyOf(form.accountToId);
-  if (from.empty() || to.empty() || EqualFolded(from, to)) return amount;
-  const std::optional<double> rate = rates_.Rate(from, to);
-  if (!rate) {
-    platform_.prompts.Tell("Download Currency", "Could not connect to website");
-    return amount;
+  return !from.empty() && !to.empty() && !EqualFolded(from, to);
+}
+
+std::optional<double> TransactionEditor::KnownArrival(const TransactionForm& form) {
+  const std::string to = CurrencyOf(form.accountToId);
+  const double former = form.arrival ? form.arrival->amountTo : 0;
+  if (form.amountTo) return RoundChanged(*form.amountTo, former, to);
+  const std::optional<Arrival>& known = form.arrival;
+  if (!known || !EqualFolded(known->from, CurrencyOf(form.accountId)) ||
+      !EqualFolded(known->to, to)) {
+    return std::nullopt;
   }
-  return RoundToCurrency(*rate * amount, to);
+  if (known->amount == form.amount) return known->amountTo;
+  if (!IsConverted(form) || known->amount == 0) return std::nullopt;
+  return RoundToCurrency(form.amount.value_or(0) * (known->amountTo / known->amount), to);
+}
+
+double TransactionEditor::AmountTo(const TransactionForm& form) {
+  const double amount = form.amount.value_or(0);
+  const std::optional<double> known = KnownArrival(form);
+  const bool isSettled = form.amountTo || (form.arrival && form.arrival->amount == form.amount);
+  if (known && isSettled) return *known;
+  if (!IsConverted(form)) return RoundToCurrency(amount, CurrencyOf(form.accountId));
+  const std::string to = CurrencyOf(form.accountToId);
+  if (const auto rate = rates_.Rate(CurrencyOf(form.accountId), to)) {
+    return RoundToCurrency(*rate * amount, to);
+  }
+  platform_.prompts.Tell("Download Currency", "Could not connect to website");
+  return known.value_or(amount);
 }
 
 std::int64_t TransactionEditor::Save(TransactionForm form) {

@@ -1,5 +1,6 @@
 #include "exchange/CsvRows.h"
 
+#include "exchange/FormulaGuard.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>
@@ -22,7 +23,8 @@ bool CsvRow::IsBlank() const {
 
 std::string_view CsvRow::Cell(int column) const {
   const auto index = static_cast<std::size_t>(column - 1);
-  return column < 1 || index >= cells.size() ? std::string_view() : Trim(cells[index]);
+  return column < 1 || index >= cells.size() ? std::string_view()
+                                             : UnguardFormula(Trim(cells[index]));
 }
 
 bool CsvRows::IsAtEnd() const {

@@ -14,7 +14,8 @@ struct CsvRow {
 
   // Without a character in any cell.
   [[nodiscard]] bool IsBlank() const;
-  // The cell of a column counted from 1, without blanks around it; empty where there is none.
+  // The cell of a column counted from 1, without blanks around it and what guards it from being a
+  // formula; empty where there is none.
   [[nodiscard]] std::string_view Cell(int column) const;
 };
 

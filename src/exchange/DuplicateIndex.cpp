@@ -13,6 +13,8 @@
 namespace corvanta {
 namespace {
 
+constexpr std::size_t kLongestChequeNumber = 6;
+
 std::tuple<Date, double> Place(const DuplicateIndex::Candidate& row) {
   return {row.date, row.amount};
 }
@@ -33,14 +35,21 @@ DuplicateIndex::DuplicateIndex(Connection& store, std::int64_t accountId) {
 }
 
 void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
+  const std::int64_t imported =
+      store.QueryValue("Select PaymentID from tblPayments Where lcase(Payment) = 'import'").Int();
   Recordset rows = store.OpenRecordset(
-      "Select T.TransactionID, T.[Date], T.[Amount], T.Reference From tblTransactions as T INNER "
-      "JOIN tblPayees AS P ON T.PayeeId = P.PayeeID Where [AccountID] = " +
+      "Select T.TransactionID, T.[Date], T.[Amount], T.Reference, T.PaymentID From tblTransactions "
+      "as T INNER JOIN tblPayees AS P ON T.PayeeId = P.PayeeID Where [AccountID] = " +
       SqlNumber(accountId) + " AND P.[Investment] = 0 AND AllocatedItem = 0");
   for (; !rows.Eof(); rows.MoveNext()) {
     const std::optional<Date> date = Date::FromIso(rows.Text(1).substr(0, 10));
     if (!date) continue;
-    rows_.push_back({rows.Int(0), *date, RoundMoney(rows.Double(2)), std::string(rows.Text(3))});
+    const bool isImported = imported != 0 && rows.Int(4) == imported;
+    rows_.push_back({rows.Int(0), *date, RoundMoney(rows.Double(2)), std::string(rows.Text(3)),
+                     isImported, false});
+    const std::string& reference = rows_.back().reference;
+    if (!reference.empty()) ++references_[reference];
+    if (isImported && reference.empty()) isEveryImportMarked_ = false;
   }
   std::ranges::sort(rows_, [](const Candidate& a, const Candidate& b) {
     return std::tie(a.date, a.amount, a.transactionId) <
@@ -56,28 +65,41 @@ void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId) 
   for (; !rows.Eof(); rows.MoveNext()) {
     const std::optional<Date> date = Date::FromIso(rows.Text(0).substr(0, 10));
     if (!date) continue;
-    investments_.insert(KeyOf(
+    ++investments_[KeyOf(
         *date, {rows.Double(1), rows.Double(2), rows.Double(3), rows.Double(4), rows.Double(5)},
-        {rows.Int(6), rows.Int(7), rows.Int(8)}));
+        {rows.Int(6), rows.Int(7), rows.Int(8)})];
   }
 }
 
-std::vector<const DuplicateIndex::Candidate*> DuplicateIndex::Find(Date date, double amount) const {
+std::vector<DuplicateIndex::Candidate*> DuplicateIndex::Find(Date date, double amount) {
   const std::tuple<Date, double> place{date, RoundMoney(amount)};
-  std::vector<const Candidate*> found;
+  std::vector<Candidate*> found;
   for (auto row = std::ranges::lower_bound(rows_, place, {}, Place);
        row != rows_.end() && Place(*row) == place; ++row) {
-    found.push_back(&*row);
+    if (!row->isTaken) found.push_back(&*row);
   }
   return found;
 }
 
-bool DuplicateIndex::Has(const InvestmentTransaction& transaction, double amount,
-                         std::int64_t categoryId) const {
-  return investments_.contains(KeyOf(
+bool DuplicateIndex::HasBankId(const Candidate& candidate) const {
+  const std::string& reference = candidate.reference;
+  if (!candidate.isImported || reference.empty()) return false;
+  const auto known = references_.find(reference);
+  if (known != references_.end() && known->second > 1) return false;
+  const bool isLikeCheque = reference.size() <= kLongestChequeNumber &&
+                            reference.find_first_not_of("0123456789") == std::string::npos;
+  return !isLikeCheque || isEveryImportMarked_;
+}
+
+bool DuplicateIndex::Take(const InvestmentTransaction& transaction, double amount,
+                          std::int64_t categoryId) {
+  const auto found = investments_.find(KeyOf(
       transaction.date,
       {amount, transaction.dividend, transaction.shares, transaction.price, transaction.commission},
       {transaction.payeeId, categoryId, static_cast<std::int64_t>(transaction.action)}));
+  if (found == investments_.end() || found->second == 0) return false;
+  --found->second;
+  return true;
 }
 
 }  // namespace corvanta

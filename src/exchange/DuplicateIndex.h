@@ -2,9 +2,10 @@
 
 #include "platform/Date.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
 namespace corvanta {
@@ -13,7 +14,8 @@ class Connection;
 struct InvestmentTransaction;
 
 // The rows that an account had before an import, by day and amount, and its investment
-// transactions. Read once; what the import writes is no candidate.
+// transactions. Read once; what the import writes is no candidate. Each row answers for one row of
+// the file.
 class DuplicateIndex {
  public:
   struct Candidate {
@@ -21,23 +23,31 @@ class DuplicateIndex {
     Date date;
     double amount = 0;
     std::string reference;
+    bool isImported = false;  // and still has the payment type that an import gives
+    bool isTaken = false;     // answers for a row of the file already
   };
 
   DuplicateIndex(Connection& store, std::int64_t accountId);
 
-  // The ordinary rows of that day and amount by their keys.
-  [[nodiscard]] std::vector<const Candidate*> Find(Date date, double amount) const;
-  // Whether there is a row that equals the transaction in all but its description and status.
-  // `categoryId` is that of its action.
-  [[nodiscard]] bool Has(const InvestmentTransaction& transaction, double amount,
-                         std::int64_t categoryId) const;
+  // The ordinary rows of that day and amount that answer for no other row, by their keys.
+  [[nodiscard]] std::vector<Candidate*> Find(Date date, double amount);
+  // Whether the candidate's reference is a bank's own mark of it, which no other transaction of the
+  // account has. A few digits may be the number of a cheque as well; they count where every row
+  // that was imported into the account has a reference, as those of statements have.
+  [[nodiscard]] bool HasBankId(const Candidate& candidate) const;
+  // Whether there is a row that equals the transaction in all but its description and status and
+  // answers for no other; it answers for this one then. `categoryId` is that of its action.
+  [[nodiscard]] bool Take(const InvestmentTransaction& transaction, double amount,
+                          std::int64_t categoryId);
 
  private:
   void ReadOrdinary(Connection& store, std::int64_t accountId);
   void ReadInvestments(Connection& store, std::int64_t accountId);
 
   std::vector<Candidate> rows_;  // in order of day, amount and key
-  std::unordered_set<std::string> investments_;
+  std::unordered_map<std::string, std::size_t> references_;
+  bool isEveryImportMarked_ = true;
+  std::unordered_map<std::string, std::size_t> investments_;  // how many of each are left
 };
 
 }  // namespace corvanta

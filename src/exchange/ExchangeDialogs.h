@@ -30,9 +30,16 @@ struct ExportView {
   std::vector<std::int64_t> order;
 };
 
-// The import window, with that account and file in it; 0 and an empty path for none. True when the
-// data file was changed. What the data file refuses is told.
-bool OpenImport(std::int64_t accountId, const std::string& file, const ExchangePlace& place);
+// What came of the import window.
+struct ImportResult {
+  bool isChanged = false;      // the data file was
+  std::int64_t accountId = 0;  // the account to look at; 0 for none
+};
+
+// The import window, with that account and file in it; 0 and an empty path for none. What the data
+// file refuses is told.
+ImportResult OpenImport(std::int64_t accountId, const std::string& file,
+                        const ExchangePlace& place);
 // Asks for a file and writes the shown rows of the register into it. True when it was written. What
 // the data file or the machine refuses is told.
 bool OpenExport(const ExportView& view, const ExchangePlace& place);

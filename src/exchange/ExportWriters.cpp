@@ -1,6 +1,7 @@
 #include "exchange/ExportWriters.h"
 
 #include "exchange/Encoding.h"
+#include "exchange/FormulaGuard.h"
 #include "ledger/Money.h"
 #include "platform/Locale.h"
 #include "store/SqlText.h"
@@ -171,8 +172,9 @@ std::string CsvExport(ExportRows rows) {
   for (const RegisterRow& row : rows) {
     const bool isOut = row.amount < 0;
     const std::string amount = FileNumber(std::fabs(row.amount));
-    AddCsvLine(text, {row.date.ToIso(), row.payee, row.category, row.payment, row.reference,
-                      row.description, row.status, isOut ? amount : std::string(),
+    AddCsvLine(text, {row.date.ToIso(), GuardFormula(row.payee), GuardFormula(row.category),
+                      GuardFormula(row.payment), GuardFormula(row.reference),
+                      GuardFormula(row.description), row.status, isOut ? amount : std::string(),
                       isOut ? std::string() : amount});
   }
   return text;

@@ -37,7 +37,7 @@ struct OfxStatement {
                                     const std::function<double()>& random);
 
 // The register's columns as RFC 4180 in UTF-8: ISO dates, amounts without a sign in a column for
-// each direction.
+// each direction; what a spreadsheet would run as a formula is guarded (see FormulaGuard.h).
 [[nodiscard]] std::string CsvExport(ExportRows rows);
 
 }  // namespace corvanta

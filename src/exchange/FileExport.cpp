@@ -5,7 +5,6 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "platform/Spreadsheet.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>
@@ -23,7 +22,7 @@ constexpr const char* kComplete = "File Export Complete";
 constexpr std::array<std::pair<std::string_view, ExportKind>, 5> kExtensions = {
     {{".csv", ExportKind::Csv},
      {".xls", ExportKind::Xls},
-     {".xlsx", ExportKind::Xls},
+     {".xlsx", ExportKind::Xlsx},
      {".ofx", ExportKind::Ofx},
      {".qif", ExportKind::Qif}}};
 
@@ -69,27 +68,35 @@ bool FileExport::Confirm(const std::string& account, const std::string& path) {
                                                 " into the file - " + path);
 }
 
-void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optional<Period>& period,
-                       const std::string& path) {
-  std::string message = kComplete;
-  switch (ExportKindOf(path).value_or(ExportKind::Csv)) {
+std::string FileExport::Content(std::int64_t accountId, ExportRows rows,
+                                const std::optional<Period>& period, ExportKind kind) {
+  switch (kind) {
     case ExportKind::Qif:
-      platform_.files.WriteAtomically(path, QifExport(ledger_, platform_.locale, rows));
-      message = path + "\r\n" + kComplete;
-      break;
+      return QifExport(ledger_, platform_.locale, rows);
     case ExportKind::Ofx:
-      platform_.files.WriteAtomically(
-          path, OfxExport(StatementOf(accountId, period), WithPayees(rows), platform_.clock.Now(),
-                          random_));
-      break;
-    case ExportKind::Csv:
-      platform_.files.WriteAtomically(path, CsvExport(rows));
-      break;
+      return OfxExport(StatementOf(accountId, period), WithPayees(rows), platform_.clock.Now(),
+                       random_);
     case ExportKind::Xls:
-      WriteSpreadsheet(rows, path);
+      return platform_.spreadsheet.Render(TableOf(rows), SpreadsheetForm::Xls);
+    case ExportKind::Xlsx:
+      return platform_.spreadsheet.Render(TableOf(rows), SpreadsheetForm::Xlsx);
+    case ExportKind::Csv:
       break;
   }
-  platform_.prompts.Tell(kFileExport, message);
+  return CsvExport(rows);
+}
+
+void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optional<Period>& period,
+                       const std::string& path, FormerFile former) {
+  const ExportKind kind = ExportKindOf(path).value_or(ExportKind::Csv);
+  const std::string content = Content(accountId, rows, period, kind);
+  if (former == FormerFile::Replace) {
+    platform_.files.WriteAtomically(path, content);
+  } else {
+    platform_.files.WriteNew(path, content);
+  }
+  platform_.prompts.Tell(kFileExport,
+                         kind == ExportKind::Qif ? path + "\r\n" + kComplete : kComplete);
 }
 
 // The view shows the other account of a transfer, a statement the payee.
@@ -121,7 +128,7 @@ OfxStatement FileExport::StatementOf(std::int64_t accountId, const std::optional
   return statement;
 }
 
-void FileExport::WriteSpreadsheet(ExportRows rows, const std::string& path) {
+SpreadsheetTable FileExport::TableOf(ExportRows rows) const {
   SpreadsheetTable table;
   table.name = "Transactions";
   table.headers = {"Date",        "Payee",  "Category", "Payment", "Reference",
@@ -134,7 +141,7 @@ void FileExport::WriteSpreadsheet(ExportRows rows, const std::string& path) {
                           Cell(row.description), Cell(row.status),
                           isOut ? amount : SpreadsheetCell(), isOut ? SpreadsheetCell() : amount});
   }
-  platform_.spreadsheet.Write(table, path);
+  return table;
 }
 
 }  // namespace corvanta

@@ -2,6 +2,7 @@
 
 #include "exchange/ExportWriters.h"
 #include "ledger/Warning.h"
+#include "platform/Spreadsheet.h"
 
 #include <functional>
 #include <optional>
@@ -13,7 +14,10 @@ namespace corvanta {
 
 struct Platform;
 
-enum class ExportKind { Csv, Xls, Ofx, Qif };
+enum class ExportKind { Csv, Xls, Xlsx, Ofx, Qif };
+
+// What becomes of a file that has the name already.
+enum class FormerFile { Replace, Refuse };
 
 // By the file name's extension; nullopt for any other.
 [[nodiscard]] std::optional<ExportKind> ExportKindOf(std::string_view path);
@@ -30,15 +34,18 @@ class FileExport {
   // Asks whether to export from that account into that file.
   [[nodiscard]] bool Confirm(const std::string& account, const std::string& path);
   // Writes the rows of the account and tells when it is done. `period` is that of the view, whose
-  // open ends are today in the statement. Throws PlatformError when the file cannot be written.
+  // open ends are today in the statement. Throws PlatformError when the file cannot be written; a
+  // former one is as it was then.
   void Write(std::int64_t accountId, ExportRows rows, const std::optional<Period>& period,
-             const std::string& path);
+             const std::string& path, FormerFile former = FormerFile::Replace);
 
  private:
   [[nodiscard]] OfxStatement StatementOf(std::int64_t accountId,
                                          const std::optional<Period>& period);
   [[nodiscard]] std::vector<RegisterRow> WithPayees(ExportRows rows);
-  void WriteSpreadsheet(ExportRows rows, const std::string& path);
+  [[nodiscard]] std::string Content(std::int64_t accountId, ExportRows rows,
+                                    const std::optional<Period>& period, ExportKind kind);
+  [[nodiscard]] SpreadsheetTable TableOf(ExportRows rows) const;
 
   clsCorvanta& ledger_;
   Platform& platform_;

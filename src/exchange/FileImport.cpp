@@ -1,20 +1,25 @@
 #include "exchange/FileImport.h"
 
+#include "exchange/FileSurvey.h"
 #include "exchange/FileText.h"
+#include "exchange/ImportContext.h"
+#include "exchange/ImportNames.h"
+#include "exchange/ImportPlanner.h"
 #include "exchange/Importer.h"
 #include "exchange/StyleFinder.h"
+#include "ledger/TransferCompletion.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
-#include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
-#include "store/StoreError.h"
+#include "store/Connection.h"
+
+#include <cstdint>
+#include <vector>
 
 namespace corvanta {
 namespace {
-
-constexpr const char* kCancelled = "The import was cancelled.";
 
 // Puts the former status text back, whatever happens.
 class ShownStatus {
@@ -38,6 +43,10 @@ void Refuse(ImportSummary& summary, const std::string& why) {
   summary.stop = why;
 }
 
+ImportOutcome OutcomeOf(const ImportSummary& summary) {
+  return summary.stop.empty() ? ImportOutcome::Complete : ImportOutcome::Kept;
+}
+
 }  // namespace
 
 ImportSummary FileImport::Run(const ImportJob& job) {
@@ -47,7 +56,7 @@ ImportSummary FileImport::Run(const ImportJob& job) {
   const FileText file =
       ReadFileText(job.path, [&] { return goesOn = goesOn && platform_.progress.Yield(); });
   if (!goesOn) {
-    Refuse(summary, kCancelled);
+    Refuse(summary, kImportCancelled);
   } else if (file.fault) {
     Refuse(summary, *file.fault);
   } else {
@@ -63,61 +72,56 @@ void FileImport::ImportText(const FileText& file, const ImportJob& job, ImportSu
     return Refuse(summary, "Line " + std::to_string(endless) +
                                " is longer than any line of a file with transactions.");
   }
-  StyleFinder styles([&] { return platform_.progress.Yield(); });
-  ReadImport(kind, file.text, job, platform_.locale, styles);
-  if (styles.WasStopped()) return Refuse(summary, kCancelled);
+  const auto goesOn = [&] { return platform_.progress.Yield(); };
+  FileSurvey survey(goesOn);
+  ReadImport(kind, file.text, job, platform_.locale, survey);
+  if (survey.WasStopped()) return Refuse(summary, kImportCancelled);
+  const ImportStyle style = survey.Styles().Find(kind, job, platform_.locale);
+  ImportNames names(ledger_, platform_.locale);
+  const ImportContext context{ledger_, platform_, job,     style,
+                              survey,  names,     summary, file.text.size()};
+  ImportPlanner planner(context);
+  ReadImport(kind, file.text, job, platform_.locale, planner);
+  const bool keeps = summary.stop.empty() || (!planner.IsCancelled() && planner.Booked() > 0 &&
+                                              AskToKeep(job, summary, planner.Booked()));
+  summary.outcome = keeps && Book(kind, file.text, context, planner) ? OutcomeOf(summary)
+                                                                     : ImportOutcome::Dropped;
+}
 
-  ledger_.Undo().Start();
-  std::optional<UndoLog::Step> step(ledger_.Undo().Begin(kFileImport));
-  Importer importer(ledger_, platform_, job, styles.Find(kind, job, platform_.locale),
-                    file.text.size(), summary);
-  const auto takeBack = [&] {
-    step.reset();
-    if (importer.HasWritten()) ledger_.Undo().Undo();
-    summary.outcome = ImportOutcome::TakenBack;
-  };
+// The whole file is one transaction, so that it is imported as a whole or not at all.
+bool FileImport::Book(ImportKind kind, std::string_view text, const ImportContext& context,
+                      const ImportPlanner& plan) {
+  const ImportSummary before = context.summary;
   platform_.progress.SetStatus("Please wait importing records...");
-  try {
-    Book(kind, file, job, importer, summary);
-    const bool isWhole = summary.stop.empty();
-    if (!isWhole && importer.HasWritten() && !AskToKeep(job, summary)) return takeBack();
-    PairTransfers(summary);
-    summary.outcome = summary.stop.empty() ? ImportOutcome::Complete : ImportOutcome::Kept;
-  } catch (const PlatformError&) {  // a question without an answer
-    takeBack();
-    throw;
+  ledger_.Undo().Start();
+  const UndoLog::Step step = ledger_.Undo().Begin(kFileImport);
+  Transaction all = ledger_.Store().Begin();
+  Importer importer(context, plan.Fates());
+  ReadImport(kind, text, context.job, platform_.locale, importer);
+  if (importer.IsCancelled()) {
+    context.summary = before;
+    context.summary.stop = kImportCancelled;
+    return false;
   }
+  context.summary.shortened = context.names.Shortened();
+  context.summary.transfers = static_cast<std::size_t>(ledger_.LinkImportedTransfers());
+  TransferCompletion completion(ledger_);
+  const std::vector<std::int64_t> lone = completion.LoneHalves(importer.Halves());
+  context.summary.loneHalves = lone.size();
+  context.summary.completable = completion.Completable(lone);
+  all.Commit();
+  return true;
 }
 
-// What the data file refuses stops the import as a person does: the records so far are whole.
-void FileImport::Book(ImportKind kind, const FileText& file, const ImportJob& job,
-                      Importer& importer, ImportSummary& summary) {
-  try {
-    ReadImport(kind, file.text, job, platform_.locale, importer);
-    importer.Commit();
-  } catch (const StoreError& error) {
-    summary.stop = error.what();
-    importer.CommitWhatGoes();
-  }
-}
-
-bool FileImport::AskToKeep(const ImportJob& job, const ImportSummary& summary) {
+// Nothing is written yet; who turns away keeps nothing.
+bool FileImport::AskToKeep(const ImportJob& job, const ImportSummary& summary, std::size_t count) {
   if (job.keepIncomplete) return *job.keepIncomplete;
-  const std::size_t count = summary.imported + summary.investments;
   const std::optional<std::size_t> answer = platform_.prompts.Choose(
       kFileImport,
-      summary.stop + "\r\nTransactions imported so far: " + std::to_string(count) + "\r\n" +
+      summary.stop + "\r\nTransactions before that: " + std::to_string(count) + "\r\n" +
           "Do you want to keep them?",
-      {"Keep them", "Take everything back"});
-  return answer != std::optional<std::size_t>(1);
-}
-
-void FileImport::PairTransfers(ImportSummary& summary) {
-  try {
-    summary.transfers = static_cast<std::size_t>(ledger_.LinkImportedTransfers());
-  } catch (const StoreError& error) {
-    if (summary.stop.empty()) summary.stop = error.what();
-  }
+      {"Keep them", "Import nothing"});
+  return answer == std::optional<std::size_t>(0);
 }
 
 }  // namespace corvanta

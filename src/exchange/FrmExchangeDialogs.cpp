@@ -58,15 +58,16 @@ bool Export(const ExportView& view, const ExchangePlace& place) {
 
 }  // namespace
 
-bool OpenImport(std::int64_t accountId, const std::string& file, const ExchangePlace& place) {
-  bool isChanged = false;
+ImportResult OpenImport(std::int64_t accountId, const std::string& file,
+                        const ExchangePlace& place) {
+  ImportResult result;
   RunCommand(place.platform.prompts, [&] {
     FrmImport form(place.platform, place.ledger, place.parent);
     form.Open(accountId, file);
     form.exec();
-    isChanged = form.IsChanged();
+    result = {form.IsChanged(), form.Account()};
   });
-  return isChanged;
+  return result;
 }
 
 bool OpenExport(const ExportView& view, const ExchangePlace& place) {

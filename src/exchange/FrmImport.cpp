@@ -80,6 +80,10 @@ void FrmImport::MakePages() {
                         static_cast<QWidget*>(progress_), static_cast<QWidget*>(outcome_)}) {
     pages_->addWidget(page);
   }
+  connect(outcome_, &FrmImportSummary::CompletionAsked, this, &FrmImport::CompleteTransfers);
+  connect(file_, &FrmImportFile::OwnerAsked, this, [this] {
+    if (pages_->currentWidget() == file_) FitTo(*file_);
+  });
   connect(csv_, &FrmImportCsv::Noted, this, &FrmImport::Note);
   connect(file_, &FrmImportFile::KindChanged, this, [this] {
     cmdAccept_->setText(file_->Kind() == ImportKind::Csv ? tr("&Next") : tr("&Import"));
@@ -221,15 +225,26 @@ void FrmImport::Import() {
   summary_ = {};
   const bool isDone = RunCommand(platform_.prompts, [this] { summary_ = editor_.Import(form_); });
   isBusy_ = false;
-  // What was taken back has still moved what can be undone.
-  isChanged_ = isChanged_ || !isDone || summary_.outcome != ImportOutcome::Refused;
+  isChanged_ = isChanged_ || summary_.HasChanged();
   if (!isDone) return ReturnFrom(summary_);
+  if (summary_.HasChanged()) account_ = summary_.AccountToShow(form_.accountId.value_or(0));
   ShowOutcome(summary_);
+}
+
+void FrmImport::CompleteTransfers() {
+  Note({});
+  RunCommand(platform_.prompts, [this] {
+    const std::size_t made = editor_.CompleteTransfers(summary_);
+    outcome_->Show(summary_, QFileInfo(ToQt(form_.file)).fileName());
+    Note(tr("Other halves made: %1. Edit, Undo takes them back.").arg(made));
+    FitTo(*outcome_);
+    cmdClose_->setFocus();
+  });
 }
 
 void FrmImport::ShowOutcome(const ImportSummary& summary) {
   const bool isInVain = summary.outcome == ImportOutcome::Refused ||
-                        summary.outcome == ImportOutcome::TakenBack ||
+                        summary.outcome == ImportOutcome::Dropped ||
                         (summary.BookedNothing() && !summary.stop.empty());
   if (isInVain) {
     ReturnFrom(summary);
@@ -246,9 +261,8 @@ void FrmImport::ReturnFrom(const ImportSummary& summary) {
   ShowPage(from_);
   const bool lacksAccount = form_.accountId == std::optional<std::int64_t>(0);
   FocusOn(isFromColumns ? "cmbColDate" : lacksAccount ? "cmbAccount" : "txtFile");
-  Note(ToQt(summary.outcome == ImportOutcome::TakenBack
-                ? summary.stop + " Everything was taken back."
-                : summary.stop));
+  Note(ToQt(summary.outcome == ImportOutcome::Dropped ? summary.stop + " Nothing was imported."
+                                                      : summary.stop));
 }
 
 void FrmImport::Close() {

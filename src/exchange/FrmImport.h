@@ -37,6 +37,9 @@ class FrmImport : public QuietEnd<QDialog> {
 
   // Whether the data file was changed while the dialog stood.
   [[nodiscard]] bool IsChanged() const { return isChanged_; }
+  // The account to look at then: the chosen one where it got records, else the one that got most;
+  // 0 for none.
+  [[nodiscard]] std::int64_t Account() const { return account_; }
 
   // While the file is imported: stops that. The summary is closed as by its button.
   void reject() override;
@@ -55,6 +58,7 @@ class FrmImport : public QuietEnd<QDialog> {
   void Close();
 
   void Import();
+  void CompleteTransfers();
   void ShowOutcome(const ImportSummary& summary);
   // Returns to the page from which a file was imported in vain.
   void ReturnFrom(const ImportSummary& summary);
@@ -71,6 +75,7 @@ class FrmImport : public QuietEnd<QDialog> {
   QWidget* from_ = nullptr;  // the page that began the import
   bool isBusy_ = false;
   bool isChanged_ = false;
+  std::int64_t account_ = 0;
 
   QStackedWidget* pages_;
   FrmImportFile* file_ = nullptr;

@@ -16,6 +16,8 @@
 #include <QPushButton>
 #include <QUrl>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -45,6 +47,8 @@ FrmImportFile::FrmImportFile(ImportEditor& editor, Prompts& prompts, QWidget* pa
       txtFile_(MakeFile(*fields_)),
       lblKind_(new MutedLabel(this)),
       cmbAccount_(MakeAccounts(*fields_)),
+      lblOwner_(new MutedLabel(this)),
+      cmbOwner_(new QComboBox(this)),
       cmbDateOrder_(MakeStyles(*fields_, tr("&Dates:"), "cmbDateOrder",
                                {ToQt(DateOrderText(DateOrder::DayMonthYear)),
                                 ToQt(DateOrderText(DateOrder::MonthDayYear)),
@@ -63,7 +67,48 @@ FrmImportFile::FrmImportFile(ImportEditor& editor, Prompts& prompts, QWidget* pa
   lblKind_->setMinimumHeight(2 * lblKind_->fontMetrics().lineSpacing());
   lblKind_->setAlignment(Qt::AlignLeft | Qt::AlignTop);
   fields_->insertRow(1, QString(), lblKind_);
+  PlaceOwner();
   Look();
+}
+
+void FrmImportFile::PlaceOwner() {
+  lblOwner_->setObjectName(QStringLiteral("lblOwner"));
+  lblOwner_->setTextFormat(Qt::PlainText);
+  lblOwner_->setWordWrap(true);
+  cmbOwner_->setObjectName(QStringLiteral("cmbOwner"));
+  cmbOwner_->setAccessibleName(tr("Records go"));
+  auto* label = new QLabel(tr("&Records go:"), this);
+  label->setBuddy(cmbOwner_);
+  int row = 0;
+  QFormLayout::ItemRole role{};
+  fields_->getWidgetPosition(cmbAccount_, &row, &role);
+  fields_->insertRow(row + 1, QString(), lblOwner_);
+  fields_->insertRow(row + 2, label, cmbOwner_);
+  QWidget::setTabOrder(cmbAccount_, cmbOwner_);
+  connect(cmbAccount_, &QComboBox::currentTextChanged, this, &FrmImportFile::AskForOwner);
+}
+
+void FrmImportFile::AskForOwner() {
+  std::optional<AccountQuestion> question;
+  RunCommand(prompts_, [&] {
+    ImportForm form;
+    ReadInto(form);
+    if (kind_) question = editor_.Question(form);
+  });
+  const QString text = question ? ToQt(question->text) : QString();
+  const bool isAsked = question.has_value();
+  // An answer holds for the question that it was given to.
+  if (isAsked && (text != lblOwner_->text() || cmbOwner_->count() == 0)) {
+    cmbOwner_->clear();
+    cmbOwner_->addItem(tr("Please choose"));
+    cmbOwner_->addItems({ToQt(question->named), ToQt(question->chosen)});
+  }
+  lblOwner_->setText(text);
+  fields_->setRowVisible(lblOwner_, isAsked);
+  fields_->setRowVisible(cmbOwner_, isAsked);
+  isOwnerAsked_ = isAsked;
+  lblOwner_->setMinimumHeight(isAsked ? std::max(0, lblOwner_->heightForWidth(kFieldWidth)) : 0);
+  Q_EMIT OwnerAsked();
 }
 
 QLineEdit* FrmImportFile::MakeFile(QFormLayout& fields) {
@@ -133,6 +178,10 @@ void FrmImportFile::ReadInto(ImportForm& form) const {
   const qint64 account = cmbAccount_->Key();
   form.accountId.reset();
   if (account != 0) form.accountId = account == kAccountsOfFile ? 0 : account;
+  form.chosenTakesAll.reset();
+  if (isOwnerAsked_ && cmbOwner_->currentIndex() > 0) {
+    form.chosenTakesAll = cmbOwner_->currentIndex() == 2;
+  }
   form.dateOrder.reset();
   form.decimalMark.reset();
   const bool hasDates = kind_ == ImportKind::Qif;
@@ -178,6 +227,7 @@ void FrmImportFile::ShowKind(const QString& text) {
   fields_->setRowVisible(cmbDateOrder_, kind_ == ImportKind::Qif);
   fields_->setRowVisible(cmbNumbers_, kind_ == ImportKind::Qif || kind_ == ImportKind::Ofx);
   Q_EMIT KindChanged();
+  AskForOwner();
 }
 
 }  // namespace corvanta

@@ -14,8 +14,8 @@ class MutedLabel;
 class PickBox;
 class Prompts;
 
-// The first page of the import window: the file, the account, and how a QIF or OFX file writes its
-// dates and numbers.
+// The first page of the import window: the file, the account, whose the records are where the file
+// names another one, and how a QIF or OFX file writes its dates and numbers.
 class FrmImportFile : public QWidget {
   Q_OBJECT
 
@@ -32,14 +32,18 @@ class FrmImportFile : public QWidget {
 
  Q_SIGNALS:
   void KindChanged();
+  void OwnerAsked();  // or no longer
 
  private:
   QLineEdit* MakeFile(QFormLayout& fields);
   PickBox* MakeAccounts(QFormLayout& fields);
   QComboBox* MakeStyles(QFormLayout& fields, const QString& label, const char* name,
                         const QStringList& styles);
+  void PlaceOwner();
   [[nodiscard]] std::string File() const;
   void Browse();
+  // Asks whose the records are where the file and the chosen account differ.
+  void AskForOwner();
   // Says what the file is and offers the choices of its kind.
   void Look();
   void ShowKind(const QString& text);
@@ -50,6 +54,9 @@ class FrmImportFile : public QWidget {
   QLineEdit* txtFile_;
   MutedLabel* lblKind_;
   PickBox* cmbAccount_;
+  MutedLabel* lblOwner_;
+  QComboBox* cmbOwner_;
+  bool isOwnerAsked_ = false;
   QComboBox* cmbDateOrder_;
   QComboBox* cmbNumbers_;
   std::string lookedAt_;

@@ -43,6 +43,7 @@ FrmImportSummary::FrmImportSummary(QWidget* parent)
       lblSummary_(new QLabel(this)),
       lblStop_(new MutedLabel(this)),
       figures_(new QFormLayout),
+      cmdComplete_(new QPushButton(tr("&Make the Other Halves"), this)),
       problemsArea_(new QWidget(this)),
       problems_(new QStandardItemModel(this)) {
   lblSummary_->setObjectName(QStringLiteral("lblSummary"));
@@ -55,6 +56,13 @@ FrmImportSummary::FrmImportSummary(QWidget* parent)
   figures_->setVerticalSpacing(kRhythm / 2);
   figures_->setHorizontalSpacing(3 * kRhythm);
   figures_->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+  cmdComplete_->setObjectName(QStringLiteral("cmdComplete"));
+  cmdComplete_->setToolTip(tr("Enter each of these transfers in the other account, too"));
+  cmdComplete_->setAutoDefault(false);
+  connect(cmdComplete_, &QPushButton::clicked, this, &FrmImportSummary::CompletionAsked);
+  auto* completion = new QHBoxLayout;
+  completion->addWidget(cmdComplete_);
+  completion->addStretch(1);
   MakeProblems();
   auto* page = new QVBoxLayout(this);
   page->setContentsMargins(0, 0, 0, 0);
@@ -62,6 +70,7 @@ FrmImportSummary::FrmImportSummary(QWidget* parent)
   page->addWidget(lblSummary_);
   page->addWidget(lblStop_);
   page->addLayout(figures_);
+  page->addLayout(completion);
   page->addWidget(problemsArea_, 1);
   page->addStretch(0);
 }
@@ -108,23 +117,55 @@ void FrmImportSummary::Show(const ImportSummary& summary, const QString& file) {
   ShowProblems();
 }
 
-void FrmImportSummary::AddFigure(const char* name, const QString& label, std::size_t count) {
+QLabel* FrmImportSummary::AddFigure(const char* name, const QString& label, std::size_t count) {
   const QString number = QLocale().toString(static_cast<qulonglong>(count));
   auto* figure = new QLabel(number, this);
   figure->setObjectName(QLatin1String(name));
   figure->setAccessibleName(label + u' ' + number);
   figure->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   figure->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("000,000")));
-  figures_->addRow(label, figure);
+  auto* caption = new QLabel(label, this);
+  caption->setTextFormat(Qt::PlainText);
+  figures_->addRow(caption, figure);
+  return caption;
+}
+
+// Of a file of many accounts the first few; the text that is copied has them all.
+void FrmImportSummary::AddAccounts() {
+  constexpr std::size_t kMost = 6;
+  const std::size_t shown = std::min(summary_.accounts.size(), kMost);
+  std::size_t rest = 0;
+  for (std::size_t i = 0; i < summary_.accounts.size(); ++i) {
+    const ImportedAccount& account = summary_.accounts[i];
+    if (i >= shown) {
+      rest += account.transactions;
+      continue;
+    }
+    const QString name = fontMetrics().elidedText(ToQt(account.name), Qt::ElideMiddle,
+                                                  kLongestName * fontMetrics().averageCharWidth());
+    QLabel* caption = AddFigure(
+        "lblIntoAccount",
+        account.isNew ? tr("   Into the new account %1").arg(name) : tr("   Into %1").arg(name),
+        account.transactions);
+    caption->setToolTip(ToQt(account.name));
+  }
+  if (rest > 0) {
+    AddFigure("lblIntoOthers", tr("   Into %1 more accounts").arg(summary_.accounts.size() - shown),
+              rest);
+  }
 }
 
 void FrmImportSummary::ShowFigures() {
   while (figures_->rowCount() > 0) figures_->removeRow(0);
   AddFigure("lblImported", tr("Transactions imported"), summary_.imported);
   AddFigure("lblInvestments", tr("Investment transactions imported"), summary_.investments);
+  AddAccounts();
   AddFigure("lblDuplicates", tr("Duplicates skipped"), summary_.duplicates);
   AddFigure("lblTransfers", tr("Transfers paired"), summary_.transfers);
   // What most files have not is not worth a line of noughts.
+  if (summary_.loneHalves > 0) {
+    AddFigure("lblLoneHalves", tr("Transfers without their other half"), summary_.loneHalves);
+  }
   if (summary_.splitTransfers > 0) {
     AddFigure("lblSplitTransfers", tr("Split lines that name an account"), summary_.splitTransfers);
   }
@@ -135,6 +176,7 @@ void FrmImportSummary::ShowFigures() {
   if (summary_.shortened > 0) {
     AddFigure("lblShortened", tr("Texts shortened"), summary_.shortened);
   }
+  cmdComplete_->setVisible(!summary_.completable.empty());
 }
 
 void FrmImportSummary::ShowProblems() {

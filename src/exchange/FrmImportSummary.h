@@ -6,6 +6,7 @@
 
 class QFormLayout;
 class QLabel;
+class QPushButton;
 class QStandardItemModel;
 
 namespace corvanta {
@@ -23,10 +24,15 @@ class FrmImportSummary : public QWidget {
   // Of that file, whose name stands above.
   void Show(const ImportSummary& summary, const QString& file);
 
+ Q_SIGNALS:
+  // The other halves of transfers are to be made.
+  void CompletionAsked();
+
  private:
   void MakeProblems();
   void ShowFigures();
-  void AddFigure(const char* name, const QString& label, std::size_t count);
+  QLabel* AddFigure(const char* name, const QString& label, std::size_t count);
+  void AddAccounts();
   void ShowProblems();
   // The chosen lines that were not understood.
   void CopyChosen() const;
@@ -37,6 +43,7 @@ class FrmImportSummary : public QWidget {
   QLabel* lblSummary_;
   MutedLabel* lblStop_;
   QFormLayout* figures_;
+  QPushButton* cmdComplete_;
   QWidget* problemsArea_;
   QLabel* lblProblems_ = nullptr;
   ListTable* lvProblems_ = nullptr;

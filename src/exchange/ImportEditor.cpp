@@ -1,9 +1,11 @@
 #include "exchange/ImportEditor.h"
 
+#include "exchange/AccountNames.h"
 #include "exchange/CsvReader.h"
 #include "exchange/DateStyle.h"
 #include "exchange/FileImport.h"
 #include "exchange/StyleFinder.h"
+#include "ledger/TransferCompletion.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
@@ -13,6 +15,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -50,6 +53,40 @@ ImportForm With(const CsvMapping& mapping, ImportForm form) {
   return form;
 }
 
+// As a person knows the account: its name, its number, or both.
+std::string LabelOf(const ImportAccount& account) {
+  if (account.name.empty()) return account.number;
+  return account.number.empty() ? account.name : account.name + " (" + account.number + ")";
+}
+
+std::string ListOf(const std::vector<FileSurvey::Account>& accounts) {
+  constexpr std::size_t kMost = 3;
+  std::string text;
+  for (std::size_t i = 0; i < std::min(accounts.size(), kMost); ++i) {
+    text += (i == 0 ? "" : ", ") + LabelOf(accounts[i].account);
+  }
+  const std::size_t rest = accounts.size() - std::min(accounts.size(), kMost);
+  return rest == 0 ? text : text + " and " + std::to_string(rest) + " more";
+}
+
+AccountQuestion QuestionAbout(const std::vector<FileSurvey::Account>& accounts,
+                              const ImportTarget* named, const std::string& chosen) {
+  if (accounts.size() > 1) {
+    return {"The file belongs to " + std::to_string(accounts.size()) + " accounts: " +
+                ListOf(accounts) + ". Import into these, or all of it into " + chosen + "?",
+            "Into the accounts of the file", "All of it into " + chosen};
+  }
+  const std::string label = LabelOf(accounts.front().account);
+  if (named != nullptr) {
+    const std::string known = EqualFolded(label, named->name) ? "" : ", which is " + named->name;
+    return {"The file belongs to " + label + known + ". Import into that account, or into " +
+                chosen + "?",
+            "Into " + named->name, "Into " + chosen};
+  }
+  return {"The file belongs to " + label + ": a new account, or is it " + chosen + "?",
+          "A new account, " + label, "It is " + chosen};
+}
+
 std::string Column(int number) {
   return "col " + std::to_string(number);
 }
@@ -79,9 +116,23 @@ std::optional<Warning> ImportEditor::Open(const std::string& path) {
         "Line " + std::to_string(endless) + " is longer than any line of a file with transactions.",
         "txtFile");
   }
+  FileSurvey survey;
+  if (kind != ImportKind::Csv) ReadImport(kind, file.text, {}, platform_.locale, survey);
+  accounts_ = survey.Accounts();
   file_ = std::move(file);
   kind_ = kind;
   return std::nullopt;
+}
+
+std::optional<AccountQuestion> ImportEditor::Question(const ImportForm& form) {
+  if (accounts_.empty() || form.accountId.value_or(0) == 0) return std::nullopt;
+  const AccountNames names(ledger_.Store());
+  const ImportTarget* chosen = names.Get(*form.accountId);
+  if (chosen == nullptr) return std::nullopt;
+  const bool areAllChosen = std::ranges::all_of(
+      accounts_, [&](const auto& entry) { return names.Find(entry.account) == chosen; });
+  if (areAllChosen) return std::nullopt;
+  return QuestionAbout(accounts_, names.Find(accounts_.front().account), chosen->name);
 }
 
 std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
@@ -103,6 +154,8 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
   if (account->closed) {
     return Say("This Account is closed, Items cannot be amended", "cmbAccount");
   }
+  const std::optional<AccountQuestion> question = Question(form);
+  if (question && !form.chosenTakesAll) return Say(question->text, "cmbOwner");
   return std::nullopt;
 }
 
@@ -198,6 +251,7 @@ std::optional<ImportJob> ImportEditor::JobOf(const ImportForm& form) {
   ImportJob job;
   job.path = form.file;
   job.accountId = form.accountId.value_or(0);
+  job.chosenTakesAll = form.chosenTakesAll.value_or(false);
   job.dateOrder = form.dateOrder;
   job.decimalMark = form.decimalMark;
   job.csv = *mapping;
@@ -211,6 +265,14 @@ ImportSummary ImportEditor::Import(const ImportForm& form, DuplicateAnswer dupli
   job->duplicates = duplicates;
   job->keepIncomplete = keepIncomplete;
   return FileImport(ledger_, platform_).Run(*job);
+}
+
+std::size_t ImportEditor::CompleteTransfers(ImportSummary& summary) {
+  const std::size_t made = TransferCompletion(ledger_).Complete(summary.completable);
+  summary.completable.clear();
+  summary.loneHalves -= made;
+  summary.transfers += made;
+  return made;
 }
 
 void ImportEditor::Finish(const ImportSummary& summary) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "exchange/CsvPreview.h"
+#include "exchange/FileSurvey.h"
 #include "exchange/FileText.h"
 #include "exchange/ImportJob.h"
 #include "exchange/ImportKind.h"
@@ -8,6 +9,7 @@
 #include "exchange/SavedMappings.h"
 #include "ledger/Warning.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -24,11 +26,20 @@ struct ImportAccountChoice {
   std::string name;
 };
 
+// The file names another account than the chosen one: which of them takes the records?
+struct AccountQuestion {
+  std::string text;
+  std::string named;   // the answer for the file's own accounts
+  std::string chosen;  // the answer for the chosen account
+};
+
 // What is chosen in the dialog. The columns of `csv` are the positions in their lists, whose first
 // entry stands for none; its skip and separator are taken from the two texts.
 struct ImportForm {
   std::string file;
-  std::optional<std::int64_t> accountId;   // nullopt: nothing selected
+  std::optional<std::int64_t> accountId;  // nullopt: nothing selected
+  // Where the file names another account: that the chosen one takes all; nullopt: not answered.
+  std::optional<bool> chosenTakesAll;
   std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
   std::optional<DecimalMark> decimalMark;  // of a QIF or OFX file; nullopt: found from the file
   CsvMapping csv;
@@ -50,6 +61,8 @@ class ImportEditor {
   [[nodiscard]] std::optional<Warning> Open(const std::string& path);
   [[nodiscard]] ImportKind Kind() const { return kind_; }
 
+  // Where the opened file is of another account than the one in the form.
+  [[nodiscard]] std::optional<AccountQuestion> Question(const ImportForm& form);
   // Of the first page: file and account.
   [[nodiscard]] std::optional<Warning> Check(const ImportForm& form);
 
@@ -76,6 +89,9 @@ class ImportEditor {
   [[nodiscard]] ImportSummary Import(const ImportForm& form,
                                      DuplicateAnswer duplicates = DuplicateAnswer::Ask,
                                      std::optional<bool> keepIncomplete = std::nullopt);
+  // Makes the other halves of the summary's transfers that have none, as a step of its own that can
+  // be undone, and notes that in the summary. Returns how many were made.
+  std::size_t CompleteTransfers(ImportSummary& summary);
   // "File Import Complete", or why it was refused.
   void Finish(const ImportSummary& summary);
 
@@ -89,6 +105,7 @@ class ImportEditor {
   Platform& platform_;
   SavedMappings mappings_;
   FileText file_;
+  std::vector<FileSurvey::Account> accounts_;  // of the file
   ImportKind kind_ = ImportKind::Qif;
 };
 

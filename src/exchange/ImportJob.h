@@ -16,8 +16,10 @@ enum class DuplicateAnswer { Ask, Skip, Import };
 struct ImportJob {
   std::string path;
   std::int64_t accountId = 0;  // takes records until the file names another; 0 for none
+  // The file's own accounts are set aside: all of it goes into that account.
+  bool chosenTakesAll = false;
   DuplicateAnswer duplicates = DuplicateAnswer::Ask;
-  // What becomes of the whole records so far when the import stops; nullopt asks the person.
+  // Whether what stands before a fault is imported; nullopt asks the person.
   std::optional<bool> keepIncomplete;
   std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
   std::optional<DecimalMark> decimalMark;  // nullopt: found from the file

@@ -38,4 +38,8 @@ double OnSide(double amount, AmountSide side) {
   return amount;
 }
 
+std::string PayeeOf(const ImportRecord& record) {
+  return Trim(record.payee).empty() ? "Transfer" : record.payee;
+}
+
 }  // namespace corvanta

@@ -63,12 +63,17 @@ struct ImportRecord {
   ImportValue commission;
 };
 
+// The record's payee; "Transfer" where it names none.
+[[nodiscard]] std::string PayeeOf(const ImportRecord& record);
+
 // An account that the file names; all empty for the one that the person chose.
 struct ImportAccount {
   std::string name;
   std::string number;
   std::string group;     // of a new one, as the file format calls it, such as "ccard"
   std::string currency;  // of a new one, its code
+
+  [[nodiscard]] bool IsNamed() const { return !name.empty() || !number.empty(); }
 };
 
 // Takes what a reader finds, in the file's order.
@@ -78,6 +83,8 @@ class ImportSink {
 
   // The records that follow are this account's.
   virtual void OnAccount(const ImportAccount& account) = 0;
+  // An account of a list, which says nothing of the records that follow.
+  virtual void OnListedAccount(const ImportAccount&) {}
   virtual void OnSecurity(const std::string& name, const std::string& symbol) = 0;
   // The record may be taken apart. False stops the reader.
   [[nodiscard]] virtual bool OnRecord(ImportRecord& record) = 0;

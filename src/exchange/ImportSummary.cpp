@@ -7,12 +7,12 @@ namespace {
 
 constexpr std::size_t kMostKept = 1000;
 
-void AddCount(std::string& text, const char* what, std::size_t count) {
-  if (count > 0) text += std::string(what) + ": " + std::to_string(count) + "\n";
+void AddCount(std::string& text, const std::string& what, std::size_t count) {
+  if (count > 0) text += what + ": " + std::to_string(count) + "\n";
 }
 
 std::string Headline(const ImportSummary& summary) {
-  if (summary.outcome == ImportOutcome::TakenBack) return "Everything was taken back.\n";
+  if (summary.outcome == ImportOutcome::Dropped) return "Nothing was imported.\n";
   if (summary.BookedNothing()) return "Nothing was imported from this file.\n";
   return {};
 }
@@ -24,14 +24,26 @@ void ImportSummary::AddProblem(std::size_t line, std::string text) {
   if (problems.size() < kMostKept) problems.push_back({line, std::move(text)});
 }
 
+std::int64_t ImportSummary::AccountToShow(std::int64_t preferred) const {
+  const auto isPreferred = [&](const auto& account) { return account.accountId == preferred; };
+  if (std::ranges::any_of(accounts, isPreferred)) return preferred;
+  const auto most = std::ranges::max_element(accounts, {}, &ImportedAccount::transactions);
+  return most == accounts.end() ? 0 : most->accountId;
+}
+
 std::string ImportSummary::Text(std::size_t mostProblems) const {
   std::string text = stop.empty() ? std::string() : stop + "\n";
   text += Headline(*this);
-  if (outcome != ImportOutcome::TakenBack) {
+  if (outcome != ImportOutcome::Dropped) {
     AddCount(text, "Transactions imported", imported);
     AddCount(text, "Investment transactions imported", investments);
+    for (const ImportedAccount& account : accounts) {
+      AddCount(text, (account.isNew ? "Into the new account " : "Into ") + account.name,
+               account.transactions);
+    }
     AddCount(text, "Duplicates skipped", duplicates);
     AddCount(text, "Transfers paired", transfers);
+    AddCount(text, "Transfers without their other half", loneHalves);
     AddCount(text, "Split lines that name an account", splitTransfers);
     AddCount(text, "Splits that differ from their total; their lines were taken", unequalSplits);
     AddCount(text, "Texts shortened", shortened);

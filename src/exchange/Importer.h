@@ -1,90 +1,55 @@
 #pragma once
 
-#include "exchange/DuplicateIndex.h"
-#include "exchange/ImportJob.h"
+#include "exchange/ImportContext.h"
 #include "exchange/ImportNames.h"
+#include "exchange/ImportPlanner.h"
 #include "exchange/ImportRecord.h"
-#include "exchange/ImportSummary.h"
-#include "exchange/StyleFinder.h"
+#include "exchange/RecordValues.h"
 #include "ledger/TransactionRecord.h"
-#include "store/Connection.h"
 
-#include <chrono>
-#include <map>
-#include <optional>
+#include <cstddef>
+#include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace corvanta {
 
-class clsCorvanta;
-struct InvestmentTransaction;
-struct Platform;
-
-// Books the records of a file through the ledger. Whole records are committed about every quarter
-// of a second; a question is never asked inside a write.
+// Books the records of a file as its plan says, inside the transaction of its caller.
 class Importer : public ImportSink {
  public:
-  // `size` is that of the text, for the progress bar.
-  Importer(clsCorvanta& ledger, Platform& platform, const ImportJob& job, const ImportStyle& style,
-           std::size_t size, ImportSummary& summary);
+  // `fates` are those of the same file's records.
+  Importer(const ImportContext& context, const std::vector<Fate>& fates);
 
   void OnAccount(const ImportAccount& account) override;
+  void OnListedAccount(const ImportAccount& account) override;
   void OnSecurity(const std::string& name, const std::string& symbol) override;
-  // False once the import stops; the summary says why. Throws StoreError, with the records so far
-  // waiting to be committed.
+  // False where the plan ends, and once the person stops it. Throws StoreError.
   [[nodiscard]] bool OnRecord(ImportRecord& record) override;
-  void OnProblem(std::size_t line, const std::string& text) override;
+  void OnProblem(std::size_t, const std::string&) override {}
 
-  // Writes what waits to be committed. Throws StoreError.
-  void Commit();
-  // The same after a failure; what cannot be written is gone, and the summary does not count it.
-  void CommitWhatGoes();
-  // Whether anything was committed that can be undone.
-  [[nodiscard]] bool HasWritten() const { return hasWritten_; }
+  // Whether the person stopped it: nothing is to be kept then.
+  [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
+  // The rows that are booked as a transfer with another account of the ledger.
+  [[nodiscard]] const std::vector<std::int64_t>& Halves() const { return halves_; }
 
  private:
-  enum class Choice { Import, Skip, Stop };
+  void Book(const ImportRecord& record, const RecordValues& values);
+  void BookHolding(const ImportRecord& record, const RecordValues& values);
+  // The category with the other account as the ledger spells it. The own one is no transfer but an
+  // opening balance.
+  [[nodiscard]] ImportCategory CategoryOf(const ImportCategory& category) const;
+  void CountInAccount();
 
-  bool Stop(const std::string& why);
-  // What follows a value that is not understood: false where the import stops there.
-  bool Fault(const ImportRecord& record, const ImportValue& value, const std::string& text);
-  bool Book(ImportRecord& record, Date date);
-  bool BookInvestment(const ImportRecord& record, Date date);
-  bool GoOn(const ImportRecord& record);
-
-  [[nodiscard]] std::optional<double> Number(const ImportValue& value) const;
-  [[nodiscard]] std::optional<double> AmountOf(const ImportRecord& record) const;
-  // The lines of a record with their sum as its amount; nullopt after a fault, which `bad` names.
-  [[nodiscard]] std::optional<std::vector<TransactionRecord>> LinesOf(const ImportRecord& record,
-                                                                      const ImportValue*& bad);
-  void SetAccountName(ImportCategory& category) const;
-  void WriteRecord(const ImportRecord& record, TransactionRecord row,
-                   std::vector<TransactionRecord>& lines);
-  [[nodiscard]] Choice ChoiceFor(const ImportRecord& record, Date date, double amount,
-                                 const std::string& reference);
-  [[nodiscard]] Choice AskAbout(const ImportRecord& record,
-                                const DuplicateIndex::Candidate& candidate);
-  [[nodiscard]] const DuplicateIndex& Former();
-  void BeginWrite();
-
-  clsCorvanta& ledger_;
-  Platform& platform_;
-  const ImportStyle style_;
-  const std::size_t size_;
-  ImportSummary& summary_;
-  ImportNames names_;
-  DuplicateAnswer duplicates_;
-  const ImportTarget* chosen_ = nullptr;   // by the person
-  const ImportTarget* current_ = nullptr;  // of the records that follow
-  std::map<std::int64_t, DuplicateIndex> former_;
-  std::optional<Transaction> batch_;
-  struct {
-    std::size_t transactions = 0;
-    std::size_t investments = 0;
-  } committed_;
-  bool hasWritten_ = false;
-  std::chrono::steady_clock::time_point batchBegan_;
+  ImportContext context_;
+  const std::vector<Fate>& fates_;
+  std::size_t next_ = 0;                                  // of the fates
+  const ImportTarget* chosen_;                            // by the person
+  const ImportTarget* current_;                           // of the records that follow
+  std::string nameInFile_;                                // of that one
+  std::unordered_map<std::int64_t, std::size_t> places_;  // of accounts in the summary
+  std::vector<std::int64_t> halves_;
+  bool isCancelled_ = false;
 };
 
 }  // namespace corvanta

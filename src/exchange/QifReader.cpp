@@ -61,8 +61,13 @@ void QifReader::Header(std::string_view line) {
   // An entry that ends without its mark counts.
   EndEntry();
   const std::string header = ToLower(line);
-  if (header == "!clear:autoswitch") return;
+  if (header == "!clear:autoswitch") {
+    isList_ = false;
+    listed_.clear();
+    return;
+  }
   if (header == "!option:autoswitch") {
+    isList_ = true;
     if (section_ == Section::Bank || section_ == Section::Investment) return;
     EndSection();
     section_ = Section::Accounts;
@@ -73,6 +78,10 @@ void QifReader::Header(std::string_view line) {
 }
 
 void QifReader::TypeHeader(const std::string& header, std::string_view line) {
+  // A list of accounts chooses none of them; one account alone before transactions is no list.
+  const bool hasRecords = IsAmong(kBankTypes, header) || header == "!type:invst";
+  if (hasRecords && listed_.size() == 1) sink_->OnAccount(listed_.front());
+  listed_.clear();
   if (header == "!account") {
     section_ = Section::Accounts;
   } else if (IsAmong(kBankTypes, header)) {
@@ -266,6 +275,9 @@ void QifReader::EndEntry() {
 void QifReader::EndAccount() {
   if (isRecord_) {
     ++unknownEntries_;
+  } else if (!account_.name.empty() && isList_) {
+    sink_->OnListedAccount(account_);
+    listed_.push_back(account_);
   } else if (!account_.name.empty()) {
     sink_->OnAccount(account_);
   }

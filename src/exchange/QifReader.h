@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvanta {
 
@@ -45,8 +46,10 @@ class QifReader {
   ImportRecord record_;
   bool hasFields_ = false;
   ImportSplit split_;
-  bool splitIsOpen_ = false;  // a category or memo waits for its amount
-  std::string otherAmount_;   // stands in where the record has no amount of its own
+  bool splitIsOpen_ = false;           // a category or memo waits for its amount
+  std::string otherAmount_;            // stands in where the record has no amount of its own
+  bool isList_ = false;                // accounts are listed, not chosen
+  std::vector<ImportAccount> listed_;  // in this block
   ImportAccount account_;
   bool isRecord_ = false;  // in a list of accounts: what no account has shows a transaction
   std::string securityName_;

@@ -1,6 +1,7 @@
 #include "ledger/RowLinks.h"
 #include "ledger/clsCorvanta.h"
 #include "store/Connection.h"
+#include "store/Recordset.h"
 #include "store/SqlText.h"
 
 namespace corvanta {
@@ -21,13 +22,25 @@ std::string Assignments(const BulkChange& change) {
   return text;
 }
 
+// What a bulk edit may change in a row.
+std::vector<Value> ChangeableOf(Connection& store, std::int64_t transactionId) {
+  const Recordset row = store.OpenRecordset(
+      "Select AccountID, PaymentID, PayeeID, CategoryID, BankChk, BankRec, [Amount] from "
+      "tblTransactions Where TransactionID = " +
+      SqlNumber(transactionId));
+  std::vector<Value> values;
+  for (int field = 0; field < 7; ++field) values.push_back(row.Field(field));
+  return values;
+}
+
 }  // namespace
 
-void clsCorvanta::BulkEdit(std::int64_t transactionId, const BulkChange& change) {
+bool clsCorvanta::BulkEdit(std::int64_t transactionId, const BulkChange& change) {
   const UndoLog::Step step = undo_.Begin("Edit Transactions");
   Transaction all = connection_.Begin();
   const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
-  if (!row) return;
+  if (!row) return false;
+  const std::vector<Value> before = ChangeableOf(connection_, transactionId);
   BulkChange allowed = change;
   if (row->allocatedItem != 0) {
     allowed.accountId = 0;
@@ -38,12 +51,17 @@ void clsCorvanta::BulkEdit(std::int64_t transactionId, const BulkChange& change)
   }
   ApplyColumns(transactionId, allowed);
   ApplyType(transactionId, *row, allowed.type);
+  const bool isChanged = ChangeableOf(connection_, transactionId) != before;
   all.Commit();
+  return isChanged;
 }
 
-std::size_t clsCorvanta::BulkEdit(Keys transactionIds, const BulkChange& change) {
+std::optional<std::size_t> clsCorvanta::BulkEdit(Keys transactionIds, const BulkChange& change) {
   const UndoLog::Step step = undo_.Begin("Edit Transactions");
-  return ForEachRow(transactionIds, [&](std::int64_t key) { BulkEdit(key, change); });
+  std::size_t changed = 0;
+  const bool isDone = ForEachRow(
+      transactionIds, [&](std::int64_t key) { changed += BulkEdit(key, change) ? 1 : 0; });
+  return isDone ? std::optional(changed) : std::nullopt;
 }
 
 void clsCorvanta::ApplyColumns(std::int64_t transactionId, const BulkChange& change) {

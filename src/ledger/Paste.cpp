@@ -4,6 +4,8 @@
 #include "store/Recordset.h"
 #include "store/SqlText.h"
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -32,6 +34,15 @@ std::int64_t clsCorvanta::PasteTransaction(std::int64_t sourceId, std::int64_t a
   if (source->transferId != 0) PasteTwin(source->transferId, copy, accountId);
   all.Commit();
   return copy;
+}
+
+std::int64_t clsCorvanta::PasteTransactions(Keys sourceIds, std::int64_t accountId) {
+  const UndoLog::Step step = undo_.Begin("Paste Transaction");
+  std::int64_t last = 0;
+  const bool isDone = ForEachRow(sourceIds, [&](std::int64_t key) {
+    last = std::max(last, PasteTransaction(key, accountId));
+  });
+  return isDone ? last : 0;
 }
 
 // Two rows must not name one twin, so the copy gets one of its own where that makes a transfer.

@@ -36,7 +36,7 @@ RowMarks clsCorvanta::MarksOf(std::int64_t transactionId) {
   return marks;
 }
 
-std::size_t clsCorvanta::ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked) {
+bool clsCorvanta::ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked) {
   const UndoLog::Step step = undo_.Begin("Change Status");
   return ForEachRow(transactionIds, [&](std::int64_t key) { ApplyStatus(command, key, isTicked); });
 }
@@ -64,7 +64,7 @@ void clsCorvanta::ApplyStatus(StatusCommand command, std::int64_t transactionId,
   both.Commit();
 }
 
-std::size_t clsCorvanta::Settle(std::span<const Settlement> rows, Progress& progress) {
+bool clsCorvanta::Settle(std::span<const Settlement> rows, Progress& progress) {
   const UndoLog::Step step = undo_.Begin("Balance Account");
   return ForEachRow(rows.size(), progress, [&](std::size_t row) { Settle(rows[row]); });
 }

@@ -16,7 +16,7 @@ void clsCorvanta::DeleteTransaction(std::int64_t transactionId) {
   all.Commit();
 }
 
-std::size_t clsCorvanta::DeleteTransactions(Keys transactionIds) {
+bool clsCorvanta::DeleteTransactions(Keys transactionIds) {
   const UndoLog::Step step =
       undo_.Begin(transactionIds.size() == 1 ? "Delete Transaction" : "Delete Transactions");
   return ForEachRow(transactionIds, [this](std::int64_t key) { DeleteTransaction(key); });

@@ -5,7 +5,6 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
-#include "store/StoreError.h"
 
 #include <chrono>
 
@@ -18,6 +17,18 @@ std::vector<std::string> UndoneTables() {
           "tblKeywordLink", "tblAttachments", "tblSchedule", "tblTransactions"};
 }
 
+// The bar goes with the operation, however it ends.
+class StepsShown {
+ public:
+  explicit StepsShown(Progress& progress) : progress_(progress) {}
+  ~StepsShown() { progress_.SetStep(0, 0); }
+  StepsShown(const StepsShown&) = delete;
+  StepsShown& operator=(const StepsShown&) = delete;
+
+ private:
+  Progress& progress_;
+};
+
 }  // namespace
 
 clsCorvanta::clsCorvanta(Connection& connection, Platform& platform)
@@ -28,37 +39,30 @@ std::int64_t clsCorvanta::ReadKey(const std::string& sql, std::string_view colum
   return row.Eof() ? 0 : row.Field(column).Int();
 }
 
-std::size_t clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {
+bool clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {
   return ForEachRow(keys.size(), platform_.progress, [&](std::size_t row) { change(keys[row]); });
 }
 
-// Committing each row would wait for the disk each time, committing all at the end would lose the
-// finished rows with a failing one.
-std::size_t clsCorvanta::ForEachRow(std::size_t count, Progress& progress,
-                                    const std::function<void(std::size_t)>& change) {
+// One transaction, however long it takes: what the person asked for at once is done or not, so that
+// asking again after a failure never does a part of it twice.
+bool clsCorvanta::ForEachRow(std::size_t count, Progress& progress,
+                             const std::function<void(std::size_t)>& change) {
   using Time = std::chrono::steady_clock;
-  constexpr auto kCommitEvery = std::chrono::milliseconds(250);
-  std::size_t done = 0;
-  bool goesOn = true;
-  while (goesOn && done < count) {
-    const Time::time_point start = Time::now();
-    Transaction batch = connection_.Begin();
-    try {
-      do {
-        change(done);
-        ++done;
-        goesOn = progress.Yield();
-      } while (goesOn && done < count && Time::now() - start < kCommitEvery);
-    } catch (const StoreError&) {
-      progress.SetStep(0, 0);
-      batch.Commit();
-      throw;
+  constexpr auto kShowEvery = std::chrono::milliseconds(250);
+  const StepsShown steps(progress);
+  Transaction all = connection_.Begin();
+  Time::time_point shown = Time::now();
+  for (std::size_t done = 0; done < count;) {
+    change(done);
+    ++done;
+    if (!progress.Yield() && done < count) return false;
+    if (done < count && Time::now() - shown >= kShowEvery) {
+      progress.SetStep(done, count);
+      shown = Time::now();
     }
-    batch.Commit();
-    if (done < count) progress.SetStep(done, count);
   }
-  progress.SetStep(0, 0);
-  return done;
+  all.Commit();
+  return true;
 }
 
 }  // namespace corvanta

@@ -170,13 +170,16 @@ class clsCorvanta {
   void DeleteTransaction(std::int64_t transactionId);
   // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
   [[nodiscard]] bool ReachesClosedAccount(Keys transactionIds);
-  // Several at once; returns how many were reached before the person asked to stop.
-  std::size_t DeleteTransactions(Keys transactionIds);
+  // All of them or none, as every change of several rows here: nothing when the person asks to stop
+  // on the way, or when one of them fails. False when it was stopped.
+  bool DeleteTransactions(Keys transactionIds);
   // Payment type, payee and category of an investment transaction never change, nor the sign of an
   // investment transaction or a transfer. Lines follow their parent. A transfer half stays out of
   // the account that its other half is in.
-  void BulkEdit(std::int64_t transactionId, const BulkChange& change);
-  std::size_t BulkEdit(Keys transactionIds, const BulkChange& change);
+  // True when the row is another one afterwards.
+  bool BulkEdit(std::int64_t transactionId, const BulkChange& change);
+  // Returns how many rows were changed; nullopt when the person asked to stop, and none was.
+  std::optional<std::size_t> BulkEdit(Keys transactionIds, const BulkChange& change);
   // Of an ordinary row and its lines; transfers and investment transactions keep their sign.
   void ReverseSign(std::int64_t transactionId);
   // The account's latest row of that payee, and of that category unless it is 0.
@@ -191,6 +194,9 @@ class clsCorvanta {
   // is no such row. Of a transfer both halves are copied, where the other half's account is open
   // and another one; otherwise, as of a split line, the copy is an ordinary row.
   std::int64_t PasteTransaction(std::int64_t sourceId, std::int64_t accountId);
+  // The same for several, all of them or none; returns the highest key of the copies, 0 when the
+  // person asked to stop, and none was made.
+  std::int64_t PasteTransactions(Keys sourceIds, std::int64_t accountId);
   // Pairs imported rows whose category names another account ("Account:Savings") with the rows of
   // that account: same day and payee, opposite sign, the same amount where the currencies are the
   // same. Returns how many pairs were made.
@@ -214,13 +220,13 @@ class clsCorvanta {
                  std::int16_t setRec);
   [[nodiscard]] RowMarks MarksOf(std::int64_t transactionId);
   // The command on every row, as one step. `isTicked` says that the command's item is ticked:
-  // "&Cleared" and "&Reconciled" then take the status back. Returns how many rows were reached
-  // before the person asked to stop.
-  std::size_t ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked);
+  // "&Cleared" and "&Reconciled" then take the status back. False when the person asked to stop,
+  // and nothing was changed.
+  bool ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked);
   // Settles rows by a statement, as one step: a ticked row and its lines become reconciled, one
-  // that is not ticked uncleared, unless it is cleared. Returns how many rows were reached before
-  // the person asked `progress` to stop; those are settled.
-  std::size_t Settle(std::span<const Settlement> rows, Progress& progress);
+  // that is not ticked uncleared, unless it is cleared. False when the person asked `progress` to
+  // stop, and nothing was settled.
+  bool Settle(std::span<const Settlement> rows, Progress& progress);
 
   // --- Schedules (posting: SchedulePosting.h, reminders: Reminders.h)
 
@@ -355,10 +361,11 @@ class clsCorvanta {
   std::int64_t FindOrInsert(const NamedRow& row, const std::string& name);
   std::int64_t SaveRow(const std::string& table, const std::string& keyColumn, std::int64_t key,
                        std::initializer_list<Field> fields);
-  std::size_t ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change);
+  // Every row or, where one fails or the person asks to stop, none; false when it was stopped.
+  bool ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change);
   // `change` gets the rows from 0 to count - 1.
-  std::size_t ForEachRow(std::size_t count, Progress& progress,
-                         const std::function<void(std::size_t)>& change);
+  bool ForEachRow(std::size_t count, Progress& progress,
+                  const std::function<void(std::size_t)>& change);
 
   [[nodiscard]] bool CanBeTwin(std::int64_t twin, std::int64_t key);
   [[nodiscard]] bool TakeFromParent(TransactionRecord& line);

@@ -64,12 +64,51 @@ class TemporaryFile {
     }
     kept_ = true;
   }
+  // Never over anything, however lately it came.
+  void MoveTo(const std::string& target) {
+    if (::renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) {
+      kept_ = true;
+    } else if (errno == EINVAL || errno == ENOSYS) {
+      // The file system knows no such renaming; another name for the file does the same.
+      if (::link(path_.c_str(), target.c_str()) != 0) throw NotNew(target, errno);
+    } else {
+      throw NotNew(target, errno);
+    }
+  }
 
  private:
+  static PlatformError NotNew(const std::string& target, int code) {
+    if (code != EEXIST) return SystemError("Cannot write", target, code);
+    return PlatformError("There is a file " + target + " already. It was left as it is.");
+  }
+
   std::string path_;
   FileHandle file_;
   bool kept_ = false;
 };
+
+PlatformError NoPlace(const std::string& path, const std::string& why) {
+  return PlatformError("Cannot write " + path + ": " + why + " Choose another name.");
+}
+
+// The file that is to be replaced: of a link what it points to.
+std::string TargetOf(const std::string& path) {
+  struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0) return path;
+  if (!S_ISLNK(status.st_mode)) {
+    if (!S_ISREG(status.st_mode)) throw NoPlace(path, "this is no ordinary file.");
+    return path;
+  }
+  // In a folder that many may write to, a link may be a trap.
+  if (status.st_uid != ::geteuid()) throw NoPlace(path, "this is a link of another user.");
+  std::error_code error;
+  const std::string target = std::filesystem::canonical(path, error).string();
+  if (error) throw NoPlace(path, "this is a link that leads nowhere.");
+  if (!std::filesystem::is_regular_file(target, error)) {
+    throw NoPlace(path, "this is a link to something that is no ordinary file.");
+  }
+  return target;
+}
 
 }  // namespace
 
@@ -101,9 +140,17 @@ void SystemFiles::CreateFolder(const std::string& path) {
 }
 
 void SystemFiles::WriteAtomically(const std::string& path, std::string_view text) {
+  const std::string target = TargetOf(path);
+  TemporaryFile file(target);
+  file.WriteAndSync(text);
+  file.MoveOver(target);
+  SyncFolder(FolderOf(target));
+}
+
+void SystemFiles::WriteNew(const std::string& path, std::string_view text) {
   TemporaryFile file(path);
   file.WriteAndSync(text);
-  file.MoveOver(path);
+  file.MoveTo(path);
   SyncFolder(FolderOf(path));
 }
 

@@ -19,8 +19,14 @@ class Files {
   virtual void Remove(const std::string& path) = 0;
   // Creates the folder and those above it (owner-only); one that exists is no error.
   virtual void CreateFolder(const std::string& path) = 0;
-  // Writes text into a new file beside `path` (owner-only), syncs it and renames it over `path`.
+  // Writes text (or any bytes) into a new file of an unpredictable name beside `path` (owner-only),
+  // syncs it and renames it over `path`; a failure leaves what was there. A link of the user's own
+  // stays, and what it points to is replaced; a link of somebody else's, and what is no ordinary
+  // file, is refused. Throws PlatformError.
   virtual void WriteAtomically(const std::string& path, std::string_view text) = 0;
+  // The same where nothing of that name is. Throws PlatformError, and leaves it, where something
+  // is.
+  virtual void WriteNew(const std::string& path, std::string_view text) = 0;
 };
 
 class SystemFiles : public Files {
@@ -29,6 +35,7 @@ class SystemFiles : public Files {
   void Remove(const std::string& path) override;
   void CreateFolder(const std::string& path) override;
   void WriteAtomically(const std::string& path, std::string_view text) override;
+  void WriteNew(const std::string& path, std::string_view text) override;
 };
 
 [[nodiscard]] bool FileExists(const std::string& path);

@@ -1,15 +1,17 @@
 #include "platform/Spreadsheet.h"
 
+#include "platform/FileHandle.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "platform/TextCase.h"
+#include "platform/XlsSpreadsheet.h"
 
+#include <sys/mman.h>
 #include <xlsxwriter.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <cmath>
-#include <fstream>
 
 namespace corvanta {
 namespace {
@@ -93,27 +95,37 @@ bool FitsSheet(const SpreadsheetTable& table) {
                      [](const auto& row) { return row.size() <= kMostColumns; });
 }
 
-}  // namespace
-
-void XlsxSpreadsheet::Write(const SpreadsheetTable& table, const std::string& path) {
-  if (!FitsSheet(table)) {
-    throw PlatformError("The list is too large for a spreadsheet. Narrow it and try again.");
-  }
-  SystemFiles files;
-  // Written beside its place, so that a failure leaves a former export whole.
-  const std::string beside = path + ".tmp";
-  // The library reports a place it cannot write to on standard error; this gives the reason first.
-  if (!std::ofstream(beside)) throw SystemError("Cannot write the spreadsheet", path, errno);
-  lxw_workbook* book = workbook_new(beside.c_str());
-  if (book == nullptr) throw PlatformError("Cannot write the spreadsheet " + path + ".");
+// The library writes only into files; this one has no name that anybody else could meet.
+std::string RenderXlsx(const SpreadsheetTable& table) {
+  constexpr std::size_t kLargest = 1U << 30U;
+  const FileHandle file(::memfd_create("spreadsheet", MFD_CLOEXEC));
+  if (!file.IsOpen()) throw SystemError("Cannot make", "a spreadsheet", errno);
+  const std::string path = "/proc/self/fd/" + std::to_string(file.Get());
+  lxw_workbook* book = workbook_new(path.c_str());
+  if (book == nullptr) throw PlatformError("There is not enough memory for the spreadsheet.");
   lxw_worksheet* sheet = workbook_add_worksheet(book, SheetName(table.name).c_str());
   if (sheet != nullptr) FillSheet(book, sheet, table);
   const lxw_error error = workbook_close(book);
   if (error != LXW_NO_ERROR || sheet == nullptr) {
-    files.Remove(beside);
-    throw PlatformError("Cannot write the spreadsheet " + path + ": " + lxw_strerror(error));
+    throw PlatformError(std::string("Cannot make the spreadsheet: ") + lxw_strerror(error));
   }
-  files.Replace(beside, path);
+  return ReadFile(path, kLargest);
+}
+
+}  // namespace
+
+std::string WorkbookSpreadsheet::Render(const SpreadsheetTable& table, SpreadsheetForm form) {
+  if (!FitsSheet(table)) {
+    throw PlatformError("The list is too large for a spreadsheet. Narrow it and try again.");
+  }
+  if (form == SpreadsheetForm::Xlsx) return RenderXlsx(table);
+  if (!FitsXls(table)) {
+    throw PlatformError(
+        "The list is too large for an .xls file. Choose a name that ends in .xlsx instead.");
+  }
+  std::vector<double> widths;
+  for (std::size_t i = 0; i < table.headers.size(); ++i) widths.push_back(ColumnWidth(table, i));
+  return XlsWorkbookOf(table, SheetName(table.name), widths);
 }
 
 }  // namespace corvanta

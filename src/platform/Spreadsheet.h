@@ -14,18 +14,23 @@ struct SpreadsheetTable {
   std::vector<std::vector<SpreadsheetCell>> rows;
 };
 
-// Writes one table as a spreadsheet file.
+enum class SpreadsheetForm {
+  Xls,  // Excel 97 to 2003
+  Xlsx  // Office Open XML
+};
+
+// Makes a spreadsheet file of one table.
 class Spreadsheet {
  public:
   virtual ~Spreadsheet() = default;
-  // Throws PlatformError when the file cannot be written.
-  virtual void Write(const SpreadsheetTable& table, const std::string& path) = 0;
+  // The bytes of the file: header line in bold and frozen, numbers as numbers, texts never as
+  // formulas. Throws PlatformError when the table is too large for that form.
+  [[nodiscard]] virtual std::string Render(const SpreadsheetTable& table, SpreadsheetForm form) = 0;
 };
 
-// Office Open XML (.xlsx): header line in bold and frozen, numbers as numbers.
-class XlsxSpreadsheet : public Spreadsheet {
+class WorkbookSpreadsheet : public Spreadsheet {
  public:
-  void Write(const SpreadsheetTable& table, const std::string& path) override;
+  [[nodiscard]] std::string Render(const SpreadsheetTable& table, SpreadsheetForm form) override;
 };
 
 }  // namespace corvanta

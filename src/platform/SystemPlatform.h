@@ -36,7 +36,7 @@ class SystemPlatform {
   SystemMachineValue machine_;
   CurlDownload download_;
   DesktopOpener opener_;
-  XlsxSpreadsheet spreadsheet_;
+  WorkbookSpreadsheet spreadsheet_;
   std::string profileFolder_;
   FileRegistry registry_;
   Platform platform_;

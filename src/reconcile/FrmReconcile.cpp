@@ -213,17 +213,13 @@ void FrmReconcile::SetBusy(bool isBusy) {
 
 void FrmReconcile::Apply() {
   SetBusy(true);
-  isChanged_ = isChanged_ || !reconciliation_.Rows().empty();
   bool isDone = false;
   Run([&] { isDone = reconciliation_.Apply(*progress_); });
   SetBusy(false);
-  if (isDone) {
-    outcome_ = reconciliation_.Outcome();
-    return accept();
-  }
-  // The rows that were reached are settled; the others are still to be balanced.
-  Run([this] { Refill(); });
-  lvBalance_->setFocus();
+  if (!isDone) return lvBalance_->setFocus();
+  isChanged_ = isChanged_ || !reconciliation_.Rows().empty();
+  outcome_ = reconciliation_.Outcome();
+  accept();
 }
 
 void FrmReconcile::reject() {

@@ -28,6 +28,7 @@ FrmReconcileStatement::FrmReconcileStatement(const Locale& locale, QWidget* pare
   cmdStatement_->setFocusPolicy(Qt::StrongFocus);
   txtStatement_->setObjectName(QStringLiteral("txtStatement"));
   txtStatement_->setAccessibleName(tr("Balance on the statement"));
+  txtStatement_->SetMayBeEmpty();
   txtStatement_->clear();
   txtStatement_->setMinimumWidth(16 * kRhythm);
   lblDifference_->setObjectName(QStringLiteral("lblDifference"));

@@ -267,7 +267,7 @@ bool Reconciliation::Apply(Progress& progress) {
   std::vector<Settlement> settlements;
   settlements.reserve(rows_.size());
   for (const ReconcileRow& row : rows_) settlements.push_back({row.transactionId, row.isTicked});
-  return ledger_.Settle(settlements, progress) == settlements.size();
+  return ledger_.Settle(settlements, progress);
 }
 
 }  // namespace corvanta

@@ -118,8 +118,8 @@ class Reconciliation {
   // Of the rows as they were read: what Apply will do, or has done.
   [[nodiscard]] ReconcileOutcome Outcome() const;
 
-  // Settles all rows by their ticks, as one step. True when it came to its end: `progress` may ask
-  // to stop, and what was reached by then stays settled. So do the rows before one that fails.
+  // Settles all rows by their ticks, as one step. False when `progress` asked to stop: nothing is
+  // settled then, nor when a row fails.
   bool Apply(Progress& progress);
 
  private:

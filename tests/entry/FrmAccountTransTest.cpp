@@ -305,6 +305,56 @@ TEST_F(AccountTrans, ATransferBetweenCurrenciesTakesItsRateOrSaysThatThereIsNone
   EXPECT_EQ(transfer(), 20);
 }
 
+TEST_F(AccountTrans, WhatArrivesIsAFieldOfItsOwn) {
+  const auto form = Open();
+  auto& arrives = Find<QLineEdit>(*form, "txtAmountTo");
+  Pick(*form, "cmbType", "Transfer");
+  Put(*form, "cmbAccountTo", "Cash");
+  EXPECT_FALSE(arrives.isVisible()) << "one currency";
+  Put(*form, "cmbAccountTo", "Euro");
+  EXPECT_TRUE(arrives.isVisible());
+  EXPECT_EQ(Find<QLabel>(*form, "lblCurrencyTo").text(), "EUR");
+  EXPECT_EQ(arrives.text(), "") << "worked out at the save";
+  Put(*form, "cmbPayment", "Card");
+  Type(*form, "txtAmount", "20");
+  Type(*form, "txtAmountTo", "5/0");
+  ExpectRefused(*form, "You need to enter a valid Amount", "txtAmountTo");
+  Type(*form, "txtAmountTo", "23.50");
+  QTest::keyClick(&arrives, Qt::Key_Return);
+  const std::int64_t key = form->SavedKey();
+  EXPECT_EQ(Row(key).amount, -20);
+  EXPECT_EQ(Row(Row(key).transferId).amount, 23.5);
+  EXPECT_TRUE(rates_.Asked().empty());
+
+  const auto edited = Open(key);
+  EXPECT_EQ(TextOfField(*edited, "txtAmountTo"), "23.50");
+  Type(*edited, "txtAmount", "40");
+  EXPECT_EQ(TextOfField(*edited, "txtAmountTo"), "47.00") << "at the rate that it had";
+  Type(*edited, "txtAmount", "20");
+  EXPECT_EQ(TextOfField(*edited, "txtAmountTo"), "23.50");
+  Type(*edited, "txtAmount", "40");
+  rates_.Answer(std::nullopt);
+  Prompt().ExpectTell("Download Currency", "Could not connect to website");
+  Click(*edited, "cmdAccept");
+  EXPECT_EQ(Row(Row(key).transferId).amount, 47);
+}
+
+TEST_F(AccountTrans, WhatIsNoAmountIsRefusedFromTheFieldAndAfterIt) {
+  const auto form = Open();
+  FillExpense(*form);
+  Type(*form, "txtAmount", "1/0");
+  Prompt().ExpectTell("Save Warning", "You need to enter a valid Amount");
+  QTest::keyClick(&Find<QWidget>(*form, "txtAmount"), Qt::Key_Return);
+  EXPECT_EQ(TextOfField(*form, "txtAmount"), "1/0") << "to be mended";
+  Find<QWidget>(*form, "txtReference").setFocus();
+  EXPECT_EQ(TextOfField(*form, "txtAmount"), "0.00");
+  Prompt().ExpectTell("Save Warning", "You need to enter a valid Amount");
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(FocusOf(*form), "txtAmount");
+  EXPECT_EQ(TextOfField(*form, "txtAmount"), "1/0");
+  EXPECT_EQ(Count("tblTransactions"), 0);
+}
+
 TEST_F(AccountTrans, TheCurrencyLookUpFillsTheAmountAndSparesTheDownload) {
   const auto form = Open();
   Pick(*form, "cmbType", "Transfer");

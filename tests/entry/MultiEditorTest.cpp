@@ -108,6 +108,19 @@ TEST_F(MultiEditing, ReversingKeepsTransfersAndTakesLinesAlong) {
   EXPECT_EQ(Row(line).status, FlagsOf(TransactionStatus::Cleared));
 }
 
+TEST_F(MultiEditing, StoppedOnTheWayNothingIsWrittenNotEvenAName) {
+  const std::vector<std::int64_t> keys = {AddRow(bank_, -5), AddRow(bank_, -6), AddRow(bank_, -7)};
+  MultiEditForm form = Reverse();
+  form.payee = "Somebody new";
+  const std::string before = Everything();
+  store_.platform.progress.StopAfter(1);
+  EXPECT_EQ(editor_.Save(form, keys), std::nullopt);
+  Prompt().ExpectAsk("Delete Items?", ScriptedPrompts::kAnyText, true);
+  EXPECT_FALSE(editor_.Delete(keys));
+  EXPECT_EQ(Everything(), before);
+  EXPECT_EQ(store_.platform.progress.Texts().front(), "Please wait updating records...");
+}
+
 TEST_F(MultiEditing, InvestmentsKeepTheirNames) {
   TransactionRecord bought = Row(AddRow(bank_, -5));
   bought.action = 1;

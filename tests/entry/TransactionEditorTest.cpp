@@ -261,7 +261,6 @@ TEST_F(TransactionEditing, EitherHalfOfATransferIsEdited) {
   EXPECT_EQ(form.accountToId, cash_);
   EXPECT_EQ(form.payee, "");
   form.amount = 30;
-  form.DropRate();
   form.description = "rent for May";
   form.reference = "7";
   form.status = TransactionStatus::Reconciled;
@@ -303,21 +302,25 @@ TEST_F(TransactionEditing, CurrenciesAreConvertedOnceAndBeforeTheWrite) {
 
   rates_.Answer(std::nullopt);
   form.amount = 40;
-  form.DropRate();
+  EXPECT_EQ(editor_.KnownArrival(form), 46.94) << "40 * 29.34 / 25";
   Prompt().ExpectTell("Download Currency", "Could not connect to website");
   Save(form);
-  EXPECT_EQ(Row(to).amount, 40);
-
-  form.isRateApplied = true;
-  form.amountTo = 47.5;
+  EXPECT_EQ(Row(to).amount, 46.94) << "a settled amount is not overwritten by another currency's";
+  rates_.Answer(1.2);
   Save(form);
-  EXPECT_EQ(Row(from).amount, -40);
-  EXPECT_EQ(Row(to).amount, 47.5);
-  EXPECT_EQ(rates_.Asked().size(), 2U);
+  EXPECT_EQ(Row(to).amount, 48) << "until a rate comes";
+
+  form = *editor_.Load(from);
+  form.amount = 50;
+  form.amountTo = 47.504;
+  Save(form);
+  EXPECT_EQ(Row(from).amount, -50);
+  EXPECT_EQ(Row(to).amount, 47.5) << "what is said to arrive arrives, in cents";
+  EXPECT_EQ(rates_.Asked().size(), 3U);
 
   form = Form(EntryType::Transfer, 5);
   Save(form);
-  EXPECT_EQ(rates_.Asked().size(), 2U) << "one currency needs no rate";
+  EXPECT_EQ(rates_.Asked().size(), 3U) << "one currency needs no rate";
 }
 
 TEST_F(TransactionEditing, ATransferBecomesAnExpenseAndBack) {
@@ -370,6 +373,85 @@ TEST_F(TransactionEditing, AnEndedTransferGoesOnInTheAccountOfItsRow) {
   EXPECT_EQ(Row(to).accountId, euro_);
 }
 
+TEST_F(TransactionEditing, WhatArrivesIsKeptWhileAmountAndCurrenciesStay) {
+  const std::int64_t yen = AddAccount("Yen", "JPY");
+  TransactionForm form = Form(EntryType::Transfer, 101);
+  form.accountToId = yen;
+  form.amountTo = 18743;
+  const std::int64_t from = Save(form);
+  const std::int64_t to = Row(from).transferId;
+  EXPECT_EQ(Row(to).amount, 18743);
+
+  // From the other half, with another description, out of another account in pounds.
+  form = *editor_.Load(to);
+  EXPECT_EQ(form.amount, 101);
+  form.description = "offline";
+  form.accountId = cash_;
+  Save(form);
+  EXPECT_EQ(Row(to).amount, 18743);
+  EXPECT_EQ(Row(from).accountId, cash_);
+  EXPECT_TRUE(rates_.Asked().empty());
+
+  // A former rate says nothing about another currency.
+  form = *editor_.Load(from);
+  form.accountToId = euro_;
+  EXPECT_EQ(editor_.KnownArrival(form), std::nullopt);
+  rates_.Answer(1.2);
+  Save(form);
+  EXPECT_EQ(Row(to).amount, 121.2);
+
+  form = *editor_.Load(to);
+  TransactionEditor::ChooseType(form, EntryType::Income);
+  EXPECT_EQ(form.amount, 121.2);
+  TransactionEditor::ChooseType(form, EntryType::Transfer);
+  EXPECT_EQ(form.amount, 101);
+  EXPECT_EQ(editor_.KnownArrival(form), 121.2);
+}
+
+TEST_F(TransactionEditing, WhatArrivesFollowsRulesOfItsOwn) {
+  const auto check = [&](std::int64_t to, double arrives) {
+    TransactionForm form = Form(EntryType::Transfer, 25);
+    form.accountToId = to;
+    form.amountTo = arrives;
+    return editor_.Check(form);
+  };
+  ExpectWarnings({
+      {check(euro_, 0), "You need to enter a valid Amount", "txtAmountTo"},
+      {check(euro_, 1e14), "You need to enter a valid Amount", "txtAmountTo"},
+      {check(euro_, -5), "Please enter the Amount without a sign, the Type says where it goes",
+       "txtAmountTo"},
+      {check(cash_, 26), "Both accounts are in one currency: what arrives is the Amount itself",
+       "txtAmountTo"},
+  });
+  EXPECT_FALSE(check(cash_, 25));
+  EXPECT_FALSE(check(euro_, 26));
+}
+
+TEST_F(TransactionEditing, WhatIsNoAmountIsNotSavedAsNothing) {
+  TransactionForm form = Form(EntryType::Expense, 25);
+  form.amount = std::nullopt;
+  ExpectWarnings({{editor_.Check(form), "You need to enter a valid Amount", "txtAmount"}});
+}
+
+TEST_F(TransactionEditing, AmountsHaveTheDecimalsOfTheirAccount) {
+  const std::int64_t yen = AddAccount("Yen", "JPY");
+  TransactionForm form = Form(EntryType::Expense, 12.505);
+  const std::int64_t key = Save(form);
+  EXPECT_EQ(Row(key).amount, -12.51);
+  form = *editor_.Load(key);
+  form.accountId = yen;
+  Save(form);
+  EXPECT_EQ(Row(key).amount, -13);
+  // Of an import, and left alone.
+  TransactionRecord noisy = Row(key);
+  noisy.amount = -12.3456;
+  ledger_.SaveTransaction(noisy);
+  form = *editor_.Load(key);
+  form.description = "words";
+  Save(form);
+  EXPECT_EQ(Row(key).amount, -12.3456);
+}
+
 TEST_F(TransactionEditing, APostedRowStaysItsSchedulesOccurrence) {
   // Posted anew it would be in the account twice.
   const std::int64_t schedule = AddSchedule(-25);
@@ -384,7 +466,6 @@ TEST_F(TransactionEditing, APostedRowStaysItsSchedulesOccurrence) {
   TransactionForm form = *editor_.Load(key);
   EXPECT_EQ(form.scheduleId, schedule);
   form.amount = 30;
-  form.DropRate();
   form.date = form.date.AddDays(2);
   form.accountId = euro_;
   rates_.Answer(1);

@@ -104,7 +104,7 @@ TEST_F(CsvImport, AValueThatIsNotUnderstoodStopsThere) {
   EXPECT_EQ(Amounts("Mine"), (Texts{"1", "2"}));
   job_.keepIncomplete = false;
   summary = ImportCsv("16/02/2020,A,,5,\n16/02/2020,B,,x,\n");
-  EXPECT_EQ(summary.outcome, ImportOutcome::TakenBack);
+  EXPECT_EQ(summary.outcome, ImportOutcome::Dropped);
   EXPECT_EQ(summary.stop, "The import stopped at line 2: \"x\" is no number.");
   EXPECT_EQ(Amounts("Mine"), (Texts{"1", "2"}));
   // So does a last row with a day that there is not.

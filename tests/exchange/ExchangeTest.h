@@ -106,7 +106,7 @@ class ExchangeTest : public testing::Test {
 
   TemporaryStore store_{StoreContent::Default};
   clsCorvanta ledger_{store_.Db(), store_.platform.Get()};
-  ImportJob job_{{}, 0, DuplicateAnswer::Skip, true, {}, {}, {}};
+  ImportJob job_{{}, 0, false, DuplicateAnswer::Skip, true, {}, {}, {}};
 
  private:
   struct Found {

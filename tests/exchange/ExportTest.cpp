@@ -1,6 +1,12 @@
 #include "exchange/ExchangeTest.h"
 #include "exchange/FileExport.h"
 #include "platform/Files.h"
+#include "platform/PlatformError.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <filesystem>
 
 namespace corvanta {
 namespace {
@@ -53,6 +59,16 @@ class Export : public ExchangeTest {
     }
     return texts;
   }
+  // Of a CSV file: every row of the view, but for the lines of splits.
+  void ExpectToComeBack(const std::string& name) {
+    CsvMapping mapping;
+    ASSERT_TRUE(mapping.SetColumns("DATE:1,PAYEE:2,CATEGORY:3,INCOME:9,EXPENSE:8"));
+    mapping.skip = 1;
+    mapping.order = DateOrder::YearMonthDay;
+    Texts expected;
+    for (const RegisterRow& row : View()) expected.push_back(Shown(row));
+    EXPECT_EQ(RoundTrip(name, mapping), expected);
+  }
   static std::string Shown(const RegisterRow& row) {
     return row.date.ToIso() + "|" + row.payee + "|" + row.category + "|" + SqlNumber(row.amount);
   }
@@ -85,13 +101,25 @@ TEST_F(Export, CsvComesBackButForItsSplits) {
   EXPECT_EQ(text.substr(0, text.find("2020-02-14")),
             "Date,Payee,Category,Payment,Reference,Description,Status,Paid Out,Paid In\r\n"
             "2020-02-13,M&S,Food:Dining Out,Import,7,\"Lunch, \"\"out\"\"\",,12.5,\r\n");
-  CsvMapping mapping;
-  ASSERT_TRUE(mapping.SetColumns("DATE:1,PAYEE:2,CATEGORY:3,INCOME:9,EXPENSE:8"));
-  mapping.skip = 1;
-  mapping.order = DateOrder::YearMonthDay;
-  Texts expected;
-  for (const RegisterRow& row : View()) expected.push_back(Shown(row));
-  EXPECT_EQ(RoundTrip("a.csv", mapping), expected);
+  ExpectToComeBack("a.csv");
+}
+
+// What a spreadsheet would run is text there, and the same text as before when it comes back.
+TEST_F(Export, CsvTextsAreNoFormulasAndComeBackUnchanged) {
+  const Texts names = {"=1+1",     "+44 20", "-5",      "@SUM(A1)",         "'=quoted",
+                       "''-twice", "'plain", "O'Brien", "\xEF\xBC\x9Dwide", "a=b"};
+  std::string file = "!Account\nNMine\n^\n!Type:Bank\n";
+  for (const std::string& name : names) {
+    file += "D18/2/2020\nT-1\nP" + name + "\nL" + name + "\n^\n";
+  }
+  job_.duplicates = DuplicateAnswer::Import;
+  Import(file);
+  Machine().prompts.ExpectTell("File Export", "File Export Complete");
+  const std::string text = Exported("a.csv");
+  for (const char* dangerous : {",=", ",+", ",-", ",@", ",\xEF\xBC\x9D", ",\"="}) {
+    EXPECT_EQ(text.find(dangerous), std::string::npos) << dangerous;
+  }
+  ExpectToComeBack("a.csv");
 }
 
 TEST_F(Export, Ofx) {
@@ -128,6 +156,45 @@ TEST_F(Export, Ofx) {
   job_.duplicates = DuplicateAnswer::Skip;
   job_.path = Machine().folder.Path("a.ofx");
   EXPECT_EQ(Run(job_).duplicates, 5U);
+}
+
+// A file of the person's stands where a careless writer would put its own.
+TEST_F(Export, EveryFormatIsWrittenBesideAndReplacesOnlyWhatItMay) {
+  Machine().folder.Write("a.xls.tmp", "mine");
+  Machine().folder.Write("a.ofx.tmp", "mine");
+  for (const char* name : {"a.csv", "a.qif", "a.ofx", "a.xls", "a.xlsx"}) {
+    SCOPED_TRACE(name);
+    const std::string path = Machine().folder.Path(name);
+    FileExport writer(ledger_, Machine().Get());
+    const auto write = [&](FormerFile former) {
+      Machine().prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+      writer.Write(mine_, View(), std::nullopt, path, former);
+    };
+    write(FormerFile::Refuse);
+    const std::string content = ReadFile(path);
+    EXPECT_FALSE(content.empty());
+    struct stat status {};
+    ASSERT_EQ(::stat(path.c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0600U);
+    Machine().folder.Write(name, "former");
+    EXPECT_THROW(writer.Write(mine_, View(), std::nullopt, path, FormerFile::Refuse),
+                 PlatformError);
+    EXPECT_EQ(ReadFile(path), "former");
+    write(FormerFile::Replace);
+    EXPECT_NE(ReadFile(path), "former");
+  }
+  const auto& rendered = Machine().spreadsheet.Rendered();
+  ASSERT_EQ(rendered.size(), 6U);
+  EXPECT_EQ(rendered.front().form, SpreadsheetForm::Xls);
+  EXPECT_EQ(rendered.back().form, SpreadsheetForm::Xlsx);
+  EXPECT_EQ(ReadFile(Machine().folder.Path("a.xls.tmp")), "mine");
+  EXPECT_EQ(ReadFile(Machine().folder.Path("a.ofx.tmp")), "mine");
+  const auto entries = std::filesystem::directory_iterator(Machine().folder.Path());
+  EXPECT_EQ(std::count_if(begin(entries), end(entries),
+                          [](const auto& entry) {
+                            return entry.path().string().find(".tmp.") != std::string::npos;
+                          }),
+            0);
 }
 
 TEST_F(Export, AskingAndFileNames) {

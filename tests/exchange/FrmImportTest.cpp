@@ -275,27 +275,70 @@ TEST_F(Importing, ADuplicateIsAskedAbout) {
   }
 }
 
-TEST_F(Importing, EscapeOnTheWayKeepsTheWholeRecordsOrTakesAllBack) {
-  const std::string file = Write("many.qif", ManyRecords());
-  Open(file, bank_);
+TEST_F(Importing, EscapeOnTheWayTakesAllBack) {
+  Open(Write("many.qif", ManyRecords()), bank_);
   StopAt(500);
-  Machine().prompts.ExpectChoose(kTitle, ScriptedPrompts::kAnyText, 1);
   ExpectMessage("The import was cancelled.");
   Press("cmdAccept");
   EXPECT_EQ(Page(), "cmdAccept");
-  EXPECT_EQ(Note(), "The import was cancelled. Everything was taken back.");
+  EXPECT_EQ(Note(), "The import was cancelled. Nothing was imported.");
   EXPECT_EQ(Text("cmbAccount"), "Bank");
   EXPECT_EQ(Rows("Bank"), Texts{});
-
-  StopAt(500);
-  Machine().prompts.ExpectChoose(kTitle, ScriptedPrompts::kAnyText, 0);
+  EXPECT_FALSE(form_->IsChanged());
+  // And it can be done again.
   Press("cmdAccept");
-  EXPECT_EQ(Page(), "cmdClose");
-  EXPECT_EQ(Amounts("Bank").size(), 50U);
-  EXPECT_EQ(Label("lblImported"), "50");
-  EXPECT_EQ(Label("lblSummary"), "many.qif was imported in part");
-  ExpectMessage("The import was cancelled.");
-  Press("cmdClose");
+  EXPECT_EQ(Label("lblImported"), "100");
+  CloseSummary();
+}
+
+TEST_F(Importing, AFileOfAnotherAccountIsAskedAbout) {
+  OpenText("statement.ofx", kOfx, bank_);
+  EXPECT_EQ(Label("lblOwner"), "The file belongs to 4711: a new account, or is it Bank?");
+  EXPECT_EQ(Items("cmbOwner"), (Texts{"Please choose", "A new account, 4711", "It is Bank"}));
+  ExpectRefusal("cmdAccept", "The file belongs to 4711: a new account, or is it Bank?", "cmbOwner");
+  // Without a choice of an account there is nothing to ask.
+  Type(*form_, "cmbAccount", kAutomatic);
+  EXPECT_FALSE(IsVisible("cmbOwner"));
+  Type(*form_, "cmbAccount", "Bank");
+  EXPECT_EQ(Text("cmbOwner"), "Please choose") << "an answer holds for its question";
+  Pick("cmbOwner", "It is Bank");
+  Press("cmdAccept");
+  EXPECT_EQ(Rows("Bank"), Texts{"2026-04-15|Cafe|Debit|-3.2|a1|"});
+  EXPECT_EQ(Label("lblIntoAccount"), "1");
+  EXPECT_EQ(form_->Account(), bank_);
+  CloseSummary();
+  // The number is known now.
+  OpenText("statement.ofx", kOfx, bank_);
+  EXPECT_FALSE(IsVisible("cmbOwner"));
+}
+
+TEST_F(Importing, AFileThatNamesAnAccountGoesThereWhereThatIsChosen) {
+  const std::int64_t savings = AddAccount("Savings");
+  OpenText("list.qif", "!Account\nNsavings\n^\n" + std::string(kQif), bank_);
+  EXPECT_EQ(Label("lblOwner"),
+            "The file belongs to savings. Import into that account, or into Bank?");
+  Pick("cmbOwner", "Into Savings");
+  Press("cmdAccept");
+  EXPECT_EQ(Amounts("Savings").size(), 2U);
+  EXPECT_EQ(form_->Account(), savings);
+  CloseSummary();
+  OpenText("two.qif", "!Account\nNA\n^\n" + std::string(kQif) + "!Account\nNB\n^\n" + kQif, bank_);
+  EXPECT_EQ(Label("lblOwner"),
+            "The file belongs to 2 accounts: A, B. Import into these, or all of it into Bank?");
+}
+
+TEST_F(Importing, TransfersWithoutTheirOtherHalfAreCompleted) {
+  AddAccount("Savings");
+  OpenText("bank.qif", "!Type:Bank\nD13/02/2026\nT-10\nPMove\nL[Savings]\n^\n", bank_);
+  Press("cmdAccept");
+  EXPECT_EQ(Label("lblLoneHalves"), "1");
+  EXPECT_EQ(Label("lblTransfers"), "0");
+  Press("cmdComplete");
+  EXPECT_EQ(Label("lblTransfers"), "1");
+  EXPECT_FALSE(IsVisible("cmdComplete"));
+  EXPECT_EQ(Note(), "Other halves made: 1. Edit, Undo takes them back.");
+  EXPECT_EQ(Amounts("Savings"), Texts{"10"});
+  CloseSummary();
 }
 
 TEST_F(Importing, TheColumnsAreProposedAndShownAsTheyWillBeRead) {
@@ -459,9 +502,9 @@ TEST_F(Importing, ACsvFileThatStopsComesBackToItsColumns) {
   EXPECT_EQ(Label("lblPreview"), "Shown: the first 50 rows, 49 transactions.");
   const std::string stop = "The import stopped at line 62: \"99/99/2026\" is no date.";
   Machine().prompts.ExpectChoose(
-      kTitle, stop + "\r\nTransactions imported so far: 60\r\nDo you want to keep them?", 1);
+      kTitle, stop + "\r\nTransactions before that: 60\r\nDo you want to keep them?", {});
   ExpectRefusal("cmdAcceptCSV", stop, "cmbColDate");
-  EXPECT_EQ(Note().toStdString(), stop + " Everything was taken back.");
+  EXPECT_EQ(Note().toStdString(), stop + " Nothing was imported.");
   EXPECT_EQ(Text("cmbColDate"), "col1");
   EXPECT_EQ(Rows("Bank"), Texts{});
 }
@@ -487,13 +530,15 @@ TEST_F(Importing, TheWindowOpensOnWhatIsGivenAndSaysWhetherItChangedAnything) {
   const ExchangePlace place{Machine().Get(), Ledger(), nullptr};
   const std::string file = Write("bank.qif", kQif);
   InNextDialog([](QDialog& dialog) { EXPECT_EQ(FocusOf(dialog), "cmbAccount"); });
-  EXPECT_FALSE(OpenImport(bank_, file, place));
+  EXPECT_FALSE(OpenImport(bank_, file, place).isChanged);
   ExpectMessage(kComplete);
   InNextDialog([](QDialog& dialog) {
     Click(dialog, "cmdAccept");
     Click(dialog, "cmdClose");
   });
-  EXPECT_TRUE(OpenImport(bank_, file, place));
+  const ImportResult result = OpenImport(bank_, file, place);
+  EXPECT_TRUE(result.isChanged);
+  EXPECT_EQ(result.accountId, bank_);
 }
 
 TEST_F(Importing, TheRegisterIsExportedAsItStands) {

@@ -1,6 +1,7 @@
 // What happens around the records: duplicates, stops, undo, faulty files.
 #include "exchange/ExchangeTest.h"
 #include "exchange/FileText.h"
+#include "exchange/ImportEditor.h"
 #include "support/FaultVfs.h"
 
 #include <sys/stat.h>
@@ -84,19 +85,114 @@ TEST_F(ImportFlow, ProgressAndCancel) {
   EXPECT_EQ(Machine().progress.Texts()[0], "Please wait processing file...");
   EXPECT_EQ(Machine().progress.Texts()[1], "Please wait importing records...");
   EXPECT_EQ(Machine().progress.Status(), "");
+  // One yield is for reading the file, and one for each record that is looked at before any is
+  // written: the first of the two stops is among those, the second between the writes.
   const std::string more = "D16/2/2020\nT-4\n^\nD17/2/2020\nT-5\n^\nD18/2/2020\nT-6\n^\n";
-  for (const bool keeps : {false, true}) {
-    job_.keepIncomplete.reset();
-    Machine().prompts.ExpectChoose("File Import",
-                                   "The import was cancelled.\r\nTransactions imported so far: "
-                                   "2\r\nDo you want to keep them?",
-                                   keeps ? 0 : 1);
-    Machine().progress.StopAfter(Machine().progress.Yields() + 2);  // one is for reading the file
+  for (const std::size_t yields : {2U, 5U}) {
+    Machine().progress.StopAfter(Machine().progress.Yields() + yields);
     const ImportSummary summary = ImportBank(more);
-    EXPECT_EQ(summary.outcome, keeps ? ImportOutcome::Kept : ImportOutcome::TakenBack);
-    EXPECT_EQ(Amounts("Mine"),
-              keeps ? (Texts{"-1", "-2", "-3", "-4", "-5"}) : (Texts{"-1", "-2", "-3"}));
+    EXPECT_EQ(summary.outcome, ImportOutcome::Dropped);
+    EXPECT_EQ(summary.stop, "The import was cancelled.");
+    EXPECT_TRUE(summary.BookedNothing());
+    EXPECT_EQ(Amounts("Mine"), (Texts{"-1", "-2", "-3"}));
   }
+  EXPECT_EQ(Count("tblPayees Where Payee = 'Transfer'"), 0) << "nothing of it stays";
+}
+
+TEST_F(ImportFlow, WhoTurnsAwayFromTheQuestionKeepsNothing) {
+  job_.keepIncomplete.reset();
+  job_.accountId = AddAccount("Mine");
+  ASSERT_TRUE(job_.csv.SetColumns("DATE:1,PAYEE:2,INCOME:3,EXPENSE:3"));
+  for (const std::optional<std::size_t> answer : {std::optional<std::size_t>(), {1}, {0}}) {
+    Machine().prompts.ExpectChoose("File Import",
+                                   "The import stopped at line 3: \"31/02/2020\" is no date.\r\n"
+                                   "Transactions before that: 2\r\nDo you want to keep them?",
+                                   answer);
+    const ImportSummary summary =
+        Import("13/02/2020,A,1\n14/02/2020,B,2\n31/02/2020,C,3\n15/02/2020,D,4\n", "file.csv");
+    const bool keeps = answer == std::optional<std::size_t>(0);
+    EXPECT_EQ(summary.outcome, keeps ? ImportOutcome::Kept : ImportOutcome::Dropped);
+    EXPECT_EQ(Amounts("Mine").size(), keeps ? 2U : 0U);
+  }
+}
+
+// Two coffees of one day are two.
+TEST_F(ImportFlow, OneRowOfTheLedgerAnswersForOneRowOfTheFile) {
+  const std::string coffee = "D13/2/2020\nT-3\nPCoffee\n^\n";
+  ImportBank(coffee);
+  ImportSummary summary = ImportBank(coffee + coffee + coffee);
+  EXPECT_EQ(summary.imported, 2U);
+  EXPECT_EQ(summary.duplicates, 1U);
+  job_.duplicates = DuplicateAnswer::Ask;
+  ExpectQuestion(1);
+  ExpectQuestion(0);  // it is not the second one in the ledger
+  ExpectQuestion(3);
+  summary = ImportBank(coffee + coffee + coffee + coffee + coffee);
+  EXPECT_EQ(summary.imported, 2U) << "one that was said to be new, and one too many for the ledger";
+  EXPECT_EQ(summary.duplicates, 3U);
+}
+
+TEST_F(ImportFlow, TheSummaryNamesTheAccounts) {
+  AddAccount("Known");
+  const ImportSummary summary = Import("!Account\nNKnown\n^\n!Type:Bank\n" + std::string(kThree) +
+                                       "!Account\nNNew\n^\n!Type:Bank\nD16/2/2020\nT-4\n^\n");
+  EXPECT_NE(summary.Text().find("Into Known: 3\nInto the new account New: 1\n"), std::string::npos)
+      << summary.Text();
+  const std::int64_t known = summary.AccountToShow(0);
+  ASSERT_EQ(summary.accounts.size(), 2U);
+  EXPECT_EQ(known, summary.accounts[0].accountId);
+  EXPECT_EQ(summary.AccountToShow(summary.accounts[1].accountId), summary.accounts[1].accountId);
+}
+
+TEST_F(ImportFlow, TheChosenAccountTakesAllWhereThePersonSaysSo) {
+  const std::int64_t everyday = AddAccount("Everyday");
+  AddAccount("Savings");
+  job_.chosenTakesAll = true;
+  Import("!Account\nNChecking\n^\n!Type:Bank\n" + std::string(kThree) +
+             // The account's own name in the file: an opening balance, and no transfer.
+             "D16/2/2020\nT500\nPOpening Balance\nL[Checking]\n^\n",
+         "a.qif", everyday);
+  EXPECT_EQ(AccountNames(), (Texts{"Everyday", "Savings"}));
+  EXPECT_EQ(Amounts("Everyday"), (Texts{"-1", "-2", "-3", "500"}));
+  EXPECT_EQ(Count("tblCategory Where Category = 'Account:Checking'"), 0);
+  EXPECT_EQ(ledger_.ReadAccount(everyday)->accountNo, "");
+}
+
+class LoneHalves : public ImportFlow {
+ protected:
+  LoneHalves() {
+    AddAccount("Savings");
+    AddAccount("Euros", {}, kEuros);
+    AddAccount("Old", {}, kPounds, true);
+    summary_ = ImportBank(
+        "D13/2/2020\nT-10\nPMove\nMnote\nN7\nL[savings]\n^\nD14/2/2020\nT20\nPMove\nL[Savings]\n^\n"
+        // Cannot be made: what came in is not known, the account is closed or is none.
+        "D15/2/2020\nT-30\nPMove\nL[Euros]\n^\nD16/2/2020\nT-40\nPMove\nL[Old]\n^\n"
+        "D17/2/2020\nT-50\nPMove\nL[Nowhere]\n^\n"
+        "D18/2/2020\nT-60\nPMove\nL[Savings]\nSFood\n$-60\n^\n");
+  }
+  ImportSummary summary_;
+};
+
+TEST_F(LoneHalves, AreCompletedInOneStepThatCanBeTakenBack) {
+  EXPECT_EQ(summary_.transfers, 0U);
+  EXPECT_EQ(summary_.loneHalves, 5U);
+  EXPECT_EQ(summary_.completable.size(), 2U);
+  EXPECT_NE(summary_.Text().find("Transfers without their other half: 5\n"), std::string::npos);
+  const Texts before = Rows("Mine");
+  ImportEditor editor(ledger_, Machine().Get());
+  EXPECT_EQ(editor.CompleteTransfers(summary_), 2U);
+  EXPECT_EQ(summary_.loneHalves, 3U);
+  EXPECT_EQ(summary_.transfers, 2U);
+  EXPECT_EQ(Rows("Savings"),
+            (Texts{"2020-02-13|Transfer|Credit|10||note", "2020-02-14|Transfer|Debit|-20||"}));
+  EXPECT_EQ(Rows("Mine")[0], "2020-02-13|Transfer|Debit|-10|7|note");
+  EXPECT_EQ(Count("tblTransactions Where TransferID <> 0"), 4);
+  EXPECT_EQ(editor.CompleteTransfers(summary_), 0U);
+  ledger_.Undo().Undo();
+  EXPECT_EQ(Rows("Savings"), Texts{});
+  EXPECT_EQ(Rows("Mine"), before);
+  EXPECT_EQ(ledger_.Undo().UndoName(), "File Import");
 }
 
 // The question's own cancel, before anything was written: the former step stays.
@@ -106,6 +202,7 @@ TEST_F(ImportFlow, CancellingTheFirstQuestionLeavesEarlierStepsAlone) {
   ExpectQuestion(std::nullopt);
   const ImportSummary summary = ImportBank(kThree);
   EXPECT_EQ(summary.stop, "The import was cancelled.");
+  EXPECT_EQ(summary.outcome, ImportOutcome::Dropped);
   EXPECT_EQ(Amounts("Mine").size(), 3U);
   EXPECT_EQ(ledger_.Undo().UndoName(), "File Import");
 }
@@ -181,8 +278,9 @@ class ImportCrash : public ExchangeTest, public testing::WithParamInterface<Faul
   }
 };
 
-// A program that dies, or a disk that fills, in the middle leaves whole records.
-TEST_P(ImportCrash, LeavesWholeRecords) {
+// A program that dies, or a disk that fills, in the middle leaves the whole file or nothing of it,
+// and the same file again brings every row exactly once.
+TEST_P(ImportCrash, LeavesAllOrNothing) {
   const std::string path = Write("file.qif", Splits());
   const std::string password = store_.Password();
   store_.Close();
@@ -197,6 +295,17 @@ TEST_P(ImportCrash, LeavesWholeRecords) {
       const auto store = Connection::Open({store_.Path(), password, {}}, Machine().clock);
       EXPECT_EQ(LedgerProblems(*store), Texts{});
       EXPECT_TRUE(store->Check().empty());
+      const auto rows = [&] {
+        return store->QueryValue("SELECT COUNT(*) FROM tblTransactions").Int();
+      };
+      EXPECT_TRUE(rows() == 0 || rows() == 120) << rows();
+      if (at % 8 == 1) {
+        clsCorvanta ledger(*store, Machine().Get());
+        ImportJob again = job_;
+        again.path = path;
+        EXPECT_EQ(FileImport(ledger, Machine().Get()).Run(again).outcome, ImportOutcome::Complete);
+        EXPECT_EQ(rows(), 120);
+      }
     }
     std::ofstream(store_.Path(), std::ios::binary) << before;
   }

@@ -130,23 +130,62 @@ TEST(OfxEntities, AreResolvedWhereTheyAreSome) {
   }
 }
 
-// A bank's own mark makes a duplicate certain; nobody is asked.
+// A bank's own mark makes a duplicate certain; nobody is asked. Two marks are two transactions.
 TEST_F(OfxImport, BankIds) {
-  const std::string coffees = Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c1<NAME>Coffee") +
-                              Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c2<NAME>Coffee");
+  const auto coffee = [](const std::string& id) {
+    return Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>" + id + "<NAME>Coffee");
+  };
   job_.duplicates = DuplicateAnswer::Ask;
-  EXPECT_EQ(ImportOfx(Statement("1", coffees)).imported, 2U);
-  const ImportSummary again = ImportOfx(Statement("1", coffees));
-  EXPECT_EQ(again.imported, 0U);
+  EXPECT_EQ(ImportOfx(Statement("1", coffee("c1") + coffee("c2"))).imported, 2U);
+  const ImportSummary again = ImportOfx(Statement("1", coffee("c3") + coffee("c2") + coffee("c1")));
+  EXPECT_EQ(again.imported, 1U);
   EXPECT_EQ(again.duplicates, 2U);
-  Machine().prompts.ExpectChoose("File Import",
-                                 "Duplicate record found for Tea On 13/02/2020 for -3.00\r\n"
-                                 "Matching on Coffee On 13/02/2020 for -3.00\r\n"
-                                 "Do you want to import duplicate record?",
-                                 0);
-  EXPECT_EQ(ImportOfx(Statement("1", Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>c3<NAME>Tea")))
-                .imported,
-            1U);
+  EXPECT_EQ(ImportOfx(Statement("1", coffee("1004"))).imported, 1U);
+  EXPECT_EQ(ImportOfx(Statement("1", coffee("1005"))).imported, 1U);
+}
+
+TEST_F(OfxImport, MarksThatMayBeNoneAreAskedAbout) {
+  const auto expectQuestion = [this] {
+    Machine().prompts.ExpectChoose("File Import",
+                                   "Duplicate record found for Tea On 13/02/2020 for -3.00\r\n"
+                                   "Matching on Shop On 13/02/2020 for -3.00\r\n"
+                                   "Do you want to import duplicate record?",
+                                   1);
+  };
+  const auto tea = [](const std::string& id) {
+    return Transaction("<DTPOSTED>20200213<TRNAMT>-3<FITID>" + id + "<NAME>Tea");
+  };
+  job_.duplicates = DuplicateAnswer::Ask;
+  // The number of a cheque, in an account that got rows without one, too.
+  AddAccount("1", "1");
+  const std::string shop = "D13/2/2020\nT-3\nN101\nPShop\n^\n";
+  Import("!Account\nN1\n^\n!Type:Bank\n" + shop + "D14/2/2020\nT-4\nPShop\n^\n");
+  expectQuestion();
+  EXPECT_EQ(ImportOfx(Statement("1", tea("a1"))).duplicates, 1U);
+  // A mark that stands on several entries says nothing of any.
+  Import("!Account\nN2\n^\n!Type:Bank\nD13/2/2020\nT-3\nNabc\nPShop\n^\n");
+  expectQuestion();
+  EXPECT_EQ(ImportOfx(Statement("2", tea("0") + tea("0"))).duplicates, 1U);
+}
+
+TEST_F(OfxImport, NumbersAreComparedWithoutBlanksAndDashes) {
+  AddAccount("Everyday", "GB12 3456-7890");
+  ImportOfx(Statement("gb1234567890", Transaction("<DTPOSTED>20200213<TRNAMT>-3<NAME>Tea")));
+  EXPECT_EQ(AccountNames(), Texts{"Everyday"});
+  EXPECT_EQ(Amounts("Everyday"), Texts{"-3"});
+}
+
+// The account that the person names for a number is known by it from then on.
+TEST_F(OfxImport, TheNumberIsNotedOnTheAccountThatTakesIt) {
+  const std::int64_t everyday = AddAccount("Everyday");
+  job_.chosenTakesAll = true;
+  ImportOfx(Statement("123-45", Transaction("<DTPOSTED>20200213<TRNAMT>-3<NAME>Tea")), everyday);
+  EXPECT_EQ(ledger_.ReadAccount(everyday)->accountNo, "123-45");
+  EXPECT_EQ(AccountNames(), Texts{"Everyday"});
+  job_.chosenTakesAll = false;
+  job_.accountId = 0;
+  ImportOfx(Statement("12345", Transaction("<DTPOSTED>20200214<TRNAMT>-4<NAME>Tea")));
+  EXPECT_EQ(Amounts("Everyday"), (Texts{"-3", "-4"}));
 }
 
 }  // namespace

@@ -37,18 +37,21 @@ TEST_F(QifImport, AccountsOfAFile) {
       {"", "Chosen", {"Chosen"}},
       {"!Account\nNA\n^\n", "A", {"Chosen", "A"}},
       {"!Account\nNA\nDnote\n^\nNB\n^\n", "B", {"Chosen", "A", "B"}},
-      // A list that was switched off, one that never was, and one without a block of its own.
+      // A list chooses nothing: one that was switched off, one that never was, and one without a
+      // block of its own. One account alone before its transactions is no list.
       {"!Option:AutoSwitch\n!Account\nNA\n^\nNB\n^\n!Clear:AutoSwitch\n!Account\nNA\n^\n",
        "A",
        {"Chosen", "A", "B"}},
-      {"!Option:AutoSwitch\n!Account\nNA\n^\nNB\n^\n", "B", {"Chosen", "A", "B"}},
-      {"!Option:AutoSwitch\nNA\n^\nNB\n", "B", {"Chosen", "A", "B"}},
+      {"!Option:AutoSwitch\n!Account\nNA\n^\n!Clear:AutoSwitch\n", "Chosen", {"Chosen", "A"}},
+      {"!Option:AutoSwitch\n!Account\nNA\n^\nNB\n^\n", "Chosen", {"Chosen", "A", "B"}},
+      {"!Option:AutoSwitch\nNA\n^\nNB\n", "Chosen", {"Chosen", "A", "B"}},
+      {"!Option:AutoSwitch\n!Account\nNA\n^\nNB\n^\n!Account\nNB\n^\n", "B", {"Chosen", "A", "B"}},
       {"!Option:AutoSwitch\n!Option:AutoSwitch\n!Account\nNchosen\n^\n", "Chosen", {"Chosen"}},
       // Lists of other things name none, also while the list of accounts was not switched off.
       {"!Option:AutoSwitch\n!Account\nNA\n^\n!Type:Cat\nNFood\nE\n^\n!Type:Class\nNc\n^\n"
        "!Type:Security\nNShare\nSSHR\n^\n!Type:Prices\n\"SHR\",1,\"1/1/20\"\n^\n"
        "!Type:Memorized\nKP\nT5\nD1/1/2020\nNx\n^\n",
-       "A",
+       "Chosen",
        {"Chosen", "A"}},
   };
   const std::int64_t chosen = AddAccount("Chosen");

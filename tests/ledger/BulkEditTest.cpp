@@ -73,6 +73,50 @@ TEST_F(BulkEditing, LinesFollowTheirParent) {
   EXPECT_EQ(Amount(key), -3);
 }
 
+TEST_F(BulkEditing, SeveralRowsAreChangedTogetherOrNotAtAll) {
+  ledger_.Undo().Start();
+  const std::vector<std::int64_t> keys = {Add(bank_, -1), Add(bank_, -2), Add(bank_, -3)};
+  const auto sum = [&] { return Db().QueryValue("SELECT SUM([Amount]) FROM tblTransactions"); };
+  const std::int64_t settled = Count("tblTransactions WHERE BankChk = 1");
+  const std::string last = ledger_.Undo().UndoName();
+  BulkChange reverse;
+  reverse.type = TypeChange::Reverse;
+  const auto each = [&](const auto& stopped, const auto& failed) {
+    auto& progress = store_.platform.progress;
+    progress.StopAfter(progress.Yields() + 1);
+    stopped();
+    progress.StopAfter(static_cast<std::size_t>(-1));
+    progress.FailAfter(progress.Yields() + 1);
+    EXPECT_THROW(failed(), StoreError);
+    progress.FailAfter(static_cast<std::size_t>(-1));
+    EXPECT_EQ(sum().Double(), -6) << "asked for again it must not turn some of them back";
+    EXPECT_EQ(Count("tblTransactions WHERE BankChk = 1"), settled);
+    EXPECT_EQ(ledger_.Undo().UndoName(), last) << "nothing to take back";
+    EXPECT_EQ(progress.Steps().back(), (std::pair<std::size_t, std::size_t>{0, 0}));
+  };
+  each([&] { EXPECT_EQ(ledger_.BulkEdit(keys, reverse), std::nullopt); },
+       [&] { (void)ledger_.BulkEdit(keys, reverse); });
+  each([&] { EXPECT_FALSE(ledger_.ApplyStatus(StatusCommand::Cleared, keys, false)); },
+       [&] { (void)ledger_.ApplyStatus(StatusCommand::Cleared, keys, false); });
+  each([&] { EXPECT_FALSE(ledger_.DeleteTransactions(keys)); },
+       [&] { (void)ledger_.DeleteTransactions(keys); });
+  each([&] { EXPECT_EQ(ledger_.PasteTransactions(keys, savings_), 0); },
+       [&] { (void)ledger_.PasteTransactions(keys, savings_); });
+  EXPECT_EQ(ledger_.BulkEdit(keys, reverse), 3U);
+  EXPECT_EQ(sum().Double(), 6);
+}
+
+TEST_F(BulkEditing, WhatDidNotChangeIsNotCounted) {
+  const auto [from, to] = AddTransfer(bank_, savings_, 25);
+  const std::vector<std::int64_t> keys = {Add(bank_, -1), Add(bank_, 2), from, to, 4711};
+  BulkChange change;
+  change.type = TypeChange::Income;
+  EXPECT_EQ(ledger_.BulkEdit(keys, change), 1U);
+  EXPECT_EQ(ledger_.BulkEdit(keys, change), 0U);
+  change.status = TransactionStatus::Cleared;
+  EXPECT_EQ(ledger_.BulkEdit(keys, change), 4U);
+}
+
 TEST_F(BulkEditing, TypesFlipTheSignWhereItDiffers) {
   const std::int64_t key = Add(bank_, -1.5);
   EXPECT_EQ(Changed(key, TypeChange::Expense), -1.5);

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 
@@ -33,6 +34,45 @@ TEST(Files, WritesAndReplacesLeavingNothingBeside) {
   EXPECT_TRUE(FolderExists(folder.Path("d/e/f")));
   EXPECT_THROW(files.WriteAtomically(folder.Path("d"), "over a folder"), PlatformError);
   EXPECT_THROW(files.CreateFolder(path), PlatformError);
+  EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
+TEST(Files, KeepsALinkAndReplacesWhatItPointsTo) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const std::string target = folder.Write("target.txt", "old");
+  const std::string link = folder.Path("link.txt");
+  std::filesystem::create_symlink("target.txt", link);
+  files.WriteAtomically(link, "new");
+  EXPECT_TRUE(std::filesystem::is_symlink(link));
+  EXPECT_EQ(ReadFile(target), "new");
+  const std::string dangling = folder.Path("dangling.txt");
+  std::filesystem::create_symlink("nothing.txt", dangling);
+  EXPECT_THROW(files.WriteAtomically(dangling, "x"), PlatformError);
+  std::filesystem::create_symlink("/dev/null", folder.Path("null.txt"));
+  EXPECT_THROW(files.WriteAtomically(folder.Path("null.txt"), "x"), PlatformError);
+  const std::string pipe = folder.Path("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_THROW(files.WriteAtomically(pipe, "x"), PlatformError);
+  // A link of another user may be a trap.
+  if (::geteuid() == 0) {
+    ASSERT_EQ(::lchown(link.c_str(), 12345, 12345), 0);
+    EXPECT_THROW(files.WriteAtomically(link, "x"), PlatformError);
+  }
+  EXPECT_EQ(ReadFile(target), "new");
+  EXPECT_EQ(FilesIn(folder.Path()), 5U);
+}
+
+TEST(Files, ANewFileReplacesNothing) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const std::string path = folder.Path("a.txt");
+  files.WriteNew(path, "one");
+  EXPECT_THROW(files.WriteNew(path, "two"), PlatformError);
+  EXPECT_EQ(ReadFile(path), "one");
+  const std::string link = folder.Path("link.txt");
+  std::filesystem::create_symlink("nothing.txt", link);
+  EXPECT_THROW(files.WriteNew(link, "x"), PlatformError);
   EXPECT_EQ(FilesIn(folder.Path()), 2U);
 }
 

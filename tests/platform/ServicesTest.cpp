@@ -14,10 +14,14 @@
 #include <unistd.h>
 
 #include <array>
+#include <bit>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <limits>
 #include <sstream>
+#include <string>
+#include <vector>
 
 namespace corvanta {
 namespace {
@@ -53,23 +57,72 @@ TEST(ConsolePrompts, AnswersFromItsOptions) {
   ::close(pipe[0]);
 }
 
-TEST(XlsxSpreadsheet, WritesAFileOfItsKind) {
-  const TemporaryFolder folder;
-  XlsxSpreadsheet spreadsheet;
+TEST(WorkbookSpreadsheet, RendersAFileOfItsKind) {
+  WorkbookSpreadsheet spreadsheet;
   SpreadsheetTable table{"Income/Expense [2026]: a very long name?", {"Name", "Amount"}, {}};
   table.rows.push_back({std::string("Käse & <Brot>"), -12.5});
   table.rows.push_back({std::monostate{}, std::numeric_limits<double>::infinity()});
   table.rows.push_back({std::string(40000, 'x'), 1.0, std::string("beyond the headers")});
-  const std::string path = folder.Path("list.xlsx");
-  spreadsheet.Write(table, path);
-  EXPECT_EQ(ReadFile(path).substr(0, 4), "PK\x03\x04");
+  EXPECT_TRUE(spreadsheet.Render(table, SpreadsheetForm::Xlsx).starts_with("PK\x03\x04"));
   for (const char* name :
        {"", "'''", "History", "\\/?*[]:", "üüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüü"}) {
     table.name = name;
-    EXPECT_NO_THROW(spreadsheet.Write(table, path)) << name;
+    EXPECT_NO_THROW((void)spreadsheet.Render(table, SpreadsheetForm::Xlsx)) << name;
   }
-  EXPECT_THROW(spreadsheet.Write(table, folder.Path("no/list.xlsx")), PlatformError);
-  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.Path()), {}), 1);
+}
+
+std::uint64_t NumberAt(const std::string& bytes, std::size_t at, int count) {
+  std::uint64_t number = 0;
+  for (int i = 0; i < count; ++i) {
+    number |= static_cast<std::uint64_t>(static_cast<unsigned char>(bytes.at(at + i))) << (8 * i);
+  }
+  return number;
+}
+
+// The cells of the sheet as "row,column=value", read record by record.
+std::vector<std::string> CellsOf(const std::string& workbook) {
+  constexpr std::size_t kStream = 512;
+  std::vector<std::string> cells;
+  std::size_t ends = 0;
+  for (std::size_t at = kStream; ends < 2;) {
+    const std::uint64_t kind = NumberAt(workbook, at, 2);
+    const std::size_t body = at + 4;
+    const std::string place = std::to_string(NumberAt(workbook, body, 2)) + "," +
+                              std::to_string(NumberAt(workbook, body + 2, 2)) + "=";
+    if (kind == 0x0203) {
+      cells.push_back(place +
+                      std::to_string(std::bit_cast<double>(NumberAt(workbook, body + 6, 8))));
+    } else if (kind == 0x0204) {
+      std::string text;
+      for (std::size_t i = 0; i < NumberAt(workbook, body + 6, 2) && i < 20; ++i) {
+        const std::uint64_t unit = NumberAt(workbook, body + 9 + 2 * i, 2);
+        text += unit < 128 ? static_cast<char>(unit) : '?';
+      }
+      cells.push_back(place + text);
+    }
+    if (kind == 0x000A) ++ends;
+    at = body + NumberAt(workbook, at + 2, 2);
+  }
+  return cells;
+}
+
+TEST(WorkbookSpreadsheet, RendersTheOlderFormUnderItsOwnName) {
+  WorkbookSpreadsheet spreadsheet;
+  SpreadsheetTable table{"List", {"Name", "Amount"}, {}};
+  table.rows.push_back({std::string("Käse"), -12.5});
+  table.rows.push_back({std::string("=1+1"), std::monostate{}});
+  const std::string small = spreadsheet.Render(table, SpreadsheetForm::Xls);
+  EXPECT_TRUE(small.starts_with("\xD0\xCF\x11\xE0"));
+  EXPECT_EQ(small.size() % 512, 0U);
+  EXPECT_EQ(CellsOf(small), (std::vector<std::string>{"0,0=Name", "0,1=Amount", "1,0=K?se",
+                                                      "1,1=-12.500000", "2,0==1+1"}));
+  // So large that the table of the file's sectors needs lists of its own.
+  table.rows.assign(65535, {std::string(60, 'x'), 1.0});
+  const std::string large = spreadsheet.Render(table, SpreadsheetForm::Xls);
+  EXPECT_GT(large.size(), 8U << 20U);
+  EXPECT_EQ(CellsOf(large).size(), 2U + 2U * 65535U);
+  table.rows.push_back({});
+  EXPECT_THROW((void)spreadsheet.Render(table, SpreadsheetForm::Xls), PlatformError);
 }
 
 TEST(SystemMachineValue, IsPositiveAndStable) {

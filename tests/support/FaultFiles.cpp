@@ -31,4 +31,9 @@ void FaultFiles::WriteAtomically(const std::string& path, std::string_view text)
   files_.WriteAtomically(path, text);
 }
 
+void FaultFiles::WriteNew(const std::string& path, std::string_view text) {
+  Count(path);
+  files_.WriteNew(path, text);
+}
+
 }  // namespace corvanta

@@ -14,6 +14,7 @@ class FaultFiles : public Files {
   void Remove(const std::string& path) override;
   void CreateFolder(const std::string& path) override;
   void WriteAtomically(const std::string& path, std::string_view text) override;
+  void WriteNew(const std::string& path, std::string_view text) override;
 
  private:
   void Count(const std::string& path);

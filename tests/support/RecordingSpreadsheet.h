@@ -4,21 +4,22 @@
 
 namespace corvanta {
 
-// Records the tables that would have been written.
+// Records the tables that a spreadsheet would have been made of.
 class RecordingSpreadsheet : public Spreadsheet {
  public:
   struct Record {
     SpreadsheetTable table;
-    std::string path;
+    SpreadsheetForm form;
   };
-  [[nodiscard]] const std::vector<Record>& Written() const { return written_; }
+  [[nodiscard]] const std::vector<Record>& Rendered() const { return rendered_; }
 
-  void Write(const SpreadsheetTable& table, const std::string& path) override {
-    written_.push_back({table, path});
+  std::string Render(const SpreadsheetTable& table, SpreadsheetForm form) override {
+    rendered_.push_back({table, form});
+    return "spreadsheet";
   }
 
  private:
-  std::vector<Record> written_;
+  std::vector<Record> rendered_;
 };
 
 }  // namespace corvanta

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Progress.h"
+
+#include <string>
+
+namespace corvanta {
+
+// The words of a long operation in the status bar, which go with it however it ends.
+class StatusWords {
+ public:
+  StatusWords(Progress& progress, const std::string& words)
+      : progress_(progress), former_(progress.SetStatus(words)) {}
+  ~StatusWords() { progress_.SetStatus(former_); }
+  StatusWords(const StatusWords&) = delete;
+  StatusWords& operator=(const StatusWords&) = delete;
+
+ private:
+  Progress& progress_;
+  std::string former_;
+};
+
+}  // namespace corvanta
