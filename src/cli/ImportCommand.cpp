@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/Session.h"
+#include "exchange/Encoding.h"
 #include "exchange/ImportEditor.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
@@ -26,6 +27,10 @@ std::string RowsFault(const std::string& text) {
   const bool isNumber = !text.empty() && text.size() <= 4 &&
                         text.find_first_not_of("0123456789") == std::string::npos;
   return isNumber ? "" : "'" + text + "' is no number of rows";
+}
+
+std::string EncodingFault(const std::string& text) {
+  return IsEncoding(text) ? "" : "'" + text + "' is no encoding such as windows-1250";
 }
 
 DuplicateAnswer AnswerOf(const std::string& text) {
@@ -72,6 +77,13 @@ CLI::App* ImportCommand::Declare(CLI::App& parser) {
                    "Mark before decimals: point or comma (default: as the file shows)")
       ->type_name("MARK")
       ->transform(CLI::Validator(OneOf({"point", "comma"}), ""));
+  command
+      ->add_option(
+          "--encoding", encoding_,
+          "Encoding of the file's text, such as UTF-8, windows-1250 or shift_jis (default: "
+          "as the file shows)")
+      ->type_name("NAME")
+      ->check(EncodingFault);
   DeclareCsv(*command);
   return command;
 }
@@ -80,7 +92,7 @@ void ImportCommand::DeclareCsv(CLI::App& command) {
   command
       .add_option("--map", map_,
                   "Columns of a CSV file: DATE:1,PAYEE:2,CATEGORY:3,INCOME:4,EXPENSE:5, and SIGN:6 "
-                  "for one that says debit or credit")
+                  "for one that says debit or credit, DESCRIPTION:7, REFERENCE:8, NUMBER:9")
       ->type_name("COLUMNS")
       ->check(MapFault);
   command.add_option("--skip", skip_, "Rows of a CSV file before the first transaction")
@@ -91,6 +103,14 @@ void ImportCommand::DeclareCsv(CLI::App& command) {
       ->check(SeparatorFault);
   command.add_flag("--zero-is-empty", zeroIsEmpty_,
                    "A zero in one of two amount columns of a CSV file stands for nothing");
+  command
+      .add_option("--debit", debit_,
+                  "What the sign column says of money out, with commas between several words")
+      ->type_name("WORDS")
+      ->check(EmptyFault);
+  command.add_option("--credit", credit_, "The same of money in")
+      ->type_name("WORDS")
+      ->check(EmptyFault);
   command.add_option("--mapping", mapping_, "The saved mapping of a CSV file")
       ->type_name("NAME")
       ->check(EmptyFault);
@@ -115,6 +135,7 @@ ExitStatus ImportCommand::Run(Session& session) {
   if (!decimal_.empty()) {
     form.decimalMark = decimal_ == "point" ? DecimalMark::Point : DecimalMark::Comma;
   }
+  form.encoding = encoding_;
   ImportEditor editor(ledger, session.Machine());
   std::optional<Warning> warning = Check(editor, form);
   if (!warning && editor.Kind() == ImportKind::Csv) warning = SetCsv(editor, form);
@@ -138,11 +159,15 @@ std::optional<Warning> ImportCommand::SetCsv(ImportEditor& editor, ImportForm& f
       return Warning{kFileImport, "There is no mapping \"" + mapping_ + "\".", ""};
     }
     form = editor.WithMapping(mapping_, form);
+    if (!encoding_.empty()) form.encoding = encoding_;
+    if (auto warning = editor.Open(form.file, form.encoding)) return warning;
   }
   if (!map_.empty() && !form.csv.SetColumns(map_)) return Warning{kFileImport, map_, ""};
   if (!skip_.empty()) form.skip = skip_;
   if (!separator_.empty()) form.separator = separator_;
   if (zeroIsEmpty_) form.csv.zeroIsEmpty = true;
+  if (!debit_.empty()) form.csv.debitWords = debit_;
+  if (!credit_.empty()) form.csv.creditWords = credit_;
   if (form.decimalMark) form.csv.decimalMark = form.decimalMark;
   if (form.dateOrder) {
     form.csv.order = *form.dateOrder;

@@ -37,6 +37,9 @@ class ImportCommand : public Command {
   std::string separator_;
   bool zeroIsEmpty_ = false;
   bool completesTransfers_ = false;
+  std::string debit_;
+  std::string credit_;
+  std::string encoding_;
   std::string mapping_;
   std::string saveMapping_;
 };

@@ -1,5 +1,6 @@
 #include "exchange/CsvMapping.h"
 
+#include "exchange/BankWords.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>
@@ -17,19 +18,20 @@ constexpr std::array<std::pair<DateOrder, std::string_view>, 3> kOrders = {
      {DateOrder::MonthDayYear, "Month/Day/Year"},
      {DateOrder::YearMonthDay, "Year/Month/Day"}}};
 
-constexpr std::array<std::pair<std::string_view, int CsvMapping::*>, 6> kColumns = {
+constexpr std::array<std::pair<std::string_view, int CsvMapping::*>, 9> kColumns = {
     {{"DATE", &CsvMapping::date},
      {"PAYEE", &CsvMapping::payee},
      {"CATEGORY", &CsvMapping::category},
      {"INCOME", &CsvMapping::income},
      {"EXPENSE", &CsvMapping::expense},
-     {"SIGN", &CsvMapping::sign}}};
+     {"SIGN", &CsvMapping::sign},
+     {"DESCRIPTION", &CsvMapping::description},
+     {"REFERENCE", &CsvMapping::reference},
+     {"NUMBER", &CsvMapping::number}}};
+constexpr std::size_t kAlwaysNamed = 5;  // of these; the others only where there are some
 
-// Words of banks for money out and money in. "S" and "H" are the German Soll and Haben.
-constexpr std::array<std::string_view, 11> kOut = {
-    "-", "d", "dr", "db", "debit", "dbit", "s", "out", "withdrawal", "payment", "expense"};
-constexpr std::array<std::string_view, 10> kIn = {"+", "c",  "cr",      "credit",  "crdt",
-                                                  "h", "in", "deposit", "receipt", "income"};
+// A saved mapping begins with it; one of a former version with its columns.
+constexpr std::string_view kVersion = "2";
 
 std::optional<int> WholeNumber(std::string_view text) {
   int number = 0;
@@ -51,12 +53,35 @@ std::vector<std::string_view> Divide(std::string_view text, char at) {
   }
 }
 
+constexpr std::string_view kBar = "|";
+
+// Without the bar that stands between the parts.
+std::string Part(std::string text) {
+  std::ranges::replace(text, '|', ' ');
+  return text;
+}
+
+std::string MarkText(std::optional<DecimalMark> mark) {
+  if (!mark) return "file";
+  return *mark == DecimalMark::Point ? "point" : "comma";
+}
+
+// The next part of the text, which is taken off; nullopt where there is none.
+std::optional<std::string_view> TakePart(std::string_view& text) {
+  const std::size_t end = text.find(kBar);
+  if (end == std::string_view::npos) return std::nullopt;
+  const std::string_view part = text.substr(0, end);
+  text.remove_prefix(end + 1);
+  return part;
+}
+
 }  // namespace
 
 std::string CsvMapping::ColumnsText() const {
   std::string text;
-  for (const auto& [name, column] : kColumns) {
-    if (name == "SIGN" && sign == 0) continue;
+  for (std::size_t i = 0; i < kColumns.size(); ++i) {
+    const auto& [name, column] = kColumns[i];
+    if (i >= kAlwaysNamed && this->*column == 0) continue;
     if (!text.empty()) text += ",";
     text += std::string(name) + ":" + std::to_string(this->*column);
   }
@@ -72,9 +97,9 @@ bool CsvMapping::SetColumns(std::string_view text) {
     const std::string_view name = Trim(item.substr(0, colon));
     const auto* const known = std::ranges::find_if(
         kColumns, [&](const auto& entry) { return EqualFolded(entry.first, name); });
-    const std::optional<int> number = WholeNumber(Trim(item.substr(colon + 1)));
-    if (known == kColumns.end() || !number) return false;
-    changed.*(known->second) = *number;
+    const std::optional<int> place = WholeNumber(Trim(item.substr(colon + 1)));
+    if (known == kColumns.end() || !place) return false;
+    changed.*(known->second) = *place;
   }
   *this = changed;
   return true;
@@ -100,41 +125,55 @@ std::optional<std::string> SeparatorOf(std::string_view text) {
   return std::string(text);
 }
 
-std::optional<int> SideOf(std::string_view cell) {
-  const std::string word = ToLower(Trim(cell));
-  if (word.empty()) return 0;
-  if (std::ranges::find(kOut, word) != kOut.end() || word == "\xE2\x88\x92") return -1;
-  if (std::ranges::find(kIn, word) != kIn.end()) return 1;
-  return std::nullopt;
+std::optional<int> SideOf(std::string_view cell, const CsvMapping& mapping) {
+  if (Trim(cell).empty()) return 0;
+  const std::string word = PlainWord(cell);
+  const auto isAmong = [&](std::string_view words) {
+    return std::ranges::any_of(Divide(words, ','), [&](std::string_view own) {
+      return !Trim(own).empty() && PlainWord(own) == word;
+    });
+  };
+  if (isAmong(mapping.debitWords)) return -1;
+  if (isAmong(mapping.creditWords)) return 1;
+  return SideOfWord(word);
 }
 
 std::string ToText(const SavedCsvMapping& saved) {
   const CsvMapping& mapping = saved.mapping;
-  std::string mark = "file";
-  if (mapping.decimalMark) mark = *mapping.decimalMark == DecimalMark::Point ? "point" : "comma";
-  return mapping.ColumnsText() + "|" + std::to_string(mapping.skip) + "|" +
-         (mapping.separator == "|"    ? "bar"
-          : mapping.separator == "\t" ? "tab"
-                                      : mapping.separator) +
-         "|" + std::string(DateOrderText(mapping.order)) + "|" + (mapping.zeroIsEmpty ? "1" : "0") +
-         "|" + mark + "|" + saved.header;
+  const std::string separator = mapping.separator == kBar   ? "bar"
+                                : mapping.separator == "\t" ? "tab"
+                                                            : mapping.separator;
+  std::string text(kVersion);
+  for (const std::string& part :
+       {mapping.ColumnsText(), std::to_string(mapping.skip), separator,
+        std::string(DateOrderText(mapping.order)), std::string(mapping.zeroIsEmpty ? "1" : "0"),
+        MarkText(mapping.decimalMark), saved.encoding, Part(mapping.debitWords),
+        Part(mapping.creditWords), saved.header}) {
+    text += kBar;
+    text += part;
+  }
+  return text;
 }
 
 std::optional<SavedCsvMapping> ReadSavedMapping(std::string_view text) {
-  constexpr std::size_t kParts = 6;
-  std::array<std::string_view, kParts> parts;
-  for (std::string_view& part : parts) {
-    const std::size_t end = text.find('|');
-    if (end == std::string_view::npos) return std::nullopt;
-    part = text.substr(0, end);
-    text.remove_prefix(end + 1);
+  constexpr std::size_t kFormerParts = 6;
+  constexpr std::size_t kMostParts = 9;
+  std::string_view rest = text;
+  const bool isFormer = TakePart(rest) != kVersion;
+  if (isFormer) rest = text;
+  std::array<std::string_view, kMostParts> parts;
+  for (std::size_t i = 0; i < (isFormer ? kFormerParts : kMostParts); ++i) {
+    const std::optional<std::string_view> part = TakePart(rest);
+    if (!part) return std::nullopt;
+    parts[i] = *part;
   }
-  const auto& [columns, skip, separator, order, zero, mark] = parts;
+  const auto& [columns, skip, separator, order, zero, mark, encoding, debit, credit] = parts;
   SavedCsvMapping saved;
-  saved.header = text;
+  saved.header = rest;
+  saved.encoding = encoding;
   CsvMapping& mapping = saved.mapping;
   const auto rows = WholeNumber(skip);
-  const auto sign = SeparatorOf(separator == "bar" ? std::string_view("|") : separator);
+  const auto sign = SeparatorOf(separator == "bar" ? kBar : separator);
   const auto dates = DateOrderOf(order);
   if (!mapping.SetColumns(columns) || !rows || !sign || !dates) return std::nullopt;
   mapping.skip = *rows;
@@ -143,6 +182,8 @@ std::optional<SavedCsvMapping> ReadSavedMapping(std::string_view text) {
   mapping.zeroIsEmpty = zero == "1";
   if (mark == "point") mapping.decimalMark = DecimalMark::Point;
   if (mark == "comma") mapping.decimalMark = DecimalMark::Comma;
+  mapping.debitWords = debit;
+  mapping.creditWords = credit;
   return saved;
 }
 

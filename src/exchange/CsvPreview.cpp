@@ -18,7 +18,7 @@ class RowReader {
   RowReader(std::string_view text, const CsvMapping& mapping, const Locale& locale)
       : mapping_(mapping), locale_(locale) {
     if (mapping.date == 0) return;
-    last_ = CsvReader(text, mapping, locale).LastLine();
+    end_ = CsvReader(text, mapping, locale).FindEnd();
     if (mapping.income == 0 || mapping.expense == 0) return;
     hasAmounts_ = true;
     StyleFinder finder;
@@ -29,8 +29,8 @@ class RowReader {
   }
 
   void Read(const CsvRow& row, CsvPreviewRow& shown) const {
-    shown.isSkipped =
-        shown.number <= mapping_.skip || row.IsBlank() || (mapping_.date != 0 && row.line > last_);
+    shown.isSkipped = shown.number <= mapping_.skip || row.IsBlank() ||
+                      (mapping_.date != 0 && row.line >= end_.line);
     ImportRecord record;
     if (!shown.isSkipped && hasAmounts_) {
       shown.isSkipped = !CsvReader::ReadRow(row, mapping_, record);
@@ -38,6 +38,8 @@ class RowReader {
     if (shown.isSkipped) return;
     shown.payee = row.Cell(mapping_.payee);
     shown.category = row.Cell(mapping_.category);
+    shown.description = row.Cell(mapping_.description);
+    shown.reference = CsvReader::ReferenceIn(row, mapping_);
     shown.problem = record.fault;
     if (mapping_.date != 0) ReadDate(std::string(row.Cell(mapping_.date)), shown);
     if (hasAmounts_) ReadAmount(record, shown);
@@ -64,8 +66,8 @@ class RowReader {
 
   const CsvMapping& mapping_;
   const Locale& locale_;
-  std::size_t last_ = 0;
-  DecimalMark mark_ = DecimalMark::Point;
+  CsvReader::End end_;
+  std::optional<DecimalMark> mark_;
   bool hasAmounts_ = false;
 };
 
@@ -81,6 +83,8 @@ std::vector<CsvRow> FirstRows(std::string_view text, std::string_view separator,
 
 CsvPreview ReadPreview(std::string_view text, const CsvMapping& mapping, const Locale& locale) {
   CsvPreview preview;
+  preview.hasDescriptions = mapping.description != 0;
+  preview.hasReferences = mapping.reference != 0 || mapping.number != 0;
   const RowReader reader(text, mapping, locale);
   const std::vector<CsvRow> rows = FirstRows(text, mapping.separator, kPreviewRows);
   preview.isWhole = rows.empty() || rows.back().offset >= text.size();

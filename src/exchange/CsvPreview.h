@@ -22,6 +22,8 @@ struct CsvPreviewRow {
   std::string payee;
   std::string category;
   std::string amount;
+  std::string description;
+  std::string reference;
   std::string problem;  // why it cannot be read, in words for a person
 };
 
@@ -29,6 +31,8 @@ struct CsvPreview {
   int columns = 0;                  // of the widest row
   std::vector<CsvPreviewRow> rows;  // the first of the file
   bool isWhole = false;             // they are all there are
+  bool hasDescriptions = false;     // the mapping names a column of them
+  bool hasReferences = false;
 };
 
 inline constexpr int kPreviewRows = 50;

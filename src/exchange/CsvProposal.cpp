@@ -1,4 +1,5 @@
 // What a CSV text looks like, so that a person has little left to choose.
+#include "exchange/BankWords.h"
 #include "exchange/CsvPreview.h"
 #include "exchange/DateStyle.h"
 #include "platform/NumberStyle.h"
@@ -58,69 +59,76 @@ class ColumnFinder {
     for (std::size_t i = 0; i < rows.size(); ++i) {
       const bool isData = static_cast<int>(i) >= skip;
       if (isData && IsTransaction(rows[i], locale)) rows_.push_back(&rows[i]);
-      if (!isData && !rows[i].IsBlank()) header_ = &rows[i];
+      if (!isData && !rows[i].IsBlank()) ReadHeadings(rows[i]);
       columns_ = std::max(columns_, static_cast<int>(rows[i].cells.size()));
     }
   }
 
   void Choose(CsvMapping& mapping) const {
     const auto isDate = [this](std::string_view cell) { return IsDateText(cell, locale_); };
-    mapping.date = Named({"booking date", "buchungstag", "date", "datum", "fecha", "data"}, isDate);
+    const auto isAny = [](std::string_view) { return true; };
+    mapping.date = Named(BankColumn::Date, isDate, {});
     if (mapping.date == 0) mapping.date = Filled(isDate, {});
     ChooseAmounts(mapping);
     const auto isText = [&](std::string_view cell) { return !isDate(cell) && !IsNumber(cell); };
-    mapping.category = Named({"category", "kategorie"}, {});
-    mapping.payee = Named({"payee", "name", "beneficiary", "empfänger", "auftraggeber", "merchant",
-                           "description", "details", "narrative", "memo", "verwendungszweck"},
-                          {});
+    const std::vector<int> amounts = {mapping.date, mapping.income, mapping.expense, mapping.sign};
+    mapping.category = Named(BankColumn::Category, isAny, amounts);
+    mapping.payee = Named(BankColumn::Payee, isAny, amounts);
+    if (mapping.payee == 0) mapping.payee = Named(BankColumn::Description, isAny, amounts);
     if (mapping.payee == 0) {
       mapping.payee = Filled(isText, {mapping.date, mapping.category, mapping.sign});
     }
+    std::vector<int> taken = amounts;
+    const auto take = [&](BankColumn column) {
+      taken.push_back(Named(column, isAny, taken));
+      return taken.back();
+    };
+    taken.insert(taken.end(), {mapping.category, mapping.payee});
+    mapping.description = take(BankColumn::Description);
+    mapping.number = take(BankColumn::Number);
+    mapping.reference = take(BankColumn::Reference);
     mapping.zeroIsEmpty = ZeroIsEmpty(mapping);
   }
 
  private:
+  void ReadHeadings(const CsvRow& row) {
+    headings_.clear();
+    for (const std::string& cell : row.cells) headings_.push_back(PlainWord(cell));
+  }
+
   [[nodiscard]] bool IsNumber(std::string_view cell) const {
     return cell.empty() || IsAmount(cell, locale_);
   }
 
   void ChooseAmounts(CsvMapping& mapping) const {
     const auto isNumber = [this](std::string_view cell) { return IsNumber(cell); };
-    const auto isSide = [](std::string_view cell) { return SideOf(cell).has_value(); };
-    mapping.income = Named(
-        {"paid in", "money in", "credit", "deposit", "income", "receipt", "haben", "gutschrift"},
-        isNumber);
-    mapping.expense = Named({"paid out", "money out", "debit", "withdrawal", "expense", "payment",
-                             "soll", "lastschrift"},
-                            isNumber);
+    const auto isSide = [&](std::string_view cell) {
+      return !cell.empty() && SideOf(cell, mapping).has_value();
+    };
+    mapping.income = Named(BankColumn::Income, isNumber, {});
+    mapping.expense = Named(BankColumn::Expense, isNumber, {});
     if (mapping.income != 0 && mapping.expense != 0) return;
-    int amount = Named({"amount", "betrag", "value", "umsatz", "importe", "montant"}, isNumber);
+    int amount = Named(BankColumn::Amount, isNumber, {});
     if (amount == 0)
       amount = Filled([this](std::string_view c) { return IsAmount(c, locale_); }, {});
     mapping.income = mapping.expense = amount;
     // Only a column whose every cell says one of the two is worth proposing.
-    const int side = Filled([&](std::string_view c) { return !c.empty() && isSide(c); }, {});
+    const int side = Filled(isSide, {});
     if (side != amount) mapping.sign = side;
   }
 
   // The first column whose heading has one of the words, and whose cells are what they should be.
   template <typename Is>
-  [[nodiscard]] int Named(std::initializer_list<std::string_view> words, const Is& is) const {
-    if (header_ == nullptr) return 0;
-    for (const std::string_view word : words) {
-      for (int column = 1; column <= columns_; ++column) {
-        const std::string heading = ToLower(header_->Cell(column));
-        if (heading.find("balance") != std::string::npos ||
-            heading.find(word) == std::string::npos) {
-          continue;
-        }
+  [[nodiscard]] int Named(BankColumn wanted, const Is& is, const std::vector<int>& taken) const {
+    for (const std::string_view word : HeadingWords(wanted)) {
+      for (int column = 1; column <= static_cast<int>(headings_.size()); ++column) {
+        const std::string& heading = headings_[static_cast<std::size_t>(column - 1)];
+        const bool isTaken = std::ranges::find(taken, column) != taken.end();
+        if (isTaken || !HasWord(heading, word) || IsBalance(heading)) continue;
         if (All(column, is)) return column;
       }
     }
     return 0;
-  }
-  [[nodiscard]] int Named(std::initializer_list<std::string_view> words, std::nullptr_t) const {
-    return Named(words, [](std::string_view) { return true; });
   }
 
   // The first column in which every row's cell is what it should be.
@@ -149,7 +157,7 @@ class ColumnFinder {
 
   const Locale& locale_;
   std::vector<const CsvRow*> rows_;
-  const CsvRow* header_ = nullptr;
+  std::vector<std::string> headings_;
   int columns_ = 0;
 };
 

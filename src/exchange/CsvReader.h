@@ -4,14 +4,16 @@
 #include "exchange/CsvRows.h"
 #include "exchange/ImportRecord.h"
 
+#include <cstddef>
 #include <string_view>
 
 namespace corvanta {
 
 class Locale;
 
-// Reads the rows of a CSV file by a mapping of its columns. Rows without an amount and a few rows
-// behind the last one with a date (a balance, a note) are told and left out.
+// Reads the rows of a CSV file by a mapping of its columns. Rows without an amount, a few rows
+// behind the last one with a date (a balance, a note) and a row in which the file ends are told and
+// left out.
 class CsvReader {
  public:
   CsvReader(std::string_view text, const CsvMapping& mapping, const Locale& locale)
@@ -23,9 +25,17 @@ class CsvReader {
   [[nodiscard]] static bool ReadRow(const CsvRow& row, const CsvMapping& mapping,
                                     ImportRecord& record);
 
-  // The line of the last row with what is written as a date, where what follows it are only few
-  // rows; otherwise a number above all lines.
-  [[nodiscard]] std::size_t LastLine() const;
+  // The number and the reference of a row: the ledger has one place for both.
+  [[nodiscard]] static std::string ReferenceIn(const CsvRow& row, const CsvMapping& mapping);
+
+  // What follows the transactions.
+  struct End {
+    std::size_t line = 0;  // the first that belongs to none of them
+    bool isCut = false;    // it begins a row in which the file ends
+  };
+  // Few rows behind the last one with what is written as a date are a rest; otherwise there is
+  // none.
+  [[nodiscard]] End FindEnd() const;
 
  private:
   std::string_view text_;

@@ -82,6 +82,7 @@ void CsvRows::ReadPlain(std::string& cell) {
 
 bool CsvRows::Next(CsvRow& row) {
   row.cells.clear();
+  row.hasOpenQuote = false;
   if (at_ >= text_.size()) return false;
   row.line = line_;
   for (;;) {
@@ -92,6 +93,7 @@ bool CsvRows::Next(CsvRow& row) {
     const std::size_t start = at_;
     if (isQuoted) at_ = quote;
     if (!isQuoted || !ReadQuoted(cell)) {
+      row.hasOpenQuote = row.hasOpenQuote || isQuoted;
       at_ = start;
       ReadPlain(cell);
     }

@@ -11,6 +11,7 @@ struct CsvRow {
   std::size_t line = 0;    // where it begins
   std::size_t offset = 0;  // in the text, behind it
   std::vector<std::string> cells;
+  bool hasOpenQuote = false;  // one that begins a cell and is never closed
 
   // Without a character in any cell.
   [[nodiscard]] bool IsBlank() const;

@@ -2,7 +2,11 @@
 
 #include "platform/TextCase.h"
 
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
+
 #include <algorithm>
+#include <cstdint>
 #include <string>
 
 namespace corvanta {
@@ -51,10 +55,34 @@ bool IsWeekday(std::string_view word) {
   return at != std::string_view::npos && at % 3 == 0;
 }
 
-// "13th of February", "13 de febrero".
+// "13th of February", "13 de febrero", "13.2.2020 г.", "2020年2月13日".
 bool IsFiller(std::string_view word) {
-  constexpr std::array<std::string_view, 6> kFillers = {"st", "nd", "rd", "th", "of", "de"};
-  return std::ranges::find(kFillers, ToLower(word)) != kFillers.end();
+  constexpr std::array<std::string_view, 19> kFillers = {
+      "st", "nd",  "rd",   "th",   "of", "de", "del", "г",  "год", "года",
+      "р",  "рік", "року", "gada", "年", "月", "日",  "년", "월"};
+  return std::ranges::find(kFillers, ToLower(word)) != kFillers.end() || word == "일";
+}
+
+// With plain blanks and digits, and without marks for the direction of writing.
+std::string Plain(std::string_view text) {
+  std::string plain;
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+  const auto size = static_cast<std::int32_t>(text.size());
+  for (std::int32_t at = 0; at < size;) {
+    const std::int32_t begin = at;
+    UChar32 c = 0;
+    U8_NEXT(bytes, at, size, c);
+    if (c < 0x80) {
+      plain += text[static_cast<std::size_t>(begin)];
+    } else if (u_charDigitValue(c) >= 0) {
+      plain += static_cast<char>('0' + u_charDigitValue(c));
+    } else if (u_isUWhiteSpace(c) != 0) {
+      plain += ' ';
+    } else if (u_charType(c) != U_FORMAT_CHAR) {
+      plain += text.substr(static_cast<std::size_t>(begin), static_cast<std::size_t>(at - begin));
+    }
+  }
+  return std::string(Trim(plain));
 }
 
 std::optional<Part> NumberPart(std::string_view digits) {
@@ -66,8 +94,15 @@ std::optional<Part> NumberPart(std::string_view digits) {
   return part;
 }
 
+// Nothing, a time of day, a weekday; all of these also behind "г." or a full stop.
 bool IsBehindDate(std::string_view rest) {
-  rest = rest.substr(0, 1);
+  const std::string_view next = rest.substr(std::min(rest.find_first_not_of(' '), rest.size()));
+  const std::string_view word = RunOf(next, IsLetter);
+  const bool hasFiller = !word.empty() && IsFiller(word);
+  if (hasFiller) rest = next.substr(word.size());
+  if (hasFiller ? rest.starts_with('.') : next.starts_with('.')) {
+    rest = (hasFiller ? rest : next).substr(1);
+  }
   return rest.empty() || rest.find_first_of(" \tT,[(") == 0;
 }
 
@@ -91,14 +126,22 @@ Parts Together(const Part& run, DateOrder order) {
   return parts;
 }
 
+// "20200213103000": a day with its time of day.
+std::string_view WithoutTime(std::string_view digits) {
+  constexpr std::size_t kDay = 8;
+  const bool isMoment =
+      digits.size() == 14 && (digits.starts_with("19") || digits.starts_with("20"));
+  return isMoment ? digits.substr(0, kDay) : digits;
+}
+
+// Of a plain text, into which the parts point.
 Parts Split(std::string_view text) {
   Parts parts;
-  text = Trim(text);
   bool apostrophe = false;
   while (!text.empty() && parts.count < parts.part.size()) {
     if (IsDigit(text.front())) {
       const std::string_view digits = RunOf(text, IsDigit);
-      const std::optional<Part> part = NumberPart(digits);
+      const std::optional<Part> part = NumberPart(WithoutTime(digits));
       if (!part) return {};
       parts.apostrophe = apostrophe;
       apostrophe = false;
@@ -170,6 +213,23 @@ std::optional<Date> DateOfWords(const Parts& parts, DateOrder order, const Local
   return yearFirst ? MakeDate(part[0], *month, part[2]) : MakeDate(part[2], *month, part[0]);
 }
 
+// As the user's language writes a day out, in whatever words.
+std::optional<Date> DateOfLanguage(const std::string& text, const Locale& locale) {
+  constexpr std::size_t kLongest = 60;
+  const bool hasLetters = std::ranges::any_of(text, IsLetter);
+  if (!hasLetters || text.size() > kLongest) return std::nullopt;
+  // Any number would do for a year there.
+  bool hasYear = false;
+  for (std::string_view rest = text; !rest.empty(); rest.remove_prefix(1)) {
+    const std::size_t digits = RunOf(rest, IsDigit).size();
+    if (digits == 0) continue;
+    if (digits > 2 && digits != kWholeYear) return std::nullopt;
+    hasYear = hasYear || digits == kWholeYear;
+    rest.remove_prefix(digits - 1);
+  }
+  return hasYear ? locale.ParseDate(text) : std::nullopt;
+}
+
 // The parts as day, month and year; nullopt where the order cannot be that of the parts.
 struct Reading {
   Part day;
@@ -211,9 +271,13 @@ DateOrder ProvenOrder(const Parts& parts, DateOrder order) {
 
 std::optional<Date> ReadFileDate(std::string_view text, DateOrder order, const Locale& locale,
                                  DateTolerance tolerance) {
-  Parts parts = Split(text);
-  if (parts.HasWord()) return DateOfWords(parts, order, locale);
-  if (!parts.isWhole) return std::nullopt;
+  const std::string plain = Plain(text);
+  Parts parts = Split(plain);
+  if (parts.HasWord()) {
+    const std::optional<Date> date = DateOfWords(parts, order, locale);
+    return date ? date : DateOfLanguage(plain, locale);
+  }
+  if (!parts.isWhole) return DateOfLanguage(plain, locale);
   const bool isRun = IsRun(parts);
   if (isRun) parts = Together(parts.part[0], order);
   if (parts.count != 3) return std::nullopt;
@@ -230,7 +294,9 @@ bool IsDateText(std::string_view text, const Locale& locale) {
 }
 
 bool IsDateShape(std::string_view text, const Locale& locale) {
-  const Parts parts = Split(text);
+  const std::string plain = Plain(text);
+  const Parts parts = Split(plain);
+  if (DateOfLanguage(plain, locale)) return true;
   if (!parts.isWhole) return false;
   if (parts.HasWord()) {
     const auto* const month =
@@ -244,7 +310,8 @@ bool IsDateShape(std::string_view text, const Locale& locale) {
 }
 
 void DateOrderFinder::Add(std::string_view text) {
-  const Parts parts = Split(text);
+  const std::string plain = Plain(text);
+  const Parts parts = Split(plain);
   if (parts.HasWord() || !parts.isWhole) return;
   for (std::size_t i = 0; i < kOrders.size(); ++i) {
     const Parts split = IsRun(parts) ? Together(parts.part[0], kOrders[i]) : parts;

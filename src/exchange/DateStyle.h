@@ -18,8 +18,8 @@ enum class DateTolerance { AnyProven, OrderOnly };
 // The day that a text names in that order of day, month and year. Years of two digits are 1970 to
 // 2069, also behind an apostrophe (3/29' 0); parts are separated by anything that is no digit, or
 // stand together as six or eight digits; a month may be a name in English or in the user's
-// language. A time of day behind the date is left out. nullopt for anything else and for days that
-// there are not.
+// language. A full stop or a word for the year behind the date ("13.2.2020 г.") and a time of day
+// are left out. nullopt for anything else and for days that there are not.
 [[nodiscard]] std::optional<Date> ReadFileDate(std::string_view text, DateOrder order,
                                                const Locale& locale,
                                                DateTolerance tolerance = DateTolerance::AnyProven);

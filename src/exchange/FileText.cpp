@@ -46,15 +46,20 @@ bool ReadBytes(const FileHandle& file, const std::string& path, std::size_t most
 }
 
 // Text has no zero bytes, and hardly any other control characters.
-bool IsBinary(std::string_view bytes) {
-  if (bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF")) return false;
-  if (bytes.find('\0') != std::string_view::npos) return true;
-  const std::string_view head = bytes.substr(0, 65536);
+bool IsBinary(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos) return true;
+  const std::string_view head = text.substr(0, 65536);
   const auto controls = static_cast<std::size_t>(std::ranges::count_if(head, [](char c) {
     return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\r' && c != '\n' &&
            c != '\f' && c != '\x1A';
   }));
   return controls * 100 > head.size();
+}
+
+FileText Fault(std::string why) {
+  FileText file;
+  file.fault = std::move(why);
+  return file;
 }
 
 std::string TooLarge(std::size_t limit) {
@@ -64,26 +69,27 @@ std::string TooLarge(std::size_t limit) {
 
 }  // namespace
 
-FileText ReadFileText(const std::string& path, const std::function<bool()>& whileReading,
-                      std::size_t limit) {
+FileText ReadFileText(const std::string& path, const std::string& encoding,
+                      const std::function<bool()>& whileReading, std::size_t limit) {
   // Without waiting: a pipe that nobody writes to would never open.
   const FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK));
   if (!file.IsOpen()) throw SystemError("Cannot read", path, errno);
   const struct stat before = StateOf(file, path);
-  if (!S_ISREG(before.st_mode)) return {{}, "This is no file that can be imported."};
-  if (static_cast<std::size_t>(before.st_size) > limit) return {{}, TooLarge(limit)};
+  if (!S_ISREG(before.st_mode)) return Fault("This is no file that can be imported.");
+  if (static_cast<std::size_t>(before.st_size) > limit) return Fault(TooLarge(limit));
   const auto size = static_cast<std::size_t>(before.st_size);
   std::string bytes;
   if (!ReadBytes(file, path, size, whileReading, bytes)) return {};
   if (bytes.size() != size || !IsSame(before, StateOf(file, path))) {
-    return {{},
-            "The file changed while it was read. Import it again when the program that writes it "
-            "has finished."};
+    return Fault(
+        "The file changed while it was read. Import it again when the program that writes it has "
+        "finished.");
   }
-  if (IsBinary(bytes)) {
-    return {{}, "This is no text file, so it holds no transactions that could be imported."};
+  DecodedText decoded = DecodeText(std::move(bytes), encoding);
+  if (IsBinary(decoded.text)) {
+    return Fault("This is no text file, so it holds no transactions that could be imported.");
   }
-  FileText result{DecodeText(std::move(bytes)), {}};
+  FileText result{std::move(decoded.text), decoded.replaced, {}};
   while (result.text.ends_with('\x1A')) result.text.pop_back();  // the end mark of old systems
   return result;
 }

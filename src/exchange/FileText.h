@@ -14,13 +14,15 @@ inline constexpr std::size_t kLargestImport = 256U << 20U;
 
 struct FileText {
   std::string text;                  // UTF-8, whatever the file's encoding
+  std::size_t replaced = 0;          // places that make no sense in that encoding
   std::optional<std::string> fault;  // why this is no text to import, in words for a person
 };
 
-// Reads the whole file. `whileReading` is called between its pieces; false stops, and the text is
-// empty then. What a person can mistake for a statement (a folder, a picture, a file that is too
-// large or still being written) is a fault; throws PlatformError where the machine cannot read it.
-[[nodiscard]] FileText ReadFileText(const std::string& path,
+// Reads the whole file in the chosen encoding (see DecodeText; empty: as the file shows).
+// `whileReading` is called between its pieces; false stops, and the text is empty then. What a
+// person can mistake for a statement (a folder, a picture, a file that is too large or still being
+// written) is a fault; throws PlatformError where the machine cannot read it.
+[[nodiscard]] FileText ReadFileText(const std::string& path, const std::string& encoding = {},
                                     const std::function<bool()>& whileReading = {},
                                     std::size_t limit = kLargestImport);
 

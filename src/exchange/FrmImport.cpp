@@ -190,7 +190,8 @@ void FrmImport::Accept() {
     if (editor_.Kind() != ImportKind::Csv) return Import();
     if (proposedFor_ == form_.file) {
       // It may have been changed since; what was chosen for it stays.
-      if (const auto warning = editor_.Open(form_.file)) return Warn(*warning);
+      csv_->ReadInto(form_);
+      if (const auto warning = editor_.Open(form_.file, form_.encoding)) return Warn(*warning);
       csv_->Refresh();
     } else {
       csv_->Propose(form_);

@@ -3,6 +3,7 @@
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "exchange/FrmEncodingBox.h"
 #include "exchange/FrmImportPreview.h"
 #include "platform/Prompts.h"
 
@@ -24,15 +25,26 @@ struct ColumnBox {
   const char* name;
   const char* label;
   int CsvMapping::*column;
+  int group;  // of those that stand side by side
+  int row;
 };
-constexpr std::array<ColumnBox, 6> kColumns = {{
-    {"cmbColDate", QT_TRANSLATE_NOOP("FrmImportCsv", "Dat&e:"), &CsvMapping::date},
-    {"cmbColPayee", QT_TRANSLATE_NOOP("FrmImportCsv", "&Payee:"), &CsvMapping::payee},
-    {"cmbColCategory", QT_TRANSLATE_NOOP("FrmImportCsv", "&Category:"), &CsvMapping::category},
-    {"cmbColIncome", QT_TRANSLATE_NOOP("FrmImportCsv", "&Income:"), &CsvMapping::income},
-    {"cmbColExpense", QT_TRANSLATE_NOOP("FrmImportCsv", "E&xpense:"), &CsvMapping::expense},
-    {"cmbColSign", QT_TRANSLATE_NOOP("FrmImportCsv", "Si&gn:"), &CsvMapping::sign},
+// As they are read.
+constexpr std::array<ColumnBox, 9> kColumns = {{
+    {"cmbColDate", QT_TRANSLATE_NOOP("FrmImportCsv", "Dat&e:"), &CsvMapping::date, 1, 1},
+    {"cmbColPayee", QT_TRANSLATE_NOOP("FrmImportCsv", "&Payee:"), &CsvMapping::payee, 1, 2},
+    {"cmbColCategory", QT_TRANSLATE_NOOP("FrmImportCsv", "&Category:"), &CsvMapping::category, 1,
+     3},
+    {"cmbColDescription", QT_TRANSLATE_NOOP("FrmImportCsv", "&Description:"),
+     &CsvMapping::description, 1, 4},
+    {"cmbColReference", QT_TRANSLATE_NOOP("FrmImportCsv", "Re&ference:"), &CsvMapping::reference, 1,
+     5},
+    {"cmbColNumber", QT_TRANSLATE_NOOP("FrmImportCsv", "N&umber:"), &CsvMapping::number, 1, 6},
+    {"cmbColIncome", QT_TRANSLATE_NOOP("FrmImportCsv", "&Income:"), &CsvMapping::income, 2, 1},
+    {"cmbColExpense", QT_TRANSLATE_NOOP("FrmImportCsv", "E&xpense:"), &CsvMapping::expense, 2, 2},
+    {"cmbColSign", QT_TRANSLATE_NOOP("FrmImportCsv", "Si&gn:"), &CsvMapping::sign, 2, 4},
 }};
+constexpr int kZeroRow = 3;
+constexpr int kWordsRow = 5;
 constexpr std::array kOrders = {DateOrder::DayMonthYear, DateOrder::MonthDayYear,
                                 DateOrder::YearMonthDay};
 
@@ -57,7 +69,10 @@ FrmImportCsv::FrmImportCsv(ImportEditor& editor, Prompts& prompts, QWidget* pare
       txtSkip_(new QLineEdit(this)),
       cmbDateOrder_(new QComboBox(this)),
       cmbNumbers_(new QComboBox(this)),
+      cmbEncoding_(new FrmEncodingBox(this)),
       chkZeroIsEmpty_(new QCheckBox(tr("&Zero means empty"), this)),
+      txtDebitWords_(new QLineEdit(this)),
+      txtCreditWords_(new QLineEdit(this)),
       preview_(new FrmImportPreview(this)) {
   static_assert(kColumns.size() == kColumnBoxes);
   auto* grid = new QGridLayout;
@@ -66,6 +81,7 @@ FrmImportCsv::FrmImportCsv(ImportEditor& editor, Prompts& prompts, QWidget* pare
   MakeMapping(*grid);
   MakeFileFields(*grid);
   MakeColumns(*grid);
+  MakeWords(*grid);
   auto* page = new QVBoxLayout(this);
   page->setContentsMargins(0, 0, 0, 0);
   page->setSpacing(kRhythm + kRhythm / 2);
@@ -92,7 +108,7 @@ void FrmImportCsv::MakeMapping(QGridLayout& grid) {
   auto* save = new QPushButton(tr("&Save As..."), this);
   save->setObjectName(QStringLiteral("cmdSaveMapping"));
   save->setToolTip(tr("Save what is chosen here under a name"));
-  cmdDeleteMapping_ = new QPushButton(tr("&Delete"), this);
+  cmdDeleteMapping_ = new QPushButton(tr("De&lete"), this);
   cmdDeleteMapping_->setObjectName(QStringLiteral("cmdDeleteMapping"));
   cmdDeleteMapping_->setToolTip(tr("Delete the saved mapping"));
   auto* row = new QHBoxLayout;
@@ -112,6 +128,7 @@ void FrmImportCsv::MakeFileFields(QGridLayout& grid) {
   AddField(grid, 2, 0, tr("&Rows to skip:"), txtSkip_, "txtSkip");
   AddField(grid, 3, 0, tr("Date &order:"), cmbDateOrder_, "cmbDateOrderCSV");
   AddField(grid, 4, 0, tr("&Numbers:"), cmbNumbers_, "cmbNumbersCSV");
+  AddField(grid, 5, 0, tr("C&haracters:"), cmbEncoding_, "cmbEncodingCSV");
   for (const DateOrder order : kOrders) cmbDateOrder_->addItem(ToQt(DateOrderText(order)));
   cmbNumbers_->addItems(
       {tr("As the file shows"), QStringLiteral("1,234.56"), QStringLiteral("1.234,56")});
@@ -123,15 +140,14 @@ void FrmImportCsv::MakeFileFields(QGridLayout& grid) {
     Refresh();
   });
   connect(cmbNumbers_, &QComboBox::activated, this, &FrmImportCsv::Refresh);
+  connect(cmbEncoding_, &QComboBox::activated, this, &FrmImportCsv::ChangeEncoding);
 }
 
 void FrmImportCsv::MakeColumns(QGridLayout& grid) {
-  constexpr std::size_t kPerGroup = 3;
   for (std::size_t i = 0; i < kColumnBoxes; ++i) {
     columns_[i] = new QComboBox(this);
     const ColumnBox& column = kColumns[i];
-    AddField(grid, static_cast<int>(i % kPerGroup) + 1, i < kPerGroup ? 1 : 2, tr(column.label),
-             columns_[i], column.name);
+    AddField(grid, column.row, column.group, tr(column.label), columns_[i], column.name);
     columns_[i]->addItem(tr("None"));
     const bool isDate = column.column == &CsvMapping::date;
     connect(columns_[i], &QComboBox::activated, this,
@@ -139,17 +155,41 @@ void FrmImportCsv::MakeColumns(QGridLayout& grid) {
   }
   chkZeroIsEmpty_->setObjectName(QStringLiteral("chkZeroIsEmpty"));
   chkZeroIsEmpty_->setToolTip(tr("0.00 stands for an empty cell in the columns of the amounts"));
-  grid.addWidget(chkZeroIsEmpty_, static_cast<int>(kPerGroup) + 1, 7);
+  grid.addWidget(chkZeroIsEmpty_, kZeroRow, 7);
   connect(chkZeroIsEmpty_, &QCheckBox::clicked, this, &FrmImportCsv::Refresh);
+}
+
+// What the sign column says where it is in no language that is known.
+void FrmImportCsv::MakeWords(QGridLayout& grid) {
+  auto* words = new QHBoxLayout;
+  words->setSpacing(kRhythm);
+  const auto add = [&](QLineEdit* field, const char* name, const QString& shown,
+                       const QString& spoken) {
+    field->setObjectName(QLatin1String(name));
+    field->setPlaceholderText(shown);
+    field->setAccessibleName(spoken);
+    field->setToolTip(tr("What the sign column says, with commas between several words"));
+    words->addWidget(field, 1);
+    connect(field, &QLineEdit::textEdited, this, &FrmImportCsv::Refresh);
+  };
+  add(txtDebitWords_, "txtDebitWords", tr("Debit"), tr("Words for debit"));
+  add(txtCreditWords_, "txtCreditWords", tr("Credit"), tr("Words for credit"));
+  auto* caption = new QLabel(tr("&Words:"), this);
+  caption->setBuddy(txtDebitWords_);
+  grid.addWidget(caption, kWordsRow, 6);
+  grid.addLayout(words, kWordsRow, 7);
 }
 
 // As they are read, whatever the order in which they were made.
 void FrmImportCsv::OrderTabs() {
   QWidget* last = nullptr;
   for (const char* name :
-       {"cmbMapping", "cmdSaveMapping", "cmdDeleteMapping", "txtSeparator", "txtSkip",
-        "cmbDateOrderCSV", "cmbNumbersCSV", "cmbColDate", "cmbColPayee", "cmbColCategory",
-        "cmbColIncome", "cmbColExpense", "cmbColSign", "chkZeroIsEmpty", "lvFile", "lvRead"}) {
+       {"cmbMapping",      "cmdSaveMapping",  "cmdDeleteMapping", "txtSeparator",
+        "txtSkip",         "cmbDateOrderCSV", "cmbNumbersCSV",    "cmbEncodingCSV",
+        "cmbColDate",      "cmbColPayee",     "cmbColCategory",   "cmbColDescription",
+        "cmbColReference", "cmbColNumber",    "cmbColIncome",     "cmbColExpense",
+        "chkZeroIsEmpty",  "cmbColSign",      "txtDebitWords",    "txtCreditWords",
+        "lvFile",          "lvRead"}) {
     auto* next = findChild<QWidget*>(QLatin1String(name));
     if (last != nullptr) setTabOrder(last, next);
     last = next;
@@ -162,6 +202,7 @@ void FrmImportCsv::Propose(const ImportForm& form) {
   ShowMappings(name);
   isOrderChosen_ = !name.empty();
   Show(proposed);
+  if (proposed.encoding != form.encoding) ChangeEncoding();
 }
 
 void FrmImportCsv::Show(const ImportForm& form) {
@@ -172,6 +213,9 @@ void FrmImportCsv::Show(const ImportForm& form) {
   cmbDateOrder_->setCurrentIndex(static_cast<int>(order - kOrders.begin()));
   cmbNumbers_->setCurrentIndex(IndexOf(form.csv.decimalMark));
   chkZeroIsEmpty_->setChecked(form.csv.zeroIsEmpty);
+  cmbEncoding_->SetEncoding(form.encoding);
+  txtDebitWords_->setText(ToQt(form.csv.debitWords));
+  txtCreditWords_->setText(ToQt(form.csv.creditWords));
   int most = 0;
   for (const ColumnBox& column : kColumns) most = std::max(most, form.csv.*column.column);
   ShowColumnCount(most);
@@ -187,6 +231,9 @@ void FrmImportCsv::ReadInto(ImportForm& form) const {
   form.csv.order = kOrders[static_cast<std::size_t>(cmbDateOrder_->currentIndex())];
   form.csv.decimalMark = MarkAt(cmbNumbers_->currentIndex());
   form.csv.zeroIsEmpty = chkZeroIsEmpty_->isChecked();
+  form.csv.debitWords = FromQt(txtDebitWords_->text());
+  form.csv.creditWords = FromQt(txtCreditWords_->text());
+  form.encoding = cmbEncoding_->Encoding();
   for (std::size_t i = 0; i < kColumnBoxes; ++i) {
     form.csv.*kColumns[i].column = columns_[i]->currentIndex();
   }
@@ -212,8 +259,21 @@ void FrmImportCsv::ChangeDates() {
   Refresh();
 }
 
+void FrmImportCsv::ChangeEncoding() {
+  RunCommand(prompts_, [this] {
+    ReadInto(form_);
+    if (const auto warning = editor_.Open(form_.file, form_.encoding)) {
+      prompts_.Tell(warning->title, warning->text);
+    }
+    Refresh();
+  });
+}
+
 void FrmImportCsv::Refresh() {
   ReadInto(form_);
+  for (QLineEdit* words : {txtDebitWords_, txtCreditWords_}) {
+    words->setEnabled(form_.csv.sign != 0);
+  }
   const CsvPreview preview = editor_.Preview(form_);
   ShowColumnCount(preview.columns);
   preview_->Show(preview);
@@ -235,7 +295,10 @@ void FrmImportCsv::ChooseMapping(int index) {
   RunCommand(prompts_, [&] {
     ReadInto(form_);
     isOrderChosen_ = true;
-    Show(editor_.WithMapping(FromQt(cmbMapping_->itemText(index)), form_));
+    const ImportForm chosen = editor_.WithMapping(FromQt(cmbMapping_->itemText(index)), form_);
+    const bool isOther = chosen.encoding != form_.encoding;
+    Show(chosen);
+    if (isOther) ChangeEncoding();
   });
 }
 

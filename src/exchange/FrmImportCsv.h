@@ -14,6 +14,7 @@ class QPushButton;
 
 namespace corvanta {
 
+class FrmEncodingBox;
 class FrmImportPreview;
 class Prompts;
 
@@ -37,11 +38,12 @@ class FrmImportCsv : public QWidget {
   void Noted(const QString& text);
 
  private:
-  static constexpr std::size_t kColumnBoxes = 6;
+  static constexpr std::size_t kColumnBoxes = 9;
 
   void MakeMapping(QGridLayout& grid);
   void MakeFileFields(QGridLayout& grid);
   void MakeColumns(QGridLayout& grid);
+  void MakeWords(QGridLayout& grid);
   void AddField(QGridLayout& grid, int row, int group, const QString& label, QWidget* field,
                 const char* name);
   void OrderTabs();
@@ -49,6 +51,8 @@ class FrmImportCsv : public QWidget {
   void Show(const ImportForm& form);
   void ShowColumnCount(int columns);
   void ChangeDates();
+  // Reads the file again as the chosen encoding says.
+  void ChangeEncoding();
   void ChooseMapping(int index);
   void SaveMapping();
   void DeleteMapping();
@@ -69,7 +73,10 @@ class FrmImportCsv : public QWidget {
   QComboBox* cmbDateOrder_;
   QComboBox* cmbNumbers_;
   std::array<QComboBox*, kColumnBoxes> columns_{};
+  FrmEncodingBox* cmbEncoding_;
   QCheckBox* chkZeroIsEmpty_;
+  QLineEdit* txtDebitWords_;
+  QLineEdit* txtCreditWords_;
   FrmImportPreview* preview_;
 };
 

@@ -5,6 +5,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "exchange/FrmEncodingBox.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "platform/Prompts.h"
@@ -54,12 +55,18 @@ FrmImportFile::FrmImportFile(ImportEditor& editor, Prompts& prompts, QWidget* pa
                                 ToQt(DateOrderText(DateOrder::MonthDayYear)),
                                 ToQt(DateOrderText(DateOrder::YearMonthDay))})),
       cmbNumbers_(MakeStyles(*fields_, tr("&Numbers:"), "cmbNumbers",
-                             {QStringLiteral("1,234.56"), QStringLiteral("1.234,56")})) {
+                             {QStringLiteral("1,234.56"), QStringLiteral("1.234,56")})),
+      cmbEncoding_(new FrmEncodingBox(this)) {
   fields_->setContentsMargins(0, 0, 0, 0);
   fields_->setVerticalSpacing(kRhythm);
   fields_->setHorizontalSpacing(2 * kRhythm);
   fields_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   fields_->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  cmbEncoding_->setObjectName(QStringLiteral("cmbEncoding"));
+  cmbEncoding_->setAccessibleName(tr("Characters"));
+  auto* letters = new QLabel(tr("C&haracters:"), this);
+  letters->setBuddy(cmbEncoding_);
+  fields_->addRow(letters, cmbEncoding_);
   lblKind_->setObjectName(QStringLiteral("lblKind"));
   lblKind_->setTextFormat(Qt::PlainText);
   lblKind_->setWordWrap(true);
@@ -174,7 +181,9 @@ std::string FrmImportFile::File() const {
 }
 
 void FrmImportFile::ReadInto(ImportForm& form) const {
-  form.file = File();
+  const std::string file = File();
+  if (file != form.file) form.encoding.clear();
+  form.file = file;
   const qint64 account = cmbAccount_->Key();
   form.accountId.reset();
   if (account != 0) form.accountId = account == kAccountsOfFile ? 0 : account;
@@ -189,6 +198,7 @@ void FrmImportFile::ReadInto(ImportForm& form) const {
     form.dateOrder = DateOrderOf(FromQt(cmbDateOrder_->currentText()));
   }
   const bool hasNumbers = hasDates || kind_ == ImportKind::Ofx;
+  if (hasNumbers) form.encoding = cmbEncoding_->Encoding();
   if (hasNumbers && cmbNumbers_->currentIndex() > 0) {
     form.decimalMark = cmbNumbers_->currentIndex() == 1 ? DecimalMark::Point : DecimalMark::Comma;
   }
@@ -225,7 +235,9 @@ void FrmImportFile::Look() {
 void FrmImportFile::ShowKind(const QString& text) {
   lblKind_->setText(text);
   fields_->setRowVisible(cmbDateOrder_, kind_ == ImportKind::Qif);
-  fields_->setRowVisible(cmbNumbers_, kind_ == ImportKind::Qif || kind_ == ImportKind::Ofx);
+  for (QWidget* field : {static_cast<QWidget*>(cmbNumbers_), static_cast<QWidget*>(cmbEncoding_)}) {
+    fields_->setRowVisible(field, kind_ == ImportKind::Qif || kind_ == ImportKind::Ofx);
+  }
   Q_EMIT KindChanged();
   AskForOwner();
 }

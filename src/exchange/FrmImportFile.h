@@ -10,12 +10,13 @@ class QLineEdit;
 
 namespace corvanta {
 
+class FrmEncodingBox;
 class MutedLabel;
 class PickBox;
 class Prompts;
 
 // The first page of the import window: the file, the account, whose the records are where the file
-// names another one, and how a QIF or OFX file writes its dates and numbers.
+// names another one, and how a QIF or OFX file writes its dates, numbers and letters.
 class FrmImportFile : public QWidget {
   Q_OBJECT
 
@@ -25,7 +26,7 @@ class FrmImportFile : public QWidget {
 
   // An account of 0 and an empty file choose nothing.
   void Open(std::int64_t accountId, const std::string& file);
-  // Puts what is chosen into the form.
+  // Puts what is chosen into the form. The encoding of a CSV file is chosen with its columns.
   void ReadInto(ImportForm& form) const;
   // The kind of the file; nullopt while there is none that can be imported.
   [[nodiscard]] std::optional<ImportKind> Kind() const { return kind_; }
@@ -59,6 +60,7 @@ class FrmImportFile : public QWidget {
   bool isOwnerAsked_ = false;
   QComboBox* cmbDateOrder_;
   QComboBox* cmbNumbers_;
+  FrmEncodingBox* cmbEncoding_;
   std::string lookedAt_;
   std::optional<ImportKind> kind_;
 };

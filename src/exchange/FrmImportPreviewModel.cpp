@@ -13,9 +13,18 @@ QString CsvColumnName(int column) {
   return QStringLiteral("col") + QString::number(column);
 }
 
+FrmImportPreviewModel::FrmImportPreviewModel(Side side, QObject* parent)
+    : QAbstractTableModel(parent), side_(side) {
+  Show({});
+}
+
 void FrmImportPreviewModel::Show(CsvPreview preview) {
   beginResetModel();
   preview_ = std::move(preview);
+  columns_ = {kRow, kDate, kPayee, kCategory, kAmount};
+  if (preview_.hasDescriptions) columns_.push_back(kDescription);
+  if (preview_.hasReferences) columns_.push_back(kReference);
+  columns_.push_back(kRemark);
   endResetModel();
 }
 
@@ -25,14 +34,15 @@ int FrmImportPreviewModel::rowCount(const QModelIndex& parent) const {
 
 int FrmImportPreviewModel::columnCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
-  return side_ == Side::Read ? int{kReadColumns} : 1 + std::min(preview_.columns, kMostColumns);
+  return side_ == Side::Read ? static_cast<int>(columns_.size())
+                             : 1 + std::min(preview_.columns, kMostColumns);
 }
 
-bool FrmImportPreviewModel::IsNumber(int column) const {
-  return column == kRow || (side_ == Side::Read && column == kAmount);
+bool FrmImportPreviewModel::IsNumber(int section) const {
+  return section == 0 || (side_ == Side::Read && ReadColumn(section) == kAmount);
 }
 
-QString FrmImportPreviewModel::ReadText(const CsvPreviewRow& row, int column) const {
+QString FrmImportPreviewModel::ReadText(const CsvPreviewRow& row, Column column) const {
   switch (column) {
     case kDate:
       return ToQt(row.date);
@@ -42,6 +52,10 @@ QString FrmImportPreviewModel::ReadText(const CsvPreviewRow& row, int column) co
       return ToQt(row.category);
     case kAmount:
       return ToQt(row.amount);
+    case kDescription:
+      return ToQt(row.description).simplified();
+    case kReference:
+      return ToQt(row.reference).simplified();
     case kRemark:
       return row.isSkipped ? tr("Left out") : ToQt(row.problem);
     default:
@@ -49,19 +63,20 @@ QString FrmImportPreviewModel::ReadText(const CsvPreviewRow& row, int column) co
   }
 }
 
-QString FrmImportPreviewModel::Text(const CsvPreviewRow& row, int column) const {
-  if (column == kRow) return QString::number(row.number);
-  if (side_ == Side::Read) return ReadText(row, column);
-  const auto cell = static_cast<std::size_t>(column - 1);
+QString FrmImportPreviewModel::Text(const CsvPreviewRow& row, int section) const {
+  if (section == 0) return QString::number(row.number);
+  if (side_ == Side::Read) return ReadText(row, ReadColumn(section));
+  const auto cell = static_cast<std::size_t>(section - 1);
   if (cell >= row.cells.size()) return {};
   // One line each, as the rows are high.
   return ToQt(row.cells[cell]).simplified();
 }
 
-QVariant FrmImportPreviewModel::Colour(const CsvPreviewRow& row, int column) const {
+QVariant FrmImportPreviewModel::Colour(const CsvPreviewRow& row, int section) const {
   const QPalette palette = QGuiApplication::palette();
   if (row.isSkipped) return MutedText(palette);
   if (side_ == Side::File) return {};
+  const Column column = ReadColumn(section);
   const bool isOut = column == kAmount && row.amount.starts_with('-');
   return column == kRemark || isOut ? QVariant(MoneyOutColour(palette)) : QVariant();
 }
@@ -90,9 +105,9 @@ QVariant FrmImportPreviewModel::headerData(int section, Qt::Orientation orientat
     return QVariant((IsNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
   }
   if (role != Qt::DisplayRole) return {};
-  if (section == kRow) return tr("Row");
+  if (section == 0) return tr("Row");
   if (side_ == Side::File) return CsvColumnName(section);
-  switch (section) {
+  switch (ReadColumn(section)) {
     case kDate:
       return tr("Date");
     case kPayee:
@@ -101,6 +116,10 @@ QVariant FrmImportPreviewModel::headerData(int section, Qt::Orientation orientat
       return tr("Category");
     case kAmount:
       return tr("Amount");
+    case kDescription:
+      return tr("Description");
+    case kReference:
+      return tr("Reference");
     default:
       return tr("Remark");
   }

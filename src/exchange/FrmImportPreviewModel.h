@@ -4,6 +4,8 @@
 
 #include <QAbstractTableModel>
 
+#include <vector>
+
 namespace corvanta {
 
 // The first rows of a CSV file as a list: as they stand there, or as they will be read.
@@ -12,12 +14,12 @@ class FrmImportPreviewModel : public QAbstractTableModel {
 
  public:
   enum class Side { File, Read };
-  // The columns of Side::Read.
-  enum Column { kRow, kDate, kPayee, kCategory, kAmount, kRemark, kReadColumns };
+  // The columns of Side::Read; those of a description and a reference only where they are mapped.
+  enum Column { kRow, kDate, kPayee, kCategory, kAmount, kDescription, kReference, kRemark };
   // No statement has more; a file that does is shown by its first ones.
   static constexpr int kMostColumns = 200;
 
-  FrmImportPreviewModel(Side side, QObject* parent) : QAbstractTableModel(parent), side_(side) {}
+  FrmImportPreviewModel(Side side, QObject* parent);
 
   void Show(CsvPreview preview);
 
@@ -28,13 +30,17 @@ class FrmImportPreviewModel : public QAbstractTableModel {
                                     int role) const override;
 
  private:
-  [[nodiscard]] QString Text(const CsvPreviewRow& row, int column) const;
-  [[nodiscard]] QString ReadText(const CsvPreviewRow& row, int column) const;
-  [[nodiscard]] QVariant Colour(const CsvPreviewRow& row, int column) const;
-  [[nodiscard]] bool IsNumber(int column) const;
+  [[nodiscard]] QString Text(const CsvPreviewRow& row, int section) const;
+  [[nodiscard]] QString ReadText(const CsvPreviewRow& row, Column column) const;
+  [[nodiscard]] QVariant Colour(const CsvPreviewRow& row, int section) const;
+  [[nodiscard]] bool IsNumber(int section) const;
+  [[nodiscard]] Column ReadColumn(int section) const {
+    return columns_[static_cast<std::size_t>(section)];
+  }
 
   Side side_;
   CsvPreview preview_;
+  std::vector<Column> columns_;  // that are shown of Side::Read
 };
 
 // What the lists of columns and the heads call a column, counted from 1.

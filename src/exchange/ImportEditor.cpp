@@ -46,8 +46,9 @@ std::optional<CsvMapping> MappingOf(const ImportForm& form) {
   return mapping;
 }
 
-ImportForm With(const CsvMapping& mapping, ImportForm form) {
+ImportForm With(const CsvMapping& mapping, const std::string& encoding, ImportForm form) {
   form.csv = mapping;
+  form.encoding = encoding;
   form.skip = std::to_string(mapping.skip);
   form.separator = mapping.separator == "\t" ? "Tab" : mapping.separator;
   return form;
@@ -106,8 +107,8 @@ std::vector<ImportAccountChoice> ImportEditor::Accounts() {
   return choices;
 }
 
-std::optional<Warning> ImportEditor::Open(const std::string& path) {
-  FileText file = ReadFileText(path);
+std::optional<Warning> ImportEditor::Open(const std::string& path, const std::string& encoding) {
+  FileText file = ReadFileText(path, encoding);
   if (file.fault) return Say(*file.fault, "txtFile");
   const ImportKind kind = KindOfImport(path, file.text);
   const std::size_t endless = kind == ImportKind::Csv ? FindEndlessLine(file.text) : 0;
@@ -144,7 +145,7 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
     return Say("Please select an Account for the file import", "cmbAccount");
   }
   // Read anew: it may have been written again since.
-  if (auto warning = Open(form.file)) return warning;
+  if (auto warning = Open(form.file, form.encoding)) return warning;
   if (kind_ == ImportKind::Csv && *form.accountId == 0) {
     return Say("Please select an Account for the file import", "cmbAccount");
   }
@@ -163,13 +164,20 @@ ImportForm ImportEditor::Propose(const ImportForm& form, std::string& name) cons
   name.clear();
   for (const std::string& candidate : mappings_.Names()) {
     const auto saved = mappings_.Find(candidate);
-    if (!saved || saved->header.empty() || HeaderOf(file_.text, saved->mapping) != saved->header) {
-      continue;
-    }
+    if (!saved || saved->header.empty() || !Fits(*saved, form)) continue;
     name = candidate;
-    return With(saved->mapping, form);
+    return With(saved->mapping, saved->encoding, form);
   }
-  return With(ProposeMapping(file_.text, platform_.locale), form);
+  return With(ProposeMapping(file_.text, platform_.locale), form.encoding, form);
+}
+
+// Its headings are told by the file as its own encoding reads it.
+bool ImportEditor::Fits(const SavedCsvMapping& saved, const ImportForm& form) const {
+  if (saved.encoding == form.encoding) {
+    return HeaderOf(file_.text, saved.mapping) == saved.header;
+  }
+  const FileText file = ReadFileText(form.file, saved.encoding);
+  return !file.fault && HeaderOf(file.text, saved.mapping) == saved.header;
 }
 
 CsvPreview ImportEditor::Preview(const ImportForm& form) const {
@@ -210,11 +218,11 @@ std::optional<Warning> ImportEditor::CheckRows(const CsvMapping& mapping) const 
     return cell.empty() || ReadFileNumber(cell, DecimalMark::Point) ||
            ReadFileNumber(cell, DecimalMark::Comma);
   };
-  const std::size_t last = CsvReader(file_.text, mapping, platform_.locale).LastLine();
+  const CsvReader::End end = CsvReader(file_.text, mapping, platform_.locale).FindEnd();
   const std::vector<CsvRow> rows = FirstRows(file_.text, mapping.separator, kPreviewRows);
   for (std::size_t i = static_cast<std::size_t>(mapping.skip); i < rows.size(); ++i) {
     const CsvRow& row = rows[i];
-    if (row.IsBlank() || row.line > last) continue;
+    if (row.IsBlank() || row.line >= end.line) continue;
     if (!ReadFileDate(row.Cell(mapping.date), mapping.order, platform_.locale,
                       DateTolerance::OrderOnly)) {
       return Say(Column(mapping.date) + " Is not a Date Column", "cmbColDate");
@@ -225,7 +233,7 @@ std::optional<Warning> ImportEditor::CheckRows(const CsvMapping& mapping) const 
     if (!isNumber(row.Cell(mapping.expense))) {
       return Say(Column(mapping.expense) + " Is not a Numeric Column", "cmbColExpense");
     }
-    if (mapping.sign != 0 && !SideOf(row.Cell(mapping.sign))) {
+    if (mapping.sign != 0 && !SideOf(row.Cell(mapping.sign), mapping)) {
       return Say(Column(mapping.sign) + " Is not a Sign Column", "cmbColSign");
     }
   }
@@ -236,13 +244,14 @@ std::optional<Warning> ImportEditor::SaveMapping(const std::string& name, const 
   if (Trim(name).empty()) return Say("Please enter a name for the mapping", "cmbMapping");
   const std::optional<CsvMapping> mapping = MappingOf(form);
   if (!mapping) return CheckCsv(form);
-  mappings_.Save(std::string(Trim(name)), {*mapping, HeaderOf(file_.text, *mapping)});
+  mappings_.Save(std::string(Trim(name)),
+                 {*mapping, HeaderOf(file_.text, *mapping), form.encoding});
   return std::nullopt;
 }
 
 ImportForm ImportEditor::WithMapping(const std::string& name, const ImportForm& form) const {
   const auto saved = mappings_.Find(name);
-  return saved ? With(saved->mapping, form) : form;
+  return saved ? With(saved->mapping, saved->encoding, form) : form;
 }
 
 std::optional<ImportJob> ImportEditor::JobOf(const ImportForm& form) {
@@ -255,6 +264,7 @@ std::optional<ImportJob> ImportEditor::JobOf(const ImportForm& form) {
   job.dateOrder = form.dateOrder;
   job.decimalMark = form.decimalMark;
   job.csv = *mapping;
+  job.encoding = form.encoding;
   return job;
 }
 

@@ -45,6 +45,7 @@ struct ImportForm {
   CsvMapping csv;
   std::string skip = "0";
   std::string separator = ",";
+  std::string encoding = {};  // of the file's text; empty: as the file shows
 };
 
 // The rules behind the import dialog: a file and an account are chosen (Open, Check); a CSV file's
@@ -58,7 +59,8 @@ class ImportEditor {
 
   // Reads the file for its kind and preview. A warning where it is none that can be imported, which
   // leaves the file before. Throws PlatformError where it cannot be read.
-  [[nodiscard]] std::optional<Warning> Open(const std::string& path);
+  [[nodiscard]] std::optional<Warning> Open(const std::string& path,
+                                            const std::string& encoding = {});
   [[nodiscard]] ImportKind Kind() const { return kind_; }
 
   // Where the opened file is of another account than the one in the form.
@@ -100,6 +102,7 @@ class ImportEditor {
 
  private:
   [[nodiscard]] std::optional<Warning> CheckRows(const CsvMapping& mapping) const;
+  [[nodiscard]] bool Fits(const SavedCsvMapping& saved, const ImportForm& form) const;
 
   clsCorvanta& ledger_;
   Platform& platform_;

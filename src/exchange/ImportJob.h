@@ -24,6 +24,7 @@ struct ImportJob {
   std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
   std::optional<DecimalMark> decimalMark;  // nullopt: found from the file
   CsvMapping csv;                          // of a CSV file, whose dates and marks it says itself
+  std::string encoding = {};               // of the file's text; empty: as the file shows
 };
 
 }  // namespace corvanta

@@ -90,14 +90,15 @@ void ImportNames::ReadCategories() {
 const ImportTarget* ImportNames::FindAccount(const ImportAccount& account) const {
   if (account.name.size() <= kLongestName) return accounts_.Find(account);
   ImportAccount shortened = account;
-  shortened.name = FirstCharacters(Trim(account.name), kLongestName);
+  shortened.name = CutName(account.name);
   return accounts_.Find(shortened);
 }
 
 const ImportTarget* ImportNames::FindOrCreateAccount(const ImportAccount& account) {
   if (const ImportTarget* found = FindAccount(account)) return found;
   AccountRecord record;
-  record.account = Fit(account.name.empty() ? account.number : account.name, kLongestName);
+  record.account =
+      Fit(CutName(account.name.empty() ? account.number : account.name), kLongestName);
   record.accountNo = Fit(account.number, kLongestNumber);
   record.accountTypeId = GroupFor(account.group);
   record.currencyId = CurrencyFor(account.currency);

@@ -2,10 +2,76 @@
 
 #include "platform/TextCase.h"
 
+#include <unicode/brkiter.h>
+#include <unicode/unistr.h>
+
 #include <algorithm>
 #include <cmath>
+#include <memory>
 
 namespace corvanta {
+namespace {
+
+constexpr std::size_t kLongestName = 100;  // characters
+
+std::string WithoutRuns(std::string_view text) {
+  std::string folded;
+  for (const char c : Trim(text)) {
+    const bool isBlank = c == ' ' || c == '\t' || c == '\r' || c == '\n';
+    if (!isBlank) folded += c;
+    if (isBlank && !folded.ends_with(' ')) folded += ' ';
+  }
+  return folded;
+}
+
+bool CutInto(std::string& name, std::string& memo) {
+  if (name.size() <= kLongestName) return false;
+  const std::string whole = WithoutRuns(name);
+  name = CutName(whole);
+  if (name == whole) return false;
+  // Where a file has one text for both, it stands there once.
+  if (WithoutRuns(memo).find(whole) == std::string::npos) {
+    memo = memo.empty() ? whole : whole + " " + memo;
+  }
+  return true;
+}
+
+std::size_t CutInto(ImportCategory& category, std::string& memo) {
+  std::size_t cut = 0;
+  for (std::string* name : {&category.category, &category.subCategory, &category.account}) {
+    if (CutInto(*name, memo)) ++cut;
+  }
+  return cut;
+}
+
+}  // namespace
+
+std::string CutName(std::string_view name) {
+  if (name.size() <= kLongestName || TextLength(name) <= kLongestName) return std::string(name);
+  std::string folded = WithoutRuns(name);
+  if (TextLength(folded) <= kLongestName) return folded;
+  const icu::UnicodeString text = icu::UnicodeString::fromUTF8(folded);
+  std::int32_t end = text.moveIndex32(0, static_cast<std::int32_t>(kLongestName));
+  UErrorCode status = U_ZERO_ERROR;
+  const std::unique_ptr<icu::BreakIterator> characters(
+      icu::BreakIterator::createCharacterInstance(icu::Locale::getRoot(), status));
+  if (U_SUCCESS(status)) {
+    characters->setText(text);
+    if (const std::int32_t before = characters->preceding(end + 1); before > 0) end = before;
+  }
+  std::string cut;
+  text.tempSubString(0, end).toUTF8String(cut);
+  return std::string(Trim(cut));
+}
+
+std::size_t CutNames(ImportRecord& record) {
+  std::size_t cut = CutInto(record.category, record.memo);
+  for (std::string* name : {&record.security, &record.payee}) {
+    if (CutInto(*name, record.memo)) ++cut;
+  }
+  for (ImportSplit& split : record.splits) cut += CutInto(split.category, split.memo);
+  return cut;
+}
 
 ImportCategory ReadImportCategory(std::string_view text) {
   constexpr std::string_view kTransferMark = "Account:";

@@ -29,6 +29,11 @@ struct ImportSplit {
   ImportValue amount;
 };
 
+// The name of a payee, category, account or investment as long as such a name may be, which is 100
+// characters: where it is longer, runs of blanks are one, and what is too long even so ends between
+// two characters as a person sees them.
+[[nodiscard]] std::string CutName(std::string_view name);
+
 // What makes the sign of an amount beside the one that it carries.
 enum class AmountSide {
   AsItStands,
@@ -65,6 +70,10 @@ struct ImportRecord {
 
 // The record's payee; "Transfer" where it names none.
 [[nodiscard]] std::string PayeeOf(const ImportRecord& record);
+
+// Cuts the names of the record and keeps each that has lost something whole in the memo beside it.
+// The number of these.
+std::size_t CutNames(ImportRecord& record);
 
 // An account that the file names; all empty for the one that the person chose.
 struct ImportAccount {

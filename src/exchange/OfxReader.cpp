@@ -12,11 +12,12 @@ constexpr std::size_t kLongestId = 50;
 constexpr std::size_t kDayDigits = 8;  // YYYYMMDD
 
 // Elements whose account numbers are not the statement's.
-constexpr std::array<std::string_view, 8> kOtherAccounts = {
-    "ACCTINFO", "ACCTINFORS",   "SIGNUPMSGSRSV1", "BANKACCTTO",
-    "CCACCTTO", "LOANACCTFROM", "INVACCTFROM",    "PRESACCTFROM"};
-constexpr std::array<std::string_view, 3> kInvestments = {"INVSTMTMSGSRSV1", "INVSTMTTRNRS",
-                                                          "INVSTMTRS"};
+constexpr std::array<std::string_view, 9> kOtherAccounts = {
+    "ACCTINFO",     "ACCTINFORS",  "SIGNUPMSGSRSV1", "BANKACCTTO",  "CCACCTTO",
+    "LOANACCTFROM", "INVACCTFROM", "INVACCTTO",      "PRESACCTFROM"};
+constexpr std::array<std::string_view, 6> kStatements = {"STMTTRNRS", "STMTRS",       "CCSTMTTRNRS",
+                                                         "CCSTMTRS",  "INVSTMTTRNRS", "INVSTMTRS"};
+constexpr std::array<std::string_view, 2> kLists = {"BANKTRANLIST", "INVTRANLIST"};
 
 template <typename Names>
 bool IsAmong(const Names& names, std::string_view name) {
@@ -52,46 +53,59 @@ void OfxReader::Run(ImportSink& sink) {
       Open(element);
     }
   }
-  EndTransaction(element.offset);
+  if (goesOn_) EndFile();
+}
+
+void OfxReader::EndFile() {
+  if (inTransaction_) {
+    sink_->OnProblem(record_.line,
+                     "The file ends inside this transaction; nothing of it was imported. Ask the "
+                     "bank for the whole file.");
+  } else if (inList_) {
+    sink_->OnProblem(0,
+                     "The file ends before the list of its transactions does. Ask the bank for the "
+                     "whole file.");
+  }
+  trades_.Tell(*sink_);
 }
 
 void OfxReader::Open(const OfxElement& element) {
   const std::string& name = element.name;
-  if (inInvestment_) return;
-  if (IsAmong(kInvestments, name)) {
+  if (IsAmong(kStatements, name)) {
     EndTransaction(element.offset);
-    inInvestment_ = true;
-    sink_->OnProblem(element.line,
-                     "An investment statement is not imported; only those of bank and card "
-                     "accounts are.");
-  } else if (name == "STMTTRNRS" || name == "STMTRS" || name == "CCSTMTTRNRS" ||
-             name == "CCSTMTRS") {
-    EndTransaction(element.offset);
-    BeginStatement();
-    if (name.starts_with("CC")) account_.group = "ccard";
-  } else if (name == "STMTTRN") {
+    BeginStatement(name);
+  } else if (name == "STMTTRN" && !trades_.IsInTrade()) {
     BeginTransaction(element);
   } else if (inTransaction_) {
     TransactionField(element);
   } else {
-    StatementField(element);
+    inList_ = inList_ || IsAmong(kLists, name);
+    inInvestment_&& inList_ ? trades_.Open(element) : trades_.Look(element);
+    if (!trades_.IsInTrade()) StatementField(element);
   }
 }
 
-void OfxReader::BeginStatement() {
+void OfxReader::BeginStatement(const std::string& name) {
   account_ = ImportAccount();
-  account_.group = "bank";
+  inInvestment_ = name.starts_with("INV");
+  account_.group = inInvestment_ ? "invst" : name.starts_with("CC") ? "ccard" : "bank";
   accountIsTold_ = false;
+  inList_ = false;
   other_.clear();
+}
+
+bool OfxReader::IsOtherAccount(const std::string& name) const {
+  return IsAmong(kOtherAccounts, name) && !(inInvestment_ && name == "INVACCTFROM");
 }
 
 void OfxReader::StatementField(const OfxElement& element) {
   if (!other_.empty()) return;
-  if (IsAmong(kOtherAccounts, element.name)) {
+  if (IsOtherAccount(element.name)) {
     other_ = element.name;
   } else if (element.name == "ACCTID") {
     // A statement has one account; a second one is that of the next statement.
-    if (accountIsTold_) BeginStatement();
+    if (accountIsTold_) account_ = ImportAccount{{}, {}, account_.group, {}};
+    accountIsTold_ = false;
     account_.number = Cut(element.value, kLongestId);
   } else if (element.name == "ACCTTYPE") {
     account_.group = GroupOf(element.value);
@@ -110,7 +124,7 @@ void OfxReader::TransactionField(const OfxElement& element) {
   const std::string& name = element.name;
   const std::string& value = element.value;
   if (!other_.empty()) return;
-  if (IsAmong(kOtherAccounts, name)) {
+  if (IsOtherAccount(name)) {
     other_ = name;
     return;
   }
@@ -119,7 +133,8 @@ void OfxReader::TransactionField(const OfxElement& element) {
   } else if (name == "NAME") {
     (inPayee_ ? payeeName_ : record_.payee) = value;
   } else if (name == "DTPOSTED") {
-    record_.date = {value.substr(0, kDayDigits), element.line};
+    const bool isCompact = value.find_first_not_of("0123456789") >= kDayDigits;
+    record_.date = {isCompact ? value.substr(0, kDayDigits) : value, element.line};
   } else if (name == "TRNAMT") {
     record_.amount = {value, element.line};
   } else if (name == "MEMO") {
@@ -134,17 +149,14 @@ void OfxReader::TransactionField(const OfxElement& element) {
 }
 
 void OfxReader::Close(const std::string& name, std::size_t offset) {
-  if (inInvestment_) {
-    inInvestment_ = !IsAmong(kInvestments, name);
-    return;
-  }
+  trades_.Close(name);
   if (name == other_) other_.clear();
   if (name == "PAYEE") inPayee_ = false;
-  if (name == "STMTTRN" || name == "BANKTRANLIST") EndTransaction(offset);
-  if (name == "STMTTRNRS" || name == "CCSTMTTRNRS" || name == "STMTRS" || name == "CCSTMTRS") {
-    EndTransaction(offset);
-    BeginStatement();
-  }
+  if (IsAmong(kLists, name)) inList_ = false;
+  if (name == "STMTTRN" || IsAmong(kLists, name)) EndTransaction(offset);
+  if (!IsAmong(kStatements, name)) return;
+  EndTransaction(offset);
+  BeginStatement({});
 }
 
 void OfxReader::EndTransaction(std::size_t offset) {

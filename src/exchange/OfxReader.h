@@ -2,14 +2,17 @@
 
 #include "exchange/ImportRecord.h"
 #include "exchange/OfxText.h"
+#include "exchange/OfxTrades.h"
 
 #include <string>
 #include <string_view>
 
 namespace corvanta {
 
-// Reads the statements of bank and card accounts in an OFX file. Only what stands inside a
-// transaction becomes part of it, and only the statement's own account element names its account.
+// Reads the statements of bank and card accounts in an OFX file, and the cash of those of
+// investment accounts, whose trades are told and left out. Only what stands inside a transaction
+// becomes part of it, and only the statement's own account element names its account. A transaction
+// in which the file ends is left out.
 class OfxReader {
  public:
   explicit OfxReader(std::string_view text) : elements_(text) {}
@@ -21,9 +24,11 @@ class OfxReader {
   void Close(const std::string& name, std::size_t offset);
   void TransactionField(const OfxElement& element);
   void StatementField(const OfxElement& element);
-  void BeginStatement();
+  void BeginStatement(const std::string& name);
+  [[nodiscard]] bool IsOtherAccount(const std::string& name) const;
   void BeginTransaction(const OfxElement& element);
   void EndTransaction(std::size_t offset);
+  void EndFile();
 
   OfxText elements_;
   ImportSink* sink_ = nullptr;
@@ -33,7 +38,9 @@ class OfxReader {
   bool accountIsTold_ = false;  // told with its first transaction: an empty one chooses nothing
   bool inTransaction_ = false;
   bool inPayee_ = false;
-  bool inInvestment_ = false;
+  bool inInvestment_ = false;  // a statement of one
+  bool inList_ = false;        // of a statement's transactions
+  OfxTrades trades_;
   std::string other_;  // an element that holds another account than the statement's
   ImportRecord record_;
   bool hasFields_ = false;

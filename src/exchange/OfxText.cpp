@@ -138,8 +138,8 @@ bool OfxText::Next(OfxElement& element) {
   ReadValue(before);  // the header, and what stands between closing and opening tags
   if (at_ >= text_.size()) return false;
   element.line = line_;
-  const std::size_t close = text_.find('>', at_);
-  const std::size_t end = close == std::string_view::npos ? text_.size() : close;
+  const std::size_t end = text_.find('>', at_);
+  if (end == std::string_view::npos) return false;  // the file ends inside the tag
   std::string_view name = Trim(text_.substr(at_ + 1, end - at_ - 1));
   const bool isEmpty = name.ends_with("/");
   if (isEmpty) name.remove_suffix(1);

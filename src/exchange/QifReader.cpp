@@ -53,12 +53,24 @@ void QifReader::Run(ImportSink& sink) {
       Field(code >= 'a' && code <= 'z' ? static_cast<char>(code - 32) : code, Trim(line.substr(1)));
     }
   }
-  EndEntry();
+  if (goesOn_) EndFile();
+}
+
+void QifReader::EndFile() {
+  const bool isRecord = section_ == Section::Bank || section_ == Section::Investment;
+  const bool isAccount = section_ == Section::Accounts && !isRecord_ && !account_.name.empty();
+  if ((isRecord && hasFields_) || isAccount) {
+    sink_->OnProblem(isAccount ? lines_.Number() : record_.line,
+                     "The file ends inside this entry, before its end mark; nothing of it was "
+                     "imported. Fetch the whole file once more.");
+  } else {
+    EndEntry();
+  }
   EndSection();
 }
 
 void QifReader::Header(std::string_view line) {
-  // An entry that ends without its mark counts.
+  // An entry that ends at a header instead of its mark counts.
   EndEntry();
   const std::string header = ToLower(line);
   if (header == "!clear:autoswitch") {

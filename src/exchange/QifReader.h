@@ -11,7 +11,8 @@ namespace corvanta {
 
 // Reads the lines of a QIF file: a header begins with "!", any other line with the letter of a
 // field, and "^" ends an entry. The account that was named last is the one of the records that
-// follow, whether it stands in a block of its own or in a list of accounts.
+// follow, whether it stands in a block of its own or in a list of accounts. An entry in which the
+// file ends is left out: any of its values may be cut.
 class QifReader {
  public:
   explicit QifReader(std::string_view text) : lines_(text) {}
@@ -35,6 +36,7 @@ class QifReader {
   void EndAccount();
   void EndRecord();
   void EndSection();
+  void EndFile();
 
   [[nodiscard]] ImportValue ValueHere(std::string_view value) const;
 

@@ -20,17 +20,19 @@ bool StyleFinder::OnRecord(ImportRecord& record) {
 
 ImportStyle StyleFinder::Find(ImportKind kind, const ImportJob& job, const Locale& locale) const {
   ImportStyle style;
-  std::optional<DecimalMark> mark = job.decimalMark;
+  style.mark = job.decimalMark;
+  // A statement in OFX groups no digits.
+  if (kind == ImportKind::Ofx) return style;
   if (kind == ImportKind::Qif) {
     style.order = job.dateOrder.value_or(dates_.Find(locale));
     style.tolerance = DateTolerance::AnyProven;
     style.emptyIsZero = true;
-  } else if (kind == ImportKind::Csv) {
+  } else {
     style.order = job.csv.order;
     style.stopsAtFault = true;
-    if (job.csv.decimalMark) mark = job.csv.decimalMark;
+    if (job.csv.decimalMark) style.mark = job.csv.decimalMark;
   }
-  style.mark = mark.value_or(numbers_.Find(locale));
+  if (!style.mark) style.mark = numbers_.Find(locale);
   return style;
 }
 

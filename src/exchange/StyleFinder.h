@@ -6,6 +6,7 @@
 #include "exchange/ImportRecord.h"
 
 #include <functional>
+#include <optional>
 #include <string_view>
 
 namespace corvanta {
@@ -16,9 +17,9 @@ class Locale;
 struct ImportStyle {
   DateOrder order = DateOrder::YearMonthDay;
   DateTolerance tolerance = DateTolerance::OrderOnly;
-  DecimalMark mark = DecimalMark::Point;
-  bool emptyIsZero = false;   // an amount that is not there
-  bool stopsAtFault = false;  // at the first value that is not understood
+  std::optional<DecimalMark> mark;  // nullopt: each number's only one stands before its decimals
+  bool emptyIsZero = false;         // an amount that is not there
+  bool stopsAtFault = false;        // at the first value that is not understood
 };
 
 // Looks at all values of a file before any is read.

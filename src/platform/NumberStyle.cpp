@@ -1,13 +1,18 @@
 #include "platform/NumberStyle.h"
 
+#include "exchange/BankWords.h"
 #include "platform/Locale.h"
 #include "platform/NumberText.h"
 #include "platform/TextCase.h"
+
+#include <unicode/uchar.h>
+#include <unicode/utf8.h>
 
 #include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <string>
 #include <utility>
 
@@ -18,9 +23,6 @@ constexpr double kLargest = 1e15;  // a double still holds the cents of what is 
 
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
-}
-bool IsLetter(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
 // What stands around the points and commas of a text.
@@ -58,12 +60,14 @@ struct Marks {
 };
 
 DecimalMark MarkOf(char c) {
-  return c == '.' ? DecimalMark::Point : DecimalMark::Comma;
+  return c == ',' ? DecimalMark::Comma : DecimalMark::Point;
 }
 
-// Signs of currencies that are written with letters; codes of three capitals count as well.
-constexpr std::array<std::string_view, 12> kCurrencyWords = {
-    "kr", "kr.", "fr", "fr.", "sfr", "rs", "rs.", "zl", "ft", "lei", "r", "kc"};
+// Currencies that are written as a word, in lower case; codes of three capitals count as well.
+constexpr std::array<std::string_view, 35> kCurrencyWords = {
+    "kr",  "kr.",  "fr", "fr.",     "sfr", "sfr.", "rs",   "rs.",  "zl",  "z\u0142", "ft", "ft.",
+    "lei", "r",    "kc", "k\u010D", "km",  "din",  "din.", "tl",   "eur", "euro",    "лв", "лв.",
+    "руб", "руб.", "р",  "р.",      "грн", "грн.", "дин",  "дин.", "ден", "元",      "円"};
 
 bool IsCurrencyWord(std::string_view word) {
   const bool isCode =
@@ -71,18 +75,34 @@ bool IsCurrencyWord(std::string_view word) {
   return isCode || std::ranges::find(kCurrencyWords, ToLower(word)) != kCurrencyWords.end();
 }
 
-std::string_view LeadingWord(std::string_view text) {
-  std::size_t end = 0;
-  while (end < text.size() && IsLetter(text[end])) ++end;
-  if (end > 0 && end < text.size() && text[end] == '.') ++end;
-  return text.substr(0, end);
+const std::uint8_t* Bytes(std::string_view text) {
+  return reinterpret_cast<const std::uint8_t*>(text.data());
 }
 
+// The letters at the front with a full stop behind them.
+std::string_view LeadingWord(std::string_view text) {
+  const auto size = static_cast<std::int32_t>(text.size());
+  std::int32_t end = 0;
+  for (std::int32_t at = 0; at < size; end = at) {
+    UChar32 c = 0;
+    U8_NEXT(Bytes(text), at, size, c);
+    if (c < 0 || u_isalpha(c) == 0) break;
+  }
+  if (end > 0 && end < size && text[static_cast<std::size_t>(end)] == '.') ++end;
+  return text.substr(0, static_cast<std::size_t>(end));
+}
+
+// The letters at the end, also before a full stop.
 std::string_view TrailingWord(std::string_view text) {
-  std::size_t begin = text.size();
-  if (begin > 1 && text[begin - 1] == '.' && IsLetter(text[begin - 2])) --begin;
-  while (begin > 0 && IsLetter(text[begin - 1])) --begin;
-  return text.substr(begin);
+  const auto size = static_cast<std::int32_t>(text.size());
+  const std::int32_t last = text.ends_with('.') ? size - 1 : size;
+  std::int32_t begin = last;
+  for (std::int32_t at = begin; at > 0; begin = at) {
+    UChar32 c = 0;
+    U8_PREV(Bytes(text), 0, at, c);
+    if (c < 0 || u_isalpha(c) == 0) break;
+  }
+  return begin == last ? std::string_view() : text.substr(static_cast<std::size_t>(begin));
 }
 
 // "US$" and "A$": a country's letters before the sign of its currency.
@@ -91,9 +111,9 @@ bool IsCurrencyPrefix(std::string_view word, std::string_view rest) {
          std::ranges::all_of(word, [](char c) { return c >= 'A' && c <= 'Z'; });
 }
 
-// "5.-" is five without cents, not minus five.
+// "5.-" and "5,--" are five without cents, not minus five.
 std::string WithoutDash(std::string number) {
-  for (const std::string_view dash : {"-", "\xE2\x80\x93", "\xE2\x80\x94"}) {
+  for (const std::string_view dash : {"--", "-", "\xE2\x80\x93", "\xE2\x80\x94"}) {
     if (!number.ends_with(dash) || number.size() == dash.size()) continue;
     const char before = number[number.size() - dash.size() - 1];
     if (before == '.' || before == ',') number.resize(number.size() - dash.size());
@@ -109,18 +129,17 @@ std::optional<std::string> WithoutWords(std::string_view text, bool& isDebit, bo
     ++start;
   }
   std::string number(text);
-  if (start < text.size() && IsLetter(text[start])) {
-    const std::string_view word = LeadingWord(text.substr(start));
+  if (const std::string_view word = LeadingWord(text.substr(start)); !word.empty()) {
     const std::string_view rest = Trim(text.substr(start + word.size()));
     if (!IsCurrencyWord(word) && !IsCurrencyPrefix(word, rest)) return std::nullopt;
     number = std::string(text.substr(0, start)) + std::string(rest);
   }
   const std::string_view word = TrailingWord(number);
   if (word.empty()) return WithoutDash(std::move(number));
-  const std::string lower = ToLower(word);
-  isDebit = lower == "dr" || lower == "db";
-  isCredit = lower == "cr";
-  if (!isDebit && !isCredit && !IsCurrencyWord(word)) return std::nullopt;
+  const std::optional<int> side = SideOfWord(word);
+  isDebit = side == -1;
+  isCredit = side == 1;
+  if (!side && !IsCurrencyWord(word)) return std::nullopt;
   number.resize(number.size() - word.size());
   return WithoutDash(std::string(Trim(number)));
 }
@@ -171,12 +190,14 @@ DecimalMark MarkOf(const Locale& locale) {
   return locale.DecimalSeparator() == "," ? DecimalMark::Comma : DecimalMark::Point;
 }
 
-std::optional<double> ReadFileNumber(std::string_view text, DecimalMark mark) {
+std::optional<double> ReadFileNumber(std::string_view text, std::optional<DecimalMark> mark) {
   bool isDebit = false;
   bool isCredit = false;
   const std::optional<std::string> number = WithoutWords(text, isDebit, isCredit);
   if (!number) return std::nullopt;
-  std::optional<double> value = ReadWith(*number, ProvenMark(*number).value_or(mark));
+  const std::optional<DecimalMark> proven = ProvenMark(*number);
+  const DecimalMark own = proven ? *proven : mark.value_or(MarkOf(Marks(*number).last));
+  const std::optional<double> value = ReadWith(*number, own);
   if (!value || !(std::fabs(*value) <= kLargest)) return std::nullopt;
   // A word beside a sign of its own would say two things.
   if ((isDebit || isCredit) && *value < 0) return std::nullopt;

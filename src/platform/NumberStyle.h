@@ -19,10 +19,12 @@ enum class DecimalMark { Point, Comma };
 [[nodiscard]] DecimalMark MarkOf(const Locale& locale);
 
 // The number that a text holds: digits grouped by the other mark, by blanks or by apostrophes; a
-// sign before or behind, brackets for negative, a currency by sign or code, DR or CR. A text that
-// proves its own mark is read by it. nullopt when it is no number, or one too large for money
-// (above 1e15).
-[[nodiscard]] std::optional<double> ReadFileNumber(std::string_view text, DecimalMark mark);
+// sign before or behind, brackets for negative, a currency by sign, code or word, a bank's word for
+// debit or credit. A text that proves its own mark is read by it; without a `mark` for the others
+// the only one in a text stands before its decimals ("1.234" is less than two). nullopt when it is
+// no number, or one too large for money (above 1e15).
+[[nodiscard]] std::optional<double> ReadFileNumber(std::string_view text,
+                                                   std::optional<DecimalMark> mark);
 
 // True for a number that is zero, however it is written.
 [[nodiscard]] bool IsZeroText(std::string_view text);

@@ -81,6 +81,55 @@ TEST_F(CsvImport, ZeroAndSignColumns) {
             "The import stopped at line 1: \"Maybe\" says neither debit nor credit.");
 }
 
+TEST_F(CsvImport, WordsForTheSideOfManyLanguagesAndOfThePerson) {
+  Map(job_.csv, "DATE:1,PAYEE:2,INCOME:3,EXPENSE:3,SIGN:4");
+  ImportCsv(
+      "13/02/2020,A,1,D\u00E9bito\n13/02/2020,B,2,Abono\n13/02/2020,C,3,Af\n13/02/2020,D,4,Bij\n"
+      "13/02/2020,E,5,\u0420\u0430\u0441\u0445\u043E\u0434\n"
+      "13/02/2020,F,6,\u5165\u91D1\n13/02/2020,G,7,Wp\u0142ata\n13/02/2020,H,8,CRDT\n");
+  EXPECT_EQ(Amounts("Mine"), (Texts{"-1", "2", "-3", "4", "-5", "6", "7", "8"}));
+  EXPECT_EQ(ImportCsv("14/02/2020,A,9,Raus\n").stop,
+            "The import stopped at line 1: \"Raus\" says neither debit nor credit.");
+  job_.csv.debitWords = "Raus, Weg";
+  job_.csv.creditWords = "rein,D";
+  ImportCsv("14/02/2020,A,9,raus\n14/02/2020,B,10,Rein\n14/02/2020,C,11,weg\n14/02/2020,D,12,D\n");
+  EXPECT_EQ(Amounts("Mine").size(), 12U);
+  EXPECT_EQ(Amounts("Mine")[8], "-9");
+  EXPECT_EQ(Amounts("Mine")[9], "10");
+  EXPECT_EQ(Amounts("Mine")[10], "-11");
+  EXPECT_EQ(Amounts("Mine")[11], "12");
+}
+
+TEST_F(CsvImport, DescriptionReferenceAndNumber) {
+  Map(job_.csv, "DATE:1,PAYEE:2,INCOME:3,EXPENSE:3,DESCRIPTION:4,REFERENCE:5,NUMBER:6");
+  ImportCsv(
+      "13/02/2020,A,1,\"Two\nlines\",R1,\n13/02/2020,B,2,,,101\n13/02/2020,C,3,x,R2,102\n"
+      "13/02/2020,D,4,,7,7\n");
+  EXPECT_EQ(Rows("Mine"), (Texts{"2020-02-13|A|Credit|1|R1|Two lines", "2020-02-13|B|Credit|2|101|",
+                                 "2020-02-13|C|Credit|3|102 R2|x", "2020-02-13|D|Credit|4|7|"}));
+}
+
+// A file that breaks off in a row books nothing of it; a quote that was only typed is none.
+TEST_F(CsvImport, AFileThatIsCutBooksNothingOfTheCutRow) {
+  Map(job_.csv, "DATE:1,PAYEE:2,INCOME:3,EXPENSE:3,DESCRIPTION:4");
+  const std::string before = "13/02/2020,A,1,x\n";
+  for (const char* cut : {"14/02/2020,\"12 High Street, 45", "14/02/2020,B,2,\"a memo",
+                          "14/02/2020,B,2,\"a\nsecond li", "14/02/2020,\"B\nC", "14/02/2020,B,12",
+                          "14/02/2020,B,2,\"a\n15/02"}) {
+    SCOPED_TRACE(cut);
+    const Transaction undone = Db().Begin();
+    const ImportSummary summary = ImportCsv(before + cut);
+    EXPECT_EQ(Amounts("Mine"), Texts{"1"});
+    EXPECT_EQ(summary.outcome, ImportOutcome::Complete);
+    EXPECT_EQ(
+        Problems(summary),
+        Texts{"2: The file ends inside this row; nothing of it was imported. Ask the bank for "
+              "the whole file."});
+  }
+  ImportCsv(before + "14/02/2020,\"B,2,x\n15/02/2020,C,3,y");
+  EXPECT_EQ(Amounts("Mine"), (Texts{"1", "2", "3"}));
+}
+
 TEST_F(CsvImport, DatesOfTheChosenOrder) {
   for (const auto& [order, date] : {std::pair(DateOrder::DayMonthYear, "03/04/2020"),
                                     {DateOrder::MonthDayYear, "04/03/2020"},
@@ -224,6 +273,68 @@ TEST_F(CsvDialog, ProposesWhatTheFileLooksLike) {
     EXPECT_EQ(form_.csv.zeroIsEmpty, c.zeroIsEmpty);
     EXPECT_EQ(Checked(), "");
     form_.file.clear();
+  }
+}
+
+TEST_F(CsvDialog, KnowsHeadingsOfManyLanguages) {
+  struct Case {
+    const char* text;
+    const char* columns;
+  };
+  const Case cases[] = {
+      {"Fecha;Concepto;Cargo;Abono;Saldo\n13/02/2020;Tienda;5,00;;95,00\n14/02/"
+       "2020;N\u00F3mina;;10,00;105,00\n",
+       "DATE:1,PAYEE:2,CATEGORY:0,INCOME:4,EXPENSE:3"},
+      {"Date;Libell\u00E9;D\u00E9bit;Cr\u00E9dit\n13/02/2020;Magasin;5,00;\n14/02/"
+       "2020;Salaire;;10,00\n",
+       "DATE:1,PAYEE:2,CATEGORY:0,INCOME:4,EXPENSE:3"},
+      {"Datum,Naam,Rekening,Af Bij,Bedrag,Mededelingen\n20200213,Winkel,NL1,Af,\"5,00\",Pas 1\n"
+       "20200214,Werk,NL1,Bij,\"10,00\",Loon\n",
+       "DATE:1,PAYEE:2,CATEGORY:0,INCOME:5,EXPENSE:5,SIGN:4,DESCRIPTION:6"},
+      {"Data;Kontrahent;Tytu\u0142;Obci\u0105\u017Cenie;Uznanie\n13.02.2020;Sklep;Zakupy;5,00;\n"
+       "14.02.2020;Praca;Pensja;;10,00\n",
+       "DATE:1,PAYEE:2,CATEGORY:0,INCOME:5,EXPENSE:4,DESCRIPTION:3"},
+      {"\u65E5\u4ED8,\u6458\u8981,\u51FA\u91D1,\u5165\u91D1,\u6B8B\u9AD8\n2020/02/13,A,500,,900\n"
+       "2020/02/14,B,,700,1600\n",
+       "DATE:1,PAYEE:2,CATEGORY:0,INCOME:4,EXPENSE:3"},
+      {"Date,Payee,Category,Payment,Reference,Description,Status,Paid Out,Paid In\n"
+       "2020-02-13,Shop,Food,Cash,7,Lunch,,12.5,\n",
+       "DATE:1,PAYEE:2,CATEGORY:3,INCOME:9,EXPENSE:8,DESCRIPTION:6,REFERENCE:5"},
+      {"Date,Cheque Number,Name,Amount\n13/02/2020,101,Shop,-5.00\n",
+       "DATE:1,PAYEE:3,CATEGORY:0,INCOME:4,EXPENSE:4,NUMBER:2"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.text);
+    ASSERT_EQ(Open(c.text), "");
+    std::string name;
+    form_ = editor_.Propose(form_, name);
+    EXPECT_EQ(form_.csv.ColumnsText(), c.columns);
+    EXPECT_EQ(Checked(), "");
+  }
+}
+
+TEST(CsvMappings, OfFormerVersionsAreStillRead) {
+  const auto former = ReadSavedMapping(
+      "DATE:1,PAYEE:2,CATEGORY:0,INCOME:3,EXPENSE:3,SIGN:4|1|bar|Month/Day/Year|1|comma|A | B|C");
+  ASSERT_TRUE(former);
+  EXPECT_EQ(former->header, "A | B|C");
+  EXPECT_EQ(former->mapping.sign, 4);
+  EXPECT_EQ(former->mapping.separator, "|");
+  EXPECT_EQ(former->mapping.decimalMark, DecimalMark::Comma);
+  SavedCsvMapping saved = *former;
+  saved.mapping.description = 5;
+  saved.mapping.number = 6;
+  saved.mapping.debitWords = "Raus,Weg";
+  saved.mapping.creditWords = "Rein";
+  saved.encoding = "windows-1250";
+  const auto back = ReadSavedMapping(ToText(saved));
+  ASSERT_TRUE(back);
+  EXPECT_EQ(back->mapping, saved.mapping);
+  EXPECT_EQ(back->header, saved.header);
+  EXPECT_EQ(back->encoding, saved.encoding);
+  for (const char* text :
+       {"", "2|", "2|DATE:1|1|,|Day/Month/Year|0|file|", "3|x", "DATE:1|x|,|y|0|"}) {
+    EXPECT_FALSE(ReadSavedMapping(text)) << text;
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include "exchange/FileImport.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/IcuLocale.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
@@ -13,6 +14,7 @@
 
 #include <cstdlib>
 #include <initializer_list>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -53,7 +55,18 @@ class ExchangeTest : public testing::Test {
     return Machine().folder.Write(name, content);
   }
 
-  ImportSummary Run(ImportJob job) { return FileImport(ledger_, Machine().Get()).Run(job); }
+  // Everything that follows is read and written as in that country.
+  void UseLocale(const std::string& name) {
+    locale_ = std::make_unique<IcuLocale>(name);
+    const Platform& usual = Machine().Get();
+    platform_ = std::make_unique<Platform>(
+        Platform{usual.registry, *locale_, usual.clock, usual.machine, usual.files, usual.prompts,
+                 usual.progress, usual.download, usual.opener, usual.spreadsheet,
+                 usual.profileFolder, usual.dataFolder});
+  }
+  Platform& Here() { return platform_ ? *platform_ : Machine().Get(); }
+
+  ImportSummary Run(ImportJob job) { return FileImport(ledger_, Here()).Run(job); }
   ImportSummary Import(const std::string& text, const std::string& name = "file.qif",
                        std::int64_t account = 0) {
     job_.path = Write(name, text);
@@ -109,6 +122,9 @@ class ExchangeTest : public testing::Test {
   ImportJob job_{{}, 0, false, DuplicateAnswer::Skip, true, {}, {}, {}};
 
  private:
+  std::unique_ptr<IcuLocale> locale_;
+  std::unique_ptr<Platform> platform_;
+
   struct Found {
     std::int64_t key = 0;
     std::string category;

@@ -30,7 +30,7 @@ class Export : public ExchangeTest {
 
   std::string Exported(const std::string& name, double random = 0) {
     const std::string path = Machine().folder.Path(name);
-    FileExport(ledger_, Machine().Get(), [random] {
+    FileExport(ledger_, Here(), [random] {
       return random;
     }).Write(mine_, View(), std::nullopt, path);
     return ReadFile(path);
@@ -93,6 +93,22 @@ TEST_F(Export, Qif) {
                    "2020-02-15|Split|Food|-30", "Food:Meat|-10.125", "Bills:|-19.875",
                    "2020-02-16|Caf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96|Wages and Salary|1234567.125",
                    "2020-02-17|Move|Account:Nowhere: else|-5"}));
+}
+
+// Whoever exports can read the file again, however the country writes its dates.
+TEST_F(Export, QifComesBackWhereDatesEndInAFullStop) {
+  const Texts before = Dates("Mine");
+  for (const char* locale : {"hu_HU", "hr_HR", "bs_BA", "sr_RS", "ko_KR", "bg_BG", "de_CH"}) {
+    SCOPED_TRACE(locale);
+    UseLocale(locale);
+    Machine().prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+    Exported("a.qif");
+    const class Transaction undone = Db().Begin();
+    job_.path = Machine().folder.Path("a.qif");
+    job_.accountId = AddAccount("Back");
+    EXPECT_EQ(Run(job_).problemCount, 0U);
+    EXPECT_EQ(Dates("Back"), before);
+  }
 }
 
 TEST_F(Export, CsvComesBackButForItsSplits) {

@@ -164,7 +164,7 @@ TEST_F(Importing, EachKindOfFileOffersItsChoices) {
   Machine().prompts.ExpectOpenFile("Select File to Import", Write("list.txt", kOfx));
   Press("cmdFile");
   EXPECT_FALSE(IsVisible("cmbDateOrder"));
-  EXPECT_TRUE(IsVisible("cmbNumbers"));
+  EXPECT_TRUE(IsVisible("cmbNumbers") && IsVisible("cmbEncoding"));
   Type(*form_, "txtFile", ToQt("file://" + Write("list.csv", kCsv)));
   QTest::keyClick(form_->focusWidget(), Qt::Key_Tab);
   EXPECT_FALSE(IsVisible("cmbDateOrder") || IsVisible("cmbNumbers"));
@@ -511,11 +511,12 @@ TEST_F(Importing, ACsvFileThatStopsComesBackToItsColumns) {
 
 TEST_F(Importing, TheControlsAreNamedAndReachedByTab) {
   OpenColumns(kCsv);
-  const Texts expected = {"cmbColDate",      "cmbColPayee",    "cmbColCategory", "cmbColIncome",
-                          "cmbColExpense",   "cmbColSign",     "chkZeroIsEmpty", "lvFile",
-                          "lvRead",          "cmdBack",        "cmdAcceptCSV",   "cmdCancel",
-                          "cmbMapping",      "cmdSaveMapping", "txtSeparator",   "txtSkip",
-                          "cmbDateOrderCSV", "cmbNumbersCSV"};
+  const Texts expected = {"cmbColDate",      "cmbColPayee",   "cmbColCategory", "cmbColDescription",
+                          "cmbColReference", "cmbColNumber",  "cmbColIncome",   "cmbColExpense",
+                          "chkZeroIsEmpty",  "cmbColSign",    "lvFile",         "lvRead",
+                          "cmdBack",         "cmdAcceptCSV",  "cmdCancel",      "cmbMapping",
+                          "cmdSaveMapping",  "txtSeparator",  "txtSkip",        "cmbDateOrderCSV",
+                          "cmbNumbersCSV",   "cmbEncodingCSV"};
   for (const std::string& name : expected) {
     EXPECT_EQ(FromQt(Focus()), name);
     const QWidget& widget = *form_->focusWidget();
@@ -524,6 +525,62 @@ TEST_F(Importing, TheControlsAreNamedAndReachedByTab) {
         << name;
     QTest::keyClick(form_->focusWidget(), Qt::Key_Tab);
   }
+}
+
+TEST_F(Importing, DescriptionReferenceAndNumberAreMappedAndShown) {
+  OpenColumns(
+      "Date,Payee,Cheque Number,Amount,Reference,Memo\n13/02/2026,Shop,101,-5.00,R1,Lunch\n");
+  EXPECT_EQ(Text("cmbColNumber"), "col3");
+  EXPECT_EQ(Text("cmbColReference"), "col5");
+  EXPECT_EQ(Text("cmbColDescription"), "col6");
+  EXPECT_EQ(Row("lvRead", -1), "Row|Date|Payee|Category|Amount|Description|Reference|Remark");
+  EXPECT_EQ(Row("lvRead", 1), "2|13/02/2026|Shop||-5.00|Lunch|101 R1|");
+  Pick("cmbColDescription", "None");
+  Pick("cmbColNumber", "None");
+  EXPECT_EQ(Row("lvRead", 1), "2|13/02/2026|Shop||-5.00|R1|");
+  Press("cmdAcceptCSV");
+  EXPECT_EQ(Rows("Bank"), Texts{"2026-02-13|Shop|Debit|-5|R1|"});
+  CloseSummary();
+}
+
+TEST_F(Importing, ThePersonSaysWhichWordIsDebitAndWhichCredit) {
+  OpenColumns("Date,Payee,Amount,Kind\n13/02/2026,Shop,5.00,Raus\n14/02/2026,Work,7.00,Rein\n");
+  EXPECT_FALSE(Find<QLineEdit>(*form_, "txtDebitWords").isEnabled());
+  Pick("cmbColSign", "col4");
+  EXPECT_EQ(Row("lvRead", 1), "2|13/02/2026|Shop||5.00|\"Raus\" says neither debit nor credit.");
+  ExpectRefusal("cmdAcceptCSV", "col 4 Is not a Sign Column", "cmbColSign");
+  Type(*form_, "txtDebitWords", "raus");
+  Type(*form_, "txtCreditWords", "rein");
+  EXPECT_EQ(Row("lvRead", 1), "2|13/02/2026|Shop||-5.00|");
+  Press("cmdAcceptCSV");
+  EXPECT_EQ(Amounts("Bank"), (Texts{"-5", "7"}));
+  CloseSummary();
+}
+
+TEST_F(Importing, TheEncodingIsChosenWhereTheFileDoesNotShowIt) {
+  OpenText("bank.qif", "!Type:Bank\nD13/02/2026\nT-1\nPK\xF5v\xE1ri\n^\n", bank_);
+  Pick("cmbEncoding", "Central European (Windows-1250)");
+  Press("cmdAccept");
+  CloseSummary();
+  // On the page of columns every change is to be seen, and a saved mapping keeps the choice.
+  const std::string csv = "D\xE1tum,N\xE9v,\xD6sszeg\n14/02/2026,K\xF5v\xE1ri,-2\n";
+  OpenColumns(csv);
+  EXPECT_EQ(Row("lvRead", 1), "2|14/02/2026|K\u00F5v\u00E1ri||-2.00|");
+  Pick("cmbEncodingCSV", "Central European (Windows-1250)");
+  EXPECT_EQ(Row("lvRead", 1), "2|14/02/2026|K\u0151v\u00E1ri||-2.00|");
+  Press("cmdBack");
+  Press("cmdAccept");
+  EXPECT_EQ(Row("lvRead", 1), "2|14/02/2026|K\u0151v\u00E1ri||-2.00|");
+  Machine().prompts.ExpectText(kTitle, "Name of the mapping:", "Bank");
+  Press("cmdSaveMapping");
+  Press("cmdCancel");
+  OpenColumns(csv);
+  EXPECT_EQ(Text("cmbMapping"), "Bank");
+  EXPECT_EQ(Row("lvRead", 1), "2|14/02/2026|K\u0151v\u00E1ri||-2.00|");
+  Press("cmdAcceptCSV");
+  CloseSummary();
+  EXPECT_EQ(Rows("Bank"), (Texts{"2026-02-13|K\u0151v\u00E1ri|Debit|-1||",
+                                 "2026-02-14|K\u0151v\u00E1ri|Debit|-2||"}));
 }
 
 TEST_F(Importing, TheWindowOpensOnWhatIsGivenAndSaysWhetherItChangedAnything) {

@@ -213,14 +213,38 @@ TEST_F(ImportFlow, LongTextsAreShortenedAndCounted) {
                                            name + "\nL" + name + ":" + name + "\n^\n");
   EXPECT_EQ(summary.imported, 1U);
   EXPECT_EQ(summary.shortened, 5U);
-  const std::string cut(255, 'x');
+  const std::string cut(100, 'x');
   EXPECT_EQ(Rows("Mine"), (Texts{"2020-02-13|" + cut + "|" + cut + ":" + cut + "|1|" +
-                                 cut.substr(0, 50) + "|" + cut}));
+                                 std::string(50, 'x') + "|" + std::string(255, 'x')}));
+}
+
+// What a name loses is not lost: the description keeps it whole.
+TEST_F(ImportFlow, NamesAreCutBetweenCharactersAndKeptWholeInTheDescription) {
+  const std::string hundred = std::string(98, 'a') + "\xC3\xA9";  // 99 characters
+  const std::string marked = hundred + "e\xCC\x81 and more";      // an accent of its own at 101
+  const std::string padded = "Acme" + std::string(120, ' ') + "London";
+  const std::string account(120, 'b');
+  const ImportSummary summary = ImportBank(
+      "D13/2/2020\nT1\nP" + marked + "\nMNote\n^\nD14/2/2020\nT2\nP" + marked + "\nM" + marked +
+      "\n^\nD15/2/2020\nT3\nP" + hundred + "e\n^\nD16/2/2020\nT4\nP" + padded +
+      "\n^\nD17/2/2020\nT-5\nPMove\nL[" + account + "]\n^\nD18/2/2020\nT-6\nPSplit\nS" + marked +
+      "\nEpart\n$-6\n^\n"
+      "!Account\nN" +
+      account + "\n^\n!Type:Bank\nD17/2/2020\nT5\nPMove\nL[Mine]\n^\n");
+  EXPECT_EQ(summary.shortened, 4U);
+  EXPECT_EQ(summary.transfers, 1U);
+  EXPECT_EQ(Rows("Mine"),
+            (Texts{"2020-02-13|" + hundred + "|Credit|1||" + marked + " Note",
+                   "2020-02-14|" + hundred + "|Credit|2||" + marked,
+                   "2020-02-15|" + hundred + "e|Credit|3||", "2020-02-16|Acme London|Credit|4||",
+                   "2020-02-17|Transfer|Debit|-5||" + account, "2020-02-18|Split|Debit|-6||",
+                   "  " + hundred + "|-6|" + marked + " part"}));
+  EXPECT_EQ(AccountNames().back(), std::string(100, 'b'));
 }
 
 TEST_F(ImportFlow, FilesThatAreNone) {
   const auto fault = [&](const std::string& path, std::size_t limit = kLargestImport) {
-    return ReadFileText(path, {}, limit).fault.value_or("");
+    return ReadFileText(path, {}, {}, limit).fault.value_or("");
   };
   EXPECT_EQ(fault(Write("a.qif", std::string("!Type:Bank\n\0", 12))),
             "This is no text file, so it holds no transactions that could be imported.");
@@ -233,7 +257,7 @@ TEST_F(ImportFlow, FilesThatAreNone) {
   EXPECT_EQ(Import(std::string(2U << 20U, 'x')).stop,
             "Line 1 is longer than any line of a file with transactions.");
   const std::string growing = Write("c.qif", "!Type:Bank\n");
-  const FileText text = ReadFileText(growing, [&] {
+  const FileText text = ReadFileText(growing, {}, [&] {
     std::ofstream(growing, std::ios::app) << "D1/1/2020\n";
     return true;
   });

@@ -111,15 +111,78 @@ TEST_F(OfxImport, PayeesAndWhatStandsOutsideATransaction) {
                                       "7: There is no amount."}));
 }
 
-TEST_F(OfxImport, InvestmentStatementsAreRefused) {
-  const std::string inside = Transaction("<DTPOSTED>20200213<TRNAMT>1<NAME>Cash");
+// The standard groups no digits, so the one mark in an amount stands before its decimals, whatever
+// the country of the reader.
+TEST_F(OfxImport, TheOneMarkInAnAmountIsItsDecimalMark) {
+  for (const char* locale : {"en_GB", "de_DE", "fr_FR"}) {
+    SCOPED_TRACE(locale);
+    const class Transaction undone = Db().Begin();
+    UseLocale(locale);
+    ImportOfx(Statement("1", Transaction("<DTPOSTED>20200213<TRNAMT>-10.500<NAME>Point") +
+                                 Transaction("<DTPOSTED>20200214<TRNAMT>-10,500<NAME>Comma") +
+                                 Transaction("<DTPOSTED>20200215<TRNAMT>1,234.560<NAME>Both") +
+                                 Transaction("<DTPOSTED>20200216<TRNAMT>1.234.567<NAME>Groups")));
+    EXPECT_EQ(Amounts("1"), (Texts{"-10.5", "-10.5", "1234.56", "1234567"}));
+    // What the person says about the file goes before.
+    job_.decimalMark = DecimalMark::Comma;
+    ImportOfx(Statement("2", Transaction("<DTPOSTED>20200213<TRNAMT>-10.500<NAME>Point")));
+    EXPECT_EQ(Amounts("2"), Texts{"-10500"});
+    job_.decimalMark.reset();
+  }
+}
+
+TEST_F(OfxImport, AFileThatIsCutBooksNothingOfTheCutTransaction) {
+  const std::string whole =
+      Statement("1", Transaction("<DTPOSTED>20200213<TRNAMT>-1.25<FITID>a<NAME>One") +
+                         Transaction("<DTPOSTED>20200214<TRNAMT>-12.50<FITID>b<NAME>Two"));
+  const std::size_t second = whole.rfind("<STMTTRN>");
+  const std::size_t end = whole.rfind("</STMTTRN>") + 10;
+  const std::size_t list = whole.find("</BANKTRANLIST>") + 15;
+  for (std::size_t size = second; size < whole.size(); ++size) {
+    SCOPED_TRACE(whole.substr(0, size));
+    const class Transaction undone = Db().Begin();
+    const ImportSummary summary = ImportOfx(whole.substr(0, size));
+    EXPECT_EQ(Amounts("1"), size < end ? Texts{"-1.25"} : (Texts{"-1.25", "-12.5"}));
+    EXPECT_EQ(summary.problemCount, size < list ? 1U : 0U);
+    if (size >= second + 9 && size < end) {
+      EXPECT_EQ(Problems(summary)[0],
+                "1: The file ends inside this transaction; nothing of it was imported. Ask the "
+                "bank for the whole file.");
+    }
+  }
+}
+
+TEST_F(OfxImport, TheCashOfInvestmentStatementsIsBookedAndTheirTradesAreNamed) {
+  const std::string security = "<SECID><UNIQUEID>0378<UNIQUEIDTYPE>CUSIP</SECID>";
   const ImportSummary summary = ImportOfx(
-      "<OFX><INVSTMTMSGSRSV1><INVSTMTTRNRS><INVSTMTRS><INVACCTFROM><ACCTID>55</INVACCTFROM>"
-      "<INVTRANLIST><INVBANKTRAN>" +
-      inside + "</INVBANKTRAN></INVTRANLIST></INVSTMTRS></INVSTMTTRNRS></INVSTMTMSGSRSV1></OFX>");
-  EXPECT_EQ(summary.imported, 0U);
-  EXPECT_EQ(summary.problemCount, 1U);
-  EXPECT_EQ(AccountNames(), Texts{});
+      "<OFX><INVSTMTMSGSRSV1><INVSTMTTRNRS><INVSTMTRS><CURDEF>EUR<INVACCTFROM><BROKERID>b"
+      "<ACCTID>55</INVACCTFROM><INVTRANLIST><DTSTART>20200101\n"
+      "<BUYSTOCK><INVBUY><INVTRAN><FITID>t1<DTTRADE>20200210120000</INVTRAN>" +
+      security +
+      "<UNITS>10<UNITPRICE>5.00<TOTAL>-50.00</INVBUY><BUYTYPE>BUY</BUYSTOCK>\n"
+      "<INVBANKTRAN>" +
+      Transaction("<DTPOSTED>20200213<TRNAMT>100.00<FITID>c1<NAME>Deposit") +
+      "<SUBACCTFUND>CASH</INVBANKTRAN>\n<TRANSFER><INVTRAN><DTTRADE>20200214</INVTRAN>" + security +
+      "<INVACCTFROM><ACCTID>99</INVACCTFROM><UNITS>3</TRANSFER><INVBANKTRAN>" +
+      Transaction("<DTPOSTED>20200215<TRNAMT>-7.50<FITID>c2<NAME>Fee") +
+      "</INVBANKTRAN></INVTRANLIST><INVPOSLIST><POSSTOCK>" + security +
+      "</POSSTOCK></INVPOSLIST></INVSTMTRS></INVSTMTTRNRS></INVSTMTMSGSRSV1>" +
+      Statement("777", Transaction("<DTPOSTED>20200216<TRNAMT>-1<NAME>Bank")) +
+      "<SECLISTMSGSRSV1><SECLIST><STOCKINFO><SECINFO>" + security +
+      "<SECNAME>Acme Inc</SECINFO></STOCKINFO></SECLIST></SECLISTMSGSRSV1></OFX>");
+  EXPECT_EQ(Rows("55"),
+            (Texts{"2020-02-13|Deposit|Credit|100|c1|", "2020-02-15|Fee|Debit|-7.5|c2|"}));
+  EXPECT_EQ(Amounts("777"), Texts{"-1"});
+  EXPECT_EQ(AccountNames(), (Texts{"55", "777"}));
+  EXPECT_EQ(Count("tblAccounts A INNER JOIN tblAccountType T ON A.AccountTypeID = T.AccountTypeID "
+                  "Where A.Account = '55' AND T.AccountType = 'Investment Accounts'"),
+            1);
+  EXPECT_EQ(Problems(summary),
+            (Texts{"0: Of the investment statement only the cash was imported. Trades left out: 2 "
+                   "(BUYSTOCK 1, TRANSFER 1).",
+                   "2: The trade was left out: BUYSTOCK, Acme Inc, 2020-02-10, 10 units at 5.00, "
+                   "total -50.00.",
+                   "4: The trade was left out: TRANSFER, Acme Inc, 2020-02-14, 3 units."}));
 }
 
 TEST(OfxEntities, AreResolvedWhereTheyAreSome) {

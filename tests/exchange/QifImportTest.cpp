@@ -10,7 +10,7 @@ TEST_F(QifImport, RecordsOfAnyLineEndWithAllTheirFields) {
     SCOPED_TRACE(static_cast<int>(end[0]));
     std::string text =
         "!Account~N Current ~TBank~^~!Type:Bank ~D13/02/2020~T-12.50~PShop~MThings~N101~"
-        "LFood:Dining:Out~Xunknown~A1 High Street~^~~^~D14/02/2020~T1,000.00~LWages and Salary~";
+        "LFood:Dining:Out~Xunknown~A1 High Street~^~~^~D14/02/2020~T1,000.00~LWages and Salary~^~";
     for (std::size_t at = 0; (at = text.find('~', at)) != std::string::npos;) {
       text.replace(at, 1, end);
     }
@@ -109,6 +109,24 @@ TEST_F(QifImport, HeadersThatAreNotKnown) {
   EXPECT_EQ(Count("tblAccounts"), 1);
   EXPECT_NE(Import("Just a letter\n").Text().find("Nothing was imported from this file."),
             std::string::npos);
+}
+
+TEST_F(QifImport, AFileThatIsCutBooksNothingOfTheCutEntry) {
+  const std::string whole =
+      "!Account\nNMine\n^\n!Type:Bank\nD13/2/2020\nT-1\n^\nD14/2/2020\nT-1250\n";
+  const std::size_t begin = whole.find("D14");
+  for (std::size_t size = begin + 2; size <= whole.size(); ++size) {
+    SCOPED_TRACE(whole.substr(0, size));
+    const Transaction undone = Db().Begin();
+    const ImportSummary summary = Import(whole.substr(0, size));
+    EXPECT_EQ(Amounts("Mine"), Texts{"-1"});
+    EXPECT_EQ(Problems(summary),
+              Texts{"8: The file ends inside this entry, before its end mark; nothing of it was "
+                    "imported. Fetch the whole file once more."});
+  }
+  const ImportSummary account = Import("!Option:AutoSwitch\n!Account\nNOne\n^\nNTw");
+  EXPECT_EQ(AccountNames().back(), "One");
+  EXPECT_EQ(account.problemCount, 1U);
 }
 
 TEST_F(QifImport, ValuesThatAreNoDateOrNumberAreNamedLines) {

@@ -4,6 +4,8 @@
 #include "platform/NumberStyle.h"
 #include "platform/IcuLocale.h"
 
+#include <unicode/locid.h>
+
 #include <utility>
 
 namespace corvanta {
@@ -62,6 +64,24 @@ TEST(FileNumbers, AreReadByTheMarkOfTheirFile) {
       {"-A$5.00", "-5", "-5"},
       {"CHF 5.-", "5", "5"},
       {"-5,\xE2\x80\x93", "-5", "-5"},
+      {"5,--", "5", "5"},
+      {"-1\xE2\x80\x99"
+       "234.50",
+       "-1234.5", "-1234.5"},
+      {"1\xE2\x80\xAF"
+       "234,56-",
+       "-1234.56", "-1234.56"},
+      {"12.50 \xE2\x82\xAC-", "-12.5", "-12.5"},
+      {"(\xC2\xA3"
+       "12.50)",
+       "-12.5", "-12.5"},
+      {"\xE2\x88\x92\xC2\xA0"
+       "12,50\xC2\xA0z\xC5\x82",
+       "-12.5", "-12.5"},
+      {"12,50 K\xC4\x8D", "12.5", "12.5"},
+      {"12,50 \xD0\xBB\xD0\xB2.", "12.5", "12.5"},
+      {"1.234,50 S", "-1234.5", "-1234.5"},
+      {"1.234,50 H", "1234.5", "1234.5"},
       {".5", "0.5", "0.5"},
       {"5.", "5", "5"},
       {"-0.00", "0", "0"},
@@ -85,6 +105,17 @@ TEST(FileNumbers, AreReadByTheMarkOfTheirFile) {
     SCOPED_TRACE(c.text);
     EXPECT_EQ(Shown(ReadFileNumber(c.text, DecimalMark::Point)), c.point);
     EXPECT_EQ(Shown(ReadFileNumber(c.text, DecimalMark::Comma)), c.comma);
+  }
+}
+
+TEST(FileNumbers, WithoutAMarkOfTheirFileTheOnlyOneIsDecimal) {
+  for (const auto& [text, value] : {std::pair("1.234", "1.234"),
+                                    {"1,234", "1.234"},
+                                    {"-10.500", "-10.5"},
+                                    {"1,234,567", "1234567"},
+                                    {"1.234,500", "1234.5"},
+                                    {"1234", "1234"}}) {
+    EXPECT_EQ(Shown(ReadFileNumber(text, std::nullopt)), value) << text;
   }
 }
 
@@ -129,6 +160,23 @@ TEST(FileDates, AreReadInTheOrderOfTheirFile) {
       {"Thu 13-Feb-20", "2020-02-13", "2020-02-13", "2013-02-20"},
       {"1/2/2020 10:30", "2020-02-01", "2020-01-02", kNone},
       {"2020-02-13T10:30:00Z", kNone, kNone, "2020-02-13"},
+      {"13.2.2020.", "2020-02-13", kNone, kNone},
+      {"13.02.20 \xD0\xB3.", "2020-02-13", kNone, "2013-02-20"},
+      {"13.02.2020\xD0\xB3", "2020-02-13", kNone, kNone},
+      {"2020. 02. 13.", kNone, kNone, "2020-02-13"},
+      {"2020. 02. 13. 10:30", kNone, kNone, "2020-02-13"},
+      {"2020\xE5\xB9\xB4"
+       "2\xE6\x9C\x88"
+       "13\xE6\x97\xA5",
+       kNone, kNone, "2020-02-13"},
+      {"13\xC2\xA0"
+       "Feb\xC2\xA0"
+       "2020",
+       "2020-02-13", "2020-02-13", "2020-02-13"},
+      {"2/13/20, 5:04\xE2\x80\xAFPM", kNone, "2020-02-13", kNone},
+      {"\xD9\xA1\xD9\xA3/\xD9\xA2/\xD9\xA2\xD9\xA0\xD9\xA2\xD9\xA0", "2020-02-13", kNone, kNone},
+      {"20200213103000", kNone, kNone, "2020-02-13"},
+      {"13.2.2020.5", kNone, kNone, kNone},
       {"31/2/2020", kNone, kNone, kNone},
       {"13th of February 2020", "2020-02-13", "2020-02-13", "2020-02-13"},
       {"14 Feb 20220", kNone, kNone, kNone},
@@ -158,6 +206,33 @@ TEST(FileDates, AreReadInTheOrderOfTheirFile) {
   EXPECT_EQ(
       Shown(ReadFileDate("13. M\xC3\xA4rz 2020", DateOrder::DayMonthYear, IcuLocale("de_DE"))),
       "2020-03-13");
+}
+
+// Every country's own way of writing a day comes back, also where it ends in a full stop.
+TEST(FileDates, OfEveryLocaleComeBack) {
+  std::int32_t count = 0;
+  const icu::Locale* locales = icu::Locale::getAvailableLocales(count);
+  ASSERT_GT(count, 300);
+  for (std::int32_t i = 0; i < count; ++i) {
+    const IcuLocale locale(locales[i].getName());
+    DateOrderFinder finder;
+    for (const char* iso : {"2020-02-13", "2021-11-05"}) {
+      finder.Add(locale.FormatShortDate(*Date::FromIso(iso)));
+    }
+    for (const char* iso : {"2020-02-13", "2021-11-05", "1999-12-31", "2004-03-02"}) {
+      const std::string text = locale.FormatShortDate(*Date::FromIso(iso));
+      EXPECT_EQ(Shown(ReadFileDate(text, finder.Find(locale), locale)), iso)
+          << locales[i].getName() << " " << text;
+    }
+  }
+  // So does the day in words.
+  for (const char* name :
+       {"hu", "hr", "bs", "sr", "ko", "bg", "ru", "uk", "lt", "lv", "ja", "zh", "de", "fr", "es",
+        "pt", "it", "nl", "pl", "cs", "fi", "sv", "tr", "el", "vi", "eu", "ca", "th", "ar", "he"}) {
+    const IcuLocale locale(name);
+    const std::string text = locale.FormatLongDate(*Date::FromIso("2020-02-13"));
+    EXPECT_EQ(Shown(ReadFileDate(text, locale.ShortDateOrder(), locale)), "2020-02-13") << text;
+  }
 }
 
 TEST(FileDates, TheOrderIsFoundFromAllOfThem) {
@@ -215,10 +290,65 @@ TEST(Encodings, AreNeverLost) {
   EXPECT_FALSE(IsUtf8("a\xE2\x82"));
   EXPECT_TRUE(IsUtf8("\xF0\x9F\x92\xB0 \xE2\x82\xAC"));
   EXPECT_EQ(EncodeWindows1252("\xE2\x82\xAC\xC3\xBC \xE2\x84\x96"), "\x80\xFC &#8470;");
-  EXPECT_EQ(DecodeText("OFXHEADER:100\nCHARSET:1252\n\nA\xC3\xA9"),
-            "OFXHEADER:100\nCHARSET:1252\n\nA\xC3\x83\xC2\xA9");
-  EXPECT_EQ(DecodeText("OFXHEADER:100\nENCODING:UTF-8\nCHARSET:1252\n\n\xC3\xA9").substr(42),
-            "\n\xC3\xA9");
+}
+
+TEST(Encodings, ValidUtf8GoesBeforeAHeaderAndADeclaredPageBeforeTheUsualOne) {
+  const std::string head = "OFXHEADER:100\nDATA:OFXSGML\nENCODING:USASCII\nCHARSET:";
+  struct Case {
+    std::string bytes;
+    std::string end;  // of the text
+  };
+  const Case cases[] = {
+      {head + "1252\n\nCaf\xC3\xA9", "Caf\u00E9"},
+      {head + "1252\n\nCaf\xE9", "Caf\u00E9"},
+      {head + "1250\n\nK\xF5v\xE1ri", "K\u0151v\u00E1ri"},
+      {head + "ISO-8859-2\n\n\xA3\xF3"
+              "d\xBC",
+       "\u0141\u00F3d\u017A"},
+      {head + "8859-1\n\n\x80", "\u20AC"},
+      {head + "932\n\n\x93\xFA\x96{", "\u65E5\u672C"},
+      {head + "NONE\n\n\xE9", "\u00E9"},
+      {head + "nonsense\n\n\xE9", "\u00E9"},
+      {"<?xml version=\"1.0\" encoding=\"windows-1251\"?><OFX>\xCC\xE0\xE3", "\u041C\u0430\u0433"},
+      {"<?xml version='1.0' encoding='KOI8-R'?><OFX>\xED\xC1\xC7", "\u041C\u0430\u0433"},
+      // A page that the bytes make no sense in, and one that is said of valid UTF-8.
+      {head + "932\n\nCaf\xE9", "Caf\u00E9"},
+      {"<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><OFX>\u0151", "\u0151"},
+      {"<?xml version=\"1.0\" encoding=\"UTF-8\"?><OFX>\xE9", "\u00E9"},
+      {"plain \xE9", "\u00E9"},
+  };
+  for (const Case& c : cases) {
+    const DecodedText decoded = DecodeText(c.bytes);
+    EXPECT_TRUE(decoded.text.ends_with(c.end)) << c.bytes << " " << decoded.text;
+    EXPECT_EQ(decoded.replaced, 0U) << c.bytes;
+  }
+  EXPECT_EQ(DecodeText("K\xF5v\xE1ri", "windows-1250").text, "K\u0151v\u00E1ri");
+  EXPECT_EQ(DecodeText("\xC3\xA9", "windows-1252").text, "\u00C3\u00A9");
+  const DecodedText broken = DecodeText("a\xE9 b", "UTF-8");
+  EXPECT_EQ(broken.text, "a\uFFFD b");
+  EXPECT_EQ(broken.replaced, 1U);
+  EXPECT_EQ(DecodeText(std::string("a\0\xE9\0", 4)).text, "a\u00E9");
+  for (const Encoding& encoding : Encodings()) EXPECT_TRUE(IsEncoding(encoding.name));
+  EXPECT_FALSE(IsEncoding("nonsense"));
+}
+
+TEST_F(Styles, TheEncodingCanBeChosenForEveryFormat) {
+  const std::int64_t mine = AddAccount("Mine");
+  job_.encoding = "windows-1250";
+  job_.csv.date = 1;
+  job_.csv.payee = 2;
+  job_.csv.income = job_.csv.expense = 3;
+  Import("!Type:Bank\nD13/2/2020\nT1\nPK\xF5v\xE1ri\n^\n", "a.qif", mine);
+  Import("<OFX><STMTTRN><DTPOSTED>20200213<TRNAMT>2<NAME>K\xF5v\xE1ri</STMTTRN></OFX>", "a.ofx",
+         mine);
+  Import("13/02/2020,K\xF5v\xE1ri,3\n", "a.csv", mine);
+  EXPECT_EQ(Rows("Mine"), (Texts{"2020-02-13|K\u0151v\u00E1ri|Credit|1||",
+                                 "2020-02-13|K\u0151v\u00E1ri|Credit|2||",
+                                 "2020-02-13|K\u0151v\u00E1ri|Credit|3||"}));
+  job_.encoding = "UTF-8";
+  EXPECT_EQ(Problems(Import("14/02/2020,K\xF5v,3\n", "a.csv", mine)),
+            Texts{"0: Places that make no sense in the encoding of the text: 1. Choose another "
+                  "encoding."});
 }
 
 }  // namespace

@@ -25,6 +25,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   mapping.expense = 1 + data[1] / 8 % 8;
   mapping.category = data[2] % 8;
   mapping.sign = data[2] / 8 % 8;
+  mapping.description = data[1] / 64;
+  mapping.reference = data[0] / 64;
+  mapping.number = data[2] / 64;
   mapping.skip = data[3] % 4;
   mapping.zeroIsEmpty = data[3] / 4 % 2 != 0;
   mapping.order = static_cast<corvanta::DateOrder>(data[3] / 8 % 3);

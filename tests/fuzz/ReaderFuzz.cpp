@@ -2,6 +2,7 @@
 
 #include "exchange/DateStyle.h"
 #include "exchange/Encoding.h"
+#include "platform/TextCase.h"
 
 #include <cmath>
 
@@ -28,6 +29,10 @@ bool CheckingSink::OnRecord(ImportRecord& record) {
     const auto date = ReadFileDate(record.date.text, order, locale_);
     Check(!date || (date->Year() >= 1 && date->Year() <= 9999));
   }
+  (void)CutNames(record);
+  for (const std::string* name : {&record.payee, &record.category.category}) {
+    Check(IsUtf8(*name) && TextLength(*name) <= 100);
+  }
   DateOrderFinder finder;
   finder.Add(record.date.text);
   (void)finder.Find(locale_);
@@ -43,10 +48,12 @@ void CheckingSink::CheckNumber(const ImportValue& value) const {
     const auto number = ReadFileNumber(value.text, mark);
     Check(!number || std::fabs(*number) <= 1e15);
   }
+  const auto own = ReadFileNumber(value.text, std::nullopt);
+  Check(!own || std::fabs(*own) <= 1e15);
 }
 
 std::string FuzzText(const std::uint8_t* data, std::size_t size) {
-  std::string text = DecodeText(std::string(reinterpret_cast<const char*>(data), size));
+  std::string text = DecodeText(std::string(reinterpret_cast<const char*>(data), size)).text;
   Check(IsUtf8(text));
   return text;
 }

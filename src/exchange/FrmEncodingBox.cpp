@@ -1,0 +1,32 @@
+#include "exchange/FrmEncodingBox.h"
+
+#include "controls/QtText.h"
+#include "exchange/Encoding.h"
+
+namespace corvanta {
+
+FrmEncodingBox::FrmEncodingBox(QWidget* parent) : QComboBox(parent) {
+  addItem(tr("As the file shows"), QString());
+  for (const corvanta::Encoding& encoding : Encodings()) {
+    addItem(tr(encoding.label), QLatin1String(encoding.name));
+  }
+  // The longest name would push the fields beside it away; the open list shows it whole.
+  setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  setMinimumContentsLength(static_cast<int>(itemText(0).size()));
+  setToolTip(tr("How the file writes letters beyond English ones, if they look wrong"));
+}
+
+std::string FrmEncodingBox::Encoding() const {
+  return FromQt(currentData().toString());
+}
+
+void FrmEncodingBox::SetEncoding(const std::string& name) {
+  int index = findData(ToQt(name), Qt::UserRole, Qt::MatchFixedString);
+  if (index < 0) {
+    addItem(ToQt(name), ToQt(name));
+    index = count() - 1;
+  }
+  setCurrentIndex(index);
+}
+
+}  // namespace corvanta
