@@ -48,7 +48,7 @@ RowCount CountRows(const LedgerSession& session) {
 }
 
 // How many of the rows up to that key are left; what was added since does not count.
-qint64 CountLeft(const LedgerSession& session, qint64 last) {
+qint64 CountLeft(const LedgerSession& session, std::int64_t last) {
   return session.Ledger()
       .Store()
       .QueryValue("Select Count(*) from tblTransactions Where TransactionID <= " + SqlNumber(last))

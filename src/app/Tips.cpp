@@ -18,7 +18,8 @@ QString TipsFile() {
 QStringList ReadTips(const QString& path) {
   QStringList tips;
   QFile file(path);
-  if (file.open(QIODevice::ReadOnly | QIODevice::Text)) {
+  // A pipe that nobody writes to would never open.
+  if (QFileInfo(path).isFile() && file.open(QIODevice::ReadOnly | QIODevice::Text)) {
     QTextStream lines(&file);
     while (!lines.atEnd()) {
       const QString line = lines.readLine().trimmed();

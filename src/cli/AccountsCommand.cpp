@@ -1,7 +1,5 @@
 #include "cli/AccountsCommand.h"
 
-#include "cli/Arguments.h"
-#include "cli/NamedItem.h"
 #include "cli/OutputTable.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
@@ -11,33 +9,49 @@
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Account";
+
+}  // namespace
 
 CLI::App* AccountsCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("accounts", "List the accounts with their balances, add one");
+  CLI::App* command = parser.add_subcommand(
+      "accounts", "List the accounts with their balances; add, edit, close and delete one");
   command->require_subcommand(0, 1);
   command->add_subcommand("list", "List them; so does the command alone");
   add_ = command->add_subcommand("add", "Add an account");
   add_->add_option("name", name_, "The new account's name")->required();
-  add_->add_option("--group", group_, "Its account group; a new one is made")->required();
-  add_->add_option("--currency", currency_, "The code of its currency, such as GBP")->required();
-  add_->add_option("--opening", opening_, "Its opening balance")
-      ->type_name("N")
-      ->check(NumberFault);
-  add_->add_option("--number", number_, "Its number at the bank");
-  add_->add_option("--bank", bank_, "Its bank; a new one is made");
-  add_->add_option("--description", description_, "What it is");
+  added_.Declare(*add_, true);
+  DeclareChanges(*command);
   return command;
 }
 
-ExitStatus AccountsCommand::Run(Session& session) {
-  return add_->parsed() ? Add(session) : List(session);
+void AccountsCommand::DeclareChanges(CLI::App& command) {
+  edit_ = command.add_subcommand("edit", "Change an account, as far as options are given");
+  close_ = command.add_subcommand("close", "Close an account: nothing in it can be changed");
+  reopen_ = command.add_subcommand("reopen", "Open a closed account again");
+  delete_ = command.add_subcommand("delete", "Delete an account with all that is in it");
+  for (CLI::App* form : {edit_, close_, reopen_, delete_}) account_.Declare(*form);
+  edit_->add_option("--name", newName_, "Another name");
+  edited_.Declare(*edit_, false);
 }
 
-ExitStatus AccountsCommand::List(Session& session) const {
-  const std::optional<DataFile> file = session.Open(Access::Read);
+ExitStatus AccountsCommand::Run(Session& session) {
+  const bool names = edit_->parsed() || close_->parsed() || reopen_->parsed() || delete_->parsed();
+  const bool writes = names || add_->parsed();
+  const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
+  if (!names) return writes ? Add(ledger, session) : List(ledger, session);
+  const std::optional<AccountRow> account = account_.Find(ledger, session);
+  if (!account) return ExitStatus::Refused;
+  AccountEditor editor(ledger, session.Machine());
+  if (edit_->parsed()) return Edit(*account, editor, ledger, session);
+  return delete_->parsed() ? Delete(*account, editor, session) : Close(*account, editor, session);
+}
+
+ExitStatus AccountsCommand::List(clsCorvanta& ledger, Session& session) const {
   OutputTable table({{"ID", OutputKind::Integer},
                      {"Account"},
                      {"Number"},
@@ -57,29 +71,40 @@ ExitStatus AccountsCommand::List(Session& session) const {
   return ExitStatus::Done;
 }
 
-ExitStatus AccountsCommand::Add(Session& session) const {
-  const std::optional<DataFile> file = session.Open(Access::Write);
-  if (!file) return ExitStatus::Refused;
-  clsCorvanta ledger(*file->connection, session.Machine());
-  std::vector<NamedItem> currencies;
-  for (const CurrencyRecord& row : ledger.Currencies()) {
-    currencies.push_back({row.currencyId, row.currency});
-  }
-  const auto currency = FindItem(currencies, currency_, "Currency", "currency", session);
-  if (!currency) return ExitStatus::Refused;
-
-  AccountEditor editor(ledger, session.Machine());
+ExitStatus AccountsCommand::Add(clsCorvanta& ledger, Session& session) const {
   AccountForm form;
   form.account = name_;
-  form.accountNo = number_;
-  form.accountGroup = group_;
-  form.bank = bank_;
-  form.currencyId = currency->key;
-  form.openingBalance = NumberOf(opening_);
-  form.description = description_;
+  if (!added_.Fill(form, ledger, session)) return ExitStatus::Refused;
+  AccountEditor editor(ledger, session.Machine());
   const std::optional<std::int64_t> key = SaveChecked(editor, form, session);
   if (!key) return ExitStatus::Refused;
   PrintKey(*key, session);
+  return ExitStatus::Done;
+}
+
+ExitStatus AccountsCommand::Edit(const AccountRow& account, AccountEditor& editor,
+                                 clsCorvanta& ledger, Session& session) const {
+  std::optional<AccountForm> form = editor.Load(account.accountId);
+  form->account = newName_.value_or(form->account);
+  if (!edited_.Fill(*form, ledger, session)) return ExitStatus::Refused;
+  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
+  session.Tell(kTitle, "\"" + account.account + "\" changed");
+  return ExitStatus::Done;
+}
+
+ExitStatus AccountsCommand::Close(const AccountRow& account, AccountEditor& editor,
+                                  Session& session) const {
+  std::optional<AccountForm> form = editor.Load(account.accountId);
+  form->closed = close_->parsed();
+  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
+  session.Tell(kTitle, "\"" + account.account + (form->closed ? "\" is closed" : "\" is open"));
+  return ExitStatus::Done;
+}
+
+ExitStatus AccountsCommand::Delete(const AccountRow& account, AccountEditor& editor,
+                                   Session& session) const {
+  if (!editor.Delete(account.accountId).isGone) return ExitStatus::Refused;
+  session.Tell(kTitle, "\"" + account.account + "\" deleted");
   return ExitStatus::Done;
 }
 

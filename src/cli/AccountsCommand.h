@@ -1,29 +1,40 @@
 #pragma once
 
+#include "cli/AccountArgument.h"
+#include "cli/AccountFields.h"
 #include "cli/Command.h"
 
+#include <optional>
 #include <string>
 
 namespace corvanta {
 
-// accounts [list]: every account, closed ones too, with its balance. accounts add: a new one.
+// accounts [list]: every account, closed ones too, with its balance. accounts add, edit, close,
+// reopen and delete: one of them.
 class AccountsCommand : public Command {
  public:
   CLI::App* Declare(CLI::App& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  ExitStatus List(Session& session) const;
-  ExitStatus Add(Session& session) const;
+  void DeclareChanges(CLI::App& command);
+  ExitStatus List(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Add(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Edit(const AccountRow& account, AccountEditor& editor, clsCorvanta& ledger,
+                  Session& session) const;
+  ExitStatus Close(const AccountRow& account, AccountEditor& editor, Session& session) const;
+  ExitStatus Delete(const AccountRow& account, AccountEditor& editor, Session& session) const;
 
   CLI::App* add_ = nullptr;
+  CLI::App* edit_ = nullptr;
+  CLI::App* close_ = nullptr;
+  CLI::App* reopen_ = nullptr;
+  CLI::App* delete_ = nullptr;
+  AccountArgument account_;
+  AccountFields added_;
+  AccountFields edited_;
   std::string name_;
-  std::string group_;
-  std::string currency_;
-  std::string opening_ = "0";
-  std::string number_;
-  std::string bank_;
-  std::string description_;
+  std::optional<std::string> newName_;
 };
 
 }  // namespace corvanta

@@ -19,8 +19,8 @@
 #include "cli/MergeCommand.h"
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
-#include "cli/PayeeCommand.h"
 #include "cli/PasswordCommand.h"
+#include "cli/PayeeCommand.h"
 #include "cli/PaymentCommand.h"
 #include "cli/PostCommand.h"
 #include "cli/RateCommand.h"
@@ -37,6 +37,7 @@
 #include "platform/ConsolePrompts.h"
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
+#include "platform/ShownText.h"
 #include "platform/SystemPlatform.h"
 #include "store/FailureText.h"
 
@@ -74,6 +75,22 @@ std::string WaitFault(const std::string& text) {
   const bool isNumber =
       !text.empty() && text.size() < 6 && text.find_first_not_of("0123456789") == std::string::npos;
   return isNumber ? "" : "'" + text + "' is no number of seconds";
+}
+
+std::string AnswerFault(const std::string& text) {
+  const bool isAnswer = text.ends_with("=yes") || text.ends_with("=no");
+  return isAnswer ? "" : "'" + text + "' is no answer such as \"Add Category=yes\"";
+}
+
+ConsoleAnswers AnswersOf(const GlobalOptions& options) {
+  ConsoleAnswers answers;
+  if (options.yes || options.no) answers.all = options.yes;
+  for (const std::string& text : options.answers) {
+    const std::size_t mark = text.rfind('=');
+    answers.named.push_back({text.substr(0, mark), text.substr(mark) == "=yes"});
+  }
+  answers.secretDescriptor = options.passwordFd.value_or(-1);
+  return answers;
 }
 
 }  // namespace
@@ -150,7 +167,16 @@ void CommandLine::DeclareOptions(CLI::App& parser) {
   parser.add_option("--format", options_.format, "Form of the output: text, csv or json")
       ->type_name("FORM")
       ->transform(CLI::Validator(OneOf({"text", "csv", "json"}), ""));
-  parser.add_flag("--yes", options_.yes, "Answer every question with yes");
+  CLI::Option* yes = parser.add_flag("--yes", options_.yes, "Answer every question with yes");
+  parser.add_flag("--no", options_.no, "Answer every question with no")->excludes(yes);
+  parser
+      .add_option("--answer", options_.answers,
+                  "Answer the question of that title, whatever --yes and --no say")
+      ->type_name("TITLE=yes|no")
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
+      ->expected(1)
+      ->allow_extra_args(false)
+      ->check(AnswerFault);
   parser
       .add_option("--password-fd", options_.passwordFd, "File descriptor to read the password from")
       ->type_name("N")
@@ -204,7 +230,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
 ExitStatus CommandLine::RunChosen() {
   const auto chosen =
       std::ranges::find_if(commands_, [](const auto& entry) { return entry.first->parsed(); });
-  ConsolePrompts prompts({options_.yes, options_.passwordFd.value_or(-1)}, messages_);
+  ConsolePrompts prompts(AnswersOf(options_), messages_);
   SilentProgress progress;
   SystemPlatform machine({options_.profile.value_or(""), Date::FromIso(options_.today), ""},
                          prompts, progress);
@@ -215,7 +241,7 @@ ExitStatus CommandLine::RunChosen() {
 ExitStatus CommandLine::Report(const std::string& title, const std::string& text,
                                ExitStatus status) {
   out_.flush();
-  messages_ << title << ": " << text << std::endl;
+  messages_ << ShownText(title + ": " + text) << std::endl;
   return status;
 }
 

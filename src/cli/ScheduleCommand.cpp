@@ -5,6 +5,7 @@
 #include "cli/OutputTable.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
+#include "cli/TransactionsArgument.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
@@ -60,15 +61,20 @@ void ScheduleCommand::DeclareChanges(CLI::App& command) {
       ->type_name("TYPE")
       ->transform(CLI::Validator(EntryTypeWord(), ""));
   edited_.Declare(*edit_, false);
+  split_ = command.add_subcommand(
+      "split", "The lines of a split schedule: listed alone, with options changed");
+  schedule_.Declare(*split_)->required();
+  lines_.Declare(*split_);
 }
 
 ExitStatus ScheduleCommand::Run(Session& session) {
-  const bool changes = add_->parsed() || edit_->parsed() || delete_->parsed();
+  const bool changes = add_->parsed() || edit_->parsed() || delete_->parsed() || lines_.Changes();
   const std::optional<DataFile> file = session.Open(changes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   if (add_->parsed()) return Add(ledger, session);
   if (edit_->parsed()) return Edit(ledger, session);
+  if (split_->parsed()) return Split(ledger, session);
   if (delete_->parsed()) return Delete(ledger, session);
   return dates_->parsed() ? Dates(ledger, session) : List(ledger, session);
 }
@@ -121,6 +127,21 @@ ExitStatus ScheduleCommand::Edit(clsCorvanta& ledger, Session& session) const {
   if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
   session.Tell(kTitle, "Schedule " + std::to_string(row->scheduleId) + " changed");
   return ExitStatus::Done;
+}
+
+ExitStatus ScheduleCommand::Split(clsCorvanta& ledger, Session& session) const {
+  const auto row = schedule_.Find(ledger, session);
+  if (!row) return ExitStatus::Refused;
+  ScheduleEditor schedules(ledger, session.Machine());
+  const std::optional<ScheduleForm> form = schedules.Load(row->scheduleId);
+  if (const auto warning = schedules.CheckAllocate(*form)) {
+    return session.Refuse(warning->title, warning->text);
+  }
+  if (lines_.Changes() && RefuseClosed(row->accountClosed, session)) return ExitStatus::Refused;
+  AllocationEditor editor(ledger, session.Machine(),
+                          {row->scheduleId, AllocationSource::Schedule, std::fabs(row->amount),
+                           row->amount > 0 ? 1 : -1, row->currency});
+  return lines_.Run(editor, ledger, session);
 }
 
 ExitStatus ScheduleCommand::Delete(clsCorvanta& ledger, Session& session) const {

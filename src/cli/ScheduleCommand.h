@@ -3,6 +3,7 @@
 #include "cli/Command.h"
 #include "cli/ScheduleArgument.h"
 #include "cli/ScheduleArguments.h"
+#include "cli/SplitLines.h"
 
 #include <string>
 
@@ -10,7 +11,7 @@ namespace corvanta {
 
 class clsCorvanta;
 
-// schedule list, add, edit, delete and dates: the recurring transactions.
+// schedule list, add, edit, split, delete and dates: the recurring transactions.
 class ScheduleCommand : public Command {
  public:
   CLI::App* Declare(CLI::App& parser) override;
@@ -21,18 +22,21 @@ class ScheduleCommand : public Command {
   static ExitStatus List(clsCorvanta& ledger, Session& session);
   ExitStatus Add(clsCorvanta& ledger, Session& session) const;
   ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Split(clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
   ExitStatus Dates(clsCorvanta& ledger, Session& session) const;
 
   CLI::App* command_ = nullptr;
   CLI::App* add_ = nullptr;
   CLI::App* edit_ = nullptr;
+  CLI::App* split_ = nullptr;
   CLI::App* delete_ = nullptr;
   CLI::App* dates_ = nullptr;
   ScheduleArgument schedule_;
   std::string type_;
   ScheduleArguments added_;
   ScheduleArguments edited_;
+  SplitLines lines_;
   std::string posted_;
   std::string until_;
 };

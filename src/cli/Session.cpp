@@ -5,6 +5,7 @@
 #include "ledger/LoginPassword.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"
+#include "platform/ShownText.h"
 #include "store/StoreError.h"
 
 #include <chrono>
@@ -59,7 +60,7 @@ void Session::Print(const OutputTable& table) {
 
 void Session::Tell(const std::string& title, const std::string& text) {
   out_.flush();  // so that data and messages stand in order where both go to one place
-  messages_ << title << ": " << text << '\n';
+  messages_ << ShownText(title + ": " + text) + '\n';
 }
 
 ExitStatus Session::Refuse(const std::string& title, const std::string& text) {

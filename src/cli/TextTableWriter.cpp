@@ -3,6 +3,7 @@
 #include "cli/OutputTable.h"
 #include "cli/ShortestNumber.h"
 #include "platform/Locale.h"
+#include "platform/ShownText.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>
@@ -21,12 +22,11 @@ bool IsRightAligned(OutputKind kind) {
   return kind == OutputKind::Integer || kind == OutputKind::Number || kind == OutputKind::Money;
 }
 
-std::string WithoutControls(std::string text) {
-  for (char& character : text) {
-    const auto byte = static_cast<unsigned char>(character);
-    if (byte < 0x20 || byte == 0x7F) character = ' ';
-  }
-  return text;
+// A row stays a line.
+std::string CellText(const std::string& text) {
+  std::string shown = ShownText(text);
+  std::ranges::replace(shown, '\n', ' ');
+  return shown;
 }
 
 int DecimalsOf(const Value& value) {
@@ -67,7 +67,7 @@ std::string TextTableWriter::NumberCell(double number, int decimals) const {
 
 std::string TextTableWriter::DateCell(const std::string& iso) const {
   const std::optional<DateTime> moment = DateTime::FromIso(iso);
-  if (!moment) return WithoutControls(iso);
+  if (!moment) return CellText(iso);
   std::string text = locale_.FormatShortDate(moment->date);
   if (moment->seconds != 0) text += " " + moment->ToIso().substr(std::string("YYYY-MM-DDT").size());
   return text;
@@ -77,7 +77,7 @@ std::vector<std::string> TextTableWriter::Cells(const OutputTable& table,
                                                 std::size_t column) const {
   const OutputColumn& header = table.Columns()[column];
   const int decimals = header.kind == OutputKind::Money ? -1 : DecimalsOfColumn(table, column);
-  std::vector<std::string> cells = {WithoutControls(header.name)};
+  std::vector<std::string> cells = {CellText(header.name)};
   for (const std::vector<Value>& row : table.Rows()) {
     const Value& value = row[column];
     const bool isMoney = header.kind == OutputKind::Money && !value.IsNull() && !value.IsText();
@@ -86,7 +86,7 @@ std::vector<std::string> TextTableWriter::Cells(const OutputTable& table,
     } else if (header.kind == OutputKind::Date) {
       cells.push_back(DateCell(value.Text()));
     } else {
-      cells.push_back(WithoutControls(value.Text()));
+      cells.push_back(CellText(value.Text()));
     }
   }
   return cells;

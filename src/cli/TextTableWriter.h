@@ -10,8 +10,8 @@ namespace corvanta {
 class Value;
 
 // Columns for a person's eye: the header underlined, numbers to the right, numbers and dates as the
-// locale writes them, NULL blank. Line ends and other control characters in a value become blanks,
-// so that a row stays a line and no value steers the terminal.
+// locale writes them, NULL blank. A row stays a line, and no value steers the terminal: line ends
+// become blanks, the rest is as ShownText has it.
 class TextTableWriter : public TableWriter {
  public:
   explicit TextTableWriter(const Locale& locale) : locale_(locale) {}

@@ -1,51 +1,24 @@
 #include "platform/ConsolePrompts.h"
 
-#include <termios.h>
+#include "platform/HiddenTyping.h"
+#include "platform/ShownText.h"
+#include "platform/TextCase.h"
+
 #include <unistd.h>
 
-#include <cerrno>
+#include <csignal>
 #include <iostream>
+#include <string_view>
+#include <utility>
 
 namespace corvanta {
 namespace {
 
-// Switches the terminal's echo off and puts it back, also when reading fails.
-class HiddenTyping {
- public:
-  explicit HiddenTyping(int descriptor) : descriptor_(descriptor) {
-    if (::tcgetattr(descriptor, &former_) != 0) return;
-    termios hidden = former_;
-    hidden.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-    isHidden_ = ::tcsetattr(descriptor, TCSAFLUSH, &hidden) == 0;
-  }
-  ~HiddenTyping() {
-    if (isHidden_) ::tcsetattr(descriptor_, TCSAFLUSH, &former_);
-  }
-  HiddenTyping(const HiddenTyping&) = delete;
-  HiddenTyping& operator=(const HiddenTyping&) = delete;
-  [[nodiscard]] bool IsHidden() const { return isHidden_; }
-
- private:
-  int descriptor_;
-  termios former_{};
-  bool isHidden_ = false;
-};
-
-// One line without its end; nullopt when nothing is left. Byte by byte: what follows the line
-// belongs to the next question.
-std::optional<std::string> ReadLine(int descriptor) {
-  std::string line;
-  char c = 0;
-  for (;;) {
-    const ssize_t count = ::read(descriptor, &c, 1);
-    if (count < 0 && errno == EINTR) continue;
-    if (count < 0) throw PlatformError("The password cannot be read.");
-    if (count == 0 && line.empty()) return std::nullopt;
-    if (count == 0 || c == '\n') break;
-    line += c;
-  }
-  if (!line.empty() && line.back() == '\r') line.pop_back();
-  return line;
+// A question is called "Add Category?" by the program and "Add Category" by a person.
+std::string_view TitleOf(std::string_view question) {
+  std::string_view title = Trim(question);
+  while (title.ends_with('?')) title = Trim(title.substr(0, title.size() - 1));
+  return title;
 }
 
 }  // namespace
@@ -53,15 +26,25 @@ std::optional<std::string> ReadLine(int descriptor) {
 ConsolePrompts::ConsolePrompts() : ConsolePrompts(ConsoleAnswers{}, std::cerr) {}
 
 ConsolePrompts::ConsolePrompts(ConsoleAnswers answers, std::ostream& messages)
-    : answers_(answers), messages_(messages) {}
+    : answers_(std::move(answers)), messages_(messages) {}
 
 void ConsolePrompts::Tell(const std::string& title, const std::string& text, Icon) {
-  messages_ << title << ": " << text << '\n' << std::flush;
+  messages_ << ShownText(title + ": " + text) << '\n' << std::flush;
 }
 
-bool ConsolePrompts::Ask(const std::string& title, const std::string& text, Icon) {
-  if (!answers_.assumeYes) Refuse(title, text);
-  return true;
+std::optional<bool> ConsolePrompts::AnswerTo(const std::string& title) const {
+  std::optional<bool> answer = answers_.all;
+  for (const ConsoleAnswers::Named& named : answers_.named) {
+    if (EqualFolded(TitleOf(named.title), TitleOf(title))) answer = named.isYes;
+  }
+  return answer;
+}
+
+bool ConsolePrompts::Ask(const std::string& title, const std::string& text, Icon icon) {
+  const std::optional<bool> answer = AnswerTo(title);
+  if (!answer) Refuse(title, text);
+  if (!*answer) Tell(title, text + " (no)", icon);
+  return *answer;
 }
 
 std::optional<std::size_t> ConsolePrompts::Choose(const std::string& title, const std::string& text,
@@ -74,14 +57,20 @@ std::optional<std::size_t> ConsolePrompts::Choose(const std::string& title, cons
 std::optional<std::string> ConsolePrompts::AskText(const std::string& title,
                                                    const std::string& text, bool secret) {
   if (!secret) Refuse(title, text);
-  if (answers_.secretDescriptor >= 0) return ReadLine(answers_.secretDescriptor);
+  if (answers_.secretDescriptor >= 0) return ReadSecretLine(answers_.secretDescriptor);
   if (::isatty(STDIN_FILENO) == 0) Refuse(title, text);
-  messages_ << title << ": " << text << ' ' << std::flush;
-  const HiddenTyping typing(STDIN_FILENO);
-  if (!typing.IsHidden()) throw PlatformError("The terminal cannot hide what is typed.");
-  auto line = ReadLine(STDIN_FILENO);
-  messages_ << '\n' << std::flush;
-  return line;
+  return AskTerminal(title + ": " + text);
+}
+
+std::optional<std::string> ConsolePrompts::AskTerminal(const std::string& question) {
+  for (;;) {
+    TypedLine typed =
+        ReadHidden(STDIN_FILENO, [&] { messages_ << ShownText(question) << ' ' << std::flush; });
+    messages_ << '\n' << std::flush;
+    if (typed.signal == 0) return std::move(typed.text);
+    // It ends the program, or stops it until a person comes back to the question.
+    std::raise(typed.signal);
+  }
 }
 
 std::optional<std::string> ConsolePrompts::OpenFile(const FileQuestion& question) {

@@ -9,6 +9,7 @@
 
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
 #include <filesystem>
 #include <thread>
 
@@ -18,7 +19,7 @@ namespace {
 constexpr std::size_t kLargestFile = 16U << 20U;
 constexpr auto kLockPatience = std::chrono::seconds(5);
 // Two writes within one tick of the file system's clock can leave equal stamps, so a younger
-// file is read again.
+// file is read again. One from the future was not written just now.
 constexpr std::int64_t kSettledAfter = 100'000'000;  // nanoseconds
 
 std::int64_t NowNanoseconds() {
@@ -85,7 +86,7 @@ const RegistryText& FileRegistry::Load(Hive hive) const {
   }
   loaded.text = std::move(text);
   loaded.stamp = stamp;
-  loaded.isCurrent = stamp.size < 0 || NowNanoseconds() - stamp.changed > kSettledAfter;
+  loaded.isCurrent = stamp.size < 0 || std::abs(NowNanoseconds() - stamp.changed) > kSettledAfter;
   return loaded.text;
 }
 

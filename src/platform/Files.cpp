@@ -41,6 +41,15 @@ void WriteFully(int descriptor, std::string_view text, const std::string& path) 
   }
 }
 
+void RequireOrdinary(const FileHandle& file, const std::string& path) {
+  struct stat status {};
+  if (::fstat(file.Get(), &status) != 0) throw SystemError("Cannot read", path, errno);
+  if (S_ISDIR(status.st_mode)) throw SystemError("Cannot read", path, EISDIR);
+  if (S_ISREG(status.st_mode)) return;
+  throw PlatformError("Cannot read " + path +
+                      ": it is a pipe or a device. Put an ordinary file in its place.");
+}
+
 // Removes the file unless it was kept: a failed write leaves nothing behind.
 class TemporaryFile {
  public:
@@ -165,8 +174,10 @@ bool FolderExists(const std::string& path) {
 }
 
 std::string ReadFile(const std::string& path, std::size_t limit) {
-  const FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC));
+  // Without waiting: a pipe that nobody writes to would never open, and a terminal never end.
+  const FileHandle file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY));
   if (!file.IsOpen()) throw SystemError("Cannot open", path, errno);
+  RequireOrdinary(file, path);
   std::string text;
   std::array<char, 16384> buffer;
   for (;;) {

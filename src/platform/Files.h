@@ -40,7 +40,7 @@ class SystemFiles : public Files {
 
 [[nodiscard]] bool FileExists(const std::string& path);
 [[nodiscard]] bool FolderExists(const std::string& path);
-// The whole file as bytes. Throws PlatformError when it cannot be read or is over `limit` bytes.
+// The bytes of an ordinary file. Throws PlatformError for any other one, and over `limit` bytes.
 [[nodiscard]] std::string ReadFile(const std::string& path, std::size_t limit = 64U << 20U);
 // True when the owner's mark or the file system refuses writing (also for a privileged user).
 [[nodiscard]] bool IsReadOnly(const std::string& path);

@@ -15,6 +15,24 @@ std::size_t FilesIn(const std::string& folder) {
   return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder), {}));
 }
 
+// Opened as files are, each of them would wait for ever.
+TEST(Files, ReadsNothingButOrdinaryFiles) {
+  const TemporaryFolder folder;
+  const std::string pipe = folder.Path("pipe");
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  std::filesystem::create_symlink("/dev/zero", folder.Path("device"));
+  std::filesystem::create_symlink(folder.Write("real.txt", "text"), folder.Path("link"));
+  for (const std::string& path : {pipe, folder.Path("device"), folder.Path()}) {
+    try {
+      (void)ReadFile(path);
+      FAIL() << path;
+    } catch (const PlatformError& error) {
+      EXPECT_NE(std::string(error.what()).find("Cannot read " + path), std::string::npos);
+    }
+  }
+  EXPECT_EQ(ReadFile(folder.Path("link")), "text");
+}
+
 TEST(Files, WritesAndReplacesLeavingNothingBeside) {
   const TemporaryFolder folder;
   SystemFiles files;

@@ -5,6 +5,7 @@
 #include "platform/Opener.h"
 #include "platform/Progress.h"
 #include "platform/Registry.h"
+#include "platform/ShownText.h"
 #include "platform/Spreadsheet.h"
 #include "platform/SystemPlatform.h"
 #include "support/TemporaryFolder.h"
@@ -47,14 +48,37 @@ TEST(ConsolePrompts, AnswersFromItsOptions) {
   ASSERT_EQ(::write(pipe[1], lines.data(), lines.size()), static_cast<ssize_t>(lines.size()));
   ::close(pipe[1]);
   std::ostringstream messages;
-  ConsolePrompts prompts(ConsoleAnswers{true, pipe[0]}, messages);
+  ConsolePrompts prompts(ConsoleAnswers{true, {{"add it ", false}}, pipe[0]}, messages);
   EXPECT_TRUE(prompts.Ask("Delete?", "Sure?", Icon::Question));
+  EXPECT_EQ(messages.str(), "");
+  EXPECT_FALSE(prompts.Ask("Add it?", "Sure?", Icon::Question));
+  EXPECT_EQ(messages.str(), "Add it?: Sure? (no)\n");
+  messages.str("");
   EXPECT_EQ(prompts.AskText("Password", "Password", true), "first secret");
   EXPECT_EQ(prompts.AskText("Password", "Password", true), "second");
   EXPECT_EQ(prompts.AskText("Password", "Password", true), "last");
   EXPECT_EQ(prompts.AskText("Password", "Password", true), std::nullopt);
   EXPECT_EQ(messages.str(), "");
   ::close(pipe[0]);
+}
+
+TEST(ShownText, ShowsWhatWouldSteerATerminal) {
+  const std::vector<std::pair<std::string, std::string>> texts = {
+      {"", ""},
+      {"Ärger & Söhne 漢字 😀", "Ärger & Söhne 漢字 😀"},
+      {"two\nlines\tand\rmore", "two\nlines and more"},
+      {"\x1B[2J\x07\x7F", "␛[2J␇␡"},
+      {std::string("\0", 1), "␀"},
+      {"\u0085 \u009B31m", "\uFFFD \uFFFD31m"},
+      {"\u202Egnp.exe\u202C \u2066a\u2069\u200F\u061C",
+       "\uFFFDgnp.exe\uFFFD \uFFFDa\uFFFD\uFFFD\uFFFD"},
+      {"a\u2028b\u2029c\u206A", "a\uFFFDb\uFFFDc\uFFFD"},
+      {"\x9B"
+       "31m \xC3",
+       "\uFFFD31m \uFFFD"},
+      {"👨\u200D👩\u200D👧 می\u200Cخواهم", "👨\u200D👩\u200D👧 می\u200Cخواهم"},
+  };
+  for (const auto& [text, shown] : texts) EXPECT_EQ(ShownText(text), shown);
 }
 
 TEST(WorkbookSpreadsheet, RendersAFileOfItsKind) {
