@@ -5,6 +5,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/Style.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QScrollBar>
 #include <QVBoxLayout>
