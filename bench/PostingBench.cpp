@@ -6,6 +6,7 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Settings.h"
+#include "support/AgreeingPlatform.h"
 
 #include <benchmark/benchmark.h>
 
@@ -63,9 +64,10 @@ void PostThroughLedger(benchmark::State& state) {
   BenchStore& store = FilledStore();
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
+  AgreeingPlatform machine(store.Machine());
   NoRates rates;
   for (auto _ : state) {
-    const PostingResult result = SchedulePosting(ledger, store.Machine(), rates).PostSchedules();
+    const PostingResult result = SchedulePosting(ledger, machine.Get(), rates).PostSchedules();
     state.PauseTiming();
     connection->Execute("DELETE FROM tblTransactions WHERE BankSch > 0");
     state.ResumeTiming();
@@ -79,8 +81,9 @@ void PassWithNothingToPost(benchmark::State& state) {
   BenchStore& store = FilledStore();
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
+  AgreeingPlatform machine(store.Machine());
   NoRates rates;
-  SchedulePosting posting(ledger, store.Machine(), rates);
+  SchedulePosting posting(ledger, machine.Get(), rates);
   posting.PostSchedules();
   for (auto _ : state) benchmark::DoNotOptimize(posting.PostSchedules());
   connection->Execute("DELETE FROM tblTransactions WHERE BankSch > 0");

@@ -41,6 +41,7 @@ std::string FaultOf(OccurrenceResult result) {
   switch (result) {
     case OccurrenceResult::Done:
     case OccurrenceResult::AlreadyPosted:
+    case OccurrenceResult::NoRate:  // told already
       return {};
     case OccurrenceResult::NotDue:
       return "The schedule has been changed, and this payment is no longer due.";
@@ -51,21 +52,6 @@ std::string FaultOf(OccurrenceResult result) {
              "first.";
   }
   return {};
-}
-
-// A copy of the schedule that begins where the original stands: what that one has posted must not
-// come a second time. 0 when there is none.
-std::int64_t PasteOnward(clsCorvanta& ledger, std::int64_t key) {
-  const std::vector<ScheduleDetails> schedules = ledger.Schedules();
-  const auto source = std::find_if(schedules.begin(), schedules.end(),
-                                   [key](const auto& row) { return row.scheduleId == key; });
-  const std::int64_t copy = ledger.PasteSchedule(key);
-  const auto pasted = ledger.ReadSchedule(copy);
-  if (source == schedules.end() || !source->nextDue || !pasted) return copy;
-  ScheduleRecord record = *pasted;
-  record.dateFrom = *source->nextDue;
-  if (record.noTimes > 0) record.noTimes = std::max(1, record.noTimes - source->posted);
-  return ledger.SaveSchedule(record);
 }
 
 }  // namespace
@@ -142,7 +128,7 @@ void FrmMain::PasteSchedule() {
   Transaction all = session_.Ledger().Store().Begin();
   std::int64_t last = 0;
   for (const std::int64_t key : FromClip(ClipKind::Schedules, ToQt(session_.Path()))) {
-    last = PasteOnward(session_.Ledger(), key);
+    last = session_.Ledger().PasteSchedule(key);
   }
   if (last == 0) return;
   all.Commit();

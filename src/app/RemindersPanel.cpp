@@ -76,10 +76,12 @@ QPushButton* RemindersPanel::MakeButton(QAction* action, const char* name) {
 }
 
 QString RemindersPanel::Details(const Reminder& reminder) const {
-  QStringList parts{ToQt(locale_.FormatShortDate(reminder.due))};
+  QStringList parts{ToQt(locale_.FormatShortDate(reminder.date))};
   if (reminder.IsPosted()) {
     parts.append(reminder.uncleared > 1 ? tr("posted, %1 uncleared").arg(reminder.uncleared)
                                         : tr("posted, uncleared"));
+  } else if (reminder.waitsForRate) {
+    parts.append(tr("waits for an exchange rate"));
   } else if (!reminder.periodName.empty()) {
     parts.append(ToQt(reminder.periodName));
   }

@@ -59,8 +59,8 @@ ListRow ScheduleView::RowFor(const ScheduleDetails& schedule) const {
   const bool isOver = schedule.isFinished || !schedule.nextDue;
   ListCell next{tr("Finished"), 1e9, false, true};
   if (!isOver) {
-    next = {ToQt(locale_.FormatShortDate(*schedule.nextDue)),
-            static_cast<double>(schedule.nextDue->Serial())};
+    const Date day = schedule.days.BookedOn(*schedule.nextDue);
+    next = {ToQt(locale_.FormatShortDate(day)), static_cast<double>(day.Serial())};
   }
   ListCell payments{tr("No end"), 1e9, false, true};
   if (schedule.noTimes != 0) {
@@ -69,16 +69,18 @@ ListRow ScheduleView::RowFor(const ScheduleDetails& schedule) const {
   }
   QString account = ToQt(schedule.account);
   if (schedule.accountClosed) account += tr(" [Closed] ");
-  const QString payee = schedule.IsTransfer() ? tr("To %1").arg(ToQt(schedule.transferAccount))
-                                              : ToQt(schedule.payee);
+  QString payee = schedule.IsTransfer() ? tr("To %1").arg(ToQt(schedule.transferAccount))
+                                        : ToQt(schedule.payee);
+  if (schedule.transferAccountClosed) payee += tr(" [Closed] ");
+  const bool waits = !isOver && schedule.WaitsForRate(*schedule.nextDue);
   return {schedule.scheduleId,
           {next,
            {account, std::nullopt, false, schedule.accountClosed},
-           {payee},
+           {payee, std::nullopt, false, schedule.transferAccountClosed},
            {CategoryOf(schedule)},
            {ToQt(schedule.periodName)},
            payments,
-           {Automatic(schedule.addToAccount)},
+           {waits ? tr("Waits for a rate") : Automatic(schedule.addToAccount)},
            {ToQt(locale_.FormatNumber(schedule.amount)), schedule.amount},
            {ToQt(schedule.description)}},
           ToQt(schedule.currency)};

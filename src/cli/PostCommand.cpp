@@ -27,6 +27,8 @@ std::string FaultOf(OccurrenceResult result, Date due) {
       return "The payment of " + due.ToIso() + " is posted already.";
     case OccurrenceResult::ClosedAccount:
       return "This Account is closed, Items cannot be amended";
+    case OccurrenceResult::NoRate:
+      return "There is no exchange rate for the payment of " + due.ToIso() + "; it stays pending.";
     case OccurrenceResult::EarlierPending:
       return "An earlier payment is waiting. Post or skip that one first.";
     default:
@@ -56,8 +58,14 @@ ExitStatus PostCommand::Run(Session& session) {
   SchedulePosting posting(ledger, session.Machine(), rates);
   if (schedule_.IsGiven()) return PostOne(ledger, posting, session);
   const PostingResult result = posting.PostSchedules();
+  if (result.declined) return ExitStatus::Refused;
   session.Tell(kTitle, std::to_string(result.occurrences) +
                            (result.occurrences == 1 ? " payment posted" : " payments posted"));
+  if (result.waiting > 0) {
+    session.Tell(kTitle, std::to_string(result.waiting) +
+                             (result.waiting == 1 ? " payment waits" : " payments wait") +
+                             " for an exchange rate");
+  }
   return ExitStatus::Done;
 }
 

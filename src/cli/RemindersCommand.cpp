@@ -18,7 +18,7 @@ void AddRows(OutputTable& table, const char* group, const std::vector<Reminder>&
   for (const Reminder& item : items) {
     table.AddRow({group, item.scheduleId, item.due, item.account, item.payee, item.description,
                   item.periodName, item.IsPosted() ? Value(item.transactionId) : Value(),
-                  item.amount});
+                  item.amount, item.date, item.waitsForRate ? "waits for an exchange rate" : ""});
   }
 }
 
@@ -51,7 +51,9 @@ ExitStatus RemindersCommand::Run(Session& session) {
                      {"Description"},
                      {"Frequency"},
                      {"Posted", OutputKind::Integer},
-                     {"Amount", OutputKind::Money}});
+                     {"Amount", OutputKind::Money},
+                     {"Date", OutputKind::Date},
+                     {"Note"}});
   AddRows(table, "Overdue Items", list.overdue);
   AddRows(table, "Future Items", list.future);
   if (!list.IsEmpty() || session.Options().format != "text") session.Print(table);

@@ -20,6 +20,11 @@ const char* WordOf(AddToAccount choice) {
   return choice == AddToAccount::Ahead ? "ahead" : "due";
 }
 
+const char* WordOf(WeekendRule rule) {
+  if (rule == WeekendRule::Stay) return "stay";
+  return rule == WeekendRule::Before ? "before" : "after";
+}
+
 void ScheduleArguments::Declare(CLI::App& command, bool isNew) {
   fields_.DeclareFields(command, isNew);
   command.add_option("--period", period_,
@@ -38,6 +43,18 @@ void ScheduleArguments::Declare(CLI::App& command, bool isNew) {
                   "as the setting NoShedule looks)")
       ->type_name("CHOICE")
       ->transform(CLI::Validator(OneOf({"no", "due", "ahead"}), ""));
+  command
+      .add_option("--month-end", monthEnd_,
+                  "Whether every payment is due on the last day of its month: yes or no (of a "
+                  "frequency in months)")
+      ->type_name("CHOICE")
+      ->transform(CLI::Validator(OneOf({"yes", "no"}), ""));
+  command
+      .add_option("--weekend", weekend_,
+                  "Where a payment goes that is due on a weekend: stay, before or after (the "
+                  "working day before or after it)")
+      ->type_name("CHOICE")
+      ->transform(CLI::Validator(OneOf({"stay", "before", "after"}), ""));
   fields_.DeclareTexts(command, "Of each transaction that it posts", "What it is for");
 }
 
@@ -45,6 +62,14 @@ bool ScheduleArguments::Fill(ScheduleForm& form, ScheduleEditor& editor, clsCorv
                              Session& session) const {
   if (!fields_.Fill(form, kTitle, ledger, session)) return false;
   return FillPlan(form, editor, ledger, session);
+}
+
+void ScheduleArguments::FillDays(DayRule& days) const {
+  if (monthEnd_) days.isMonthEnd = *monthEnd_ == "yes";
+  if (!weekend_) return;
+  days.weekend = *weekend_ == "before"  ? WeekendRule::Before
+                 : *weekend_ == "after" ? WeekendRule::After
+                                        : WeekendRule::Stay;
 }
 
 bool ScheduleArguments::FillPlan(ScheduleForm& form, ScheduleEditor& editor, clsCorvanta& ledger,
@@ -60,6 +85,7 @@ bool ScheduleArguments::FillPlan(ScheduleForm& form, ScheduleEditor& editor, cls
   }
   if (start_) form.dateFrom = Date::FromIso(*start_).value_or(form.dateFrom);
   if (number_) form.number = *number_;
+  FillDays(form.days);
   if (automatic_) {
     form.addToAccount = *automatic_ == "no"    ? AddToAccount::No
                         : *automatic_ == "due" ? AddToAccount::WhenDue

@@ -26,6 +26,7 @@ class ScheduleArguments {
                           Session& session) const;
 
  private:
+  void FillDays(DayRule& days) const;
   [[nodiscard]] bool FillPlan(ScheduleForm& form, ScheduleEditor& editor, clsCorvanta& ledger,
                               Session& session) const;
 
@@ -34,9 +35,12 @@ class ScheduleArguments {
   std::optional<std::string> start_;
   std::optional<int> number_;
   std::optional<std::string> automatic_;
+  std::optional<std::string> monthEnd_;
+  std::optional<std::string> weekend_;
 };
 
-// The word of --automatic.
+// The words of --automatic and --weekend.
 [[nodiscard]] const char* WordOf(AddToAccount choice);
+[[nodiscard]] const char* WordOf(WeekendRule rule);
 
 }  // namespace corvanta

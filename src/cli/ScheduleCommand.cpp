@@ -8,11 +8,13 @@
 #include "cli/TransactionsArgument.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "reference/Deletion.h"
 
 #include <CLI/CLI.hpp>
 
+#include <algorithm>
 #include <cmath>
 
 namespace corvanta {
@@ -22,6 +24,25 @@ constexpr const char* kTitle = "Schedule";
 
 std::string CategoryText(const ScheduleDetails& row) {
   return row.subCategory.empty() ? row.category : row.category + ":" + row.subCategory;
+}
+
+// As the options say it; empty for a schedule without such a rule.
+std::string DaysText(const DayRule& days) {
+  std::string text = days.isMonthEnd ? "month-end" : "";
+  if (days.weekend == WeekendRule::Stay) return text;
+  return text + (text.empty() ? "" : ", ") + "weekend " + WordOf(days.weekend);
+}
+
+// With the last day among them, as the posting has it. Without end as far as that day or a year, a
+// first payment that is later still included.
+std::vector<Date> PaymentsOf(const ScheduleDetails& schedule, std::optional<Date> until,
+                             Date today) {
+  const Date year = today.AddMonths(12);
+  const SchedulePlan plan = PlanOf(schedule);
+  if (plan.Payments() > 0)
+    return FirstScheduleDates(plan, static_cast<std::size_t>(plan.Payments()));
+  const std::vector<Date> dates = PaymentsUntil(schedule, std::max(until.value_or(year), year));
+  return dates.empty() ? FirstScheduleDates(plan, 1) : dates;
 }
 
 }  // namespace
@@ -94,13 +115,15 @@ ExitStatus ScheduleCommand::List(clsCorvanta& ledger, Session& session) {
                      {"Payments", OutputKind::Integer},
                      {"Posted", OutputKind::Integer},
                      {"Automatic"},
-                     {"Amount", OutputKind::Money}});
+                     {"Amount", OutputKind::Money},
+                     {"Days"},
+                     {"Note"}});
   for (const ScheduleDetails& row : ledger.Schedules()) {
     table.AddRow({row.scheduleId, row.nextDue ? Value(*row.nextDue) : Value(), row.account,
                   row.transferAccount, row.payee, CategoryText(row), row.payment, row.reference,
                   row.description, row.periodName, row.dateFrom,
                   row.noTimes == 0 ? Value() : Value(std::abs(row.noTimes)), row.posted,
-                  WordOf(row.addToAccount), row.amount});
+                  WordOf(row.addToAccount), row.amount, DaysText(row.days), HindranceOf(row)});
   }
   session.Print(table);
   return ExitStatus::Done;
@@ -164,11 +187,15 @@ ExitStatus ScheduleCommand::Delete(clsCorvanta& ledger, Session& session) const 
 ExitStatus ScheduleCommand::Dates(clsCorvanta& ledger, Session& session) const {
   const auto row = schedule_.Find(ledger, session);
   if (!row) return ExitStatus::Refused;
-  OutputTable table({{"Number", OutputKind::Integer}, {"Due", OutputKind::Date}, {"Posted"}});
+  OutputTable table({{"Number", OutputKind::Integer},
+                     {"Due", OutputKind::Date},
+                     {"Posted"},
+                     {"Date", OutputKind::Date}});
   const PostedRows posted = PostedOf(ledger.Store(), row->scheduleId);
   std::int64_t number = 0;
-  for (const Date due : ledger.DueDates(row->scheduleId, Date::FromIso(until_))) {
-    table.AddRow({++number, due, posted.Has(due) ? "yes" : "no"});
+  const Date today = session.Machine().clock.Today();
+  for (const Date due : PaymentsOf(*row, Date::FromIso(until_), today)) {
+    table.AddRow({++number, due, posted.Has(due) ? "yes" : "no", row->days.BookedOn(due)});
   }
   session.Print(table);
   return ExitStatus::Done;

@@ -42,16 +42,23 @@ QString ContentOf(const QWidget& widget) {
 }  // namespace
 
 FormDialog::FormDialog(const QString& name, Prompts& prompts, QWidget* parent)
-    : QuietEnd(parent), prompts_(prompts), page_(new QVBoxLayout(this)), fields_(new QFormLayout) {
+    : QuietEnd(parent), prompts_(prompts), page_(new QVBoxLayout(this)), columns_(new QHBoxLayout) {
   setObjectName(name);
   setModal(true);
+  page_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  page_->setSpacing(kRhythm + kRhythm / 2);
+  columns_->setSpacing(3 * kRhythm);
+  page_->addLayout(columns_);
+  StartColumn();
+}
+
+void FormDialog::StartColumn() {
+  fields_ = new QFormLayout;
+  columns_->addLayout(fields_, 1);
   fields_->setVerticalSpacing(kRhythm);
   fields_->setHorizontalSpacing(2 * kRhythm);
   fields_->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
   fields_->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-  page_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
-  page_->setSpacing(kRhythm + kRhythm / 2);
-  page_->addLayout(fields_);
 }
 
 QLabel* FormDialog::AddField(const QString& label, QWidget* field, const char* name) {

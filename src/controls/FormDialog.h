@@ -10,6 +10,7 @@
 #include <vector>
 
 class QFormLayout;
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
 class QVBoxLayout;
@@ -43,6 +44,8 @@ class FormDialog : public QuietEnd<QDialog> {
   static void Relabel(QLabel& label, const QString& text, QWidget& field);
   // A tick, in the column of the fields.
   void AddTick(QWidget* tick, const char* name);
+  // The fields that follow stand in a column of their own, at the right of those before them.
+  void StartColumn();
   // What takes the height that is over, at the top of the dialog.
   void AddAbove(QWidget* area);
   [[nodiscard]] QPushButton* MakeButton(const QString& text, const char* name);
@@ -81,7 +84,8 @@ class FormDialog : public QuietEnd<QDialog> {
   bool isChanged_ = false;
   QStringList kept_;
   QVBoxLayout* page_;
-  QFormLayout* fields_;
+  QHBoxLayout* columns_;
+  QFormLayout* fields_ = nullptr;
   MutedLabel* lblNote_ = nullptr;
   QWidget* first_ = nullptr;
   std::vector<QWidget*> order_;

@@ -35,7 +35,13 @@ constexpr const char* kHelp =
     "post or skip it.\n\n"
     "Amount: without a sign, the type says where the money goes. A transfer into an account of "
     "another currency is converted when it is posted.\n\n"
-    "Payments that are posted and already due stay as they are when you change the schedule.";
+    "Every time on the month's last day: 31 January, 28 February, 31 March. Without it a payment "
+    "of "
+    "the 31st goes on from the 28th of February.\n\n"
+    "On weekends: a payment due on a Saturday or Sunday is booked on the working day before or "
+    "after it.\n\n"
+    "A change concerns what is still to come: payments posted up to today stay as they are and "
+    "come no second time; those posted ahead that nobody has touched follow the change.";
 
 QString PaymentsText(const ScheduleOutlook& outlook, const Locale& locale) {
   const auto number = [](std::size_t count) { return QString::number(count); };
@@ -86,8 +92,11 @@ FrmSchedule::FrmSchedule(const EntryPlace& place, std::int64_t accountId)
       txtNumber_(new AmountEdit(place.platform.locale, this, AmountText::Whole)),
       lblNext_(new MutedLabel(this)),
       chkAutomated_(new QCheckBox(tr("Add to Account Automatica&lly"), this)),
-      cmbAutomated_(new QComboBox(this)) {
+      cmbAutomated_(new QComboBox(this)),
+      chkMonthEnd_(new QCheckBox(tr("E&very time on the month's last day"), this)),
+      cmbWeekend_(new QComboBox(this)) {
   MakeFields();
+  MakeDayFields();
   MakeTools();
   AddButtons();
   ConnectFields();
@@ -109,16 +118,31 @@ void FrmSchedule::MakeFields() {
   lblNext_->setWordWrap(true);
   lblNext_->setMinimumHeight(kOutlookLines * fontMetrics().lineSpacing());
   lblNext_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+  // What is paid at the left, when at the right: in one column they are too high for small screens.
   AddAccountRows();
+  AddPayeeRows();
+  AddTextRows();
+  StartColumn();
   AddField(tr("&Frequency:"), cmbPeriod_, "cmbPeriod");
   AddField(tr("S&tart Date:"), dtFrom_, "dtFrom");
   AddField(tr("N&umber of Payments:"), txtNumber_, "txtNumber", endless);
+  AddTick(chkMonthEnd_, "chkMonthEnd");
+  AddField(tr("On &weekends:"), cmbWeekend_, "cmbWeekend");
   AddField(tr("Next:"), lblNext_, "lblNext");
-  AddPayeeRows();
-  AddTextRows();
   AddField({}, chkAutomated_, "chkAutomated", cmbAutomated_);
-  // The rows above are filled already in a new schedule.
+  // The accounts are filled already in a new schedule.
   SetFirstField(cmbPeriod_);
+}
+
+void FrmSchedule::MakeDayFields() {
+  chkMonthEnd_->setToolTip(tr("31 January, 28 or 29 February, 31 March, and so on"));
+  cmbWeekend_->setToolTip(tr("Where a payment goes that is due on a Saturday or Sunday"));
+  const auto add = [this](const QString& text, WeekendRule rule) {
+    cmbWeekend_->addItem(text, static_cast<int>(rule));
+  };
+  add(tr("stay on the day"), WeekendRule::Stay);
+  add(tr("working day before"), WeekendRule::Before);
+  add(tr("working day after"), WeekendRule::After);
 }
 
 void FrmSchedule::MakeTools() {
@@ -134,6 +158,8 @@ void FrmSchedule::ConnectFields() {
   connect(cmbPeriod_, &QComboBox::currentIndexChanged, this, &FrmSchedule::TakePeriod);
   connect(dtFrom_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
   connect(txtNumber_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
+  connect(chkMonthEnd_, &QCheckBox::toggled, this, &FrmSchedule::ShowNext);
+  connect(cmbWeekend_, &QComboBox::currentIndexChanged, this, &FrmSchedule::ShowNext);
   connect(txtNumber_, &QLineEdit::editingFinished, this,
           [this] { txtNumber_->SetAmount(Number()); });
   connect(chkAutomated_, &QCheckBox::toggled, cmbAutomated_, &QWidget::setEnabled);
@@ -171,10 +197,23 @@ void FrmSchedule::Show(const ScheduleForm& form) {
     cmbPeriod_->setCurrentIndex(cmbPeriod_->findData(qlonglong{form.periodId}));
     dtFrom_->SetDay(form.dateFrom);
     txtNumber_->SetAmount(form.number);
+    ShowDays(form.days);
   }
   beforeOnce_.reset();
   ShowAutomated(form.addToAccount);
   ShowNext();
+}
+
+void FrmSchedule::ShowDays(const DayRule& days) {
+  const QSignalBlocker monthEnd(chkMonthEnd_);
+  const QSignalBlocker weekend(cmbWeekend_);
+  chkMonthEnd_->setChecked(days.isMonthEnd);
+  cmbWeekend_->setCurrentIndex(cmbWeekend_->findData(static_cast<int>(days.weekend)));
+  AllowMonthEnd();
+}
+
+void FrmSchedule::AllowMonthEnd() {
+  chkMonthEnd_->setEnabled(editor_.IsMonthly(cmbPeriod_->currentData().toLongLong()));
 }
 
 void FrmSchedule::ShowAutomated(AddToAccount add) {
@@ -200,6 +239,8 @@ void FrmSchedule::ReadPlan(ScheduleForm& form) const {
   form.periodId = cmbPeriod_->currentData().toLongLong();
   form.dateFrom = dtFrom_->Day();
   form.number = Number();
+  form.days.isMonthEnd = chkMonthEnd_->isEnabled() && chkMonthEnd_->isChecked();
+  form.days.weekend = static_cast<WeekendRule>(cmbWeekend_->currentData().toInt());
 }
 
 ScheduleForm FrmSchedule::Form() {
@@ -227,13 +268,19 @@ void FrmSchedule::ShowNext() {
 
 QString FrmSchedule::NextText(const ScheduleForm& plan) {
   const bool isAsSaved = plan.periodId == form_.periodId && plan.dateFrom == form_.dateFrom &&
-                         plan.number == form_.number;
+                         plan.number == form_.number &&
+                         plan.days.isMonthEnd == form_.days.isMonthEnd;
   if (form_.isFinished && isAsSaved) return tr("Finished, every payment is posted or skipped");
-  const std::vector<Date> dates = editor_.NextDates(plan, kMostDates);
+  const SchedulePlan saved = editor_.PlanOf(plan);
+  if (saved.noTimes < 0) return tr("No payment is left to post");
+  std::vector<Date> dates = FirstScheduleDates(saved, kMostDates);
   if (dates.empty()) return tr("Choose a frequency to see the next payments");
   const Platform& platform = place_.platform;
-  const std::vector<Date> open = editor_.NotPosted(plan.scheduleId, dates);
-  return OutlookText(LookAhead(dates, open, plan.number, platform.clock.Today(), kShownDates),
+  std::vector<Date> open = editor_.NotPosted(plan.scheduleId, dates);
+  for (auto* days : {&dates, &open}) {
+    for (Date& day : *days) day = plan.days.BookedOn(day);
+  }
+  return OutlookText(LookAhead(dates, open, saved.noTimes, platform.clock.Today(), kShownDates),
                      platform.locale);
 }
 
@@ -256,6 +303,7 @@ void FrmSchedule::TakePeriod() {
     editor_.ChoosePeriod(form, cmbPeriod_->currentData().toLongLong());
     if (form.number != number) beforeOnce_ = number;
     txtNumber_->SetAmount(form.number);
+    AllowMonthEnd();
   });
   ShowNext();
 }

@@ -36,12 +36,15 @@ class FrmSchedule : public FrmEntry {
 
  private:
   void MakeFields();
+  void MakeDayFields();
   void MakeTools();
   void ConnectFields();
 
   void Show(const ScheduleForm& form);
   void ShowAutomated(AddToAccount add);
   void ShowNext();
+  void ShowDays(const DayRule& days);
+  void AllowMonthEnd();
   [[nodiscard]] QString NextText(const ScheduleForm& plan);
   [[nodiscard]] ScheduleForm Form();
   // What of the form decides when payments are due.
@@ -63,6 +66,8 @@ class FrmSchedule : public FrmEntry {
   MutedLabel* lblNext_;
   QCheckBox* chkAutomated_;
   QComboBox* cmbAutomated_;  // how far
+  QCheckBox* chkMonthEnd_;
+  QComboBox* cmbWeekend_;
 };
 
 }  // namespace corvanta

@@ -92,6 +92,7 @@ std::optional<ScheduleForm> ScheduleEditor::Load(std::int64_t key) {
   form.periodId = row->periodId;
   form.dateFrom = row->dateFrom;
   form.number = std::abs(row->noTimes);
+  form.days = row->days;
   form.addToAccount = row->addToAccount;
   form.reference = row->reference;
   form.description = row->description;
@@ -131,8 +132,20 @@ std::string ScheduleEditor::PeriodCode(std::int64_t periodId) {
   return period ? period->period : std::string();
 }
 
+bool ScheduleEditor::IsMonthly(std::int64_t periodId) {
+  const auto step = PeriodStep::FromCode(PeriodCode(periodId));
+  return step && step->IsMonthly();
+}
+
+SchedulePlan ScheduleEditor::PlanOf(const ScheduleForm& form) {
+  ScheduleRecord record;
+  if (const auto stored = ledger_.ReadSchedule(form.scheduleId)) record = *stored;
+  FillPlan(form, record);
+  return ledger_.PlanAfterSaving(record);
+}
+
 std::vector<Date> ScheduleEditor::NextDates(const ScheduleForm& form, std::size_t count) {
-  return FirstScheduleDates({form.dateFrom, form.number, PeriodCode(form.periodId)}, count);
+  return FirstScheduleDates(PlanOf(form), count);
 }
 
 std::vector<Date> ScheduleEditor::NotPosted(std::int64_t key, std::vector<Date> dates) {
@@ -239,13 +252,20 @@ ScheduleRecord ScheduleEditor::RecordOf(const ScheduleForm& form) {
   record.reference = form.reference;
   record.description = form.description;
   record.addToAccount = form.addToAccount;
+  FillPlan(form, record);
+  return record;
+}
+
+// A finished schedule stays so as long as its plan does.
+void ScheduleEditor::FillPlan(const ScheduleForm& form, ScheduleRecord& record) {
   const bool isAsBefore = record.scheduleId != 0 && record.periodId == form.periodId &&
                           record.dateFrom == form.dateFrom &&
-                          std::abs(record.noTimes) == form.number;
+                          std::abs(record.noTimes) == form.number &&
+                          record.days.isMonthEnd == form.days.isMonthEnd;
   record.periodId = form.periodId;
   record.dateFrom = form.dateFrom;
+  record.days = form.days;
   if (!isAsBefore) record.noTimes = form.number;
-  return record;
 }
 
 // An expense that becomes an income has lines that are incomes.

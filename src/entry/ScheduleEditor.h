@@ -1,6 +1,7 @@
 #pragma once
 
 #include "entry/TransactionForm.h"
+#include "ledger/ScheduleDates.h"
 #include "ledger/ScheduleRecord.h"
 #include "ledger/Warning.h"
 #include "platform/Date.h"
@@ -32,6 +33,7 @@ struct ScheduleForm {
   std::int64_t periodId = 0;         // 0 not chosen
   Date dateFrom;
   int number = 0;  // payments from dateFrom on; 0 without end
+  DayRule days;
   AddToAccount addToAccount = AddToAccount::No;
   std::string reference;
   std::string description;
@@ -67,6 +69,11 @@ class ScheduleEditor {
   [[nodiscard]] static int NumberOfPayments(std::string_view text, const Locale& locale);
   // The code of the account's currency; empty for no account.
   [[nodiscard]] std::string CurrencyOf(std::int64_t accountId);
+  // Whether payments of that frequency can be due on the last day of a month.
+  [[nodiscard]] bool IsMonthly(std::int64_t periodId);
+  // The plan as saving the form would store it: a saved schedule whose start lies in the past goes
+  // on behind what it has posted.
+  [[nodiscard]] SchedulePlan PlanOf(const ScheduleForm& form);
   // The first payments as they would be due; fewer where there are fewer.
   [[nodiscard]] std::vector<Date> NextDates(const ScheduleForm& form, std::size_t count);
   // Those of the due dates that the schedule of that key (0 for a new one) has no row for.
@@ -94,6 +101,7 @@ class ScheduleEditor {
  private:
   [[nodiscard]] std::optional<Warning> CheckAccounts(const ScheduleForm& form);
   [[nodiscard]] bool AskAll(const ScheduleForm& form);
+  void FillPlan(const ScheduleForm& form, ScheduleRecord& record);
   [[nodiscard]] ScheduleRecord RecordOf(const ScheduleForm& form);
   [[nodiscard]] std::string PeriodCode(std::int64_t periodId);
   void ReverseLines(const ScheduleRecord& record);

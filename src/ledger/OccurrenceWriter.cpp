@@ -29,6 +29,7 @@ std::string Texts(const ScheduleRecord& record) {
 OccurrenceWriter::OccurrenceWriter(clsCorvanta& ledger, const ScheduleDetails& schedule)
     : store_(ledger.Store()),
       isTransfer_(schedule.IsTransfer()),
+      days_(schedule.days),
       schedule_(SqlNumber(schedule.scheduleId)),
       shared_(Texts(schedule)),
       own_(Row(schedule.accountId, schedule.categoryId, schedule.paymentId, schedule.payeeId) +
@@ -46,25 +47,24 @@ OccurrenceWriter::OccurrenceWriter(clsCorvanta& ledger, const ScheduleDetails& s
 }
 
 void OccurrenceWriter::Write(Date due, double otherAmount) {
-  const std::string day = SqlDate(due);
-  store_.Execute(own_ + shared_ + "0,0," + schedule_ + "," + day + "," + day + ")");
-  if (isTransfer_) WriteOtherHalf(due, otherAmount);
-  if (!lines_.empty()) WriteLines(due);
+  const std::string day = SqlDate(days_.BookedOn(due));
+  store_.Execute(own_ + shared_ + "0,0," + schedule_ + "," + day + "," + SqlDate(due) + ")");
+  if (isTransfer_) WriteOtherHalf(day, otherAmount);
+  if (!lines_.empty()) WriteLines(day);
 }
 
-void OccurrenceWriter::WriteLines(Date due) {
+void OccurrenceWriter::WriteLines(const std::string& day) {
   const std::string parent = NewestKey();
-  const std::string day = SqlDate(due);
   for (const std::string& line : lines_) {
     store_.Execute(line + parent + ",0,0," + day + ",NULL)");
   }
 }
 
 // Without the due date: the occurrence is counted once, in the schedule's own account.
-void OccurrenceWriter::WriteOtherHalf(Date due, double amount) {
+void OccurrenceWriter::WriteOtherHalf(const std::string& day, double amount) {
   const std::string own = NewestKey();
-  store_.Execute(other_ + SqlNumber(amount) + shared_ + "0," + own + "," + schedule_ + "," +
-                 SqlDate(due) + ",NULL)");
+  store_.Execute(other_ + SqlNumber(amount) + shared_ + "0," + own + "," + schedule_ + "," + day +
+                 ",NULL)");
   store_.Execute("UPDATE tblTransactions SET TransferID = " + NewestKey() +
                  " WHERE TransactionID = " + own);
 }

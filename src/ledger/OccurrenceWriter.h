@@ -17,17 +17,18 @@ class OccurrenceWriter {
  public:
   OccurrenceWriter(clsCorvanta& ledger, const ScheduleDetails& schedule);
 
-  // The row with its split lines, or with its other half, to which `otherAmount` goes in its
-  // account's currency (0 where there is none).
+  // The row of the payment due on that day with its split lines, or with its other half, to which
+  // `otherAmount` goes in its account's currency (0 where there is none).
   void Write(Date due, double otherAmount);
 
  private:
-  void WriteLines(Date due);
-  void WriteOtherHalf(Date due, double amount);
+  void WriteLines(const std::string& day);
+  void WriteOtherHalf(const std::string& day, double amount);
   [[nodiscard]] std::string NewestKey();
 
   Connection& store_;
   bool isTransfer_;
+  DayRule days_;
   std::string schedule_;  // the keys and texts as they stand in the statements
   std::string shared_;
   std::string own_;

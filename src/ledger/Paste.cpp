@@ -1,4 +1,5 @@
 #include "ledger/RowLinks.h"
+#include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
@@ -96,8 +97,28 @@ std::int64_t clsCorvanta::PasteSchedule(std::int64_t scheduleId) {
   const std::string lines =
       "Select * from tblSchedule Where AllocatedItem = " + SqlNumber(scheduleId);
   for (const std::int64_t line : ReadKeys(connection_, lines)) CopySchedule(line, copy);
+  BeginBehind(*ReadSchedule(scheduleId), copy);
   all.Commit();
   return copy;
+}
+
+// The copy goes on where its original stands: what that one has posted comes no second time. Of a
+// finished one the copy is finished too, until a person gives it a plan.
+void clsCorvanta::BeginBehind(const ScheduleDetails& source, std::int64_t copy) {
+  ScheduleRecord record = *ReadSchedule(copy);
+  if (record.allocatedItem != 0) return;
+  record.days = source.days;
+  const SchedulePlan plan = PlanOf(source);
+  const std::optional<Date> last = PostedOf(connection_, source.scheduleId).Last();
+  const auto step = plan.Step();
+  const int payments = plan.Payments();
+  int passed = 0;
+  while (step && (source.isFinished ? passed < payments : last && record.dateFrom <= *last)) {
+    record.dateFrom = step->After(record.dateFrom);
+    ++passed;
+  }
+  if (payments > 0) record.noTimes = passed < payments ? payments - passed : -payments;
+  SaveSchedule(record);
 }
 
 std::int64_t clsCorvanta::CopySchedule(std::int64_t sourceId, std::int64_t parentId) {

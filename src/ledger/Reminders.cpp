@@ -17,12 +17,14 @@ Reminder OwnSide(const ScheduleDetails& schedule, Date due) {
   Reminder item;
   item.scheduleId = schedule.scheduleId;
   item.due = due;
+  item.date = schedule.days.BookedOn(due);
   item.account = schedule.account;
   item.currency = schedule.currency;
   item.payee = schedule.IsTransfer() ? schedule.transferAccount : schedule.payee;
   item.description = schedule.description;
   item.periodName = schedule.periodName;
   item.amount = schedule.amount;
+  item.waitsForRate = schedule.WaitsForRate(due);
   return item;
 }
 
@@ -50,7 +52,7 @@ class Collection {
     AddPosted();
     for (auto* group : {&list_.overdue, &list_.future}) {
       std::ranges::sort(*group, {}, [](const Reminder& item) {
-        return std::tuple(item.due, item.scheduleId, item.isReceiving);
+        return std::tuple(item.date, item.due, item.scheduleId, item.isReceiving);
       });
     }
     return std::move(list_);
@@ -64,22 +66,24 @@ class Collection {
       if (schedule.isFinished) continue;
       const auto found = all.find(key);
       const PostedRows& posted = found == all.end() ? none : found->second;
-      for (const Date due : PaymentsUntil(schedule, until_)) {
+      for (const Date due : PaymentsBookedUntil(schedule, until_)) {
         if (!posted.Has(due)) AddPending(schedule, due);
       }
     }
   }
 
   void AddPending(const ScheduleDetails& schedule, Date due) {
-    if (due < today_ && !withOverdue_) return;
-    auto& group = due < today_ ? list_.overdue : list_.future;
+    const Date date = schedule.days.BookedOn(due);
+    if (date < today_ && !withOverdue_) return;
+    auto& group = date < today_ ? list_.overdue : list_.future;
     group.push_back(OwnSide(schedule, due));
     if (schedule.IsTransfer()) group.push_back(ReceivingSide(schedule, due));
-    if (due <= today_) ++list_.dueCount;
+    if (date <= today_) ++list_.dueCount;
   }
 
   // The bank has not shown these yet.
   void AddPosted() {
+    constexpr int kWeekend = 2;  // as far as a payment is booked before it is due
     Recordset rows = ledger_.Store().OpenRecordset(
         "Select T.BankSch, T.ScheduleDate, T.TransactionID, T.Amount, A.Account, U.[Currency] "
         "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
@@ -87,20 +91,21 @@ class Collection {
         "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID "
         "WHERE T.AllocatedItem = 0 AND T.BankChk = 0 AND T.BankSch > 0 AND A.CloseAccount <> 1 "
         "AND ScheduleDate <= " +
-        SqlDate(until_) + " Order By T.ScheduleDate ASC, T.TransactionID");
+        SqlDate(until_.AddDays(kWeekend)) + " Order By T.ScheduleDate ASC, T.TransactionID");
     std::unordered_map<std::int64_t, std::size_t> oldest;
     for (; !rows.Eof(); rows.MoveNext()) {
       const auto schedule = schedules_.find(rows.Int(0));
       const auto due = Date::FromIso(rows.Text(1).substr(0, 10));
       if (schedule == schedules_.end() || !due) continue;
-      if (*due < today_ && !withOverdue_) continue;
       Reminder item = OwnSide(schedule->second, *due);
+      if ((item.date < today_ && !withOverdue_) || item.date > until_) continue;
+      item.waitsForRate = false;
       item.transactionId = rows.Int(2);
       item.amount = rows.Double(3);
       item.account = rows.Text(4);
       item.currency = rows.Text(5);
       item.uncleared = 1;
-      if (*due >= today_) {
+      if (item.date >= today_) {
         list_.future.push_back(std::move(item));
         continue;
       }

@@ -47,7 +47,26 @@ std::optional<PeriodStep> PeriodStep::FromCode(std::string_view code) {
 }
 
 Date PeriodStep::After(Date day) const {
-  return DateAdd(interval, multiplier, day);
+  const Date next = DateAdd(interval, multiplier, day);
+  return isMonthEnd ? LastOfMonth(next) : next;
+}
+
+Date PeriodStep::Before(Date day, int count) const {
+  const Date earlier = DateAdd(interval, -multiplier * count, day);
+  return isMonthEnd ? LastOfMonth(earlier) : earlier;
+}
+
+bool PeriodStep::IsMonthly() const {
+  return interval == "m" || interval == "q" || interval == "yyyy";
+}
+
+Date PeriodStep::StartOf(Date day) const {
+  if (interval == "ww") return day.AddDays(kMonday - day.WeekDay());
+  if (!IsMonthly()) return day;
+  const int months = interval == "m"   ? 0
+                     : interval == "q" ? (day.Month() - 1) % 3
+                                       : day.Month() - 1;
+  return day.AddDays(1 - day.Day()).AddMonths(-months);
 }
 
 int SchedulePlan::Payments() const {
@@ -56,19 +75,37 @@ int SchedulePlan::Payments() const {
   return step && step->isOnce ? 1 : 0;
 }
 
+std::optional<PeriodStep> SchedulePlan::Step() const {
+  auto step = PeriodStep::FromCode(period);
+  if (step) step->isMonthEnd = days.isMonthEnd && step->IsMonthly();
+  return step;
+}
+
+SchedulePlan SchedulePlan::Settled() const {
+  SchedulePlan settled = *this;
+  const auto step = Step();
+  if (step && step->isMonthEnd) settled.from = LastOfMonth(from);
+  return settled;
+}
+
+bool SchedulePlan::HasDatesOf(const SchedulePlan& other) const {
+  return from == other.from && ToLower(period) == ToLower(other.period) &&
+         days.isMonthEnd == other.days.isMonthEnd;
+}
+
 std::vector<Date> ScheduleDates(const SchedulePlan& plan, Date today, std::optional<Date> end) {
-  const auto step = PeriodStep::FromCode(plan.period);
+  const auto step = plan.Step();
   if (!step) return {};
   const int payments = plan.Payments();
   const int count = payments > 0 ? payments : CountWithoutEnd(*step, plan.from, today, end);
-  return Steps(*step, plan.from, static_cast<std::size_t>(count));
+  return Steps(*step, plan.Settled().from, static_cast<std::size_t>(count));
 }
 
 std::vector<Date> FirstScheduleDates(const SchedulePlan& plan, std::size_t count) {
-  const auto step = PeriodStep::FromCode(plan.period);
+  const auto step = plan.Step();
   if (!step) return {};
   const auto payments = static_cast<std::size_t>(plan.Payments());
-  return Steps(*step, plan.from, payments > 0 ? std::min(payments, count) : count);
+  return Steps(*step, plan.Settled().from, payments > 0 ? std::min(payments, count) : count);
 }
 
 }  // namespace corvanta

@@ -1,6 +1,7 @@
 // When the payments of a schedule are due.
 #pragma once
 
+#include "ledger/DayRule.h"
 #include "platform/Date.h"
 
 #include <optional>
@@ -15,11 +16,18 @@ struct PeriodStep {
   int multiplier = 1;
   std::string interval;  // as DateAdd takes it
   bool isOnce = false;
+  bool isMonthEnd = false;  // steps from one month's last day to another's
 
   // nullopt for a code that names no interval.
   [[nodiscard]] static std::optional<PeriodStep> FromCode(std::string_view code);
   // The next due date.
   [[nodiscard]] Date After(Date day) const;
+  // The due date `count` steps before that one.
+  [[nodiscard]] Date Before(Date day, int count) const;
+  // Whether it counts in months.
+  [[nodiscard]] bool IsMonthly() const;
+  // The first day of the day's week, month, quarter or year, as the interval counts.
+  [[nodiscard]] Date StartOf(Date day) const;
 };
 
 // What decides the due dates of a schedule.
@@ -27,9 +35,16 @@ struct SchedulePlan {
   Date from;
   int noTimes = 0;     // 0 without end; the sign does not count
   std::string period;  // the code
+  DayRule days{};
 
   // How many payments there are; 0 without end.
   [[nodiscard]] int Payments() const;
+  // nullopt for an unknown period code.
+  [[nodiscard]] std::optional<PeriodStep> Step() const;
+  // With the start on the day that its rule asks for.
+  [[nodiscard]] SchedulePlan Settled() const;
+  // Whether both have their payments on the same days, however many there are.
+  [[nodiscard]] bool HasDatesOf(const SchedulePlan& other) const;
 };
 
 // All payments of a plan that ends, whenever they are due. Of one without end those up to about

@@ -1,12 +1,12 @@
 #include "ledger/SchedulePosting.h"
 
-#include "ledger/CommitBatch.h"
 #include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
 #include "ledger/RateSource.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
@@ -14,6 +14,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
+#include "store/StoreError.h"
 
 #include <algorithm>
 #include <optional>
@@ -49,11 +50,7 @@ class StatusText {
 class SchedulePosting::Impl {
  public:
   Impl(clsCorvanta& ledger, Platform& platform, RateSource& rates)
-      : ledger_(ledger),
-        platform_(platform),
-        rates_(rates),
-        store_(ledger.Store()),
-        batch_(ledger.Store()) {}
+      : ledger_(ledger), platform_(platform), rates_(rates), store_(ledger.Store()) {}
 
   PostingResult PostAll();
   OccurrenceResult PostOne(std::int64_t scheduleId, Date due);
@@ -65,16 +62,26 @@ class SchedulePosting::Impl {
     std::vector<Date> payments;  // up to the one that was asked for
     PostedRows posted;
   };
+  // What there is to write for one schedule.
+  struct Job {
+    ScheduleDetails schedule;
+    std::vector<Date> missing;
+    std::vector<Date> passed;  // those that the start moves behind
+    std::vector<double> otherAmounts;
+  };
 
   void Begin();
+  [[nodiscard]] bool GoesOn();
   [[nodiscard]] std::vector<std::int64_t> OpenSchedules();
-  void PostDue(std::int64_t scheduleId);
-  [[nodiscard]] std::optional<Date> LimitOf(const ScheduleDetails& schedule) const;
-  void Write(const ScheduleDetails& schedule, const std::vector<Date>& missing,
-             const std::vector<Date>& passed);
-  [[nodiscard]] std::vector<double> OtherAmounts(const ScheduleDetails& schedule,
-                                                 std::size_t count);
+  [[nodiscard]] std::vector<Job> DueJobs();
+  [[nodiscard]] std::optional<Job> JobOf(std::int64_t scheduleId);
+  [[nodiscard]] bool IsAgreed(const std::vector<Job>& jobs);
+  void FetchRates(Job& job);
   [[nodiscard]] std::optional<double> RateOf(const ScheduleDetails& schedule);
+  bool WriteAll(const std::vector<Job>& jobs);
+  bool WriteApart(const Job& job);
+  bool Write(const Job& job);
+  void TellRefused();
   void MoveBehind(const ScheduleDetails& schedule, const std::vector<Date>& passed);
   [[nodiscard]] OccurrenceResult Find(std::int64_t scheduleId, Date due, Found& found);
   [[nodiscard]] static std::vector<Date> PostedPrefix(const Found& found, Date justPosted);
@@ -83,45 +90,42 @@ class SchedulePosting::Impl {
   Platform& platform_;
   RateSource& rates_;
   Connection& store_;
-  CommitBatch batch_;
-  Date today_;
-  std::optional<Date> ahead_;  // the look-ahead date; none posts nothing
   bool movesDates_ = false;
   std::set<std::string> withoutRate_;  // pairs of currencies, so that each is waited for once
+  std::size_t total_ = 0;              // occurrences to write
+  std::string refused_;                // what could not be posted, for the person
   PostingResult result_;
 };
 
 void SchedulePosting::Impl::Begin() {
-  const Settings settings(platform_.registry);
-  today_ = platform_.clock.Today();
-  const int months = settings.ScheduleMonths();
-  ahead_ = months >= 1 && months <= 120 ? std::optional(today_.AddMonths(months)) : std::nullopt;
-  movesDates_ = settings.IsOn(Setting::UpdateSchedule);
+  movesDates_ = Settings(platform_.registry).IsOn(Setting::UpdateSchedule);
   withoutRate_.clear();
+  refused_.clear();
+  total_ = 0;
   result_ = {};
+}
+
+// False once the person has asked to stop.
+bool SchedulePosting::Impl::GoesOn() {
+  if (!platform_.progress.Yield()) result_.stopped = true;
+  return !result_.stopped;
 }
 
 PostingResult SchedulePosting::Impl::PostAll() {
   Begin();
   const StatusText status(platform_.progress);
-  // Passes are cheap where nothing is due, so the time of the last one holds none back.
-  store_.Execute("UPDATE tblVerification SET UpdateSchedule = Now();");
-  const UndoLog::Step step = ledger_.Undo().Begin("Post Schedules");
-  const std::vector<std::int64_t> schedules = OpenSchedules();
-  try {
-    for (const std::int64_t schedule : schedules) {
-      platform_.progress.SetStep(result_.schedules, schedules.size());
-      PostDue(schedule);
-      ++result_.schedules;
-      if (platform_.progress.Yield()) continue;
-      result_.stopped = result_.schedules < schedules.size();
-      break;
-    }
-  } catch (...) {
-    batch_.Commit();  // what came before the schedule that failed
-    throw;
+  std::vector<Job> jobs = DueJobs();
+  if (result_.stopped) return result_;
+  if (!IsAgreed(jobs)) {
+    result_.declined = true;
+    return result_;
   }
-  batch_.Commit();
+  for (Job& job : jobs) {
+    FetchRates(job);
+    if (!GoesOn()) return result_;
+  }
+  if (!WriteAll(jobs)) result_.occurrences = 0;
+  TellRefused();
   return result_;
 }
 
@@ -135,66 +139,74 @@ std::vector<std::int64_t> SchedulePosting::Impl::OpenSchedules() {
   return keys;
 }
 
-// Nothing for a schedule that waits for a person.
-std::optional<Date> SchedulePosting::Impl::LimitOf(const ScheduleDetails& schedule) const {
-  if (!ahead_ || schedule.addToAccount == AddToAccount::No) return std::nullopt;
-  return schedule.addToAccount == AddToAccount::WhenDue ? std::min(today_, *ahead_) : *ahead_;
+std::vector<SchedulePosting::Impl::Job> SchedulePosting::Impl::DueJobs() {
+  std::vector<Job> jobs;
+  for (const std::int64_t key : OpenSchedules()) {
+    if (auto job = JobOf(key)) jobs.push_back(std::move(*job));
+    ++result_.schedules;
+    if (!GoesOn()) break;
+  }
+  return jobs;
 }
 
-void SchedulePosting::Impl::PostDue(std::int64_t scheduleId) {
+std::optional<SchedulePosting::Impl::Job> SchedulePosting::Impl::JobOf(std::int64_t scheduleId) {
   // It may have gone while window messages ran.
   const auto schedule = ledger_.ReadSchedule(scheduleId);
-  if (!schedule || schedule->isFinished || !HasOpenAccounts(*schedule)) return;
-  const std::optional<Date> limit = LimitOf(*schedule);
-  if (!limit) return;
-  // Every payment up to the limit. The estimate of DueDates for a schedule without end may fall one
+  if (!schedule || schedule->isFinished || !HasOpenAccounts(*schedule)) return std::nullopt;
+  if (!schedule->automaticUntil) return std::nullopt;
+  // Every payment up to that day. The estimate of DueDates for a schedule without end may fall one
   // short of it, and would grow again with each move of the start.
-  const std::vector<Date> due = PaymentsUntil(*schedule, *limit);
+  Job job{*schedule, PaymentsBookedUntil(*schedule, *schedule->automaticUntil), {}, {}};
+  if (movesDates_) job.passed = job.missing;
   const PostedRows posted = PostedOf(store_, scheduleId);
-  std::vector<Date> missing;
-  std::ranges::copy_if(due, std::back_inserter(missing),
-                       [&](Date day) { return !posted.Has(day); });
-  Write(*schedule, missing, movesDates_ ? due : std::vector<Date>{});
+  std::erase_if(job.missing, [&](Date day) { return posted.Has(day); });
+  if (job.missing.empty() && job.passed.empty()) return std::nullopt;
+  return job;
 }
 
-// Whole occurrences; the start moves together with the last of them, so that a pass that is cut off
-// in between does the same again.
-void SchedulePosting::Impl::Write(const ScheduleDetails& schedule, const std::vector<Date>& missing,
-                                  const std::vector<Date>& passed) {
-  if (missing.empty() && passed.empty()) return;
-  const std::vector<double> otherAmounts = OtherAmounts(schedule, missing.size());
-  OccurrenceWriter writer(ledger_, schedule);
-  std::size_t next = 0;
-  bool isDone = false;
-  while (!isDone) {
-    batch_.Open();
-    Transaction whole = store_.Begin();
-    while (next < missing.size() && !batch_.IsFull()) {
-      writer.Write(missing[next], otherAmounts[next]);
-      ++next;
-    }
-    isDone = next == missing.size();
-    if (isDone) MoveBehind(schedule, passed);
-    whole.Commit();
-    if (batch_.IsFull()) batch_.Commit();
+// A clock that is set wrong, or a start that is, makes thousands.
+bool SchedulePosting::Impl::IsAgreed(const std::vector<Job>& jobs) {
+  constexpr std::size_t kMany = 300;
+  std::size_t count = 0;
+  std::optional<Date> last;
+  for (const Job& job : jobs) {
+    count += job.missing.size();
+    if (!job.missing.empty())
+      last = std::max(last.value_or(job.missing.back()), job.missing.back());
   }
-  result_.occurrences += missing.size();
+  if (count <= kMany) return true;
+  const Locale& locale = platform_.locale;
+  return platform_.prompts.Ask("Post Schedules?",
+                               "There are " + locale.FormatNumber(static_cast<double>(count), 0) +
+                                   " scheduled payments to post, the last of them due on " +
+                                   locale.FormatShortDate(*last) + ". Today is " +
+                                   locale.FormatShortDate(platform_.clock.Today()) +
+                                   ", says the clock. Do you wish to post them all?",
+                               Icon::Warning);
 }
 
-std::vector<double> SchedulePosting::Impl::OtherAmounts(const ScheduleDetails& schedule,
-                                                        std::size_t count) {
-  std::vector<double> amounts(count, schedule.IsTransfer() ? -schedule.amount : 0);
-  const bool isConverted = schedule.IsTransfer() && !schedule.currency.empty() &&
-                           !schedule.transferCurrency.empty() &&
-                           schedule.currency != schedule.transferCurrency;
-  if (!isConverted || count == 0) return amounts;
-  batch_.Commit();  // fetching takes its time, and may ask a person
-  for (double& amount : amounts) {
+// Fetching takes its time, and nothing is being written yet. What has no rate is not posted, and
+// the start stays before it.
+void SchedulePosting::Impl::FetchRates(Job& job) {
+  const ScheduleDetails& schedule = job.schedule;
+  const double amount = schedule.IsTransfer() ? -schedule.amount : 0;
+  job.otherAmounts.assign(job.missing.size(), amount);
+  if (!schedule.NeedsRate()) return;
+  std::vector<Date> posted;
+  job.otherAmounts.clear();
+  std::optional<Date> firstWithout;
+  for (const Date due : job.missing) {
     const std::optional<double> rate = RateOf(schedule);
-    if (!rate) continue;
-    amount = RoundToCurrency(*rate * amount, schedule.transferCurrency);
+    if (rate) {
+      posted.push_back(due);
+      job.otherAmounts.push_back(RoundToCurrency(*rate * amount, schedule.transferCurrency));
+    } else if (!firstWithout) {
+      firstWithout = due;
+    }
   }
-  return amounts;
+  result_.waiting += job.missing.size() - posted.size();
+  job.missing = std::move(posted);
+  if (firstWithout) std::erase_if(job.passed, [&](Date due) { return due >= *firstWithout; });
 }
 
 // Asked for every occurrence until it fails.
@@ -203,19 +215,75 @@ std::optional<double> SchedulePosting::Impl::RateOf(const ScheduleDetails& sched
   if (withoutRate_.contains(pair)) return std::nullopt;
   const std::optional<double> rate = rates_.Rate(schedule.currency, schedule.transferCurrency);
   if (rate) return rate;
-  withoutRate_.insert(pair);
-  if (!result_.ratesMissing) {
+  if (withoutRate_.empty()) {
     platform_.prompts.Tell("Download Currency", "Could not connect to website");
   }
-  result_.ratesMissing = true;
+  withoutRate_.insert(pair);
   return std::nullopt;
+}
+
+// As one step; false when the person stopped it, and nothing is written then.
+bool SchedulePosting::Impl::WriteAll(const std::vector<Job>& jobs) {
+  for (const Job& job : jobs) total_ += job.missing.size();
+  const UndoLog::Step step = ledger_.Undo().Begin("Post Schedules");
+  Transaction all = store_.Begin();
+  // Passes are cheap where nothing is due, so the time of the last one holds none back.
+  store_.Execute("UPDATE tblVerification SET UpdateSchedule = Now();");
+  for (const Job& job : jobs) {
+    if (!WriteApart(job)) return false;
+  }
+  all.Commit();
+  return true;
+}
+
+// A schedule whose rows the data file refuses must not keep the others from being posted for ever.
+// A disk that fails ends the pass.
+bool SchedulePosting::Impl::WriteApart(const Job& job) {
+  const std::size_t before = result_.occurrences;
+  try {
+    Transaction one = store_.Begin();
+    if (!Write(job)) return false;
+    one.Commit();
+  } catch (const StoreError& error) {
+    if (!error.IsStatementFault()) throw;
+    result_.occurrences = before;
+    const ScheduleDetails& schedule = job.schedule;
+    refused_ += "\n" + schedule.account + ", " +
+                (schedule.description.empty() ? schedule.payee : schedule.description) + ": " +
+                error.what();
+  }
+  return true;
+}
+
+bool SchedulePosting::Impl::Write(const Job& job) {
+  constexpr std::size_t kBetweenYields = 64;
+  OccurrenceWriter writer(ledger_, job.schedule);
+  for (std::size_t next = 0; next < job.missing.size(); ++next) {
+    if (next % kBetweenYields == 0) {
+      platform_.progress.SetStep(result_.occurrences, total_);
+      if (!GoesOn()) return false;
+    }
+    writer.Write(job.missing[next], job.otherAmounts[next]);
+    ++result_.occurrences;
+  }
+  MoveBehind(job.schedule, job.passed);
+  return true;
+}
+
+void SchedulePosting::Impl::TellRefused() {
+  if (refused_.empty() || result_.stopped) return;
+  platform_.prompts.Tell("Post Schedules",
+                         "The data file refuses the payments of these schedules, the others are "
+                         "posted:" +
+                             refused_,
+                         Icon::Warning);
 }
 
 // The schedule goes on after these payments, which are posted or skipped. What remains is counted
 // from the new start.
 void SchedulePosting::Impl::MoveBehind(const ScheduleDetails& schedule,
                                        const std::vector<Date>& passed) {
-  const auto step = PeriodStep::FromCode(schedule.period);
+  const auto step = PlanOf(schedule).Step();
   if (passed.empty() || !step) return;
   const int payments = PlanOf(schedule).Payments();
   const int remaining = payments - static_cast<int>(passed.size());
@@ -240,7 +308,7 @@ OccurrenceResult SchedulePosting::Impl::Find(std::int64_t scheduleId, Date due, 
 
 // The first payments as far as each of them is posted.
 std::vector<Date> SchedulePosting::Impl::PostedPrefix(const Found& found, Date justPosted) {
-  const auto step = PeriodStep::FromCode(found.schedule.period);
+  const auto step = PlanOf(found.schedule).Step();
   const auto payments = static_cast<std::size_t>(PlanOf(found.schedule).Payments());
   std::vector<Date> prefix;
   Date day = found.schedule.dateFrom;
@@ -257,14 +325,15 @@ OccurrenceResult SchedulePosting::Impl::PostOne(std::int64_t scheduleId, Date du
   Found found;
   const OccurrenceResult result = Find(scheduleId, due, found);
   if (result != OccurrenceResult::Done) return result;
+  Job job{found.schedule, {due}, {}, {}};
+  if (movesDates_) job.passed = PostedPrefix(found, due);
+  FetchRates(job);
+  if (job.missing.empty()) return OccurrenceResult::NoRate;
   const UndoLog::Step step = ledger_.Undo().Begin("Post Schedule");
-  try {
-    Write(found.schedule, {due}, movesDates_ ? PostedPrefix(found, due) : std::vector<Date>{});
-  } catch (...) {
-    batch_.Commit();  // it holds nothing, but must not stay open around what comes next
-    throw;
-  }
-  batch_.Commit();
+  Transaction one = store_.Begin();
+  OccurrenceWriter(ledger_, job.schedule).Write(due, job.otherAmounts.front());
+  MoveBehind(job.schedule, job.passed);
+  one.Commit();
   return result;
 }
 

@@ -18,8 +18,9 @@ struct Platform;
 struct PostingResult {
   std::size_t schedules = 0;    // looked at
   std::size_t occurrences = 0;  // posted
-  bool ratesMissing = false;    // a transfer was posted without converting its amount
-  bool stopped = false;         // the person asked to stop; the next pass goes on from there
+  std::size_t waiting = 0;      // not posted, because there is no exchange rate for them
+  bool declined = false;        // the person did not want so many: nothing was posted
+  bool stopped = false;         // the person asked to stop: nothing was posted
 };
 
 // What became of one occurrence that a person chose.
@@ -28,16 +29,19 @@ enum class OccurrenceResult {
   NotDue,  // the schedule has no such date, or is gone
   AlreadyPosted,
   ClosedAccount,   // the schedule's account or the receiving one is closed, or gone
+  NoRate,          // a transfer into another currency; the person has been told
   EarlierPending,  // skipping it would lose an earlier one that is neither posted nor skipped
 };
 
 // Turns the occurrences of schedules into transactions.
 //
 // Each occurrence is posted once: the row carries the schedule and the due date. A transfer's other
-// half carries the schedule alone. Whole occurrences are committed, about four times a second, so
-// a pass that was cut off goes on where it ended. Rates are asked for before anything is written;
-// where there is none the amount goes over unconverted, and the person is told once a pass.
-// With the setting "UpdateSchedule" a schedule's start moves behind what is posted.
+// half carries the schedule alone. A pass is whole: it posts all that is due, or nothing when it
+// fails or is stopped, except that a schedule which the data file refuses is told and left out.
+// Rates are fetched before anything is written; an occurrence without one is not posted and stays
+// pending, and the person is told once a pass. Before a pass posts more than a few hundred
+// occurrences it asks. With the setting "UpdateSchedule" a schedule's start moves behind what is
+// posted.
 //
 // Operations throw StoreError and are one step that can be undone each.
 class SchedulePosting {

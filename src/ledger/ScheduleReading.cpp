@@ -1,8 +1,10 @@
 // Reading schedules.
+#include "ledger/ScheduleDays.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
+#include "platform/Settings.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
@@ -71,10 +73,33 @@ ScheduleDetails Details(const Recordset& row) {
   return details;
 }
 
-std::vector<ScheduleDetails> ReadDetails(Connection& store, const std::string& condition) {
+// The look-ahead of the settings; unset posts nothing by itself.
+std::optional<Date> LookAheadOf(const Platform& platform) {
+  const int months = Settings(platform.registry).ScheduleMonths();
+  if (months < 1 || months > 120) return std::nullopt;
+  return platform.clock.Today().AddMonths(months);
+}
+
+std::optional<Date> AutomaticUntil(AddToAccount add, std::optional<Date> ahead, Date today) {
+  if (add == AddToAccount::No || !ahead) return std::nullopt;
+  return add == AddToAccount::WhenDue ? std::min(today, *ahead) : *ahead;
+}
+
+// `key` of the one schedule that the condition is about; 0 for several.
+std::vector<ScheduleDetails> ReadDetails(Connection& store, const Platform& platform,
+                                         const std::string& condition, std::int64_t key = 0) {
   std::vector<ScheduleDetails> found;
-  Recordset rows = store.OpenRecordset(kReadStatement + condition);
-  for (; !rows.Eof(); rows.MoveNext()) found.push_back(Details(rows));
+  {
+    Recordset rows = store.OpenRecordset(kReadStatement + condition);
+    for (; !rows.Eof(); rows.MoveNext()) found.push_back(Details(rows));
+  }
+  const DayRules rules = ReadDayRules(store, key);
+  const std::optional<Date> ahead = LookAheadOf(platform);
+  for (ScheduleDetails& schedule : found) {
+    schedule.automaticUntil = AutomaticUntil(schedule.addToAccount, ahead, platform.clock.Today());
+    const auto rule = rules.find(schedule.scheduleId);
+    if (rule != rules.end()) schedule.days = rule->second;
+  }
   return found;
 }
 
@@ -95,7 +120,7 @@ int CountPosted(Connection& store, const ScheduleRecord& schedule) {
 
 // The first payment that has no row.
 std::optional<Date> NextDue(const ScheduleDetails& schedule, const PostedRows& posted) {
-  const auto step = PeriodStep::FromCode(schedule.period);
+  const auto step = PlanOf(schedule).Step();
   if (!step || schedule.isFinished) return std::nullopt;
   const int payments = PlanOf(schedule).Payments();
   Date day = schedule.dateFrom;
@@ -109,14 +134,16 @@ std::optional<Date> NextDue(const ScheduleDetails& schedule, const PostedRows& p
 }  // namespace
 
 std::optional<ScheduleDetails> clsCorvanta::ReadSchedule(std::int64_t scheduleId) {
-  auto found = ReadDetails(connection_, "S.ScheduleID = " + SqlNumber(scheduleId));
+  auto found =
+      ReadDetails(connection_, platform_, "S.ScheduleID = " + SqlNumber(scheduleId), scheduleId);
   if (found.empty()) return std::nullopt;
   Count(found.front(), CountPosted(connection_, found.front()));
   return std::move(found.front());
 }
 
 std::vector<ScheduleDetails> clsCorvanta::Schedules() {
-  auto found = ReadDetails(connection_, "S.AllocatedItem = 0 OR IsNull(S.AllocatedItem)");
+  auto found =
+      ReadDetails(connection_, platform_, "S.AllocatedItem = 0 OR IsNull(S.AllocatedItem)");
   const PostedBySchedule all = PostedOfAll(connection_);
   for (ScheduleDetails& schedule : found) {
     const auto rows = all.find(schedule.scheduleId);
@@ -135,7 +162,7 @@ std::vector<ScheduleDetails> clsCorvanta::Schedules() {
 
 std::vector<ScheduleDetails> clsCorvanta::ScheduleLines(std::int64_t scheduleId) {
   if (scheduleId == 0) return {};
-  auto lines = ReadDetails(connection_, "S.AllocatedItem = " + SqlNumber(scheduleId));
+  auto lines = ReadDetails(connection_, platform_, "S.AllocatedItem = " + SqlNumber(scheduleId));
   std::ranges::sort(lines, {}, &ScheduleDetails::scheduleId);
   return lines;
 }
@@ -149,7 +176,9 @@ std::vector<Date> clsCorvanta::DueDates(std::int64_t scheduleId, std::optional<D
   if (row.Eof()) return {};
   const auto from = Date::FromIso(row.Text("DateFrom").substr(0, 10));
   if (!from) return {};
-  const SchedulePlan plan{*from, CountOf(row.Int("NoTimes")), row.Text("Period")};
+  SchedulePlan plan{*from, CountOf(row.Int("NoTimes")), row.Text("Period"), {}};
+  const DayRules rules = ReadDayRules(connection_, scheduleId);
+  if (const auto rule = rules.find(scheduleId); rule != rules.end()) plan.days = rule->second;
   return ScheduleDates(plan, platform_.clock.Today(), end);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/DayRule.h"
 #include "platform/Date.h"
 
 #include <cstdint>
@@ -31,6 +32,7 @@ struct ScheduleRecord {
   int noTimes = 0;  // payments from dateFrom on; 0 without end, below 0 finished
   AddToAccount addToAccount = AddToAccount::No;
   std::int64_t allocatedItem = 0;  // of a split line: its parent
+  DayRule days{};
 
   bool operator==(const ScheduleRecord&) const = default;
 };
@@ -53,8 +55,19 @@ struct ScheduleDetails : ScheduleRecord {
   int posted = 0;               // rows posted of the payments from dateFrom on
   bool isFinished = false;      // the last payment is posted or skipped
   std::optional<Date> nextDue;  // the first payment that is not posted; only Schedules() fills it
+  // Up to and with this day the posting pass posts its payments by itself; unset: none of them.
+  std::optional<Date> automaticUntil;
 
   [[nodiscard]] bool IsTransfer() const { return transferAccountId != 0; }
+  // What arrives is known only with an exchange rate.
+  [[nodiscard]] bool NeedsRate() const {
+    return IsTransfer() && !currency.empty() && !transferCurrency.empty() &&
+           currency != transferCurrency;
+  }
+  // Of a payment that is not posted: the pass would have, had there been a rate.
+  [[nodiscard]] bool WaitsForRate(Date due) const {
+    return NeedsRate() && automaticUntil && days.BookedOn(due) <= *automaticUntil;
+  }
 };
 
 }  // namespace corvanta

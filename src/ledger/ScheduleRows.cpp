@@ -25,6 +25,15 @@ bool PostedRows::Has(Date due) const {
   return std::ranges::binary_search(rows_, due, {}, &Row::due);
 }
 
+std::optional<Date> PostedRows::FirstAfter(Date day) const {
+  const auto place = std::ranges::upper_bound(rows_, day, {}, &Row::due);
+  return place == rows_.end() ? std::nullopt : std::optional(place->due);
+}
+
+std::optional<Date> PostedRows::Last() const {
+  return rows_.empty() ? std::nullopt : std::optional(rows_.back().due);
+}
+
 int PostedRows::CountFor(const ScheduleRecord& schedule) const {
   return static_cast<int>(std::ranges::count_if(rows_, [&](const Row& row) {
     return row.accountId == schedule.accountId && row.due >= schedule.dateFrom;
@@ -52,7 +61,7 @@ PostedBySchedule PostedOfAll(Connection& store) {
 }
 
 SchedulePlan PlanOf(const ScheduleDetails& schedule) {
-  return {schedule.dateFrom, schedule.noTimes, schedule.period};
+  return {schedule.dateFrom, schedule.noTimes, schedule.period, schedule.days};
 }
 
 bool HasOpenAccounts(const ScheduleDetails& schedule) {
@@ -62,6 +71,15 @@ bool HasOpenAccounts(const ScheduleDetails& schedule) {
   return !schedule.transferAccount.empty() && !schedule.transferAccountClosed;
 }
 
+std::string HindranceOf(const ScheduleDetails& schedule) {
+  if (schedule.isFinished) return {};
+  if (schedule.accountClosed) return "the account is closed";
+  if (schedule.transferAccountClosed) return "the receiving account is closed";
+  if (!HasOpenAccounts(schedule)) return "the account is gone";
+  const bool waits = schedule.nextDue && schedule.WaitsForRate(*schedule.nextDue);
+  return waits ? "waits for an exchange rate" : "";
+}
+
 bool IsFinished(const ScheduleDetails& schedule) {
   if (schedule.noTimes < 0) return true;
   const int payments = PlanOf(schedule).Payments();
@@ -69,7 +87,7 @@ bool IsFinished(const ScheduleDetails& schedule) {
 }
 
 std::vector<Date> PaymentsUntil(const ScheduleDetails& schedule, Date last) {
-  const auto step = PeriodStep::FromCode(schedule.period);
+  const auto step = PlanOf(schedule).Step();
   if (!step || schedule.noTimes < 0) return {};
   const auto payments = static_cast<std::size_t>(PlanOf(schedule).Payments());
   std::vector<Date> dates;
@@ -77,6 +95,13 @@ std::vector<Date> PaymentsUntil(const ScheduleDetails& schedule, Date last) {
     if (payments > 0 && dates.size() == payments) break;
     dates.push_back(day);
   }
+  return dates;
+}
+
+std::vector<Date> PaymentsBookedUntil(const ScheduleDetails& schedule, Date last) {
+  constexpr int kWeekend = 2;
+  std::vector<Date> dates = PaymentsUntil(schedule, last.AddDays(kWeekend));
+  while (!dates.empty() && schedule.days.BookedOn(dates.back()) > last) dates.pop_back();
   return dates;
 }
 

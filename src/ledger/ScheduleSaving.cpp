@@ -1,5 +1,8 @@
 // Writing schedules and their split lines.
-#include "ledger/ScheduleDates.h"
+#include "ledger/ScheduleChange.h"
+#include "ledger/ScheduleDays.h"
+#include "ledger/ScheduleForecasts.h"
+#include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
@@ -7,59 +10,29 @@
 #include "store/Recordset.h"
 #include "store/SqlText.h"
 
-#include <algorithm>
-#include <tuple>
+#include <optional>
 
 namespace corvanta {
 namespace {
 
-using Share = std::tuple<std::int64_t, double, std::string, std::string>;
-
-template <typename Lines>
-std::vector<Share> SharesOf(const Lines& lines) {
-  std::vector<Share> shares;
-  for (const auto& line : lines) {
-    shares.emplace_back(line.categoryId, line.amount, line.reference, line.description);
-  }
-  std::ranges::sort(shares);
-  return shares;
+std::string PeriodCode(Connection& store, std::int64_t periodId) {
+  return std::string(
+      store.QueryValue("Select [Period] from tblPeriods Where PeriodID = " + SqlNumber(periodId))
+          .Text());
 }
 
-bool IsAsPosted(const TransactionDetails& row, const ScheduleRecord& schedule) {
-  return row.status.bankChk == 0 && row.status.bankRec == 0 &&
-         row.accountId == schedule.accountId && row.categoryId == schedule.categoryId &&
-         row.paymentId == schedule.paymentId && row.payeeId == schedule.payeeId &&
-         row.amount == schedule.amount && row.reference == schedule.reference &&
-         row.description == schedule.description && row.date == row.scheduleDate &&
-         row.twinAccountId == schedule.transferAccountId;
+SchedulePlan PlanOf(Connection& store, const ScheduleRecord& record) {
+  return {record.dateFrom, record.noTimes, PeriodCode(store, record.periodId), record.days};
 }
 
-// Of the other half of a row that is. What came in for it in another currency is as it may be.
-bool IsAsPosted(const TransactionDetails& twin, const TransactionDetails& row,
-                std::int64_t category) {
-  return twin.status.bankChk == 0 && twin.status.bankRec == 0 && twin.date == row.date &&
-         twin.paymentId == row.paymentId && twin.payeeId == row.payeeId &&
-         twin.reference == row.reference && twin.description == row.description &&
-         (category == 0 || twin.categoryId == category) &&
-         (twin.currency != row.currency || twin.amount == -row.amount);
-}
-
-// Whether files or keywords belong to the row; never to one with the key 0.
-bool IsLinked(Connection& store, std::int64_t transactionId) {
-  if (transactionId == 0) return false;
-  for (const char* table : {"tblAttachments", "tblKeywordLink"}) {
-    const Value links = store.QueryValue("Select Count(*) from " + std::string(table) +
-                                         " Where TransactionID = " + SqlNumber(transactionId));
-    if (links.Int() != 0) return true;
-  }
-  return false;
-}
-
-bool IsOnce(Connection& store, std::int64_t periodId) {
-  const Value code =
-      store.QueryValue("Select [Period] from tblPeriods Where PeriodID = " + SqlNumber(periodId));
-  const auto step = PeriodStep::FromCode(code.Text());
-  return step && step->isOnce;
+// What hangs together in a schedule.
+void SettlePlan(Connection& store, ScheduleRecord& record) {
+  if (record.transferAccountId == record.accountId) record.transferAccountId = 0;
+  const SchedulePlan plan = PlanOf(store, record);
+  const auto step = plan.Step();
+  if (step && step->isOnce && record.noTimes >= 0) record.noTimes = 1;
+  record.days.isMonthEnd = step && step->isMonthEnd;
+  record.dateFrom = plan.Settled().from;
 }
 
 }  // namespace
@@ -67,29 +40,57 @@ bool IsOnce(Connection& store, std::int64_t periodId) {
 std::int64_t clsCorvanta::SaveSchedule(ScheduleRecord& record) {
   const UndoLog::Step step = undo_.Begin("Save Schedule");
   Transaction all = connection_.Begin();
+  std::optional<ScheduleDetails> former;
   if (record.scheduleId != 0) {
-    const auto old = ReadSchedule(record.scheduleId);
-    if (!old) return 0;
-    record.allocatedItem = old->allocatedItem;
-    if (old->allocatedItem == 0 && record != static_cast<const ScheduleRecord&>(*old)) {
-      DeleteForecasts(*old, ScheduleLines(old->scheduleId));
-    }
+    former = ReadSchedule(record.scheduleId);
+    if (!former) return 0;
+    record.allocatedItem = former->allocatedItem;
   }
   if (record.allocatedItem != 0) {
-    const auto parent = ReadSchedule(record.allocatedItem);
-    if (!TakeFromParent(record)) return 0;
-    DeleteForecasts(*parent, ScheduleLines(parent->scheduleId));
-  }
-  if (record.transferAccountId == record.accountId) record.transferAccountId = 0;
-  if (record.noTimes >= 0 && IsOnce(connection_, record.periodId)) record.noTimes = 1;
-  record.scheduleId = WriteSchedule(record);
-  if (record.allocatedItem != 0) {
-    SumScheduleLines(record.allocatedItem);
+    if (!SaveScheduleLine(record)) return 0;
   } else {
-    ScheduleLinesFollow(record);
+    SaveWholeSchedule(record, former);
   }
   all.Commit();
   return record.scheduleId;
+}
+
+bool clsCorvanta::SaveScheduleLine(ScheduleRecord& record) {
+  const auto parent = ReadSchedule(record.allocatedItem);
+  if (!TakeFromParent(record)) return false;
+  ScheduleForecasts forecasts(*this, *parent, platform_);
+  record.scheduleId = WriteSchedule(record);
+  SumScheduleLines(record.allocatedItem);
+  forecasts.Follow();
+  return true;
+}
+
+void clsCorvanta::SaveWholeSchedule(ScheduleRecord& record,
+                                    const std::optional<ScheduleDetails>& former) {
+  SettlePlan(connection_, record);
+  std::optional<ScheduleForecasts> forecasts;
+  PlanChange change;
+  if (former && record != static_cast<const ScheduleRecord&>(*former)) {
+    forecasts.emplace(*this, *former, platform_);
+    change = ChangeOf(*former, record);
+    record.dateFrom = change.plan.from;
+    record.noTimes = change.plan.noTimes;
+  }
+  record.scheduleId = WriteSchedule(record);
+  WriteDayRule(connection_, record.scheduleId, record.days);
+  ScheduleLinesFollow(record);
+  if (forecasts) forecasts->Follow(change);
+}
+
+PlanChange clsCorvanta::ChangeOf(const ScheduleDetails& former, const ScheduleRecord& record) {
+  return ChangePlan(PlanOf(former), PlanOf(connection_, record),
+                    PostedOf(connection_, former.scheduleId), platform_.clock.Today());
+}
+
+SchedulePlan clsCorvanta::PlanAfterSaving(ScheduleRecord record) {
+  const auto former = ReadSchedule(record.scheduleId);
+  SettlePlan(connection_, record);
+  return former ? ChangeOf(*former, record).plan : PlanOf(connection_, record);
 }
 
 // A line belongs to an ordinary schedule; false when its parent is none.
@@ -144,30 +145,6 @@ void clsCorvanta::ScheduleLinesFollow(const ScheduleRecord& parent) {
       ", PeriodID = " + SqlNumber(parent.periodId) + ", [DateFrom] = " + SqlDate(parent.dateFrom) +
       ", NoTimes = " + std::to_string(parent.noTimes) +
       ", AddToAccount = " + std::to_string(static_cast<int>(parent.addToAccount)) + lines);
-}
-
-// What a person has made of a posted row stays: it is compared with what posting wrote.
-void clsCorvanta::DeleteForecasts(const ScheduleRecord& schedule,
-                                  const std::vector<ScheduleDetails>& lines) {
-  const Date first = std::max(platform_.clock.Today().AddDays(1), schedule.dateFrom);
-  std::vector<std::int64_t> forecasts;
-  {
-    Recordset rows = connection_.OpenRecordset(
-        "Select TransactionID from tblTransactions Where AllocatedItem = 0 AND BankSch = " +
-        SqlNumber(schedule.scheduleId) + " AND ScheduleDate >= " + SqlDate(first));
-    for (; !rows.Eof(); rows.MoveNext()) forecasts.push_back(rows.Int(0));
-  }
-  const std::vector<Share> shares = SharesOf(lines);
-  const std::int64_t twinCategory =
-      schedule.transferAccountId == 0 ? 0 : FindCategory("Credit", "");
-  for (const std::int64_t key : forecasts) {
-    const auto row = ReadTransaction(key);
-    if (!row || !IsAsPosted(*row, schedule) || SharesOf(SplitLines(key)) != shares) continue;
-    const auto twin = ReadTransaction(row->transferId);
-    if (twin && !IsAsPosted(*twin, *row, twinCategory)) continue;
-    const bool isLinked = IsLinked(connection_, key) || IsLinked(connection_, row->transferId);
-    if (!isLinked && !ReachesClosedAccount({&key, 1})) DeleteTransaction(key);
-  }
 }
 
 }  // namespace corvanta

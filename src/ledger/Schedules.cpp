@@ -1,8 +1,14 @@
 #include "ledger/Money.h"
+#include "ledger/ScheduleDays.h"
+#include "ledger/ScheduleForecasts.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Platform.h"
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/SqlText.h"
+
+#include <optional>
+#include <utility>
 
 namespace corvanta {
 
@@ -16,12 +22,15 @@ void clsCorvanta::DeleteSchedule(std::int64_t scheduleId, bool withPostedRows) {
   connection_.Execute("Update tblTransactions Set BankSch = 0 Where BankSch = " + key);
   const std::int64_t parent =
       ReadKey("Select AllocatedItem from tblSchedule Where ScheduleID = " + key, "AllocatedItem");
-  if (const auto split = ReadSchedule(parent)) {
-    DeleteForecasts(*split, ScheduleLines(split->scheduleId));
+  std::optional<ScheduleForecasts> forecasts;
+  if (auto split = ReadSchedule(parent)) {
+    forecasts.emplace(*this, std::move(*split), platform_);
   }
+  WriteDayRule(connection_, scheduleId, {});
   connection_.Execute("Delete From tblSchedule Where AllocatedItem = " + key);
   connection_.Execute("Delete From tblSchedule Where ScheduleID = " + key);
   if (parent != 0) SumScheduleLines(parent);
+  if (forecasts) forecasts->Follow();
   all.Commit();
 }
 

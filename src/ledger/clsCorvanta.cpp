@@ -12,9 +12,9 @@ namespace corvanta {
 namespace {
 
 std::vector<std::string> UndoneTables() {
-  return {"tblAccounts",    "tblAccountType", "tblBank",     "tblCategory",
-          "tblHistory",     "tblPayees",      "tblPayments", "tblKeywords",
-          "tblKeywordLink", "tblAttachments", "tblSchedule", "tblTransactions"};
+  return {"tblAccounts", "tblAccountType",  "tblBank",         "tblCategory",    "tblHistory",
+          "tblPayees",   "tblPayments",     "tblKeywords",     "tblKeywordLink", "tblAttachments",
+          "tblSchedule", "tblTransactions", "own_ScheduleDays"};
 }
 
 // The bar goes with the operation, however it ends.

@@ -25,8 +25,10 @@ class Connection;
 class Progress;
 class Prompts;
 struct PeriodTotals;
+struct PlanChange;
 struct Platform;
 struct RowLinks;
+struct SchedulePlan;
 
 // Which statuses a view shows; none chosen shows all, as all chosen does.
 struct StatusFilter {
@@ -238,13 +240,16 @@ class clsCorvanta {
   // Writes the schedule; its key is put into the record and returned. A parent's amount is the sum
   // of its lines, whatever the record says, and the lines take what they share with it; a transfer
   // keeps no lines. A line (allocatedItem, or a row that is one) changes the parent's amount.
-  // Forecasts posted with the former values (not due yet, uncleared and as they were posted) are
-  // deleted where the change concerns them, so that the next posting makes them anew. 0 when there
-  // is no such schedule or parent.
+  // A change concerns what is still to come (see ScheduleChange.h, ScheduleForecasts.h): start and
+  // number in the record are then those that were stored. 0 when there is no such schedule or
+  // parent.
   std::int64_t SaveSchedule(ScheduleRecord& record);
+  // The plan that saving the record would store.
+  [[nodiscard]] SchedulePlan PlanAfterSaving(ScheduleRecord record);
   // See ScheduleDates().
   [[nodiscard]] std::vector<Date> DueDates(std::int64_t scheduleId, std::optional<Date> end);
-  // A copy with its lines; returns its key, 0 when there is no such schedule.
+  // A copy with its lines that begins behind what its source has posted, and is finished where that
+  // is; returns its key, 0 when there is no such schedule.
   std::int64_t PasteSchedule(std::int64_t scheduleId);
   // With its lines. The rows posted from it are deleted too, or stay as rows entered by hand.
   void DeleteSchedule(std::int64_t scheduleId, bool withPostedRows);
@@ -337,9 +342,10 @@ class clsCorvanta {
   bool DeleteUnusedAccount(std::int64_t accountId);
   // The account with its transactions and schedules and what is linked and attached to them. Other
   // halves in other accounts stay as ordinary rows; schedules of other accounts that transferred
-  // into it go on as payments.
+  // into it are finished, and their forecasts deleted.
   void DeleteAccount(std::int64_t accountId);
-  // Asks as often as the account's use demands, then deletes. True when the account is gone.
+  // Asks as often as the account's use demands, deletes, and says which schedules are finished by
+  // that. True when the account is gone.
   bool DeleteAccount(std::int64_t accountId, Prompts& prompts);
 
  private:
@@ -388,7 +394,13 @@ class clsCorvanta {
   [[nodiscard]] bool TakeFromParent(ScheduleRecord& line);
   std::int64_t WriteSchedule(const ScheduleRecord& record);
   void ScheduleLinesFollow(const ScheduleRecord& parent);
-  void DeleteForecasts(const ScheduleRecord& schedule, const std::vector<ScheduleDetails>& lines);
+  [[nodiscard]] bool SaveScheduleLine(ScheduleRecord& record);
+  void SaveWholeSchedule(ScheduleRecord& record, const std::optional<ScheduleDetails>& former);
+  [[nodiscard]] PlanChange ChangeOf(const ScheduleDetails& former, const ScheduleRecord& record);
+  void BeginBehind(const ScheduleDetails& source, std::int64_t copy);
+  [[nodiscard]] std::vector<ScheduleDetails> SchedulesInto(std::int64_t accountId);
+  void FinishSchedulesInto(std::int64_t accountId);
+  void DropDayRulesOf(std::int64_t accountId);
   bool DeleteOneCategory(std::int64_t categoryId);
   [[nodiscard]] std::vector<CategoryRecord> WithSubCategories(std::int64_t categoryId);
   void Merge(const std::string& column, std::int64_t sourceId, std::int64_t targetId);

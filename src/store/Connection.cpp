@@ -40,6 +40,13 @@ constexpr std::array kAccessPaths = {
     AccessPath{"tblKeywordLink", "fast_Keyword", "\"TransactionID\""},
     AccessPath{"tblAttachments", "fast_Attachment", "\"TransactionID\""}};
 
+// What the program keeps beside the schema's tables, so that these stay as they are.
+constexpr std::string_view kOwnPrefix = "own_";
+constexpr const char* kOwnTable = "own_ScheduleDays";
+constexpr const char* kCreateOwnTable =
+    "CREATE TABLE own_ScheduleDays (ScheduleID Counter, MonthEnd INT DEFAULT 0, "
+    "Weekend INT DEFAULT 0, CONSTRAINT PK_ScheduleDays PRIMARY KEY(ScheduleID))";
+
 // Takes away a path that an earlier version made of other columns.
 void DropFormer(sqlite3* database, const AccessPath& path, const std::string& file) {
   const StatementHandle stored =
@@ -121,7 +128,9 @@ const std::string& Connection::Path() const {
 
 std::vector<std::string> Connection::TableNames() const {
   std::vector<std::string> names;
-  for (const TableDef& table : impl_->Tables().Tables()) names.push_back(table.name);
+  for (const TableDef& table : impl_->Tables().Tables()) {
+    if (!table.name.starts_with(kOwnPrefix)) names.push_back(table.name);
+  }
   return names;
 }
 
@@ -130,6 +139,7 @@ const TableDef* Connection::Table(std::string_view name) const {
 }
 
 void Connection::EnsureAccessPaths() {
+  if (Table("tblSchedule") != nullptr && Table(kOwnTable) == nullptr) Execute(kCreateOwnTable);
   for (const AccessPath& path : kAccessPaths) {
     if (Table(path.table) == nullptr) continue;
     DropFormer(impl_->Database(), path, Path());

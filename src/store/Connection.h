@@ -59,12 +59,13 @@ class Connection {
   // Called after every commit that changed something.
   void OnCommit(std::function<void()> notice);
 
-  // The schema's own tables in order of creation, without what only makes the engine fast.
+  // The schema's own tables in order of creation, without what only makes the engine fast and
+  // without the tables that the program keeps beside them (own_..., which have to be named).
   [[nodiscard]] std::vector<std::string> TableNames() const;
   // The table of that name (without regard to case), or nullptr; valid until the next DDL.
   [[nodiscard]] const TableDef* Table(std::string_view name) const;
 
-  // Makes the access paths that the schema does not name but the program's queries need.
+  // Makes what the schema does not name but the program needs: access paths and own tables.
   void EnsureAccessPaths();
   // Reads every page and every index of the file; the problems found, empty when it is sound.
   [[nodiscard]] std::vector<std::string> Check();

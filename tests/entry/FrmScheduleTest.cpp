@@ -390,6 +390,52 @@ TEST_F(Schedule, ItsNextPaymentsFollowFrequencyStartAndNumber) {
             "4 payments, the last on 05/12/2026");
 }
 
+TEST_F(Schedule, ItsDayRulesAreShownSavedAndLookedAheadWith) {
+  auto form = Open();
+  FillExpense(*form, "Landlord");
+  Put(*form, "dtFrom", "10/01/2027");
+  auto& monthEnd = Find<QCheckBox>(*form, "chkMonthEnd");
+  EXPECT_TRUE(monthEnd.isEnabled());
+  monthEnd.click();
+  EXPECT_EQ(NextOf(*form), "31/01/2027, 28/02/2027, 31/03/2027 …\nWithout end");
+  Pick(*form, "cmbWeekend", "working day before");
+  EXPECT_EQ(NextOf(*form), "29/01/2027, 26/02/2027, 31/03/2027 …\nWithout end");
+  Pick(*form, "cmbPeriod", "Weekly");
+  EXPECT_FALSE(monthEnd.isEnabled()) << "a week has no last day of the month";
+  EXPECT_EQ(NextOf(*form), "08/01/2027, 15/01/2027, 22/01/2027 …\nWithout end");
+  Pick(*form, "cmbPeriod", "Quarterly");
+  Click(*form, "cmdAccept");
+  const std::int64_t key = form->SavedKey();
+  EXPECT_TRUE(Stored(key).days.isMonthEnd);
+  EXPECT_EQ(Stored(key).days.weekend, WeekendRule::Before);
+  EXPECT_EQ(Stored(key).dateFrom.ToIso(), "2027-01-31");
+  form = Open(key);
+  EXPECT_TRUE(Find<QCheckBox>(*form, "chkMonthEnd").isChecked());
+  EXPECT_EQ(TextOfField(*form, "cmbWeekend"), "working day before");
+}
+
+TEST_F(Schedule, AnotherPlanIsShownAsItWillBeSaved) {
+  ScheduleRecord record = Stored(AddSchedule(-25, 12));
+  record.dateFrom = Today().AddDays(-40);
+  ledger_.SaveSchedule(record);
+  TransactionRecord row = Row(AddPosted(record.scheduleId));
+  row.date = *(row.scheduleDate = record.dateFrom);
+  ledger_.SaveTransaction(row);
+  const auto form = Open(record.scheduleId);
+  Pick(*form, "cmbPeriod", "Quarterly");
+  EXPECT_EQ(NextOf(*form).substr(0, 10), "12/01/2027");
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(Stored(record.scheduleId).dateFrom.ToIso(), "2027-01-12");
+  EXPECT_EQ(Stored(record.scheduleId).noTimes, 11);
+}
+
+// At twice the size a screen of 1080 lines has 540 for it, the panel and the title.
+TEST_F(Schedule, IsLowEnoughForASmallScreen) {
+  const auto form = Open();
+  EXPECT_LE(form->sizeHint().height(), 470);
+  EXPECT_LE(form->sizeHint().width(), 940);
+}
+
 TEST_F(Schedule, WhatIsPostedIsNoLongerNamed) {
   const std::int64_t endless = AddSchedule();
   AddPosted(endless);

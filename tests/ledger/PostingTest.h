@@ -3,6 +3,7 @@
 #include "ledger/RecordsTest.h"
 #include "ledger/SchedulePosting.h"
 #include "platform/Settings.h"
+#include "support/AgreeingPlatform.h"
 #include "support/ScriptedRates.h"
 
 #include <string>
@@ -60,6 +61,11 @@ class PostingTest : public RecordsTest {
 
   PostingResult Pass() {
     return SchedulePosting(ledger_, store_.platform.Get(), rates_).PostSchedules();
+  }
+  // Of a person who wants it however much it posts.
+  PostingResult AgreedPass() {
+    AgreeingPlatform machine(store_.platform.Get());
+    return SchedulePosting(ledger_, machine.Get(), rates_).PostSchedules();
   }
   OccurrenceResult Post(std::int64_t schedule, const char* due) {
     return SchedulePosting(ledger_, store_.platform.Get(), rates_)

@@ -1,5 +1,6 @@
 #include "ledger/PostingTest.h"
 #include "ledger/Reminders.h"
+#include "ledger/ScheduleRows.h"
 
 namespace corvanta {
 namespace {
@@ -67,6 +68,39 @@ TEST_F(RemindersTest, TransfersStandForBothAccounts) {
   EXPECT_EQ(list.dueCount, 1U);
   Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
   EXPECT_TRUE(Look().IsEmpty());
+}
+
+TEST_F(RemindersTest, WhatWaitsForARateSaysSo) {
+  ScheduleRecord plan = Plan("m", "2026-11-20", 0);
+  plan.transferAccountId = euros_;
+  Save(plan);
+  plan.addToAccount = AddToAccount::No;
+  Save(plan);
+  const ReminderList list = Look(Day("2026-12-31"));
+  ASSERT_EQ(list.overdue.size(), 4U);
+  EXPECT_TRUE(list.overdue[0].waitsForRate);
+  EXPECT_TRUE(list.overdue[1].waitsForRate);
+  EXPECT_FALSE(list.overdue[2].waitsForRate) << "this one waits for a person";
+  EXPECT_TRUE(list.future[0].waitsForRate) << "within the look-ahead";
+  EXPECT_EQ(HindranceOf(ledger_.Schedules()[0]), "waits for an exchange rate");
+  EXPECT_EQ(HindranceOf(ledger_.Schedules()[1]), "");
+  Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
+  EXPECT_EQ(HindranceOf(ledger_.Schedules()[1]), "the receiving account is closed");
+}
+
+TEST_F(RemindersTest, AMovedPaymentStandsAtTheDayItIsBooked) {
+  ScheduleRecord plan = Plan("m", "2026-11-21", 0, AddToAccount::No);  // a Saturday, today
+  plan.days.weekend = WeekendRule::Before;
+  Save(plan);
+  plan.days.weekend = WeekendRule::After;
+  Save(plan);
+  const ReminderList list = Look();
+  ASSERT_EQ(list.overdue.size(), 1U);
+  EXPECT_EQ(list.overdue[0].date, Day("2026-11-20"));
+  EXPECT_EQ(list.overdue[0].due, Day("2026-11-21"));
+  ASSERT_EQ(list.future.size(), 1U);
+  EXPECT_EQ(list.future[0].date, Day("2026-11-23"));
+  EXPECT_EQ(list.dueCount, 1U);
 }
 
 TEST_F(RemindersTest, OverdueItemsCanBeLeftOut) {

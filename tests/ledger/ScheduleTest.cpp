@@ -1,5 +1,6 @@
 // Reading, writing and deleting schedules.
 #include "ledger/PostingTest.h"
+#include "ledger/ScheduleDates.h"
 
 namespace corvanta {
 namespace {
@@ -94,34 +95,236 @@ TEST_F(Schedule, ATransferIntoItsOwnAccountIsNone) {
   EXPECT_EQ(ledger_.ReadSchedule(Save(plan))->transferAccountId, 0);
 }
 
-TEST_F(Schedule, AChangeMakesItsForecastsAnew) {
+TEST_F(Schedule, AChangeReachesTheForecastsThatNobodyTouched) {
   LookAhead("3 Months");
   const std::int64_t schedule = Save(Plan("m", "2026-11-10", 0));
   Pass();
   ASSERT_EQ(Posted(schedule).size(), 4U);  // from November to February
   // One of them is the person's own now, and one the bank's.
-  TransactionRecord own = *ledger_.ReadTransaction(RowOf(schedule, "2026-12-10"));
-  own.amount = -77;
-  ledger_.SaveTransaction(own);
+  const std::int64_t own = RowOf(schedule, "2026-12-10");
+  TransactionRecord row = *ledger_.ReadTransaction(own);
+  row.amount = -77;
+  ledger_.SaveTransaction(row);
   const std::int64_t attached = RowOf(schedule, "2027-01-10");
   LinkAndAttach(attached);
+  const std::string before = Contents();
   ScheduleRecord same = *ledger_.ReadSchedule(schedule);
   ledger_.SaveSchedule(same);
-  EXPECT_EQ(Posted(schedule).size(), 4U);
+  EXPECT_EQ(Contents(), before);
   ScheduleRecord dearer = same;
   dearer.amount = -50;
   ledger_.SaveSchedule(dearer);
-  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10", "2027-01-10"}));
-  Pass();
-  EXPECT_EQ(Amount(RowOf(schedule, "2026-11-10")), -40);
-  EXPECT_EQ(Amount(RowOf(schedule, "2026-12-10")), -77);
-  EXPECT_EQ(Amount(RowOf(schedule, "2027-01-10")), -40);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10", "2027-01-10", "2027-02-10"}));
+  EXPECT_EQ(Amount(RowOf(schedule, "2026-11-10")), -40) << "it has come to pass";
+  EXPECT_EQ(Amount(own), -77);
+  EXPECT_EQ(Amount(attached), -40);
   EXPECT_EQ(Amount(RowOf(schedule, "2027-02-10")), -50);
+  // On other days the rows that were touched stand for other payments, so that none is paid twice.
   ScheduleRecord later = dearer;
   later.dateFrom = Day("2026-11-12");
+  ledger_.SaveSchedule(later);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-12", "2027-01-12", "2027-02-12"}));
+  EXPECT_EQ(RowOf(schedule, "2026-12-12"), own);
+  EXPECT_EQ(ledger_.ReadTransaction(own)->date, Day("2026-12-10"));
+  EXPECT_EQ(Pass().occurrences, 0U);
+  // What a pass has posted ahead goes when no pass would post it any more.
   later.addToAccount = AddToAccount::No;
   ledger_.SaveSchedule(later);
-  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10", "2027-01-10"}));
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-12", "2027-01-12"}));
+}
+
+TEST_F(Schedule, APaymentPostedAheadByHandFollowsToo) {
+  const std::int64_t schedule = Save(Plan("m", "2026-11-10", 0, AddToAccount::No));
+  Post(schedule, "2026-11-10");
+  Post(schedule, "2026-12-10");
+  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  changed.description = "Rent and heating";
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10"}));
+  const auto text = [&](const char* due) {
+    return ledger_.ReadTransaction(RowOf(schedule, due))->description;
+  };
+  EXPECT_EQ(text("2026-11-10"), "It's rent");
+  EXPECT_EQ(text("2026-12-10"), "Rent and heating");
+  changed.dateFrom = Day("2026-11-15");
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-15"}));
+  EXPECT_EQ(ledger_.Schedules().front().nextDue, Day("2027-01-15"));
+}
+
+TEST_F(Schedule, WithMovingDatesAnEditReachesTheForecastsAndLosesNone) {
+  MoveDates(true);
+  LookAhead("3 Months");
+  const std::int64_t three = Save(Plan("m", "2026-11-10", 3));
+  const std::int64_t endless = Save(Plan("m", "2026-11-10"));
+  Pass();
+  ASSERT_EQ(State(three), "2027-01-10 x-1 posted 1 finished");
+  for (const std::int64_t key : {three, endless}) {
+    ScheduleRecord changed = *ledger_.ReadSchedule(key);
+    changed.amount = -50;
+    ledger_.SaveSchedule(changed);
+    EXPECT_EQ(Amount(RowOf(key, "2026-11-10")), -40);
+    EXPECT_EQ(Amount(RowOf(key, "2026-12-10")), -50);
+    EXPECT_EQ(Amount(RowOf(key, "2027-01-10")), -50);
+    changed.dateFrom = changed.dateFrom.AddDays(2);
+    if (changed.noTimes < 0) changed.noTimes = 1;
+    ledger_.SaveSchedule(changed);
+  }
+  Pass();
+  EXPECT_EQ(Posted(three), (Dates{"2026-11-10", "2026-12-12", "2027-01-12"}));
+  EXPECT_TRUE(ledger_.ReadSchedule(three)->isFinished);
+  EXPECT_EQ(Posted(endless), (Dates{"2026-11-10", "2026-12-12", "2027-01-12", "2027-02-12"}));
+  EXPECT_EQ(ledger_.ReadSchedule(endless)->dateFrom, Day("2027-03-12"));
+}
+
+// Its past comes no second time, whichever way the plan is changed.
+TEST_F(Schedule, AnotherPlanGoesOnBehindWhatIsPosted) {
+  struct Case {
+    const char* period;
+    const char* from;
+    int noTimes;
+    const char* changedTo;
+    const char* changedFrom;
+    std::string state;
+    const char* next;
+  };
+  const Case cases[] = {
+      {"ww", "2026-06-15", 0, "m", "2026-06-15", "2026-12-15 x0 posted 1", "2027-01-15"},
+      {"m", "2026-06-05", 12, "ww", "2026-06-05", "2026-12-04 x6 posted 3", "2026-12-25"},
+      {"m", "2026-06-05", 12, "m", "2026-06-20", "2026-12-20 x6 posted 1", "2027-01-20"},
+      {"m", "2026-06-05", 12, "m", "2026-06-25", "2026-12-25 x6 posted 0", "2026-12-25"},
+      {"m", "2026-06-20", 0, "m", "2026-06-05", "2026-12-05 x0 posted 1", "2027-01-05"},
+      {"m", "2026-06-05", 6, "ww", "2026-06-05", "2026-11-27 x-6 posted 0 finished", ""},
+      // A start that is still to come is meant as it is.
+      {"m", "2026-06-05", 12, "m", "2027-03-01", "2027-03-01 x12 posted 0", "2027-03-01"},
+      {"m", "2026-06-05", 2, "m", "2026-12-01", "2026-12-01 x2 posted 1", "2027-01-01"},
+  };
+  for (const Case& test : cases) {
+    SCOPED_TRACE(std::string(test.period) + " " + test.from + " to " + test.changedTo + " " +
+                 test.changedFrom);
+    const std::int64_t schedule = Save(Plan(test.period, test.from, test.noTimes));
+    Pass();
+    const std::int64_t past = Count("tblTransactions WHERE [Date] <= #11/21/2026#");
+    ASSERT_GE(past, 2);
+    ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+    changed.periodId = Period(test.changedTo);
+    changed.dateFrom = Day(test.changedFrom);
+    EXPECT_EQ(ledger_.PlanAfterSaving(changed).from.ToIso(), test.state.substr(0, 10));
+    ledger_.SaveSchedule(changed);
+    Pass();
+    EXPECT_EQ(State(schedule), test.state);
+    EXPECT_EQ(Count("tblTransactions WHERE [Date] <= #11/21/2026#"), past);
+    const auto next = ledger_.Schedules().front().nextDue;
+    EXPECT_EQ(next ? next->ToIso() : "", test.next);
+    Run("DELETE FROM tblTransactions");
+    Run("DELETE FROM tblSchedule");
+  }
+}
+
+TEST_F(Schedule, WhatIsOverdueStaysSoUnderAnotherPlan) {
+  const std::int64_t schedule = Save(Plan("m", "2026-08-05", 0, AddToAccount::No));
+  Post(schedule, "2026-08-05");
+  Post(schedule, "2026-10-05");
+  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  changed.dateFrom = Day("2026-08-12");
+  ledger_.SaveSchedule(changed);
+  // September and November still wait, October is paid.
+  EXPECT_EQ(State(schedule), "2026-09-12 x0 posted 1");
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-08-05", "2026-10-12"}));
+  EXPECT_EQ(ledger_.ReadTransaction(RowOf(schedule, "2026-10-12"))->date, Day("2026-10-05"));
+}
+
+TEST_F(Schedule, ACopyGoesOnWhereItsOriginalStands) {
+  const std::int64_t endless = Save(Plan("m", "2026-06-05"));
+  const std::int64_t three = Save(Plan("m", "2026-06-05", 3));
+  const std::int64_t eight = Save(Plan("m", "2026-06-05", 8));
+  Pass();
+  const std::int64_t rows = Count("tblTransactions");
+  EXPECT_EQ(State(ledger_.PasteSchedule(endless)), "2027-01-05 x0 posted 0");
+  const std::int64_t finished = ledger_.PasteSchedule(three);
+  EXPECT_EQ(State(finished), "2026-09-05 x-3 posted 0 finished");
+  EXPECT_EQ(State(ledger_.PasteSchedule(eight)), "2027-01-05 x1 posted 0");
+  Pass();
+  EXPECT_EQ(Count("tblTransactions"), rows);
+  // It is a model for the next one.
+  ScheduleRecord again = *ledger_.ReadSchedule(finished);
+  again.dateFrom = Day("2026-12-01");
+  again.noTimes = 3;
+  ledger_.SaveSchedule(again);
+  EXPECT_EQ(Pass().occurrences, 1U);
+}
+
+TEST_F(Schedule, AForecastInAnotherCurrencyKeepsItsRate) {
+  ScheduleRecord plan = Plan("m", "2026-12-05", 0);
+  plan.transferAccountId = euros_;
+  const std::int64_t schedule = Save(plan);
+  rates_.Answer(1.15);
+  Pass();
+  rates_.Answer(std::nullopt);
+  const auto arrived = [&] {
+    return Amount(ledger_.ReadTransaction(RowOf(schedule, "2026-12-05"))->transferId);
+  };
+  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  changed.description = "other";
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(arrived(), 46);
+  changed.amount = -33.33;
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(arrived(), 38.33);
+  // Between other currencies there is no rate to go by: it waits for one.
+  changed.accountId = euros_;
+  changed.transferAccountId = bank_;
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(Posted(schedule), Dates{});
+}
+
+TEST_F(Schedule, TheLastDayOfTheMonthStaysTheLast) {
+  ScheduleRecord plan = Plan("m", "2026-09-30", 0);
+  plan.days.isMonthEnd = true;
+  const std::int64_t schedule = Save(plan);
+  Pass();
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-09-30", "2026-10-31", "2026-11-30"}));
+  EXPECT_EQ(ledger_.Schedules().front().nextDue, Day("2026-12-31"));
+  EXPECT_TRUE(ledger_.ReadSchedule(ledger_.PasteSchedule(schedule))->days.isMonthEnd);
+  // The start goes to that day, and a week has none.
+  plan.dateFrom = Day("2028-02-03");
+  const std::int64_t february = Save(plan);
+  EXPECT_EQ(ledger_.ReadSchedule(february)->dateFrom, Day("2028-02-29"));
+  plan.periodId = Period("ww");
+  EXPECT_FALSE(ledger_.ReadSchedule(Save(plan))->days.isMonthEnd);
+}
+
+TEST_F(Schedule, WeekendsMoveTheBookingAndNotTheDueDate) {
+  Today("2026-11-20");  // a Friday
+  ScheduleRecord plan = Plan("m", "2026-11-22", 0, AddToAccount::WhenDue);
+  plan.days.weekend = WeekendRule::Before;
+  const std::int64_t before = Save(plan);
+  plan.days.weekend = WeekendRule::After;
+  const std::int64_t after = Save(plan);
+  EXPECT_EQ(Pass().occurrences, 1U);
+  EXPECT_EQ(ledger_.ReadTransaction(RowOf(before, "2026-11-22"))->date, Day("2026-11-20"));
+  Today("2026-11-22");
+  EXPECT_EQ(Pass().occurrences, 0U);
+  Today("2026-11-23");
+  EXPECT_EQ(Pass().occurrences, 1U);
+  EXPECT_EQ(ledger_.ReadTransaction(RowOf(after, "2026-11-22"))->date, Day("2026-11-23"));
+  // A forecast goes with the rule when that is changed; undo brings both back.
+  Post(after, "2027-05-22");
+  ledger_.Undo().Start();
+  ScheduleRecord changed = *ledger_.ReadSchedule(after);
+  const auto booked = [&] { return ledger_.ReadTransaction(RowOf(after, "2027-05-22"))->date; };
+  EXPECT_EQ(booked(), Day("2027-05-24"));
+  changed.days.weekend = WeekendRule::Stay;
+  ledger_.SaveSchedule(changed);
+  EXPECT_EQ(booked(), Day("2027-05-22"));
+  ledger_.Undo().Undo();
+  EXPECT_EQ(booked(), Day("2027-05-24"));
+  EXPECT_EQ(ledger_.ReadSchedule(after)->days.weekend, WeekendRule::After);
+  // Nothing of it is left of a schedule that is gone, and the catalog shows nothing of it.
+  ledger_.DeleteSchedule(after, true);
+  ledger_.DeleteSchedule(before, true);
+  EXPECT_EQ(Count("own_ScheduleDays"), 0);
+  EXPECT_EQ(Db().TableNames().size(), 16U);
 }
 
 TEST_F(Schedule, ForecastsOfATransferStayWhereItsOtherHalfWasTouched) {
@@ -142,13 +345,14 @@ TEST_F(Schedule, ForecastsOfATransferStayWhereItsOtherHalfWasTouched) {
   ScheduleRecord dearer = *ledger_.ReadSchedule(schedule);
   dearer.amount = -50;
   ledger_.SaveSchedule(dearer);
-  EXPECT_EQ(Posted(schedule), (Dates{"2026-12-10", "2027-01-10", "2027-02-10"}));
-  Pass();
+  EXPECT_EQ(Posted(schedule).size(), 6U);
+  EXPECT_EQ(Amount(RowOf(schedule, "2026-12-10")), -40);
+  EXPECT_EQ(Amount(RowOf(schedule, "2027-01-10")), -40);
   EXPECT_EQ(Amount(RowOf(schedule, "2027-02-10")), -40);
   EXPECT_EQ(twin("2027-03-10").amount, 50);
 }
 
-TEST_F(Schedule, AChangedLineMakesForecastsAnew) {
+TEST_F(Schedule, AChangedLineReachesTheForecasts) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-15", 0));
   SaveLine(schedule, -10);
   const std::int64_t line = SaveLine(schedule, -20);
@@ -157,11 +361,10 @@ TEST_F(Schedule, AChangedLineMakesForecastsAnew) {
   ScheduleRecord changed = *ledger_.ReadSchedule(line);
   changed.amount = -30;
   ledger_.SaveSchedule(changed);
-  Pass();
   EXPECT_EQ(Amount(RowOf(schedule, "2026-11-15")), -30);
   EXPECT_EQ(Amount(RowOf(schedule, "2026-12-15")), -40);
+  EXPECT_EQ(Pass().occurrences, 0U);
   ledger_.DeleteSchedule(line, false);
-  Pass();
   EXPECT_EQ(Amount(RowOf(schedule, "2026-12-15")), -10);
   EXPECT_EQ(ledger_.SplitLines(RowOf(schedule, "2026-12-15")).size(), 1U);
   // What a person split otherwise stays so.
@@ -194,16 +397,25 @@ TEST_F(Schedule, DeletingItTakesItsRowsOrLeavesThem) {
 }
 
 TEST_F(Schedule, PointsIntoNoDeletedAccount) {
-  ScheduleRecord plan = Plan("m", "2026-11-05", 2);
+  ScheduleRecord plan = Plan("m", "2026-11-05", 0);
   plan.transferAccountId = savings_;
   const std::int64_t into = Save(plan);
   plan.accountId = savings_;
   plan.transferAccountId = bank_;
   Save(plan);
   Pass();
-  ledger_.DeleteAccount(savings_);
+  store_.platform.prompts.ExpectAsk("Delete Item?", ScriptedPrompts::kAnyText, true);
+  store_.platform.prompts.ExpectAsk("Delete Item Confirm", ScriptedPrompts::kAnyText, true);
+  store_.platform.prompts.ExpectTell(
+      "Delete Item",
+      "These schedules transferred into the account and are finished now:\n"
+      "Bank, Monthly, -40.00 GBP, It's rent");
+  EXPECT_TRUE(ledger_.DeleteAccount(savings_, store_.platform.prompts));
   EXPECT_EQ(Count("tblSchedule"), 1);
   EXPECT_EQ(ledger_.ReadSchedule(into)->transferAccountId, 0);
+  EXPECT_TRUE(ledger_.ReadSchedule(into)->isFinished);
+  EXPECT_EQ(Posted(into), Dates{"2026-11-05"}) << "nothing is still to come of it";
+  Today("2027-11-21");
   EXPECT_EQ(Pass().occurrences, 0U);
   ledger_.DeleteAccount(bank_);
   EXPECT_EQ(Count("tblSchedule"), 0);
