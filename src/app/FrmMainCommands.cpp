@@ -195,7 +195,9 @@ void FrmMain::TakeLedger() {
 }
 
 bool FrmMain::Reopen(bool quiet) {
-  const bool opened = session_.Open(quiet);
+  // What is thrown on the way must not leave the window on a ledger that is gone.
+  bool opened = false;
+  Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
   TakeLedger();
   history_.Clear();
@@ -211,11 +213,12 @@ void FrmMain::OpenDataFile() {
   const auto path = platform_.prompts.OpenFile(
       {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
   if (!path) return;
+  const bool wasOpen = session_.IsOpen();
   session_.Choose(*path);
   if (Reopen(true)) return NoticePosted();
   // The file that cannot be used must not be what the next start begins with.
   session_.Unchoose();
-  Reopen(true);
+  if (wasOpen) Reopen(true);
 }
 
 void FrmMain::ValidateDataFile() {
@@ -230,7 +233,9 @@ void FrmMain::ValidateDataFile() {
   // What could not be validated is open again as it was, where it can be.
   if (!Reopen(false) && !Reopen(true)) return;
   Show(before);
-  if (session_.IsRenewed()) NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+  // What stood in the way of the renewal has been told.
+  if (!session_.IsRenewed()) return NoticePosted();
+  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
 }
 
 void FrmMain::NoticeValidated(qint64 before, qint64 left) {

@@ -205,7 +205,8 @@ void FrmMain::ShowUncleared(const std::shared_ptr<RegisterRows>& rows) {
 void FrmMain::ShowClosed() {
   closedView_->Show(QStringLiteral("open"), tr("No data file is open"),
                     tr("Open the file that holds your accounts. It is usually called "
-                       "Corvanta.dat."),
+                       "Corvanta.dat. What could not be opened before can be tried again; nothing "
+                       "in it was changed."),
                     actions_->mnuFileOpen);
   calendar_->SetMarkedDays({});
   uncleared_->hide();

@@ -39,6 +39,8 @@ class LedgerSession {
   void Unchoose();
 
   [[nodiscard]] bool IsOpen() const { return ledger_ != nullptr; }
+  // Whether the last file that was asked for could not be opened, which the person knows.
+  [[nodiscard]] bool HasFailed() const { return hasFailed_; }
   // Only while open.
   [[nodiscard]] clsCorvanta& Ledger() const { return *ledger_; }
   // Exchange rates as the open file's sources have them. Only while open.
@@ -70,6 +72,7 @@ class LedgerSession {
   std::unique_ptr<clsCorvanta> ledger_;
   std::unique_ptr<RateSource> rates_;
   std::unique_ptr<SchedulePosting> posting_;
+  bool hasFailed_ = false;
   std::size_t posted_ = 0;
 };
 

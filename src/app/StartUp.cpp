@@ -47,7 +47,8 @@ bool StartUp::Run() {
   });
   progress_.SetTextSink({});
   prompts_.SetParent(nullptr);
-  if (!ready) return false;
+  // The window offers roads to a file that can be opened.
+  if (!ready && !session_.HasFailed()) return false;
   window_ = std::make_unique<FrmMain>(session_, platform_.Get(), progress_);
   prompts_.SetParent(window_.get());
   window_->Restore();

@@ -19,8 +19,8 @@ class StartUp {
   explicit StartUp(const StartOptions& options);
   ~StartUp();
 
-  // Shows the main window and returns true; false when the person turned back at the login, or no
-  // data file was opened (the person has been told why).
+  // Shows the main window and returns true, also without a data file where none could be opened
+  // (the person has been told why); false when the person turned back at the login.
   bool Run();
 
  private:

@@ -28,9 +28,9 @@ TEST_F(Notices, UndoAndRedoNameWhatTheyTookBack) {
   machine_.prompts.ExpectAsk("Delete Items?", "Do you wish to delete these 2 items?", true);
   Trigger("mnuEditDelete");
   Trigger("mnuEditUndo");
-  EXPECT_EQ(Notice(), "Undone: Delete Transaction (2 rows are back)");
+  EXPECT_EQ(Notice(), "Undone: Delete Transactions (2 rows are back)");
   Trigger("mnuEditRedo");
-  EXPECT_EQ(Notice(), "Done again: Delete Transaction (2 rows are gone)");
+  EXPECT_EQ(Notice(), "Done again: Delete Transactions (2 rows are gone)");
 }
 
 TEST_F(Notices, PostingSaysHowManyPaymentsItPosted) {

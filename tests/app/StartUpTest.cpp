@@ -7,6 +7,8 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -134,6 +136,31 @@ TEST_F(Start, WithoutAPasswordTheTypedTextBecomesIt) {
   StartUp again(options_);
   EXPECT_TRUE(again.Run());
   EXPECT_EQ(logins_, 2);
+}
+
+TEST_F(Start, AFileThatCannotBeOpenedLeavesTheProgramRunning) {
+  options_.dataPath = folder_.Write("letter.dat", "Dear bank, ");
+  QTimer close;
+  int boxes = 0;
+  QObject::connect(&close, &QTimer::timeout, &close, [&boxes] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (box == nullptr) return;
+    ++boxes;
+    EXPECT_TRUE(box->text().contains(QStringLiteral("Nothing was changed.")))
+        << qPrintable(box->text());
+    box->reject();
+  });
+  close.start(1);
+  StartUp start(options_);
+  ASSERT_TRUE(start.Run());
+  EXPECT_EQ(boxes, 1);
+  ASSERT_NE(MainWindow(), nullptr);
+  EXPECT_TRUE(MainWindow()->isVisible());
+  bool isOffered = false;
+  for (const auto* button : MainWindow()->findChildren<QPushButton*>("cmdEmptyState")) {
+    isOffered = isOffered || button->isVisible();
+  }
+  EXPECT_TRUE(isOffered) << "a road to another file";
 }
 
 }  // namespace
