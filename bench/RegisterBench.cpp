@@ -1,10 +1,16 @@
 // Reading the register and the balances of a large file, beside the same rows through the library.
 #include "BenchStore.h"
+#include "ledger/RegisterOrder.h"
+#include "ledger/RegisterRows.h"
 #include "ledger/clsCorvanta.h"
 
 #include <benchmark/benchmark.h>
 
+#include <map>
+#include <memory>
+#include <optional>
 #include <string>
+#include <vector>
 
 namespace corvanta {
 namespace {
@@ -53,6 +59,102 @@ void RegisterThroughLedger(benchmark::State& state) {
   }
 }
 
+// Of the account's entries the keys and amounts alone, in their order: what no register can do
+// without.
+constexpr const char* kRawEntries =
+    "SELECT TransactionID, Amount FROM tblTransactions WHERE AllocatedItem = 0 AND AccountID = 1 "
+    "ORDER BY Date, TransactionID";
+
+BenchStore& StoreOf(std::int64_t count) {
+  static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
+  std::unique_ptr<BenchStore>& store = stores[count];
+  if (!store) {
+    store = std::make_unique<BenchStore>();
+    store->AddTransactions(static_cast<int>(count));
+  }
+  return *store;
+}
+
+void EntriesThroughLibrary(benchmark::State& state) {
+  sqlite3* database = StoreOf(state.range(0)).OpenRaw();
+  for (auto _ : state) {
+    sqlite3_stmt* rows = nullptr;
+    sqlite3_prepare_v2(database, kRawEntries, -1, &rows, nullptr);
+    double sum = 0;
+    std::int64_t keys = 0;
+    while (sqlite3_step(rows) == SQLITE_ROW) {
+      keys += sqlite3_column_int64(rows, 0);
+      sum += sqlite3_column_double(rows, 1);
+    }
+    benchmark::DoNotOptimize(sum);
+    benchmark::DoNotOptimize(keys);
+    sqlite3_finalize(rows);
+  }
+  sqlite3_close(database);
+}
+
+// What the window does to show another account, whose sums the tree has read: the figures, the days
+// ahead, and the rows on the screen.
+void Switch(benchmark::State& state, std::optional<RegisterColumn> column, bool isKept) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  const AccountRow account = ledger.Accounts(TreeOptions()).front();
+  const auto show = [&](RegisterRows& rows) {
+    benchmark::DoNotOptimize(LowestAhead(rows, *Date::FromYmd(2025, 12, 20)));
+    rows.ReadOn(10000);
+    std::vector<std::uint32_t> order;
+    if (column) order = SortedRegister(rows, *column, false);
+    std::vector<std::size_t> screen;
+    for (std::size_t i = 1; i <= 64; ++i) {
+      screen.push_back(column ? order[i] : rows.Count() - i);
+    }
+    benchmark::DoNotOptimize(rows.Read(screen));
+  };
+  const RegisterScope scope{account.accountId, {}};
+  RegisterRows kept(*connection, scope, account.openingBalance, account.sums);
+  if (isKept) kept.ReadAll();
+  for (auto _ : state) {
+    if (isKept) {
+      show(kept);
+      continue;
+    }
+    RegisterRows rows(*connection, scope, account.openingBalance, account.sums);
+    show(rows);
+  }
+}
+
+void SwitchUnsorted(benchmark::State& state) {
+  Switch(state, std::nullopt, false);
+}
+void SwitchSortedByPayee(benchmark::State& state) {
+  Switch(state, RegisterColumn::Payee, false);
+}
+// Of a register that the window has read to its end meanwhile.
+void SortByPayee(benchmark::State& state) {
+  Switch(state, RegisterColumn::Payee, true);
+}
+void SortByBalance(benchmark::State& state) {
+  Switch(state, RegisterColumn::Balance, true);
+}
+
+// What the window does while nothing else happens.
+void ReadToTheEnd(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  const AccountRow account = ledger.Accounts(TreeOptions()).front();
+  for (auto _ : state) {
+    RegisterRows rows(*connection, {account.accountId, {}}, account.openingBalance, account.sums);
+    while (!rows.IsWhole()) rows.ReadOn(15000);
+    benchmark::DoNotOptimize(rows.Figures());
+  }
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(100000)->Arg(400000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+}
+
 void AccountsThroughLedger(benchmark::State& state) {
   BenchStore store;
   store.AddTransactions(static_cast<int>(state.range(0)));
@@ -63,9 +165,15 @@ void AccountsThroughLedger(benchmark::State& state) {
   }
 }
 
+BENCHMARK(EntriesThroughLibrary)->Apply(Sizes);
+BENCHMARK(SwitchUnsorted)->Apply(Sizes);
+BENCHMARK(SwitchSortedByPayee)->Apply(Sizes);
+BENCHMARK(SortByPayee)->Apply(Sizes);
+BENCHMARK(SortByBalance)->Apply(Sizes);
+BENCHMARK(ReadToTheEnd)->Apply(Sizes);
 BENCHMARK(RegisterThroughLibrary)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(RegisterThroughLedger)->Arg(100000)->Unit(benchmark::kMillisecond);
-BENCHMARK(AccountsThroughLedger)->Arg(100000)->Unit(benchmark::kMillisecond);
+BENCHMARK(AccountsThroughLedger)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace corvanta

@@ -233,6 +233,7 @@ class FrmMain : public QuietEnd<QMainWindow> {
   ViewCommand shown_;
   ViewCommand counted_;  // what the accounts' balances are of
   std::vector<AccountRow> accounts_;
+  std::uint64_t countedAt_ = 0;  // how the data stood then
   RegisterShelf shelf_;
   std::int64_t account_ = 0;      // last shown in the register
   bool isAccountClosed_ = false;  // whether that one is

@@ -15,6 +15,7 @@
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/Balances.h"
+#include "store/Connection.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -117,6 +118,7 @@ void FrmMain::ReadAccounts() {
     options.valuation = settings_.IsOn(Setting::Investment);
     if (shown_.dates) options.end = shown_.dates->end;
     accounts_ = session_.Ledger().Accounts(options);
+    countedAt_ = session_.Ledger().Store().Changes();
   }
   tree_->SetAccounts(accounts_);
   ShowFile();
@@ -169,9 +171,9 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
   }
   account_ = accountId;
   isAccountClosed_ = account->closed;
-  // Only of the accounts that the tree shows the sums are those of the shown filter.
+  // What the tree has counted need not be counted again, as long as it is still so.
   std::optional<EntrySums> sums;
-  if (found != accounts_.end()) sums = found->sums;
+  if (found != accounts_.end() && countedAt_ == ledger.Store().Changes()) sums = found->sums;
   const auto rows =
       shelf_.Take(ledger.Store(), {accountId, shown_.Filter(), shown_.RegisterPeriod()},
                   account->openingBalance, sums);

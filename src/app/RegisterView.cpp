@@ -35,10 +35,10 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   const int date = text(ToQt(locale.FormatShortDate(longDate))) + kRhythm;
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 2 * kRhythm;
   const int word = text(QStringLiteral("Abcdef..."));
-  const int few = text(QStringLiteral("Abc..."));
+  const int few = text(QStringLiteral("Ab..."));
   std::vector<ListTable::Column> columns(RegisterModel::kColumns);
   // The last numbers say which column leaves first where there is no room.
-  columns[RegisterModel::kDate] = {date + kRhythm, 0, date};
+  columns[RegisterModel::kDate] = {date + kRhythm, 0, date - kRhythm / 2};
   columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")), 4, few};
   columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category xx")), 4, word,
                                        5};
@@ -211,15 +211,20 @@ void RegisterView::Fill(std::shared_ptr<RegisterRows> rows, bool isSame) {
 
 void RegisterView::WidenForFigures() {
   const QFontMetrics metrics = fontMetrics();
+  const std::vector<ListTable::Column> columns = Columns(locale_, metrics);
   for (const int column :
        {RegisterModel::kPaidOut, RegisterModel::kPaidIn, RegisterModel::kBalance}) {
-    int width = metrics.horizontalAdvance(
-        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
-    for (const QString& figure : model_->WidestFigures(column)) {
-      width = std::max(width, TabularWidth(metrics, figure));
-    }
     const int gaps = column == RegisterModel::kBalance ? 3 * kRhythm : 2 * kRhythm;
-    table_->SetSmallest(column, width + gaps);
+    const int title = metrics.horizontalAdvance(
+        model_->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+    int figure = 0;
+    for (const QString& text : model_->WidestFigures(column)) {
+      figure = std::max(figure, TabularWidth(metrics, text));
+    }
+    // Drawn a little narrower a figure can still be read.
+    const int smallest = std::max(title, figure * 17 / 20) + gaps;
+    const auto wish = static_cast<std::size_t>(column);
+    table_->SetNeed(column, std::max(columns[wish].width, figure + gaps), smallest);
   }
 }
 

@@ -14,7 +14,7 @@ class Fit {
   }
 
   std::vector<int> Widths() {
-    while (Give(false, true) < Missing() && Hide()) {
+    while (Give(false, false) < Missing() && Hide()) {
     }
     Shrink(false, false);
     Shrink(false, true);

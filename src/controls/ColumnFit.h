@@ -15,8 +15,9 @@ struct ColumnNeed {
 };
 
 // The widths that fill the room, 0 for a column that is hidden: what is over goes to those that
-// stretch. Where there is too little, columns first give way, then leave one after the other, and
-// those that hold figures give way last. The sum is larger than the room where that is not enough.
+// stretch. Where there is too little, columns first give way, then leave one after the other; then
+// those set by hand give way, and those that hold figures last. The sum is larger than the room
+// where that is not enough.
 [[nodiscard]] std::vector<int> FitColumns(const std::vector<ColumnNeed>& columns, int room);
 
 }  // namespace corvanta

@@ -6,8 +6,10 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <QScrollBar>
 
 #include <algorithm>
+#include <numeric>
 
 namespace corvanta {
 
@@ -32,6 +34,11 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
           [this](int column, int before, int now) {
             if (!filling_ && before > 0 && now > 0) TakeWidth(column, now);
           });
+  // Where there is no room for all that can neither give way nor leave, figures at the end stay in
+  // sight.
+  connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int most) {
+    if (!columns_.empty() && columns_.back().wish.isLast) horizontalScrollBar()->setValue(most);
+  });
 }
 
 void ListTable::SetColumns(std::vector<Column> columns) {
@@ -40,10 +47,11 @@ void ListTable::SetColumns(std::vector<Column> columns) {
   FillWidth();
 }
 
-void ListTable::SetSmallest(int column, int width) {
+void ListTable::SetNeed(int column, int width, int smallest) {
   Column& wish = columns_.at(static_cast<std::size_t>(column)).wish;
-  if (wish.smallest == width) return;
-  wish.smallest = width;
+  if (wish.width == width && wish.smallest == smallest) return;
+  wish.width = width;
+  wish.smallest = smallest;
   FillWidth();
 }
 
@@ -93,22 +101,23 @@ void ListTable::FillWidth() {
 }
 
 // A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
-// and none leaves under the hand.
+// and those behind it make room as far as they can.
 void ListTable::TakeWidth(int column, int width) {
   const auto taken = static_cast<std::size_t>(column);
+  if (taken >= columns_.size()) return;
   std::vector<ColumnNeed> needs;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    const bool isHidden = isColumnHidden(static_cast<int>(i));
-    ColumnNeed need = isHidden ? ColumnNeed() : NeedOf(columns_[i]);
-    need.leaves = 0;
-    if (!isHidden && i < taken) need = {columnWidth(static_cast<int>(i))};
-    needs.push_back(need);
+    needs.push_back(NeedOf(columns_[i]));
+    if (i < taken)
+      needs[i] = {isColumnHidden(static_cast<int>(i)) ? 0 : columnWidth(static_cast<int>(i))};
   }
-  if (taken >= needs.size()) return;
-  needs[taken].width = std::max(width, needs[taken].smallest);
-  needs[taken].isByHand = true;
+  const int smallest = std::max(needs[taken].smallest, horizontalHeader()->minimumSectionSize());
+  needs[taken] = {std::max(width, smallest)};
+  const std::vector<int> widths = FitColumns(needs, viewport()->width());
+  const int excess = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
+  needs[taken].width = std::max(needs[taken].width - std::max(0, excess), smallest);
+  columns_[taken].byHand = needs[taken].width;
   Arrange(needs);
-  columns_[taken].byHand = columnWidth(column);
 }
 
 void ListTable::Arrange(const std::vector<ColumnNeed>& needs) {

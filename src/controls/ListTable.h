@@ -27,8 +27,8 @@ class ListTable : public QTableView {
   };
   // One entry for each column of the model, which must be set before.
   void SetColumns(std::vector<Column> columns);
-  // What the column shows now needs so much: it is never narrower, and wider where it was.
-  void SetSmallest(int column, int width);
+  // What the column shows now wants so much, and needs so much at least.
+  void SetNeed(int column, int width, int smallest);
 
   // The widths set by hand as one text, the numbers separated by "|", 0 for a column that was not
   // set; empty where none was.

@@ -124,7 +124,7 @@ std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
 
 void RegisterRows::ReadOn(std::size_t entries) {
   if (IsWhole() || !IsCurrent()) return;
-  if (entries >= count_) entries_.reserve(count_);
+  entries_.reserve(count_);
   const std::size_t wanted = std::min(count_, entries_.size() + entries);
   if (!isUndated_ && !entries_.empty()) ReadPart(Part::SameDay, wanted - entries_.size());
   if (!isUndated_ && entries_.size() < wanted) {

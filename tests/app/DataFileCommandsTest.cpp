@@ -170,9 +170,22 @@ TEST_F(DataFileCommands, CancellingOpenKeepsEverything) {
 TEST_F(DataFileCommands, AStatementThatFailsIsToldAndTheWindowGoesOn) {
   OpenData();
   ShowWindow();
-  Run("DROP TABLE tblAttachments");
+  Run("DROP TABLE tblPayments");
   machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
   Trigger("mnuViewRefresh");
+  Trigger("mnuViewAccounts");
+  EXPECT_EQ(window_->Shown().name, kAccountShow);
+}
+
+TEST_F(DataFileCommands, RowsThatCannotBeReadAsTheyAreDrawnAreToldOnce) {
+  OpenData();
+  ShowWindow();
+  Run("DROP TABLE tblAttachments");
+  Trigger("mnuViewRefresh");
+  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  window_->grab();
+  window_->grab();
+  QApplication::processEvents();
   Trigger("mnuViewAccounts");
   EXPECT_EQ(window_->Shown().name, kAccountShow);
 }

@@ -72,6 +72,8 @@ TEST_F(MainWindow, ColumnsHaveTheirNamesAndFollowTheSettings) {
   OpenData();
   machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "ShowRef", "0");
   ShowWindow();
+  window_->resize(1700, 600);
+  QApplication::processEvents();
   auto& table = Find<ListTable>("lvbank");
   QStringList names;
   for (int column = 0; column < table.model()->columnCount(); ++column) {
@@ -174,7 +176,7 @@ TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {
   ShowWindow();
   EXPECT_EQ(window_->geometry(), QRect(30, 20, 760, 590));
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
-  EXPECT_EQ(Find<ListTable>("lvbank").columnWidth(RegisterModel::kPayee), 122);
+  EXPECT_EQ(Find<ListTable>("lvbank").Widths().split(u'|').value(1), "122");
   EXPECT_EQ(Find<QSplitter>("spColumns").sizes(), columns);
 }
 

@@ -1,0 +1,187 @@
+// The register that reads only what is asked for must be the one that reads everything.
+#include "ledger/LedgerTest.h"
+#include "ledger/RegisterOrder.h"
+#include "ledger/RegisterRows.h"
+#include "ledger/RegisterShelf.h"
+#include "platform/TextCase.h"
+
+#include <algorithm>
+#include <random>
+
+namespace corvanta {
+namespace {
+
+class RegisterOnDemand : public LedgerTest {
+ protected:
+  RegisterOnDemand() {
+    Transaction all = Store().Begin();
+    int key = 0;
+    for (const char* payee : {"Zoo", "apple", "Banana", "banana"}) {
+      Run("INSERT INTO tblPayees (PayeeID,Payee) VALUES (" + std::to_string(++key) + ",'" + payee +
+          "')");
+    }
+    AddAccount(1, "Bank", 1, 100);
+    AddAccount(2, "Savings", 1, 5);
+    std::mt19937 chance(7);
+    const auto pick = [&](int most) { return static_cast<int>(chance() % most); };
+    for (int i = 1; i <= kRows; ++i) {
+      const std::string day = std::to_string(1 + pick(28));
+      std::string more = "PayeeID = " + std::to_string(1 + pick(4)) +
+                         ", CategoryID = " + std::to_string(pick(20) == 0 ? 999 : 1 + pick(30)) +
+                         ", BankChk = " + std::to_string(pick(2)) +
+                         ", BankRec = " + std::to_string(pick(2)) + ", Description = 'Row " +
+                         std::to_string(pick(50)) + "'";
+      if (pick(9) == 0) more += ", [Date] = #01/" + day + "/2026 10:30:00#";
+      AddTransaction(i, pick(5) == 0 ? 2 : 1, "01/" + day + "/2026",
+                     std::to_string(pick(2000) - 1000) + ".25", more);
+    }
+    Run("UPDATE tblTransactions SET TransferID = 9 WHERE TransactionID = 8");
+    Run("UPDATE tblTransactions SET AccountID = 2, TransferID = 8, CategoryID = 1 WHERE "
+        "TransactionID = 9");
+    Run("UPDATE tblTransactions SET AccountID = 1, CategoryID = 1 WHERE TransactionID = 8");
+    all.Commit();
+  }
+
+  RegisterRows Open(const RegisterScope& scope) { return {Ledger().Store(), scope, 100}; }
+  std::vector<RegisterRow> Whole(const RegisterScope& scope) {
+    return Ledger().Register(scope.accountId, scope.filter, scope.period);
+  }
+  static constexpr int kRows = 300;
+  static Period January(int from, int to) {
+    return {*Date::FromYmd(2026, 1, from), *Date::FromYmd(2026, 1, to)};
+  }
+};
+
+void ExpectSame(const RegisterRow& row, const RegisterRow& expected) {
+  EXPECT_EQ(row.transactionId, expected.transactionId);
+  EXPECT_EQ(row.date, expected.date);
+  EXPECT_EQ(row.payee, expected.payee);
+  EXPECT_EQ(row.category, expected.category);
+  EXPECT_EQ(row.description, expected.description);
+  EXPECT_EQ(row.status, expected.status);
+  EXPECT_EQ(row.amount, expected.amount);
+  EXPECT_DOUBLE_EQ(row.balance, expected.balance);
+  EXPECT_EQ(row.isTransfer, expected.isTransfer);
+}
+
+TEST_F(RegisterOnDemand, IsTheRegisterHoweverItIsReadAndFiltered) {
+  for (const RegisterScope& scope :
+       {RegisterScope{1, {}}, RegisterScope{2, {}}, RegisterScope{3, {}},
+        RegisterScope{1, {true, false, false}}, RegisterScope{1, {false, true, true}},
+        RegisterScope{1, {}, January(5, 12)}, RegisterScope{1, {false, true, false}, January(9, 9)},
+        RegisterScope{1, {}, January(29, 31)}}) {
+    const std::vector<RegisterRow> expected = Whole(scope);
+    const PeriodTotals totals = Ledger().Totals(scope.accountId, scope.filter, scope.period);
+    for (const std::size_t step : {std::size_t{1}, std::size_t{7}, std::size_t{1000}}) {
+      RegisterRows rows(Ledger().Store(), scope, scope.accountId == 2 ? 5 : 100);
+      ASSERT_EQ(rows.Count(), expected.size());
+      while (!rows.IsWhole()) rows.ReadOn(step);
+      for (std::size_t row = 0; row < rows.Count(); ++row) {
+        EXPECT_EQ(rows.Entry(row).transactionId, expected[row].transactionId) << row;
+        EXPECT_DOUBLE_EQ(rows.Entry(row).balance, expected[row].balance) << row;
+        ExpectSame(rows.Read({row}).front(), expected[row]);
+      }
+      if (scope.accountId == 3) continue;
+      EXPECT_EQ(rows.Totals().balance, totals.balance);
+      EXPECT_EQ(rows.Totals().thisPeriod, totals.thisPeriod);
+      EXPECT_EQ(rows.Totals().paidIn, totals.paidIn);
+      EXPECT_EQ(rows.Totals().paidOut, totals.paidOut);
+    }
+  }
+}
+
+TEST_F(RegisterOnDemand, TakesTheSumsThatTheTreeHasReadAlready) {
+  for (const AccountRow& account : Ledger().Accounts(TreeOptions())) {
+    const RegisterScope scope{account.accountId, {}};
+    RegisterRows rows(Ledger().Store(), scope, account.openingBalance, account.sums);
+    EXPECT_EQ(rows.Count(), Whole(scope).size());
+    EXPECT_EQ(rows.Totals().balance, account.balance);
+    EXPECT_EQ(rows.Entry(rows.Count() - 1).balance, account.balance);
+  }
+}
+
+TEST_F(RegisterOnDemand, FindsRowsWithoutReadingEverything) {
+  const std::vector<RegisterRow> expected = Whole({1, {}});
+  RegisterRows rows = Open({1, {}});
+  EXPECT_EQ(rows.FirstRead(), rows.Count()) << "nothing is read yet";
+  rows.ReadOn(1);
+  EXPECT_EQ(rows.FirstRead(), rows.Count() - 1);
+  for (const std::size_t row : {expected.size() - 1, expected.size() / 2, std::size_t{0}}) {
+    EXPECT_EQ(rows.RowOf(expected[row].transactionId), row);
+  }
+  EXPECT_FALSE(rows.RowOf(9)) << "in the other account";
+  EXPECT_FALSE(rows.RowOf(77777));
+  EXPECT_EQ(rows.UnclearedCount(), Ledger().UnclearedCount(1));
+  const auto lowest = LowestAhead(rows, *Date::FromYmd(2026, 1, 14));
+  ASSERT_TRUE(lowest);
+  for (std::size_t row = 0; row < expected.size(); ++row) {
+    const bool isEvening =
+        row + 1 == expected.size() || expected[row + 1].date != expected[row].date;
+    if (!isEvening || expected[row].date <= *Date::FromYmd(2026, 1, 14)) continue;
+    EXPECT_GE(expected[row].balance, lowest->balance);
+    if (expected[row].date != lowest->day) continue;
+    EXPECT_DOUBLE_EQ(expected[row].balance, lowest->balance);
+  }
+  EXPECT_FALSE(LowestAhead(rows, *Date::FromYmd(2026, 1, 31)));
+}
+
+TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
+  RegisterRows rows = Open({1, {}});
+  const std::vector<RegisterRow> all = Whole({1, {}});
+  const auto text = [&](RegisterColumn column, std::uint32_t row) {
+    const RegisterRow& cells = all[row];
+    switch (column) {
+      case RegisterColumn::Payee:
+        return FoldCase(cells.payee);
+      case RegisterColumn::Category:
+        return FoldCase(cells.category);
+      case RegisterColumn::Payment:
+        return FoldCase(cells.payment);
+      case RegisterColumn::Reference:
+        return FoldCase(cells.reference);
+      case RegisterColumn::Description:
+        return FoldCase(cells.description);
+      default:
+        return cells.status;
+    }
+  };
+  const auto number = [&](RegisterColumn column, std::uint32_t row) {
+    if (column == RegisterColumn::Balance) return all[row].balance;
+    const bool isIn = all[row].amount >= 0;
+    return isIn == (column == RegisterColumn::PaidIn) ? all[row].amount : -1e9;
+  };
+  for (int index = 1; index <= static_cast<int>(RegisterColumn::Balance); ++index) {
+    const auto column = static_cast<RegisterColumn>(index);
+    const bool isNumber = column >= RegisterColumn::PaidOut;
+    for (const bool isDescending : {false, true}) {
+      std::vector<std::uint32_t> expected(all.size());
+      for (std::uint32_t row = 0; row < all.size(); ++row) expected[row] = row;
+      std::ranges::stable_sort(expected, [&](std::uint32_t a, std::uint32_t b) {
+        if (isDescending) std::swap(a, b);
+        return isNumber ? number(column, a) < number(column, b) : text(column, a) < text(column, b);
+      });
+      EXPECT_EQ(SortedRegister(rows, column, isDescending), expected) << index << isDescending;
+    }
+  }
+}
+
+TEST_F(RegisterOnDemand, ReadsNoMoreOnceTheDataHaveChanged) {
+  RegisterShelf shelf;
+  const auto rows = shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt);
+  rows->ReadOn(5);
+  EXPECT_EQ(shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt), rows) << "kept";
+  EXPECT_NE(shelf.Take(Ledger().Store(), {2, {}}, 5, std::nullopt), rows);
+  Run("DELETE FROM tblTransactions WHERE TransactionID < 200");
+  EXPECT_FALSE(rows->IsCurrent());
+  rows->ReadAll();
+  EXPECT_EQ(rows->FirstRead(), rows->Count() - 5);
+  EXPECT_EQ(rows->Entry(0).transactionId, 0) << "nothing half true";
+  const auto now = shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt);
+  EXPECT_NE(now, rows);
+  EXPECT_EQ(now->Count(), Whole({1, {}}).size());
+  const Transaction open = Ledger().Store().Begin();
+  EXPECT_FALSE(now->IsCurrent()) << "what is not kept yet may never be";
+}
+
+}  // namespace
+}  // namespace corvanta
