@@ -3,8 +3,8 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Session.h"
-#include "entry/EntryRules.h"
 #include "entry/ScheduleEditor.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>

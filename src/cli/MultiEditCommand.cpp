@@ -3,8 +3,8 @@
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
 #include "cli/Session.h"
-#include "entry/EntryRules.h"
 #include "entry/MultiEditor.h"
+#include "ledger/CategoryPath.h"
 
 #include <CLI/CLI.hpp>
 

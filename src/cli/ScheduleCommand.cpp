@@ -6,6 +6,7 @@
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
@@ -23,7 +24,7 @@ namespace {
 constexpr const char* kTitle = "Schedule";
 
 std::string CategoryText(const ScheduleDetails& row) {
-  return row.subCategory.empty() ? row.category : row.category + ":" + row.subCategory;
+  return CategoryPath(row.category, row.subCategory);
 }
 
 // As the options say it; empty for a schedule without such a rule.

@@ -58,7 +58,7 @@ std::vector<AllocationForm> AllocationEditor::Lines() {
 }
 
 std::string AllocationEditor::CategoryText(const AllocationForm& line) {
-  return line.subCategory.empty() ? line.category : line.category + ":" + line.subCategory;
+  return CategoryPath(line.category, line.subCategory);
 }
 
 double AllocationEditor::Settled(double amount) const {
@@ -82,7 +82,7 @@ AllocationForm AllocationEditor::New() {
 }
 
 std::optional<Warning> AllocationEditor::Check(const AllocationForm& line) {
-  if (auto warning = CheckCategory(line.category, line.subCategory, true)) return warning;
+  if (auto warning = CheckCategoryOf(ledger_, line, true)) return warning;
   if (line.amount.value_or(0) == 0) {
     return Warning{kSaveWarning, kInvalidShare, "txtAmount"};
   }
@@ -99,7 +99,8 @@ std::optional<Warning> AllocationEditor::Check(const AllocationForm& line) {
 }
 
 bool AllocationEditor::AgreeToCategory(const AllocationForm& line) {
-  return corvanta::AgreeToCategory(ledger_, platform_.prompts, line.category, line.subCategory,
+  const CategoryName name = CategoryOf(ledger_, line.category, line.subCategory);
+  return corvanta::AgreeToCategory(ledger_, platform_.prompts, name.category, name.subCategory,
                                    KindOf(line));
 }
 
@@ -108,6 +109,7 @@ std::int64_t AllocationEditor::Write(AllocationForm line) {
        {&line.category, &line.subCategory, &line.description, &line.reference}) {
     TrimText(*text);
   }
+  TakeCategoryPath(ledger_, line);
   const UndoLog::Step step = ledger_.Undo().Begin("Allocate Item");
   Transaction all = ledger_.Store().Begin();
   const std::int64_t category =
@@ -167,9 +169,12 @@ void AllocationEditor::RestoreTotal() {
 
 bool AllocationEditor::AgreeToRemaining(double remaining) {
   if (remaining == 0) return true;
+  // Whoever presses Enter does not mean to make an income of an expense.
+  const bool turnsRound = Settled(Total() - remaining) * Total() < 0;
   return platform_.prompts.Ask(
       "Exit Allocate Items?",
-      "Allocated items do not match total amount. Do you want to update the total amount?");
+      "Allocated items do not match total amount. Do you want to update the total amount?",
+      turnsRound ? Icon::Warning : Icon::Question);
 }
 
 }  // namespace corvanta

@@ -33,8 +33,8 @@ std::optional<Warning> CheckPayee(const std::string& payee, bool isNeeded) {
   return NameTooLong(payee, "Payee must be less than 100 characters long", "cmbPayee");
 }
 
-std::optional<Warning> CheckCategory(const std::string& category, const std::string& subCategory,
-                                     bool isNeeded) {
+std::optional<Warning> CheckCategory(const CategoryName& name, bool isNeeded) {
+  const auto& [category, subCategory] = name;
   if (isNeeded) {
     if (auto warning = Missing(category, "You need to enter a Category", "cmbCategory")) {
       return warning;
@@ -62,12 +62,6 @@ std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accoun
   return Warning{title, kAccountClosed, field};
 }
 
-CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text) {
-  const std::size_t colon = text.find(':');
-  if (colon == std::string::npos || ledger.FindCategory(text, {}) != 0) return {text, {}};
-  return {text.substr(0, colon), text.substr(colon + 1)};
-}
-
 bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& category,
                      const std::string& subCategory, int type) {
   if (ledger.FindCategory(category, subCategory) != 0) return true;
@@ -77,7 +71,7 @@ bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& c
   const auto parent =
       RowOf(ledger.Categories(), &CategoryRecord::categoryId, ledger.FindCategory(main, {}));
   const bool isIncome = (parent ? parent->type : type) > 0;
-  return prompts.Ask("Add Category?", "The category '" + (sub.empty() ? main : main + ":" + sub) +
+  return prompts.Ask("Add Category?", "The category '" + CategoryPath(main, sub) +
                                           "' does not exist. Do you wish to add it as an " +
                                           (isIncome ? "income" : "expense") + " category?");
 }

@@ -1,12 +1,14 @@
 // Rules and questions that the editors of entries share.
 #pragma once
 
+#include "ledger/CategoryPath.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace corvanta {
 
@@ -26,8 +28,13 @@ inline constexpr const char* kSignedAmount =
 // For a payment type that is empty, where it is needed, or too long.
 [[nodiscard]] std::optional<Warning> CheckPayment(const std::string& payment, bool isNeeded);
 [[nodiscard]] std::optional<Warning> CheckPayee(const std::string& payee, bool isNeeded);
-[[nodiscard]] std::optional<Warning> CheckCategory(const std::string& category,
-                                                   const std::string& subCategory, bool isNeeded);
+[[nodiscard]] std::optional<Warning> CheckCategory(const CategoryName& name, bool isNeeded);
+// The same for the category of a form, which may be typed as a path.
+template <typename Form>
+[[nodiscard]] std::optional<Warning> CheckCategoryOf(clsCorvanta& ledger, const Form& form,
+                                                     bool isNeeded) {
+  return CheckCategory(CategoryOf(ledger, form.category, form.subCategory), isNeeded);
+}
 // For a reference or a description that its column cannot hold.
 [[nodiscard]] std::optional<Warning> CheckTexts(clsCorvanta& ledger, const std::string& reference,
                                                 const std::string& description);
@@ -35,13 +42,13 @@ inline constexpr const char* kSignedAmount =
 [[nodiscard]] std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accountId,
                                                       const char* title, const char* field);
 
-// A category as it is typed in one piece: "Category" or "Category:SubCategory".
-struct CategoryName {
-  std::string category;
-  std::string subCategory;
-};
-// The two names. A category whose own name has a colon in it is found by its whole name.
-[[nodiscard]] CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text);
+// The names of the form's category, also where both were typed into the first field.
+template <typename Form>
+void TakeCategoryPath(clsCorvanta& ledger, Form& form) {
+  CategoryName name = CategoryOf(ledger, form.category, form.subCategory);
+  form.category = std::move(name.category);
+  form.subCategory = std::move(name.subCategory);
+}
 
 // Whether the category may be used: it is there, or the person agrees to make it, as an income for
 // a `type` above 0 and as an expense otherwise. Makes nothing.

@@ -3,6 +3,7 @@
 #include "controls/CommandEdge.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
+#include "ledger/CategoryPath.h"
 
 #include <QLineEdit>
 
@@ -13,6 +14,12 @@ std::vector<PickItem> ItemsOf(const std::vector<std::string>& names) {
   std::vector<PickItem> items;
   for (const std::string& name : names) items.push_back({0, ToQt(name)});
   return items;
+}
+
+// In the letters of the list where the name is there.
+void SetName(PickBox& box, const std::string& name) {
+  const int item = box.findText(ToQt(name), Qt::MatchFixedString);
+  box.setEditText(item >= 0 ? box.itemText(item) : ToQt(name));
 }
 
 }  // namespace
@@ -53,9 +60,21 @@ void FrmCategoryBoxes::FillSubCategories() {
   subCategory_.SetItems(ItemsOf(SubCategoryNames(ledger_, Category())));
 }
 
+// What was typed as lists show it goes into the two boxes.
+bool FrmCategoryBoxes::TakePath() {
+  const std::string typed = Category();
+  const CategoryName name = CategoryOf(ledger_, typed, SubCategory());
+  if (name.category == typed) return false;
+  SetName(category_, name.category);
+  FillSubCategories();
+  SetName(subCategory_, name.subCategory);
+  return true;
+}
+
 // A sub-category that was picked below another category goes; one that was typed stays.
 void FrmCategoryBoxes::TakeCategory() {
   RunCommand(prompts_, [this] {
+    if (TakePath()) return;
     const QString former = subCategory_.currentText();
     const bool wasPicked = subCategory_.findText(former, Qt::MatchFixedString) >= 0;
     FillSubCategories();

@@ -16,7 +16,8 @@ class clsCorvanta;
 // Another list below the box's text.
 void FillBox(PickBox& box, const std::vector<EntryChoice>& choices);
 
-// The boxes of a category and its sub-category: the second offers what the first has.
+// The boxes of a category and its sub-category: the second offers what the first has. A path
+// ("Category:SubCategory") that is typed into the first one fills both.
 class FrmCategoryBoxes : public QObject {
  public:
   // All must outlive this object, but for its parent.
@@ -31,6 +32,8 @@ class FrmCategoryBoxes : public QObject {
  private:
   void FillSubCategories();
   void TakeCategory();
+  // Whether the first box held a path.
+  bool TakePath();
 
   clsCorvanta& ledger_;
   Prompts& prompts_;

@@ -20,9 +20,9 @@ bool IsEmpty(const std::string& text) {
   return Trim(text).empty();
 }
 
-bool ChangesNothing(const MultiEditForm& form) {
+bool ChangesNothing(const MultiEditForm& form, const CategoryName& name) {
   return form.type == TypeChange::None && form.accountId == 0 && IsEmpty(form.payment) &&
-         IsEmpty(form.payee) && IsEmpty(form.category);
+         IsEmpty(form.payee) && IsEmpty(name.category);
 }
 
 // Whether a closed account holds one of them.
@@ -41,7 +41,8 @@ bool AreClosed(clsCorvanta& ledger, clsCorvanta::Keys keys) {
 }  // namespace
 
 std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta::Keys keys) {
-  if (ChangesNothing(form)) {
+  const CategoryName name = CategoryOf(ledger_, form.category, form.subCategory);
+  if (ChangesNothing(form, name)) {
     return Warning{kSaveWarning,
                    "You need to select at least one from Type, Payment Type, Account, Payee or "
                    "Category",
@@ -49,9 +50,9 @@ std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta
   }
   if (auto warning = CheckPayment(form.payment, false)) return warning;
   if (auto warning = CheckPayee(form.payee, false)) return warning;
-  if (auto warning = CheckCategory(form.category, form.subCategory, false)) return warning;
-  if (!IsEmpty(form.subCategory)) {
-    if (auto warning = CheckCategory(form.category, form.subCategory, true)) return warning;
+  if (auto warning = CheckCategory(name, false)) return warning;
+  if (!IsEmpty(name.subCategory)) {
+    if (auto warning = CheckCategory(name, true)) return warning;
   }
   if (AreClosed(ledger_, keys)) return Warning{kAmendItem, kAccountClosed, {}};
   return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
@@ -60,6 +61,7 @@ std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta
 std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, clsCorvanta::Keys keys) {
   TrimText(form.category);
   TrimText(form.subCategory);
+  TakeCategoryPath(ledger_, form);
   const int kind = form.type == TypeChange::Income ? 1 : -1;
   if (!form.category.empty() &&
       !AgreeToCategory(ledger_, platform_.prompts, form.category, form.subCategory, kind)) {

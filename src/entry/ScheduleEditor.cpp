@@ -170,7 +170,7 @@ std::optional<Warning> ScheduleEditor::Check(const ScheduleForm& form) {
   if (!IsTransfer(form)) {
     if (auto warning = CheckPayee(form.payee, true)) return warning;
   }
-  if (auto warning = CheckCategory(form.category, form.subCategory, true)) return warning;
+  if (auto warning = CheckCategoryOf(ledger_, form, true)) return warning;
   if (IsTransfer(form) && form.accountToId == 0) {
     return fails("You need to select an Account / Transfer To", "cmbAccountTo");
   }
@@ -222,6 +222,7 @@ std::int64_t ScheduleEditor::Save(ScheduleForm form) {
                             &form.reference, &form.description}) {
     TrimText(*text);
   }
+  TakeCategoryPath(ledger_, form);
   if (!AskAll(form)) return 0;
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.scheduleId == 0 ? "Add Schedule" : "Edit Schedule");

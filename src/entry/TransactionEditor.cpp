@@ -61,6 +61,7 @@ std::optional<TransactionForm> LoadTransaction(clsCorvanta& ledger, std::int64_t
   form.description = row->description;
   form.status = StatusFrom(row->status);
   form.hasLines = row->hasLines;
+  if (row->hasLines) form.lines = ledger.SplitLines(row->transactionId).size();
   form.transferId = row->transferId;
   form.scheduleId = row->scheduleId;
   if (row->transferId != 0) {
@@ -148,7 +149,7 @@ std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
   if (!form.IsTransfer()) {
     if (auto warning = CheckPayee(form.payee, true)) return warning;
   }
-  if (auto warning = CheckCategory(form.category, form.subCategory, true)) return warning;
+  if (auto warning = CheckCategoryOf(ledger_, form, true)) return warning;
   if (form.IsTransfer() && form.accountToId == 0) {
     return fails("You need to select an Account / Transfer To", "cmbAccountTo");
   }

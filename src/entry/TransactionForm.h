@@ -3,6 +3,7 @@
 #include "ledger/TransactionStatus.h"
 #include "platform/Date.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -53,6 +54,7 @@ struct TransactionForm {
 
   // As it was loaded.
   bool hasLines = false;
+  std::size_t lines = 0;        // into how many it is split
   bool isToHalf = false;        // the row that is edited is the To half of its transfer
   std::int64_t transferId = 0;  // the half of the transfer that is not edited
   std::int64_t scheduleId = 0;  // the schedule that posted the row

@@ -79,6 +79,7 @@ std::int64_t TransactionEditor::Save(TransactionForm form) {
                             &form.reference, &form.description}) {
     TrimText(*text);
   }
+  TakeCategoryPath(ledger_, form);
   if (!AskAll(form)) return 0;
   const double amountTo = form.IsTransfer() ? AmountTo(form) : 0;
   const UndoLog::Step step =

@@ -1,5 +1,6 @@
 #include "reference/CategoryEditor.h"
 
+#include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
@@ -28,11 +29,18 @@ std::optional<Warning> CheckBudget(const CategoryForm& form) {
   return std::nullopt;
 }
 
+// A new category may be typed as lists show it.
+void TakePath(clsCorvanta& ledger, CategoryForm& form) {
+  if (form.categoryId != 0 || !Trim(form.subCategory).empty()) return;
+  CategoryName name = CategoryOf(ledger, form.category, form.subCategory);
+  form.category = std::move(name.category);
+  form.subCategory = std::move(name.subCategory);
+}
+
 }  // namespace
 
 std::string FullName(const CategoryRecord& category) {
-  return category.subCategory.empty() ? category.category
-                                      : category.category + ":" + category.subCategory;
+  return CategoryPath(category.category, category.subCategory);
 }
 
 std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
@@ -42,7 +50,8 @@ std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
                       row->budget,     row->periodId, row->description};
 }
 
-std::optional<Warning> CategoryEditor::Check(const CategoryForm& form) {
+std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
+  TakePath(ledger_, form);
   if (auto warning = Missing(form.category, "You need to enter a Category", "cmbCategory"))
     return warning;
   if (auto warning = NameTooLong(form.category, "Category must be less than 100 characters long",
@@ -104,6 +113,7 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   TrimText(form.category);
   TrimText(form.subCategory);
   TrimText(form.description);
+  TakePath(ledger_, form);
   const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
   const bool isMain = form.subCategory.empty();
   const auto main = RowOf(ledger_.Categories(), &CategoryRecord::categoryId,

@@ -35,7 +35,7 @@ class CategoryEditor {
   [[nodiscard]] std::optional<CategoryForm> Load(std::int64_t key);
   // The first rule that is broken. "Credit" and "Debit" keep their names: transfers find them by
   // those.
-  [[nodiscard]] std::optional<Warning> Check(const CategoryForm& form);
+  [[nodiscard]] std::optional<Warning> Check(CategoryForm form);
   // Writes what Check accepts, as one step that can be undone. A main category with another name is
   // asked about: Yes takes its sub-categories along. A new sub-category brings its main category
   // with it where there is none, and is of its type where none was chosen. Returns the key, 0 when

@@ -108,6 +108,18 @@ TEST_F(MultiEditing, ReversingKeepsTransfersAndTakesLinesAlong) {
   EXPECT_EQ(Row(line).status, FlagsOf(TransactionStatus::Cleared));
 }
 
+TEST_F(MultiEditing, ACategoryMayBeTypedAsListsShowIt) {
+  const std::int64_t key = AddRow(bank_, -5);
+  MultiEditForm form;
+  form.category = "gifts : cards";
+  Save(form, {key});
+  EXPECT_EQ(Row(key).category + "/" + Row(key).subCategory, "Gifts/Cards");
+  form.category = ":Cards";
+  EXPECT_EQ(editor_.Check(form, {{key}})->text,
+            "You need to select at least one from Type, "
+            "Payment Type, Account, Payee or Category");
+}
+
 TEST_F(MultiEditing, StoppedOnTheWayNothingIsWrittenNotEvenAName) {
   const std::vector<std::int64_t> keys = {AddRow(bank_, -5), AddRow(bank_, -6), AddRow(bank_, -7)};
   MultiEditForm form = Reverse();

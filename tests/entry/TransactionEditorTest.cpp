@@ -278,6 +278,7 @@ TEST_F(TransactionEditing, EitherHalfOfATransferIsEdited) {
   form = *editor_.Load(to);
   form.description = "other words";
   form.accountToId = euro_;
+  rates_.Answer(1);
   Save(form);
   EXPECT_EQ(Row(from).description, "own words");
   EXPECT_EQ(Row(to).accountId, euro_);
@@ -425,6 +426,20 @@ TEST_F(TransactionEditing, WhatArrivesFollowsRulesOfItsOwn) {
   });
   EXPECT_FALSE(check(cash_, 25));
   EXPECT_FALSE(check(euro_, 26));
+}
+
+TEST_F(TransactionEditing, ACategoryMayBeTypedAsListsShowIt) {
+  TransactionForm form = Form(EntryType::Expense, 25);
+  form.category = "Shopping:food";
+  form.subCategory = "Stale";
+  EXPECT_EQ(Row(Save(form)).subCategory, "Food");
+  form.category = ":Food";
+  ExpectWarnings({{editor_.Check(form), "You need to enter a Category", "cmbCategory"}});
+  // A name of an import that has a colon of its own is found by it.
+  ledger_.FindOrCreateCategory("Account:Savings", {}, -1);
+  form.category = "account:savings";
+  form.subCategory.clear();
+  EXPECT_EQ(Row(Save(form)).category, "Account:Savings");
 }
 
 TEST_F(TransactionEditing, WhatIsNoAmountIsNotSavedAsNothing) {

@@ -74,6 +74,13 @@ TEST_F(Categories, ASubCategoryTakesTheTypeOfItsMainOne) {
   EXPECT_EQ(editor_.Load(CategoryKey("Hobby"))->type, 1);
 }
 
+TEST_F(Categories, ANewOneMayBeTypedAsListsShowIt) {
+  const CategoryForm twice{0, "food:dining", "", 0, 0, 0, {}};
+  EXPECT_EQ(editor_.Check(twice)->text, "Sub category already exists");
+  EXPECT_EQ(Name(editor_.Save({0, "food: Picnics", "", 0, 0, 0, {}})), "Food:Picnics");
+  EXPECT_EQ(Count("tblCategory Where Category LIKE '%:%'"), 0);
+}
+
 TEST_F(Categories, AMainCategoryThatBecomesASubCategoryLeavesOneBehind) {
   editor_.Save({food_, "Food", "Staples", -1, 0, 0, {}});
   EXPECT_EQ(Name(food_), "Food:Staples");
