@@ -5,6 +5,8 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <unordered_set>
 #include <utility>
 
 namespace corvanta {
@@ -20,6 +22,12 @@ char LowerAscii(char c) {
 bool SameName(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                     [](char x, char y) { return LowerAscii(x) == LowerAscii(y); });
+}
+
+std::string Folded(std::string_view name) {
+  std::string folded(name);
+  std::transform(folded.begin(), folded.end(), folded.begin(), LowerAscii);
+  return folded;
 }
 
 // Keys are written with any number of backslashes between and around their parts.
@@ -103,7 +111,7 @@ void RegistryText::ParseLine(std::string_view line, std::size_t& current) {
       current = static_cast<std::size_t>(known - sections_.data());
       return;
     }
-    sections_.push_back({key, key.empty() ? std::string(trimmed) : std::string(), {}});
+    AddSection({key, key.empty() ? std::string(trimmed) : std::string(), {}, {}});
     current = sections_.size() - 1;
     return;
   }
@@ -113,15 +121,32 @@ void RegistryText::ParseLine(std::string_view line, std::size_t& current) {
     section.lines.push_back({false, {}, std::string(trimmed)});
     return;
   }
-  Line value{true, Unescape(Trim(trimmed.substr(0, equals))),
-             Unescape(Trim(trimmed.substr(equals + 1)))};
-  for (Line& known : section.lines) {
-    if (known.isValue && SameName(known.name, value.name)) {
-      known.value = value.value;
-      return;
-    }
+  Put(section, Unescape(Trim(trimmed.substr(0, equals))),
+      Unescape(Trim(trimmed.substr(equals + 1))));
+}
+
+RegistryText::Section& RegistryText::AddSection(Section section) {
+  if (section.IsReadable()) keys_.emplace(Folded(section.key), sections_.size());
+  return sections_.emplace_back(std::move(section));
+}
+
+bool RegistryText::Put(Section& section, std::string name, std::string value) {
+  const auto [place, isNew] = section.values.emplace(Folded(name), section.lines.size());
+  if (isNew) {
+    section.lines.push_back({true, std::move(name), std::move(value)});
+    return true;
   }
-  section.lines.push_back(std::move(value));
+  Line& line = section.lines[place->second];
+  if (line.value == value) return false;
+  line.value = std::move(value);
+  return true;
+}
+
+void RegistryText::IndexValues(Section& section) {
+  section.values.clear();
+  for (std::size_t i = 0; i < section.lines.size(); ++i) {
+    if (section.lines[i].isValue) section.values.emplace(Folded(section.lines[i].name), i);
+  }
 }
 
 std::string RegistryText::ToText() const {
@@ -143,11 +168,8 @@ std::string RegistryText::ToText() const {
 }
 
 const RegistryText::Section* RegistryText::FindSection(std::string_view key) const {
-  const std::string normal = NormalKey(key);
-  for (const Section& section : sections_) {
-    if (section.IsReadable() && SameName(section.key, normal)) return &section;
-  }
-  return nullptr;
+  const auto place = keys_.find(Folded(NormalKey(key)));
+  return place == keys_.end() ? nullptr : &sections_[place->second];
 }
 
 RegistryText::Section* RegistryText::FindSection(std::string_view key) {
@@ -157,10 +179,9 @@ RegistryText::Section* RegistryText::FindSection(std::string_view key) {
 std::optional<std::string> RegistryText::Read(std::string_view key, std::string_view name) const {
   const Section* section = FindSection(key);
   if (section == nullptr) return std::nullopt;
-  for (const Line& line : section->lines) {
-    if (line.isValue && SameName(line.name, name)) return line.value;
-  }
-  return std::nullopt;
+  const auto place = section->values.find(Folded(name));
+  if (place == section->values.end()) return std::nullopt;
+  return section->lines[place->second].value;
 }
 
 std::vector<std::string> RegistryText::ValueNames(std::string_view key) const {
@@ -176,14 +197,13 @@ std::vector<std::string> RegistryText::ValueNames(std::string_view key) const {
 std::vector<std::string> RegistryText::SubKeys(std::string_view key) const {
   const std::string above = NormalKey(key);
   std::vector<std::string> names;
+  std::unordered_set<std::string> known;
   for (const Section& section : sections_) {
     if (!section.IsReadable() || !IsWithin(section.key, above)) continue;
     const std::size_t start = above.empty() ? 0 : above.size() + 1;
     if (start >= section.key.size()) continue;
-    const std::string name = section.key.substr(start, section.key.find('\\', start) - start);
-    const bool isKnown = std::any_of(names.begin(), names.end(),
-                                     [&](const std::string& n) { return SameName(n, name); });
-    if (!isKnown) names.push_back(name);
+    std::string name = section.key.substr(start, section.key.find('\\', start) - start);
+    if (known.insert(Folded(name)).second) names.push_back(std::move(name));
   }
   return names;
 }
@@ -197,33 +217,31 @@ bool RegistryText::HasContent() const {
 
 bool RegistryText::Write(std::string_view key, std::string_view name, std::string_view value) {
   Section* section = FindSection(key);
-  if (section == nullptr) {
-    sections_.push_back({NormalKey(key), {}, {}});
-    section = &sections_.back();
-  }
-  for (Line& line : section->lines) {
-    if (!line.isValue || !SameName(line.name, name)) continue;
-    if (line.value == value) return false;
-    line.value = value;
-    return true;
-  }
-  section->lines.push_back({true, std::string(name), std::string(value)});
-  return true;
+  if (section == nullptr) section = &AddSection({NormalKey(key), {}, {}, {}});
+  return Put(*section, std::string(name), std::string(value));
 }
 
 bool RegistryText::DeleteValue(std::string_view key, std::string_view name) {
   Section* section = FindSection(key);
   if (section == nullptr) return false;
-  return std::erase_if(section->lines, [&](const Line& line) {
-           return line.isValue && SameName(line.name, name);
-         }) > 0;
+  const auto place = section->values.find(Folded(name));
+  if (place == section->values.end()) return false;
+  section->lines.erase(section->lines.begin() + static_cast<std::ptrdiff_t>(place->second));
+  IndexValues(*section);
+  return true;
 }
 
 bool RegistryText::DeleteKey(std::string_view key) {
   const std::string above = NormalKey(key);
-  return std::erase_if(sections_, [&](const Section& section) {
-           return section.IsReadable() && IsWithin(section.key, above);
-         }) > 0;
+  const std::size_t erased = std::erase_if(sections_, [&](const Section& section) {
+    return section.IsReadable() && IsWithin(section.key, above);
+  });
+  if (erased == 0) return false;
+  keys_.clear();
+  for (std::size_t i = 0; i < sections_.size(); ++i) {
+    if (sections_[i].IsReadable()) keys_.emplace(Folded(sections_[i].key), i);
+  }
+  return true;
 }
 
 }  // namespace corvanta

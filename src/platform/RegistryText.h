@@ -1,8 +1,10 @@
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 namespace corvanta {
@@ -44,15 +46,22 @@ class RegistryText {
     std::string key;
     std::string heading;  // of a section that cannot be understood: its heading as it stands
     std::vector<Line> lines;
+    std::unordered_map<std::string, std::size_t> values;  // by folded name, the value's line
     [[nodiscard]] bool IsReadable() const { return heading.empty() && !key.empty(); }
   };
 
   void ParseLine(std::string_view line, std::size_t& current);
   [[nodiscard]] const Section* FindSection(std::string_view key) const;
   [[nodiscard]] Section* FindSection(std::string_view key);
+  // The section at its end, of which there was none yet.
+  Section& AddSection(Section section);
+  // False when the section has the value already.
+  static bool Put(Section& section, std::string name, std::string value);
+  static void IndexValues(Section& section);
 
   // The first section has no key and holds what stands above the first heading.
   std::vector<Section> sections_{Section{}};
+  std::unordered_map<std::string, std::size_t> keys_;  // by folded key, the section
 };
 
 }  // namespace corvanta

@@ -217,6 +217,28 @@ TEST_F(FileRegistryTest, APipeInItsPlaceIsRefusedAndLeft) {
   EXPECT_TRUE(std::filesystem::is_fifo(userFile_));
 }
 
+// As many as no program writes: time that grows with their square would be hours.
+TEST_F(FileRegistryTest, ManyKeysAndValuesAreReadInOneGo) {
+  constexpr int kMany = 200'000;
+  std::string text;
+  for (int i = 0; i < kMany; ++i) text += "[Many\\Key " + std::to_string(i) + "]\nA=1\n";
+  text += "[Values]\n";
+  for (int i = 0; i < kMany; ++i)
+    text += "Name " + std::to_string(i) + "=" + std::to_string(i) + "\n";
+  files_.CreateFolder(folder_.Path("profile"));
+  folder_.Write("profile/registry.txt", text);
+  FileRegistry registry = Open();
+  registry.Write(kUser, "VALUES", "NAME 7", "seven");
+  registry.DeleteValue(kUser, "Values", "Name 8");
+  registry.DeleteKey(kUser, "Many\\key 9");
+  EXPECT_EQ(registry.SubKeys(kUser, "many").size(), kMany - 1U);
+  EXPECT_EQ(registry.ValueNames(kUser, "values").size(), kMany - 1U);
+  EXPECT_EQ(registry.Read(kUser, "Values", "Name 7"), "seven");
+  EXPECT_EQ(registry.Read(kUser, "Values", "Name 8"), std::nullopt);
+  EXPECT_EQ(registry.Read(kUser, "Values", "Name 9"), "9");
+  EXPECT_EQ(registry.Read(kUser, "Many\\Key 10", "a"), "1");
+}
+
 TEST_F(FileRegistryTest, LinkedFileStaysALink) {
   const std::string target = folder_.Write("elsewhere.txt", "[Software]\nA=1\n");
   files_.CreateFolder(folder_.Path("profile"));
