@@ -192,15 +192,17 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
 // stand there.
 void FrmMain::ShowUncleared(const std::shared_ptr<RegisterRows>& rows) {
   constexpr std::size_t kAtOnce = 20000;
-  const auto show = [this, rows] {
-    uncleared_->setText(ToQt(UnclearedText(rows->UnclearedCount())));
+  const auto show = [this](RegisterRows& of) {
+    uncleared_->setText(ToQt(UnclearedText(of.UnclearedCount())));
     uncleared_->show();
   };
-  if (rows->Count() < kAtOnce) return show();
-  QTimer::singleShot(0, this, [this, show, rows] {
-    const bool isShown =
-        shown_.name == kTransactionShow && shown_.accountId == rows->Scope().accountId;
-    if (isShown && rows->IsCurrent()) Guard(show);
+  if (rows->Count() < kAtOnce) return show(*rows);
+  // They are let go where the data file is closed before that.
+  QTimer::singleShot(0, this, [this, show, waiting = std::weak_ptr(rows)] {
+    const auto still = waiting.lock();
+    const bool isShown = still != nullptr && shown_.name == kTransactionShow &&
+                         shown_.accountId == still->Scope().accountId;
+    if (isShown && still->IsCurrent()) Guard([&] { show(*still); });
   });
 }
 

@@ -23,13 +23,14 @@ std::string StoredDate(const std::string& stored) {
 class DayReader {
  public:
   Date Of(std::string_view stored) {
-    const std::string_view day = stored.substr(0, 10);
-    if (day != text_) {
-      text_ = day;
-      date_ = Date::FromIso(day).value_or(Date());
+    if (stored != text_) {
+      text_ = stored;
+      date_ = Date::FromIso(stored.substr(0, 10)).value_or(Date());
     }
     return date_;
   }
+  // The one read last, as it is stored.
+  [[nodiscard]] const std::string& Stored() const { return text_; }
 
  private:
   std::string text_;
@@ -103,10 +104,12 @@ std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
   Recordset rows = store_.OpenRecordset(EntriesStatement(part));
   DayReader days;
   std::size_t read = 0;
+  std::optional<std::int32_t> known;  // neighbours often have the same category, too
   for (; read < entries && entries_.size() < count_ && !rows.Eof(); rows.MoveNext()) {
     RegisterEntry entry;
     entry.categoryId = static_cast<std::int32_t>(rows.Int(3));
-    if (names.Category(entry.categoryId) == nullptr) continue;
+    if (entry.categoryId != known && names.Category(entry.categoryId) == nullptr) continue;
+    known = entry.categoryId;
     if (rows.IsNull(1) && part != Part::Undated) break;
     entry.transactionId = static_cast<std::int32_t>(rows.Int(0));
     entry.date = days.Of(rows.Text(1));
@@ -116,9 +119,9 @@ std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
     entry.transferId = static_cast<std::int32_t>(rows.Int(6));
     entry.status = StatusLetter(rows.Int(7), rows.Int(8));
     Add(entry);
-    lastDate_ = rows.Text(1);
     ++read;
   }
+  if (read > 0) lastDate_ = days.Stored();
   return read;
 }
 

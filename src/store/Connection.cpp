@@ -47,16 +47,26 @@ constexpr const char* kCreateOwnTable =
     "CREATE TABLE own_ScheduleDays (ScheduleID Counter, MonthEnd INT DEFAULT 0, "
     "Weekend INT DEFAULT 0, CONSTRAINT PK_ScheduleDays PRIMARY KEY(ScheduleID))";
 
-// Takes away a path that an earlier version made of other columns.
-void DropFormer(sqlite3* database, const AccessPath& path, const std::string& file) {
-  const StatementHandle stored =
-      Prepare(database, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?1", file);
-  sqlite3_bind_text(stored.get(), 1, path.name, -1, SQLITE_STATIC);
-  if (sqlite3_step(stored.get()) != SQLITE_ROW) return;
-  const std::string ending = std::string(" (") + path.columns + ")";
-  const bool isSame = ColumnText(stored.get(), 0).ends_with(ending);
-  sqlite3_reset(stored.get());
-  if (!isSame) Run(database, std::string("DROP INDEX \"") + path.name + "\"", file);
+std::string CreateText(const AccessPath& path) {
+  return std::string("CREATE INDEX IF NOT EXISTS \"") + path.name + "\" ON \"" + path.table +
+         "\" (" + path.columns + ")";
+}
+
+// Makes a path anew that an earlier version made of other columns. Where the disk refuses that, the
+// former one stays: the file is then merely slower.
+void RenewPath(sqlite3* database, const AccessPath& path, const std::string& file) {
+  {
+    const StatementHandle stored =
+        Prepare(database, "SELECT sql FROM sqlite_master WHERE type = 'index' AND name = ?1", file);
+    sqlite3_bind_text(stored.get(), 1, path.name, -1, SQLITE_STATIC);
+    if (sqlite3_step(stored.get()) != SQLITE_ROW) return;
+    if (ColumnText(stored.get(), 0).ends_with(std::string(" (") + path.columns + ")")) return;
+  }
+  const std::string sql = std::string("SAVEPOINT renewal; DROP INDEX \"") + path.name + "\"; " +
+                          CreateText(path) + "; RELEASE renewal";
+  if (sqlite3_exec(database, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK) return;
+  if (sqlite3_get_autocommit(database) != 0) return;
+  sqlite3_exec(database, "ROLLBACK TO renewal; RELEASE renewal", nullptr, nullptr, nullptr);
 }
 
 }  // namespace
@@ -142,9 +152,8 @@ void Connection::EnsureAccessPaths() {
   if (Table("tblSchedule") != nullptr && Table(kOwnTable) == nullptr) Execute(kCreateOwnTable);
   for (const AccessPath& path : kAccessPaths) {
     if (Table(path.table) == nullptr) continue;
-    DropFormer(impl_->Database(), path, Path());
-    const std::string sql = std::string("CREATE INDEX IF NOT EXISTS \"") + path.name + "\" ON \"" +
-                            path.table + "\" (" + path.columns + ")";
+    RenewPath(impl_->Database(), path, Path());
+    const std::string sql = CreateText(path);
     // A table of an old layout may lack the column; it is then merely slower.
     const int result = sqlite3_exec(impl_->Database(), sql.c_str(), nullptr, nullptr, nullptr);
     if (result == SQLITE_OK || result == SQLITE_ERROR) continue;

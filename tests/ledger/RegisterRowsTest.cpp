@@ -26,11 +26,11 @@ class RegisterOnDemand : public LedgerTest {
     const auto pick = [&](int most) { return static_cast<int>(chance() % most); };
     for (int i = 1; i <= kRows; ++i) {
       const std::string day = std::to_string(1 + pick(28));
-      std::string more = "PayeeID = " + std::to_string(1 + pick(4)) +
-                         ", CategoryID = " + std::to_string(pick(20) == 0 ? 999 : 1 + pick(30)) +
-                         ", BankChk = " + std::to_string(pick(2)) +
-                         ", BankRec = " + std::to_string(pick(2)) + ", Description = 'Row " +
-                         std::to_string(pick(50)) + "'";
+      std::string more =
+          "PayeeID = " + std::to_string(1 + pick(4)) +
+          ", CategoryID = " + std::to_string(pick(20) == 0 ? 999 * pick(2) : 1 + pick(30)) +
+          ", BankChk = " + std::to_string(pick(2)) + ", BankRec = " + std::to_string(pick(2)) +
+          ", Description = 'Row " + std::to_string(pick(50)) + "'";
       if (pick(9) == 0) more += ", [Date] = #01/" + day + "/2026 10:30:00#";
       AddTransaction(i, pick(5) == 0 ? 2 : 1, "01/" + day + "/2026",
                      std::to_string(pick(2000) - 1000) + ".25", more);

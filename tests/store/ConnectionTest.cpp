@@ -4,6 +4,7 @@
 #include "store/Connection.h"
 #include "store/Recordset.h"
 #include "store/StoreError.h"
+#include "store/engine/OpenFile.h"
 #include "support/FixedClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -55,6 +56,26 @@ class ConnectionFile : public testing::Test {
   FixedClock clock_;
   DataSource source_;
 };
+
+TEST_F(ConnectionFile, AnAccessPathOfFormerColumnsIsMadeAnew) {
+  const auto open = [this] { return Connection::Open(source_, clock_); };
+  open()->Execute(
+      "CREATE TABLE tblHistory (HistoryID Counter, PayeeID INT, [Date] DATETIME, CONSTRAINT "
+      "PK_History PRIMARY KEY(HistoryID))");
+  corvanta::Run(OpenFile(source_, clock_).get(), "CREATE INDEX fast_Price ON tblHistory (PayeeID)",
+                source_.path);
+  open()->EnsureAccessPaths();
+  const auto renewed = [this] {
+    return QueryNumber(OpenFile(source_, clock_).get(),
+                       "SELECT count(*) FROM sqlite_master WHERE name = 'fast_Price' AND sql LIKE "
+                       "'%Date%'",
+                       source_.path);
+  };
+  EXPECT_EQ(renewed(), 1);
+  const std::string before = Bytes();
+  open()->EnsureAccessPaths();
+  EXPECT_EQ(Bytes(), before) << "what is right is left alone";
+}
 
 TEST_F(ConnectionFile, ForeignAndDamagedFilesAreToldApart) {
   const std::string whole = Bytes();
