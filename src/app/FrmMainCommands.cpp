@@ -18,6 +18,7 @@
 #include "platform/Registry.h"
 #include "store/Connection.h"
 #include "store/SqlText.h"
+#include "store/StoreError.h"
 #include "store/opening/KeyRecovery.h"
 
 #include <QAction>
@@ -45,6 +46,14 @@ RowCount CountRows(const LedgerSession& session) {
   Connection& store = session.Ledger().Store();
   return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
           store.QueryValue("Select Max(TransactionID) from tblTransactions").Int()};
+}
+
+bool Opens(const std::string& path, const std::string& password, Platform& platform) {
+  try {
+    return OpensWith(path, password, platform);
+  } catch (const StoreError&) {
+    return false;
+  }
 }
 
 // How many of the rows up to that key are left; what was added since does not count.
@@ -263,7 +272,7 @@ void FrmMain::ShowRecoveryKey() {
   // It opens the file for whoever reads it: the one who left the window standing may be away.
   if (!session_.Passwords().Confirm(session_.Ledger().Store())) return;
   // A key is handed out for the day when nothing else is left, so it is tried before.
-  if (!OpensWith(session_.Path(), session_.Password(), platform_)) {
+  if (!Opens(session_.Path(), session_.Password(), platform_)) {
     platform_.prompts.Tell(kTitle,
                            "Another program has put another file in the place of the data file. "
                            "Open it again before you write its key down.",

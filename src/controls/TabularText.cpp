@@ -36,11 +36,13 @@ int WidthOf(const QFontMetrics& metrics, const DigitWidths& digits, const QStrin
   return width;
 }
 
-void DrawNarrower(QPainter& painter, const QRect& rect, const QString& text, int width) {
+void DrawSmaller(QPainter& painter, const QRect& rect, const QString& text, int width) {
+  if (rect.isEmpty()) return;
+  const double scale = static_cast<double>(rect.width()) / width;
   painter.save();
-  painter.translate(rect.left(), 0);
-  painter.scale(static_cast<double>(rect.width()) / width, 1);
-  DrawTabular(painter, QRect(0, rect.top(), width, rect.height()), text);
+  painter.translate(rect.topLeft());
+  painter.scale(scale, scale);
+  DrawTabular(painter, QRect(0, 0, width, static_cast<int>(rect.height() / scale)), text);
   painter.restore();
 }
 
@@ -55,7 +57,7 @@ void DrawTabular(QPainter& painter, const QRect& rect, const QString& text) {
   const QFontMetrics metrics = painter.fontMetrics();
   const DigitWidths digits = MeasureDigits(metrics);
   const int width = WidthOf(metrics, digits, text);
-  if (width > rect.width()) return DrawNarrower(painter, rect, text, width);
+  if (width > rect.width()) return DrawSmaller(painter, rect, text, width);
   if (digits.even) {
     painter.drawText(rect, Qt::AlignRight | Qt::AlignVCenter | Qt::TextSingleLine, text);
     return;

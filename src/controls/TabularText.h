@@ -13,7 +13,7 @@ namespace corvanta {
 [[nodiscard]] int TabularWidth(const QFontMetrics& metrics, const QString& text);
 
 // Draws the text at the right edge of the rectangle, in its vertical middle, with even digits. One
-// that does not fit is drawn narrower: a number cut short would be another number.
+// that does not fit is drawn smaller: a number cut short would be another number, and dots none.
 void DrawTabular(QPainter& painter, const QRect& rect, const QString& text);
 
 }  // namespace corvanta

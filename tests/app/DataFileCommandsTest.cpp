@@ -4,8 +4,10 @@
 #include "controls/ListTable.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Files.h"
+#include "store/InstallationKey.h"
 
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTimer>
 
 #include <filesystem>
@@ -71,6 +73,42 @@ TEST_F(DataFileCommands, ValidateCleansUpAndShowsTheSameViewAgain) {
           .IsNull());
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 1}));
   EXPECT_EQ(Rows(), rows);
+}
+
+TEST_F(DataFileCommands, AFileThatCannotBeValidatedStaysOpenAsItWas) {
+  OpenData();
+  session_.PostSchedules();
+  ShowWindow();
+  const int rows = Rows();
+  const auto other = WriterLock::Acquire(DataFolder() + "/Corvanta.000", "corvanta-cli validate");
+  machine_.prompts.ExpectAsk(kValidateTitle, kValidateText, true);
+  machine_.prompts.ExpectTell("Open Data File", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileValidate");
+  EXPECT_TRUE(session_.IsOpen());
+  EXPECT_EQ(Rows(), rows);
+}
+
+TEST_F(DataFileCommands, TheRecoveryKeyIsThatOfTheOpenFile) {
+  OpenData();
+  const std::string password = session_.Password();
+  machine_.files.Remove(InstallationKeyPath(machine_.Get()));
+  ShowWindow();
+  QString shown;
+  QTimer::singleShot(0, [&] {
+    auto* dialog = qobject_cast<FrmRecoveryKey*>(QApplication::activeModalWidget());
+    if (dialog == nullptr) return;
+    shown = dialog->findChild<QPlainTextEdit*>(QStringLiteral("txtKey"))->toPlainText();
+    dialog->reject();
+  });
+  Trigger("mnuFileKey");
+  EXPECT_EQ(PasswordFromRecoveryKey(shown.toStdString()), password);
+  EXPECT_FALSE(FileExists(InstallationKeyPath(machine_.Get()))) << "none is drawn for it";
+
+  // One that would not open what stands there by now is not handed out.
+  std::filesystem::rename(DataFilePath(), machine_.folder.Path("moved.dat"));
+  machine_.folder.Write("data/Corvanta.dat", std::string(8192, '?'));
+  machine_.prompts.ExpectTell("Recovery Key", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileKey");
 }
 
 TEST_F(DataFileCommands, OpenChangesToAnotherFileAndRemembersIt) {
