@@ -68,7 +68,13 @@ void FrmMain::ShowTransactionMenu(QPoint place) {
 void FrmMain::ChangeRows(const std::function<void()>& change) {
   {
     const StatusWords words(platform_.progress, "Please wait updating records...");
-    change();
+    try {
+      change();
+    } catch (...) {
+      // The command's tick has turned already, the rows have not.
+      Reload();
+      throw;
+    }
   }
   Reload();
 }

@@ -7,9 +7,11 @@
 #include "platform/Prompts.h"
 
 #include <QAbstractButton>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -207,6 +209,16 @@ QStringList FormDialog::Contents() const {
     if (!content.isNull()) contents.append(content);
   }
   return contents;
+}
+
+void FormDialog::keyPressEvent(QKeyEvent* event) {
+  if (!event->matches(QKeySequence::Cancel)) return QDialog::keyPressEvent(event);
+  if (MayDrop(windowTitle())) reject();
+}
+
+void FormDialog::closeEvent(QCloseEvent* event) {
+  if (event->spontaneous() && !MayDrop(windowTitle())) return event->ignore();
+  QDialog::closeEvent(event);
 }
 
 bool FormDialog::MayDrop(const QString& title) {

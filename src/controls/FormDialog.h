@@ -7,6 +7,8 @@
 #include <QStringList>
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 class QFormLayout;
@@ -33,6 +35,10 @@ class FormDialog : public QuietEnd<QDialog> {
   [[nodiscard]] bool IsChanged() const { return isChanged_; }
 
  protected:
+  // Escape, and the window's own way to close, ask before they drop what was typed.
+  void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+
   // A row of the form. The label carries the mnemonic; the name for assistive tools follows it. The
   // first field is where the dialog begins.
   QLabel* AddField(const QString& label, QWidget* field, const char* name);
@@ -70,7 +76,7 @@ class FormDialog : public QuietEnd<QDialog> {
 
   // What the fields hold now counts as not typed by the person.
   void KeepContents() { kept_ = Contents(); }
-  [[nodiscard]] bool IsEdited() const { return Contents() != kept_; }
+  [[nodiscard]] bool IsEdited() const { return kept_ && Contents() != *kept_; }
   // Whether what the fields hold may be replaced: nothing was typed, or the person says so.
   [[nodiscard]] bool MayDrop(const QString& title);
 
@@ -82,7 +88,7 @@ class FormDialog : public QuietEnd<QDialog> {
 
   Prompts& prompts_;
   bool isChanged_ = false;
-  QStringList kept_;
+  std::optional<QStringList> kept_;
   QVBoxLayout* page_;
   QHBoxLayout* columns_;
   QFormLayout* fields_ = nullptr;

@@ -68,9 +68,9 @@ class AllocationEditor {
   std::int64_t Write(AllocationForm line);
   // Without asking. With the last share gone the parent has the amount again that was handed over.
   void Delete(std::int64_t key);
-  // Asks when something remains. True when the dialog may close: the parent's amount is then what
-  // the data file holds for it.
-  [[nodiscard]] bool MayClose() { return AgreeToRemaining(Remaining()); }
+  // Asks when something remains of an amount that has shares. True when the dialog may close: the
+  // parent's amount is then what the data file holds for it.
+  [[nodiscard]] bool MayClose() { return Lines().empty() || AgreeToRemaining(Remaining()); }
   // The same question before shares that will come to that sum, signed, are written.
   [[nodiscard]] bool AgreeToSum(double shares) {
     return AgreeToRemaining(Settled(Total() - shares));

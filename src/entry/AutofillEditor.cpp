@@ -48,6 +48,12 @@ std::optional<AutofillForm> AutofillEditor::Load(std::int64_t key) {
   return form;
 }
 
+std::int64_t AutofillEditor::ProposeCategory(std::int64_t accountId, std::int64_t payeeId) {
+  if (payeeId == 0) return 0;
+  const auto last = ledger_.LastTransaction(accountId, payeeId);
+  return last && last->transferId == 0 && last->action == 0 ? last->categoryId : 0;
+}
+
 std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
   const auto fails = [](const char* text, const char* field) {
     return Warning{kSaveWarning, text, field};

@@ -34,6 +34,9 @@ class AutofillEditor {
   // transaction, which the full editor is for.
   [[nodiscard]] std::optional<AutofillForm> Load(std::int64_t key);
 
+  // The category of the payee's last ordinary transaction in the account; 0 without one.
+  [[nodiscard]] std::int64_t ProposeCategory(std::int64_t accountId, std::int64_t payeeId);
+
   // The first rule that is broken, about the control of that name.
   [[nodiscard]] std::optional<Warning> Check(const AutofillForm& form);
   // Writes what Check accepts, as one step that can be undone; returns the key. 0 when there is no

@@ -2,6 +2,7 @@
 
 #include "controls/AmountEdit.h"
 #include "controls/ChoiceRow.h"
+#include "controls/CommandEdge.h"
 #include "controls/DateField.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
@@ -12,6 +13,7 @@
 #include "platform/Prompts.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 
 namespace corvanta {
@@ -55,11 +57,34 @@ void FrmAccountAuto::MakeFields() {
   AddField(tr("Type:"), opType_, "opType");
   AddField(tr("&Payee:"), cmbPayee_, "cmbPayee");
   AddField(tr("Cate&gory:"), cmbCategory_, "cmbCategory");
+  connect(cmbPayee_, &QComboBox::activated, this, &FrmAccountAuto::Propose);
+  connect(cmbPayee_->lineEdit(), &QLineEdit::editingFinished, this, &FrmAccountAuto::Propose);
+  const auto chosen = [this] { isCategoryChosen_ = true; };
+  connect(cmbCategory_, &QComboBox::activated, this, chosen);
+  connect(cmbCategory_->lineEdit(), &QLineEdit::textEdited, this, chosen);
 }
 
 void FrmAccountAuto::Clear() {
   if (IsChanged() && place_.changed) place_.changed();
-  Show(editor_.New(accountId_));
+  AutofillForm form = editor_.New(accountId_);
+  if (lastDay_) form.date = *lastDay_;
+  isCategoryChosen_ = false;
+  Show(form);
+}
+
+std::int64_t FrmAccountAuto::Save() {
+  const AutofillForm form = Form();
+  const std::int64_t key = editor_.Save(form);
+  if (key != 0) lastDay_ = form.date;
+  return key;
+}
+
+void FrmAccountAuto::Propose() {
+  if (!IsNew() || isCategoryChosen_) return;
+  RunCommand(place_.platform.prompts, [this] {
+    const std::int64_t category = editor_.ProposeCategory(accountId_, cmbPayee_->Key());
+    if (category != 0) cmbCategory_->SetKey(category);
+  });
 }
 
 bool FrmAccountAuto::Load(std::int64_t key) {

@@ -4,6 +4,8 @@
 #include "entry/AutofillEditor.h"
 #include "entry/EntryDialogs.h"
 
+#include <optional>
+
 namespace corvanta {
 
 class AmountEdit;
@@ -27,7 +29,7 @@ class FrmAccountAuto : public EditorDialog {
   void Clear() override;
   bool Load(std::int64_t key) override;
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
-  std::int64_t Save() override { return editor_.Save(Form()); }
+  std::int64_t Save() override;
   bool Delete() override { return false; }
   [[nodiscard]] QString ItemName() const override;
   [[nodiscard]] QString Title() const override { return tr("Autofill Transactions"); }
@@ -36,6 +38,8 @@ class FrmAccountAuto : public EditorDialog {
   void MakeFields();
   void Show(const AutofillForm& form);
   [[nodiscard]] AutofillForm Form();
+  // The category of the payee's last transaction, until the person chooses one.
+  void Propose();
   void OpenDetails();
   void Help();
 
@@ -44,6 +48,8 @@ class FrmAccountAuto : public EditorDialog {
   AutofillEditor editor_;
   AutofillForm form_;  // what the fields were filled from
   bool isScheduleChanged_ = false;
+  bool isCategoryChosen_ = false;
+  std::optional<Date> lastDay_;  // of the transaction saved last, where the next one begins
   DateField* txtDate_;
   AmountEdit* txtAmount_;
   QLabel* lblCurrency_;

@@ -6,6 +6,7 @@
 #include "controls/DateField.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
+#include "controls/Style.h"
 #include "entry/FrmCategoryBoxes.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
@@ -31,7 +32,17 @@ FrmAccountTrans::FrmAccountTrans(const EntryPlace& place, std::int64_t accountId
   MakeFields();
   MakeTools();
   AddButtons();
+  KeepNotePlace();
   ConnectFields();
+}
+
+// The window does not move under the hand of whoever enters one transaction after the other.
+void FrmAccountTrans::KeepNotePlace() {
+  auto* note = findChild<QLabel*>(QStringLiteral("lblNote"));
+  QSizePolicy policy = note->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  note->setSizePolicy(policy);
+  note->setMinimumHeight(note->fontMetrics().lineSpacing());
 }
 
 void FrmAccountTrans::MakeFields() {
@@ -49,6 +60,9 @@ void FrmAccountTrans::MakeFields() {
 }
 
 void FrmAccountTrans::MakeArrival() {
+  // Neither amount is squeezed by the other.
+  const int wide = fontMetrics().horizontalAdvance(QStringLiteral("-10,000,000.00")) + 2 * kRhythm;
+  for (AmountEdit* amount : {txtAmount_, txtAmountTo_}) amount->setMinimumWidth(wide);
   lblArrives_->setText(QStringLiteral("→"));
   txtAmountTo_->setObjectName(QStringLiteral("txtAmountTo"));
   txtAmountTo_->setAccessibleName(tr("Amount that arrives"));
@@ -124,6 +138,7 @@ void FrmAccountTrans::Clear() {
   if (IsChanged() && place_.changed) place_.changed();
   touched_.clear();
   TransactionForm form = editor_.New(accountId_);
+  if (lastDay_) form.date = *lastDay_;
   form.status =
       static_cast<TransactionStatus>(Settings(place_.platform.registry).Choice(Setting::Payment));
   Show(form);
@@ -164,6 +179,7 @@ void FrmAccountTrans::Show(const TransactionForm& form) {
   txtDate_->SetDay(form.date);
   opPayment_->SetChoice(static_cast<int>(form.status));
   ShowSchedule();
+  ShowLines(form.lines);
 }
 
 TransactionForm FrmAccountTrans::Form() {
@@ -183,8 +199,13 @@ TransactionForm FrmAccountTrans::Form() {
 }
 
 std::int64_t FrmAccountTrans::Save() {
-  const std::int64_t key = editor_.Save(Form());
-  if (key == 0) FocusOn(editor_.DeclinedField());
+  const TransactionForm form = Form();
+  const std::int64_t key = editor_.Save(form);
+  if (key == 0) {
+    FocusOn(editor_.DeclinedField());
+  } else {
+    lastDay_ = form.date;
+  }
   return key;
 }
 

@@ -51,6 +51,7 @@ class FrmAccountTrans : public FrmEntry {
   [[nodiscard]] TransactionForm Form();
   void ShowSchedule();
   void MakeArrival();
+  void KeepNotePlace();
   // The field of what arrives stands beside the amount while there are two currencies.
   void ShowArrival();
 
@@ -69,6 +70,7 @@ class FrmAccountTrans : public FrmEntry {
   bool isScheduleChanged_ = false;
   QString proposedFor_;  // the payee
   bool isArrivalTyped_ = false;
+  std::optional<Date> lastDay_;  // of the transaction saved last, where the next one begins
   DateField* txtDate_;
   QLabel* lblArrives_;
   AmountEdit* txtAmountTo_;  // what arrives, in the other account's currency

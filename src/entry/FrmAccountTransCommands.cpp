@@ -85,6 +85,8 @@ void FrmAccountTrans::Allocate() {
     const auto row = place_.ledger.ReadTransaction(Key());
     if (!row) return;
     form_.hasLines = row->hasLines;
+    form_.lines = place_.ledger.SplitLines(Key()).size();
+    ShowLines(form_.lines);
     ReadBack(lines.isChanged, row->hasLines, row->amount);
   });
 }

@@ -53,10 +53,11 @@ FrmAccountTransMulti::FrmAccountTransMulti(clsCorvanta::Keys keys, const EntryPl
   AddAbove(count);
   MakeFields();
   MakeButtons();
+  KeepContents();
 }
 
 void FrmAccountTransMulti::MakeFields() {
-  cmbType_->addItem(QString(), static_cast<int>(TypeChange::None));
+  cmbType_->addItem(tr("Unchanged"), static_cast<int>(TypeChange::None));
   cmbType_->addItem(tr("Income"), static_cast<int>(TypeChange::Income));
   cmbType_->addItem(tr("Expense"), static_cast<int>(TypeChange::Expense));
   cmbType_->addItem(tr("Reverse"), static_cast<int>(TypeChange::Reverse));
@@ -68,12 +69,6 @@ void FrmAccountTransMulti::MakeFields() {
   for (PickBox* box : {cmbAccount_, cmbPayment_, cmbPayee_, cmbCategory_, cmbSubCategory_}) {
     box->lineEdit()->setPlaceholderText(tr("Unchanged"));
   }
-  cmbType_->setPlaceholderText(tr("Unchanged"));
-  cmbType_->setCurrentIndex(-1);
-  // The empty entry takes a choice back.
-  connect(cmbType_, &QComboBox::activated, this, [this](int index) {
-    if (index == 0) cmbType_->setCurrentIndex(-1);
-  });
   AddField(tr("Acc&ount:"), cmbAccount_, "cmbAccount");
   AddField(tr("&Type:"), cmbType_, "cmbType");
   AddField(tr("Pay&ment Type:"), cmbPayment_, "cmbPayment");

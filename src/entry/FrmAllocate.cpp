@@ -28,7 +28,8 @@ constexpr int kShownRows = 6;
 
 constexpr const char* kHelp =
     "Each part of the amount stands in the list with its category. Choose one to change it, or "
-    "type a new one: its amount is what remains, with the sign of the whole.\n\n"
+    "type a new one: its amount is what remains. What you type without a sign goes where the whole "
+    "goes; + and - say otherwise.\n\n"
     "Enter saves a part at once, Delete in the list removes the chosen one. Saved parts stay when "
     "you close the dialog, and the whole amount is what they add up to.";
 
@@ -50,6 +51,7 @@ FrmAllocate::FrmAllocate(const AllocationParent& parent, const EntryPlace& place
       txtDescription_(new QLineEdit(this)) {
   setWindowTitle(tr("Allocate Items"));
   txtAmount_->SetDecimals(CurrencyDecimals(parent.currency));
+  txtAmount_->SetSign(parent.sign);
   MakeList();
   MakeFields();
   MakeButtons();
@@ -175,7 +177,10 @@ void FrmAllocate::TakeChosen() {
   const QModelIndexList rows = lvAllocated_->selectionModel()->selectedRows();
   if (isFilling_ || rows.isEmpty()) return;
   Run([&] {
-    Show(shares_.at(static_cast<std::size_t>(rows.constFirst().row())));
+    const AllocationForm& share = shares_.at(static_cast<std::size_t>(rows.constFirst().row()));
+    Show(share);
+    txtAmount_->SetSignedAmount(share.amount.value_or(0));
+    KeepContents();
     cmdDelete_->setEnabled(true);
   });
 }

@@ -2,6 +2,7 @@
 
 #include "controls/AmountEdit.h"
 #include "controls/CommandEdge.h"
+#include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
@@ -30,12 +31,15 @@ FrmEntry::FrmEntry(const QString& name, const QString& what, const EntryPlace& p
       cmbPayment_(new PickBox(this)),
       txtAmount_(new AmountEdit(place.platform.locale, this, AmountText::Rounded)),
       lblCurrency_(new QLabel(this)),
+      lblSplit_(new MutedLabel(this)),
       txtReference_(new QLineEdit(this)),
       txtDescription_(new QLineEdit(this)) {
   for (const auto type : {EntryType::Expense, EntryType::Income, EntryType::Transfer}) {
     cmbType_->addItem(QLatin1String(TextOf(type)), static_cast<int>(type));
   }
   lblCurrency_->setObjectName(QStringLiteral("lblCurrency"));
+  lblSplit_->setObjectName(QStringLiteral("lblSplit"));
+  lblSplit_->hide();
   cmbAccountTo_->setObjectName(QStringLiteral("cmbAccountTo"));
   cmbAccountTo_->setAccessibleName(tr("To"));
   cmbAccountTo_->hide();
@@ -51,7 +55,7 @@ void FrmEntry::AddPayeeRows(const std::vector<QWidget*>& besideAmount) {
   std::vector<QWidget*> beside = besideAmount;
   beside.insert(beside.begin(), lblCurrency_);
   lblPayee_ = AddField(tr("&Payee:"), cmbPayee_, "cmbPayee", cmbAccountTo_);
-  AddField(tr("Cate&gory:"), cmbCategory_, "cmbCategory");
+  AddField(tr("Cate&gory:"), cmbCategory_, "cmbCategory", lblSplit_);
   AddField(tr("Su&b Category:"), cmbSubCategory_, "cmbSubCategory");
   AddField(tr("Pay&ment Type:"), cmbPayment_, "cmbPayment");
   AddField(tr("Am&ount:"), txtAmount_, "txtAmount", beside);
@@ -145,6 +149,11 @@ void FrmEntry::ReadBack(bool isChanged, bool hasLines, double amount) {
   if (!wasEdited) KeepContents();
 }
 
+void FrmEntry::ShowLines(std::size_t count) {
+  lblSplit_->setText(count == 1 ? tr("split, 1 part") : tr("split into %1").arg(count));
+  lblSplit_->setVisible(count > 0);
+}
+
 EntryPlace FrmEntry::Place() {
   EntryPlace place = place_;
   place.parent = this;
@@ -162,8 +171,10 @@ void FrmEntry::ShowType() {
   Relabel(*lblAccount_, isTransfer ? tr("From:") : tr("Accounts:"), *cmbAccount_);
   PickBox& whom = isTransfer ? *cmbAccountTo_ : *cmbPayee_;
   Relabel(*lblPayee_, isTransfer ? tr("To:") : tr("&Payee:"), whom);
-  cmbPayee_->setVisible(!isTransfer);
-  cmbAccountTo_->setVisible(isTransfer);
+  // One goes before the other comes: for both side by side the window would grow, and stay so.
+  PickBox& other = isTransfer ? *cmbPayee_ : *cmbAccountTo_;
+  other.hide();
+  whom.show();
 }
 
 void FrmEntry::ShowCurrency() {

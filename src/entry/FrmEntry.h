@@ -10,6 +10,7 @@ namespace corvanta {
 
 class AmountEdit;
 class FrmCategoryBoxes;
+class MutedLabel;
 class PickBox;
 
 // What the editors of transactions and of schedules have in common: the fields of an entry, and the
@@ -37,6 +38,8 @@ class FrmEntry : public EditorDialog {
   // The lines of the row have been looked at and perhaps edited: it has the amount now, signed,
   // that the data file holds.
   void ReadBack(bool isChanged, bool hasLines, double amount);
+  // Says beside the category into how many parts the row is split; nothing for 0.
+  void ShowLines(std::size_t count);
   // Where a dialog of this one is opened.
   [[nodiscard]] EntryPlace Place();
 
@@ -71,6 +74,7 @@ class FrmEntry : public EditorDialog {
   QLabel* lblAccount_ = nullptr;
   QLabel* lblPayee_ = nullptr;
   QLabel* lblCurrency_;
+  MutedLabel* lblSplit_;
   QLineEdit* txtReference_;
   QLineEdit* txtDescription_;
 };

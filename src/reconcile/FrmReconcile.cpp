@@ -12,6 +12,7 @@
 #include "reconcile/FrmReconcileProgress.h"
 #include "reconcile/FrmReconcileStatement.h"
 
+#include <QCloseEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -212,6 +213,13 @@ void FrmReconcile::SetBusy(bool isBusy) {
 }
 
 void FrmReconcile::Apply() {
+  if (!statement_->IsAmount()) {
+    platform_.prompts.Tell(std::string(kBalanceAccount),
+                           "The balance on the statement is no amount. Enter it again, or leave "
+                           "it empty to go on without it.",
+                           Icon::Information);
+    return statement_->Edit();
+  }
   SetBusy(true);
   bool isDone = false;
   Run([&] { isDone = reconciliation_.Apply(*progress_); });
@@ -227,7 +235,19 @@ void FrmReconcile::reject() {
   QDialog::reject();
 }
 
+bool FrmReconcile::MayDropTicks() {
+  return isBusy_ || !reconciliation_.IsTicking() ||
+         platform_.prompts.Ask(std::string(kBalanceAccount),
+                               "The ticks are not applied. Do you wish to drop them?");
+}
+
+void FrmReconcile::closeEvent(QCloseEvent* event) {
+  if (event->spontaneous() && !MayDropTicks()) return event->ignore();
+  QDialog::closeEvent(event);
+}
+
 void FrmReconcile::keyPressEvent(QKeyEvent* event) {
+  if (event->matches(QKeySequence::Cancel) && !MayDropTicks()) return;
   const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   // A balance that was typed is not yet the wish to write.
   if (isEnter && statement_->IsTyping()) return lvBalance_->setFocus();

@@ -59,6 +59,7 @@ class FrmReconcile : public QuietEnd<QDialog> {
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   QPushButton* MakeButton(const char* name, const QString& caption, const QString& toolTip,
@@ -94,6 +95,8 @@ class FrmReconcile : public QuietEnd<QDialog> {
   void ShowTicks();
   void ShowTotals();
   void SetBusy(bool isBusy);
+  // Whether ticks that are not applied may go: there are none, or the person says so.
+  [[nodiscard]] bool MayDropTicks();
 
   Platform& platform_;
   Reconciliation reconciliation_;

@@ -52,7 +52,18 @@ FrmReconcileStatement::FrmReconcileStatement(const Locale& locale, QWidget* pare
 void FrmReconcileStatement::Unfold(bool isUnfolded) {
   cmdStatement_->setArrowType(isUnfolded ? Qt::LeftArrow : Qt::RightArrow);
   line_->setVisible(isUnfolded);
-  if (isUnfolded) txtStatement_->setFocus();
+  if (!isUnfolded) return;
+  txtStatement_->setFocus();
+  txtStatement_->selectAll();
+}
+
+void FrmReconcileStatement::Edit() {
+  cmdStatement_->setChecked(true);
+  Unfold(true);
+}
+
+bool FrmReconcileStatement::IsAmount() const {
+  return txtStatement_->text().trimmed().isEmpty() || txtStatement_->Amount().has_value();
 }
 
 void FrmReconcileStatement::SetCurrency(const std::string& currency) {

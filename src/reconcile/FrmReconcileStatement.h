@@ -27,6 +27,10 @@ class FrmReconcileStatement : public QWidget {
   void SetCurrency(const std::string& currency);
   // To be called when the totals have changed. They must stay where they are.
   void ShowTotals(const ReconcileTotals& totals);
+  // Whether the balance is an amount, or none was entered.
+  [[nodiscard]] bool IsAmount() const;
+  // Unfolds the line, with the balance chosen to be typed over.
+  void Edit();
   // Whether the person is typing the balance.
   [[nodiscard]] bool IsTyping() const;
 

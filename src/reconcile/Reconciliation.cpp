@@ -218,6 +218,11 @@ std::optional<std::size_t> Reconciliation::RowOf(std::int64_t transactionId) con
   return static_cast<std::size_t>(found - rows_.begin());
 }
 
+bool Reconciliation::IsTicking() const {
+  return std::ranges::any_of(
+      rows_, [](const ReconcileRow& row) { return row.isTicked != row.isReconciled; });
+}
+
 void Reconciliation::SelectAll() {
   TickEvery(true);
 }

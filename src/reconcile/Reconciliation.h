@@ -110,6 +110,8 @@ class Reconciliation {
   void Tick(std::size_t row, bool isTicked);
   // The place of a transaction among the rows; nullopt when it is not there.
   [[nodiscard]] std::optional<std::size_t> RowOf(std::int64_t transactionId) const;
+  // Whether a tick was set or taken that Apply has not written.
+  [[nodiscard]] bool IsTicking() const;
   void SelectAll();
   void ClearAll();
   void Invert();

@@ -34,6 +34,9 @@ TEST_F(Auto, EachRuleIsToldInItsOrder) {
   QTest::keyClick(&Find<QWidget>(*form, "opType1"), Qt::Key_Space);
   refused("You need to select a Payee", "cmbPayee");
   Put(*form, "cmbPayee", "grocer");
+  Find<QWidget>(*form, "cmdHelp").setFocus();
+  EXPECT_EQ(TextOfField(*form, "cmbCategory"), "Shopping:Food") << "proposed";
+  Put(*form, "cmbCategory", {});
   refused("You need to select a Category/SubCategory", "cmbCategory");
   Put(*form, "cmbCategory", "Gifts");
   Prompt().ExpectTell("Save Warning", "Not enough information for Autofill Transactions");
@@ -63,6 +66,23 @@ TEST_F(Auto, TheRestIsThatOfTheLatestTransaction) {
   EXPECT_EQ(row.date.ToIso(), "2026-11-22");
   EXPECT_EQ(row.description, "second") << "of equal dates the later row";
   EXPECT_EQ(row.payment, "Card");
+}
+
+TEST_F(Auto, ThePayeesLastCategoryIsProposedAndTheDayStays) {
+  AddRow(bank_, -10);
+  const auto form = Open();
+  Keys(*form, "-");  // yesterday
+  Keys(*form, "7");
+  Keys(*form, {});
+  Keys(*form, "grocer");
+  EXPECT_EQ(TextOfField(*form, "cmbCategory"), "Shopping:Food");
+  QTest::keyClick(form->focusWidget(), Qt::Key_Return);
+  EXPECT_EQ(Row(form->SavedKey()).date.ToIso(), "2026-11-20");
+  EXPECT_EQ(TextOfField(*form, "txtDate"), "20/11/2026") << "where the next one begins";
+  Type(*form, "cmbCategory", "Gifts");
+  Type(*form, "cmbPayee", "Grocer");
+  Find<QWidget>(*form, "txtAmount").setFocus();
+  EXPECT_EQ(TextOfField(*form, "cmbCategory"), "Gifts") << "what was chosen stays";
 }
 
 TEST_F(Auto, AnExistingRowIsEditedAndTheDialogCloses) {

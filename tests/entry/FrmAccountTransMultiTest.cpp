@@ -99,5 +99,23 @@ TEST_F(Multi, DeletingAsksForOneForManyAndForNone) {
   EXPECT_EQ(Count("tblTransactions"), 0);
 }
 
+TEST_F(Multi, TheTypeIsChosenWithTheArrowKeys) {
+  const std::vector<std::int64_t> keys = {AddRow(bank_, -10), AddRow(bank_, 20)};
+  FrmAccountTransMulti form(keys, Place());
+  Show(form);
+  auto& type = Find<QComboBox>(form, "cmbType");
+  EXPECT_EQ(type.currentText(), "Unchanged");
+  type.setFocus();
+  for (const char* text : {"Income", "Expense", "Reverse"}) {
+    QTest::keyClick(&type, Qt::Key_Down);
+    EXPECT_EQ(type.currentText(), text);
+  }
+  QTest::keyClick(&type, Qt::Key_Home);
+  EXPECT_EQ(type.currentText(), "Unchanged") << "a choice is taken back";
+  QTest::keyClick(&type, Qt::Key_End);
+  QTest::keyClick(&type, Qt::Key_Return);
+  EXPECT_EQ(Row(keys[0]).amount, 10);
+}
+
 }  // namespace
 }  // namespace corvanta

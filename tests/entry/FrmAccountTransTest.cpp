@@ -140,7 +140,7 @@ TEST_F(AccountTrans, EveryColumnIsSavedAndShownAgain) {
   QTest::keyClick(&Find<QWidget>(*form, "txtReference"), Qt::Key_Return);
   EXPECT_EQ(NoteOf(*form), "“Grocer, 24.50” was saved.");
   EXPECT_EQ(TextOfField(*form, "cmbPayee"), "") << "ready for the next";
-  EXPECT_EQ(TextOfField(*form, "txtDate"), "21/11/2026");
+  EXPECT_EQ(TextOfField(*form, "txtDate"), "05/03/2026") << "the day of the last entry stays";
   const TransactionDetails row = Row(form->SavedKey());
   EXPECT_EQ(row.amount, -24.5);
   EXPECT_EQ(row.date.ToIso(), "2026-03-05");
@@ -303,6 +303,60 @@ TEST_F(AccountTrans, ATransferBetweenCurrenciesTakesItsRateOrSaysThatThereIsNone
   rates_.Answer(std::nullopt);
   Prompt().ExpectTell("Download Currency", "Could not connect to website");
   EXPECT_EQ(transfer(), 20);
+}
+
+TEST_F(AccountTrans, TheDayOfTheLastEntryStaysAndTheWindowKeepsItsSize) {
+  const auto form = Open();
+  QApplication::processEvents();
+  const QSize size = form->size();
+  Type(*form, "txtDate", "5/3/2026");
+  FillExpense(*form);
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(Row(form->SavedKey()).date.ToIso(), "2026-03-05");
+  EXPECT_EQ(TextOfField(*form, "txtDate"), "05/03/2026");
+  Pick(*form, "cmbType", "Transfer");
+  Put(*form, "cmbAccountTo", "Cash");
+  Put(*form, "cmbPayment", "Card");
+  Put(*form, "txtAmount", "20");
+  Click(*form, "cmdAccept");
+  QApplication::processEvents();
+  EXPECT_EQ(Row(form->SavedKey()).date.ToIso(), "2026-03-05");
+  EXPECT_NE(NoteOf(*form), "");
+  EXPECT_EQ(form->size(), size);
+  EXPECT_EQ(TextOfField(*Open(), "txtDate"), "21/11/2026") << "opened anew it begins with today";
+}
+
+TEST_F(AccountTrans, ASplitRowSaysIntoHowManyParts) {
+  const std::int64_t key = AddRow(bank_, -100);
+  EXPECT_FALSE(Find<QLabel>(*Open(key), "lblSplit").isVisible());
+  for (const double part : {-50, -30, -20}) AddRow(bank_, part, key);
+  const auto form = Open(key);
+  EXPECT_TRUE(Find<QLabel>(*form, "lblSplit").isVisible());
+  EXPECT_EQ(Find<QLabel>(*form, "lblSplit").text(), "split into 3");
+}
+
+TEST_F(AccountTrans, EscapeAsksBeforeAnEntryGoesAndCloseDoesNot) {
+  const char* question = "What you have typed is not saved. Do you wish to drop it?";
+  const auto form = Open();
+  QTest::keyClick(form.get(), Qt::Key_Escape);
+  EXPECT_FALSE(form->isVisible()) << "nothing was typed";
+  Show(*form);
+  Type(*form, "txtDescription", "typed");
+  Prompt().ExpectAsk("Add Transaction", question, false);
+  QTest::keyClick(form.get(), Qt::Key_Escape);
+  EXPECT_TRUE(form->isVisible());
+  Click(*form, "cmdCancel");
+  EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(AccountTrans, APathIsTakenFromTheFieldItself) {
+  const auto form = Open();
+  FillExpense(*form);
+  Put(*form, "cmbSubCategory", {});
+  Type(*form, "cmbCategory", "Gifts:Cards");
+  QTest::keyClick(&Find<QWidget>(*form, "cmbCategory"), Qt::Key_Return);
+  EXPECT_EQ(Row(form->SavedKey()).category + "/" + Row(form->SavedKey()).subCategory,
+            "Gifts/Cards");
 }
 
 TEST_F(AccountTrans, WhatArrivesIsAFieldOfItsOwn) {

@@ -104,12 +104,61 @@ TEST_F(Allocate, EachRuleIsToldInItsOrder) {
   EXPECT_EQ(FocusOf(form), "cmbCategory");
 }
 
+TEST_F(Allocate, AShareWithoutASignGoesWhereTheWholeGoes) {
+  const std::int64_t key = AddRow(bank_, -80);
+  FrmAllocate form(Parent(key, 80), Place());
+  Show(form);
+  Type(form, "txtAmount", "30+20");
+  Find<QWidget>(form, "txtReference").setFocus();
+  EXPECT_EQ(TextOfField(form, "txtAmount"), "-50.00") << "seen before it is saved";
+  Type(form, "txtAmount", "+5");
+  Find<QWidget>(form, "txtReference").setFocus();
+  EXPECT_EQ(TextOfField(form, "txtAmount"), "+5.00") << "the opposite one is said";
+  Share(form, "Gifts", "80");
+  EXPECT_EQ(Cell(form, 0, 3), "-80.00");
+  EXPECT_EQ(Row(key).amount, -80) << "no income of 80";
+  Find<QTableView>(form, "lvAllocated").selectRow(0);
+  Share(form, "Gifts", "+80");
+  Find<QTableView>(form, "lvAllocated").selectRow(0);
+  EXPECT_EQ(TextOfField(form, "txtAmount"), "+80.00") << "and stays when it is chosen again";
+  Prompt().ExpectAsk("Exit Allocate Items?", kClosing, false);
+  Click(form, "cmdCancel");
+  EXPECT_EQ(Prompt().Shown().back().icon, Icon::Warning) << "Enter does not turn the type round";
+}
+
+TEST_F(Allocate, EscapeAsksBeforeAShareThatIsNotSavedGoes) {
+  FrmAllocate form(Parent(AddRow(bank_, -80), 80), Place());
+  Show(form);
+  Type(form, "txtDescription", "for us");
+  const char* question = "What you have typed is not saved. Do you wish to drop it?";
+  Prompt().ExpectAsk("Allocate Items", question, false);
+  QTest::keyClick(&form, Qt::Key_Escape);
+  EXPECT_TRUE(form.isVisible());
+  EXPECT_EQ(TextOfField(form, "txtDescription"), "for us");
+  Prompt().ExpectAsk("Allocate Items", question, true);
+  QTest::keyClick(&form, Qt::Key_Escape);
+  EXPECT_FALSE(form.isVisible()) << "without shares there is no sum to ask about";
+}
+
+TEST_F(Allocate, APathFillsBothCategoryBoxes) {
+  const std::int64_t key = AddRow(bank_, -80);
+  FrmAllocate form(Parent(key, 80), Place());
+  Show(form);
+  Type(form, "cmbCategory", "shopping:food");
+  Find<QWidget>(form, "txtReference").setFocus();
+  EXPECT_EQ(TextOfField(form, "cmbCategory"), "Shopping");
+  EXPECT_EQ(TextOfField(form, "cmbSubCategory"), "Food");
+  Share(form, "Gifts:Cards", "30");
+  EXPECT_EQ(Cell(form, 0, 0), "Gifts:Cards");
+  EXPECT_EQ(Count("tblCategory WHERE Category LIKE '%:%'"), 0);
+}
+
 TEST_F(Allocate, AShareOfTheOtherSignIsSavedAndNamed) {
   const std::int64_t key = AddRow(bank_, -100);
   FrmAllocate form(Parent(key, 100), Place());
   Show(form);
   const auto& note = Find<QLabel>(form, "lblNote");
-  Share(form, "Gifts", "40");
+  Share(form, "Gifts", "+40");
   EXPECT_EQ(note.text(),
             "40.00 counts against the total of -100.00: shares are entered with the total's sign.");
   EXPECT_TRUE(note.isVisible());
@@ -201,7 +250,6 @@ TEST_F(Allocate, WhatWasTypedForAnExistingRowSurvivesALookAtItsSplit) {
   Show(form);
   Put(form, "txtAmount", "120");
   Put(form, "txtDescription", "typed");
-  Prompt().ExpectAsk("Exit Allocate Items?", kClosing, true);
   InNextDialog([](QDialog& split) { EXPECT_EQ(TextOfField(split, "txtAmount"), "-120.00"); });
   Click(form, "cmdAllocate");
   EXPECT_EQ(TextOfField(form, "txtAmount"), "120.00");

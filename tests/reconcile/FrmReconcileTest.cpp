@@ -330,6 +330,39 @@ TEST_F(Balancing, ApplyingShowsThatItRunsAndCanBeStopped) {
   EXPECT_TRUE(Find<QPushButton>("cmdAccept").isEnabled());
 }
 
+TEST_F(Balancing, EscapeAsksBeforeTicksGo) {
+  AddThree();
+  Open(bank_);
+  Click("cmdSelect");
+  store_.platform.prompts.ExpectAsk("Balance Account",
+                                    "The ticks are not applied. Do you wish to drop them?", false);
+  QTest::keyClick(form_.get(), Qt::Key_Escape);
+  EXPECT_TRUE(form_->isVisible());
+  Click("cmdDSelect");
+  QTest::keyClick(form_.get(), Qt::Key_Escape);
+  EXPECT_FALSE(form_->isVisible()) << "nothing would be lost";
+}
+
+TEST_F(Balancing, AStatementThatIsNoAmountIsRefused) {
+  AddThree();
+  Open(bank_);
+  Click("cmdStatement");
+  auto& field = Find<QLineEdit>("txtStatement");
+  QTest::keyClicks(&field, "1/0");
+  store_.platform.prompts.ExpectTell("Balance Account", ScriptedPrompts::kAnyText);
+  Click("cmdAccept");
+  EXPECT_TRUE(form_->isVisible());
+  EXPECT_TRUE(field.hasFocus());
+  EXPECT_EQ(field.selectedText(), "1/0");
+  QTest::keyClicks(&field, "60");
+  Click("cmdStatement");
+  Click("cmdStatement");
+  EXPECT_EQ(field.selectedText(), "60.00") << "ready to be typed over";
+  field.clear();
+  Find<QWidget>("lvBalance").setFocus();
+  EXPECT_EQ(field.text(), "") << "nothing was said";
+}
+
 TEST_F(Balancing, TheStatementLineUnfoldsAndShowsTheDifference) {
   AddThree();
   Open(bank_);
@@ -391,7 +424,6 @@ TEST_F(Balancing, WhatTheFileRefusesIsToldAndTheDialogStays) {
   Open(bank_);
   Click("cmdSelect");
   Run("ALTER TABLE tblTransactions DROP COLUMN BankRec");
-  store_.platform.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
   store_.platform.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
   Click("cmdAccept");
   EXPECT_TRUE(form_->isVisible());
