@@ -1,5 +1,6 @@
 #include "exchange/Encoding.h"
 
+#include "exchange/EncodingGuess.h"
 #include "platform/TextCase.h"
 
 #include <unicode/ucnv.h>
@@ -181,6 +182,10 @@ DecodedText DecodeText(std::string bytes, const std::string& chosen) {
     return {std::move(bytes), 0};
   }
   if (const Converter converter = OpenConverter(DeclaredIn(rest))) {
+    DecodedText decoded = Decode(*converter, rest);
+    if (decoded.replaced == 0) return decoded;
+  }
+  if (const Converter converter = OpenConverter(GuessEncoding(rest))) {
     DecodedText decoded = Decode(*converter, rest);
     if (decoded.replaced == 0) return decoded;
   }

@@ -17,7 +17,7 @@ struct DecodedText {
 
 // The bytes as text. A chosen encoding holds whatever the bytes say. Otherwise a byte-order mark
 // decides; without one the bytes are UTF-8 where they are valid UTF-8, else what a header of OFX or
-// XML names, where they make sense in it, else Windows-1252.
+// XML names, where they make sense in it, else the encoding in which they look like words.
 [[nodiscard]] DecodedText DecodeText(std::string bytes, const std::string& chosen = {});
 
 // Whether that is an encoding, such as windows-1250, iso-8859-2, cp852 or shift_jis.

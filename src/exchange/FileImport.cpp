@@ -66,15 +66,15 @@ ImportSummary FileImport::Run(const ImportJob& job) {
 }
 
 void FileImport::ImportText(const FileText& file, const ImportJob& job, ImportSummary& summary) {
+  if (file.replaced > 0) {
+    summary.AddProblem(0, "Places that make no sense in the encoding of the text: " +
+                              std::to_string(file.replaced) + ". Choose another encoding.");
+  }
   const ImportKind kind = KindOfImport(job.path, file.text);
   const std::size_t endless = kind == ImportKind::Ofx ? 0 : FindEndlessLine(file.text);
   if (endless != 0) {
     return Refuse(summary, "Line " + std::to_string(endless) +
                                " is longer than any line of a file with transactions.");
-  }
-  if (file.replaced > 0) {
-    summary.AddProblem(0, "Places that make no sense in the encoding of the text: " +
-                              std::to_string(file.replaced) + ". Choose another encoding.");
   }
   const auto goesOn = [&] { return platform_.progress.Yield(); };
   FileSurvey survey(goesOn);
@@ -107,7 +107,7 @@ bool FileImport::Book(ImportKind kind, std::string_view text, const ImportContex
     context.summary.stop = kImportCancelled;
     return false;
   }
-  context.summary.shortened = context.names.Shortened() + importer.CutNames();
+  context.summary.shortened = context.names.Shortened();
   context.summary.transfers = static_cast<std::size_t>(ledger_.LinkImportedTransfers());
   TransferCompletion completion(ledger_);
   const std::vector<std::int64_t> lone = completion.LoneHalves(importer.Halves());

@@ -12,6 +12,7 @@ FrmEncodingBox::FrmEncodingBox(QWidget* parent) : QComboBox(parent) {
   }
   // The longest name would push the fields beside it away; the open list shows it whole.
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  setIconSize({1, 1});  // room for none, which would make it higher than its neighbours
   setMinimumContentsLength(static_cast<int>(itemText(0).size()));
   setToolTip(tr("How the file writes letters beyond English ones, if they look wrong"));
 }

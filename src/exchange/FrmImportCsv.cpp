@@ -38,13 +38,12 @@ constexpr std::array<ColumnBox, 9> kColumns = {{
      &CsvMapping::description, 1, 4},
     {"cmbColReference", QT_TRANSLATE_NOOP("FrmImportCsv", "Re&ference:"), &CsvMapping::reference, 1,
      5},
-    {"cmbColNumber", QT_TRANSLATE_NOOP("FrmImportCsv", "N&umber:"), &CsvMapping::number, 1, 6},
     {"cmbColIncome", QT_TRANSLATE_NOOP("FrmImportCsv", "&Income:"), &CsvMapping::income, 2, 1},
     {"cmbColExpense", QT_TRANSLATE_NOOP("FrmImportCsv", "E&xpense:"), &CsvMapping::expense, 2, 2},
-    {"cmbColSign", QT_TRANSLATE_NOOP("FrmImportCsv", "Si&gn:"), &CsvMapping::sign, 2, 4},
+    {"cmbColSign", QT_TRANSLATE_NOOP("FrmImportCsv", "Si&gn:"), &CsvMapping::sign, 2, 3},
+    {"cmbColNumber", QT_TRANSLATE_NOOP("FrmImportCsv", "N&umber:"), &CsvMapping::number, 2, 5},
 }};
-constexpr int kZeroRow = 3;
-constexpr int kWordsRow = 5;
+constexpr int kWordsRow = 4;
 constexpr std::array kOrders = {DateOrder::DayMonthYear, DateOrder::MonthDayYear,
                                 DateOrder::YearMonthDay};
 
@@ -116,7 +115,7 @@ void FrmImportCsv::MakeMapping(QGridLayout& grid) {
   row->addWidget(save);
   row->addWidget(cmdDeleteMapping_);
   row->addStretch(1);
-  grid.addLayout(row, 0, 3, 1, 5);
+  grid.addLayout(row, 0, 3, 1, 3);
   connect(cmbMapping_, &QComboBox::activated, this, &FrmImportCsv::ChooseMapping);
   connect(save, &QPushButton::clicked, this, &FrmImportCsv::SaveMapping);
   connect(cmdDeleteMapping_, &QPushButton::clicked, this, &FrmImportCsv::DeleteMapping);
@@ -155,7 +154,7 @@ void FrmImportCsv::MakeColumns(QGridLayout& grid) {
   }
   chkZeroIsEmpty_->setObjectName(QStringLiteral("chkZeroIsEmpty"));
   chkZeroIsEmpty_->setToolTip(tr("0.00 stands for an empty cell in the columns of the amounts"));
-  grid.addWidget(chkZeroIsEmpty_, kZeroRow, 7);
+  grid.addWidget(chkZeroIsEmpty_, 0, 7);
   connect(chkZeroIsEmpty_, &QCheckBox::clicked, this, &FrmImportCsv::Refresh);
 }
 
@@ -187,8 +186,8 @@ void FrmImportCsv::OrderTabs() {
        {"cmbMapping",      "cmdSaveMapping",  "cmdDeleteMapping", "txtSeparator",
         "txtSkip",         "cmbDateOrderCSV", "cmbNumbersCSV",    "cmbEncodingCSV",
         "cmbColDate",      "cmbColPayee",     "cmbColCategory",   "cmbColDescription",
-        "cmbColReference", "cmbColNumber",    "cmbColIncome",     "cmbColExpense",
-        "chkZeroIsEmpty",  "cmbColSign",      "txtDebitWords",    "txtCreditWords",
+        "cmbColReference", "chkZeroIsEmpty",  "cmbColIncome",     "cmbColExpense",
+        "cmbColSign",      "txtDebitWords",   "txtCreditWords",   "cmbColNumber",
         "lvFile",          "lvRead"}) {
     auto* next = findChild<QWidget*>(QLatin1String(name));
     if (last != nullptr) setTabOrder(last, next);

@@ -60,7 +60,6 @@ bool ImportPlanner::OnRecord(ImportRecord& record) {
     OnProblem(record.line, "The account \"" + current_->name + "\" is closed.");
     return Settle(Fate::LeaveOut);
   }
-  CutNames(record);
   const auto read = ReadValues(record, context_.style, context_.platform.locale);
   if (const auto* fault = std::get_if<RecordFault>(&read)) {
     if (context_.style.stopsAtFault) {

@@ -24,24 +24,20 @@ std::string WithoutRuns(std::string_view text) {
   return folded;
 }
 
-bool CutInto(std::string& name, std::string& memo) {
-  if (name.size() <= kLongestName) return false;
+void CutInto(std::string& name, std::string& memo) {
+  if (name.size() <= kLongestName) return;
   const std::string whole = WithoutRuns(name);
   name = CutName(whole);
-  if (name == whole) return false;
+  if (name == whole) return;
   // Where a file has one text for both, it stands there once.
-  if (WithoutRuns(memo).find(whole) == std::string::npos) {
-    memo = memo.empty() ? whole : whole + " " + memo;
-  }
-  return true;
+  if (WithoutRuns(memo).find(whole) != std::string::npos) return;
+  memo = memo.empty() ? whole : whole + " " + memo;
 }
 
-std::size_t CutInto(ImportCategory& category, std::string& memo) {
-  std::size_t cut = 0;
+void CutInto(ImportCategory& category, std::string& memo) {
   for (std::string* name : {&category.category, &category.subCategory, &category.account}) {
-    if (CutInto(*name, memo)) ++cut;
+    CutInto(*name, memo);
   }
-  return cut;
 }
 
 }  // namespace
@@ -64,13 +60,10 @@ std::string CutName(std::string_view name) {
   return std::string(Trim(cut));
 }
 
-std::size_t CutNames(ImportRecord& record) {
-  std::size_t cut = CutInto(record.category, record.memo);
-  for (std::string* name : {&record.security, &record.payee}) {
-    if (CutInto(*name, record.memo)) ++cut;
-  }
-  for (ImportSplit& split : record.splits) cut += CutInto(split.category, split.memo);
-  return cut;
+void CutNames(ImportRecord& record) {
+  CutInto(record.category, record.memo);
+  for (std::string* name : {&record.security, &record.payee}) CutInto(*name, record.memo);
+  for (ImportSplit& split : record.splits) CutInto(split.category, split.memo);
 }
 
 ImportCategory ReadImportCategory(std::string_view text) {

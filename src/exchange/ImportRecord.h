@@ -72,8 +72,7 @@ struct ImportRecord {
 [[nodiscard]] std::string PayeeOf(const ImportRecord& record);
 
 // Cuts the names of the record and keeps each that has lost something whole in the memo beside it.
-// The number of these.
-std::size_t CutNames(ImportRecord& record);
+void CutNames(ImportRecord& record);
 
 // An account that the file names; all empty for the one that the person chose.
 struct ImportAccount {

@@ -50,7 +50,6 @@ void Importer::OnSecurity(const std::string& name, const std::string& symbol) {
 bool Importer::OnRecord(ImportRecord& record) {
   if (next_ == fates_.size()) return false;
   if (fates_[next_++] == Fate::Book) {
-    cutNames_ += corvanta::CutNames(record);
     const auto read = ReadValues(record, context_.style, context_.platform.locale);
     const auto& values = std::get<RecordValues>(read);
     if (IsHolding(record)) {

@@ -30,8 +30,6 @@ class Importer : public ImportSink {
 
   // Whether the person stopped it: nothing is to be kept then.
   [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
-  // How many names were longer than the ledger holds.
-  [[nodiscard]] std::size_t CutNames() const { return cutNames_; }
   // The rows that are booked as a transfer with another account of the ledger.
   [[nodiscard]] const std::vector<std::int64_t>& Halves() const { return halves_; }
 
@@ -51,7 +49,6 @@ class Importer : public ImportSink {
   std::string nameInFile_;                                // of that one
   std::unordered_map<std::int64_t, std::size_t> places_;  // of accounts in the summary
   std::vector<std::int64_t> halves_;
-  std::size_t cutNames_ = 0;
   bool isCancelled_ = false;
 };
 

@@ -5,6 +5,51 @@
 #include "exchange/QifReader.h"
 
 namespace corvanta {
+namespace {
+
+// Hands on what a reader finds, with names as long as the ledger's may be.
+class NameCutter : public ImportSink {
+ public:
+  explicit NameCutter(ImportSink& sink) : sink_(sink) {}
+
+  void OnAccount(const ImportAccount& account) override {
+    ImportAccount cut = account;
+    cut.name = CutName(account.name);
+    sink_.OnAccount(cut);
+  }
+  void OnListedAccount(const ImportAccount& account) override {
+    ImportAccount cut = account;
+    cut.name = CutName(account.name);
+    sink_.OnListedAccount(cut);
+  }
+  void OnSecurity(const std::string& name, const std::string& symbol) override {
+    sink_.OnSecurity(CutName(name), symbol);
+  }
+  [[nodiscard]] bool OnRecord(ImportRecord& record) override {
+    CutNames(record);
+    return sink_.OnRecord(record);
+  }
+  void OnProblem(std::size_t line, const std::string& text) override {
+    sink_.OnProblem(line, text);
+  }
+
+ private:
+  ImportSink& sink_;
+};
+
+void ReadFile(ImportKind kind, std::string_view text, const ImportJob& job, const Locale& locale,
+              ImportSink& sink) {
+  switch (kind) {
+    case ImportKind::Qif:
+      return QifReader(text).Run(sink);
+    case ImportKind::Ofx:
+      return OfxReader(text).Run(sink);
+    case ImportKind::Csv:
+      return CsvReader(text, job.csv, locale).Run(sink);
+  }
+}
+
+}  // namespace
 
 bool StyleFinder::OnRecord(ImportRecord& record) {
   constexpr std::size_t kAskEvery = 1024;
@@ -38,14 +83,8 @@ ImportStyle StyleFinder::Find(ImportKind kind, const ImportJob& job, const Local
 
 void ReadImport(ImportKind kind, std::string_view text, const ImportJob& job, const Locale& locale,
                 ImportSink& sink) {
-  switch (kind) {
-    case ImportKind::Qif:
-      return QifReader(text).Run(sink);
-    case ImportKind::Ofx:
-      return OfxReader(text).Run(sink);
-    case ImportKind::Csv:
-      return CsvReader(text, job.csv, locale).Run(sink);
-  }
+  NameCutter cutter(sink);
+  ReadFile(kind, text, job, locale, cutter);
 }
 
 }  // namespace corvanta

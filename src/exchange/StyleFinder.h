@@ -44,7 +44,8 @@ class StyleFinder : public ImportSink {
   bool wasStopped_ = false;
 };
 
-// Reads the text as that kind of file.
+// Reads the text as that kind of file. Names longer than the ledger's are cut, and stand whole in
+// the memo beside them.
 void ReadImport(ImportKind kind, std::string_view text, const ImportJob& job, const Locale& locale,
                 ImportSink& sink);
 

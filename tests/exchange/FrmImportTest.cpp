@@ -511,12 +511,12 @@ TEST_F(Importing, ACsvFileThatStopsComesBackToItsColumns) {
 
 TEST_F(Importing, TheControlsAreNamedAndReachedByTab) {
   OpenColumns(kCsv);
-  const Texts expected = {"cmbColDate",      "cmbColPayee",   "cmbColCategory", "cmbColDescription",
-                          "cmbColReference", "cmbColNumber",  "cmbColIncome",   "cmbColExpense",
-                          "chkZeroIsEmpty",  "cmbColSign",    "lvFile",         "lvRead",
-                          "cmdBack",         "cmdAcceptCSV",  "cmdCancel",      "cmbMapping",
-                          "cmdSaveMapping",  "txtSeparator",  "txtSkip",        "cmbDateOrderCSV",
-                          "cmbNumbersCSV",   "cmbEncodingCSV"};
+  const Texts expected = {
+      "cmbColDate",     "cmbColPayee",    "cmbColCategory", "cmbColDescription", "cmbColReference",
+      "chkZeroIsEmpty", "cmbColIncome",   "cmbColExpense",  "cmbColSign",        "cmbColNumber",
+      "lvFile",         "lvRead",         "cmdBack",        "cmdAcceptCSV",      "cmdCancel",
+      "cmbMapping",     "cmdSaveMapping", "txtSeparator",   "txtSkip",           "cmbDateOrderCSV",
+      "cmbNumbersCSV",  "cmbEncodingCSV"};
   for (const std::string& name : expected) {
     EXPECT_EQ(FromQt(Focus()), name);
     const QWidget& widget = *form_->focusWidget();

@@ -5,6 +5,7 @@
 #include "platform/IcuLocale.h"
 
 #include <unicode/locid.h>
+#include <unicode/unistr.h>
 
 #include <utility>
 
@@ -330,6 +331,40 @@ TEST(Encodings, ValidUtf8GoesBeforeAHeaderAndADeclaredPageBeforeTheUsualOne) {
   EXPECT_EQ(DecodeText(std::string("a\0\xE9\0", 4)).text, "a\u00E9");
   for (const Encoding& encoding : Encodings()) EXPECT_TRUE(IsEncoding(encoding.name));
   EXPECT_FALSE(IsEncoding("nonsense"));
+}
+
+// Without a declaration the words tell, where they tell anything.
+TEST(Encodings, AreGuessedFromTheWords) {
+  for (const char* text : {
+           "13.02.2020;\u017Babka \u0141\u00F3d\u017A\n14.02.2020;Wyp\u0142ata\n|windows-1250",
+           "\u041C\u0430\u0433\u0430\u0437\u0438\u043D;"
+           "\u0417\u0430\u0440\u043F\u043B\u0430\u0442\u0430|windows-1251",
+           "\u041C\u0430\u0433\u0430\u0437\u0438\u043D;"
+           "\u0417\u0430\u0440\u043F\u043B\u0430\u0442\u0430|koi8-r",
+           "\u041C\u0430\u0433\u0430\u0437\u0438\u043D;"
+           "\u0417\u0430\u0440\u043F\u043B\u0430\u0442\u0430;"
+           "\u041F\u043E\u043B\u0443\u0447\u0430\u0442\u0435\u043B\u044C;"
+           "\u0421\u0443\u043C\u043C\u0430|cp866",
+           "\u03A3\u03BF\u03CD\u03C0\u03B5\u03C1 \u03BC\u03AC\u03C1\u03BA\u03B5\u03C4|windows-1253",
+           "M\u00FCller, B\u00E4ckerei Gr\u00F6\u00DFe 12,50 \u20AC|windows-1252",
+           "l\u2019\u00E9t\u00E9 c\u0153ur re\u00E7u n\u00B05|windows-1252",
+           "Se\u00F1or \u00BFqu\u00E9? S\u00E3o Jo\u00E3o \u00C5ngstr\u00F6m|windows-1252",
+           "M\u00FCller B\u00E4ckerei|cp850",
+           "\u65E5\u4ED8,\u5185\u5BB9,\u91D1\u984D\n1,\u30B3\u30F3\u30D3\u30CB,2\n3,\u7D66\u4E0E,4|"
+           "shift_jis",
+           "\uB0A0\uC9DC,\uB0B4\uC6A9,\uAE08\uC561\n1,\uD3B8\uC758\uC810,2\n3,\uAE09\uC5EC,4|euc-"
+           "kr",
+       }) {
+    const std::string_view whole = text;
+    const std::size_t bar = whole.rfind('|');
+    const std::string words(whole.substr(0, bar));
+    const std::string encoding(whole.substr(bar + 1));
+    std::string bytes(400, ' ');
+    const icu::UnicodeString letters = icu::UnicodeString::fromUTF8(words);
+    bytes.resize(static_cast<std::size_t>(
+        letters.extract(0, letters.length(), bytes.data(), 400, encoding.c_str())));
+    EXPECT_EQ(DecodeText(bytes).text, words) << encoding;
+  }
 }
 
 TEST_F(Styles, TheEncodingCanBeChosenForEveryFormat) {

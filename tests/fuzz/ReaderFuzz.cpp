@@ -29,7 +29,7 @@ bool CheckingSink::OnRecord(ImportRecord& record) {
     const auto date = ReadFileDate(record.date.text, order, locale_);
     Check(!date || (date->Year() >= 1 && date->Year() <= 9999));
   }
-  (void)CutNames(record);
+  CutNames(record);
   for (const std::string* name : {&record.payee, &record.category.category}) {
     Check(IsUtf8(*name) && TextLength(*name) <= 100);
   }
