@@ -30,11 +30,12 @@ void LedgerSession::Unchoose() {
 
 bool LedgerSession::Open(bool quiet) {
   Close();
-  hasFailed_ = true;  // also when it throws
+  hasFailed_ = false;
   if (!login_.PassBefore(opener_)) return false;
+  hasFailed_ = true;  // also when it throws
   file_ = opener_.Open(quiet);
-  if (file_ && !login_.Pass(*file_->connection)) file_.reset();
   hasFailed_ = !file_;
+  if (file_ && !login_.Pass(*file_->connection)) file_.reset();
   if (file_) {
     ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
     rates_ = std::make_unique<WebRates>(*file_->connection, platform_);

@@ -5,6 +5,7 @@
 #include "controls/Style.h"
 #include "ledger/Balances.h"
 
+#include <QEvent>
 #include <QGridLayout>
 #include <QPainter>
 
@@ -41,14 +42,30 @@ TotalsLine::TotalsLine(QWidget* parent)
   grid_->setContentsMargins(2 * kRhythm, kRhythm, 2 * kRhythm, kRhythm);
   grid_->setHorizontalSpacing(kGap);
   grid_->setVerticalSpacing(kRhythm / 2);
-  grid_->setColumnStretch(1, 1);
+  grid_->setColumnStretch(0, 1);
+  rows_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   Arrange();
 }
 
 void TotalsLine::Show(const QString& rows, const QString& figure, bool negative) {
-  rows_->setText(rows);
+  rowsText_ = rows;
+  rows_->setToolTip(rows);
   figure_->setText(figure);
   Colour(*figure_, negative);
+  ElideRows();
+}
+
+void TotalsLine::ElideRows() {
+  const QString shown = rows_->fontMetrics().elidedText(rowsText_, Qt::ElideRight, rows_->width());
+  if (shown != rows_->text()) rows_->setText(shown);
+}
+
+bool TotalsLine::event(QEvent* event) {
+  // The layout has moved the labels by then.
+  const bool isLaidOut = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show;
+  const bool isTaken = QWidget::event(event);
+  if (isLaidOut) ElideRows();
+  return isTaken;
 }
 
 void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Locale& money) {
@@ -62,10 +79,13 @@ void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Loc
   for (QLabel* label : others_) label->show();
   isNarrow_ = WidthInOneRow() > width();
   Arrange();
+  grid_->activate();
+  ElideRows();
 }
 
 int TotalsLine::WidthInOneRow() const {
-  int width = 4 * kRhythm + rows_->sizeHint().width() + kGap + figure_->sizeHint().width();
+  int width = 4 * kRhythm + rows_->fontMetrics().horizontalAdvance(rowsText_) + kGap +
+              figure_->sizeHint().width();
   for (const QLabel* label : others_) {
     if (!label->isHidden()) width += kGap + label->sizeHint().width();
   }
@@ -92,6 +112,7 @@ void TotalsLine::Arrange() {
 void TotalsLine::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   const bool narrow = WidthInOneRow() > width();
+  ElideRows();
   if (narrow == isNarrow_) return;
   isNarrow_ = narrow;
   Arrange();

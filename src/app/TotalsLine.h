@@ -28,15 +28,19 @@ class TotalsLine : public QWidget {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
 
  private:
   [[nodiscard]] int WidthInOneRow() const;
   void Arrange();
+  // The rows' number ends in dots where it does not fit.
+  void ElideRows();
 
   QGridLayout* grid_;
   QLabel* rows_;
+  QString rowsText_;
   QLabel* figure_;                 // the balance
   std::array<QLabel*, 3> others_;  // paid in, paid out, this period
   bool isNarrow_ = false;

@@ -18,6 +18,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -64,7 +66,8 @@ void FormDialog::StartColumn() {
 }
 
 QLabel* FormDialog::AddField(const QString& label, QWidget* field, const char* name) {
-  field->setMinimumWidth(kSmallestField);
+  // What is made of several parts may need more.
+  field->setMinimumWidth(std::max(kSmallestField, field->minimumSizeHint().width()));
   return AddField(label, field, name, std::vector<QWidget*>());
 }
 

@@ -64,12 +64,16 @@ void RibbonButton::DrawCount(QPainter& painter, const QRect& picture) const {
   if (open < 0) return;
   const QString count = text().mid(open + 1, text().size() - open - 2);
   const QFont small = ScaledFont(-1, QFont::DemiBold);
-  const int width = std::max(QFontMetrics(small).horizontalAdvance(count) + kRhythm, 2 * kRhythm);
-  const QRect badge(picture.right() - kRhythm, picture.top() - kGap, width, 2 * kRhythm);
+  const QFontMetrics metrics(small);
+  const int high = std::max(metrics.height(), 2 * kRhythm);
+  const int wide = std::max(metrics.horizontalAdvance(count) + kRhythm, high);
+  // Beside the icon, as far as the button reaches.
+  const int left = std::min(picture.right() - kRhythm, width() - wide);
+  const QRect badge(left, std::max(0, picture.top() - high / 4), wide, high);
   const QColor accent = AccentColour(palette());
   painter.setPen(Qt::NoPen);
   painter.setBrush(accent);
-  painter.drawRoundedRect(badge, kRhythm, kRhythm);
+  painter.drawRoundedRect(badge, high / 2.0, high / 2.0);
   painter.setFont(small);
   painter.setPen(ReadableOn(palette().color(QPalette::Base), accent));
   painter.drawText(badge, Qt::AlignCenter, count);

@@ -17,6 +17,8 @@ class FrmAccountTrans : public FrmEntry {
  public:
   // New rows are in that account; 0 for none.
   FrmAccountTrans(const EntryPlace& place, std::int64_t accountId);
+  // Leaves the fields while what follows from them is still there.
+  ~FrmAccountTrans() override { hide(); }
 
   // Whether a schedule was changed while the dialog stood.
   [[nodiscard]] bool IsScheduleChanged() const { return isScheduleChanged_; }

@@ -471,7 +471,7 @@ TEST_F(AccountTrans, AddNewAsksForWhatWasTypedAndTellsOfChanges) {
   EXPECT_EQ(form.windowTitle(), "Add Transaction") << "saved, and on with the next";
   EXPECT_TRUE(form.isVisible());
   Put(form, "cmbPayee", "typed");
-  QTest::keyClick(&form, Qt::Key_Escape);
+  Click(form, "cmdCancel");
   EXPECT_FALSE(form.isVisible()) << "closing writes nothing and asks nothing";
 }
 
