@@ -37,9 +37,8 @@ QString Explanation(FrmPassword::Mode mode, bool isNew) {
     case FrmPassword::Mode::Login:
       break;
   }
-  return isNew
-             ? FrmPassword::tr("No password is set yet. What you type now becomes the password.")
-             : FrmPassword::tr("Type your password to open your accounts.");
+  return isNew ? FrmPassword::tr("No password is set yet. What you type now becomes the password.")
+               : FrmPassword::tr("Type your password to open your accounts.");
 }
 
 std::string Typed(const QLineEdit& field) {

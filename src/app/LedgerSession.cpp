@@ -8,7 +8,11 @@ namespace corvanta {
 
 LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
                              const std::string& dataPath)
-    : opener_(opener), platform_(platform), login_(platform), isFixed_(!dataPath.empty()), path_(dataPath) {
+    : opener_(opener),
+      platform_(platform),
+      login_(platform),
+      isFixed_(!dataPath.empty()),
+      path_(dataPath) {
   if (isFixed_) opener_.SetDataPath(dataPath);
 }
 

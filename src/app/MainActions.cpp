@@ -26,9 +26,8 @@ void MainActions::MakeFile() {
       Make("mnuFileOpen", tr("&Open..."), "open", tr("Open another data file"), QKeySequence::Open);
   mnuFileValidate =
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
-  mnuFilePassword =
-      Make("mnuFilePassword", tr("Passwo&rd..."), "password",
-           tr("Set, change or switch off the password that the data file asks for"));
+  mnuFilePassword = Make("mnuFilePassword", tr("Passwo&rd..."), "password",
+                         tr("Set, change or switch off the password that the data file asks for"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
   mnuFileImport = Make("mnuFileImport", tr("&Import..."), "import",

@@ -57,8 +57,8 @@ ExitStatus KeyCommand::Use(Session& session) const {
     return session.Refuse(
         kTitle, "There is no file \"" + file_ + "\". Save the key in a file and name that file.");
   }
-  const DataFile file = session.Opener().UseKey(
-      file_, [&](Connection& opened) { return session.Admits(opened); });
+  const DataFile file =
+      session.Opener().UseKey(file_, [&](Connection& opened) { return session.Admits(opened); });
   if (!file.connection) return ExitStatus::Refused;
   session.Tell(kTitle, "The data file now opens on this installation: " + file.connection->Path());
   return ExitStatus::Done;

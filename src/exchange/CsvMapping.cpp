@@ -1,6 +1,6 @@
 #include "exchange/CsvMapping.h"
 
-#include "exchange/BankWords.h"
+#include "platform/BankWords.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>

@@ -1,8 +1,8 @@
 // Which column of a CSV file holds what.
 #pragma once
 
-#include "platform/NumberStyle.h"
 #include "platform/Locale.h"
+#include "platform/NumberStyle.h"
 
 #include <optional>
 #include <string>

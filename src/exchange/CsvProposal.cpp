@@ -1,9 +1,9 @@
 // What a CSV text looks like, so that a person has little left to choose.
-#include "exchange/BankWords.h"
 #include "exchange/CsvPreview.h"
 #include "exchange/DateStyle.h"
-#include "platform/NumberStyle.h"
+#include "platform/BankWords.h"
 #include "platform/Locale.h"
+#include "platform/NumberStyle.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "exchange/CsvMapping.h"
-#include "platform/NumberStyle.h"
 #include "platform/Locale.h"
+#include "platform/NumberStyle.h"
 
 #include <cstdint>
 #include <optional>

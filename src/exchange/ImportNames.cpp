@@ -97,8 +97,7 @@ const ImportTarget* ImportNames::FindAccount(const ImportAccount& account) const
 const ImportTarget* ImportNames::FindOrCreateAccount(const ImportAccount& account) {
   if (const ImportTarget* found = FindAccount(account)) return found;
   AccountRecord record;
-  record.account =
-      Fit(CutName(account.name.empty() ? account.number : account.name), kLongestName);
+  record.account = Fit(CutName(account.name.empty() ? account.number : account.name), kLongestName);
   record.accountNo = Fit(account.number, kLongestNumber);
   record.accountTypeId = GroupFor(account.group);
   record.currencyId = CurrencyFor(account.currency);

@@ -1,6 +1,6 @@
 #include "platform/NumberStyle.h"
 
-#include "exchange/BankWords.h"
+#include "platform/BankWords.h"
 #include "platform/Locale.h"
 #include "platform/NumberText.h"
 #include "platform/TextCase.h"

@@ -1,8 +1,8 @@
 #include "exchange/DateStyle.h"
 #include "exchange/Encoding.h"
 #include "exchange/ExchangeTest.h"
-#include "platform/NumberStyle.h"
 #include "platform/IcuLocale.h"
+#include "platform/NumberStyle.h"
 
 #include <unicode/locid.h>
 #include <unicode/unistr.h>

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "exchange/ImportRecord.h"
-#include "platform/NumberStyle.h"
 #include "platform/IcuLocale.h"
+#include "platform/NumberStyle.h"
 
 #include <cstdint>
 #include <cstdlib>

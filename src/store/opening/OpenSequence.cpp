@@ -96,7 +96,8 @@ OpenSequence::Outcome OpenSequence::Attempt() {
   const bool isDue = isRequested || filePassword_ != password_;
   const bool renews = isDue && FileExists(location_.Path());
   file_.isRenewed = renews && Renew();
-  if (hasTransfer && file_.isRenewed == renews) SetAside(location_.TransferPath(), ".used", platform_.files);
+  if (hasTransfer && file_.isRenewed == renews)
+    SetAside(location_.TransferPath(), ".used", platform_.files);
   return FileExists(location_.Path()) ? OpenIt() : AskToCreate();
 }
 

@@ -1,4 +1,4 @@
-#include "exchange/BankWords.h"
+#include "platform/BankWords.h"
 
 #include "platform/TextCase.h"
 
