@@ -68,13 +68,15 @@ std::string ShownText(std::string_view text) {
   const auto length = static_cast<std::int64_t>(text.size());
   for (std::int64_t at = 0; at < length;) {
     const auto begin = static_cast<std::size_t>(at);
-    if (IsPlain(text[begin])) {
+    if (text.substr(begin, 2) == "\r\n") {
+      ++at;
+    } else if (IsPlain(text[begin])) {
       shown += text[begin];
       ++at;
-      continue;
+    } else {
+      const UChar32 character = Next(text, at);
+      Append(shown, text.substr(begin, static_cast<std::size_t>(at) - begin), character);
     }
-    const UChar32 character = Next(text, at);
-    Append(shown, text.substr(begin, static_cast<std::size_t>(at) - begin), character);
   }
   return shown;
 }

@@ -203,7 +203,7 @@ TEST_F(Leftovers, DamageIsToldInASentence) {
   Put("Corvanta.dat", bytes);
   std::string text;
   EXPECT_EQ(RefusalOf([&] { (void)At(data).Validate(); }, &text), StoreErrorCode::Damaged);
-  EXPECT_EQ(text, "The data file is damaged. Restore it from your latest backup.");
+  EXPECT_EQ(text, "The data file is damaged. Nothing was changed. Restore it from your latest backup.");
   EXPECT_EQ(ReadFile(data), bytes);
 }
 
