@@ -32,7 +32,7 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRhythm + 2);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int column, int before, int now) {
-            if (!filling_ && before > 0 && now > 0) TakeWidth(column, now);
+            if (!filling_ && before > 0 && now > 0) TakeWidth(column, before, now);
           });
   // Where there is no room for all that can neither give way nor leave, figures at the end stay in
   // sight.
@@ -101,8 +101,9 @@ void ListTable::FillWidth() {
 }
 
 // A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
-// and those behind it make room as far as they can.
-void ListTable::TakeWidth(int column, int width) {
+// and those behind it make room as far as they can. A list that was wider than its room before may
+// stay as wide.
+void ListTable::TakeWidth(int column, int before, int width) {
   const auto taken = static_cast<std::size_t>(column);
   if (taken >= columns_.size()) return;
   std::vector<ColumnNeed> needs;
@@ -114,7 +115,8 @@ void ListTable::TakeWidth(int column, int width) {
   const int smallest = std::max(needs[taken].smallest, horizontalHeader()->minimumSectionSize());
   needs[taken] = {std::max(width, smallest)};
   const std::vector<int> widths = FitColumns(needs, viewport()->width());
-  const int excess = std::accumulate(widths.begin(), widths.end(), -viewport()->width());
+  const int allowed = std::max(horizontalHeader()->length() - width + before, viewport()->width());
+  const int excess = std::accumulate(widths.begin(), widths.end(), -allowed);
   needs[taken].width = std::max(needs[taken].width - std::max(0, excess), smallest);
   columns_[taken].byHand = needs[taken].width;
   Arrange(needs);

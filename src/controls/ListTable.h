@@ -51,7 +51,7 @@ class ListTable : public QTableView {
   };
   [[nodiscard]] ColumnNeed NeedOf(const State& column) const;
   void FillWidth();
-  void TakeWidth(int column, int width);
+  void TakeWidth(int column, int before, int width);
   void Arrange(const std::vector<ColumnNeed>& needs);
 
   std::vector<State> columns_;

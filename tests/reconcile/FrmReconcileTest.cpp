@@ -388,17 +388,17 @@ TEST_F(Balancing, TheStatementLineUnfoldsAndShowsTheDifference) {
 TEST_F(Balancing, TheSizeAndTheColumnsAreKept) {
   Settings settings(store_.platform.registry);
   Open(bank_);
-  form_->resize(form_->minimumSizeHint() + QSize(437, 41));
+  form_->resize(form_->minimumSizeHint() + QSize(37, 41));
   const QSize size = form_->size();
-  const int former = List().columnWidth(1);
-  List().horizontalHeader()->resizeSection(1, former - 9);
-  EXPECT_EQ(List().columnWidth(1), former - 9);
+  const int former = List().columnWidth(0);
+  List().horizontalHeader()->resizeSection(0, former - 7);
+  EXPECT_EQ(List().columnWidth(0), former - 7);
   QTest::keyClick(form_.get(), Qt::Key_Escape);
   EXPECT_EQ(settings.Number(Setting::bHeight), size.height());
   EXPECT_EQ(settings.Number(Setting::bWidth), size.width());
   Open(bank_);
   EXPECT_EQ(form_->size(), size);
-  EXPECT_EQ(List().columnWidth(1), former - 9);
+  EXPECT_EQ(List().columnWidth(0), former - 7);
 }
 
 TEST_F(Balancing, ACategoryWithItsSubCategoryHasRoom) {
