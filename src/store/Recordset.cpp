@@ -154,6 +154,10 @@ Recordset Connection::OpenRecordset(std::string_view sql) {
       std::make_unique<Recordset::Impl>(*impl_, impl_->Statements().Acquire(sql, true)));
 }
 
+void Recordset::Visit(Connection& connection, std::string_view sql, const RowVisitor& visitor) {
+  connection.impl_->Visit(sql, visitor);
+}
+
 bool Recordset::Eof() const {
   return !impl_->HasRow();
 }

@@ -4,6 +4,7 @@
 #include "store/Connection.h"
 #include "store/Value.h"
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,6 +16,22 @@ struct FieldDef {
   std::string name;
   ColumnKind kind = ColumnKind::Memo;  // Counter reads as Integer
 };
+
+// A row that Recordset::Visit hands over: its fields by position, NULL as 0 or empty.
+class VisitedRow {
+ public:
+  // The values as the library hands them over.
+  explicit VisitedRow(void* values) : values_(values) {}
+
+  [[nodiscard]] bool IsNull(int index) const;
+  [[nodiscard]] std::int64_t Int(int index) const;
+  [[nodiscard]] double Double(int index) const;
+  [[nodiscard]] std::string_view Text(int index) const;  // valid during the visit
+
+ private:
+  void* values_;
+};
+using RowVisitor = std::function<void(const VisitedRow&)>;
 
 // The rows of a query, read forward; over one table also updatable. Fields are named without regard
 // to case; a name that several columns carry is the first of them, and "T.Date" tells them apart.
@@ -43,6 +60,11 @@ class Recordset {
   [[nodiscard]] std::string Text(std::string_view name) const {
     return std::string(Text(FieldIndex(name)));
   }
+
+  // Hands over every row of a SELECT, as the engine comes by it: in no order that could be counted
+  // on, and without stopping from row to row, which is what takes the time where rows are many.
+  // What the visitor throws ends the visit and reaches the caller.
+  static void Visit(Connection& connection, std::string_view sql, const RowVisitor& visitor);
 
   // A row of the recordset's one table: AddNew begins a new one, without it the current one is
   // changed. Update writes the fields that were set; after it the key of the written row is read

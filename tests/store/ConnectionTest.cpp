@@ -13,6 +13,8 @@
 
 #include <fstream>
 #include <functional>
+#include <map>
+#include <stdexcept>
 #include <string>
 
 namespace corvanta {
@@ -56,6 +58,54 @@ class ConnectionFile : public testing::Test {
   FixedClock clock_;
   DataSource source_;
 };
+
+TEST_F(ConnectionFile, AVisitMeetsEveryRowOnce) {
+  const auto connection = Connection::Open(source_, clock_);
+  const auto visit = [&](int from, const RowVisitor& visitor) {
+    Recordset::Visit(*connection,
+                     "SELECT NoteID, Note, NULL, NoteID / 4 FROM tblNotes WHERE NoteID > " +
+                         std::to_string(from),
+                     visitor);
+  };
+  for (const int from : {0, 1985, 5000}) {
+    std::map<std::int64_t, std::string> met;
+    visit(from, [&](const VisitedRow& row) {
+      EXPECT_TRUE(row.IsNull(2) && row.Text(2).empty() && row.Int(2) == 0);
+      EXPECT_DOUBLE_EQ(row.Double(3), static_cast<double>(row.Int(0)) / 4);
+      met.emplace(row.Int(0), row.Text(1));
+    });
+    std::map<std::int64_t, std::string> expected;
+    Recordset rows = connection->OpenRecordset("SELECT NoteID, Note FROM tblNotes WHERE NoteID > " +
+                                               std::to_string(from));
+    for (; !rows.Eof(); rows.MoveNext()) expected.emplace(rows.Int(0), rows.Text(1));
+    EXPECT_EQ(met, expected);
+  }
+  EXPECT_THROW(Recordset::Visit(*connection, "CREATE TABLE tblOther (A INT)", {}), StoreError);
+}
+
+TEST_F(ConnectionFile, AVisitMayVisitAndMayFail) {
+  const auto connection = Connection::Open(source_, clock_);
+  const std::string all = "SELECT NoteID FROM tblNotes WHERE Note LIKE 'A note%' AND NoteID <= ";
+  int inner = 0;
+  int outer = 0;
+  Recordset::Visit(*connection, all + "3", [&](const VisitedRow&) {
+    ++outer;
+    Recordset::Visit(*connection, all + "2", [&](const VisitedRow&) { ++inner; });
+    (void)connection->QueryValue("SELECT NoteID FROM tblNotes WHERE Note = 'another text of them'");
+  });
+  EXPECT_EQ(outer, 3);
+  EXPECT_EQ(inner, 6);
+  int met = 0;
+  const auto fail = [&](const VisitedRow&) {
+    if (++met == 10) throw std::invalid_argument("enough");
+  };
+  EXPECT_THROW(Recordset::Visit(*connection, all + "100", fail), std::invalid_argument);
+  EXPECT_EQ(met, 10);
+  // Nothing holds the file any more.
+  connection->Execute("DELETE FROM tblNotes WHERE NoteID = 1");
+  Recordset::Visit(*connection, all + "3", [&](const VisitedRow&) { ++outer; });
+  EXPECT_EQ(outer, 5);
+}
 
 TEST_F(ConnectionFile, AnAccessPathOfFormerColumnsIsMadeAnew) {
   const auto open = [this] { return Connection::Open(source_, clock_); };

@@ -11,6 +11,7 @@ namespace corvanta {
 Connection::Impl::Impl(DatabaseHandle database, std::string path)
     : path_(std::move(path)),
       database_(std::move(database)),
+      visits_(database_.get()),
       catalog_(ReadCatalog(database_.get(), path_)),
       statements_(database_.get(), catalog_, path_) {}
 
@@ -39,6 +40,21 @@ bool Connection::Impl::Step(Prepared& prepared) {
   StoreError error = ErrorOf(database_.get(), result, prepared.key, path_);
   sqlite3_reset(prepared.handle.get());
   throw error;
+}
+
+void Connection::Impl::Visit(std::string_view sql, const RowVisitor& visitor) {
+  if (statements_.IsDefinition(sql)) {
+    throw StoreError(StoreErrorCode::Sql, "This statement has no rows to visit.");
+  }
+  const PreparedUse use = statements_.AcquireVisit(sql);
+  const VisitFunction::Run run(visits_, visitor);
+  try {
+    while (Step(*use)) {
+    }
+  } catch (const StoreError&) {
+    run.Rethrow();
+    throw;
+  }
 }
 
 void Connection::Impl::Define(std::string_view sql) {

@@ -4,6 +4,7 @@
 #include "store/Catalog.h"
 #include "store/Connection.h"
 #include "store/engine/StatementCache.h"
+#include "store/engine/VisitFunction.h"
 
 #include <cstdint>
 #include <functional>
@@ -31,6 +32,8 @@ class Connection::Impl {
   int Execute(std::string_view sql);
   // Steps once; true while there is a row. Throws StoreError with the statement's key.
   bool Step(Prepared& prepared);
+  // As Recordset::Visit.
+  void Visit(std::string_view sql, const RowVisitor& visitor);
   void Define(std::string_view sql);
   // To be called behind every change: tells the listeners once nothing is open any more.
   void Changed();
@@ -52,6 +55,7 @@ class Connection::Impl {
  private:
   std::string path_;
   DatabaseHandle database_;
+  VisitFunction visits_;
   Catalog catalog_;
   StatementCache statements_;
   std::vector<std::function<void()>> listeners_;

@@ -10,6 +10,16 @@ namespace {
 
 constexpr std::size_t kMostStatements = 250;
 
+// The library folds the inner query into the outer one, so that no row is made on the way.
+std::string VisitText(const std::string& select, std::size_t columns) {
+  std::string names;
+  for (std::size_t i = 0; i < columns; ++i) {
+    names += (i == 0 ? "c" : ", c") + std::to_string(i);
+  }
+  return "WITH visited(" + names + ") AS (" + select + ") SELECT " + kVisit + "(" + names +
+         ") FROM visited";
+}
+
 }  // namespace
 
 PreparedUse::PreparedUse(std::shared_ptr<Prepared> prepared) : prepared_(std::move(prepared)) {
@@ -30,14 +40,26 @@ bool StatementCache::IsDefinition(std::string_view sql) {
 }
 
 PreparedUse StatementCache::Acquire(std::string_view sql, bool keep) {
-  std::shared_ptr<Prepared> prepared = Find(normalizer_.Key());
-  if (!prepared) {
-    prepared = Translate(sql);
-    if (normalizer_.IsReusable()) Keep(prepared);
-  }
-  PreparedUse use(std::move(prepared));
+  PreparedUse use(Ready(sql, normalizer_.Key(), false));
   Bind(*use, keep);
   return use;
+}
+
+PreparedUse StatementCache::AcquireVisit(std::string_view sql) {
+  PreparedUse use(Ready(sql, std::string(kVisit) + ' ' + normalizer_.Key(), true));
+  // The visitor may run statements of its own.
+  Bind(*use, true);
+  return use;
+}
+
+std::shared_ptr<Prepared> StatementCache::Ready(std::string_view sql, const std::string& key,
+                                                bool isVisit) {
+  std::shared_ptr<Prepared> prepared = Find(key);
+  if (prepared) return prepared;
+  prepared = Translate(sql, isVisit);
+  prepared->key = key;
+  if (normalizer_.IsReusable()) Keep(prepared);
+  return prepared;
 }
 
 PreparedUse StatementCache::AcquireOwn(const std::string& sql) {
@@ -73,14 +95,14 @@ void StatementCache::Keep(const std::shared_ptr<Prepared>& prepared) {
   entries_.pop_back();
 }
 
-std::shared_ptr<Prepared> StatementCache::Translate(std::string_view sql) {
+std::shared_ptr<Prepared> StatementCache::Translate(std::string_view sql, bool isVisit) {
   const jet::Statement statement = jet::Parse(sql, normalizer_.Tokens());
   const jet::WriterContext context{sql, catalog_, normalizer_.Parameters()};
   jet::WrittenStatement written = jet::WriteStatement(context, statement);
+  if (isVisit) written.sql = VisitText(written.sql, written.columns.size());
   auto prepared = std::make_shared<Prepared>();
   prepared->handle = Prepare(database_, written.sql, file_);
   prepared->table = std::move(written.table);
-  prepared->key = normalizer_.Key();
   for (jet::ScopeColumn& column : written.columns) {
     const bool counter = column.kind == ColumnKind::Counter;
     prepared->fields.push_back(

@@ -13,6 +13,9 @@
 
 namespace corvanta {
 
+// The aggregate that hands the rows of a visit over; see VisitFunction.h.
+inline constexpr const char* kVisit = "corvanta_visit";
+
 // A statement that the library has prepared, and what its rows look like.
 struct Prepared {
   StatementHandle handle;
@@ -49,6 +52,9 @@ class StatementCache {
   // The statement that IsDefinition has just read, bound and ready to step. Texts are copied when
   // `keep` is set; otherwise `sql` must live until the use ends.
   [[nodiscard]] PreparedUse Acquire(std::string_view sql, bool keep);
+  // The same for a SELECT whose rows all go to the function kVisit of the connection; it yields
+  // none.
+  [[nodiscard]] PreparedUse AcquireVisit(std::string_view sql);
   [[nodiscard]] const jet::Normalizer& Current() const { return normalizer_; }
   // A statement of the store's own, in the library's SQL.
   [[nodiscard]] PreparedUse AcquireOwn(const std::string& sql);
@@ -59,7 +65,9 @@ class StatementCache {
   using Entries = std::list<std::shared_ptr<Prepared>>;
   [[nodiscard]] std::shared_ptr<Prepared> Find(const std::string& key);
   void Keep(const std::shared_ptr<Prepared>& prepared);
-  [[nodiscard]] std::shared_ptr<Prepared> Translate(std::string_view sql);
+  [[nodiscard]] std::shared_ptr<Prepared> Ready(std::string_view sql, const std::string& key,
+                                                bool isVisit);
+  [[nodiscard]] std::shared_ptr<Prepared> Translate(std::string_view sql, bool isVisit);
   void Bind(Prepared& prepared, bool keep);
 
   sqlite3* database_;
