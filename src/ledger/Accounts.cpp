@@ -1,3 +1,4 @@
+#include "ledger/CategoryKeys.h"
 #include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
@@ -6,32 +7,48 @@
 #include "store/SqlText.h"
 
 #include <charconv>
+#include <unordered_map>
 
 namespace corvanta {
 namespace {
 
-// All accounts and their sums at once: a statement per account would read the transactions as many
-// times as there are accounts. Whole entries are asked for in a form that does not lead the engine
-// to the index of split lines, where nearly every row is found: so it reads the sums in one pass.
-std::string AccountsStatement(const TreeOptions& options) {
+constexpr const char* kAccounts =
+    "Select A.AccountID, A.[Account], A.AccountNo, A.AccountTypeID, Y.AccountType, A.CurrencyId, "
+    "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount "
+    "from ((tblAccounts A LEFT JOIN tblAccountType Y ON A.AccountTypeID = Y.AccountTypeID) "
+    "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
+    "LEFT JOIN tblBank B ON A.BankID = B.BankID "
+    "Order by Y.AccountType, A.[Account], A.AccountID";
+
+using SumsByAccount = std::unordered_map<std::int64_t, EntrySums>;
+
+// Of all accounts at once: a statement per account would read the transactions as many times as
+// there are accounts. Whole entries are asked for in a form that does not lead the engine to the
+// index of split lines, where nearly every row is found: so it reads the sums in one pass. They are
+// added here, which takes a third of the time that grouping and joining the categories takes.
+SumsByAccount ReadAllSums(Connection& store, const TreeOptions& options) {
   const std::string end =
       options.end ? "T.[Date] <= " + SqlDate(DateTime{*options.end, 86399}) + " AND " : "";
-  return "Select A.AccountID, A.[Account], A.AccountNo, A.AccountTypeID, Y.AccountType, "
-         "A.CurrencyId, "
-         "U.[Currency], B.Bank, A.Description, A.OpeningBalance, A.CloseAccount, S.Entries, "
-         "S.Total, "
-         "S.PaidIn, S.PaidOut "
-         "from (((tblAccounts A LEFT JOIN tblAccountType Y ON A.AccountTypeID = Y.AccountTypeID) "
-         "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
-         "LEFT JOIN tblBank B ON A.BankID = B.BankID) "
-         "LEFT JOIN (Select T.AccountID AS SumAccountID, Count(*) AS Entries, "
-         "Sum(T.[Amount]) AS Total, Sum(IIF(T.[Amount] > 0, T.[Amount], 0)) AS PaidIn, "
-         "Sum(IIF(T.[Amount] < 0, T.[Amount], 0)) AS PaidOut "
-         "from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = C.CategoryID "
-         "WHERE " +
-         options.filter.Clause() + end +
-         "NOT (AllocatedItem <> 0) Group by T.AccountID) S ON S.SumAccountID = A.AccountID "
-         "Order by Y.AccountType, A.[Account], A.AccountID";
+  CategoryKeys categories(store);
+  SumsByAccount all;
+  EntrySums* sums = nullptr;
+  std::int64_t account = 0;
+  Recordset::Visit(store,
+                   "Select T.AccountID, T.CategoryID, T.[Amount] from tblTransactions T WHERE " +
+                       options.filter.Clause() + end + "NOT (T.AllocatedItem <> 0)",
+                   [&](const VisitedRow& row) {
+                     if (!categories.Has(row.Int(1))) return;
+                     // The rows of an account mostly stand together.
+                     if (sums == nullptr || account != row.Int(0)) {
+                       account = row.Int(0);
+                       sums = &all[account];
+                     }
+                     const double amount = row.Double(2);
+                     ++sums->count;
+                     sums->total += amount;
+                     (amount > 0 ? sums->paidIn : sums->paidOut) += amount;
+                   });
+  return all;
 }
 
 std::optional<std::int64_t> KeyOf(const std::string& text) {
@@ -45,7 +62,8 @@ std::optional<std::int64_t> KeyOf(const std::string& text) {
 
 std::vector<AccountRow> ReadAccounts(Connection& store, const TreeOptions& options) {
   std::vector<AccountRow> accounts;
-  Recordset rows = store.OpenRecordset(AccountsStatement(options));
+  const SumsByAccount sums = ReadAllSums(store, options);
+  Recordset rows = store.OpenRecordset(kAccounts);
   for (; !rows.Eof(); rows.MoveNext()) {
     AccountRow account;
     // A mark that was never written (NULL) is an open account.
@@ -61,8 +79,9 @@ std::vector<AccountRow> ReadAccounts(Connection& store, const TreeOptions& optio
     account.bank = rows.Text("Bank");
     account.description = rows.Text("Description");
     account.openingBalance = rows.Double("OpeningBalance");
-    account.sums = {rows.Int("Entries"), rows.Double("Total"), rows.Double("PaidIn"),
-                    rows.Double("PaidOut")};
+    if (const auto found = sums.find(account.accountId); found != sums.end()) {
+      account.sums = found->second;
+    }
     account.balance = RoundMoney(account.openingBalance + account.sums.total);
     accounts.push_back(std::move(account));
   }

@@ -9,6 +9,8 @@
 #include <bit>
 #include <map>
 #include <numeric>
+#include <string>
+#include <string_view>
 #include <unordered_map>
 
 namespace corvanta {
@@ -46,21 +48,86 @@ std::uint64_t KeyOf(double amount) {
   return (bits & kSign) != 0 ? ~bits : bits | kSign;
 }
 
-// The places of texts among each other, alike ones at the same place, empty ones at the first.
-template <typename Key>
-std::unordered_map<Key, std::uint64_t> Ranks(const std::unordered_map<Key, std::string>& texts) {
-  std::map<std::string, std::uint64_t> places;
-  std::unordered_map<Key, std::string> folded;
-  for (const auto& [key, text] : texts) {
-    folded[key] = FoldCase(text);
-    places.emplace(folded[key], 0);
+// Gives keys numbers from 0, in the order in which they are met first.
+class Numbering {
+ public:
+  std::uint32_t Of(std::int64_t key) {
+    std::uint32_t& number = Slot(key);
+    if (number == 0) {
+      keys_.push_back(key);
+      number = static_cast<std::uint32_t>(keys_.size());
+    }
+    return number - 1;
   }
+  [[nodiscard]] const std::vector<std::int64_t>& Keys() const { return keys_; }
+
+ private:
+  std::uint32_t& Slot(std::int64_t key) {
+    constexpr std::int64_t kDense = 1 << 20;
+    if (key < 0 || key >= kDense) return sparse_[key];
+    const auto place = static_cast<std::size_t>(key);
+    if (place >= dense_.size()) dense_.resize(place + 1);
+    return dense_[place];
+  }
+
+  std::vector<std::int64_t> keys_;
+  std::vector<std::uint32_t> dense_;  // numbers from 1; 0 for none
+  std::unordered_map<std::int64_t, std::uint32_t> sparse_;
+};
+
+// The places of texts among each other, alike ones at the same place, empty ones at the first.
+Keys Ranks(const std::vector<std::string>& texts) {
+  std::map<std::string, std::uint64_t> places;
+  std::vector<std::string> folded;
+  for (const std::string& text : texts) places.emplace(folded.emplace_back(FoldCase(text)), 0);
   std::uint64_t place = 0;
   for (auto& [text, rank] : places) rank = ++place;
-  std::unordered_map<Key, std::uint64_t> ranks;
-  for (const auto& [key, text] : folded) ranks[key] = places.at(text);
+  Keys ranks;
+  for (const std::string& text : folded) ranks.push_back(places.at(text));
   return ranks;
 }
+
+// Texts of rows, one behind the other.
+class RowTexts {
+ public:
+  void Add(std::size_t row, std::string_view text) {
+    const std::string folded = FoldCase(text);
+    std::uint64_t head = 0;
+    for (std::size_t i = 0; i < sizeof(head); ++i) {
+      head = head << 8U | (i < folded.size() ? static_cast<unsigned char>(folded[i]) : 0U);
+    }
+    cells_.push_back({head, all_.size(), folded.size(), row});
+    all_ += folded;
+  }
+
+  // Writes the texts' ranks, from 1, to their rows.
+  void RankInto(Keys& keys) {
+    std::ranges::sort(cells_, [this](const Cell& a, const Cell& b) { return Compare(a, b) < 0; });
+    std::uint64_t rank = 1;
+    for (std::size_t i = 0; i < cells_.size(); ++i) {
+      if (i > 0 && Compare(cells_[i - 1], cells_[i]) != 0) ++rank;
+      keys[cells_[i].row] = rank;
+    }
+  }
+
+ private:
+  struct Cell {
+    std::uint64_t head;  // its first bytes, by which most comparisons are decided
+    std::size_t start;
+    std::size_t length;
+    std::size_t row;
+  };
+  [[nodiscard]] int Compare(const Cell& a, const Cell& b) const {
+    if (a.head != b.head) return a.head < b.head ? -1 : 1;
+    return TextOf(a).compare(TextOf(b));
+  }
+  [[nodiscard]] std::string_view TextOf(const Cell& cell) const {
+    return std::string_view(all_).substr(cell.start, cell.length);
+  }
+
+  std::string all_;
+  std::vector<Cell> cells_;
+};
 
 class Sorter {
  public:
@@ -75,10 +142,14 @@ class Sorter {
   }
 
  private:
+  // What could not be read stands as an entry without anything.
   template <typename KeyFor>
   Keys Each(const KeyFor& keyFor) {
     Keys keys(rows_.Count());
-    for (std::size_t row = 0; row < keys.size(); ++row) keys[row] = keyFor(rows_.Entry(row));
+    std::size_t row = keys.size();
+    for (const RegisterEntry& entry : rows_.Entries()) keys[--row] = keyFor(entry);
+    const RegisterEntry none;
+    while (row > 0) keys[--row] = keyFor(none);
     return keys;
   }
 
@@ -91,13 +162,14 @@ class Sorter {
       case RegisterColumn::Payee:
         return PayeeKeys();
       case RegisterColumn::Category:
-        return NameKeys(&RegisterEntry::categoryId, [&](std::int32_t key) {
-          const std::string* name = names.Category(key);
-          return name == nullptr ? std::string() : *name;
-        });
+        return NameKeys([](Entry entry) { return entry.categoryId; },
+                        [&](std::int64_t key) {
+                          const std::string* name = names.Category(key);
+                          return name == nullptr ? std::string_view() : *name;
+                        });
       case RegisterColumn::Payment:
-        return NameKeys(&RegisterEntry::paymentId,
-                        [&](std::int32_t key) { return std::string(names.Payment(key)); });
+        return NameKeys([](Entry entry) { return entry.paymentId; },
+                        [&](std::int64_t key) { return names.Payment(key); });
       case RegisterColumn::Reference:
         return TextKeys("Reference");
       case RegisterColumn::Description:
@@ -114,31 +186,29 @@ class Sorter {
     return {};
   }
 
-  template <typename NameOf>
-  Keys NameKeys(std::int32_t RegisterEntry::*member, const NameOf& nameOf) {
-    std::unordered_map<std::int32_t, std::string> texts;
-    for (std::size_t row = 0; row < rows_.Count(); ++row) {
-      const std::int32_t key = rows_.Entry(row).*member;
-      if (const auto [place, isNew] = texts.try_emplace(key); isNew) place->second = nameOf(key);
-    }
-    const auto ranks = Ranks(texts);
-    return Each([&](const RegisterEntry& entry) { return ranks.at(entry.*member); });
+  // By the texts that the entries' keys stand for: few, so each is looked up and folded once.
+  template <typename KeyFor, typename NameOf>
+  Keys NameKeys(const KeyFor& keyFor, const NameOf& nameOf) {
+    Numbering numbers;
+    Keys keys = Each([&](const RegisterEntry& entry) { return numbers.Of(keyFor(entry)); });
+    std::vector<std::string> names;
+    for (const std::int64_t key : numbers.Keys()) names.emplace_back(nameOf(key));
+    const Keys ranks = Ranks(names);
+    for (std::uint64_t& key : keys) key = ranks[static_cast<std::size_t>(key)];
+    return keys;
   }
 
   // Of a transfer the other account is shown, as long as the other half is there.
   Keys PayeeKeys() {
     const NamesByKey twins = Twins();
-    std::unordered_map<std::int64_t, std::string> texts;
-    const auto keyOf = [&](const RegisterEntry& entry) -> std::int64_t {
-      return twins.contains(entry.transferId) ? -std::int64_t{entry.transferId} : entry.payeeId;
-    };
-    for (std::size_t row = 0; row < rows_.Count(); ++row) {
-      const std::int64_t key = keyOf(rows_.Entry(row));
-      const auto [place, isNew] = texts.try_emplace(key);
-      if (isNew) place->second = key < 0 ? twins.at(-key) : rows_.Names().Payee(key);
-    }
-    const auto ranks = Ranks(texts);
-    return Each([&](const RegisterEntry& entry) { return ranks.at(keyOf(entry)); });
+    return NameKeys(
+        [&](const RegisterEntry& entry) -> std::int64_t {
+          const bool isTwin = entry.transferId != 0 && twins.contains(entry.transferId);
+          return isTwin ? -std::int64_t{entry.transferId} : entry.payeeId;
+        },
+        [&](std::int64_t key) {
+          return key < 0 ? std::string_view(twins.at(-key)) : rows_.Names().Payee(key);
+        });
   }
 
   NamesByKey Twins() {
@@ -151,8 +221,8 @@ class Sorter {
       keys.clear();
       count = 0;
     };
-    for (std::size_t row = 0; row < rows_.Count(); ++row) {
-      const std::int32_t twin = rows_.Entry(row).transferId;
+    for (const RegisterEntry& entry : rows_.Entries()) {
+      const std::int32_t twin = entry.transferId;
       if (twin == 0) continue;
       keys += (keys.empty() ? "" : ",") + SqlNumber(std::int64_t{twin});
       if (++count == kAtOnce) read();
@@ -163,18 +233,12 @@ class Sorter {
 
   // Texts are many: they are brought in order as they are.
   Keys TextKeys(const char* column) {
-    std::vector<std::string> texts = rows_.Texts(column);
-    for (std::string& text : texts) text = FoldCase(text);
-    Order order(texts.size());
-    std::iota(order.begin(), order.end(), 0U);
-    std::ranges::sort(order, {},
-                      [&](std::uint32_t row) -> const std::string& { return texts[row]; });
-    Keys keys(texts.size());
-    std::uint64_t rank = 0;
-    for (std::size_t i = 0; i < order.size(); ++i) {
-      if (i > 0 && texts[order[i]] != texts[order[i - 1]]) ++rank;
-      keys[order[i]] = rank;
-    }
+    RowTexts texts;
+    rows_.VisitTexts(column, [&](std::size_t row, std::string_view text) {
+      if (!text.empty()) texts.Add(row, text);
+    });
+    Keys keys(rows_.Count());
+    texts.RankInto(keys);
     return keys;
   }
 
@@ -185,7 +249,11 @@ class Sorter {
 
 std::vector<std::uint32_t> SortedRegister(RegisterRows& rows, RegisterColumn column,
                                           bool isDescending) {
-  return Sorter(rows).Sorted(column, isDescending);
+  const auto& last = rows.LastOrder();
+  if (last && last->column == column && last->isDescending == isDescending) return last->rows;
+  Order order = Sorter(rows).Sorted(column, isDescending);
+  if (rows.IsWhole()) rows.KeepOrder({column, isDescending, order});
+  return order;
 }
 
 }  // namespace corvanta

@@ -6,7 +6,9 @@
 #include "store/SqlText.h"
 
 #include <algorithm>
+#include <limits>
 #include <unordered_map>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -19,22 +21,78 @@ std::string StoredDate(const std::string& stored) {
   return moment ? SqlDate(*moment) : SqlText(stored);
 }
 
-// Neighbours mostly have the same day.
-class DayReader {
+constexpr const char* kEntries =
+    "Select T.TransactionID, T.[Date], T.[Amount], T.CategoryID, T.PayeeID, T.PaymentID, "
+    "T.TransferID, T.BankChk, T.BankRec from tblTransactions T WHERE ";
+enum Position { kId, kDate, kAmount, kCategory, kPayee, kPayment, kTransfer, kBankChk, kBankRec };
+
+// Makes entries of the rows of that statement.
+class EntryReader {
  public:
-  Date Of(std::string_view stored) {
-    if (stored != text_) {
-      text_ = stored;
+  template <typename Row>
+  RegisterEntry Of(const Row& row) {
+    RegisterEntry entry;
+    entry.transactionId = static_cast<std::int32_t>(row.Int(kId));
+    entry.date = DayOf(row.Text(kDate));
+    entry.amount = row.Double(kAmount);
+    entry.categoryId = static_cast<std::int32_t>(row.Int(kCategory));
+    entry.payeeId = static_cast<std::int32_t>(row.Int(kPayee));
+    entry.paymentId = static_cast<std::int32_t>(row.Int(kPayment));
+    entry.transferId = static_cast<std::int32_t>(row.Int(kTransfer));
+    entry.status = StatusLetter(row.Int(kBankChk), row.Int(kBankRec));
+    return entry;
+  }
+  // The day read last, as it is stored.
+  [[nodiscard]] const std::string& StoredDay() const { return day_; }
+
+ private:
+  // Neighbours mostly have the same day.
+  Date DayOf(std::string_view stored) {
+    if (stored != day_) {
+      day_ = stored;
       date_ = Date::FromIso(stored.substr(0, 10)).value_or(Date());
     }
     return date_;
   }
-  // The one read last, as it is stored.
-  [[nodiscard]] const std::string& Stored() const { return text_; }
+
+  std::string day_;
+  Date date_;
+};
+
+// The rows of some transactions.
+class RowFinder {
+ public:
+  explicit RowFinder(const RegisterRows& rows) {
+    const std::vector<RegisterEntry>& entries = rows.Entries();
+    std::int32_t most = 0;
+    for (const RegisterEntry& entry : entries) most = std::max(most, entry.transactionId);
+    const auto size = static_cast<std::size_t>(most) + 1;
+    constexpr std::size_t kLoose = 16;  // a long account's keys lie closer
+    if (size <= kLoose * entries.size()) dense_.resize(size, kNone);
+    std::size_t row = rows.Count();
+    for (const RegisterEntry& entry : entries) {
+      --row;
+      if (dense_.empty()) {
+        sparse_.emplace(entry.transactionId, row);
+      } else {
+        dense_[static_cast<std::size_t>(entry.transactionId)] = static_cast<std::uint32_t>(row);
+      }
+    }
+  }
+  [[nodiscard]] std::optional<std::size_t> Find(std::int64_t key) const {
+    if (dense_.empty()) {
+      const auto found = sparse_.find(key);
+      return found == sparse_.end() ? std::nullopt : std::optional(found->second);
+    }
+    const auto place = static_cast<std::size_t>(key);
+    if (place >= dense_.size() || dense_[place] == kNone) return std::nullopt;
+    return dense_[place];
+  }
 
  private:
-  std::string text_;
-  Date date_;
+  static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
+  std::vector<std::uint32_t> dense_;
+  std::unordered_map<std::int64_t, std::size_t> sparse_;
 };
 
 }  // namespace
@@ -67,10 +125,7 @@ bool RegisterRows::IsCurrent() const {
 }
 
 std::string RegisterRows::EntriesStatement(Part part) const {
-  std::string sql =
-      "Select T.TransactionID, T.[Date], T.[Amount], T.CategoryID, T.PayeeID, T.PaymentID, "
-      "T.TransferID, T.BankChk, T.BankRec from tblTransactions T WHERE " +
-      EntryCondition(scope_);
+  std::string sql = kEntries + EntryCondition(scope_);
   const bool isFirst = entries_.empty();
   if (part == Part::Undated) {
     sql += " AND T.[Date] IS NULL";
@@ -86,10 +141,8 @@ std::string RegisterRows::EntriesStatement(Part part) const {
   return sql + " Order by T.[Date] Desc, T.TransactionID Desc";
 }
 
-void RegisterRows::Add(const RegisterEntry& entry) {
-  entries_.push_back(entry);
-  entries_.back().balance = next_;
-  const bool isFirst = entries_.size() == 1;
+void RegisterRows::Settle(RegisterEntry& entry, bool isFirst) {
+  entry.balance = next_;
   const auto take = [isFirst](double& least, double& most, double value) {
     least = isFirst ? value : std::min(least, value);
     most = isFirst ? value : std::max(most, value);
@@ -100,35 +153,52 @@ void RegisterRows::Add(const RegisterEntry& entry) {
 }
 
 std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
-  const RegisterNames& names = Names();
+  EntryReader reader;
+  CategoryKeys& categories = Categories();
   Recordset rows = store_.OpenRecordset(EntriesStatement(part));
-  DayReader days;
   std::size_t read = 0;
-  std::optional<std::int32_t> known;  // neighbours often have the same category, too
   for (; read < entries && entries_.size() < count_ && !rows.Eof(); rows.MoveNext()) {
-    RegisterEntry entry;
-    entry.categoryId = static_cast<std::int32_t>(rows.Int(3));
-    if (entry.categoryId != known && names.Category(entry.categoryId) == nullptr) continue;
-    known = entry.categoryId;
-    if (rows.IsNull(1) && part != Part::Undated) break;
-    entry.transactionId = static_cast<std::int32_t>(rows.Int(0));
-    entry.date = days.Of(rows.Text(1));
-    entry.amount = rows.Double(2);
-    entry.payeeId = static_cast<std::int32_t>(rows.Int(4));
-    entry.paymentId = static_cast<std::int32_t>(rows.Int(5));
-    entry.transferId = static_cast<std::int32_t>(rows.Int(6));
-    entry.status = StatusLetter(rows.Int(7), rows.Int(8));
-    Add(entry);
+    if (!categories.Has(rows.Int(kCategory))) continue;
+    if (rows.IsNull(kDate) && part != Part::Undated) break;
+    entries_.push_back(reader.Of(rows));
+    Settle(entries_.back(), entries_.size() == 1);
     ++read;
   }
-  if (read > 0) lastDate_ = days.Stored();
+  if (read > 0) lastDate_ = reader.StoredDay();
   return read;
+}
+
+bool RegisterRows::ReadAtOnce() {
+  EntryReader reader;
+  CategoryKeys& categories = Categories();
+  std::vector<RegisterEntry> met;
+  met.reserve(count_);
+  bool isInOrder = true;
+  Recordset::Visit(store_, kEntries + EntryCondition(scope_), [&](const VisitedRow& row) {
+    if (!isInOrder || !categories.Has(row.Int(kCategory))) return;
+    // The access path of the account's rows has them by day and key.
+    if (!met.empty()) {
+      const int days = row.Text(kDate).compare(reader.StoredDay());
+      isInOrder = days > 0 || (days == 0 && row.Int(kId) > met.back().transactionId);
+    }
+    met.push_back(reader.Of(row));
+  });
+  if (!isInOrder || met.size() != count_) return false;
+  if (!entries_.empty()) next_ = entries_.front().balance;
+  std::ranges::reverse(met);
+  entries_ = std::move(met);
+  bool isFirst = true;
+  for (RegisterEntry& entry : entries_) Settle(entry, std::exchange(isFirst, false));
+  return true;
 }
 
 void RegisterRows::ReadOn(std::size_t entries) {
   if (IsWhole() || !IsCurrent()) return;
+  constexpr std::size_t kFew = 2000;
+  const std::size_t rest = count_ - entries_.size();
+  if (entries >= rest && rest > kFew && rest > count_ / 2 && ReadAtOnce()) return;
   entries_.reserve(count_);
-  const std::size_t wanted = std::min(count_, entries_.size() + entries);
+  const std::size_t wanted = entries_.size() + std::min(rest, entries);
   if (!isUndated_ && !entries_.empty()) ReadPart(Part::SameDay, wanted - entries_.size());
   if (!isUndated_ && entries_.size() < wanted) {
     ReadPart(Part::Before, wanted - entries_.size());
@@ -199,22 +269,44 @@ std::vector<RegisterRow> RegisterRows::Read(const std::vector<std::size_t>& rows
   return result;
 }
 
+CategoryKeys& RegisterRows::Categories() {
+  if (!categories_) categories_.emplace(store_);
+  return *categories_;
+}
+
 const RegisterNames& RegisterRows::Names() {
   if (!names_) names_.emplace(store_);
   return *names_;
 }
 
-std::vector<std::string> RegisterRows::Texts(const std::string& column) {
-  std::vector<std::string> texts;
-  texts.reserve(count_);
-  Recordset rows =
-      store_.OpenRecordset("Select T.CategoryID, T." + column + " from tblTransactions T WHERE " +
-                           EntryCondition(scope_) + " Order by T.[Date], T.TransactionID");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    if (Names().Category(rows.Int(0)) != nullptr) texts.emplace_back(rows.Text(1));
+void RegisterRows::VisitTexts(const std::string& column, const TextVisitor& visitor) {
+  const RowFinder finder(*this);
+  std::string sql = "Select T.TransactionID, T." + column + " from tblTransactions T";
+  // Going through the whole table costs a fourth of fetching each of its rows by key.
+  constexpr std::int64_t kDear = 4;
+  const auto last = store_.QueryValue("Select Max(T.TransactionID) from tblTransactions T").Int();
+  if (last > kDear * static_cast<std::int64_t>(count_)) sql += " WHERE " + EntryCondition(scope_);
+  Recordset::Visit(store_, sql, [&](const VisitedRow& row) {
+    if (const auto found = finder.Find(row.Int(0))) visitor(*found, row.Text(1));
+  });
+}
+
+std::unordered_set<std::int64_t> KeysInScope(Connection& store, const RegisterScope& scope,
+                                             const std::vector<std::int64_t>& keys) {
+  constexpr std::size_t kAtOnce = 500;
+  std::unordered_set<std::int64_t> shown;
+  for (std::size_t first = 0; first < keys.size(); first += kAtOnce) {
+    std::string list;
+    for (std::size_t i = first; i < std::min(keys.size(), first + kAtOnce); ++i) {
+      list += (list.empty() ? "" : ",") + SqlNumber(keys[i]);
+    }
+    Recordset rows = store.OpenRecordset(
+        "Select T.TransactionID from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = "
+        "C.CategoryID WHERE " +
+        EntryCondition(scope) + " AND T.TransactionID IN (" + list + ")");
+    for (; !rows.Eof(); rows.MoveNext()) shown.insert(rows.Int(0));
   }
-  texts.resize(count_);
-  return texts;
+  return shown;
 }
 
 }  // namespace corvanta

@@ -1,18 +1,24 @@
 #pragma once
 
 #include "ledger/Balances.h"
+#include "ledger/CategoryKeys.h"
 #include "ledger/RegisterReader.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <string_view>
+#include <unordered_set>
+#include <utility>
 #include <vector>
 
 namespace corvanta {
 
 class Connection;
+enum class RegisterColumn;
 
 // A row of the register as far as the access path of the account's rows knows it.
 struct RegisterEntry {
@@ -66,8 +72,20 @@ class RegisterRows {
   [[nodiscard]] std::vector<RegisterRow> Read(const std::vector<std::size_t>& rows);
   // Names of the rows' payees, categories and payment types, read once.
   [[nodiscard]] const RegisterNames& Names();
-  // One text column ("Reference", "Description") of all rows.
-  [[nodiscard]] std::vector<std::string> Texts(const std::string& column);
+  // The entries that are read, the newest first.
+  [[nodiscard]] const std::vector<RegisterEntry>& Entries() const { return entries_; }
+  // Hands over one text column ("Reference", "Description") of the rows whose entries are read, in
+  // any order of the rows.
+  using TextVisitor = std::function<void(std::size_t row, std::string_view text)>;
+  void VisitTexts(const std::string& column, const TextVisitor& visitor);
+  // The order that all rows were brought in last, kept for whoever shows them again.
+  struct Order {
+    RegisterColumn column;
+    bool isDescending = false;
+    std::vector<std::uint32_t> rows;
+  };
+  [[nodiscard]] const std::optional<Order>& LastOrder() const { return order_; }
+  void KeepOrder(Order order) { order_ = std::move(order); }
   // The least and the largest amount and balance of the entries read so far.
   struct Extremes {
     double leastAmount = 0;
@@ -79,10 +97,14 @@ class RegisterRows {
   [[nodiscard]] Connection& Store() const { return store_; }
 
  private:
+  [[nodiscard]] CategoryKeys& Categories();
   enum class Part { SameDay, Before, Undated };
   [[nodiscard]] std::string EntriesStatement(Part part) const;
   std::size_t ReadPart(Part part, std::size_t entries);
-  void Add(const RegisterEntry& entry);
+  // All of them, in one go; false where they are not met in their order.
+  bool ReadAtOnce();
+  // Puts the balance into the entry that follows those read so far.
+  void Settle(RegisterEntry& entry, bool isFirst);
 
   Connection& store_;
   RegisterScope scope_;
@@ -95,8 +117,15 @@ class RegisterRows {
   bool isUndated_ = false;              // only rows without a day are left
   bool isDone_ = false;
   Extremes figures_;
+  std::optional<Order> order_;
+  std::optional<CategoryKeys> categories_;
   std::optional<RegisterNames> names_;
   std::optional<std::int64_t> uncleared_;
 };
+
+// Those of the transactions that the scope's register shows. Throws StoreError.
+[[nodiscard]] std::unordered_set<std::int64_t> KeysInScope(Connection& store,
+                                                           const RegisterScope& scope,
+                                                           const std::vector<std::int64_t>& keys);
 
 }  // namespace corvanta

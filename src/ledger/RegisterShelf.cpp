@@ -10,12 +10,21 @@ constexpr std::size_t kEntries = 2'500'000;
 
 }  // namespace
 
+RegisterShelf::Kept::iterator RegisterShelf::Find(const RegisterScope& scope) {
+  std::erase_if(kept_, [](const auto& rows) { return !rows->IsCurrent(); });
+  return std::ranges::find_if(kept_, [&](const auto& rows) { return rows->Scope() == scope; });
+}
+
+std::size_t RegisterShelf::Entries() const {
+  std::size_t entries = 0;
+  for (const auto& one : kept_) entries += one->Count();
+  return entries;
+}
+
 std::shared_ptr<RegisterRows> RegisterShelf::Take(Connection& store, const RegisterScope& scope,
                                                   double openingBalance,
                                                   const std::optional<EntrySums>& sums) {
-  std::erase_if(kept_, [](const auto& rows) { return !rows->IsCurrent(); });
-  const auto known =
-      std::ranges::find_if(kept_, [&](const auto& rows) { return rows->Scope() == scope; });
+  const auto known = Find(scope);
   std::shared_ptr<RegisterRows> rows;
   if (known != kept_.end()) {
     rows = *known;
@@ -24,12 +33,22 @@ std::shared_ptr<RegisterRows> RegisterShelf::Take(Connection& store, const Regis
     rows = std::make_shared<RegisterRows>(store, scope, openingBalance, sums);
   }
   kept_.push_back(rows);
-  std::size_t entries = 0;
-  for (const auto& one : kept_) entries += one->Count();
+  std::size_t entries = Entries();
   while (kept_.size() > 1 && entries > kEntries) {
     entries -= kept_.front()->Count();
     kept_.erase(kept_.begin());
   }
+  return rows;
+}
+
+std::shared_ptr<RegisterRows> RegisterShelf::TakeAhead(Connection& store,
+                                                       const RegisterScope& scope,
+                                                       double openingBalance,
+                                                       const EntrySums& sums) {
+  if (const auto known = Find(scope); known != kept_.end()) return *known;
+  if (Entries() + static_cast<std::size_t>(sums.count) > kEntries) return nullptr;
+  auto rows = std::make_shared<RegisterRows>(store, scope, openingBalance, sums);
+  kept_.insert(kept_.begin(), rows);
   return rows;
 }
 

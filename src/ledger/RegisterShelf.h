@@ -14,10 +14,19 @@ class RegisterShelf {
   // The register, read before or new; `sums` as RegisterRows takes them. Throws StoreError.
   std::shared_ptr<RegisterRows> Take(Connection& store, const RegisterScope& scope,
                                      double openingBalance, const std::optional<EntrySums>& sums);
+  // The same of one that nobody has asked for yet: it takes no place from those that were shown.
+  // Null where there is none left.
+  std::shared_ptr<RegisterRows> TakeAhead(Connection& store, const RegisterScope& scope,
+                                          double openingBalance, const EntrySums& sums);
   void Clear() { kept_.clear(); }
 
  private:
-  std::vector<std::shared_ptr<RegisterRows>> kept_;  // the one shown last comes last
+  using Kept = std::vector<std::shared_ptr<RegisterRows>>;
+  // Drops what is outdated, and finds the register.
+  Kept::iterator Find(const RegisterScope& scope);
+  [[nodiscard]] std::size_t Entries() const;
+
+  Kept kept_;  // the one shown last comes last
 };
 
 }  // namespace corvanta

@@ -4,16 +4,18 @@
 #include "ledger/RegisterRows.h"
 #include "ledger/RegisterShelf.h"
 #include "platform/TextCase.h"
+#include "support/AccessPath.h"
 
 #include <algorithm>
 #include <random>
+#include <unordered_set>
 
 namespace corvanta {
 namespace {
 
 class RegisterOnDemand : public LedgerTest {
  protected:
-  RegisterOnDemand() {
+  explicit RegisterOnDemand(int count = 300) {
     Transaction all = Store().Begin();
     int key = 0;
     for (const char* payee : {"Zoo", "apple", "Banana", "banana"}) {
@@ -24,7 +26,7 @@ class RegisterOnDemand : public LedgerTest {
     AddAccount(2, "Savings", 1, 5);
     std::mt19937 chance(7);
     const auto pick = [&](int most) { return static_cast<int>(chance() % most); };
-    for (int i = 1; i <= kRows; ++i) {
+    for (int i = 1; i <= count; ++i) {
       const std::string day = std::to_string(1 + pick(28));
       std::string more =
           "PayeeID = " + std::to_string(1 + pick(4)) +
@@ -46,7 +48,6 @@ class RegisterOnDemand : public LedgerTest {
   std::vector<RegisterRow> Whole(const RegisterScope& scope) {
     return Ledger().Register(scope.accountId, scope.filter, scope.period);
   }
-  static constexpr int kRows = 300;
   static Period January(int from, int to) {
     return {*Date::FromYmd(2026, 1, from), *Date::FromYmd(2026, 1, to)};
   }
@@ -125,9 +126,7 @@ TEST_F(RegisterOnDemand, FindsRowsWithoutReadingEverything) {
   EXPECT_FALSE(LowestAhead(rows, *Date::FromYmd(2026, 1, 31)));
 }
 
-TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
-  RegisterRows rows = Open({1, {}});
-  const std::vector<RegisterRow> all = Whole({1, {}});
+void ExpectSortedAsCells(RegisterRows& rows, const std::vector<RegisterRow>& all) {
   const auto text = [&](RegisterColumn column, std::uint32_t row) {
     const RegisterRow& cells = all[row];
     switch (column) {
@@ -165,6 +164,13 @@ TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
   }
 }
 
+TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
+  RegisterRows rows = Open({1, {}});
+  ExpectSortedAsCells(rows, Whole({1, {}}));
+  RegisterRows other = Open({2, {}});
+  ExpectSortedAsCells(other, Whole({2, {}}));
+}
+
 TEST_F(RegisterOnDemand, ReadsNoMoreOnceTheDataHaveChanged) {
   RegisterShelf shelf;
   const auto rows = shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt);
@@ -181,6 +187,100 @@ TEST_F(RegisterOnDemand, ReadsNoMoreOnceTheDataHaveChanged) {
   EXPECT_EQ(now->Count(), Whole({1, {}}).size());
   const Transaction open = Ledger().Store().Begin();
   EXPECT_FALSE(now->IsCurrent()) << "what is not kept yet may never be";
+}
+
+TEST_F(RegisterOnDemand, TheTreesSumsAreThoseOfEachAccountsRows) {
+  Run("UPDATE tblTransactions SET AllocatedItem = 5 WHERE TransactionID > 280");
+  for (const StatusFilter& filter :
+       {StatusFilter(), StatusFilter{true, false, false}, StatusFilter{false, true, true}}) {
+    for (const std::optional<Date>& end : {std::optional<Date>(), Date::FromYmd(2026, 1, 15)}) {
+      TreeOptions options;
+      options.filter = filter;
+      options.end = end;
+      for (const AccountRow& account : Ledger().Accounts(options)) {
+        const EntrySums own = ReadSums(Store(), account.accountId, filter, std::nullopt, end);
+        EXPECT_EQ(account.sums.count, own.count);
+        EXPECT_DOUBLE_EQ(account.sums.total, own.total);
+        EXPECT_DOUBLE_EQ(account.sums.paidIn, own.paidIn);
+        EXPECT_DOUBLE_EQ(account.sums.paidOut, own.paidOut);
+        EXPECT_EQ(account.balance, Ledger().AccountBalance(account.accountId, options));
+      }
+    }
+  }
+}
+
+TEST_F(RegisterOnDemand, KnowsWhichOfSomeKeysAreInIt) {
+  const RegisterScope scope{1, {true, false, false}, January(5, 20)};
+  std::vector<std::int64_t> keys;
+  for (std::int64_t key = 1; key <= 700; ++key) keys.push_back(key);
+  std::unordered_set<std::int64_t> expected;
+  for (const RegisterRow& row : Whole(scope)) expected.insert(row.transactionId);
+  EXPECT_EQ(KeysInScope(Store(), scope, keys), expected);
+  EXPECT_TRUE(KeysInScope(Store(), scope, {}).empty());
+}
+
+TEST_F(RegisterOnDemand, WhatIsReadAheadTakesNoPlaceFromWhatWasShown) {
+  RegisterShelf shelf;
+  const auto shown = shelf.Take(Store(), {1, {}}, 100, std::nullopt);
+  EntrySums sums = ReadSums(Store(), 2, StatusFilter(), std::nullopt, std::nullopt);
+  const auto ahead = shelf.TakeAhead(Store(), {2, {}}, 5, sums);
+  ASSERT_NE(ahead, nullptr);
+  EXPECT_EQ(shelf.Take(Store(), {2, {}}, 5, sums), ahead);
+  EXPECT_EQ(shelf.TakeAhead(Store(), {1, {}}, 100, sums), shown);
+  sums.count = 1'000'000'000;
+  EXPECT_EQ(shelf.TakeAhead(Store(), {3, {}}, 0, sums), nullptr) << "no room";
+  EXPECT_EQ(shelf.Take(Store(), {1, {}}, 100, std::nullopt), shown);
+}
+
+// Long enough to be read in one go.
+class LongRegister : public RegisterOnDemand {
+ protected:
+  LongRegister() : RegisterOnDemand(4000) {
+    Run("UPDATE tblTransactions SET Description = 'Transfer of the standing order no. ' & "
+        "(TransactionID Mod 7), Reference = 'a' WHERE TransactionID > 2000");
+    Run("UPDATE tblTransactions SET Description = 'Änderung' WHERE TransactionID Mod 50 = 0");
+    Run("UPDATE tblTransactions SET Description = '' WHERE TransactionID Mod 51 = 0");
+  }
+
+  // As it is read step by step.
+  void ExpectWhole(RegisterRows& rows) {
+    RegisterRows steps = Open({1, {}});
+    while (!steps.IsWhole()) steps.ReadOn(700);
+    ASSERT_TRUE(rows.IsWhole());
+    ASSERT_EQ(rows.Entries().size(), steps.Entries().size());
+    for (std::size_t i = 0; i < steps.Entries().size(); ++i) {
+      const RegisterEntry& entry = rows.Entries()[i];
+      const RegisterEntry& expected = steps.Entries()[i];
+      ASSERT_EQ(entry.transactionId, expected.transactionId) << i;
+      EXPECT_EQ(entry.date, expected.date);
+      EXPECT_EQ(entry.balance, expected.balance) << "to the last bit";
+      EXPECT_EQ(entry.payeeId, expected.payeeId);
+      EXPECT_STREQ(entry.status, expected.status);
+    }
+    EXPECT_EQ(rows.Figures().leastBalance, steps.Figures().leastBalance);
+    EXPECT_EQ(rows.Figures().mostAmount, steps.Figures().mostAmount);
+  }
+};
+
+TEST_F(LongRegister, IsTheSameInOneGo) {
+  for (const std::size_t before : {std::size_t{0}, std::size_t{1}, std::size_t{900}}) {
+    RegisterRows rows = Open({1, {}});
+    rows.ReadOn(before);
+    rows.ReadAll();
+    ExpectWhole(rows);
+  }
+}
+
+TEST_F(LongRegister, IsTheSameWithoutItsAccessPath) {
+  DropAccessPath({Store().Path(), file_.password, {}}, machine_.clock, "fast_Register");
+  RegisterRows rows = Open({1, {}});
+  rows.ReadAll();
+  ExpectWhole(rows);
+}
+
+TEST_F(LongRegister, SortsAsItsCellsDo) {
+  RegisterRows rows = Open({1, {}});
+  ExpectSortedAsCells(rows, Whole({1, {}}));
 }
 
 }  // namespace
