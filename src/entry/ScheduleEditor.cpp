@@ -290,8 +290,9 @@ void ScheduleEditor::TellOtherAmount(const ScheduleRecord& record, double typed)
 std::int64_t ScheduleEditor::PostedCount(std::int64_t key) {
   if (key == 0) return 0;
   return ledger_.Store()
-      .QueryValue("Select Count(*) from tblTransactions Where AllocatedItem = 0 AND BankSch = " +
-                  SqlNumber(key) + " AND NOT IsNull(ScheduleDate)")
+      .QueryValue(
+          "Select Count(*) from tblTransactions Where NOT (AllocatedItem <> 0) AND BankSch = " +
+          SqlNumber(key) + " AND NOT IsNull(ScheduleDate)")
       .Int();
 }
 

@@ -89,7 +89,8 @@ class Collection {
         "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
         " INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch) "
         "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID "
-        "WHERE T.AllocatedItem = 0 AND T.BankChk = 0 AND T.BankSch > 0 AND A.CloseAccount <> 1 "
+        "WHERE NOT (T.AllocatedItem <> 0) AND T.BankChk = 0 AND T.BankSch > 0 AND A.CloseAccount "
+        "<> 1 "
         "AND ScheduleDate <= " +
         SqlDate(until_.AddDays(kWeekend)) + " Order By T.ScheduleDate ASC, T.TransactionID");
     std::unordered_map<std::int64_t, std::size_t> oldest;

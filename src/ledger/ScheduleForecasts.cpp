@@ -72,7 +72,7 @@ ScheduleForecasts::ScheduleForecasts(clsCorvanta& ledger, ScheduleDetails former
   {
     Recordset rows = ledger_.Store().OpenRecordset(
         "Select TransactionID, ScheduleDate, [Date] from tblTransactions "
-        "Where AllocatedItem = 0 AND BankSch = " +
+        "Where NOT (AllocatedItem <> 0) AND BankSch = " +
         SqlNumber(former_.scheduleId) + " AND NOT IsNull(ScheduleDate) Order by ScheduleDate");
     for (; !rows.Eof(); rows.MoveNext()) {
       const auto due = Date::FromIso(rows.Text(1).substr(0, 10));

@@ -113,7 +113,7 @@ int CountPosted(Connection& store, const ScheduleRecord& schedule) {
   const Value count = store.QueryValue(
       "Select Count(T.TransactionID) as cRows from tblTransactions "
       " T INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch AND S.AccountID = T.AccountId "
-      " Where T.AllocatedItem = 0 And T.BankSch = " +
+      " Where NOT (T.AllocatedItem <> 0) And T.BankSch = " +
       SqlNumber(schedule.scheduleId) + " AND T.ScheduleDate >= " + SqlDate(schedule.dateFrom));
   return CountOf(count.Int());
 }

@@ -44,7 +44,8 @@ PostedRows PostedOf(Connection& store, std::int64_t scheduleId) {
   PostedRows posted;
   if (scheduleId == 0) return posted;
   Recordset rows = store.OpenRecordset(
-      "Select AccountID, ScheduleDate from tblTransactions Where AllocatedItem = 0 AND BankSch = " +
+      "Select AccountID, ScheduleDate from tblTransactions Where NOT (AllocatedItem <> 0) AND "
+      "BankSch = " +
       SqlNumber(scheduleId) + " Order by ScheduleDate");
   for (; !rows.Eof(); rows.MoveNext()) posted.Add(rows.Int(0), DayOf(rows.Text(1)));
   return posted;
@@ -52,10 +53,11 @@ PostedRows PostedOf(Connection& store, std::int64_t scheduleId) {
 
 PostedBySchedule PostedOfAll(Connection& store) {
   PostedBySchedule all;
-  // The keys of schedules are above 0, and only so the index is used.
+  // The keys of schedules are above 0, and only in this form the engine takes their index: not that
+  // of split lines, where nearly every row stands for no line.
   Recordset rows = store.OpenRecordset(
       "Select BankSch, AccountID, ScheduleDate from tblTransactions "
-      "Where AllocatedItem = 0 AND BankSch > 0 Order by BankSch, ScheduleDate");
+      "Where NOT (AllocatedItem <> 0) AND BankSch > 0 Order by BankSch, ScheduleDate");
   for (; !rows.Eof(); rows.MoveNext()) all[rows.Int(0)].Add(rows.Int(1), DayOf(rows.Text(2)));
   return all;
 }
