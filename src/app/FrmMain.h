@@ -107,6 +107,7 @@ class FrmMain : public QuietEnd<QMainWindow> {
   void ReadAccounts();
   void ShowAccounts();
   void ShowRegister(std::int64_t accountId);
+  [[nodiscard]] RegisterScope ShownScope() const;
   void ShowUncleared(const std::shared_ptr<RegisterRows>& rows);
   void ShowCategories();
   void ShowPayees();
@@ -140,9 +141,12 @@ class FrmMain : public QuietEnd<QMainWindow> {
   void ShowTwin();
   void ShowTransaction(std::int64_t accountId, std::int64_t key);
   void Undo(bool again);
-  void NoticeUndone(const QString& what, std::size_t rowsBefore);
-  // The keys of the rows that the view shows, and choosing one of them.
-  [[nodiscard]] std::set<std::int64_t> ShownKeys() const;
+  // `rows` is how many more there are than before.
+  void NoticeUndone(const QString& what, qint64 rows);
+  [[nodiscard]] qint64 RowsShown() const;
+  // The keys that a list shows; of a register, which may be long, those among the touched ones.
+  [[nodiscard]] std::set<std::int64_t> ShownOf(const std::vector<std::int64_t>& touched) const;
+  // Of what the view shows.
   void ChooseShown(std::int64_t key);
 
   // --- Entry, balancing, printing

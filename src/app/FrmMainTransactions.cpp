@@ -6,6 +6,8 @@
 #include "app/RegisterView.h"
 #include "app/TransactionClip.h"
 #include "controls/QtText.h"
+#include "controls/SortedTable.h"
+#include "ledger/RegisterRows.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
@@ -129,8 +131,11 @@ void FrmMain::ShowTransaction(std::int64_t accountId, std::int64_t key) {
 
 void FrmMain::Undo(bool again) {
   if (!session_.IsOpen()) return;
+  constexpr std::string_view kRows = "tblTransactions";
   UndoLog& log = session_.Ledger().Undo();
-  const std::set<std::int64_t> before = ShownKeys();
+  const auto touched = again ? log.RedoKeys(kRows) : log.UndoKeys(kRows);
+  const std::set<std::int64_t> before = ShownOf(touched);
+  const qint64 rowsBefore = RowsShown();
   const QString name = ToQt(again ? log.RedoName() : log.UndoName());
   if (again) {
     log.Redo();
@@ -138,15 +143,15 @@ void FrmMain::Undo(bool again) {
     log.Undo();
   }
   Reload();
-  NoticeUndone(again ? tr("Done again: %1").arg(name) : tr("Undone: %1").arg(name), before.size());
+  NoticeUndone(again ? tr("Done again: %1").arg(name) : tr("Undone: %1").arg(name),
+               RowsShown() - rowsBefore);
   // What came back is what the next key is meant for.
-  for (const std::int64_t key : ShownKeys()) {
+  for (const std::int64_t key : ShownOf(touched)) {
     if (!before.contains(key)) return ChooseShown(key);
   }
 }
 
-void FrmMain::NoticeUndone(const QString& what, std::size_t rowsBefore) {
-  const auto rows = static_cast<qint64>(ShownKeys().size()) - static_cast<qint64>(rowsBefore);
+void FrmMain::NoticeUndone(const QString& what, qint64 rows) {
   QString count;
   if (rows == 1) count = tr(" (1 row is back)");
   if (rows > 1) count = tr(" (%1 rows are back)").arg(locale().toString(rows));
@@ -155,13 +160,20 @@ void FrmMain::NoticeUndone(const QString& what, std::size_t rowsBefore) {
   Notice(what + count);
 }
 
-std::set<std::int64_t> FrmMain::ShownKeys() const {
-  std::vector<std::int64_t> keys;
+qint64 FrmMain::RowsShown() const {
+  if (shown_.name == kTransactionShow) return registerView_->Table().model()->rowCount();
+  const ReferenceView* list = ShownList();
+  return list == nullptr ? 0 : static_cast<qint64>(list->ShownKeys().size());
+}
+
+std::set<std::int64_t> FrmMain::ShownOf(const std::vector<std::int64_t>& touched) const {
   if (shown_.name == kTransactionShow) {
-    keys = registerView_->ShownKeys();
-  } else if (const ReferenceView* list = ShownList()) {
-    keys = list->ShownKeys();
+    const auto keys = KeysInScope(session_.Ledger().Store(), ShownScope(), touched);
+    return {keys.begin(), keys.end()};
   }
+  const ReferenceView* list = ShownList();
+  if (list == nullptr) return {};
+  const std::vector<std::int64_t> keys = list->ShownKeys();
   return {keys.begin(), keys.end()};
 }
 

@@ -174,9 +174,7 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
   // What the tree has counted need not be counted again, as long as it is still so.
   std::optional<EntrySums> sums;
   if (found != accounts_.end() && countedAt_ == ledger.Store().Changes()) sums = found->sums;
-  const auto rows =
-      shelf_.Take(ledger.Store(), {accountId, shown_.Filter(), shown_.RegisterPeriod()},
-                  account->openingBalance, sums);
+  const auto rows = shelf_.Take(ledger.Store(), ShownScope(), account->openingBalance, sums);
   registerView_->ShowAccount(*account, rows);
   if (registerView_->IsEmpty() && shown_.IsFiltered()) {
     const EntrySums all =
@@ -186,6 +184,10 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
   tree_->Choose(accountId);
   calendar_->SetMarkedDays(registerView_->Days());
   ShowUncleared(rows);
+}
+
+RegisterScope FrmMain::ShownScope() const {
+  return {shown_.accountId, shown_.Filter(), shown_.RegisterPeriod()};
 }
 
 // Counting them reads all of the account's entries: of a long register that is done once the rows

@@ -109,6 +109,12 @@ class UndoLog::Impl : public ConnectionWatch {
     Notify();
   }
 
+  // The rows that the latest step of `from` has touched.
+  [[nodiscard]] std::vector<std::int64_t> Keys(const Entries& from, std::string_view table) {
+    if (!started_ || from.empty()) return {};
+    return rows_.Keys(table, from.back().first, from.back().last);
+  }
+
   void Clear() {
     if (undo_.empty() && redo_.empty()) return;
     rows_.Forget(0, last_);
@@ -199,6 +205,13 @@ std::string UndoLog::UndoName() const {
 }
 std::string UndoLog::RedoName() const {
   return CanRedo() ? impl_->Undone().back().name : std::string();
+}
+
+std::vector<std::int64_t> UndoLog::UndoKeys(std::string_view table) const {
+  return impl_->Keys(impl_->Done(), table);
+}
+std::vector<std::int64_t> UndoLog::RedoKeys(std::string_view table) const {
+  return impl_->Keys(impl_->Undone(), table);
 }
 
 void UndoLog::Undo() {

@@ -4,6 +4,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvanta {
@@ -50,6 +51,10 @@ class UndoLog {
   // Of the step that Undo or Redo would take; empty when there is none.
   [[nodiscard]] std::string UndoName() const;
   [[nodiscard]] std::string RedoName() const;
+
+  // The rows of a table that Undo or Redo would make, change or remove.
+  [[nodiscard]] std::vector<std::int64_t> UndoKeys(std::string_view table) const;
+  [[nodiscard]] std::vector<std::int64_t> RedoKeys(std::string_view table) const;
 
   // One transaction each; nothing when there is no step, or inside a transaction or step. When they
   // throw (StoreError) the rows and the steps are as before.

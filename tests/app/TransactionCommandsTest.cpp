@@ -13,6 +13,8 @@
 #include <QTimer>
 #include <QTreeWidget>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -225,6 +227,8 @@ TEST_F(TransactionCommands, DeleteAsksAndUndoBringsBack) {
   EXPECT_EQ(Rows(), 13);
   QTest::keyClick(&Table(), Qt::Key_Down, Qt::ShiftModifier);
   machine_.prompts.ExpectAsk("Delete Items?", "Do you wish to delete these 2 items?", true);
+  const RegisterView& view = *window_->findChild<RegisterView*>();
+  const std::vector<std::int64_t> gone = view.ChosenKeys();
   QTest::keyClick(&Table(), Qt::Key_Delete);
   EXPECT_EQ(Rows(), 11);
   const std::string after = Total("lblBalance");
@@ -233,6 +237,7 @@ TEST_F(TransactionCommands, DeleteAsksAndUndoBringsBack) {
   EXPECT_FALSE(Find<QAction>("mnuEditRedo").isEnabled());
   QTest::keyClick(&Table(), Qt::Key_Z, Qt::ControlModifier);
   EXPECT_EQ(Rows(), 13);
+  EXPECT_EQ(view.FocusedKey(), std::ranges::min(gone)) << "the next key is meant for it";
   EXPECT_EQ(Total("lblBalance"), "Balance: 314.49");
   EXPECT_TRUE(Find<QAction>("mnuEditRedo").text().startsWith(QStringLiteral("&Redo Delete")));
   QTest::keyClick(&Table(), Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);

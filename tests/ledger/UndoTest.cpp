@@ -1,6 +1,8 @@
 #include "ledger/RecordsTest.h"
 #include "store/StoreError.h"
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -27,6 +29,25 @@ class Undoing : public RecordsTest {
     return text;
   }
 };
+
+TEST_F(Undoing, AStepKnowsTheRowsItWouldTouch) {
+  const auto keys = [](std::vector<std::int64_t> found) {
+    std::ranges::sort(found);
+    return found;
+  };
+  using Keys = std::vector<std::int64_t>;
+  EXPECT_EQ(Log().UndoKeys("tblTransactions"), Keys());
+  const std::int64_t key = Add(bank_, -10.1);
+  const std::int64_t other = Add(bank_, -20);
+  EXPECT_EQ(Log().UndoKeys("tblTransactions"), Keys{other});
+  EXPECT_EQ(Log().UndoKeys("tblAccounts"), Keys());
+  ledger_.ApplyStatus(StatusCommand::Cleared, std::vector{key, other}, false);
+  EXPECT_EQ(keys(Log().UndoKeys("tblTransactions")), (Keys{key, other})) << "each once";
+  EXPECT_EQ(Log().RedoKeys("tblTransactions"), Keys());
+  Log().Undo();
+  EXPECT_EQ(keys(Log().RedoKeys("tblTransactions")), (Keys{key, other}));
+  EXPECT_EQ(Log().UndoKeys("tblTransactions"), Keys{other});
+}
 
 TEST_F(Undoing, EachStepGoesBackAndForthUnderItsName) {
   EXPECT_FALSE(Log().CanUndo());

@@ -115,6 +115,25 @@ std::int64_t UndoTables::Last() {
   throw ErrorOf(store_->Database(), result, {}, store_->Path());
 }
 
+std::vector<std::int64_t> UndoTables::Keys(std::string_view table, std::int64_t first,
+                                           std::int64_t last) {
+  std::vector<std::int64_t> keys;
+  const auto found = std::ranges::find(tables_, table, &Table::name);
+  if (found == tables_.end()) return keys;
+  const std::string sql = std::string("SELECT DISTINCT row FROM temp.") + kLog +
+                          " WHERE tbl = ?1 AND number BETWEEN ?2 AND ?3";
+  const StatementHandle rows = Prepare(store_->Database(), sql, store_->Path());
+  sqlite3_bind_int64(rows.get(), 1, found - tables_.begin());
+  sqlite3_bind_int64(rows.get(), 2, first);
+  sqlite3_bind_int64(rows.get(), 3, last);
+  int result = SQLITE_ROW;
+  while ((result = sqlite3_step(rows.get())) == SQLITE_ROW) {
+    keys.push_back(sqlite3_column_int64(rows.get(), 0));
+  }
+  if (result != SQLITE_DONE) throw ErrorOf(store_->Database(), result, sql, store_->Path());
+  return keys;
+}
+
 void UndoTables::TakeBack(std::int64_t first, std::int64_t last) {
   const std::string sql = std::string("SELECT * FROM temp.") + kLog +
                           " WHERE number BETWEEN ?1 AND ?2 ORDER BY number DESC";

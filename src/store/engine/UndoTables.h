@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvanta {
@@ -25,6 +26,9 @@ class UndoTables {
   [[nodiscard]] bool IsOpen() const { return last_ != nullptr; }
   // The number of the latest row of the log, 0 when it is empty.
   [[nodiscard]] std::int64_t Last();
+  // The rows of a table that these rows of the log are about, each once.
+  [[nodiscard]] std::vector<std::int64_t> Keys(std::string_view table, std::int64_t first,
+                                               std::int64_t last);
   // Undoes what these rows stand for, the latest first; what that changes is logged behind them.
   void TakeBack(std::int64_t first, std::int64_t last);
   void Forget(std::int64_t first, std::int64_t last);
