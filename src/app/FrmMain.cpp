@@ -7,6 +7,7 @@
 #include "app/MainActions.h"
 #include "app/PayeesView.h"
 #include "app/QtProgress.h"
+#include "app/ReadAhead.h"
 #include "app/RegisterView.h"
 #include "app/RemindersPanel.h"
 #include "app/ScheduleView.h"
@@ -46,6 +47,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
       platform_(platform),
       settings_(platform.registry),
       progress_(progress),
+      ahead_(new ReadAhead(shelf_, this)),
       day_(platform.clock.Today()),
       actions_(new MainActions(this)) {
   setObjectName(QStringLiteral("FrmMain"));
@@ -178,6 +180,7 @@ void FrmMain::Connect() {
   connect(registerView_, &RegisterView::PeriodChanged, this, &FrmMain::TakeFilter);
   session_.OnClose([window = QPointer<FrmMain>(this)] {
     if (!window) return;
+    window->ahead_->Stop();
     window->shelf_.Clear();
     window->registerView_->LetGo();
   });

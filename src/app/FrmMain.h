@@ -31,6 +31,7 @@ class LedgerSession;
 class MainActions;
 class PayeesView;
 class QtProgress;
+class ReadAhead;
 class ReferenceView;
 class RegisterView;
 class RemindersPanel;
@@ -105,6 +106,8 @@ class FrmMain : public QuietEnd<QMainWindow> {
   // Takes every filter off.
   void ShowEverything();
   void ReadAccounts();
+  // Has the long registers read that may be gone to next.
+  void PrepareOthers();
   void ShowAccounts();
   void ShowRegister(std::int64_t accountId);
   [[nodiscard]] RegisterScope ShownScope() const;
@@ -239,6 +242,7 @@ class FrmMain : public QuietEnd<QMainWindow> {
   std::vector<AccountRow> accounts_;
   std::uint64_t countedAt_ = 0;  // how the data stood then
   RegisterShelf shelf_;
+  ReadAhead* ahead_;
   std::int64_t account_ = 0;      // last shown in the register
   bool isAccountClosed_ = false;  // whether that one is
   Date day_;                      // that the views are of

@@ -6,6 +6,7 @@
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/PayeesView.h"
+#include "app/ReadAhead.h"
 #include "app/RegisterView.h"
 #include "app/ScheduleView.h"
 #include "app/TransactionClip.h"
@@ -121,8 +122,16 @@ void FrmMain::ReadAccounts() {
     countedAt_ = session_.Ledger().Store().Changes();
   }
   tree_->SetAccounts(accounts_);
+  PrepareOthers();
   ShowFile();
   actions_->SetDataOpen(session_.IsOpen());
+}
+
+void FrmMain::PrepareOthers() {
+  // The days of a period are soon read.
+  if (!session_.IsOpen() || shown_.dates) return ahead_->Stop();
+  ahead_->Start(session_.Ledger().Store(), accounts_, shown_.Filter(),
+                [this] { return registerView_->IsReading(); });
 }
 
 void FrmMain::ShowFile() {
@@ -194,13 +203,14 @@ RegisterScope FrmMain::ShownScope() const {
 // stand there.
 void FrmMain::ShowUncleared(const std::shared_ptr<RegisterRows>& rows) {
   constexpr std::size_t kAtOnce = 20000;
+  constexpr int kDrawn = 100;  // milliseconds
   const auto show = [this](RegisterRows& of) {
     uncleared_->setText(ToQt(UnclearedText(of.UnclearedCount())));
     uncleared_->show();
   };
   if (rows->Count() < kAtOnce) return show(*rows);
   // They are let go where the data file is closed before that.
-  QTimer::singleShot(0, this, [this, show, waiting = std::weak_ptr(rows)] {
+  QTimer::singleShot(kDrawn, this, [this, show, waiting = std::weak_ptr(rows)] {
     const auto still = waiting.lock();
     const bool isShown = still != nullptr && shown_.name == kTransactionShow &&
                          shown_.accountId == still->Scope().accountId;

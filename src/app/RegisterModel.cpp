@@ -56,6 +56,10 @@ void RegisterModel::PutInOrder() {
   });
 }
 
+bool RegisterModel::IsReading() const {
+  return idle_->isActive();
+}
+
 void RegisterModel::ReadOn() {
   const bool goesOn = rows_ != nullptr && !rows_->IsWhole() && !hasFailed_;
   const bool isCurrent = goesOn && rows_->IsCurrent();

@@ -45,6 +45,8 @@ class RegisterModel : public QAbstractTableModel {
   // Shows the rows in the order that was last asked for; null for none. What is not yet read of
   // them is read as it comes into sight, and the rest little by little while nothing else happens.
   void SetRows(std::shared_ptr<RegisterRows> rows);
+  // Whether it is still at that.
+  [[nodiscard]] bool IsReading() const;
   // Rows after it are ahead: a forecast.
   void SetToday(Date today) { today_ = today; }
   [[nodiscard]] bool IsAhead(int row) const { return Entry(row).date > today_; }

@@ -86,6 +86,8 @@ class RegisterView : public QWidget {
   void ChooseDay(Date day);
   // The days on which the register has rows, as far as it is read.
   [[nodiscard]] QSet<QDate> Days() const;
+  // Whether the register is not read to its end yet.
+  [[nodiscard]] bool IsReading() const;
 
  Q_SIGNALS:
   void PeriodChanged();

@@ -89,4 +89,8 @@ QSet<QDate> RegisterView::Days() const {
   return model_->Days();
 }
 
+bool RegisterView::IsReading() const {
+  return model_->IsReading();
+}
+
 }  // namespace corvanta

@@ -10,6 +10,7 @@
 #include <QDateEdit>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QTimer>
 #include <QTreeWidget>
 
 namespace corvanta {
@@ -81,6 +82,33 @@ TEST_F(RegisterInWindow, FiltersThatHideEverythingSaySoAndCanBeClearedThere) {
   for (const QLabel* label : empty.findChildren<QLabel*>()) {
     EXPECT_FALSE(label->text().contains("hidden"));
   }
+}
+
+TEST_F(RegisterInWindow, ALongRegisterIsReadBeforeItIsGoneTo) {
+  OpenPurse();
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Bank',2,17,5,0)");
+  const std::string columns = "AccountID,CategoryID,PaymentID,PayeeID,[Amount],[Date]";
+  Run("INSERT INTO tblTransactions (" + columns + ") VALUES (2,3,1,1,-1,#01/02/2026#)");
+  for (int rows = 1; rows < 20000; rows *= 2) {
+    Run("INSERT INTO tblTransactions (" + columns + ") SELECT " + columns +
+        " FROM tblTransactions");
+  }
+  ShowWindow();
+  window_->Show({kTransactionShow, 2});
+  EXPECT_TRUE(View().IsReading()) << "so it is gone to at once, and read by and by";
+  window_->Show({kTransactionShow, 1});
+  // What changes meanwhile is read anew.
+  Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
+  window_->Reload();
+  auto& timer = *window_->findChild<QTimer*>("tmrReadAhead");
+  EXPECT_TRUE(timer.isActive());
+  ASSERT_TRUE(QTest::qWaitFor([&] { return !timer.isActive(); }, 120000));
+  window_->Show({kTransactionShow, 2});
+  EXPECT_FALSE(View().IsReading());
+  EXPECT_EQ(Model().rowCount(), 32767);
+  EXPECT_EQ(Model().Entry(0).balance, 4);
+  EXPECT_EQ(Model().Entry(32766).balance, 5 - 32767);
 }
 
 TEST_F(RegisterInWindow, NewestFirstTurnsTheDaysRoundToo) {
