@@ -2,6 +2,7 @@
 #include "BenchStore.h"
 #include "ledger/RegisterOrder.h"
 #include "ledger/RegisterRows.h"
+#include "ledger/Reminders.h"
 #include "ledger/clsCorvanta.h"
 
 #include <benchmark/benchmark.h>
@@ -65,6 +66,11 @@ constexpr const char* kRawEntries =
     "SELECT TransactionID, Amount FROM tblTransactions WHERE AllocatedItem = 0 AND AccountID = 1 "
     "ORDER BY Date, TransactionID";
 
+// And with the one text that a list may be sorted by.
+constexpr const char* kRawTexts =
+    "SELECT TransactionID, Description FROM tblTransactions WHERE AllocatedItem = 0 AND AccountID "
+    "= 1 ORDER BY Date, TransactionID";
+
 BenchStore& StoreOf(std::int64_t count) {
   static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
   std::unique_ptr<BenchStore>& store = stores[count];
@@ -75,22 +81,33 @@ BenchStore& StoreOf(std::int64_t count) {
   return *store;
 }
 
-void EntriesThroughLibrary(benchmark::State& state) {
+void ReadRaw(benchmark::State& state, const char* sql) {
   sqlite3* database = StoreOf(state.range(0)).OpenRaw();
   for (auto _ : state) {
     sqlite3_stmt* rows = nullptr;
-    sqlite3_prepare_v2(database, kRawEntries, -1, &rows, nullptr);
-    double sum = 0;
+    sqlite3_prepare_v2(database, sql, -1, &rows, nullptr);
     std::int64_t keys = 0;
+    double sum = 0;
     while (sqlite3_step(rows) == SQLITE_ROW) {
       keys += sqlite3_column_int64(rows, 0);
-      sum += sqlite3_column_double(rows, 1);
+      if (sql == kRawEntries) {
+        sum += sqlite3_column_double(rows, 1);
+      } else {
+        benchmark::DoNotOptimize(sqlite3_column_text(rows, 1));
+      }
     }
     benchmark::DoNotOptimize(sum);
     benchmark::DoNotOptimize(keys);
     sqlite3_finalize(rows);
   }
   sqlite3_close(database);
+}
+
+void EntriesThroughLibrary(benchmark::State& state) {
+  ReadRaw(state, kRawEntries);
+}
+void TextsThroughLibrary(benchmark::State& state) {
+  ReadRaw(state, kRawTexts);
 }
 
 // What the window does to show another account, whose sums the tree has read: the figures, the days
@@ -100,11 +117,14 @@ void Switch(benchmark::State& state, std::optional<RegisterColumn> column, bool 
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
   const AccountRow account = ledger.Accounts(TreeOptions()).front();
+  bool isDescending = false;
   const auto show = [&](RegisterRows& rows) {
     benchmark::DoNotOptimize(LowestAhead(rows, *Date::FromYmd(2025, 12, 20)));
-    rows.ReadOn(10000);
     std::vector<std::uint32_t> order;
-    if (column) order = SortedRegister(rows, *column, false);
+    // The other way round than before: the last order is kept.
+    isDescending = !isDescending;
+    if (column) order = SortedRegister(rows, *column, isDescending);
+    rows.ReadOn(10000);
     std::vector<std::size_t> screen;
     for (std::size_t i = 1; i <= 64; ++i) {
       screen.push_back(column ? order[i] : rows.Count() - i);
@@ -129,6 +149,9 @@ void SwitchUnsorted(benchmark::State& state) {
 }
 void SwitchSortedByPayee(benchmark::State& state) {
   Switch(state, RegisterColumn::Payee, false);
+}
+void SwitchSortedByDescription(benchmark::State& state) {
+  Switch(state, RegisterColumn::Description, false);
 }
 // Of a register that the window has read to its end meanwhile.
 void SortByPayee(benchmark::State& state) {
@@ -165,12 +188,26 @@ void AccountsThroughLedger(benchmark::State& state) {
   }
 }
 
+// Read at the start and after every change, of a file without a schedule: next to nothing.
+void RemindersThroughLedger(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  const Date today = *Date::FromYmd(2025, 12, 20);
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(Reminders(ledger, today, today.AddDays(30), true));
+  }
+}
+
 BENCHMARK(EntriesThroughLibrary)->Apply(Sizes);
+BENCHMARK(TextsThroughLibrary)->Apply(Sizes);
 BENCHMARK(SwitchUnsorted)->Apply(Sizes);
 BENCHMARK(SwitchSortedByPayee)->Apply(Sizes);
+BENCHMARK(SwitchSortedByDescription)->Apply(Sizes);
 BENCHMARK(SortByPayee)->Apply(Sizes);
 BENCHMARK(SortByBalance)->Apply(Sizes);
 BENCHMARK(ReadToTheEnd)->Apply(Sizes);
+BENCHMARK(RemindersThroughLedger)->Apply(Sizes);
 BENCHMARK(RegisterThroughLibrary)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(RegisterThroughLedger)->Arg(100000)->Unit(benchmark::kMillisecond);
 BENCHMARK(AccountsThroughLedger)->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);

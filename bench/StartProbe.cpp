@@ -1,7 +1,7 @@
 // Starts and ends as soon as something is drawn, for the script "start" to time from outside:
 //   corvanta-start-probe empty            an empty window of Qt
-//   corvanta-start-probe window FOLDER    the program on the data file in FOLDER, up to its
-//   register corvanta-start-probe fill FOLDER N    makes that data file with N transactions
+//   corvanta-start-probe window FOLDER    the program on the data file in FOLDER, up to its list
+//   corvanta-start-probe fill FOLDER N    makes that data file with N transactions
 #include "app/StartOptions.h"
 #include "app/StartUp.h"
 #include "controls/SvgIcon.h"
