@@ -79,9 +79,9 @@ void ExpectSound(Connection& connection) {
   EXPECT_NEAR(balances.at(1), 314.49, 0.001);
 }
 
-std::string FaultName(const ::testing::TestParamInfo<Fault>& tested) {
+std::string FaultName(Fault fault) {
   constexpr const char* kNames[] = {"IoError", "DiskFull", "Exit", "TornWrite", "DropUnsynced"};
-  return kNames[static_cast<int>(tested.param)];
+  return kNames[static_cast<int>(fault)];
 }
 
 }  // namespace corvanta

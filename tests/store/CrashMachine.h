@@ -68,6 +68,6 @@ class CrashMachine {
 // That the file holds all of the sample data.
 void ExpectSound(Connection& connection);
 
-[[nodiscard]] std::string FaultName(const ::testing::TestParamInfo<Fault>& tested);
+[[nodiscard]] std::string FaultName(Fault fault);
 
 }  // namespace corvanta

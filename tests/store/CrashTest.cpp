@@ -143,7 +143,7 @@ TEST_P(Crash, ChangeOfPasswordLeavesAFileThatOneOfBothOpens) {
 INSTANTIATE_TEST_SUITE_P(Faults, Crash,
                          ::testing::Values(Fault::IoError, Fault::DiskFull, Fault::Exit,
                                            Fault::TornWrite, Fault::DropUnsynced),
-                         FaultName);
+                         [](const auto& tested) { return FaultName(tested.param); });
 
 }  // namespace
 }  // namespace corvanta
