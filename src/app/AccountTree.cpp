@@ -12,6 +12,8 @@
 #include <QSignalBlocker>
 #include <QTreeWidgetItemIterator>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -32,7 +34,8 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
   setHeaderHidden(true);
   header()->setStretchLastSection(false);
   header()->setSectionResizeMode(kName, QHeaderView::Stretch);
-  header()->setSectionResizeMode(kAmount, QHeaderView::ResizeToContents);
+  header()->setSectionResizeMode(kAmount, QHeaderView::Fixed);
+  header()->setMinimumSectionSize(0);
   setItemDelegateForColumn(kAmount, new AmountDelegate(this));
   setUniformRowHeights(true);
   setIndentation(2 * kRhythm);
@@ -54,9 +57,11 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
   connect(this, &QTreeWidget::itemActivated, this, open);
   connect(this, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) {
     folded_.insert(item->data(kName, kGroupRole).toLongLong());
+    ShareWidth();
   });
   connect(this, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* item) {
     folded_.remove(item->data(kName, kGroupRole).toLongLong());
+    ShareWidth();
   });
 }
 
@@ -66,6 +71,19 @@ void AccountTree::SetAccounts(const std::vector<AccountRow>& accounts) {
   for (const AccountGroupBalances& group : ByGroup(accounts)) FillGroup(group);
   ColourItems();
   Choose(chosen_);
+  ShareWidth();
+}
+
+void AccountTree::ShareWidth() {
+  const int name = 2 * indentation() + fontMetrics().horizontalAdvance(QStringLiteral("Abc..."));
+  const int room = viewport()->width();
+  header()->resizeSection(kAmount,
+                          std::min(sizeHintForColumn(kAmount), std::max(room - name, room / 3)));
+}
+
+void AccountTree::resizeEvent(QResizeEvent* event) {
+  QTreeWidget::resizeEvent(event);
+  ShareWidth();
 }
 
 void AccountTree::FillGroup(const AccountGroupBalances& balances) {
@@ -107,6 +125,9 @@ void AccountTree::AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total) {
   auto* item =
       new QTreeWidgetItem(group, {ToQt(total.Caption()), ToQt(locale_.FormatNumber(total.total))});
   item->setData(kAmount, kAmountRole, total.total);
+  for (const int column : {kName, kAmount}) {
+    item->setToolTip(column, item->text(kName) + QStringLiteral(": ") + item->text(kAmount));
+  }
   item->setFont(kAmount, ScaledFont(0, QFont::DemiBold));
   // Neither the keys nor the mouse stop at it.
   item->setFlags(Qt::NoItemFlags);

@@ -40,6 +40,7 @@ class AccountTree : public QTreeWidget {
   [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
       const QModelIndex& index, const QEvent* event) const override;
   void changeEvent(QEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   QTreeWidgetItem* AddGroup(const AccountGroupBalances& balances);
@@ -47,6 +48,8 @@ class AccountTree : public QTreeWidget {
   void AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total);
   void FillGroup(const AccountGroupBalances& balances);
   void ColourItems();
+  // A balance gives way before its account's name is gone.
+  void ShareWidth();
 
   const Locale& locale_;
   QSet<qint64> folded_;

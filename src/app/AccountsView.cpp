@@ -19,11 +19,11 @@ std::vector<ListColumn> Columns(const Locale& locale) {
   const QString opening = AccountsView::tr("Opening Balance");
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-999999.99))) + 3 * kRhythm;
   return {{AccountsView::tr("Account"), text(QStringLiteral("An account's name")), 4},
-          {AccountsView::tr("Group"), text(QStringLiteral("Investment Accounts")), 2},
-          {AccountsView::tr("Bank"), text(QStringLiteral("A bank's name")), 3},
-          {AccountsView::tr("Number"), text(QStringLiteral("1234567890")), 1},
-          {AccountsView::tr("Currency"), text(QStringLiteral("Currency")), 0},
-          {opening, std::max(money, text(opening)), 0, true},
+          {AccountsView::tr("Group"), text(QStringLiteral("Investment Accounts")), 2, false, 4},
+          {AccountsView::tr("Bank"), text(QStringLiteral("A bank's name")), 3, false, 1},
+          {AccountsView::tr("Number"), text(QStringLiteral("1234567890")), 1, false, 2},
+          {AccountsView::tr("Currency"), text(QStringLiteral("Currency")), 0, false, 5},
+          {opening, std::max(money, text(opening)), 0, true, 3},
           {AccountsView::tr("Balance"), money, 0, true}};
 }
 

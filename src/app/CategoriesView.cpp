@@ -21,10 +21,10 @@ std::vector<ListColumn> Columns(const Locale& locale) {
   const int name = text(QStringLiteral("A category's name"));
   return {{CategoriesView::tr("Category"), name, 3},
           {CategoriesView::tr("Sub Category"), name, 3},
-          {CategoriesView::tr("Budget"), money, 0, true},
-          {CategoriesView::tr("Period"), text(QStringLiteral("Every 4 Weeks")), 1},
-          {CategoriesView::tr("Type"), text(QStringLiteral("Expense")), 0},
-          {CategoriesView::tr("Description"), text(QStringLiteral("Description")), 2}};
+          {CategoriesView::tr("Budget"), money, 0, true, 4},
+          {CategoriesView::tr("Period"), text(QStringLiteral("Every 4 Weeks")), 1, false, 2},
+          {CategoriesView::tr("Type"), text(QStringLiteral("Expense")), 0, false, 3},
+          {CategoriesView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }
 
 }  // namespace

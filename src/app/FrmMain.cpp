@@ -40,6 +40,8 @@ namespace corvanta {
 namespace {
 constexpr int kLeftWidth = 34 * kRhythm;
 constexpr int kSmallest = 80 * kRhythm;
+// The columns beside the view give way before it has less than this part of the window.
+constexpr double kCentrePart = 0.55;
 }  // namespace
 
 FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progress)
@@ -90,6 +92,11 @@ QWidget* FrmMain::MakeCentre() {
   rows->addWidget(ribbon_);
   rows->addWidget(columns_, 1);
   return page;
+}
+
+void FrmMain::resizeEvent(QResizeEvent* event) {
+  views_->setMinimumWidth(static_cast<int>(kCentrePart * width()));
+  QMainWindow::resizeEvent(event);
 }
 
 void FrmMain::MakeViews() {

@@ -14,6 +14,7 @@ struct ListColumn {
   int width = 0;    // at least, in pixels
   int stretch = 0;  // share of what is over
   bool isNumber = false;
+  int leaves = 0;  // where there is no room the lowest one is hidden first; 0: never
 };
 
 struct ListCell {

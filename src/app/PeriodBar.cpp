@@ -48,8 +48,7 @@ PeriodBar::PeriodBar(const Locale& locale, QWidget* parent)
   chkUnset_->setObjectName(QStringLiteral("chkUnset"));
   chkUnset_->setToolTip(tr("Show only the transactions between these days"));
   auto* line = new QHBoxLayout(this);
-  line->setContentsMargins(kRhythm, kRhythm, 2 * kRhythm, kRhythm);
-  line->setSpacing(kRhythm);
+  SetBelow(false);
   line->addWidget(chkUnset_);
   line->addWidget(from_);
   line->addWidget(new QLabel(QStringLiteral("–"), this));
@@ -84,6 +83,12 @@ void PeriodBar::SetInForce(bool inForce) {
   chkUnset_->setChecked(inForce);
   from_->setEnabled(inForce);
   to_->setEnabled(inForce);
+}
+
+void PeriodBar::SetBelow(bool isBelow) {
+  layout()->setSpacing(isBelow ? kRhythm / 2 : kRhythm);
+  layout()->setContentsMargins(isBelow ? 2 * kRhythm : kRhythm, isBelow ? 0 : kRhythm, 2 * kRhythm,
+                               kRhythm);
 }
 
 // The other end moves along when the days would cross.

@@ -26,6 +26,8 @@ class PeriodBar : public QWidget {
   // These send no signal.
   void SetDates(const DateRange& dates);
   void SetInForce(bool inForce);
+  // Whether it stands under a title or at its side.
+  void SetBelow(bool isBelow);
 
  Q_SIGNALS:
   void Changed();  // what is in force is another

@@ -1,5 +1,7 @@
 #include "app/QtPrompts.h"
 
+#include "app/FrmMessage.h"
+#include "controls/LongText.h"
 #include "controls/QtText.h"
 #include "platform/PlatformError.h"
 #include "platform/Registry.h"
@@ -35,7 +37,7 @@ QMessageBox::Icon BoxIcon(Icon icon) {
 void Fill(QMessageBox& box, const std::string& title, const std::string& text, Icon icon) {
   box.setWindowTitle(ToQt(title));
   box.setTextFormat(Qt::PlainText);
-  box.setText(ToQt(text));
+  box.setText(Breakable(ToQt(text)));
   box.setIcon(BoxIcon(icon));
 }
 
@@ -47,6 +49,10 @@ QWidget* QtPrompts::Parent() const {
 }
 
 void QtPrompts::Tell(const std::string& title, const std::string& text, Icon icon) {
+  if (icon == Icon::Information && FrmMessage::IsLong(ToQt(text))) {
+    FrmMessage(ToQt(title), ToQt(text), Parent()).exec();
+    return;
+  }
   QMessageBox box(Parent());
   Fill(box, title, text, icon);
   box.exec();

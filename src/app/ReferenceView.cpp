@@ -37,7 +37,7 @@ ReferenceView::ReferenceView(const char* listName, const QString& title,
   std::vector<ListTable::Column> widths;
   for (const ListColumn& column : model_->Columns()) {
     const int smallest = column.stretch > 0 ? std::min(column.width, kSmallest) : column.width;
-    widths.push_back({column.width, column.stretch, smallest});
+    widths.push_back({column.width, column.stretch, smallest, column.leaves});
   }
   table_->SetColumns(std::move(widths));
   table_->SetSorted(sort);

@@ -14,8 +14,8 @@
 #include "platform/Locale.h"
 
 #include <QAction>
+#include <QBoxLayout>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QItemSelection>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -35,19 +35,25 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   const int date = text(ToQt(locale.FormatShortDate(longDate))) + kRhythm;
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 2 * kRhythm;
   const int word = text(QStringLiteral("Abcdef..."));
-  const int few = text(QStringLiteral("Ab..."));
+  const int few = text(QStringLiteral("Abc..."));
   std::vector<ListTable::Column> columns(RegisterModel::kColumns);
   // The last numbers say which column leaves first where there is no room.
   columns[RegisterModel::kDate] = {date + kRhythm, 0, date - kRhythm / 2};
-  columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")), 4, few};
+  columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")),
+                                    4,
+                                    text(QStringLiteral("Abcdefghij...")),
+                                    0,
+                                    false,
+                                    few};
   columns[RegisterModel::kCategory] = {text(QStringLiteral("Category:Sub-category xx")), 4, word,
                                        5};
   columns[RegisterModel::kPayment] = {text(QStringLiteral("Direct Debit")), 1, word, 4};
   columns[RegisterModel::kRef] = {text(QStringLiteral("123456")), 0, few, 1};
   columns[RegisterModel::kDescription] = {text(QStringLiteral("Description")), 3, word, 2};
   columns[RegisterModel::kStatus] = {text(QStringLiteral("Status")), 0, 0, 3};
-  columns[RegisterModel::kPaidOut] = {money, 0, money, 0, true};
-  columns[RegisterModel::kPaidIn] = {money, 0, money, 0, true};
+  // A balance without what was paid still says how the account stands; half of it would mislead.
+  columns[RegisterModel::kPaidOut] = {money, 0, money, 6, true};
+  columns[RegisterModel::kPaidIn] = {money, 0, money, 6, true};
   columns[RegisterModel::kBalance] = {money + 2 * kRhythm, 0, money + kRhythm, 0, true};
   return columns;
 }
@@ -65,6 +71,7 @@ QString Details(const AccountRow& account) {
 
 RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* parent)
     : QWidget(parent),
+      head_(new QBoxLayout(QBoxLayout::LeftToRight)),
       header_(new ViewHeader(this)),
       period_(new PeriodBar(locale, this)),
       pages_(new QStackedWidget(this)),
@@ -85,13 +92,12 @@ RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* 
   empty_->setContextMenuPolicy(Qt::CustomContextMenu);
   pages_->addWidget(table_);
   pages_->addWidget(empty_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(header_, 1);
-  head->addWidget(period_);
+  head_->addWidget(header_, 1);
+  head_->addWidget(period_);
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addLayout(head);
+  column->addLayout(head_);
   column->addWidget(pages_, 1);
   column->addWidget(totals_);
   setFocusProxy(table_);
@@ -134,6 +140,7 @@ void RegisterView::RequestMenu(QPoint place) {
 void RegisterView::ShowAccount(const AccountRow& account,
                                const std::shared_ptr<RegisterRows>& rows) {
   header_->Show(ToQt(AccountCaption(account)), Ahead(account, *rows) + Details(account));
+  PlacePeriod();
   const auto count = static_cast<qulonglong>(rows->Count());
   totals_->Show(
       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
@@ -244,6 +251,19 @@ void RegisterView::ShowNoAccount() {
 void RegisterView::LetGo() {
   accountId_ = 0;
   model_->SetRows(nullptr);
+}
+
+// The account's name comes before the period's room beside it.
+void RegisterView::PlacePeriod() {
+  const bool isBelow = header_->WantedWidth() + period_->sizeHint().width() > width();
+  head_->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+  head_->setAlignment(period_, isBelow ? Qt::AlignLeft : Qt::Alignment());
+  period_->SetBelow(isBelow);
+}
+
+void RegisterView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  PlacePeriod();
 }
 
 void RegisterView::SetToday(Date today) {

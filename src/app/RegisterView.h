@@ -12,6 +12,7 @@
 #include <vector>
 
 class QAction;
+class QBoxLayout;
 class QPoint;
 class QStackedWidget;
 
@@ -98,8 +99,12 @@ class RegisterView : public QWidget {
   void Outdated();                          // the register must be shown anew
   void Failed(const QString& reason);       // the data file refuses to be read
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void Connect();
+  void PlacePeriod();
   void RequestMenu(QPoint place);
   void ShowEmpty();
   [[nodiscard]] QString FilterText(const StatusFilter& filter) const;
@@ -112,6 +117,7 @@ class RegisterView : public QWidget {
   void GoToToday();
   [[nodiscard]] std::vector<int> ChosenRows() const;
 
+  QBoxLayout* head_;
   ViewHeader* header_;
   PeriodBar* period_;
   QStackedWidget* pages_;

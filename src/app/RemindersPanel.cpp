@@ -17,7 +17,7 @@
 
 namespace corvanta {
 namespace {
-constexpr int kSmallestWidth = 30 * kRhythm;
+constexpr int kSmallestWidth = 24 * kRhythm;
 }
 
 RemindersPanel::RemindersPanel(const Locale& locale, const Commands& commands, QWidget* parent)

@@ -19,15 +19,16 @@ std::vector<ListColumn> Columns(const Locale& locale) {
   };
   const Date longDate = *Date::FromYmd(2028, 12, 28);
   const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 3 * kRhythm;
-  return {{ScheduleView::tr("Next Due"), text(ToQt(locale.FormatShortDate(longDate))) + kRhythm, 0},
-          {ScheduleView::tr("Account"), text(QStringLiteral("A bank account's")), 3},
-          {ScheduleView::tr("Payee"), text(QStringLiteral("A payee's name")), 3},
-          {ScheduleView::tr("Category"), text(QStringLiteral("Category:Sub-category")), 3},
-          {ScheduleView::tr("Frequency"), text(QStringLiteral("Every 4 Weeks")), 1},
-          {ScheduleView::tr("Payments"), text(QStringLiteral("Payments")), 0, true},
-          {ScheduleView::tr("Automatic"), text(QStringLiteral("Automatic")), 0},
-          {ScheduleView::tr("Amount"), money, 0, true},
-          {ScheduleView::tr("Description"), text(QStringLiteral("Description")), 2}};
+  return {
+      {ScheduleView::tr("Next Due"), text(ToQt(locale.FormatShortDate(longDate))) + kRhythm, 0},
+      {ScheduleView::tr("Account"), text(QStringLiteral("A bank account's")), 3, false, 5},
+      {ScheduleView::tr("Payee"), text(QStringLiteral("A payee's name")), 3},
+      {ScheduleView::tr("Category"), text(QStringLiteral("Category:Sub-category")), 3, false, 6},
+      {ScheduleView::tr("Frequency"), text(QStringLiteral("Every 4 Weeks")), 1, false, 4},
+      {ScheduleView::tr("Payments"), text(QStringLiteral("Payments")), 0, true, 3},
+      {ScheduleView::tr("Automatic"), text(QStringLiteral("Automatic")), 0, false, 2},
+      {ScheduleView::tr("Amount"), money, 0, true},
+      {ScheduleView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }
 
 QString Automatic(AddToAccount add) {

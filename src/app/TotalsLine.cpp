@@ -8,11 +8,15 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QPainter>
+#include <QStringList>
+
+#include <algorithm>
 
 namespace corvanta {
 namespace {
 
 constexpr int kGap = 3 * kRhythm;
+constexpr int kSmallest = 12 * kRhythm;
 
 void Colour(QLabel& label, bool negative) {
   QPalette own;
@@ -38,83 +42,116 @@ TotalsLine::TotalsLine(QWidget* parent)
     label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   }
-  for (QLabel* label : others_) label->hide();
   grid_->setContentsMargins(2 * kRhythm, kRhythm, 2 * kRhythm, kRhythm);
   grid_->setHorizontalSpacing(kGap);
   grid_->setVerticalSpacing(kRhythm / 2);
   grid_->setColumnStretch(0, 1);
+  // The rows' number gives way before a figure does.
   rows_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  rows_->setMinimumWidth(1);
   Arrange();
 }
 
 void TotalsLine::Show(const QString& rows, const QString& figure, bool negative) {
   rowsText_ = rows;
-  rows_->setToolTip(rows);
-  figure_->setText(figure);
+  figureText_ = figure;
   Colour(*figure_, negative);
-  ElideRows();
+  ShowTips();
+  Arrange();
 }
 
-void TotalsLine::ElideRows() {
-  const QString shown = rows_->fontMetrics().elidedText(rowsText_, Qt::ElideRight, rows_->width());
-  if (shown != rows_->text()) rows_->setText(shown);
+void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Locale& money) {
+  const TotalsTexts texts = TextsOf(totals, money);
+  others_[0]->setText(ToQt(texts.paidIn));
+  others_[1]->setText(ToQt(texts.paidOut));
+  others_[2]->setText(ToQt(texts.thisPeriod));
+  Colour(*others_[1], totals.paidOut.value_or(0) < 0);
+  Colour(*others_[2], totals.thisPeriod.value_or(0) < 0);
+  hasOthers_ = true;
+  Show(rows, ToQt(texts.balance), totals.balance.value_or(0) < 0);
+}
+
+void TotalsLine::ShowTips() {
+  QStringList lines{rowsText_};
+  for (const QLabel* label : others_) lines.append(label->text());
+  lines.append(figureText_);
+  lines.removeAll(QString());
+  setToolTip(lines.join(u'\n'));
+}
+
+int TotalsLine::WidthOf(Form form) const {
+  const int figure = figure_->fontMetrics().horizontalAdvance(figureText_);
+  const auto width = [this](int other) { return others_.at(other)->sizeHint().width(); };
+  const int margins = 4 * kRhythm + 1;
+  switch (form) {
+    case Form::OneRow: {
+      const int rows = rows_->fontMetrics().horizontalAdvance(rowsText_);
+      const int others = hasOthers_ ? 3 * kGap + width(0) + width(1) + width(2) : 0;
+      return margins + rows + kGap + others + figure;
+    }
+    case Form::TwoRows:
+      if (!hasOthers_) return margins + kGap + figure;
+      return margins + 2 * kGap + std::max(width(0), width(2)) + std::max(width(1), figure);
+    case Form::PeriodAndFigure:
+      return margins + kGap + (hasOthers_ ? std::max(width(2), figure) : figure);
+    case Form::FigureAlone:
+      break;
+  }
+  return 0;
+}
+
+TotalsLine::Form TotalsLine::Fitting() const {
+  for (const Form form : {Form::OneRow, Form::TwoRows, Form::PeriodAndFigure}) {
+    if (WidthOf(form) <= width()) return form;
+  }
+  return Form::FigureAlone;
+}
+
+void TotalsLine::Elide() {
+  const auto elided = [](const QLabel& label, const QString& text, int width) {
+    const QString shown = label.fontMetrics().elidedText(text, Qt::ElideRight, width);
+    return shown == QStringLiteral("…") ? QString() : shown;
+  };
+  const QString rows = elided(*rows_, rowsText_, rows_->width());
+  if (rows != rows_->text()) rows_->setText(rows);
+  const int room = std::max(0, width() - 4 * kRhythm - 1 - kGap);
+  const QString figure = elided(*figure_, figureText_, room);
+  if (figure != figure_->text()) figure_->setText(figure);
 }
 
 bool TotalsLine::event(QEvent* event) {
   // The layout has moved the labels by then.
   const bool isLaidOut = event->type() == QEvent::LayoutRequest || event->type() == QEvent::Show;
   const bool isTaken = QWidget::event(event);
-  if (isLaidOut) ElideRows();
+  if (isLaidOut) Elide();
   return isTaken;
 }
 
-void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Locale& money) {
-  const TotalsTexts texts = TextsOf(totals, money);
-  Show(rows, ToQt(texts.balance), totals.balance.value_or(0) < 0);
-  others_[0]->setText(ToQt(texts.paidIn));
-  others_[1]->setText(ToQt(texts.paidOut));
-  others_[2]->setText(ToQt(texts.thisPeriod));
-  Colour(*others_[1], totals.paidOut.value_or(0) < 0);
-  Colour(*others_[2], totals.thisPeriod.value_or(0) < 0);
-  for (QLabel* label : others_) label->show();
-  isNarrow_ = WidthInOneRow() > width();
-  Arrange();
-  grid_->activate();
-  ElideRows();
-}
-
-int TotalsLine::WidthInOneRow() const {
-  int width = 4 * kRhythm + rows_->fontMetrics().horizontalAdvance(rowsText_) + kGap +
-              figure_->sizeHint().width();
-  for (const QLabel* label : others_) {
-    if (!label->isHidden()) width += kGap + label->sizeHint().width();
-  }
-  return width;
-}
-
 QSize TotalsLine::minimumSizeHint() const {
-  const int figures = others_[2]->isHidden()
-                          ? figure_->sizeHint().width()
-                          : kGap + others_[2]->sizeHint().width() + figure_->sizeHint().width();
-  return {4 * kRhythm + figures, QWidget::minimumSizeHint().height()};
+  return {kSmallest, QWidget::minimumSizeHint().height()};
 }
 
 void TotalsLine::Arrange() {
-  // The rows' number gives way before a figure does.
-  rows_->setMinimumWidth(1);
+  form_ = Fitting();
+  const bool isOne = form_ == Form::OneRow;
+  const bool hasAll = isOne || form_ == Form::TwoRows;
+  others_[0]->setVisible(hasOthers_ && hasAll);
+  others_[1]->setVisible(hasOthers_ && hasAll);
+  others_[2]->setVisible(hasOthers_ && form_ != Form::FigureAlone);
   grid_->addWidget(rows_, 0, 0);
-  grid_->addWidget(others_[0], 0, isNarrow_ ? 4 : 2);
-  grid_->addWidget(others_[1], 0, isNarrow_ ? 5 : 3);
-  grid_->addWidget(others_[2], isNarrow_ ? 1 : 0, 4);
-  grid_->addWidget(figure_, isNarrow_ ? 1 : 0, 5);
+  grid_->addWidget(others_[0], 0, isOne ? 2 : 4);
+  grid_->addWidget(others_[1], 0, isOne ? 3 : 5);
+  const bool isAbove = form_ == Form::PeriodAndFigure;
+  grid_->addWidget(others_[2], isOne || isAbove ? 0 : 1, isAbove ? 5 : 4);
+  grid_->addWidget(figure_, isOne ? 0 : 1, 5);
+  Elide();
+  grid_->activate();
+  Elide();
 }
 
 void TotalsLine::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  const bool narrow = WidthInOneRow() > width();
-  ElideRows();
-  if (narrow == isNarrow_) return;
-  isNarrow_ = narrow;
+  if (Fitting() == form_) return Elide();
   Arrange();
   updateGeometry();
 }

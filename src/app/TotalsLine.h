@@ -13,7 +13,8 @@ struct PeriodTotals;
 class Locale;
 
 // The line under a list: how many rows it has, and what they come to. Where it is too narrow for
-// all figures they stand in two rows: a figure that is cut would be another one.
+// all figures they stand in two rows, then those leave that matter least: a figure that is cut
+// would be another one. The tool tip has all of them.
 class TotalsLine : public QWidget {
   Q_OBJECT
 
@@ -33,17 +34,23 @@ class TotalsLine : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  [[nodiscard]] int WidthInOneRow() const;
+  enum class Form { OneRow, TwoRows, PeriodAndFigure, FigureAlone };
+  [[nodiscard]] int WidthOf(Form form) const;
+  // The first form that has room.
+  [[nodiscard]] Form Fitting() const;
+  void ShowTips();
   void Arrange();
-  // The rows' number ends in dots where it does not fit.
-  void ElideRows();
+  // What does not fit ends in dots: the rows' number, and where nothing else is left the figure.
+  void Elide();
 
   QGridLayout* grid_;
   QLabel* rows_;
   QString rowsText_;
-  QLabel* figure_;                 // the balance
+  QLabel* figure_;  // the balance
+  QString figureText_;
   std::array<QLabel*, 3> others_;  // paid in, paid out, this period
-  bool isNarrow_ = false;
+  bool hasOthers_ = false;
+  Form form_ = Form::OneRow;
 };
 
 }  // namespace corvanta

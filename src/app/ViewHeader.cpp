@@ -8,6 +8,9 @@
 #include <algorithm>
 
 namespace corvanta {
+namespace {
+constexpr int kUsualName = 24;  // characters
+}
 
 ViewHeader::ViewHeader(QWidget* parent)
     : QWidget(parent), title_(new QLabel(this)), details_(new MutedLabel(this)) {
@@ -27,6 +30,11 @@ ViewHeader::ViewHeader(QWidget* parent)
 
 QString ViewHeader::Title() const {
   return name_;
+}
+
+int ViewHeader::WantedWidth() const {
+  const int usual = kUsualName * title_->fontMetrics().averageCharWidth();
+  return std::min(title_->fontMetrics().horizontalAdvance(name_), usual) + 4 * kRhythm;
 }
 
 void ViewHeader::Show(const QString& title, const QString& details) {

@@ -14,6 +14,8 @@ class ViewHeader : public QWidget {
   explicit ViewHeader(QWidget* parent);
   void Show(const QString& title, const QString& details);
   [[nodiscard]] QString Title() const;
+  // What the title needs, up to a usual name's length.
+  [[nodiscard]] int WantedWidth() const;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;

@@ -14,7 +14,9 @@ class Fit {
   }
 
   std::vector<int> Widths() {
-    while (Give(false, false) < Missing() && Hide()) {
+    while (Give(false, false) < Missing() && Hide(false)) {
+    }
+    while (Give(true, true) < Missing() && Hide(true)) {
     }
     Shrink(false, false);
     Shrink(false, true);
@@ -32,7 +34,8 @@ class Fit {
     const ColumnNeed& need = columns_[column];
     const bool gives =
         need.smallest > 0 && (withLast || !need.isLast) && (withHand || !need.isByHand);
-    return gives ? std::max(0, widths_[column] - need.smallest) : 0;
+    const int least = withLast && need.least > 0 ? need.least : need.smallest;
+    return gives ? std::max(0, widths_[column] - least) : 0;
   }
 
   [[nodiscard]] int Give(bool withLast, bool withHand) const {
@@ -43,17 +46,17 @@ class Fit {
     return give;
   }
 
-  bool Hide() {
-    std::size_t first = columns_.size();
+  bool Hide(bool withLast) {
+    int first = 0;
     for (std::size_t column = 0; column < columns_.size(); ++column) {
-      if (widths_[column] == 0 || columns_[column].leaves == 0) continue;
-      if (first == columns_.size() || columns_[column].leaves < columns_[first].leaves) {
-        first = column;
-      }
+      const ColumnNeed& need = columns_[column];
+      if (widths_[column] == 0 || need.leaves == 0 || (need.isLast && !withLast)) continue;
+      if (first == 0 || need.leaves < first) first = need.leaves;
     }
-    if (first == columns_.size()) return false;
-    widths_[first] = 0;
-    return true;
+    for (std::size_t column = 0; column < columns_.size(); ++column) {
+      if (first != 0 && columns_[column].leaves == first) widths_[column] = 0;
+    }
+    return first != 0;
   }
 
   void Shrink(bool withLast, bool withHand) {

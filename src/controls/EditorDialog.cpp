@@ -1,6 +1,7 @@
 #include "controls/EditorDialog.h"
 
 #include "controls/DateField.h"
+#include "controls/LongText.h"
 #include "controls/QtText.h"
 
 #include <QPushButton>
@@ -99,7 +100,7 @@ void EditorDialog::AcceptAndGoOn() {
 }
 
 void EditorDialog::GoOn() {
-  const QString name = ItemName();
+  const QString name = Shortened(ItemName());
   Clear();
   key_ = 0;
   ShowMode();

@@ -1,6 +1,7 @@
 #include "controls/FormDialog.h"
 
 #include "controls/CommandEdge.h"
+#include "controls/LongText.h"
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
@@ -16,6 +17,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -46,7 +48,11 @@ QString ContentOf(const QWidget& widget) {
 }  // namespace
 
 FormDialog::FormDialog(const QString& name, Prompts& prompts, QWidget* parent)
-    : QuietEnd(parent), prompts_(prompts), page_(new QVBoxLayout(this)), columns_(new QHBoxLayout) {
+    : QuietEnd(parent),
+      prompts_(prompts),
+      smallestField_(kSmallestField),
+      page_(new QVBoxLayout(this)),
+      columns_(new QHBoxLayout) {
   setObjectName(name);
   setModal(true);
   page_->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
@@ -67,7 +73,7 @@ void FormDialog::StartColumn() {
 
 QLabel* FormDialog::AddField(const QString& label, QWidget* field, const char* name) {
   // What is made of several parts may need more.
-  field->setMinimumWidth(std::max(kSmallestField, field->minimumSizeHint().width()));
+  field->setMinimumWidth(std::max(smallestField_, field->minimumSizeHint().width()));
   return AddField(label, field, name, std::vector<QWidget*>());
 }
 
@@ -189,7 +195,7 @@ void FormDialog::FocusOn(const std::string& name) {
 }
 
 void FormDialog::Note(const QString& text) {
-  lblNote_->setText(text);
+  lblNote_->setText(Breakable(text));
   lblNote_->setVisible(!text.isEmpty());
 }
 
@@ -217,6 +223,24 @@ QStringList FormDialog::Contents() const {
 void FormDialog::keyPressEvent(QKeyEvent* event) {
   if (!event->matches(QKeySequence::Cancel)) return QDialog::keyPressEvent(event);
   if (MayDrop(windowTitle())) reject();
+}
+
+void FormDialog::FitInto(const QSize& room) {
+  if (page_->totalMinimumSize().height() <= room.height()) return;
+  page_->setContentsMargins(kMargin, kRhythm, kMargin, kRhythm);
+  page_->setSpacing(kRhythm / 2);
+  for (int i = 0; i < columns_->count(); ++i) {
+    auto* fields = qobject_cast<QFormLayout*>(columns_->itemAt(i)->layout());
+    if (fields != nullptr) fields->setVerticalSpacing(kRhythm / 4);
+  }
+  page_->activate();
+  resize(page_->totalSizeHint().boundedTo(room).expandedTo(page_->totalMinimumSize()));
+}
+
+void FormDialog::showEvent(QShowEvent* event) {
+  // Frame and title are not known before the window is shown.
+  FitInto(screen()->availableSize() - QSize(2 * kRhythm, 5 * kRhythm));
+  QuietEnd::showEvent(event);
 }
 
 void FormDialog::closeEvent(QCloseEvent* event) {

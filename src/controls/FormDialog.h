@@ -31,6 +31,10 @@ class FormDialog : public QuietEnd<QDialog> {
   // `name` is the dialog's name ("FrmPayees").
   FormDialog(const QString& name, Prompts& prompts, QWidget* parent);
 
+  // On a small screen its rows come closer to each other, so that none is cut off. `room` is what
+  // the screen has for the dialog.
+  void FitInto(const QSize& room);
+
   // Whether the data file was changed while the dialog stood.
   [[nodiscard]] bool IsChanged() const { return isChanged_; }
 
@@ -38,6 +42,7 @@ class FormDialog : public QuietEnd<QDialog> {
   // Escape, and the window's own way to close, ask before they drop what was typed.
   void keyPressEvent(QKeyEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void showEvent(QShowEvent* event) override;
 
   // A row of the form. The label carries the mnemonic; the name for assistive tools follows it. The
   // first field is where the dialog begins.
@@ -60,6 +65,8 @@ class FormDialog : public QuietEnd<QDialog> {
   // The last row: commands at its left, how the dialog ends at its right.
   void AddButtonRow(const std::vector<QPushButton*>& left, const std::vector<QPushButton*>& right);
 
+  // The fields that follow may be as narrow as that, in pixels.
+  void SetSmallestField(int width) { smallestField_ = width; }
   void SetFirstField(QWidget* field) { first_ = field; }
   void FocusFirstField();
   // With its text chosen, ready to be typed over.
@@ -88,6 +95,7 @@ class FormDialog : public QuietEnd<QDialog> {
 
   Prompts& prompts_;
   bool isChanged_ = false;
+  int smallestField_;
   std::optional<QStringList> kept_;
   QVBoxLayout* page_;
   QHBoxLayout* columns_;

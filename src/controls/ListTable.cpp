@@ -91,7 +91,8 @@ ColumnNeed ListTable::NeedOf(const State& column) const {
   if (!column.isShown) return {};
   const Column& wish = column.wish;
   const int width = std::max(column.byHand > 0 ? column.byHand : wish.width, wish.smallest);
-  return {width, wish.stretch, wish.smallest, wish.leaves, wish.isLast, column.byHand > 0};
+  return {width,       wish.stretch,      wish.smallest, wish.leaves,
+          wish.isLast, column.byHand > 0, wish.least};
 }
 
 void ListTable::FillWidth() {

@@ -22,8 +22,9 @@ class ListTable : public QTableView {
     int width;            // as wide as it likes to be, in pixels
     int stretch;          // share of what is over
     int smallest = 0;     // gives way down to this; 0: not at all
-    int leaves = 0;       // where there is no room the lowest one is hidden first; 0: never
-    bool isLast = false;  // gives way only where no other column is left to do so
+    int leaves = 0;       // where there is no room the lowest ones are hidden first; 0: never
+    bool isLast = false;  // gives way, and leaves, only where no other column is left to do so
+    int least = 0;        // with the figures it gives way down to this; 0: no more
   };
   // One entry for each column of the model, which must be set before.
   void SetColumns(std::vector<Column> columns);

@@ -14,6 +14,7 @@ namespace corvanta {
 namespace {
 constexpr int kShownItems = 14;
 constexpr int kShownCharacters = 28;
+constexpr int kNeededCharacters = 12;  // where there is little room
 }  // namespace
 
 PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
@@ -29,6 +30,11 @@ PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
   connect(lineEdit(), &QLineEdit::textEdited, this, &PickBox::TakeTyped);
   lineEdit()->installEventFilter(this);
   completer()->popup()->installEventFilter(this);
+}
+
+QSize PickBox::minimumSizeHint() const {
+  const int more = (kShownCharacters - kNeededCharacters) * fontMetrics().horizontalAdvance(u'X');
+  return QComboBox::minimumSizeHint() - QSize(more, 0);
 }
 
 void PickBox::TakeTyped(const QString& text) {

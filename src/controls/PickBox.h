@@ -20,6 +20,7 @@ class PickBox : public QComboBox {
 
  public:
   explicit PickBox(QWidget* parent);
+  [[nodiscard]] QSize minimumSizeHint() const override;
 
   // Another list below the text, which stays.
   void SetItems(const std::vector<PickItem>& items);

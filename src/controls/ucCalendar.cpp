@@ -31,6 +31,15 @@ QDate FirstOfMonth(QDate day) {
   return {day.year(), day.month(), 1};
 }
 
+// Made smaller where the text would touch its neighbours.
+QFont Fitting(QFont font, const QString& text, int room) {
+  const int width = QFontMetrics(font).horizontalAdvance(text);
+  if (width > room && font.pointSizeF() > 0 && room > 0) {
+    font.setPointSizeF(font.pointSizeF() * room / width);
+  }
+  return font;
+}
+
 // Two letters: one alone says too little, and some locales have none.
 QString ShortName(const QLocale& locale, QDate day) {
   return locale.dayName(day.dayOfWeek(), QLocale::ShortFormat).left(2);
@@ -147,6 +156,11 @@ QRect ucCalendar::CellRect(int row, int column) const {
   return {from, to};
 }
 
+// What a text may take of a cell.
+int ucCalendar::CellRoom() const {
+  return (width() - 2 * kRhythm) / kDays - kRhythm / 2;
+}
+
 QDate ucCalendar::FirstShownDay() const {
   const int first = static_cast<int>(locale().firstDayOfWeek());
   return month_.addDays(-((month_.dayOfWeek() - first + kDays) % kDays));
@@ -176,7 +190,7 @@ void ucCalendar::paintEvent(QPaintEvent*) {
   painter.setRenderHint(QPainter::Antialiasing);
   DrawHeader(painter);
   const QDate first = FirstShownDay();
-  painter.setFont(ScaledFont(-1));
+  painter.setFont(Fitting(ScaledFont(-1), QStringLiteral("Mo"), CellRoom()));
   painter.setPen(MutedText(palette()));
   for (int column = 0; column < kDays; ++column) {
     painter.drawText(CellRect(0, column), Qt::AlignCenter,
@@ -220,7 +234,7 @@ void ucCalendar::DrawDay(QPainter& painter, QDate day, const QRect& cell) const 
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(pill, 4, 4);
   }
-  QFont font = this->font();
+  QFont font = Fitting(this->font(), QStringLiteral("00"), CellRoom());
   if (day == today_) font.setWeight(QFont::DemiBold);
   painter.setFont(font);
   painter.setPen(text);

@@ -62,6 +62,7 @@ class ucCalendar : public QWidget {
   [[nodiscard]] int HeaderHeight() const;
   [[nodiscard]] QFont TitleFont() const;
   [[nodiscard]] QRect CellRect(int row, int column) const;
+  [[nodiscard]] int CellRoom() const;
   [[nodiscard]] QDate FirstShownDay() const;
   [[nodiscard]] QDate DayAt(QPoint position) const;  // invalid where there is none
   void Choose(QDate day);

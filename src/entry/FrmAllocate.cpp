@@ -19,6 +19,8 @@
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
 
@@ -71,7 +73,12 @@ void FrmAllocate::MakeList() {
   lvAllocated_->setAlternatingRowColors(true);
   lvAllocated_->setFrameShape(QFrame::StyledPanel);
   lvAllocated_->setModel(model_);
-  lvAllocated_->SetColumns({{width, 3}, {width, 3}, {width / 2, 1}, {width, 0}});
+  const int few = fontMetrics().horizontalAdvance(QStringLiteral("Abc...")) + 3 * kRhythm;
+  const int amount = fontMetrics().horizontalAdvance(ToQt(editor_.AmountHeading())) + 3 * kRhythm;
+  lvAllocated_->SetColumns({{width, 3, few},
+                            {width, 3, few},
+                            {width / 2, 1, few},
+                            {std::max(width, amount), 0, amount, 0, true}});
   lvAllocated_->setMinimumHeight(kShownRows * (fontMetrics().height() + kRhythm + 2));
   auto* remove = new QAction(this);
   remove->setShortcut(QKeySequence::Delete);

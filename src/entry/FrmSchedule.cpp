@@ -6,6 +6,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
+#include "controls/Style.h"
 #include "entry/FrmCategoryBoxes.h"
 #include "entry/ScheduleOutlook.h"
 #include "platform/Clock.h"
@@ -25,6 +26,8 @@ namespace {
 constexpr std::size_t kMostDates = 20000;
 constexpr std::size_t kShownDates = 3;
 constexpr int kOutlookLines = 3;
+// Two columns of them go on a small screen.
+constexpr int kSmallestField = 24 * kRhythm;
 
 constexpr const char* kHelp =
     "A schedule enters the same transaction again and again: from its start date on, in the steps "
@@ -107,7 +110,6 @@ void FrmSchedule::MakeFields() {
   endless->setText(tr("0 for no end"));
   chkAutomated_->setToolTip(
       tr("Selecting this option Schedule transactions will be added when due."));
-  cmbAutomated_->setObjectName(QStringLiteral("cmbAutomated"));
   cmbAutomated_->setAccessibleName(tr("When it is added"));
   cmbAutomated_->setToolTip(
       tr("As a forecast: every payment up to the look-ahead of the options.\n"
@@ -119,6 +121,7 @@ void FrmSchedule::MakeFields() {
   lblNext_->setMinimumHeight(kOutlookLines * fontMetrics().lineSpacing());
   lblNext_->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
   // What is paid at the left, when at the right: in one column they are too high for small screens.
+  SetSmallestField(kSmallestField);
   AddAccountRows();
   AddPayeeRows();
   AddTextRows();
@@ -129,7 +132,8 @@ void FrmSchedule::MakeFields() {
   AddTick(chkMonthEnd_, "chkMonthEnd");
   AddField(tr("On &weekends:"), cmbWeekend_, "cmbWeekend");
   AddField(tr("Next:"), lblNext_, "lblNext");
-  AddField({}, chkAutomated_, "chkAutomated", cmbAutomated_);
+  AddTick(chkAutomated_, "chkAutomated");
+  AddTick(cmbAutomated_, "cmbAutomated");
   // The accounts are filled already in a new schedule.
   SetFirstField(cmbPeriod_);
 }

@@ -1,6 +1,7 @@
 #include "exchange/FrmImportFile.h"
 
 #include "controls/CommandEdge.h"
+#include "controls/LongText.h"
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
@@ -84,6 +85,8 @@ void FrmImportFile::PlaceOwner() {
   lblOwner_->setWordWrap(true);
   cmbOwner_->setObjectName(QStringLiteral("cmbOwner"));
   cmbOwner_->setAccessibleName(tr("Records go"));
+  // As wide as its column, and not as a name.
+  cmbOwner_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   auto* label = new QLabel(tr("&Records go:"), this);
   label->setBuddy(cmbOwner_);
   int row = 0;
@@ -102,7 +105,7 @@ void FrmImportFile::AskForOwner() {
     ReadInto(form);
     if (kind_) question = editor_.Question(form);
   });
-  const QString text = question ? ToQt(question->text) : QString();
+  const QString text = question ? Breakable(ToQt(question->text)) : QString();
   const bool isAsked = question.has_value();
   // An answer holds for the question that it was given to.
   if (isAsked && (text != lblOwner_->text() || cmbOwner_->count() == 0)) {

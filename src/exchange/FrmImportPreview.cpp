@@ -17,6 +17,7 @@ namespace {
 
 constexpr int kWidestCell = 32;  // characters
 constexpr int kRowsForTwo = 10;  // rows of height that two lists above each other need
+constexpr int kRowsForOne = 5;   // and side by side
 
 QString Counted(int count, const QString& one, const QString& more) {
   return count == 1 ? one : more.arg(count);
@@ -66,6 +67,8 @@ FrmImportPreview::FrmImportPreview(QWidget* parent)
   Follow(*lvRead_, *lvFile_);
   lblPreview_->setObjectName(QStringLiteral("lblPreview"));
   lblPreview_->setTextFormat(Qt::PlainText);
+  // They turn side by side before they grow the window beyond a small screen.
+  lists_->setMinimumHeight(kRowsForOne * lvFile_->verticalHeader()->defaultSectionSize());
   page->addWidget(lists_, 1);
   page->addWidget(lblPreview_);
 }

@@ -2,6 +2,7 @@
 
 #include "controls/CommandEdge.h"
 #include "controls/EmptyState.h"
+#include "controls/LongText.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/clsCorvanta.h"
@@ -67,7 +68,9 @@ bool FrmReconcile::Open() {
     platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
     return false;
   }
-  lblAccount_->setText(ToQt(reconciliation_.AccountText()));
+  const QString account = ToQt(reconciliation_.AccountText());
+  lblAccount_->setText(Shortened(account));
+  lblAccount_->setToolTip(account);
   statement_->SetCurrency(reconciliation_.Currency());
   reconciliation_.ShowUnreconciled();
   ShowRows();

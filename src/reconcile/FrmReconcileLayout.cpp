@@ -58,9 +58,9 @@ void FrmReconcile::MakeList() {
   lvBalance_->SetColumns({{date, 0},
                           {wide("A payee name"), 7, wide("Abc...")},
                           {wide("Category:S"), 18, wide("Abc...")},
-                          {wide("0000"), 0},
-                          {wide("Description"), 2, wide("Abc...")},
-                          {wide("Status"), 0},
+                          {wide("0000"), 0, 0, 1},
+                          {wide("Description"), 2, wide("Abc..."), 2},
+                          {wide("Status"), 0, 0, 3},
                           {wide("00,000.00"), 1},
                           {wide("00,000.00"), 1}});
   lvBalance_->SetSorted({FrmReconcileModel::kDate, false});

@@ -3,6 +3,7 @@
 #include "controls/CommandEdge.h"
 #include "controls/EmptyState.h"
 #include "controls/ListTable.h"
+#include "controls/LongText.h"
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
@@ -205,7 +206,7 @@ void FrmList::Delete() {
   lblNote_->hide();
   RunCommand(platform_.prompts, [&] {
     const Deletion deletion = editor_.Delete(key);
-    lblNote_->setText(ToQt(deletion.Notice()));
+    lblNote_->setText(Breakable(ToQt(deletion.Notice())));
     lblNote_->setVisible(!deletion.kept.empty());
     if (!deletion.isChanged) return;
     isChanged_ = true;

@@ -1,6 +1,7 @@
 #include "reference/FrmMerge.h"
 
 #include "controls/CommandEdge.h"
+#include "controls/LongText.h"
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
@@ -37,7 +38,7 @@ FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsC
   std::vector<PickItem> items;
   for (const MergeItem& item : editor_.Items()) {
     items.push_back({item.key, ToQt(item.name)});
-    if (item.key == source) name->setText(ToQt(item.name));
+    if (item.key == source) name->setText(Breakable(ToQt(item.name)));
   }
   cmbMerge_->setObjectName(QStringLiteral("cmbMerge"));
   cmbMerge_->setAccessibleName(ToQt(editor_.TargetLabel()));

@@ -119,6 +119,30 @@ TEST(Columns, GiveWayInTheirOrder) {
   EXPECT_EQ(FitColumns(byHand, 310), (Widths{110, 70, 50, 80})) << "somebody must fill";
 }
 
+TEST(Columns, AnIndispensableTextGivesWayFurtherWithTheFigures) {
+  std::vector<ColumnNeed> columns = {{100, 1, 70}, {50, 0, 40, 1}, {90, 0, 80, 0, true}};
+  columns[0].least = 30;
+  using Widths = std::vector<int>;
+  EXPECT_EQ(FitColumns(columns, 200), (Widths{70, 40, 90}));
+  EXPECT_EQ(FitColumns(columns, 199), (Widths{109, 0, 90})) << "the optional one leaves before";
+  EXPECT_EQ(FitColumns(columns, 160), (Widths{70, 0, 90}));
+  EXPECT_EQ(FitColumns(columns, 110), (Widths{30, 0, 80}));
+}
+
+TEST(Columns, FiguresLeaveTogetherAndAfterAllOthers) {
+  const std::vector<ColumnNeed> columns = {{100, 1, 40},
+                                           {50, 0, 0, 3},
+                                           {80, 0, 70, 2, true},
+                                           {80, 0, 70, 2, true},
+                                           {90, 0, 70, 0, true}};
+  using Widths = std::vector<int>;
+  EXPECT_EQ(FitColumns(columns, 340), (Widths{40, 50, 80, 80, 90}));
+  EXPECT_EQ(FitColumns(columns, 339), (Widths{89, 0, 80, 80, 90}));
+  EXPECT_EQ(FitColumns(columns, 250), (Widths{40, 0, 70, 70, 70}));
+  EXPECT_EQ(FitColumns(columns, 249), (Widths{159, 0, 0, 0, 90}));
+  EXPECT_EQ(FitColumns(columns, 50), (Widths{40, 0, 0, 0, 70}));
+}
+
 TEST(Colours, ComeFromTheSettingsAndTheSystem) {
   MemoryRegistry registry;
   const Settings settings(registry);

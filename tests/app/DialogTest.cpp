@@ -1,3 +1,4 @@
+#include "app/FrmMessage.h"
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/FrmTips.h"
@@ -13,6 +14,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -147,6 +149,24 @@ TEST_F(Dialogs, TheRecoveryKeyIsThatOfThePasswordAndCanBeCopiedAndSaved) {
   machine_.prompts.ExpectSaveFile("Save Recovery Key", machine_.folder.Path("no/such/key.txt"));
   machine_.prompts.ExpectTell("Corvanta Personal Finance", ScriptedPrompts::kAnyText);
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdSave"), Qt::LeftButton);
+}
+
+TEST(Messages, OfAnyLengthFitTheScreen) {
+  const QString line = QStringLiteral("What has happened, what is safe, and what to do next.\n\n");
+  for (const int lines : {20, 400}) {
+    FrmMessage message(QStringLiteral("Help"), line.repeated(lines), nullptr);
+    message.show();
+    QCoreApplication::processEvents();
+    EXPECT_LE(message.height(), message.screen()->availableSize().height());
+    EXPECT_LE(message.width(), message.screen()->availableSize().width());
+    const auto& text = *message.findChild<QLabel*>("lblMessage");
+    EXPECT_GE(text.height(), text.heightForWidth(text.width()));
+    auto& close = *message.findChild<QPushButton*>("cmdAccept");
+    EXPECT_TRUE(message.rect().contains(close.geometry()));
+    QTest::keyClick(&close, Qt::Key_Return);
+    EXPECT_FALSE(message.isVisible());
+  }
+  EXPECT_FALSE(FrmMessage::IsLong(QStringLiteral("Incorrect password entered")));
 }
 
 TEST_F(Dialogs, TipsGoRoundAndTheChoiceIsKept) {

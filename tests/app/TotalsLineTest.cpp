@@ -36,5 +36,60 @@ TEST(TotalsLine, TheNumberOfRowsIsNeverCut) {
   EXPECT_EQ(rows.text(), text);
 }
 
+TEST(TotalsLine, AFigureIsWholeOrLeavesAndTheToolTipHasAll) {
+  const FixedLocale locale;
+  QWidget window;
+  TotalsLine line(&window);
+  PeriodTotals totals;
+  totals.paidIn = 1234567.89;
+  totals.paidOut = -7654321.01;
+  totals.thisPeriod = -6419753.12;
+  totals.balance = 23456789.01;
+  window.resize(1300, 100);
+  window.show();
+  line.Show(QStringLiteral("14 transactions"), totals, locale);
+  const auto& figure = *line.findChild<QLabel*>("lblBalance");
+  const QString whole = QStringLiteral("Balance: 23,456,789.01");
+  std::size_t before = 4;
+  for (int width = 1200; width >= 100; width -= 20) {
+    line.resize(width, 60);
+    QCoreApplication::processEvents();
+    std::size_t shown = 0;
+    for (const char* name : {"lblPaidIn", "lblPaidOut", "lblThisPeriod", "lblBalance"}) {
+      const auto& label = *line.findChild<QLabel*>(name);
+      if (!label.isVisible()) continue;
+      ++shown;
+      EXPECT_GE(label.width(), label.fontMetrics().horizontalAdvance(label.text())) << width;
+      EXPECT_LE(label.geometry().right(), line.width()) << width;
+    }
+    EXPECT_LE(shown, before) << width;
+    before = shown;
+    EXPECT_TRUE(figure.text() == whole || (shown == 1 && figure.text().endsWith(u'…')))
+        << width << qPrintable(figure.text());
+    for (const char* amount : {"1,234,567.89", "-7,654,321.01", "-6,419,753.12", "23,456,789.01"}) {
+      EXPECT_TRUE(line.toolTip().contains(QLatin1String(amount))) << amount;
+    }
+  }
+  EXPECT_EQ(before, 1U);
+  EXPECT_LE(line.minimumSizeHint().width(), 100) << "it never widens the window";
+}
+
+TEST(TotalsLine, OneLongFigureEndsInDots) {
+  QWidget window;
+  TotalsLine line(&window);
+  window.resize(1300, 100);
+  window.show();
+  const QString figure = QStringLiteral("Total (EUR): 1,234.00    Total (JPY): 9,876,543");
+  line.Show(QStringLiteral("2 accounts"), figure, false);
+  auto& label = *line.findChild<QLabel*>("lblBalance");
+  line.resize(900, 40);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(label.text(), figure);
+  line.resize(200, 40);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(label.text().endsWith(u'…')) << qPrintable(label.text());
+  EXPECT_TRUE(line.toolTip().contains(figure));
+}
+
 }  // namespace
 }  // namespace corvanta
