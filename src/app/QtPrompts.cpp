@@ -8,6 +8,7 @@
 #include "platform/SettingsTable.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -121,8 +122,13 @@ void QtPrompts::KeepFolder(const QString& folder) {
 }
 
 std::optional<std::string> QtPrompts::AskFile(const FileQuestion& question, bool save) {
-  const QString filter =
+  QString filter =
       ToQt(question.filterName) + QStringLiteral(" (") + ToQt(question.filterPattern) + u')';
+  // What a file is shows in its content: a name of the person's own bars none.
+  if (!save) {
+    filter += QStringLiteral(";;") + QCoreApplication::translate("QtPrompts", "All Files") +
+              QStringLiteral(" (*)");
+  }
   const QString folder = question.folder.empty() ? LastFolder() : ToQt(question.folder);
   QFileDialog dialog(Parent(), ToQt(question.title), folder, filter);
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);

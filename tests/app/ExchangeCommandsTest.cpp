@@ -57,6 +57,31 @@ TEST_F(ExchangeCommands, AFileThatIsDroppedIsImportedIntoTheRegister) {
   EXPECT_EQ(Rows(), 0) << "one step";
 }
 
+TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {
+  Start();
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Wallet',2,17,0,0)");
+  Trigger("mnuViewRefresh");
+  const std::string path = machine_.folder.Write("statement.qif", kStatement);
+  const auto import = [&](const char* account) {
+    machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
+    InNextDialog([&](QDialog& form) {
+      machine_.prompts.ExpectOpenFile("Select File to Import", path);
+      Click(form, "cmdFile");
+      Find<QComboBox>(form, "cmbAccount").setCurrentText(QLatin1String(account));
+      Click(form, "cmdAccept");
+    });
+    Trigger("mnuFileImport");
+  };
+  import("Wallet");
+  EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
+  EXPECT_EQ(Rows(), 2);
+  window_->Show({kPayeeShow, 0});
+  import("Purse");
+  EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 1}));
+  EXPECT_EQ(Rows(), 2);
+}
+
 TEST_F(ExchangeCommands, WhatCanBeBrowsedCanBeDropped) {
   Start();
   const auto isTaken = [this](const QList<QUrl>& urls) {
