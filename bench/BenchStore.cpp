@@ -1,7 +1,7 @@
 #include "BenchStore.h"
 
-#include "store/CreateDataFile.h"
-#include "store/SqlText.h"
+#include "store/datafile/CreateDataFile.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 

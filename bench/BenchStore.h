@@ -1,7 +1,7 @@
 #pragma once
 
-#include "store/Connection.h"
-#include "store/engine/Encryption.h"
+#include "store/sql/Connection.h"
+#include "store/sql/engine/Encryption.h"
 #include "support/TestPlatform.h"
 
 #include <sqlcipher/sqlite3.h>

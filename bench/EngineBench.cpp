@@ -1,8 +1,8 @@
 // The statements of an import, one record after another, through the engine and through the
 // library's prepared statements on the same file.
 #include "BenchStore.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <benchmark/benchmark.h>
 

@@ -8,8 +8,8 @@
 #include "platform/ConsolePrompts.h"
 #include "platform/Progress.h"
 #include "platform/SystemPlatform.h"
-#include "store/OpenDataFile.h"
-#include "store/SqlText.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/SqlText.h"
 
 #include <QAbstractItemView>
 #include <QApplication>

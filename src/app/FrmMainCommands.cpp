@@ -16,10 +16,10 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
-#include "store/StoreError.h"
-#include "store/opening/KeyRecovery.h"
+#include "store/datafile/opening/KeyRecovery.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/StoreError.h"
 
 #include <QAction>
 #include <QMenu>

@@ -17,7 +17,7 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <QAction>
 #include <QApplication>

@@ -16,7 +16,7 @@
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/Balances.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <QAction>
 #include <QActionGroup>

@@ -8,7 +8,7 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/InstallationKey.h"
 
 #include <QClipboard>
 #include <QDialogButtonBox>

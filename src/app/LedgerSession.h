@@ -4,7 +4,7 @@
 #include "ledger/RateSource.h"
 #include "ledger/SchedulePosting.h"
 #include "ledger/clsCorvanta.h"
-#include "store/OpenDataFile.h"
+#include "store/datafile/OpenDataFile.h"
 
 #include <cstddef>
 #include <functional>

@@ -4,8 +4,8 @@
 #include "platform/Platform.h"
 #include "platform/PlatformError.h"
 #include "platform/Settings.h"
-#include "store/OpenDataFile.h"
-#include "store/StoreError.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/StoreError.h"
 
 #include <QApplication>
 

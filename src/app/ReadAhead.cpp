@@ -1,7 +1,7 @@
 #include "app/ReadAhead.h"
 
-#include "store/Connection.h"
-#include "store/StoreError.h"
+#include "store/sql/Connection.h"
+#include "store/sql/StoreError.h"
 
 #include <QTimer>
 

@@ -3,8 +3,8 @@
 #include "controls/QtText.h"
 #include "ledger/RegisterOrder.h"
 #include "platform/Locale.h"
-#include "store/Connection.h"
-#include "store/StoreError.h"
+#include "store/sql/Connection.h"
+#include "store/sql/StoreError.h"
 
 #include <QTimer>
 

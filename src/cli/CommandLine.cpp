@@ -39,7 +39,7 @@
 #include "platform/Progress.h"
 #include "platform/ShownText.h"
 #include "platform/SystemPlatform.h"
-#include "store/FailureText.h"
+#include "store/sql/FailureText.h"
 
 #include <CLI/CLI.hpp>
 #include <fcntl.h>

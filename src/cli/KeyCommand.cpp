@@ -3,8 +3,8 @@
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
 #include "platform/Files.h"
-#include "store/InstallationKey.h"
-#include "store/StoreError.h"
+#include "store/datafile/InstallationKey.h"
+#include "store/sql/StoreError.h"
 
 #include <CLI/CLI.hpp>
 

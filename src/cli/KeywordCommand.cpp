@@ -1,6 +1,6 @@
 #include "cli/KeywordCommand.h"
 
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <CLI/CLI.hpp>
 

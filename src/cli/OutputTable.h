@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Value.h"
+#include "store/sql/Value.h"
 
 #include <cstddef>
 #include <string>

@@ -6,7 +6,7 @@
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"
 #include "platform/ShownText.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 #include <chrono>
 #include <ostream>

@@ -3,7 +3,7 @@
 #include "cli/ExitStatus.h"
 #include "cli/GlobalOptions.h"
 #include "ledger/LoginGate.h"
-#include "store/OpenDataFile.h"
+#include "store/datafile/OpenDataFile.h"
 
 #include <iosfwd>
 #include <optional>

@@ -9,7 +9,7 @@
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
-#include "store/DataFileLocation.h"
+#include "store/datafile/DataFileLocation.h"
 
 #include <CLI/CLI.hpp>
 

@@ -5,7 +5,7 @@
 #include "cli/Session.h"
 #include "entry/EntryRules.h"
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <CLI/CLI.hpp>
 

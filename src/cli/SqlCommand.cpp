@@ -2,8 +2,8 @@
 
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
-#include "store/Recordset.h"
-#include "store/StoreError.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/StoreError.h"
 
 #include <CLI/CLI.hpp>
 

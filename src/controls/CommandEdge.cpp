@@ -2,7 +2,7 @@
 
 #include "platform/PlatformError.h"
 #include "platform/Prompts.h"
-#include "store/FailureText.h"
+#include "store/sql/FailureText.h"
 
 #include <QtGlobal>
 

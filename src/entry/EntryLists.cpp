@@ -3,8 +3,8 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/CategoryEditor.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
 
 #include <algorithm>
 

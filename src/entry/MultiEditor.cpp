@@ -7,8 +7,8 @@
 #include "platform/TextCase.h"
 #include "reference/Deletion.h"
 #include "reference/Rules.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

@@ -14,8 +14,8 @@
 #include "reference/Deletion.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <cmath>

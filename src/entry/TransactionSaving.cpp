@@ -8,7 +8,7 @@
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reference/Rules.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 namespace corvanta {
 namespace {

@@ -4,7 +4,7 @@
 #include "exchange/FormulaGuard.h"
 #include "ledger/Money.h"
 #include "platform/Locale.h"
-#include "store/SqlText.h"
+#include "store/sql/SqlText.h"
 
 #include <fmt/format.h>
 

@@ -13,7 +13,7 @@
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <cstdint>
 #include <vector>

@@ -7,8 +7,8 @@
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

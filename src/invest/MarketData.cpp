@@ -8,9 +8,9 @@
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/TextCase.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <charconv>

@@ -2,7 +2,7 @@
 
 #include "invest/MarketData.h"
 #include "platform/PlatformError.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 #include <vector>
 

@@ -4,8 +4,8 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 

@@ -1,5 +1,5 @@
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 namespace corvanta {
 

@@ -3,9 +3,9 @@
 #include "ledger/Money.h"
 #include "ledger/RegisterRows.h"
 #include "platform/Locale.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

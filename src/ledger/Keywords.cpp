@@ -1,9 +1,9 @@
 // Keywords and attachments of transactions.
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "ledger/LoginPassword.h"
 #include "platform/Settings.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 namespace corvanta {
 namespace {

@@ -1,10 +1,10 @@
 #include "ledger/LoginPassword.h"
 
 #include "platform/TextCase.h"
-#include "store/Catalog.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
-#include "store/StoreError.h"
+#include "store/sql/Catalog.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/StoreError.h"
 
 #include <sodium.h>
 

@@ -1,8 +1,8 @@
 #include "ledger/OccurrenceWriter.h"
 
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

@@ -1,8 +1,8 @@
 // Deleting and merging reference rows. The statements carry their guards: what is in use stays.
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 

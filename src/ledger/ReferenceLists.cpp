@@ -1,7 +1,7 @@
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

@@ -2,7 +2,7 @@
 
 #include "ledger/RegisterRows.h"
 #include "platform/TextCase.h"
-#include "store/SqlText.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <array>

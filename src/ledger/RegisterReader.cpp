@@ -1,7 +1,7 @@
 #include "ledger/RegisterReader.h"
 
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {

@@ -1,9 +1,9 @@
 #include "ledger/RegisterRows.h"
 
 #include "ledger/Money.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,8 +1,9 @@
 #include "ledger/ScheduleDays.h"
 
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/datafile/schema/AccessPaths.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 namespace {
@@ -36,7 +37,7 @@ void WriteDayRule(Connection& store, std::int64_t scheduleId, const DayRule& rul
   const DayRules stored = ReadDayRules(store, scheduleId);
   const auto former = stored.find(scheduleId);
   if (former == stored.end() ? rule.IsPlain() : former->second == rule) return;
-  if (store.Table(kTable) == nullptr) store.EnsureAccessPaths();
+  if (store.Table(kTable) == nullptr) EnsureAccessPaths(store);
   store.Execute(std::string("Delete From ") + kTable + Condition(scheduleId));
   if (rule.IsPlain()) return;
   store.Execute(std::string("Insert INTO ") + kTable + " (ScheduleID, MonthEnd, Weekend) VALUES (" +

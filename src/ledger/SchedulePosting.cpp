@@ -11,10 +11,10 @@
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
-#include "store/StoreError.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/StoreError.h"
 
 #include <algorithm>
 #include <optional>

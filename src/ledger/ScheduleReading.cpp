@@ -5,9 +5,9 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,6 +1,6 @@
 #include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 namespace corvanta {
 

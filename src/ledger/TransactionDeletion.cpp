@@ -1,7 +1,7 @@
 #include "ledger/RowLinks.h"
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta {
 

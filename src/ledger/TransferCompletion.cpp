@@ -1,7 +1,7 @@
 #include "ledger/TransferCompletion.h"
 
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <algorithm>
 #include <iterator>

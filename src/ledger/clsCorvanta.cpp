@@ -2,9 +2,9 @@
 
 #include "platform/Platform.h"
 #include "platform/Progress.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <chrono>
 

@@ -7,8 +7,8 @@
 #include "ledger/TransactionRecord.h"
 #include "ledger/TransactionStatus.h"
 #include "platform/Date.h"
-#include "store/UndoLog.h"
-#include "store/Value.h"
+#include "store/sql/UndoLog.h"
+#include "store/sql/Value.h"
 
 #include <cstdint>
 #include <functional>

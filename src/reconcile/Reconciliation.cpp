@@ -4,9 +4,9 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 

@@ -6,7 +6,7 @@
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 #include <algorithm>
 

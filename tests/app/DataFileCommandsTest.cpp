@@ -4,7 +4,7 @@
 #include "controls/ListTable.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Files.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/InstallationKey.h"
 
 #include <QLineEdit>
 #include <QPlainTextEdit>

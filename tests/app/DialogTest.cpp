@@ -4,7 +4,7 @@
 #include "app/FrmTips.h"
 #include "platform/Files.h"
 #include "platform/SettingsTable.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/InstallationKey.h"
 #include "support/TestPlatform.h"
 
 #include <QCheckBox>

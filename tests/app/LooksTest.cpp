@@ -7,7 +7,7 @@
 #include "app/WindowTest.h"
 #include "controls/FormDialog.h"
 #include "controls/SortedTable.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/InstallationKey.h"
 #include "support/DialogTest.h"
 
 #include <QAbstractButton>

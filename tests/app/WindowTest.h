@@ -3,8 +3,8 @@
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/QtProgress.h"
-#include "store/Connection.h"
-#include "store/OpenDataFile.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/Connection.h"
 #include "support/TemporaryStore.h"
 
 #include <QAction>

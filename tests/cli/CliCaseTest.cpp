@@ -2,7 +2,7 @@
 #include "cli/CaseFile.h"
 #include "platform/Files.h"
 #include "platform/TextCase.h"
-#include "store/WriterLock.h"
+#include "store/datafile/WriterLock.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

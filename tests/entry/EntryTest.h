@@ -2,8 +2,8 @@
 
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
 #include "support/LedgerProblems.h"
 #include "support/ScriptedRates.h"
 #include "support/TemporaryStore.h"

@@ -3,9 +3,9 @@
 #include "exchange/FileImport.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/IcuLocale.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 #include "support/LedgerProblems.h"
 #include "support/TemporaryStore.h"
 

@@ -1,8 +1,8 @@
 // Any text either translates or is refused as a statement's fault.
-#include "store/StoreError.h"
-#include "store/jet/Normalizer.h"
-#include "store/jet/Parser.h"
-#include "store/jet/Writer.h"
+#include "store/sql/StoreError.h"
+#include "store/sql/binder/Binder.h"
+#include "store/sql/engine/StatementReader.h"
+#include "store/sql/writer/Writer.h"
 
 #include <cstdint>
 #include <string_view>
@@ -27,11 +27,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   static const Catalog catalog = MakeCatalog();
   const std::string_view sql(reinterpret_cast<const char*>(data), size);
   try {
-    jet::Normalizer normalizer;
-    normalizer.Run(sql);
-    const jet::Statement statement = jet::Parse(sql, normalizer.Tokens());
-    const jet::WriterContext context{sql, catalog, normalizer.Parameters()};
-    if (statement.index() < 4) (void)jet::WriteStatement(context, statement);
+    StatementReader reader;
+    const ReadStatement read = reader.Read(sql);
+    if (read.kind == StatementKind::Definition) return 0;
+    jet::Bind({sql, catalog, read.parameters, read.numbers}, *read.tree);
+    (void)jet::WriteStatement(*read.tree);
   } catch (const StoreError& error) {
     if (!error.IsStatementFault()) throw;
   }

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/SqlText.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 #include "support/TemporaryStore.h"
 
 #include <gtest/gtest.h>

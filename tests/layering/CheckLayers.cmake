@@ -1,7 +1,7 @@
 # cmake -DSOURCES=<folder with the layout of src/> -P CheckLayers.cmake
 # Fails, naming file and line, on an include that goes against the direction of the layers, on a
-# window's header in the engine, on a Qt header outside the windows, and on a window that does not
-# end quietly.
+# window's header in the engine, on a Qt header outside the windows, on a window that does not end
+# quietly, and on a table's name in the engine of the store.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -20,6 +20,36 @@ set(may_tools ${base} tools reports)
 set(may_controls ${base} controls)
 set(may_app ${base} reference entry reconcile invest reports exchange tools controls app)
 set(may_cli ${base} reference entry reconcile invest reports exchange tools cli)
+
+# The steps of the store, from the ground up: each may use those before it. What lies in the folders
+# above them (store/sql itself) are the types that all share and the doors.
+set(store_steps store/sql/lexer store/sql/parser store/sql/binder store/sql/writer
+  store/sql/engine store/datafile)
+
+# The place of a folder's step, counted from 0; -1 for a folder that is none.
+function(step_of folder result)
+  set(place -1)
+  set(number 0)
+  foreach(step IN LISTS store_steps)
+    if(folder MATCHES "^${step}(/|$)")
+      set(place ${number})
+    endif()
+    math(EXPR number "${number} + 1")
+  endforeach()
+  set(${result} ${place} PARENT_SCOPE)
+endfunction()
+
+# Why a file of one folder of the store may not include a header of another; empty when it may.
+function(step_fault from to result)
+  step_of("${from}" below)
+  step_of("${to}" above)
+  set(${result} "" PARENT_SCOPE)
+  if(from MATCHES "^store/sql$" AND to MATCHES "^store/datafile")
+    set(${result} "${from} may not use ${to}" PARENT_SCOPE)
+  elseif(below GREATER -1 AND above GREATER below)
+    set(${result} "${from} may not use ${to}" PARENT_SCOPE)
+  endif()
+endfunction()
 
 # Whether a file, named by its folder and name, is a window: one that may use Qt.
 function(is_window folder name result)
@@ -67,11 +97,21 @@ function(check_file path)
     if(line MATCHES "include[ \t]*([<\"][^>\"]+[>\"])")
       set(header "${CMAKE_MATCH_1}")
       include_fault("${folder}" "${name}" "${header}" fault)
+      if(NOT fault AND header MATCHES "^\"(store/.*)/[^/]+\"$")
+        get_filename_component(from "${relative}" DIRECTORY)
+        step_fault("${from}" "${CMAKE_MATCH_1}" fault)
+      endif()
       if(fault)
         message(SEND_ERROR "  ${relative} includes ${header}: ${fault}")
       endif()
     endif()
   endforeach()
+  if(relative MATCHES "^store/sql/")
+    file(STRINGS "${path}" tables REGEX "tbl[A-Z]")
+    foreach(line IN LISTS tables)
+      message(SEND_ERROR "  ${relative}: ${line}\n  the engine knows no table by name")
+    endforeach()
+  endif()
   file(STRINGS "${path}" windows REGEX "public Q(Dialog|MainWindow) ")
   foreach(line IN LISTS windows)
     message(SEND_ERROR "  ${relative}: ${line}\n  a window derives from QuietEnd")

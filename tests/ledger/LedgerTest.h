@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/OpenDataFile.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/Connection.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>

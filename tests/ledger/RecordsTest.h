@@ -1,8 +1,8 @@
 #pragma once
 
 #include "ledger/clsCorvanta.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
 #include "support/LedgerProblems.h"
 #include "support/TemporaryStore.h"
 

@@ -1,7 +1,7 @@
 // Random sequences of operations, after each of which the file must be what a model says.
 #include "ledger/LedgerModel.h"
 #include "ledger/RecordsTest.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 #include <cmath>
 #include <cstdlib>

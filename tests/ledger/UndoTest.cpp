@@ -1,5 +1,5 @@
 #include "ledger/RecordsTest.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 #include <algorithm>
 

@@ -2,7 +2,7 @@
 // with one data file and with two.
 #include "platform/Files.h"
 #include "store/CrashMachine.h"
-#include "store/opening/KeyRecovery.h"
+#include "store/datafile/opening/KeyRecovery.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"
 

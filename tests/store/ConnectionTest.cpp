@@ -1,10 +1,11 @@
 // Opening refuses what it must, says what is wrong, and leaves the file as it was.
 #include "platform/Files.h"
-#include "store/Compact.h"
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/StoreError.h"
-#include "store/engine/OpenFile.h"
+#include "store/datafile/Compact.h"
+#include "store/datafile/schema/AccessPaths.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/StoreError.h"
+#include "store/sql/engine/OpenFile.h"
 #include "support/FixedClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -114,7 +115,7 @@ TEST_F(ConnectionFile, AnAccessPathOfFormerColumnsIsMadeAnew) {
       "PK_History PRIMARY KEY(HistoryID))");
   corvanta::Run(OpenFile(source_, clock_).get(), "CREATE INDEX fast_Price ON tblHistory (PayeeID)",
                 source_.path);
-  open()->EnsureAccessPaths();
+  EnsureAccessPaths(*open());
   const auto renewed = [this] {
     return QueryNumber(OpenFile(source_, clock_).get(),
                        "SELECT count(*) FROM sqlite_master WHERE name = 'fast_Price' AND sql LIKE "
@@ -123,7 +124,7 @@ TEST_F(ConnectionFile, AnAccessPathOfFormerColumnsIsMadeAnew) {
   };
   EXPECT_EQ(renewed(), 1);
   const std::string before = Bytes();
-  open()->EnsureAccessPaths();
+  EnsureAccessPaths(*open());
   EXPECT_EQ(Bytes(), before) << "what is right is left alone";
 }
 

@@ -1,7 +1,7 @@
 #include "store/CrashMachine.h"
 
-#include "store/StoreError.h"
-#include "store/upgrade/Balances.h"
+#include "store/datafile/upgrade/Balances.h"
+#include "store/sql/StoreError.h"
 #include "support/FaultFiles.h"
 #include "support/FaultVfs.h"
 

@@ -2,8 +2,8 @@
 
 #include "platform/Prompts.h"
 #include "platform/SettingsTable.h"
-#include "store/InstallationKey.h"
-#include "store/OpenDataFile.h"
+#include "store/datafile/InstallationKey.h"
+#include "store/datafile/OpenDataFile.h"
 #include "support/FaultPlan.h"
 #include "support/TemporaryStore.h"
 

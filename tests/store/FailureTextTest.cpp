@@ -1,5 +1,5 @@
 #include "platform/PlatformError.h"
-#include "store/FailureText.h"
+#include "store/sql/FailureText.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 #include "platform/PlatformError.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/InstallationKey.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>

@@ -1,11 +1,11 @@
 // What lies in the folder of a data file under the names that the store uses there.
 #include "platform/SettingsTable.h"
-#include "store/Compact.h"
-#include "store/CreateDataFile.h"
-#include "store/InstallationKey.h"
-#include "store/OpenDataFile.h"
-#include "store/StoreError.h"
-#include "store/opening/FileSteps.h"
+#include "store/datafile/Compact.h"
+#include "store/datafile/CreateDataFile.h"
+#include "store/datafile/InstallationKey.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/datafile/opening/FileSteps.h"
+#include "store/sql/StoreError.h"
 #include "support/TemporaryStore.h"
 
 #include <gtest/gtest.h>
@@ -203,7 +203,8 @@ TEST_F(Leftovers, DamageIsToldInASentence) {
   Put("Corvanta.dat", bytes);
   std::string text;
   EXPECT_EQ(RefusalOf([&] { (void)At(data).Validate(); }, &text), StoreErrorCode::Damaged);
-  EXPECT_EQ(text, "The data file is damaged. Nothing was changed. Restore it from your latest backup.");
+  EXPECT_EQ(text,
+            "The data file is damaged. Nothing was changed. Restore it from your latest backup.");
   EXPECT_EQ(ReadFile(data), bytes);
 }
 

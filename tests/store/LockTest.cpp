@@ -1,6 +1,6 @@
 #include "platform/Files.h"
-#include "store/StoreError.h"
-#include "store/WriterLock.h"
+#include "store/datafile/WriterLock.h"
+#include "store/sql/StoreError.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>

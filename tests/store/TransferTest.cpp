@@ -1,6 +1,6 @@
 #include "platform/SettingsTable.h"
-#include "store/opening/TransferFile.h"
-#include "store/opening/clsCipher.h"
+#include "store/datafile/opening/TransferFile.h"
+#include "store/datafile/opening/clsCipher.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 #include "support/AccessPath.h"
 
-#include "store/engine/OpenFile.h"
-#include "store/engine/Sqlite.h"
+#include "store/sql/engine/OpenFile.h"
+#include "store/sql/engine/Sqlite.h"
 
 namespace corvanta {
 

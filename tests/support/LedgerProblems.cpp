@@ -1,7 +1,7 @@
 #include "support/LedgerProblems.h"
 
-#include "store/Connection.h"
-#include "store/Recordset.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
 
 #include <cmath>
 #include <cstdint>

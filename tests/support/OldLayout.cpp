@@ -1,6 +1,6 @@
 #include "support/OldLayout.h"
 
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 
 namespace corvanta {
 

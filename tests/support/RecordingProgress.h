@@ -1,7 +1,7 @@
 #pragma once
 
 #include "platform/Progress.h"
-#include "store/StoreError.h"
+#include "store/sql/StoreError.h"
 
 #include <utility>
 #include <vector>

@@ -1,9 +1,9 @@
 #include "support/TemporaryStore.h"
 
 #include "platform/SettingsTable.h"
-#include "store/CreateDataFile.h"
-#include "store/DataFileLocation.h"
-#include "store/InstallationKey.h"
+#include "store/datafile/CreateDataFile.h"
+#include "store/datafile/DataFileLocation.h"
+#include "store/datafile/InstallationKey.h"
 
 #include <fstream>
 #include <map>

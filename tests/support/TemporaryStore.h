@@ -1,6 +1,6 @@
 #pragma once
 
-#include "store/Connection.h"
+#include "store/sql/Connection.h"
 #include "support/TestPlatform.h"
 
 #include <memory>

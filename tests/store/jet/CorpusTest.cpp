@@ -1,9 +1,9 @@
 // Every statement that the program sends runs as it stands.
 #include "platform/Clock.h"
-#include "store/Connection.h"
-#include "store/CreateDataFile.h"
-#include "store/Recordset.h"
-#include "store/StoreError.h"
+#include "store/datafile/CreateDataFile.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/StoreError.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>

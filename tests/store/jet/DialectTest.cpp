@@ -1,8 +1,8 @@
 // What the dialect promises beyond running: comparisons, NULLs, dates, joins, types and keys.
-#include "store/Connection.h"
-#include "store/Recordset.h"
-#include "store/SqlText.h"
-#include "store/StoreError.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/StoreError.h"
 #include "support/FixedClock.h"
 #include "support/TemporaryFolder.h"
 
@@ -214,6 +214,48 @@ TEST_F(Dialect, ArithmeticAndFunctions) {
   }
 }
 
+TEST_F(Dialect, OperatorsBindAsTightlyAsTheyShould) {
+  struct Case {
+    const char* expression;
+    const char* value;
+  };
+  for (const Case& row :
+       {Case{"2^3^2", "64.0"}, Case{"2^-1", "0.5"}, Case{"-2^2", "-4.0"}, Case{"2^-1^2", "0.25"},
+        Case{"7 \\ 2 * 2", "1"}, Case{"8 * 3 \\ 5", "4"}, Case{"10 MOD 7 \\ 2", "1"},
+        Case{"5 MOD 3 * 2", "5"}, Case{"1 + 5 MOD 3", "3"}, Case{"7 - 5 - 1", "1"},
+        Case{"2 + 3 & 4", "54"}, Case{"-3 - -5", "2"}, Case{"- -5", "5"}}) {
+    EXPECT_EQ(Column(std::string("SELECT ") + row.expression + " FROM tblGroups WHERE GroupID = 1"),
+              row.value)
+        << row.expression;
+  }
+}
+
+TEST_F(Dialect, DaysAreAddedToDates) {
+  Add("x", "#02/28/2024 13:30:00#", 2);
+  EXPECT_EQ(Column("SELECT [Date] + 2 FROM tblItems"), "2024-03-01T13:30:00");
+  EXPECT_EQ(Column("SELECT 1 + [Date] FROM tblItems"), "2024-02-29T13:30:00");
+  EXPECT_EQ(Column("SELECT [Date] - Amount FROM tblItems"), "2024-02-26T13:30:00");
+  EXPECT_EQ(Column("SELECT #03/01/2024# - [Date] FROM tblItems"), "2");
+}
+
+// Each part of an expression is looked at once, so that depth costs no more than length.
+TEST_F(Dialect, DeeplyNestedComparisonsOfTextsAreNoWork) {
+  Add("x", "NULL", 1);
+  std::string nested = "Name";
+  for (int i = 0; i < 24; ++i) nested = "IIF(" + nested + " = 'x', 'x', 'y')";
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE " + nested + " = 'x'"), "1");
+  std::string right = "Name";
+  for (int i = 0; i < 20; ++i) right = "Right(" + right + ", 5)";
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE " + right + " = 'x'"), "1");
+  for (int i = 0; i < 100; ++i) right = "Right(" + right + ", 5)";
+  EXPECT_NE(Column("SELECT ItemID FROM tblItems WHERE " + right + " = 'x'").find("too deeply"),
+            std::string::npos);
+  std::string chain = "Name";
+  for (int i = 0; i < 2000; ++i) chain += " = 'x'";
+  EXPECT_NE(Column("SELECT ItemID FROM tblItems WHERE " + chain).find("too many"),
+            std::string::npos);
+}
+
 TEST_F(Dialect, ValuesBeyondTheSchemaAreRefused) {
   EXPECT_EQ(Refusal("INSERT INTO tblItems (Name,GroupID) VALUES ('12345678901',1)"),
             StoreErrorCode::Constraint);
@@ -330,6 +372,33 @@ TEST_F(Dialect, ValuesAreNeverCode) {
   EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE ItemID = 2 AND Amount = 3"), "");
   EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Amount > -2 AND Amount BETWEEN -5 AND 1.5"),
             "1");
+}
+
+// The rows of a statement are read while the same statement is run with other values.
+TEST_F(Dialect, AStatementCanBeRunWhileItsRowsAreRead) {
+  for (int i = 1; i <= 3; ++i) Add("row " + std::to_string(i), "NULL", i);
+  const auto above = [&](const char* amount) {
+    return connection_->OpenRecordset(std::string("SELECT Name FROM tblItems WHERE Amount > -") +
+                                      amount + " ORDER BY ItemID");
+  };
+  Recordset outer = above("5");
+  Recordset inner = above("7");
+  (void)connection_->OpenRecordset("SELECT Count(*) FROM tblGroups");
+  inner.MoveNext();
+  EXPECT_EQ(outer.Text(0), "row 1");
+  EXPECT_EQ(inner.Text(0), "row 2");
+  outer.MoveNext();
+  outer.MoveNext();
+  EXPECT_EQ(outer.Text(0), "row 3");
+}
+
+TEST_F(Dialect, ATablesNameAloneStandsForItsRows) {
+  EXPECT_EQ(Column("tblGroups"), "1|2");
+  EXPECT_EQ(Column("[tblGroups]"), "1|2");
+  EXPECT_TRUE(IsReadOnlyStatement("tblGroups"));
+  EXPECT_FALSE(IsReadOnlyStatement("DELETE FROM tblGroups"));
+  EXPECT_NE(Column("DELETE FROM tblGroups").find("no rows"), std::string::npos);
+  EXPECT_NE(Column("tblNone").find("no table tblNone"), std::string::npos);
 }
 
 TEST_F(Dialect, TheSchemaCanBeChanged) {

@@ -1,0 +1,69 @@
+#pragma once
+
+#include "store/datafile/DataFileLocation.h"
+#include "store/datafile/WriterLock.h"
+#include "store/sql/Connection.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace corvanta {
+
+struct Platform;
+
+// An open data file and, where it may be written, the right to do so.
+struct DataFile {
+  std::unique_ptr<WriterLock> lock;  // null when it was opened for reading only
+  std::unique_ptr<Connection> connection;
+  std::string password;    // has opened it: what its recovery key is made from
+  bool isRenewed = false;  // compacted, upgraded and checked on the way
+};
+
+// Finds, creates, opens, compacts and upgrades the data file of this installation.
+class DataFileOpener {
+ public:
+  // `holder` names this program to others that want to write.
+  DataFileOpener(Platform& platform, std::string holder);
+
+  // A folder or file that stands for DBPath in this run only; the setting is not read or written.
+  void SetDataPath(std::string path);
+  // How long to wait for a program that is writing; not at all without it.
+  void SetPatience(Patience patience);
+
+  // The open-data-file operation with its questions: nullopt when no file was opened and the
+  // person has been told why. Quiet creates a missing file without asking. Never throws StoreError;
+  // what the file and the machine refuse is told through Prompts, with the roads out (transfer
+  // file, recovery key, another file) offered. A data file that is open already must be closed and
+  // its lock given back before.
+  [[nodiscard]] std::optional<DataFile> Open(bool quiet);
+
+  // For the command line: opens what is there, creates and asks nothing. For writing it takes the
+  // lock, checks and repairs the schema. Throws StoreError and PlatformError.
+  [[nodiscard]] DataFile OpenExisting(bool forWriting);
+  // Creates the data file (and its folder) and opens it, with this installation's key, which is
+  // drawn where there is none. Throws StoreError(Sql) where one stands.
+  [[nodiscard]] DataFile CreateNew(bool emptyFile);
+  // Compaction, upgrade, clean-up and check of an existing file, with nothing asked; afterwards it
+  // is open. Throws StoreError; the data file is then as it was.
+  [[nodiscard]] DataFile Validate();
+  // Opens a data file of another installation with its key, the text of a recovery key or the path
+  // of a transfer file, saved key or key file, and protects it with this installation's password,
+  // which is drawn where there is none. Throws
+  // StoreError(OtherInstallation) when the key does not fit; the file is then as it was.
+  // `admits` is asked, where there is one, before anything is changed; when it says no, nothing is
+  // opened and the result is empty.
+  [[nodiscard]] DataFile UseKey(const std::string& keyOrPath,
+                                const std::function<bool(Connection&)>& admits = {});
+
+  // Where the data file is looked for. Throws StoreError(Missing) without a DBPath.
+  [[nodiscard]] DataFileLocation Location() const;
+
+ private:
+  Platform& platform_;
+  Writer writer_;
+  std::optional<std::string> dataPath_;
+};
+
+}  // namespace corvanta

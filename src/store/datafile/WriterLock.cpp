@@ -1,0 +1,154 @@
+#include "store/datafile/WriterLock.h"
+
+#include "platform/FileHandle.h"
+#include "store/sql/FailureText.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstring>
+#include <filesystem>
+#include <sstream>
+#include <thread>
+#include <utility>
+
+namespace corvanta {
+namespace {
+
+// Beside the data file itself, wherever a link to it stands: two names of one file share one lock.
+std::string LockPath(const std::string& dataFilePath) {
+  std::error_code ignored;
+  std::filesystem::path file = std::filesystem::weakly_canonical(dataFilePath, ignored);
+  if (file.empty()) file = dataFilePath;
+  return (file.parent_path() / ("." + file.filename().string() + ".lock")).string();
+}
+
+std::string HostName() {
+  std::array<char, 256> name{};
+  if (::gethostname(name.data(), name.size() - 1) != 0) return {};
+  return name.data();
+}
+
+std::string ReadHolder(int descriptor) {
+  std::array<char, 1024> buffer{};
+  const ssize_t count = ::pread(descriptor, buffer.data(), buffer.size(), 0);
+  const std::size_t size = count > 0 ? static_cast<std::size_t>(count) : 0;
+  std::istringstream lines(std::string(buffer.data(), size));
+  std::string holder;
+  std::string process;
+  std::string host;
+  std::getline(lines, holder);
+  std::getline(lines, process);
+  std::getline(lines, host);
+  // The holder has the lock before it has written its name.
+  if (holder.empty()) return "another program";
+  if (!process.empty()) holder += " (process " + process;
+  if (!process.empty() && !host.empty() && host != HostName()) holder += " on " + host;
+  return process.empty() ? holder : holder + ")";
+}
+
+[[noreturn]] void ThrowOpenError(int error, const std::string& dataFilePath) {
+  const std::string folder = std::filesystem::path(dataFilePath).parent_path().string();
+  const std::string reason = std::string(" (") + std::strerror(error) + ").";
+  StoreErrorCode code = StoreErrorCode::ReadOnly;
+  std::string happened = "The folder " + folder + " cannot be written to" + reason;
+  if (error == ENOSPC || error == EDQUOT) {
+    code = StoreErrorCode::DiskFull;
+    happened = "The disk is full" + reason;
+  } else if (error == ENOENT || error == ENOTDIR) {
+    code = StoreErrorCode::Missing;
+    happened = "The folder " + folder + " could not be found" + reason;
+  }
+  throw StoreError(code, FailureText(code, happened), {}, dataFilePath);
+}
+
+// The one that holds the lock removes the file when it is done, so the name may by now stand for
+// another file, or for none.
+bool IsStillNamed(int descriptor, const std::string& path) {
+  struct stat held {};
+  struct stat named {};
+  return ::fstat(descriptor, &held) == 0 && ::stat(path.c_str(), &named) == 0 &&
+         held.st_ino == named.st_ino && held.st_dev == named.st_dev;
+}
+
+void WriteHolder(int descriptor, const std::string& holder, const std::string& dataFilePath) {
+  const std::string text = holder + "\n" + std::to_string(::getpid()) + "\n" + HostName() + "\n";
+  const bool isWritten =
+      ::ftruncate(descriptor, 0) == 0 &&
+      ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
+  if (!isWritten) ThrowOpenError(errno, dataFilePath);
+}
+
+std::string Refusal(LockedName name, const std::string& holder) {
+  if (name == LockedName::DataFile) {
+    return "The data file is in use by " + holder + ".";
+  }
+  return "Another data file of this folder is being made or validated by " + holder + ".";
+}
+
+// The wait for a lock, in short pauses. What counts is the time that was waited through, so that
+// it needs no clock.
+class Turn {
+ public:
+  explicit Turn(const Patience& patience) : patience_(patience) {}
+
+  // Waits a moment; false when the patience is at its end.
+  bool Wait() {
+    constexpr std::chrono::milliseconds kPause{20};
+    if (waited_ >= patience_.longest) return false;
+    const std::chrono::milliseconds pause = std::min(kPause, patience_.longest - waited_);
+    if (patience_.pause) {
+      patience_.pause(pause);
+    } else {
+      std::this_thread::sleep_for(pause);
+    }
+    waited_ += pause;
+    return true;
+  }
+
+ private:
+  const Patience& patience_;
+  std::chrono::milliseconds waited_{0};
+};
+
+}  // namespace
+
+std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const Writer& writer,
+                                                LockedName name) {
+  const std::string lockPath = LockPath(path);
+  Turn turn(writer.patience);
+  for (;;) {
+    FileHandle file(::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
+    if (!file.IsOpen()) ThrowOpenError(errno, path);
+    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+      if (errno == EINTR) continue;
+      if (errno != EWOULDBLOCK) ThrowOpenError(errno, path);
+      if (turn.Wait()) continue;
+      throw StoreError(StoreErrorCode::Locked,
+                       FailureText(StoreErrorCode::Locked, Refusal(name, ReadHolder(file.Get()))),
+                       {}, path);
+    }
+    if (!IsStillNamed(file.Get(), lockPath)) continue;
+    WriteHolder(file.Get(), writer.name, path);
+    return std::unique_ptr<WriterLock>(new WriterLock(lockPath, std::move(file)));
+  }
+}
+
+std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path,
+                                                const std::string& holder) {
+  return Acquire(path, Writer{holder, {}});
+}
+
+WriterLock::WriterLock(std::string path, FileHandle file)
+    : path_(std::move(path)), file_(std::move(file)) {}
+
+WriterLock::~WriterLock() {
+  ::unlink(path_.c_str());
+}
+
+}  // namespace corvanta

@@ -1,0 +1,76 @@
+#include "store/datafile/opening/FileSteps.h"
+
+#include "platform/Files.h"
+#include "store/sql/StoreError.h"
+
+#include <sys/stat.h>
+
+#include <exception>
+
+namespace corvanta {
+namespace {
+
+std::string JournalOf(const std::string& path) {
+  return path + "-journal";
+}
+
+}  // namespace
+
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  return FileIdentity{status.st_dev, status.st_ino};
+}
+
+void RequireStillThere(const std::string& path, const std::optional<FileIdentity>& identity) {
+  if (identity.has_value() && IdentityOf(path) == identity) return;
+  throw StoreError(StoreErrorCode::Io,
+                   "Another program has put another file in the place of " + path +
+                       " meanwhile, which is left as it is. Try again.",
+                   {}, path);
+}
+
+bool HasJournal(const std::string& path) {
+  return FileExists(JournalOf(path));
+}
+
+void RemoveDataFile(const std::string& path, Files& files) {
+  // The file first: a journal without its file means nothing, a file without its journal may be
+  // half changed.
+  files.Remove(path);
+  files.Remove(JournalOf(path));
+}
+
+void RemoveDataFileQuietly(const std::string& path, Files& files) noexcept {
+  try {
+    RemoveDataFile(path, files);
+  } catch (const std::exception&) {
+    // What is left is removed before the next use of the name.
+  }
+}
+
+void InstallDataFile(const std::string& from, const std::string& to, Files& files) {
+  const std::string journal = JournalOf(to);
+  if (FileExists(journal)) {
+    if (FileExists(to)) {
+      throw StoreError(StoreErrorCode::Io,
+                       "The data file is still being changed by another program: " + journal +
+                           " stands beside it. Close that program and try again.",
+                       {}, to);
+    }
+    files.Remove(journal);
+  }
+  files.Replace(from, to);
+}
+
+std::string SetAside(const std::string& path, const std::string& ending, Files& files) {
+  std::string target = path + ending;
+  for (int number = 2; IdentityOf(target).has_value(); ++number) {
+    target = path + ending + std::to_string(number);
+  }
+  files.Replace(path, target);
+  if (HasJournal(path)) files.Replace(JournalOf(path), JournalOf(target));
+  return target;
+}
+
+}  // namespace corvanta

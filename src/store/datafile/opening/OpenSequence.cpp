@@ -1,0 +1,264 @@
+#include "store/datafile/opening/OpenSequence.h"
+
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "platform/PlatformError.h"
+#include "platform/Prompts.h"
+#include "platform/Registry.h"
+#include "platform/SettingsTable.h"
+#include "store/datafile/CreateDataFile.h"
+#include "store/datafile/InstallationKey.h"
+#include "store/datafile/opening/FileSteps.h"
+#include "store/datafile/opening/KeyRecovery.h"
+#include "store/datafile/opening/RecoverDataFile.h"
+#include "store/datafile/opening/TransferFile.h"
+#include "store/datafile/schema/AccessPaths.h"
+#include "store/datafile/schema/SchemaCheck.h"
+#include "store/datafile/upgrade/RenewDataFile.h"
+#include "store/sql/StoreError.h"
+
+namespace corvanta {
+namespace {
+
+constexpr const char* kTitle = "Open Data File";
+constexpr const char* kOtherFile = "Choose another data file";
+constexpr std::size_t kTransferLimit = 16U << 20U;
+
+std::optional<TransferFile> ReadTransferFile(const std::string& path) {
+  return TransferFile::FromText(ReadFile(path, kTransferLimit));
+}
+
+// True when the file itself is what is wrong, and not the disk under it or another program.
+bool IsFileFault(const StoreError& error) {
+  return error.Code() == StoreErrorCode::OtherInstallation ||
+         error.Code() == StoreErrorCode::NotADataFile || error.Code() == StoreErrorCode::Damaged ||
+         error.Code() == StoreErrorCode::Missing;
+}
+
+// Without these the program is slower, and without room it must still show what there is.
+void EnsureAccessPathsIfRoom(Connection& connection) {
+  try {
+    EnsureAccessPaths(connection);
+  } catch (const StoreError& error) {
+    if (error.Code() != StoreErrorCode::DiskFull) throw;
+  }
+}
+
+// When the program last started on this file. Nothing depends on it, so a disk that refuses it is
+// left to say so when something is entered.
+void StampStart(Connection& connection) {
+  try {
+    connection.Execute("UPDATE tblVerification SET UpdateRun = Now();");
+  } catch (const StoreError&) {
+    return;
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::string& password,
+                                        Platform& platform) {
+  std::unique_ptr<Connection> connection = Connection::Open({path, password, {}}, platform.clock);
+  CheckSchema(*connection);
+  EnsureAccessPathsIfRoom(*connection);
+  return connection;
+}
+
+OpenSequence::OpenSequence(Platform& platform, const Writer& writer,
+                           std::optional<std::string>& dataPath)
+    : platform_(platform), writer_(writer), dataPath_(dataPath) {}
+
+std::optional<DataFile> OpenSequence::Run(bool quiet) {
+  quiet_ = quiet;
+  for (;;) {
+    file_ = {};
+    Outcome outcome = Outcome::Stop;
+    try {
+      outcome = Attempt();
+    } catch (const StoreError& error) {
+      file_ = {};
+      outcome = OfferRoadOut(error);
+    } catch (const PlatformError& error) {
+      file_ = {};
+      outcome = OfferRetry(error.what());
+    }
+    if (outcome == Outcome::Opened) return std::move(file_);
+    if (outcome == Outcome::Stop) return std::nullopt;
+  }
+}
+
+OpenSequence::Outcome OpenSequence::Attempt() {
+  password_ = FindInstallationPassword(platform_).value_or("");
+  filePassword_ = foundKey_.value_or(password_);
+  if (!FindLocation()) return Outcome::Stop;
+  PrepareFolder();
+  const bool isRequested = TakeReindex();
+  const bool hasTransfer = TakeTransferFile();
+  const bool isDue = isRequested || filePassword_ != password_;
+  const bool renews = isDue && FileExists(location_.Path());
+  file_.isRenewed = renews && Renew();
+  if (hasTransfer && file_.isRenewed == renews)
+    SetAside(location_.TransferPath(), ".used", platform_.files);
+  return FileExists(location_.Path()) ? OpenIt() : AskToCreate();
+}
+
+bool OpenSequence::FindLocation() {
+  if (!dataPath_.has_value()) SetUpFirstStart(platform_);
+  const std::optional<std::string> path =
+      dataPath_.has_value() ? dataPath_ : ReadDataPath(platform_.registry);
+  if (!path.has_value()) {
+    platform_.prompts.Tell("Application Error",
+                           "Corrupted application. Please re-install Corvanta Personal Finance.",
+                           Icon::Warning);
+    return false;
+  }
+  location_ = DataFileLocation::FromPath(*path);
+  isFolder_ = DataFileLocation::NamesFolder(*path);
+  return true;
+}
+
+void OpenSequence::PrepareFolder() {
+  if (isFolder_) platform_.files.CreateFolder(location_.folder);
+  if (!FolderExists(location_.folder)) return;
+  TakeLock();
+  RecoverDataFile(location_, password_, writer_, platform_);
+  if (isFolder_ && !FileExists(location_.Path())) Create();
+}
+
+void OpenSequence::TakeLock() {
+  if (file_.lock == nullptr) file_.lock = WriterLock::Acquire(location_.Path(), writer_);
+}
+
+// A caller that wants no questions wants no sample data either.
+void OpenSequence::Create() {
+  password_ = InstallationPassword(platform_);
+  filePassword_ = password_;
+  CreateDataFile(location_, password_, quiet_, platform_, writer_);
+}
+
+bool OpenSequence::TakeReindex() {
+  const std::string value =
+      platform_.registry.Read(Hive::CurrentUser, kSettingsKey, "Reindex").value_or("");
+  if (value.empty()) return false;
+  try {
+    platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "");
+  } catch (const PlatformError& error) {
+    // Settings that cannot be written keep nobody from the accounts.
+    Tell(std::string("The data file is not validated now. ") + error.what());
+    return false;
+  }
+  return Value(value).Double() > 0;
+}
+
+// True when the transfer file beside the data file opens it; its settings are taken over then.
+bool OpenSequence::TakeTransferFile() {
+  const std::string path = location_.TransferPath();
+  if (!FileExists(path) || !FileExists(location_.Path())) return false;
+  const std::optional<TransferFile> transfer = ReadTransferFile(path);
+  if (!transfer.has_value() || !OpensWith(location_.Path(), transfer->password, platform_)) {
+    Tell("The transfer file " + path +
+         " does not belong to the data file beside it and was left as it is. Move it away when you "
+         "do not need it.");
+    return false;
+  }
+  filePassword_ = transfer->password;
+  transfer->WriteSettings(platform_.registry);
+  return true;
+}
+
+bool OpenSequence::Renew() {
+  constexpr const char* kStays = "The data file could not be compacted and stays as it was.\n";
+  try {
+    if (filePassword_ != password_) password_ = InstallationPassword(platform_);
+    const std::optional<std::string> problem = RenewDataFile(
+        location_, {filePassword_, password_, UpgradeFailure::Keep}, writer_, platform_);
+    filePassword_ = password_;
+    foundKey_.reset();
+    if (problem.has_value()) {
+      Tell("The data file could not be brought up to date. Nothing in it was changed. " + *problem);
+    }
+    return true;
+  } catch (const StoreError& error) {
+    if (IsFileFault(error)) throw;
+    Tell(std::string(kStays) + error.what());
+  } catch (const PlatformError& error) {
+    Tell(std::string(kStays) + error.what());
+  }
+  return false;
+}
+
+OpenSequence::Outcome OpenSequence::OpenIt() {
+  file_.connection = OpenChecked(location_.Path(), filePassword_, platform_);
+  file_.password = filePassword_;
+  StampStart(*file_.connection);
+  return Outcome::Opened;
+}
+
+OpenSequence::Outcome OpenSequence::AskToCreate() {
+  if (!quiet_ && !platform_.prompts.Ask("Create new data file?",
+                                        "Data file could not be found at, " + location_.Path() +
+                                            ". Do you want to create a new data file?")) {
+    return AskForOtherFile();
+  }
+  platform_.files.CreateFolder(location_.folder);
+  TakeLock();
+  Create();
+  return OpenIt();
+}
+
+OpenSequence::Outcome OpenSequence::AskForOtherFile() {
+  file_ = {};
+  const std::optional<std::string> path = platform_.prompts.OpenFile(
+      {"Select File to Open", "Data Files", "*.dat", "dat", location_.folder});
+  if (!path.has_value()) {
+    Tell("No data file was opened.", false);
+    return Outcome::Stop;
+  }
+  if (dataPath_.has_value()) {
+    dataPath_ = *path;
+  } else {
+    platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "DBPath", *path);
+  }
+  foundKey_.reset();
+  quiet_ = true;
+  return Outcome::Again;
+}
+
+OpenSequence::Outcome OpenSequence::OfferRoadOut(const StoreError& error) {
+  const std::string reason = error.what();
+  const bool isNamed = reason.find(location_.Path()) != std::string::npos;
+  const std::string refused = "The data file " + (isNamed ? "" : location_.Path() + " ") +
+                              "could not be opened.\n" + reason;
+  switch (error.Code()) {
+    case StoreErrorCode::OtherInstallation: {
+      const KeyRecovery::Answer answer = KeyRecovery(platform_, location_.Path()).Ask();
+      if (answer.road == KeyRecovery::Road::OtherFile) return AskForOtherFile();
+      if (answer.road == KeyRecovery::Road::Back) return Outcome::Stop;
+      foundKey_ = answer.password;
+      return Outcome::Again;
+    }
+    case StoreErrorCode::NotADataFile:
+    case StoreErrorCode::Damaged: {
+      const std::optional<std::size_t> chosen =
+          platform_.prompts.Choose(kTitle, refused, {kOtherFile});
+      return chosen == 0U ? AskForOtherFile() : Outcome::Stop;
+    }
+    default:
+      return OfferRetry(refused);
+  }
+}
+
+// What stands in the way may be gone when the person has looked after it.
+OpenSequence::Outcome OpenSequence::OfferRetry(const std::string& reason) {
+  enum : std::size_t { kAgain, kOther };
+  const std::optional<std::size_t> chosen =
+      platform_.prompts.Choose(kTitle, reason, {"Try again", kOtherFile});
+  if (chosen == kOther) return AskForOtherFile();
+  return chosen == kAgain ? Outcome::Again : Outcome::Stop;
+}
+
+void OpenSequence::Tell(const std::string& text, bool isWarning) {
+  platform_.prompts.Tell(kTitle, text, isWarning ? Icon::Warning : Icon::Information);
+}
+
+}  // namespace corvanta

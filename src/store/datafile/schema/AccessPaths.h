@@ -1,0 +1,11 @@
+#pragma once
+
+namespace corvanta {
+
+class Connection;
+
+// Makes what the schema does not name but the program needs: its access paths and the tables of its
+// own, whose names begin with own_. Throws StoreError.
+void EnsureAccessPaths(Connection& connection);
+
+}  // namespace corvanta

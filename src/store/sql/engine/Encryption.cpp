@@ -1,0 +1,58 @@
+#include "store/sql/engine/Encryption.h"
+
+#include "store/sql/engine/Sqlite.h"
+
+#include <sodium.h>
+#include <sqlcipher/sqlite3.h>
+
+namespace corvanta {
+namespace {
+
+std::string Hex(const unsigned char* bytes, std::size_t size) {
+  std::string text(size * 2 + 1, '\0');
+  sodium_bin2hex(text.data(), text.size(), bytes, size);
+  text.pop_back();
+  return text;
+}
+
+void Derive(std::string_view password, std::string_view purpose, unsigned char* out,
+            std::size_t size) {
+  crypto_generichash(out, size, reinterpret_cast<const unsigned char*>(password.data()),
+                     password.size(), reinterpret_cast<const unsigned char*>(purpose.data()),
+                     purpose.size());
+}
+
+}  // namespace
+
+FileKey::FileKey(std::string_view password) {
+  std::array<unsigned char, 32> key{};
+  Derive(password, "corvanta data file key", key.data(), key.size());
+  Derive(password, "corvanta data file salt", salt_.data(), salt_.size());
+  std::string keyHex = Hex(key.data(), key.size());
+  text_.reserve(3 + 96);
+  text_ += "x'";
+  text_ += keyHex;
+  text_ += Hex(salt_.data(), salt_.size());
+  text_ += '\'';
+  sodium_memzero(keyHex.data(), keyHex.size());
+  sodium_memzero(key.data(), key.size());
+}
+
+FileKey::~FileKey() {
+  sodium_memzero(text_.data(), text_.size());
+}
+
+void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file) {
+  const std::string& text = key.Text();
+  const int result = sqlite3_key(database, text.data(), static_cast<int>(text.size()));
+  if (result != SQLITE_OK) throw ErrorOf(database, result, {}, file);
+  SetPageFormat(database, "main", file);
+}
+
+void SetPageFormat(sqlite3* database, const std::string& schema, const std::string& file) {
+  // Older libraries do not know the first of these and ignore it; it brings a page size of its own.
+  Run(database, "PRAGMA " + schema + ".cipher_compatibility = 3", file);
+  Run(database, "PRAGMA " + schema + ".cipher_page_size = " + std::to_string(kPageSize), file);
+}
+
+}  // namespace corvanta

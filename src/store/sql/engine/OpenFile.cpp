@@ -1,0 +1,164 @@
+#include "store/sql/engine/OpenFile.h"
+
+#include "platform/Files.h"
+#include "platform/PlatformError.h"
+#include "store/sql/FailureText.h"
+#include "store/sql/engine/Encryption.h"
+#include "store/sql/engine/Functions.h"
+
+#include <fcntl.h>
+#include <sqlcipher/sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <bitset>
+#include <fstream>
+
+namespace corvanta {
+namespace {
+
+struct Beginning {
+  std::array<unsigned char, kPageSize> bytes{};
+  std::size_t size = 0;  // read, at most a page
+};
+
+Beginning ReadBeginning(const std::string& path) {
+  Beginning beginning;
+  std::ifstream file(path, std::ios::binary);
+  file.read(reinterpret_cast<char*>(beginning.bytes.data()), kPageSize);
+  beginning.size = static_cast<std::size_t>(file.gcount());
+  return beginning;
+}
+
+// An enciphered page looks like chance: nearly every byte value occurs. Texts, tables and plain
+// databases do not.
+bool LooksEnciphered(const Beginning& beginning) {
+  std::bitset<256> seen;
+  for (std::size_t i = 0; i < beginning.size; ++i) seen.set(beginning.bytes[i]);
+  return beginning.size == kPageSize && seen.count() > 200;
+}
+
+// `happened` is the sentence that the words for the code follow.
+[[noreturn]] void Refuse(StoreErrorCode code, const std::string& happened,
+                         const std::string& path) {
+  throw StoreError(code, path + "\n" + FailureText(code, happened), {}, path);
+}
+
+void CheckBefore(const std::string& path) {
+  if (!FileExists(path)) {
+    Refuse(StoreErrorCode::Missing, "This data file does not exist.", path);
+  }
+  if (IsReadOnly(path)) {
+    Refuse(StoreErrorCode::ReadOnly, "This data file is read-only.", path);
+  }
+}
+
+// The answer "not a database" stands for a wrong key, another kind of file and a damaged first
+// page.
+[[noreturn]] void RefuseUnreadable(const std::string& path, const FileKey& key) {
+  const Beginning beginning = ReadBeginning(path);
+  const auto& salt = key.Salt();
+  if (beginning.size >= salt.size() &&
+      std::equal(salt.begin(), salt.end(), beginning.bytes.begin())) {
+    Refuse(StoreErrorCode::Damaged, "This data file is damaged at its beginning.", path);
+  }
+  if (!LooksEnciphered(beginning)) {
+    Refuse(StoreErrorCode::NotADataFile, "This file is no data file.", path);
+  }
+  Refuse(StoreErrorCode::OtherInstallation,
+         "This data file belongs to another installation (or is no data file at all).", path);
+}
+
+// The library would let every user of the machine read the new file.
+void MakeOwnerOnly(const std::string& path) {
+  const int descriptor = open(path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, 0600);
+  if (descriptor >= 0) close(descriptor);
+}
+
+DatabaseHandle OpenHandle(const DataSource& source, int flags) {
+  sqlite3* raw = nullptr;
+  // One thread uses a connection, so the library need not lock it for every value that is read.
+  const int result = sqlite3_open_v2(source.path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX,
+                                     source.vfs.empty() ? nullptr : source.vfs.c_str());
+  DatabaseHandle database(raw);
+  if (result != SQLITE_OK) throw ErrorOf(raw, result, {}, source.path);
+  sqlite3_extended_result_codes(raw, 1);
+  sqlite3_busy_timeout(raw, 4000);
+  // Newer libraries write to standard error what a person is told in words by whoever opens.
+  Run(raw, "PRAGMA cipher_log_level = NONE", source.path);
+  return database;
+}
+
+void SetUp(sqlite3* database, const std::string& path, const Clock& clock) {
+  Run(database,
+      "PRAGMA journal_mode = DELETE; PRAGMA synchronous = EXTRA; PRAGMA temp_store = MEMORY; "
+      "PRAGMA cache_size = -65536",
+      path);
+  jet::RegisterFunctions(database, clock);
+}
+
+// A file that was cut off still opens; its own count of pages tells.
+void CheckLength(sqlite3* database, const std::string& path) {
+  struct stat status {};
+  const std::int64_t pages = QueryNumber(database, "PRAGMA page_count", path);
+  if (stat(path.c_str(), &status) != 0 || status.st_size >= pages * kPageSize) return;
+  Refuse(StoreErrorCode::Damaged, "This data file ends too early.", path);
+}
+
+}  // namespace
+
+DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
+  CheckBefore(source.path);
+  const FileKey key(source.password);
+  struct stat status {};
+  if (stat(source.path.c_str(), &status) == 0 && status.st_size < kPageSize) {
+    Refuse(status.st_size == 0 ? StoreErrorCode::Damaged : StoreErrorCode::NotADataFile,
+           status.st_size == 0 ? "This data file is empty." : "This file is no data file.",
+           source.path);
+  }
+  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
+  ApplyKey(database.get(), key, source.path);
+  try {
+    (void)QueryNumber(database.get(), "SELECT count(*) FROM sqlite_master", source.path);
+    CheckLength(database.get(), source.path);
+  } catch (const StoreError& error) {
+    if (error.Code() == StoreErrorCode::Damaged && error.File() == source.path &&
+        (sqlite3_errcode(database.get()) & 0xff) == SQLITE_NOTADB) {
+      RefuseUnreadable(source.path, key);
+    }
+    throw;
+  }
+  SetUp(database.get(), source.path, clock);
+  return database;
+}
+
+DatabaseHandle OpenUnchecked(const DataSource& source) {
+  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
+  ApplyKey(database.get(), FileKey(source.password), source.path);
+  return database;
+}
+
+DatabaseHandle CreateFile(const DataSource& source, const Clock& clock, const CopyMark& mark) {
+  if (FileExists(source.path)) {
+    throw StoreError(StoreErrorCode::Sql,
+                     source.path +
+                         "\nA file stands here already. It is not written over. Choose "
+                         "another name.",
+                     {}, source.path);
+  }
+  MakeOwnerOnly(source.path);
+  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE);
+  ApplyKey(database.get(), FileKey(source.password), source.path);
+  SetUp(database.get(), source.path, clock);
+  Run(database.get(), "BEGIN", source.path);
+  if (mark != CopyMark{}) WriteMark(database.get(), "main", mark, source.path);
+  // Brings the file and the table of last keys into being.
+  Run(database.get(),
+      "CREATE TABLE first (id INTEGER PRIMARY KEY AUTOINCREMENT); DROP TABLE first; COMMIT",
+      source.path);
+  return database;
+}
+
+}  // namespace corvanta

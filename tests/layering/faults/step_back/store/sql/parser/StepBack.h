@@ -1,0 +1,1 @@
+#include "store/sql/writer/Writer.h"
