@@ -123,6 +123,8 @@ std::string TargetOf(const std::string& path) {
 
 void SystemFiles::Replace(const std::string& from, const std::string& to) {
   SyncPath(from, O_RDONLY);
+  // What was removed beside the old file, such as its journal, must not come back to the new one.
+  SyncFolder(FolderOf(to));
   if (std::rename(from.c_str(), to.c_str()) != 0) throw SystemError("Cannot replace", to, errno);
   SyncFolder(FolderOf(to));
   if (FolderOf(from) != FolderOf(to)) SyncFolder(FolderOf(from));

@@ -13,12 +13,14 @@ void FaultFiles::Replace(const std::string& from, const std::string& to) {
   files_.Replace(from, to);
   plan_.Renamed(from, to);
   plan_.Synced(to);
+  plan_.FolderSynced(to);
 }
 
 void FaultFiles::Remove(const std::string& path) {
   Count(path);
   files_.Remove(path);
   plan_.Synced(path);
+  plan_.FolderSynced(path);
 }
 
 void FaultFiles::CreateFolder(const std::string& path) {

@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <fstream>
 
 namespace corvanta {
@@ -38,6 +39,13 @@ void FaultPlan::Deleted(const std::string& path, std::string oldBytes) {
 
 void FaultPlan::Synced(const std::string& path) {
   unsynced_.erase(path);
+}
+
+void FaultPlan::FolderSynced(const std::string& path) {
+  const auto folder = std::filesystem::path(path).parent_path();
+  std::erase_if(deleted_, [&](const auto& deleted) {
+    return std::filesystem::path(deleted.first).parent_path() == folder;
+  });
 }
 
 void FaultPlan::Renamed(const std::string& from, const std::string& to) {

@@ -39,6 +39,8 @@ class FaultPlan {
                    long long oldSize);
   void Deleted(const std::string& path, std::string oldBytes);
   void Synced(const std::string& path);
+  // What was deleted in the folder of the file stays so.
+  void FolderSynced(const std::string& path);
   void Renamed(const std::string& from, const std::string& to);
 
  private:

@@ -165,7 +165,10 @@ int Delete(sqlite3_vfs* vfs, const char* name, int syncFolder) {
   }
   const int result = layer.below->xDelete(layer.below, name, syncFolder);
   if (result == SQLITE_OK && syncFolder == 0) layer.plan->Deleted(name, bytes.str());
-  if (result == SQLITE_OK && syncFolder != 0) layer.plan->Synced(name);
+  if (result == SQLITE_OK && syncFolder != 0) {
+    layer.plan->Synced(name);
+    layer.plan->FolderSynced(name);
+  }
   return result;
 }
 
