@@ -33,7 +33,7 @@ Written WriteIif(const Expr& expr) {
     sql += " WHEN " + Write(*link->args[0]).sql + " THEN " + WriteValue(*link->args[1]).sql;
     link = link->args[2].get();
   }
-  return {sql + " ELSE " + WriteValue(*link).sql + " END", Strength::Atom};
+  return {sql + " ELSE " + WriteValue(*link).sql + " END", Precedence::Atom};
 }
 
 Written WriteSameType(const Expr& expr) {
@@ -41,7 +41,7 @@ Written WriteSameType(const Expr& expr) {
   const Written value = WriteValue(argument);
   const bool collates = argument.type == ValueType::Text && expr.call->sql != "sum";
   return {std::string(expr.call->sql) + "(" + (collates ? Collated(value) : value.sql) + ")",
-          Strength::Atom};
+          Precedence::Atom};
 }
 
 }  // namespace
@@ -49,21 +49,22 @@ Written WriteSameType(const Expr& expr) {
 Written WriteCall(const Expr& expr) {
   switch (expr.call->kind) {
     case CallKind::Plain:
-      return {Fill(expr), expr.call->sql == "$T1" ? Strength::Add : Strength::Atom};
+      return {Fill(expr), expr.call->sql == "$T1" ? Precedence::Add : Precedence::Atom};
     case CallKind::Iif:
       return WriteIif(expr);
     case CallKind::IsNull:
-      return {Hold(WriteValue(*expr.args[0]), Strength::Add) + " IS NULL", Strength::Compare};
+      return {Parenthesised(WriteValue(*expr.args[0]), Precedence::Add) + " IS NULL",
+              Precedence::Compare};
     case CallKind::Nz:
       return {
           "ifnull(" + WriteValue(*expr.args[0]).sql + ", " + WriteValue(*expr.args[1]).sql + ")",
-          Strength::Atom};
+          Precedence::Atom};
     case CallKind::SameType:
       return WriteSameType(expr);
     case CallKind::CountRows:
       break;
   }
-  return {std::string(expr.call->sql), Strength::Atom};
+  return {std::string(expr.call->sql), Precedence::Atom};
 }
 
 }  // namespace corvanta::jet

@@ -46,42 +46,44 @@ bool IsDate(const Expr& expr) {
 
 Written WriteLiteral(const Expr& expr) {
   const Token& token = expr.token;
-  if (expr.parameter > 0) return {"?" + std::to_string(expr.parameter), Strength::Atom};
-  if (token.kind == TokenKind::Text) return {QuoteText(Unquote(token)), Strength::Atom};
-  if (token.kind == TokenKind::Date) return {QuoteText(IsoFromLiteral(token.text)), Strength::Atom};
+  if (expr.parameter > 0) return {"?" + std::to_string(expr.parameter), Precedence::Atom};
+  if (token.kind == TokenKind::Text) return {QuoteText(Unquote(token)), Precedence::Atom};
+  if (token.kind == TokenKind::Date)
+    return {QuoteText(IsoFromLiteral(token.text)), Precedence::Atom};
   std::string number(token.text);
-  if (expr.negated) return {"-" + number, Strength::Collate};
-  return {std::move(number), Strength::Atom};
+  if (expr.negated) return {"-" + number, Precedence::Collate};
+  return {std::move(number), Precedence::Atom};
 }
 
-Written WriteChain(const Expr& expr, Strength strength, const char* sign) {
-  const Strength right = strength == Strength::Or ? Strength::And : Strength::Not;
-  return {Hold(Write(*expr.args[0]), strength) + sign + Hold(Write(*expr.args[1]), right),
-          strength};
+Written WriteChain(const Expr& expr, Precedence precedence, const char* sign) {
+  const Precedence right = precedence == Precedence::Or ? Precedence::And : Precedence::Not;
+  return {Parenthesised(Write(*expr.args[0]), precedence) + sign +
+              Parenthesised(Write(*expr.args[1]), right),
+          precedence};
 }
 
 Written WriteComparison(const Expr& expr) {
   const Expr& left = *expr.args[0];
   const Expr& right = *expr.args[1];
   if (!ComparesText(left, right)) {
-    return {Hold(WriteValue(left), Strength::Add) + SignOf(expr.op) +
-                Hold(WriteValue(right), Strength::Add),
-            Strength::Compare};
+    return {Parenthesised(WriteValue(left), Precedence::Add) + SignOf(expr.op) +
+                Parenthesised(WriteValue(right), Precedence::Add),
+            Precedence::Compare};
   }
-  return {Hold(WriteValue(WithoutCase(left)), Strength::Add) + SignOf(expr.op) +
+  return {Parenthesised(WriteValue(WithoutCase(left)), Precedence::Add) + SignOf(expr.op) +
               Collated(WriteValue(WithoutCase(right))),
-          Strength::Compare};
+          Precedence::Compare};
 }
 
 Written WriteLike(const Expr& expr) {
   const std::string call =
       "jet_like(" + WriteValue(*expr.args[1]).sql + ", " + WriteValue(*expr.args[0]).sql + ")";
-  if (!expr.negated) return {call, Strength::Atom};
-  return {"NOT " + call, Strength::Not};
+  if (!expr.negated) return {call, Precedence::Atom};
+  return {"NOT " + call, Precedence::Not};
 }
 
 Written WriteMovedDate(const std::string& days, const Expr& date) {
-  return {"jet_dateadd('d', " + days + ", " + WriteValue(date).sql + ")", Strength::Atom};
+  return {"jet_dateadd('d', " + days + ", " + WriteValue(date).sql + ")", Precedence::Atom};
 }
 
 // Adds numbers, joins texts, and moves a date by days; NULL on either side gives NULL.
@@ -89,15 +91,15 @@ Written WriteSum(const Expr& expr) {
   const Expr& left = *expr.args[0];
   const Expr& right = *expr.args[1];
   if (ComparesText(left, right)) {
-    return {Hold(WriteValue(left), Strength::Concat) + " || " +
-                Hold(WriteValue(right), Strength::Concat),
-            Strength::Concat};
+    return {Parenthesised(WriteValue(left), Precedence::Concat) + " || " +
+                Parenthesised(WriteValue(right), Precedence::Concat),
+            Precedence::Concat};
   }
   if (IsDate(left) && IsNumeric(right.type)) return WriteMovedDate(WriteValue(right).sql, left);
   if (IsDate(right) && IsNumeric(left.type)) return WriteMovedDate(WriteValue(left).sql, right);
-  return {
-      Hold(WriteValue(left), Strength::Add) + " + " + Hold(WriteValue(right), Strength::Multiply),
-      Strength::Add};
+  return {Parenthesised(WriteValue(left), Precedence::Add) + " + " +
+              Parenthesised(WriteValue(right), Precedence::Multiply),
+          Precedence::Add};
 }
 
 Written WriteDifference(const Expr& expr) {
@@ -105,12 +107,12 @@ Written WriteDifference(const Expr& expr) {
   const Expr& right = *expr.args[1];
   if (IsDate(left) && IsDate(right)) {
     return {"jet_datediff('d', " + WriteValue(right).sql + ", " + WriteValue(left).sql + ")",
-            Strength::Atom};
+            Precedence::Atom};
   }
   if (IsDate(left)) return WriteMovedDate("-(" + WriteValue(right).sql + ")", left);
-  return {
-      Hold(WriteValue(left), Strength::Add) + " - " + Hold(WriteValue(right), Strength::Multiply),
-      Strength::Add};
+  return {Parenthesised(WriteValue(left), Precedence::Add) + " - " +
+              Parenthesised(WriteValue(right), Precedence::Multiply),
+          Precedence::Add};
 }
 
 Written WriteArithmetic(const Expr& expr) {
@@ -118,28 +120,30 @@ Written WriteArithmetic(const Expr& expr) {
   const Written right = WriteValue(*expr.args[1]);
   switch (expr.op) {
     case Word::Star:
-      return {Hold(left, Strength::Multiply) + " * " + Hold(right, Strength::Concat),
-              Strength::Multiply};
+      return {Parenthesised(left, Precedence::Multiply) + " * " +
+                  Parenthesised(right, Precedence::Concat),
+              Precedence::Multiply};
     case Word::Slash:  // of whole numbers, too, gives a fraction
-      return {Hold(left, Strength::Multiply) + " * 1.0 / " + Hold(right, Strength::Concat),
-              Strength::Multiply};
+      return {Parenthesised(left, Precedence::Multiply) + " * 1.0 / " +
+                  Parenthesised(right, Precedence::Concat),
+              Precedence::Multiply};
     case Word::Backslash:
       return {"jet_round(" + left.sql + ", 0) / jet_round(" + right.sql + ", 0)",
-              Strength::Multiply};
+              Precedence::Multiply};
     case Word::Mod:
       return {"jet_round(" + left.sql + ", 0) % jet_round(" + right.sql + ", 0)",
-              Strength::Multiply};
+              Precedence::Multiply};
     default:
-      return {"jet_power(" + left.sql + ", " + right.sql + ")", Strength::Atom};
+      return {"jet_power(" + left.sql + ", " + right.sql + ")", Precedence::Atom};
   }
 }
 
 Written WriteBinary(const Expr& expr) {
   switch (expr.op) {
     case Word::Or:
-      return WriteChain(expr, Strength::Or, " OR ");
+      return WriteChain(expr, Precedence::Or, " OR ");
     case Word::And:
-      return WriteChain(expr, Strength::And, " AND ");
+      return WriteChain(expr, Precedence::And, " AND ");
     case Word::Like:
       return WriteLike(expr);
     case Word::Plus:
@@ -149,7 +153,7 @@ Written WriteBinary(const Expr& expr) {
     case Word::Ampersand:
       return {"ifnull(" + WriteText(*expr.args[0]) + ",'') || ifnull(" + WriteText(*expr.args[1]) +
                   ",'')",
-              Strength::Concat};
+              Precedence::Concat};
     case Word::Star:
     case Word::Slash:
     case Word::Backslash:
@@ -167,11 +171,11 @@ Written WriteBetween(const Expr& expr) {
   const Expr& high = *expr.args[2];
   const bool isText = ComparesText(value, low) || ComparesText(value, high);
   const Written written = WriteValue(value);
-  return {(isText ? Collated(written) : Hold(written, Strength::Add)) +
+  return {(isText ? Collated(written) : Parenthesised(written, Precedence::Add)) +
               (expr.negated ? " NOT BETWEEN " : " BETWEEN ") +
-              Hold(WriteValue(low), Strength::Add) + " AND " +
-              Hold(WriteValue(high), Strength::Add),
-          Strength::Compare};
+              Parenthesised(WriteValue(low), Precedence::Add) + " AND " +
+              Parenthesised(WriteValue(high), Precedence::Add),
+          Precedence::Compare};
 }
 
 Written WriteIn(const Expr& expr) {
@@ -183,18 +187,18 @@ Written WriteIn(const Expr& expr) {
   }
   const std::string sought = value.type == ValueType::Text
                                  ? Collated(WriteValue(WithoutCase(value)))
-                                 : Hold(WriteValue(value), Strength::Add);
-  return {sought + (expr.negated ? " NOT IN (" : " IN (") + list + ")", Strength::Compare};
+                                 : Parenthesised(WriteValue(value), Precedence::Add);
+  return {sought + (expr.negated ? " NOT IN (" : " IN (") + list + ")", Precedence::Compare};
 }
 
 }  // namespace
 
-std::string Hold(const Written& written, Strength strength) {
-  return written.strength >= strength ? written.sql : "(" + written.sql + ")";
+std::string Parenthesised(const Written& written, Precedence precedence) {
+  return written.precedence >= precedence ? written.sql : "(" + written.sql + ")";
 }
 
 std::string Collated(const Written& written) {
-  return Hold(written, Strength::Collate) + " COLLATE " + kCollation;
+  return Parenthesised(written, Precedence::Collate) + " COLLATE " + kCollation;
 }
 
 std::string WriteText(const Expr& expr) {
@@ -202,7 +206,7 @@ std::string WriteText(const Expr& expr) {
   switch (AsValue(expr.type)) {
     case ValueType::Text:
     case ValueType::Date:
-      return Hold(value, Strength::Concat);
+      return Parenthesised(value, Precedence::Concat);
     case ValueType::Integer:
       return "CAST(" + value.sql + " AS TEXT)";
     default:
@@ -214,35 +218,36 @@ Written Write(const Expr& expr) {
   switch (expr.kind) {
     case ExprKind::Null:
     case ExprKind::AllColumns:  // none is left in a bound tree
-      return {"NULL", Strength::Atom};
+      return {"NULL", Precedence::Atom};
     case ExprKind::True:
-      return {"-1", Strength::Collate};
+      return {"-1", Precedence::Collate};
     case ExprKind::False:
-      return {"0", Strength::Atom};
+      return {"0", Precedence::Atom};
     case ExprKind::Literal:
       return WriteLiteral(expr);
     case ExprKind::Column:
-      return {QuoteName(expr.qualifier) + "." + QuoteName(expr.name), Strength::Atom};
+      return {QuoteName(expr.qualifier) + "." + QuoteName(expr.name), Precedence::Atom};
     case ExprKind::Not:
-      return {"NOT " + Hold(Write(*expr.args[0]), Strength::Not), Strength::Not};
+      return {"NOT " + Parenthesised(Write(*expr.args[0]), Precedence::Not), Precedence::Not};
     case ExprKind::Negate:
-      return {"-" + Hold(WriteValue(*expr.args[0]), Strength::Atom), Strength::Collate};
+      return {"-" + Parenthesised(WriteValue(*expr.args[0]), Precedence::Atom),
+              Precedence::Collate};
     case ExprKind::Binary:
       return WriteBinary(expr);
     case ExprKind::Call:
       return WriteCall(expr);
     case ExprKind::IsNull:
-      return {Hold(WriteValue(*expr.args[0]), Strength::Add) +
+      return {Parenthesised(WriteValue(*expr.args[0]), Precedence::Add) +
                   (expr.negated ? " IS NOT NULL" : " IS NULL"),
-              Strength::Compare};
+              Precedence::Compare};
     case ExprKind::Between:
       return WriteBetween(expr);
     case ExprKind::In:
       return WriteIn(expr);
     case ExprKind::Exists:
-      return {"EXISTS (" + WriteQuery(*expr.select) + ")", Strength::Not};
+      return {"EXISTS (" + WriteQuery(*expr.select) + ")", Precedence::Not};
     case ExprKind::Subquery:
-      return {"(" + WriteQuery(*expr.select) + ")", Strength::Atom};
+      return {"(" + WriteQuery(*expr.select) + ")", Precedence::Atom};
   }
   return {};
 }
@@ -250,7 +255,7 @@ Written Write(const Expr& expr) {
 Written WriteValue(const Expr& expr) {
   Written written = Write(expr);
   if (expr.type != ValueType::Bool) return written;
-  return {"-(" + written.sql + ")", Strength::Collate};
+  return {"-(" + written.sql + ")", Precedence::Collate};
 }
 
 std::string WriteSortKey(const Expr& expr) {

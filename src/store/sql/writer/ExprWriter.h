@@ -11,13 +11,24 @@ namespace corvanta::jet {
 // the stored schema, so that other tools can read and check the file.
 inline constexpr const char* kCollation = "jet";
 
-// How tightly a written expression holds together in the library's SQL; brackets are written only
-// where they are needed, because the library's own reader allows few levels.
-enum class Strength : std::uint8_t { Or, And, Not, Compare, Add, Multiply, Concat, Collate, Atom };
+// The precedence of a written expression's operator in the library's SQL, the loosest first.
+// Parentheses are written only where they are needed, because the library's own parser allows few
+// levels.
+enum class Precedence : std::uint8_t {
+  Or,
+  And,
+  Not,
+  Compare,
+  Add,
+  Multiply,
+  Concat,
+  Collate,
+  Atom
+};
 
 struct Written {
   std::string sql;
-  Strength strength = Strength::Atom;
+  Precedence precedence = Precedence::Atom;
 };
 
 // Writes a bound expression in the library's SQL. Every part of it is written once.
@@ -29,8 +40,8 @@ struct Written {
 // As text: numbers in their shortest form.
 [[nodiscard]] std::string WriteText(const Expr& expr);
 
-// With brackets around it unless it holds together at least this tightly.
-[[nodiscard]] std::string Hold(const Written& written, Strength strength);
+// In parentheses unless its precedence is at least this one.
+[[nodiscard]] std::string Parenthesised(const Written& written, Precedence precedence);
 // The same, compared without regard to case.
 [[nodiscard]] std::string Collated(const Written& written);
 

@@ -55,7 +55,7 @@ std::string WriteConditions(const std::vector<const Expr*>& conditions) {
   std::string sql;
   for (const Expr* condition : conditions) {
     if (!sql.empty()) sql += " AND ";
-    sql += Hold(Write(*condition), Strength::Not);
+    sql += Parenthesised(Write(*condition), Precedence::Not);
   }
   return sql;
 }

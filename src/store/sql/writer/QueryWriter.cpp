@@ -11,7 +11,7 @@ std::string WriteItems(const Select& select, bool foldTexts) {
   std::string sql;
   for (std::size_t i = 0; i < select.items.size(); ++i) {
     const Written value = WriteValue(*select.items[i].expr);
-    sql += (i > 0 ? ", " : "") + Hold(value, Strength::Collate);
+    sql += (i > 0 ? ", " : "") + Parenthesised(value, Precedence::Collate);
     if (foldTexts && select.columns[i].type == ValueType::Text) {
       sql.append(" COLLATE ").append(kCollation);
     }
@@ -26,7 +26,7 @@ std::string WriteFilters(const Select& select, std::string where) {
     if (where.empty()) {
       where = condition.sql;
     } else {
-      where += " AND " + Hold(condition, Strength::Not);
+      where += " AND " + Parenthesised(condition, Precedence::Not);
     }
   }
   std::string sql = where.empty() ? std::string() : " WHERE " + where;
