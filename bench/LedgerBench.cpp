@@ -1,7 +1,11 @@
 // The sums of an account and the saving of a transaction, beside the same work through the library.
 // CORVANTA_BENCH_LARGE=1 in the environment adds a file of a million transactions.
 #include "BenchStore.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
+#include "ledger/Period.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <benchmark/benchmark.h>
@@ -112,26 +116,27 @@ void TotalsThroughLibrary(benchmark::State& state) {
   ReadRaw(state, {kTotals});
 }
 void TotalsThroughLedger(benchmark::State& state) {
-  ReadLedger(state, [](clsCorvanta& ledger) { return ledger.Totals(1, {}, std::nullopt); });
+  ReadLedger(state,
+             [](clsCorvanta& ledger) { return ledger.Balances().Totals(1, {}, std::nullopt); });
 }
 void YearThroughLibrary(benchmark::State& state) {
   ReadRaw(state, {kYear, kUpToYear});
 }
 void YearThroughLedger(benchmark::State& state) {
   const Period year{*Date::FromYmd(2024, 1, 1), *Date::FromYmd(2024, 12, 31)};
-  ReadLedger(state, [&](clsCorvanta& ledger) { return ledger.Totals(1, {}, year); });
+  ReadLedger(state, [&](clsCorvanta& ledger) { return ledger.Balances().Totals(1, {}, year); });
 }
 void BalanceThroughLibrary(benchmark::State& state) {
   ReadRaw(state, {kBalance});
 }
 void BalanceThroughLedger(benchmark::State& state) {
-  ReadLedger(state, [](clsCorvanta& ledger) { return ledger.AccountBalance(1, {}); });
+  ReadLedger(state, [](clsCorvanta& ledger) { return ledger.Balances().AccountBalance(1, {}); });
 }
 void UnclearedThroughLibrary(benchmark::State& state) {
   ReadRaw(state, {kUncleared});
 }
 void UnclearedThroughLedger(benchmark::State& state) {
-  ReadLedger(state, [](clsCorvanta& ledger) { return ledger.UnclearedCount(1); });
+  ReadLedger(state, [](clsCorvanta& ledger) { return ledger.Balances().UnclearedCount(1); });
 }
 
 // One commit of the row that the ledger writes.
@@ -173,7 +178,7 @@ void Save(benchmark::State& state, bool withUndo) {
   if (withUndo) ledger.Undo().Start();
   for (auto _ : state) {
     TransactionRecord record = Row();
-    benchmark::DoNotOptimize(ledger.SaveTransaction(record));
+    benchmark::DoNotOptimize(ledger.Transactions().SaveTransaction(record));
   }
 }
 
@@ -193,7 +198,7 @@ void SaveManyInOneCommit(benchmark::State& state, bool withUndo) {
   const Transaction rolledBack = connection->Begin();
   for (auto _ : state) {
     TransactionRecord record = Row();
-    benchmark::DoNotOptimize(ledger.SaveTransaction(record));
+    benchmark::DoNotOptimize(ledger.Transactions().SaveTransaction(record));
   }
 }
 

@@ -2,7 +2,9 @@
 // the same rows through the library.
 #include "BenchStore.h"
 #include "ledger/RateSource.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/SchedulePosting.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Settings.h"
@@ -38,7 +40,7 @@ void AddSchedules(clsCorvanta& ledger, Date from) {
     record.description = "Posted";
     record.dateFrom = from;
     record.addToAccount = AddToAccount::Ahead;
-    ledger.SaveSchedule(record);
+    ledger.Schedules().SaveSchedule(record);
   }
   all.Commit();
 }

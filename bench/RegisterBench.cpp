@@ -1,5 +1,8 @@
 // Reading the register and the balances of a large file, beside the same rows through the library.
 #include "BenchStore.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/RegisterOrder.h"
 #include "ledger/RegisterRows.h"
 #include "ledger/Reminders.h"
@@ -56,7 +59,7 @@ void RegisterThroughLedger(benchmark::State& state) {
   for (auto _ : state) {
     const auto connection = store.Open();
     clsCorvanta ledger(*connection, store.Machine());
-    benchmark::DoNotOptimize(ledger.Register(1, {}, std::nullopt));
+    benchmark::DoNotOptimize(ledger.Balances().Register(1, {}, std::nullopt));
   }
 }
 
@@ -116,7 +119,7 @@ void Switch(benchmark::State& state, std::optional<RegisterColumn> column, bool 
   BenchStore& store = StoreOf(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
-  const AccountRow account = ledger.Accounts(TreeOptions()).front();
+  const AccountRow account = ledger.Accounts().Accounts(TreeOptions()).front();
   bool isDescending = false;
   const auto show = [&](RegisterRows& rows) {
     benchmark::DoNotOptimize(LowestAhead(rows, *Date::FromYmd(2025, 12, 20)));
@@ -166,7 +169,7 @@ void ReadToTheEnd(benchmark::State& state) {
   BenchStore& store = StoreOf(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
-  const AccountRow account = ledger.Accounts(TreeOptions()).front();
+  const AccountRow account = ledger.Accounts().Accounts(TreeOptions()).front();
   for (auto _ : state) {
     RegisterRows rows(*connection, {account.accountId, {}}, account.openingBalance, account.sums);
     while (!rows.IsWhole()) rows.ReadOn(15000);
@@ -184,7 +187,7 @@ void AccountsThroughLedger(benchmark::State& state) {
   for (auto _ : state) {
     const auto connection = store.Open();
     clsCorvanta ledger(*connection, store.Machine());
-    benchmark::DoNotOptimize(ledger.Accounts({}, true));
+    benchmark::DoNotOptimize(ledger.Accounts().Accounts({}, true));
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/ReferenceView.h"
+#include "ledger/AccountRow.h"
 #include "ledger/clsCorvanta.h"
 
 namespace corvanta {

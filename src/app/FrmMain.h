@@ -2,7 +2,9 @@
 
 #include "app/ViewHistory.h"
 #include "controls/QuietEnd.h"
+#include "ledger/AccountRow.h"
 #include "ledger/RegisterShelf.h"
+#include "ledger/StatusBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
 #include "reference/ReferenceDialogs.h"

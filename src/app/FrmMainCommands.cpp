@@ -20,6 +20,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/UndoLog.h"
 
 #include <QAction>
 #include <QMenu>

@@ -7,6 +7,9 @@
 #include "controls/SortedTable.h"
 #include "entry/EntryDialogs.h"
 #include "invest/InvestDialogs.h"
+#include "ledger/AccountBook.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/ReferenceRecords.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -50,9 +53,9 @@ bool FrmMain::CanAddTo(std::int64_t accountId) {
                            "There are no Accounts set up. Please add an Account to start");
     return false;
   }
-  const std::optional<AccountRecord> account = session_.Ledger().ReadAccount(accountId);
+  const std::optional<AccountRecord> account = session_.Ledger().Accounts().ReadAccount(accountId);
   if (!account || !account->closed) return true;
-  platform_.prompts.Tell(kAddItem, "This Account is closed, Items cannot be amended");
+  platform_.prompts.Tell(kAddItem, kAccountClosed);
   return false;
 }
 

@@ -12,12 +12,19 @@
 #include "controls/ucCalendar.h"
 #include "entry/EntryDialogs.h"
 #include "entry/ScheduleEditor.h"
+#include "ledger/AccountBook.h"
+#include "ledger/ClosedAccounts.h"
 #include "ledger/Reminders.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/SchedulePosting.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <QAction>
 #include <QApplication>
@@ -46,7 +53,7 @@ std::string FaultOf(OccurrenceResult result) {
     case OccurrenceResult::NotDue:
       return "The schedule has been changed, and this payment is no longer due.";
     case OccurrenceResult::ClosedAccount:
-      return "This Account is closed, Items cannot be amended";
+      return kAccountClosed;
     case OccurrenceResult::EarlierPending:
       return "An earlier payment of this schedule is still due. Please post or skip that one "
              "first.";
@@ -91,7 +98,7 @@ void FrmMain::EditSchedule(std::int64_t key) {
   ScheduleRequest request;
   request.key = key;
   // A closed account takes no schedule, but any other one can be chosen.
-  const auto account = session_.Ledger().ReadAccount(EntryAccount());
+  const auto account = session_.Ledger().Accounts().ReadAccount(EntryAccount());
   if (account && !account->closed) request.accountId = account->accountId;
   // What the schedule posts is undone with it: half of it would be a state that never was.
   const UndoLog::Step step =
@@ -103,9 +110,10 @@ void FrmMain::EditSchedule(std::int64_t key) {
 }
 
 void FrmMain::EditScheduleOfRow() {
-  const RowMarks marks = session_.Ledger().MarksOf(registerView_->FocusedKey());
+  const RowMarks marks = session_.Ledger().Statuses().MarksOf(registerView_->FocusedKey());
   if (marks.scheduleId == 0) return;
-  if (session_.Ledger().ReadSchedule(marks.scheduleId)) return EditSchedule(marks.scheduleId);
+  if (session_.Ledger().Schedules().ReadSchedule(marks.scheduleId))
+    return EditSchedule(marks.scheduleId);
   platform_.prompts.Tell("Schedule Item",
                          "The schedule that this item was made from is no longer there.");
 }
@@ -128,7 +136,7 @@ void FrmMain::PasteSchedule() {
   Transaction all = session_.Ledger().Store().Begin();
   std::int64_t last = 0;
   for (const std::int64_t key : FromClip(ClipKind::Schedules, ToQt(session_.Path()))) {
-    last = session_.Ledger().PasteSchedule(key);
+    last = session_.Ledger().Schedules().PasteSchedule(key);
   }
   if (last == 0) return;
   all.Commit();
@@ -179,7 +187,7 @@ void FrmMain::OpenReminder() {
   if (chosen == nullptr) return;
   if (!chosen->IsPosted()) return EditSchedule(chosen->scheduleId);
   const std::int64_t key = chosen->transactionId;
-  const auto row = session_.Ledger().ReadTransaction(key);
+  const auto row = session_.Ledger().Transactions().ReadTransaction(key);
   if (row) ShowTransaction(row->accountId, key);
 }
 

@@ -7,12 +7,19 @@
 #include "app/TransactionClip.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "ledger/ClosedAccounts.h"
 #include "ledger/RegisterRows.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/StatusWords.h"
 #include "reference/Deletion.h"
+#include "store/sql/UndoLog.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -41,7 +48,7 @@ void FrmMain::ConnectTransactions() {
 void FrmMain::MarkTransaction() {
   const bool isRegister = session_.IsOpen() && shown_.name == kTransactionShow;
   const std::int64_t key = isRegister ? registerView_->FocusedKey() : 0;
-  const RowMarks marks = key == 0 ? RowMarks() : session_.Ledger().MarksOf(key);
+  const RowMarks marks = key == 0 ? RowMarks() : session_.Ledger().Statuses().MarksOf(key);
   for (QAction* tick : {actions_->mnuTransUChk, actions_->mnuTransChk, actions_->mnuTranRec}) {
     tick->setEnabled(key != 0);
     tick->setChecked(false);
@@ -56,7 +63,7 @@ void FrmMain::MarkTransaction() {
 
 bool FrmMain::IsAccountClosed(const char* title) {
   if (!isAccountClosed_) return false;
-  platform_.prompts.Tell(title, "This Account is closed, Items cannot be amended");
+  platform_.prompts.Tell(title, kAccountClosed);
   return true;
 }
 
@@ -85,18 +92,18 @@ void FrmMain::ApplyStatus(StatusCommand command, bool isTicked) {
   if (IsAccountClosed(kAmendItem)) return MarkTransaction();
   const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
   if (keys.empty()) return MarkTransaction();
-  ChangeRows([&] { session_.Ledger().ApplyStatus(command, keys, isTicked); });
+  ChangeRows([&] { session_.Ledger().Statuses().ApplyStatus(command, keys, isTicked); });
 }
 
 void FrmMain::DeleteTransactions() {
   const std::vector<std::int64_t> keys = registerView_->ChosenKeys();
   if (keys.empty() || IsAccountClosed(kAmendItem)) return;
-  if (session_.Ledger().ReachesClosedAccount(keys)) {
-    platform_.prompts.Tell(kAmendItem, "This Account is closed, Items cannot be amended");
+  if (session_.Ledger().Transactions().ReachesClosedAccount(keys)) {
+    platform_.prompts.Tell(kAmendItem, kAccountClosed);
     return;
   }
   if (!AskDeleteItems(platform_.prompts, keys.size())) return;
-  ChangeRows([&] { session_.Ledger().DeleteTransactions(keys); });
+  ChangeRows([&] { session_.Ledger().Transactions().DeleteTransactions(keys); });
 }
 
 void FrmMain::CopyTransactions() {
@@ -110,13 +117,13 @@ void FrmMain::PasteTransactions() {
   const std::vector<std::int64_t> keys = FromClip(ClipKind::Transactions, ToQt(session_.Path()));
   if (keys.empty() || shown_.accountId == 0 || IsAccountClosed(kAmendItem)) return;
   std::int64_t last = 0;
-  ChangeRows([&] { last = session_.Ledger().PasteTransactions(keys, shown_.accountId); });
+  ChangeRows([&] { last = session_.Ledger().Copies().PasteTransactions(keys, shown_.accountId); });
   if (last != 0) registerView_->ChooseKey(last);
 }
 
 void FrmMain::ShowTwin() {
   const std::optional<TransactionDetails> row =
-      session_.Ledger().ReadTransaction(registerView_->FocusedKey());
+      session_.Ledger().Transactions().ReadTransaction(registerView_->FocusedKey());
   if (!row || row->twinAccountId == 0) return;
   ShowTransaction(row->twinAccountId, row->transferId);
 }

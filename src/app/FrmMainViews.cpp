@@ -15,8 +15,16 @@
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
 #include "ledger/Balances.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/Period.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/StatusFilter.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <QAction>
 #include <QActionGroup>
@@ -118,7 +126,7 @@ void FrmMain::ReadAccounts() {
     options.includeClosed = settings_.IsOn(Setting::Closed);
     options.valuation = settings_.IsOn(Setting::Investment);
     if (shown_.dates) options.end = shown_.dates->end;
-    accounts_ = session_.Ledger().Accounts(options);
+    accounts_ = session_.Ledger().Accounts().Accounts(options);
     countedAt_ = session_.Ledger().Store().Changes();
   }
   tree_->SetAccounts(accounts_);
@@ -149,17 +157,18 @@ void FrmMain::ShowAccounts() {
 }
 
 void FrmMain::ShowCategories() {
-  categoriesView_->ShowCategories(session_.Ledger().Categories(), session_.Ledger().Periods());
+  categoriesView_->ShowCategories(session_.Ledger().Categories().Categories(),
+                                  session_.Ledger().References().Periods());
   views_->setCurrentWidget(categoriesView_);
 }
 
 void FrmMain::ShowPayees() {
-  payeesView_->ShowPayees(session_.Ledger().Payees());
+  payeesView_->ShowPayees(session_.Ledger().References().Payees());
   views_->setCurrentWidget(payeesView_);
 }
 
 void FrmMain::ShowSchedules() {
-  scheduleView_->ShowSchedules(session_.Ledger().Schedules());
+  scheduleView_->ShowSchedules(session_.Ledger().Schedules().Schedules());
   views_->setCurrentWidget(scheduleView_);
 }
 
@@ -171,7 +180,8 @@ void FrmMain::ShowRegister(std::int64_t accountId) {
   std::optional<AccountRow> account;
   if (found != accounts_.end()) account = *found;
   // One that is closed and hidden can still be gone to, as the other side of a transfer.
-  if (!account && accountId != 0) account = ledger.FindAccount('#' + std::to_string(accountId));
+  if (!account && accountId != 0)
+    account = ledger.Accounts().FindAccount('#' + std::to_string(accountId));
   views_->setCurrentWidget(registerView_);
   if (!account) {
     registerView_->ShowNoAccount();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/AccountRow.h"
 #include "ledger/RegisterShelf.h"
 
 #include <QObject>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ListDelegate.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/clsCorvanta.h"
 
 #include <QColor>

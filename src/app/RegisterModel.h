@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ListSort.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/RegisterRows.h"
 
 #include <QAbstractTableModel>

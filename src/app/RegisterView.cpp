@@ -9,8 +9,11 @@
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
+#include "ledger/AccountRow.h"
 #include "ledger/Balances.h"
+#include "ledger/Period.h"
 #include "ledger/RegisterRows.h"
+#include "ledger/StatusFilter.h"
 #include "platform/Locale.h"
 
 #include <QAction>

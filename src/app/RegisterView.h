@@ -1,6 +1,9 @@
 #pragma once
 
 #include "app/RegisterDelegate.h"
+#include "ledger/AccountRow.h"
+#include "ledger/Period.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
 

@@ -3,6 +3,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 
 #include <QEvent>

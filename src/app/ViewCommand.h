@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ledger/Period.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
 

@@ -2,6 +2,9 @@
 
 #include "cli/CloseNames.h"
 #include "cli/Session.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/StatusFilter.h"
 
 #include <CLI/CLI.hpp>
 
@@ -14,10 +17,10 @@ void AccountArgument::Declare(CLI::App& command) {
 }
 
 std::optional<AccountRow> AccountArgument::Find(clsCorvanta& ledger, Session& session) const {
-  std::optional<AccountRow> account = ledger.FindAccount(name);
+  std::optional<AccountRow> account = ledger.Accounts().FindAccount(name);
   if (account) return account;
   std::vector<std::string> names;
-  for (AccountRow& row : ledger.Accounts(StatusFilter{}, true)) {
+  for (AccountRow& row : ledger.Accounts().Accounts(StatusFilter{}, true)) {
     names.push_back(std::move(row.account));
   }
   session.Tell("Account",

@@ -3,6 +3,8 @@
 #include "cli/Arguments.h"
 #include "cli/NamedItem.h"
 #include "cli/Session.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -24,7 +26,7 @@ void AccountFields::Declare(CLI::App& command, bool isNew) {
 bool AccountFields::Fill(AccountForm& form, clsCorvanta& ledger, Session& session) const {
   if (currency_) {
     std::vector<NamedItem> currencies;
-    for (const CurrencyRecord& row : ledger.Currencies()) {
+    for (const CurrencyRecord& row : ledger.References().Currencies()) {
       currencies.push_back({row.currencyId, row.currency});
     }
     const auto currency = FindItem(currencies, *currency_, "Currency", "currency", session);

@@ -3,6 +3,9 @@
 #include "cli/OutputTable.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "reference/AccountEditor.h"
 
@@ -62,7 +65,7 @@ ExitStatus AccountsCommand::List(clsCorvanta& ledger, Session& session) const {
                      {"Balance", OutputKind::Money},
                      {"Closed", OutputKind::Integer},
                      {"Description"}});
-  for (const AccountRow& row : ledger.Accounts(StatusFilter{}, true)) {
+  for (const AccountRow& row : ledger.Accounts().Accounts(StatusFilter{}, true)) {
     table.AddRow({row.accountId, row.account, row.accountNo, row.accountType, row.bank,
                   row.currency, row.openingBalance, row.balance, row.closed ? 1 : 0,
                   row.description});

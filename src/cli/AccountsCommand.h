@@ -3,6 +3,7 @@
 #include "cli/AccountArgument.h"
 #include "cli/AccountFields.h"
 #include "cli/Command.h"
+#include "ledger/AccountRow.h"
 
 #include <optional>
 #include <string>

@@ -1,6 +1,8 @@
 // Forms of arguments that several commands share. A wrong one is wrong usage.
 #pragma once
 
+#include "ledger/Period.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 
 #include <functional>

@@ -2,6 +2,9 @@
 
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
@@ -46,7 +49,7 @@ ExitStatus AttachCommand::Run(Session& session) {
 ExitStatus AttachCommand::List(clsCorvanta& ledger, std::int64_t transactionId,
                                Session& session) const {
   OutputTable table({{"ID", OutputKind::Integer}, {"File"}, {"Path"}, {"Store"}});
-  for (const AttachmentRecord& row : ledger.AttachmentsOf(transactionId)) {
+  for (const AttachmentRecord& row : ledger.Notes().AttachmentsOf(transactionId)) {
     table.AddRow({row.attachmentId, row.file, row.path, row.store});
   }
   session.Print(table);
@@ -56,7 +59,7 @@ ExitStatus AttachCommand::List(clsCorvanta& ledger, std::int64_t transactionId,
 ExitStatus AttachCommand::Add(clsCorvanta& ledger, std::int64_t transactionId,
                               Session& session) const {
   if (!FileExists(file_)) return session.Refuse(kTitle, "There is no file \"" + file_ + "\".");
-  const auto present = ledger.AttachmentsOf(transactionId);
+  const auto present = ledger.Notes().AttachmentsOf(transactionId);
   if (!present.empty()) {
     return session.Refuse(kTitle, "\"" + present.front().file +
                                       "\" is attached to this transaction. Delete it first.");
@@ -64,23 +67,23 @@ ExitStatus AttachCommand::Add(clsCorvanta& ledger, std::int64_t transactionId,
   // It is looked up from wherever the program is started next.
   const auto path = std::filesystem::absolute(file_).lexically_normal();
   AttachmentRecord record{0, transactionId, path.filename().string(), path.string(), {}};
-  if (const auto problem = ledger.TooLong(
+  if (const auto problem = ledger.References().TooLong(
           "tblAttachments", {{"AttachmentFile", record.file}, {"AttachmentPath", record.path}})) {
     return session.Refuse(kTitle, problem->text);
   }
-  ledger.AddAttachment(record);
+  ledger.Notes().AddAttachment(record);
   session.Tell(kTitle, "\"" + record.file + "\" attached");
   return ExitStatus::Done;
 }
 
 ExitStatus AttachCommand::Delete(clsCorvanta& ledger, std::int64_t transactionId,
                                  Session& session) const {
-  const auto present = ledger.AttachmentsOf(transactionId);
+  const auto present = ledger.Notes().AttachmentsOf(transactionId);
   if (present.empty()) {
     return session.Refuse(kTitle, "No file is attached to this transaction.");
   }
   if (!AskDelete(session.Machine().prompts)) return ExitStatus::Refused;
-  ledger.DeleteAttachments(transactionId);
+  ledger.Notes().DeleteAttachments(transactionId);
   session.Tell(kTitle, "\"" + present.front().file + "\" detached");
   return ExitStatus::Done;
 }

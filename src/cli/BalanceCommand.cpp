@@ -2,6 +2,8 @@
 
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
@@ -44,8 +46,9 @@ ExitStatus BalanceCommand::Run(Session& session) {
   const std::optional<AccountRow> account = account_.Find(ledger, session);
   if (!account) return ExitStatus::Refused;
 
-  const PeriodTotals totals = ledger.Totals(account->accountId, status_.Get(), period_.Get());
-  const std::int64_t uncleared = ledger.UnclearedCount(account->accountId);
+  const PeriodTotals totals =
+      ledger.Balances().Totals(account->accountId, status_.Get(), period_.Get());
+  const std::int64_t uncleared = ledger.Balances().UnclearedCount(account->accountId);
   if (session.Options().format == "text") {
     WriteLines(totals, uncleared, session);
     return ExitStatus::Done;

@@ -1,5 +1,7 @@
 #include "cli/BankCommand.h"
 
+#include "ledger/ReferenceBook.h"
+
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
@@ -24,7 +26,7 @@ OutputTable BankCommand::List(clsCorvanta& ledger) {
                      {"Sortcode"},
                      {"Web"},
                      {"Description"}});
-  for (const BankRecord& row : ledger.Banks()) {
+  for (const BankRecord& row : ledger.References().Banks()) {
     table.AddRow({row.bankId, row.bank, row.address, row.postcode, row.telephone, row.account,
                   row.sortcode, row.web, row.description});
   }

@@ -2,6 +2,9 @@
 
 #include "cli/Arguments.h"
 #include "cli/SavedForm.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "reference/CategoryEditor.h"
@@ -23,7 +26,8 @@ void SetName(CategoryForm& form, const std::string& name) {
 
 std::vector<NamedItem> PeriodItems(clsCorvanta& ledger) {
   std::vector<NamedItem> items;
-  for (const PeriodRecord& row : ledger.Periods()) items.push_back({row.periodId, row.description});
+  for (const PeriodRecord& row : ledger.References().Periods())
+    items.push_back({row.periodId, row.description});
   return items;
 }
 
@@ -48,8 +52,8 @@ OutputTable CategoryCommand::List(clsCorvanta& ledger) {
                      {"Budget", OutputKind::Money},
                      {"Period"},
                      {"Description"}});
-  const std::vector<PeriodRecord> periods = ledger.Periods();
-  for (const CategoryRecord& row : ledger.Categories()) {
+  const std::vector<PeriodRecord> periods = ledger.References().Periods();
+  for (const CategoryRecord& row : ledger.Categories().Categories()) {
     const auto period = RowOf(periods, &PeriodRecord::periodId, row.periodId);
     table.AddRow({row.categoryId, row.category, row.subCategory, row.type > 0 ? kIncome : kExpense,
                   row.budget, period ? Value(period->description) : Value(), row.description});
@@ -59,7 +63,7 @@ OutputTable CategoryCommand::List(clsCorvanta& ledger) {
 
 std::vector<NamedItem> CategoryCommand::Items(clsCorvanta& ledger) {
   std::vector<NamedItem> items;
-  for (const CategoryRecord& row : ledger.Categories()) {
+  for (const CategoryRecord& row : ledger.Categories().Categories()) {
     items.push_back({row.categoryId, FullName(row)});
   }
   return items;

@@ -1,6 +1,7 @@
 #include "cli/DeleteCommand.h"
 
 #include "cli/Session.h"
+#include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -23,10 +24,11 @@ ExitStatus DeleteCommand::Run(Session& session) {
   const auto rows = transactions_.Find(ledger, session);
   if (!rows) return ExitStatus::Refused;
   // What goes with the rows has to be in an open account too.
-  if (RefuseClosed(ledger.ReachesClosedAccount(KeysOf(*rows)), session)) return ExitStatus::Refused;
+  if (RefuseClosed(ledger.Transactions().ReachesClosedAccount(KeysOf(*rows)), session))
+    return ExitStatus::Refused;
 
   if (!AskDeleteItems(session.Machine().prompts, rows->size())) return ExitStatus::Refused;
-  ledger.DeleteTransactions(KeysOf(*rows));
+  ledger.Transactions().DeleteTransactions(KeysOf(*rows));
   session.Tell("Delete", TransactionCount(rows->size()) + " deleted");
   return ExitStatus::Done;
 }

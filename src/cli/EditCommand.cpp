@@ -4,6 +4,7 @@
 #include "cli/Session.h"
 #include "entry/TransactionEditor.h"
 #include "invest/WebRates.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>

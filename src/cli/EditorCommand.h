@@ -8,16 +8,18 @@
 namespace corvanta {
 
 // The command of named things whose editor takes the very record that the ledger lists: `Key` and
-// `Name` are its members, `All` the ledger's list of them.
-template <typename Editor, typename Record, std::int64_t Record::*Key, std::string Record::*Name,
-          std::vector<Record> (clsCorvanta::*All)()>
+// `Name` are its members.
+template <typename Editor, typename Record, std::int64_t Record::*Key, std::string Record::*Name>
 class EditorCommand : public ReferenceCommand {
  protected:
   using ReferenceCommand::ReferenceCommand;
 
+  // The ledger's list of them.
+  virtual std::vector<Record> All(clsCorvanta& ledger) = 0;
+
   std::vector<NamedItem> Items(clsCorvanta& ledger) override {
     std::vector<NamedItem> items;
-    for (const Record& row : (ledger.*All)()) items.push_back({row.*Key, row.*Name});
+    for (const Record& row : All(ledger)) items.push_back({row.*Key, row.*Name});
     return items;
   }
 

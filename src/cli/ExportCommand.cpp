@@ -2,6 +2,10 @@
 
 #include "cli/Session.h"
 #include "exchange/FileExport.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/Period.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Files.h"
 
@@ -38,7 +42,8 @@ ExitStatus ExportCommand::Run(Session& session) {
   const std::optional<AccountRow> account = account_.Find(ledger, session);
   if (!account) return ExitStatus::Refused;
   const std::optional<Period> period = period_.Get();
-  const std::vector<RegisterRow> rows = ledger.Register(account->accountId, status_.Get(), period);
+  const std::vector<RegisterRow> rows =
+      ledger.Balances().Register(account->accountId, status_.Get(), period);
   FileExport(ledger, session.Machine())
       .Write(account->accountId, rows, period, file_,
              force_ ? FormerFile::Replace : FormerFile::Refuse);

@@ -1,5 +1,8 @@
 #include "cli/GroupCommand.h"
 
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
@@ -10,7 +13,7 @@ void GroupCommand::DeclareAdd(CLI::App& add) {
 
 OutputTable GroupCommand::List(clsCorvanta& ledger) {
   OutputTable table({{"ID", OutputKind::Integer}, {"Group"}, {"Description"}});
-  for (const AccountGroupRecord& row : ledger.AccountGroups()) {
+  for (const AccountGroupRecord& row : ledger.References().AccountGroups()) {
     table.AddRow({row.accountTypeId, row.accountType, row.description});
   }
   return table;

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "cli/EditorCommand.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "reference/AccountTypeEditor.h"
 
 namespace corvanta {
@@ -8,13 +10,15 @@ namespace corvanta {
 // group: the groups that accounts are listed in.
 class GroupCommand
     : public EditorCommand<AccountTypeEditor, AccountGroupRecord,
-                           &AccountGroupRecord::accountTypeId, &AccountGroupRecord::accountType,
-                           &clsCorvanta::AccountGroups> {
+                           &AccountGroupRecord::accountTypeId, &AccountGroupRecord::accountType> {
  public:
   GroupCommand() : EditorCommand({"group", "Account Group", "account group", "account groups"}) {}
 
  protected:
   void DeclareAdd(CLI::App& add) override;
+  std::vector<AccountGroupRecord> All(clsCorvanta& ledger) override {
+    return ledger.References().AccountGroups();
+  }
   OutputTable List(clsCorvanta& ledger) override;
 };
 

@@ -4,6 +4,7 @@
 #include "cli/Session.h"
 #include "exchange/Encoding.h"
 #include "exchange/ImportEditor.h"
+#include "ledger/AccountRow.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 

@@ -1,5 +1,8 @@
 #include "cli/KeywordCommand.h"
 
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionRecord.h"
 #include "store/sql/Connection.h"
 
 #include <CLI/CLI.hpp>
@@ -38,7 +41,7 @@ ExitStatus KeywordCommand::RunOf(Session& session) {
   clsCorvanta ledger(*file->connection, session.Machine());
   const auto rows = transactions_.Find(ledger, session);
   if (!rows) return ExitStatus::Refused;
-  session.Print(TableOf(ledger.KeywordsOf(rows->front().transactionId)));
+  session.Print(TableOf(ledger.Notes().KeywordsOf(rows->front().transactionId)));
   return ExitStatus::Done;
 }
 
@@ -54,9 +57,9 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
   Transaction all = ledger.Store().Begin();
   for (const TransactionDetails& row : *rows) {
     if (link_->parsed()) {
-      ledger.LinkKeyword(keyword->key, row.transactionId);
+      ledger.Notes().LinkKeyword(keyword->key, row.transactionId);
     } else {
-      ledger.UnlinkKeyword(keyword->key, row.transactionId);
+      ledger.Notes().UnlinkKeyword(keyword->key, row.transactionId);
     }
   }
   all.Commit();
@@ -67,7 +70,7 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
 }
 
 OutputTable KeywordCommand::List(clsCorvanta& ledger) {
-  return TableOf(ledger.Keywords());
+  return TableOf(ledger.Notes().Keywords());
 }
 
 }  // namespace corvanta

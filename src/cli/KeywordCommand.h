@@ -2,13 +2,15 @@
 
 #include "cli/EditorCommand.h"
 #include "cli/TransactionsArgument.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "reference/KeywordEditor.h"
 
 namespace corvanta {
 
 // keyword: keywords, and the links between them and transactions.
 class KeywordCommand : public EditorCommand<KeywordEditor, KeywordRecord, &KeywordRecord::keywordId,
-                                            &KeywordRecord::keyword, &clsCorvanta::Keywords> {
+                                            &KeywordRecord::keyword> {
  public:
   KeywordCommand() : EditorCommand({"keyword", "Keyword", "keyword", "keywords"}) {}
 
@@ -16,6 +18,7 @@ class KeywordCommand : public EditorCommand<KeywordEditor, KeywordRecord, &Keywo
 
  protected:
   void DeclareMore(CLI::App& command) override;
+  std::vector<KeywordRecord> All(clsCorvanta& ledger) override { return ledger.Notes().Keywords(); }
   OutputTable List(clsCorvanta& ledger) override;
 
  private:

@@ -4,6 +4,7 @@
 #include "cli/EntryArguments.h"
 #include "cli/Session.h"
 #include "entry/MultiEditor.h"
+#include "ledger/BulkChange.h"
 #include "ledger/CategoryPath.h"
 
 #include <CLI/CLI.hpp>

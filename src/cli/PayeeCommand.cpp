@@ -1,5 +1,7 @@
 #include "cli/PayeeCommand.h"
 
+#include "ledger/ReferenceBook.h"
+
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
@@ -10,7 +12,7 @@ void PayeeCommand::DeclareAdd(CLI::App& add) {
 
 OutputTable PayeeCommand::List(clsCorvanta& ledger) {
   OutputTable table({{"ID", OutputKind::Integer}, {"Payee"}, {"Description"}});
-  for (const PayeeRecord& row : ledger.Payees()) {
+  for (const PayeeRecord& row : ledger.References().Payees()) {
     table.AddRow({row.payeeId, row.payee, row.description});
   }
   return table;

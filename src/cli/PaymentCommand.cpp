@@ -1,5 +1,8 @@
 #include "cli/PaymentCommand.h"
 
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
@@ -10,7 +13,7 @@ void PaymentCommand::DeclareAdd(CLI::App& add) {
 
 OutputTable PaymentCommand::List(clsCorvanta& ledger) {
   OutputTable table({{"ID", OutputKind::Integer}, {"Payment"}, {"Description"}});
-  for (const PaymentRecord& row : ledger.Payments()) {
+  for (const PaymentRecord& row : ledger.References().Payments()) {
     table.AddRow({row.paymentId, row.payment, row.description});
   }
   return table;

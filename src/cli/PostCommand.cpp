@@ -3,7 +3,10 @@
 #include "cli/Arguments.h"
 #include "cli/Session.h"
 #include "invest/WebRates.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/SchedulePosting.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -15,7 +18,7 @@ constexpr const char* kTitle = "Post";
 
 // The first payment that is not posted.
 std::optional<Date> NextDue(clsCorvanta& ledger, std::int64_t scheduleId) {
-  for (const ScheduleDetails& row : ledger.Schedules()) {
+  for (const ScheduleDetails& row : ledger.Schedules().Schedules()) {
     if (row.scheduleId == scheduleId) return row.nextDue;
   }
   return std::nullopt;
@@ -26,7 +29,7 @@ std::string FaultOf(OccurrenceResult result, Date due) {
     case OccurrenceResult::AlreadyPosted:
       return "The payment of " + due.ToIso() + " is posted already.";
     case OccurrenceResult::ClosedAccount:
-      return "This Account is closed, Items cannot be amended";
+      return kAccountClosed;
     case OccurrenceResult::NoRate:
       return "There is no exchange rate for the payment of " + due.ToIso() + "; it stays pending.";
     case OccurrenceResult::EarlierPending:

@@ -5,6 +5,8 @@
 #include "cli/Session.h"
 #include "invest/CurrencyConverter.h"
 #include "invest/WebRates.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 
@@ -29,7 +31,7 @@ ExitStatus RateCommand::Run(Session& session) {
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   std::vector<NamedItem> codes;
-  for (const CurrencyRecord& row : ledger.Currencies()) {
+  for (const CurrencyRecord& row : ledger.References().Currencies()) {
     codes.push_back({row.currencyId, row.currency});
   }
   const auto from = FindItem(codes, from_, kTitle, "currency", session);

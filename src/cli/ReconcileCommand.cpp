@@ -4,6 +4,7 @@
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
+#include "ledger/AccountRow.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"

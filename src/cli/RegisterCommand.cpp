@@ -2,6 +2,9 @@
 
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -34,7 +37,8 @@ ExitStatus RegisterCommand::Run(Session& session) {
                      {"Paid Out", OutputKind::Money},
                      {"Paid In", OutputKind::Money},
                      {"Balance", OutputKind::Money}});
-  for (const RegisterRow& row : ledger.Register(account->accountId, status_.Get(), period_.Get())) {
+  for (const RegisterRow& row :
+       ledger.Balances().Register(account->accountId, status_.Get(), period_.Get())) {
     const bool isOut = row.amount < 0;
     table.AddRow({row.transactionId, row.date, row.payee, row.category, row.payment, row.reference,
                   row.description, row.status, isOut ? Value(row.amount) : Value(),

@@ -1,6 +1,7 @@
 #include "cli/ScheduleArgument.h"
 
 #include "cli/Session.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -12,7 +13,7 @@ CLI::Option* ScheduleArgument::Declare(CLI::App& command) {
 }
 
 std::optional<ScheduleDetails> ScheduleArgument::Find(clsCorvanta& ledger, Session& session) const {
-  auto schedule = ledger.ReadSchedule(key_.value_or(0));
+  auto schedule = ledger.Schedules().ReadSchedule(key_.value_or(0));
   if (schedule && schedule->allocatedItem == 0) return schedule;
   session.Tell("Schedule", "There is no schedule " + std::to_string(key_.value_or(0)) + ".");
   return std::nullopt;

@@ -3,6 +3,9 @@
 #include "cli/Arguments.h"
 #include "cli/NamedItem.h"
 #include "cli/Session.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -76,7 +79,7 @@ bool ScheduleArguments::FillPlan(ScheduleForm& form, ScheduleEditor& editor, cls
                                  Session& session) const {
   if (period_) {
     std::vector<NamedItem> periods;
-    for (const PeriodRecord& row : ledger.Periods()) {
+    for (const PeriodRecord& row : ledger.References().Periods()) {
       periods.push_back({row.periodId, row.description});
     }
     const auto period = FindItem(periods, *period_, kTitle, "frequency", session);

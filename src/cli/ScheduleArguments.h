@@ -2,6 +2,7 @@
 
 #include "cli/EntryArguments.h"
 #include "entry/ScheduleEditor.h"
+#include "ledger/ScheduleRecord.h"
 
 #include <optional>
 #include <string>

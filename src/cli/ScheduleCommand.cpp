@@ -7,6 +7,8 @@
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
 #include "ledger/CategoryPath.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
@@ -119,7 +121,7 @@ ExitStatus ScheduleCommand::List(clsCorvanta& ledger, Session& session) {
                      {"Amount", OutputKind::Money},
                      {"Days"},
                      {"Note"}});
-  for (const ScheduleDetails& row : ledger.Schedules()) {
+  for (const ScheduleDetails& row : ledger.Schedules().Schedules()) {
     table.AddRow({row.scheduleId, row.nextDue ? Value(*row.nextDue) : Value(), row.account,
                   row.transferAccount, row.payee, CategoryText(row), row.payment, row.reference,
                   row.description, row.periodName, row.dateFrom,
@@ -180,7 +182,7 @@ ExitStatus ScheduleCommand::Delete(clsCorvanta& ledger, Session& session) const 
                               ". Say with --posted whether to delete or keep what it has posted.");
   }
   if (!AskDelete(session.Machine().prompts)) return ExitStatus::Refused;
-  ledger.DeleteSchedule(row->scheduleId, posted_ == "delete");
+  ledger.Schedules().DeleteSchedule(row->scheduleId, posted_ == "delete");
   session.Tell(kTitle, "Schedule " + std::to_string(row->scheduleId) + " deleted");
   return ExitStatus::Done;
 }

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/Session.h"
+#include "ledger/StatusBook.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -33,7 +34,7 @@ ExitStatus SetStatusCommand::Run(Session& session) {
   const auto rows = transactions_.Find(ledger, session);
   if (!rows || RefuseClosed(*rows, session)) return ExitStatus::Refused;
 
-  ledger.ApplyStatus(CommandOf(status_), KeysOf(*rows), false);
+  ledger.Statuses().ApplyStatus(CommandOf(status_), KeysOf(*rows), false);
   session.Tell("Status", TransactionCount(rows->size()) + " set to " + status_);
   return ExitStatus::Done;
 }

@@ -1,6 +1,7 @@
 #include "cli/SplitCommand.h"
 
 #include "cli/Session.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>

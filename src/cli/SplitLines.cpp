@@ -6,6 +6,7 @@
 #include "entry/EntryRules.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <CLI/CLI.hpp>
 

@@ -62,22 +62,27 @@ CLI::App* SqlCommand::Declare(CLI::App& parser) {
 }
 
 ExitStatus SqlCommand::Run(Session& session) {
-  const bool reads = IsReadOnlyStatement(statement_);
+  bool reads = true;
+  try {
+    reads = IsReadOnlyStatement(statement_);
+  } catch (const StoreError& error) {
+    return session.Refuse(kTitle, error.what());
+  }
   const std::optional<DataFile> file = session.Open(reads ? Access::Read : Access::Write);
   if (!file) return ExitStatus::Refused;
   try {
-    if (reads) {
-      PrintRows(*file->connection, session);
-    } else {
-      const int changed = file->connection->Execute(statement_);
-      session.Tell(kTitle,
-                   std::to_string(changed) + (changed == 1 ? " row" : " rows") + " changed");
-    }
+    RunOn(*file->connection, reads, session);
     return ExitStatus::Done;
   } catch (const StoreError& error) {
     if (!error.IsStatementFault()) throw;
     return session.Refuse(kTitle, error.what());
   }
+}
+
+void SqlCommand::RunOn(Connection& connection, bool reads, Session& session) const {
+  if (reads) return PrintRows(connection, session);
+  const int changed = connection.Execute(statement_);
+  session.Tell(kTitle, std::to_string(changed) + (changed == 1 ? " row" : " rows") + " changed");
 }
 
 void SqlCommand::PrintRows(Connection& connection, Session& session) const {

@@ -16,6 +16,7 @@ class SqlCommand : public Command {
   ExitStatus Run(Session& session) override;
 
  private:
+  void RunOn(Connection& connection, bool reads, Session& session) const;
   void PrintRows(Connection& connection, Session& session) const;
 
   std::string statement_;

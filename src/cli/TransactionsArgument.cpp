@@ -1,6 +1,8 @@
 #include "cli/TransactionsArgument.h"
 
 #include "cli/Session.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/TransactionBook.h"
 
 #include <CLI/CLI.hpp>
 
@@ -45,7 +47,7 @@ std::optional<std::vector<TransactionDetails>> TransactionsArgument::Find(clsCor
   std::vector<TransactionDetails> rows;
   std::string unknown;
   for (const std::int64_t key : keys) {
-    std::optional<TransactionDetails> row = ledger.ReadTransaction(key);
+    std::optional<TransactionDetails> row = ledger.Transactions().ReadTransaction(key);
     if (row) {
       rows.push_back(std::move(*row));
     } else {
@@ -70,7 +72,7 @@ bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session)
 
 bool RefuseClosed(bool isClosed, Session& session) {
   if (isClosed) {
-    session.Tell("Amend Item", "This Account is closed, Items cannot be amended");
+    session.Tell("Amend Item", kAccountClosed);
   }
   return isClosed;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
 #include <cstdint>

@@ -1,7 +1,12 @@
 #include "entry/AllocationEditor.h"
 
 #include "entry/EntryRules.h"
+#include "ledger/CategoryBook.h"
 #include "ledger/Money.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -9,6 +14,7 @@
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 #include <utility>
 
@@ -46,11 +52,11 @@ std::string AllocationEditor::AmountHeading() const {
 std::vector<AllocationForm> AllocationEditor::Lines() {
   std::vector<AllocationForm> lines;
   if (IsSchedule()) {
-    for (const auto& row : ledger_.ScheduleLines(parent_.key)) {
+    for (const auto& row : ledger_.Schedules().ScheduleLines(parent_.key)) {
       lines.push_back(FormOf(row, row.scheduleId));
     }
   } else {
-    for (const auto& row : ledger_.SplitLines(parent_.key)) {
+    for (const auto& row : ledger_.Transactions().SplitLines(parent_.key)) {
       lines.push_back(FormOf(row, row.transactionId));
     }
   }
@@ -92,7 +98,7 @@ std::optional<Warning> AllocationEditor::Check(const AllocationForm& line) {
                                   {"Description", Trim(line.description), "txtDescription"}})) {
     return warning;
   }
-  if (!IsSchedule() && ledger_.ReachesClosedAccount({{parent_.key}})) {
+  if (!IsSchedule() && ledger_.Transactions().ReachesClosedAccount({{parent_.key}})) {
     return Warning{"Amend Item", kAccountClosed, {}};
   }
   return std::nullopt;
@@ -113,7 +119,7 @@ std::int64_t AllocationEditor::Write(AllocationForm line) {
   const UndoLog::Step step = ledger_.Undo().Begin("Allocate Item");
   Transaction all = ledger_.Store().Begin();
   const std::int64_t category =
-      ledger_.FindOrCreateCategory(line.category, line.subCategory, KindOf(line));
+      ledger_.Categories().FindOrCreateCategory(line.category, line.subCategory, KindOf(line));
   const std::int64_t key =
       IsSchedule() ? WriteScheduleLine(line, category) : WriteLine(line, category);
   // Not the new category alone, when the parent is gone.
@@ -123,28 +129,28 @@ std::int64_t AllocationEditor::Write(AllocationForm line) {
 
 std::int64_t AllocationEditor::WriteLine(const AllocationForm& line, std::int64_t categoryId) {
   TransactionRecord record;
-  if (const auto stored = ledger_.ReadTransaction(line.key)) record = *stored;
+  if (const auto stored = ledger_.Transactions().ReadTransaction(line.key)) record = *stored;
   record.allocatedItem = parent_.key;
   Fill(record, line, categoryId, parent_.currency);
-  return ledger_.SaveTransaction(record);
+  return ledger_.Transactions().SaveTransaction(record);
 }
 
 std::int64_t AllocationEditor::WriteScheduleLine(const AllocationForm& line,
                                                  std::int64_t categoryId) {
   ScheduleRecord record;
-  if (const auto stored = ledger_.ReadSchedule(line.key)) record = *stored;
+  if (const auto stored = ledger_.Schedules().ReadSchedule(line.key)) record = *stored;
   record.allocatedItem = parent_.key;
   Fill(record, line, categoryId, parent_.currency);
-  return ledger_.SaveSchedule(record);
+  return ledger_.Schedules().SaveSchedule(record);
 }
 
 void AllocationEditor::Delete(std::int64_t key) {
   const UndoLog::Step step = ledger_.Undo().Begin("Delete Allocated Item");
   Transaction all = ledger_.Store().Begin();
   if (IsSchedule()) {
-    ledger_.DeleteSchedule(key, false);
+    ledger_.Schedules().DeleteSchedule(key, false);
   } else {
-    ledger_.DeleteTransaction(key);
+    ledger_.Transactions().DeleteTransaction(key);
   }
   if (Lines().empty()) RestoreTotal();
   all.Commit();
@@ -153,18 +159,18 @@ void AllocationEditor::Delete(std::int64_t key) {
 // The last share to go would leave its own amount behind as the parent's.
 void AllocationEditor::RestoreTotal() {
   if (IsSchedule()) {
-    const auto row = ledger_.ReadSchedule(parent_.key);
+    const auto row = ledger_.Schedules().ReadSchedule(parent_.key);
     if (!row) return;
     ScheduleRecord record = *row;
     record.amount = Total();
-    ledger_.SaveSchedule(record);
+    ledger_.Schedules().SaveSchedule(record);
     return;
   }
-  const auto row = ledger_.ReadTransaction(parent_.key);
+  const auto row = ledger_.Transactions().ReadTransaction(parent_.key);
   if (!row) return;
   TransactionRecord record = *row;
   record.amount = Total();
-  ledger_.SaveTransaction(record);
+  ledger_.Transactions().SaveTransaction(record);
 }
 
 bool AllocationEditor::AgreeToRemaining(double remaining) {

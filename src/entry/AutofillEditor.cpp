@@ -2,14 +2,19 @@
 
 #include "entry/EntryRules.h"
 #include "entry/TransactionEditor.h"
+#include "ledger/CategoryBook.h"
 #include "ledger/CurrencyOf.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/UndoLog.h"
 
 #include <cmath>
 
@@ -18,7 +23,7 @@ namespace {
 
 double Signed(clsCorvanta& ledger, const AutofillForm& form) {
   const double amount = SignOf(form.type) * form.amount.value_or(0);
-  const auto stored = ledger.ReadTransaction(form.transactionId);
+  const auto stored = ledger.Transactions().ReadTransaction(form.transactionId);
   return RoundChanged(amount, stored ? stored->amount : 0, CurrencyOf(ledger, form.accountId));
 }
 
@@ -33,7 +38,7 @@ AutofillForm AutofillEditor::New(std::int64_t accountId) {
 }
 
 std::optional<AutofillForm> AutofillEditor::Load(std::int64_t key) {
-  const auto row = ledger_.ReadTransaction(key);
+  const auto row = ledger_.Transactions().ReadTransaction(key);
   if (!row || row->transferId != 0 || row->allocatedItem != 0 || row->action != 0) {
     return std::nullopt;
   }
@@ -50,7 +55,7 @@ std::optional<AutofillForm> AutofillEditor::Load(std::int64_t key) {
 
 std::int64_t AutofillEditor::ProposeCategory(std::int64_t accountId, std::int64_t payeeId) {
   if (payeeId == 0) return 0;
-  const auto last = ledger_.LastTransaction(accountId, payeeId);
+  const auto last = ledger_.Transactions().LastTransaction(accountId, payeeId);
   return last && last->transferId == 0 && last->action == 0 ? last->categoryId : 0;
 }
 
@@ -78,7 +83,7 @@ std::int64_t AutofillEditor::Save(const AutofillForm& form) {
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.transactionId == 0 ? "Add Transaction" : "Edit Transaction");
   const double amount = Signed(ledger_, form);
-  const std::int64_t key = ledger_.Autofill(
+  const std::int64_t key = ledger_.Transactions().Autofill(
       {form.transactionId, form.accountId, form.payeeId, form.categoryId, amount, form.date});
   if (key == 0) {
     platform_.prompts.Tell(kSaveWarning, "Not enough information for Autofill Transactions");
@@ -96,9 +101,10 @@ TransactionForm AutofillEditor::Details(const AutofillForm& form, const std::str
   details.date = form.date;
   details.amount = form.amount;
   details.type = form.type;
-  const auto knownPayee = RowOf(ledger_.Payees(), &PayeeRecord::payeeId, form.payeeId);
+  const auto knownPayee = RowOf(ledger_.References().Payees(), &PayeeRecord::payeeId, form.payeeId);
   if (knownPayee || !payee.empty()) details.payee = knownPayee ? knownPayee->payee : payee;
-  const auto known = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto known =
+      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
   if (!known && category.empty()) return details;
   const CategoryName name =
       known ? CategoryName{known->category, known->subCategory} : CategoryOf(ledger_, category);

@@ -3,6 +3,7 @@
 
 #include "entry/AllocationEditor.h"
 #include "entry/TransactionForm.h"
+#include "ledger/Keys.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Date.h"
 
@@ -65,7 +66,7 @@ EntryResult OpenSchedule(const ScheduleRequest& request, const EntryPlace& place
 // the data file then holds.
 EntryResult OpenAllocation(const AllocationParent& parent, const EntryPlace& place);
 // The editor of several transactions, in the order of the list.
-EntryResult OpenMultiEdit(clsCorvanta::Keys keys, const EntryPlace& place);
+EntryResult OpenMultiEdit(Keys keys, const EntryPlace& place);
 // The quick entry: of the row of that key, or of a new one in the account for 0. A row that only
 // the full editor can show opens that one.
 EntryResult OpenAutofill(std::int64_t accountId, std::int64_t key, const EntryPlace& place);

@@ -1,5 +1,7 @@
 #include "entry/EntryLists.h"
 
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/CategoryEditor.h"
@@ -26,13 +28,14 @@ std::vector<EntryChoice> AccountChoices(clsCorvanta& ledger,
 
 std::vector<EntryChoice> PayeeChoices(clsCorvanta& ledger) {
   std::vector<EntryChoice> choices;
-  for (PayeeRecord& row : ledger.Payees()) choices.push_back({row.payeeId, std::move(row.payee)});
+  for (PayeeRecord& row : ledger.References().Payees())
+    choices.push_back({row.payeeId, std::move(row.payee)});
   return choices;
 }
 
 std::vector<EntryChoice> PaymentChoices(clsCorvanta& ledger) {
   std::vector<EntryChoice> choices;
-  for (PaymentRecord& row : ledger.Payments()) {
+  for (PaymentRecord& row : ledger.References().Payments()) {
     choices.push_back({row.paymentId, std::move(row.payment)});
   }
   return choices;
@@ -49,7 +52,7 @@ std::vector<std::string> CategoryNames(clsCorvanta& ledger) {
 
 std::vector<std::string> SubCategoryNames(clsCorvanta& ledger, const std::string& category) {
   std::vector<std::string> names;
-  for (CategoryRecord& row : ledger.Categories()) {
+  for (CategoryRecord& row : ledger.Categories().Categories()) {
     if (row.subCategory.empty() || !EqualFolded(row.category, Trim(category))) continue;
     names.push_back(std::move(row.subCategory));
   }
@@ -58,7 +61,7 @@ std::vector<std::string> SubCategoryNames(clsCorvanta& ledger, const std::string
 
 std::vector<EntryChoice> CategoryPairs(clsCorvanta& ledger) {
   std::vector<EntryChoice> choices;
-  for (const CategoryRecord& row : ledger.Categories()) {
+  for (const CategoryRecord& row : ledger.Categories().Categories()) {
     choices.push_back({row.categoryId, FullName(row)});
   }
   return choices;

@@ -1,5 +1,10 @@
 #include "entry/EntryRules.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionBook.h"
 #include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -57,19 +62,19 @@ std::optional<Warning> CheckTexts(clsCorvanta& ledger, const std::string& refere
 
 std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accountId,
                                         const char* title, const char* field) {
-  const auto account = ledger.ReadAccount(accountId);
+  const auto account = ledger.Accounts().ReadAccount(accountId);
   if (!account || !account->closed) return std::nullopt;
   return Warning{title, kAccountClosed, field};
 }
 
 bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& category,
                      const std::string& subCategory, int type) {
-  if (ledger.FindCategory(category, subCategory) != 0) return true;
+  if (ledger.Categories().FindCategory(category, subCategory) != 0) return true;
   const std::string main(Trim(category));
   const std::string sub(Trim(subCategory));
   // A new sub-category is of its main category's kind.
-  const auto parent =
-      RowOf(ledger.Categories(), &CategoryRecord::categoryId, ledger.FindCategory(main, {}));
+  const auto parent = RowOf(ledger.Categories().Categories(), &CategoryRecord::categoryId,
+                            ledger.Categories().FindCategory(main, {}));
   const bool isIncome = (parent ? parent->type : type) > 0;
   return prompts.Ask("Add Category?", "The category '" + CategoryPath(main, sub) +
                                           "' does not exist. Do you wish to add it as an " +
@@ -77,7 +82,7 @@ bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& c
 }
 
 void TellOtherAmount(clsCorvanta& ledger, Platform& platform, std::int64_t key, double typed) {
-  const auto saved = ledger.ReadTransaction(key);
+  const auto saved = ledger.Transactions().ReadTransaction(key);
   if (!saved || !saved->hasLines || saved->amount == typed) return;
   platform.prompts.Tell(kSaveWarning, "The Allocated items add up to " +
                                           platform.locale.FormatNumber(std::fabs(saved->amount)) +

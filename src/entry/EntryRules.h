@@ -2,6 +2,7 @@
 #pragma once
 
 #include "ledger/CategoryPath.h"
+#include "ledger/ClosedAccounts.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
 
@@ -14,8 +15,6 @@ namespace corvanta {
 
 class Prompts;
 struct Platform;
-
-inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
 
 inline constexpr const char* kInvalidAmount = "You need to enter a valid Amount";
 inline constexpr const char* kInvalidShare = "Please enter a valid value for Amount";

@@ -8,6 +8,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "entry/FrmCategoryBoxes.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"

@@ -7,6 +7,7 @@
 #include "entry/FrmCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
 #include "ledger/Money.h"
+#include "ledger/TransactionBook.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -82,10 +83,10 @@ void FrmAccountTrans::Allocate() {
         OpenAllocation({Key(), AllocationSource::Transaction, form.amount.value_or(0),
                         SignOf(form.type), CurrencyOf(form.accountId)},
                        Place());
-    const auto row = place_.ledger.ReadTransaction(Key());
+    const auto row = place_.ledger.Transactions().ReadTransaction(Key());
     if (!row) return;
     form_.hasLines = row->hasLines;
-    form_.lines = place_.ledger.SplitLines(Key()).size();
+    form_.lines = place_.ledger.Transactions().SplitLines(Key()).size();
     ShowLines(form_.lines);
     ReadBack(lines.isChanged, row->hasLines, row->amount);
   });

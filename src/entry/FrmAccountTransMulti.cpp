@@ -5,6 +5,8 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
+#include "ledger/BulkChange.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -25,7 +27,7 @@ constexpr const char* kHelp =
 
 }  // namespace
 
-FrmAccountTransMulti::FrmAccountTransMulti(clsCorvanta::Keys keys, const EntryPlace& place)
+FrmAccountTransMulti::FrmAccountTransMulti(Keys keys, const EntryPlace& place)
     : FormDialog(QStringLiteral("FrmAccountTransMulti"), place.platform.prompts, place.parent),
       platform_(place.platform),
       ledger_(place.ledger),

@@ -3,6 +3,7 @@
 #include "controls/FormDialog.h"
 #include "entry/EntryDialogs.h"
 #include "entry/MultiEditor.h"
+#include "ledger/Keys.h"
 
 #include <functional>
 
@@ -20,7 +21,7 @@ class FrmAccountTransMulti : public FormDialog {
 
  public:
   // The keys in the order of the list. Throws StoreError.
-  FrmAccountTransMulti(clsCorvanta::Keys keys, const EntryPlace& place);
+  FrmAccountTransMulti(Keys keys, const EntryPlace& place);
 
  private:
   void MakeFields();

@@ -4,6 +4,7 @@
 #include "entry/FrmAccountTransMulti.h"
 #include "entry/FrmAllocate.h"
 #include "entry/FrmSchedule.h"
+#include "ledger/Keys.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -60,7 +61,7 @@ EntryResult OpenAllocation(const AllocationParent& parent, const EntryPlace& pla
   return {form.IsChanged(), 0};
 }
 
-EntryResult OpenMultiEdit(clsCorvanta::Keys keys, const EntryPlace& place) {
+EntryResult OpenMultiEdit(Keys keys, const EntryPlace& place) {
   FrmAccountTransMulti form(keys, place);
   form.exec();
   return {form.IsChanged(), 0};

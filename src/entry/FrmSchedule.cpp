@@ -9,6 +9,10 @@
 #include "controls/Style.h"
 #include "entry/FrmCategoryBoxes.h"
 #include "entry/ScheduleOutlook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -195,7 +199,7 @@ void FrmSchedule::Show(const ScheduleForm& form) {
     const QSignalBlocker start(dtFrom_);
     const QSignalBlocker number(txtNumber_);
     cmbPeriod_->clear();
-    for (const PeriodRecord& row : place_.ledger.Periods()) {
+    for (const PeriodRecord& row : place_.ledger.References().Periods()) {
       cmbPeriod_->addItem(ToQt(row.description), qlonglong{row.periodId});
     }
     cmbPeriod_->setCurrentIndex(cmbPeriod_->findData(qlonglong{form.periodId}));
@@ -322,7 +326,7 @@ void FrmSchedule::Allocate() {
         OpenAllocation({Key(), AllocationSource::Schedule, form.amount.value_or(0),
                         SignOf(form.type), CurrencyOf(form.accountId)},
                        Place());
-    const auto row = place_.ledger.ReadSchedule(Key());
+    const auto row = place_.ledger.Schedules().ReadSchedule(Key());
     if (!row) return;
     form_.hasLines = row->hasLines;
     ReadBack(lines.isChanged, row->hasLines, row->amount);

@@ -1,6 +1,10 @@
 #include "entry/MultiEditor.h"
 
 #include "entry/EntryRules.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/StatusWords.h"
@@ -9,6 +13,7 @@
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -26,7 +31,7 @@ bool ChangesNothing(const MultiEditForm& form, const CategoryName& name) {
 }
 
 // Whether a closed account holds one of them.
-bool AreClosed(clsCorvanta& ledger, clsCorvanta::Keys keys) {
+bool AreClosed(clsCorvanta& ledger, Keys keys) {
   std::string list;
   for (const std::int64_t key : keys) list += (list.empty() ? "" : ",") + SqlNumber(key);
   return ledger.Store()
@@ -40,7 +45,7 @@ bool AreClosed(clsCorvanta& ledger, clsCorvanta::Keys keys) {
 
 }  // namespace
 
-std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta::Keys keys) {
+std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, Keys keys) {
   const CategoryName name = CategoryOf(ledger_, form.category, form.subCategory);
   if (ChangesNothing(form, name)) {
     return Warning{kSaveWarning,
@@ -58,7 +63,7 @@ std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, clsCorvanta
   return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
 }
 
-std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, clsCorvanta::Keys keys) {
+std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, Keys keys) {
   TrimText(form.category);
   TrimText(form.subCategory);
   TakeCategoryPath(ledger_, form);
@@ -75,27 +80,28 @@ std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, clsCorvanta::Ke
   change.accountId = form.accountId;
   change.status = form.status;
   change.type = form.type;
-  change.paymentId = ledger_.FindOrCreatePayment(form.payment);
-  change.payeeId = ledger_.FindOrCreatePayee(form.payee);
-  change.categoryId = ledger_.FindOrCreateCategory(form.category, form.subCategory, kind);
-  const std::optional<std::size_t> changed = ledger_.BulkEdit(keys, change);
+  change.paymentId = ledger_.References().FindOrCreatePayment(form.payment);
+  change.payeeId = ledger_.References().FindOrCreatePayee(form.payee);
+  change.categoryId =
+      ledger_.Categories().FindOrCreateCategory(form.category, form.subCategory, kind);
+  const std::optional<std::size_t> changed = ledger_.BulkEdits().BulkEdit(keys, change);
   if (changed) all.Commit();
   return changed;
 }
 
-bool MultiEditor::Delete(clsCorvanta::Keys keys) {
+bool MultiEditor::Delete(Keys keys) {
   Prompts& prompts = platform_.prompts;
   if (keys.empty()) {
     prompts.Tell("Delete Item", "No items available");
     return false;
   }
-  if (ledger_.ReachesClosedAccount(keys)) {
+  if (ledger_.Transactions().ReachesClosedAccount(keys)) {
     prompts.Tell(kAmendItem, kAccountClosed);
     return false;
   }
   if (!AskDeleteItems(prompts, keys.size())) return false;
   const StatusWords words(platform_.progress, kUpdating);
-  return ledger_.DeleteTransactions(keys);
+  return ledger_.Transactions().DeleteTransactions(keys);
 }
 
 }  // namespace corvanta

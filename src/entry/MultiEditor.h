@@ -1,6 +1,8 @@
 #pragma once
 
 #include "ledger/BulkChange.h"
+#include "ledger/Keys.h"
+#include "ledger/TransactionStatus.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
 
@@ -30,13 +32,13 @@ class MultiEditor {
   MultiEditor(clsCorvanta& ledger, Platform& platform) : ledger_(ledger), platform_(platform) {}
 
   // The first rule that is broken, about the control of that name. The keys are those of Save.
-  [[nodiscard]] std::optional<Warning> Check(const MultiEditForm& form, clsCorvanta::Keys keys);
+  [[nodiscard]] std::optional<Warning> Check(const MultiEditForm& form, Keys keys);
   // Changes the transactions in their order, all or none, as one step that can be undone; returns
   // how many are other ones afterwards. Asks before it makes a category: nullopt when the person
   // declines (the field is cmbCategory) or asks to stop on the way, and nothing is written.
-  std::optional<std::size_t> Save(MultiEditForm form, clsCorvanta::Keys keys);
+  std::optional<std::size_t> Save(MultiEditForm form, Keys keys);
   // Asks, then deletes; tells when there is nothing to delete. True when something was deleted.
-  bool Delete(clsCorvanta::Keys keys);
+  bool Delete(Keys keys);
 
  private:
   clsCorvanta& ledger_;

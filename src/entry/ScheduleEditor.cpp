@@ -1,10 +1,16 @@
 #include "entry/ScheduleEditor.h"
 
 #include "entry/EntryRules.h"
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
 #include "ledger/CurrencyOf.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleDates.h"
 #include "ledger/ScheduleRows.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -16,6 +22,7 @@
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 #include <cmath>
@@ -40,7 +47,7 @@ EntryType TypeOf(const ScheduleRecord& record) {
 }  // namespace
 
 std::optional<Warning> ScheduleEditor::CheckOpen() {
-  if (!ledger_.Accounts(StatusFilter(), true).empty()) return std::nullopt;
+  if (!ledger_.Accounts().Accounts(StatusFilter(), true).empty()) return std::nullopt;
   return Warning{
       "Please Add Account", "There are no Accounts set up. Please add an Account to start", {}};
 }
@@ -50,7 +57,7 @@ ScheduleForm ScheduleEditor::New(std::int64_t accountId) {
   form.type = EntryType::Expense;
   form.accountId = accountId;
   form.dateFrom = platform_.clock.Today();
-  const auto periods = ledger_.Periods();
+  const auto periods = ledger_.References().Periods();
   const auto monthly = std::ranges::find(periods, "m", &PeriodRecord::period);
   if (monthly != periods.end()) form.periodId = monthly->periodId;
   return form;
@@ -76,7 +83,7 @@ ScheduleForm ScheduleEditor::From(const TransactionForm& transaction) {
 }
 
 std::optional<ScheduleForm> ScheduleEditor::Load(std::int64_t key) {
-  const auto row = ledger_.ReadSchedule(key);
+  const auto row = ledger_.Schedules().ReadSchedule(key);
   if (!row) return std::nullopt;
   if (row->allocatedItem != 0) return Load(row->allocatedItem);
   ScheduleForm form;
@@ -113,7 +120,7 @@ void ScheduleEditor::ChooseType(ScheduleForm& form, EntryType type) {
 
 void ScheduleEditor::ChoosePeriod(ScheduleForm& form, std::int64_t periodId) {
   form.periodId = periodId;
-  const auto period = RowOf(ledger_.Periods(), &PeriodRecord::periodId, periodId);
+  const auto period = RowOf(ledger_.References().Periods(), &PeriodRecord::periodId, periodId);
   if (period && period->description == "Once") form.number = 1;
 }
 
@@ -128,7 +135,7 @@ std::string ScheduleEditor::CurrencyOf(std::int64_t accountId) {
 }
 
 std::string ScheduleEditor::PeriodCode(std::int64_t periodId) {
-  const auto period = RowOf(ledger_.Periods(), &PeriodRecord::periodId, periodId);
+  const auto period = RowOf(ledger_.References().Periods(), &PeriodRecord::periodId, periodId);
   return period ? period->period : std::string();
 }
 
@@ -139,9 +146,9 @@ bool ScheduleEditor::IsMonthly(std::int64_t periodId) {
 
 SchedulePlan ScheduleEditor::PlanOf(const ScheduleForm& form) {
   ScheduleRecord record;
-  if (const auto stored = ledger_.ReadSchedule(form.scheduleId)) record = *stored;
+  if (const auto stored = ledger_.Schedules().ReadSchedule(form.scheduleId)) record = *stored;
   FillPlan(form, record);
-  return ledger_.PlanAfterSaving(record);
+  return ledger_.Schedules().PlanAfterSaving(record);
 }
 
 std::vector<Date> ScheduleEditor::NextDates(const ScheduleForm& form, std::size_t count) {
@@ -191,7 +198,7 @@ std::optional<Warning> ScheduleEditor::Check(const ScheduleForm& form) {
 
 std::optional<Warning> ScheduleEditor::CheckAccounts(const ScheduleForm& form) {
   const char* title = form.scheduleId == 0 ? "Add Item" : "Amend Item";
-  if (form.scheduleId != 0 && !ledger_.ReadSchedule(form.scheduleId)) {
+  if (form.scheduleId != 0 && !ledger_.Schedules().ReadSchedule(form.scheduleId)) {
     return Warning{title, "This Item does not exist any more", {}};
   }
   if (auto warning = CheckOpenAccount(ledger_, form.accountId, title, "cmbAccount")) {
@@ -208,7 +215,7 @@ bool ScheduleEditor::AskAll(const ScheduleForm& form) {
     declinedField_ = "cmbCategory";
     return false;
   }
-  if (IsTransfer(form) && !ledger_.ScheduleLines(form.scheduleId).empty() &&
+  if (IsTransfer(form) && !ledger_.Schedules().ScheduleLines(form.scheduleId).empty() &&
       !platform_.prompts.Ask("Transfer Item?",
                              "A transfer keeps no Allocated items. Do you wish to remove them?")) {
     declinedField_ = "cmbType";
@@ -230,7 +237,7 @@ std::int64_t ScheduleEditor::Save(ScheduleForm form) {
   ScheduleRecord record = RecordOf(form);
   const double typed = record.amount;
   ReverseLines(record);
-  const std::int64_t key = ledger_.SaveSchedule(record);
+  const std::int64_t key = ledger_.Schedules().SaveSchedule(record);
   all.Commit();
   TellOtherAmount(record, typed);
   return key;
@@ -238,14 +245,15 @@ std::int64_t ScheduleEditor::Save(ScheduleForm form) {
 
 ScheduleRecord ScheduleEditor::RecordOf(const ScheduleForm& form) {
   ScheduleRecord record;
-  if (const auto stored = ledger_.ReadSchedule(form.scheduleId)) record = *stored;
+  if (const auto stored = ledger_.Schedules().ReadSchedule(form.scheduleId)) record = *stored;
   const bool isOtherAccount = record.accountId != form.accountId;
   record.accountId = form.accountId;
   record.transferAccountId = IsTransfer(form) ? form.accountToId : 0;
-  record.payeeId = ledger_.FindOrCreatePayee(IsTransfer(form) ? kTransferPayee : form.payee);
-  record.paymentId = ledger_.FindOrCreatePayment(form.payment);
-  record.categoryId =
-      ledger_.FindOrCreateCategory(form.category, form.subCategory, SignOf(form.type) > 0 ? 1 : -1);
+  record.payeeId =
+      ledger_.References().FindOrCreatePayee(IsTransfer(form) ? kTransferPayee : form.payee);
+  record.paymentId = ledger_.References().FindOrCreatePayment(form.payment);
+  record.categoryId = ledger_.Categories().FindOrCreateCategory(form.category, form.subCategory,
+                                                                SignOf(form.type) > 0 ? 1 : -1);
   const double amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
   if (isOtherAccount || amount != record.amount) {
     record.amount = RoundToCurrency(amount, CurrencyOf(form.accountId));
@@ -271,16 +279,16 @@ void ScheduleEditor::FillPlan(const ScheduleForm& form, ScheduleRecord& record) 
 
 // An expense that becomes an income has lines that are incomes.
 void ScheduleEditor::ReverseLines(const ScheduleRecord& record) {
-  const auto stored = ledger_.ReadSchedule(record.scheduleId);
+  const auto stored = ledger_.Schedules().ReadSchedule(record.scheduleId);
   if (!stored || !stored->hasLines || stored->amount * record.amount >= 0) return;
-  for (ScheduleRecord line : ledger_.ScheduleLines(record.scheduleId)) {
+  for (ScheduleRecord line : ledger_.Schedules().ScheduleLines(record.scheduleId)) {
     line.amount = -line.amount;
-    ledger_.SaveSchedule(line);
+    ledger_.Schedules().SaveSchedule(line);
   }
 }
 
 void ScheduleEditor::TellOtherAmount(const ScheduleRecord& record, double typed) {
-  const auto saved = ledger_.ReadSchedule(record.scheduleId);
+  const auto saved = ledger_.Schedules().ReadSchedule(record.scheduleId);
   if (!saved || !saved->hasLines || saved->amount == typed) return;
   platform_.prompts.Tell(kSaveWarning, "The Allocated items add up to " +
                                            platform_.locale.FormatNumber(std::fabs(saved->amount)) +
@@ -303,7 +311,7 @@ bool ScheduleEditor::Delete(std::int64_t key) {
   const bool withRows =
       posted > 0 && platform_.prompts.Ask("Delete Item?", "Do you also wish to delete the " + rows +
                                                               " posted from it?");
-  ledger_.DeleteSchedule(key, withRows);
+  ledger_.Schedules().DeleteSchedule(key, withRows);
   return true;
 }
 

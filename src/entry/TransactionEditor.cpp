@@ -2,6 +2,10 @@
 
 #include "entry/EntryRules.h"
 #include "ledger/CurrencyOf.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/ArithmeticText.h"
 #include "platform/Clock.h"
@@ -44,7 +48,7 @@ void FillTransfer(TransactionForm& form, const TransactionDetails& row,
 }  // namespace
 
 std::optional<TransactionForm> LoadTransaction(clsCorvanta& ledger, std::int64_t key) {
-  const auto row = ledger.ReadTransaction(key);
+  const auto row = ledger.Transactions().ReadTransaction(key);
   if (!row || row->action != 0) return std::nullopt;
   if (row->allocatedItem != 0) return LoadTransaction(ledger, row->allocatedItem);
   TransactionForm form;
@@ -61,11 +65,11 @@ std::optional<TransactionForm> LoadTransaction(clsCorvanta& ledger, std::int64_t
   form.description = row->description;
   form.status = StatusFrom(row->status);
   form.hasLines = row->hasLines;
-  if (row->hasLines) form.lines = ledger.SplitLines(row->transactionId).size();
+  if (row->hasLines) form.lines = ledger.Transactions().SplitLines(row->transactionId).size();
   form.transferId = row->transferId;
   form.scheduleId = row->scheduleId;
   if (row->transferId != 0) {
-    if (const auto other = ledger.ReadTransaction(row->transferId)) {
+    if (const auto other = ledger.Transactions().ReadTransaction(row->transferId)) {
       FillTransfer(form, *row, *other);
     }
   }
@@ -85,13 +89,13 @@ TransactionForm TransactionEditor::New(std::int64_t accountId) {
 }
 
 std::optional<Warning> TransactionEditor::CheckOpen(std::int64_t key) {
-  const auto row = ledger_.ReadTransaction(key);
+  const auto row = ledger_.Transactions().ReadTransaction(key);
   if (!row) return std::nullopt;
   if (row->action != 0) {
     return Warning{
         "Amend Item", "This is an investment transaction, it is amended with its investment", {}};
   }
-  if (!ledger_.ReachesClosedAccount({{key}})) return std::nullopt;
+  if (!ledger_.Transactions().ReachesClosedAccount({{key}})) return std::nullopt;
   return Warning{"Amend Item", kAccountClosed, {}};
 }
 
@@ -116,11 +120,11 @@ void TransactionEditor::ChooseType(TransactionForm& form, EntryType type) {
 
 std::optional<Proposal> TransactionEditor::Propose(std::int64_t accountId,
                                                    const std::string& payee) {
-  const std::int64_t payeeId = Trim(payee).empty() ? 0 : ledger_.OtherPayee(payee, 0);
+  const std::int64_t payeeId = Trim(payee).empty() ? 0 : ledger_.References().OtherPayee(payee, 0);
   if (accountId == 0 || payeeId == 0) return std::nullopt;
-  const auto last = ledger_.LastTransaction(accountId, payeeId);
+  const auto last = ledger_.Transactions().LastTransaction(accountId, payeeId);
   if (!last || last->transferId != 0 || last->action != 0) return std::nullopt;
-  const auto row = ledger_.ReadTransaction(last->transactionId);
+  const auto row = ledger_.Transactions().ReadTransaction(last->transactionId);
   return Proposal{TypeOf(*row), row->payment, row->category, row->subCategory,
                   std::fabs(row->amount)};
 }
@@ -131,7 +135,7 @@ std::string TransactionEditor::CurrencyOf(std::int64_t accountId) {
 
 std::optional<Warning> TransactionEditor::Check(const TransactionForm& form) {
   const double amount = form.amount.value_or(0);
-  const auto stored = ledger_.ReadTransaction(form.transactionId);
+  const auto stored = ledger_.Transactions().ReadTransaction(form.transactionId);
   const auto fails = [](const char* text, const char* field) {
     return Warning{kSaveWarning, text, field};
   };
@@ -196,7 +200,7 @@ bool TransactionEditor::Delete(std::int64_t key) {
     return false;
   }
   if (!AskDelete(platform_.prompts)) return false;
-  ledger_.DeleteTransaction(key);
+  ledger_.Transactions().DeleteTransaction(key);
   return true;
 }
 

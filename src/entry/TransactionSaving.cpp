@@ -1,14 +1,22 @@
 // Writing what the editor of transactions has accepted.
 #include "entry/EntryRules.h"
 #include "entry/TransactionEditor.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/CategoryBook.h"
 #include "ledger/Money.h"
 #include "ledger/RateSource.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -30,7 +38,7 @@ bool TransactionEditor::AskAll(const TransactionForm& form) {
     declinedField_ = "cmbCategory";
     return false;
   }
-  if (form.IsTransfer() && !ledger_.SplitLines(form.transactionId).empty() &&
+  if (form.IsTransfer() && !ledger_.Transactions().SplitLines(form.transactionId).empty() &&
       !platform_.prompts.Ask("Transfer Item?",
                              "A transfer keeps no Allocated items. Do you wish to remove them?")) {
     declinedField_ = "cmbType";
@@ -98,13 +106,15 @@ std::int64_t TransactionEditor::Save(TransactionForm form) {
 
 TransactionRecord TransactionEditor::RecordOf(const TransactionForm& form) {
   TransactionRecord record;
-  if (const auto stored = ledger_.ReadTransaction(form.transactionId)) record = *stored;
+  if (const auto stored = ledger_.Transactions().ReadTransaction(form.transactionId))
+    record = *stored;
   const bool isOtherAccount = record.accountId != form.accountId;
   record.accountId = form.accountId;
-  record.payeeId = ledger_.FindOrCreatePayee(form.IsTransfer() ? kTransferPayee : form.payee);
-  record.paymentId = ledger_.FindOrCreatePayment(form.payment);
-  record.categoryId =
-      ledger_.FindOrCreateCategory(form.category, form.subCategory, SignOf(form.type) > 0 ? 1 : -1);
+  record.payeeId =
+      ledger_.References().FindOrCreatePayee(form.IsTransfer() ? kTransferPayee : form.payee);
+  record.paymentId = ledger_.References().FindOrCreatePayment(form.payment);
+  record.categoryId = ledger_.Categories().FindOrCreateCategory(form.category, form.subCategory,
+                                                                SignOf(form.type) > 0 ? 1 : -1);
   const double amount = SignOf(form.type) * form.amount.value_or(0) + 0.0;
   // One that is not touched stays to its last digit.
   if (isOtherAccount || amount != record.amount) {
@@ -122,25 +132,27 @@ void TransactionEditor::WriteOrdinary(const TransactionForm& form, TransactionRe
   const std::int64_t formerTwin = record.transferId;
   record.transferId = 0;
   if (form.transactionId != 0) {
-    const auto stored = ledger_.ReadTransaction(form.transactionId);
+    const auto stored = ledger_.Transactions().ReadTransaction(form.transactionId);
     if (stored && stored->hasLines && stored->amount * record.amount < 0) {
-      ledger_.ReverseSign(form.transactionId);
+      ledger_.BulkEdits().ReverseSign(form.transactionId);
     }
   }
-  ledger_.SaveTransaction(record);
+  ledger_.Transactions().SaveTransaction(record);
   if (formerTwin == 0) return;
   // Of the two rows only the one that has the occurrence's date stands for it from now on.
   for (const std::int64_t key : {record.transactionId, formerTwin}) {
-    const auto half = ledger_.ReadTransaction(key);
-    if (half && half->scheduleId != 0 && !half->scheduleDate) ledger_.DetachFromSchedule(key);
+    const auto half = ledger_.Transactions().ReadTransaction(key);
+    if (half && half->scheduleId != 0 && !half->scheduleDate)
+      ledger_.Schedules().DetachFromSchedule(key);
   }
 }
 
 void TransactionEditor::WriteTransfer(const TransactionForm& form, TransactionRecord& record,
                                       double amountTo) {
-  const auto stored = ledger_.ReadTransaction(form.transactionId);
-  const auto twin = stored && stored->transferId != 0 ? ledger_.ReadTransaction(stored->transferId)
-                                                      : std::nullopt;
+  const auto stored = ledger_.Transactions().ReadTransaction(form.transactionId);
+  const auto twin = stored && stored->transferId != 0
+                        ? ledger_.Transactions().ReadTransaction(stored->transferId)
+                        : std::nullopt;
   TransactionRecord other = record;
   if (twin) {
     other = *twin;
@@ -165,7 +177,7 @@ void TransactionEditor::WriteTransfer(const TransactionForm& form, TransactionRe
                              CurrencyOf(form.accountId));
   to.accountId = form.accountToId;
   to.amount = amountTo;
-  ledger_.SaveTransfer(from, to);
+  ledger_.Transactions().SaveTransfer(from, to);
 }
 
 }  // namespace corvanta

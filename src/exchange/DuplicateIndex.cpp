@@ -42,7 +42,7 @@ void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
       "as T INNER JOIN tblPayees AS P ON T.PayeeId = P.PayeeID Where [AccountID] = " +
       SqlNumber(accountId) + " AND P.[Investment] = 0 AND AllocatedItem = 0");
   for (; !rows.Eof(); rows.MoveNext()) {
-    const std::optional<Date> date = Date::FromIso(rows.Text(1).substr(0, 10));
+    const std::optional<Date> date = rows.Day(1);
     if (!date) continue;
     const bool isImported = imported != 0 && rows.Int(4) == imported;
     rows_.push_back({rows.Int(0), *date, RoundMoney(rows.Double(2)), std::string(rows.Text(3)),
@@ -63,7 +63,7 @@ void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId) 
       "[Action] From tblTransactions Where [AccountID] = " +
       SqlNumber(accountId) + " AND [Action] <> 0 AND AllocatedItem = 0");
   for (; !rows.Eof(); rows.MoveNext()) {
-    const std::optional<Date> date = Date::FromIso(rows.Text(0).substr(0, 10));
+    const std::optional<Date> date = rows.Day(0);
     if (!date) continue;
     ++investments_[KeyOf(
         *date, {rows.Double(1), rows.Double(2), rows.Double(3), rows.Double(4), rows.Double(5)},

@@ -1,6 +1,8 @@
 // Opens what brings files in and out, each modal before its parent.
 #pragma once
 
+#include "ledger/Period.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 
 #include <cstdint>

@@ -3,6 +3,8 @@
 #include "exchange/Encoding.h"
 #include "exchange/FormulaGuard.h"
 #include "ledger/Money.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "platform/Locale.h"
 #include "store/sql/SqlText.h"
 
@@ -129,7 +131,7 @@ std::string QifExport(clsCorvanta& ledger, const Locale& locale, ExportRows rows
     add('M', row.description);
     add('L', row.category);
     if (row.isSplit) {
-      for (const TransactionDetails& line : ledger.SplitLines(row.transactionId)) {
+      for (const TransactionDetails& line : ledger.Transactions().SplitLines(row.transactionId)) {
         add('S', CategoryText(line));
         add('$', FileNumber(line.amount));
       }

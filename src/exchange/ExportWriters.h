@@ -1,6 +1,7 @@
 // The texts of exported files.
 #pragma once
 
+#include "ledger/RegisterRow.h"
 #include "ledger/clsCorvanta.h"
 
 #include <functional>

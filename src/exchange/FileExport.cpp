@@ -1,5 +1,11 @@
 #include "exchange/FileExport.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/Period.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/RegisterRow.h"
+#include "ledger/TransactionBook.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
@@ -104,7 +110,7 @@ std::vector<RegisterRow> FileExport::WithPayees(ExportRows rows) {
   std::vector<RegisterRow> result(rows.begin(), rows.end());
   for (RegisterRow& row : result) {
     if (!row.isTransfer) continue;
-    if (const auto details = ledger_.ReadTransaction(row.transactionId)) {
+    if (const auto details = ledger_.Transactions().ReadTransaction(row.transactionId)) {
       row.payee = details->payee;
     }
   }
@@ -116,13 +122,13 @@ OfxStatement FileExport::StatementOf(std::int64_t accountId, const std::optional
   OfxStatement statement;
   statement.start = Bound(period ? std::optional(period->from) : std::nullopt, today);
   statement.end = Bound(period ? std::optional(period->to) : std::nullopt, today);
-  const std::optional<AccountRecord> account = ledger_.ReadAccount(accountId);
+  const std::optional<AccountRecord> account = ledger_.Accounts().ReadAccount(accountId);
   if (!account) return statement;
   statement.accountNo = account->accountNo;
-  for (const CurrencyRecord& currency : ledger_.Currencies()) {
+  for (const CurrencyRecord& currency : ledger_.References().Currencies()) {
     if (currency.currencyId == account->currencyId) statement.currency = currency.currency;
   }
-  for (const BankRecord& bank : ledger_.Banks()) {
+  for (const BankRecord& bank : ledger_.References().Banks()) {
     if (bank.bankId == account->bankId) statement.sortCode = bank.sortcode;
   }
   return statement;

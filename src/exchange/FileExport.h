@@ -1,6 +1,8 @@
 #pragma once
 
 #include "exchange/ExportWriters.h"
+#include "ledger/Period.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/Warning.h"
 #include "platform/Spreadsheet.h"
 

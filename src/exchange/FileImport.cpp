@@ -8,35 +8,21 @@
 #include "exchange/Importer.h"
 #include "exchange/StyleFinder.h"
 #include "ledger/TransferCompletion.h"
+#include "ledger/TransferLinking.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
+#include "platform/StatusWords.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace corvanta {
 namespace {
-
-// Puts the former status text back, whatever happens.
-class ShownStatus {
- public:
-  ShownStatus(Progress& progress, const std::string& text)
-      : progress_(progress), former_(progress.SetStatus(text)) {}
-  ~ShownStatus() {
-    progress_.SetStep(0, 0);
-    progress_.SetStatus(former_);
-  }
-  ShownStatus(const ShownStatus&) = delete;
-  ShownStatus& operator=(const ShownStatus&) = delete;
-
- private:
-  Progress& progress_;
-  std::string former_;
-};
 
 void Refuse(ImportSummary& summary, const std::string& why) {
   summary.outcome = ImportOutcome::Refused;
@@ -51,7 +37,7 @@ ImportOutcome OutcomeOf(const ImportSummary& summary) {
 
 ImportSummary FileImport::Run(const ImportJob& job) {
   ImportSummary summary;
-  const ShownStatus status(platform_.progress, "Please wait processing file...");
+  const StatusWords status(platform_.progress, "Please wait processing file...");
   bool goesOn = true;
   const FileText file = ReadFileText(job.path, job.encoding,
                                      [&] { return goesOn = goesOn && platform_.progress.Yield(); });
@@ -108,7 +94,7 @@ bool FileImport::Book(ImportKind kind, std::string_view text, const ImportContex
     return false;
   }
   context.summary.shortened = context.names.Shortened();
-  context.summary.transfers = static_cast<std::size_t>(ledger_.LinkImportedTransfers());
+  context.summary.transfers = static_cast<std::size_t>(ledger_.Transfers().LinkImportedTransfers());
   TransferCompletion completion(ledger_);
   const std::vector<std::int64_t> lone = completion.LoneHalves(importer.Halves());
   context.summary.loneHalves = lone.size();

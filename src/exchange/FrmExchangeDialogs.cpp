@@ -2,6 +2,9 @@
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/FileExport.h"
 #include "exchange/FrmImport.h"
+#include "ledger/AccountBook.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/RegisterRow.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -22,7 +25,8 @@ FileQuestion SaveQuestion() {
 }
 
 std::vector<RegisterRow> RowsOf(const ExportView& view, clsCorvanta& ledger) {
-  std::vector<RegisterRow> rows = ledger.Register(view.accountId, view.filter, view.period);
+  std::vector<RegisterRow> rows =
+      ledger.Balances().Register(view.accountId, view.filter, view.period);
   if (view.order.empty()) return rows;
   std::unordered_map<std::int64_t, std::size_t> places;
   for (const std::int64_t key : view.order) places.try_emplace(key, places.size());
@@ -36,7 +40,7 @@ std::vector<RegisterRow> RowsOf(const ExportView& view, clsCorvanta& ledger) {
 
 bool Export(const ExportView& view, const ExchangePlace& place) {
   Prompts& prompts = place.platform.prompts;
-  const auto account = place.ledger.ReadAccount(view.accountId);
+  const auto account = place.ledger.Accounts().ReadAccount(view.accountId);
   if (!account) {
     prompts.Tell(
         "File Export",

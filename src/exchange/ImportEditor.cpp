@@ -5,6 +5,10 @@
 #include "exchange/DateStyle.h"
 #include "exchange/FileImport.h"
 #include "exchange/StyleFinder.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/TransferCompletion.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Files.h"
@@ -99,7 +103,7 @@ ImportEditor::ImportEditor(clsCorvanta& ledger, Platform& platform)
 
 std::vector<ImportAccountChoice> ImportEditor::Accounts() {
   std::vector<ImportAccountChoice> choices{{0, kEveryAccount}};
-  for (const AccountRow& account : ledger_.Accounts(StatusFilter{}, false)) {
+  for (const AccountRow& account : ledger_.Accounts().Accounts(StatusFilter{}, false)) {
     choices.push_back({account.accountId, account.account});
   }
   std::sort(choices.begin() + 1, choices.end(),
@@ -150,10 +154,10 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
     return Say("Please select an Account for the file import", "cmbAccount");
   }
   if (*form.accountId == 0) return std::nullopt;
-  const auto account = ledger_.ReadAccount(*form.accountId);
+  const auto account = ledger_.Accounts().ReadAccount(*form.accountId);
   if (!account) return Say("Please select an Account for the file import", "cmbAccount");
   if (account->closed) {
-    return Say("This Account is closed, Items cannot be amended", "cmbAccount");
+    return Say(kAccountClosed, "cmbAccount");
   }
   const std::optional<AccountQuestion> question = Question(form);
   if (question && !form.chosenTakesAll) return Say(question->text, "cmbOwner");

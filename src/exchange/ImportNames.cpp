@@ -1,5 +1,10 @@
 #include "exchange/ImportNames.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
@@ -102,15 +107,15 @@ const ImportTarget* ImportNames::FindOrCreateAccount(const ImportAccount& accoun
   record.accountTypeId = GroupFor(account.group);
   record.currencyId = CurrencyFor(account.currency);
   // All names are known here, so a search of the ledger would only repeat the one above.
-  const std::int64_t key = ledger_.SaveAccount(record);
+  const std::int64_t key = ledger_.Accounts().SaveAccount(record);
   return accounts_.Add({key, record.currencyId, record.account, false, true}, record.accountNo);
 }
 
 void ImportNames::SetNumber(std::int64_t accountId, const std::string& number) {
-  std::optional<AccountRecord> record = ledger_.ReadAccount(accountId);
+  std::optional<AccountRecord> record = ledger_.Accounts().ReadAccount(accountId);
   if (!record || !Trim(record->accountNo).empty()) return;
   record->accountNo = Fit(number, kLongestNumber);
-  ledger_.SaveAccount(*record);
+  ledger_.Accounts().SaveAccount(*record);
   accounts_.AddNumber(accountId, number);
 }
 
@@ -120,18 +125,18 @@ std::int64_t ImportNames::GroupFor(const std::string& group) {
   const auto* const known =
       std::ranges::find_if(kGroups, [&](const auto& named) { return named.first == group; });
   const std::string name = known == kGroups.end() ? "Bank Accounts" : known->second;
-  const std::vector<AccountGroupRecord> groups = ledger_.AccountGroups();
+  const std::vector<AccountGroupRecord> groups = ledger_.References().AccountGroups();
   for (const AccountGroupRecord& candidate : groups) {
     if (EqualFolded(candidate.accountType, name)) return entry->second = candidate.accountTypeId;
   }
-  return entry->second =
-             groups.empty() ? ledger_.FindOrCreateAccountGroup(name) : groups.front().accountTypeId;
+  return entry->second = groups.empty() ? ledger_.References().FindOrCreateAccountGroup(name)
+                                        : groups.front().accountTypeId;
 }
 
 std::int64_t ImportNames::CurrencyFor(const std::string& code) {
   const auto [entry, isNew] = currencies_.try_emplace(code, 0);
   if (!isNew) return entry->second;
-  const std::vector<CurrencyRecord> currencies = ledger_.Currencies();
+  const std::vector<CurrencyRecord> currencies = ledger_.References().Currencies();
   for (const std::string& wanted : {code, locale_.CurrencyCode()}) {
     for (const CurrencyRecord& currency : currencies) {
       if (wanted.empty() || !EqualFolded(currency.currency, wanted)) continue;
@@ -148,7 +153,7 @@ std::int64_t ImportNames::Payee(std::string_view name) {
   PayeeRecord record;
   record.payee = text;
   // All names are known here, so the search of FindOrCreatePayee would only repeat itself.
-  return entry->second = ledger_.SavePayee(record);
+  return entry->second = ledger_.References().SavePayee(record);
 }
 
 std::int64_t ImportNames::Category(const ImportCategory& category, double amount) {
@@ -182,7 +187,7 @@ const ImportNames::KnownCategory& ImportNames::FindOrMakeCategory(const std::str
     record.category = main.category;
     record.type = main.type;
   }
-  ledger_.SaveCategory(record);
+  ledger_.Categories().SaveCategory(record);
   return categories_
       .insert_or_assign(key, KnownCategory{record.categoryId, record.category, record.type})
       .first->second;
@@ -194,7 +199,7 @@ std::int64_t ImportNames::FindCategoryOf(double amount) const {
 }
 
 std::int64_t ImportNames::Payment() {
-  if (payment_ == 0) payment_ = ledger_.FindOrCreatePayment("Import");
+  if (payment_ == 0) payment_ = ledger_.References().FindOrCreatePayment("Import");
   return payment_;
 }
 
@@ -203,7 +208,7 @@ std::int64_t ImportNames::Investment(const std::string& name, std::int64_t curre
   const auto [entry, isNew] = investments_.try_emplace(NameKey(text), 0);
   if (!isNew) return entry->second;
   const auto symbol = symbols_.find(NameKey(text));
-  return entry->second = ledger_.FindOrCreateInvestment(
+  return entry->second = ledger_.Investments().FindOrCreateInvestment(
              text, symbol == symbols_.end() ? std::string() : symbol->second, currencyId);
 }
 

@@ -2,6 +2,7 @@
 
 #include "exchange/FileSurvey.h"
 #include "exchange/ImportSummary.h"
+#include "ledger/InvestmentRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"

@@ -2,7 +2,10 @@
 
 #include "exchange/ImportJob.h"
 #include "exchange/ImportSummary.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/InvestmentRecord.h"
 #include "ledger/Money.h"
+#include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -96,7 +99,7 @@ void Importer::Book(const ImportRecord& record, const RecordValues& values) {
     lines[i].description = names.Fit(record.splits[i].memo, kLongestDescription);
   }
   if (RoundMoney(values.amount - values.total) != 0) ++context_.summary.unequalSplits;
-  const std::int64_t key = context_.ledger.AddTransaction(row, lines);
+  const std::int64_t key = context_.ledger.Transactions().AddTransaction(row, lines);
   if (!category.account.empty() && lines.empty()) halves_.push_back(key);
   ++context_.summary.imported;
 }
@@ -108,7 +111,7 @@ void Importer::BookHolding(const ImportRecord& record, const RecordValues& value
   row.payeeId = names.Investment(record.security, current_->currencyId);
   row.description =
       names.Fit(record.memo.empty() ? record.payee : record.memo, kLongestDescription);
-  context_.ledger.SaveInvestmentTransaction(row);
+  context_.ledger.Investments().SaveInvestmentTransaction(row);
   ++context_.summary.investments;
 }
 

@@ -6,6 +6,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -138,7 +139,7 @@ void FrmCurrency::MakeButtons(Use use) {
 void FrmCurrency::FillCurrencies(const std::string& given) {
   givenCode_ = given.empty() ? platform_.locale.CurrencyCode() : given;
   if (givenCode_.empty()) givenCode_ = kLastResort;
-  currencies_ = ledger_.Currencies();
+  currencies_ = ledger_.References().Currencies();
   lblCurrency_->setText(ToQt(givenCode_));
   std::vector<PickItem> items;
   for (const CurrencyRecord& row : currencies_) {

@@ -3,6 +3,7 @@
 #include "controls/QuietEnd.h"
 #include "invest/CurrencyConverter.h"
 #include "invest/InvestDialogs.h"
+#include "ledger/ReferenceRecords.h"
 
 #include <QDialog>
 

@@ -1,6 +1,9 @@
 // The sums that the window shows of an account, and of all accounts together.
 #pragma once
 
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Date.h"
 
@@ -15,14 +18,6 @@ class Connection;
 class Locale;
 class RegisterRows;
 
-// The figures under the register, in the account's currency. What no row yields is absent.
-struct PeriodTotals {
-  std::optional<double> thisPeriod;  // the rows of the period and the opening balance
-  std::optional<double> balance;     // all rows up to the period's end and the opening balance
-  std::optional<double> paidIn;
-  std::optional<double> paidOut;  // negative or 0
-};
-
 // The labels as they are shown; the two that tell what was paid have a blank before the colon once
 // they carry a figure.
 struct TotalsTexts {
@@ -36,7 +31,7 @@ struct TotalsTexts {
 [[nodiscard]] EntrySums ReadSums(Connection& store, std::int64_t accountId,
                                  const StatusFilter& filter, const std::optional<Date>& from,
                                  const std::optional<Date>& to);
-// As clsCorvanta::UnclearedCount.
+// As BalanceBook::UnclearedCount.
 [[nodiscard]] std::int64_t UnclearedCount(Connection& store, std::int64_t accountId);
 // "Number of Uncleared records = 3"
 [[nodiscard]] std::string UnclearedText(std::int64_t count);

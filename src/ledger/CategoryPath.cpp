@@ -1,5 +1,6 @@
 #include "ledger/CategoryPath.h"
 
+#include "ledger/CategoryBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 
@@ -16,8 +17,9 @@ CategoryName CategoryOf(clsCorvanta& ledger, const std::string& text) {
 CategoryName CategoryOf(clsCorvanta& ledger, const std::string& category,
                         const std::string& subCategory) {
   const std::size_t colon = category.find(':');
-  const bool isOneName = colon == std::string::npos || ledger.FindCategory(category, {}) != 0 ||
-                         (!subCategory.empty() && ledger.FindCategory(category, subCategory) != 0);
+  const bool isOneName =
+      colon == std::string::npos || ledger.Categories().FindCategory(category, {}) != 0 ||
+      (!subCategory.empty() && ledger.Categories().FindCategory(category, subCategory) != 0);
   if (isOneName) return {category, subCategory};
   return {std::string(Trim(category.substr(0, colon))),
           std::string(Trim(category.substr(colon + 1)))};

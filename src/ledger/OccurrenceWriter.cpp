@@ -1,5 +1,7 @@
 #include "ledger/OccurrenceWriter.h"
 
+#include "ledger/CategoryBook.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
@@ -35,12 +37,12 @@ OccurrenceWriter::OccurrenceWriter(clsCorvanta& ledger, const ScheduleDetails& s
       own_(Row(schedule.accountId, schedule.categoryId, schedule.paymentId, schedule.payeeId) +
            SqlNumber(schedule.amount)) {
   if (isTransfer_) {
-    other_ = Row(schedule.transferAccountId, ledger.FindCategory("Credit", ""), schedule.paymentId,
-                 schedule.payeeId);
+    other_ = Row(schedule.transferAccountId, ledger.Categories().FindCategory("Credit", ""),
+                 schedule.paymentId, schedule.payeeId);
     return;
   }
   if (!schedule.hasLines) return;
-  for (const ScheduleDetails& line : ledger.ScheduleLines(schedule.scheduleId)) {
+  for (const ScheduleDetails& line : ledger.Schedules().ScheduleLines(schedule.scheduleId)) {
     lines_.push_back(Row(schedule.accountId, line.categoryId, line.paymentId, line.payeeId) +
                      SqlNumber(line.amount) + Texts(line));
   }

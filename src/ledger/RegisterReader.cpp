@@ -1,5 +1,6 @@
 #include "ledger/RegisterReader.h"
 
+#include "ledger/RegisterRow.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
@@ -29,7 +30,7 @@ std::string EntryCondition(const RegisterScope& scope) {
       scope.filter.Clause() + "T.AllocatedItem = 0 AND T.AccountID = " + SqlNumber(scope.accountId);
   if (scope.period) {
     condition += " AND T.[Date] Between " + SqlDate(scope.period->from) + " AND " +
-                 SqlDate(DateTime{scope.period->to, 86399});
+                 SqlEndOf(scope.period->to);
   }
   return condition;
 }
@@ -44,7 +45,7 @@ bool RegisterReader::Read(RegisterRow& row) const {
   const std::string* category = names_.Category(rows_.Int(kCategory));
   if (category == nullptr) return false;
   row.transactionId = rows_.Int(kId);
-  row.date = Date::FromIso(rows_.Text(kDate).substr(0, 10)).value_or(Date());
+  row.date = rows_.Day(kDate).value_or(Date());
   row.amount = rows_.Double(kAmount);
   row.reference = rows_.Text(kReference);
   row.description = rows_.Text(kDescription);

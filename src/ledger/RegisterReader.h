@@ -1,7 +1,10 @@
 // How the rows of a register are asked for and read.
 #pragma once
 
+#include "ledger/Period.h"
 #include "ledger/RegisterNames.h"
+#include "ledger/RegisterRow.h"
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 
 #include <optional>

@@ -1,6 +1,8 @@
 #include "ledger/RegisterRows.h"
 
+#include "ledger/AccountRow.h"
 #include "ledger/Money.h"
+#include "ledger/RegisterRow.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"

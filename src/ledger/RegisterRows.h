@@ -1,8 +1,11 @@
 #pragma once
 
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 #include "ledger/CategoryKeys.h"
 #include "ledger/RegisterReader.h"
+#include "ledger/RegisterRow.h"
 
 #include <cstddef>
 #include <cstdint>

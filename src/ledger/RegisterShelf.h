@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/AccountRow.h"
 #include "ledger/RegisterRows.h"
 
 #include <memory>

@@ -1,5 +1,6 @@
 #include "ledger/Reminders.h"
 
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
@@ -45,7 +46,7 @@ class Collection {
       : ledger_(ledger), today_(today), until_(std::max(today, until)), withOverdue_(withOverdue) {}
 
   ReminderList Collect() {
-    for (ScheduleDetails& schedule : ledger_.Schedules()) {
+    for (ScheduleDetails& schedule : ledger_.Schedules().Schedules()) {
       if (HasOpenAccounts(schedule)) schedules_.emplace(schedule.scheduleId, std::move(schedule));
     }
     AddPending();
@@ -96,7 +97,7 @@ class Collection {
     std::unordered_map<std::int64_t, std::size_t> oldest;
     for (; !rows.Eof(); rows.MoveNext()) {
       const auto schedule = schedules_.find(rows.Int(0));
-      const auto due = Date::FromIso(rows.Text(1).substr(0, 10));
+      const auto due = rows.Day(1);
       if (schedule == schedules_.end() || !due) continue;
       Reminder item = OwnSide(schedule->second, *due);
       if ((item.date < today_ && !withOverdue_) || item.date > until_) continue;

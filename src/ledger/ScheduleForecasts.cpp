@@ -1,9 +1,13 @@
 #include "ledger/ScheduleForecasts.h"
 
+#include "ledger/CategoryBook.h"
 #include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleChange.h"
 #include "ledger/ScheduleRows.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
@@ -75,37 +79,38 @@ ScheduleForecasts::ScheduleForecasts(clsCorvanta& ledger, ScheduleDetails former
         "Where NOT (AllocatedItem <> 0) AND BankSch = " +
         SqlNumber(former_.scheduleId) + " AND NOT IsNull(ScheduleDate) Order by ScheduleDate");
     for (; !rows.Eof(); rows.MoveNext()) {
-      const auto due = Date::FromIso(rows.Text(1).substr(0, 10));
-      const auto date = Date::FromIso(rows.Text(2).substr(0, 10));
+      const auto due = rows.Day(1);
+      const auto date = rows.Day(2);
       if (due) rows_.push_back({rows.Int(0), *due, date && *date > today});
     }
   }
-  const std::int64_t twinCategory = former_.IsTransfer() ? ledger_.FindCategory("Credit", "") : 0;
+  const std::int64_t twinCategory =
+      former_.IsTransfer() ? ledger_.Categories().FindCategory("Credit", "") : 0;
   for (Row& row : rows_) row.isForecast = row.isForecast && IsUntouched(row, twinCategory);
 }
 
 std::vector<ScheduleForecasts::Share> ScheduleForecasts::SharesOf(std::int64_t scheduleId) {
   std::vector<Share> shares;
-  AddShares(ledger_.ScheduleLines(scheduleId), shares);
+  AddShares(ledger_.Schedules().ScheduleLines(scheduleId), shares);
   return shares;
 }
 
 bool ScheduleForecasts::IsUntouched(Row& row, std::int64_t twinCategory) {
   const std::int64_t key = row.transactionId;
-  const auto stored = ledger_.ReadTransaction(key);
+  const auto stored = ledger_.Transactions().ReadTransaction(key);
   if (!stored || !IsAsPosted(*stored, former_)) return false;
   std::vector<Share> shares;
-  AddShares(ledger_.SplitLines(key), shares);
+  AddShares(ledger_.Transactions().SplitLines(key), shares);
   if (shares != shares_) return false;
   row.amount = stored->amount;
   if (stored->transferId != 0) {
-    const auto twin = ledger_.ReadTransaction(stored->transferId);
+    const auto twin = ledger_.Transactions().ReadTransaction(stored->transferId);
     if (!twin || !IsAsPosted(*twin, *stored, twinCategory)) return false;
     row.otherAmount = twin->amount;
   }
   Connection& store = ledger_.Store();
   return !IsLinked(store, key) && !IsLinked(store, stored->transferId) &&
-         !ledger_.ReachesClosedAccount({&key, 1});
+         !ledger_.Transactions().ReachesClosedAccount({&key, 1});
 }
 
 // What a person posted ahead stays posted; what the pass posted is there as long as it would be.
@@ -143,7 +148,7 @@ void ScheduleForecasts::SetDue(const Row& row, std::optional<Date> due, bool kee
     ledger_.Store().Execute("Update tblTransactions Set ScheduleDate = " + SqlDate(*due) + key);
   } else if (!keepsDates) {
     // It would stand for whatever payment falls on its day by chance.
-    ledger_.DetachFromSchedule(row.transactionId);
+    ledger_.Schedules().DetachFromSchedule(row.transactionId);
   }
 }
 
@@ -154,7 +159,7 @@ void ScheduleForecasts::Follow() {
 }
 
 void ScheduleForecasts::Follow(const PlanChange& change) {
-  const auto now = ledger_.ReadSchedule(former_.scheduleId);
+  const auto now = ledger_.Schedules().ReadSchedule(former_.scheduleId);
   if (!now || rows_.empty()) return;
   const bool saysTheSame = SaysTheSame(*now);
   OccurrenceWriter writer(ledger_, *now);
@@ -168,14 +173,14 @@ void ScheduleForecasts::Follow(const PlanChange& change) {
     if (isMade && (!HasOpenAccounts(*now) || (due == row.due && saysTheSame))) continue;
     const auto other = OtherAmount(row, *now);
     if (isMade && !other && IsBehindStart(*due, *now)) continue;
-    ledger_.DeleteTransaction(row.transactionId);
+    ledger_.Transactions().DeleteTransaction(row.transactionId);
     if (isMade && other) writer.Write(*due, *other);
   }
 }
 
 void ScheduleForecasts::Remove() {
   for (const Row& row : rows_) {
-    if (row.isForecast) ledger_.DeleteTransaction(row.transactionId);
+    if (row.isForecast) ledger_.Transactions().DeleteTransaction(row.transactionId);
   }
 }
 

@@ -3,6 +3,7 @@
 #include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
 #include "ledger/RateSource.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
@@ -11,10 +12,12 @@
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
+#include "platform/StatusWords.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 #include <optional>
@@ -26,24 +29,6 @@ namespace {
 // What the column holds of a schedule whose payments are all made. 0 would mean payments without
 // end, and a number of payments above 0 would come due again when a posted row is deleted.
 constexpr int kFinished = -1;
-
-// The status bar's text while a pass runs; the former one comes back.
-class StatusText {
- public:
-  explicit StatusText(Progress& progress)
-      : progress_(progress),
-        former_(progress.SetStatus("Please wait updating scheduled records...")) {}
-  ~StatusText() {
-    progress_.SetStep(0, 0);
-    progress_.SetStatus(former_);
-  }
-  StatusText(const StatusText&) = delete;
-  StatusText& operator=(const StatusText&) = delete;
-
- private:
-  Progress& progress_;
-  std::string former_;
-};
 
 }  // namespace
 
@@ -113,7 +98,7 @@ bool SchedulePosting::Impl::GoesOn() {
 
 PostingResult SchedulePosting::Impl::PostAll() {
   Begin();
-  const StatusText status(platform_.progress);
+  const StatusWords status(platform_.progress, "Please wait updating scheduled records...");
   std::vector<Job> jobs = DueJobs();
   if (result_.stopped) return result_;
   if (!IsAgreed(jobs)) {
@@ -151,7 +136,7 @@ std::vector<SchedulePosting::Impl::Job> SchedulePosting::Impl::DueJobs() {
 
 std::optional<SchedulePosting::Impl::Job> SchedulePosting::Impl::JobOf(std::int64_t scheduleId) {
   // It may have gone while window messages ran.
-  const auto schedule = ledger_.ReadSchedule(scheduleId);
+  const auto schedule = ledger_.Schedules().ReadSchedule(scheduleId);
   if (!schedule || schedule->isFinished || !HasOpenAccounts(*schedule)) return std::nullopt;
   if (!schedule->automaticUntil) return std::nullopt;
   // Every payment up to that day. The estimate of DueDates for a schedule without end may fall one
@@ -295,7 +280,7 @@ void SchedulePosting::Impl::MoveBehind(const ScheduleDetails& schedule,
 }
 
 OccurrenceResult SchedulePosting::Impl::Find(std::int64_t scheduleId, Date due, Found& found) {
-  const auto schedule = ledger_.ReadSchedule(scheduleId);
+  const auto schedule = ledger_.Schedules().ReadSchedule(scheduleId);
   if (!schedule || schedule->allocatedItem != 0) return OccurrenceResult::NotDue;
   if (!HasOpenAccounts(*schedule)) return OccurrenceResult::ClosedAccount;
   found.posted = PostedOf(store_, scheduleId);

@@ -7,14 +7,6 @@
 #include <algorithm>
 
 namespace corvanta {
-namespace {
-
-std::optional<Date> DayOf(std::string_view text) {
-  return Date::FromIso(text.substr(0, 10));
-}
-
-}  // namespace
-
 void PostedRows::Add(std::int64_t accountId, std::optional<Date> due) {
   if (!due) return;  // the other half of a transfer
   const auto place = std::ranges::upper_bound(rows_, *due, {}, &Row::due);
@@ -47,7 +39,7 @@ PostedRows PostedOf(Connection& store, std::int64_t scheduleId) {
       "Select AccountID, ScheduleDate from tblTransactions Where NOT (AllocatedItem <> 0) AND "
       "BankSch = " +
       SqlNumber(scheduleId) + " Order by ScheduleDate");
-  for (; !rows.Eof(); rows.MoveNext()) posted.Add(rows.Int(0), DayOf(rows.Text(1)));
+  for (; !rows.Eof(); rows.MoveNext()) posted.Add(rows.Int(0), rows.Day(1));
   return posted;
 }
 
@@ -58,7 +50,7 @@ PostedBySchedule PostedOfAll(Connection& store) {
   Recordset rows = store.OpenRecordset(
       "Select BankSch, AccountID, ScheduleDate from tblTransactions "
       "Where NOT (AllocatedItem <> 0) AND BankSch > 0 Order by BankSch, ScheduleDate");
-  for (; !rows.Eof(); rows.MoveNext()) all[rows.Int(0)].Add(rows.Int(1), DayOf(rows.Text(2)));
+  for (; !rows.Eof(); rows.MoveNext()) all[rows.Int(0)].Add(rows.Int(1), rows.Day(2));
   return all;
 }
 

@@ -1,3 +1,5 @@
+#include "ledger/StatusFilter.h"
+
 #include "ledger/clsCorvanta.h"
 
 namespace corvanta {

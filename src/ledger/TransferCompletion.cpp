@@ -1,7 +1,13 @@
 #include "ledger/TransferCompletion.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 #include <iterator>
@@ -18,7 +24,7 @@ constexpr std::string_view kMark = "Account:";
 std::vector<std::int64_t> TransferCompletion::LoneHalves(Keys transactionIds) {
   std::vector<std::int64_t> lone;
   std::ranges::copy_if(transactionIds, std::back_inserter(lone), [&](std::int64_t key) {
-    const auto row = ledger_.ReadTransaction(key);
+    const auto row = ledger_.Transactions().ReadTransaction(key);
     return row && row->transferId == 0;
   });
   return lone;
@@ -32,12 +38,12 @@ std::vector<std::int64_t> TransferCompletion::Completable(Keys transactionIds) {
 }
 
 std::int64_t TransferCompletion::OtherAccountOf(std::int64_t transactionId) {
-  const auto row = ledger_.ReadTransaction(transactionId);
+  const auto row = ledger_.Transactions().ReadTransaction(transactionId);
   const bool isOrdinary = row && row->transferId == 0 && !row->hasLines &&
                           row->allocatedItem == 0 && row->action == 0 && !row->accountClosed;
   if (!isOrdinary || !row->category.starts_with(kMark)) return 0;
   const auto [other, isNew] = named_.try_emplace(row->category, 0);
-  if (isNew) other->second = ledger_.OtherAccount(row->category.substr(kMark.size()), 0);
+  if (isNew) other->second = ledger_.Accounts().OtherAccount(row->category.substr(kMark.size()), 0);
   const std::optional<AccountRecord>& own = Account(row->accountId);
   const std::optional<AccountRecord>& account = Account(other->second);
   if (!own || !account || account->closed || other->second == row->accountId) return 0;
@@ -46,21 +52,21 @@ std::int64_t TransferCompletion::OtherAccountOf(std::int64_t transactionId) {
 
 const std::optional<AccountRecord>& TransferCompletion::Account(std::int64_t accountId) {
   const auto [account, isNew] = accounts_.try_emplace(accountId);
-  if (isNew) account->second = ledger_.ReadAccount(accountId);
+  if (isNew) account->second = ledger_.Accounts().ReadAccount(accountId);
   return account->second;
 }
 
 std::size_t TransferCompletion::Complete(Keys transactionIds) {
   const UndoLog::Step step = ledger_.Undo().Begin("Complete Transfers");
   Transaction all = ledger_.Store().Begin();
-  const std::int64_t payee = ledger_.FindOrCreatePayee("Transfer");
-  const std::int64_t debit = ledger_.FindOrCreateCategory("Debit", {}, -1);
-  const std::int64_t credit = ledger_.FindOrCreateCategory("Credit", {}, 1);
+  const std::int64_t payee = ledger_.References().FindOrCreatePayee("Transfer");
+  const std::int64_t debit = ledger_.Categories().FindOrCreateCategory("Debit", {}, -1);
+  const std::int64_t credit = ledger_.Categories().FindOrCreateCategory("Credit", {}, 1);
   std::size_t made = 0;
   for (const std::int64_t key : transactionIds) {
     const std::int64_t other = OtherAccountOf(key);
     if (other == 0) continue;
-    TransactionRecord half = *ledger_.ReadTransaction(key);
+    TransactionRecord half = *ledger_.Transactions().ReadTransaction(key);
     half.payeeId = payee;
     half.categoryId = half.amount < 0 ? debit : credit;
     TransactionRecord twin = half;
@@ -73,7 +79,7 @@ std::size_t TransferCompletion::Complete(Keys transactionIds) {
     twin.status = {};
     twin.scheduleId = 0;
     twin.scheduleDate.reset();
-    ledger_.SaveTransfer(half, twin);
+    ledger_.Transactions().SaveTransfer(half, twin);
     ++made;
   }
   all.Commit();

@@ -1,10 +1,14 @@
-// Makes transfers of imported rows.
+#include "ledger/TransferLinking.h"
+
+#include "ledger/CategoryBook.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 #include <unordered_map>
@@ -64,8 +68,8 @@ bool Match(const Half& a, const Half& b) {
 // each of the imported rows would read the days on which there are many over and over.
 class Partners {
  public:
-  Partners(Connection& store, const std::vector<Half>& imported) {
-    ReadSplits(store);
+  Partners(LedgerCore& core, const std::vector<Half>& imported) : closed_(core.closed) {
+    ReadSplits(core.store);
     std::string first = imported.front().date;
     std::string last = first;
     std::unordered_set<std::string> names;
@@ -74,7 +78,7 @@ class Partners {
       last = std::max(last, half.date);
       names.insert(half.otherAccount);
     }
-    ReadRows(store, names, first, last);
+    ReadRows(core.store, names, first, last);
   }
 
   // A split cannot be half of a transfer without losing its lines.
@@ -109,23 +113,24 @@ class Partners {
 
   void ReadRows(Connection& store, const std::unordered_set<std::string>& names,
                 const std::string& first, const std::string& last) {
-    const DateTime end{Date::FromIso(last).value_or(Date()), 86399};
     Recordset rows = store.OpenRecordset(
         "Select A.Account, T.TransactionID, T.Amount, T.[Date], T.PayeeID, T.AccountID, "
         "A.CurrencyId FROM tblAccounts A INNER JOIN tblTransactions T ON A.AccountID = T.AccountID "
         " WHERE T.[Date] Between " +
-        SqlDate(Date::FromIso(first).value_or(Date())) + " AND " + SqlDate(end) +
+        SqlDate(Date::FromIso(first).value_or(Date())) + " AND " +
+        SqlEndOf(Date::FromIso(last).value_or(Date())) +
         " AND T.AllocatedItem = 0 AND T.[Action] = 0 AND TransferID = 0 "
         "ORDER by T.TransactionID ASC");
     for (; !rows.Eof(); rows.MoveNext()) {
       const std::string account = FoldCase(rows.Text("Account"));
       if (!names.contains(account)) continue;
       Half half = ReadHalf(rows);
-      if (IsSplit(half.transactionId)) continue;
+      if (IsSplit(half.transactionId) || closed_.Has(half.accountId)) continue;
       rows_[Place(account, half.date, half.payeeId)].push_back(std::move(half));
     }
   }
 
+  ClosedAccounts& closed_;
   std::unordered_map<std::string, std::vector<Half>> rows_;
   std::unordered_set<std::int64_t> splits_;
   std::unordered_set<std::int64_t> linked_;
@@ -133,23 +138,23 @@ class Partners {
 
 }  // namespace
 
-int clsCorvanta::LinkImportedTransfers() {
-  const UndoLog::Step step = undo_.Begin("Link Transfers");
-  Transaction all = connection_.Begin();
-  const std::vector<Half> imported = ReadImported(connection_);
+int TransferLinking::LinkImportedTransfers() {
+  const UndoLog::Step step = core_.undo.Begin("Link Transfers");
+  Transaction all = core_.store.Begin();
+  const std::vector<Half> imported = ReadImported(core_.store);
   if (imported.empty()) return 0;
-  const std::int64_t payee = FindOrCreatePayee("Transfer");
-  const std::int64_t debit = FindOrCreateCategory("Debit", {}, -1);
-  const std::int64_t credit = FindOrCreateCategory("Credit", {}, 1);
+  const std::int64_t payee = ledger_.References().FindOrCreatePayee("Transfer");
+  const std::int64_t debit = ledger_.Categories().FindOrCreateCategory("Debit", {}, -1);
+  const std::int64_t credit = ledger_.Categories().FindOrCreateCategory("Credit", {}, 1);
   const auto link = [&](const Half& half, std::int64_t other) {
-    Recordset row = connection_.OpenRecordset(
+    Recordset row = core_.store.OpenRecordset(
         "Select * from tblTransactions Where TransactionID = " + SqlNumber(half.transactionId));
     row.Set("TransferID", other);
     row.Set("PayeeID", payee);
     row.Set("CategoryID", half.amount < 0 ? debit : credit);
     row.Update();
   };
-  Partners partners(connection_, imported);
+  Partners partners(core_, imported);
   int pairs = 0;
   for (const Half& half : imported) {
     if (partners.IsSplit(half.transactionId)) continue;

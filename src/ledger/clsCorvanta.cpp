@@ -1,68 +1,98 @@
 #include "ledger/clsCorvanta.h"
 
-#include "platform/Platform.h"
-#include "platform/Progress.h"
-#include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
-#include "store/sql/SqlText.h"
-
-#include <chrono>
+#include "ledger/AccountBook.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/LedgerCore.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransferLinking.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
-namespace {
 
-std::vector<std::string> UndoneTables() {
-  return {"tblAccounts", "tblAccountType",  "tblBank",         "tblCategory",    "tblHistory",
-          "tblPayees",   "tblPayments",     "tblKeywords",     "tblKeywordLink", "tblAttachments",
-          "tblSchedule", "tblTransactions", "own_ScheduleDays"};
-}
+struct clsCorvanta::Topics {
+  Topics(Connection& connection, Platform& platform, clsCorvanta& ledger)
+      : core(connection, platform),
+        transactions(core, ledger),
+        bulkEdits(core),
+        copies(core, ledger),
+        statuses(core),
+        transfers(core, ledger),
+        schedules(core, ledger),
+        notes(core),
+        balances(core),
+        accounts(core, ledger),
+        investments(core, ledger),
+        categories(core),
+        references(core) {}
 
-// The bar goes with the operation, however it ends.
-class StepsShown {
- public:
-  explicit StepsShown(Progress& progress) : progress_(progress) {}
-  ~StepsShown() { progress_.SetStep(0, 0); }
-  StepsShown(const StepsShown&) = delete;
-  StepsShown& operator=(const StepsShown&) = delete;
-
- private:
-  Progress& progress_;
+  LedgerCore core;
+  TransactionBook transactions;
+  BulkEditor bulkEdits;
+  TransactionPaste copies;
+  StatusBook statuses;
+  TransferLinking transfers;
+  ScheduleBook schedules;
+  KeywordBook notes;
+  BalanceBook balances;
+  AccountBook accounts;
+  InvestmentBook investments;
+  CategoryBook categories;
+  ReferenceBook references;
 };
 
-}  // namespace
-
 clsCorvanta::clsCorvanta(Connection& connection, Platform& platform)
-    : connection_(connection), platform_(platform), undo_(connection, UndoneTables()) {}
+    : topics_(std::make_unique<Topics>(connection, platform, *this)) {}
+clsCorvanta::~clsCorvanta() = default;
 
-std::int64_t clsCorvanta::ReadKey(const std::string& sql, std::string_view column) {
-  const Recordset row = connection_.OpenRecordset(sql);
-  return row.Eof() ? 0 : row.Field(column).Int();
+Connection& clsCorvanta::Store() {
+  return topics_->core.store;
 }
-
-bool clsCorvanta::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {
-  return ForEachRow(keys.size(), platform_.progress, [&](std::size_t row) { change(keys[row]); });
+UndoLog& clsCorvanta::Undo() {
+  return topics_->core.undo;
 }
-
-// One transaction, however long it takes: what the person asked for at once is done or not, so that
-// asking again after a failure never does a part of it twice.
-bool clsCorvanta::ForEachRow(std::size_t count, Progress& progress,
-                             const std::function<void(std::size_t)>& change) {
-  using Time = std::chrono::steady_clock;
-  constexpr auto kShowEvery = std::chrono::milliseconds(250);
-  const StepsShown steps(progress);
-  Transaction all = connection_.Begin();
-  Time::time_point shown = Time::now();
-  for (std::size_t done = 0; done < count;) {
-    change(done);
-    ++done;
-    if (!progress.Yield() && done < count) return false;
-    if (done < count && Time::now() - shown >= kShowEvery) {
-      progress.SetStep(done, count);
-      shown = Time::now();
-    }
-  }
-  all.Commit();
-  return true;
+TransactionBook& clsCorvanta::Transactions() {
+  return topics_->transactions;
+}
+BulkEditor& clsCorvanta::BulkEdits() {
+  return topics_->bulkEdits;
+}
+TransactionPaste& clsCorvanta::Copies() {
+  return topics_->copies;
+}
+StatusBook& clsCorvanta::Statuses() {
+  return topics_->statuses;
+}
+TransferLinking& clsCorvanta::Transfers() {
+  return topics_->transfers;
+}
+ScheduleBook& clsCorvanta::Schedules() {
+  return topics_->schedules;
+}
+KeywordBook& clsCorvanta::Notes() {
+  return topics_->notes;
+}
+BalanceBook& clsCorvanta::Balances() {
+  return topics_->balances;
+}
+AccountBook& clsCorvanta::Accounts() {
+  return topics_->accounts;
+}
+InvestmentBook& clsCorvanta::Investments() {
+  return topics_->investments;
+}
+CategoryBook& clsCorvanta::Categories() {
+  return topics_->categories;
+}
+ReferenceBook& clsCorvanta::References() {
+  return topics_->references;
 }
 
 }  // namespace corvanta

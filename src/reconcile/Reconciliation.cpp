@@ -1,6 +1,10 @@
 #include "reconcile/Reconciliation.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/ClosedAccounts.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/StatusBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
@@ -54,7 +58,7 @@ class RowReader {
     row.transactionId = rows_.Int(id_);
     row.image =
         ImageOf(rows_.Int(bankSch_) != 0, !rows_.Text(allocated_).empty(), rows_.Int(twin_) != 0);
-    row.date = Date::FromIso(rows_.Text(date_).substr(0, 10)).value_or(Date());
+    row.date = rows_.Day(date_).value_or(Date());
     row.payee = rows_.Text(payee_);
     row.category = rows_.Text(category_);
     const std::string_view subCategory = rows_.Text(subCategory_);
@@ -112,13 +116,12 @@ Reconciliation::Reconciliation(std::int64_t accountId, clsCorvanta& ledger)
 
 std::optional<Warning> Reconciliation::Check() {
   const std::optional<AccountRecord> account =
-      accountId_ == 0 ? std::nullopt : ledger_.ReadAccount(accountId_);
+      accountId_ == 0 ? std::nullopt : ledger_.Accounts().ReadAccount(accountId_);
   if (!account) {
     return Warning{"Please Select Account", "Please select an Account to continue.", ""};
   }
   if (account->closed) {
-    return Warning{std::string(kBalanceAccount), "This Account is closed, Items cannot be amended",
-                   ""};
+    return Warning{std::string(kBalanceAccount), kAccountClosed, ""};
   }
   return std::nullopt;
 }
@@ -130,7 +133,7 @@ std::optional<Warning> Reconciliation::CheckAdd() {
 }
 
 std::string Reconciliation::AccountText() {
-  const std::optional<AccountRecord> account = ledger_.ReadAccount(accountId_);
+  const std::optional<AccountRecord> account = ledger_.Accounts().ReadAccount(accountId_);
   if (!account) return {};
   const std::string currency = Currency();
   return account->account + (currency.empty() ? "" : " (" + currency + ")");
@@ -272,7 +275,7 @@ bool Reconciliation::Apply(Progress& progress) {
   std::vector<Settlement> settlements;
   settlements.reserve(rows_.size());
   for (const ReconcileRow& row : rows_) settlements.push_back({row.transactionId, row.isTicked});
-  return ledger_.Settle(settlements, progress);
+  return ledger_.Statuses().Settle(settlements, progress);
 }
 
 }  // namespace corvanta

@@ -1,5 +1,8 @@
 #include "reference/AccountEditor.h"
 
+#include "ledger/AccountBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -7,6 +10,7 @@
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 
@@ -29,7 +33,7 @@ bool IsReserved(std::string_view name) {
 AccountForm AccountEditor::New() {
   AccountForm form;
   const std::string own = platform_.locale.CurrencyCode();
-  const auto currencies = ledger_.Currencies();
+  const auto currencies = ledger_.References().Currencies();
   const auto currency = std::find_if(
       currencies.begin(), currencies.end(),
       [&](const CurrencyRecord& candidate) { return EqualFolded(candidate.currency, own); });
@@ -38,11 +42,11 @@ AccountForm AccountEditor::New() {
 }
 
 std::optional<AccountForm> AccountEditor::Load(std::int64_t key) {
-  const auto row = ledger_.ReadAccount(key);
+  const auto row = ledger_.Accounts().ReadAccount(key);
   if (!row) return std::nullopt;
-  const auto group =
-      RowOf(ledger_.AccountGroups(), &AccountGroupRecord::accountTypeId, row->accountTypeId);
-  const auto bank = RowOf(ledger_.Banks(), &BankRecord::bankId, row->bankId);
+  const auto group = RowOf(ledger_.References().AccountGroups(), &AccountGroupRecord::accountTypeId,
+                           row->accountTypeId);
+  const auto bank = RowOf(ledger_.References().Banks(), &BankRecord::bankId, row->bankId);
   AccountForm form;
   form.accountId = row->accountId;
   form.account = row->account;
@@ -88,7 +92,7 @@ std::optional<Warning> AccountEditor::Check(const AccountForm& form) {
                                   {"Description", form.description, "txtDescription"}})) {
     return warning;
   }
-  return Duplicate(ledger_.OtherAccount(form.account, form.accountId) != 0,
+  return Duplicate(ledger_.Accounts().OtherAccount(form.account, form.accountId) != 0,
                    "Account already exists", "txtAccount");
 }
 
@@ -100,19 +104,19 @@ std::int64_t AccountEditor::Save(const AccountForm& form) {
   record.accountId = form.accountId;
   record.account = Trim(form.account);
   record.accountNo = Trim(form.accountNo);
-  record.accountTypeId = ledger_.FindOrCreateAccountGroup(form.accountGroup);
-  record.bankId = IsNoBank(form.bank) ? 0 : ledger_.FindOrCreateBank(form.bank);
+  record.accountTypeId = ledger_.References().FindOrCreateAccountGroup(form.accountGroup);
+  record.bankId = IsNoBank(form.bank) ? 0 : ledger_.References().FindOrCreateBank(form.bank);
   record.openingBalance = form.openingBalance.value_or(0);
   record.currencyId = form.currencyId;
   record.description = Trim(form.description);
   record.closed = form.closed;
-  const std::int64_t key = ledger_.SaveAccount(record);
+  const std::int64_t key = ledger_.Accounts().SaveAccount(record);
   all.Commit();
   return key;
 }
 
 Deletion AccountEditor::Delete(std::int64_t key) {
-  const bool isGone = ledger_.DeleteAccount(key, platform_.prompts);
+  const bool isGone = ledger_.Accounts().DeleteAccount(key, platform_.prompts);
   return {isGone, isGone, {}};
 }
 

@@ -1,14 +1,16 @@
 #include "reference/AccountTypeEditor.h"
 
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 
 std::optional<AccountGroupRecord> AccountTypeEditor::Load(std::int64_t key) {
-  return RowOf(ledger_.AccountGroups(), &AccountGroupRecord::accountTypeId, key);
+  return RowOf(ledger_.References().AccountGroups(), &AccountGroupRecord::accountTypeId, key);
 }
 
 std::optional<Warning> AccountTypeEditor::Check(const AccountGroupRecord& form) {
@@ -25,8 +27,9 @@ std::optional<Warning> AccountTypeEditor::Check(const AccountGroupRecord& form) 
                                  {{"Description", form.description, "txtDescription"}})) {
     return warning;
   }
-  return Duplicate(ledger_.OtherAccountGroup(form.accountType, form.accountTypeId) != 0,
-                   "Account group already exists", "txtAccountType");
+  return Duplicate(
+      ledger_.References().OtherAccountGroup(form.accountType, form.accountTypeId) != 0,
+      "Account group already exists", "txtAccountType");
 }
 
 std::int64_t AccountTypeEditor::Save(AccountGroupRecord form) {
@@ -34,7 +37,7 @@ std::int64_t AccountTypeEditor::Save(AccountGroupRecord form) {
   TrimText(form.description);
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.accountTypeId == 0 ? "Add Account Group" : "Edit Account Group");
-  return ledger_.SaveAccountGroup(form);
+  return ledger_.References().SaveAccountGroup(form);
 }
 
 Deletion AccountTypeEditor::Delete(std::int64_t key) {
@@ -43,7 +46,8 @@ Deletion AccountTypeEditor::Delete(std::int64_t key) {
 
 Deletion AccountTypeEditor::DeleteUnasked(std::int64_t key) {
   const auto row = Load(key);
-  return DeletionOf(ledger_.DeleteAccountGroup(key), row ? row->accountType : std::string());
+  return DeletionOf(ledger_.References().DeleteAccountGroup(key),
+                    row ? row->accountType : std::string());
 }
 
 }  // namespace corvanta

@@ -1,14 +1,16 @@
 #include "reference/BankEditor.h"
 
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 
 std::optional<BankRecord> BankEditor::Load(std::int64_t key) {
-  return RowOf(ledger_.Banks(), &BankRecord::bankId, key);
+  return RowOf(ledger_.References().Banks(), &BankRecord::bankId, key);
 }
 
 std::optional<Warning> BankEditor::Check(const BankRecord& form) {
@@ -29,8 +31,8 @@ std::optional<Warning> BankEditor::Check(const BankRecord& form) {
   const auto former = Load(form.bankId);
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.bank), former->bank)) return std::nullopt;
-  return Duplicate(ledger_.OtherBank(form.bank, form.bankId) != 0, "Bank already exists",
-                   "txtBank");
+  return Duplicate(ledger_.References().OtherBank(form.bank, form.bankId) != 0,
+                   "Bank already exists", "txtBank");
 }
 
 std::int64_t BankEditor::Save(BankRecord form) {
@@ -43,7 +45,7 @@ std::int64_t BankEditor::Save(BankRecord form) {
   TrimText(form.web);
   TrimText(form.description);
   const UndoLog::Step step = ledger_.Undo().Begin(form.bankId == 0 ? "Add Bank" : "Edit Bank");
-  return ledger_.SaveBank(form);
+  return ledger_.References().SaveBank(form);
 }
 
 Deletion BankEditor::Delete(std::int64_t key) {
@@ -52,7 +54,7 @@ Deletion BankEditor::Delete(std::int64_t key) {
 
 Deletion BankEditor::DeleteUnasked(std::int64_t key) {
   const auto row = Load(key);
-  return DeletionOf(ledger_.DeleteBank(key), row ? row->bank : std::string());
+  return DeletionOf(ledger_.References().DeleteBank(key), row ? row->bank : std::string());
 }
 
 }  // namespace corvanta

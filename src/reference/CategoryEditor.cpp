@@ -1,5 +1,6 @@
 #include "reference/CategoryEditor.h"
 
+#include "ledger/CategoryBook.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Prompts.h"
@@ -7,6 +8,7 @@
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -44,7 +46,7 @@ std::string FullName(const CategoryRecord& category) {
 }
 
 std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
-  const auto row = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, key);
+  const auto row = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, key);
   if (!row) return std::nullopt;
   return CategoryForm{row->categoryId, row->category, row->subCategory, row->type,
                       row->budget,     row->periodId, row->description};
@@ -67,7 +69,8 @@ std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
                                  {{"Description", form.description, "txtDescription"}})) {
     return warning;
   }
-  const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto former =
+      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
   const std::string name =
       Trim(form.subCategory).empty() ? form.category : form.category + ":" + form.subCategory;
   for (const char* fixed : {"Credit", "Debit"}) {
@@ -77,33 +80,35 @@ std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
     }
   }
   if (Trim(form.subCategory).empty()) {
-    return Duplicate(ledger_.OtherMainCategory(form.category, form.categoryId) != 0,
+    return Duplicate(ledger_.Categories().OtherMainCategory(form.category, form.categoryId) != 0,
                      "Category already exists", "cmbCategory");
   }
-  return Duplicate(ledger_.OtherSubCategory(form.category, form.subCategory, form.categoryId) != 0,
-                   "Sub category already exists", "txtSubCategory");
+  return Duplicate(
+      ledger_.Categories().OtherSubCategory(form.category, form.subCategory, form.categoryId) != 0,
+      "Sub category already exists", "txtSubCategory");
 }
 
 int CategoryEditor::TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former) {
   if (form.type != 0) return form.type;
   if (former) return former->type;
-  const auto main = RowOf(ledger_.Categories(), &CategoryRecord::categoryId,
-                          ledger_.FindCategory(form.category, {}));
+  const auto main = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId,
+                          ledger_.Categories().FindCategory(form.category, {}));
   return main ? main->type : kExpense;
 }
 
 // Whether a sub-category would meet another one of its name.
 bool CategoryEditor::Clashes(const std::string& oldName, const std::string& newName) {
   if (EqualFolded(oldName, newName)) return false;
-  for (const CategoryRecord& row : ledger_.Categories()) {
+  for (const CategoryRecord& row : ledger_.Categories().Categories()) {
     if (row.subCategory.empty() || !EqualFolded(row.category, oldName)) continue;
-    if (ledger_.OtherSubCategory(newName, row.subCategory, row.categoryId) != 0) return true;
+    if (ledger_.Categories().OtherSubCategory(newName, row.subCategory, row.categoryId) != 0)
+      return true;
   }
   return false;
 }
 
 bool CategoryEditor::HasSubCategories(const std::string& name) {
-  for (const CategoryRecord& row : ledger_.Categories()) {
+  for (const CategoryRecord& row : ledger_.Categories().Categories()) {
     if (!row.subCategory.empty() && EqualFolded(row.category, name)) return true;
   }
   return false;
@@ -114,10 +119,11 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   TrimText(form.subCategory);
   TrimText(form.description);
   TakePath(ledger_, form);
-  const auto former = RowOf(ledger_.Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto former =
+      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
   const bool isMain = form.subCategory.empty();
-  const auto main = RowOf(ledger_.Categories(), &CategoryRecord::categoryId,
-                          ledger_.FindCategory(form.category, {}));
+  const auto main = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId,
+                          ledger_.Categories().FindCategory(form.category, {}));
   // A sub-category stands under its main category in that one's spelling.
   if (!isMain && main && main->categoryId != form.categoryId) form.category = main->category;
   const bool isRenamed = former && former->category != form.category;
@@ -132,17 +138,17 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   }
   const UndoLog::Step step = ledger_.Undo().Begin(former ? "Edit Category" : "Add Category");
   Transaction all = ledger_.Store().Begin();
-  if (takesAlong) ledger_.RenameMainCategory(former->category, form.category, type);
+  if (takesAlong) ledger_.Categories().RenameMainCategory(former->category, form.category, type);
   CategoryRecord record{form.categoryId,         form.category, form.subCategory, type,
                         form.budget.value_or(0), form.periodId, form.description};
-  const std::int64_t key = ledger_.SaveCategory(record);
+  const std::int64_t key = ledger_.Categories().SaveCategory(record);
   // Behind the row, for it may have been the main category itself until now.
   if (!isMain && (!former || isRenamed || former->subCategory.empty())) {
-    ledger_.FindOrCreateCategory(form.category, {}, type);
+    ledger_.Categories().FindOrCreateCategory(form.category, {}, type);
   }
   // Sub-categories of a main category that became one itself keep a main category of their own.
   if (!isMain && former && former->subCategory.empty() && HasSubCategories(former->category)) {
-    ledger_.FindOrCreateCategory(former->category, {}, former->type);
+    ledger_.Categories().FindOrCreateCategory(former->category, {}, former->type);
   }
   all.Commit();
   return key;
@@ -150,7 +156,7 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
 
 Deletion CategoryEditor::Delete(std::int64_t key) {
   if (!AskDelete(prompts_)) return {};
-  const CategoryDeletion done = ledger_.DeleteCategory(key);
+  const CategoryDeletion done = ledger_.Categories().DeleteCategory(key);
   Deletion deletion;
   deletion.isChanged = done.deleted > 0;
   deletion.isGone = deletion.isChanged;

@@ -3,6 +3,8 @@
 #include "controls/AmountEdit.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
@@ -53,12 +55,12 @@ QString FrmAccounts::ItemName() const {
 
 void FrmAccounts::FillLists() {
   std::vector<PickItem> groups;
-  for (const AccountGroupRecord& row : ledger_.AccountGroups()) {
+  for (const AccountGroupRecord& row : ledger_.References().AccountGroups()) {
     groups.push_back({row.accountTypeId, ToQt(row.accountType)});
   }
   cmbAccountType_->SetItems(groups);
   std::vector<PickItem> currencies;
-  for (const CurrencyRecord& row : ledger_.Currencies()) {
+  for (const CurrencyRecord& row : ledger_.References().Currencies()) {
     const std::string& name = row.description.empty() ? row.currency : row.description;
     currencies.push_back({row.currencyId, ToQt(name)});
   }
@@ -68,7 +70,8 @@ void FrmAccounts::FillLists() {
 
 void FrmAccounts::FillBanks() {
   std::vector<PickItem> banks{{0, QLatin1String(kNoBank)}};
-  for (const BankRecord& row : ledger_.Banks()) banks.push_back({row.bankId, ToQt(row.bank)});
+  for (const BankRecord& row : ledger_.References().Banks())
+    banks.push_back({row.bankId, ToQt(row.bank)});
   cmbBank_->SetItems(banks);
 }
 

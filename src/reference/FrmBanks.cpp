@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "ledger/ReferenceRecords.h"
 #include "platform/Platform.h"
 
 #include <QLineEdit>

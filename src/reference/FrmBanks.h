@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/EditorDialog.h"
+#include "ledger/ReferenceRecords.h"
 #include "reference/BankEditor.h"
 
 class QLineEdit;

@@ -3,6 +3,9 @@
 #include "controls/AmountEdit.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
@@ -63,14 +66,14 @@ QString FrmCategory::ItemName() const {
 // A main category is no choice for itself: completing would undo a change of its case.
 void FrmCategory::FillLists(std::int64_t shown) {
   std::vector<PickItem> mains;
-  for (const CategoryRecord& row : ledger_.Categories()) {
+  for (const CategoryRecord& row : ledger_.Categories().Categories()) {
     if (!row.subCategory.empty() || row.categoryId == shown) continue;
     mains.push_back({row.categoryId, ToQt(row.category)});
   }
   cmbCategory_->SetItems(mains);
   cmbPeriod_->clear();
   cmbPeriod_->addItem(tr("none"), 0);
-  for (const PeriodRecord& period : ledger_.Periods()) {
+  for (const PeriodRecord& period : ledger_.References().Periods()) {
     cmbPeriod_->addItem(ToQt(period.description), static_cast<qint64>(period.periodId));
   }
 }

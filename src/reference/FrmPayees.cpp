@@ -1,6 +1,7 @@
 #include "reference/FrmPayees.h"
 
 #include "controls/QtText.h"
+#include "ledger/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
 

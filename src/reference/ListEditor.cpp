@@ -1,5 +1,8 @@
 #include "reference/ListEditor.h"
 
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "reference/AccountTypeEditor.h"
 #include "reference/BankEditor.h"
@@ -30,22 +33,22 @@ std::vector<ListItem> ListEditor::Items() {
   std::vector<ListItem> items;
   switch (kind_) {
     case ListKind::Payment:
-      for (const PaymentRecord& row : ledger_.Payments()) {
+      for (const PaymentRecord& row : ledger_.References().Payments()) {
         items.push_back({row.paymentId, row.payment, row.description});
       }
       break;
     case ListKind::Bank:
-      for (const BankRecord& row : ledger_.Banks()) {
+      for (const BankRecord& row : ledger_.References().Banks()) {
         items.push_back({row.bankId, row.bank, row.description});
       }
       break;
     case ListKind::AccountType:
-      for (const AccountGroupRecord& row : ledger_.AccountGroups()) {
+      for (const AccountGroupRecord& row : ledger_.References().AccountGroups()) {
         items.push_back({row.accountTypeId, row.accountType, row.description});
       }
       break;
     case ListKind::Keywords:
-      for (const KeywordRecord& row : ledger_.Keywords()) {
+      for (const KeywordRecord& row : ledger_.Notes().Keywords()) {
         items.push_back({row.keywordId, row.keyword, {}});
       }
       break;

@@ -1,5 +1,8 @@
 #include "reference/MergeEditor.h"
 
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Prompts.h"
 #include "reference/CategoryEditor.h"
@@ -29,10 +32,11 @@ std::string MergeEditor::TargetLabel() const {
 std::vector<MergeItem> MergeEditor::Items() {
   std::vector<MergeItem> items;
   if (kind_ == MergeKind::Payee) {
-    for (const PayeeRecord& payee : ledger_.Payees()) items.push_back({payee.payeeId, payee.payee});
+    for (const PayeeRecord& payee : ledger_.References().Payees())
+      items.push_back({payee.payeeId, payee.payee});
     return items;
   }
-  for (const CategoryRecord& category : ledger_.Categories()) {
+  for (const CategoryRecord& category : ledger_.Categories().Categories()) {
     items.push_back({category.categoryId, FullName(category)});
   }
   return items;
@@ -56,9 +60,9 @@ bool MergeEditor::Merge(std::int64_t source, const MergeItem& target) {
     return false;
   }
   if (kind_ == MergeKind::Payee) {
-    ledger_.MergePayees(source, target.key);
+    ledger_.References().MergePayees(source, target.key);
   } else {
-    ledger_.MergeCategories(source, target.key);
+    ledger_.Categories().MergeCategories(source, target.key);
   }
   prompts_.Tell("Merge Records", "Merge completed.");
   return true;

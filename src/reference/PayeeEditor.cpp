@@ -1,14 +1,16 @@
 #include "reference/PayeeEditor.h"
 
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 
 std::optional<PayeeRecord> PayeeEditor::Load(std::int64_t key) {
-  return RowOf(ledger_.Payees(), &PayeeRecord::payeeId, key);
+  return RowOf(ledger_.References().Payees(), &PayeeRecord::payeeId, key);
 }
 
 std::optional<Warning> PayeeEditor::Check(const PayeeRecord& form) {
@@ -23,21 +25,21 @@ std::optional<Warning> PayeeEditor::Check(const PayeeRecord& form) {
   const auto former = Load(form.payeeId);
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.payee), former->payee)) return std::nullopt;
-  return Duplicate(ledger_.OtherPayee(form.payee, form.payeeId) != 0, "Payee already exists",
-                   "txtPayee");
+  return Duplicate(ledger_.References().OtherPayee(form.payee, form.payeeId) != 0,
+                   "Payee already exists", "txtPayee");
 }
 
 std::int64_t PayeeEditor::Save(PayeeRecord form) {
   TrimText(form.payee);
   TrimText(form.description);
   const UndoLog::Step step = ledger_.Undo().Begin(form.payeeId == 0 ? "Add Payee" : "Edit Payee");
-  return ledger_.SavePayee(form);
+  return ledger_.References().SavePayee(form);
 }
 
 Deletion PayeeEditor::Delete(std::int64_t key) {
   if (!AskDelete(prompts_)) return {};
   const auto row = Load(key);
-  return DeletionOf(ledger_.DeletePayee(key), row ? row->payee : std::string());
+  return DeletionOf(ledger_.References().DeletePayee(key), row ? row->payee : std::string());
 }
 
 }  // namespace corvanta

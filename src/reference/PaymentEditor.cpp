@@ -1,9 +1,11 @@
 #include "reference/PaymentEditor.h"
 
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -11,7 +13,7 @@ constexpr std::string_view kImport = "Import";
 }
 
 std::optional<PaymentRecord> PaymentEditor::Load(std::int64_t key) {
-  return RowOf(ledger_.Payments(), &PaymentRecord::paymentId, key);
+  return RowOf(ledger_.References().Payments(), &PaymentRecord::paymentId, key);
 }
 
 std::optional<Warning> PaymentEditor::Check(const PaymentRecord& form) {
@@ -33,7 +35,7 @@ std::optional<Warning> PaymentEditor::Check(const PaymentRecord& form) {
   }
   // Rows of one name that came with an import stay open to other changes.
   if (former && EqualFolded(Trim(form.payment), former->payment)) return std::nullopt;
-  return Duplicate(ledger_.OtherPayment(form.payment, form.paymentId) != 0,
+  return Duplicate(ledger_.References().OtherPayment(form.payment, form.paymentId) != 0,
                    "Payment type already exists", "txtPayment");
 }
 
@@ -42,7 +44,7 @@ std::int64_t PaymentEditor::Save(PaymentRecord form) {
   TrimText(form.description);
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.paymentId == 0 ? "Add Payment Type" : "Edit Payment Type");
-  return ledger_.SavePayment(form);
+  return ledger_.References().SavePayment(form);
 }
 
 Deletion PaymentEditor::Delete(std::int64_t key) {
@@ -51,7 +53,7 @@ Deletion PaymentEditor::Delete(std::int64_t key) {
 
 Deletion PaymentEditor::DeleteUnasked(std::int64_t key) {
   const auto row = Load(key);
-  return DeletionOf(ledger_.DeletePayment(key), row ? row->payment : std::string());
+  return DeletionOf(ledger_.References().DeletePayment(key), row ? row->payment : std::string());
 }
 
 }  // namespace corvanta

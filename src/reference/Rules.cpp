@@ -1,5 +1,6 @@
 #include "reference/Rules.h"
 
+#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 
@@ -35,7 +36,7 @@ std::optional<Warning> FixedName(std::string_view fixed, std::string_view former
 std::optional<Warning> TextTooLong(clsCorvanta& ledger, std::string_view table,
                                    std::initializer_list<FieldText> texts) {
   for (const FieldText& text : texts) {
-    const auto problem = ledger.TooLong(table, {{text.column, text.text}});
+    const auto problem = ledger.References().TooLong(table, {{text.column, text.text}});
     if (problem) return Warning{kSaveWarning, problem->text, std::string(text.field)};
   }
   return std::nullopt;

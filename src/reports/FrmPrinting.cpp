@@ -8,6 +8,7 @@
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
+#include "platform/StatusWords.h"
 #include "reports/FrmPainterSurface.h"
 #include "reports/LVPrint.h"
 
@@ -21,28 +22,6 @@ namespace {
 
 constexpr double kMargin = 15;  // millimetres
 constexpr int kPdfResolution = 1200;
-
-// Puts the former status text back whatever happens.
-class PrintStatus {
- public:
-  explicit PrintStatus(Progress& progress)
-      : progress_(progress), former_(progress.SetStatus("Printing...")) {}
-  ~PrintStatus() {
-    progress_.SetStep(0, 0);
-    progress_.SetStatus(former_);
-  }
-  PrintStatus(const PrintStatus&) = delete;
-  PrintStatus& operator=(const PrintStatus&) = delete;
-
-  bool Show(int page, int pages) {
-    progress_.SetStep(static_cast<std::size_t>(page - 1), static_cast<std::size_t>(pages));
-    return progress_.Yield();
-  }
-
- private:
-  Progress& progress_;
-  std::string former_;
-};
 
 }  // namespace
 
@@ -65,10 +44,14 @@ bool PrintPages(QPagedPaintDevice& device, const PrintTable& table, Platform& pl
         "The printer cannot be used. Nothing was printed. Choose another one, or save a PDF "
         "instead.");
   }
-  PrintStatus status(platform.progress);
+  Progress& progress = platform.progress;
+  const StatusWords words(progress, "Printing...");
   PrinterSurface surface(device, painter);
   LVPrint print(table, PrintDate(platform), surface);
-  return print.Print([&](int page, int pages) { return status.Show(page, pages); });
+  return print.Print([&](int page, int pages) {
+    progress.SetStep(static_cast<std::size_t>(page - 1), static_cast<std::size_t>(pages));
+    return progress.Yield();
+  });
 }
 
 bool SavePdf(const PrintTable& table, Platform& platform) {

@@ -1,5 +1,6 @@
 #include "app/WindowTest.h"
 #include "controls/SortedTable.h"
+#include "ledger/ReferenceBook.h"
 #include "platform/Files.h"
 #include "support/DialogTest.h"
 #include "support/LedgerProblems.h"
@@ -64,9 +65,9 @@ TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {
   Trigger("mnuViewRefresh");
   const std::string path = machine_.folder.Write("statement.qif", kStatement);
   const auto import = [&](const char* account) {
-    machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
     InNextDialog([&](QDialog& form) {
       machine_.prompts.ExpectOpenFile("Select File to Import", path);
+      machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
       Click(form, "cmdFile");
       Find<QComboBox>(form, "cmbAccount").setCurrentText(QLatin1String(account));
       Click(form, "cmdAccept");
@@ -114,7 +115,7 @@ TEST_F(ExchangeCommands, WhatCanBeBrowsedCanBeDropped) {
 
 TEST_F(ExchangeCommands, TheRegisterIsExportedAsItIsShown) {
   Start();
-  session_.Ledger().FindOrCreatePayee("Corner Shop");
+  session_.Ledger().References().FindOrCreatePayee("Corner Shop");
   Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,[Date],"
       "[Amount],BankChk,BankRec,BankSch,TransferID,[Action]) VALUES "
       "(1,1,1,1,0,#11/01/2026#,-12.5,0,0,0,0,0)");

@@ -1,4 +1,5 @@
 #include "app/TotalsLine.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 #include "support/FixedLocale.h"
 

@@ -2,6 +2,10 @@
 #include "app/RegisterView.h"
 #include "app/WindowTest.h"
 #include "controls/SortedTable.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "support/LedgerProblems.h"
 
 #include <QCheckBox>
@@ -37,7 +41,7 @@ class TransactionCommands : public WindowTest {
   int Rows() { return Model().rowCount(); }
   std::int64_t Key(int row) { return Model().Row(row).transactionId; }
   std::string Flags(std::int64_t key) {
-    const RowMarks marks = session_.Ledger().MarksOf(key);
+    const RowMarks marks = session_.Ledger().Statuses().MarksOf(key);
     return std::to_string(marks.flags.bankChk) + '/' + std::to_string(marks.flags.bankRec);
   }
   std::int64_t Number(const std::string& sql) {
@@ -264,13 +268,13 @@ TEST_F(TransactionCommands, CopiesArePastedIntoTheAccountShown) {
 
 TEST_F(TransactionCommands, ATransferLeadsToItsOtherHalf) {
   Start();
-  TransactionRecord from = *session_.Ledger().ReadTransaction(Key(5));
+  TransactionRecord from = *session_.Ledger().Transactions().ReadTransaction(Key(5));
   from.transactionId = 0;
   from.amount = -12;
   TransactionRecord to = from;
   to.accountId = 2;
   to.amount = 12;
-  session_.Ledger().SaveTransfer(from, to);
+  session_.Ledger().Transactions().SaveTransfer(from, to);
   Trigger("mnuViewRefresh");
   window_->findChild<RegisterView*>()->ChooseKey(from.transactionId);
   EXPECT_TRUE(Find<QAction>("mnuTransTransfer").isVisible());

@@ -3,6 +3,10 @@
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/QtProgress.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/sql/Connection.h"
 #include "support/TemporaryStore.h"
@@ -46,15 +50,15 @@ class WindowTest : public testing::Test {
     ScheduleRecord record;
     record.accountId = 1;
     record.categoryId = 2;
-    record.paymentId = ledger.FindOrCreatePayment("Bank");
-    record.payeeId = ledger.FindOrCreatePayee("Landlord");
-    for (const PeriodRecord& period : ledger.Periods()) {
+    record.paymentId = ledger.References().FindOrCreatePayment("Bank");
+    record.payeeId = ledger.References().FindOrCreatePayee("Landlord");
+    for (const PeriodRecord& period : ledger.References().Periods()) {
       if (period.period == "m") record.periodId = period.periodId;
     }
     record.amount = amount;
     record.dateFrom = from;
     record.addToAccount = add;
-    return ledger.SaveSchedule(record);
+    return ledger.Schedules().SaveSchedule(record);
   }
   void Run(const std::string& sql) { session_.Ledger().Store().Execute(sql); }
 

@@ -1,5 +1,6 @@
 #include "entry/AllocationEditor.h"
 #include "entry/EntryTest.h"
+#include "ledger/ScheduleBook.h"
 
 namespace corvanta {
 namespace {
@@ -149,14 +150,14 @@ TEST_F(Allocating, SharesOfAScheduleAreRowsOfItsTable) {
   EXPECT_EQ(editor.Remaining(), -40);
   EXPECT_EQ(Count("tblTransactions"), 0);
   EXPECT_EQ(Count("tblSchedule Where AllocatedItem <> 0"), 1);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -60);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -60);
   AllocationForm changed = editor.Lines().front();
   changed.amount = -70;
   EXPECT_EQ(Save(editor, changed), first);
   EXPECT_EQ(editor.Remaining(), -30);
   editor.Delete(first);
   EXPECT_EQ(editor.Remaining(), -100);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -100);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -100);
 }
 
 }  // namespace

@@ -1,5 +1,10 @@
 #include "entry/AutofillEditor.h"
 #include "entry/EntryTest.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -13,8 +18,8 @@ class Autofilling : public EntryTest {
     AutofillForm form = editor_.New(bank_);
     form.amount = amount;
     form.type = type;
-    form.payeeId = ledger_.FindOrCreatePayee("Grocer");
-    form.categoryId = ledger_.FindCategory("Shopping", "Food");
+    form.payeeId = ledger_.References().FindOrCreatePayee("Grocer");
+    form.categoryId = ledger_.Categories().FindCategory("Shopping", "Food");
     return form;
   }
   std::int64_t AddTemplate(int daysAgo, const std::string& description) {
@@ -22,8 +27,8 @@ class Autofilling : public EntryTest {
     row.date = Today().AddDays(-daysAgo);
     row.description = description;
     row.reference = "ref of " + description;
-    row.paymentId = ledger_.FindOrCreatePayment("paid as " + description);
-    return ledger_.SaveTransaction(row);
+    row.paymentId = ledger_.References().FindOrCreatePayment("paid as " + description);
+    return ledger_.Transactions().SaveTransaction(row);
   }
 
   AutofillEditor editor_{ledger_, Services()};
@@ -72,7 +77,7 @@ TEST_F(Autofilling, WithoutAnEarlierRowThereIsNotEnoughToGoOn) {
   AddRow(cash_, -5);
   TransactionRecord from = Row(AddRow(bank_, -5));
   TransactionRecord to = Row(AddRow(euro_, 5));
-  ledger_.SaveTransfer(from, to);
+  ledger_.Transactions().SaveTransfer(from, to);
   const std::string before = Everything();
   AutofillForm other = Form(5);
   other.categoryId = 1;
@@ -90,14 +95,14 @@ TEST_F(Autofilling, AnEditedRowKeepsTheRest) {
   settled.status = FlagsOf(TransactionStatus::Reconciled);
   settled.scheduleId = AddSchedule(-5);
   settled.scheduleDate = settled.date;
-  ledger_.SaveTransaction(settled);
+  ledger_.Transactions().SaveTransaction(settled);
   AddTemplate(1, "later words");
   AutofillForm form = *editor_.Load(key);
   EXPECT_EQ(form.amount, 5);
   EXPECT_EQ(form.type, EntryType::Expense);
   form.amount = 8;
   form.type = EntryType::Income;
-  form.categoryId = ledger_.FindCategory("Gifts", "");
+  form.categoryId = ledger_.Categories().FindCategory("Gifts", "");
   EXPECT_EQ(editor_.Save(form), key);
   const auto row = Row(key);
   EXPECT_EQ(row.amount, 8);

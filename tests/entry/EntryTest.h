@@ -1,5 +1,13 @@
 #pragma once
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
@@ -36,41 +44,41 @@ class EntryTest : public testing::Test {
     AccountRecord record;
     record.account = name;
     record.accountTypeId = 1;
-    for (const CurrencyRecord& row : ledger_.Currencies()) {
+    for (const CurrencyRecord& row : ledger_.References().Currencies()) {
       if (row.currency == currency) record.currencyId = row.currencyId;
     }
-    return ledger_.SaveAccount(record);
+    return ledger_.Accounts().SaveAccount(record);
   }
   void CloseAccount(std::int64_t key) {
-    auto record = ledger_.ReadAccount(key);
+    auto record = ledger_.Accounts().ReadAccount(key);
     record->closed = true;
-    ledger_.SaveAccount(*record);
+    ledger_.Accounts().SaveAccount(*record);
   }
   // A row of the payee "Grocer", paid by "Card", of the category "Shopping:Food".
   std::int64_t AddRow(std::int64_t account, double amount, std::int64_t parent = 0) {
     TransactionRecord record;
     record.accountId = account;
-    record.categoryId = ledger_.FindCategory("Shopping", "Food");
-    record.payeeId = ledger_.FindOrCreatePayee("Grocer");
-    record.paymentId = ledger_.FindOrCreatePayment("Card");
+    record.categoryId = ledger_.Categories().FindCategory("Shopping", "Food");
+    record.payeeId = ledger_.References().FindOrCreatePayee("Grocer");
+    record.paymentId = ledger_.References().FindOrCreatePayment("Card");
     record.amount = amount;
     record.date = Today();
     record.allocatedItem = parent;
-    return ledger_.SaveTransaction(record);
+    return ledger_.Transactions().SaveTransaction(record);
   }
   std::int64_t AddSchedule(double amount) {
     ScheduleRecord record;
     record.accountId = bank_;
-    record.categoryId = ledger_.FindCategory("Shopping", "Food");
-    record.payeeId = ledger_.FindOrCreatePayee("Grocer");
-    record.paymentId = ledger_.FindOrCreatePayment("Card");
+    record.categoryId = ledger_.Categories().FindCategory("Shopping", "Food");
+    record.payeeId = ledger_.References().FindOrCreatePayee("Grocer");
+    record.paymentId = ledger_.References().FindOrCreatePayment("Card");
     record.periodId = 6;
     record.amount = amount;
     record.dateFrom = Today();
-    return ledger_.SaveSchedule(record);
+    return ledger_.Schedules().SaveSchedule(record);
   }
   [[nodiscard]] TransactionDetails Row(std::int64_t key) {
-    auto row = ledger_.ReadTransaction(key);
+    auto row = ledger_.Transactions().ReadTransaction(key);
     EXPECT_TRUE(row) << key;
     return row.value_or(TransactionDetails());
   }

@@ -2,6 +2,8 @@
 #include "entry/FrmAccountAuto.h"
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 
 #include <QRadioButton>
 
@@ -174,7 +176,7 @@ TEST_F(Auto, ATransferOpensInTheFullEditor) {
   to.transactionId = 0;
   to.accountId = cash_;
   to.amount = 25;
-  ledger_.SaveTransfer(from, to);
+  ledger_.Transactions().SaveTransfer(from, to);
   InNextDialog([](QDialog& full) { EXPECT_EQ(TextOfField(full, "cmbType"), "Transfer"); });
   EXPECT_FALSE(OpenAutofill(bank_, from.transactionId, Place()).isChanged);
 }

@@ -1,5 +1,8 @@
 #include "entry/FrmAccountTransMulti.h"
 #include "entry/FrmEntryTest.h"
+#include "ledger/Keys.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionStatus.h"
 
 #include <QRadioButton>
 
@@ -64,7 +67,7 @@ TEST_F(Multi, WhatIsFilledInIsChangedAndTheRestStays) {
 
 TEST_F(Multi, TheStatusStaysUnlessOneIsChosen) {
   const std::vector<std::int64_t> keys{AddRow(bank_, -10)};
-  ledger_.SetStatus(keys[0], 1, 1, 1);
+  ledger_.Statuses().SetStatus(keys[0], 1, 1, 1);
   FrmAccountTransMulti form(keys, Place());
   Show(form);
   EXPECT_TRUE(Find<QRadioButton>(form, "opPayment3").isChecked());
@@ -83,7 +86,7 @@ TEST_F(Multi, DeletingAsksForOneForManyAndForNone) {
     Click(none, "cmdDelete");
     EXPECT_TRUE(none.isVisible());
   }
-  FrmAccountTransMulti two(clsCorvanta::Keys(keys).first(2), Place());
+  FrmAccountTransMulti two(corvanta::Keys(keys).first(2), Place());
   Show(two);
   Prompt().ExpectAsk("Delete Items?", "Do you wish to delete these 2 items?", false);
   Click(two, "cmdDelete");
@@ -92,7 +95,7 @@ TEST_F(Multi, DeletingAsksForOneForManyAndForNone) {
   Click(two, "cmdDelete");
   EXPECT_FALSE(two.isVisible());
   EXPECT_EQ(Count("tblTransactions"), 1);
-  FrmAccountTransMulti one(clsCorvanta::Keys(keys).last(1), Place());
+  FrmAccountTransMulti one(corvanta::Keys(keys).last(1), Place());
   Show(one);
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
   Click(one, "cmdDelete");

@@ -1,5 +1,9 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "platform/Settings.h"
 
 #include <QRadioButton>
@@ -22,7 +26,7 @@ class AccountTrans : public FrmEntryTest {
     half.transactionId = 0;
     half.accountId = to;
     half.amount = amount;
-    ledger_.SaveTransfer(from, half);
+    ledger_.Transactions().SaveTransfer(from, half);
     return from.transactionId;
   }
   static QString LabelOf(const QWidget& form, const char* field) {
@@ -236,7 +240,7 @@ TEST_F(AccountTrans, APayeesLastTransactionIsProposedAndTypingWins) {
   EXPECT_EQ(TextOfField(*form, "cmbCategory"), "Gifts");
   EXPECT_EQ(TextOfField(*form, "cmbSubCategory"), "");
   EXPECT_EQ(TextOfField(*form, "txtAmount"), "7.00");
-  ledger_.FindOrCreatePayee("Baker");
+  ledger_.References().FindOrCreatePayee("Baker");
   form = Open(last);
   Put(*form, "cmbPayee", "Baker");
   Type(*form, "cmbPayee", "Grocer");
@@ -501,7 +505,8 @@ TEST_F(AccountTrans, ASplitParentKeepsTheSumOfItsLines) {
   Prompt().ExpectTell("Save Warning", ScriptedPrompts::kAnyText);
   Click(*form, "cmdAccept");
   EXPECT_EQ(Row(key).amount, -30);
-  for (const auto& line : ledger_.SplitLines(key)) EXPECT_EQ(line.date.ToIso(), "2026-03-01");
+  for (const auto& line : ledger_.Transactions().SplitLines(key))
+    EXPECT_EQ(line.date.ToIso(), "2026-03-01");
 }
 
 TEST_F(AccountTrans, TheScheduleIsOpenedThatTheRowIsOfOrANewOne) {

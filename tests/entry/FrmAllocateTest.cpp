@@ -1,6 +1,7 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmAllocate.h"
 #include "entry/FrmEntryTest.h"
+#include "ledger/TransactionBook.h"
 
 #include <QTableView>
 
@@ -47,7 +48,7 @@ TEST_F(Allocate, SharesAreSavedAtOnceAndTheRestRemains) {
   EXPECT_EQ(Cell(form, 0, 1), "for 'us'");
   EXPECT_EQ(Cell(form, 0, 2), "R1");
   EXPECT_EQ(Cell(form, 0, 3), "-60.00");
-  EXPECT_EQ(ledger_.SplitLines(key).size(), 1U);
+  EXPECT_EQ(ledger_.Transactions().SplitLines(key).size(), 1U);
   EXPECT_EQ(TextOfField(form, "txtAmount"), "-40.00");
   EXPECT_EQ(TextOfField(form, "txtDescription"), "");
   EXPECT_EQ(FocusOf(form), "cmbCategory");

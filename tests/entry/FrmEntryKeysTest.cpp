@@ -1,5 +1,7 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 
 #include <QAbstractButton>
 
@@ -107,7 +109,7 @@ TEST_F(EntryKeys, AnExpenseAnIncomeATransferAndASplitInThreeAreEntered) {
   EXPECT_FALSE(form_.isVisible());
   const std::int64_t parent = form_.SavedKey();
   EXPECT_EQ(Row(parent).amount, -90);
-  EXPECT_EQ(ledger_.SplitLines(parent).size(), 3U);
+  EXPECT_EQ(ledger_.Transactions().SplitLines(parent).size(), 3U);
   EXPECT_EQ(Count("tblTransactions Where AllocatedItem = 0"), 5);
 }
 

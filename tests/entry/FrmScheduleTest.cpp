@@ -1,6 +1,15 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
 #include "entry/FrmSchedule.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/StatusFilter.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 
 #include <QCheckBox>
 
@@ -23,14 +32,14 @@ class Schedule : public FrmEntryTest {
   std::int64_t AddSchedule(double amount = -25, int noTimes = 0) {
     ScheduleRecord record;
     record.accountId = bank_;
-    record.categoryId = ledger_.FindCategory("Shopping", "Food");
-    record.payeeId = ledger_.FindOrCreatePayee("Landlord");
-    record.paymentId = ledger_.FindOrCreatePayment("Card");
+    record.categoryId = ledger_.Categories().FindCategory("Shopping", "Food");
+    record.payeeId = ledger_.References().FindOrCreatePayee("Landlord");
+    record.paymentId = ledger_.References().FindOrCreatePayment("Card");
     record.periodId = store_.Number("Select PeriodID from tblPeriods Where Period = 'm'");
     record.amount = amount;
     record.dateFrom = Today();
     record.noTimes = noTimes;
-    return ledger_.SaveSchedule(record);
+    return ledger_.Schedules().SaveSchedule(record);
   }
   // A row that stands for the schedule's first payment.
   std::int64_t AddPosted(std::int64_t schedule) {
@@ -40,7 +49,7 @@ class Schedule : public FrmEntryTest {
     return key;
   }
   ScheduleDetails Stored(std::int64_t key) {
-    auto row = ledger_.ReadSchedule(key);
+    auto row = ledger_.Schedules().ReadSchedule(key);
     EXPECT_TRUE(row) << key;
     return row.value_or(ScheduleDetails());
   }
@@ -298,7 +307,7 @@ TEST_F(Schedule, ASavedOneIsSplitAtOnce) {
   EXPECT_EQ(TextOfField(*form, "txtAmount"), "90.00") << "read back";
   Click(*form, "cmdAccept");
   EXPECT_EQ(Stored(key).amount, -90);
-  const auto lines = ledger_.ScheduleLines(key);
+  const auto lines = ledger_.Schedules().ScheduleLines(key);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0].amount, -60);
   EXPECT_EQ(lines[0].category, "Gifts");
@@ -324,7 +333,7 @@ TEST_F(Schedule, ANewOneIsSavedBeforeItIsSplit) {
   Click(*form, "cmdAllocate");
   EXPECT_EQ(form->windowTitle(), "Edit Schedule");
   EXPECT_EQ(TextOfField(*form, "cmbPayee"), "Landlord");
-  EXPECT_EQ(ledger_.ScheduleLines(form->SavedKey()).size(), 1U);
+  EXPECT_EQ(ledger_.Schedules().ScheduleLines(form->SavedKey()).size(), 1U);
   Click(*form, "cmdAccept");
   EXPECT_EQ(Count("tblSchedule Where AllocatedItem = 0"), 1);
 }
@@ -341,18 +350,18 @@ TEST_F(Schedule, DeletingAsksAndOffersToDeleteWhatItPosted) {
   const std::int64_t kept = AddPosted(first);
   Prompt().ExpectAsk("Delete Item?", kAsked, false);
   EXPECT_FALSE(deleted(first));
-  EXPECT_TRUE(ledger_.ReadSchedule(first));
+  EXPECT_TRUE(ledger_.Schedules().ReadSchedule(first));
   Prompt().ExpectAsk("Delete Item?", kAsked, true);
   Prompt().ExpectAsk("Delete Item?", kRows, false);
   EXPECT_TRUE(deleted(first));
-  EXPECT_FALSE(ledger_.ReadSchedule(first));
+  EXPECT_FALSE(ledger_.Schedules().ReadSchedule(first));
   EXPECT_EQ(Row(kept).scheduleId, 0);
   const std::int64_t second = AddSchedule();
   const std::int64_t gone = AddPosted(second);
   Prompt().ExpectAsk("Delete Item?", kAsked, true);
   Prompt().ExpectAsk("Delete Item?", kRows, true);
   EXPECT_TRUE(deleted(second));
-  EXPECT_FALSE(ledger_.ReadTransaction(gone));
+  EXPECT_FALSE(ledger_.Transactions().ReadTransaction(gone));
   EXPECT_EQ(Count("tblSchedule"), 0);
 }
 
@@ -417,10 +426,10 @@ TEST_F(Schedule, ItsDayRulesAreShownSavedAndLookedAheadWith) {
 TEST_F(Schedule, AnotherPlanIsShownAsItWillBeSaved) {
   ScheduleRecord record = Stored(AddSchedule(-25, 12));
   record.dateFrom = Today().AddDays(-40);
-  ledger_.SaveSchedule(record);
+  ledger_.Schedules().SaveSchedule(record);
   TransactionRecord row = Row(AddPosted(record.scheduleId));
   row.date = *(row.scheduleDate = record.dateFrom);
-  ledger_.SaveTransaction(row);
+  ledger_.Transactions().SaveTransaction(row);
   const auto form = Open(record.scheduleId);
   Pick(*form, "cmbPeriod", "Quarterly");
   EXPECT_EQ(NextOf(*form).substr(0, 10), "12/01/2027");
@@ -502,15 +511,15 @@ TEST_F(Schedule, APostedRowShowsTheScheduleItCameFrom) {
   });
   Click(row, "cmdAddSchedule");
   EXPECT_FALSE(row.IsScheduleChanged()) << "it was only looked at";
-  ledger_.DeleteSchedule(key, false);
+  ledger_.Schedules().DeleteSchedule(key, false);
   Prompt().ExpectTell("Schedule Item", "The schedule does not exist any more");
   Click(row, "cmdAddSchedule");
   EXPECT_EQ(Find<QPushButton>(row, "cmdAddSchedule").text(), "Add to Sc&hedule");
 }
 
 TEST_F(Schedule, WithoutAnAccountThereIsNothingToSchedule) {
-  for (const AccountRow& account : ledger_.Accounts(StatusFilter(), true)) {
-    ledger_.DeleteUnusedAccount(account.accountId);
+  for (const AccountRow& account : ledger_.Accounts().Accounts(StatusFilter(), true)) {
+    ledger_.Accounts().DeleteUnusedAccount(account.accountId);
   }
   Prompt().ExpectTell("Please Add Account",
                       "There are no Accounts set up. Please add an Account to start");

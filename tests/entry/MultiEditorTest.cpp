@@ -1,5 +1,9 @@
 #include "entry/EntryTest.h"
 #include "entry/MultiEditor.h"
+#include "ledger/BulkChange.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -90,7 +94,7 @@ TEST_F(MultiEditing, EmptyFieldsLeaveTheirColumns) {
 TEST_F(MultiEditing, ReversingKeepsTransfersAndTakesLinesAlong) {
   TransactionRecord from = Row(AddRow(bank_, -5));
   TransactionRecord to = Row(AddRow(cash_, 5));
-  ledger_.SaveTransfer(from, to);
+  ledger_.Transactions().SaveTransfer(from, to);
   const std::int64_t split = AddRow(bank_, -30);
   const std::int64_t line = AddRow(bank_, -20, split);
   const std::int64_t other = AddRow(bank_, 5, split);
@@ -136,7 +140,7 @@ TEST_F(MultiEditing, StoppedOnTheWayNothingIsWrittenNotEvenAName) {
 TEST_F(MultiEditing, InvestmentsKeepTheirNames) {
   TransactionRecord bought = Row(AddRow(bank_, -5));
   bought.action = 1;
-  ledger_.SaveTransaction(bought);
+  ledger_.Transactions().SaveTransaction(bought);
   const std::int64_t plain = AddRow(bank_, -5);
   MultiEditForm form;
   form.payee = "Other";

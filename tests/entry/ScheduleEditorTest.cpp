@@ -1,5 +1,13 @@
 #include "entry/EntryTest.h"
 #include "entry/ScheduleEditor.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/Period.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "platform/Platform.h"
 
 namespace corvanta {
@@ -23,12 +31,12 @@ class ScheduleEditorTest : public EntryTest {
     return form;
   }
   ScheduleDetails Stored(std::int64_t key) {
-    auto row = ledger_.ReadSchedule(key);
+    auto row = ledger_.Schedules().ReadSchedule(key);
     EXPECT_TRUE(row) << key;
     return row.value_or(ScheduleDetails());
   }
   std::int64_t Period(const std::string& name) {
-    for (const PeriodRecord& row : ledger_.Periods()) {
+    for (const PeriodRecord& row : ledger_.References().Periods()) {
       if (row.description == name) return row.periodId;
     }
     return 0;
@@ -36,9 +44,9 @@ class ScheduleEditorTest : public EntryTest {
   std::int64_t AddLine(std::int64_t schedule, double amount) {
     ScheduleRecord line;
     line.allocatedItem = schedule;
-    line.categoryId = ledger_.FindCategory("Shopping", "Food");
+    line.categoryId = ledger_.Categories().FindCategory("Shopping", "Food");
     line.amount = amount;
-    return ledger_.SaveSchedule(line);
+    return ledger_.Schedules().SaveSchedule(line);
   }
 
   ScheduleEditor editor_{ledger_, Services()};
@@ -145,7 +153,7 @@ TEST_F(ScheduleEditorTest, TransfersNameTheReceivingAccount) {
   form.category = "Salary";
   form.payee = "Work";
   Prompt().ExpectAsk("Add Category?", ScriptedPrompts::kAnyText, true);
-  if (ledger_.FindCategory("Salary", "") != 0) form.category = "Salary two";
+  if (ledger_.Categories().FindCategory("Salary", "") != 0) form.category = "Salary two";
   editor_.Save(form);
   EXPECT_EQ(Stored(key).transferAccountId, 0);
   EXPECT_EQ(Stored(key).amount, 10);
@@ -228,7 +236,7 @@ TEST_F(ScheduleEditorTest, SplitSchedulesKeepTheirSum) {
   form.type = EntryType::Income;
   EXPECT_EQ(editor_.Save(form), key);
   EXPECT_EQ(Stored(key).amount, 15.5);
-  EXPECT_EQ(ledger_.ScheduleLines(key)[0].amount, 10);
+  EXPECT_EQ(ledger_.Schedules().ScheduleLines(key)[0].amount, 10);
   form.amount = 99;
   Prompt().ExpectTell("Save Warning",
                       "The Allocated items add up to 15.50, which stays the Amount of this item");
@@ -244,14 +252,14 @@ TEST_F(ScheduleEditorTest, SplitSchedulesKeepTheirSum) {
   EXPECT_EQ(editor_.DeclinedField(), "cmbType");
   Prompt().ExpectAsk("Transfer Item?", question, true);
   EXPECT_EQ(editor_.Save(transfer), key);
-  EXPECT_TRUE(ledger_.ScheduleLines(key).empty());
+  EXPECT_TRUE(ledger_.Schedules().ScheduleLines(key).empty());
   EXPECT_EQ(Stored(key).amount, -99);
 }
 
 TEST_F(ScheduleEditorTest, AFinishedScheduleStaysSoUntilItsPlanIsChanged) {
   ScheduleRecord record = Stored(editor_.Save(Expense()));
   record.noTimes = -1;
-  ledger_.SaveSchedule(record);
+  ledger_.Schedules().SaveSchedule(record);
   ScheduleForm form = *editor_.Load(record.scheduleId);
   EXPECT_TRUE(form.isFinished);
   EXPECT_EQ(form.number, 1);
@@ -268,7 +276,7 @@ TEST_F(ScheduleEditorTest, DeletingAsksForWhatIsPosted) {
     TransactionRecord row = Row(AddRow(bank_, -25));
     row.scheduleId = schedule;
     row.scheduleDate = Today().AddDays(static_cast<int>(row.transactionId));
-    return ledger_.SaveTransaction(row);
+    return ledger_.Transactions().SaveTransaction(row);
   };
   const std::int64_t first = editor_.Save(Expense());
   const std::int64_t second = editor_.Save(Expense());

@@ -1,5 +1,9 @@
 #include "entry/EntryTest.h"
 #include "entry/TransactionEditor.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -237,7 +241,7 @@ TEST_F(TransactionEditing, LoadingShowsWhatWasSaved) {
   TransactionRecord bought = Row(loaded->transactionId);
   bought.transactionId = 0;
   bought.action = 1;
-  const std::int64_t investment = ledger_.SaveTransaction(bought);
+  const std::int64_t investment = ledger_.Transactions().SaveTransaction(bought);
   EXPECT_FALSE(editor_.Load(investment));
   EXPECT_TRUE(editor_.CheckOpen(investment));
   EXPECT_FALSE(editor_.Load(99999));
@@ -274,7 +278,7 @@ TEST_F(TransactionEditing, EitherHalfOfATransferIsEdited) {
   // What a half has of its own stays its own.
   auto own = Row(from);
   own.description = "own words";
-  ledger_.SaveTransaction(own);
+  ledger_.Transactions().SaveTransaction(own);
   form = *editor_.Load(to);
   form.description = "other words";
   form.accountToId = euro_;
@@ -339,7 +343,7 @@ TEST_F(TransactionEditing, ATransferBecomesAnExpenseAndBack) {
 
   auto settled = Row(from);
   settled.status = FlagsOf(TransactionStatus::Reconciled);
-  ledger_.SaveTransaction(settled);
+  ledger_.Transactions().SaveTransaction(settled);
   form = *editor_.Load(from);
   TransactionEditor::ChooseType(form, EntryType::Transfer);
   EXPECT_EQ(form.category, "Shopping");
@@ -436,7 +440,7 @@ TEST_F(TransactionEditing, ACategoryMayBeTypedAsListsShowIt) {
   form.category = ":Food";
   ExpectWarnings({{editor_.Check(form), "You need to enter a Category", "cmbCategory"}});
   // A name of an import that has a colon of its own is found by it.
-  ledger_.FindOrCreateCategory("Account:Savings", {}, -1);
+  ledger_.Categories().FindOrCreateCategory("Account:Savings", {}, -1);
   form.category = "account:savings";
   form.subCategory.clear();
   EXPECT_EQ(Row(Save(form)).category, "Account:Savings");
@@ -460,7 +464,7 @@ TEST_F(TransactionEditing, AmountsHaveTheDecimalsOfTheirAccount) {
   // Of an import, and left alone.
   TransactionRecord noisy = Row(key);
   noisy.amount = -12.3456;
-  ledger_.SaveTransaction(noisy);
+  ledger_.Transactions().SaveTransaction(noisy);
   form = *editor_.Load(key);
   form.description = "words";
   Save(form);
@@ -476,7 +480,7 @@ TEST_F(TransactionEditing, APostedRowStaysItsSchedulesOccurrence) {
     auto row = Row(half);
     row.scheduleId = schedule;
     if (half == key) row.scheduleDate = Today();
-    ledger_.SaveTransaction(row);
+    ledger_.Transactions().SaveTransaction(row);
   }
   TransactionForm form = *editor_.Load(key);
   EXPECT_EQ(form.scheduleId, schedule);

@@ -1,6 +1,8 @@
 #pragma once
 
 #include "exchange/FileImport.h"
+#include "ledger/AccountBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/IcuLocale.h"
 #include "store/sql/Connection.h"
@@ -48,7 +50,7 @@ class ExchangeTest : public testing::Test {
     account.accountTypeId = 1;
     account.currencyId = currency;
     account.closed = closed;
-    return ledger_.SaveAccount(account);
+    return ledger_.Accounts().SaveAccount(account);
   }
 
   std::string Write(const std::string& name, const std::string& content) {

@@ -1,5 +1,11 @@
 #include "exchange/ExchangeTest.h"
 #include "exchange/FileExport.h"
+#include "ledger/AccountBook.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/RegisterRow.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 
@@ -26,7 +32,7 @@ class Export : public ExchangeTest {
         "!Account\nNOther\n^\n!Type:Bank\nD14/2/2020\nT100\nPMove\nL[Mine]\n^\n");
   }
 
-  std::vector<RegisterRow> View() { return ledger_.Register(mine_, {}, std::nullopt); }
+  std::vector<RegisterRow> View() { return ledger_.Balances().Register(mine_, {}, std::nullopt); }
 
   std::string Exported(const std::string& name, double random = 0) {
     const std::string path = Machine().folder.Path(name);
@@ -46,14 +52,14 @@ class Export : public ExchangeTest {
     record.currencyId = kPounds;
     ImportJob job;
     job.path = Machine().folder.Path(name);
-    job.accountId = ledger.SaveAccount(record);
+    job.accountId = ledger.Accounts().SaveAccount(record);
     job.csv = mapping;
     EXPECT_EQ(FileImport(ledger, store.platform.Get()).Run(job).problemCount, 0U);
     EXPECT_EQ(LedgerProblems(store.Db()), Texts{});
     Texts texts;
-    for (const RegisterRow& row : ledger.Register(job.accountId, {}, std::nullopt)) {
+    for (const RegisterRow& row : ledger.Balances().Register(job.accountId, {}, std::nullopt)) {
       texts.push_back(Shown(row));
-      for (const TransactionDetails& line : ledger.SplitLines(row.transactionId)) {
+      for (const TransactionDetails& line : ledger.Transactions().SplitLines(row.transactionId)) {
         texts.push_back(line.category + ":" + line.subCategory + "|" + SqlNumber(line.amount));
       }
     }

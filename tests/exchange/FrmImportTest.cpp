@@ -2,6 +2,8 @@
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ExchangeTest.h"
 #include "exchange/FrmImport.h"
+#include "ledger/BalanceBook.h"
+#include "ledger/Period.h"
 #include "support/DialogTest.h"
 
 #include <QAbstractItemView>
@@ -635,7 +637,7 @@ TEST_F(Importing, TheRegisterIsExportedAsItStands) {
   EXPECT_FALSE(std::ifstream(path).is_open());
   EXPECT_TRUE(exportTo(true));
   EXPECT_EQ(amounts(), "T-12.5T100");
-  const auto rows = Ledger().Register(bank_, {}, {});
+  const auto rows = Ledger().Balances().Register(bank_, {}, {});
   view.order = {rows[1].transactionId, rows[0].transactionId};
   EXPECT_TRUE(exportTo(true));
   EXPECT_EQ(amounts(), "T100T-12.5");

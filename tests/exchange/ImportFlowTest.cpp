@@ -2,6 +2,9 @@
 #include "exchange/ExchangeTest.h"
 #include "exchange/FileText.h"
 #include "exchange/ImportEditor.h"
+#include "ledger/AccountBook.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/InvestmentRecord.h"
 #include "support/FaultVfs.h"
 
 #include <sys/stat.h>
@@ -55,10 +58,10 @@ TEST_F(ImportFlow, RowsOfTheSameFileAreNoDuplicatesAndInvestmentsAreNone) {
   const std::int64_t fund = AddAccount("Fund");
   InvestmentTransaction buy;
   buy.accountId = fund;
-  buy.payeeId = ledger_.FindOrCreateInvestment("Acme", "", kPounds);
+  buy.payeeId = ledger_.Investments().FindOrCreateInvestment("Acme", "", kPounds);
   buy.total = 3;
   buy.date = *Date::FromIso("2020-02-13");
-  ledger_.SaveInvestmentTransaction(buy);
+  ledger_.Investments().SaveInvestmentTransaction(buy);
   EXPECT_EQ(Import("!Account\nNFund\n^\n!Type:Bank\n" + coffee).imported, 1U);
 }
 
@@ -156,7 +159,7 @@ TEST_F(ImportFlow, TheChosenAccountTakesAllWhereThePersonSaysSo) {
   EXPECT_EQ(AccountNames(), (Texts{"Everyday", "Savings"}));
   EXPECT_EQ(Amounts("Everyday"), (Texts{"-1", "-2", "-3", "500"}));
   EXPECT_EQ(Count("tblCategory Where Category = 'Account:Checking'"), 0);
-  EXPECT_EQ(ledger_.ReadAccount(everyday)->accountNo, "");
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(everyday)->accountNo, "");
 }
 
 class LoneHalves : public ImportFlow {

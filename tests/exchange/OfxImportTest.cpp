@@ -1,5 +1,6 @@
 #include "exchange/ExchangeTest.h"
 #include "exchange/OfxText.h"
+#include "ledger/AccountBook.h"
 
 #include <algorithm>
 
@@ -243,7 +244,7 @@ TEST_F(OfxImport, TheNumberIsNotedOnTheAccountThatTakesIt) {
   const std::int64_t everyday = AddAccount("Everyday");
   job_.chosenTakesAll = true;
   ImportOfx(Statement("123-45", Transaction("<DTPOSTED>20200213<TRNAMT>-3<NAME>Tea")), everyday);
-  EXPECT_EQ(ledger_.ReadAccount(everyday)->accountNo, "123-45");
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(everyday)->accountNo, "123-45");
   EXPECT_EQ(AccountNames(), Texts{"Everyday"});
   job_.chosenTakesAll = false;
   job_.accountId = 0;

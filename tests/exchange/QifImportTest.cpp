@@ -1,4 +1,5 @@
 #include "exchange/ExchangeTest.h"
+#include "ledger/InvestmentBook.h"
 
 namespace corvanta {
 namespace {
@@ -257,7 +258,7 @@ TEST_F(QifInvestments, RecordsWithoutASecurityAreCash) {
 }
 
 TEST_F(QifInvestments, AnInvestmentIsFoundByItsNameAndMadeWithTheSymbolOfTheFile) {
-  const std::int64_t known = ledger_.FindOrCreateInvestment("Acme", "ACM.L", kEuros);
+  const std::int64_t known = ledger_.Investments().FindOrCreateInvestment("Acme", "ACM.L", kEuros);
   Import(
       "!Type:Security\nNNew Share\nSNEW\n^\n!Account\nNFund\n^\n!Type:Invst\nD13/2/2020\nNBuy\n"
       "Yacme\nT1\n^\nD13/2/2020\nNBuy\nYNew Share\nT1\n^\n");

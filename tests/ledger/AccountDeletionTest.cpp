@@ -1,3 +1,4 @@
+#include "ledger/AccountBook.h"
 #include "ledger/RecordsTest.h"
 
 namespace corvanta {
@@ -11,32 +12,32 @@ constexpr const char* kAskAgain =
 
 class AccountDeletion : public RecordsTest {
  protected:
-  bool HasAccount(std::int64_t key) { return ledger_.ReadAccount(key).has_value(); }
+  bool HasAccount(std::int64_t key) { return ledger_.Accounts().ReadAccount(key).has_value(); }
 };
 
 TEST_F(AccountDeletion, AnUnusedAccountTakesOneQuestion) {
   ScriptedPrompts& prompts = store_.platform.prompts;
   prompts.ExpectAsk("Delete Item?", kAskUnused, false);
-  EXPECT_FALSE(ledger_.DeleteAccount(euros_, prompts));
+  EXPECT_FALSE(ledger_.Accounts().DeleteAccount(euros_, prompts));
   EXPECT_TRUE(HasAccount(euros_));
   prompts.ExpectAsk("Delete Item?", kAskUnused, true);
-  EXPECT_TRUE(ledger_.DeleteAccount(euros_, prompts));
+  EXPECT_TRUE(ledger_.Accounts().DeleteAccount(euros_, prompts));
   EXPECT_FALSE(HasAccount(euros_));
 }
 
 TEST_F(AccountDeletion, AUsedAccountTakesTwoQuestions) {
   Add(bank_, -1);
-  EXPECT_FALSE(ledger_.DeleteUnusedAccount(bank_));
+  EXPECT_FALSE(ledger_.Accounts().DeleteUnusedAccount(bank_));
   ScriptedPrompts& prompts = store_.platform.prompts;
   prompts.ExpectAsk("Delete Item?", kAskUsed, false);
-  EXPECT_FALSE(ledger_.DeleteAccount(bank_, prompts));
+  EXPECT_FALSE(ledger_.Accounts().DeleteAccount(bank_, prompts));
   prompts.ExpectAsk("Delete Item?", kAskUsed, true);
   prompts.ExpectAsk("Delete Item Confirm", kAskAgain, false);
-  EXPECT_FALSE(ledger_.DeleteAccount(bank_, prompts));
+  EXPECT_FALSE(ledger_.Accounts().DeleteAccount(bank_, prompts));
   EXPECT_EQ(Count("tblTransactions"), 1);
   prompts.ExpectAsk("Delete Item?", kAskUsed, true);
   prompts.ExpectAsk("Delete Item Confirm", kAskAgain, true);
-  EXPECT_TRUE(ledger_.DeleteAccount(bank_, prompts));
+  EXPECT_TRUE(ledger_.Accounts().DeleteAccount(bank_, prompts));
   EXPECT_FALSE(HasAccount(bank_));
   EXPECT_EQ(Count("tblTransactions"), 0);
 }
@@ -51,10 +52,10 @@ TEST_F(AccountDeletion, NothingPointsToWhatIsGone) {
   const std::int64_t incoming = AddSchedule(savings_, -9, bank_);
   Run("UPDATE tblTransactions SET BankSch = " + std::to_string(own) +
       " WHERE TransactionID = " + std::to_string(to));
-  EXPECT_EQ(ledger_.UseOf(bank_).transactions, 3);
-  EXPECT_EQ(ledger_.UseOf(bank_).schedules, 4);
+  EXPECT_EQ(ledger_.Accounts().UseOf(bank_).transactions, 3);
+  EXPECT_EQ(ledger_.Accounts().UseOf(bank_).schedules, 4);
 
-  ledger_.DeleteAccount(bank_);
+  ledger_.Accounts().DeleteAccount(bank_);
   EXPECT_EQ(Count("tblTransactions"), 1);
   EXPECT_EQ(Column("TransferID", to), 0);
   EXPECT_EQ(Column("BankSch", to), 0);
@@ -64,15 +65,15 @@ TEST_F(AccountDeletion, NothingPointsToWhatIsGone) {
   EXPECT_EQ(
       Number("SELECT TfrAccountID FROM tblSchedule WHERE ScheduleID = " + std::to_string(incoming)),
       0);
-  ledger_.DeleteAccount(0);
+  ledger_.Accounts().DeleteAccount(0);
   EXPECT_EQ(Count("tblTransactions"), 1);
   EXPECT_FALSE(Exists(from));
 }
 
 TEST_F(AccountDeletion, AnAccountThatOnlyReceivesIsInUse) {
   AddSchedule(bank_, -9, euros_);
-  EXPECT_TRUE(ledger_.UseOf(euros_).IsUsed());
-  EXPECT_FALSE(ledger_.DeleteUnusedAccount(euros_));
+  EXPECT_TRUE(ledger_.Accounts().UseOf(euros_).IsUsed());
+  EXPECT_FALSE(ledger_.Accounts().DeleteUnusedAccount(euros_));
 }
 
 }  // namespace

@@ -1,4 +1,7 @@
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
 #include "ledger/LedgerTest.h"
+#include "ledger/StatusFilter.h"
 
 namespace corvanta {
 namespace {
@@ -6,7 +9,7 @@ namespace {
 class Accounts : public LedgerTest {
  protected:
   double BalanceOf(const std::string& name, const StatusFilter& filter = {}) {
-    for (const AccountRow& row : Ledger().Accounts(filter, true)) {
+    for (const AccountRow& row : Ledger().Accounts().Accounts(filter, true)) {
       if (row.account == name) return row.balance;
     }
     ADD_FAILURE() << "no account " << name;
@@ -19,7 +22,7 @@ TEST_F(Accounts, StandInTheOrderOfGroupsAndNamesWithTheirReferences) {
   AddAccount(2, "Visa", 3, -20, 43);
   AddAccount(3, "Apple", 1, 500.25);
   AddAccount(4, "Odd", 1, 0, 999);
-  const auto rows = Ledger().Accounts({}, false);
+  const auto rows = Ledger().Accounts().Accounts({}, false);
   ASSERT_EQ(rows.size(), 4U);
   EXPECT_EQ(rows[0].account, "Apple");
   EXPECT_EQ(rows[0].accountType, "Bank Accounts");
@@ -40,8 +43,8 @@ TEST_F(Accounts, ClosedOnesAreShownOnlyWhenAskedFor) {
   AddAccount(3, "Shut before", 1, 0, 17, -1);
   AddAccount(4, "Unmarked");
   Run("UPDATE tblAccounts SET CloseAccount = NULL WHERE AccountID = 4");
-  EXPECT_EQ(Ledger().Accounts({}, false).size(), 2U);
-  const auto all = Ledger().Accounts({}, true);
+  EXPECT_EQ(Ledger().Accounts().Accounts({}, false).size(), 2U);
+  const auto all = Ledger().Accounts().Accounts({}, true);
   ASSERT_EQ(all.size(), 4U);
   EXPECT_FALSE(all[0].closed);
   EXPECT_TRUE(all[1].closed);
@@ -79,12 +82,12 @@ TEST_F(Accounts, AreFoundByNameOrKey) {
   AddAccount(3, "Bank");
   AddAccount(8, "#3");
   AddAccount(9, "Öffentlich");
-  EXPECT_EQ(Ledger().FindAccount("BANK")->accountId, 3);
-  EXPECT_EQ(Ledger().FindAccount("öFFENTLICH")->accountId, 9);
-  EXPECT_EQ(Ledger().FindAccount("#3")->accountId, 8) << "a name goes before a key";
-  EXPECT_EQ(Ledger().FindAccount("#9")->accountId, 9);
+  EXPECT_EQ(Ledger().Accounts().FindAccount("BANK")->accountId, 3);
+  EXPECT_EQ(Ledger().Accounts().FindAccount("öFFENTLICH")->accountId, 9);
+  EXPECT_EQ(Ledger().Accounts().FindAccount("#3")->accountId, 8) << "a name goes before a key";
+  EXPECT_EQ(Ledger().Accounts().FindAccount("#9")->accountId, 9);
   for (const char* none : {"", "#", "#x", "#9x", "#99999999999999999999", "Ban"}) {
-    EXPECT_FALSE(Ledger().FindAccount(none)) << none;
+    EXPECT_FALSE(Ledger().Accounts().FindAccount(none)) << none;
   }
 }
 

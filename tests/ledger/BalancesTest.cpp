@@ -1,5 +1,14 @@
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
+#include "ledger/Period.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/StatusFilter.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -7,7 +16,7 @@ namespace {
 class Balances : public RecordsTest {
  protected:
   TotalsTexts Texts(const StatusFilter& filter, const std::optional<Period>& period) {
-    return TextsOf(ledger_.Totals(bank_, filter, period), store_.platform.locale);
+    return TextsOf(ledger_.Balances().Totals(bank_, filter, period), store_.platform.locale);
   }
   static Period Month(const char* from, const char* to) {
     return {*Date::FromIso(from), *Date::FromIso(to)};
@@ -20,7 +29,7 @@ class Balances : public RecordsTest {
     AddLine(split, -20);
     TransactionRecord cleared = Row(bank_, 50, "2026-02-10");
     cleared.status = FlagsOf(TransactionStatus::Cleared);
-    ledger_.SaveTransaction(cleared);
+    ledger_.Transactions().SaveTransaction(cleared);
     Add(savings_, 7);
   }
 };
@@ -52,10 +61,44 @@ TEST_F(Balances, APeriodWithoutRowsHasBareLabels) {
   EXPECT_EQ(Texts({}, Month("2025-05-01", "2025-05-31")).balance, "Balance: ");
 }
 
+// Other programs write rows with a time of day: they belong to their day.
+TEST_F(Balances, ARowOfTheEveningBelongsToThePeriodsLastDay) {
+  const std::int64_t late = Add(bank_, -30, "2026-02-28");
+  Run("UPDATE tblTransactions SET [Date] = #02/28/2026 23:59:59# WHERE TransactionID = " +
+      std::to_string(late));
+  const Period february = Month("2026-02-01", "2026-02-28");
+  EXPECT_EQ(ledger_.Balances().Totals(bank_, {}, february).thisPeriod, 70);
+  EXPECT_EQ(ledger_.Balances().RunningBalance(bank_, {}, february.to), -30);
+  const auto rows = ledger_.Balances().Register(bank_, {}, february);
+  ASSERT_EQ(rows.size(), 1U);
+  EXPECT_EQ(rows[0].date, february.to);
+  TreeOptions options;
+  options.end = february.to;
+  EXPECT_EQ(ledger_.Balances().AccountBalance(bank_, options), 70);
+  for (const AccountRow& account : ledger_.Accounts().Accounts(options)) {
+    if (account.accountId == bank_) {
+      EXPECT_EQ(account.balance, 70);
+    }
+  }
+  EXPECT_TRUE(ledger_.Balances().Register(bank_, {}, Month("2026-03-01", "2026-03-31")).empty());
+}
+
+// What was typed with more digits than the currency has is added up as it is.
+TEST_F(Balances, ThirdDecimalsAddUp) {
+  for (int i = 0; i < 3; ++i) Add(bank_, 0.335);
+  EXPECT_EQ(ledger_.Balances().RunningBalance(bank_, {}, *Date::FromIso("2026-12-31")), 1.005);
+  EXPECT_EQ(ledger_.Balances().Register(bank_, {}, std::nullopt).back().balance, 101.005);
+  const std::int64_t split = Add(savings_, -1);
+  AddLine(split, -0.333);
+  AddLine(split, -0.333);
+  EXPECT_EQ(Amount(split), -0.666);
+}
+
 TEST_F(Balances, TheUnclearedAreCountedWhateverIsShown) {
   AddFigures();
-  EXPECT_EQ(UnclearedText(ledger_.UnclearedCount(bank_)), "Number of Uncleared records = 3");
-  EXPECT_EQ(ledger_.UnclearedCount(euros_), 0);
+  EXPECT_EQ(UnclearedText(ledger_.Balances().UnclearedCount(bank_)),
+            "Number of Uncleared records = 3");
+  EXPECT_EQ(ledger_.Balances().UnclearedCount(euros_), 0);
 }
 
 TEST_F(Balances, AnAccountWithoutAnOpeningBalanceStartsAtNothing) {
@@ -66,20 +109,23 @@ TEST_F(Balances, AnAccountWithoutAnOpeningBalanceStartsAtNothing) {
 
 TEST_F(Balances, TheRunningBalanceGrowsWithTheDays) {
   AddFigures();
-  EXPECT_EQ(ledger_.RunningBalance(bank_, {}, *Date::FromIso("2026-01-30")), 0);
-  EXPECT_EQ(ledger_.RunningBalance(bank_, {}, *Date::FromIso("2026-02-01")), 999.9);
-  EXPECT_EQ(ledger_.RunningBalance(bank_, {false, true, false}, *Date::FromIso("2026-12-01")), 50);
+  EXPECT_EQ(ledger_.Balances().RunningBalance(bank_, {}, *Date::FromIso("2026-01-30")), 0);
+  EXPECT_EQ(ledger_.Balances().RunningBalance(bank_, {}, *Date::FromIso("2026-02-01")), 999.9);
+  EXPECT_EQ(
+      ledger_.Balances().RunningBalance(bank_, {false, true, false}, *Date::FromIso("2026-12-01")),
+      50);
 }
 
 TEST_F(Balances, TheTreeCountsUpToItsEnd) {
   AddFigures();
   TreeOptions options;
-  EXPECT_EQ(ledger_.AccountBalance(bank_, options), 1119.9);
-  EXPECT_EQ(ledger_.AccountBalance(0, options), 0);
+  EXPECT_EQ(ledger_.Balances().AccountBalance(bank_, options), 1119.9);
+  EXPECT_EQ(ledger_.Balances().AccountBalance(0, options), 0);
   options.end = Date::FromIso("2026-02-01");
-  EXPECT_EQ(ledger_.AccountBalance(bank_, options), 1099.9);
-  for (const AccountRow& row : ledger_.Accounts(options)) {
-    EXPECT_EQ(row.balance, ledger_.AccountBalance(row.accountId, options)) << row.account;
+  EXPECT_EQ(ledger_.Balances().AccountBalance(bank_, options), 1099.9);
+  for (const AccountRow& row : ledger_.Accounts().Accounts(options)) {
+    EXPECT_EQ(row.balance, ledger_.Balances().AccountBalance(row.accountId, options))
+        << row.account;
   }
 }
 
@@ -90,7 +136,7 @@ TEST_F(Balances, InvestmentsAreWorthTheirLatestPrice) {
     TransactionRecord record = Row(bank_, 0);
     record.payeeId = acme;
     record.action = action;
-    const std::int64_t key = ledger_.SaveTransaction(record);
+    const std::int64_t key = ledger_.Transactions().SaveTransaction(record);
     Run("UPDATE tblTransactions SET Shares = " + std::to_string(shares) +
         " WHERE TransactionID = " + std::to_string(key));
   };
@@ -98,16 +144,16 @@ TEST_F(Balances, InvestmentsAreWorthTheirLatestPrice) {
   trade(2, 3);
   trade(5, 1);
   trade(6, 2);
-  EXPECT_EQ(ledger_.HoldingsValue(bank_), 0) << "no price yet";
+  EXPECT_EQ(ledger_.Balances().HoldingsValue(bank_), 0) << "no price yet";
   const std::string key = std::to_string(acme);
   Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (" + key + ",#03/02/2026#,4)");
   Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (" + key + ",#03/02/2026#,2.5)");
   Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (" + key + ",#03/01/2026#,9)");
-  EXPECT_EQ(ledger_.HoldingsValue(bank_), 15);
+  EXPECT_EQ(ledger_.Balances().HoldingsValue(bank_), 15);
   TreeOptions options;
   options.valuation = true;
-  EXPECT_EQ(ledger_.AccountBalance(bank_, options), 115);
-  EXPECT_EQ(ledger_.Accounts(options).at(0).balance, 115);
+  EXPECT_EQ(ledger_.Balances().AccountBalance(bank_, options), 115);
+  EXPECT_EQ(ledger_.Accounts().Accounts(options).at(0).balance, 115);
 }
 
 TEST_F(Balances, AccountsAreTotalledByGroupAndCurrency) {
@@ -118,8 +164,8 @@ TEST_F(Balances, AccountsAreTotalledByGroupAndCurrency) {
   card.openingBalance = -20;
   card.currencyId = kEuros;
   card.closed = true;
-  ledger_.SaveAccount(card);
-  const auto accounts = ledger_.Accounts(TreeOptions{});
+  ledger_.Accounts().SaveAccount(card);
+  const auto accounts = ledger_.Accounts().Accounts(TreeOptions{});
   const auto groups = ByGroup(accounts);
   ASSERT_EQ(groups.size(), 2U);
   EXPECT_EQ(groups[0].accounts.size(), 3U);

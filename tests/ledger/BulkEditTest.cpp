@@ -1,4 +1,13 @@
+#include "ledger/BulkChange.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/CategoryBook.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -8,12 +17,12 @@ class BulkEditing : public RecordsTest {
   std::int64_t AddInvestment() {
     TransactionRecord record = Row(bank_, -52);
     record.action = 1;
-    return ledger_.SaveTransaction(record);
+    return ledger_.Transactions().SaveTransaction(record);
   }
   double Changed(std::int64_t key, TypeChange type) {
     BulkChange change;
     change.type = type;
-    ledger_.BulkEdit(key, change);
+    ledger_.BulkEdits().BulkEdit(key, change);
     return Amount(key);
   }
 };
@@ -22,32 +31,32 @@ TEST_F(BulkEditing, ChangesWhatIsGivenInEveryRow) {
   const std::vector<std::int64_t> keys = {Add(bank_, -1), Add(bank_, 2)};
   BulkChange change;
   change.accountId = savings_;
-  change.paymentId = ledger_.FindOrCreatePayment("Cheque");
-  change.payeeId = ledger_.FindOrCreatePayee("Other");
-  change.categoryId = ledger_.FindCategory("Debit", "");
+  change.paymentId = ledger_.References().FindOrCreatePayment("Cheque");
+  change.payeeId = ledger_.References().FindOrCreatePayee("Other");
+  change.categoryId = ledger_.Categories().FindCategory("Debit", "");
   change.status = TransactionStatus::Reconciled;
-  EXPECT_EQ(ledger_.BulkEdit(keys, change), 2U);
+  EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, change), 2U);
   for (const std::int64_t key : keys) {
     EXPECT_EQ(Column("AccountID", key), savings_);
     EXPECT_EQ(Column("PaymentID", key), change.paymentId);
     EXPECT_EQ(Column("PayeeID", key), change.payeeId);
     EXPECT_EQ(Column("CategoryID", key), change.categoryId);
-    EXPECT_EQ(ledger_.MarksOf(key).flags, (StatusFlags{1, 1}));
+    EXPECT_EQ(ledger_.Statuses().MarksOf(key).flags, (StatusFlags{1, 1}));
   }
-  ledger_.BulkEdit(keys, BulkChange{});
+  ledger_.BulkEdits().BulkEdit(keys, BulkChange{});
   EXPECT_EQ(Amount(keys[1]), 2);
 }
 
 TEST_F(BulkEditing, InvestmentsKeepPayeePaymentAndCategory) {
   const std::int64_t investment = AddInvestment();
   BulkChange change;
-  change.payeeId = ledger_.FindOrCreatePayee("Other");
+  change.payeeId = ledger_.References().FindOrCreatePayee("Other");
   change.status = TransactionStatus::Cleared;
-  ledger_.BulkEdit(investment, change);
+  ledger_.BulkEdits().BulkEdit(investment, change);
   EXPECT_EQ(Column("PayeeID", investment), payee_);
   change.payeeId = 0;
   change.accountId = savings_;
-  ledger_.BulkEdit(investment, change);
+  ledger_.BulkEdits().BulkEdit(investment, change);
   EXPECT_EQ(Column("AccountID", investment), savings_);
   EXPECT_EQ(Column("BankChk", investment), 1);
 }
@@ -59,7 +68,7 @@ TEST_F(BulkEditing, LinesFollowTheirParent) {
   change.accountId = savings_;
   change.status = TransactionStatus::Cleared;
   change.type = TypeChange::Reverse;
-  ledger_.BulkEdit(key, change);
+  ledger_.BulkEdits().BulkEdit(key, change);
   EXPECT_EQ(Column("AccountID", line), savings_);
   EXPECT_EQ(Column("BankChk", line), 1);
   EXPECT_EQ(Amount(line), 3);
@@ -67,7 +76,7 @@ TEST_F(BulkEditing, LinesFollowTheirParent) {
   // A line by itself does not leave its parent.
   change.accountId = bank_;
   change.status = TransactionStatus::Uncleared;
-  ledger_.BulkEdit(line, change);
+  ledger_.BulkEdits().BulkEdit(line, change);
   EXPECT_EQ(Column("AccountID", line), savings_);
   EXPECT_EQ(Column("BankChk", line), 1);
   EXPECT_EQ(Amount(key), -3);
@@ -94,15 +103,15 @@ TEST_F(BulkEditing, SeveralRowsAreChangedTogetherOrNotAtAll) {
     EXPECT_EQ(ledger_.Undo().UndoName(), last) << "nothing to take back";
     EXPECT_EQ(progress.Steps().back(), (std::pair<std::size_t, std::size_t>{0, 0}));
   };
-  each([&] { EXPECT_EQ(ledger_.BulkEdit(keys, reverse), std::nullopt); },
-       [&] { (void)ledger_.BulkEdit(keys, reverse); });
-  each([&] { EXPECT_FALSE(ledger_.ApplyStatus(StatusCommand::Cleared, keys, false)); },
-       [&] { (void)ledger_.ApplyStatus(StatusCommand::Cleared, keys, false); });
-  each([&] { EXPECT_FALSE(ledger_.DeleteTransactions(keys)); },
-       [&] { (void)ledger_.DeleteTransactions(keys); });
-  each([&] { EXPECT_EQ(ledger_.PasteTransactions(keys, savings_), 0); },
-       [&] { (void)ledger_.PasteTransactions(keys, savings_); });
-  EXPECT_EQ(ledger_.BulkEdit(keys, reverse), 3U);
+  each([&] { EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, reverse), std::nullopt); },
+       [&] { (void)ledger_.BulkEdits().BulkEdit(keys, reverse); });
+  each([&] { EXPECT_FALSE(ledger_.Statuses().ApplyStatus(StatusCommand::Cleared, keys, false)); },
+       [&] { (void)ledger_.Statuses().ApplyStatus(StatusCommand::Cleared, keys, false); });
+  each([&] { EXPECT_FALSE(ledger_.Transactions().DeleteTransactions(keys)); },
+       [&] { (void)ledger_.Transactions().DeleteTransactions(keys); });
+  each([&] { EXPECT_EQ(ledger_.Copies().PasteTransactions(keys, savings_), 0); },
+       [&] { (void)ledger_.Copies().PasteTransactions(keys, savings_); });
+  EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, reverse), 3U);
   EXPECT_EQ(sum().Double(), 6);
 }
 
@@ -111,10 +120,10 @@ TEST_F(BulkEditing, WhatDidNotChangeIsNotCounted) {
   const std::vector<std::int64_t> keys = {Add(bank_, -1), Add(bank_, 2), from, to, 4711};
   BulkChange change;
   change.type = TypeChange::Income;
-  EXPECT_EQ(ledger_.BulkEdit(keys, change), 1U);
-  EXPECT_EQ(ledger_.BulkEdit(keys, change), 0U);
+  EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, change), 1U);
+  EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, change), 0U);
   change.status = TransactionStatus::Cleared;
-  EXPECT_EQ(ledger_.BulkEdit(keys, change), 4U);
+  EXPECT_EQ(ledger_.BulkEdits().BulkEdit(keys, change), 4U);
 }
 
 TEST_F(BulkEditing, TypesFlipTheSignWhereItDiffers) {
@@ -132,7 +141,7 @@ TEST_F(BulkEditing, TransfersAndInvestmentsKeepTheirSign) {
   for (const std::int64_t key : {from, to, investment}) {
     const double amount = Amount(key);
     EXPECT_EQ(Changed(key, TypeChange::Reverse), amount);
-    ledger_.ReverseSign(key);
+    ledger_.BulkEdits().ReverseSign(key);
     EXPECT_EQ(Amount(key), amount);
   }
 }
@@ -141,7 +150,7 @@ TEST_F(BulkEditing, ARowOfAnOldFileFlipsWithItsLines) {
   const std::int64_t key = Add(bank_, -2);
   const std::int64_t line = AddLine(key, -2);
   Run("UPDATE tblTransactions SET TransferID = NULL");
-  ledger_.ReverseSign(key);
+  ledger_.BulkEdits().ReverseSign(key);
   EXPECT_EQ(Amount(key), 2);
   EXPECT_EQ(Amount(line), 2);
   Run("UPDATE tblTransactions SET TransferID = 0");
@@ -151,10 +160,10 @@ TEST_F(BulkEditing, ATransferHalfStaysOutOfItsTwinsAccount) {
   const auto [from, to] = AddTransfer(bank_, savings_, 25);
   BulkChange change;
   change.accountId = savings_;
-  ledger_.BulkEdit(std::vector{from, to}, change);
+  ledger_.BulkEdits().BulkEdit(std::vector{from, to}, change);
   EXPECT_EQ(Column("AccountID", from), bank_);
   change.accountId = euros_;
-  ledger_.BulkEdit(std::vector{from, to}, change);
+  ledger_.BulkEdits().BulkEdit(std::vector{from, to}, change);
   EXPECT_EQ(Column("AccountID", from), euros_);
   EXPECT_EQ(Column("AccountID", to), savings_);
 }

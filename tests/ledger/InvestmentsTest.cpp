@@ -1,4 +1,10 @@
+#include "ledger/InvestmentBook.h"
+#include "ledger/InvestmentRecord.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 
 namespace corvanta {
 namespace {
@@ -8,7 +14,7 @@ class Investments : public RecordsTest {
   InvestmentTransaction Row(InvestAction action) {
     InvestmentTransaction row;
     row.accountId = bank_;
-    row.payeeId = ledger_.FindOrCreateInvestment("Acme", "ACM", kPounds);
+    row.payeeId = ledger_.Investments().FindOrCreateInvestment("Acme", "ACM", kPounds);
     row.action = action;
     row.shares = 10;
     row.price = 2.5;
@@ -20,18 +26,18 @@ class Investments : public RecordsTest {
 };
 
 TEST_F(Investments, AreFoundByNameAndSymbol) {
-  const std::int64_t acme = ledger_.FindOrCreateInvestment(" Acme ", "ACM", kEuros);
-  EXPECT_EQ(ledger_.FindOrCreateInvestment("ACME", "acm", kPounds), acme);
-  EXPECT_NE(ledger_.FindOrCreateInvestment("Acme", "ACM.L", kPounds), acme);
-  EXPECT_NE(ledger_.FindOrCreatePayee("Acme"), acme);
-  EXPECT_EQ(ledger_.FindOrCreateInvestment(" ", "X", kPounds), 0);
+  const std::int64_t acme = ledger_.Investments().FindOrCreateInvestment(" Acme ", "ACM", kEuros);
+  EXPECT_EQ(ledger_.Investments().FindOrCreateInvestment("ACME", "acm", kPounds), acme);
+  EXPECT_NE(ledger_.Investments().FindOrCreateInvestment("Acme", "ACM.L", kPounds), acme);
+  EXPECT_NE(ledger_.References().FindOrCreatePayee("Acme"), acme);
+  EXPECT_EQ(ledger_.Investments().FindOrCreateInvestment(" ", "X", kPounds), 0);
   EXPECT_EQ(
       Count("tblPayees Where PayeeID = " + std::to_string(acme) +
             " AND Payee = 'Acme' AND CurrencyID = 43 AND InvestCurrencyID = 43 AND DataID = 2 "
             "AND [Conversion] = 1 AND Investment = 1"),
       1);
   Run("INSERT INTO tblPayees (Payee, Investment) VALUES('Old',1)");
-  EXPECT_EQ(ledger_.FindOrCreateInvestment("old", "", kPounds),
+  EXPECT_EQ(ledger_.Investments().FindOrCreateInvestment("old", "", kPounds),
             Number("SELECT MAX(PayeeID) FROM tblPayees"));
 }
 
@@ -44,8 +50,8 @@ TEST_F(Investments, TheActionGivesSignAndCategory) {
                                                  {InvestAction::RemoveShares, -26.0, "Debit"}}) {
     InvestmentTransaction row = Row(action);
     row.status = TransactionStatus::Cleared;
-    const std::int64_t key = ledger_.SaveInvestmentTransaction(row);
-    const auto read = ledger_.ReadTransaction(key);
+    const std::int64_t key = ledger_.Investments().SaveInvestmentTransaction(row);
+    const auto read = ledger_.Transactions().ReadTransaction(key);
     ASSERT_TRUE(read);
     EXPECT_EQ(read->amount, amount);
     EXPECT_EQ(read->category, category);
@@ -64,21 +70,21 @@ TEST_F(Investments, ARowThatWasSomethingElseLeavesNoLinks) {
   for (const std::int64_t key : {from, split}) {
     InvestmentTransaction row = Row(InvestAction::Buy);
     row.transactionId = key;
-    EXPECT_EQ(ledger_.SaveInvestmentTransaction(row), key);
+    EXPECT_EQ(ledger_.Investments().SaveInvestmentTransaction(row), key);
     EXPECT_EQ(Amount(key), -26);
   }
   EXPECT_EQ(Column("TransferID", to), 0);
   EXPECT_EQ(Count("tblTransactions Where AllocatedItem = " + std::to_string(split)), 0);
   InvestmentTransaction missing = Row(InvestAction::Buy);
   missing.transactionId = 9999;
-  EXPECT_EQ(ledger_.SaveInvestmentTransaction(missing), 0);
+  EXPECT_EQ(ledger_.Investments().SaveInvestmentTransaction(missing), 0);
 }
 
 TEST_F(Investments, AddTransactionWritesAWholeSplit) {
   TransactionRecord parent = RecordsTest::Row(bank_, 99);
   std::vector<TransactionRecord> lines{RecordsTest::Row(savings_, -0.1),
                                        RecordsTest::Row(savings_, -0.2)};
-  const std::int64_t key = ledger_.AddTransaction(parent, lines);
+  const std::int64_t key = ledger_.Transactions().AddTransaction(parent, lines);
   EXPECT_EQ(Amount(key), -0.3);
   for (const TransactionRecord& line : lines) {
     EXPECT_EQ(Column("AllocatedItem", line.transactionId), key);

@@ -1,6 +1,12 @@
 #include "ledger/PostingTest.h"
 
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleDates.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 
 #include <random>
 
@@ -11,7 +17,7 @@ TEST_F(PostingTest, RowsCarryTheScheduleAndItsDate) {
   const std::int64_t schedule = Save(Plan("m", "2026-10-31", 2));
   EXPECT_EQ(Pass().occurrences, 2U);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-10-31", "2026-11-30"}));
-  const auto row = ledger_.ReadTransaction(RowOf(schedule, "2026-11-30"));
+  const auto row = ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-30"));
   ASSERT_TRUE(row);
   EXPECT_EQ(row->date, Day("2026-11-30"));
   EXPECT_EQ(row->amount, -40);
@@ -75,22 +81,22 @@ TEST_F(PostingTest, ANumberOfPaymentsAndOnceEndForGood) {
 TEST_F(PostingTest, DeletedRowsComeBackAndDetachedOnesDoNotCount) {
   const std::int64_t schedule = Save(Plan("m", "2026-09-10", 3));
   Pass();
-  ledger_.DeleteTransaction(RowOf(schedule, "2026-10-10"));
+  ledger_.Transactions().DeleteTransaction(RowOf(schedule, "2026-10-10"));
   EXPECT_EQ(State(schedule), "2026-09-10 x3 posted 2");
   EXPECT_EQ(Pass().occurrences, 1U);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-09-10", "2026-10-10", "2026-11-10"}));
-  ledger_.DetachFromSchedule(RowOf(schedule, "2026-11-10"));
+  ledger_.Schedules().DetachFromSchedule(RowOf(schedule, "2026-11-10"));
   EXPECT_EQ(State(schedule), "2026-09-10 x3 posted 2");
 }
 
 TEST_F(PostingTest, ARowThatWasEditedStaysItsOccurrence) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-05", 2));
   Pass();
-  TransactionRecord row = *ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
+  TransactionRecord row = *ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-05"));
   row.date = Day("2026-11-09");
   row.accountId = savings_;
   row.amount = -41;
-  ledger_.SaveTransaction(row);
+  ledger_.Transactions().SaveTransaction(row);
   EXPECT_EQ(Pass().occurrences, 0U);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-05", "2026-12-05"}));
 }
@@ -128,12 +134,12 @@ TEST_F(PostingTest, SplitLinesGoWithTheirSchedule) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-05", 2));
   SaveLine(schedule, -25.5, "Flat");
   SaveLine(schedule, -10, "Garage");
-  EXPECT_EQ(ledger_.ReadSchedule(schedule)->amount, -35.5);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(schedule)->amount, -35.5);
   Pass();
   for (const char* due : {"2026-11-05", "2026-12-05"}) {
     const std::int64_t row = RowOf(schedule, due);
     EXPECT_EQ(Amount(row), -35.5);
-    const auto lines = ledger_.SplitLines(row);
+    const auto lines = ledger_.Transactions().SplitLines(row);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_EQ(lines[0].description, "Flat");
     EXPECT_EQ(lines[0].amount, -25.5);
@@ -150,8 +156,8 @@ TEST_F(PostingTest, TransfersHaveTheirOtherHalf) {
   plan.transferAccountId = savings_;
   const std::int64_t schedule = Save(plan);
   Pass();
-  const auto own = ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
-  const auto other = ledger_.ReadTransaction(own->transferId);
+  const auto own = ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-05"));
+  const auto other = ledger_.Transactions().ReadTransaction(own->transferId);
   ASSERT_TRUE(other);
   EXPECT_EQ(other->transferId, own->transactionId);
   EXPECT_EQ(other->accountId, savings_);
@@ -168,7 +174,7 @@ TEST_F(PostingTest, TransfersHaveTheirOtherHalf) {
   EXPECT_EQ(State(schedule), "2026-11-05 x2 posted 2 finished");
   EXPECT_TRUE(rates_.Asked().empty());
   // One half goes with the other, and both come back.
-  ledger_.DeleteTransaction(other->transactionId);
+  ledger_.Transactions().DeleteTransaction(other->transactionId);
   EXPECT_EQ(Posted(schedule).size(), 1U);
   EXPECT_EQ(Pass().occurrences, 1U);
 }
@@ -181,7 +187,7 @@ TEST_F(PostingTest, TransfersBetweenCurrenciesAskForARateEach) {
   rates_.Answer(1.15);
   EXPECT_EQ(Pass().waiting, 0U);
   EXPECT_EQ(rates_.Asked(), (std::vector<std::string>{"GBPEUR", "GBPEUR", "GBPEUR"}));
-  const auto own = ledger_.ReadTransaction(RowOf(schedule, "2026-11-05"));
+  const auto own = ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-05"));
   EXPECT_EQ(own->amount, -33.33);
   EXPECT_EQ(Amount(own->transferId), 38.33);
 }
@@ -206,7 +212,8 @@ TEST_F(PostingTest, WithoutARateAPaymentStaysPendingUntilThereIsOne) {
   EXPECT_EQ(Count("tblTransactions"), 1);
   rates_.Answer(1.5);
   EXPECT_EQ(Pass().occurrences, 6U);
-  EXPECT_EQ(Amount(ledger_.ReadTransaction(RowOf(second, "2026-10-05"))->transferId), 60);
+  EXPECT_EQ(Amount(ledger_.Transactions().ReadTransaction(RowOf(second, "2026-10-05"))->transferId),
+            60);
 }
 
 TEST_F(PostingTest, MoreThanAFewHundredAreAskedFor) {
@@ -249,7 +256,7 @@ TEST_F(PostingTest, DatesMoveWithTheirNumber) {
   EXPECT_EQ(State(five), "2027-01-30 x-1 posted 1 finished");
   EXPECT_EQ(Posted(once).size(), 1U);
   // Not even when the last row is deleted.
-  ledger_.DeleteTransaction(RowOf(five, "2027-01-30"));
+  ledger_.Transactions().DeleteTransaction(RowOf(five, "2027-01-30"));
   Today("2028-12-01");
   Pass();
   EXPECT_EQ(Posted(five).size(), 4U);
@@ -390,7 +397,7 @@ TEST_F(PostingTest, APassIsOneStepToUndo) {
 TEST_F(PostingTest, RandomSchedules) {
   std::mt19937 random(20261121);
   const auto pick = [&](int below) { return static_cast<int>(random() % unsigned(below)); };
-  const std::vector<PeriodRecord> periods = ledger_.Periods();
+  const std::vector<PeriodRecord> periods = ledger_.References().Periods();
   rates_.Answer(1.25);
   for (int round = 0; round < 12; ++round) {
     std::vector<std::pair<std::int64_t, int>> limited;

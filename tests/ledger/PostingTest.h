@@ -1,7 +1,12 @@
 #pragma once
 
+#include "ledger/Period.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/SchedulePosting.h"
+#include "ledger/ScheduleRecord.h"
 #include "platform/Settings.h"
 #include "support/AgreeingPlatform.h"
 #include "support/ScriptedRates.h"
@@ -19,7 +24,7 @@ inline Date Day(const char* text) {
 class PostingTest : public RecordsTest {
  protected:
   std::int64_t Period(const std::string& code) {
-    for (const PeriodRecord& row : ledger_.Periods()) {
+    for (const PeriodRecord& row : ledger_.References().Periods()) {
       if (row.period == code) return row.periodId;
     }
     return 0;
@@ -40,14 +45,14 @@ class PostingTest : public RecordsTest {
     record.addToAccount = add;
     return record;
   }
-  std::int64_t Save(ScheduleRecord record) { return ledger_.SaveSchedule(record); }
+  std::int64_t Save(ScheduleRecord record) { return ledger_.Schedules().SaveSchedule(record); }
   std::int64_t SaveLine(std::int64_t schedule, double amount, const char* description = "") {
     ScheduleRecord line;
     line.allocatedItem = schedule;
     line.categoryId = category_;
     line.amount = amount;
     line.description = description;
-    return ledger_.SaveSchedule(line);
+    return ledger_.Schedules().SaveSchedule(line);
   }
 
   // "1 Month", "None"
@@ -97,7 +102,7 @@ class PostingTest : public RecordsTest {
   }
   // Where a schedule stands: "2026-12-01 x3 posted 2".
   std::string State(std::int64_t schedule) {
-    const auto read = ledger_.ReadSchedule(schedule);
+    const auto read = ledger_.Schedules().ReadSchedule(schedule);
     return read->dateFrom.ToIso() + " x" + std::to_string(read->noTimes) + " posted " +
            std::to_string(read->posted) + (read->isFinished ? " finished" : "");
   }

@@ -1,5 +1,12 @@
 #pragma once
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
@@ -32,9 +39,9 @@ class RecordsTest : public testing::Test {
     bank_ = AddAccount("Bank", 100, kPounds);
     savings_ = AddAccount("Savings", 0, kPounds);
     euros_ = AddAccount("Euros", 0, kEuros);
-    payee_ = ledger_.FindOrCreatePayee("Shop");
-    payment_ = ledger_.FindOrCreatePayment("Card");
-    category_ = ledger_.FindCategory("Bills", "Gas");
+    payee_ = ledger_.References().FindOrCreatePayee("Shop");
+    payment_ = ledger_.References().FindOrCreatePayment("Card");
+    category_ = ledger_.Categories().FindCategory("Bills", "Gas");
   }
 
   void TearDown() override { EXPECT_EQ(LedgerProblems(Db()), std::vector<std::string>{}); }
@@ -63,7 +70,13 @@ class RecordsTest : public testing::Test {
     account.accountTypeId = 1;
     account.openingBalance = opening;
     account.currencyId = currency;
-    return ledger_.SaveAccount(account);
+    return ledger_.Accounts().SaveAccount(account);
+  }
+
+  void CloseAccount(std::int64_t accountId) {
+    AccountRecord account = *ledger_.Accounts().ReadAccount(accountId);
+    account.closed = true;
+    ledger_.Accounts().SaveAccount(account);
   }
 
   TransactionRecord Row(std::int64_t account, double amount, const char* day = "2026-11-01") {
@@ -78,26 +91,26 @@ class RecordsTest : public testing::Test {
   }
   std::int64_t Add(std::int64_t account, double amount, const char* day = "2026-11-01") {
     TransactionRecord record = Row(account, amount, day);
-    return ledger_.SaveTransaction(record);
+    return ledger_.Transactions().SaveTransaction(record);
   }
   std::int64_t AddLine(std::int64_t parent, double amount) {
     TransactionRecord line = Row(0, amount);
     line.payeeId = 0;
     line.paymentId = 0;
     line.allocatedItem = parent;
-    return ledger_.SaveTransaction(line);
+    return ledger_.Transactions().SaveTransaction(line);
   }
   std::pair<std::int64_t, std::int64_t> AddTransfer(std::int64_t from, std::int64_t to,
                                                     double amount) {
     TransactionRecord first = Row(from, -amount);
     TransactionRecord second = Row(to, amount);
-    ledger_.SaveTransfer(first, second);
+    ledger_.Transactions().SaveTransfer(first, second);
     return {first.transactionId, second.transactionId};
   }
   void LinkAndAttach(std::int64_t transaction) {
-    ledger_.LinkKeyword(ledger_.FindOrCreateKeyword("Holiday"), transaction);
+    ledger_.Notes().LinkKeyword(ledger_.Notes().FindOrCreateKeyword("Holiday"), transaction);
     AttachmentRecord file{0, transaction, "bill.pdf", "/home/me/bill.pdf", ""};
-    ledger_.AddAttachment(file);
+    ledger_.Notes().AddAttachment(file);
   }
   std::int64_t AddSchedule(std::int64_t account, double amount, std::int64_t other = 0,
                            std::int64_t parent = 0) {

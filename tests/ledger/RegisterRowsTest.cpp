@@ -1,8 +1,14 @@
 // The register that reads only what is asked for must be the one that reads everything.
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BalanceBook.h"
 #include "ledger/LedgerTest.h"
+#include "ledger/Period.h"
 #include "ledger/RegisterOrder.h"
+#include "ledger/RegisterRow.h"
 #include "ledger/RegisterRows.h"
 #include "ledger/RegisterShelf.h"
+#include "ledger/StatusFilter.h"
 #include "platform/TextCase.h"
 #include "support/AccessPath.h"
 
@@ -46,7 +52,7 @@ class RegisterOnDemand : public LedgerTest {
 
   RegisterRows Open(const RegisterScope& scope) { return {Ledger().Store(), scope, 100}; }
   std::vector<RegisterRow> Whole(const RegisterScope& scope) {
-    return Ledger().Register(scope.accountId, scope.filter, scope.period);
+    return Ledger().Balances().Register(scope.accountId, scope.filter, scope.period);
   }
   static Period January(int from, int to) {
     return {*Date::FromYmd(2026, 1, from), *Date::FromYmd(2026, 1, to)};
@@ -72,7 +78,8 @@ TEST_F(RegisterOnDemand, IsTheRegisterHoweverItIsReadAndFiltered) {
         RegisterScope{1, {}, January(5, 12)}, RegisterScope{1, {false, true, false}, January(9, 9)},
         RegisterScope{1, {}, January(29, 31)}}) {
     const std::vector<RegisterRow> expected = Whole(scope);
-    const PeriodTotals totals = Ledger().Totals(scope.accountId, scope.filter, scope.period);
+    const PeriodTotals totals =
+        Ledger().Balances().Totals(scope.accountId, scope.filter, scope.period);
     for (const std::size_t step : {std::size_t{1}, std::size_t{7}, std::size_t{1000}}) {
       RegisterRows rows(Ledger().Store(), scope, scope.accountId == 2 ? 5 : 100);
       ASSERT_EQ(rows.Count(), expected.size());
@@ -92,7 +99,7 @@ TEST_F(RegisterOnDemand, IsTheRegisterHoweverItIsReadAndFiltered) {
 }
 
 TEST_F(RegisterOnDemand, TakesTheSumsThatTheTreeHasReadAlready) {
-  for (const AccountRow& account : Ledger().Accounts(TreeOptions())) {
+  for (const AccountRow& account : Ledger().Accounts().Accounts(TreeOptions())) {
     const RegisterScope scope{account.accountId, {}};
     RegisterRows rows(Ledger().Store(), scope, account.openingBalance, account.sums);
     EXPECT_EQ(rows.Count(), Whole(scope).size());
@@ -112,7 +119,7 @@ TEST_F(RegisterOnDemand, FindsRowsWithoutReadingEverything) {
   }
   EXPECT_FALSE(rows.RowOf(9)) << "in the other account";
   EXPECT_FALSE(rows.RowOf(77777));
-  EXPECT_EQ(rows.UnclearedCount(), Ledger().UnclearedCount(1));
+  EXPECT_EQ(rows.UnclearedCount(), Ledger().Balances().UnclearedCount(1));
   const auto lowest = LowestAhead(rows, *Date::FromYmd(2026, 1, 14));
   ASSERT_TRUE(lowest);
   for (std::size_t row = 0; row < expected.size(); ++row) {
@@ -197,13 +204,13 @@ TEST_F(RegisterOnDemand, TheTreesSumsAreThoseOfEachAccountsRows) {
       TreeOptions options;
       options.filter = filter;
       options.end = end;
-      for (const AccountRow& account : Ledger().Accounts(options)) {
+      for (const AccountRow& account : Ledger().Accounts().Accounts(options)) {
         const EntrySums own = ReadSums(Store(), account.accountId, filter, std::nullopt, end);
         EXPECT_EQ(account.sums.count, own.count);
         EXPECT_DOUBLE_EQ(account.sums.total, own.total);
         EXPECT_DOUBLE_EQ(account.sums.paidIn, own.paidIn);
         EXPECT_DOUBLE_EQ(account.sums.paidOut, own.paidOut);
-        EXPECT_EQ(account.balance, Ledger().AccountBalance(account.accountId, options));
+        EXPECT_EQ(account.balance, Ledger().Balances().AccountBalance(account.accountId, options));
       }
     }
   }

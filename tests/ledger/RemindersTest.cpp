@@ -1,6 +1,9 @@
 #include "ledger/PostingTest.h"
 #include "ledger/Reminders.h"
+#include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRecord.h"
 #include "ledger/ScheduleRows.h"
+#include "ledger/StatusBook.h"
 
 namespace corvanta {
 namespace {
@@ -49,7 +52,7 @@ TEST_F(RemindersTest, PostedItemsStandThereUntilTheyAreCleared) {
   EXPECT_EQ(Texts(Look().future), (Dates{"2026-11-21 Bank -40*1", "2026-11-28 Bank -40*1"}));
   EXPECT_EQ(Look().dueCount, 0U);
   for (const char* due : {"2026-11-07", "2026-11-21"}) {
-    ledger_.SetStatus(RowOf(schedule, due), 1, 1, 0);
+    ledger_.Statuses().SetStatus(RowOf(schedule, due), 1, 1, 0);
   }
   EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-14 Bank -40*1"}));
   EXPECT_EQ(Texts(Look().future), (Dates{"2026-11-28 Bank -40*1"}));
@@ -82,10 +85,10 @@ TEST_F(RemindersTest, WhatWaitsForARateSaysSo) {
   EXPECT_TRUE(list.overdue[1].waitsForRate);
   EXPECT_FALSE(list.overdue[2].waitsForRate) << "this one waits for a person";
   EXPECT_TRUE(list.future[0].waitsForRate) << "within the look-ahead";
-  EXPECT_EQ(HindranceOf(ledger_.Schedules()[0]), "waits for an exchange rate");
-  EXPECT_EQ(HindranceOf(ledger_.Schedules()[1]), "");
+  EXPECT_EQ(HindranceOf(ledger_.Schedules().Schedules()[0]), "waits for an exchange rate");
+  EXPECT_EQ(HindranceOf(ledger_.Schedules().Schedules()[1]), "");
   Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
-  EXPECT_EQ(HindranceOf(ledger_.Schedules()[1]), "the receiving account is closed");
+  EXPECT_EQ(HindranceOf(ledger_.Schedules().Schedules()[1]), "the receiving account is closed");
 }
 
 TEST_F(RemindersTest, AMovedPaymentStandsAtTheDayItIsBooked) {

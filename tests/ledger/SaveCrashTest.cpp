@@ -1,5 +1,8 @@
 // A program that dies in the middle of an operation leaves all of it or nothing.
+#include "ledger/AccountBook.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "platform/Files.h"
 #include "support/FaultVfs.h"
 
@@ -107,19 +110,19 @@ TEST_P(SaveCrash, SavingATransferOverASplit) {
   Sweep([&](clsCorvanta& ledger) {
     TransactionRecord first = from;
     TransactionRecord second = to;
-    ledger.SaveTransfer(first, second);
+    ledger.Transactions().SaveTransfer(first, second);
   });
 }
 
 TEST_P(SaveCrash, DeletingASplitAndATransfer) {
   Sweep([&](clsCorvanta& ledger) {
     const std::vector keys{split_, twin_};
-    ledger.DeleteTransactions(keys);
+    ledger.Transactions().DeleteTransactions(keys);
   });
 }
 
 TEST_P(SaveCrash, DeletingAnAccount) {
-  Sweep([&](clsCorvanta& ledger) { ledger.DeleteAccount(bank_); });
+  Sweep([&](clsCorvanta& ledger) { ledger.Accounts().DeleteAccount(bank_); });
 }
 
 std::string NameOf(const testing::TestParamInfo<Fault>& tested) {

@@ -1,6 +1,17 @@
 // Reading, writing and deleting schedules.
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/Period.h"
 #include "ledger/PostingTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleDates.h"
+#include "ledger/ScheduleRecord.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+
+#include <functional>
 
 namespace corvanta {
 namespace {
@@ -10,9 +21,9 @@ class Schedule : public PostingTest {};
 TEST_F(Schedule, IsReadAsItWasSaved) {
   ScheduleRecord plan = Plan("2ww", "2026-11-30", 7, AddToAccount::WhenDue);
   plan.transferAccountId = euros_;
-  const std::int64_t key = ledger_.SaveSchedule(plan);
+  const std::int64_t key = ledger_.Schedules().SaveSchedule(plan);
   EXPECT_EQ(plan.scheduleId, key);
-  const auto read = ledger_.ReadSchedule(key);
+  const auto read = ledger_.Schedules().ReadSchedule(key);
   ASSERT_TRUE(read);
   EXPECT_EQ(static_cast<const ScheduleRecord&>(*read), plan);
   EXPECT_EQ(read->account, "Bank");
@@ -26,12 +37,12 @@ TEST_F(Schedule, IsReadAsItWasSaved) {
   EXPECT_EQ(read->period, "2ww");
   EXPECT_EQ(read->periodName, "Fortnightly");
   EXPECT_FALSE(read->hasLines);
-  EXPECT_FALSE(ledger_.ReadSchedule(key + 1));
+  EXPECT_FALSE(ledger_.Schedules().ReadSchedule(key + 1));
   ScheduleRecord gone = plan;
   gone.scheduleId = key + 1;
-  EXPECT_EQ(ledger_.SaveSchedule(gone), 0);
-  EXPECT_EQ(ledger_.DueDates(key, {}).size(), 7U);
-  EXPECT_TRUE(ledger_.DueDates(key + 1, {}).empty());
+  EXPECT_EQ(ledger_.Schedules().SaveSchedule(gone), 0);
+  EXPECT_EQ(ledger_.Schedules().DueDates(key, {}).size(), 7U);
+  EXPECT_TRUE(ledger_.Schedules().DueDates(key + 1, {}).empty());
 }
 
 TEST_F(Schedule, ListsShowWhatIsNext) {
@@ -41,7 +52,7 @@ TEST_F(Schedule, ListsShowWhatIsNext) {
   const std::int64_t split = Save(Plan("q", "2026-11-30", 0, AddToAccount::No));
   SaveLine(split, -5);
   Pass();
-  const auto list = ledger_.Schedules();
+  const auto list = ledger_.Schedules().Schedules();
   ASSERT_EQ(list.size(), 4U);
   EXPECT_EQ(list[0].scheduleId, split);
   EXPECT_TRUE(list[0].hasLines);
@@ -58,16 +69,16 @@ TEST_F(Schedule, LinesBelongToTheirParent) {
   const std::int64_t parent = Save(Plan("m", "2026-12-05", 3, AddToAccount::No));
   const std::int64_t first = SaveLine(parent, -12.25);
   const std::int64_t second = SaveLine(parent, -7.5);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -19.75);
-  EXPECT_TRUE(ledger_.ReadSchedule(parent)->hasLines);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -19.75);
+  EXPECT_TRUE(ledger_.Schedules().ReadSchedule(parent)->hasLines);
   // The parent's amount is theirs, and they follow its account.
-  ScheduleRecord moved = *ledger_.ReadSchedule(parent);
+  ScheduleRecord moved = *ledger_.Schedules().ReadSchedule(parent);
   moved.amount = -99;
   moved.accountId = savings_;
   moved.periodId = Period("q");
-  ledger_.SaveSchedule(moved);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -19.75);
-  const auto lines = ledger_.ScheduleLines(parent);
+  ledger_.Schedules().SaveSchedule(moved);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -19.75);
+  const auto lines = ledger_.Schedules().ScheduleLines(parent);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_EQ(lines[0].scheduleId, first);
   EXPECT_EQ(lines[0].accountId, savings_);
@@ -75,24 +86,24 @@ TEST_F(Schedule, LinesBelongToTheirParent) {
   ScheduleRecord changed = lines[1];
   changed.amount = -8;
   changed.allocatedItem = 0;  // a line stays one
-  ledger_.SaveSchedule(changed);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -20.25);
-  ledger_.DeleteSchedule(second, false);
-  EXPECT_EQ(ledger_.ReadSchedule(parent)->amount, -12.25);
+  ledger_.Schedules().SaveSchedule(changed);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -20.25);
+  ledger_.Schedules().DeleteSchedule(second, false);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(parent)->amount, -12.25);
   // No lines of lines, of transfers or of what is not there.
   EXPECT_EQ(SaveLine(first, -1), 0);
   EXPECT_EQ(SaveLine(9999, -1), 0);
-  ScheduleRecord transfer = *ledger_.ReadSchedule(parent);
+  ScheduleRecord transfer = *ledger_.Schedules().ReadSchedule(parent);
   transfer.transferAccountId = bank_;
-  ledger_.SaveSchedule(transfer);
-  EXPECT_TRUE(ledger_.ScheduleLines(parent).empty());
+  ledger_.Schedules().SaveSchedule(transfer);
+  EXPECT_TRUE(ledger_.Schedules().ScheduleLines(parent).empty());
   EXPECT_EQ(SaveLine(parent, -1), 0);
 }
 
 TEST_F(Schedule, ATransferIntoItsOwnAccountIsNone) {
   ScheduleRecord plan = Plan("m", "2026-12-05");
   plan.transferAccountId = bank_;
-  EXPECT_EQ(ledger_.ReadSchedule(Save(plan))->transferAccountId, 0);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(Save(plan))->transferAccountId, 0);
 }
 
 TEST_F(Schedule, AChangeReachesTheForecastsThatNobodyTouched) {
@@ -102,18 +113,18 @@ TEST_F(Schedule, AChangeReachesTheForecastsThatNobodyTouched) {
   ASSERT_EQ(Posted(schedule).size(), 4U);  // from November to February
   // One of them is the person's own now, and one the bank's.
   const std::int64_t own = RowOf(schedule, "2026-12-10");
-  TransactionRecord row = *ledger_.ReadTransaction(own);
+  TransactionRecord row = *ledger_.Transactions().ReadTransaction(own);
   row.amount = -77;
-  ledger_.SaveTransaction(row);
+  ledger_.Transactions().SaveTransaction(row);
   const std::int64_t attached = RowOf(schedule, "2027-01-10");
   LinkAndAttach(attached);
   const std::string before = Contents();
-  ScheduleRecord same = *ledger_.ReadSchedule(schedule);
-  ledger_.SaveSchedule(same);
+  ScheduleRecord same = *ledger_.Schedules().ReadSchedule(schedule);
+  ledger_.Schedules().SaveSchedule(same);
   EXPECT_EQ(Contents(), before);
   ScheduleRecord dearer = same;
   dearer.amount = -50;
-  ledger_.SaveSchedule(dearer);
+  ledger_.Schedules().SaveSchedule(dearer);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10", "2027-01-10", "2027-02-10"}));
   EXPECT_EQ(Amount(RowOf(schedule, "2026-11-10")), -40) << "it has come to pass";
   EXPECT_EQ(Amount(own), -77);
@@ -122,34 +133,80 @@ TEST_F(Schedule, AChangeReachesTheForecastsThatNobodyTouched) {
   // On other days the rows that were touched stand for other payments, so that none is paid twice.
   ScheduleRecord later = dearer;
   later.dateFrom = Day("2026-11-12");
-  ledger_.SaveSchedule(later);
+  ledger_.Schedules().SaveSchedule(later);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-12", "2027-01-12", "2027-02-12"}));
   EXPECT_EQ(RowOf(schedule, "2026-12-12"), own);
-  EXPECT_EQ(ledger_.ReadTransaction(own)->date, Day("2026-12-10"));
+  EXPECT_EQ(ledger_.Transactions().ReadTransaction(own)->date, Day("2026-12-10"));
   EXPECT_EQ(Pass().occurrences, 0U);
   // What a pass has posted ahead goes when no pass would post it any more.
   later.addToAccount = AddToAccount::No;
-  ledger_.SaveSchedule(later);
+  ledger_.Schedules().SaveSchedule(later);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-12", "2027-01-12"}));
+}
+
+// Whatever a person has made of a forecast, it is theirs.
+TEST_F(Schedule, AForecastThatIsDifferentInAnyFieldStays) {
+  LookAhead("1 Month");
+  const std::int64_t other = ledger_.Categories().FindOrCreateCategory("Other", "", -1);
+  struct Case {
+    const char* field;
+    std::function<void(TransactionRecord&)> edit;
+  };
+  const std::vector<Case> cases = {
+      {"account", [&](TransactionRecord& row) { row.accountId = savings_; }},
+      {"category", [&](TransactionRecord& row) { row.categoryId = other; }},
+      {"payment type",
+       [&](TransactionRecord& row) {
+         row.paymentId = ledger_.References().FindOrCreatePayment("Cash");
+       }},
+      {"payee",
+       [&](TransactionRecord& row) {
+         row.payeeId = ledger_.References().FindOrCreatePayee("Baker");
+       }},
+      {"amount", [](TransactionRecord& row) { row.amount = -41; }},
+      {"reference", [](TransactionRecord& row) { row.reference = "R2"; }},
+      {"description", [](TransactionRecord& row) { row.description = "mine"; }},
+      {"date", [](TransactionRecord& row) { row.date = row.date.AddDays(1); }},
+      {"cleared", [](TransactionRecord& row) { row.status.bankChk = 1; }},
+      {"reconciled", [](TransactionRecord& row) { row.status.bankRec = 1; }}};
+  for (const Case& row : cases) {
+    const std::int64_t schedule = Save(Plan("m", "2026-12-10", 1));
+    Pass();
+    const std::int64_t forecast = RowOf(schedule, "2026-12-10");
+    TransactionRecord mine = *ledger_.Transactions().ReadTransaction(forecast);
+    row.edit(mine);
+    ledger_.Transactions().SaveTransaction(mine);
+    ScheduleRecord dearer = *ledger_.Schedules().ReadSchedule(schedule);
+    dearer.amount = -50;
+    ledger_.Schedules().SaveSchedule(dearer);
+    EXPECT_TRUE(Exists(forecast)) << row.field;
+    EXPECT_EQ(Amount(forecast), mine.amount) << row.field;
+  }
+  const std::int64_t untouched = Save(Plan("m", "2026-12-10", 1));
+  Pass();
+  ScheduleRecord dearer = *ledger_.Schedules().ReadSchedule(untouched);
+  dearer.amount = -50;
+  ledger_.Schedules().SaveSchedule(dearer);
+  EXPECT_EQ(Amount(RowOf(untouched, "2026-12-10")), -50);
 }
 
 TEST_F(Schedule, APaymentPostedAheadByHandFollowsToo) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-10", 0, AddToAccount::No));
   Post(schedule, "2026-11-10");
   Post(schedule, "2026-12-10");
-  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
   changed.description = "Rent and heating";
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-10"}));
   const auto text = [&](const char* due) {
-    return ledger_.ReadTransaction(RowOf(schedule, due))->description;
+    return ledger_.Transactions().ReadTransaction(RowOf(schedule, due))->description;
   };
   EXPECT_EQ(text("2026-11-10"), "It's rent");
   EXPECT_EQ(text("2026-12-10"), "Rent and heating");
   changed.dateFrom = Day("2026-11-15");
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(Posted(schedule), (Dates{"2026-11-10", "2026-12-15"}));
-  EXPECT_EQ(ledger_.Schedules().front().nextDue, Day("2027-01-15"));
+  EXPECT_EQ(ledger_.Schedules().Schedules().front().nextDue, Day("2027-01-15"));
 }
 
 TEST_F(Schedule, WithMovingDatesAnEditReachesTheForecastsAndLosesNone) {
@@ -160,21 +217,21 @@ TEST_F(Schedule, WithMovingDatesAnEditReachesTheForecastsAndLosesNone) {
   Pass();
   ASSERT_EQ(State(three), "2027-01-10 x-1 posted 1 finished");
   for (const std::int64_t key : {three, endless}) {
-    ScheduleRecord changed = *ledger_.ReadSchedule(key);
+    ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(key);
     changed.amount = -50;
-    ledger_.SaveSchedule(changed);
+    ledger_.Schedules().SaveSchedule(changed);
     EXPECT_EQ(Amount(RowOf(key, "2026-11-10")), -40);
     EXPECT_EQ(Amount(RowOf(key, "2026-12-10")), -50);
     EXPECT_EQ(Amount(RowOf(key, "2027-01-10")), -50);
     changed.dateFrom = changed.dateFrom.AddDays(2);
     if (changed.noTimes < 0) changed.noTimes = 1;
-    ledger_.SaveSchedule(changed);
+    ledger_.Schedules().SaveSchedule(changed);
   }
   Pass();
   EXPECT_EQ(Posted(three), (Dates{"2026-11-10", "2026-12-12", "2027-01-12"}));
-  EXPECT_TRUE(ledger_.ReadSchedule(three)->isFinished);
+  EXPECT_TRUE(ledger_.Schedules().ReadSchedule(three)->isFinished);
   EXPECT_EQ(Posted(endless), (Dates{"2026-11-10", "2026-12-12", "2027-01-12", "2027-02-12"}));
-  EXPECT_EQ(ledger_.ReadSchedule(endless)->dateFrom, Day("2027-03-12"));
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(endless)->dateFrom, Day("2027-03-12"));
 }
 
 // Its past comes no second time, whichever way the plan is changed.
@@ -206,15 +263,15 @@ TEST_F(Schedule, AnotherPlanGoesOnBehindWhatIsPosted) {
     Pass();
     const std::int64_t past = Count("tblTransactions WHERE [Date] <= #11/21/2026#");
     ASSERT_GE(past, 2);
-    ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+    ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
     changed.periodId = Period(test.changedTo);
     changed.dateFrom = Day(test.changedFrom);
-    EXPECT_EQ(ledger_.PlanAfterSaving(changed).from.ToIso(), test.state.substr(0, 10));
-    ledger_.SaveSchedule(changed);
+    EXPECT_EQ(ledger_.Schedules().PlanAfterSaving(changed).from.ToIso(), test.state.substr(0, 10));
+    ledger_.Schedules().SaveSchedule(changed);
     Pass();
     EXPECT_EQ(State(schedule), test.state);
     EXPECT_EQ(Count("tblTransactions WHERE [Date] <= #11/21/2026#"), past);
-    const auto next = ledger_.Schedules().front().nextDue;
+    const auto next = ledger_.Schedules().Schedules().front().nextDue;
     EXPECT_EQ(next ? next->ToIso() : "", test.next);
     Run("DELETE FROM tblTransactions");
     Run("DELETE FROM tblSchedule");
@@ -225,13 +282,14 @@ TEST_F(Schedule, WhatIsOverdueStaysSoUnderAnotherPlan) {
   const std::int64_t schedule = Save(Plan("m", "2026-08-05", 0, AddToAccount::No));
   Post(schedule, "2026-08-05");
   Post(schedule, "2026-10-05");
-  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
   changed.dateFrom = Day("2026-08-12");
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   // September and November still wait, October is paid.
   EXPECT_EQ(State(schedule), "2026-09-12 x0 posted 1");
   EXPECT_EQ(Posted(schedule), (Dates{"2026-08-05", "2026-10-12"}));
-  EXPECT_EQ(ledger_.ReadTransaction(RowOf(schedule, "2026-10-12"))->date, Day("2026-10-05"));
+  EXPECT_EQ(ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-10-12"))->date,
+            Day("2026-10-05"));
 }
 
 TEST_F(Schedule, ACopyGoesOnWhereItsOriginalStands) {
@@ -240,17 +298,17 @@ TEST_F(Schedule, ACopyGoesOnWhereItsOriginalStands) {
   const std::int64_t eight = Save(Plan("m", "2026-06-05", 8));
   Pass();
   const std::int64_t rows = Count("tblTransactions");
-  EXPECT_EQ(State(ledger_.PasteSchedule(endless)), "2027-01-05 x0 posted 0");
-  const std::int64_t finished = ledger_.PasteSchedule(three);
+  EXPECT_EQ(State(ledger_.Schedules().PasteSchedule(endless)), "2027-01-05 x0 posted 0");
+  const std::int64_t finished = ledger_.Schedules().PasteSchedule(three);
   EXPECT_EQ(State(finished), "2026-09-05 x-3 posted 0 finished");
-  EXPECT_EQ(State(ledger_.PasteSchedule(eight)), "2027-01-05 x1 posted 0");
+  EXPECT_EQ(State(ledger_.Schedules().PasteSchedule(eight)), "2027-01-05 x1 posted 0");
   Pass();
   EXPECT_EQ(Count("tblTransactions"), rows);
   // It is a model for the next one.
-  ScheduleRecord again = *ledger_.ReadSchedule(finished);
+  ScheduleRecord again = *ledger_.Schedules().ReadSchedule(finished);
   again.dateFrom = Day("2026-12-01");
   again.noTimes = 3;
-  ledger_.SaveSchedule(again);
+  ledger_.Schedules().SaveSchedule(again);
   EXPECT_EQ(Pass().occurrences, 1U);
 }
 
@@ -262,19 +320,20 @@ TEST_F(Schedule, AForecastInAnotherCurrencyKeepsItsRate) {
   Pass();
   rates_.Answer(std::nullopt);
   const auto arrived = [&] {
-    return Amount(ledger_.ReadTransaction(RowOf(schedule, "2026-12-05"))->transferId);
+    return Amount(
+        ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-12-05"))->transferId);
   };
-  ScheduleRecord changed = *ledger_.ReadSchedule(schedule);
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
   changed.description = "other";
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(arrived(), 46);
   changed.amount = -33.33;
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(arrived(), 38.33);
   // Between other currencies there is no rate to go by: it waits for one.
   changed.accountId = euros_;
   changed.transferAccountId = bank_;
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(Posted(schedule), Dates{});
 }
 
@@ -284,14 +343,16 @@ TEST_F(Schedule, TheLastDayOfTheMonthStaysTheLast) {
   const std::int64_t schedule = Save(plan);
   Pass();
   EXPECT_EQ(Posted(schedule), (Dates{"2026-09-30", "2026-10-31", "2026-11-30"}));
-  EXPECT_EQ(ledger_.Schedules().front().nextDue, Day("2026-12-31"));
-  EXPECT_TRUE(ledger_.ReadSchedule(ledger_.PasteSchedule(schedule))->days.isMonthEnd);
+  EXPECT_EQ(ledger_.Schedules().Schedules().front().nextDue, Day("2026-12-31"));
+  EXPECT_TRUE(ledger_.Schedules()
+                  .ReadSchedule(ledger_.Schedules().PasteSchedule(schedule))
+                  ->days.isMonthEnd);
   // The start goes to that day, and a week has none.
   plan.dateFrom = Day("2028-02-03");
   const std::int64_t february = Save(plan);
-  EXPECT_EQ(ledger_.ReadSchedule(february)->dateFrom, Day("2028-02-29"));
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(february)->dateFrom, Day("2028-02-29"));
   plan.periodId = Period("ww");
-  EXPECT_FALSE(ledger_.ReadSchedule(Save(plan))->days.isMonthEnd);
+  EXPECT_FALSE(ledger_.Schedules().ReadSchedule(Save(plan))->days.isMonthEnd);
 }
 
 TEST_F(Schedule, WeekendsMoveTheBookingAndNotTheDueDate) {
@@ -302,27 +363,31 @@ TEST_F(Schedule, WeekendsMoveTheBookingAndNotTheDueDate) {
   plan.days.weekend = WeekendRule::After;
   const std::int64_t after = Save(plan);
   EXPECT_EQ(Pass().occurrences, 1U);
-  EXPECT_EQ(ledger_.ReadTransaction(RowOf(before, "2026-11-22"))->date, Day("2026-11-20"));
+  EXPECT_EQ(ledger_.Transactions().ReadTransaction(RowOf(before, "2026-11-22"))->date,
+            Day("2026-11-20"));
   Today("2026-11-22");
   EXPECT_EQ(Pass().occurrences, 0U);
   Today("2026-11-23");
   EXPECT_EQ(Pass().occurrences, 1U);
-  EXPECT_EQ(ledger_.ReadTransaction(RowOf(after, "2026-11-22"))->date, Day("2026-11-23"));
+  EXPECT_EQ(ledger_.Transactions().ReadTransaction(RowOf(after, "2026-11-22"))->date,
+            Day("2026-11-23"));
   // A forecast goes with the rule when that is changed; undo brings both back.
   Post(after, "2027-05-22");
   ledger_.Undo().Start();
-  ScheduleRecord changed = *ledger_.ReadSchedule(after);
-  const auto booked = [&] { return ledger_.ReadTransaction(RowOf(after, "2027-05-22"))->date; };
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(after);
+  const auto booked = [&] {
+    return ledger_.Transactions().ReadTransaction(RowOf(after, "2027-05-22"))->date;
+  };
   EXPECT_EQ(booked(), Day("2027-05-24"));
   changed.days.weekend = WeekendRule::Stay;
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(booked(), Day("2027-05-22"));
   ledger_.Undo().Undo();
   EXPECT_EQ(booked(), Day("2027-05-24"));
-  EXPECT_EQ(ledger_.ReadSchedule(after)->days.weekend, WeekendRule::After);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(after)->days.weekend, WeekendRule::After);
   // Nothing of it is left of a schedule that is gone, and the catalog shows nothing of it.
-  ledger_.DeleteSchedule(after, true);
-  ledger_.DeleteSchedule(before, true);
+  ledger_.Schedules().DeleteSchedule(after, true);
+  ledger_.Schedules().DeleteSchedule(before, true);
   EXPECT_EQ(Count("own_ScheduleDays"), 0);
   EXPECT_EQ(Db().TableNames().size(), 16U);
 }
@@ -335,16 +400,17 @@ TEST_F(Schedule, ForecastsOfATransferStayWhereItsOtherHalfWasTouched) {
   Pass();
   ASSERT_EQ(Posted(schedule).size(), 6U);
   const auto twin = [&](const char* due) {
-    return *ledger_.ReadTransaction(ledger_.ReadTransaction(RowOf(schedule, due))->transferId);
+    return *ledger_.Transactions().ReadTransaction(
+        ledger_.Transactions().ReadTransaction(RowOf(schedule, due))->transferId);
   };
-  ledger_.SetStatus(twin("2026-12-10").transactionId, 1, 1, 0);
+  ledger_.Statuses().SetStatus(twin("2026-12-10").transactionId, 1, 1, 0);
   LinkAndAttach(twin("2027-01-10").transactionId);
   TransactionRecord named = twin("2027-02-10");
   named.description = "for the holidays";
-  ledger_.SaveTransaction(named);
-  ScheduleRecord dearer = *ledger_.ReadSchedule(schedule);
+  ledger_.Transactions().SaveTransaction(named);
+  ScheduleRecord dearer = *ledger_.Schedules().ReadSchedule(schedule);
   dearer.amount = -50;
-  ledger_.SaveSchedule(dearer);
+  ledger_.Schedules().SaveSchedule(dearer);
   EXPECT_EQ(Posted(schedule).size(), 6U);
   EXPECT_EQ(Amount(RowOf(schedule, "2026-12-10")), -40);
   EXPECT_EQ(Amount(RowOf(schedule, "2027-01-10")), -40);
@@ -358,20 +424,20 @@ TEST_F(Schedule, AChangedLineReachesTheForecasts) {
   const std::int64_t line = SaveLine(schedule, -20);
   Pass();
   ASSERT_EQ(Posted(schedule), (Dates{"2026-11-15", "2026-12-15"}));
-  ScheduleRecord changed = *ledger_.ReadSchedule(line);
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(line);
   changed.amount = -30;
-  ledger_.SaveSchedule(changed);
+  ledger_.Schedules().SaveSchedule(changed);
   EXPECT_EQ(Amount(RowOf(schedule, "2026-11-15")), -30);
   EXPECT_EQ(Amount(RowOf(schedule, "2026-12-15")), -40);
   EXPECT_EQ(Pass().occurrences, 0U);
-  ledger_.DeleteSchedule(line, false);
+  ledger_.Schedules().DeleteSchedule(line, false);
   EXPECT_EQ(Amount(RowOf(schedule, "2026-12-15")), -10);
-  EXPECT_EQ(ledger_.SplitLines(RowOf(schedule, "2026-12-15")).size(), 1U);
+  EXPECT_EQ(ledger_.Transactions().SplitLines(RowOf(schedule, "2026-12-15")).size(), 1U);
   // What a person split otherwise stays so.
   AddLine(RowOf(schedule, "2026-12-15"), -5);
-  ScheduleRecord parent = *ledger_.ReadSchedule(schedule);
+  ScheduleRecord parent = *ledger_.Schedules().ReadSchedule(schedule);
   parent.description = "other";
-  ledger_.SaveSchedule(parent);
+  ledger_.Schedules().SaveSchedule(parent);
   EXPECT_EQ(Posted(schedule).size(), 2U);
 }
 
@@ -381,17 +447,17 @@ TEST_F(Schedule, DeletingItTakesItsRowsOrLeavesThem) {
   const std::int64_t kept = Save(plan);
   const std::int64_t gone = Save(plan);
   Pass();
-  ledger_.DeleteSchedule(kept, false);
+  ledger_.Schedules().DeleteSchedule(kept, false);
   EXPECT_EQ(Count("tblTransactions"), 12);
   EXPECT_EQ(Count("tblTransactions WHERE BankSch <> 0"), 6);
   Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(savings_));
-  ledger_.DeleteSchedule(gone, true);
+  ledger_.Schedules().DeleteSchedule(gone, true);
   EXPECT_EQ(Count("tblTransactions"), 12);
   EXPECT_EQ(Count("tblTransactions WHERE BankSch <> 0"), 0);
   Run("UPDATE tblAccounts SET CloseAccount = 0");
   const std::int64_t third = Save(plan);
   Pass();
-  ledger_.DeleteSchedule(third, true);
+  ledger_.Schedules().DeleteSchedule(third, true);
   EXPECT_EQ(Count("tblTransactions"), 12);
   EXPECT_EQ(Count("tblSchedule"), 0);
 }
@@ -410,14 +476,14 @@ TEST_F(Schedule, PointsIntoNoDeletedAccount) {
       "Delete Item",
       "These schedules transferred into the account and are finished now:\n"
       "Bank, Monthly, -40.00 GBP, It's rent");
-  EXPECT_TRUE(ledger_.DeleteAccount(savings_, store_.platform.prompts));
+  EXPECT_TRUE(ledger_.Accounts().DeleteAccount(savings_, store_.platform.prompts));
   EXPECT_EQ(Count("tblSchedule"), 1);
-  EXPECT_EQ(ledger_.ReadSchedule(into)->transferAccountId, 0);
-  EXPECT_TRUE(ledger_.ReadSchedule(into)->isFinished);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(into)->transferAccountId, 0);
+  EXPECT_TRUE(ledger_.Schedules().ReadSchedule(into)->isFinished);
   EXPECT_EQ(Posted(into), Dates{"2026-11-05"}) << "nothing is still to come of it";
   Today("2027-11-21");
   EXPECT_EQ(Pass().occurrences, 0U);
-  ledger_.DeleteAccount(bank_);
+  ledger_.Accounts().DeleteAccount(bank_);
   EXPECT_EQ(Count("tblSchedule"), 0);
   EXPECT_EQ(Pass().schedules, 0U);
 }

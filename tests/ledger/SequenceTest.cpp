@@ -1,7 +1,20 @@
 // Random sequences of operations, after each of which the file must be what a model says.
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/BulkChange.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/LedgerModel.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransactionRecord.h"
+#include "ledger/TransactionStatus.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/UndoLog.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -24,8 +37,8 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
   Sequence() : random_(GetParam()) {
     accounts_ = {bank_, savings_, euros_};
     for (const char* name : {"O'Neil", "[50%]", "Zoë 🎉"}) {
-      payees_.push_back(ledger_.FindOrCreatePayee(name));
-      keywords_.push_back(ledger_.FindOrCreateKeyword(name));
+      payees_.push_back(ledger_.References().FindOrCreatePayee(name));
+      keywords_.push_back(ledger_.Notes().FindOrCreateKeyword(name));
     }
     ledger_.Undo().Start();
     ledger_.Undo().OnChange([this] { isNewStep_ = true; });
@@ -76,7 +89,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
   // Writes it to both.
   Key Save(Key key, const ModelRow& row) {
     TransactionRecord record = ToRecord(key, row);
-    const Key saved = ledger_.SaveTransaction(record);
+    const Key saved = ledger_.Transactions().SaveTransaction(record);
     EXPECT_NE(saved, 0);
     model_.Save(saved, row);
     return saved;
@@ -108,7 +121,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     const Key old = !whole.empty() && Below(2) == 0 ? Pick(whole) : 0;
     TransactionRecord first = ToRecord(old, from);
     TransactionRecord second = ToRecord(0, to);
-    ledger_.SaveTransfer(first, second);
+    ledger_.Transactions().SaveTransfer(first, second);
     model_.SaveTransfer(first.transactionId, from, second.transactionId, to);
   }
 
@@ -122,7 +135,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
 
   void Delete() {
     const Key key = PickRow();
-    ledger_.DeleteTransaction(key);
+    ledger_.Transactions().DeleteTransaction(key);
     model_.Delete(key);
   }
 
@@ -131,7 +144,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     BulkChange change;
     if (Below(2) == 0) change.accountId = Pick(accounts_);
     if (Below(2) == 0) change.type = TypeChange::Reverse;
-    ledger_.BulkEdit(key, change);
+    ledger_.BulkEdits().BulkEdit(key, change);
     if (change.accountId != 0) model_.Move(key, change.accountId);
     if (change.type == TypeChange::Reverse) model_.Reverse(key);
   }
@@ -139,7 +152,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
   void ChangeStatus() {
     const Key key = PickRow();
     const int command = Below(3);
-    ledger_.ApplyStatus(static_cast<StatusCommand>(command), std::vector{key}, false);
+    ledger_.Statuses().ApplyStatus(static_cast<StatusCommand>(command), std::vector{key}, false);
     const StatusFlags flags = FlagsOf(static_cast<TransactionStatus>(command));
     model_.SetStatus(key, flags.bankChk, flags.bankRec);
   }
@@ -149,9 +162,10 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     const Key account = Pick(accounts_);
     const ModelRow row = model_.rows.at(source);
     const bool asPair = row.twin != 0 && model_.rows.at(row.twin).account != account;
-    const Key copy = ledger_.PasteTransaction(source, account);
+    const Key copy = ledger_.Copies().PasteTransaction(source, account);
     std::vector<Key> lines;
-    for (const auto& line : ledger_.SplitLines(copy)) lines.push_back(line.transactionId);
+    for (const auto& line : ledger_.Transactions().SplitLines(copy))
+      lines.push_back(line.transactionId);
     model_.Paste(source, account, copy, lines, asPair ? Column("TransferID", copy) : 0);
   }
 
@@ -160,18 +174,18 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     const Key keyword = Pick(keywords_);
     if (Below(2) == 0) {
       AttachmentRecord file{0, key, "f", "p", "s"};
-      ledger_.AddAttachment(file);
+      ledger_.Notes().AddAttachment(file);
       model_.files.insert(key);
       return;
     }
-    ledger_.LinkKeyword(keyword, key);
+    ledger_.Notes().LinkKeyword(keyword, key);
     if (!model_.links.contains({keyword, key})) model_.links.emplace(keyword, key);
   }
 
   void Merge() {
     const Key source = Pick(payees_);
     const Key target = Pick(payees_);
-    ledger_.MergePayees(source, target);
+    ledger_.References().MergePayees(source, target);
     model_.MergePayees(source, target);
   }
 
@@ -180,7 +194,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     if (Below(8) != 0) return;
     const UndoLog::Step step = ledger_.Undo().Begin("Replace Account");
     Key& account = accounts_[static_cast<std::size_t>(Below(accounts_.size()))];
-    ledger_.DeleteAccount(account);
+    ledger_.Accounts().DeleteAccount(account);
     model_.DeleteAccount(account);
     account = AddAccount("Another", 0, kPounds);
   }
@@ -188,7 +202,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
   void Fail() {
     TransactionRecord record = ToRecord(PickRow(), PickValues());
     record.description = std::string(300, 'x');
-    EXPECT_THROW(ledger_.SaveTransaction(record), StoreError);
+    EXPECT_THROW(ledger_.Transactions().SaveTransaction(record), StoreError);
   }
 
   struct State {
@@ -274,7 +288,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
       EXPECT_EQ(row.account, parent.account);
       EXPECT_EQ(std::pair(row.chk, row.rec), std::pair(parent.chk, parent.rec));
     }
-    for (const AccountRow& account : ledger_.Accounts({}, true)) {
+    for (const AccountRow& account : ledger_.Accounts().Accounts({}, true)) {
       EXPECT_EQ(Cents(account.balance),
                 Cents(account.openingBalance) + file.Sum(account.accountId));
     }

@@ -1,3 +1,4 @@
+#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 
 #include <gtest/gtest.h>

@@ -1,5 +1,12 @@
+#include "ledger/AccountBook.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransactionRecord.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/UndoLog.h"
 
 #include <algorithm>
 
@@ -41,7 +48,7 @@ TEST_F(Undoing, AStepKnowsTheRowsItWouldTouch) {
   const std::int64_t other = Add(bank_, -20);
   EXPECT_EQ(Log().UndoKeys("tblTransactions"), Keys{other});
   EXPECT_EQ(Log().UndoKeys("tblAccounts"), Keys());
-  ledger_.ApplyStatus(StatusCommand::Cleared, std::vector{key, other}, false);
+  ledger_.Statuses().ApplyStatus(StatusCommand::Cleared, std::vector{key, other}, false);
   EXPECT_EQ(keys(Log().UndoKeys("tblTransactions")), (Keys{key, other})) << "each once";
   EXPECT_EQ(Log().RedoKeys("tblTransactions"), Keys());
   Log().Undo();
@@ -61,16 +68,16 @@ TEST_F(Undoing, EachStepGoesBackAndForthUnderItsName) {
   did("Save Transaction");
   AddLine(key, -10.1);
   did("Save Transaction");
-  ledger_.ApplyStatus(StatusCommand::Cleared, std::vector{key}, false);
+  ledger_.Statuses().ApplyStatus(StatusCommand::Cleared, std::vector{key}, false);
   did("Change Status");
   AddTransfer(bank_, savings_, 0.1 + 0.2);
   did("Save Transfer");
-  ledger_.MergePayees(payee_, ledger_.Payees().at(0).payeeId);
-  ledger_.PasteTransaction(key, savings_);
+  ledger_.References().MergePayees(payee_, ledger_.References().Payees().at(0).payeeId);
+  ledger_.Copies().PasteTransaction(key, savings_);
   did("Paste Transaction");
-  ledger_.DeleteTransaction(key);
+  ledger_.Transactions().DeleteTransaction(key);
   did("Delete Transaction");
-  ledger_.DeleteAccount(bank_);
+  ledger_.Accounts().DeleteAccount(bank_);
   did("Delete Account");
 
   for (std::size_t i = states.size() - 1; i > 0; --i) {
@@ -95,7 +102,7 @@ TEST_F(Undoing, AWiderStepTakesTheOthersIn) {
   {
     const UndoLog::Step step = Log().Begin("Import");
     Add(bank_, -1);
-    ledger_.FindOrCreatePayee("New one");
+    ledger_.References().FindOrCreatePayee("New one");
     AddTransfer(bank_, euros_, 3);
   }
   EXPECT_EQ(Log().UndoName(), "Import");
@@ -132,7 +139,7 @@ TEST_F(Undoing, AFailureLeavesNoStep) {
   const std::string before = Contents();
   TransactionRecord record = Row(bank_, -1);
   record.description = std::string(256, 'x');
-  EXPECT_THROW(ledger_.SaveTransaction(record), StoreError);
+  EXPECT_THROW(ledger_.Transactions().SaveTransaction(record), StoreError);
   EXPECT_FALSE(Log().CanUndo());
   const std::int64_t key = Add(bank_, -1);
   Log().Undo();
@@ -142,13 +149,13 @@ TEST_F(Undoing, AFailureLeavesNoStep) {
 
 TEST_F(Undoing, WhatChangesNothingIsNoStep) {
   TransactionRecord record = Row(bank_, -1);
-  ledger_.SaveTransaction(record);
+  ledger_.Transactions().SaveTransaction(record);
   Log().Undo();
   EXPECT_TRUE(Log().CanRedo());
   Run("UPDATE tblAccounts SET OpeningBalance = OpeningBalance");
   EXPECT_TRUE(Log().CanRedo());
   Log().Redo();
-  ledger_.SaveTransaction(record);
+  ledger_.Transactions().SaveTransaction(record);
   Log().Undo();
   EXPECT_FALSE(Exists(record.transactionId)) << "saving it unchanged was no step";
 }
@@ -163,7 +170,7 @@ TEST_F(Undoing, ANewChangeEndsWhatCouldBeDoneAgain) {
   Log().Redo();
   EXPECT_FALSE(Exists(second));
   Log().Undo();
-  EXPECT_EQ(ledger_.ReadAccount(bank_)->description, "");
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(bank_)->description, "");
   Log().Undo();
   EXPECT_EQ(Count("tblTransactions"), 0);
 }
@@ -175,7 +182,7 @@ TEST_F(Undoing, AnExoticValueComesBackExactly) {
       std::to_string(key));
   LinkAndAttach(key);
   const std::string before = Contents();
-  ledger_.DeleteTransaction(key);
+  ledger_.Transactions().DeleteTransaction(key);
   Log().Undo();
   EXPECT_EQ(Contents(), before);
 }

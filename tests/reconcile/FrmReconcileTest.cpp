@@ -2,6 +2,8 @@
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "platform/Settings.h"
 #include "reconcile/FrmReconcile.h"
 #include "reconcile/FrmReconcileModel.h"
@@ -237,7 +239,7 @@ TEST_F(Balancing, AddingAndEditingKeepTheTicks) {
   editor_ = [this](const auto&) {
     TransactionRecord row = Row(bank_, -41, "2026-12-01");
     row.transactionId = out_;
-    ledger_.SaveTransaction(row);
+    ledger_.Transactions().SaveTransaction(row);
     return true;
   };
   DoubleClick(2, 90);

@@ -1,4 +1,5 @@
 #include "ledger/RecordsTest.h"
+#include "ledger/TransactionBook.h"
 #include "platform/IcuLocale.h"
 #include "reconcile/Reconciliation.h"
 #include "support/RecordingProgress.h"
@@ -200,7 +201,7 @@ TEST_F(ReconciliationTest, TicksStayWithTheirRows) {
   balancing.Refill();
   EXPECT_EQ(Ticked(balancing), List{twelfth});
   EXPECT_EQ(Keys(balancing).front(), added);
-  ledger_.DeleteTransaction(twelfth);
+  ledger_.Transactions().DeleteTransaction(twelfth);
   balancing.Refill();
   EXPECT_EQ(Ticked(balancing), List{});
   EXPECT_EQ(balancing.Totals().current, 100);

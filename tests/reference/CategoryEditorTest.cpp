@@ -1,3 +1,4 @@
+#include "ledger/ReferenceBook.h"
 #include "reference/CategoryEditor.h"
 #include "reference/ReferenceTest.h"
 
@@ -102,7 +103,7 @@ TEST_F(Categories, SubCategoriesLeftBehindKeepAMainCategory) {
 
 TEST_F(Categories, AreDeletedWithWhatNothingUses) {
   const auto takeaway = editor_.Save({0, "Food", "Takeaway", 0, 0, 0, {}});
-  Use(dining_, ledger_.FindOrCreatePayee("Bistro"));
+  Use(dining_, ledger_.References().FindOrCreatePayee("Bistro"));
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", false);
   EXPECT_FALSE(editor_.Delete(food_).isChanged);
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
@@ -115,7 +116,7 @@ TEST_F(Categories, AreDeletedWithWhatNothingUses) {
 }
 
 TEST_F(Categories, InUseOrOfTheProgramAreKept) {
-  Use(food_, ledger_.FindOrCreatePayee("Grocer"));
+  Use(food_, ledger_.References().FindOrCreatePayee("Grocer"));
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
   const Deletion used = editor_.Delete(food_);
   EXPECT_FALSE(used.isGone);

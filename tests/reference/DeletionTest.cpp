@@ -1,4 +1,6 @@
 // Deleting and merging through the editors and the list.
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
 #include "reference/AccountEditor.h"
 #include "reference/ListEditor.h"
 #include "reference/MergeEditor.h"
@@ -24,8 +26,8 @@ class Deletions : public ReferenceTest {
 
 TEST_F(Deletions, APayeeGoesUnlessSomethingNamesIt) {
   PayeeEditor editor(ledger_, Prompt());
-  const std::int64_t used = ledger_.FindOrCreatePayee("Used");
-  const std::int64_t free = ledger_.FindOrCreatePayee("Free");
+  const std::int64_t used = ledger_.References().FindOrCreatePayee("Used");
+  const std::int64_t free = ledger_.References().FindOrCreatePayee("Free");
   Use(9, used);
   Answer(false);
   EXPECT_EQ(editor.Delete(free).Notice(), "");
@@ -36,17 +38,17 @@ TEST_F(Deletions, APayeeGoesUnlessSomethingNamesIt) {
   const Deletion deletion = editor.Delete(used);
   EXPECT_FALSE(deletion.isChanged);
   EXPECT_EQ(deletion.Notice(), "“Used” is still needed and was kept.");
-  EXPECT_EQ(ledger_.Payees().size(), 1U);
+  EXPECT_EQ(ledger_.References().Payees().size(), 1U);
 }
 
 TEST_F(Deletions, OfTheFourListsKeepWhatIsUsed) {
-  const std::int64_t cash = ledger_.FindOrCreatePayment("Cash");
-  const std::int64_t card = ledger_.FindOrCreatePayment("Card");
+  const std::int64_t cash = ledger_.References().FindOrCreatePayment("Cash");
+  const std::int64_t card = ledger_.References().FindOrCreatePayment("Card");
   const std::int64_t account = AnAccount();
-  Use(9, ledger_.FindOrCreatePayee("Grocer"), account, card);
+  Use(9, ledger_.References().FindOrCreatePayee("Grocer"), account, card);
   Store().Execute("UPDATE tblAccounts SET BankID = 1");
-  const std::int64_t keyword = ledger_.FindOrCreateKeyword("Holiday");
-  ledger_.LinkKeyword(keyword, 1);
+  const std::int64_t keyword = ledger_.Notes().FindOrCreateKeyword("Holiday");
+  ledger_.Notes().LinkKeyword(keyword, 1);
   const struct {
     ListKind kind;
     std::int64_t key;
@@ -80,7 +82,7 @@ TEST_F(Deletions, AUsedAccountIsAskedAboutTwice) {
   AccountEditor editor(ledger_, Services());
   const std::int64_t used = AnAccount("Used");
   const std::int64_t empty = AnAccount("Empty");
-  Use(9, ledger_.FindOrCreatePayee("Grocer"), used);
+  Use(9, ledger_.References().FindOrCreatePayee("Grocer"), used);
   Answer(true);
   EXPECT_TRUE(editor.Delete(empty).isGone);
   const char* all = "Do you wish to delete this Account, and all Account Transactions?";
@@ -111,8 +113,8 @@ TEST_F(Deletions, AMergeNeedsAnotherTarget) {
 }
 
 TEST_F(Deletions, AMergeMovesTheRecordsAndLeavesTheSource) {
-  const std::int64_t from = ledger_.FindOrCreatePayee("Tesco Ltd");
-  const std::int64_t into = ledger_.FindOrCreatePayee("Tesco");
+  const std::int64_t from = ledger_.References().FindOrCreatePayee("Tesco Ltd");
+  const std::int64_t into = ledger_.References().FindOrCreatePayee("Tesco");
   Use(9, from);
   MergeEditor editor(MergeKind::Payee, ledger_, Prompt());
   const char* question =
@@ -132,7 +134,7 @@ TEST_F(Deletions, AMergeMovesTheRecordsAndLeavesTheSource) {
 TEST_F(Deletions, CategoriesAreMergedByTheirFullNames) {
   const std::int64_t from = CategoryKey("Car", "Petrol");
   const std::int64_t into = CategoryKey("Car");
-  Use(from, ledger_.FindOrCreatePayee("Garage"));
+  Use(from, ledger_.References().FindOrCreatePayee("Garage"));
   MergeEditor editor(MergeKind::Category, ledger_, Prompt());
   const auto items = editor.Items();
   EXPECT_TRUE(std::any_of(items.begin(), items.end(), [&](const MergeItem& item) {

@@ -1,3 +1,7 @@
+#include "ledger/AccountBook.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "reference/AccountEditor.h"
 #include "reference/AccountTypeEditor.h"
 #include "reference/BankEditor.h"
@@ -129,8 +133,8 @@ TEST_F(EditorRules, OfCategoriesHoldInTheirOrder) {
 }
 
 TEST_F(EditorRules, OfSingleNamesHoldInTheirOrder) {
-  ledger_.FindOrCreatePayee("Grocer");
-  ledger_.FindOrCreateKeyword("Holiday");
+  ledger_.References().FindOrCreatePayee("Grocer");
+  ledger_.Notes().FindOrCreateKeyword("Holiday");
   AccountTypeEditor groups(ledger_, Prompt());
   BankEditor banks(ledger_, Prompt());
   PayeeEditor payees(ledger_, Prompt());
@@ -228,7 +232,7 @@ TEST_F(EditorRules, RowsOfOneNameFromAnImportStayEditable) {
     Store().Execute("INSERT INTO tblPayees (Payee, Investment) VALUES('Twin',0)");
   }
   PayeeEditor payees(ledger_, Prompt());
-  PayeeRecord row = *payees.Load(ledger_.FindOrCreatePayee("Twin"));
+  PayeeRecord row = *payees.Load(ledger_.References().FindOrCreatePayee("Twin"));
   row.description = "the first";
   EXPECT_FALSE(payees.Check(row));
 }
@@ -249,7 +253,7 @@ TEST_F(EditorRules, AnAccountBringsItsGroupAndBankAndOneUndoTakesAllBack) {
   form.bank = "NONE";
   form.accountGroup = "pockets";
   editor.Save(form);
-  EXPECT_EQ(ledger_.ReadAccount(form.accountId)->bankId, 0);
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(form.accountId)->bankId, 0);
   EXPECT_EQ(Count("tblAccountType Where AccountType = 'Pockets'"), 1);
   EXPECT_EQ(ledger_.Undo().UndoName(), "Edit Account");
   ledger_.Undo().Undo();

@@ -1,4 +1,6 @@
 #include "controls/PickBox.h"
+#include "ledger/AccountBook.h"
+#include "ledger/ReferenceBook.h"
 #include "reference/FrmAccounts.h"
 #include "reference/FrmReferenceTest.h"
 
@@ -26,7 +28,7 @@ TEST_F(Accounts, AnAccountIsTypedWithCompletionAndTheLocalesNumbers) {
   Find<QWidget>(dialog, "txtDescription").setFocus();
   EXPECT_EQ(Find<QLineEdit>(dialog, "txtOpeningBalance").text(), "-1,234.50");
   Click(dialog, "cmdAccept");
-  const auto account = ledger_.ReadAccount(dialog.SavedKey());
+  const auto account = ledger_.Accounts().ReadAccount(dialog.SavedKey());
   ASSERT_TRUE(account);
   EXPECT_EQ(account->account, "Purse");
   EXPECT_EQ(account->openingBalance, -1234.5);
@@ -46,8 +48,8 @@ TEST_F(Accounts, AnAmountThatIsNotTouchedKeepsItsDigits) {
   Find<QCheckBox>(dialog, "chkCloseAccount").setFocus();
   QTest::keyClick(&Find<QCheckBox>(dialog, "chkCloseAccount"), Qt::Key_Space);
   Click(dialog, "cmdAccept");
-  EXPECT_EQ(ledger_.ReadAccount(key)->openingBalance, 0.123456789);
-  EXPECT_TRUE(ledger_.ReadAccount(key)->closed);
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(key)->openingBalance, 0.123456789);
+  EXPECT_TRUE(ledger_.Accounts().ReadAccount(key)->closed);
 }
 
 TEST_F(Accounts, TheAccountsWarningsFocusTheirFields) {
@@ -89,7 +91,8 @@ TEST_F(Accounts, ABankIsAddedFromASavedAccount) {
   EXPECT_EQ(Find<PickBox>(dialog, "cmbBank").currentText(), "River Bank");
   EXPECT_TRUE(dialog.IsChanged());
   Click(dialog, "cmdAccept");
-  EXPECT_EQ(ledger_.ReadAccount(key)->bankId, ledger_.FindOrCreateBank("River Bank"));
+  EXPECT_EQ(ledger_.Accounts().ReadAccount(key)->bankId,
+            ledger_.References().FindOrCreateBank("River Bank"));
 }
 
 TEST_F(Accounts, EnterTakesACompletionAndThenSaves) {

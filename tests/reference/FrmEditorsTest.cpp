@@ -1,3 +1,7 @@
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionBook.h"
 #include "reference/FrmAccountTypes.h"
 #include "reference/FrmAccounts.h"
 #include "reference/FrmBanks.h"
@@ -105,20 +109,20 @@ TEST_F(Editors, ANewPayeeIsSavedByEnterAndTheFormIsReadyForTheNext) {
     EXPECT_EQ(NoteOf(dialog).toStdString(), "“" + name + "” was saved.");
     EXPECT_EQ(Find<QLineEdit>(dialog, "txtPayee").text(), "");
     EXPECT_EQ(FocusOf(dialog), "txtPayee");
-    EXPECT_EQ(ledger_.FindOrCreatePayee(name), dialog.SavedKey());
+    EXPECT_EQ(ledger_.References().FindOrCreatePayee(name), dialog.SavedKey());
   }
-  EXPECT_EQ(ledger_.Payees().size(), kNastyNames.size());
+  EXPECT_EQ(ledger_.References().Payees().size(), kNastyNames.size());
   Type(dialog, "txtPayee", QString(101, u'x'));
   Prompt().ExpectTell("Save Warning", "Payee must be less than 100 characters long");
   QTest::keyClick(&Find<QLineEdit>(dialog, "txtPayee"), Qt::Key_Return);
   EXPECT_EQ(Find<QLineEdit>(dialog, "txtPayee").selectedText().size(), 101);
   QTest::keyClicks(&Find<QLineEdit>(dialog, "txtPayee"), QString(100, u'x'));
   QTest::keyClick(&Find<QLineEdit>(dialog, "txtPayee"), Qt::Key_Return);
-  EXPECT_EQ(ledger_.Payees().size(), kNastyNames.size() + 1);
+  EXPECT_EQ(ledger_.References().Payees().size(), kNastyNames.size() + 1);
 }
 
 TEST_F(Editors, AnExistingPayeeIsSavedAndTheDialogCloses) {
-  const std::int64_t key = ledger_.FindOrCreatePayee("Grocer");
+  const std::int64_t key = ledger_.References().FindOrCreatePayee("Grocer");
   FrmPayees dialog(Services(), ledger_, nullptr);
   EXPECT_FALSE(dialog.Open(999));
   ASSERT_TRUE(dialog.Open(key));
@@ -129,11 +133,11 @@ TEST_F(Editors, AnExistingPayeeIsSavedAndTheDialogCloses) {
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_TRUE(dialog.IsChanged());
   EXPECT_EQ(dialog.SavedKey(), key);
-  EXPECT_EQ(ledger_.Payees().front().description, "on the corner");
+  EXPECT_EQ(ledger_.References().Payees().front().description, "on the corner");
 }
 
 TEST_F(Editors, AddNewTurnsAnEditIntoAnAddition) {
-  const std::int64_t key = ledger_.FindOrCreatePayee("Grocer");
+  const std::int64_t key = ledger_.References().FindOrCreatePayee("Grocer");
   FrmPayees dialog(Services(), ledger_, nullptr);
   dialog.Open(key);
   Show(dialog);
@@ -144,12 +148,12 @@ TEST_F(Editors, AddNewTurnsAnEditIntoAnAddition) {
   EXPECT_FALSE(Find<QPushButton>(dialog, "cmdMerge").isVisible());
   Type(dialog, "txtPayee", "Baker");
   Click(dialog, "cmdAccept");
-  EXPECT_EQ(ledger_.Payees().size(), 2U);
+  EXPECT_EQ(ledger_.References().Payees().size(), 2U);
   EXPECT_NE(dialog.SavedKey(), key);
 }
 
 TEST_F(Editors, DeletingAsksAndSaysWhatWasKept) {
-  const std::int64_t key = ledger_.FindOrCreatePayee("Grocer");
+  const std::int64_t key = ledger_.References().FindOrCreatePayee("Grocer");
   const std::int64_t row = Use(9, key);
   FrmPayees dialog(Services(), ledger_, nullptr);
   dialog.Open(key);
@@ -159,12 +163,12 @@ TEST_F(Editors, DeletingAsksAndSaysWhatWasKept) {
   EXPECT_TRUE(dialog.isVisible());
   EXPECT_EQ(NoteOf(dialog), QString::fromUtf8("“Grocer” is still needed and was kept."));
   EXPECT_FALSE(dialog.IsChanged());
-  ledger_.DeleteTransaction(row);
+  ledger_.Transactions().DeleteTransaction(row);
   Prompt().ExpectAsk("Delete Item?", "Do you wish to delete this item?", true);
   Click(dialog, "cmdDelete");
   EXPECT_FALSE(dialog.isVisible());
   EXPECT_TRUE(dialog.IsChanged());
-  EXPECT_TRUE(ledger_.Payees().empty());
+  EXPECT_TRUE(ledger_.References().Payees().empty());
 }
 
 TEST_F(Editors, WhatTheFileRefusesKeepsWhatWasTyped) {
@@ -199,7 +203,7 @@ TEST_F(Editors, ACategoryKeepsItsBudget) {
   EXPECT_EQ(FocusOf(dialog), "cmbPeriod");
   QTest::keyClicks(&Find<QComboBox>(dialog, "cmbPeriod"), "Mon");
   Click(dialog, "cmdAccept");
-  const auto rows = ledger_.Categories();
+  const auto rows = ledger_.Categories().Categories();
   const auto row = std::find_if(rows.begin(), rows.end(), [&](const CategoryRecord& candidate) {
     return candidate.categoryId == dialog.SavedKey();
   });
@@ -232,15 +236,15 @@ TEST_F(Editors, ACategoryMayChangeItsCase) {
   Find<QWidget>(dialog, "txtBudget").setFocus();
   Prompt().ExpectAsk("Amend Category", ScriptedPrompts::kAnyText, true);
   Click(dialog, "cmdAccept");
-  const auto rows = ledger_.Categories();
+  const auto rows = ledger_.Categories().Categories();
   EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
                           [](const CategoryRecord& row) { return row.category == "GIFTS"; }),
             3);
 }
 
 TEST_F(Editors, MergingOpensFromTheEditor) {
-  const std::int64_t from = ledger_.FindOrCreatePayee("Tesco Ltd");
-  const std::int64_t into = ledger_.FindOrCreatePayee("Tesco");
+  const std::int64_t from = ledger_.References().FindOrCreatePayee("Tesco Ltd");
+  const std::int64_t into = ledger_.References().FindOrCreatePayee("Tesco");
   Use(9, from);
   FrmPayees dialog(Services(), ledger_, nullptr);
   dialog.Open(from);

@@ -1,4 +1,6 @@
 #include "controls/ListTable.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/ReferenceBook.h"
 #include "reference/FrmList.h"
 #include "reference/FrmReferenceTest.h"
 #include "reference/ReferenceDialogs.h"
@@ -32,7 +34,7 @@ TEST_F(Lists, AnEmptyListOffersTheFirstItem) {
   EXPECT_TRUE(dialog.IsChanged());
   EXPECT_EQ(Chosen(dialog), "Garden") << "the one saved last";
   EXPECT_TRUE(Find<QPushButton>(dialog, "cmdDelete").isEnabled());
-  EXPECT_EQ(ledger_.Keywords().size(), 2U);
+  EXPECT_EQ(ledger_.Notes().Keywords().size(), 2U);
 }
 
 TEST_F(Lists, EnterEditsTheChosenRow) {
@@ -72,7 +74,7 @@ TEST_F(Lists, DeletingAsksTheLongerQuestion) {
   EXPECT_EQ(NoteOf(dialog), "");
   EXPECT_EQ(Chosen(dialog), "Credit Accounts") << "the row that took its place";
   EXPECT_TRUE(dialog.IsChanged());
-  EXPECT_EQ(ledger_.AccountGroups().size(), 4U);
+  EXPECT_EQ(ledger_.References().AccountGroups().size(), 4U);
 }
 
 TEST_F(Lists, TheDialogsReportWhetherAnythingChanged) {
@@ -85,7 +87,7 @@ TEST_F(Lists, TheDialogsReportWhetherAnythingChanged) {
   });
   const DialogResult result = OpenReferenceEditor(ReferenceKind::Payment, 0, place);
   EXPECT_TRUE(result.isChanged);
-  EXPECT_EQ(result.savedKey, ledger_.FindOrCreatePayment("Cash"));
+  EXPECT_EQ(result.savedKey, ledger_.References().FindOrCreatePayment("Cash"));
   EXPECT_TRUE(OpenReferenceEditor(ReferenceKind::Payment, 999, place).isChanged)
       << "a row that is gone";
   InNextDialog([](QDialog& list) { EXPECT_EQ(list.windowTitle(), "Payments"); });

@@ -1,5 +1,10 @@
 #pragma once
 
+#include "ledger/AccountBook.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
@@ -31,7 +36,7 @@ class ReferenceTest : public testing::Test {
     return store_.Number("Select Count(*) from " + from);
   }
   [[nodiscard]] std::int64_t CategoryKey(const std::string& name, const std::string& sub = {}) {
-    return ledger_.FindCategory(name, sub);
+    return ledger_.Categories().FindCategory(name, sub);
   }
   // A transaction that uses these rows.
   std::int64_t Use(std::int64_t category, std::int64_t payee, std::int64_t account = 0,
@@ -43,14 +48,14 @@ class ReferenceTest : public testing::Test {
     record.paymentId = payment;
     record.amount = -10;
     record.date = Machine().clock.Today();
-    return ledger_.SaveTransaction(record);
+    return ledger_.Transactions().SaveTransaction(record);
   }
   std::int64_t AnAccount(const std::string& name = "Current") {
     AccountRecord record;
     record.account = name;
     record.accountTypeId = 1;
     record.currencyId = 17;
-    return ledger_.FindOrCreateAccount(record);
+    return ledger_.Accounts().FindOrCreateAccount(record);
   }
   // All that the editors can write, as one text.
   [[nodiscard]] std::string Everything() {

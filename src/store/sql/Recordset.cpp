@@ -207,6 +207,10 @@ std::string_view Recordset::Text(int index) const {
   return {text, static_cast<std::size_t>(sqlite3_column_bytes(impl_->Row(), index))};
 }
 
+std::optional<Date> Recordset::Day(int index) const {
+  return Date::FromIso(Text(index).substr(0, 10));
+}
+
 Value Recordset::Field(int index) const {
   switch (sqlite3_column_type(impl_->Row(), index)) {
     case SQLITE_INTEGER:

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "platform/Date.h"
 #include "store/sql/Catalog.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Value.h"
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,8 +57,13 @@ class Recordset {
   [[nodiscard]] std::int64_t Int(int index) const;       // NULL as 0
   [[nodiscard]] double Double(int index) const;          // NULL as 0
   [[nodiscard]] std::string_view Text(int index) const;  // NULL as empty; valid until MoveNext
+  // The day of a date with or without a time; nullopt for NULL and for what is no date.
+  [[nodiscard]] std::optional<Date> Day(int index) const;
   [[nodiscard]] std::int64_t Int(std::string_view name) const { return Int(FieldIndex(name)); }
   [[nodiscard]] double Double(std::string_view name) const { return Double(FieldIndex(name)); }
+  [[nodiscard]] std::optional<Date> Day(std::string_view name) const {
+    return Day(FieldIndex(name));
+  }
   [[nodiscard]] std::string Text(std::string_view name) const {
     return std::string(Text(FieldIndex(name)));
   }

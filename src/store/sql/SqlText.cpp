@@ -36,6 +36,11 @@ std::string SqlDate(DateTime moment) {
   return std::string(text, static_cast<std::size_t>(length)) + "#";
 }
 
+std::string SqlEndOf(Date day) {
+  constexpr int kLastSecond = 86399;
+  return SqlDate(DateTime{day, kLastSecond});
+}
+
 std::string SqlNumber(double number) {
   if (!std::isfinite(number)) throw std::invalid_argument("not a finite number");
   if (number == 0) return "0";  // also for minus zero

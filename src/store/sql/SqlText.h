@@ -15,6 +15,8 @@ namespace corvanta {
 [[nodiscard]] std::string SqlDate(Date date);
 // #mm/dd/yyyy# at midnight, otherwise #mm/dd/yyyy hh:nn:ss#.
 [[nodiscard]] std::string SqlDate(DateTime moment);
+// The last second of the day: where a period that includes it ends, for rows that carry a time.
+[[nodiscard]] std::string SqlEndOf(Date day);
 // The shortest form that reads back as the same number, with a point. Throws std::invalid_argument
 // for infinity and NaN.
 [[nodiscard]] std::string SqlNumber(double number);

@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
+#include "platform/StatusWords.h"
 #include "store/datafile/Compact.h"
 #include "store/datafile/opening/CompactionTarget.h"
 #include "store/datafile/opening/FileSteps.h"
@@ -28,20 +29,6 @@ Balances VerifiedBalances(const DataSource& source, const Clock& clock) {
   if (!problems.empty()) throw DamageOf(source.path);
   return AccountBalances(*connection);
 }
-
-// What the person reads while the file is worked on.
-class StatusText {
- public:
-  StatusText(Progress& progress, const std::string& text)
-      : progress_(progress), former_(progress.SetStatus(text)) {}
-  ~StatusText() { progress_.SetStatus(former_); }
-  StatusText(const StatusText&) = delete;
-  StatusText& operator=(const StatusText&) = delete;
-
- private:
-  Progress& progress_;
-  std::string former_;
-};
 
 std::optional<std::string> UpgradeCopy(const DataSource& copy, const Clock& clock) {
   const std::unique_ptr<Connection> connection = Connection::Open(copy, clock);
@@ -82,7 +69,7 @@ std::optional<std::string> FinishCopy(const DataSource& source, const DataSource
 
 std::optional<std::string> RenewDataFile(const DataFileLocation& location, const Renewal& renewal,
                                          const Writer& writer, Platform& platform) {
-  const StatusText status(platform.progress, "Validating the data file...");
+  const StatusWords status(platform.progress, "Validating the data file...");
   const CompactionTarget target(location, writer);
   const DataSource source{location.Path(), renewal.oldPassword, {}};
   const DataSource copy{target.Path(), renewal.newPassword, {}};

@@ -1,10 +1,16 @@
-// Investments and their transactions.
+#include "ledger/InvestmentBook.h"
+
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
 #include "ledger/RowLinks.h"
+#include "ledger/TransactionRows.h"
+#include "ledger/TransactionStatus.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -23,43 +29,47 @@ std::int64_t FirstSource(Connection& store) {
 
 }  // namespace
 
-std::int64_t clsCorvanta::FindOrCreateInvestment(const std::string& name, const std::string& symbol,
-                                                 std::int64_t currencyId) {
+std::int64_t InvestmentBook::FindOrCreateInvestment(const std::string& name,
+                                                    const std::string& symbol,
+                                                    std::int64_t currencyId) {
   const std::string payee(Trim(name));
   const std::string ticker(Trim(symbol));
   // A column that was never written holds no symbol either.
   const std::string noSymbol = ticker.empty() ? " OR IsNull([Symbol])" : "";
   const std::string currency = SqlNumber(currencyId);
-  return FindOrInsert(
+  return core_.FindOrInsert(
       {"tblPayees", "PayeeID",
        "Select * From tblPayees Where lcase(Payee) =" + SqlText(ToLower(payee)) +
            " AND (lcase([Symbol]) =" + SqlText(ToLower(ticker)) + noSymbol + ") AND Investment = 1",
        "INSERT INTO tblPayees (Payee, [Symbol], CurrencyID, InvestCurrencyID, Description,"
        "DataId, Conversion, Investment) VALUES(" +
            SqlText(payee) + "," + SqlText(ticker) + "," + currency + "," + currency + ",''," +
-           SqlNumber(FirstSource(connection_)) + ",1,1)",
+           SqlNumber(FirstSource(core_.store)) + ",1,1)",
        "Add Investment"},
       name);
 }
 
-std::int64_t clsCorvanta::SaveInvestmentTransaction(InvestmentTransaction& record) {
-  const UndoLog::Step step = undo_.Begin("Save Investment Transaction");
-  Transaction all = connection_.Begin();
+std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& record) {
+  const UndoLog::Step step = core_.undo.Begin("Save Investment Transaction");
+  Transaction all = core_.store.Begin();
   const bool isNew = record.transactionId == 0;
   if (!isNew) {
-    const std::optional<RowLinks> old = ReadLinks(connection_, record.transactionId);
+    const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
     if (!old || old->allocatedItem != 0) return 0;
+    core_.closed.RequireOpenHalves(record.transactionId);
     // Lines of an ordinary row that becomes a holding's would add up to nothing.
-    DeleteRows("AllocatedItem = " + SqlNumber(record.transactionId));
-    RepairTransfer(record.transactionId, 0);
+    TransactionRows(core_).DeleteRows("AllocatedItem = " + SqlNumber(record.transactionId));
+    TransactionRows(core_).RepairTransfer(record.transactionId, 0);
   }
+  core_.closed.RequireOpen(record.accountId);
   const bool takesCash = TakesCash(record.action);
-  const std::int64_t category =
-      takesCash ? FindOrCreateCategory("Debit", {}, -1) : FindOrCreateCategory("Credit", {}, 1);
-  const std::int64_t payment = FindOrCreatePayment("Import");
+  const std::int64_t category = takesCash
+                                    ? ledger_.Categories().FindOrCreateCategory("Debit", {}, -1)
+                                    : ledger_.Categories().FindOrCreateCategory("Credit", {}, 1);
+  const std::int64_t payment = ledger_.References().FindOrCreatePayment("Import");
   const StatusFlags flags = FlagsOf(record.status);
   Recordset row =
-      connection_.OpenRecordset(isNew ? "tblTransactions"
+      core_.store.OpenRecordset(isNew ? "tblTransactions"
                                       : "Select * from tblTransactions Where TransactionID = " +
                                             SqlNumber(record.transactionId));
   if (isNew) row.AddNew();

@@ -1,8 +1,12 @@
+#include "ledger/BulkEditor.h"
+
 #include "ledger/RowLinks.h"
-#include "ledger/clsCorvanta.h"
+#include "ledger/TransactionRows.h"
+#include "ledger/TransactionStatus.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -35,86 +39,89 @@ std::vector<Value> ChangeableOf(Connection& store, std::int64_t transactionId) {
 
 }  // namespace
 
-bool clsCorvanta::BulkEdit(std::int64_t transactionId, const BulkChange& change) {
-  const UndoLog::Step step = undo_.Begin("Edit Transactions");
-  Transaction all = connection_.Begin();
-  const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
+bool BulkEditor::BulkEdit(std::int64_t transactionId, const BulkChange& change) {
+  const UndoLog::Step step = core_.undo.Begin("Edit Transactions");
+  Transaction all = core_.store.Begin();
+  const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return false;
-  const std::vector<Value> before = ChangeableOf(connection_, transactionId);
+  core_.closed.RequireOpenHalves(transactionId);
+  core_.closed.RequireOpen(change.accountId);
+  const std::vector<Value> before = ChangeableOf(core_.store, transactionId);
   BulkChange allowed = change;
   if (row->allocatedItem != 0) {
     allowed.accountId = 0;
     allowed.status.reset();
   } else if (row->transferId != 0) {
-    const std::optional<RowLinks> twin = ReadLinks(connection_, row->transferId);
+    const std::optional<RowLinks> twin = ReadLinks(core_.store, row->transferId);
     if (twin && twin->accountId == change.accountId) allowed.accountId = 0;
   }
   ApplyColumns(transactionId, allowed);
   ApplyType(transactionId, *row, allowed.type);
-  const bool isChanged = ChangeableOf(connection_, transactionId) != before;
+  const bool isChanged = ChangeableOf(core_.store, transactionId) != before;
   all.Commit();
   return isChanged;
 }
 
-std::optional<std::size_t> clsCorvanta::BulkEdit(Keys transactionIds, const BulkChange& change) {
-  const UndoLog::Step step = undo_.Begin("Edit Transactions");
+std::optional<std::size_t> BulkEditor::BulkEdit(Keys transactionIds, const BulkChange& change) {
+  const UndoLog::Step step = core_.undo.Begin("Edit Transactions");
   std::size_t changed = 0;
-  const bool isDone = ForEachRow(
+  const bool isDone = core_.ForEachRow(
       transactionIds, [&](std::int64_t key) { changed += BulkEdit(key, change) ? 1 : 0; });
   return isDone ? std::optional(changed) : std::nullopt;
 }
 
-void clsCorvanta::ApplyColumns(std::int64_t transactionId, const BulkChange& change) {
+void BulkEditor::ApplyColumns(std::int64_t transactionId, const BulkChange& change) {
   const std::string assignments = Assignments(change);
   if (assignments.empty()) return;
   const std::string key = SqlNumber(transactionId);
   const bool ordinaryOnly = change.paymentId != 0 || change.payeeId != 0 || change.categoryId != 0;
   const int changed =
-      connection_.Execute("UPDATE tblTransactions set " + assignments +
+      core_.store.Execute("UPDATE tblTransactions set " + assignments +
                           (ordinaryOnly ? " WHERE ([Action] = 0) AND (TransactionID = " + key + ")"
                                         : " WHERE TransactionID = " + key));
   if (changed == 0) return;
   const std::string lines = " WHERE AllocatedItem = " + key;
   if (change.status) {
-    connection_.Execute("UPDATE tblTransactions set " +
+    core_.store.Execute("UPDATE tblTransactions set " +
                         std::string(StatusAssignment(*change.status)) + lines);
   }
   if (change.accountId != 0) {
-    connection_.Execute("UPDATE tblTransactions set AccountId = " + SqlNumber(change.accountId) +
+    core_.store.Execute("UPDATE tblTransactions set AccountId = " + SqlNumber(change.accountId) +
                         lines);
   }
 }
 
-void clsCorvanta::ApplyType(std::int64_t transactionId, const RowLinks& row, TypeChange type) {
+void BulkEditor::ApplyType(std::int64_t transactionId, const RowLinks& row, TypeChange type) {
   const bool flips = type == TypeChange::Reverse ||
                      (type == TypeChange::Income && row.amount < 0) ||
                      (type == TypeChange::Expense && row.amount > 0);
   if (flips) FlipSign(transactionId, row);
 }
 
-void clsCorvanta::ReverseSign(std::int64_t transactionId) {
-  const UndoLog::Step step = undo_.Begin("Reverse Sign");
-  Transaction all = connection_.Begin();
-  const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
+void BulkEditor::ReverseSign(std::int64_t transactionId) {
+  const UndoLog::Step step = core_.undo.Begin("Reverse Sign");
+  Transaction all = core_.store.Begin();
+  const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return;
+  core_.closed.RequireOpenHalves(transactionId);
   FlipSign(transactionId, *row);
   all.Commit();
 }
 
-void clsCorvanta::FlipSign(std::int64_t transactionId, const RowLinks& row) {
+void BulkEditor::FlipSign(std::int64_t transactionId, const RowLinks& row) {
   const std::string key = SqlNumber(transactionId);
   if (row.transferIsNull) {
-    connection_.Execute("UPDATE tblTransactions set TransferID = 0 WHERE TransactionID = " + key);
+    core_.store.Execute("UPDATE tblTransactions set TransferID = 0 WHERE TransactionID = " + key);
   }
-  const int flipped = connection_.Execute(
+  const int flipped = core_.store.Execute(
       "UPDATE tblTransactions set [Amount] = -1*[Amount] WHERE [Action] = 0 AND TransferID = 0 "
       "AND TransactionID = " +
       key);
   // The lines of a row that keeps its sign keep theirs: they must add up to it.
   if (flipped == 0) return;
-  connection_.Execute("UPDATE tblTransactions set [Amount] = -1*[Amount] WHERE AllocatedItem = " +
+  core_.store.Execute("UPDATE tblTransactions set [Amount] = -1*[Amount] WHERE AllocatedItem = " +
                       key);
-  if (row.allocatedItem != 0) SumLines(row.allocatedItem);
+  if (row.allocatedItem != 0) TransactionRows(core_).SumLines(row.allocatedItem);
 }
 
 }  // namespace corvanta

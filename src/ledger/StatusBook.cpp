@@ -1,28 +1,31 @@
+#include "ledger/StatusBook.h"
+
 #include "ledger/RowLinks.h"
-#include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 
-void clsCorvanta::SetStatus(std::int64_t transactionId, std::int16_t value, std::int16_t setChk,
-                            std::int16_t setRec) {
-  const UndoLog::Step step = undo_.Begin("Change Status");
-  Transaction all = connection_.Begin();
+void StatusBook::SetStatus(std::int64_t transactionId, std::int16_t value, std::int16_t setChk,
+                           std::int16_t setRec) {
+  const UndoLog::Step step = core_.undo.Begin("Change Status");
+  Transaction all = core_.store.Begin();
+  core_.closed.RequireOpenOf(transactionId);
   const auto set = [&](const char* column) {
     const std::string assignment =
         std::string("UPDATE tblTransactions Set ") + column + " = " + std::to_string(value);
-    connection_.Execute(assignment + " WHERE TransactionID =" + SqlNumber(transactionId));
-    connection_.Execute(assignment + " WHERE AllocatedItem =" + SqlNumber(transactionId));
+    core_.store.Execute(assignment + " WHERE TransactionID =" + SqlNumber(transactionId));
+    core_.store.Execute(assignment + " WHERE AllocatedItem =" + SqlNumber(transactionId));
   };
   if (transactionId > 0 && setRec > 0) set("BankRec");
   if (transactionId >= 1 && setChk > 0) set("BankChk");
   all.Commit();
 }
 
-RowMarks clsCorvanta::MarksOf(std::int64_t transactionId) {
-  const Recordset row = connection_.OpenRecordset(
+RowMarks StatusBook::MarksOf(std::int64_t transactionId) {
+  const Recordset row = core_.store.OpenRecordset(
       "Select BankChk, BankRec, BankSch, TransferID from tblTransactions Where TransactionID = " +
       SqlNumber(transactionId));
   RowMarks marks;
@@ -36,14 +39,15 @@ RowMarks clsCorvanta::MarksOf(std::int64_t transactionId) {
   return marks;
 }
 
-bool clsCorvanta::ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked) {
-  const UndoLog::Step step = undo_.Begin("Change Status");
-  return ForEachRow(transactionIds, [&](std::int64_t key) { ApplyStatus(command, key, isTicked); });
+bool StatusBook::ApplyStatus(StatusCommand command, Keys transactionIds, bool isTicked) {
+  const UndoLog::Step step = core_.undo.Begin("Change Status");
+  return core_.ForEachRow(transactionIds,
+                          [&](std::int64_t key) { ApplyStatus(command, key, isTicked); });
 }
 
-void clsCorvanta::ApplyStatus(StatusCommand command, std::int64_t transactionId, bool isTicked) {
-  Transaction both = connection_.Begin();
-  const std::optional<RowLinks> row = ReadLinks(connection_, transactionId);
+void StatusBook::ApplyStatus(StatusCommand command, std::int64_t transactionId, bool isTicked) {
+  Transaction both = core_.store.Begin();
+  const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return;
   // A line has the status of its parent.
   const std::int64_t key = row->allocatedItem != 0 ? row->allocatedItem : transactionId;
@@ -64,13 +68,13 @@ void clsCorvanta::ApplyStatus(StatusCommand command, std::int64_t transactionId,
   both.Commit();
 }
 
-bool clsCorvanta::Settle(std::span<const Settlement> rows, Progress& progress) {
-  const UndoLog::Step step = undo_.Begin("Balance Account");
-  return ForEachRow(rows.size(), progress, [&](std::size_t row) { Settle(rows[row]); });
+bool StatusBook::Settle(std::span<const Settlement> rows, Progress& progress) {
+  const UndoLog::Step step = core_.undo.Begin("Balance Account");
+  return core_.ForEachRow(rows.size(), progress, [&](std::size_t row) { Settle(rows[row]); });
 }
 
-void clsCorvanta::Settle(const Settlement& row) {
-  Transaction both = connection_.Begin();
+void StatusBook::Settle(const Settlement& row) {
+  Transaction both = core_.store.Begin();
   if (row.isTicked) {
     SetStatus(row.transactionId, 1, 1, 0);
     SetStatus(row.transactionId, 1, 0, 1);

@@ -1,5 +1,5 @@
-// Reading transactions.
-#include "ledger/clsCorvanta.h"
+#include "ledger/TransactionReader.h"
+
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
@@ -19,10 +19,6 @@ constexpr const char* kReadStatement =
     "LEFT JOIN (select distinct AllocatedItem from tblTransactions WHERE AllocatedItem <> 0) s "
     "ON s.AllocatedItem = t.TransactionID Where t.TransactionID = ";
 
-std::optional<Date> DayOf(const Value& value) {
-  return Date::FromIso(value.Text().substr(0, 10));
-}
-
 void FillRecord(const Recordset& row, TransactionRecord& record) {
   record.transactionId = row.Int("TransactionID");
   record.accountId = row.Int("AccountID");
@@ -32,21 +28,21 @@ void FillRecord(const Recordset& row, TransactionRecord& record) {
   record.amount = row.Double("Amount");
   record.reference = row.Text("Reference");
   record.description = row.Text("Description");
-  record.date = DayOf(row.Field("Date")).value_or(Date());
+  record.date = row.Day("Date").value_or(Date());
   record.status = {static_cast<int>(row.Int("BankChk")), static_cast<int>(row.Int("BankRec"))};
   record.action = row.Int("Action");
   record.transferId = row.Int("TransferID");
   record.scheduleId = row.Int("BankSch");
-  record.scheduleDate = DayOf(row.Field("ScheduleDate"));
+  record.scheduleDate = row.Day("ScheduleDate");
   record.allocatedItem = row.Int("AllocatedItem");
 }
 
 }  // namespace
 
-std::optional<TransactionDetails> clsCorvanta::ReadTransaction(std::int64_t transactionId) {
+std::optional<TransactionDetails> TransactionReader::ReadTransaction(std::int64_t transactionId) {
   TransactionDetails details;
   {
-    const Recordset row = connection_.OpenRecordset(kReadStatement + SqlNumber(transactionId));
+    const Recordset row = core_.store.OpenRecordset(kReadStatement + SqlNumber(transactionId));
     if (row.Eof()) return std::nullopt;
     FillRecord(row, details);
     details.account = row.Text("AccountName");
@@ -63,7 +59,7 @@ std::optional<TransactionDetails> clsCorvanta::ReadTransaction(std::int64_t tran
     details.commission = row.Double("Commission");
   }
   if (details.transferId == 0) return details;
-  const Recordset twin = connection_.OpenRecordset(
+  const Recordset twin = core_.store.OpenRecordset(
       "Select a.AccountID, a.Account from tblAccounts a INNER JOIN tblTransactions t "
       "ON a.AccountID = t.AccountID Where t.TransactionId = " +
       SqlNumber(details.transferId));
@@ -74,10 +70,10 @@ std::optional<TransactionDetails> clsCorvanta::ReadTransaction(std::int64_t tran
   return details;
 }
 
-std::vector<TransactionDetails> clsCorvanta::SplitLines(std::int64_t transactionId) {
+std::vector<TransactionDetails> TransactionReader::SplitLines(std::int64_t transactionId) {
   std::vector<TransactionDetails> lines;
   if (transactionId == 0) return lines;
-  Recordset rows = connection_.OpenRecordset(
+  Recordset rows = core_.store.OpenRecordset(
       "select t.*, c.Category, c.SubCategory from tblTransactions t, tblCategory c "
       "Where t.categoryID = c.categoryID AND t.AllocatedItem = " +
       SqlNumber(transactionId) + " Order by t.TransactionID");
@@ -91,16 +87,16 @@ std::vector<TransactionDetails> clsCorvanta::SplitLines(std::int64_t transaction
   return lines;
 }
 
-std::optional<TransactionRecord> clsCorvanta::LastTransaction(std::int64_t accountId,
-                                                              std::int64_t payeeId,
-                                                              std::int64_t categoryId) {
+std::optional<TransactionRecord> TransactionReader::LastTransaction(std::int64_t accountId,
+                                                                    std::int64_t payeeId,
+                                                                    std::int64_t categoryId) {
   std::string sql =
       "Select top 1 t.* from tblTransactions t INNER JOIN tblPayees p ON t.PayeeId = p.PayeeId "
       "Where t.AllocatedItem = 0 AND t.AccountId = " +
       SqlNumber(accountId) + " AND t.PayeeId = " + SqlNumber(payeeId);
   if (categoryId != 0) sql += " AND CategoryID = " + SqlNumber(categoryId);
   const Recordset row =
-      connection_.OpenRecordset(sql + " Order by [Date] DESC, TransactionID DESC");
+      core_.store.OpenRecordset(sql + " Order by [Date] DESC, TransactionID DESC");
   if (row.Eof()) return std::nullopt;
   TransactionRecord record;
   FillRecord(row, record);

@@ -1,7 +1,7 @@
-// Reading schedules.
+#include "ledger/ScheduleReader.h"
+
 #include "ledger/ScheduleDays.h"
 #include "ledger/ScheduleRows.h"
-#include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
@@ -53,7 +53,7 @@ ScheduleDetails Details(const Recordset& row) {
   details.amount = row.Double("Amount");
   details.reference = row.Text("Reference");
   details.description = row.Text("Description");
-  details.dateFrom = Date::FromIso(row.Text("DateFrom").substr(0, 10)).value_or(Date());
+  details.dateFrom = row.Day("DateFrom").value_or(Date());
   details.noTimes = CountOf(row.Int("NoTimes"));
   details.addToAccount = AddToAccountOf(row.Int("AddToAccount"));
   details.allocatedItem = row.Int("AllocatedItem");
@@ -133,18 +133,18 @@ std::optional<Date> NextDue(const ScheduleDetails& schedule, const PostedRows& p
 
 }  // namespace
 
-std::optional<ScheduleDetails> clsCorvanta::ReadSchedule(std::int64_t scheduleId) {
-  auto found =
-      ReadDetails(connection_, platform_, "S.ScheduleID = " + SqlNumber(scheduleId), scheduleId);
+std::optional<ScheduleDetails> ScheduleReader::ReadSchedule(std::int64_t scheduleId) {
+  auto found = ReadDetails(core_.store, core_.platform, "S.ScheduleID = " + SqlNumber(scheduleId),
+                           scheduleId);
   if (found.empty()) return std::nullopt;
-  Count(found.front(), CountPosted(connection_, found.front()));
+  Count(found.front(), CountPosted(core_.store, found.front()));
   return std::move(found.front());
 }
 
-std::vector<ScheduleDetails> clsCorvanta::Schedules() {
+std::vector<ScheduleDetails> ScheduleReader::Schedules() {
   auto found =
-      ReadDetails(connection_, platform_, "S.AllocatedItem = 0 OR IsNull(S.AllocatedItem)");
-  const PostedBySchedule all = PostedOfAll(connection_);
+      ReadDetails(core_.store, core_.platform, "S.AllocatedItem = 0 OR IsNull(S.AllocatedItem)");
+  const PostedBySchedule all = PostedOfAll(core_.store);
   for (ScheduleDetails& schedule : found) {
     const auto rows = all.find(schedule.scheduleId);
     const PostedRows none;
@@ -160,26 +160,27 @@ std::vector<ScheduleDetails> clsCorvanta::Schedules() {
   return found;
 }
 
-std::vector<ScheduleDetails> clsCorvanta::ScheduleLines(std::int64_t scheduleId) {
+std::vector<ScheduleDetails> ScheduleReader::ScheduleLines(std::int64_t scheduleId) {
   if (scheduleId == 0) return {};
-  auto lines = ReadDetails(connection_, platform_, "S.AllocatedItem = " + SqlNumber(scheduleId));
+  auto lines =
+      ReadDetails(core_.store, core_.platform, "S.AllocatedItem = " + SqlNumber(scheduleId));
   std::ranges::sort(lines, {}, &ScheduleDetails::scheduleId);
   return lines;
 }
 
-std::vector<Date> clsCorvanta::DueDates(std::int64_t scheduleId, std::optional<Date> end) {
-  const Recordset row = connection_.OpenRecordset(
+std::vector<Date> ScheduleReader::DueDates(std::int64_t scheduleId, std::optional<Date> end) {
+  const Recordset row = core_.store.OpenRecordset(
       "select S.*, P.Period, P.Description as PDesc from  (tblSchedule S  INNER JOIN tblCategory C "
       "ON C.CategoryID = S.CategoryID)  INNER JOIN tblPeriods P ON S.PeriodID = P.PeriodID  "
       "Where ScheduleId = " +
       SqlNumber(scheduleId));
   if (row.Eof()) return {};
-  const auto from = Date::FromIso(row.Text("DateFrom").substr(0, 10));
+  const auto from = row.Day("DateFrom");
   if (!from) return {};
   SchedulePlan plan{*from, CountOf(row.Int("NoTimes")), row.Text("Period"), {}};
-  const DayRules rules = ReadDayRules(connection_, scheduleId);
+  const DayRules rules = ReadDayRules(core_.store, scheduleId);
   if (const auto rule = rules.find(scheduleId); rule != rules.end()) plan.days = rule->second;
-  return ScheduleDates(plan, platform_.clock.Today(), end);
+  return ScheduleDates(plan, core_.platform.clock.Today(), end);
 }
 
 }  // namespace corvanta

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ledger/AccountRow.h"
+#include "ledger/LedgerCore.h"
+#include "ledger/Period.h"
+#include "ledger/RegisterRow.h"
+#include "ledger/StatusFilter.h"
+
+#include <cstdint>
+#include <optional>
+#include <vector>
+
+namespace corvanta {
+
+// The figures under the register, in the account's currency. What no row yields is absent.
+struct PeriodTotals {
+  std::optional<double> thisPeriod;  // the rows of the period and the opening balance
+  std::optional<double> balance;     // all rows up to the period's end and the opening balance
+  std::optional<double> paidIn;
+  std::optional<double> paidOut;  // negative or 0
+};
+
+// What accounts come to, and the register. Amounts are in the account's currency.
+class BalanceBook {
+ public:
+  explicit BalanceBook(LedgerCore& core) : core_(core) {}
+
+  // The register of one account in date order, ties by key. The running balance begins with the
+  // opening balance plus the shown rows before the period.
+  [[nodiscard]] std::vector<RegisterRow> Register(std::int64_t accountId,
+                                                  const StatusFilter& filter,
+                                                  const std::optional<Period>& period);
+  // The figures under the register (see Balances.h).
+  [[nodiscard]] PeriodTotals Totals(std::int64_t accountId, const StatusFilter& filter,
+                                    const std::optional<Period>& period);
+  // Whole entries of the account that no statement has confirmed, whatever a view shows.
+  [[nodiscard]] std::int64_t UnclearedCount(std::int64_t accountId);
+  // The sum of the shown rows up to and with that day, without the opening balance.
+  [[nodiscard]] double RunningBalance(std::int64_t accountId, const StatusFilter& filter, Date day);
+  // The account's balance in the tree; 0 for account 0. Only the options' filter, end and valuation
+  // count.
+  [[nodiscard]] double AccountBalance(std::int64_t accountId, const TreeOptions& options);
+  // Units held times latest price, over the investments in the account; in the currency of prices.
+  [[nodiscard]] double HoldingsValue(std::int64_t accountId);
+
+ private:
+  LedgerCore& core_;
+};
+
+}  // namespace corvanta

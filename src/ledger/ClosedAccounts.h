@@ -1,0 +1,43 @@
+// Closed accounts keep their rows as they are.
+#pragma once
+
+#include "ledger/Keys.h"
+
+#include <cstdint>
+#include <optional>
+#include <unordered_set>
+
+namespace corvanta {
+
+class Connection;
+
+inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
+
+// Which accounts are closed, for the topics that write rows: every one of them asks here before it
+// changes a row. Operations throw StoreError; the Require operations with kAccountClosed where the
+// account is closed.
+class ClosedAccounts {
+ public:
+  explicit ClosedAccounts(Connection& store) : store_(store) {}
+
+  [[nodiscard]] bool Has(std::int64_t accountId);
+  // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
+  [[nodiscard]] bool AreReachedBy(Keys transactionIds);
+  void RequireOpen(std::int64_t accountId);
+  // Of the row's own account.
+  void RequireOpenOf(std::int64_t transactionId);
+  // Of the row's account and that of its other half.
+  void RequireOpenHalves(std::int64_t transactionId);
+  // An account has been saved, open or closed.
+  void Note(std::int64_t accountId, bool isClosed);
+
+ private:
+  [[nodiscard]] std::int64_t AccountOf(std::int64_t transactionId);
+
+  Connection& store_;
+  std::unordered_set<std::int64_t> closed_;
+  bool isNoted_ = false;
+  std::optional<std::uint64_t> read_;  // the change of the data file behind which they were read
+};
+
+}  // namespace corvanta

@@ -1,0 +1,117 @@
+#include "ledger/KeywordBook.h"
+
+#include "platform/TextCase.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/UndoLog.h"
+
+namespace corvanta {
+namespace {
+
+std::vector<KeywordRecord> ReadKeywords(Connection& store, const std::string& sql) {
+  std::vector<KeywordRecord> keywords;
+  Recordset rows = store.OpenRecordset(sql);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    keywords.push_back({rows.Int("KeywordID"), rows.Text("Keyword")});
+  }
+  return keywords;
+}
+
+}  // namespace
+
+std::vector<KeywordRecord> KeywordBook::Keywords() {
+  return ReadKeywords(core_.store, "Select * from tblKeywords Order by [Keyword]");
+}
+
+std::vector<KeywordRecord> KeywordBook::KeywordsOf(std::int64_t transactionId) {
+  return ReadKeywords(core_.store,
+                      "Select * from tblKeywordLink kl INNER JOIN tblKeywords k on k.KeywordId = "
+                      "kl.KeywordId Where TransactionID = " +
+                          SqlNumber(transactionId) + " Order by k.[Keyword]");
+}
+
+void KeywordBook::LinkKeyword(std::int64_t keywordId, std::int64_t transactionId) {
+  core_.closed.RequireOpenOf(transactionId);
+  const UndoLog::Step step = core_.undo.Begin("Add Keyword");
+  Transaction all = core_.store.Begin();
+  const std::string keyword = SqlNumber(keywordId);
+  const std::string transaction = SqlNumber(transactionId);
+  if (core_.ReadKey("Select LinkID from tblKeywordLink Where KeywordId = " + keyword +
+                        " AND TransactionId = " + transaction,
+                    "LinkID") != 0) {
+    return;
+  }
+  core_.store.Execute("INSERT INTO tblKeywordLink (KeywordId, TransactionId)  VALUES (" + keyword +
+                      "," + transaction + ")");
+  all.Commit();
+}
+
+void KeywordBook::UnlinkKeyword(std::int64_t keywordId, std::int64_t transactionId) {
+  core_.closed.RequireOpenOf(transactionId);
+  const UndoLog::Step step = core_.undo.Begin("Remove Keyword");
+  core_.store.Execute("DELETE FROM tblKeywordLink WHERE KeyWordId = " + SqlNumber(keywordId) +
+                      " AND TransactionId = " + SqlNumber(transactionId));
+}
+
+std::int64_t KeywordBook::FindKeyword(const std::string& name) {
+  return core_.ReadKey(
+      "Select * from tblKeywords where lcase(Keyword) =" + SqlText(ToLower(Trim(name))),
+      "KeywordID");
+}
+
+std::int64_t KeywordBook::FindOrCreateKeyword(const std::string& name) {
+  KeywordRecord record{FindKeyword(name), std::string(Trim(name))};
+  if (record.keywordId != 0 || record.keyword.empty()) return record.keywordId;
+  return SaveKeyword(record);
+}
+
+std::int64_t KeywordBook::SaveKeyword(KeywordRecord& record) {
+  const UndoLog::Step step = core_.undo.Begin("Save Keyword");
+  return record.keywordId = core_.SaveRow("tblKeywords", "KeywordID", record.keywordId,
+                                          {{"Keyword", record.keyword}});
+}
+
+void KeywordBook::DeleteKeyword(std::int64_t keywordId) {
+  const UndoLog::Step step = core_.undo.Begin("Delete Keyword");
+  Transaction all = core_.store.Begin();
+  core_.store.Execute("Delete from tblKeywords Where KeywordId =" + SqlNumber(keywordId));
+  core_.store.Execute("Delete from tblKeywordLink Where KeywordId =" + SqlNumber(keywordId));
+  all.Commit();
+}
+
+std::vector<AttachmentRecord> KeywordBook::AttachmentsOf(std::int64_t transactionId) {
+  std::vector<AttachmentRecord> attachments;
+  Recordset rows = core_.store.OpenRecordset("Select * from tblAttachments Where TransactionId =" +
+                                             SqlNumber(transactionId) + " Order by AttachmentID");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    attachments.push_back({rows.Int("AttachmentID"), rows.Int("TransactionID"),
+                           rows.Text("AttachmentFile"), rows.Text("AttachmentPath"),
+                           rows.Text("AttachmentStore")});
+  }
+  return attachments;
+}
+
+std::int64_t KeywordBook::AddAttachment(AttachmentRecord& record) {
+  core_.closed.RequireOpenOf(record.transactionId);
+  const UndoLog::Step step = core_.undo.Begin("Attach File");
+  return record.attachmentId = core_.SaveRow("tblAttachments", "AttachmentID", 0,
+                                             {{"TransactionID", record.transactionId},
+                                              {"AttachmentFile", record.file},
+                                              {"AttachmentPath", record.path},
+                                              {"AttachmentStore", record.store}});
+}
+
+void KeywordBook::DeleteAttachment(std::int64_t attachmentId) {
+  const UndoLog::Step step = core_.undo.Begin("Remove Attachment");
+  core_.store.Execute("Delete from tblAttachments Where AttachmentID =" + SqlNumber(attachmentId));
+}
+
+void KeywordBook::DeleteAttachments(std::int64_t transactionId) {
+  core_.closed.RequireOpenOf(transactionId);
+  const UndoLog::Step step = core_.undo.Begin("Remove Attachments");
+  core_.store.Execute("Delete from tblAttachments Where TransactionId =" +
+                      SqlNumber(transactionId));
+}
+
+}  // namespace corvanta

@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/Date.h"
+
+namespace corvanta {
+
+// The days that a view shows.
+struct Period {
+  Date from;
+  Date to;  // inclusive
+
+  bool operator==(const Period&) const = default;
+};
+
+}  // namespace corvanta

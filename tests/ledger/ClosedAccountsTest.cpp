@@ -1,0 +1,131 @@
+// Whatever asks: a closed account keeps its rows as they are.
+#include "ledger/AccountBook.h"
+#include "ledger/BulkChange.h"
+#include "ledger/BulkEditor.h"
+#include "ledger/ClosedAccounts.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/InvestmentRecord.h"
+#include "ledger/KeywordBook.h"
+#include "ledger/RecordsTest.h"
+#include "ledger/ReferenceRecords.h"
+#include "ledger/StatusBook.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionPaste.h"
+#include "ledger/TransactionRecord.h"
+#include "platform/Progress.h"
+#include "store/sql/StoreError.h"
+
+#include <functional>
+
+namespace corvanta {
+namespace {
+
+class ClosedAccount : public RecordsTest {
+ protected:
+  struct Case {
+    const char* name;
+    std::function<void()> change;
+  };
+
+  // The change is refused in the words that the window uses, and nothing is different.
+  void ExpectRefused(const Case& row) {
+    const std::string before = Contents();
+    try {
+      row.change();
+      ADD_FAILURE() << row.name << " was not refused";
+    } catch (const StoreError& error) {
+      EXPECT_STREQ(error.what(), kAccountClosed) << row.name;
+    }
+    EXPECT_EQ(Contents(), before) << row.name;
+  }
+  std::string Contents() {
+    std::string text;
+    for (const char* sql :
+         {"SELECT TransactionID & ',' & AccountID & ',' & [Amount] & ',' & BankChk & ',' & BankRec "
+          "& ',' & TransferID & ',' & CategoryID FROM tblTransactions ORDER BY TransactionID",
+          "SELECT KeywordID & ',' & TransactionID FROM tblKeywordLink ORDER BY LinkID",
+          "SELECT TransactionID & ',' & AttachmentFile FROM tblAttachments ORDER BY "
+          "AttachmentID"}) {
+      Recordset rows = Db().OpenRecordset(sql);
+      for (; !rows.Eof(); rows.MoveNext()) text.append(rows.Text(0)).append("\n");
+    }
+    return text;
+  }
+};
+
+TEST_F(ClosedAccount, EveryTopicLeavesItAsItIs) {
+  const std::int64_t row = Add(savings_, -5);
+  const auto [open, twin] = AddTransfer(bank_, savings_, 10);
+  const std::int64_t elsewhere = Add(bank_, -3);
+  const std::int64_t keyword = ledger_.Notes().FindOrCreateKeyword("Holiday");
+  CloseAccount(savings_);
+  const std::vector<std::int64_t> keys = {elsewhere, row};
+  const auto save = [&](std::int64_t key, std::int64_t account) {
+    TransactionRecord record = Row(account, -7);
+    record.transactionId = key;
+    ledger_.Transactions().SaveTransaction(record);
+  };
+  BulkChange dearer;
+  dearer.type = TypeChange::Reverse;
+  BulkChange moved;
+  moved.accountId = savings_;
+  SilentProgress silent;
+  for (const Case& refused : std::vector<Case>{
+           {"a new row", [&] { save(0, savings_); }},
+           {"an edit", [&] { save(row, savings_); }},
+           {"moving it out", [&] { save(row, bank_); }},
+           {"moving one in", [&] { save(elsewhere, savings_); }},
+           {"the other half", [&] { save(open, bank_); }},
+           {"deleting", [&] { ledger_.Transactions().DeleteTransactions(keys); }},
+           {"deleting the other half", [&] { ledger_.Transactions().DeleteTransaction(open); }},
+           {"a bulk edit", [&] { (void)ledger_.BulkEdits().BulkEdit(keys, dearer); }},
+           {"a bulk move", [&] { (void)ledger_.BulkEdits().BulkEdit(elsewhere, moved); }},
+           {"its sign", [&] { ledger_.BulkEdits().ReverseSign(row); }},
+           {"its status",
+            [&] { ledger_.Statuses().ApplyStatus(StatusCommand::Cleared, keys, false); }},
+           {"a statement",
+            [&] {
+              const std::vector<Settlement> settled = {{twin, true}};
+              ledger_.Statuses().Settle(settled, silent);
+            }},
+           {"pasting", [&] { ledger_.Copies().PasteTransactions(keys, savings_); }},
+           {"a keyword", [&] { ledger_.Notes().LinkKeyword(keyword, row); }},
+           {"a file",
+            [&] {
+              AttachmentRecord file{0, row, "a.pdf", "/a.pdf", ""};
+              ledger_.Notes().AddAttachment(file);
+            }},
+           {"a purchase", [&] {
+              InvestmentTransaction bought;
+              bought.accountId = savings_;
+              ledger_.Investments().SaveInvestmentTransaction(bought);
+            }}}) {
+    ExpectRefused(refused);
+  }
+}
+
+TEST_F(ClosedAccount, OpenedAgainItTakesRows) {
+  const std::int64_t row = Add(savings_, -5);
+  CloseAccount(savings_);
+  EXPECT_THROW(ledger_.Transactions().DeleteTransaction(row), StoreError);
+  Transaction both = Db().Begin();
+  AccountRecord account = *ledger_.Accounts().ReadAccount(savings_);
+  account.closed = false;
+  ledger_.Accounts().SaveAccount(account);
+  ledger_.Transactions().DeleteTransaction(row);
+  both.Commit();
+  EXPECT_FALSE(Exists(row));
+}
+
+// The status of one half is its own account's matter.
+TEST_F(ClosedAccount, TheOpenHalfOfATransferCanStillBeReconciled) {
+  const auto [open, twin] = AddTransfer(bank_, savings_, 10);
+  CloseAccount(savings_);
+  const std::vector<std::int64_t> keys = {open};
+  EXPECT_TRUE(ledger_.Statuses().ApplyStatus(StatusCommand::Reconciled, keys, false));
+  EXPECT_EQ(Column("BankRec", open), 1);
+  EXPECT_EQ(Column("BankRec", twin), 0);
+}
+
+}  // namespace
+}  // namespace corvanta
