@@ -1,10 +1,13 @@
 #include "app/AccountsView.h"
 
+#include "app/MainActions.h"
+#include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "ledger/Balances.h"
 #include "platform/Locale.h"
+#include "platform/Platform.h"
 
 #include <QApplication>
 
@@ -27,14 +30,38 @@ std::vector<ListColumn> Columns(const Locale& locale) {
           {AccountsView::tr("Balance"), money, 0, true}};
 }
 
+ListTraits Traits(const ViewPlace& place) {
+  const MainActions& actions = place.actions;
+  return {kAccountShow,
+          actions.mnuViewAccounts,
+          "lvbalance",
+          "chA",
+          AccountsView::tr("Accounts"),
+          Columns(place.platform.locale),
+          {},
+          actions.mnuAccountAdd,
+          actions.mnuAccountEdit,
+          actions.mnuAccountDelete};
+}
+
 }  // namespace
 
-AccountsView::AccountsView(const Locale& locale, QAction* addAction, QWidget* parent)
-    : ReferenceView("lvbalance", tr("Accounts"), Columns(locale), {}, parent),
-      addAction_(addAction),
-      locale_(locale) {}
+AccountsView::AccountsView(const ViewPlace& place, QWidget* parent)
+    : ReferenceView(place, ReferenceKind::Account, Traits(place), parent),
+      locale_(place.platform.locale) {
+  place.On(place.actions.mnuAccountList, this, [this] { Place().host.ShowView(Name()); });
+}
 
-void AccountsView::ShowAccounts(const std::vector<AccountRow>& accounts) {
+void AccountsView::Open(std::int64_t key) {
+  Place().host.OpenAccount(key);
+}
+
+std::int64_t AccountsView::CommandKey() const {
+  return Place().host.ChosenAccount();
+}
+
+void AccountsView::Show(const ViewCommand& /*command*/) {
+  const std::vector<AccountRow>& accounts = Place().host.Accounts();
   std::vector<ListRow> rows;
   for (const AccountRow& account : accounts) rows.push_back(RowOf(account));
   const auto count = static_cast<qulonglong>(rows.size());
@@ -43,8 +70,7 @@ void AccountsView::ShowAccounts(const std::vector<AccountRow>& accounts) {
        Totals(accounts),
        {QStringLiteral("accounts"), tr("No accounts in this data file"),
         tr("Everything begins with an account: your bank account, your purse, a credit card. "
-           "Add the first one here."),
-        addAction_});
+           "Add the first one here.")});
 }
 
 ListRow AccountsView::RowOf(const AccountRow& account) const {

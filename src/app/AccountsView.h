@@ -2,7 +2,6 @@
 
 #include "app/ReferenceView.h"
 #include "ledger/AccountRow.h"
-#include "ledger/clsCorvanta.h"
 
 namespace corvanta {
 
@@ -13,16 +12,22 @@ class AccountsView : public ReferenceView {
   Q_OBJECT
 
  public:
-  // `addAction` is what a data file without accounts offers.
-  AccountsView(const Locale& locale, QAction* addAction, QWidget* parent);
+  AccountsView(const ViewPlace& place, QWidget* parent);
 
-  void ShowAccounts(const std::vector<AccountRow>& accounts);
+  // As the window has read them.
+  void Show(const ViewCommand& command) override;
+  [[nodiscard]] std::int64_t ChosenAccount() const override { return ChosenKey(); }
+
+ protected:
+  // The account's register.
+  void Open(std::int64_t key) override;
+  // The account of any view that has one.
+  [[nodiscard]] std::int64_t CommandKey() const override;
 
  private:
   [[nodiscard]] ListRow RowOf(const AccountRow& account) const;
   [[nodiscard]] QString Totals(const std::vector<AccountRow>& accounts) const;
 
-  QAction* addAction_;
   const Locale& locale_;
 };
 

@@ -1,9 +1,16 @@
 #include "app/CategoriesView.h"
 
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
+#include "ledger/CategoryBook.h"
+#include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "platform/Locale.h"
+#include "platform/Platform.h"
 
 #include <QApplication>
 
@@ -27,25 +34,38 @@ std::vector<ListColumn> Columns(const Locale& locale) {
           {CategoriesView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }
 
+ListTraits Traits(const ViewPlace& place) {
+  const MainActions& actions = place.actions;
+  return {kCategoryShow,
+          actions.mnuViewCategories,
+          "lvcategory",
+          "chC",
+          CategoriesView::tr("Categories"),
+          Columns(place.platform.locale),
+          {0, false},
+          actions.mnuCategoryAdd,
+          actions.mnuCategoryEdit,
+          actions.mnuCategoryDelete};
+}
+
 }  // namespace
 
-CategoriesView::CategoriesView(const Locale& locale, QAction* addAction, QWidget* parent)
-    : ReferenceView("lvcategory", tr("Categories"), Columns(locale), {0, false}, parent),
-      addAction_(addAction),
-      locale_(locale) {}
+CategoriesView::CategoriesView(const ViewPlace& place, QWidget* parent)
+    : ReferenceView(place, ReferenceKind::Category, Traits(place), parent) {}
 
-void CategoriesView::ShowCategories(const std::vector<CategoryRecord>& categories,
-                                    const std::vector<PeriodRecord>& periods) {
+void CategoriesView::Show(const ViewCommand& /*command*/) {
+  clsCorvanta& ledger = Place().session.Ledger();
+  const Locale& money = Place().platform.locale;
   std::map<std::int64_t, QString> periodNames;
-  for (const PeriodRecord& period : periods) {
+  for (const PeriodRecord& period : ledger.References().Periods()) {
     periodNames[period.periodId] = ToQt(period.description);
   }
   std::vector<ListRow> rows;
-  for (const CategoryRecord& category : categories) {
+  for (const CategoryRecord& category : ledger.Categories().Categories()) {
     const bool isMain = category.subCategory.empty();
     const bool hasBudget = category.budget != 0;
     ListCell budget;
-    if (hasBudget) budget = {ToQt(locale_.FormatNumber(category.budget)), category.budget};
+    if (hasBudget) budget = {ToQt(money.FormatNumber(category.budget)), category.budget};
     rows.push_back({category.categoryId,
                     {{ToQt(category.category), std::nullopt, isMain, !isMain},
                      {ToQt(category.subCategory)},
@@ -59,8 +79,7 @@ void CategoriesView::ShowCategories(const std::vector<CategoryRecord>& categorie
   Fill(std::move(rows), tr("What money is earned by and spent on, and how much is planned for it"),
        count == 1 ? tr("1 category") : tr("%1 categories").arg(locale().toString(count)), QString(),
        {QStringLiteral("categories"), tr("No categories in this data file"),
-        tr("Categories say what money is earned by and spent on. Add the first one here."),
-        addAction_});
+        tr("Categories say what money is earned by and spent on. Add the first one here.")});
 }
 
 }  // namespace corvanta

@@ -1,11 +1,8 @@
 #pragma once
 
 #include "app/ReferenceView.h"
-#include "ledger/ReferenceRecords.h"
 
 namespace corvanta {
-
-class Locale;
 
 // The view of "CategoryShow": the categories, each main one above its sub-categories, with what is
 // budgeted for them.
@@ -13,15 +10,9 @@ class CategoriesView : public ReferenceView {
   Q_OBJECT
 
  public:
-  // `addAction` is what a data file without categories offers.
-  CategoriesView(const Locale& locale, QAction* addAction, QWidget* parent);
+  CategoriesView(const ViewPlace& place, QWidget* parent);
 
-  void ShowCategories(const std::vector<CategoryRecord>& categories,
-                      const std::vector<PeriodRecord>& periods);
-
- private:
-  QAction* addAction_;
-  const Locale& locale_;
+  void Show(const ViewCommand& command) override;
 };
 
 }  // namespace corvanta

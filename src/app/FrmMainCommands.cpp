@@ -1,71 +1,36 @@
-// What the commands of the main window do.
+// What the commands of the main window do that belong to no view.
 #include "app/AccountTree.h"
 #include "app/FrmAbout.h"
 #include "app/FrmMain.h"
-#include "app/FrmRecoveryKey.h"
 #include "app/FrmTips.h"
 #include "app/LedgerSession.h"
-#include "app/ListColours.h"
 #include "app/MainActions.h"
-#include "app/RegisterView.h"
-#include "app/ScheduleView.h"
+#include "app/MainView.h"
+#include "app/QtProgress.h"
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/ucCalendar.h"
+#include "invest/InvestDialogs.h"
+#include "platform/Clock.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
-#include "platform/Prompts.h"
-#include "platform/Registry.h"
-#include "store/datafile/opening/KeyRecovery.h"
-#include "store/sql/Connection.h"
-#include "store/sql/SqlText.h"
-#include "store/sql/StoreError.h"
+#include "reports/ReportDialogs.h"
 #include "store/sql/UndoLog.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
-#include <QPointer>
 #include <QStackedWidget>
 #include <QStatusBar>
 
-#include <limits>
+#include <algorithm>
+#include <set>
 
 namespace corvanta {
 namespace {
-constexpr std::string_view kReindex = "Reindex";
 constexpr int kNoticeTime = 10000;  // milliseconds
-
-// Of transactions and their split lines.
-struct RowCount {
-  qint64 rows = 0;
-  qint64 last = 0;  // key
-};
-
-RowCount CountRows(const LedgerSession& session) {
-  // Whatever is found then, nothing went.
-  if (!session.IsOpen()) return {0, std::numeric_limits<qint64>::max()};
-  Connection& store = session.Ledger().Store();
-  return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
-          store.QueryValue("Select Max(TransactionID) from tblTransactions").Int()};
 }
-
-bool Opens(const std::string& path, const std::string& password, Platform& platform) {
-  try {
-    return OpensWith(path, password, platform);
-  } catch (const StoreError&) {
-    return false;
-  }
-}
-
-// How many of the rows up to that key are left; what was added since does not count.
-qint64 CountLeft(const LedgerSession& session, std::int64_t last) {
-  return session.Ledger()
-      .Store()
-      .QueryValue("Select Count(*) from tblTransactions Where TransactionID <= " + SqlNumber(last))
-      .Int();
-}
-
-}  // namespace
 
 void FrmMain::Guard(const std::function<void()>& command) {
   RunCommand(platform_.prompts, command);
@@ -91,66 +56,24 @@ void FrmMain::On(QAction* action, const std::function<void()>& command) {
   connect(action, &QAction::triggered, this, [this, command] { Guard(command); });
 }
 
-void FrmMain::ConnectCommands() {
-  On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
-  On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
-  On(actions_->mnuFilePassword, [this] { ChangePassword(); });
-  On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
-  On(actions_->mnuHelpTips, [this] { ShowTips(); });
-  On(actions_->mnuHelpAbout, [this] { ShowAbout(); });
-  connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
-  ConnectEdit();
-  ConnectTransactions();
-  ConnectEntry();
-  ConnectSchedules();
-  ConnectExchange();
-  ConnectReference();
-  ConnectViews();
-}
-
 void FrmMain::ConnectEdit() {
   On(actions_->mnuEditUndo, [this] { Undo(false); });
   On(actions_->mnuEditRedo, [this] { Undo(true); });
-  On(actions_->mnuEditInsert, [this] {
-    if (const auto kind = ShownKind()) return EditItem(*kind, 0);
-    if (shown_.name == kScheduleShow) return EditSchedule(0);
-    if (shown_.name == kTransactionShow) AddTransaction();
-  });
-  On(actions_->mnuEditDetails, [this] {
-    const auto kind = ShownKind();
-    if (shown_.name == kScheduleShow) return EditSchedule(scheduleView_->ChosenKey());
-    if (!kind) return EditTransactions();
-    if (ChosenKey(*kind) != 0) EditItem(*kind, ChosenKey(*kind));
-  });
-  On(actions_->mnuEditCopy, [this] {
-    if (shown_.name == kScheduleShow) return CopySchedule();
-    CopyTransactions();
-  });
-  On(actions_->mnuEditPaste, [this] {
-    if (shown_.name == kScheduleShow) return PasteSchedule();
-    PasteTransactions();
-  });
-  On(actions_->mnuEditDelete, [this] {
-    if (const auto kind = ShownKind()) return DeleteItem(*kind);
-    if (shown_.name == kScheduleShow) return DeleteSchedule();
-    if (shown_.name == kTransactionShow) DeleteTransactions();
-  });
-  On(actions_->mnuEditSelect, [this] { registerView_->Table().selectAll(); });
+  for (const auto& [action, task] : actions_->EditTasks()) {
+    On(action, [this, task = task] {
+      if (view_ != nullptr) view_->Do(task);
+    });
+  }
 }
 
 void FrmMain::ConnectViews() {
   // The keys of a view work at once, without a way to it.
-  const auto go = [this](QAction* action, std::string_view view) {
-    On(action, [this, view] {
-      ShowView(view, view == kTransactionShow ? account_ : 0);
-      views_->currentWidget()->setFocus();
+  for (const MainView* view : views_) {
+    On(view->Entry(), [this, view] {
+      ShowView(view->Name());
+      FocusView();
     });
-  };
-  go(actions_->mnuViewAccounts, kAccountShow);
-  go(actions_->mnuViewRegister, kTransactionShow);
-  go(actions_->mnuViewCategories, kCategoryShow);
-  go(actions_->mnuViewPayees, kPayeeShow);
-  go(actions_->mnuViewSchedules, kScheduleShow);
+  }
   On(actions_->mnuViewRefresh, [this] { Reload(); });
   for (QAction* tick :
        {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {
@@ -160,10 +83,6 @@ void FrmMain::ConnectViews() {
   On(actions_->mnuViewWidths, [this] {
     if (SortedTable* table = ShownTable()) table->SetWidths({});
   });
-  for (QAction* tick :
-       {actions_->mnuViewDescription, actions_->mnuViewReference, actions_->mnuViewStatus}) {
-    On(tick, [this] { KeepColumns(); });
-  }
   connect(actions_->mnuViewSort, &QMenu::aboutToShow, this, &FrmMain::FillSortMenu);
   const auto step = [this](QAction* action, std::optional<ViewCommand> (ViewHistory::*turn)()) {
     On(action, [this, turn] {
@@ -175,123 +94,93 @@ void FrmMain::ConnectViews() {
   step(actions_->mnuViewForward, &ViewHistory::Forward);
 }
 
-void FrmMain::ApplySettings() {
-  const bool description = settings_.IsOn(Setting::ShowDesc);
-  const bool reference = settings_.IsOn(Setting::ShowRef);
-  const bool status = settings_.IsOn(Setting::ShowStatus);
-  actions_->mnuViewDescription->setChecked(description);
-  actions_->mnuViewReference->setChecked(reference);
-  actions_->mnuViewStatus->setChecked(status);
-  registerView_->ShowOptionalColumns(description, reference, status);
-  registerView_->SetColours(ReadListColours(settings_, palette()));
-  tree_->ShowNumbers(settings_.IsOn(Setting::AccountNo));
-  calendar_->setVisible(settings_.IsOn(Setting::Calendar));
-}
-
-void FrmMain::KeepColumns() {
-  settings_.SetOn(Setting::ShowDesc, actions_->mnuViewDescription->isChecked());
-  settings_.SetOn(Setting::ShowRef, actions_->mnuViewReference->isChecked());
-  settings_.SetOn(Setting::ShowStatus, actions_->mnuViewStatus->isChecked());
-  ApplySettings();
-}
-
-void FrmMain::TakeLedger() {
-  if (!session_.IsOpen()) return;
-  UndoLog& log = session_.Ledger().Undo();
-  log.Start();
-  log.OnChange([window = QPointer<FrmMain>(this)] {
-    if (window) window->MarkUndo();
+void FrmMain::ConnectDialogs() {
+  On(actions_->mnuFilePrint, [this] { PrintShown(false); });
+  On(actions_->mnuFilePreview, [this] { PrintShown(true); });
+  On(actions_->mnuViewAccountTypes, [this] { ShowList(ListKind::AccountType); });
+  On(actions_->mnuViewBanks, [this] { ShowList(ListKind::Bank); });
+  On(actions_->mnuViewPayments, [this] { ShowList(ListKind::Payment); });
+  On(actions_->mnuToolsKeywords, [this] { ShowList(ListKind::Keywords); });
+  On(actions_->mnuToolsCurrency, [this] { ConvertCurrency(); });
+  On(actions_->mnuViewReminders,
+     [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
+  On(actions_->mnuHelpTips, [this] {
+    FrmTips dialog(platform_, this);
+    dialog.exec();
+  });
+  On(actions_->mnuHelpAbout, [this] {
+    FrmAbout dialog(this);
+    dialog.exec();
   });
 }
 
-bool FrmMain::Reopen(bool quiet) {
-  // What is thrown on the way must not leave the window on a ledger that is gone.
-  bool opened = false;
-  Guard([&] { opened = session_.Open(quiet); });
-  Guard([this] { session_.PostSchedules(); });
-  TakeLedger();
-  history_.Clear();
-  account_ = 0;
-  ReadAccounts();
-  ReadReminders();
-  if (!accounts_.empty()) account_ = accounts_.front().accountId;
-  ShowView(account_ == 0 ? kAccountShow : kTransactionShow, account_);
-  return opened;
+void FrmMain::ShowList(ListKind kind) {
+  if (OpenReferenceList(kind, {platform_, session_.Ledger(), this})) Reload();
 }
 
-void FrmMain::OpenDataFile() {
-  const auto path = platform_.prompts.OpenFile(
-      {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
-  if (!path) return;
-  const bool wasOpen = session_.IsOpen();
-  session_.Choose(*path);
-  if (Reopen(true)) return NoticePosted();
-  // The file that cannot be used must not be what the next start begins with.
-  session_.Unchoose();
-  if (wasOpen) Reopen(true);
+void FrmMain::ConvertCurrency() {
+  const auto row = std::ranges::find(accounts_, EntryAccount(), &AccountRow::accountId);
+  const std::string own = platform_.locale.CurrencyCode();
+  ShowCurrency({platform_, session_.Ledger(), session_.Rates(), this},
+               row == accounts_.end() || row->currency.empty() ? own : row->currency);
 }
 
-void FrmMain::ValidateDataFile() {
-  const bool wanted =
-      platform_.prompts.Ask("Validate Data Files",
-                            "This option will validate and fix any problems with the data file.\n"
-                            " Do you wish to continue?");
-  if (!wanted) return;
-  platform_.registry.Write(Hive::CurrentUser, kSettingsKey, kReindex, "1");
-  const ViewCommand before = shown_;
-  const RowCount rows = CountRows(session_);
-  // What could not be validated is open again as it was, where it can be.
-  if (!Reopen(false) && !Reopen(true)) return;
-  Show(before);
-  // What stood in the way of the renewal has been told.
-  if (!session_.IsRenewed()) return NoticePosted();
-  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+void FrmMain::PrintShown(bool preview) {
+  if (view_ == nullptr) return;
+  const PrintPlace place{platform_, this};
+  if (preview) return OpenPrintPreview(view_->Printed(), place);
+  PrintList(view_->Printed(), place);
 }
 
-void FrmMain::NoticeValidated(qint64 before, qint64 left) {
-  QString text =
-      left == 1
-          ? tr("The data file is sound: 1 row of transactions")
-          : tr("The data file is sound: %1 rows of transactions").arg(locale().toString(left));
-  if (left < before) {
-    text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
+void FrmMain::ApplySettings() {
+  tree_->ShowNumbers(settings_.IsOn(Setting::AccountNo));
+  calendar_->setVisible(settings_.IsOn(Setting::Calendar));
+  for (MainView* view : views_) view->ApplySettings();
+}
+
+void FrmMain::TakeDay() {
+  const Date today = platform_.clock.Today();
+  // A window in front, a menu or a running operation works on rows that must not change below it.
+  const bool isBusy = progress_.IsBusy() || QApplication::activeModalWidget() != nullptr ||
+                      QApplication::activePopupWidget() != nullptr;
+  if (today == day_ || isBusy) return;
+  day_ = today;
+  calendar_->SetToday(ToQt(day_));
+  if (!session_.IsOpen()) return;
+  TakeSchedules();
+}
+
+void FrmMain::Undo(bool again) {
+  if (view_ == nullptr) return;
+  constexpr std::string_view kRows = "tblTransactions";
+  UndoLog& log = session_.Ledger().Undo();
+  const auto touched = again ? log.RedoKeys(kRows) : log.UndoKeys(kRows);
+  const std::set<std::int64_t> before = view_->ShownOf(touched);
+  const qint64 rowsBefore = view_->RowCount();
+  const QString name = ToQt(again ? log.RedoName() : log.UndoName());
+  if (again) {
+    log.Redo();
+  } else {
+    log.Undo();
   }
-  const QString posted = PostedText();
-  Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
-}
-
-void FrmMain::ChangePassword() {
-  if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
-}
-
-void FrmMain::ShowRecoveryKey() {
-  constexpr const char* kTitle = "Recovery Key";
-  if (!session_.IsOpen()) {
-    platform_.prompts.Tell(kTitle, "Open a data file first: the key belongs to the file.");
+  Reload();
+  NoticeUndone(again ? tr("Done again: %1").arg(name) : tr("Undone: %1").arg(name),
+               view_->RowCount() - rowsBefore);
+  // What came back is what the next key is meant for.
+  for (const std::int64_t key : view_->ShownOf(touched)) {
+    if (before.contains(key)) continue;
+    view_->ChooseKey(key);
     return;
   }
-  // It opens the file for whoever reads it: the one who left the window standing may be away.
-  if (!session_.Passwords().Confirm(session_.Ledger().Store())) return;
-  // A key is handed out for the day when nothing else is left, so it is tried before.
-  if (!Opens(session_.Path(), session_.Password(), platform_)) {
-    platform_.prompts.Tell(kTitle,
-                           "Another program has put another file in the place of the data file. "
-                           "Open it again before you write its key down.",
-                           Icon::Warning);
-    return;
-  }
-  FrmRecoveryKey dialog(platform_, session_.Password(), this);
-  dialog.exec();
 }
 
-void FrmMain::ShowTips() {
-  FrmTips dialog(platform_, this);
-  dialog.exec();
-}
-
-void FrmMain::ShowAbout() {
-  FrmAbout dialog(this);
-  dialog.exec();
+void FrmMain::NoticeUndone(const QString& what, qint64 rows) {
+  QString count;
+  if (rows == 1) count = tr(" (1 row is back)");
+  if (rows > 1) count = tr(" (%1 rows are back)").arg(locale().toString(rows));
+  if (rows == -1) count = tr(" (1 row is gone)");
+  if (rows < -1) count = tr(" (%1 rows are gone)").arg(locale().toString(-rows));
+  Notice(what + count);
 }
 
 }  // namespace corvanta

@@ -1,19 +1,13 @@
 // How the main window is found again as it was left.
-#include "app/AccountsView.h"
-#include "app/CategoriesView.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
-#include "app/ListColours.h"
 #include "app/MainActions.h"
-#include "app/PayeesView.h"
-#include "app/RegisterView.h"
+#include "app/MainView.h"
+#include "app/ReminderCommands.h"
 #include "app/RemindersPanel.h"
-#include "app/ScheduleView.h"
 #include "app/WindowLayout.h"
-#include "controls/CommandEdge.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
-#include "platform/Clock.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -36,35 +30,26 @@ void FrmMain::Restore() {
   if (layout.maximised) setWindowState(windowState() | Qt::WindowMaximized);
   if (layout.columns.size() == columns_->count()) columns_->setSizes(layout.columns);
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
-  registerView_->SetWidths(layout.registerWidths);
-  accountsView_->SetWidths(layout.accountsWidths);
-  categoriesView_->SetWidths(layout.categoriesWidths);
-  payeesView_->SetWidths(layout.payeesWidths);
-  scheduleView_->SetWidths(layout.schedulesWidths);
   actions_->mnuViewReminders->setChecked(layout.showsReminders);
   reminders_->setVisible(layout.showsReminders);
   Guard([this] {
-    const DateRange dates = settings_.Dates(platform_.clock.Today());
-    registerView_->SetDates(dates);
-    if (settings_.IsOn(Setting::SetDate)) registerView_->SetPeriod(dates);
+    for (MainView* view : views_) view->Restore(platform_.registry);
     TakeLedger();
     ReadAccounts();
-    ReadReminders();
+    reminderCommands_->Read();
   });
   const bool known = std::any_of(accounts_.begin(), accounts_.end(), [&](const AccountRow& row) {
     return row.accountId == layout.account;
   });
   account_ = known ? layout.account : 0;
   if (account_ == 0 && !accounts_.empty()) account_ = accounts_.front().accountId;
-  std::string_view view = kAccountShow;
-  for (const std::string_view one : {kTransactionShow, kCategoryShow, kPayeeShow, kScheduleShow}) {
-    if (layout.view == ToQt(one) && (one != kTransactionShow || account_ != 0)) view = one;
-  }
-  ShowView(view, view == kTransactionShow ? account_ : 0);
+  const MainView* view = FindView(FromQt(layout.view));
+  if (view == nullptr || (view->IsOfAccount() && account_ == 0)) view = views_.front();
+  ShowView(view->Name());
   if (SortedTable* table = ShownTable(); table != nullptr && layout.sort.column >= 0) {
     table->SetSorted(layout.sort);
   }
-  views_->currentWidget()->setFocus();
+  FocusView();
   NoticePosted();  // at the start
 }
 
@@ -79,14 +64,8 @@ void FrmMain::SaveLayout() {
     layout.view = ToQt(shown_.name);
     layout.account = account_;
   }
-  layout.registerWidths = registerView_->Widths();
-  layout.accountsWidths = accountsView_->Widths();
-  layout.categoriesWidths = categoriesView_->Widths();
-  layout.payeesWidths = payeesView_->Widths();
-  layout.schedulesWidths = scheduleView_->Widths();
   layout.showsReminders = actions_->mnuViewReminders->isChecked();
-  layout.dates = registerView_->Dates();
-  layout.isDatesInForce = registerView_->Period().has_value();
+  for (const MainView* view : views_) view->Keep(layout.views);
   if (const SortedTable* table = ShownTable()) layout.sort = table->Sorted();
   WriteLayout(platform_.registry, layout);
 }
@@ -99,9 +78,21 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
-  if (event->type() == QEvent::PaletteChange && registerView_ != nullptr) {
-    Guard([this] { registerView_->SetColours(ReadListColours(settings_, palette())); });
-  }
+  if (event->type() != QEvent::PaletteChange) return;
+  Guard([this] {
+    for (MainView* view : views_) view->ApplySettings();
+  });
+}
+
+void FrmMain::FoldReminders(bool fold) {
+  const bool isFree = !isMaximized() && !isFullScreen();
+  // The view keeps its width where the screen has room for the panel beside it.
+  const int room = screen()->availableGeometry().right() - geometry().right();
+  const int wanted = fold ? -remindersRoom_ : std::clamp(room, 0, reminders_->sizeHint().width());
+  if (isFree) resize(width() + wanted, height());
+  remindersRoom_ = fold || !isFree ? 0 : wanted;
+  reminders_->setVisible(!fold);
+  if (!fold) reminders_->Enter();
 }
 
 }  // namespace corvanta

@@ -217,6 +217,15 @@ QAction* MainActions::InViews(QAction* action) const {
   return action;
 }
 
+std::array<std::pair<QAction*, EditTask>, 6> MainActions::EditTasks() const {
+  return {{{mnuEditInsert, EditTask::Insert},
+           {mnuEditDetails, EditTask::Details},
+           {mnuEditCopy, EditTask::Copy},
+           {mnuEditPaste, EditTask::Paste},
+           {mnuEditDelete, EditTask::Delete},
+           {mnuEditSelect, EditTask::SelectAll}}};
+}
+
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
        {mnuFileImport,      mnuViewSchedules,  mnuScheduleAdd,      mnuViewAccounts,

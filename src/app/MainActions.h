@@ -1,6 +1,11 @@
 #pragma once
 
+#include "app/MainView.h"
+
 #include <QObject>
+
+#include <array>
+#include <utility>
 
 class QAction;
 class QMenu;
@@ -23,6 +28,8 @@ class MainActions : public QObject {
   void FillRibbon(ucRibbon& ribbon) const;
   // The register's own menu, which the window's menu of transactions begins with.
   void FillTransactionMenu(QMenu& menu) const;
+  // The commands that each view fills.
+  [[nodiscard]] std::array<std::pair<QAction*, EditTask>, 6> EditTasks() const;
   // Enables what needs an open data file, or disables it.
   void SetDataOpen(bool open) const;
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/ReferenceView.h"
-#include "ledger/ReferenceRecords.h"
 
 namespace corvanta {
 
@@ -10,13 +9,9 @@ class PayeesView : public ReferenceView {
   Q_OBJECT
 
  public:
-  // `addAction` is what a data file without payees offers.
-  PayeesView(QAction* addAction, QWidget* parent);
+  PayeesView(const ViewPlace& place, QWidget* parent);
 
-  void ShowPayees(const std::vector<PayeeRecord>& payees);
-
- private:
-  QAction* addAction_;
+  void Show(const ViewCommand& command) override;
 };
 
 }  // namespace corvanta

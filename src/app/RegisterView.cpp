@@ -311,13 +311,6 @@ void RegisterView::ShowOptionalColumns(bool description, bool reference, bool st
   table_->ShowColumn(RegisterModel::kStatus, status);
 }
 
-QString RegisterView::Widths() const {
-  return table_->Widths();
-}
-void RegisterView::SetWidths(const QString& widths) {
-  table_->SetWidths(widths);
-}
-
 std::optional<DateRange> RegisterView::Period() const {
   return period_->InForce();
 }

@@ -62,8 +62,6 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
-  [[nodiscard]] QString Widths() const;
-  void SetWidths(const QString& widths);
 
   // The period that the person asks for; the account's rows are the caller's to read.
   [[nodiscard]] std::optional<DateRange> Period() const;

@@ -1,11 +1,23 @@
 #include "app/ScheduleView.h"
 
+#include "app/EntryCommands.h"
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/TransactionClip.h"
+#include "app/ViewCommand.h"
 #include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
+#include "entry/ScheduleEditor.h"
+#include "ledger/ScheduleBook.h"
 #include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "store/sql/UndoLog.h"
 
+#include <QAction>
 #include <QApplication>
+#include <QClipboard>
 
 #include <algorithm>
 
@@ -49,12 +61,29 @@ QString CategoryOf(const ScheduleDetails& schedule) {
   return schedule.subCategory.empty() ? category : category + u':' + ToQt(schedule.subCategory);
 }
 
+ListTraits Traits(const ViewPlace& place) {
+  const MainActions& actions = place.actions;
+  return {kScheduleShow,
+          actions.mnuViewSchedules,
+          "lvschedule",
+          "chS",
+          ScheduleView::tr("Schedules"),
+          Columns(place.platform.locale),
+          {0, false},
+          actions.mnuScheduleAdd,
+          actions.mnuScheduleEdit,
+          actions.mnuScheduleDelete};
+}
+
 }  // namespace
 
-ScheduleView::ScheduleView(const Locale& locale, QAction* addAction, QWidget* parent)
-    : ReferenceView("lvschedule", tr("Schedules"), Columns(locale), {0, false}, parent),
-      addAction_(addAction),
-      locale_(locale) {}
+ScheduleView::ScheduleView(const ViewPlace& place, QWidget* parent)
+    : ListView(place, Traits(place), parent), locale_(place.platform.locale) {
+  MainActions& actions = place.actions;
+  Table()->addActions({actions.mnuScheduleCopy, actions.mnuSchedulePaste});
+  place.On(actions.mnuScheduleCopy, this, [this] { Copy(); });
+  place.On(actions.mnuSchedulePaste, this, [this] { Paste(); });
+}
 
 ListRow ScheduleView::RowFor(const ScheduleDetails& schedule) const {
   const bool isOver = schedule.isFinished || !schedule.nextDue;
@@ -87,16 +116,69 @@ ListRow ScheduleView::RowFor(const ScheduleDetails& schedule) const {
           ToQt(schedule.currency)};
 }
 
-void ScheduleView::ShowSchedules(const std::vector<ScheduleDetails>& schedules) {
+void ScheduleView::Show(const ViewCommand& /*command*/) {
   std::vector<ListRow> rows;
-  for (const ScheduleDetails& schedule : schedules) rows.push_back(RowFor(schedule));
+  for (const ScheduleDetails& schedule : Place().session.Ledger().Schedules().Schedules()) {
+    rows.push_back(RowFor(schedule));
+  }
   const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("What is paid again and again, the next due first"),
        count == 1 ? tr("1 schedule") : tr("%1 schedules").arg(locale().toString(count)), QString(),
        {QStringLiteral("schedule"), tr("No schedules yet"),
         tr("Rent, salary, a monthly saving: say once when it comes, and it stands in the account "
-           "in time."),
-        addAction_});
+           "in time.")});
+}
+
+bool ScheduleView::Can(EditTask task) const {
+  if (task == EditTask::Copy) return ChosenKey() != 0;
+  if (task == EditTask::Paste) return !Copied().empty();
+  return ListView::Can(task);
+}
+
+void ScheduleView::Do(EditTask task) {
+  if (task == EditTask::Copy) return Copy();
+  if (task == EditTask::Paste) return Paste();
+  ListView::Do(task);
+}
+
+void ScheduleView::MarkCommands(bool isShown) {
+  ListView::MarkCommands(isShown);
+  Place().actions.mnuScheduleCopy->setEnabled(CommandKey() != 0);
+  Place().actions.mnuSchedulePaste->setEnabled(Place().session.IsOpen() && !Copied().empty());
+}
+
+void ScheduleView::Add() {
+  EditSchedule(Place(), 0);
+}
+
+void ScheduleView::Edit(std::int64_t key) {
+  EditSchedule(Place(), key);
+}
+
+void ScheduleView::Delete(std::int64_t key) {
+  ScheduleEditor editor(Place().session.Ledger(), Place().platform);
+  if (editor.Delete(key)) Place().host.Reload();
+}
+
+std::vector<std::int64_t> ScheduleView::Copied() const {
+  return FromClip(ClipKind::Schedules, ToQt(Place().session.Path()));
+}
+
+void ScheduleView::Copy() {
+  const std::int64_t key = ChosenKey();
+  if (key == 0) return;
+  QGuiApplication::clipboard()->setMimeData(
+      ToClip(ClipKind::Schedules, ToQt(Place().session.Path()), {key}, ChosenText()));
+}
+
+// Wherever they are pasted from the menu.
+void ScheduleView::Paste() {
+  // What the copies post is undone with them.
+  const UndoLog::Step step = Place().session.Ledger().Undo().Begin("Paste Schedule");
+  const std::int64_t last = Place().session.Ledger().Schedules().PasteSchedules(Copied());
+  if (last == 0) return;
+  Place().host.TakeSchedules();
+  Place().host.ChooseRow(Name(), last);
 }
 
 }  // namespace corvanta

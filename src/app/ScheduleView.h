@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/ReferenceView.h"
+#include "app/ListView.h"
 #include "ledger/ScheduleRecord.h"
 
 namespace corvanta {
@@ -8,19 +8,29 @@ namespace corvanta {
 class Locale;
 
 // The view of "LoadSchedule": what comes again and again, the next due first.
-class ScheduleView : public ReferenceView {
+class ScheduleView : public ListView {
   Q_OBJECT
 
  public:
-  // `addAction` is what a data file without schedules offers.
-  ScheduleView(const Locale& locale, QAction* addAction, QWidget* parent);
+  ScheduleView(const ViewPlace& place, QWidget* parent);
 
-  void ShowSchedules(const std::vector<ScheduleDetails>& schedules);
+  void Show(const ViewCommand& command) override;
+  [[nodiscard]] bool Can(EditTask task) const override;
+  void Do(EditTask task) override;
+  void MarkCommands(bool isShown) override;
+
+ protected:
+  void Add() override;
+  void Edit(std::int64_t key) override;
+  void Delete(std::int64_t key) override;
 
  private:
   [[nodiscard]] ListRow RowFor(const ScheduleDetails& schedule) const;
+  void Copy();
+  void Paste();
+  // The keys on the clipboard.
+  [[nodiscard]] std::vector<std::int64_t> Copied() const;
 
-  QAction* addAction_;
   const Locale& locale_;
 };
 

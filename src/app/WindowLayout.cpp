@@ -18,7 +18,6 @@ constexpr std::string_view kTop = "Top";
 constexpr std::string_view kColumns = "WindowColumns";
 constexpr std::string_view kLeftRows = "WindowRows";
 constexpr std::string_view kReminders = "WindowReminders";
-constexpr std::string_view kAccountsWidths = "chA";
 
 constexpr int kComfortableWidth = 1280;
 constexpr int kComfortableHeight = 800;
@@ -64,11 +63,6 @@ WindowLayout ReadLayout(Registry& registry) {
   layout.leftRows = Numbers(ReadText(registry, kLeftRows));
   layout.view = ToQt(settings.Text(Setting::View));
   layout.account = settings.Number(Setting::Account);
-  layout.registerWidths = ToQt(settings.Text(Setting::chT));
-  layout.accountsWidths = ReadText(registry, kAccountsWidths);
-  layout.categoriesWidths = ToQt(settings.Text(Setting::chC));
-  layout.payeesWidths = ToQt(settings.Text(Setting::chP));
-  layout.schedulesWidths = ToQt(settings.Text(Setting::chS));
   layout.showsReminders = ReadText(registry, kReminders) == QStringLiteral("1");
   // The columns are counted from 1 there, as 0 stands for none.
   layout.sort = {settings.Number(Setting::ColNo) - 1, settings.Number(Setting::ColSort) == 1};
@@ -76,27 +70,24 @@ WindowLayout ReadLayout(Registry& registry) {
 }
 
 void WriteLayout(Registry& registry, const WindowLayout& layout) {
-  std::map<std::string, std::string> values;
+  std::map<std::string, std::string> values = layout.views;
   values[Name(Setting::Height)] = std::to_string(layout.place.height());
   values[Name(Setting::Width)] = std::to_string(layout.place.width());
   values[Name(Setting::Maximised)] = std::to_string(layout.maximised ? 1 : 0);
   values[Name(Setting::View)] = FromQt(layout.view);
   values[Name(Setting::Account)] = std::to_string(layout.account);
-  values[Name(Setting::chT)] = FromQt(layout.registerWidths);
-  values[Name(Setting::chC)] = FromQt(layout.categoriesWidths);
-  values[Name(Setting::chP)] = FromQt(layout.payeesWidths);
-  values[Name(Setting::chS)] = FromQt(layout.schedulesWidths);
   values[std::string(kReminders)] = layout.showsReminders ? "1" : "0";
   values[Name(Setting::ColNo)] = std::to_string(layout.sort.column + 1);
   values[Name(Setting::ColSort)] = std::to_string(layout.sort.isDescending ? 1 : 0);
-  values[Name(Setting::Dates)] = layout.dates.start.ToIso() + '#' + layout.dates.end.ToIso();
-  values[Name(Setting::SetDate)] = std::to_string(layout.isDatesInForce ? 1 : 0);
-  values[std::string(kAccountsWidths)] = FromQt(layout.accountsWidths);
   values[std::string(kLeft)] = std::to_string(layout.place.x());
   values[std::string(kTop)] = std::to_string(layout.place.y());
   values[std::string(kColumns)] = Joined(layout.columns);
   values[std::string(kLeftRows)] = Joined(layout.leftRows);
   registry.WriteAll(Hive::CurrentUser, kSettingsKey, values);
+}
+
+QString ReadWidths(const Registry& registry, std::string_view name) {
+  return ReadText(registry, name);
 }
 
 QRect PlaceOnScreen(const WindowLayout& layout, const QRect& free) {

@@ -1,11 +1,14 @@
 #pragma once
 
 #include "controls/ListSort.h"
-#include "platform/Settings.h"
 
 #include <QList>
 #include <QRect>
 #include <QString>
+
+#include <map>
+#include <string>
+#include <string_view>
 
 namespace corvanta {
 
@@ -20,19 +23,16 @@ struct WindowLayout {
   QList<int> leftRows;  // heights in the left column
   QString view;         // the command last shown
   qint64 account = 0;
-  QString registerWidths;  // column widths, the numbers separated by "|"
-  QString accountsWidths;
-  QString categoriesWidths;
-  QString payeesWidths;
-  QString schedulesWidths;
   bool showsReminders = false;  // folded at first: the register needs the width
   SortState sort;               // of the list last shown
-  DateRange dates;              // of the register; written only
-  bool isDatesInForce = false;
+  // What the views keep, by the names of the settings; written only.
+  std::map<std::string, std::string> views;
 };
 
 // What makes no sense in the settings reads as nothing kept.
 [[nodiscard]] WindowLayout ReadLayout(Registry& registry);
+// The widths of a list's columns, which stand in the setting of that name, separated by "|".
+[[nodiscard]] QString ReadWidths(const Registry& registry, std::string_view name);
 // All values in one write. Throws PlatformError.
 void WriteLayout(Registry& registry, const WindowLayout& layout);
 

@@ -234,6 +234,17 @@ std::int64_t ScheduleBook::PasteSchedule(std::int64_t scheduleId) {
   return copy;
 }
 
+std::int64_t ScheduleBook::PasteSchedules(Keys scheduleIds) {
+  const UndoLog::Step step = core_.undo.Begin("Paste Schedule");
+  Transaction all = core_.store.Begin();
+  std::int64_t last = 0;
+  for (const std::int64_t schedule : scheduleIds) {
+    if (const std::int64_t copy = PasteSchedule(schedule)) last = copy;
+  }
+  all.Commit();
+  return last;
+}
+
 // The copy goes on where its original stands: what that one has posted comes no second time. Of a
 // finished one the copy is finished too, until a person gives it a plan.
 void ScheduleBook::BeginBehind(const ScheduleDetails& source, std::int64_t copy) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/Keys.h"
 #include "ledger/ScheduleReader.h"
 #include "ledger/ScheduleRecord.h"
 #include "ledger/TransactionRecord.h"
@@ -30,6 +31,8 @@ class ScheduleBook : public ScheduleReader {
   // A copy with its lines that begins behind what its source has posted, and is finished where that
   // is; returns its key, 0 when there is no such schedule.
   std::int64_t PasteSchedule(std::int64_t scheduleId);
+  // A copy of each, as one step; the last one's key, 0 when there is none of them.
+  std::int64_t PasteSchedules(Keys scheduleIds);
   // With its lines. The rows posted from it are deleted too, or stay as rows entered by hand.
   void DeleteSchedule(std::int64_t scheduleId, bool withPostedRows);
   // The row is no longer the schedule's occurrence.

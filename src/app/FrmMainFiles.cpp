@@ -1,0 +1,198 @@
+// The data file that the main window works on, and files in and out of it.
+#include "app/FrmMain.h"
+#include "app/FrmRecoveryKey.h"
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/MainView.h"
+#include "app/ReminderCommands.h"
+#include "controls/QtText.h"
+#include "exchange/ExchangeDialogs.h"
+#include "exchange/ImportKind.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/Registry.h"
+#include "store/datafile/opening/KeyRecovery.h"
+#include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
+#include "store/sql/StoreError.h"
+#include "store/sql/UndoLog.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDragEnterEvent>
+#include <QDropEvent>
+#include <QMimeData>
+#include <QPointer>
+#include <QUrl>
+
+#include <limits>
+
+namespace corvanta {
+namespace {
+constexpr std::string_view kReindex = "Reindex";
+
+// Of transactions and their split lines.
+struct RowCount {
+  qint64 rows = 0;
+  qint64 last = 0;  // key
+};
+
+RowCount CountRows(const LedgerSession& session) {
+  // Whatever is found then, nothing went.
+  if (!session.IsOpen()) return {0, std::numeric_limits<qint64>::max()};
+  Connection& store = session.Ledger().Store();
+  return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
+          store.QueryValue("Select Max(TransactionID) from tblTransactions").Int()};
+}
+
+bool Opens(const std::string& path, const std::string& password, Platform& platform) {
+  try {
+    return OpensWith(path, password, platform);
+  } catch (const StoreError&) {
+    return false;
+  }
+}
+
+// How many of the rows up to that key are left; what was added since does not count.
+qint64 CountLeft(const LedgerSession& session, std::int64_t last) {
+  return session.Ledger()
+      .Store()
+      .QueryValue("Select Count(*) from tblTransactions Where TransactionID <= " + SqlNumber(last))
+      .Int();
+}
+
+// The file that is dropped, where it is one that could be imported; empty otherwise.
+QString DroppedFile(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  if (urls.size() != 1 || !urls.constFirst().isLocalFile()) return {};
+  const QString path = urls.constFirst().toLocalFile();
+  return HasImportEnding(FromQt(path)) ? path : QString();
+}
+
+}  // namespace
+
+void FrmMain::ConnectFiles() {
+  setAcceptDrops(true);
+  On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
+  On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
+  On(actions_->mnuFilePassword, [this] { ChangePassword(); });
+  On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
+  On(actions_->mnuFileImport, [this] { ImportFile({}); });
+  connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
+}
+
+void FrmMain::TakeLedger() {
+  if (!session_.IsOpen()) return;
+  UndoLog& log = session_.Ledger().Undo();
+  log.Start();
+  log.OnChange([window = QPointer<FrmMain>(this)] {
+    if (window) window->MarkUndo();
+  });
+}
+
+bool FrmMain::Reopen(bool quiet) {
+  // What is thrown on the way must not leave the window on a ledger that is gone.
+  bool opened = false;
+  Guard([&] { opened = session_.Open(quiet); });
+  Guard([this] { session_.PostSchedules(); });
+  TakeLedger();
+  history_.Clear();
+  account_ = 0;
+  ReadAccounts();
+  reminderCommands_->Read();
+  if (!accounts_.empty()) account_ = accounts_.front().accountId;
+  const MainView& first = account_ == 0 ? *views_.front() : RegisterOfAccount();
+  ShowView(first.Name());
+  return opened;
+}
+
+void FrmMain::OpenDataFile() {
+  const auto path = platform_.prompts.OpenFile(
+      {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
+  if (!path) return;
+  const bool wasOpen = session_.IsOpen();
+  session_.Choose(*path);
+  if (Reopen(true)) return NoticePosted();
+  // The file that cannot be used must not be what the next start begins with.
+  session_.Unchoose();
+  if (wasOpen) Reopen(true);
+}
+
+void FrmMain::ValidateDataFile() {
+  const bool wanted =
+      platform_.prompts.Ask("Validate Data Files",
+                            "This option will validate and fix any problems with the data file.\n"
+                            " Do you wish to continue?");
+  if (!wanted) return;
+  platform_.registry.Write(Hive::CurrentUser, kSettingsKey, kReindex, "1");
+  const ViewCommand before = shown_;
+  const RowCount rows = CountRows(session_);
+  // What could not be validated is open again as it was, where it can be.
+  if (!Reopen(false) && !Reopen(true)) return;
+  Show(before);
+  // What stood in the way of the renewal has been told.
+  if (!session_.IsRenewed()) return NoticePosted();
+  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+}
+
+void FrmMain::NoticeValidated(qint64 before, qint64 left) {
+  QString text =
+      left == 1
+          ? tr("The data file is sound: 1 row of transactions")
+          : tr("The data file is sound: %1 rows of transactions").arg(locale().toString(left));
+  if (left < before) {
+    text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
+  }
+  const QString posted = PostedText();
+  Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
+}
+
+void FrmMain::ChangePassword() {
+  if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
+}
+
+void FrmMain::ShowRecoveryKey() {
+  constexpr const char* kTitle = "Recovery Key";
+  if (!session_.IsOpen()) {
+    platform_.prompts.Tell(kTitle, "Open a data file first: the key belongs to the file.");
+    return;
+  }
+  // It opens the file for whoever reads it: the one who left the window standing may be away.
+  if (!session_.Passwords().Confirm(session_.Ledger().Store())) return;
+  // A key is handed out for the day when nothing else is left, so it is tried before.
+  if (!Opens(session_.Path(), session_.Password(), platform_)) {
+    platform_.prompts.Tell(kTitle,
+                           "Another program has put another file in the place of the data file. "
+                           "Open it again before you write its key down.",
+                           Icon::Warning);
+    return;
+  }
+  FrmRecoveryKey dialog(platform_, session_.Password(), this);
+  dialog.exec();
+}
+
+void FrmMain::ImportFile(const std::string& path) {
+  const ImportResult result =
+      OpenImport(EntryAccount(), path, {platform_, session_.Ledger(), this});
+  if (!result.isChanged) return;
+  Reload();
+  const bool isShown = shown_.accountId == result.accountId;
+  if (result.accountId != 0 && !isShown) ShowAccount(result.accountId);
+}
+
+void FrmMain::dragEnterEvent(QDragEnterEvent* event) {
+  const bool isFree = session_.IsOpen() && QApplication::activeModalWidget() == nullptr;
+  if (isFree && !DroppedFile(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void FrmMain::dropEvent(QDropEvent* event) {
+  const QString path = DroppedFile(*event);
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  // The program that the file comes from waits until the drop is over.
+  QMetaObject::invokeMethod(
+      this, [this, path] { Guard([this, path] { ImportFile(FromQt(path)); }); },
+      Qt::QueuedConnection);
+}
+
+}  // namespace corvanta

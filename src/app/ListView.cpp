@@ -1,0 +1,184 @@
+#include "app/ListView.h"
+
+#include "app/LedgerSession.h"
+#include "app/TotalsLine.h"
+#include "app/ViewCommand.h"
+#include "app/ViewHeader.h"
+#include "app/WindowLayout.h"
+#include "controls/EmptyState.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
+#include "controls/Style.h"
+#include "reports/ReportDialogs.h"
+
+#include <QAction>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace corvanta {
+namespace {
+// What a column of texts keeps where there is little room.
+constexpr int kSmallest = 9 * kRhythm;
+}  // namespace
+
+ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
+    : QWidget(parent),
+      place_(place),
+      traits_(std::move(traits)),
+      header_(new ViewHeader(this)),
+      pages_(new QStackedWidget(this)),
+      table_(new SortedTable(this)),
+      empty_(new EmptyState(this)),
+      totals_(new TotalsLine(this)),
+      model_(new ListModel(traits_.columns, this)) {
+  table_->setObjectName(QLatin1String(traits_.listName));
+  table_->setAccessibleName(traits_.title);
+  table_->setAlternatingRowColors(true);
+  table_->setSelectionMode(QAbstractItemView::SingleSelection);
+  table_->setModel(model_);
+  std::vector<ListTable::Column> widths;
+  for (const ListColumn& column : model_->Columns()) {
+    const int smallest = column.stretch > 0 ? std::min(column.width, kSmallest) : column.width;
+    widths.push_back({column.width, column.stretch, smallest, column.leaves});
+  }
+  table_->SetColumns(std::move(widths));
+  table_->SetSorted(traits_.sort);
+  model_->Sort(traits_.sort);
+  table_->setContextMenuPolicy(Qt::ActionsContextMenu);
+  table_->addActions({traits_.add, traits_.edit, traits_.remove});
+  Arrange();
+  Connect();
+}
+
+void ListView::Arrange() {
+  pages_->addWidget(table_);
+  pages_->addWidget(empty_);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(header_);
+  column->addWidget(pages_, 1);
+  column->addWidget(totals_);
+  setFocusProxy(table_);
+}
+
+void ListView::Connect() {
+  place_.On(traits_.add, this, [this] { Add(); });
+  place_.On(traits_.edit, this, [this] {
+    if (const std::int64_t key = CommandKey()) Edit(key);
+  });
+  place_.On(traits_.remove, this, [this] {
+    if (const std::int64_t key = CommandKey()) Delete(key);
+  });
+  connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
+    const std::int64_t key = model_->Row(index.row()).key;
+    place_.host.Guard([this, key] { Open(key); });
+  });
+  connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this] { place_.host.MarkChoice(); });
+  connect(table_, &SortedTable::SortChosen, this, [this] {
+    const std::int64_t chosen = ChosenKey();
+    model_->Sort(table_->Sorted());
+    ChooseKey(chosen);
+  });
+}
+
+void ListView::Restore(const Registry& registry) {
+  table_->SetWidths(ReadWidths(registry, traits_.widthsName));
+}
+
+void ListView::Keep(std::map<std::string, std::string>& values) const {
+  values[std::string(traits_.widthsName)] = FromQt(table_->Widths());
+}
+
+bool ListView::Can(EditTask task) const {
+  switch (task) {
+    case EditTask::Insert:
+      return true;
+    case EditTask::Details:
+    case EditTask::Delete:
+      return ChosenKey() != 0;
+    default:
+      return false;
+  }
+}
+
+void ListView::Do(EditTask task) {
+  if (!Can(task)) return;
+  if (task == EditTask::Insert) Add();
+  if (task == EditTask::Details) Edit(ChosenKey());
+  if (task == EditTask::Delete) Delete(ChosenKey());
+}
+
+void ListView::MarkCommands(bool /*isShown*/) {
+  const bool isChosen = CommandKey() != 0;
+  traits_.edit->setEnabled(isChosen);
+  traits_.remove->setEnabled(isChosen);
+}
+
+std::int64_t ListView::CommandKey() const {
+  const bool isShown = place_.session.IsOpen() && place_.host.Shown().name == Name();
+  return isShown ? ChosenKey() : 0;
+}
+
+PrintTable ListView::Printed() const {
+  return PrintTableOf(*table_, FromQt(traits_.title));
+}
+
+std::int64_t ListView::RowCount() const {
+  return model_->rowCount();
+}
+
+std::set<std::int64_t> ListView::ShownOf(const std::vector<std::int64_t>& /*transactions*/) const {
+  std::set<std::int64_t> keys;
+  for (int row = 0; row < model_->rowCount(); ++row) keys.insert(model_->Row(row).key);
+  return keys;
+}
+
+std::int64_t ListView::ChosenKey() const {
+  const QModelIndexList chosen = table_->selectionModel()->selectedRows();
+  return chosen.isEmpty() ? 0 : model_->Row(chosen.constFirst().row()).key;
+}
+
+bool ListView::ChooseKey(std::int64_t key) {
+  const int row = model_->RowOf(key);
+  if (row < 0) return false;
+  table_->ChooseRow(row);
+  return true;
+}
+
+QString ListView::ChosenText() const {
+  QStringList cells;
+  const int row = model_->RowOf(ChosenKey());
+  for (int column = 0; row >= 0 && column < model_->columnCount(); ++column) {
+    cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
+  }
+  return cells.join(u'\t') + u'\n';
+}
+
+void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
+                    const QString& figure, const Nothing& nothing) {
+  header_->Show(traits_.title, details);
+  totals_->Show(count, figure, false);
+  totals_->setVisible(!rows.empty());
+  if (rows.empty()) empty_->Show(nothing.icon, nothing.title, nothing.text, traits_.add);
+  const std::int64_t chosen = ChosenKey();
+  const int place = table_->currentIndex().row();
+  model_->SetRows(std::move(rows));
+  const int shown = model_->rowCount();
+  pages_->setCurrentIndex(shown == 0 ? 1 : 0);
+  setFocusProxy(pages_->currentWidget());
+  if (shown == 0) return;
+  if (chosen != 0 && model_->RowOf(chosen) < 0) table_->ChooseRow(std::min(place, shown - 1));
+  if (chosen != 0) {
+    ChooseKey(chosen);
+    return;
+  }
+  // The keyboard has a place to start from.
+  table_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+}
+
+}  // namespace corvanta

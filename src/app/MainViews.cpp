@@ -1,0 +1,21 @@
+#include "app/MainViews.h"
+
+#include "app/AccountsView.h"
+#include "app/CategoriesView.h"
+#include "app/PayeesView.h"
+#include "app/ScheduleView.h"
+#include "app/TransactionShowView.h"
+
+namespace corvanta {
+
+std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
+  std::vector<MainView*> views;
+  views.push_back(new AccountsView(place, parent));
+  views.push_back(new TransactionShowView(place, parent));
+  views.push_back(new CategoriesView(place, parent));
+  views.push_back(new PayeesView(place, parent));
+  views.push_back(new ScheduleView(place, parent));
+  return views;
+}
+
+}  // namespace corvanta

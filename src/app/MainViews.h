@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+class QWidget;
+
+namespace corvanta {
+
+class MainView;
+struct ViewPlace;
+
+// Makes all views of the main window, as children of `parent`. The first one stands where no other
+// can be shown.
+[[nodiscard]] std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent);
+
+}  // namespace corvanta

@@ -1,0 +1,251 @@
+#include "app/TransactionShowView.h"
+
+#include "app/LedgerSession.h"
+#include "app/ListColours.h"
+#include "app/MainActions.h"
+#include "app/ReadAhead.h"
+#include "app/RegisterView.h"
+#include "app/ViewCommand.h"
+#include "app/WindowLayout.h"
+#include "controls/QtText.h"
+#include "controls/SortedTable.h"
+#include "exchange/ExchangeDialogs.h"
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/Balances.h"
+#include "ledger/RegisterRows.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/Settings.h"
+#include "reports/ReportDialogs.h"
+
+#include <QAction>
+#include <QTimer>
+
+#include <algorithm>
+#include <string>
+
+namespace corvanta {
+
+TransactionShowView::TransactionShowView(const ViewPlace& place, QWidget* parent)
+    : QObject(parent),
+      place_(place),
+      register_(new RegisterView(
+          place.platform.locale,
+          {place.actions.mnuTransAdd, place.actions.mnuViewAccounts, place.actions.mnuViewAll},
+          parent)),
+      commands_(place, *register_),
+      ahead_(new ReadAhead(shelf_, this)) {
+  register_->SetToday(place.host.Today());
+  Connect();
+  ConnectColumns();
+}
+
+std::string_view TransactionShowView::Name() const {
+  return kTransactionShow;
+}
+
+QAction* TransactionShowView::Entry() const {
+  return place_.actions.mnuViewRegister;
+}
+
+QWidget* TransactionShowView::Widget() {
+  return register_;
+}
+
+QString TransactionShowView::Title() const {
+  return register_->Title();
+}
+
+SortedTable* TransactionShowView::Table() const {
+  return &register_->Table();
+}
+
+void TransactionShowView::Connect() {
+  connect(register_, &RegisterView::ChoiceChanged, this, [this] { place_.host.MarkChoice(); });
+  connect(register_, &RegisterView::PeriodChanged, this, [this] { place_.host.TakeFilter(); });
+  connect(register_, &RegisterView::DaysRead, this, [this] { place_.host.ShowSurroundings(); });
+  connect(register_, &RegisterView::Outdated, this, [this] { place_.host.Reload(); });
+  connect(register_, &RegisterView::Failed, this, [this](const QString& reason) {
+    place_.platform.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
+  });
+  place_.On(place_.actions.mnuFileExport, this, [this] { ExportRegister(); });
+}
+
+void TransactionShowView::ConnectColumns() {
+  const MainActions& actions = place_.actions;
+  for (QAction* tick :
+       {actions.mnuViewDescription, actions.mnuViewReference, actions.mnuViewStatus}) {
+    place_.On(tick, this, [this] { KeepColumns(); });
+  }
+}
+
+std::optional<AccountRow> TransactionShowView::Find(std::int64_t accountId,
+                                                    std::optional<EntrySums>& sums) const {
+  const std::vector<AccountRow>& accounts = place_.host.Accounts();
+  const auto found = std::ranges::find(accounts, accountId, &AccountRow::accountId);
+  if (found != accounts.end()) {
+    // What the tree has counted need not be counted again, as long as it is still so.
+    if (place_.host.AreAccountsCurrent()) sums = found->sums;
+    return *found;
+  }
+  // One that is closed and hidden can still be gone to, as the other side of a transfer.
+  if (accountId == 0) return std::nullopt;
+  return place_.session.Ledger().Accounts().FindAccount('#' + std::to_string(accountId));
+}
+
+void TransactionShowView::Show(const ViewCommand& command) {
+  register_->SetToday(place_.host.Today());
+  register_->SetPeriod(command.dates);
+  std::optional<EntrySums> sums;
+  const std::optional<AccountRow> account = Find(command.accountId, sums);
+  account_ = account ? account->accountId : 0;
+  uncleared_.clear();
+  if (!account) return register_->ShowNoAccount();
+  ShowRows(*account, sums);
+}
+
+void TransactionShowView::ShowRows(const AccountRow& account,
+                                   const std::optional<EntrySums>& sums) {
+  Connection& store = place_.session.Ledger().Store();
+  const ViewCommand& shown = place_.host.Shown();
+  const auto rows = shelf_.Take(store, Scope(), account.openingBalance, sums);
+  register_->ShowAccount(account, rows);
+  if (register_->IsEmpty() && shown.IsFiltered()) {
+    const EntrySums all = ReadSums(store, account_, StatusFilter(), std::nullopt, std::nullopt);
+    register_->ShowHidden(all.count, shown.Filter());
+  }
+  CountUncleared(rows);
+}
+
+RegisterScope TransactionShowView::Scope() const {
+  const ViewCommand& shown = place_.host.Shown();
+  return {account_, shown.Filter(), shown.RegisterPeriod()};
+}
+
+// Counting them reads all of the account's entries: of a long register that is done once the rows
+// stand there.
+void TransactionShowView::CountUncleared(const std::shared_ptr<RegisterRows>& rows) {
+  constexpr std::size_t kAtOnce = 20000;
+  constexpr int kDrawn = 100;  // milliseconds
+  if (rows->Count() < kAtOnce) {
+    uncleared_ = ToQt(UnclearedText(rows->UnclearedCount()));
+    return;
+  }
+  // They are let go where the data file is closed before that.
+  QTimer::singleShot(kDrawn, this, [this, waiting = std::weak_ptr(rows)] {
+    const auto still = waiting.lock();
+    const bool isShown = still != nullptr && place_.host.Shown().name == Name() &&
+                         account_ == still->Scope().accountId;
+    if (!isShown || !still->IsCurrent()) return;
+    place_.host.Guard([&] {
+      uncleared_ = ToQt(UnclearedText(still->UnclearedCount()));
+      place_.host.ShowSurroundings();
+    });
+  });
+}
+
+ViewSurroundings TransactionShowView::Surroundings() const {
+  if (account_ == 0) return {};
+  return {account_, register_->Days(), uncleared_};
+}
+
+void TransactionShowView::Remember(ViewCommand& command) const {
+  command.dates = register_->Period();
+}
+
+void TransactionShowView::TakeAccounts() {
+  const ViewCommand& shown = place_.host.Shown();
+  // The days of a period are soon read.
+  if (!place_.session.IsOpen() || shown.dates) return ahead_->Stop();
+  ahead_->Start(place_.session.Ledger().Store(), place_.host.Accounts(), shown.Filter(),
+                [this] { return register_->IsReading(); });
+}
+
+void TransactionShowView::LetGo() {
+  ahead_->Stop();
+  shelf_.Clear();
+  register_->LetGo();
+  account_ = 0;
+}
+
+void TransactionShowView::ApplySettings() {
+  const Settings settings(place_.platform.registry);
+  const bool description = settings.IsOn(Setting::ShowDesc);
+  const bool reference = settings.IsOn(Setting::ShowRef);
+  const bool status = settings.IsOn(Setting::ShowStatus);
+  place_.actions.mnuViewDescription->setChecked(description);
+  place_.actions.mnuViewReference->setChecked(reference);
+  place_.actions.mnuViewStatus->setChecked(status);
+  register_->ShowOptionalColumns(description, reference, status);
+  register_->SetColours(ReadListColours(settings, place_.window.palette()));
+}
+
+void TransactionShowView::KeepColumns() {
+  Settings settings(place_.platform.registry);
+  settings.SetOn(Setting::ShowDesc, place_.actions.mnuViewDescription->isChecked());
+  settings.SetOn(Setting::ShowRef, place_.actions.mnuViewReference->isChecked());
+  settings.SetOn(Setting::ShowStatus, place_.actions.mnuViewStatus->isChecked());
+  ApplySettings();
+}
+
+void TransactionShowView::Restore(const Registry& registry) {
+  register_->Table().SetWidths(ReadWidths(registry, InfoOf(Setting::chT).name));
+  const Settings settings(place_.platform.registry);
+  const DateRange dates = settings.Dates(place_.host.Today());
+  register_->SetDates(dates);
+  if (settings.IsOn(Setting::SetDate)) register_->SetPeriod(dates);
+}
+
+void TransactionShowView::Keep(std::map<std::string, std::string>& values) const {
+  const auto put = [&values](Setting setting, const std::string& value) {
+    values[std::string(InfoOf(setting).name)] = value;
+  };
+  const DateRange dates = register_->Dates();
+  put(Setting::chT, FromQt(register_->Table().Widths()));
+  put(Setting::Dates, dates.start.ToIso() + '#' + dates.end.ToIso());
+  put(Setting::SetDate, register_->Period() ? "1" : "0");
+}
+
+bool TransactionShowView::Can(EditTask task) const {
+  return task == EditTask::Paste ? account_ != 0 && commands_.CanPaste() : commands_.Can(task);
+}
+
+void TransactionShowView::Do(EditTask task) {
+  commands_.Do(task, account_);
+}
+
+void TransactionShowView::MarkCommands(bool isShown) {
+  place_.actions.mnuFileExport->setEnabled(isShown && account_ != 0);
+  commands_.Mark(isShown);
+}
+
+void TransactionShowView::ExportRegister() {
+  const ViewCommand& shown = place_.host.Shown();
+  ExportView view{account_, shown.Filter(), shown.RegisterPeriod(), register_->ShownKeys()};
+  OpenExport(view, {place_.platform, place_.session.Ledger(), &place_.window});
+}
+
+PrintTable TransactionShowView::Printed() const {
+  return PrintTableOf(register_->Table(), FromQt(register_->Title()));
+}
+
+std::int64_t TransactionShowView::RowCount() const {
+  return register_->Table().model()->rowCount();
+}
+
+std::set<std::int64_t> TransactionShowView::ShownOf(
+    const std::vector<std::int64_t>& transactions) const {
+  const auto keys = KeysInScope(place_.session.Ledger().Store(), Scope(), transactions);
+  return {keys.begin(), keys.end()};
+}
+
+bool TransactionShowView::ChooseKey(std::int64_t key) {
+  return register_->ChooseKey(key);
+}
+
+void TransactionShowView::ChooseDay(Date day) {
+  register_->ChooseDay(day);
+}
+
+}  // namespace corvanta

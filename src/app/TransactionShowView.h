@@ -1,0 +1,81 @@
+#pragma once
+
+#include "app/MainView.h"
+#include "app/RegisterCommands.h"
+#include "app/ViewHost.h"
+#include "ledger/RegisterShelf.h"
+
+#include <QObject>
+
+#include <memory>
+#include <optional>
+
+namespace corvanta {
+
+class ReadAhead;
+class RegisterView;
+struct RegisterScope;
+
+// The view of "TransactionShow": the register of one account, with its period and what is
+// remembered of registers that were read.
+class TransactionShowView : public QObject, public MainView {
+  Q_OBJECT
+
+ public:
+  TransactionShowView(const ViewPlace& place, QWidget* parent);
+
+  [[nodiscard]] std::string_view Name() const override;
+  [[nodiscard]] QAction* Entry() const override;
+  [[nodiscard]] QWidget* Widget() override;
+  [[nodiscard]] QString Title() const override;
+  [[nodiscard]] SortedTable* Table() const override;
+  [[nodiscard]] bool IsOfAccount() const override { return true; }
+
+  void Show(const ViewCommand& command) override;
+  // The period.
+  void Remember(ViewCommand& command) const override;
+  [[nodiscard]] ViewSurroundings Surroundings() const override;
+  // Has the long registers read that may be gone to next.
+  void TakeAccounts() override;
+  void Forget() override { shelf_.Clear(); }
+  void LetGo() override;
+  void ApplySettings() override;
+  void Restore(const Registry& registry) override;
+  void Keep(std::map<std::string, std::string>& values) const override;
+
+  [[nodiscard]] bool Can(EditTask task) const override;
+  void Do(EditTask task) override;
+  void MarkCommands(bool isShown) override;
+  [[nodiscard]] std::int64_t ChosenAccount() const override { return account_; }
+  [[nodiscard]] PrintTable Printed() const override;
+
+  [[nodiscard]] std::int64_t RowCount() const override;
+  [[nodiscard]] std::set<std::int64_t> ShownOf(
+      const std::vector<std::int64_t>& transactions) const override;
+  bool ChooseKey(std::int64_t key) override;
+  void ChooseDay(Date day) override;
+
+ private:
+  void Connect();
+  void ConnectColumns();
+  // The account's row and, as far as the window has counted them, its sums.
+  [[nodiscard]] std::optional<AccountRow> Find(std::int64_t accountId,
+                                               std::optional<EntrySums>& sums) const;
+  void ShowRows(const AccountRow& account, const std::optional<EntrySums>& sums);
+  void CountUncleared(const std::shared_ptr<RegisterRows>& rows);
+  // Of what is shown.
+  [[nodiscard]] RegisterScope Scope() const;
+  // Writes the shown columns into the settings.
+  void KeepColumns();
+  void ExportRegister();
+
+  ViewPlace place_;
+  RegisterView* register_;
+  RegisterCommands commands_;
+  RegisterShelf shelf_;
+  ReadAhead* ahead_;
+  std::int64_t account_ = 0;  // that is shown; 0 for none
+  QString uncleared_;         // how many of its rows are; empty while that is not known
+};
+
+}  // namespace corvanta

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "ledger/AccountRow.h"
+#include "platform/Date.h"
+
+#include <cstdint>
+#include <functional>
+#include <string_view>
+#include <vector>
+
+class QAction;
+class QObject;
+class QString;
+class QWidget;
+
+namespace corvanta {
+
+class LedgerSession;
+class MainActions;
+struct Platform;
+struct ViewCommand;
+
+// What a view, and a command that works in any of them, asks of the window.
+class ViewHost {
+ public:
+  virtual ~ViewHost() = default;
+
+  // Runs a command at the window's edge: what refuses it is told, and the program goes on.
+  virtual void Guard(const std::function<void()>& command) = 0;
+  // Says in the status bar what a command has done, for a while.
+  virtual void Notice(const QString& text) = 0;
+
+  // --- After a change
+
+  // Reads accounts, reminders and the view in front again.
+  virtual void Reload() = 0;
+  // Schedules are others than before: posts what is due by them, and the same.
+  virtual void TakeSchedules() = 0;
+  // The filter of the view in front is another.
+  virtual void TakeFilter() = 0;
+  // What is chosen is another.
+  virtual void MarkChoice() = 0;
+  // The surroundings of the view in front are others.
+  virtual void ShowSurroundings() = 0;
+
+  // --- Going somewhere
+
+  // The view with what was chosen in it before.
+  virtual void ShowView(std::string_view name) = 0;
+  // The account's register, which gets the keys.
+  virtual void OpenAccount(std::int64_t accountId) = 0;
+  // The transaction in its account's register, even where the filter would hide it.
+  virtual void ShowTransaction(std::int64_t accountId, std::int64_t key) = 0;
+  // Chooses the row where that view is in front; false where another one is.
+  virtual bool ChooseRow(std::string_view view, std::int64_t key) = 0;
+  // Gives the view in front the keys.
+  virtual void FocusView() = 0;
+
+  // --- What is there
+
+  [[nodiscard]] virtual const ViewCommand& Shown() const = 0;
+  // With their balances by the filter of what is shown, and whether these still hold.
+  [[nodiscard]] virtual const std::vector<AccountRow>& Accounts() const = 0;
+  [[nodiscard]] virtual bool AreAccountsCurrent() const = 0;
+  // The account that the view in front has chosen; 0 for none.
+  [[nodiscard]] virtual std::int64_t ChosenAccount() const = 0;
+  // That one, or else the one last looked at: it gets what is entered. 0 without any account.
+  [[nodiscard]] virtual std::int64_t EntryAccount() const = 0;
+  // The day that the views are of.
+  [[nodiscard]] virtual Date Today() const = 0;
+};
+
+// What a view works on and stands in. All of it outlives the view.
+struct ViewPlace {
+  LedgerSession& session;
+  Platform& platform;
+  MainActions& actions;
+  ViewHost& host;
+  QWidget& window;  // before which dialogs stand
+
+  // Runs the command at the window's edge whenever the action is triggered while `owner` lives.
+  void On(QAction* action, QObject* owner, const std::function<void()>& command) const;
+};
+
+}  // namespace corvanta
