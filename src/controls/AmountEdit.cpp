@@ -15,19 +15,19 @@
 namespace corvanta {
 namespace {
 
-constexpr int kMostDecimals = 6;
+constexpr int kMaxDecimals = 6;
 // No sum of so few digits overflows a number.
-constexpr int kMostCharacters = 100;
+constexpr int kMaxCharacters = 100;
 
 // How many decimals the amount needs, at least those of the locale.
 int NeededDecimals(double amount, int least) {
-  for (int decimals = least; decimals < kMostDecimals; ++decimals) {
+  for (int decimals = least; decimals < kMaxDecimals; ++decimals) {
     const double scaled = amount * std::pow(10.0, decimals);
     if (std::abs(scaled - std::round(scaled)) < 1e-6 * std::max(1.0, std::abs(scaled))) {
       return decimals;
     }
   }
-  return std::max(least, kMostDecimals);
+  return std::max(least, kMaxDecimals);
 }
 
 }  // namespace
@@ -37,7 +37,7 @@ AmountEdit::AmountEdit(const Locale& locale, QWidget* parent, AmountText left)
   setAlignment(Qt::AlignRight);
   // Sums need more keys than a keyboard for numbers has.
   setInputMethodHints(Qt::ImhPreferNumbers | Qt::ImhNoPredictiveText);
-  setMaxLength(kMostCharacters);
+  setMaxLength(kMaxCharacters);
   SetAmount(0);
 }
 

@@ -12,7 +12,7 @@
 namespace corvanta {
 namespace {
 
-constexpr int kMostColumns = 9999;
+constexpr int kMaxColumns = 9999;
 constexpr std::array<std::pair<DateOrder, std::string_view>, 3> kOrders = {
     {{DateOrder::DayMonthYear, "Day/Month/Year"},
      {DateOrder::MonthDayYear, "Month/Day/Year"},
@@ -37,7 +37,7 @@ std::optional<int> WholeNumber(std::string_view text) {
   int number = 0;
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, number);
-  if (text.empty() || error != std::errc() || stop != end || number < 0 || number > kMostColumns) {
+  if (text.empty() || error != std::errc() || stop != end || number < 0 || number > kMaxColumns) {
     return std::nullopt;
   }
   return number;
@@ -157,12 +157,12 @@ std::string ToText(const SavedCsvMapping& saved) {
 
 std::optional<SavedCsvMapping> ReadSavedMapping(std::string_view text) {
   constexpr std::size_t kFormerParts = 6;
-  constexpr std::size_t kMostParts = 9;
+  constexpr std::size_t kMaxParts = 9;
   std::string_view rest = text;
   const bool isFormer = TakePart(rest) != kVersion;
   if (isFormer) rest = text;
-  std::array<std::string_view, kMostParts> parts;
-  for (std::size_t i = 0; i < (isFormer ? kFormerParts : kMostParts); ++i) {
+  std::array<std::string_view, kMaxParts> parts;
+  for (std::size_t i = 0; i < (isFormer ? kFormerParts : kMaxParts); ++i) {
     const std::optional<std::string_view> part = TakePart(rest);
     if (!part) return std::nullopt;
     parts[i] = *part;

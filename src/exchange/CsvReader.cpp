@@ -7,7 +7,7 @@
 namespace corvanta {
 namespace {
 
-constexpr std::size_t kMostTrailing = 5;
+constexpr std::size_t kMaxTrailing = 5;
 
 std::string_view AmountCell(const CsvRow& row, int column, bool zeroIsEmpty) {
   const std::string_view cell = row.Cell(column);
@@ -73,7 +73,7 @@ CsvReader::End CsvReader::FindEnd() const {
       ++trailing;
     }
   }
-  if (end.isCut || trailing <= kMostTrailing) return end;
+  if (end.isCut || trailing <= kMaxTrailing) return end;
   return {std::numeric_limits<std::size_t>::max(), false};
 }
 

@@ -9,7 +9,7 @@ namespace corvanta {
 namespace {
 
 // A cell that runs over more lines than this has lost its closing quote.
-constexpr std::size_t kMostCellLines = 200;
+constexpr std::size_t kMaxCellLines = 200;
 
 bool IsLineEnd(char c) {
   return c == '\r' || c == '\n';
@@ -47,7 +47,7 @@ bool CsvRows::ReadQuoted(std::string& cell) {
   const std::size_t startLine = line_;
   std::string value;
   ++at_;
-  while (at_ < text_.size() && line_ - startLine <= kMostCellLines) {
+  while (at_ < text_.size() && line_ - startLine <= kMaxCellLines) {
     const char c = text_[at_];
     if (c == '"' && text_.substr(at_ + 1).starts_with('"')) {
       value += '"';

@@ -86,8 +86,8 @@ std::string Plain(std::string_view text) {
 }
 
 std::optional<Part> NumberPart(std::string_view digits) {
-  constexpr std::size_t kMostDigits = 8;
-  if (digits.size() > kMostDigits) return std::nullopt;
+  constexpr std::size_t kMaxDigits = 8;
+  if (digits.size() > kMaxDigits) return std::nullopt;
   Part part;
   part.digits = digits.size();
   for (const char c : digits) part.number = part.number * 10 + (c - '0');

@@ -15,7 +15,7 @@
 namespace corvanta {
 namespace {
 
-constexpr std::size_t kMostBytes = 65536;
+constexpr std::size_t kMaxBytes = 65536;
 constexpr const char* kUsual = "windows-1252";
 
 // One byte a character, the more usual first: of equals the first one counts.
@@ -33,9 +33,9 @@ std::string SampleOf(std::string_view bytes) {
   std::string sample;
   LineReader lines(bytes);
   std::string_view line;
-  while (sample.size() < kMostBytes && lines.Next(line)) {
+  while (sample.size() < kMaxBytes && lines.Next(line)) {
     if (std::ranges::none_of(line, IsBeyondAscii)) continue;
-    sample += line.substr(0, kMostBytes);
+    sample += line.substr(0, kMaxBytes);
     sample += '\n';
   }
   return sample;

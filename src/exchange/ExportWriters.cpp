@@ -2,6 +2,7 @@
 
 #include "exchange/Encoding.h"
 #include "exchange/FormulaGuard.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/Money.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
@@ -24,10 +25,6 @@ std::string OneLine(std::string_view text) {
   std::ranges::replace_if(
       line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
   return line;
-}
-
-std::string CategoryText(const TransactionDetails& row) {
-  return row.subCategory.empty() ? row.category : row.category + ":" + row.subCategory;
 }
 
 std::string Compact(Date date) {
@@ -132,7 +129,7 @@ std::string QifExport(clsCorvanta& ledger, const Locale& locale, ExportRows rows
     add('L', row.category);
     if (row.isSplit) {
       for (const TransactionDetails& line : ledger.Transactions().SplitLines(row.transactionId)) {
-        add('S', CategoryText(line));
+        add('S', CategoryPath(line.category, line.subCategory));
         add('$', FileNumber(line.amount));
       }
     }

@@ -240,7 +240,7 @@ void FrmImportCsv::ReadInto(ImportForm& form) const {
 
 // A chosen column stays in the list while the file, read otherwise for a moment, has not so many.
 void FrmImportCsv::ShowColumnCount(int columns) {
-  int count = std::min(columns, FrmImportPreviewModel::kMostColumns);
+  int count = std::min(columns, FrmImportPreviewModel::kMaxColumns);
   for (const QComboBox* box : columns_) count = std::max(count, box->currentIndex());
   for (QComboBox* box : columns_) {
     while (box->count() - 1 > count) box->removeItem(box->count() - 1);

@@ -35,7 +35,7 @@ int FrmImportPreviewModel::rowCount(const QModelIndex& parent) const {
 int FrmImportPreviewModel::columnCount(const QModelIndex& parent) const {
   if (parent.isValid()) return 0;
   return side_ == Side::Read ? static_cast<int>(columns_.size())
-                             : 1 + std::min(preview_.columns, kMostColumns);
+                             : 1 + std::min(preview_.columns, kMaxColumns);
 }
 
 bool FrmImportPreviewModel::IsNumber(int section) const {

@@ -17,7 +17,7 @@ class FrmImportPreviewModel : public QAbstractTableModel {
   // The columns of Side::Read; those of a description and a reference only where they are mapped.
   enum Column { kRow, kDate, kPayee, kCategory, kAmount, kDescription, kReference, kRemark };
   // No statement has more; a file that does is shown by its first ones.
-  static constexpr int kMostColumns = 200;
+  static constexpr int kMaxColumns = 200;
 
   FrmImportPreviewModel(Side side, QObject* parent);
 

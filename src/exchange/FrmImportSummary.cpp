@@ -24,7 +24,7 @@ namespace {
 
 constexpr int kTextWidth = 56 * kRhythm;
 constexpr int kLongestName = 26;  // characters
-constexpr int kMostRows = 10;
+constexpr int kMaxRows = 10;
 constexpr int kWidestList = 84 * kRhythm;
 
 QString Headline(const ImportSummary& summary, const QString& file) {
@@ -132,8 +132,8 @@ QLabel* FrmImportSummary::AddFigure(const char* name, const QString& label, std:
 
 // Of a file of many accounts the first few; the text that is copied has them all.
 void FrmImportSummary::AddAccounts() {
-  constexpr std::size_t kMost = 6;
-  const std::size_t shown = std::min(summary_.accounts.size(), kMost);
+  constexpr std::size_t kMax = 6;
+  const std::size_t shown = std::min(summary_.accounts.size(), kMax);
   std::size_t rest = 0;
   for (std::size_t i = 0; i < summary_.accounts.size(); ++i) {
     const ImportedAccount& account = summary_.accounts[i];
@@ -202,7 +202,7 @@ void FrmImportSummary::ShowProblems() {
   for (int row = 0; row < problems_->rowCount(); ++row) {
     text = std::max(text, fontMetrics().horizontalAdvance(problems_->item(row, 1)->text()));
   }
-  const int shown = std::min(problems_->rowCount(), kMostRows);
+  const int shown = std::min(problems_->rowCount(), kMaxRows);
   lvProblems_->setMinimumHeight((shown + 2) * lvProblems_->verticalHeader()->defaultSectionSize());
   lvProblems_->setMinimumWidth(std::min(line + text + 8 * kRhythm, kWidestList));
   lvProblems_->SetWidths({});

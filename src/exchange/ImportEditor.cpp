@@ -25,7 +25,7 @@ namespace corvanta {
 namespace {
 
 constexpr const char* kEveryAccount = "<Import All Accounts Automatically>";
-constexpr int kMostSkipped = 10000;
+constexpr int kMaxSkipped = 10000;
 
 Warning Say(const std::string& text, const char* field) {
   return {kFileImport, text, field};
@@ -37,7 +37,7 @@ std::optional<int> RowsOf(std::string_view text) {
   int rows = 0;
   const auto [stop, error] = std::from_chars(text.data(), text.data() + text.size(), rows);
   if (error != std::errc() || stop != text.data() + text.size()) return std::nullopt;
-  return rows >= 0 && rows <= kMostSkipped ? std::optional(rows) : std::nullopt;
+  return rows >= 0 && rows <= kMaxSkipped ? std::optional(rows) : std::nullopt;
 }
 
 std::optional<CsvMapping> MappingOf(const ImportForm& form) {
@@ -65,12 +65,12 @@ std::string LabelOf(const ImportAccount& account) {
 }
 
 std::string ListOf(const std::vector<FileSurvey::Account>& accounts) {
-  constexpr std::size_t kMost = 3;
+  constexpr std::size_t kMax = 3;
   std::string text;
-  for (std::size_t i = 0; i < std::min(accounts.size(), kMost); ++i) {
+  for (std::size_t i = 0; i < std::min(accounts.size(), kMax); ++i) {
     text += (i == 0 ? "" : ", ") + LabelOf(accounts[i].account);
   }
-  const std::size_t rest = accounts.size() - std::min(accounts.size(), kMost);
+  const std::size_t rest = accounts.size() - std::min(accounts.size(), kMax);
   return rest == 0 ? text : text + " and " + std::to_string(rest) + " more";
 }
 

@@ -5,7 +5,7 @@
 namespace corvanta {
 namespace {
 
-constexpr std::size_t kMostKept = 1000;
+constexpr std::size_t kMaxKept = 1000;
 
 void AddCount(std::string& text, const std::string& what, std::size_t count) {
   if (count > 0) text += what + ": " + std::to_string(count) + "\n";
@@ -21,7 +21,7 @@ std::string Headline(const ImportSummary& summary) {
 
 void ImportSummary::AddProblem(std::size_t line, std::string text) {
   ++problemCount;
-  if (problems.size() < kMostKept) problems.push_back({line, std::move(text)});
+  if (problems.size() < kMaxKept) problems.push_back({line, std::move(text)});
 }
 
 std::int64_t ImportSummary::AccountToShow(std::int64_t preferred) const {

@@ -8,7 +8,7 @@
 namespace corvanta {
 namespace {
 
-constexpr std::size_t kMostSplits = 100000;
+constexpr std::size_t kMaxSplits = 100000;
 
 constexpr std::array<std::string_view, 6> kBankTypes = {"!type:bank", "!type:cash",  "!type:ccard",
                                                         "!type:cc",   "!type:oth a", "!type:oth l"};
@@ -210,7 +210,7 @@ void QifReader::SplitField(char code, std::string_view value) {
     splitIsOpen_ = true;
   } else {
     split_.amount = ValueHere(value);
-    if (record_.splits.size() <= kMostSplits) record_.splits.push_back(std::move(split_));
+    if (record_.splits.size() <= kMaxSplits) record_.splits.push_back(std::move(split_));
     split_ = ImportSplit();
     splitIsOpen_ = false;
   }
@@ -304,7 +304,7 @@ void QifReader::EndRecord() {
     record_.offset = lines_.Offset();
     if (record_.amount.text.empty()) record_.amount.text = otherAmount_;
     if (record_.amount.line == 0) record_.amount.line = record_.line;
-    if (record_.splits.size() > kMostSplits) {
+    if (record_.splits.size() > kMaxSplits) {
       sink_->OnProblem(record_.line, "The record has too many split lines; it was left out.");
     } else {
       goesOn_ = sink_->OnRecord(record_);

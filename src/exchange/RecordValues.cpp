@@ -12,8 +12,8 @@ namespace corvanta {
 namespace {
 
 std::string Quoted(const std::string& text) {
-  constexpr std::size_t kMost = 60;
-  return "\"" + (text.size() <= kMost ? text : text.substr(0, kMost) + "...") + "\"";
+  constexpr std::size_t kMax = 60;
+  return "\"" + (text.size() <= kMax ? text : text.substr(0, kMax) + "...") + "\"";
 }
 
 RecordFault FaultOf(const ImportRecord& record, const ImportValue& value, std::string text) {

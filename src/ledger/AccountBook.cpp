@@ -115,16 +115,16 @@ constexpr const char* kMainCategory = " AND (SubCategory = '' OR IsNull(SubCateg
 
 // A line each, as far as a person will read.
 std::string Names(const std::vector<ScheduleDetails>& schedules, const Locale& locale) {
-  constexpr std::size_t kMost = 12;
+  constexpr std::size_t kMax = 12;
   std::string names;
-  for (std::size_t i = 0; i < std::min(schedules.size(), kMost); ++i) {
+  for (std::size_t i = 0; i < std::min(schedules.size(), kMax); ++i) {
     const ScheduleDetails& schedule = schedules[i];
     names += "\n" + schedule.account + ", " + schedule.periodName + ", " +
              locale.FormatNumber(schedule.amount) + " " + schedule.currency;
     if (!schedule.description.empty()) names += ", " + schedule.description;
   }
-  if (schedules.size() > kMost) {
-    names += "\nand " + std::to_string(schedules.size() - kMost) + " more";
+  if (schedules.size() > kMax) {
+    names += "\nand " + std::to_string(schedules.size() - kMax) + " more";
   }
   return names;
 }

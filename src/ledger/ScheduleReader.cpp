@@ -37,8 +37,8 @@ AddToAccount AddToAccountOf(std::int64_t value) {
 }
 
 int CountOf(std::int64_t value) {
-  constexpr std::int64_t kMost = std::numeric_limits<int>::max();
-  return static_cast<int>(std::clamp(value, -kMost, kMost));
+  constexpr std::int64_t kMax = std::numeric_limits<int>::max();
+  return static_cast<int>(std::clamp(value, -kMax, kMax));
 }
 
 ScheduleDetails Details(const Recordset& row) {

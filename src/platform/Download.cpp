@@ -13,7 +13,7 @@ namespace corvanta {
 namespace {
 
 constexpr long kConnectSeconds = 4;
-constexpr long kMostRedirects = 10;
+constexpr long kMaxRedirects = 10;
 constexpr std::size_t kLargestAnswer = 16U << 20U;
 
 struct Answer {
@@ -45,7 +45,7 @@ void SetOptions(CURL* curl, const std::string& url, long timeoutSeconds, Answer&
   curl_easy_setopt(curl, CURLOPT_REDIR_PROTOCOLS, long{CURLPROTO_HTTP | CURLPROTO_HTTPS});
 #endif
   curl_easy_setopt(curl, CURLOPT_FOLLOWLOCATION, 1L);
-  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, kMostRedirects);
+  curl_easy_setopt(curl, CURLOPT_MAXREDIRS, kMaxRedirects);
   curl_easy_setopt(curl, CURLOPT_CONNECTTIMEOUT, std::min(kConnectSeconds, timeoutSeconds));
   curl_easy_setopt(curl, CURLOPT_TIMEOUT, timeoutSeconds);
   curl_easy_setopt(curl, CURLOPT_MAXFILESIZE, static_cast<long>(kLargestAnswer));

@@ -21,7 +21,7 @@
 namespace corvanta {
 namespace {
 
-constexpr int kMostDecimals = 15;
+constexpr int kMaxDecimals = 15;
 constexpr double kMillisecondsPerDay = 86'400'000.0;
 
 // A name of the environment or of ICU as ICU's; the plain ones of C programs as en_US.
@@ -215,7 +215,7 @@ std::string IcuLocale::Grouped(std::string_view digits) const {
 
 std::string IcuLocale::FormatNumber(double value, int decimals) const {
   if (!std::isfinite(value)) return fmt::format("{}", value);
-  const int places = decimals < 0 ? decimals_ : std::min(decimals, kMostDecimals);
+  const int places = decimals < 0 ? decimals_ : std::min(decimals, kMaxDecimals);
   const Decimal number = RoundToDecimals(value, places);
   std::string text = number.isNegative ? "-" : "";
   text += Grouped(number.whole);

@@ -18,8 +18,8 @@ namespace {
 
 constexpr std::size_t kLongestSheetName = 31;
 constexpr std::size_t kLongestCell = 32767;
-constexpr std::size_t kMostRows = LXW_ROW_MAX;
-constexpr std::size_t kMostColumns = LXW_COL_MAX;
+constexpr std::size_t kMaxRows = LXW_ROW_MAX;
+constexpr std::size_t kMaxColumns = LXW_COL_MAX;
 constexpr double kWidestColumn = 60;
 
 // The text's first characters, never half of one.
@@ -90,9 +90,9 @@ void FillSheet(lxw_workbook* book, lxw_worksheet* sheet, const SpreadsheetTable&
 }
 
 bool FitsSheet(const SpreadsheetTable& table) {
-  return table.rows.size() < kMostRows && table.headers.size() <= kMostColumns &&
+  return table.rows.size() < kMaxRows && table.headers.size() <= kMaxColumns &&
          std::all_of(table.rows.begin(), table.rows.end(),
-                     [](const auto& row) { return row.size() <= kMostColumns; });
+                     [](const auto& row) { return row.size() <= kMaxColumns; });
 }
 
 // The library writes only into files; this one has no name that anybody else could meet.

@@ -15,8 +15,8 @@
 namespace corvanta {
 namespace {
 
-constexpr std::size_t kMostRows = 65536;
-constexpr std::size_t kMostColumns = 256;
+constexpr std::size_t kMaxRows = 65536;
+constexpr std::size_t kMaxColumns = 256;
 constexpr int kLongestText = 4000;  // UTF-16 units: a record holds 8,224 bytes
 
 // Numbers of cell formats, in the order in which they are written.
@@ -148,9 +148,9 @@ std::string Sheet(const SpreadsheetTable& table, const std::vector<double>& widt
 }  // namespace
 
 bool FitsXls(const SpreadsheetTable& table) {
-  return table.rows.size() < kMostRows && table.headers.size() <= kMostColumns &&
+  return table.rows.size() < kMaxRows && table.headers.size() <= kMaxColumns &&
          std::ranges::all_of(table.rows,
-                             [](const auto& row) { return row.size() <= kMostColumns; });
+                             [](const auto& row) { return row.size() <= kMaxColumns; });
 }
 
 std::string XlsWorkbookOf(const SpreadsheetTable& table, const std::string& sheetName,

@@ -1,6 +1,7 @@
 #include "reconcile/Reconciliation.h"
 
 #include "ledger/AccountBook.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/ClosedAccounts.h"
 #include "ledger/Money.h"
 #include "ledger/ReferenceRecords.h"
@@ -60,9 +61,8 @@ class RowReader {
         ImageOf(rows_.Int(bankSch_) != 0, !rows_.Text(allocated_).empty(), rows_.Int(twin_) != 0);
     row.date = rows_.Day(date_).value_or(Date());
     row.payee = rows_.Text(payee_);
-    row.category = rows_.Text(category_);
-    const std::string_view subCategory = rows_.Text(subCategory_);
-    if (!subCategory.empty()) row.category.append(":").append(subCategory);
+    row.category =
+        CategoryPath(std::string(rows_.Text(category_)), std::string(rows_.Text(subCategory_)));
     row.reference = rows_.Text(reference_);
     row.description = rows_.Text(description_);
     row.status = StatusOf(rows_.Int(bankChk_), rows_.Int(bankRec_));

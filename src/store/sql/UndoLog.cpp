@@ -9,7 +9,7 @@
 namespace corvanta {
 namespace {
 
-constexpr std::int64_t kMostRows = 1000000;
+constexpr std::int64_t kMaxRows = 1000000;
 constexpr const char* kUnnamed = "Change";
 
 // The rows of the log that belong together.
@@ -76,7 +76,7 @@ class UndoLog::Impl : public ConnectionWatch {
   void Trim() {
     std::int64_t rows = 0;
     for (const Entry& entry : undo_) rows += entry.last - entry.first + 1;
-    while (rows > kMostRows && undo_.size() > 1) {
+    while (rows > kMaxRows && undo_.size() > 1) {
       const Entry& oldest = undo_.front();
       rows -= oldest.last - oldest.first + 1;
       rows_.Forget(oldest.first, oldest.last);
