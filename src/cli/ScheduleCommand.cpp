@@ -56,6 +56,9 @@ CLI::App* ScheduleCommand::Declare(CLI::App& parser) {
   command_->require_subcommand(0, 1);
   command_->add_subcommand("list", "Show the schedules by their next payment");
   DeclareChanges(*command_);
+  copy_ = command_->add_subcommand(
+      "copy", "Enter a schedule once more, from where it stands, and print the key of the copy");
+  schedule_.Declare(*copy_)->required();
   delete_ = command_->add_subcommand("delete", "Delete a schedule");
   schedule_.Declare(*delete_)->required();
   delete_
@@ -92,13 +95,15 @@ void ScheduleCommand::DeclareChanges(CLI::App& command) {
 }
 
 ExitStatus ScheduleCommand::Run(Session& session) {
-  const bool changes = add_->parsed() || edit_->parsed() || delete_->parsed() || lines_.Changes();
+  const bool changes =
+      add_->parsed() || edit_->parsed() || copy_->parsed() || delete_->parsed() || lines_.Changes();
   const std::optional<DataFile> file = session.Open(changes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   if (add_->parsed()) return Add(ledger, session);
   if (edit_->parsed()) return Edit(ledger, session);
   if (split_->parsed()) return Split(ledger, session);
+  if (copy_->parsed()) return Copy(ledger, session);
   if (delete_->parsed()) return Delete(ledger, session);
   return dates_->parsed() ? Dates(ledger, session) : List(ledger, session);
 }
@@ -168,6 +173,13 @@ ExitStatus ScheduleCommand::Split(clsCorvanta& ledger, Session& session) const {
                           {row->scheduleId, AllocationSource::Schedule, std::fabs(row->amount),
                            row->amount > 0 ? 1 : -1, row->currency});
   return lines_.Run(editor, ledger, session);
+}
+
+ExitStatus ScheduleCommand::Copy(clsCorvanta& ledger, Session& session) const {
+  const auto row = schedule_.Find(ledger, session);
+  if (!row) return ExitStatus::Refused;
+  PrintKey(ledger.Schedules().PasteSchedule(row->scheduleId), session);
+  return ExitStatus::Done;
 }
 
 ExitStatus ScheduleCommand::Delete(clsCorvanta& ledger, Session& session) const {

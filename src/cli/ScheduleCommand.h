@@ -11,7 +11,7 @@ namespace corvanta {
 
 class clsCorvanta;
 
-// schedule list, add, edit, split, delete and dates: the recurring transactions.
+// schedule list, add, edit, split, copy, delete and dates: the recurring transactions.
 class ScheduleCommand : public Command {
  public:
   CLI::App* Declare(CLI::App& parser) override;
@@ -23,6 +23,7 @@ class ScheduleCommand : public Command {
   ExitStatus Add(clsCorvanta& ledger, Session& session) const;
   ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
   ExitStatus Split(clsCorvanta& ledger, Session& session) const;
+  ExitStatus Copy(clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
   ExitStatus Dates(clsCorvanta& ledger, Session& session) const;
 
@@ -30,6 +31,7 @@ class ScheduleCommand : public Command {
   CLI::App* add_ = nullptr;
   CLI::App* edit_ = nullptr;
   CLI::App* split_ = nullptr;
+  CLI::App* copy_ = nullptr;
   CLI::App* delete_ = nullptr;
   CLI::App* dates_ = nullptr;
   ScheduleArgument schedule_;

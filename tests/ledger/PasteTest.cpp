@@ -4,6 +4,7 @@
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionPaste.h"
 #include "ledger/TransactionRecord.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -77,6 +78,18 @@ TEST_F(Pasting, AScheduleIsCopiedWithItsLines) {
       Number("SELECT AllocatedItem FROM tblSchedule WHERE ScheduleID = " + std::to_string(alone)),
       0);
   EXPECT_EQ(ledger_.Schedules().PasteSchedule(4711), 0);
+}
+
+TEST_F(Pasting, SchedulesThatAreCopiedTogetherAreOneStep) {
+  ledger_.Undo().Start();
+  const std::vector<std::int64_t> copied{AddSchedule(bank_, -10), 4711, AddSchedule(bank_, -20)};
+  const std::int64_t last = ledger_.Schedules().PasteSchedules(copied);
+  EXPECT_EQ(ledger_.Schedules().ReadSchedule(last)->amount, -20);
+  EXPECT_EQ(Count("tblSchedule"), 4);
+  EXPECT_EQ(ledger_.Schedules().PasteSchedules(std::vector<std::int64_t>{4711}), 0);
+  EXPECT_EQ(ledger_.Undo().UndoName(), "Paste Schedule");
+  ledger_.Undo().Undo();
+  EXPECT_EQ(Count("tblSchedule"), 2);
 }
 
 }  // namespace
