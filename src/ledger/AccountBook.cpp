@@ -3,9 +3,11 @@
 #include "ledger/BalanceBook.h"
 #include "ledger/CategoryKeys.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceTables.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleDays.h"
 #include "ledger/ScheduleForecasts.h"
+#include "ledger/SqlName.h"
 #include "ledger/TransactionRows.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
@@ -99,20 +101,6 @@ std::vector<AccountRow> ReadAccounts(Connection& store, const TreeOptions& optio
   return accounts;
 }
 
-template <typename Record, typename Read>
-std::vector<Record> ReadAll(Connection& store, const std::string& sql, const Read& read) {
-  std::vector<Record> records;
-  Recordset rows = store.OpenRecordset(sql);
-  for (; !rows.Eof(); rows.MoveNext()) records.push_back(read(rows));
-  return records;
-}
-
-std::string Typed(const std::string& name) {
-  return SqlText(Trim(name));
-}
-
-constexpr const char* kMainCategory = " AND (SubCategory = '' OR IsNull(SubCategory))";
-
 // A line each, as far as a person will read.
 std::string Names(const std::vector<ScheduleDetails>& schedules, const Locale& locale) {
   constexpr std::size_t kMax = 12;
@@ -180,7 +168,7 @@ std::int64_t AccountBook::FindOrCreateAccount(const AccountRecord& account) {
 }
 
 std::int64_t AccountBook::OtherAccount(const std::string& name, std::int64_t accountId) {
-  return core_.OtherKey("Select * from tblAccounts Where Account = " + Typed(name), "AccountID",
+  return core_.OtherKey("Select * from tblAccounts Where Account = " + SqlName(name), "AccountID",
                         accountId);
 }
 
@@ -220,8 +208,7 @@ bool AccountBook::DeleteUnusedAccount(std::int64_t accountId) {
   if (UseOf(accountId).IsUsed()) return false;
   const int deleted =
       core_.store.Execute("Delete From tblAccounts Where AccountID = " + SqlNumber(accountId) +
-                          " AND AccountID NOT IN (Select AccountID from tblTransactions)"
-                          " AND AccountID NOT IN (Select AccountID from tblSchedule)");
+                          LedgerCore::UnlessUsed("AccountID", accountId, kEntryTables));
   all.Commit();
   return deleted > 0;
 }

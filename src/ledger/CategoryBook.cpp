@@ -1,5 +1,7 @@
 #include "ledger/CategoryBook.h"
 
+#include "ledger/ReferenceTables.h"
+#include "ledger/SqlName.h"
 #include "platform/TextCase.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
@@ -9,42 +11,29 @@
 namespace corvanta {
 namespace {
 
-template <typename Record, typename Read>
-std::vector<Record> ReadAll(Connection& store, const std::string& sql, const Read& read) {
-  std::vector<Record> records;
-  Recordset rows = store.OpenRecordset(sql);
-  for (; !rows.Eof(); rows.MoveNext()) records.push_back(read(rows));
-  return records;
-}
-
-std::string Lowered(const std::string& name) {
-  return SqlText(ToLower(Trim(name)));
-}
-std::string Typed(const std::string& name) {
-  return SqlText(Trim(name));
-}
-
 constexpr const char* kMainCategory = " AND (SubCategory = '' OR IsNull(SubCategory))";
 
 }  // namespace
 
 std::vector<CategoryRecord> CategoryBook::Categories() {
-  return ReadAll<CategoryRecord>(
-      core_.store, "Select * from tblCategory Order by Category, SubCategory, CategoryID",
-      [](const Recordset& row) {
-        return CategoryRecord{row.Int("CategoryID"),   row.Text("Category"),
-                              row.Text("SubCategory"), static_cast<int>(row.Int("Type")),
-                              row.Double("Budget"),    row.Int("PeriodID"),
-                              row.Text("Description")};
-      });
+  std::vector<CategoryRecord> categories;
+  Recordset rows = core_.store.OpenRecordset(
+      "Select * from tblCategory Order by Category, SubCategory, CategoryID");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    categories.push_back({rows.Int("CategoryID"), rows.Text("Category"), rows.Text("SubCategory"),
+                          static_cast<int>(rows.Int("Type")), rows.Double("Budget"),
+                          rows.Int("PeriodID"), rows.Text("Description")});
+  }
+  return categories;
 }
 
 std::int64_t CategoryBook::FindCategory(const std::string& category,
                                         const std::string& subCategory) {
-  const std::string main = "select * from tblCategory where lcase(Category) = " + Lowered(category);
+  const std::string main =
+      "select * from tblCategory where lcase(Category) = " + SqlLowerName(category);
   return core_.ReadKey(Trim(subCategory).empty()
                            ? main + kMainCategory
-                           : main + " AND lcase(SubCategory) = " + Lowered(subCategory),
+                           : main + " AND lcase(SubCategory) = " + SqlLowerName(subCategory),
                        "CategoryID");
 }
 
@@ -72,15 +61,16 @@ std::int64_t CategoryBook::FindOrCreateCategory(const std::string& category,
 }
 
 std::int64_t CategoryBook::OtherMainCategory(const std::string& name, std::int64_t categoryId) {
-  return core_.OtherKey("Select * from tblCategory Where Category = " + Typed(name) + kMainCategory,
-                        "CategoryID", categoryId);
+  return core_.OtherKey(
+      "Select * from tblCategory Where Category = " + SqlName(name) + kMainCategory, "CategoryID",
+      categoryId);
 }
 
 std::int64_t CategoryBook::OtherSubCategory(const std::string& category,
                                             const std::string& subCategory,
                                             std::int64_t categoryId) {
-  return core_.OtherKey("Select * from tblCategory Where Category = " + Typed(category) +
-                            " AND SubCategory =  " + Typed(subCategory),
+  return core_.OtherKey("Select * from tblCategory Where Category = " + SqlName(category) +
+                            " AND SubCategory =  " + SqlName(subCategory),
                         "CategoryID", categoryId);
 }
 
@@ -98,15 +88,13 @@ std::int64_t CategoryBook::SaveCategory(CategoryRecord& record) {
 void CategoryBook::RenameMainCategory(const std::string& oldName, const std::string& newName,
                                       int type) {
   const UndoLog::Step step = core_.undo.Begin("Rename Category");
-  core_.store.Execute("Update tblCategory SET [Type] = " + std::to_string(type) +
-                      ",Category = " + SqlText(Trim(newName)) +
-                      " Where lcase(Category) = " + SqlText(ToLower(Trim(oldName))));
+  core_.store.Execute("Update tblCategory SET [Type] = " + std::to_string(type) + ",Category = " +
+                      SqlName(newName) + " Where lcase(Category) = " + SqlLowerName(oldName));
 }
 
 bool CategoryBook::DeleteOneCategory(std::int64_t categoryId) {
   return core_.store.Execute("Delete From tblCategory Where CategoryID = " + SqlNumber(categoryId) +
-                             " AND CategoryID NOT IN (Select CategoryID from tblTransactions)"
-                             " AND CategoryID NOT IN (Select CategoryID from tblSchedule)"
+                             LedgerCore::UnlessUsed("CategoryID", categoryId, kEntryTables) +
                              " AND Category NOT IN ('Credit','Debit') ") > 0;
 }
 

@@ -1,34 +1,22 @@
 #include "ledger/KeywordBook.h"
 
-#include "platform/TextCase.h"
+#include "ledger/ReferenceRows.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
 namespace corvanta {
-namespace {
-
-std::vector<KeywordRecord> ReadKeywords(Connection& store, const std::string& sql) {
-  std::vector<KeywordRecord> keywords;
-  Recordset rows = store.OpenRecordset(sql);
-  for (; !rows.Eof(); rows.MoveNext()) {
-    keywords.push_back({rows.Int("KeywordID"), rows.Text("Keyword")});
-  }
-  return keywords;
-}
-
-}  // namespace
 
 std::vector<KeywordRecord> KeywordBook::Keywords() {
-  return ReadKeywords(core_.store, "Select * from tblKeywords Order by [Keyword]");
+  return ReferenceRows<KeywordRecord>(core_).All();
 }
 
 std::vector<KeywordRecord> KeywordBook::KeywordsOf(std::int64_t transactionId) {
-  return ReadKeywords(core_.store,
-                      "Select * from tblKeywordLink kl INNER JOIN tblKeywords k on k.KeywordId = "
-                      "kl.KeywordId Where TransactionID = " +
-                          SqlNumber(transactionId) + " Order by k.[Keyword]");
+  return ReferenceRows<KeywordRecord>(core_).Read(
+      "Select * from tblKeywordLink kl INNER JOIN tblKeywords k on k.KeywordId = "
+      "kl.KeywordId Where TransactionID = " +
+      SqlNumber(transactionId) + " Order by k.[Keyword]");
 }
 
 void KeywordBook::LinkKeyword(std::int64_t keywordId, std::int64_t transactionId) {
@@ -55,29 +43,19 @@ void KeywordBook::UnlinkKeyword(std::int64_t keywordId, std::int64_t transaction
 }
 
 std::int64_t KeywordBook::FindKeyword(const std::string& name) {
-  return core_.ReadKey(
-      "Select * from tblKeywords where lcase(Keyword) =" + SqlText(ToLower(Trim(name))),
-      "KeywordID");
+  return ReferenceRows<KeywordRecord>(core_).Find(name);
 }
 
 std::int64_t KeywordBook::FindOrCreateKeyword(const std::string& name) {
-  KeywordRecord record{FindKeyword(name), std::string(Trim(name))};
-  if (record.keywordId != 0 || record.keyword.empty()) return record.keywordId;
-  return SaveKeyword(record);
+  return ReferenceRows<KeywordRecord>(core_).FindOrCreate(name);
 }
 
 std::int64_t KeywordBook::SaveKeyword(KeywordRecord& record) {
-  const UndoLog::Step step = core_.undo.Begin("Save Keyword");
-  return record.keywordId = core_.SaveRow("tblKeywords", "KeywordID", record.keywordId,
-                                          {{"Keyword", record.keyword}});
+  return ReferenceRows<KeywordRecord>(core_).Save(record);
 }
 
 void KeywordBook::DeleteKeyword(std::int64_t keywordId) {
-  const UndoLog::Step step = core_.undo.Begin("Delete Keyword");
-  Transaction all = core_.store.Begin();
-  core_.store.Execute("Delete from tblKeywords Where KeywordId =" + SqlNumber(keywordId));
-  core_.store.Execute("Delete from tblKeywordLink Where KeywordId =" + SqlNumber(keywordId));
-  all.Commit();
+  ReferenceRows<KeywordRecord>(core_).Delete(keywordId);
 }
 
 std::vector<AttachmentRecord> KeywordBook::AttachmentsOf(std::int64_t transactionId) {

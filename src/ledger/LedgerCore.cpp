@@ -64,7 +64,7 @@ std::int64_t LedgerCore::FindOrInsert(const NamedRow& row, const std::string& na
 }
 
 std::int64_t LedgerCore::SaveRow(const std::string& table, const std::string& keyColumn,
-                                 std::int64_t key, std::initializer_list<Field> fields) {
+                                 std::int64_t key, const std::vector<Field>& fields) {
   Recordset row = store.OpenRecordset(
       key == 0 ? table : "Select * from " + table + " Where " + keyColumn + " = " + SqlNumber(key));
   if (key == 0) {
@@ -75,6 +75,17 @@ std::int64_t LedgerCore::SaveRow(const std::string& table, const std::string& ke
   for (const Field& field : fields) row.Set(field.column, field.value);
   row.Update();
   return row.Key();
+}
+
+// Only rows of that key are asked for: a NULL among them would keep every row.
+std::string LedgerCore::UnlessUsed(const std::string& keyColumn, std::int64_t key,
+                                   std::span<const char* const> tables) {
+  std::string condition;
+  for (const std::string table : tables) {
+    condition += " AND " + keyColumn + " NOT IN (Select " + keyColumn + " from " + table +
+                 " Where " + keyColumn + " = " + SqlNumber(key) + ")";
+  }
+  return condition;
 }
 
 bool LedgerCore::ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change) {

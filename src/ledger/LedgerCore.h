@@ -7,9 +7,10 @@
 
 #include <cstdint>
 #include <functional>
-#include <initializer_list>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace corvanta {
 
@@ -45,7 +46,11 @@ struct LedgerCore {
   std::int64_t FindOrInsert(const NamedRow& row, const std::string& name);
   // A new row for the key 0; the key, or 0 when there is no such row.
   std::int64_t SaveRow(const std::string& table, const std::string& keyColumn, std::int64_t key,
-                       std::initializer_list<Field> fields);
+                       const std::vector<Field>& fields);
+  // The end of a statement that deletes the row of that key: it is kept when one of the tables
+  // names it in a column of the same name.
+  [[nodiscard]] static std::string UnlessUsed(const std::string& keyColumn, std::int64_t key,
+                                              std::span<const char* const> tables);
   // Every row or, where one fails or the person asks to stop, none; false when it was stopped.
   bool ForEachRow(Keys keys, const std::function<void(std::int64_t)>& change);
   // `change` gets the rows from 0 to count - 1.

@@ -209,6 +209,15 @@ TEST_F(Reference, WhatIsInUseIsKept) {
   EXPECT_FALSE(ledger_.References().DeletePayee(4711));
 }
 
+TEST_F(Reference, WhatNamesNothingKeepsNothing) {
+  Run("UPDATE tblAccounts SET BankID = NULL");
+  Run("INSERT INTO tblHistory ([Date],Price) VALUES (#01/01/2026#,1)");
+  ReferenceBook& references = ledger_.References();
+  EXPECT_TRUE(references.DeleteBank(references.FindOrCreateBank("Unused")));
+  EXPECT_TRUE(references.DeletePayee(references.FindOrCreatePayee("Unused")));
+  Run("DELETE FROM tblHistory");
+}
+
 TEST_F(Reference, WhatASchedulesOrAPriceNeedsIsKept) {
   const std::int64_t schedule = AddSchedule(bank_, -1);
   EXPECT_FALSE(ledger_.References().DeletePayee(payee_));
