@@ -6,13 +6,12 @@
 #include "cli/AttachCommand.h"
 #include "cli/AutofillCommand.h"
 #include "cli/BalanceCommand.h"
-#include "cli/BankCommand.h"
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
 #include "cli/DeleteCommand.h"
 #include "cli/EditCommand.h"
+#include "cli/EditorCommand.h"
 #include "cli/ExportCommand.h"
-#include "cli/GroupCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
@@ -20,8 +19,6 @@
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
 #include "cli/PasswordCommand.h"
-#include "cli/PayeeCommand.h"
-#include "cli/PaymentCommand.h"
 #include "cli/PostCommand.h"
 #include "cli/RateCommand.h"
 #include "cli/ReconcileCommand.h"
@@ -34,6 +31,7 @@
 #include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
 #include "cli/ValidateCommand.h"
+#include "ledger/ReferenceRecords.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
@@ -216,10 +214,10 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<DeleteCommand>());
   add(std::make_unique<AttachCommand>());
   add(std::make_unique<CategoryCommand>());
-  add(std::make_unique<PayeeCommand>());
-  add(std::make_unique<PaymentCommand>());
-  add(std::make_unique<BankCommand>());
-  add(std::make_unique<GroupCommand>());
+  add(std::make_unique<EditorCommand<PayeeRecord>>("payee", "Payee"));
+  add(std::make_unique<EditorCommand<PaymentRecord>>("payment", "Payment"));
+  add(std::make_unique<EditorCommand<BankRecord>>("bank", "Bank"));
+  add(std::make_unique<EditorCommand<AccountGroupRecord>>("group", "Group"));
   add(std::make_unique<KeywordCommand>());
   add(std::make_unique<MergeCommand>());
   add(std::make_unique<ImportCommand>());

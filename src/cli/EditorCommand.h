@@ -1,49 +1,30 @@
 #pragma once
 
 #include "cli/ReferenceCommand.h"
-#include "cli/SavedForm.h"
-#include "ledger/clsCorvanta.h"
-#include "platform/Platform.h"
 
 namespace corvanta {
 
-// The command of named things whose editor takes the very record that the ledger lists: `Key` and
-// `Name` are its members.
-template <typename Editor, typename Record, std::int64_t Record::*Key, std::string Record::*Name>
+// The command of one kind of the ledger's ReferenceTables.h.
+template <typename Record>
 class EditorCommand : public ReferenceCommand {
+ public:
+  // The command's name, and the column of names in its lists.
+  EditorCommand(const char* command, const char* column);
+
  protected:
-  using ReferenceCommand::ReferenceCommand;
-
-  // The ledger's list of them.
-  virtual std::vector<Record> All(clsCorvanta& ledger) = 0;
-
-  std::vector<NamedItem> Items(clsCorvanta& ledger) override {
-    std::vector<NamedItem> items;
-    for (const Record& row : All(ledger)) items.push_back({row.*Key, row.*Name});
-    return items;
-  }
-
+  void DeclareAdd(CLI::App& add) override;
+  OutputTable List(clsCorvanta& ledger) override;
+  std::vector<NamedItem> Items(clsCorvanta& ledger) override;
   std::optional<std::int64_t> Add(clsCorvanta& ledger, Session& session,
-                                  const std::string& name) override {
-    Editor editor(ledger, session.Machine().prompts);
-    Record form = details_;
-    form.*Name = name;
-    return SaveChecked(editor, form, session);
-  }
-
+                                  const std::string& name) override;
   std::optional<std::int64_t> Rename(clsCorvanta& ledger, Session& session, std::int64_t key,
-                                     const std::string& name) override {
-    Editor editor(ledger, session.Machine().prompts);
-    std::optional<Record> form = editor.Load(key);
-    if (!form) return std::nullopt;
-    (*form).*Name = name;
-    return SaveChecked(editor, *form, session);
-  }
+                                     const std::string& name) override;
+  Deletion Delete(clsCorvanta& ledger, Prompts& prompts, std::int64_t key) override;
 
-  Deletion Delete(clsCorvanta& ledger, Prompts& prompts, std::int64_t key) override {
-    return Editor(ledger, prompts).Delete(key);
-  }
+  [[nodiscard]] OutputTable TableOf(const std::vector<Record>& rows) const;
 
+ private:
+  const char* column_;
   Record details_;  // what "add" is told beside the name
 };
 

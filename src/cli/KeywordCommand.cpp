@@ -1,22 +1,13 @@
 #include "cli/KeywordCommand.h"
 
 #include "ledger/KeywordBook.h"
-#include "ledger/ReferenceRecords.h"
 #include "ledger/TransactionRecord.h"
+#include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 
 #include <CLI/CLI.hpp>
 
 namespace corvanta {
-namespace {
-
-OutputTable TableOf(const std::vector<KeywordRecord>& keywords) {
-  OutputTable table({{"ID", OutputKind::Integer}, {"Keyword"}});
-  for (const KeywordRecord& row : keywords) table.AddRow({row.keywordId, row.keyword});
-  return table;
-}
-
-}  // namespace
 
 void KeywordCommand::DeclareMore(CLI::App& command) {
   of_ = command.add_subcommand("of", "List the keywords of a transaction");
@@ -67,10 +58,6 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
                                   (link_->parsed() ? "linked to " : "taken from ") +
                                   TransactionCount(rows->size()));
   return ExitStatus::Done;
-}
-
-OutputTable KeywordCommand::List(clsCorvanta& ledger) {
-  return TableOf(ledger.Notes().Keywords());
 }
 
 }  // namespace corvanta

@@ -2,24 +2,19 @@
 
 #include "cli/EditorCommand.h"
 #include "cli/TransactionsArgument.h"
-#include "ledger/KeywordBook.h"
 #include "ledger/ReferenceRecords.h"
-#include "reference/KeywordEditor.h"
 
 namespace corvanta {
 
 // keyword: keywords, and the links between them and transactions.
-class KeywordCommand : public EditorCommand<KeywordEditor, KeywordRecord, &KeywordRecord::keywordId,
-                                            &KeywordRecord::keyword> {
+class KeywordCommand : public EditorCommand<KeywordRecord> {
  public:
-  KeywordCommand() : EditorCommand({"keyword", "Keyword", "keyword", "keywords"}) {}
+  KeywordCommand() : EditorCommand("keyword", "Keyword") {}
 
   ExitStatus Run(Session& session) override;
 
  protected:
   void DeclareMore(CLI::App& command) override;
-  std::vector<KeywordRecord> All(clsCorvanta& ledger) override { return ledger.Notes().Keywords(); }
-  OutputTable List(clsCorvanta& ledger) override;
 
  private:
   ExitStatus RunOf(Session& session);

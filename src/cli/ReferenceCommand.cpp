@@ -9,8 +9,8 @@
 namespace corvanta {
 
 CLI::App* ReferenceCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
-      words_.command, "List, add, rename and delete " + std::string(words_.plural));
+  CLI::App* command =
+      parser.add_subcommand(words_.command, "List, add, rename and delete " + words_.plural);
   command->require_subcommand(0, 1);
   command->add_subcommand("list", "List them; so does the command alone");
   add_ = command->add_subcommand("add", "Add one");

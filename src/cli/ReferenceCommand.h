@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace corvanta {
@@ -25,12 +26,12 @@ class ReferenceCommand : public Command {
 
  protected:
   struct Words {
-    const char* command;  // "payment"
-    const char* title;    // of messages: "Payment Type"
-    const char* kind;     // "payment type"
-    const char* plural;   // "payment types"
+    std::string command;  // "payment"
+    std::string title;    // of messages: "Payment Type"
+    std::string kind;     // "payment type"
+    std::string plural;   // "payment types"
   };
-  explicit ReferenceCommand(const Words& words) : words_(words) {}
+  explicit ReferenceCommand(Words words) : words_(std::move(words)) {}
 
   // The options of "add" beside the name.
   virtual void DeclareAdd(CLI::App& add);

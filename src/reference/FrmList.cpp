@@ -28,42 +28,26 @@ constexpr int kKeyRole = Qt::UserRole;
 // What one kind of list says about itself.
 struct ListWords {
   ReferenceKind editor;
-  QString column;
-  QString icon;
-  QString none;
-  QString add;
+  const char* column;
+  const char* icon;
+  const char* none;
+  const char* purpose;
+  const char* add;
 };
 
-ListWords WordsOf(ListKind kind) {
-  switch (kind) {
-    case ListKind::Payment:
-      return {ReferenceKind::Payment, FrmList::tr("Payment Type"), QStringLiteral("transfer"),
-              FrmList::tr("No payment types"), FrmList::tr("Add a payment type")};
-    case ListKind::Bank:
-      return {ReferenceKind::Bank, FrmList::tr("Bank"), QStringLiteral("accounts"),
-              FrmList::tr("No banks"), FrmList::tr("Add a bank")};
-    case ListKind::AccountType:
-      return {ReferenceKind::AccountGroup, FrmList::tr("Account Group"), QStringLiteral("accounts"),
-              FrmList::tr("No account groups"), FrmList::tr("Add an account group")};
-    case ListKind::Keywords:
-      break;
-  }
-  return {ReferenceKind::Keyword, FrmList::tr("Keyword"), QStringLiteral("register"),
-          FrmList::tr("No keywords yet"), FrmList::tr("Add a keyword")};
-}
-
-QString PurposeOf(ListKind kind) {
-  switch (kind) {
-    case ListKind::Payment:
-      return FrmList::tr("Payment types say how money changed hands, such as cash or card.");
-    case ListKind::Bank:
-      return FrmList::tr("Banks keep the addresses and numbers that belong to your accounts.");
-    case ListKind::AccountType:
-      return FrmList::tr("Every account stands in a group, such as bank or cash accounts.");
-    case ListKind::Keywords:
-      break;
-  }
-  return FrmList::tr("Keywords mark transactions that belong together, whatever their category.");
+const ListWords& WordsOf(ListKind kind) {
+  // In the order of ListKind.
+  static constexpr ListWords kLists[] = {
+      {ReferenceKind::Payment, "Payment Type", "transfer", "No payment types",
+       "Payment types say how money changed hands, such as cash or card.", "Add a payment type"},
+      {ReferenceKind::Bank, "Bank", "accounts", "No banks",
+       "Banks keep the addresses and numbers that belong to your accounts.", "Add a bank"},
+      {ReferenceKind::AccountGroup, "Account Group", "accounts", "No account groups",
+       "Every account stands in a group, such as bank or cash accounts.", "Add an account group"},
+      {ReferenceKind::Keyword, "Keyword", "register", "No keywords yet",
+       "Keywords mark transactions that belong together, whatever their category.",
+       "Add a keyword"}};
+  return kLists[static_cast<std::size_t>(kind)];
 }
 
 }  // namespace
@@ -85,7 +69,7 @@ FrmList::FrmList(ListKind kind, Platform& platform, clsCorvanta& ledger, QWidget
   setObjectName(QStringLiteral("FrmList"));
   setWindowTitle(ToQt(editor_.Caption()));
   setModal(true);
-  newAction_->setStatusTip(WordsOf(kind).add);
+  newAction_->setStatusTip(tr(WordsOf(kind).add));
   MakeTable();
   MakeLayout();
   connect(newAction_, &QAction::triggered, this, &FrmList::New);
@@ -102,7 +86,7 @@ void FrmList::MakeTable() {
   const bool isPlain = editor_.Kind() == ListKind::Keywords;
   const int width = fontMetrics().horizontalAdvance(QStringLiteral("A name of some length"));
   model_->setColumnCount(isPlain ? 1 : 2);
-  model_->setHeaderData(0, Qt::Horizontal, WordsOf(editor_.Kind()).column);
+  model_->setHeaderData(0, Qt::Horizontal, tr(WordsOf(editor_.Kind()).column));
   if (!isPlain) model_->setHeaderData(1, Qt::Horizontal, tr("Description"));
   lvList_->setObjectName(QStringLiteral("lvList"));
   lvList_->setAccessibleName(ToQt(editor_.Caption()));
@@ -163,8 +147,8 @@ void FrmList::Fill(std::int64_t chosen) {
   }
   if (row >= 0) lvList_->setCurrentIndex(model_->index(row, 0));
   if (items.empty()) {
-    const ListWords words = WordsOf(editor_.Kind());
-    empty_->Show(words.icon, words.none, PurposeOf(editor_.Kind()), newAction_);
+    const ListWords& words = WordsOf(editor_.Kind());
+    empty_->Show(QLatin1String(words.icon), tr(words.none), tr(words.purpose), newAction_);
   }
   pages_->setCurrentIndex(items.empty() ? 1 : 0);
   EnableButtons();

@@ -1,74 +1,60 @@
 #include "reference/ListEditor.h"
 
-#include "ledger/KeywordBook.h"
 #include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/ReferenceTables.h"
 #include "ledger/clsCorvanta.h"
-#include "reference/AccountTypeEditor.h"
-#include "reference/BankEditor.h"
-#include "reference/KeywordEditor.h"
-#include "reference/PaymentEditor.h"
+#include "reference/ReferenceEditor.h"
 
 namespace corvanta {
 namespace {
-constexpr const char* kKeptWhenUsed =
-    " If this item is being used by existing Transactions, then this item will not be deleted.";
-}
 
-std::string ListEditor::Caption() const {
-  switch (kind_) {
-    case ListKind::Payment:
-      return "Payments";
-    case ListKind::Bank:
-      return "Banks";
-    case ListKind::AccountType:
-      return "Account Groups";
-    case ListKind::Keywords:
-      break;
-  }
-  return "Transaction Keywords";
-}
-
-std::vector<ListItem> ListEditor::Items() {
+template <typename Record>
+std::vector<ListItem> ItemsOf(clsCorvanta& ledger) {
+  constexpr const auto& table = kReferenceTable<Record>;
   std::vector<ListItem> items;
-  switch (kind_) {
-    case ListKind::Payment:
-      for (const PaymentRecord& row : ledger_.References().Payments()) {
-        items.push_back({row.paymentId, row.payment, row.description});
-      }
-      break;
-    case ListKind::Bank:
-      for (const BankRecord& row : ledger_.References().Banks()) {
-        items.push_back({row.bankId, row.bank, row.description});
-      }
-      break;
-    case ListKind::AccountType:
-      for (const AccountGroupRecord& row : ledger_.References().AccountGroups()) {
-        items.push_back({row.accountTypeId, row.accountType, row.description});
-      }
-      break;
-    case ListKind::Keywords:
-      for (const KeywordRecord& row : ledger_.Notes().Keywords()) {
-        items.push_back({row.keywordId, row.keyword, {}});
-      }
-      break;
+  for (const Record& row : ledger.References().Of<Record>().All()) {
+    items.push_back({row.*table.key, row.*table.name.member, {}});
+    if (!table.texts.empty()) items.back().description = row.*table.texts.back().member;
   }
   return items;
 }
 
+template <typename Record>
+Deletion Remove(std::int64_t key, clsCorvanta& ledger, Prompts& prompts) {
+  return ReferenceEditor<Record>(ledger, prompts)
+      .Delete(key,
+              " If this item is being used by existing Transactions, then this item will not be "
+              "deleted.");
+}
+
+struct List {
+  const char* caption;
+  std::vector<ListItem> (*items)(clsCorvanta&);
+  Deletion (*remove)(std::int64_t, clsCorvanta&, Prompts&);
+};
+
+const List& Of(ListKind kind) {
+  // In the order of ListKind.
+  static constexpr List kLists[] = {
+      {"Payments", ItemsOf<PaymentRecord>, Remove<PaymentRecord>},
+      {"Banks", ItemsOf<BankRecord>, Remove<BankRecord>},
+      {"Account Groups", ItemsOf<AccountGroupRecord>, Remove<AccountGroupRecord>},
+      {"Transaction Keywords", ItemsOf<KeywordRecord>, Remove<KeywordRecord>}};
+  return kLists[static_cast<std::size_t>(kind)];
+}
+
+}  // namespace
+
+std::string ListEditor::Caption() const {
+  return Of(kind_).caption;
+}
+
+std::vector<ListItem> ListEditor::Items() {
+  return Of(kind_).items(ledger_);
+}
+
 Deletion ListEditor::Delete(std::int64_t key) {
-  if (!AskDelete(prompts_, kKeptWhenUsed)) return {};
-  switch (kind_) {
-    case ListKind::Payment:
-      return PaymentEditor(ledger_, prompts_).DeleteUnasked(key);
-    case ListKind::Bank:
-      return BankEditor(ledger_, prompts_).DeleteUnasked(key);
-    case ListKind::AccountType:
-      return AccountTypeEditor(ledger_, prompts_).DeleteUnasked(key);
-    case ListKind::Keywords:
-      break;
-  }
-  return KeywordEditor(ledger_, prompts_).DeleteUnasked(key);
+  return Of(kind_).remove(key, ledger_, prompts_);
 }
 
 }  // namespace corvanta

@@ -4,7 +4,7 @@
 #include "reference/AccountEditor.h"
 #include "reference/ListEditor.h"
 #include "reference/MergeEditor.h"
-#include "reference/PayeeEditor.h"
+#include "reference/ReferenceEditor.h"
 #include "reference/ReferenceTest.h"
 
 #include <algorithm>
@@ -25,7 +25,7 @@ class Deletions : public ReferenceTest {
 };
 
 TEST_F(Deletions, APayeeGoesUnlessSomethingNamesIt) {
-  PayeeEditor editor(ledger_, Prompt());
+  ReferenceEditor<PayeeRecord> editor(ledger_, Prompt());
   const std::int64_t used = ledger_.References().FindOrCreatePayee("Used");
   const std::int64_t free = ledger_.References().FindOrCreatePayee("Free");
   Use(9, used);
@@ -65,6 +65,14 @@ TEST_F(Deletions, OfTheFourListsKeepWhatIsUsed) {
     EXPECT_EQ(editor.Items().size(), before - (row.isGone ? 1 : 0)) << editor.Caption();
   }
   EXPECT_EQ(Count("tblKeywordLink"), 0);
+}
+
+TEST_F(Deletions, WhatIsGoneAlreadyIsAChange) {
+  ListEditor banks(ListKind::Bank, ledger_, Prompt());
+  Answer(true, kListQuestion);
+  const Deletion deletion = banks.Delete(999);
+  EXPECT_TRUE(deletion.isChanged);
+  EXPECT_EQ(deletion.Notice(), "");
 }
 
 TEST_F(Deletions, TheListsHaveTheirCaptions) {
@@ -128,7 +136,7 @@ TEST_F(Deletions, AMergeMovesTheRecordsAndLeavesTheSource) {
   EXPECT_EQ(Count("tblTransactions Where PayeeID = " + SqlNumber(into)), 1);
   EXPECT_EQ(ledger_.Undo().UndoName(), "Merge Payees");
   Answer(true);
-  EXPECT_TRUE(PayeeEditor(ledger_, Prompt()).Delete(from).isGone);
+  EXPECT_TRUE(ReferenceEditor<PayeeRecord>(ledger_, Prompt()).Delete(from).isGone);
 }
 
 TEST_F(Deletions, CategoriesAreMergedByTheirFullNames) {

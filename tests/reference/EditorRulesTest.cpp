@@ -3,12 +3,8 @@
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "reference/AccountEditor.h"
-#include "reference/AccountTypeEditor.h"
-#include "reference/BankEditor.h"
 #include "reference/CategoryEditor.h"
-#include "reference/KeywordEditor.h"
-#include "reference/PayeeEditor.h"
-#include "reference/PaymentEditor.h"
+#include "reference/ReferenceEditor.h"
 #include "reference/ReferenceTest.h"
 
 namespace corvanta {
@@ -135,16 +131,16 @@ TEST_F(EditorRules, OfCategoriesHoldInTheirOrder) {
 TEST_F(EditorRules, OfSingleNamesHoldInTheirOrder) {
   ledger_.References().FindOrCreatePayee("Grocer");
   ledger_.Notes().FindOrCreateKeyword("Holiday");
-  AccountTypeEditor groups(ledger_, Prompt());
-  BankEditor banks(ledger_, Prompt());
-  PayeeEditor payees(ledger_, Prompt());
-  PaymentEditor payments(ledger_, Prompt());
-  KeywordEditor keywords(ledger_, Prompt());
+  ReferenceEditor<AccountGroupRecord> groups(ledger_, Prompt());
+  ReferenceEditor<BankRecord> banks(ledger_, Prompt());
+  ReferenceEditor<PayeeRecord> payees(ledger_, Prompt());
+  ReferenceEditor<PaymentRecord> payments(ledger_, Prompt());
+  ReferenceEditor<KeywordRecord> keywords(ledger_, Prompt());
   const std::string longName = Characters(101);
   const std::string longText = Characters(256);
   const std::string tooLong = "The text is too long: Description holds at most 255 characters.";
   const std::string before = Everything();
-  ExpectWarnings<AccountTypeEditor, AccountGroupRecord>(
+  ExpectWarnings<ReferenceEditor<AccountGroupRecord>, AccountGroupRecord>(
       groups,
       {{{0, " ", longText}, kSave, "You need to enter an Account Group", "txtAccountType"},
        {{0, longName, longText},
@@ -153,13 +149,13 @@ TEST_F(EditorRules, OfSingleNamesHoldInTheirOrder) {
         "txtAccountType"},
        {{0, "cash accounts", longText}, kSave, tooLong, "txtDescription"},
        {{0, "cash accounts", ""}, kTwice, "Account group already exists", "txtAccountType"}});
-  ExpectWarnings<PayeeEditor, PayeeRecord>(
+  ExpectWarnings<ReferenceEditor<PayeeRecord>, PayeeRecord>(
       payees,
       {{{0, "", longText}, kSave, "You need to enter a Payee", "txtPayee"},
        {{0, longName, longText}, kSave, "Payee must be less than 100 characters long", "txtPayee"},
        {{0, "grocer", longText}, kSave, tooLong, "txtDescription"},
        {{0, "grocer", ""}, kTwice, "Payee already exists", "txtPayee"}});
-  ExpectWarnings<PaymentEditor, PaymentRecord>(
+  ExpectWarnings<ReferenceEditor<PaymentRecord>, PaymentRecord>(
       payments, {{{0, "", longText}, kSave, "You need to enter a Payment Type", "txtPayment"},
                  {{0, longName, longText},
                   kSave,
@@ -170,28 +166,29 @@ TEST_F(EditorRules, OfSingleNamesHoldInTheirOrder) {
                   "The Payment Type 'Import' is needed by the program and keeps its name",
                   "txtPayment"},
                  {{0, "IMPORT", ""}, kTwice, "Payment type already exists", "txtPayment"}});
-  ExpectWarnings<KeywordEditor, KeywordRecord>(
+  ExpectWarnings<ReferenceEditor<KeywordRecord>, KeywordRecord>(
       keywords,
       {{{0, ""}, kSave, "You need to enter a Keyword", "txtKeyword"},
        {{0, longName}, kSave, "Keyword must be less than 100 characters long", "txtKeyword"},
        {{0, "HOLIDAY"}, kTwice, "Keyword already exists", "txtKeyword"}});
   BankRecord bank;
   bank.sortcode = Characters(51);
-  ExpectWarnings<BankEditor, BankRecord>(banks,
-                                         {{bank, kSave, "You need to enter a Bank", "txtBank"}});
+  ExpectWarnings<ReferenceEditor<BankRecord>, BankRecord>(
+      banks, {{bank, kSave, "You need to enter a Bank", "txtBank"}});
   bank.bank = "halifax";
-  ExpectWarnings<BankEditor, BankRecord>(
+  ExpectWarnings<ReferenceEditor<BankRecord>, BankRecord>(
       banks, {{bank, kSave, "The text is too long: Sortcode holds at most 50 characters.",
                "txtSortcode"}});
   bank.sortcode.clear();
-  ExpectWarnings<BankEditor, BankRecord>(banks, {{bank, kTwice, "Bank already exists", "txtBank"}});
+  ExpectWarnings<ReferenceEditor<BankRecord>, BankRecord>(
+      banks, {{bank, kTwice, "Bank already exists", "txtBank"}});
   EXPECT_EQ(Everything(), before);
 }
 
 TEST_F(EditorRules, AHundredCharactersAreSavedWhateverTheirBytes) {
   std::string name;
   for (int count = 0; count < 100; ++count) name += "🦊";
-  PayeeEditor payees(ledger_, Prompt());
+  ReferenceEditor<PayeeRecord> payees(ledger_, Prompt());
   EXPECT_FALSE(payees.Check({0, name, ""}));
   const std::int64_t key = payees.Save({0, name, ""});
   EXPECT_EQ(payees.Load(key)->payee, name);
@@ -203,8 +200,8 @@ TEST_F(EditorRules, AHundredCharactersAreSavedWhateverTheirBytes) {
 
 TEST_F(EditorRules, NamesAreNeverCode) {
   AccountEditor accounts(ledger_, Services());
-  AccountTypeEditor groups(ledger_, Prompt());
-  PayeeEditor payees(ledger_, Prompt());
+  ReferenceEditor<AccountGroupRecord> groups(ledger_, Prompt());
+  ReferenceEditor<PayeeRecord> payees(ledger_, Prompt());
   CategoryEditor categories(ledger_, Prompt());
   for (const std::string& name : kNastyNames) {
     SCOPED_TRACE(name);
@@ -231,10 +228,15 @@ TEST_F(EditorRules, RowsOfOneNameFromAnImportStayEditable) {
   for (int copy = 0; copy < 2; ++copy) {
     Store().Execute("INSERT INTO tblPayees (Payee, Investment) VALUES('Twin',0)");
   }
-  PayeeEditor payees(ledger_, Prompt());
+  ReferenceEditor<PayeeRecord> payees(ledger_, Prompt());
   PayeeRecord row = *payees.Load(ledger_.References().FindOrCreatePayee("Twin"));
   row.description = "the first";
   EXPECT_FALSE(payees.Check(row));
+
+  Store().Execute("INSERT INTO tblAccountType (AccountType) VALUES('Cash Accounts')");
+  ReferenceEditor<AccountGroupRecord> groups(ledger_, Prompt());
+  EXPECT_EQ(groups.Check(*groups.Load(2))->text, "Account group already exists")
+      << "two groups of one name are no use to anyone";
 }
 
 TEST_F(EditorRules, AnAccountBringsItsGroupAndBankAndOneUndoTakesAllBack) {

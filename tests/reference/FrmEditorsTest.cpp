@@ -2,13 +2,9 @@
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "ledger/TransactionBook.h"
-#include "reference/FrmAccountTypes.h"
 #include "reference/FrmAccounts.h"
-#include "reference/FrmBanks.h"
 #include "reference/FrmCategory.h"
-#include "reference/FrmKeywords.h"
-#include "reference/FrmPayees.h"
-#include "reference/FrmPayments.h"
+#include "reference/FrmReference.h"
 #include "reference/FrmReferenceTest.h"
 
 #include <QComboBox>

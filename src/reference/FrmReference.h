@@ -1,0 +1,49 @@
+#pragma once
+
+#include "controls/EditorDialog.h"
+#include "ledger/ReferenceRecords.h"
+#include "reference/ReferenceEditor.h"
+
+#include <vector>
+
+class QLineEdit;
+
+namespace corvanta {
+
+struct Platform;
+
+// The editor of account groups, banks, payees, payment types or keywords: a field for the name and
+// one for each further text.
+template <typename Record>
+class FrmReference : public EditorDialog {
+ public:
+  FrmReference(Platform& platform, clsCorvanta& ledger, QWidget* parent);
+
+ protected:
+  void Clear() override { Show({}); }
+  bool Load(std::int64_t key) override;
+  [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
+  std::int64_t Save() override { return editor_.Save(Form()); }
+  bool Delete() override;
+  [[nodiscard]] QString ItemName() const override;
+
+ private:
+  void AddMerge();
+  void Merge();
+  void Show(const Record& row);
+  [[nodiscard]] Record Form() const;
+
+  Platform& platform_;
+  clsCorvanta& ledger_;
+  ReferenceEditor<Record> editor_;
+  QLineEdit* name_;
+  std::vector<QWidget*> texts_;  // in the order of the table's
+};
+
+using FrmAccountTypes = FrmReference<AccountGroupRecord>;
+using FrmBanks = FrmReference<BankRecord>;
+using FrmPayees = FrmReference<PayeeRecord>;
+using FrmPayments = FrmReference<PaymentRecord>;
+using FrmKeywords = FrmReference<KeywordRecord>;
+
+}  // namespace corvanta
