@@ -9,6 +9,7 @@
 
 #include <QComboBox>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QSet>
 
 #include <algorithm>
@@ -130,6 +131,33 @@ TEST_F(Editors, AnExistingPayeeIsSavedAndTheDialogCloses) {
   EXPECT_TRUE(dialog.IsChanged());
   EXPECT_EQ(dialog.SavedKey(), key);
   EXPECT_EQ(ledger_.References().Payees().front().description, "on the corner");
+}
+
+TEST_F(Editors, EveryTextOfABankComesBackInItsField) {
+  const std::vector<std::pair<const char*, const char*>> texts = {
+      {"txtBank", "Bank d'Or"},  {"txtPostcode", "AB1 2CD"},  {"txtTelephone", "555"},
+      {"txtAccount", "K-1"},     {"txtSortcode", "01-02-03"}, {"txtWeb", "or.example"},
+      {"txtDescription", "Gold"}};
+  FrmBanks dialog(Services(), ledger_, nullptr);
+  dialog.Open(0);
+  Show(dialog);
+  for (const auto& [field, text] : texts) Type(dialog, field, text);
+  auto& address = Find<QPlainTextEdit>(dialog, "txtAddress");
+  address.setPlainText("1 High Street\nLondon");
+  Click(dialog, "cmdAccept");
+  EXPECT_EQ(address.toPlainText(), "");
+  ASSERT_TRUE(dialog.Open(dialog.SavedKey()));
+  for (const auto& [field, text] : texts) {
+    EXPECT_EQ(Find<QLineEdit>(dialog, field).text(), text) << field;
+  }
+  EXPECT_EQ(address.toPlainText(), "1 High Street\nLondon");
+  const auto banks = ledger_.References().Banks();
+  const auto bank = std::find_if(banks.begin(), banks.end(), [&](const BankRecord& row) {
+    return row.bankId == dialog.SavedKey();
+  });
+  ASSERT_NE(bank, banks.end());
+  EXPECT_EQ(bank->sortcode, "01-02-03");
+  EXPECT_EQ(bank->account, "K-1");
 }
 
 TEST_F(Editors, AddNewTurnsAnEditIntoAnAddition) {
