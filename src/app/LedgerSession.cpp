@@ -1,6 +1,7 @@
 #include "app/LedgerSession.h"
 
 #include "invest/WebRates.h"
+#include "ledger/PromptedOpening.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 
@@ -37,7 +38,8 @@ bool LedgerSession::Open(bool quiet) {
   hasFailed_ = false;
   if (!login_.PassBefore(opener_)) return false;
   hasFailed_ = true;  // also when it throws
-  file_ = opener_.Open(quiet);
+  PromptedOpening questions(platform_);
+  file_ = opener_.Open(quiet, questions);
   hasFailed_ = !file_;
   if (file_ && !login_.Pass(*file_->connection)) file_.reset();
   if (file_) {

@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "store/CrashMachine.h"
 #include "store/datafile/opening/KeyRecovery.h"
+#include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"
 
@@ -21,7 +22,10 @@ constexpr int kRows = 100;
 
 const Command kValidate = [](DataFileOpener& opener) { (void)opener.Validate(); };
 const Command kNew = [](DataFileOpener& opener) { (void)opener.CreateNew(false); };
-const Command kOpen = [](DataFileOpener& opener) { (void)opener.Open(false); };
+const Command kOpen = [](DataFileOpener& opener) {
+  DeafOpening questions;
+  (void)opener.Open(false, questions);
+};
 // Many rows in one go, as an import books them.
 const Command kImport = [](DataFileOpener& opener) {
   const DataFile file = opener.OpenExisting(true);

@@ -2,6 +2,7 @@
 
 #include "store/datafile/upgrade/Balances.h"
 #include "store/sql/StoreError.h"
+#include "support/DeafOpening.h"
 #include "support/FaultFiles.h"
 #include "support/FaultVfs.h"
 
@@ -36,7 +37,8 @@ int RunWith(Platform platform, const CrashMachine::Command& command, const std::
 
 std::optional<DataFile> CrashMachine::Open() {
   Platform platform = With(test, test.files, prompts);
-  return DataFileOpener(platform, "a test").Open(false);
+  DeafOpening questions;
+  return DataFileOpener(platform, "a test").Open(false, questions);
 }
 
 void CrashMachine::Run(const Command& command, const std::string& dataPath) {

@@ -2,6 +2,7 @@
 #include "store/CrashMachine.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/datafile/opening/TransferFile.h"
+#include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"
 
@@ -16,7 +17,10 @@ namespace {
 
 constexpr long kSamples = 20;
 
-const CrashMachine::Command kOpen = [](DataFileOpener& opener) { (void)opener.Open(false); };
+const CrashMachine::Command kOpen = [](DataFileOpener& opener) {
+  DeafOpening questions;
+  (void)opener.Open(false, questions);
+};
 
 bool IsOldLayout(Connection& connection) {
   return connection.Table("tblTransactions")->Column("AllocatedItem")->TypeCode() == kTypeText;

@@ -6,6 +6,7 @@
 #include "store/datafile/OpenDataFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/sql/StoreError.h"
+#include "support/DeafOpening.h"
 #include "support/TemporaryStore.h"
 
 #include <gtest/gtest.h>
@@ -158,7 +159,8 @@ TEST_F(Leftovers, AJournalWithNothingInItBarsNothing) {
   EXPECT_FALSE(FileExists(journal));
   put();
   platform.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "1");
-  EXPECT_TRUE(DataFileOpener(platform.Get(), "a test").Open(true).has_value());
+  DeafOpening questions;
+  EXPECT_TRUE(DataFileOpener(platform.Get(), "a test").Open(true, questions).has_value());
   EXPECT_FALSE(FileExists(journal));
   EXPECT_EQ(Transactions(data), 16);
 }

@@ -7,6 +7,7 @@
 #include "store/datafile/upgrade/Upgrade.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/StoreError.h"
+#include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"
 #include "support/TemporaryStore.h"
@@ -142,7 +143,8 @@ TEST_F(Upgrade, FailedOneLeavesTheFileAsItWasAndSaysSo) {
 
   store.platform.registry.Write(Hive::CurrentUser, kSettingsKey, "Reindex", "1");
   store.platform.prompts.ExpectTell("Open Data File", ScriptedPrompts::kAnyText);
-  ASSERT_TRUE(opener.Open(false).has_value());
+  DeafOpening questions;
+  ASSERT_TRUE(opener.Open(false, questions).has_value());
   EXPECT_EQ(Column("tblTransactions", "AllocatedItem").TypeCode(), kTypeText);
   EXPECT_EQ(Row("SELECT AllocatedItem FROM tblTransactions WHERE TransactionID = 3"), "35,36");
   EXPECT_EQ(Row("SELECT [Name] FROM tblStockData WHERE DataID = 1"), "Old");

@@ -76,8 +76,8 @@ void DataFileOpener::SetPatience(Patience patience) {
   writer_.patience = std::move(patience);
 }
 
-std::optional<DataFile> DataFileOpener::Open(bool quiet) {
-  return OpenSequence(platform_, writer_, dataPath_).Run(quiet);
+std::optional<DataFile> DataFileOpener::Open(bool quiet, OpeningQuestions& questions) {
+  return OpenSequence(platform_, writer_, dataPath_, questions).Run(quiet);
 }
 
 DataFileLocation DataFileOpener::Location() const {

@@ -11,6 +11,7 @@
 
 namespace corvanta {
 
+class OpeningQuestions;
 struct Platform;
 
 // An open data file and, where it may be written, the right to do so.
@@ -37,7 +38,7 @@ class DataFileOpener {
   // what the file and the machine refuse is told through Prompts, with the roads out (transfer
   // file, recovery key, another file) offered. A data file that is open already must be closed and
   // its lock given back before.
-  [[nodiscard]] std::optional<DataFile> Open(bool quiet);
+  [[nodiscard]] std::optional<DataFile> Open(bool quiet, OpeningQuestions& questions);
 
   // For the command line: opens what is there, creates and asks nothing. For writing it takes the
   // lock, checks and repairs the schema. Throws StoreError and PlatformError.

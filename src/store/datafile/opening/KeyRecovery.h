@@ -16,26 +16,4 @@ struct Platform;
 [[nodiscard]] bool OpensWith(const std::string& path, const std::string& password,
                              Platform& platform);
 
-// The way into a data file of another installation.
-class KeyRecovery {
- public:
-  enum class Road { Key, OtherFile, Back };
-  struct Answer {
-    Road road = Road::Back;
-    std::string password;  // opens the data file, when the road is Key
-  };
-
-  KeyRecovery(Platform& platform, std::string dataFilePath);
-  // Asks until there is a key that fits or the person takes another road. Only reads the file.
-  [[nodiscard]] Answer Ask();
-
- private:
-  [[nodiscard]] std::optional<std::string> FromTransferFile();
-  [[nodiscard]] std::optional<std::string> FromRecoveryKey();
-  [[nodiscard]] bool Fits(const std::string& password);
-
-  Platform& platform_;
-  std::string path_;
-};
-
 }  // namespace corvanta

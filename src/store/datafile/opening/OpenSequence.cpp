@@ -10,6 +10,7 @@
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/KeyRecovery.h"
+#include "store/datafile/opening/OpeningQuestions.h"
 #include "store/datafile/opening/RecoverDataFile.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/datafile/schema/AccessPaths.h"
@@ -21,7 +22,6 @@ namespace corvanta {
 namespace {
 
 constexpr const char* kTitle = "Open Data File";
-constexpr const char* kOtherFile = "Choose another data file";
 constexpr std::size_t kTransferLimit = 16U << 20U;
 
 std::optional<TransferFile> ReadTransferFile(const std::string& path) {
@@ -65,8 +65,8 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
 }
 
 OpenSequence::OpenSequence(Platform& platform, const Writer& writer,
-                           std::optional<std::string>& dataPath)
-    : platform_(platform), writer_(writer), dataPath_(dataPath) {}
+                           std::optional<std::string>& dataPath, OpeningQuestions& questions)
+    : platform_(platform), writer_(writer), dataPath_(dataPath), questions_(questions) {}
 
 std::optional<DataFile> OpenSequence::Run(bool quiet) {
   quiet_ = quiet;
@@ -80,7 +80,7 @@ std::optional<DataFile> OpenSequence::Run(bool quiet) {
       outcome = OfferRoadOut(error);
     } catch (const PlatformError& error) {
       file_ = {};
-      outcome = OfferRetry(error.what());
+      outcome = AskAfter(error.what(), false);
     }
     if (outcome == Outcome::Opened) return std::move(file_);
     if (outcome == Outcome::Stop) return std::nullopt;
@@ -195,9 +195,7 @@ OpenSequence::Outcome OpenSequence::OpenIt() {
 }
 
 OpenSequence::Outcome OpenSequence::AskToCreate() {
-  if (!quiet_ && !platform_.prompts.Ask("Create new data file?",
-                                        "Data file could not be found at, " + location_.Path() +
-                                            ". Do you want to create a new data file?")) {
+  if (!quiet_ && !questions_.AgreesToCreate(location_.Path())) {
     return AskForOtherFile();
   }
   platform_.files.CreateFolder(location_.folder);
@@ -208,8 +206,7 @@ OpenSequence::Outcome OpenSequence::AskToCreate() {
 
 OpenSequence::Outcome OpenSequence::AskForOtherFile() {
   file_ = {};
-  const std::optional<std::string> path = platform_.prompts.OpenFile(
-      {"Select File to Open", "Data Files", "*.dat", "dat", location_.folder});
+  const std::optional<std::string> path = questions_.OtherFile(location_.folder);
   if (!path.has_value()) {
     Tell("No data file was opened.", false);
     return Outcome::Stop;
@@ -229,32 +226,26 @@ OpenSequence::Outcome OpenSequence::OfferRoadOut(const StoreError& error) {
   const bool isNamed = reason.find(location_.Path()) != std::string::npos;
   const std::string refused = "The data file " + (isNamed ? "" : location_.Path() + " ") +
                               "could not be opened.\n" + reason;
-  switch (error.Code()) {
-    case StoreErrorCode::OtherInstallation: {
-      const KeyRecovery::Answer answer = KeyRecovery(platform_, location_.Path()).Ask();
-      if (answer.road == KeyRecovery::Road::OtherFile) return AskForOtherFile();
-      if (answer.road == KeyRecovery::Road::Back) return Outcome::Stop;
-      foundKey_ = answer.password;
-      return Outcome::Again;
-    }
-    case StoreErrorCode::NotADataFile:
-    case StoreErrorCode::Damaged: {
-      const std::optional<std::size_t> chosen =
-          platform_.prompts.Choose(kTitle, refused, {kOtherFile});
-      return chosen == 0U ? AskForOtherFile() : Outcome::Stop;
-    }
-    default:
-      return OfferRetry(refused);
-  }
+  if (error.Code() == StoreErrorCode::OtherInstallation) return AskForKey();
+  const bool isFileFault =
+      error.Code() == StoreErrorCode::NotADataFile || error.Code() == StoreErrorCode::Damaged;
+  return AskAfter(refused, isFileFault);
 }
 
-// What stands in the way may be gone when the person has looked after it.
-OpenSequence::Outcome OpenSequence::OfferRetry(const std::string& reason) {
-  enum : std::size_t { kAgain, kOther };
-  const std::optional<std::size_t> chosen =
-      platform_.prompts.Choose(kTitle, reason, {"Try again", kOtherFile});
-  if (chosen == kOther) return AskForOtherFile();
-  return chosen == kAgain ? Outcome::Again : Outcome::Stop;
+OpenSequence::Outcome OpenSequence::AskForKey() {
+  const OpeningQuestions::Key key = questions_.KeyOf(location_.Path());
+  if (!key.password) return Take(key.road);
+  foundKey_ = key.password;
+  return Outcome::Again;
+}
+
+OpenSequence::Outcome OpenSequence::AskAfter(const std::string& words, bool isFileFault) {
+  return Take(questions_.AfterRefusal(words, isFileFault));
+}
+
+OpenSequence::Outcome OpenSequence::Take(OpeningQuestions::Road road) {
+  if (road == OpeningQuestions::Road::OtherFile) return AskForOtherFile();
+  return road == OpeningQuestions::Road::Again ? Outcome::Again : Outcome::Stop;
 }
 
 void OpenSequence::Tell(const std::string& text, bool isWarning) {

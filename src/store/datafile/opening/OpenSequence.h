@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/datafile/OpenDataFile.h"
+#include "store/datafile/opening/OpeningQuestions.h"
 #include "store/sql/StoreError.h"
 
 #include <optional>
@@ -19,7 +20,8 @@ struct Platform;
 class OpenSequence {
  public:
   // `dataPath` stands for DBPath when it has a value; a file chosen on the way takes its place.
-  OpenSequence(Platform& platform, const Writer& writer, std::optional<std::string>& dataPath);
+  OpenSequence(Platform& platform, const Writer& writer, std::optional<std::string>& dataPath,
+               OpeningQuestions& questions);
 
   [[nodiscard]] std::optional<DataFile> Run(bool quiet);
 
@@ -39,12 +41,15 @@ class OpenSequence {
   [[nodiscard]] Outcome AskToCreate();
   [[nodiscard]] Outcome AskForOtherFile();
   [[nodiscard]] Outcome OfferRoadOut(const StoreError& error);
-  [[nodiscard]] Outcome OfferRetry(const std::string& reason);
+  [[nodiscard]] Outcome AskForKey();
+  [[nodiscard]] Outcome AskAfter(const std::string& words, bool isFileFault);
+  [[nodiscard]] Outcome Take(OpeningQuestions::Road road);
   void Tell(const std::string& text, bool isWarning = true);
 
   Platform& platform_;
   const Writer& writer_;
   std::optional<std::string>& dataPath_;
+  OpeningQuestions& questions_;
   bool quiet_ = false;
   bool isFolder_ = false;  // DBPath names a folder
   DataFileLocation location_;
