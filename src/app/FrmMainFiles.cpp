@@ -8,12 +8,12 @@
 #include "controls/QtText.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
+#include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/sql/Connection.h"
-#include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
 #include "store/sql/UndoLog.h"
 
@@ -31,34 +31,12 @@ namespace corvanta {
 namespace {
 constexpr std::string_view kReindex = "Reindex";
 
-// Of transactions and their split lines.
-struct RowCount {
-  qint64 rows = 0;
-  qint64 last = 0;  // key
-};
-
-RowCount CountRows(const LedgerSession& session) {
-  // Whatever is found then, nothing went.
-  if (!session.IsOpen()) return {0, std::numeric_limits<qint64>::max()};
-  Connection& store = session.Ledger().Store();
-  return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
-          store.QueryValue("Select Max(TransactionID) from tblTransactions").Int()};
-}
-
 bool Opens(const std::string& path, const std::string& password, Platform& platform) {
   try {
     return OpensWith(path, password, platform);
   } catch (const StoreError&) {
     return false;
   }
-}
-
-// How many of the rows up to that key are left; what was added since does not count.
-qint64 CountLeft(const LedgerSession& session, std::int64_t last) {
-  return session.Ledger()
-      .Store()
-      .QueryValue("Select Count(*) from tblTransactions Where TransactionID <= " + SqlNumber(last))
-      .Int();
 }
 
 // The file that is dropped, where it is one that could be imported; empty otherwise.
@@ -126,13 +104,15 @@ void FrmMain::ValidateDataFile() {
   if (!wanted) return;
   platform_.registry.Write(Hive::CurrentUser, kSettingsKey, kReindex, "1");
   const ViewCommand before = shown_;
-  const RowCount rows = CountRows(session_);
+  // Of what could not be opened, whatever is found then: nothing went.
+  RowCount rows{0, std::numeric_limits<std::int64_t>::max()};
+  if (session_.IsOpen()) rows = CountRows(session_.Ledger().Store());
   // What could not be validated is open again as it was, where it can be.
   if (!Reopen(false) && !Reopen(true)) return;
   Show(before);
   // What stood in the way of the renewal has been told.
   if (!session_.IsRenewed()) return NoticePosted();
-  NoticeValidated(rows.rows, CountLeft(session_, rows.last));
+  NoticeValidated(rows.rows, CountLeft(session_.Ledger().Store(), rows));
 }
 
 void FrmMain::NoticeValidated(qint64 before, qint64 left) {
