@@ -51,7 +51,9 @@ void Take(const ViewPlace& place, const EntryResult& result) {
   } else {
     place.host.Reload();
   }
-  if (place.host.ChooseRow(kTransactionShow, result.savedKey)) place.host.FocusView();
+  if (place.host.Shown().name != kTransactionShow) return;
+  place.host.ChooseRow(kTransactionShow, result.savedKey);
+  place.host.FocusView();
 }
 
 QString NoticeOf(const ReconcileOutcome& outcome, const QLocale& locale) {

@@ -51,7 +51,8 @@ class ViewHost {
   virtual void OpenAccount(std::int64_t accountId) = 0;
   // The transaction in its account's register, even where the filter would hide it.
   virtual void ShowTransaction(std::int64_t accountId, std::int64_t key) = 0;
-  // Chooses the row where that view is in front; false where another one is.
+  // Chooses the row where that view is in front; false where another one is, or the row is not
+  // among those that it shows.
   virtual bool ChooseRow(std::string_view view, std::int64_t key) = 0;
   // Gives the view in front the keys.
   virtual void FocusView() = 0;

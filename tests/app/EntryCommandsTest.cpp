@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QTableView>
+#include <QTreeWidget>
 
 namespace corvanta {
 namespace {
@@ -69,6 +70,20 @@ TEST_F(EntryCommands, AKeyAddsARowThatIsThenChosenAndCounted) {
   EXPECT_EQ(Focused(), Key(0));
   Trigger("mnuEditUndo");
   EXPECT_EQ(Rows(), 0);
+}
+
+TEST_F(EntryCommands, AnEntryThatThePeriodHidesBringsTheKeysToTheRegisterAsWell) {
+  Start(true);
+  const DateRange past{*Date::FromYmd(2000, 1, 1), *Date::FromYmd(2000, 1, 31)};
+  window_->Show({kTransactionShow, 1, true, true, true, past});
+  WindowTest::Find<QTreeWidget>("tvAccounts").setFocus();
+  InNextDialog([](QDialog& form) {
+    FillExpense(form, QStringLiteral("Corner Shop"), QStringLiteral("3"));
+    Click(form, "cmdAccept");
+  });
+  Trigger("mnuTransAdd");
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_TRUE(window_->findChild<RegisterView*>()->isAncestorOf(window_->focusWidget()));
 }
 
 TEST_F(EntryCommands, EnterEditsOneRowAndSeveralTogether) {
