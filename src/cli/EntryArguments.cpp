@@ -3,7 +3,6 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Session.h"
-#include "entry/ScheduleEditor.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 
@@ -65,9 +64,9 @@ void EntryFields::DeclareTexts(CLI::App& command, const char* reference, const c
   command.add_option("--description", description_, description);
 }
 
-template <typename Form>
-bool EntryFields::Fill(Form& form, const char* title, clsCorvanta& ledger, Session& session) const {
-  const bool isTransfer = form.type == EntryType::Transfer;
+bool EntryFields::Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
+                       Session& session) const {
+  const bool isTransfer = form.IsTransfer();
   if (isTransfer ? payee_.has_value() : to_.has_value()) {
     session.Tell(title, isTransfer ? "A transfer has no payee, it goes --to an account."
                                    : "Only a transfer goes --to an account.");
@@ -92,9 +91,6 @@ bool EntryFields::Fill(Form& form, const char* title, clsCorvanta& ledger, Sessi
   if (amount_) form.amount = NumberOf(*amount_);
   return true;
 }
-
-template bool EntryFields::Fill(TransactionForm&, const char*, clsCorvanta&, Session&) const;
-template bool EntryFields::Fill(ScheduleForm&, const char*, clsCorvanta&, Session&) const;
 
 void EntryArguments::Declare(CLI::App& command, bool isNew) {
   fields_.DeclareFields(command, isNew);

@@ -37,10 +37,9 @@ class EntryFields {
   void DeclareFields(CLI::App& command, bool isNew);
   // Reference and description, with what they are said to be.
   void DeclareTexts(CLI::App& command, const char* reference, const char* description);
-  // Puts what was given into a TransactionForm or a ScheduleForm, whose type is set; false, told
-  // under the title, when an option does not go with the type or an account is not there.
-  template <typename Form>
-  [[nodiscard]] bool Fill(Form& form, const char* title, clsCorvanta& ledger,
+  // Puts what was given into the form, whose type is set; false, told under the title, when an
+  // option does not go with the type or an account is not there.
+  [[nodiscard]] bool Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
                           Session& session) const;
 
  private:

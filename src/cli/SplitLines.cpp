@@ -3,7 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
-#include "entry/EntryRules.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"

@@ -2,6 +2,7 @@
 
 #include "entry/EntryRules.h"
 #include "ledger/CategoryBook.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/Money.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRecord.h"
@@ -10,8 +11,6 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "platform/TextCase.h"
-#include "reference/Rules.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
@@ -23,17 +22,22 @@ namespace {
 
 template <typename Row>
 AllocationForm FormOf(const Row& row, std::int64_t key) {
-  return {key, row.category, row.subCategory, row.amount, row.description, row.reference};
+  AllocationForm form;
+  FillForm(row, false, form);
+  form.key = key;
+  form.amount = row.amount;
+  return form;
 }
 
-template <typename Record>
-void Fill(Record& record, const AllocationForm& line, std::int64_t categoryId,
-          const std::string& currency) {
-  record.categoryId = categoryId;
-  record.amount = RoundChanged(line.amount.value_or(0), record.amount, currency);
-  record.description = line.description;
-  record.reference = line.reference;
-}
+constexpr const char* kInvalidShare = "Please enter a valid value for Amount";
+
+constexpr EntryRule kRules[] = {
+    kCategoryNeeded,
+    kCategoryFits,
+    kSubCategoryFits,
+    {HasNoAmount, kInvalidShare, "txtAmount"},
+    {HasTooMuch, kInvalidShare, "txtAmount"},
+};
 
 // Of a category that a share brings with it.
 int KindOf(const AllocationForm& line) {
@@ -74,8 +78,7 @@ double AllocationEditor::Settled(double amount) const {
 double AllocationEditor::Remaining() {
   const double shares =
       ledger_.Store()
-          .QueryValue("Select SUM(Amount) as AAmount from " +
-                      std::string(IsSchedule() ? "tblSchedule" : "tblTransactions") +
+          .QueryValue("Select SUM(Amount) as AAmount from " + std::string(Table()) +
                       " Where AllocatedItem = " + SqlNumber(parent_.key))
           .Double();
   return Settled(Total() - shares);
@@ -87,61 +90,55 @@ AllocationForm AllocationEditor::New() {
   return line;
 }
 
-std::optional<Warning> AllocationEditor::Check(const AllocationForm& line) {
-  if (auto warning = CheckCategoryOf(ledger_, line, true)) return warning;
-  if (line.amount.value_or(0) == 0) {
-    return Warning{kSaveWarning, kInvalidShare, "txtAmount"};
-  }
-  if (auto warning = CheckSize(line.amount, kInvalidShare)) return warning;
-  if (auto warning = TextTooLong(ledger_, IsSchedule() ? "tblSchedule" : "tblTransactions",
-                                 {{"Reference", Trim(line.reference), "txtReference"},
-                                  {"Description", Trim(line.description), "txtDescription"}})) {
-    return warning;
-  }
+std::optional<Warning> AllocationEditor::Check(AllocationForm line) {
+  Settle(ledger_, line);
+  if (auto warning = FirstBroken(kRules, line)) return warning;
+  if (auto warning = CheckTexts(ledger_, Table(), line)) return warning;
   if (!IsSchedule() && ledger_.Transactions().ReachesClosedAccount({{parent_.key}})) {
     return Warning{"Amend Item", kAccountClosed, {}};
   }
   return std::nullopt;
 }
 
-bool AllocationEditor::AgreeToCategory(const AllocationForm& line) {
-  const CategoryName name = CategoryOf(ledger_, line.category, line.subCategory);
-  return corvanta::AgreeToCategory(ledger_, platform_.prompts, name.category, name.subCategory,
+bool AllocationEditor::AgreeToCategory(AllocationForm line) {
+  Settle(ledger_, line);
+  return corvanta::AgreeToCategory(ledger_, platform_.prompts, line.category, line.subCategory,
                                    KindOf(line));
 }
 
-std::int64_t AllocationEditor::Write(AllocationForm line) {
-  for (std::string* text :
-       {&line.category, &line.subCategory, &line.description, &line.reference}) {
-    TrimText(*text);
+// Writes the row of that key, or a new one for 0, as `change` leaves it. 0 when it is gone.
+template <typename Change>
+std::int64_t AllocationEditor::Rewrite(std::int64_t key, const Change& change) {
+  if (IsSchedule()) {
+    const auto stored = ledger_.Schedules().ReadSchedule(key);
+    ScheduleRecord record;
+    if (stored) record = *stored;
+    change(record);
+    return stored || key == 0 ? ledger_.Schedules().SaveSchedule(record) : 0;
   }
-  TakeCategoryPath(ledger_, line);
+  const auto stored = ledger_.Transactions().ReadTransaction(key);
+  TransactionRecord record;
+  if (stored) record = *stored;
+  change(record);
+  return stored || key == 0 ? ledger_.Transactions().SaveTransaction(record) : 0;
+}
+
+std::int64_t AllocationEditor::Write(AllocationForm line) {
+  Settle(ledger_, line);
   const UndoLog::Step step = ledger_.Undo().Begin("Allocate Item");
   Transaction all = ledger_.Store().Begin();
   const std::int64_t category =
       ledger_.Categories().FindOrCreateCategory(line.category, line.subCategory, KindOf(line));
-  const std::int64_t key =
-      IsSchedule() ? WriteScheduleLine(line, category) : WriteLine(line, category);
+  const std::int64_t key = Rewrite(line.key, [&](auto& record) {
+    record.allocatedItem = parent_.key;
+    record.categoryId = category;
+    record.amount = RoundChanged(line.amount.value_or(0), record.amount, parent_.currency);
+    record.description = line.description;
+    record.reference = line.reference;
+  });
   // Not the new category alone, when the parent is gone.
   if (key != 0) all.Commit();
   return key;
-}
-
-std::int64_t AllocationEditor::WriteLine(const AllocationForm& line, std::int64_t categoryId) {
-  TransactionRecord record;
-  if (const auto stored = ledger_.Transactions().ReadTransaction(line.key)) record = *stored;
-  record.allocatedItem = parent_.key;
-  Fill(record, line, categoryId, parent_.currency);
-  return ledger_.Transactions().SaveTransaction(record);
-}
-
-std::int64_t AllocationEditor::WriteScheduleLine(const AllocationForm& line,
-                                                 std::int64_t categoryId) {
-  ScheduleRecord record;
-  if (const auto stored = ledger_.Schedules().ReadSchedule(line.key)) record = *stored;
-  record.allocatedItem = parent_.key;
-  Fill(record, line, categoryId, parent_.currency);
-  return ledger_.Schedules().SaveSchedule(record);
 }
 
 void AllocationEditor::Delete(std::int64_t key) {
@@ -152,25 +149,9 @@ void AllocationEditor::Delete(std::int64_t key) {
   } else {
     ledger_.Transactions().DeleteTransaction(key);
   }
-  if (Lines().empty()) RestoreTotal();
+  // The last share to go would leave its own amount behind as the parent's.
+  if (Lines().empty()) Rewrite(parent_.key, [this](auto& record) { record.amount = Total(); });
   all.Commit();
-}
-
-// The last share to go would leave its own amount behind as the parent's.
-void AllocationEditor::RestoreTotal() {
-  if (IsSchedule()) {
-    const auto row = ledger_.Schedules().ReadSchedule(parent_.key);
-    if (!row) return;
-    ScheduleRecord record = *row;
-    record.amount = Total();
-    ledger_.Schedules().SaveSchedule(record);
-    return;
-  }
-  const auto row = ledger_.Transactions().ReadTransaction(parent_.key);
-  if (!row) return;
-  TransactionRecord record = *row;
-  record.amount = Total();
-  ledger_.Transactions().SaveTransaction(record);
 }
 
 bool AllocationEditor::AgreeToRemaining(double remaining) {

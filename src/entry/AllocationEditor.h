@@ -1,5 +1,6 @@
 #pragma once
 
+#include "entry/EntryForm.h"
 #include "ledger/Warning.h"
 
 #include <cstdint>
@@ -23,14 +24,9 @@ struct AllocationParent {
   std::string currency;  // of its account
 };
 
-// A share of the parent's amount.
-struct AllocationForm {
+// A share of the parent's amount: category, texts, and its amount, which is signed as the parent's.
+struct AllocationForm : EntryForm {
   std::int64_t key = 0;  // 0 for a new one
-  std::string category;
-  std::string subCategory;           // empty for none
-  std::optional<double> amount = 0;  // signed as the parent is; nullopt is no number
-  std::string description;
-  std::string reference;
 };
 
 // The rules behind the dialog that spreads an amount over categories. Every share is written at
@@ -54,7 +50,7 @@ class AllocationEditor {
   [[nodiscard]] AllocationForm New();
 
   // The first rule that is broken, about the control of that name.
-  [[nodiscard]] std::optional<Warning> Check(const AllocationForm& line);
+  [[nodiscard]] std::optional<Warning> Check(AllocationForm line);
   // Whether the share is of the other sign than the parent, and so takes from it.
   [[nodiscard]] bool IsAgainstTotal(const AllocationForm& line) const {
     return line.amount.value_or(0) * Total() < 0;
@@ -64,7 +60,7 @@ class AllocationEditor {
   // is gone.
   std::int64_t Save(const AllocationForm& line) { return AgreeToCategory(line) ? Write(line) : 0; }
   // The two steps of Save, for a caller that writes several shares together.
-  [[nodiscard]] bool AgreeToCategory(const AllocationForm& line);
+  [[nodiscard]] bool AgreeToCategory(AllocationForm line);
   std::int64_t Write(AllocationForm line);
   // Without asking. With the last share gone the parent has the amount again that was handed over.
   void Delete(std::int64_t key);
@@ -80,11 +76,13 @@ class AllocationEditor {
 
  private:
   [[nodiscard]] bool IsSchedule() const { return parent_.source == AllocationSource::Schedule; }
+  [[nodiscard]] const char* Table() const {
+    return IsSchedule() ? "tblSchedule" : "tblTransactions";
+  }
   // Of the parent, as it was handed over, signed.
   [[nodiscard]] double Total() const { return parent_.sign * parent_.amount; }
-  std::int64_t WriteLine(const AllocationForm& line, std::int64_t categoryId);
-  std::int64_t WriteScheduleLine(const AllocationForm& line, std::int64_t categoryId);
-  void RestoreTotal();
+  template <typename Change>
+  std::int64_t Rewrite(std::int64_t key, const Change& change);
   [[nodiscard]] bool AgreeToRemaining(double remaining);
 
   clsCorvanta& ledger_;

@@ -1,14 +1,16 @@
 #include "entry/AutofillEditor.h"
 
 #include "entry/EntryRules.h"
-#include "entry/TransactionEditor.h"
+#include "entry/StoredTransaction.h"
 #include "ledger/CategoryBook.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/CurrencyOf.h"
 #include "ledger/Money.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -19,15 +21,6 @@
 #include <cmath>
 
 namespace corvanta {
-namespace {
-
-double Signed(clsCorvanta& ledger, const AutofillForm& form) {
-  const double amount = SignOf(form.type) * form.amount.value_or(0);
-  const auto stored = ledger.Transactions().ReadTransaction(form.transactionId);
-  return RoundChanged(amount, stored ? stored->amount : 0, CurrencyOf(ledger, form.accountId));
-}
-
-}  // namespace
 
 AutofillForm AutofillEditor::New(std::int64_t accountId) {
   AutofillForm form;
@@ -74,7 +67,7 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
     return fails("You need to select a Category/SubCategory", "cmbCategory");
   }
   if (*form.amount < 0) return fails(kSignedAmount, "txtAmount");
-  if (auto warning = CheckSize(form.amount, kInvalidAmount)) return warning;
+  if (*form.amount > kLargestAmount) return fails(kInvalidAmount, "txtAmount");
   const char* title = form.transactionId == 0 ? "Add Item" : "Amend Item";
   return CheckOpenAccount(ledger_, form.accountId, title, "");
 }
@@ -82,21 +75,26 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
 std::int64_t AutofillEditor::Save(const AutofillForm& form) {
   const UndoLog::Step step =
       ledger_.Undo().Begin(form.transactionId == 0 ? "Add Transaction" : "Edit Transaction");
-  const double amount = Signed(ledger_, form);
+  const auto stored = ledger_.Transactions().ReadTransaction(form.transactionId);
+  const double amount =
+      RoundChanged(SignOf(form.type) * form.amount.value_or(0), stored ? stored->amount : 0,
+                   CurrencyOf(ledger_, form.accountId));
   const std::int64_t key = ledger_.Transactions().Autofill(
       {form.transactionId, form.accountId, form.payeeId, form.categoryId, amount, form.date});
   if (key == 0) {
     platform_.prompts.Tell(kSaveWarning, "Not enough information for Autofill Transactions");
     return 0;
   }
-  TellOtherAmount(ledger_, platform_, key, amount);
+  if (stored && stored->hasLines) {
+    TellOtherAmount(platform_, ledger_.Transactions().ReadTransaction(key)->amount, amount);
+  }
   return key;
 }
 
 TransactionForm AutofillEditor::Details(const AutofillForm& form, const std::string& payee,
                                         const std::string& category) {
-  TransactionForm details =
-      LoadTransaction(ledger_, form.transactionId).value_or(TransactionForm());
+  const auto stored = ReadStored(ledger_, form.transactionId);
+  TransactionForm details = stored ? FormOf(ledger_, *stored) : TransactionForm();
   details.accountId = form.accountId;
   details.date = form.date;
   details.amount = form.amount;

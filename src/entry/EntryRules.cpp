@@ -2,9 +2,9 @@
 
 #include "ledger/AccountBook.h"
 #include "ledger/CategoryBook.h"
-#include "ledger/ClosedAccounts.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/ReferenceRecords.h"
-#include "ledger/TransactionBook.h"
+#include "ledger/clsCorvanta.h"
 #include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -13,51 +13,43 @@
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
 
+#include <algorithm>
 #include <cmath>
+#include <utility>
 
 namespace corvanta {
 
-std::optional<Warning> CheckSize(std::optional<double> amount, const char* text) {
-  if (!amount || std::fabs(*amount) <= kLargestAmount) return std::nullopt;
-  return Warning{kSaveWarning, text, "txtAmount"};
+std::optional<Warning> FirstBroken(std::span<const EntryRule> rules, const EntryForm& form) {
+  const auto rule =
+      std::ranges::find_if(rules, [&](const EntryRule& each) { return each.isBroken(form); });
+  if (rule == rules.end()) return std::nullopt;
+  return Warning{kSaveWarning, rule->text, rule->field};
 }
 
-std::optional<Warning> CheckPayment(const std::string& payment, bool isNeeded) {
-  if (isNeeded) {
-    if (auto warning = Missing(payment, "You need to enter a Payment Type", "cmbPayment")) {
-      return warning;
-    }
-  }
-  return NameTooLong(payment, "Payment Type must be less than 100 characters long", "cmbPayment");
+bool HasNoAmount(const EntryForm& form) {
+  return form.amount.value_or(0) == 0;
 }
 
-std::optional<Warning> CheckPayee(const std::string& payee, bool isNeeded) {
-  if (isNeeded) {
-    if (auto warning = Missing(payee, "You need to select a Payee", "cmbPayee")) return warning;
-  }
-  return NameTooLong(payee, "Payee must be less than 100 characters long", "cmbPayee");
+bool HasSign(const EntryForm& form) {
+  return form.amount.value_or(0) < 0;
 }
 
-std::optional<Warning> CheckCategory(const CategoryName& name, bool isNeeded) {
-  const auto& [category, subCategory] = name;
-  if (isNeeded) {
-    if (auto warning = Missing(category, "You need to enter a Category", "cmbCategory")) {
-      return warning;
-    }
-  }
-  if (auto warning =
-          NameTooLong(category, "Category must be less than 100 characters long", "cmbCategory")) {
-    return warning;
-  }
-  return NameTooLong(subCategory, "Sub Category must be less than 100 characters long",
-                     "cmbSubCategory");
+bool HasTooMuch(const EntryForm& form) {
+  return std::fabs(form.amount.value_or(0)) > kLargestAmount;
 }
 
-std::optional<Warning> CheckTexts(clsCorvanta& ledger, const std::string& reference,
-                                  const std::string& description) {
-  return TextTooLong(ledger, "tblTransactions",
-                     {{"Reference", Trim(reference), "txtReference"},
-                      {"Description", Trim(description), "txtDescription"}});
+bool IsToItself(const EntryForm& form) {
+  return form.IsTransfer() && form.accountToId == form.accountId;
+}
+
+bool IsLongName(const std::string& name) {
+  return TextLength(name) > kLongestName;
+}
+
+std::optional<Warning> CheckTexts(clsCorvanta& ledger, const char* table, const EntryForm& form) {
+  return TextTooLong(ledger, table,
+                     {{"Reference", form.reference, "txtReference"},
+                      {"Description", form.description, "txtDescription"}});
 }
 
 std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accountId,
@@ -65,6 +57,16 @@ std::optional<Warning> CheckOpenAccount(clsCorvanta& ledger, std::int64_t accoun
   const auto account = ledger.Accounts().ReadAccount(accountId);
   if (!account || !account->closed) return std::nullopt;
   return Warning{title, kAccountClosed, field};
+}
+
+void Settle(clsCorvanta& ledger, EntryForm& form) {
+  for (std::string* text : {&form.payee, &form.payment, &form.category, &form.subCategory,
+                            &form.reference, &form.description}) {
+    TrimText(*text);
+  }
+  CategoryName name = CategoryOf(ledger, form.category, form.subCategory);
+  form.category = std::move(name.category);
+  form.subCategory = std::move(name.subCategory);
 }
 
 bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& category,
@@ -81,11 +83,10 @@ bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& c
                                           (isIncome ? "income" : "expense") + " category?");
 }
 
-void TellOtherAmount(clsCorvanta& ledger, Platform& platform, std::int64_t key, double typed) {
-  const auto saved = ledger.Transactions().ReadTransaction(key);
-  if (!saved || !saved->hasLines || saved->amount == typed) return;
+void TellOtherAmount(Platform& platform, double sum, double typed) {
+  if (sum == typed) return;
   platform.prompts.Tell(kSaveWarning, "The Allocated items add up to " +
-                                          platform.locale.FormatNumber(std::fabs(saved->amount)) +
+                                          platform.locale.FormatNumber(std::fabs(sum)) +
                                           ", which stays the Amount of this item");
 }
 

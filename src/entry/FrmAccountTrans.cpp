@@ -20,8 +20,7 @@
 namespace corvanta {
 
 FrmAccountTrans::FrmAccountTrans(const EntryPlace& place, std::int64_t accountId)
-    : FrmEntry(QStringLiteral("FrmAccountTrans"), tr("Transaction"), place),
-      accountId_(accountId),
+    : FrmEntry(QStringLiteral("FrmAccountTrans"), tr("Transaction"), place, accountId),
       editor_(place.ledger, place.platform, place.rates),
       txtDate_(new DateField(place.platform.locale, place.platform.clock, this)),
       lblArrives_(new QLabel(this)),
@@ -201,12 +200,8 @@ TransactionForm FrmAccountTrans::Form() {
 
 std::int64_t FrmAccountTrans::Save() {
   const TransactionForm form = Form();
-  const std::int64_t key = editor_.Save(form);
-  if (key == 0) {
-    FocusOn(editor_.DeclinedField());
-  } else {
-    lastDay_ = form.date;
-  }
+  const std::int64_t key = Saved(editor_.Save(form), editor_);
+  if (key != 0) lastDay_ = form.date;
   return key;
 }
 

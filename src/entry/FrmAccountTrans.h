@@ -24,6 +24,8 @@ class FrmAccountTrans : public FrmEntry {
   [[nodiscard]] bool IsScheduleChanged() const { return isScheduleChanged_; }
   // The new row that is shown is of that day.
   void SetDay(Date day);
+  // The rules behind it.
+  [[nodiscard]] TransactionEditor& Editor() { return editor_; }
   // Puts what was typed elsewhere into the fields of the row that is shown. Throws StoreError.
   void Prefill(const TransactionForm& form);
 
@@ -33,11 +35,9 @@ class FrmAccountTrans : public FrmEntry {
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
   std::int64_t Save() override;
   bool Delete() override { return editor_.Delete(Key()); }
-  [[nodiscard]] std::string CurrencyOf(std::int64_t accountId) override {
-    return editor_.CurrencyOf(accountId);
-  }
   void TakeType() override;
   void TakeAccount() override { ShowArrival(); }
+  void TakeLines(bool isChanged) override;
   void ShowType() override;
 
  private:
@@ -65,7 +65,6 @@ class FrmAccountTrans : public FrmEntry {
   void LookUpCurrency();
   void Help();
 
-  std::int64_t accountId_;
   TransactionEditor editor_;
   TransactionForm form_;  // what the fields were filled from
   QSet<QWidget*> touched_;

@@ -7,7 +7,6 @@
 #include "entry/FrmCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
 #include "ledger/Money.h"
-#include "ledger/TransactionBook.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
@@ -75,21 +74,17 @@ void FrmAccountTrans::Propose() {
 void FrmAccountTrans::Allocate() {
   Run([this] {
     if (Type() == EntryType::Transfer) return OpenOtherHalf();
-    if (const auto warning = editor_.CheckAllocate(Form())) return Warn(*warning);
-    // Lines need a row to belong to.
-    if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
-    const TransactionForm form = Form();
-    const EntryResult lines =
-        OpenAllocation({Key(), AllocationSource::Transaction, form.amount.value_or(0),
-                        SignOf(form.type), CurrencyOf(form.accountId)},
-                       Place());
-    const auto row = place_.ledger.Transactions().ReadTransaction(Key());
-    if (!row) return;
-    form_.hasLines = row->hasLines;
-    form_.lines = place_.ledger.Transactions().SplitLines(Key()).size();
-    ShowLines(form_.lines);
-    ReadBack(lines.isChanged, row->hasLines, row->amount);
+    OpenLines(AllocationSource::Transaction);
   });
+}
+
+void FrmAccountTrans::TakeLines(bool isChanged) {
+  const auto row = editor_.Load(Key());
+  if (!row) return;
+  form_.hasLines = row->hasLines;
+  form_.lines = row->lines;
+  ShowLines(form_.lines);
+  ReadBack(isChanged, row->hasLines, row->SignedAmount());
 }
 
 void FrmAccountTrans::OpenOtherHalf() {

@@ -170,8 +170,14 @@ void FrmAllocate::Show(const AllocationForm& share) {
 
 AllocationForm FrmAllocate::Form() {
   txtAmount_->Settle();
-  return {ChosenKey(),          categories_->Category(),         categories_->SubCategory(),
-          txtAmount_->Amount(), FromQt(txtDescription_->text()), FromQt(txtReference_->text())};
+  AllocationForm share;
+  share.key = ChosenKey();
+  share.category = categories_->Category();
+  share.subCategory = categories_->SubCategory();
+  share.amount = txtAmount_->Amount();
+  share.reference = FromQt(txtReference_->text());
+  share.description = FromQt(txtDescription_->text());
+  return share;
 }
 
 std::int64_t FrmAllocate::ChosenKey() const {

@@ -6,7 +6,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmCategoryBoxes.h"
-#include "entry/ScheduleEditor.h"
+#include "ledger/CurrencyOf.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 
@@ -17,9 +17,11 @@
 
 namespace corvanta {
 
-FrmEntry::FrmEntry(const QString& name, const QString& what, const EntryPlace& place)
+FrmEntry::FrmEntry(const QString& name, const QString& what, const EntryPlace& place,
+                   std::int64_t accountId)
     : EditorDialog(name, what, place.platform.prompts, place.parent),
       place_(place),
+      accountId_(accountId),
       cmbAccount_(new PickBox(this)),
       cmbType_(new QComboBox(this)),
       cmbPayee_(new PickBox(this)),
@@ -88,8 +90,7 @@ void FrmEntry::ChooseAccount() {
   ShowCurrency();
 }
 
-template <typename Form>
-void FrmEntry::ShowFields(const Form& form) {
+void FrmEntry::ShowFields(const EntryForm& form) {
   isShowing_ = true;
   const auto accounts = AccountChoices(place_.ledger, {form.accountId, form.accountToId});
   FillBox(*cmbAccount_, accounts);
@@ -110,8 +111,7 @@ void FrmEntry::ShowFields(const Form& form) {
   ShowCurrency();
 }
 
-template <typename Form>
-void FrmEntry::ReadFields(Form& form) {
+void FrmEntry::ReadFields(EntryForm& form) {
   txtAmount_->Settle();
   form.type = Type();
   form.accountId = cmbAccount_->Key();
@@ -125,17 +125,26 @@ void FrmEntry::ReadFields(Form& form) {
   form.description = FromQt(txtDescription_->text());
 }
 
-template void FrmEntry::ShowFields(const TransactionForm& form);
-template void FrmEntry::ReadFields(TransactionForm& form);
-template void FrmEntry::ShowFields(const ScheduleForm& form);
-template void FrmEntry::ReadFields(ScheduleForm& form);
-
 EntryType FrmEntry::Type() const {
   return static_cast<EntryType>(cmbType_->currentData().toInt());
 }
 
 void FrmEntry::SetType(EntryType type) {
   cmbType_->setCurrentIndex(cmbType_->findData(static_cast<int>(type)));
+}
+
+void FrmEntry::OpenLines(AllocationSource source) {
+  EntryForm form;
+  ReadFields(form);
+  if (const auto warning = EntryEditor::CheckAllocate(form)) return Warn(*warning);
+  // Lines need a row to belong to.
+  if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
+  ReadFields(form);
+  const EntryResult lines =
+      OpenAllocation({Key(), source, form.amount.value_or(0), SignOf(form.type),
+                      CurrencyOf(place_.ledger, form.accountId)},
+                     Place());
+  TakeLines(lines.isChanged);
 }
 
 void FrmEntry::ReadBack(bool isChanged, bool hasLines, double amount) {
@@ -160,6 +169,11 @@ EntryPlace FrmEntry::Place() {
   return place;
 }
 
+std::int64_t FrmEntry::Saved(std::int64_t key, const EntryEditor& editor) {
+  if (key == 0) FocusOn(editor.DeclinedField());
+  return key;
+}
+
 QString FrmEntry::ItemName() const {
   const bool isTransfer = Type() == EntryType::Transfer;
   const QString whom = isTransfer ? cmbAccountTo_->currentText() : cmbPayee_->currentText();
@@ -179,7 +193,7 @@ void FrmEntry::ShowType() {
 
 void FrmEntry::ShowCurrency() {
   RunCommand(place_.platform.prompts, [this] {
-    const std::string currency = CurrencyOf(cmbAccount_->Key());
+    const std::string currency = CurrencyOf(place_.ledger, cmbAccount_->Key());
     lblCurrency_->setText(ToQt(currency));
     txtAmount_->SetDecimals(CurrencyDecimals(currency));
   });

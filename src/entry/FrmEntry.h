@@ -2,6 +2,7 @@
 
 #include "controls/EditorDialog.h"
 #include "entry/EntryDialogs.h"
+#include "entry/EntryEditor.h"
 
 class QComboBox;
 class QLineEdit;
@@ -19,7 +20,9 @@ class FrmEntry : public EditorDialog {
   Q_OBJECT
 
  protected:
-  FrmEntry(const QString& name, const QString& what, const EntryPlace& place);
+  // New entries are in that account; 0 for none.
+  FrmEntry(const QString& name, const QString& what, const EntryPlace& place,
+           std::int64_t accountId);
 
   // Rows of the form; a dialog puts its own between them.
   void AddAccountRows();  // account, type
@@ -27,16 +30,16 @@ class FrmEntry : public EditorDialog {
       const std::vector<QWidget*>& besideAmount = {});  // from the payee to the amount
   void AddTextRows();                                   // reference, description
 
-  // Of a TransactionForm or a ScheduleForm: what the rows above hold. Throws StoreError.
-  template <typename Form>
-  void ShowFields(const Form& form);
-  template <typename Form>
-  void ReadFields(Form& form);
+  // What the rows above hold. Throws StoreError.
+  void ShowFields(const EntryForm& form);
+  void ReadFields(EntryForm& form);
 
   [[nodiscard]] EntryType Type() const;
   void SetType(EntryType type);
-  // The lines of the row have been looked at and perhaps edited: it has the amount now, signed,
-  // that the data file holds.
+  // Opens the lines of the row, which is saved first where it is new. Throws StoreError.
+  void OpenLines(AllocationSource source);
+  // The lines have been looked at and perhaps edited: the row has the amount now, signed, that the
+  // data file holds.
   void ReadBack(bool isChanged, bool hasLines, double amount);
   // Says beside the category into how many parts the row is split; nothing for 0.
   void ShowLines(std::size_t count);
@@ -44,8 +47,10 @@ class FrmEntry : public EditorDialog {
   [[nodiscard]] EntryPlace Place();
 
   [[nodiscard]] QString ItemName() const override;
-  // The code of the account's currency; empty for no account.
-  [[nodiscard]] virtual std::string CurrencyOf(std::int64_t accountId) = 0;
+  // The key of what was saved; the field to go back to has the focus where the person declined.
+  std::int64_t Saved(std::int64_t key, const EntryEditor& editor);
+  // The lines have been closed; see ReadBack.
+  virtual void TakeLines(bool isChanged) = 0;
   // The person has chosen another type: what hangs on it in the fields follows.
   virtual void TakeType() = 0;
   // The person has chosen another account.
@@ -54,6 +59,7 @@ class FrmEntry : public EditorDialog {
   virtual void ShowType();
 
   EntryPlace place_;
+  std::int64_t accountId_;
   PickBox* cmbAccount_;
   QComboBox* cmbType_;
   PickBox* cmbPayee_;

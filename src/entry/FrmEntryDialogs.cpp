@@ -14,13 +14,12 @@ EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace&
   FrmAccountTrans form(place, request.accountId);
   std::int64_t key = request.prefilled ? request.prefilled->transactionId : request.key;
   if (key != 0) {
-    TransactionEditor editor(place.ledger, place.platform, place.rates);
-    if (const auto warning = editor.CheckOpen(key)) {
+    if (const auto warning = form.Editor().CheckOpen(key)) {
       place.platform.prompts.Tell(warning->title, warning->text);
       return {};
     }
     // Of a split line: its parent.
-    const auto row = editor.Load(key);
+    const auto row = form.Editor().Load(key);
     if (!row) return {true, 0};
     key = row->transactionId;
   }
@@ -32,23 +31,22 @@ EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace&
 }
 
 EntryResult OpenSchedule(const ScheduleRequest& request, const EntryPlace& place) {
-  ScheduleEditor editor(place.ledger, place.platform);
+  FrmSchedule form(place, request.accountId);
   Prompts& prompts = place.platform.prompts;
-  if (const auto warning = editor.CheckOpen()) {
+  if (const auto warning = form.Editor().CheckOpen()) {
     prompts.Tell(warning->title, warning->text);
     return {};
   }
   std::int64_t key = 0;
   if (request.key != 0) {
     // Of a split line: its parent.
-    const auto row = editor.Load(request.key);
+    const auto row = form.Editor().Load(request.key);
     if (!row) {
       prompts.Tell("Schedule Item", "The schedule does not exist any more");
       return {true, 0};
     }
     key = row->scheduleId;
   }
-  FrmSchedule form(place, request.accountId);
   if (!form.Open(key)) return {true, 0};
   if (key == 0 && request.prefilled) form.Prefill(*request.prefilled);
   form.exec();

@@ -11,8 +11,6 @@
 #include "entry/ScheduleOutlook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/ScheduleRecord.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -91,8 +89,7 @@ QString OutlookText(const ScheduleOutlook& outlook, const Locale& locale) {
 }  // namespace
 
 FrmSchedule::FrmSchedule(const EntryPlace& place, std::int64_t accountId)
-    : FrmEntry(QStringLiteral("FrmSchedule"), tr("Schedule"), place),
-      accountId_(accountId),
+    : FrmEntry(QStringLiteral("FrmSchedule"), tr("Schedule"), place, accountId),
       editor_(place.ledger, place.platform),
       cmbPeriod_(new QComboBox(this)),
       dtFrom_(new DateField(place.platform.locale, place.platform.clock, this)),
@@ -260,12 +257,6 @@ ScheduleForm FrmSchedule::Form() {
   return form;
 }
 
-std::int64_t FrmSchedule::Save() {
-  const std::int64_t key = editor_.Save(Form());
-  if (key == 0) FocusOn(editor_.DeclinedField());
-  return key;
-}
-
 void FrmSchedule::ShowNext() {
   RunCommand(place_.platform.prompts, [this] {
     ScheduleForm plan = form_;
@@ -317,20 +308,14 @@ void FrmSchedule::TakePeriod() {
 }
 
 void FrmSchedule::Allocate() {
-  Run([this] {
-    if (const auto warning = editor_.CheckAllocate(Form())) return Warn(*warning);
-    // Lines need a schedule to belong to.
-    if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
-    const ScheduleForm form = Form();
-    const EntryResult lines =
-        OpenAllocation({Key(), AllocationSource::Schedule, form.amount.value_or(0),
-                        SignOf(form.type), CurrencyOf(form.accountId)},
-                       Place());
-    const auto row = place_.ledger.Schedules().ReadSchedule(Key());
-    if (!row) return;
-    form_.hasLines = row->hasLines;
-    ReadBack(lines.isChanged, row->hasLines, row->amount);
-  });
+  Run([this] { OpenLines(AllocationSource::Schedule); });
+}
+
+void FrmSchedule::TakeLines(bool isChanged) {
+  const auto row = editor_.Load(Key());
+  if (!row) return;
+  form_.hasLines = row->hasLines;
+  ReadBack(isChanged, row->hasLines, row->SignedAmount());
 }
 
 void FrmSchedule::Help() {

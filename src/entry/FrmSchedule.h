@@ -20,6 +20,8 @@ class FrmSchedule : public FrmEntry {
   // Leaves the fields while they can still be read: a number is settled when it is left.
   ~FrmSchedule() override { hide(); }
 
+  // The rules behind it.
+  [[nodiscard]] ScheduleEditor& Editor() { return editor_; }
   // Shows a new schedule of what the transaction is, from its day on. Throws StoreError.
   void Prefill(const TransactionForm& transaction);
 
@@ -27,12 +29,10 @@ class FrmSchedule : public FrmEntry {
   void Clear() override;
   bool Load(std::int64_t key) override;
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
-  std::int64_t Save() override;
+  std::int64_t Save() override { return Saved(editor_.Save(Form()), editor_); }
   bool Delete() override { return editor_.Delete(Key()); }
-  [[nodiscard]] std::string CurrencyOf(std::int64_t accountId) override {
-    return editor_.CurrencyOf(accountId);
-  }
   void TakeType() override;
+  void TakeLines(bool isChanged) override;
 
  private:
   void MakeFields();
@@ -56,7 +56,6 @@ class FrmSchedule : public FrmEntry {
   void Allocate();
   void Help();
 
-  std::int64_t accountId_;
   ScheduleEditor editor_;
   ScheduleForm form_;              // what the fields were filled from
   std::optional<int> beforeOnce_;  // the number of payments that "Once" has replaced

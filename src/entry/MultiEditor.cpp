@@ -1,5 +1,6 @@
 #include "entry/MultiEditor.h"
 
+#include "entry/EntryForm.h"
 #include "entry/EntryRules.h"
 #include "ledger/BulkEditor.h"
 #include "ledger/CategoryBook.h"
@@ -8,7 +9,6 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/StatusWords.h"
-#include "platform/TextCase.h"
 #include "reference/Deletion.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
@@ -21,13 +21,24 @@ namespace {
 constexpr const char* kAmendItem = "Amend Item";
 constexpr const char* kUpdating = "Please wait updating records...";
 
-bool IsEmpty(const std::string& text) {
-  return Trim(text).empty();
-}
+constexpr EntryRule kRules[] = {
+    kPaymentFits,
+    kPayeeFits,
+    kCategoryFits,
+    kSubCategoryFits,
+    {[](const EntryForm& form) { return form.category.empty() && !form.subCategory.empty(); },
+     kCategoryNeeded.text, kCategoryNeeded.field},
+};
 
-bool ChangesNothing(const MultiEditForm& form, const CategoryName& name) {
-  return form.type == TypeChange::None && form.accountId == 0 && IsEmpty(form.payment) &&
-         IsEmpty(form.payee) && IsEmpty(name.category);
+// The names as rules see them.
+EntryForm NamesOf(clsCorvanta& ledger, const MultiEditForm& form) {
+  EntryForm names;
+  names.payment = form.payment;
+  names.payee = form.payee;
+  names.category = form.category;
+  names.subCategory = form.subCategory;
+  Settle(ledger, names);
+  return names;
 }
 
 // Whether a closed account holds one of them.
@@ -46,30 +57,24 @@ bool AreClosed(clsCorvanta& ledger, Keys keys) {
 }  // namespace
 
 std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, Keys keys) {
-  const CategoryName name = CategoryOf(ledger_, form.category, form.subCategory);
-  if (ChangesNothing(form, name)) {
+  const EntryForm names = NamesOf(ledger_, form);
+  const bool namesNothing = names.payment.empty() && names.payee.empty() && names.category.empty();
+  if (form.type == TypeChange::None && form.accountId == 0 && namesNothing) {
     return Warning{kSaveWarning,
                    "You need to select at least one from Type, Payment Type, Account, Payee or "
                    "Category",
                    "cmbType"};
   }
-  if (auto warning = CheckPayment(form.payment, false)) return warning;
-  if (auto warning = CheckPayee(form.payee, false)) return warning;
-  if (auto warning = CheckCategory(name, false)) return warning;
-  if (!IsEmpty(name.subCategory)) {
-    if (auto warning = CheckCategory(name, true)) return warning;
-  }
+  if (auto warning = FirstBroken(kRules, names)) return warning;
   if (AreClosed(ledger_, keys)) return Warning{kAmendItem, kAccountClosed, {}};
   return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
 }
 
-std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, Keys keys) {
-  TrimText(form.category);
-  TrimText(form.subCategory);
-  TakeCategoryPath(ledger_, form);
+std::optional<std::size_t> MultiEditor::Save(const MultiEditForm& form, Keys keys) {
+  const EntryForm names = NamesOf(ledger_, form);
   const int kind = form.type == TypeChange::Income ? 1 : -1;
-  if (!form.category.empty() &&
-      !AgreeToCategory(ledger_, platform_.prompts, form.category, form.subCategory, kind)) {
+  if (!names.category.empty() &&
+      !AgreeToCategory(ledger_, platform_.prompts, names.category, names.subCategory, kind)) {
     return std::nullopt;
   }
   const StatusWords words(platform_.progress, kUpdating);
@@ -80,10 +85,10 @@ std::optional<std::size_t> MultiEditor::Save(MultiEditForm form, Keys keys) {
   change.accountId = form.accountId;
   change.status = form.status;
   change.type = form.type;
-  change.paymentId = ledger_.References().FindOrCreatePayment(form.payment);
-  change.payeeId = ledger_.References().FindOrCreatePayee(form.payee);
+  change.paymentId = ledger_.References().FindOrCreatePayment(names.payment);
+  change.payeeId = ledger_.References().FindOrCreatePayee(names.payee);
   change.categoryId =
-      ledger_.Categories().FindOrCreateCategory(form.category, form.subCategory, kind);
+      ledger_.Categories().FindOrCreateCategory(names.category, names.subCategory, kind);
   const std::optional<std::size_t> changed = ledger_.BulkEdits().BulkEdit(keys, change);
   if (changed) all.Commit();
   return changed;

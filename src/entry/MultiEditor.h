@@ -36,7 +36,7 @@ class MultiEditor {
   // Changes the transactions in their order, all or none, as one step that can be undone; returns
   // how many are other ones afterwards. Asks before it makes a category: nullopt when the person
   // declines (the field is cmbCategory) or asks to stop on the way, and nothing is written.
-  std::optional<std::size_t> Save(MultiEditForm form, Keys keys);
+  std::optional<std::size_t> Save(const MultiEditForm& form, Keys keys);
   // Asks, then deletes; tells when there is nothing to delete. True when something was deleted.
   bool Delete(Keys keys);
 
