@@ -15,4 +15,11 @@ std::optional<RowLinks> ReadLinks(Connection& store, std::int64_t transactionId)
   return RowLinks{row.Int(0), row.Int(1), row.Int(2), row.Int(3), row.Double(4), row.IsNull(1)};
 }
 
+std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql) {
+  std::vector<std::int64_t> keys;
+  Recordset rows = store.OpenRecordset(sql);
+  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
+  return keys;
+}
+
 }  // namespace corvanta

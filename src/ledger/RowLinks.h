@@ -2,6 +2,8 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace corvanta {
 
@@ -19,5 +21,8 @@ struct RowLinks {
 
 // nullopt when there is no such row.
 [[nodiscard]] std::optional<RowLinks> ReadLinks(Connection& store, std::int64_t transactionId);
+
+// The keys that a query finds, in its first column.
+[[nodiscard]] std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql);
 
 }  // namespace corvanta

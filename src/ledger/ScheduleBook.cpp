@@ -43,13 +43,6 @@ void SettlePlan(Connection& store, ScheduleRecord& record) {
   record.dateFrom = plan.Settled().from;
 }
 
-std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql) {
-  std::vector<std::int64_t> keys;
-  Recordset rows = store.OpenRecordset(sql);
-  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
-  return keys;
-}
-
 }  // namespace
 
 std::int64_t ScheduleBook::SaveSchedule(ScheduleRecord& record) {

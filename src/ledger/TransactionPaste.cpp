@@ -13,17 +13,6 @@
 #include <algorithm>
 
 namespace corvanta {
-namespace {
-
-std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql) {
-  std::vector<std::int64_t> keys;
-  Recordset rows = store.OpenRecordset(sql);
-  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
-  return keys;
-}
-
-}  // namespace
-
 std::int64_t TransactionPaste::PasteTransaction(std::int64_t sourceId, std::int64_t accountId) {
   const UndoLog::Step step = core_.undo.Begin("Paste Transaction");
   Transaction all = core_.store.Begin();
