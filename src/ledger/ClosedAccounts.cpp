@@ -7,6 +7,14 @@
 #include "store/sql/StoreError.h"
 
 namespace corvanta {
+namespace {
+
+[[noreturn]] void Refuse() {
+  throw StoreError(StoreErrorCode::Constraint,
+                   std::string(kAccountClosed) + ". Nothing was changed.");
+}
+
+}  // namespace
 
 bool ClosedAccounts::Has(std::int64_t accountId) {
   // What was noted in a transaction went with it, where that was taken back.
@@ -49,7 +57,7 @@ bool ClosedAccounts::AreReachedBy(Keys transactionIds) {
 }
 
 void ClosedAccounts::RequireOpen(std::int64_t accountId) {
-  if (Has(accountId)) throw StoreError(StoreErrorCode::Constraint, kAccountClosed);
+  if (Has(accountId)) Refuse();
 }
 
 void ClosedAccounts::RequireOpenOf(std::int64_t transactionId) {
@@ -57,9 +65,7 @@ void ClosedAccounts::RequireOpenOf(std::int64_t transactionId) {
 }
 
 void ClosedAccounts::RequireOpenHalves(std::int64_t transactionId) {
-  if (AreReachedBy({&transactionId, 1})) {
-    throw StoreError(StoreErrorCode::Constraint, kAccountClosed);
-  }
+  if (AreReachedBy({&transactionId, 1})) Refuse();
 }
 
 }  // namespace corvanta

@@ -14,8 +14,8 @@ class Connection;
 inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
 
 // Which accounts are closed, for the topics that write rows: every one of them asks here before it
-// changes a row. Operations throw StoreError; the Require operations with kAccountClosed where the
-// account is closed.
+// changes a row. Operations throw StoreError; the Require operations in the words of
+// kAccountClosed where the account is closed.
 class ClosedAccounts {
  public:
   explicit ClosedAccounts(Connection& store) : store_(store) {}

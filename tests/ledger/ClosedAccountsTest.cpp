@@ -13,6 +13,7 @@
 #include "ledger/TransactionPaste.h"
 #include "ledger/TransactionRecord.h"
 #include "platform/Progress.h"
+#include "store/sql/FailureText.h"
 #include "store/sql/StoreError.h"
 
 #include <functional>
@@ -34,7 +35,8 @@ class ClosedAccount : public RecordsTest {
       row.change();
       ADD_FAILURE() << row.name << " was not refused";
     } catch (const StoreError& error) {
-      EXPECT_STREQ(error.what(), kAccountClosed) << row.name;
+      EXPECT_EQ(FailureText(error), std::string(kAccountClosed) + ". Nothing was changed.")
+          << row.name;
     }
     EXPECT_EQ(Contents(), before) << row.name;
   }
@@ -117,14 +119,18 @@ TEST_F(ClosedAccount, OpenedAgainItTakesRows) {
   EXPECT_FALSE(Exists(row));
 }
 
-// The status of one half is its own account's matter.
-TEST_F(ClosedAccount, TheOpenHalfOfATransferCanStillBeReconciled) {
+// Status and names of one half are its own account's matter.
+TEST_F(ClosedAccount, TheOpenHalfOfATransferCanStillBeChanged) {
   const auto [open, twin] = AddTransfer(bank_, savings_, 10);
   CloseAccount(savings_);
   const std::vector<std::int64_t> keys = {open};
   EXPECT_TRUE(ledger_.Statuses().ApplyStatus(StatusCommand::Reconciled, keys, false));
   EXPECT_EQ(Column("BankRec", open), 1);
   EXPECT_EQ(Column("BankRec", twin), 0);
+  BulkChange renamed;
+  renamed.payeeId = ledger_.References().FindOrCreatePayee("Baker");
+  EXPECT_TRUE(ledger_.BulkEdits().BulkEdit(open, renamed));
+  EXPECT_EQ(Column("PayeeID", open), renamed.payeeId);
 }
 
 }  // namespace
