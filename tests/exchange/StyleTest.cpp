@@ -179,6 +179,8 @@ TEST(FileDates, AreReadInTheOrderOfTheirFile) {
       {"20200213103000", kNone, kNone, "2020-02-13"},
       {"13.2.2020.5", kNone, kNone, kNone},
       {"31/2/2020", kNone, kNone, kNone},
+      {"13/2/69", "2069-02-13", kNone, kNone},
+      {"13/2/70", "1970-02-13", kNone, kNone},
       {"13th of February 2020", "2020-02-13", "2020-02-13", "2020-02-13"},
       {"14 Feb 20220", kNone, kNone, kNone},
       {"14 Feb 202", kNone, kNone, kNone},
