@@ -174,17 +174,15 @@ std::int64_t AccountBook::OtherAccount(const std::string& name, std::int64_t acc
 
 std::int64_t AccountBook::SaveAccount(AccountRecord& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Account");
-  record.accountId = core_.SaveRow("tblAccounts", "AccountID", record.accountId,
-                                   {{"Account", record.account},
-                                    {"AccountNo", record.accountNo},
-                                    {"AccountTypeID", record.accountTypeId},
-                                    {"BankID", record.bankId},
-                                    {"OpeningBalance", record.openingBalance},
-                                    {"CurrencyId", record.currencyId},
-                                    {"Description", record.description},
-                                    {"CloseAccount", record.closed ? 1 : 0}});
-  core_.closed.Note(record.accountId, record.closed);
-  return record.accountId;
+  return record.accountId = core_.SaveRow("tblAccounts", "AccountID", record.accountId,
+                                          {{"Account", record.account},
+                                           {"AccountNo", record.accountNo},
+                                           {"AccountTypeID", record.accountTypeId},
+                                           {"BankID", record.bankId},
+                                           {"OpeningBalance", record.openingBalance},
+                                           {"CurrencyId", record.currencyId},
+                                           {"Description", record.description},
+                                           {"CloseAccount", record.closed ? 1 : 0}});
 }
 
 AccountUse AccountBook::UseOf(std::int64_t accountId) {

@@ -44,8 +44,8 @@ bool BulkEditor::BulkEdit(std::int64_t transactionId, const BulkChange& change) 
   Transaction all = core_.store.Begin();
   const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return false;
-  core_.closed.RequireOpenOf(transactionId);
-  core_.closed.RequireOpen(change.accountId);
+  core_.closed.RequireOpen(row->accountId);
+  if (change.accountId != 0) core_.closed.RequireOpen(change.accountId);
   const std::vector<Value> before = ChangeableOf(core_.store, transactionId);
   BulkChange allowed = change;
   if (row->allocatedItem != 0) {
@@ -103,7 +103,7 @@ void BulkEditor::ReverseSign(std::int64_t transactionId) {
   Transaction all = core_.store.Begin();
   const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return;
-  core_.closed.RequireOpenOf(transactionId);
+  core_.closed.RequireOpen(row->accountId);
   FlipSign(transactionId, *row);
   all.Commit();
 }

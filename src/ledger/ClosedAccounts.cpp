@@ -2,9 +2,11 @@
 
 #include "ledger/RowLinks.h"
 #include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
+
+#include <algorithm>
+#include <string>
 
 namespace corvanta {
 namespace {
@@ -17,26 +19,10 @@ namespace {
 }  // namespace
 
 bool ClosedAccounts::Has(std::int64_t accountId) {
-  // What was noted in a transaction went with it, where that was taken back.
-  const bool isOutdated = isNoted_ && !store_.InTransaction();
-  if (isOutdated || read_ != store_.Changes()) {
-    closed_.clear();
-    Recordset rows =
-        store_.OpenRecordset("Select AccountID from tblAccounts Where CloseAccount <> 0");
-    for (; !rows.Eof(); rows.MoveNext()) closed_.insert(rows.Int(0));
-    read_ = store_.Changes();
-    isNoted_ = false;
-  }
-  return closed_.contains(accountId);
-}
-
-void ClosedAccounts::Note(std::int64_t accountId, bool isClosed) {
-  isNoted_ = true;
-  if (isClosed) {
-    closed_.insert(accountId);
-  } else {
-    closed_.erase(accountId);
-  }
+  return store_
+             .QueryValue("Select CloseAccount from tblAccounts Where AccountID = " +
+                         SqlNumber(accountId))
+             .Int() != 0;
 }
 
 std::int64_t ClosedAccounts::AccountOf(std::int64_t transactionId) {
@@ -46,14 +32,15 @@ std::int64_t ClosedAccounts::AccountOf(std::int64_t transactionId) {
       .Int();
 }
 
+bool ClosedAccounts::IsReachedBy(const RowLinks& row) {
+  return Has(row.accountId) || (row.transferId != 0 && Has(AccountOf(row.transferId)));
+}
+
 bool ClosedAccounts::AreReachedBy(Keys transactionIds) {
-  for (const std::int64_t key : transactionIds) {
+  return std::ranges::any_of(transactionIds, [this](std::int64_t key) {
     const std::optional<RowLinks> row = ReadLinks(store_, key);
-    if (!row) continue;
-    if (Has(row->accountId)) return true;
-    if (row->transferId != 0 && Has(AccountOf(row->transferId))) return true;
-  }
-  return false;
+    return row && IsReachedBy(*row);
+  });
 }
 
 void ClosedAccounts::RequireOpen(std::int64_t accountId) {
@@ -64,8 +51,8 @@ void ClosedAccounts::RequireOpenOf(std::int64_t transactionId) {
   RequireOpen(AccountOf(transactionId));
 }
 
-void ClosedAccounts::RequireOpenHalves(std::int64_t transactionId) {
-  if (AreReachedBy({&transactionId, 1})) Refuse();
+void ClosedAccounts::RequireOpenHalves(const RowLinks& row) {
+  if (IsReachedBy(row)) Refuse();
 }
 
 }  // namespace corvanta

@@ -4,12 +4,11 @@
 #include "ledger/Keys.h"
 
 #include <cstdint>
-#include <optional>
-#include <unordered_set>
 
 namespace corvanta {
 
 class Connection;
+struct RowLinks;
 
 inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
 
@@ -20,6 +19,7 @@ class ClosedAccounts {
  public:
   explicit ClosedAccounts(Connection& store) : store_(store) {}
 
+  // False for an account that is not there.
   [[nodiscard]] bool Has(std::int64_t accountId);
   // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
   [[nodiscard]] bool AreReachedBy(Keys transactionIds);
@@ -27,17 +27,13 @@ class ClosedAccounts {
   // Of the row's own account.
   void RequireOpenOf(std::int64_t transactionId);
   // Of the row's account and that of its other half.
-  void RequireOpenHalves(std::int64_t transactionId);
-  // An account has been saved, open or closed.
-  void Note(std::int64_t accountId, bool isClosed);
+  void RequireOpenHalves(const RowLinks& row);
 
  private:
   [[nodiscard]] std::int64_t AccountOf(std::int64_t transactionId);
+  [[nodiscard]] bool IsReachedBy(const RowLinks& row);
 
   Connection& store_;
-  std::unordered_set<std::int64_t> closed_;
-  bool isNoted_ = false;
-  std::optional<std::uint64_t> read_;  // the change of the data file behind which they were read
 };
 
 }  // namespace corvanta

@@ -56,7 +56,7 @@ std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& re
   if (!isNew) {
     const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
     if (!old || old->allocatedItem != 0) return 0;
-    core_.closed.RequireOpenHalves(record.transactionId);
+    core_.closed.RequireOpenHalves(*old);
     // Lines of an ordinary row that becomes a holding's would add up to nothing.
     TransactionRows(core_).DeleteRows("AllocatedItem = " + SqlNumber(record.transactionId));
     TransactionRows(core_).RepairTransfer(record.transactionId, 0);

@@ -17,7 +17,7 @@ std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
   if (record.transactionId != 0) {
     const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
     if (!old) return 0;
-    core_.closed.RequireOpenHalves(record.transactionId);
+    core_.closed.RequireOpenHalves(*old);
     record.allocatedItem = old->allocatedItem;
   }
   if (record.allocatedItem != 0 && !TakeFromParent(record)) return 0;
@@ -97,7 +97,7 @@ void TransactionBook::DeleteTransaction(std::int64_t transactionId) {
   Transaction all = core_.store.Begin();
   const std::optional<RowLinks> row = ReadLinks(core_.store, transactionId);
   if (!row) return;
-  core_.closed.RequireOpenHalves(transactionId);
+  core_.closed.RequireOpenHalves(*row);
   rows_.DeleteWhole(transactionId);
   if (row->transferId != 0) rows_.DeleteWhole(row->transferId);
   if (row->allocatedItem != 0) rows_.SumLines(row->allocatedItem);

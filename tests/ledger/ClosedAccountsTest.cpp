@@ -119,6 +119,15 @@ TEST_F(ClosedAccount, OpenedAgainItTakesRows) {
   EXPECT_FALSE(Exists(row));
 }
 
+TEST_F(ClosedAccount, WhatWasTakenBackDoesNotCount) {
+  {
+    const Transaction undone = Db().Begin();
+    CloseAccount(savings_);
+    EXPECT_THROW(Add(savings_, -5), StoreError);
+  }
+  EXPECT_TRUE(Exists(Add(savings_, -5)));
+}
+
 // Status and names of one half are its own account's matter.
 TEST_F(ClosedAccount, TheOpenHalfOfATransferCanStillBeChanged) {
   const auto [open, twin] = AddTransfer(bank_, savings_, 10);
