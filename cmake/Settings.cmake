@@ -45,19 +45,19 @@ function(corvanta_windows target)
 endfunction()
 
 # corvanta_parted_room(NAME ENGINE links... FORMS links...): a room whose rules link no Qt and whose
-# windows (Frm*, uc*) are a library of their own, corvanta_NAME_forms.
+# windows (Frm*, Qt*, uc*) are a library of their own, corvanta_NAME_forms.
 function(corvanta_parted_room name)
   cmake_parse_arguments(PARSE_ARGV 1 room "" "" "ENGINE;FORMS")
   corvanta_room(${name} ${room_ENGINE})
   get_target_property(all corvanta_${name} SOURCES)
   set(engine ${all})
-  list(FILTER engine EXCLUDE REGEX "/(Frm|uc)[^/]*\\.cpp$")
+  list(FILTER engine EXCLUDE REGEX "/(Frm|Qt|uc)[^/]*\\.cpp$")
   set_target_properties(corvanta_${name} PROPERTIES SOURCES "${engine}")
   if(NOT CORVANTA_WINDOW)
     return()
   endif()
   set(forms ${all})
-  list(FILTER forms INCLUDE REGEX "/(Frm|uc)[^/]*\\.cpp$")
+  list(FILTER forms INCLUDE REGEX "/(Frm|Qt|uc)[^/]*\\.cpp$")
   add_library(corvanta_${name}_forms STATIC ${forms})
   target_link_libraries(corvanta_${name}_forms PUBLIC
     corvanta_${name} corvanta_controls Qt6::Widgets ${room_FORMS})

@@ -14,7 +14,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr int kName = 0;
@@ -177,4 +177,4 @@ void AccountTree::changeEvent(QEvent* event) {
   QTreeWidget::changeEvent(event);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -8,11 +8,16 @@
 
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline ledger {
 struct AccountGroupBalances;
 struct CurrencyTotal;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline app {
 
 // The accounts by group with their balances, and below each group its total per currency.
 class AccountTree : public QTreeWidget {
@@ -58,4 +63,4 @@ class AccountTree : public QTreeWidget {
   bool showsNumbers_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

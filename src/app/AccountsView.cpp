@@ -11,7 +11,7 @@
 
 #include <QApplication>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
@@ -96,4 +96,4 @@ QString AccountsView::Totals(const std::vector<AccountRow>& accounts) const {
   return parts.join(QStringLiteral("    "));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -3,9 +3,11 @@
 #include "app/ReferenceView.h"
 #include "ledger/AccountRow.h"
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The view of "AccountShow": the accounts as a list, and what they come to in each currency.
 class AccountsView : public ReferenceView {
@@ -31,4 +33,4 @@ class AccountsView : public ReferenceView {
   const Locale& locale_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -16,7 +16,7 @@
 
 #include <map>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
@@ -82,4 +82,4 @@ void CategoriesView::Show(const ViewCommand& /*command*/) {
         tr("Categories say what money is earned by and spent on. Add the first one here.")});
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

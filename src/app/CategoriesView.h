@@ -2,7 +2,7 @@
 
 #include "app/ReferenceView.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The view of "CategoryShow": the categories, each main one above its sub-categories, with what is
 // budgeted for them.
@@ -15,4 +15,4 @@ class CategoriesView : public ReferenceView {
   void Show(const ViewCommand& command) override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -5,7 +5,7 @@
 
 #include <QCoreApplication>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 QString PaymentText(const Reminder& reminder, const Locale& locale) {
   QString text = ToQt(reminder.payee.empty() ? reminder.description : reminder.payee) + u' ' +
@@ -29,4 +29,4 @@ QMap<QDate, QStringList> DueDays(const ReminderList& reminders, const Locale& lo
   return days;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

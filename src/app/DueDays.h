@@ -6,9 +6,11 @@
 #include <QMap>
 #include <QStringList>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // A payment in a few words: whom and how much.
 [[nodiscard]] QString PaymentText(const Reminder& reminder, const Locale& locale);
@@ -17,4 +19,4 @@ class Locale;
 // is named once, a payment that is posted only while its day is still to come.
 [[nodiscard]] QMap<QDate, QStringList> DueDays(const ReminderList& reminders, const Locale& locale);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

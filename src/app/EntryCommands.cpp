@@ -19,7 +19,7 @@
 #include <QStringList>
 #include <QWidget>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 QString Tr(const char* text) {
@@ -44,10 +44,10 @@ bool CanAddTo(const ViewPlace& place, std::int64_t accountId) {
   return false;
 }
 
-void Take(const ViewPlace& place, const EntryResult& result) {
+void Apply(const ViewPlace& place, const EntryResult& result) {
   if (!result.isChanged) return;
   if (result.isScheduleChanged) {
-    place.host.TakeSchedules();
+    place.host.ApplySchedules();
   } else {
     place.host.Reload();
   }
@@ -75,12 +75,12 @@ void AddTransaction(const ViewPlace& place, std::optional<Date> day) {
   TransactionRequest request;
   request.accountId = place.host.EntryAccount();
   request.day = day;
-  if (CanAddTo(place, request.accountId)) Take(place, OpenTransaction(request, PlaceOf(place)));
+  if (CanAddTo(place, request.accountId)) Apply(place, OpenTransaction(request, PlaceOf(place)));
 }
 
 void AutofillTransaction(const ViewPlace& place) {
   const std::int64_t account = place.host.EntryAccount();
-  if (CanAddTo(place, account)) Take(place, OpenAutofill(account, 0, PlaceOf(place)));
+  if (CanAddTo(place, account)) Apply(place, OpenAutofill(account, 0, PlaceOf(place)));
 }
 
 void AddQuickly(const ViewPlace& place) {
@@ -89,10 +89,10 @@ void AddQuickly(const ViewPlace& place) {
 }
 
 void EditTransactions(const ViewPlace& place, Keys keys) {
-  if (keys.size() > 1) return Take(place, OpenMultiEdit(keys, PlaceOf(place)));
+  if (keys.size() > 1) return Apply(place, OpenMultiEdit(keys, PlaceOf(place)));
   TransactionRequest request;
   request.key = keys.front();
-  Take(place, OpenTransaction(request, PlaceOf(place)));
+  Apply(place, OpenTransaction(request, PlaceOf(place)));
 }
 
 void EditSchedule(const ViewPlace& place, std::int64_t key) {
@@ -106,7 +106,7 @@ void EditSchedule(const ViewPlace& place, std::int64_t key) {
   const UndoLog::Step step = ledger.Undo().Begin(key == 0 ? "Add Schedule" : "Edit Schedule");
   const EntryResult result = OpenSchedule(request, PlaceOf(place));
   if (!result.isChanged) return;
-  place.host.TakeSchedules();
+  place.host.ApplySchedules();
   place.host.ChooseRow(kScheduleShow, result.savedKey);
 }
 
@@ -115,11 +115,11 @@ void BalanceAccount(const ViewPlace& place) {
       OpenReconcile(place.host.EntryAccount(),
                     {place.platform, place.session.Ledger(), place.session.Rates(), &place.window});
   if (result.isScheduleChanged) {
-    place.host.TakeSchedules();
+    place.host.ApplySchedules();
   } else if (result.isChanged) {
     place.host.Reload();
   }
   if (result.outcome) place.host.Notice(NoticeOf(*result.outcome, place.window.locale()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 struct ViewPlace;
 
@@ -28,4 +28,4 @@ void EditSchedule(const ViewPlace& place, std::int64_t key);
 // The account that entries go to, against a statement.
 void BalanceAccount(const ViewPlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

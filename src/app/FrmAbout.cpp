@@ -10,7 +10,7 @@
 #include <QLabel>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kPicture = 8 * kRhythm;
 constexpr int kTextWidth = 40 * kRhythm;
@@ -54,4 +54,4 @@ FrmAbout::FrmAbout(QWidget* parent) : QuietEnd(parent) {
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -4,7 +4,7 @@
 
 #include <QDialog>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // What the program is, its version and its licence.
 class FrmAbout : public QuietEnd<QDialog> {
@@ -14,4 +14,4 @@ class FrmAbout : public QuietEnd<QDialog> {
   explicit FrmAbout(QWidget* parent);
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

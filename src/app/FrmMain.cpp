@@ -33,7 +33,7 @@
 
 #include <chrono>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kLeftWidth = 34 * kRhythm;
 constexpr int kSmallest = 80 * kRhythm;
@@ -157,8 +157,8 @@ void FrmMain::Connect() {
   });
   auto* dayCheck = new QTimer(this);
   dayCheck->setObjectName(QStringLiteral("tmrDay"));
-  connect(dayCheck, &QTimer::timeout, this, [this] { Guard([this] { TakeDay(); }); });
+  connect(dayCheck, &QTimer::timeout, this, [this] { Guard([this] { ApplyDay(); }); });
   dayCheck->start(kDayCheck);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

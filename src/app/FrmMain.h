@@ -18,20 +18,26 @@ class QLabel;
 class QSplitter;
 class QStackedWidget;
 
-namespace corvanta {
+namespace corvanta::inline controls {
+class EmptyState;
+class SortedTable;
+class ucCalendar;
+class ucRibbon;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline app {
 
 class AccountTree;
-class EmptyState;
 class LedgerSession;
 class MainActions;
 class MainView;
 class QtProgress;
 class ReminderCommands;
 class RemindersPanel;
-class SortedTable;
-class ucCalendar;
-class ucRibbon;
-struct Platform;
 struct ViewSurroundings;
 
 // The main window: menus, ribbon, the account tree over the calendar, one view at a time, and the
@@ -54,8 +60,8 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void Guard(const std::function<void()>& command) override;
   void Notice(const QString& text) override;
   void Reload() override;
-  void TakeSchedules() override;
-  void TakeFilter() override;
+  void ApplySchedules() override;
+  void ApplyFilter() override;
   void MarkChoice() override;
   void ShowSurroundings() override;
   void ShowView(std::string_view name) override;
@@ -124,7 +130,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void ShowList(ListKind kind);
   void ConvertCurrency();
   // What a new day brings, while the program stands.
-  void TakeDay();
+  void ApplyDay();
 
   // --- Layout
 
@@ -133,7 +139,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
 
   // --- The data file
 
-  void TakeLedger();
+  void AdoptLedger();
   void OpenDataFile();
   void ValidateDataFile();
   // How many rows there were, and how many of them are left.
@@ -175,4 +181,4 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   QLabel* fileName_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -27,7 +27,7 @@
 #include <algorithm>
 #include <set>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kNoticeTime = 10000;  // milliseconds
 }
@@ -77,7 +77,7 @@ void FrmMain::ConnectViews() {
   On(actions_->mnuViewRefresh, [this] { Reload(); });
   for (QAction* tick :
        {actions_->mnuViewUnCleared, actions_->mnuViewCleared, actions_->mnuViewReconciled}) {
-    On(tick, [this] { TakeFilter(); });
+    On(tick, [this] { ApplyFilter(); });
   }
   On(actions_->mnuViewAll, [this] { ShowEverything(); });
   On(actions_->mnuViewWidths, [this] {
@@ -138,7 +138,7 @@ void FrmMain::ApplySettings() {
   for (MainView* view : views_) view->ApplySettings();
 }
 
-void FrmMain::TakeDay() {
+void FrmMain::ApplyDay() {
   const Date today = platform_.clock.Today();
   // A window in front, a menu or a running operation works on rows that must not change below it.
   const bool isBusy = progress_.IsBusy() || QApplication::activeModalWidget() != nullptr ||
@@ -147,7 +147,7 @@ void FrmMain::TakeDay() {
   day_ = today;
   calendar_->SetToday(ToQt(day_));
   if (!session_.IsOpen()) return;
-  TakeSchedules();
+  ApplySchedules();
 }
 
 void FrmMain::Undo(bool again) {
@@ -183,4 +183,4 @@ void FrmMain::NoticeUndone(const QString& what, qint64 rows) {
   Notice(what + count);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

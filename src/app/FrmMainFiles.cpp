@@ -27,7 +27,7 @@
 
 #include <limits>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr std::string_view kReindex = "Reindex";
 
@@ -59,7 +59,7 @@ void FrmMain::ConnectFiles() {
   connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
 }
 
-void FrmMain::TakeLedger() {
+void FrmMain::AdoptLedger() {
   if (!session_.IsOpen()) return;
   UndoLog& log = session_.Ledger().Undo();
   log.Start();
@@ -73,7 +73,7 @@ bool FrmMain::Reopen(bool quiet) {
   bool opened = false;
   Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
-  TakeLedger();
+  AdoptLedger();
   history_.Clear();
   account_ = 0;
   ReadAccounts();
@@ -175,4 +175,4 @@ void FrmMain::dropEvent(QDropEvent* event) {
       Qt::QueuedConnection);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -18,7 +18,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 void FrmMain::Restore() {
   WindowLayout layout;
@@ -34,7 +34,7 @@ void FrmMain::Restore() {
   reminders_->setVisible(layout.showsReminders);
   Guard([this] {
     for (MainView* view : views_) view->Restore(platform_.registry);
-    TakeLedger();
+    AdoptLedger();
     ReadAccounts();
     reminderCommands_->Read();
   });
@@ -95,4 +95,4 @@ void FrmMain::FoldReminders(bool fold) {
   if (!fold) reminders_->Enter();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

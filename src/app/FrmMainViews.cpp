@@ -23,7 +23,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kFileWidth = 34 * kRhythm;
 }
@@ -95,12 +95,12 @@ void FrmMain::Reload() {
   });
 }
 
-void FrmMain::TakeSchedules() {
+void FrmMain::ApplySchedules() {
   session_.PostSchedules();
   Reload();
 }
 
-void FrmMain::TakeFilter() {
+void FrmMain::ApplyFilter() {
   if (view_ == nullptr) return;
   shown_ = CommandOf(*view_, shown_.accountId);
   history_.Replace(shown_);
@@ -165,7 +165,7 @@ void FrmMain::ReadAccounts() {
     countedAt_ = session_.Ledger().Store().Changes();
   }
   tree_->SetAccounts(accounts_);
-  for (MainView* view : views_) view->TakeAccounts();
+  for (MainView* view : views_) view->ApplyAccounts();
   ShowFile();
   actions_->SetDataOpen(session_.IsOpen());
 }
@@ -246,4 +246,4 @@ void FrmMain::MarkChoice() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

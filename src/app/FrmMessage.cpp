@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kLongText = 500;   // characters
 constexpr int kManyLines = 12;   // line ends
@@ -60,4 +60,4 @@ FrmMessage::FrmMessage(const QString& title, const QString& text, QWidget* paren
   resize(wide + bar + 2 * kMargin, std::min(high, room.height()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

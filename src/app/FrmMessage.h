@@ -4,7 +4,7 @@
 
 #include <QDialog>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // A message of many lines, which scrolls where the screen is too small for it.
 class FrmMessage : public QuietEnd<QDialog> {
@@ -16,4 +16,4 @@ class FrmMessage : public QuietEnd<QDialog> {
   [[nodiscard]] static bool IsLong(const QString& text);
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -18,7 +18,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr int kTextWidth = 48 * kRhythm;
@@ -151,4 +151,4 @@ std::optional<Warning> FrmPassword::Finish() {
   return std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -13,9 +13,11 @@ class QCheckBox;
 class QFormLayout;
 class QLineEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline app {
 
 // What the password dialog does to the data file. May throw what RunCommand tells.
 struct PasswordActions {
@@ -54,4 +56,4 @@ class FrmPassword : public QuietEnd<QDialog> {
   QCheckBox* chkEnableLogin_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

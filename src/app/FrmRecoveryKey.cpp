@@ -21,7 +21,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr int kGroupsPerLine = 5;
@@ -108,4 +108,4 @@ void FrmRecoveryKey::Save() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

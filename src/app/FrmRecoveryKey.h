@@ -8,9 +8,11 @@
 
 class QPlainTextEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline app {
 
 // Shows the recovery key of a data file, to be copied or saved.
 class FrmRecoveryKey : public QuietEnd<QDialog> {
@@ -29,4 +31,4 @@ class FrmRecoveryKey : public QuietEnd<QDialog> {
   QPlainTextEdit* txtKey_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

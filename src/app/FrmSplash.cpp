@@ -12,7 +12,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kPicture = 9 * kRhythm;
 }
@@ -60,4 +60,4 @@ void FrmSplash::paintEvent(QPaintEvent*) {
   painter.fillRect(0, 0, width(), kRhythm / 2, AccentColour(palette()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // Stands on the screen while the data file is opened. It never waits for anything.
 class FrmSplash : public QWidget {
@@ -23,4 +23,4 @@ class FrmSplash : public QWidget {
   QLabel* lblStatus_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -15,7 +15,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kPicture = 4 * kRhythm;
 constexpr int kTextWidth = 44 * kRhythm;
@@ -83,4 +83,4 @@ void FrmTips::ShowTip() {
   lblTip_->setText(tips_.at(shown_));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

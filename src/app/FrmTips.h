@@ -8,9 +8,11 @@
 class QCheckBox;
 class QLabel;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline app {
 
 // The tip of the day: another one each day, and the next one on demand.
 class FrmTips : public QuietEnd<QDialog> {
@@ -30,4 +32,4 @@ class FrmTips : public QuietEnd<QDialog> {
   QCheckBox* chkLoadTipsAtStartup_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -5,7 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
                              const std::string& dataPath)
@@ -74,4 +74,4 @@ std::string LedgerSession::Password() const {
   return file_ ? file_->password : std::string();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

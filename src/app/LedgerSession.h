@@ -13,9 +13,11 @@
 #include <string>
 #include <utility>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline app {
 
 // The data file that the window works on, with the ledger on it. It may be closed and opened again
 // while the window stands.
@@ -76,4 +78,4 @@ class LedgerSession {
   std::size_t posted_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

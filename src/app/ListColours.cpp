@@ -4,7 +4,7 @@
 
 #include <QPalette>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 // Colours above this are numbers of the system's own colours.
@@ -49,4 +49,4 @@ ListColours ReadListColours(const Settings& settings, const QPalette& palette) {
   return colours;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,7 +7,7 @@
 #include <QFont>
 #include <QGuiApplication>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 ListModel::ListModel(std::vector<ListColumn> columns, QObject* parent)
     : QAbstractTableModel(parent), columns_(std::move(columns)) {}
@@ -83,4 +83,4 @@ QVariant ListModel::headerData(int section, Qt::Orientation orientation, int rol
   return column.title;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

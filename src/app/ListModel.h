@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 struct ListColumn {
   QString title;
@@ -62,4 +62,4 @@ class ListModel : public QAbstractTableModel {
   SortState sort_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

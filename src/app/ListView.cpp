@@ -18,7 +18,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 // What a column of texts keeps where there is little room.
 constexpr int kSmallest = 9 * kRhythm;
@@ -181,4 +181,4 @@ void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QSt
   table_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

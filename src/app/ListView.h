@@ -13,9 +13,12 @@
 
 class QStackedWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class EmptyState;
+}
+
+namespace corvanta::inline app {
+
 class TotalsLine;
 class ViewHeader;
 
@@ -99,4 +102,4 @@ class ListView : public QWidget, public MainView {
   ListModel* model_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -9,7 +9,7 @@
 
 #include <QApplication>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 Login::Login(Platform& platform) : platform_(platform), gate_(platform.registry) {}
 
@@ -54,4 +54,4 @@ bool Login::Show(FrmPassword::Mode mode, Connection& file) {
          QDialog::Accepted;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -3,11 +3,19 @@
 #include "app/FrmPassword.h"
 #include "ledger/LoginGate.h"
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline datafile {
 class DataFileOpener;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline app {
 
 // Asks the person at the window for the passwords of data files, each once.
 class Login {
@@ -35,4 +43,4 @@ class Login {
   LoginGate gate_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -6,7 +6,7 @@
 #include <QActionGroup>
 #include <QMenu>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeFile();
@@ -240,4 +240,4 @@ void MainActions::SetDataOpen(bool open) const {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

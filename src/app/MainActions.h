@@ -12,9 +12,11 @@ class QMenu;
 class QMenuBar;
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class ucRibbon;
+}
+
+namespace corvanta::inline app {
 
 // The commands of the main window. Each stands once, in its menu; the pop-up menus and the ribbon
 // have the frequent ones again. What a command does is connected by the window.
@@ -134,4 +136,4 @@ class MainActions : public QObject {
   QWidget* window_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

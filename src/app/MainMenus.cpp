@@ -6,7 +6,7 @@
 #include <QMenu>
 #include <QMenuBar>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 QMenu* MainActions::AddMenu(QMenuBar& menus, const char* name, const QString& text) const {
   QMenu* menu = menus.addMenu(text);
@@ -94,4 +94,4 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewReminders);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

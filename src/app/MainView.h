@@ -16,11 +16,20 @@
 class QAction;
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Registry;
+}
+
+namespace corvanta::inline controls {
 class SortedTable;
+}
+
+namespace corvanta::inline reports {
 struct PrintTable;
+}
+
+namespace corvanta::inline app {
+
 struct ViewCommand;
 
 // The commands of the Edit menu, which stand for something else in each view.
@@ -60,7 +69,7 @@ class MainView {
   virtual void Remember(ViewCommand& /*command*/) const {}
   [[nodiscard]] virtual ViewSurroundings Surroundings() const { return {}; }
   // The window has read the accounts and their balances, whatever view is in front.
-  virtual void TakeAccounts() {}
+  virtual void ApplyAccounts() {}
   // What it keeps in order to be shown sooner is to be read anew.
   virtual void Forget() {}
   // The data file is about to be closed: no rows of it may be held any longer.
@@ -94,4 +103,4 @@ class MainView {
   virtual void ChooseDay(Date /*day*/) {}
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

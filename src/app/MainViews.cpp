@@ -6,7 +6,7 @@
 #include "app/ScheduleView.h"
 #include "app/TransactionShowView.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
   std::vector<MainView*> views;
@@ -18,4 +18,4 @@ std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
   return views;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

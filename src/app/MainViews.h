@@ -4,7 +4,7 @@
 
 class QWidget;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 class MainView;
 struct ViewPlace;
@@ -13,4 +13,4 @@ struct ViewPlace;
 // can be shown.
 [[nodiscard]] std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

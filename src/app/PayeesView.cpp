@@ -8,7 +8,7 @@
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 ListTraits Traits(const MainActions& actions) {
@@ -42,4 +42,4 @@ void PayeesView::Show(const ViewCommand& /*command*/) {
         tr("Payees are remembered as you enter transactions. You can also add them here.")});
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

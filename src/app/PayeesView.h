@@ -2,7 +2,7 @@
 
 #include "app/ReferenceView.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The view of "PayeeShow": who pays and is paid.
 class PayeesView : public ReferenceView {
@@ -14,4 +14,4 @@ class PayeesView : public ReferenceView {
   void Show(const ViewCommand& command) override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

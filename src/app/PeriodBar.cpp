@@ -10,7 +10,7 @@
 #include <QLabel>
 #include <QSignalBlocker>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 // The form in which the locale writes a day, in the letters of a date field. It is read off a day
@@ -58,8 +58,8 @@ PeriodBar::PeriodBar(const Locale& locale, QWidget* parent)
     SetInForce(inForce);
     Q_EMIT Changed();
   });
-  connect(from_, &QDateEdit::dateChanged, this, [this] { TakeDate(true); });
-  connect(to_, &QDateEdit::dateChanged, this, [this] { TakeDate(false); });
+  connect(from_, &QDateEdit::dateChanged, this, [this] { ApplyDate(true); });
+  connect(to_, &QDateEdit::dateChanged, this, [this] { ApplyDate(false); });
 }
 
 DateRange PeriodBar::Dates() const {
@@ -92,7 +92,7 @@ void PeriodBar::SetBelow(bool isBelow) {
 }
 
 // The other end moves along when the days would cross.
-void PeriodBar::TakeDate(bool isStart) {
+void PeriodBar::ApplyDate(bool isStart) {
   if (from_->date() > to_->date()) {
     QDateEdit* other = isStart ? to_ : from_;
     const QSignalBlocker quiet(other);
@@ -101,4 +101,4 @@ void PeriodBar::TakeDate(bool isStart) {
   Q_EMIT Changed();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

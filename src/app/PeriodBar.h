@@ -9,9 +9,11 @@
 class QCheckBox;
 class QDateEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The days that a register keeps to, and whether it does.
 class PeriodBar : public QWidget {
@@ -33,11 +35,11 @@ class PeriodBar : public QWidget {
   void Changed();  // what is in force is another
 
  private:
-  void TakeDate(bool isStart);
+  void ApplyDate(bool isStart);
 
   QCheckBox* chkUnset_;
   QDateEdit* from_;
   QDateEdit* to_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -10,7 +10,7 @@
 #include <QStatusBar>
 #include <QToolButton>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 void QtProgress::ShowIn(QStatusBar* bar) {
   text_ = new QLabel(bar);
@@ -92,4 +92,4 @@ bool QtProgress::eventFilter(QObject* watched, QEvent* event) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -12,7 +12,7 @@ class QProgressBar;
 class QStatusBar;
 class QToolButton;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // Shows a long operation in a status bar: its text, how far it is, and a button that stops it.
 // While it runs, the rest of the program takes no input; Escape stops as the button does.
@@ -49,4 +49,4 @@ class QtProgress : public QObject, public Progress {
   bool busy_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

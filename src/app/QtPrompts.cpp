@@ -16,7 +16,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr std::string_view kLastFolder = "LastFolder";
@@ -140,4 +140,4 @@ std::optional<std::string> QtPrompts::AskFile(const FileQuestion& question, bool
   return FromQt(path);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -6,9 +6,11 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Registry;
+}
+
+namespace corvanta::inline app {
 
 // Asks and tells through message boxes and file dialogs of the system. The folder of the last file
 // dialog is remembered in the settings.
@@ -40,4 +42,4 @@ class QtPrompts : public Prompts {
   QWidget* parent_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

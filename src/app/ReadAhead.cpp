@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr std::int64_t kLong = 20000;  // a shorter register is read in no time
@@ -65,9 +65,9 @@ void ReadAhead::Next() {
   while (rows_ == nullptr && !wanted_.empty()) {
     const Wanted next = wanted_.back();
     wanted_.pop_back();
-    rows_ = shelf_.TakeAhead(*store_, next.scope, next.openingBalance, next.sums);
+    rows_ = shelf_.FetchAhead(*store_, next.scope, next.openingBalance, next.sums);
     if (rows_ != nullptr && rows_->IsWhole()) rows_.reset();
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -12,11 +12,16 @@
 
 class QTimer;
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 struct AccountRow;
 struct StatusFilter;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline app {
 
 // Reads the long registers of the accounts that are not shown, little by little while nothing else
 // happens, so that going to one of them finds it read, whatever it is sorted by. It ends with the
@@ -52,4 +57,4 @@ class ReadAhead : public QObject {
   std::shared_ptr<RegisterRows> rows_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

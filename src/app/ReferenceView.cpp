@@ -5,7 +5,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 ReferenceView::ReferenceView(const ViewPlace& place, ReferenceKind kind, ListTraits traits,
                              QWidget* parent)
@@ -28,4 +28,4 @@ void ReferenceView::Delete(std::int64_t key) {
   Place().host.Notice(ToQt(deletion.Notice()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

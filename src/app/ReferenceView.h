@@ -3,7 +3,7 @@
 #include "app/ListView.h"
 #include "reference/ReferenceDialogs.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // What the views of accounts, categories and payees have in common: rows with an editor and rules
 // of the reference data.
@@ -24,4 +24,4 @@ class ReferenceView : public ListView {
   ReferenceKind kind_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

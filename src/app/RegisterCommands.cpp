@@ -28,7 +28,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 RegisterCommands::RegisterCommands(const ViewPlace& place, RegisterView& view)
     : place_(place), view_(view), menu_(new QMenu(&place.window)) {
@@ -223,4 +223,4 @@ void RegisterCommands::EditScheduleOfRow() {
                                "The schedule that this item was made from is no longer there.");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -13,7 +13,7 @@
 class QMenu;
 class QPoint;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 class RegisterView;
 
@@ -64,4 +64,4 @@ class RegisterCommands : public QObject {
   QMenu* menu_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -6,7 +6,7 @@
 
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kMark = 14;
 constexpr int kMarkGap = 3;
@@ -88,4 +88,4 @@ int RegisterDelegate::DrawMarks(QPainter& painter, const RegisterRow& row, const
   return width == 0 ? 0 : width + kMarkGap;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

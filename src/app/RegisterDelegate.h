@@ -7,7 +7,7 @@
 #include <QColor>
 #include <QIcon>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The colours of a list that the person may choose.
 struct ListColours {
@@ -47,4 +47,4 @@ class RegisterDelegate : public ListDelegate {
   QIcon attachment_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

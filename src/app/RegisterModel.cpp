@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr std::size_t kAtOnce = 10000;
 constexpr std::size_t kSlice = 15000;  // some milliseconds
@@ -286,4 +286,4 @@ QString MarksText(const RegisterRow& row, bool isAhead) {
   return marks.join(QStringLiteral(", "));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

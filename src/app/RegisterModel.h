@@ -16,9 +16,11 @@
 
 class QTimer;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The rows of a register as a table. Nothing is read or formatted before it is drawn, so that a
 // register of any length opens at once.
@@ -112,4 +114,4 @@ class RegisterModel : public QAbstractTableModel {
 // What the marks of a row say, in words: "split, from a schedule"; empty for an ordinary row.
 [[nodiscard]] QString MarksText(const RegisterRow& row, bool isAhead);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -26,7 +26,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 // Widths from what the locale writes, so that no date or amount is cut.
@@ -325,4 +325,4 @@ void RegisterView::SetPeriod(const std::optional<DateRange>& period) {
   period_->SetInForce(period.has_value());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

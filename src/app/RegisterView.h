@@ -19,14 +19,23 @@ class QBoxLayout;
 class QPoint;
 class QStackedWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class EmptyState;
+class SortedTable;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline ledger {
+class RegisterRows;
+}
+
+namespace corvanta::inline app {
+
 class PeriodBar;
 class RegisterModel;
-class RegisterRows;
-class SortedTable;
 class TotalsLine;
 class ViewHeader;
 
@@ -133,4 +142,4 @@ class RegisterView : public QWidget {
   Date today_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

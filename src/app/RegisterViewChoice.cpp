@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 std::vector<int> RegisterView::ChosenRows() const {
   std::vector<int> rows;
@@ -93,4 +93,4 @@ bool RegisterView::IsReading() const {
   return model_->IsReading();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

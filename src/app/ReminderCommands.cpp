@@ -22,11 +22,11 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr const char* kReminders = "Reminders";
-constexpr int kMostYearsAhead = 10;
+constexpr int kMaxYearsAhead = 10;
 
 // Why the occurrence was neither posted nor skipped; empty when it was.
 std::string FaultOf(OccurrenceResult result) {
@@ -57,7 +57,7 @@ ReminderCommands::ReminderCommands(const ViewPlace& place, RemindersPanel& panel
   connect(&panel_, &RemindersPanel::ChoiceChanged, this,
           [this] { place_.host.Guard([this] { Mark(); }); });
   connect(&calendar_, &ucCalendar::PageTurned, this,
-          [this] { place_.host.Guard([this] { TakePage(); }); });
+          [this] { place_.host.Guard([this] { ApplyPage(); }); });
 }
 
 void ReminderCommands::Read() {
@@ -79,11 +79,11 @@ void ReminderCommands::Read() {
 
 // A year beyond what the calendar shows, so that it can be turned without reading again.
 Date ReminderCommands::LastDueDay() const {
-  const QDate most = ToQt(place_.host.Today()).addYears(kMostYearsAhead);
+  const QDate most = ToQt(place_.host.Today()).addYears(kMaxYearsAhead);
   return FromQt(std::min(calendar_.LastShownDay().addYears(1), most));
 }
 
-void ReminderCommands::TakePage() {
+void ReminderCommands::ApplyPage() {
   if (FromQt(calendar_.LastShownDay()) > dueUntil_ && LastDueDay() > dueUntil_) Read();
 }
 
@@ -127,4 +127,4 @@ void ReminderCommands::Settle(const QString& done,
   if (fault.empty()) place_.host.Notice(done.arg(payment));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

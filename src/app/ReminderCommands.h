@@ -6,12 +6,18 @@
 
 #include <functional>
 
-namespace corvanta {
-
-class RemindersPanel;
+namespace corvanta::inline controls {
 class ucCalendar;
+}
+
+namespace corvanta::inline ledger {
 enum class OccurrenceResult;
 struct Reminder;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline app {
+
+class RemindersPanel;
 
 // What is due: read for the panel and the calendar, opened, posted and skipped.
 class ReminderCommands : public QObject {
@@ -30,7 +36,7 @@ class ReminderCommands : public QObject {
   // Up to when the calendar wants to know what is due.
   [[nodiscard]] Date LastDueDay() const;
   // The calendar shows other days.
-  void TakePage();
+  void ApplyPage();
   void Open();
   void Post();
   void Skip();
@@ -44,4 +50,4 @@ class ReminderCommands : public QObject {
   Date dueUntil_;  // up to when the calendar knows what is due
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

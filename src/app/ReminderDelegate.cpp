@@ -6,7 +6,7 @@
 
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 bool IsHead(const QModelIndex& index) {
@@ -64,4 +64,4 @@ void ReminderDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   painter->restore();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // Draws a reminder in two lines: who and how much, below it when and where, muted. An item without
 // an amount is the head of a group.
@@ -23,4 +23,4 @@ class ReminderDelegate : public QStyledItemDelegate {
                                const QModelIndex& index) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -15,7 +15,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kSmallestWidth = 24 * kRhythm;
 }
@@ -172,4 +172,4 @@ void RemindersPanel::Choose(const Reminder& former, std::pair<int, int> place) {
   list_->setCurrentItem(group->child(std::min(place.second, group->childCount() - 1)));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -11,9 +11,11 @@ class QLabel;
 class QPushButton;
 class QTreeWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The right column: what is due, in two groups, and the commands on the chosen payment.
 class RemindersPanel : public QWidget {
@@ -56,4 +58,4 @@ class RemindersPanel : public QWidget {
   QLabel* lblNone_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

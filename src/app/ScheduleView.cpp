@@ -10,6 +10,7 @@
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "entry/ScheduleEditor.h"
+#include "ledger/CategoryPath.h"
 #include "ledger/ScheduleBook.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -21,7 +22,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
@@ -57,8 +58,7 @@ QString Automatic(AddToAccount add) {
 
 QString CategoryOf(const ScheduleDetails& schedule) {
   if (schedule.hasLines) return ScheduleView::tr("Split");
-  const QString category = ToQt(schedule.category);
-  return schedule.subCategory.empty() ? category : category + u':' + ToQt(schedule.subCategory);
+  return ToQt(CategoryPath(schedule.category, schedule.subCategory));
 }
 
 ListTraits Traits(const ViewPlace& place) {
@@ -177,8 +177,8 @@ void ScheduleView::Paste() {
   const UndoLog::Step step = Place().session.Ledger().Undo().Begin("Paste Schedule");
   const std::int64_t last = Place().session.Ledger().Schedules().PasteSchedules(Copied());
   if (last == 0) return;
-  Place().host.TakeSchedules();
+  Place().host.ApplySchedules();
   Place().host.ChooseRow(Name(), last);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -3,9 +3,11 @@
 #include "app/ListView.h"
 #include "ledger/ScheduleRecord.h"
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The view of "LoadSchedule": what comes again and again, the next due first.
 class ScheduleView : public ListView {
@@ -34,4 +36,4 @@ class ScheduleView : public ListView {
   const Locale& locale_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 StartOptions ReadStartOptions(const QStringList& arguments) {
   QCommandLineParser parser;
@@ -77,4 +77,4 @@ QStringList WithoutWindowOptions(const QStringList& arguments) {
   return own;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // What the program was started with.
 struct StartOptions {
@@ -25,4 +25,4 @@ struct StartOptions {
 // The arguments without those that the windows' own library takes, such as "-platform".
 [[nodiscard]] QStringList WithoutWindowOptions(const QStringList& arguments);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -9,7 +9,7 @@
 
 #include <chrono>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr const char* kHolder = "the Corvanta window";
 // A command that is writing is soon done; a person at the window is not kept waiting for long.
@@ -56,4 +56,4 @@ bool StartUp::Run() {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

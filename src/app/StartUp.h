@@ -8,7 +8,7 @@
 
 #include <memory>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 class FrmMain;
 
@@ -32,4 +32,4 @@ class StartUp {
   std::unique_ptr<FrmMain> window_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -5,7 +5,7 @@
 #include <QFileInfo>
 #include <QTextStream>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 QString TipsFile() {
   const QString folder = QCoreApplication::applicationDirPath();
@@ -33,4 +33,4 @@ QStringList ReadTips(const QString& path) {
   return tips;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

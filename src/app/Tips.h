@@ -3,7 +3,7 @@
 #include <QString>
 #include <QStringList>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The file of tips in the program's folder, or in the folder of its shared files.
 [[nodiscard]] QString TipsFile();
@@ -12,4 +12,4 @@ namespace corvanta {
 // file there is one tip, which says so.
 [[nodiscard]] QStringList ReadTips(const QString& path);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

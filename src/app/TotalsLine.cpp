@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 constexpr int kGap = 3 * kRhythm;
@@ -163,4 +163,4 @@ void TotalsLine::paintEvent(QPaintEvent*) {
   painter.drawLine(0, 0, width(), 0);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,10 +7,15 @@
 class QGridLayout;
 class QLabel;
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 struct PeriodTotals;
+}
+
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline app {
 
 // The line under a list: how many rows it has, and what they come to. Where it is too narrow for
 // all figures they stand in two rows, then those leave that matter least: a figure that is cut
@@ -53,4 +58,4 @@ class TotalsLine : public QWidget {
   Form form_ = Form::OneRow;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,7 +7,7 @@
 #include <QList>
 #include <QMimeData>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 QString FormatOf(ClipKind kind) {
   return kind == ClipKind::Transactions ? QStringLiteral("application/x-corvanta-transactions")
@@ -39,4 +39,4 @@ std::vector<std::int64_t> FromClip(ClipKind kind, const QString& dataFile) {
   return {list.begin(), list.end()};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -9,7 +9,7 @@
 
 class QMimeData;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 enum class ClipKind { Transactions, Schedules };
 
@@ -19,4 +19,4 @@ enum class ClipKind { Transactions, Schedules };
 // The keys of that kind and file on the clipboard; empty when it holds none.
 [[nodiscard]] std::vector<std::int64_t> FromClip(ClipKind kind, const QString& dataFile);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

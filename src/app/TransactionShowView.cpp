@@ -25,7 +25,7 @@
 #include <algorithm>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 TransactionShowView::TransactionShowView(const ViewPlace& place, QWidget* parent)
     : QObject(parent),
@@ -63,7 +63,7 @@ SortedTable* TransactionShowView::Table() const {
 
 void TransactionShowView::Connect() {
   connect(register_, &RegisterView::ChoiceChanged, this, [this] { place_.host.MarkChoice(); });
-  connect(register_, &RegisterView::PeriodChanged, this, [this] { place_.host.TakeFilter(); });
+  connect(register_, &RegisterView::PeriodChanged, this, [this] { place_.host.ApplyFilter(); });
   connect(register_, &RegisterView::DaysRead, this, [this] { place_.host.ShowSurroundings(); });
   connect(register_, &RegisterView::Outdated, this, [this] { place_.host.Reload(); });
   connect(register_, &RegisterView::Failed, this, [this](const QString& reason) {
@@ -109,7 +109,7 @@ void TransactionShowView::ShowRows(const AccountRow& account,
                                    const std::optional<EntrySums>& sums) {
   Connection& store = place_.session.Ledger().Store();
   const ViewCommand& shown = place_.host.Shown();
-  const auto rows = shelf_.Take(store, Scope(), account.openingBalance, sums);
+  const auto rows = shelf_.Fetch(store, Scope(), account.openingBalance, sums);
   register_->ShowAccount(account, rows);
   if (register_->IsEmpty() && shown.IsFiltered()) {
     const EntrySums all = ReadSums(store, account_, StatusFilter(), std::nullopt, std::nullopt);
@@ -154,7 +154,7 @@ void TransactionShowView::Remember(ViewCommand& command) const {
   command.dates = register_->Period();
 }
 
-void TransactionShowView::TakeAccounts() {
+void TransactionShowView::ApplyAccounts() {
   const ViewCommand& shown = place_.host.Shown();
   // The days of a period are soon read.
   if (!place_.session.IsOpen() || shown.dates) return ahead_->Stop();
@@ -248,4 +248,4 @@ void TransactionShowView::ChooseDay(Date day) {
   register_->ChooseDay(day);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -10,11 +10,14 @@
 #include <memory>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+struct RegisterScope;
+}
+
+namespace corvanta::inline app {
 
 class ReadAhead;
 class RegisterView;
-struct RegisterScope;
 
 // The view of "TransactionShow": the register of one account, with its period and what is
 // remembered of registers that were read.
@@ -36,7 +39,7 @@ class TransactionShowView : public QObject, public MainView {
   void Remember(ViewCommand& command) const override;
   [[nodiscard]] ViewSurroundings Surroundings() const override;
   // Has the long registers read that may be gone to next.
-  void TakeAccounts() override;
+  void ApplyAccounts() override;
   void Forget() override { shelf_.Clear(); }
   void LetGo() override;
   void ApplySettings() override;
@@ -78,4 +81,4 @@ class TransactionShowView : public QObject, public MainView {
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 inline constexpr std::string_view kAccountShow = "AccountShow";
 inline constexpr std::string_view kTransactionShow = "TransactionShow";
@@ -44,4 +44,4 @@ struct ViewCommand {
   bool operator==(const ViewCommand&) const = default;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -7,7 +7,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 constexpr int kUsualName = 24;  // characters
 }
@@ -59,4 +59,4 @@ void ViewHeader::resizeEvent(QResizeEvent* event) {
   Elide();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -4,7 +4,7 @@
 
 class QLabel;
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The head of a view: what it shows, and a word about it.
 class ViewHeader : public QWidget {
@@ -29,4 +29,4 @@ class ViewHeader : public QWidget {
   QLabel* details_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -1,6 +1,6 @@
 #include "app/ViewHistory.h"
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 void ViewHistory::Push(const ViewCommand& command) {
   if (!slots_.empty()) {
@@ -31,4 +31,4 @@ void ViewHistory::Clear() {
   current_ = 0;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 // The views shown one after the other, as far back as the slots reach.
 class ViewHistory {
@@ -30,4 +30,4 @@ class ViewHistory {
   std::size_t current_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

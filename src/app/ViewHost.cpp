@@ -2,11 +2,11 @@
 
 #include <QAction>
 
-namespace corvanta {
+namespace corvanta::inline app {
 
 void ViewPlace::On(QAction* action, QObject* owner, const std::function<void()>& command) const {
   QObject::connect(action, &QAction::triggered, owner,
                    [to = &host, command] { to->Guard(command); });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -13,11 +13,14 @@ class QObject;
 class QString;
 class QWidget;
 
-namespace corvanta {
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline app {
 
 class LedgerSession;
 class MainActions;
-struct Platform;
 struct ViewCommand;
 
 // What a view, and a command that works in any of them, asks of the window.
@@ -35,9 +38,9 @@ class ViewHost {
   // Reads accounts, reminders and the view in front again.
   virtual void Reload() = 0;
   // Schedules are others than before: posts what is due by them, and the same.
-  virtual void TakeSchedules() = 0;
+  virtual void ApplySchedules() = 0;
   // The filter of the view in front is another.
-  virtual void TakeFilter() = 0;
+  virtual void ApplyFilter() = 0;
   // What is chosen is another.
   virtual void MarkChoice() = 0;
   // The surroundings of the view in front are others.
@@ -83,4 +86,4 @@ struct ViewPlace {
   void On(QAction* action, QObject* owner, const std::function<void()>& command) const;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline app {
 namespace {
 
 // Values of the window's own beside those that every part of the program knows.
@@ -105,4 +105,4 @@ QRect PlaceOnScreen(const WindowLayout& layout, const QRect& free) {
   return place;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

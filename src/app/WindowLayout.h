@@ -10,9 +10,11 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Registry;
+}
+
+namespace corvanta::inline app {
 
 // How the main window was left: where it stood, how its areas were divided, what it showed.
 struct WindowLayout {
@@ -40,4 +42,4 @@ void WriteLayout(Registry& registry, const WindowLayout& layout);
 // a kept one a comfortable size in its middle.
 [[nodiscard]] QRect PlaceOnScreen(const WindowLayout& layout, const QRect& free);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline app

@@ -10,7 +10,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 void AccountArgument::Declare(CLI::App& command) {
   command.add_option("account", name, "The account's name, or # and its key")->required();
@@ -28,4 +28,4 @@ std::optional<AccountRow> AccountArgument::Find(clsCorvanta& ledger, Session& se
   return std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -10,7 +10,7 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 class Session;
 
@@ -24,4 +24,4 @@ struct AccountArgument {
   [[nodiscard]] std::optional<AccountRow> Find(clsCorvanta& ledger, Session& session) const;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 void AccountFields::Declare(CLI::App& command, bool isNew) {
   command.add_option("--group", group_, "Its account group; a new one is made")->required(isNew);
@@ -41,4 +41,4 @@ bool AccountFields::Fill(AccountForm& form, clsCorvanta& ledger, Session& sessio
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,10 +9,13 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 class Session;
-class clsCorvanta;
 
 // The options that say what an account is; what is not given is left as it is.
 class AccountFields {
@@ -31,4 +34,4 @@ class AccountFields {
   std::optional<std::string> description_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

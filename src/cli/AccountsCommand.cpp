@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Account";
@@ -111,4 +111,4 @@ ExitStatus AccountsCommand::Delete(const AccountRow& account, AccountEditor& edi
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -8,7 +8,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // accounts [list]: every account, closed ones too, with its balance. accounts add, edit, close,
 // reopen and delete: one of them.
@@ -38,4 +38,4 @@ class AccountsCommand : public Command {
   std::optional<std::string> newName_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

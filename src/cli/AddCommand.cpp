@@ -8,7 +8,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* AddCommand::Declare(CLI::App& parser) {
   CLI::App* command = parser.add_subcommand("add", "Enter a transaction and print its key");
@@ -35,4 +35,4 @@ ExitStatus AddCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // add expense|income|transfer: enters a transaction and prints its key.
 class AddCommand : public Command {
@@ -18,4 +18,4 @@ class AddCommand : public Command {
   EntryArguments arguments_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -8,7 +8,7 @@
 #include <system_error>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kFirstDay = "0001-01-01";
@@ -93,4 +93,4 @@ StatusFilter StatusArgument::Get() const {
   return {has('u'), has('c'), has('r')};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

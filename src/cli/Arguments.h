@@ -14,7 +14,7 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // --from D and --to D, either of them alone too.
 struct PeriodArguments {
@@ -48,4 +48,4 @@ struct StatusArgument {
 // What is wrong with a date argument, which is YYYY-MM-DD alone; empty when nothing is.
 [[nodiscard]] std::string DateFault(const std::string& text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

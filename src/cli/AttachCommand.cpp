@@ -14,7 +14,7 @@
 
 #include <filesystem>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Attachment";
@@ -88,4 +88,4 @@ ExitStatus AttachCommand::Delete(clsCorvanta& ledger, std::int64_t transactionId
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

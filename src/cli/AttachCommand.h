@@ -5,9 +5,11 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 // attach list, attach add and attach delete: the file that is attached to a transaction.
 class AttachCommand : public Command {
@@ -26,4 +28,4 @@ class AttachCommand : public Command {
   std::string file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 std::vector<NamedItem> Items(const std::vector<EntryChoice>& choices) {
@@ -69,4 +69,4 @@ ExitStatus AutofillCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -5,10 +5,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline entry {
 struct AutofillForm;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 // autofill: enters a transaction like the payee's last one of that category; prints its key.
 class AutofillCommand : public Command {
@@ -27,4 +32,4 @@ class AutofillCommand : public Command {
   std::string date_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -12,7 +12,7 @@
 
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 Value Figure(const std::optional<double>& figure) {
@@ -66,4 +66,4 @@ ExitStatus BalanceCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 #include "cli/Arguments.h"
 #include "cli/Command.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // balance ACCOUNT: the totals of one account over a period.
 class BalanceCommand : public Command {
@@ -18,4 +18,4 @@ class BalanceCommand : public Command {
   StatusArgument status_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

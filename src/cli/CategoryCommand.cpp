@@ -12,7 +12,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kIncome = "income";
@@ -98,4 +98,4 @@ Deletion CategoryCommand::Delete(clsCorvanta& ledger, Prompts& prompts, std::int
   return CategoryEditor(ledger, prompts).Delete(key);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -2,7 +2,7 @@
 
 #include "cli/ReferenceCommand.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // category: categories and sub-categories with their budgets. Both stand in one name:
 // "Category:SubCategory".
@@ -27,4 +27,4 @@ class CategoryCommand : public ReferenceCommand {
   std::string description_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

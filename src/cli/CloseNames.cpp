@@ -6,10 +6,10 @@
 #include <numeric>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
-constexpr std::size_t kMostNames = 3;
+constexpr std::size_t kMaxNames = 3;
 
 struct Nearness {
   std::size_t whole;      // letters typed, dropped or changed between the two texts
@@ -50,7 +50,7 @@ std::vector<std::string> CloseNames(const std::string& typed,
   std::ranges::stable_sort(close, {}, &std::pair<std::size_t, std::string>::first);
   std::vector<std::string> nearest;
   for (auto& [distance, name] : close) {
-    if (nearest.size() < kMostNames) nearest.push_back(std::move(name));
+    if (nearest.size() < kMaxNames) nearest.push_back(std::move(name));
   }
   return nearest;
 }
@@ -66,4 +66,4 @@ std::string DidYouMean(const std::vector<std::string>& close) {
   return question + "?";
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 class Session;
 
@@ -23,4 +23,4 @@ class Command {
   virtual ExitStatus Run(Session& session) = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

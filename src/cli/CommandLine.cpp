@@ -45,7 +45,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 ExitStatus StatusOf(StoreErrorCode code) {
@@ -243,4 +243,4 @@ ExitStatus CommandLine::Report(const std::string& title, const std::string& text
   return status;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

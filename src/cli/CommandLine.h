@@ -14,7 +14,7 @@ namespace CLI {
 class ParseError;
 }
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // The whole command line: global options, the commands, and what a failure becomes.
 class CommandLine {
@@ -40,4 +40,4 @@ class CommandLine {
   std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

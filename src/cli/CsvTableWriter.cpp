@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 std::string Quoted(std::string_view field) {
@@ -50,4 +50,4 @@ void CsvTableWriter::Write(const OutputTable& table, std::ostream& out) const {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -2,7 +2,7 @@
 
 #include "cli/TableWriter.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // Comma-separated values as RFC 4180 has them: a header line, CR LF at every line's end, quotes
 // where a field needs them. Dates are ISO, numbers shortest with a point, NULL is empty.
@@ -11,4 +11,4 @@ class CsvTableWriter : public TableWriter {
   void Write(const OutputTable& table, std::ostream& out) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 CLI::App* DeleteCommand::Declare(CLI::App& parser) {
   CLI::App* command =
       parser.add_subcommand("delete", "Delete transactions with their split lines and other half");
@@ -33,4 +33,4 @@ ExitStatus DeleteCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

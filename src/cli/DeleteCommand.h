@@ -5,7 +5,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // delete ID...: deletes transactions, each with its split lines and its other half.
 class DeleteCommand : public Command {
@@ -17,4 +17,4 @@ class DeleteCommand : public Command {
   TransactionsArgument transactions_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

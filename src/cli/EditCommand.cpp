@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* EditCommand::Declare(CLI::App& parser) {
   CLI::App* command =
@@ -47,4 +47,4 @@ ExitStatus EditCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // edit ID: changes what is given of a transaction.
 class EditCommand : public Command {
@@ -20,4 +20,4 @@ class EditCommand : public Command {
   EntryArguments arguments_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

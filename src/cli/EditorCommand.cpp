@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 template <typename Record>
 EditorCommand<Record>::EditorCommand(const char* command, const char* column)
@@ -87,4 +87,4 @@ template class EditorCommand<PayeeRecord>;
 template class EditorCommand<PaymentRecord>;
 template class EditorCommand<KeywordRecord>;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

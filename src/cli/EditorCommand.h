@@ -2,7 +2,7 @@
 
 #include "cli/ReferenceCommand.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // The command of one kind of the ledger's ReferenceTables.h.
 template <typename Record>
@@ -28,4 +28,4 @@ class EditorCommand : public ReferenceCommand {
   Record details_;  // what "add" is told beside the name
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

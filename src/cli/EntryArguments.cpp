@@ -8,12 +8,12 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Transaction";
 
-void Take(const std::optional<std::string>& given, std::string& field) {
+void Copy(const std::optional<std::string>& given, std::string& field) {
   if (given) field = *given;
 }
 
@@ -79,10 +79,10 @@ bool EntryFields::Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
     return key.has_value();
   };
   if (!takeAccount(account_, form.accountId) || !takeAccount(to_, form.accountToId)) return false;
-  Take(payee_, form.payee);
-  Take(payment_, form.payment);
-  Take(reference_, form.reference);
-  Take(description_, form.description);
+  Copy(payee_, form.payee);
+  Copy(payment_, form.payment);
+  Copy(reference_, form.reference);
+  Copy(description_, form.description);
   if (category_) {
     const CategoryName name = CategoryOf(ledger, *category_);
     form.category = name.category;
@@ -120,4 +120,4 @@ bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& s
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

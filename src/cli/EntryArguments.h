@@ -13,10 +13,13 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 class Session;
-class clsCorvanta;
 
 // The account of that name or "#" and key; nullopt when there is none, which has then been told.
 [[nodiscard]] std::optional<std::int64_t> AccountOf(clsCorvanta& ledger, const std::string& name,
@@ -69,4 +72,4 @@ class EntryArguments {
   std::optional<std::string> status_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -1,6 +1,6 @@
 #pragma once
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // What the program tells its caller when it ends; other programs rely on the numbers.
 enum class ExitStatus {
@@ -11,4 +11,4 @@ enum class ExitStatus {
   MachineFailed = 4      // a disk, a file or the network
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

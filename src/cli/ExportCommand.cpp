@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* ExportCommand::Declare(CLI::App& parser) {
   CLI::App* command =
@@ -50,4 +50,4 @@ ExitStatus ExportCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // export FILE --account A: the transactions of an account as QIF, OFX, CSV or a spreadsheet, by the
 // file's extension. A file that is there is replaced with --force alone.
@@ -23,4 +23,4 @@ class ExportCommand : public Command {
   bool force_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // What stands before a command and holds for every one of them.
 struct GlobalOptions {
@@ -19,4 +19,4 @@ struct GlobalOptions {
   int wait = 5;                        // seconds to wait for another program that is writing
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 std::string MapFault(const std::string& text) {
@@ -192,4 +192,4 @@ ExitStatus ImportCommand::Import(ImportEditor& editor, const ImportForm& form,
   return isDone ? ExitStatus::Done : ExitStatus::Refused;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

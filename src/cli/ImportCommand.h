@@ -6,11 +6,16 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline exchange {
 class ImportEditor;
 struct ImportForm;
+}  // namespace corvanta::inline exchange
+
+namespace corvanta::inline ledger {
 struct Warning;
+}
+
+namespace corvanta::inline cli {
 
 // import FILE: a QIF, OFX or CSV file into the ledger.
 class ImportCommand : public Command {
@@ -44,4 +49,4 @@ class ImportCommand : public Command {
   std::string saveMapping_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

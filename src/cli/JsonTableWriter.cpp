@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 std::string JsonText(const std::string& text) {
@@ -55,4 +55,4 @@ void JsonTableWriter::Write(const OutputTable& table, std::ostream& out) const {
   out << (table.Rows().empty() ? "]\n" : "\n]\n");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

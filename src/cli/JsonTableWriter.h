@@ -2,7 +2,7 @@
 
 #include "cli/TableWriter.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // An array with an object for every row, in the order of the columns. Whole numbers keep all their
 // digits, other numbers are the shortest that read back the same, NULL is null, text stays UTF-8.
@@ -12,4 +12,4 @@ class JsonTableWriter : public TableWriter {
   void Write(const OutputTable& table, std::ostream& out) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -11,7 +11,7 @@
 #include <optional>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Recovery Key";
@@ -64,4 +64,4 @@ ExitStatus KeyCommand::Use(Session& session) const {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // key show: the recovery key of the data file. key use FILE: takes a data file of another
 // installation over, with the key or transfer file that came with it.
@@ -21,4 +21,4 @@ class KeyCommand : public Command {
   std::string file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

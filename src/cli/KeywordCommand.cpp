@@ -7,7 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 void KeywordCommand::DeclareMore(CLI::App& command) {
   of_ = command.add_subcommand("of", "List the keywords of a transaction");
@@ -60,4 +60,4 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 #include "cli/TransactionsArgument.h"
 #include "ledger/ReferenceRecords.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // keyword: keywords, and the links between them and transactions.
 class KeywordCommand : public EditorCommand<KeywordRecord> {
@@ -27,4 +27,4 @@ class KeywordCommand : public EditorCommand<KeywordRecord> {
   TransactionsArgument transactions_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* MergeCommand::Declare(CLI::App& parser) {
   CLI::App* command =
@@ -42,4 +42,4 @@ ExitStatus MergeCommand::Run(Session& session) {
   return isDone ? ExitStatus::Done : ExitStatus::Refused;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

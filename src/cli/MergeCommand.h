@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // merge payee|category FROM INTO: moves all that uses one payee or category to another one.
 class MergeCommand : public Command {
@@ -18,4 +18,4 @@ class MergeCommand : public Command {
   std::string into_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 TypeChange ChangeOf(const std::string& word) {
@@ -72,4 +72,4 @@ ExitStatus MultiEditCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline entry {
 struct MultiEditForm;
+}
+
+namespace corvanta::inline cli {
 
 // multi-edit ID...: changes several transactions at once, as far as options are given.
 class MultiEditCommand : public Command {
@@ -28,4 +30,4 @@ class MultiEditCommand : public Command {
   std::optional<std::string> status_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

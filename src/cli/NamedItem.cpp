@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 std::vector<NamedItem> Matches(const std::vector<NamedItem>& items, const std::string& typed) {
@@ -48,4 +48,4 @@ std::optional<NamedItem> FindItem(const std::vector<NamedItem>& items, const std
   return std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

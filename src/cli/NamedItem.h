@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 class Session;
 
@@ -22,4 +22,4 @@ struct NamedItem {
                                                 const std::string& typed, const std::string& title,
                                                 const std::string& kind, Session& session);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* NewCommand::Declare(CLI::App& parser) {
   CLI::App* command = parser.add_subcommand("new", "Create the data file, with sample data");
@@ -18,4 +18,4 @@ ExitStatus NewCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

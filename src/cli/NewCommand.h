@@ -2,7 +2,7 @@
 
 #include "cli/Command.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // new [--empty]: creates the data file, with sample data unless told otherwise.
 class NewCommand : public Command {
@@ -14,4 +14,4 @@ class NewCommand : public Command {
   bool empty_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

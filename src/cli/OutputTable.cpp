@@ -3,11 +3,11 @@
 #include <cassert>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 void OutputTable::AddRow(std::vector<Value> row) {
   assert(row.size() == columns_.size());
   rows_.push_back(std::move(row));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // How a column is written for a person; files for programs write every value by its own kind.
 enum class OutputKind {
@@ -38,4 +38,4 @@ class OutputTable {
   std::vector<std::vector<Value>> rows_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -11,7 +11,7 @@
 
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Password";
@@ -86,4 +86,4 @@ ExitStatus PasswordCommand::SwitchOff(LoginPassword& password, Session& session)
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

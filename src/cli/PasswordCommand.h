@@ -5,9 +5,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class LoginPassword;
+}
+
+namespace corvanta::inline cli {
 
 // password [set|change|off]: the password that the data file asks for.
 class PasswordCommand : public Command {
@@ -28,4 +30,4 @@ class PasswordCommand : public Command {
   CLI::App* off_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Post";
@@ -86,4 +86,4 @@ ExitStatus PostCommand::PostOne(clsCorvanta& ledger, SchedulePosting& posting,
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

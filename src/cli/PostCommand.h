@@ -5,10 +5,12 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class SchedulePosting;
 class clsCorvanta;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline cli {
 
 // post: the posting of what is due, or of one payment; post --skip passes over one.
 class PostCommand : public Command {
@@ -24,4 +26,4 @@ class PostCommand : public Command {
   bool skips_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -14,7 +14,7 @@
 
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 constexpr const char* kTitle = "Download Currency";
 }  // namespace
@@ -57,4 +57,4 @@ ExitStatus RateCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

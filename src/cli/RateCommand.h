@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // rate FROM TO: fetches an exchange rate.
 class RateCommand : public Command {
@@ -17,4 +17,4 @@ class RateCommand : public Command {
   std::string to_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -14,7 +14,7 @@
 #include <algorithm>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 void AddKeys(CLI::App& command, const char* name, std::vector<std::int64_t>& keys,
@@ -150,4 +150,4 @@ bool ReconcileCommand::IsBalanced(const ReconcileTotals& totals, const std::stri
   return false;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

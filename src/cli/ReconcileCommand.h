@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // reconcile ACCOUNT [--tick ID,ID] ...: balances an account against a statement. Without a choice
 // of rows it shows the totals and writes nothing.
@@ -37,4 +37,4 @@ class ReconcileCommand : public Command {
   std::string balance_;  // empty when the statement's is not given
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* ReferenceCommand::Declare(CLI::App& parser) {
   CLI::App* command =
@@ -75,4 +75,4 @@ std::optional<NamedItem> ReferenceCommand::Find(clsCorvanta& ledger, Session& se
   return FindItem(Items(ledger), typed, words_.title, words_.kind, session);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -12,10 +12,15 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 // NAME [list], NAME add, NAME rename, NAME delete: what the commands of all named things share. A
 // command says in its overrides what it is a command of.
@@ -68,4 +73,4 @@ class ReferenceCommand : public Command {
   std::string newName_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

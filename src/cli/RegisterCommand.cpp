@@ -9,7 +9,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* RegisterCommand::Declare(CLI::App& parser) {
   CLI::App* command = parser.add_subcommand("register", "List the transactions of an account");
@@ -48,4 +48,4 @@ ExitStatus RegisterCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

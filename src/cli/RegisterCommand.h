@@ -4,7 +4,7 @@
 #include "cli/Arguments.h"
 #include "cli/Command.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // register ACCOUNT: the transactions of one account with the running balance.
 class RegisterCommand : public Command {
@@ -18,4 +18,4 @@ class RegisterCommand : public Command {
   StatusArgument status_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

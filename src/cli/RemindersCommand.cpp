@@ -11,7 +11,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 void AddRows(OutputTable& table, const char* group, const std::vector<Reminder>& items) {
@@ -60,4 +60,4 @@ ExitStatus RemindersCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

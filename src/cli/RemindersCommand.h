@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // reminders: what is due, or will be soon.
 class RemindersCommand : public Command {
@@ -16,4 +16,4 @@ class RemindersCommand : public Command {
   std::string until_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

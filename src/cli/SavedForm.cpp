@@ -4,7 +4,7 @@
 
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 void PrintKey(std::int64_t key, Session& session) {
   if (session.Options().format == "text") {
@@ -16,4 +16,4 @@ void PrintKey(std::int64_t key, Session& session) {
   session.Print(table);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // The key of what an editor's rules accept and save; nullopt, told, for what they refuse.
 template <typename Editor, typename Form>
@@ -22,4 +22,4 @@ std::optional<std::int64_t> SaveChecked(Editor& editor, const Form& form, Sessio
 // The key of a new row: as text the key alone, ready for a script.
 void PrintKey(std::int64_t key, Session& session);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -6,7 +6,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::Option* ScheduleArgument::Declare(CLI::App& command) {
   return command.add_option("id", key_, "The key of the schedule")->type_name("ID");
@@ -19,4 +19,4 @@ std::optional<ScheduleDetails> ScheduleArgument::Find(clsCorvanta& ledger, Sessi
   return std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

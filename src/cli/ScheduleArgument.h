@@ -10,10 +10,13 @@ class App;
 class Option;
 }  // namespace CLI
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 class Session;
-class clsCorvanta;
 
 // A schedule named on the command line by its key.
 class ScheduleArgument {
@@ -27,4 +30,4 @@ class ScheduleArgument {
   std::optional<std::int64_t> key_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

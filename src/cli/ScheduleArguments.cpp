@@ -10,11 +10,11 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Schedule";
-constexpr int kMostPayments = 1000000;
+constexpr int kMaxPayments = 1000000;
 
 }  // namespace
 
@@ -39,7 +39,7 @@ void ScheduleArguments::Declare(CLI::App& command, bool isNew) {
       ->check(DateFault);
   command.add_option("--number", number_, "How many payments from the start on; 0 without end")
       ->type_name("N")
-      ->check(CLI::Range(0, kMostPayments));
+      ->check(CLI::Range(0, kMaxPayments));
   command
       .add_option("--automatic", automatic_,
                   "What posts it: no (a person), due (post, when it is due) or ahead (post, as far "
@@ -97,4 +97,4 @@ bool ScheduleArguments::FillPlan(ScheduleForm& form, ScheduleEditor& editor, cls
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

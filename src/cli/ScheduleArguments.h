@@ -11,10 +11,13 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 class Session;
-class clsCorvanta;
 
 // The options that say what a schedule is; what is not given is left as it is.
 class ScheduleArguments {
@@ -44,4 +47,4 @@ class ScheduleArguments {
 [[nodiscard]] const char* WordOf(AddToAccount choice);
 [[nodiscard]] const char* WordOf(WeekendRule rule);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

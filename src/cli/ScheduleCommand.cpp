@@ -20,7 +20,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Schedule";
@@ -216,4 +216,4 @@ ExitStatus ScheduleCommand::Dates(clsCorvanta& ledger, Session& session) const {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

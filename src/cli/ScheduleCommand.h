@@ -7,9 +7,11 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 // schedule list, add, edit, split, copy, delete and dates: the recurring transactions.
 class ScheduleCommand : public Command {
@@ -43,4 +45,4 @@ class ScheduleCommand : public Command {
   std::string until_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

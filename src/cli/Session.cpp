@@ -11,7 +11,7 @@
 #include <chrono>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 Session::Session(Platform& platform, const GlobalOptions& options, const std::string& command,
                  std::ostream& out, std::ostream& messages)
     : platform_(platform),
@@ -68,4 +68,4 @@ ExitStatus Session::Refuse(const std::string& title, const std::string& text) {
   return ExitStatus::Refused;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -9,10 +9,13 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline cli {
 
 class OutputTable;
-struct Platform;
 
 enum class Access { Read, Write };
 
@@ -56,4 +59,4 @@ class Session {
   std::ostream& messages_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

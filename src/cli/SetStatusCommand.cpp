@@ -7,7 +7,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 StatusCommand CommandOf(const std::string& status) {
@@ -39,4 +39,4 @@ ExitStatus SetStatusCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -5,7 +5,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // status ID... --set STATUS: sets the status of transactions, whatever it was before.
 class SetStatusCommand : public Command {
@@ -18,4 +18,4 @@ class SetStatusCommand : public Command {
   std::string status_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

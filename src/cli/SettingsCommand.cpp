@@ -16,7 +16,7 @@
 #include <filesystem>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Settings";
@@ -190,4 +190,4 @@ bool SettingsCommand::IsPreferences() const {
   return Key() == kSettingsKey;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

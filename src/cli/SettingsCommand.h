@@ -11,9 +11,11 @@ namespace CLI {
 class Option;
 }
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Value;
+}
+
+namespace corvanta::inline cli {
 
 // settings [NAME [VALUE]]: lists, reads and writes preferences. Needs no data file.
 class SettingsCommand : public Command {
@@ -42,4 +44,4 @@ class SettingsCommand : public Command {
   CLI::Option* valueOption_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

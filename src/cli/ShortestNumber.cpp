@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr double kSmallestPlain = 1e-6;
@@ -23,4 +23,4 @@ std::string ShortestNumber(double number) {
   return {text.data(), end.ptr};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -8,7 +8,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Allocate Item";
@@ -57,4 +57,4 @@ ExitStatus SplitCommand::Run(Session& session) {
   return lines_.Run(editor, ledger, session);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 #include "cli/SplitLines.h"
 #include "cli/TransactionsArgument.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // split ID: lists the lines of a transaction, adds some, edits, replaces or deletes them.
 class SplitCommand : public Command {
@@ -17,4 +17,4 @@ class SplitCommand : public Command {
   SplitLines lines_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Allocate Item";
@@ -155,14 +155,14 @@ std::optional<SplitLines::Plan> SplitLines::PlanChange(AllocationEditor& editor,
       plan.leaving.push_back(line.key);
     } else {
       ++plan.staying;
-      plan.shares += line.amount.value_or(0);
+      plan.sum += line.amount.value_or(0);
     }
   }
   for (const Line& line : lines_) {
     if (!line.key) plan.written.push_back(Changed({}, line, editor, ledger));
   }
   for (const AllocationForm& line : plan.written) {
-    plan.shares += line.amount.value_or(0);
+    plan.sum += line.amount.value_or(0);
     if (const auto warning = editor.Check(line)) {
       session.Tell(warning->title, warning->text);
       return std::nullopt;
@@ -177,7 +177,7 @@ ExitStatus SplitLines::Change(AllocationEditor& editor, clsCorvanta& ledger,
   if (!plan) return ExitStatus::Refused;
   // What is no longer split keeps its amount.
   const bool isSplit = plan->staying + plan->written.size() > 0;
-  if (isSplit && !editor.AgreeToSum(plan->shares)) return ExitStatus::Refused;
+  if (isSplit && !editor.AgreeToSum(plan->sum)) return ExitStatus::Refused;
   for (const AllocationForm& line : plan->written) {
     if (!editor.AgreeToCategory(line)) return ExitStatus::Refused;
   }
@@ -205,4 +205,4 @@ void SplitLines::List(AllocationEditor& editor, Session& session) {
   session.Print(table);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -13,10 +13,13 @@ namespace CLI {
 class App;
 }
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
 
 class Session;
-class clsCorvanta;
 
 // The lines that a transaction or a schedule is split into: listed without options, otherwise
 // added, edited, replaced and deleted, all of it or nothing.
@@ -43,7 +46,7 @@ class SplitLines {
     std::vector<std::int64_t> leaving;
     std::size_t edited = 0;
     std::size_t staying = 0;
-    double shares = 0;  // the sum afterwards, signed
+    double sum = 0;  // the sum afterwards, signed
   };
 
   void CollectLines(const CLI::App& command);
@@ -70,4 +73,4 @@ class SplitLines {
   std::vector<Line> lines_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

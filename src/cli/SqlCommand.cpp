@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "SQL";
@@ -97,4 +97,4 @@ void SqlCommand::PrintRows(Connection& connection, Session& session) const {
   session.Print(table);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

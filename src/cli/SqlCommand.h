@@ -4,9 +4,11 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline cli {
 
 // sql STATEMENT: one statement in the program's own dialect. A statement that only reads works
 // beside a running window; one that writes takes the right to write.
@@ -22,4 +24,4 @@ class SqlCommand : public Command {
   std::string statement_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

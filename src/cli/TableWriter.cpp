@@ -4,7 +4,7 @@
 #include "cli/JsonTableWriter.h"
 #include "cli/TextTableWriter.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 std::unique_ptr<TableWriter> TableWriter::For(std::string_view form, const Locale& locale) {
   if (form == "csv") return std::make_unique<CsvTableWriter>();
@@ -12,4 +12,4 @@ std::unique_ptr<TableWriter> TableWriter::For(std::string_view form, const Local
   return std::make_unique<TextTableWriter>(locale);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,9 +4,12 @@
 #include <memory>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline cli {
+
 class OutputTable;
 
 // Writes a table in one form. A failing stream is left in its failed state for the caller to see.
@@ -21,4 +24,4 @@ class TableWriter {
                                                         const Locale& locale);
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

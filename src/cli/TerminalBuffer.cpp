@@ -2,7 +2,7 @@
 
 #include "platform/ShownText.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr std::size_t kEnough = 16384;
@@ -36,4 +36,4 @@ bool TerminalBuffer::Send(std::size_t size) {
   return terminal_.sputn(shown.data(), count) == count;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

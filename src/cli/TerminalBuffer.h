@@ -3,7 +3,7 @@
 #include <streambuf>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // Stands before a terminal: what is written arrives as ShownText has it, whatever form of output it
 // is. The data is exact wherever it does not go to a terminal.
@@ -28,4 +28,4 @@ class TerminalBuffer : public std::streambuf {
   std::string waiting_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

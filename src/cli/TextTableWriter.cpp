@@ -11,10 +11,10 @@
 #include <cstddef>
 #include <ostream>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
-constexpr int kMostDecimals = 10;
+constexpr int kMaxDecimals = 10;
 constexpr double kLargestGrouped = 1e15;  // beyond it a double has no more digits to show
 constexpr std::string_view kGap = "  ";
 
@@ -34,7 +34,7 @@ int DecimalsOf(const Value& value) {
   const std::string text = ShortestNumber(value.Double());
   const std::size_t point = text.find('.');
   if (point == std::string::npos || text.find('e') != std::string::npos) return 0;
-  return static_cast<int>(std::min<std::size_t>(text.size() - point - 1, kMostDecimals));
+  return static_cast<int>(std::min<std::size_t>(text.size() - point - 1, kMaxDecimals));
 }
 
 // One number of decimals for a whole column, so that its points stand under one another.
@@ -112,4 +112,4 @@ void TextTableWriter::Write(const OutputTable& table, std::ostream& out) const {
   for (std::size_t line = 1; line < lines.size(); ++line) WriteLine(lines[line], out);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Value;
+}
+
+namespace corvanta::inline cli {
 
 // Columns for a person's eye: the header underlined, numbers to the right, numbers and dates as the
 // locale writes them, NULL blank. A row stays a line, and no value steers the terminal: line ends
@@ -26,4 +28,4 @@ class TextTableWriter : public TableWriter {
   const Locale& locale_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

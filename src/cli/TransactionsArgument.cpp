@@ -8,16 +8,16 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kMeaning = "The transaction's key, as the register shows it";
-constexpr std::size_t kMostDigits = 10;
+constexpr std::size_t kMaxDigits = 10;
 
 }  // namespace
 
 std::string KeyFault(const std::string& text) {
-  const bool isKey = !text.empty() && text.size() <= kMostDigits && text.front() != '0' &&
+  const bool isKey = !text.empty() && text.size() <= kMaxDigits && text.front() != '0' &&
                      text.find_first_not_of("0123456789") == std::string::npos;
   return isKey ? "" : "'" + text + "' is no key of a transaction";
 }
@@ -81,4 +81,4 @@ std::string TransactionCount(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " transaction" : " transactions");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -12,7 +12,7 @@ namespace CLI {
 class App;
 }  // namespace CLI
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 class Session;
 
@@ -42,4 +42,4 @@ class TransactionsArgument {
 // The words for a number of them: "1 transaction", "3 transactions".
 [[nodiscard]] std::string TransactionCount(std::size_t count);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

@@ -4,7 +4,7 @@
 
 #include <CLI/CLI.hpp>
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 CLI::App* ValidateCommand::Declare(CLI::App& parser) {
   return parser.add_subcommand("validate", "Compact, upgrade, clean up and check the data file");
@@ -18,4 +18,4 @@ ExitStatus ValidateCommand::Run(Session& session) {
   return ExitStatus::Done;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

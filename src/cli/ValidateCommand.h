@@ -2,7 +2,7 @@
 
 #include "cli/Command.h"
 
-namespace corvanta {
+namespace corvanta::inline cli {
 
 // validate: compacts, upgrades, cleans up and checks the data file.
 class ValidateCommand : public Command {
@@ -11,4 +11,4 @@ class ValidateCommand : public Command {
   ExitStatus Run(Session& session) override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline cli

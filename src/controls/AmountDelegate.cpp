@@ -6,7 +6,7 @@
 #include <QApplication>
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 void AmountDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const {
@@ -32,4 +32,4 @@ QSize AmountDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelI
   return {TabularWidth(QFontMetrics(cell.font), cell.text) + 2 * kRhythm, size.height()};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // Draws a cell's text as a number: at the right edge, with even digits, in the item's own colour.
 class AmountDelegate : public QStyledItemDelegate {
@@ -17,4 +17,4 @@ class AmountDelegate : public QStyledItemDelegate {
                                const QModelIndex& index) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -12,7 +12,7 @@
 #include <cmath>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 constexpr int kMaxDecimals = 6;
@@ -142,4 +142,4 @@ void AmountEdit::focusOutEvent(QFocusEvent* event) {
   QLineEdit::focusOutEvent(event);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

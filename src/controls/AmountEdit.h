@@ -4,9 +4,11 @@
 
 #include <optional>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline controls {
 
 // How an amount field leaves its text.
 enum class AmountText {
@@ -64,4 +66,4 @@ class AmountEdit : public QLineEdit {
   QString refused_;  // what was typed and is no number, while 0 is shown for it
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

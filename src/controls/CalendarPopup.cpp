@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 CalendarPopup::CalendarPopup(QWidget* parent)
     : QFrame(parent, Qt::Popup), calendar_(new ucCalendar(this)) {
@@ -21,7 +21,7 @@ CalendarPopup::CalendarPopup(QWidget* parent)
   setFocusProxy(calendar_);
   calendar_->installEventFilter(this);
   connect(calendar_, &ucCalendar::DateSelected, this, [this] { isChosen_ = isPressed_; });
-  connect(calendar_, &ucCalendar::DateActivated, this, &CalendarPopup::Take);
+  connect(calendar_, &ucCalendar::DateActivated, this, &CalendarPopup::Choose);
 }
 
 void CalendarPopup::Open(const QWidget& field, QDate day, QDate today) {
@@ -39,7 +39,7 @@ void CalendarPopup::Open(const QWidget& field, QDate day, QDate today) {
   calendar_->setFocus(Qt::PopupFocusReason);
 }
 
-void CalendarPopup::Take(QDate day) {
+void CalendarPopup::Choose(QDate day) {
   hide();
   Q_EMIT DayTaken(day);
 }
@@ -52,7 +52,7 @@ bool CalendarPopup::eventFilter(QObject* watched, QEvent* event) {
     isChosen_ = false;
   } else if (event->type() == QEvent::MouseButtonRelease) {
     isPressed_ = false;
-    if (isChosen_) Take(calendar_->Selected());
+    if (isChosen_) Choose(calendar_->Selected());
   } else if (event->type() == QEvent::KeyPress &&
              static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
     hide();
@@ -61,4 +61,4 @@ bool CalendarPopup::eventFilter(QObject* watched, QEvent* event) {
   return QFrame::eventFilter(watched, event);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QFrame>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 class ucCalendar;
 
@@ -24,11 +24,11 @@ class CalendarPopup : public QFrame {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  void Take(QDate day);
+  void Choose(QDate day);
 
   ucCalendar* calendar_;
   bool isPressed_ = false;
   bool isChosen_ = false;  // by the button that is pressed
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -6,7 +6,7 @@
 #include <QHBoxLayout>
 #include <QRadioButton>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 ChoiceRow::ChoiceRow(const QString& name, const std::vector<Item>& items, QWidget* parent)
     : QWidget(parent), group_(new QButtonGroup(this)) {
@@ -36,4 +36,4 @@ void ChoiceRow::SetChoice(std::optional<int> code) {
   group_->setExclusive(true);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

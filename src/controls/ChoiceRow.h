@@ -7,7 +7,7 @@
 class QButtonGroup;
 class QHBoxLayout;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A few choices side by side, of which one is taken. Each is a button of its own, named after the
 // row and its code: "opPayment0".
@@ -32,4 +32,4 @@ class ChoiceRow : public QWidget {
   QButtonGroup* group_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

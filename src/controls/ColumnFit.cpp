@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <numeric>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 class Fit {
@@ -105,4 +105,4 @@ std::vector<int> FitColumns(const std::vector<ColumnNeed>& columns, int room) {
   return Fit(columns, room).Widths();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

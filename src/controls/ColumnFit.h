@@ -2,7 +2,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // How much room the column of a list asks for.
 struct ColumnNeed {
@@ -23,4 +23,4 @@ struct ColumnNeed {
 // larger than the room where that is not enough.
 [[nodiscard]] std::vector<int> FitColumns(const std::vector<ColumnNeed>& columns, int room);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -8,7 +8,7 @@
 
 #include <exception>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 bool RunCommand(Prompts& prompts, const std::function<void()>& command) {
   try {
@@ -27,4 +27,4 @@ bool RunCommand(Prompts& prompts, const std::function<void()>& command) {
   return false;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -12,7 +12,7 @@
 #include <QKeyEvent>
 #include <QRegularExpression>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 // A typing error, not a day of somebody's books.
@@ -149,4 +149,4 @@ void DateField::OpenCalendar() {
   calendar_->Open(*this, ToQt(day_), ToQt(clock_.Today()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -6,11 +6,14 @@
 
 #include <optional>
 
-namespace corvanta {
-
-class CalendarPopup;
+namespace corvanta::inline platform {
 class Clock;
 class Locale;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline controls {
+
+class CalendarPopup;
 
 // A field for a day, in the locale's short form. Keys move it: + - and the arrows by a day, [ ] and
 // the arrows with Ctrl by a week, Page Up and Page Down by a month; T is today; F4 opens a
@@ -58,4 +61,4 @@ class DateField : public QLineEdit {
   Date day_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -7,7 +7,7 @@
 #include <QPushButton>
 #include <QShortcut>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 EditorDialog::EditorDialog(const QString& name, const QString& what, Prompts& prompts,
                            QWidget* parent)
@@ -125,4 +125,4 @@ void EditorDialog::DeleteItem() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

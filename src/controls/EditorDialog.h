@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // What the editors of single rows have in common: the mode ("ADD" a new row, "EDIT" an existing
 // one) and the row of buttons. Saving in "ADD" clears the dialog for the next row, in "EDIT" it
@@ -67,4 +67,4 @@ class EditorDialog : public FormDialog {
   std::vector<QPushButton*> editButtons_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

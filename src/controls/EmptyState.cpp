@@ -10,7 +10,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 constexpr int kPicture = 6 * kRhythm;
 constexpr int kTextWidth = 45 * kRhythm;
@@ -76,4 +76,4 @@ void EmptyState::Colour() {
       SvgIcon(icon_).pixmap(QSize(kPicture, kPicture), devicePixelRatioF(), QIcon::Disabled));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -6,7 +6,7 @@ class QAction;
 class QLabel;
 class QPushButton;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // What a view shows while it has nothing to show: a picture, what is the case, what to do next,
 // and the button that does it.
@@ -34,4 +34,4 @@ class EmptyState : public QWidget {
   QAction* action_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -22,7 +22,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 constexpr int kSmallestField = 38 * kRhythm;
@@ -253,4 +253,4 @@ bool FormDialog::MayDrop(const QString& title) {
          prompts_.Ask(FromQt(title), "What you have typed is not saved. Do you wish to drop it?");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -17,10 +17,13 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-namespace corvanta {
+namespace corvanta::inline platform {
+class Prompts;
+}
+
+namespace corvanta::inline controls {
 
 class MutedLabel;
-class Prompts;
 
 // What dialogs with fields have in common: labels in one column and fields in another, a line that
 // says what has happened, rows of buttons, and commands that end in words when they fail.
@@ -105,4 +108,4 @@ class FormDialog : public QuietEnd<QDialog> {
   std::vector<QWidget*> order_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

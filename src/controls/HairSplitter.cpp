@@ -4,7 +4,7 @@
 
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 class HairHandle : public QSplitterHandle {
@@ -29,4 +29,4 @@ QSplitterHandle* HairSplitter::createHandle() {
   return new HairHandle(orientation(), this);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QSplitter>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A splitter whose handle is a hairline.
 class HairSplitter : public QSplitter {
@@ -15,4 +15,4 @@ class HairSplitter : public QSplitter {
   QSplitterHandle* createHandle() override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

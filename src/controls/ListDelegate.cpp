@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QWidget>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 QRect CellTextRect(const QRect& cell, int column, int columns) {
   const int left = column == 0 ? 2 * kRhythm : kRhythm;
@@ -59,4 +59,4 @@ void ListDelegate::DrawText(QPainter& painter, const QRect& place, const QString
                    painter.fontMetrics().elidedText(text, Qt::ElideRight, place.width()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

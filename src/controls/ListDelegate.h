@@ -2,7 +2,7 @@
 
 #include <QStyledItemDelegate>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // The place of a cell's text in a list: a gap on both sides, a wider one at the edges of the list.
 [[nodiscard]] QRect CellTextRect(const QRect& cell, int column, int columns);
@@ -30,4 +30,4 @@ class ListDelegate : public QStyledItemDelegate {
 // elsewhere.
 void MuteSelection(QStyleOptionViewItem& option);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

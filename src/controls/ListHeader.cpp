@@ -5,7 +5,7 @@
 
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 ListHeader::ListHeader(QWidget* parent) : QHeaderView(Qt::Horizontal, parent) {
   setHighlightSections(false);
@@ -56,4 +56,4 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   painter->restore();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QHeaderView>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // The head of a list: quiet column names that stand above the text of their cells.
 class ListHeader : public QHeaderView {
@@ -17,4 +17,4 @@ class ListHeader : public QHeaderView {
   void paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -8,7 +8,7 @@
 #include <tuple>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 struct SortState {
   int column = -1;  // none: the list's own order
@@ -51,4 +51,4 @@ template <typename KeyOf>
   return order;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

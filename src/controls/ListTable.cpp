@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <numeric>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   setHorizontalHeader(new ListHeader(this));
@@ -32,7 +32,7 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRhythm + 2);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this](int column, int before, int now) {
-            if (!filling_ && before > 0 && now > 0) TakeWidth(column, before, now);
+            if (!filling_ && before > 0 && now > 0) ApplyWidth(column, before, now);
           });
   // Where there is no room for all that can neither give way nor leave, figures at the end stay in
   // sight.
@@ -104,7 +104,7 @@ void ListTable::FillWidth() {
 // A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
 // and those behind it make room as far as they can. A list that was wider than its room before may
 // stay as wide.
-void ListTable::TakeWidth(int column, int before, int width) {
+void ListTable::ApplyWidth(int column, int before, int width) {
   const auto taken = static_cast<std::size_t>(column);
   if (taken >= columns_.size()) return;
   std::vector<ColumnNeed> needs;
@@ -154,4 +154,4 @@ void ListTable::keyPressEvent(QKeyEvent* event) {
   QTableView::keyPressEvent(event);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A list of rows: one height, whole rows chosen, no cell frames. Home and End go to the first and
 // last row, Tab leaves the list, Enter opens the row. Its columns fill the width: what is over goes
@@ -52,11 +52,11 @@ class ListTable : public QTableView {
   };
   [[nodiscard]] ColumnNeed NeedOf(const State& column) const;
   void FillWidth();
-  void TakeWidth(int column, int before, int width);
+  void ApplyWidth(int column, int before, int width);
   void Arrange(const std::vector<ColumnNeed>& needs);
 
   std::vector<State> columns_;
   bool filling_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 constexpr int kLongestWord = 24;  // characters
@@ -44,4 +44,4 @@ QString Shortened(const QString& text, int characters) {
   return text.left(head) + QStringLiteral("…") + text.mid(letters.position());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -5,7 +5,7 @@
 #include <QEvent>
 #include <QGuiApplication>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 MutedLabel::MutedLabel(QWidget* parent) : QLabel(parent) {
   Colour();
@@ -29,4 +29,4 @@ void MutedLabel::Colour() {
   colouring_ = false;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

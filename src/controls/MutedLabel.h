@@ -2,7 +2,7 @@
 
 #include <QLabel>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A label of second rank; its colour follows the palette from light to dark.
 class MutedLabel : public QLabel {
@@ -19,4 +19,4 @@ class MutedLabel : public QLabel {
   bool colouring_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <QStyleOption>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 // The style's own outline shows where the keyboard is.
@@ -47,4 +47,4 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
   if (isField && NeedsOutline(*option)) DrawOutline(*painter, *option, false);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QProxyStyle>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // The desktop's style, with an outline around boxes, options and fields where a dark palette would
 // leave them without one.
@@ -16,4 +16,4 @@ class OutlinedStyle : public QProxyStyle {
                           QPainter* painter, const QWidget* widget) const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -10,7 +10,7 @@
 #include <QLineEdit>
 #include <QMetaObject>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 constexpr int kShownItems = 14;
 constexpr int kShownCharacters = 28;
@@ -27,7 +27,7 @@ PickBox::PickBox(QWidget* parent) : QComboBox(parent) {
   completer()->setCaseSensitivity(Qt::CaseInsensitive);
   completer()->setFilterMode(Qt::MatchContains);
   completer()->setMaxVisibleItems(kShownItems);
-  connect(lineEdit(), &QLineEdit::textEdited, this, &PickBox::TakeTyped);
+  connect(lineEdit(), &QLineEdit::textEdited, this, &PickBox::ApplyTyped);
   lineEdit()->installEventFilter(this);
   completer()->popup()->installEventFilter(this);
 }
@@ -37,7 +37,7 @@ QSize PickBox::minimumSizeHint() const {
   return QComboBox::minimumSizeHint() - QSize(more, 0);
 }
 
-void PickBox::TakeTyped(const QString& text) {
+void PickBox::ApplyTyped(const QString& text) {
   const bool isAppended = text.size() == typed_.size() + 1 && text.startsWith(typed_);
   // The first letter over a chosen text, and not the last one that is left of it.
   const bool isBegun = text.size() == 1 && !typed_.startsWith(text);
@@ -71,7 +71,7 @@ void PickBox::Leave() {
   if (item >= 0 && lineEdit()->text() != itemText(item)) lineEdit()->setText(itemText(item));
 }
 
-bool PickBox::TakeListKey(const QKeyEvent& event) {
+bool PickBox::HandleListKey(const QKeyEvent& event) {
   QAbstractItemView& list = *completer()->popup();
   if (event.key() == Qt::Key_Alt || event.key() == Qt::Key_Meta) {
     // While the list is open, every key is its own and no mnemonic is heard.
@@ -97,7 +97,7 @@ bool PickBox::eventFilter(QObject* watched, QEvent* event) {
   }
   if (event->type() == QEvent::KeyPress) {
     const auto& key = *static_cast<const QKeyEvent*>(event);
-    if (watched == completer()->popup() && TakeListKey(key)) return true;
+    if (watched == completer()->popup() && HandleListKey(key)) return true;
     if (IsCommandLetter(key)) {
       event->ignore();
       return true;
@@ -135,4 +135,4 @@ void PickBox::SetKey(qint64 key) {
   if (currentIndex() < 0) clearEditText();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -4,7 +4,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 struct PickItem {
   qint64 key = 0;
@@ -34,14 +34,14 @@ class PickBox : public QComboBox {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
-  void TakeTyped(const QString& text);
+  void ApplyTyped(const QString& text);
   void Complete();
   void Leave();
   // Whether a key that came to the open list has been dealt with.
-  bool TakeListKey(const QKeyEvent& event);
+  bool HandleListKey(const QKeyEvent& event);
 
   QString typed_;              // what stood in the field after the last key
   bool isToComplete_ = false;  // a letter was added at its end
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 [[nodiscard]] inline QString ToQt(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
@@ -25,4 +25,4 @@ namespace corvanta {
   return Date::FromSerial(static_cast<std::int32_t>(QDate(1970, 1, 1).daysTo(date)));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

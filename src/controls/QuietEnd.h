@@ -2,7 +2,7 @@
 
 #include <QObject>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A window whose parts fall silent as it goes. A window that is destroyed is hidden then, the field
 // in use loses its keys, and lists are emptied: all of that sends signals, at a time when what is
@@ -18,4 +18,4 @@ class QuietEnd : public Window {
   }
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 constexpr int kIcon = 3 * kRhythm;
 constexpr int kGap = kRhythm / 2;
@@ -20,15 +20,15 @@ RibbonButton::RibbonButton(QAction* action, QWidget* parent)
   setFocusPolicy(Qt::TabFocus);
   setAttribute(Qt::WA_Hover);
   setCheckable(action->isCheckable());
-  TakeState();
-  connect(action, &QAction::changed, this, &RibbonButton::TakeState);
+  ApplyState();
+  connect(action, &QAction::changed, this, &RibbonButton::ApplyState);
   connect(this, &QAbstractButton::clicked, action, [this] {
     action_->trigger();
-    TakeState();
+    ApplyState();
   });
 }
 
-void RibbonButton::TakeState() {
+void RibbonButton::ApplyState() {
   setText(action_->iconText());
   setIcon(action_->icon());
   setToolTip(action_->toolTip());
@@ -116,4 +116,4 @@ void RibbonButton::paintEvent(QPaintEvent*) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

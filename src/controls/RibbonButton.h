@@ -4,7 +4,7 @@
 
 class QAction;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // One command of the ribbon: its icon above its name. A checked command carries a line in the
 // program's colour below it.
@@ -25,11 +25,11 @@ class RibbonButton : public QAbstractButton {
   void paintEvent(QPaintEvent* event) override;
 
  private:
-  void TakeState();
+  void ApplyState();
   void DrawCount(QPainter& painter, const QRect& picture) const;
 
   QAction* action_;
   bool isCompact_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -2,7 +2,7 @@
 
 #include <QHeaderView>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 SortedTable::SortedTable(QWidget* parent) : ListTable(parent) {
   horizontalHeader()->setSectionsClickable(true);
@@ -29,4 +29,4 @@ void SortedTable::SetSorted(const SortState& sort) {
   Q_EMIT SortChosen();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

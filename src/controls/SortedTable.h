@@ -3,7 +3,7 @@
 #include "controls/ListSort.h"
 #include "controls/ListTable.h"
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A list that is sorted by a click on the head of a column, and the other way round by the next.
 class SortedTable : public ListTable {
@@ -28,4 +28,4 @@ class SortedTable : public ListTable {
   SortState sort_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

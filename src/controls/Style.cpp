@@ -5,7 +5,7 @@
 #include <array>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 double Linear(double channel) {
@@ -78,4 +78,4 @@ QFont ScaledFont(int step, QFont::Weight weight) {
   return font;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

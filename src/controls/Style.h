@@ -6,7 +6,7 @@
 #include <QFont>
 #include <QPalette>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // Every margin and gap is a multiple of it, in device independent pixels.
 inline constexpr int kRhythm = 8;
@@ -29,4 +29,4 @@ inline constexpr int kRhythm = 8;
 // 2 title).
 [[nodiscard]] QFont ScaledFont(int step, QFont::Weight weight = QFont::Normal);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -13,7 +13,7 @@ static void LoadResources() {
   Q_INIT_RESOURCE(corvanta);
 }
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 class SvgIconEngine : public QIconEngine {
@@ -68,4 +68,4 @@ QIcon ProgramIcon() {
   return QIcon(new SvgIconEngine(file.readAll()));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

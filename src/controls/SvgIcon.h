@@ -3,7 +3,7 @@
 #include <QIcon>
 #include <QString>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // Makes the program's pictures available; called once before the first SvgIcon.
 void InitPictures();
@@ -16,4 +16,4 @@ void InitPictures();
 // The program's own picture, in its own colours.
 [[nodiscard]] QIcon ProgramIcon();
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -4,7 +4,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 struct DigitWidths {
@@ -72,4 +72,4 @@ void DrawTabular(QPainter& painter, const QRect& rect, const QString& text) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

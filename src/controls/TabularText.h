@@ -7,7 +7,7 @@
 
 class QPainter;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // The width of the text when every digit is as wide as the widest one.
 [[nodiscard]] int TabularWidth(const QFontMetrics& metrics, const QString& text);
@@ -16,4 +16,4 @@ namespace corvanta {
 // that does not fit is drawn smaller: a number cut short would be another number, and dots none.
 void DrawTabular(QPainter& painter, const QRect& rect, const QString& text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -3,7 +3,7 @@
 
 #include <QKeyEvent>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // Whether the key is a letter with Alt or Meta held: one that is meant for a mnemonic or for the
 // desktop and must not end up in the text. Ctrl together with Alt is how some keyboards write
@@ -16,4 +16,4 @@ namespace corvanta {
   return !typed.isEmpty() && typed.front().isPrint();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

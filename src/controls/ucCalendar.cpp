@@ -13,7 +13,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 constexpr int kWeeks = 6;
 constexpr int kDays = 7;
@@ -312,4 +312,4 @@ void ucCalendar::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

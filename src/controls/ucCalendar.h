@@ -8,7 +8,7 @@
 
 class QPainter;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // The month calendar: one month as a grid of days, drawn by itself. Arrow keys move the chosen day,
 // Page Up and Page Down the month, Home goes to today; the arrows beside the title and the mouse
@@ -81,4 +81,4 @@ class ucCalendar : public QWidget {
   QMap<QDate, QStringList> due_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

@@ -9,7 +9,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 
-namespace corvanta {
+namespace corvanta::inline controls {
 namespace {
 
 // The line between two groups, shorter than the bar.
@@ -93,4 +93,4 @@ void ucRibbon::keyPressEvent(QKeyEvent* event) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

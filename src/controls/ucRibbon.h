@@ -5,7 +5,7 @@
 class QAction;
 class QHBoxLayout;
 
-namespace corvanta {
+namespace corvanta::inline controls {
 
 // A bar of large buttons below the menu, one per command. It draws itself. Where it is too narrow
 // for their names it shows the icons alone. Left and right move between its buttons, Enter and the
@@ -39,4 +39,4 @@ class ucRibbon : public QWidget {
   QHBoxLayout* buttons_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline controls

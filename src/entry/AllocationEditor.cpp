@@ -17,7 +17,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 template <typename Row>
@@ -29,17 +29,17 @@ AllocationForm FormOf(const Row& row, std::int64_t key) {
   return form;
 }
 
-constexpr const char* kInvalidShare = "Please enter a valid value for Amount";
+constexpr const char* kInvalidAmount = "Please enter a valid value for Amount";
 
 constexpr EntryRule kRules[] = {
     kCategoryNeeded,
     kCategoryFits,
     kSubCategoryFits,
-    {HasNoAmount, kInvalidShare, "txtAmount"},
-    {HasTooMuch, kInvalidShare, "txtAmount"},
+    {HasNoAmount, kInvalidAmount, "txtAmount"},
+    {HasTooMuch, kInvalidAmount, "txtAmount"},
 };
 
-// Of a category that a share brings with it.
+// Of a category that a line brings with it.
 int KindOf(const AllocationForm& line) {
   return line.amount.value_or(0) > 0 ? 1 : -1;
 }
@@ -76,12 +76,11 @@ double AllocationEditor::Settled(double amount) const {
 }
 
 double AllocationEditor::Remaining() {
-  const double shares =
-      ledger_.Store()
-          .QueryValue("Select SUM(Amount) as AAmount from " + std::string(Table()) +
-                      " Where AllocatedItem = " + SqlNumber(parent_.key))
-          .Double();
-  return Settled(Total() - shares);
+  const double sum = ledger_.Store()
+                         .QueryValue("Select SUM(Amount) as AAmount from " + std::string(Table()) +
+                                     " Where AllocatedItem = " + SqlNumber(parent_.key))
+                         .Double();
+  return Settled(Total() - sum);
 }
 
 AllocationForm AllocationEditor::New() {
@@ -149,7 +148,7 @@ void AllocationEditor::Delete(std::int64_t key) {
   } else {
     ledger_.Transactions().DeleteTransaction(key);
   }
-  // The last share to go would leave its own amount behind as the parent's.
+  // The last line to go would leave its own amount behind as the parent's.
   if (Lines().empty()) Rewrite(parent_.key, [this](auto& record) { record.amount = Total(); });
   all.Commit();
 }
@@ -164,4 +163,4 @@ bool AllocationEditor::AgreeToRemaining(double remaining) {
       turnsRound ? Icon::Warning : Icon::Question);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -20,7 +20,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 AutofillForm AutofillEditor::New(std::int64_t accountId) {
   AutofillForm form;
@@ -111,4 +111,4 @@ TransactionForm AutofillEditor::Details(const AutofillForm& form, const std::str
   return details;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -8,10 +8,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline entry {
 
 struct AutofillForm {
   std::int64_t transactionId = 0;  // 0 for a new row
@@ -52,4 +57,4 @@ class AutofillEditor {
   Platform& platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

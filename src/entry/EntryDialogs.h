@@ -13,10 +13,15 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class RateSource;
+}
+
+namespace corvanta::inline entry {
 
 // What a dialog works on and stands before. Valid while the data file stays open.
 struct EntryPlace {
@@ -62,7 +67,7 @@ EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace&
 // The editor of schedules. Without any account it says so and opens nothing; a schedule that is
 // gone opens nothing and is reported as a change. Throws StoreError when it cannot be read.
 EntryResult OpenSchedule(const ScheduleRequest& request, const EntryPlace& place);
-// The split dialog. Its result says only whether shares were written; the parent's amount is what
+// The split dialog. Its result says only whether lines were written; the parent's amount is what
 // the data file then holds.
 EntryResult OpenAllocation(const AllocationParent& parent, const EntryPlace& place);
 // The editor of several transactions, in the order of the list.
@@ -71,4 +76,4 @@ EntryResult OpenMultiEdit(Keys keys, const EntryPlace& place);
 // the full editor can show opens that one.
 EntryResult OpenAutofill(std::int64_t accountId, std::int64_t key, const EntryPlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

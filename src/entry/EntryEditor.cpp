@@ -11,7 +11,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr const char* kTransferPayee = "Transfer";
@@ -80,4 +80,4 @@ void EntryEditor::Fill(const EntryForm& form, Record& record) {
 template void EntryEditor::Fill(const EntryForm& form, TransactionRecord& record);
 template void EntryEditor::Fill(const EntryForm& form, ScheduleRecord& record);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

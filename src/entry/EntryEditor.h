@@ -7,10 +7,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline entry {
 
 // What the editors of transactions and of schedules have in common. Operations throw StoreError.
 class EntryEditor {
@@ -43,4 +48,4 @@ class EntryEditor {
   std::string declinedField_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -2,7 +2,7 @@
 
 #include "platform/TextCase.h"
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr const char* kTransferCategory = "Credit";
@@ -43,4 +43,4 @@ void ChooseType(EntryForm& form, EntryType type) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

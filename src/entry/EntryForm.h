@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 enum class EntryType { None, Expense, Income, Transfer };
 
@@ -56,4 +56,4 @@ void FillForm(const Details& row, bool isTransfer, EntryForm& form) {
   form.hasLines = row.hasLines;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -10,7 +10,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 std::vector<EntryChoice> AccountChoices(clsCorvanta& ledger,
                                         const std::vector<std::int64_t>& also) {
@@ -67,4 +67,4 @@ std::vector<EntryChoice> CategoryPairs(clsCorvanta& ledger) {
   return choices;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -7,9 +7,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline entry {
 
 struct EntryChoice {
   std::int64_t key = 0;
@@ -30,4 +32,4 @@ struct EntryChoice {
 // Every category and sub-category as "Category" or "Category:SubCategory", by name.
 [[nodiscard]] std::vector<EntryChoice> CategoryPairs(clsCorvanta& ledger);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -17,7 +17,7 @@
 #include <cmath>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 std::optional<Warning> FirstBroken(std::span<const EntryRule> rules, const EntryForm& form) {
   const auto rule =
@@ -90,4 +90,4 @@ void TellOtherAmount(Platform& platform, double sum, double typed) {
                                           ", which stays the Amount of this item");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -10,11 +10,16 @@
 #include <span>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
-class clsCorvanta;
 struct Platform;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline entry {
 
 // What a form must not be, what is said then, and about which control. The forms are settled: their
 // texts have no blanks around them, and the names of the category are apart.
@@ -98,4 +103,4 @@ void Settle(clsCorvanta& ledger, EntryForm& form);
 // that was typed for it; both signed.
 void TellOtherAmount(Platform& platform, double sum, double typed);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -6,7 +6,7 @@
 #include "controls/DateField.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "ledger/CurrencyOf.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
@@ -16,7 +16,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr const char* kHelp =
@@ -141,4 +141,4 @@ void FrmAccountAuto::Help() {
   place_.platform.prompts.Tell("Autofill Transactions", kHelp);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -6,12 +6,14 @@
 
 #include <optional>
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class AmountEdit;
 class ChoiceRow;
 class DateField;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline entry {
 
 // Enters a transaction quickly: the rest is that of the account's latest one of the same payee and
 // category.
@@ -58,4 +60,4 @@ class FrmAccountAuto : public EditorDialog {
   PickBox* cmbCategory_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

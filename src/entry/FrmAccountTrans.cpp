@@ -7,7 +7,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "ledger/TransactionStatus.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
@@ -17,7 +17,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 FrmAccountTrans::FrmAccountTrans(const EntryPlace& place, std::int64_t accountId)
     : FrmEntry(QStringLiteral("FrmAccountTrans"), tr("Transaction"), place, accountId),
@@ -220,4 +220,4 @@ void FrmAccountTrans::ShowSchedule() {
   cmdAddSchedule_->setToolTip(isPosted ? tr("View Schedule") : tr("Add to Schedule"));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

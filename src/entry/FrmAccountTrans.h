@@ -5,10 +5,12 @@
 
 #include <QSet>
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class ChoiceRow;
 class DateField;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline entry {
 
 // The editor of ordinary transactions and transfers.
 class FrmAccountTrans : public FrmEntry {
@@ -35,9 +37,9 @@ class FrmAccountTrans : public FrmEntry {
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
   std::int64_t Save() override;
   bool Delete() override { return editor_.Delete(Key()); }
-  void TakeType() override;
-  void TakeAccount() override { ShowArrival(); }
-  void TakeLines(bool isChanged) override;
+  void ApplyType() override;
+  void ApplyAccount() override { ShowArrival(); }
+  void ApplyLines(bool isChanged) override;
   void ShowType() override;
 
  private:
@@ -82,4 +84,4 @@ class FrmAccountTrans : public FrmEntry {
   QPushButton* cmdAddSchedule_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

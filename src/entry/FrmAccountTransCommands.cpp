@@ -4,7 +4,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "entry/FrmAccountTrans.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
 #include "ledger/Money.h"
 #include "platform/Platform.h"
@@ -16,7 +16,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr const char* kEditTransfer = "Edit Transfer Item";
@@ -36,7 +36,7 @@ constexpr const char* kHelp =
 
 }  // namespace
 
-void FrmAccountTrans::TakeType() {
+void FrmAccountTrans::ApplyType() {
   TransactionForm form = Form();
   form.type = form_.type;
   form.accountToId = cmbAccountTo_->Key();
@@ -78,7 +78,7 @@ void FrmAccountTrans::Allocate() {
   });
 }
 
-void FrmAccountTrans::TakeLines(bool isChanged) {
+void FrmAccountTrans::ApplyLines(bool isChanged) {
   const auto row = editor_.Load(Key());
   if (!row) return;
   form_.hasLines = row->hasLines;
@@ -152,4 +152,4 @@ void FrmAccountTrans::Help() {
   place_.platform.prompts.Tell("Transactions", kHelp);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

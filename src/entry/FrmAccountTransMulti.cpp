@@ -4,7 +4,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "ledger/BulkChange.h"
 #include "ledger/TransactionStatus.h"
 #include "platform/Platform.h"
@@ -13,7 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 // Behind the codes of the three statuses.
@@ -39,8 +39,8 @@ FrmAccountTransMulti::FrmAccountTransMulti(Keys keys, const EntryPlace& place)
       cmbPayee_(new PickBox(this)),
       cmbCategory_(new PickBox(this)),
       cmbSubCategory_(new PickBox(this)),
-      categories_(new FrmCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
-                                       *cmbSubCategory_, this)),
+      categories_(new ucCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
+                                      *cmbSubCategory_, this)),
       opPayment_(new ChoiceRow(QStringLiteral("opPayment"),
                                {{0, tr("Uncleared")},
                                 {1, tr("Cleared")},
@@ -148,4 +148,4 @@ void FrmAccountTransMulti::Help() {
   platform_.prompts.Tell("Multiple Account Transactions", kHelp);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

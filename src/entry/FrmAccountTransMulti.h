@@ -9,11 +9,14 @@
 
 class QComboBox;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class ChoiceRow;
-class FrmCategoryBoxes;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline entry {
+
+class ucCategoryBoxes;
 
 // Changes several transactions at once. What is left empty stays as it is in each of them.
 class FrmAccountTransMulti : public FormDialog {
@@ -42,8 +45,8 @@ class FrmAccountTransMulti : public FormDialog {
   PickBox* cmbPayee_;
   PickBox* cmbCategory_;
   PickBox* cmbSubCategory_;
-  FrmCategoryBoxes* categories_;
+  ucCategoryBoxes* categories_;
   ChoiceRow* opPayment_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -7,7 +7,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -21,7 +21,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 enum Column { kCategory, kDescription, kReference, kAmount, kColumns };
@@ -46,8 +46,8 @@ FrmAllocate::FrmAllocate(const AllocationParent& parent, const EntryPlace& place
       lblSums_(new MutedLabel(this)),
       cmbCategory_(new PickBox(this)),
       cmbSubCategory_(new PickBox(this)),
-      categories_(new FrmCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
-                                       *cmbSubCategory_, this)),
+      categories_(new ucCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
+                                      *cmbSubCategory_, this)),
       txtAmount_(new AmountEdit(place.platform.locale, this, AmountText::Rounded)),
       txtReference_(new QLineEdit(this)),
       txtDescription_(new QLineEdit(this)) {
@@ -57,7 +57,7 @@ FrmAllocate::FrmAllocate(const AllocationParent& parent, const EntryPlace& place
   MakeList();
   MakeFields();
   MakeButtons();
-  Run([this] { StartShare(); });
+  Run([this] { StartLine(); });
 }
 
 void FrmAllocate::MakeList() {
@@ -86,7 +86,7 @@ void FrmAllocate::MakeList() {
   lvAllocated_->addAction(remove);
   connect(remove, &QAction::triggered, this, &FrmAllocate::Delete);
   connect(lvAllocated_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-          &FrmAllocate::TakeChosen);
+          &FrmAllocate::ShowChosen);
   connect(lvAllocated_, &QAbstractItemView::activated, this, [this] { FocusFirstField(); });
 }
 
@@ -113,9 +113,9 @@ void FrmAllocate::MakeButtons() {
   auto* help = MakeButton(tr("&Help"), "cmdHelp");
   auto* cancel = MakeButton(tr("&Close"), "cmdCancel");
   accept->setDefault(true);
-  accept->setToolTip(tr("Save this share"));
-  another->setToolTip(tr("Start a new share of what remains"));
-  cmdDelete_->setToolTip(tr("Remove the share chosen in the list"));
+  accept->setToolTip(tr("Save this line"));
+  another->setToolTip(tr("Start a new line of what remains"));
+  cmdDelete_->setToolTip(tr("Remove the line chosen in the list"));
   AddButtonRow({another, cmdDelete_, help}, {accept, cancel});
   connect(accept, &QPushButton::clicked, this, &FrmAllocate::Accept);
   connect(another, &QPushButton::clicked, this, &FrmAllocate::New);
@@ -128,23 +128,23 @@ QString FrmAllocate::Shown(double amount) const {
   return ToQt(platform_.locale.FormatNumber(amount));
 }
 
-void FrmAllocate::StartShare() {
+void FrmAllocate::StartLine() {
   FillList();
   Show(editor_.New());
   FocusFirstField();
 }
 
 void FrmAllocate::FillList() {
-  shares_ = editor_.Lines();
+  lines_ = editor_.Lines();
   isFilling_ = true;
   model_->setRowCount(0);
-  for (const AllocationForm& share : shares_) {
-    auto* amount = new QStandardItem(Shown(share.amount.value_or(0)));
+  for (const AllocationForm& line : lines_) {
+    auto* amount = new QStandardItem(Shown(line.amount.value_or(0)));
     amount->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    if (share.amount.value_or(0) < 0) amount->setForeground(MoneyOutColour(palette()));
-    model_->appendRow({new QStandardItem(ToQt(AllocationEditor::CategoryText(share))),
-                       new QStandardItem(ToQt(share.description)),
-                       new QStandardItem(ToQt(share.reference)), amount});
+    if (line.amount.value_or(0) < 0) amount->setForeground(MoneyOutColour(palette()));
+    model_->appendRow({new QStandardItem(ToQt(AllocationEditor::CategoryText(line))),
+                       new QStandardItem(ToQt(line.description)),
+                       new QStandardItem(ToQt(line.reference)), amount});
   }
   lvAllocated_->clearSelection();
   lvAllocated_->setCurrentIndex({});
@@ -160,39 +160,39 @@ void FrmAllocate::ShowSums() {
                         .arg(Shown(total), Shown(total - remaining), Shown(remaining)));
 }
 
-void FrmAllocate::Show(const AllocationForm& share) {
-  categories_->Show(share.category, share.subCategory);
-  txtAmount_->SetAmount(share.amount.value_or(0));
-  txtReference_->setText(ToQt(share.reference));
-  txtDescription_->setText(ToQt(share.description));
+void FrmAllocate::Show(const AllocationForm& line) {
+  categories_->Show(line.category, line.subCategory);
+  txtAmount_->SetAmount(line.amount.value_or(0));
+  txtReference_->setText(ToQt(line.reference));
+  txtDescription_->setText(ToQt(line.description));
   KeepContents();
 }
 
 AllocationForm FrmAllocate::Form() {
   txtAmount_->Settle();
-  AllocationForm share;
-  share.key = ChosenKey();
-  share.category = categories_->Category();
-  share.subCategory = categories_->SubCategory();
-  share.amount = txtAmount_->Amount();
-  share.reference = FromQt(txtReference_->text());
-  share.description = FromQt(txtDescription_->text());
-  return share;
+  AllocationForm line;
+  line.key = ChosenKey();
+  line.category = categories_->Category();
+  line.subCategory = categories_->SubCategory();
+  line.amount = txtAmount_->Amount();
+  line.reference = FromQt(txtReference_->text());
+  line.description = FromQt(txtDescription_->text());
+  return line;
 }
 
 std::int64_t FrmAllocate::ChosenKey() const {
   const QModelIndexList rows = lvAllocated_->selectionModel()->selectedRows();
   if (rows.isEmpty()) return 0;
-  return shares_.at(static_cast<std::size_t>(rows.constFirst().row())).key;
+  return lines_.at(static_cast<std::size_t>(rows.constFirst().row())).key;
 }
 
-void FrmAllocate::TakeChosen() {
+void FrmAllocate::ShowChosen() {
   const QModelIndexList rows = lvAllocated_->selectionModel()->selectedRows();
   if (isFilling_ || rows.isEmpty()) return;
   Run([&] {
-    const AllocationForm& share = shares_.at(static_cast<std::size_t>(rows.constFirst().row()));
-    Show(share);
-    txtAmount_->SetSignedAmount(share.amount.value_or(0));
+    const AllocationForm& line = lines_.at(static_cast<std::size_t>(rows.constFirst().row()));
+    Show(line);
+    txtAmount_->SetSignedAmount(line.amount.value_or(0));
     KeepContents();
     cmdDelete_->setEnabled(true);
   });
@@ -200,21 +200,21 @@ void FrmAllocate::TakeChosen() {
 
 void FrmAllocate::Accept() {
   Run([this] {
-    const AllocationForm share = Form();
-    if (const auto warning = editor_.Check(share)) return Warn(*warning);
-    if (editor_.Save(share) == 0) return FocusOn(*cmbCategory_);
+    const AllocationForm line = Form();
+    if (const auto warning = editor_.Check(line)) return Warn(*warning);
+    if (editor_.Save(line) == 0) return FocusOn(*cmbCategory_);
     MarkChanged();
-    StartShare();
-    if (!editor_.IsAgainstTotal(share)) return;
+    StartLine();
+    if (!editor_.IsAgainstTotal(line)) return;
     const AllocationParent& parent = editor_.Parent();
-    Note(tr("%1 counts against the total of %2: shares are entered with the total's sign.")
-             .arg(Shown(share.amount.value_or(0)), Shown(parent.sign * parent.amount)));
+    Note(tr("%1 counts against the total of %2: lines are entered with the total's sign.")
+             .arg(Shown(line.amount.value_or(0)), Shown(parent.sign * parent.amount)));
   });
 }
 
 void FrmAllocate::New() {
   Run([this] {
-    if (MayDrop(tr("Add New?"))) StartShare();
+    if (MayDrop(tr("Add New?"))) StartLine();
   });
 }
 
@@ -224,14 +224,14 @@ void FrmAllocate::Delete() {
   Run([&] {
     editor_.Delete(key);
     MarkChanged();
-    StartShare();
+    StartLine();
   });
 }
 
 void FrmAllocate::reject() {
   bool mayClose = true;
   Run([&] {
-    StartShare();
+    StartLine();
     mayClose = editor_.MayClose();
   });
   if (mayClose) QDialog::reject();
@@ -241,4 +241,4 @@ void FrmAllocate::Help() {
   platform_.prompts.Tell("Allocate Items", kHelp);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -7,15 +7,18 @@
 class QLineEdit;
 class QStandardItemModel;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class AmountEdit;
-class FrmCategoryBoxes;
 class ListTable;
 class MutedLabel;
 class PickBox;
+}  // namespace corvanta::inline controls
 
-// Spreads the amount of a transaction or a schedule over categories. Every share is written when it
+namespace corvanta::inline entry {
+
+class ucCategoryBoxes;
+
+// Spreads the amount of a transaction or a schedule over categories. Every line is written when it
 // is saved, not when the dialog closes.
 class FrmAllocate : public FormDialog {
   Q_OBJECT
@@ -24,22 +27,22 @@ class FrmAllocate : public FormDialog {
   FrmAllocate(const AllocationParent& parent, const EntryPlace& place);
 
  public Q_SLOTS:
-  // Asks first when the shares do not come to the parent's amount.
+  // Asks first when the lines do not come to the parent's amount.
   void reject() override;
 
  private:
   void MakeList();
   void MakeFields();
   void MakeButtons();
-  // The list and an empty share of what remains. Throws StoreError.
-  void StartShare();
+  // The list and an empty line of what remains. Throws StoreError.
+  void StartLine();
   void FillList();
   void ShowSums();
-  void Show(const AllocationForm& share);
+  void Show(const AllocationForm& line);
   [[nodiscard]] AllocationForm Form();
   [[nodiscard]] std::int64_t ChosenKey() const;
-  // Shows the share that is chosen in the list.
-  void TakeChosen();
+  // Shows the line that is chosen in the list.
+  void ShowChosen();
   void Accept();
   void New();
   void Delete();
@@ -48,18 +51,18 @@ class FrmAllocate : public FormDialog {
 
   Platform& platform_;
   AllocationEditor editor_;
-  std::vector<AllocationForm> shares_;
+  std::vector<AllocationForm> lines_;
   bool isFilling_ = false;
   ListTable* lvAllocated_;
   QStandardItemModel* model_;
   MutedLabel* lblSums_;
   PickBox* cmbCategory_;
   PickBox* cmbSubCategory_;
-  FrmCategoryBoxes* categories_;
+  ucCategoryBoxes* categories_;
   AmountEdit* txtAmount_;
   QLineEdit* txtReference_;
   QLineEdit* txtDescription_;
   QPushButton* cmdDelete_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -5,7 +5,7 @@
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "entry/FrmCategoryBoxes.h"
+#include "entry/ucCategoryBoxes.h"
 #include "ledger/CurrencyOf.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
@@ -15,7 +15,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 FrmEntry::FrmEntry(const QString& name, const QString& what, const EntryPlace& place,
                    std::int64_t accountId)
@@ -28,8 +28,8 @@ FrmEntry::FrmEntry(const QString& name, const QString& what, const EntryPlace& p
       cmbAccountTo_(new PickBox(this)),
       cmbCategory_(new PickBox(this)),
       cmbSubCategory_(new PickBox(this)),
-      categories_(new FrmCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
-                                       *cmbSubCategory_, this)),
+      categories_(new ucCategoryBoxes(place.ledger, place.platform.prompts, *cmbCategory_,
+                                      *cmbSubCategory_, this)),
       cmbPayment_(new PickBox(this)),
       txtAmount_(new AmountEdit(place.platform.locale, this, AmountText::Rounded)),
       lblCurrency_(new QLabel(this)),
@@ -78,7 +78,7 @@ void FrmEntry::ConnectFields() {
 void FrmEntry::ChooseType() {
   if (isShowing_) return;
   isShowing_ = true;
-  TakeType();
+  ApplyType();
   isShowing_ = false;
   ShowType();
   ShowCurrency();
@@ -86,7 +86,7 @@ void FrmEntry::ChooseType() {
 
 void FrmEntry::ChooseAccount() {
   if (isShowing_) return;
-  TakeAccount();
+  ApplyAccount();
   ShowCurrency();
 }
 
@@ -144,7 +144,7 @@ void FrmEntry::OpenLines(AllocationSource source) {
       OpenAllocation({Key(), source, form.amount.value_or(0), SignOf(form.type),
                       CurrencyOf(place_.ledger, form.accountId)},
                      Place());
-  TakeLines(lines.isChanged);
+  ApplyLines(lines.isChanged);
 }
 
 void FrmEntry::ReadBack(bool isChanged, bool hasLines, double amount) {
@@ -199,4 +199,4 @@ void FrmEntry::ShowCurrency() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -7,12 +7,15 @@
 class QComboBox;
 class QLineEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class AmountEdit;
-class FrmCategoryBoxes;
 class MutedLabel;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline entry {
+
+class ucCategoryBoxes;
 
 // What the editors of transactions and of schedules have in common: the fields of an entry, and the
 // layout that its type gives them.
@@ -50,11 +53,11 @@ class FrmEntry : public EditorDialog {
   // The key of what was saved; the field to go back to has the focus where the person declined.
   std::int64_t Saved(std::int64_t key, const EntryEditor& editor);
   // The lines have been closed; see ReadBack.
-  virtual void TakeLines(bool isChanged) = 0;
+  virtual void ApplyLines(bool isChanged) = 0;
   // The person has chosen another type: what hangs on it in the fields follows.
-  virtual void TakeType() = 0;
+  virtual void ApplyType() = 0;
   // The person has chosen another account.
-  virtual void TakeAccount() {}
+  virtual void ApplyAccount() {}
   // The layout of the type.
   virtual void ShowType();
 
@@ -66,7 +69,7 @@ class FrmEntry : public EditorDialog {
   PickBox* cmbAccountTo_;
   PickBox* cmbCategory_;
   PickBox* cmbSubCategory_;
-  FrmCategoryBoxes* categories_;
+  ucCategoryBoxes* categories_;
   PickBox* cmbPayment_;
   AmountEdit* txtAmount_;
 
@@ -85,4 +88,4 @@ class FrmEntry : public EditorDialog {
   QLineEdit* txtDescription_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -7,8 +7,8 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "entry/FrmCategoryBoxes.h"
 #include "entry/ScheduleOutlook.h"
+#include "entry/ucCategoryBoxes.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "platform/Clock.h"
@@ -21,11 +21,11 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 // Enough to look ahead in a daily schedule that began decades ago.
-constexpr std::size_t kMostDates = 20000;
+constexpr std::size_t kMaxDates = 20000;
 constexpr std::size_t kShownDates = 3;
 constexpr int kOutlookLines = 3;
 // Two columns of them go on a small screen.
@@ -160,7 +160,7 @@ void FrmSchedule::MakeTools() {
 }
 
 void FrmSchedule::ConnectFields() {
-  connect(cmbPeriod_, &QComboBox::currentIndexChanged, this, &FrmSchedule::TakePeriod);
+  connect(cmbPeriod_, &QComboBox::currentIndexChanged, this, &FrmSchedule::ApplyPeriod);
   connect(dtFrom_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
   connect(txtNumber_, &QLineEdit::textChanged, this, &FrmSchedule::ShowNext);
   connect(chkMonthEnd_, &QCheckBox::toggled, this, &FrmSchedule::ShowNext);
@@ -272,7 +272,7 @@ QString FrmSchedule::NextText(const ScheduleForm& plan) {
   if (form_.isFinished && isAsSaved) return tr("Finished, every payment is posted or skipped");
   const SchedulePlan saved = editor_.PlanOf(plan);
   if (saved.noTimes < 0) return tr("No payment is left to post");
-  std::vector<Date> dates = FirstScheduleDates(saved, kMostDates);
+  std::vector<Date> dates = FirstScheduleDates(saved, kMaxDates);
   if (dates.empty()) return tr("Choose a frequency to see the next payments");
   const Platform& platform = place_.platform;
   std::vector<Date> open = editor_.NotPosted(plan.scheduleId, dates);
@@ -283,7 +283,7 @@ QString FrmSchedule::NextText(const ScheduleForm& plan) {
                      platform.locale);
 }
 
-void FrmSchedule::TakeType() {
+void FrmSchedule::ApplyType() {
   ScheduleForm form = form_;
   form.category = categories_->Category();
   ScheduleEditor::ChooseType(form, Type());
@@ -291,7 +291,7 @@ void FrmSchedule::TakeType() {
   cmbCategory_->setEditText(ToQt(form.category));
 }
 
-void FrmSchedule::TakePeriod() {
+void FrmSchedule::ApplyPeriod() {
   RunCommand(place_.platform.prompts, [this] {
     ScheduleForm form;
     form.number = Number();
@@ -311,7 +311,7 @@ void FrmSchedule::Allocate() {
   Run([this] { OpenLines(AllocationSource::Schedule); });
 }
 
-void FrmSchedule::TakeLines(bool isChanged) {
+void FrmSchedule::ApplyLines(bool isChanged) {
   const auto row = editor_.Load(Key());
   if (!row) return;
   form_.hasLines = row->hasLines;
@@ -322,4 +322,4 @@ void FrmSchedule::Help() {
   place_.platform.prompts.Tell("Schedules", kHelp);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

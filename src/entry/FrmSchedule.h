@@ -5,10 +5,12 @@
 
 class QCheckBox;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class DateField;
 class MutedLabel;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline entry {
 
 // The editor of scheduled transactions.
 class FrmSchedule : public FrmEntry {
@@ -31,8 +33,8 @@ class FrmSchedule : public FrmEntry {
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
   std::int64_t Save() override { return Saved(editor_.Save(Form()), editor_); }
   bool Delete() override { return editor_.Delete(Key()); }
-  void TakeType() override;
-  void TakeLines(bool isChanged) override;
+  void ApplyType() override;
+  void ApplyLines(bool isChanged) override;
 
  private:
   void MakeFields();
@@ -52,7 +54,7 @@ class FrmSchedule : public FrmEntry {
   [[nodiscard]] AddToAccount Automated() const;
   [[nodiscard]] int Number() const;
 
-  void TakePeriod();
+  void ApplyPeriod();
   void Allocate();
   void Help();
 
@@ -69,4 +71,4 @@ class FrmSchedule : public FrmEntry {
   QComboBox* cmbWeekend_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

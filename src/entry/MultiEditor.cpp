@@ -15,7 +15,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr const char* kAmendItem = "Amend Item";
@@ -109,4 +109,4 @@ bool MultiEditor::Delete(Keys keys) {
   return ledger_.Transactions().DeleteTransactions(keys);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

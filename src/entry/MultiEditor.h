@@ -11,9 +11,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline entry {
 
 // What several transactions are changed to; what is empty leaves their column as it is.
 struct MultiEditForm {
@@ -45,4 +47,4 @@ class MultiEditor {
   Platform& platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -23,10 +23,10 @@
 #include <algorithm>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
-constexpr double kMostPayments = 1e6;
+constexpr double kMaxPayments = 1e6;
 
 constexpr EntryRule kRules[] = {
     kAmountNeeded,    kTypeNeeded,
@@ -120,7 +120,7 @@ void ScheduleEditor::ChoosePeriod(ScheduleForm& form, std::int64_t periodId) {
 int ScheduleEditor::NumberOfPayments(std::string_view text, const Locale& locale) {
   const std::optional<double> number = locale.ParseNumber(text);
   if (!number || !std::isfinite(*number)) return 0;
-  return static_cast<int>(std::lround(std::min(std::fabs(*number), kMostPayments)));
+  return static_cast<int>(std::lround(std::min(std::fabs(*number), kMaxPayments)));
 }
 
 std::string ScheduleEditor::PeriodCode(std::int64_t periodId) {
@@ -211,4 +211,4 @@ bool ScheduleEditor::Delete(std::int64_t key) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

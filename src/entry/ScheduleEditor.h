@@ -15,9 +15,11 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline entry {
 
 // A schedule as its editor shows it.
 struct ScheduleForm : EntryForm {
@@ -87,4 +89,4 @@ class ScheduleEditor : public EntryEditor {
   StoredRow<ScheduleDetails> stored_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 ScheduleOutlook LookAhead(const std::vector<Date>& dates, const std::vector<Date>& open, int number,
                           Date today, std::size_t shown) {
@@ -19,4 +19,4 @@ ScheduleOutlook LookAhead(const std::vector<Date>& dates, const std::vector<Date
   return outlook;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 // What a person sees of a schedule's payments ahead of time.
 struct ScheduleOutlook {
@@ -25,4 +25,4 @@ struct ScheduleOutlook {
                                         const std::vector<Date>& open, int number, Date today,
                                         std::size_t shown);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 // A row as the data file holds it, read once for all the steps of an edit.
 template <typename Row>
@@ -28,4 +28,4 @@ class StoredRow {
   std::optional<std::uint64_t> changes_;  // of the data file, when the row was read
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

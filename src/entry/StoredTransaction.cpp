@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 void FillTransfer(const StoredTransaction& stored, TransactionForm& form) {
@@ -53,4 +53,4 @@ TransactionForm FormOf(clsCorvanta& ledger, const StoredTransaction& stored) {
   return form;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -6,9 +6,11 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline entry {
 
 // A transaction as the data file holds it, with the other half of a transfer.
 struct StoredTransaction {
@@ -26,4 +28,4 @@ struct StoredTransaction {
 // An ordinary row, or a half of a transfer, as the editor shows it.
 [[nodiscard]] TransactionForm FormOf(clsCorvanta& ledger, const StoredTransaction& stored);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -16,7 +16,7 @@
 #include <cmath>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 constexpr EntryRule kRules[] = {
@@ -140,4 +140,4 @@ bool TransactionEditor::Delete(std::int64_t key) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -10,9 +10,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class RateSource;
+}
+
+namespace corvanta::inline entry {
 
 // What a payee's last transaction in an account suggests for the next one.
 struct Proposal {
@@ -80,4 +82,4 @@ class TransactionEditor : public EntryEditor {
   StoredRow<StoredTransaction> stored_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline entry {
 
 // What an amount of one currency has become in another; unsigned.
 struct Arrival {
@@ -40,4 +40,4 @@ struct TransactionForm : EntryForm {
   std::int64_t scheduleId = 0;  // the schedule that posted the row
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

@@ -15,7 +15,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline entry {
 namespace {
 
 // The other half follows a change of the edited one where both were the same.
@@ -143,4 +143,4 @@ void TransactionEditor::WriteTransfer(const TransactionForm& form, const Stored&
   ledger_.Transactions().SaveTransfer(from, to);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline entry

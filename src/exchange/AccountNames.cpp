@@ -6,7 +6,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 std::string NameKey(std::string_view name) {
   return ToLower(Trim(name));
@@ -53,4 +53,4 @@ void AccountNames::AddNumber(std::int64_t accountId, const std::string& number) 
   if (!key.empty()) numbers_.try_emplace(key, accountId);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

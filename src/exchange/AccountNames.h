@@ -7,9 +7,11 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline exchange {
 
 // An account that records can go into.
 struct ImportTarget {
@@ -45,4 +47,4 @@ class AccountNames {
   Keys numbers_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr int kMaxColumns = 9999;
@@ -187,4 +187,4 @@ std::optional<SavedCsvMapping> ReadSavedMapping(std::string_view text) {
   return saved;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

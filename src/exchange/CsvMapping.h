@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Columns are counted from 1; 0 for none.
 struct CsvMapping {
@@ -62,4 +62,4 @@ struct SavedCsvMapping {
 [[nodiscard]] std::string ToText(const SavedCsvMapping& saved);
 [[nodiscard]] std::optional<SavedCsvMapping> ReadSavedMapping(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 class RowReader {
@@ -114,4 +114,4 @@ std::string HeaderOf(std::string_view text, const CsvMapping& mapping) {
   return header;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -8,9 +8,11 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline exchange {
 
 // A row of the file as it stands there and as it will be read.
 struct CsvPreviewRow {
@@ -57,4 +59,4 @@ inline constexpr int kPreviewRows = 50;
 [[nodiscard]] std::vector<CsvRow> FirstRows(std::string_view text, std::string_view separator,
                                             int most);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

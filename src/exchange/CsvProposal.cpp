@@ -11,7 +11,7 @@
 #include <initializer_list>
 #include <map>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::array<std::string_view, 4> kSeparators = {",", ";", "\t", "|"};
@@ -188,4 +188,4 @@ CsvMapping ProposeMapping(std::string_view text, const Locale& locale) {
   return mapping;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

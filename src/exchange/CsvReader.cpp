@@ -4,7 +4,7 @@
 
 #include <limits>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kMaxTrailing = 5;
@@ -99,4 +99,4 @@ void CsvReader::Run(ImportSink& sink) const {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -7,9 +7,11 @@
 #include <cstddef>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline exchange {
 
 // Reads the rows of a CSV file by a mapping of its columns. Rows without an amount, a few rows
 // behind the last one with a date (a balance, a note) and a row in which the file ends are told and
@@ -43,4 +45,4 @@ class CsvReader {
   const Locale& locale_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 // A cell that runs over more lines than this has lost its closing quote.
@@ -106,4 +106,4 @@ bool CsvRows::Next(CsvRow& row) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 struct CsvRow {
   std::size_t line = 0;    // where it begins
@@ -45,4 +45,4 @@ class CsvRows {
   std::size_t line_ = 1;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

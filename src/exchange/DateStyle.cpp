@@ -1,6 +1,7 @@
 #include "exchange/DateStyle.h"
 
 #include "platform/TextCase.h"
+#include "platform/TwoDigitYear.h"
 
 #include <unicode/uchar.h>
 #include <unicode/utf8.h>
@@ -9,7 +10,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::array kOrders = {DateOrder::DayMonthYear, DateOrder::MonthDayYear,
@@ -168,7 +169,7 @@ std::optional<int> YearOf(const Part& part) {
     return part.number >= kFirstYear ? std::optional(part.number) : std::nullopt;
   }
   if (part.digits == 0 || part.digits > 2) return std::nullopt;
-  return part.number < 70 ? 2000 + part.number : 1900 + part.number;
+  return YearOfTwoDigits(part.number);
 }
 
 std::optional<int> EnglishMonth(std::string_view word) {
@@ -330,4 +331,4 @@ DateOrder DateOrderFinder::Find(const Locale& locale) const {
   return kOrders[static_cast<std::size_t>(std::ranges::find(votes_, most) - votes_.begin())];
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -9,7 +9,7 @@
 #include <optional>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Whether a value may stand in another order than the file's where it tells so itself (a year of
 // four digits in front).
@@ -40,4 +40,4 @@ class DateOrderFinder {
   std::array<std::size_t, 3> votes_{};
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -10,7 +10,7 @@
 #include <initializer_list>
 #include <tuple>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kLongestChequeNumber = 6;
@@ -91,8 +91,8 @@ bool DuplicateIndex::HasBankId(const Candidate& candidate) const {
   return !isLikeCheque || isEveryImportMarked_;
 }
 
-bool DuplicateIndex::Take(const InvestmentTransaction& transaction, double amount,
-                          std::int64_t categoryId) {
+bool DuplicateIndex::Claim(const InvestmentTransaction& transaction, double amount,
+                           std::int64_t categoryId) {
   const auto found = investments_.find(KeyOf(
       transaction.date,
       {amount, transaction.dividend, transaction.shares, transaction.price, transaction.commission},
@@ -102,4 +102,4 @@ bool DuplicateIndex::Take(const InvestmentTransaction& transaction, double amoun
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

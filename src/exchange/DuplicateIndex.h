@@ -8,10 +8,15 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 struct InvestmentTransaction;
+}
+
+namespace corvanta::inline exchange {
 
 // The rows that an account had before an import, by day and amount, and its investment
 // transactions. Read once; what the import writes is no candidate. Each row answers for one row of
@@ -37,8 +42,8 @@ class DuplicateIndex {
   [[nodiscard]] bool HasBankId(const Candidate& candidate) const;
   // Whether there is a row that equals the transaction in all but its description and status and
   // answers for no other; it answers for this one then. `categoryId` is that of its action.
-  [[nodiscard]] bool Take(const InvestmentTransaction& transaction, double amount,
-                          std::int64_t categoryId);
+  [[nodiscard]] bool Claim(const InvestmentTransaction& transaction, double amount,
+                           std::int64_t categoryId);
 
  private:
   void ReadOrdinary(Connection& store, std::int64_t accountId);
@@ -50,4 +55,4 @@ class DuplicateIndex {
   std::unordered_map<std::string, std::size_t> investments_;  // how many of each are left
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -15,7 +15,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr const char* kUtf8 = "UTF-8";
@@ -208,4 +208,4 @@ std::string EncodeWindows1252(std::string_view text) {
   return Convert(*OpenKnown(kUtf8), *windows, text);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 [[nodiscard]] bool IsUtf8(std::string_view bytes);
 
@@ -33,4 +33,4 @@ struct Encoding {
 // Windows-1252; a character that it has not becomes a numeric reference (&#8470;).
 [[nodiscard]] std::string EncodeWindows1252(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -12,7 +12,7 @@
 #include <array>
 #include <limits>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kMaxBytes = 65536;
@@ -124,4 +124,4 @@ std::string GuessEncoding(std::string_view bytes) {
   return best;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -12,9 +12,11 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline exchange {
 
 // What a window works on and stands before. Valid while the data file stays open.
 struct ExchangePlace {
@@ -46,4 +48,4 @@ ImportResult OpenImport(std::int64_t accountId, const std::string& file,
 // the data file or the machine refuses is told.
 bool OpenExport(const ExportView& view, const ExchangePlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -16,7 +16,7 @@
 #include <initializer_list>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 // One line: a line break inside a text would end the field.
@@ -179,4 +179,4 @@ std::string CsvExport(ExportRows rows) {
   return text;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

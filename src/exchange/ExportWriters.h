@@ -9,10 +9,12 @@
 #include <span>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
 struct DateTime;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline exchange {
 
 using ExportRows = std::span<const RegisterRow>;  // in the order of the view
 
@@ -41,4 +43,4 @@ struct OfxStatement {
 // each direction; what a spreadsheet would run as a formula is guarded (see FormulaGuard.h).
 [[nodiscard]] std::string CsvExport(ExportRows rows);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -19,7 +19,7 @@
 #include <random>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr const char* kFileExport = "File Export";
@@ -150,4 +150,4 @@ SpreadsheetTable FileExport::TableOf(ExportRows rows) const {
   return table;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -12,9 +12,11 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline exchange {
 
 enum class ExportKind { Csv, Xls, Xlsx, Ofx, Qif };
 
@@ -54,4 +56,4 @@ class FileExport {
   std::function<double()> random_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -21,7 +21,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 void Refuse(ImportSummary& summary, const std::string& why) {
@@ -114,4 +114,4 @@ bool FileImport::AskToKeep(const ImportJob& job, const ImportSummary& summary, s
   return answer == std::optional<std::size_t>(0);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

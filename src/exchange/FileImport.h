@@ -8,13 +8,19 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline exchange {
 
 class ImportPlanner;
-class clsCorvanta;
 struct FileText;
 struct ImportContext;
-struct Platform;
 
 // Imports one file: reads it, finds how it writes dates and numbers, settles what becomes of its
 // records, and books them and pairs its transfers, as one step that can be undone.
@@ -41,4 +47,4 @@ class FileImport {
   Platform& platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

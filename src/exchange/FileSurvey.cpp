@@ -2,7 +2,7 @@
 
 #include "exchange/AccountNames.h"
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 std::string PlaceOf(const ImportAccount& account) {
@@ -33,4 +33,4 @@ bool FileSurvey::OnRecord(ImportRecord& record) {
   return styles_.OnRecord(record);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

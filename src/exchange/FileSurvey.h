@@ -10,7 +10,7 @@
 #include <unordered_set>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Looks through a whole file before anything of it is booked: how it writes its values, whose
 // accounts it holds, and what its banks' marks are worth.
@@ -52,4 +52,4 @@ class FileSurvey : public ImportSink {
   bool hasRepeatedIds_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -11,7 +11,7 @@
 #include <algorithm>
 #include <cerrno>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kPiece = 1U << 20U;
@@ -103,4 +103,4 @@ std::size_t FindEndlessLine(std::string_view text) {
   return 0;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // A larger file is no statement; what is read stays in memory while it is imported.
 inline constexpr std::size_t kLargestImport = 256U << 20U;
@@ -29,4 +29,4 @@ struct FileText {
 // The number of the first line that is too long for any line of a QIF or CSV file; 0 when none is.
 [[nodiscard]] std::size_t FindEndlessLine(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 // The last four are the wide forms of the first, which some spreadsheets take for the same.
@@ -28,4 +28,4 @@ std::string_view UnguardFormula(std::string_view text) {
   return text.starts_with('\'') && IsLikeFormula(text) ? text.substr(1) : text;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

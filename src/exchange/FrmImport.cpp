@@ -4,10 +4,10 @@
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "exchange/FrmImportCsv.h"
-#include "exchange/FrmImportFile.h"
-#include "exchange/FrmImportProgress.h"
-#include "exchange/FrmImportSummary.h"
+#include "exchange/ucImportCsv.h"
+#include "exchange/ucImportFile.h"
+#include "exchange/ucImportProgress.h"
+#include "exchange/ucImportSummary.h"
 #include "platform/Prompts.h"
 
 #include <QComboBox>
@@ -21,7 +21,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr int kMargin = 2 * kRhythm;
@@ -47,7 +47,7 @@ Platform WithProgress(const Platform& platform, Progress& progress) {
 
 FrmImport::FrmImport(Platform& platform, clsCorvanta& ledger, QWidget* parent)
     : QuietEnd(parent),
-      progress_(new FrmImportProgress(this)),
+      progress_(new ucImportProgress(this)),
       platform_(WithProgress(platform, *progress_)),
       editor_(ledger, platform_),
       pages_(new QStackedWidget(this)),
@@ -73,19 +73,19 @@ FrmImport::FrmImport(Platform& platform, clsCorvanta& ledger, QWidget* parent)
 FrmImport::~FrmImport() = default;
 
 void FrmImport::MakePages() {
-  file_ = new FrmImportFile(editor_, platform_.prompts, pages_);
-  csv_ = new FrmImportCsv(editor_, platform_.prompts, pages_);
-  outcome_ = new FrmImportSummary(pages_);
+  file_ = new ucImportFile(editor_, platform_.prompts, pages_);
+  csv_ = new ucImportCsv(editor_, platform_.prompts, pages_);
+  outcome_ = new ucImportSummary(pages_);
   for (QWidget* page : {static_cast<QWidget*>(file_), static_cast<QWidget*>(csv_),
                         static_cast<QWidget*>(progress_), static_cast<QWidget*>(outcome_)}) {
     pages_->addWidget(page);
   }
-  connect(outcome_, &FrmImportSummary::CompletionAsked, this, &FrmImport::CompleteTransfers);
-  connect(file_, &FrmImportFile::OwnerAsked, this, [this] {
+  connect(outcome_, &ucImportSummary::CompletionAsked, this, &FrmImport::CompleteTransfers);
+  connect(file_, &ucImportFile::OwnerAsked, this, [this] {
     if (pages_->currentWidget() == file_) FitTo(*file_);
   });
-  connect(csv_, &FrmImportCsv::Noted, this, &FrmImport::Note);
-  connect(file_, &FrmImportFile::KindChanged, this, [this] {
+  connect(csv_, &ucImportCsv::Noted, this, &FrmImport::Note);
+  connect(file_, &ucImportFile::KindChanged, this, [this] {
     cmdAccept_->setText(file_->Kind() == ImportKind::Csv ? tr("&Next") : tr("&Import"));
     if (pages_->currentWidget() == file_) FitTo(*file_);
   });
@@ -277,4 +277,4 @@ void FrmImport::reject() {
   QDialog::reject();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

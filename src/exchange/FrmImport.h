@@ -14,13 +14,16 @@
 class QPushButton;
 class QStackedWidget;
 
-namespace corvanta {
-
-class FrmImportCsv;
-class FrmImportFile;
-class FrmImportProgress;
-class FrmImportSummary;
+namespace corvanta::inline controls {
 class MutedLabel;
+}
+
+namespace corvanta::inline exchange {
+
+class ucImportCsv;
+class ucImportFile;
+class ucImportProgress;
+class ucImportSummary;
 
 // Imports a QIF, OFX or CSV file, page by page: the file and the account, the columns of a CSV
 // file, the import itself, and what came of it.
@@ -66,7 +69,7 @@ class FrmImport : public QuietEnd<QDialog> {
   void FocusOn(const std::string& field);
   void Note(const QString& text);
 
-  FrmImportProgress* progress_;
+  ucImportProgress* progress_;
   Platform platform_;  // whose progress is shown here
   ImportEditor editor_;
   ImportForm form_;
@@ -78,9 +81,9 @@ class FrmImport : public QuietEnd<QDialog> {
   std::int64_t account_ = 0;
 
   QStackedWidget* pages_;
-  FrmImportFile* file_ = nullptr;
-  FrmImportCsv* csv_ = nullptr;
-  FrmImportSummary* outcome_ = nullptr;
+  ucImportFile* file_ = nullptr;
+  ucImportCsv* csv_ = nullptr;
+  ucImportSummary* outcome_ = nullptr;
   MutedLabel* lblNote_;
   QWidget* buttons_ = nullptr;
   QPushButton* cmdBack_ = nullptr;
@@ -90,4 +93,4 @@ class FrmImport : public QuietEnd<QDialog> {
   QPushButton* cmdCancel_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

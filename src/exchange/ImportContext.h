@@ -2,15 +2,21 @@
 
 #include <cstddef>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline exchange {
 
 class FileSurvey;
 class ImportNames;
-class clsCorvanta;
 struct ImportJob;
 struct ImportStyle;
 struct ImportSummary;
-struct Platform;
 
 // What the passes over one file share. All of it outlives them.
 struct ImportContext {
@@ -24,4 +30,4 @@ struct ImportContext {
   std::size_t size = 0;  // of the file's text
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

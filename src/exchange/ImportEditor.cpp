@@ -21,7 +21,7 @@
 #include <charconv>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr const char* kEveryAccount = "<Import All Accounts Automatically>";
@@ -295,4 +295,4 @@ void ImportEditor::Finish(const ImportSummary& summary) {
                          isComplete ? Icon::Information : Icon::Warning);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -15,10 +15,15 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline exchange {
 
 // An entry of the account list.
 struct ImportAccountChoice {
@@ -112,4 +117,4 @@ class ImportEditor {
   ImportKind kind_ = ImportKind::Qif;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

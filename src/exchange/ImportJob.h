@@ -9,7 +9,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 enum class DuplicateAnswer { Ask, Skip, Import };
 
@@ -27,4 +27,4 @@ struct ImportJob {
   std::string encoding = {};               // of the file's text; empty: as the file shows
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 bool HasImportEnding(std::string_view path) {
   const std::string name = ToLower(path);
@@ -39,4 +39,4 @@ ImportKind KindOfImport(std::string_view path, std::string_view text) {
   return ImportKind::Csv;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 enum class ImportKind { Qif, Ofx, Csv };
 
@@ -20,4 +20,4 @@ inline constexpr std::array<std::string_view, 5> kImportEndings = {"qif", "ofx",
 // they please.
 [[nodiscard]] ImportKind KindOfImport(std::string_view path, std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -15,7 +15,7 @@
 #include <array>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kLongestName = 255;
@@ -229,4 +229,4 @@ std::string ImportNames::Fit(std::string_view wrapped, std::size_t length) {
   return std::string(fitting);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -9,10 +9,15 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline exchange {
 
 // The keys behind the names of a file. What the ledger has is read once; what it has not is made
 // when it is first asked for, at a cost that does not depend on how many there are. A text that is
@@ -74,4 +79,4 @@ class ImportNames {
   std::size_t shortened_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -11,7 +11,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr const char* kNoAccounts =
@@ -84,7 +84,7 @@ Fate ImportPlanner::FateOfHolding(const ImportRecord& record, const RecordValues
   if (row.payeeId == 0) return Fate::Book;
   const bool isOut = row.action == InvestAction::Buy || row.action == InvestAction::RemoveShares;
   const std::int64_t category = context_.names.FindCategoryOf(isOut ? -1 : 1);
-  const bool isKnown = Former().Take(row, isOut ? 0 - row.total : row.total, category);
+  const bool isKnown = Former().Claim(row, isOut ? 0 - row.total : row.total, category);
   return isKnown ? Fate::Skip : Fate::Book;
 }
 
@@ -151,4 +151,4 @@ DuplicateIndex& ImportPlanner::Former() {
   return former_.try_emplace(account, context_.ledger.Store(), account).first->second;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

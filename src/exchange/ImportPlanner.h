@@ -12,7 +12,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // What becomes of a record.
 enum class Fate : char { Book, Skip, LeaveOut };
@@ -63,4 +63,4 @@ class ImportPlanner : public ImportSink {
   bool isCancelled_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -9,7 +9,7 @@
 #include <cmath>
 #include <memory>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kLongestName = 100;  // characters
@@ -101,4 +101,4 @@ std::string PayeeOf(const ImportRecord& record) {
   return Trim(record.payee).empty() ? "Transfer" : record.payee;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // A text with the number of its line.
 struct ImportValue {
@@ -100,4 +100,4 @@ class ImportSink {
   virtual void OnProblem(std::size_t line, const std::string& text) = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kMaxKept = 1000;
@@ -60,4 +60,4 @@ std::string ImportSummary::Text(std::size_t mostProblems) const {
   return text;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

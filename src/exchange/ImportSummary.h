@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 inline constexpr const char* kFileImport = "File Import";  // the title of all its messages
 inline constexpr const char* kImportCancelled = "The import was cancelled.";
@@ -63,4 +63,4 @@ struct ImportSummary {
   [[nodiscard]] std::string Text(std::size_t mostProblems = 20) const;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -15,7 +15,7 @@
 #include <utility>
 #include <variant>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kLongestReference = 50;
@@ -122,4 +122,4 @@ void Importer::CountInAccount() {
   ++accounts[place->second].transactions;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -13,7 +13,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Books the records of a file as its plan says, inside the transaction of its caller.
 class Importer : public ImportSink {
@@ -52,4 +52,4 @@ class Importer : public ImportSink {
   bool isCancelled_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

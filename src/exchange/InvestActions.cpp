@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::array<std::pair<std::string_view, InvestAction>, 39> kActions = {
@@ -60,8 +60,8 @@ InvestAction InvestActionOf(std::string_view action) {
   return known == kActions.end() ? InvestAction::AddShares : known->second;
 }
 
-bool TakesCashOut(std::string_view action) {
+bool IsCashOut(std::string_view action) {
   return std::ranges::find(kCashOut, action) != kCashOut.end();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

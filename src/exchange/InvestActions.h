@@ -5,11 +5,11 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // `action` in lower case; one that is not known adds shares.
 [[nodiscard]] InvestAction InvestActionOf(std::string_view action);
 // Whether a record without a security takes money out of the account.
-[[nodiscard]] bool TakesCashOut(std::string_view action);
+[[nodiscard]] bool IsCashOut(std::string_view action);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // The lines of a text one after another, ended by LF, CR LF or CR.
 class LineReader {
@@ -33,4 +33,4 @@ class LineReader {
   std::size_t number_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

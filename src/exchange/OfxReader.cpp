@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kLongestId = 50;
@@ -175,4 +175,4 @@ void OfxReader::EndTransaction(std::size_t offset) {
   payeeName_.clear();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Reads the statements of bank and card accounts in an OFX file, and the cash of those of
 // investment accounts, whose trades are told and left out. Only what stands inside a transaction
@@ -47,4 +47,4 @@ class OfxReader {
   std::string payeeName_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

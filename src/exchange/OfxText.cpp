@@ -9,7 +9,7 @@
 #include <optional>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::string_view kCdata = "<![CDATA[";
@@ -155,4 +155,4 @@ bool OfxText::Next(OfxElement& element) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

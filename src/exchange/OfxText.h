@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // A tag of an OFX file with the text up to the next one.
 struct OfxElement {
@@ -38,4 +38,4 @@ class OfxText {
 // &amp; &lt; &gt; &quot; &apos; &nbsp; &#163; &#xA3;; anything else behind an ampersand stays.
 [[nodiscard]] std::string ResolveEntities(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

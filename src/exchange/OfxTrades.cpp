@@ -4,7 +4,7 @@
 #include <array>
 #include <map>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::array<std::string_view, 20> kTrades = {
@@ -75,4 +75,4 @@ void OfxTrades::Tell(ImportSink& sink) const {
   for (const Trade& trade : trades_) sink.OnProblem(trade.line, TextOf(trade));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

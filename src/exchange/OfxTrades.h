@@ -9,7 +9,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // The trades of the investment statements in an OFX file. They are not imported; the person is told
 // each of them, by the name that the file's list of securities gives.
@@ -44,4 +44,4 @@ class OfxTrades {
   std::unordered_map<std::string, std::string> names_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

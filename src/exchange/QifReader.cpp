@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 constexpr std::size_t kMaxSplits = 100000;
@@ -315,4 +315,4 @@ void QifReader::EndRecord() {
   hasFields_ = false;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 
 // Reads the lines of a QIF file: a header begins with "!", any other line with the letter of a
 // field, and "^" ends an entry. The account that was named last is the one of the records that
@@ -63,4 +63,4 @@ class QifReader {
   std::size_t unknownEntries_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -8,7 +8,7 @@
 #include <optional>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 std::string Quoted(const std::string& text) {
@@ -55,7 +55,7 @@ std::optional<RecordFault> ReadCash(const ImportRecord& record, const ImportStyl
                                     RecordValues& values) {
   const std::optional<double> total = Number(record.amount, style);
   if (!total) return NoNumber(record, record.amount);
-  const bool isOut = record.isInvestment && *total > 0 && TakesCashOut(record.action);
+  const bool isOut = record.isInvestment && *total > 0 && IsCashOut(record.action);
   values.total = isOut ? -*total : OnSide(*total, record.side);
   for (const ImportSplit& split : record.splits) {
     const std::optional<double> line = Number(split.amount, style);
@@ -114,4 +114,4 @@ std::variant<RecordValues, RecordFault> ReadValues(const ImportRecord& record,
   return values;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

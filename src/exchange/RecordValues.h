@@ -10,9 +10,11 @@
 #include <variant>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline exchange {
 
 // What a record says, its texts read in the style of its file.
 struct RecordValues {
@@ -43,4 +45,4 @@ struct RecordFault {
                                                                  const ImportStyle& style,
                                                                  const Locale& locale);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -3,7 +3,7 @@
 #include "platform/Registry.h"
 #include "platform/SettingsTable.h"
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 std::string Key() {
@@ -33,4 +33,4 @@ void SavedMappings::Remove(const std::string& name) {
   registry_.DeleteValue(Hive::CurrentUser, Key(), name);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -6,9 +6,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Registry;
+}
+
+namespace corvanta::inline exchange {
 
 // The mappings of CSV columns that a person saved under a name, among the user's settings.
 class SavedMappings {
@@ -25,4 +27,4 @@ class SavedMappings {
   Registry& registry_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -4,7 +4,7 @@
 #include "exchange/OfxReader.h"
 #include "exchange/QifReader.h"
 
-namespace corvanta {
+namespace corvanta::inline exchange {
 namespace {
 
 // Hands on what a reader finds, with names as long as the ledger's may be.
@@ -87,4 +87,4 @@ void ReadImport(ImportKind kind, std::string_view text, const ImportJob& job, co
   ReadFile(kind, text, job, locale, cutter);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

@@ -9,9 +9,11 @@
 #include <optional>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline exchange {
 
 // How the values of a file are read.
 struct ImportStyle {
@@ -49,4 +51,4 @@ class StyleFinder : public ImportSink {
 void ReadImport(ImportKind kind, std::string_view text, const ImportJob& job, const Locale& locale,
                 ImportSink& sink);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline exchange

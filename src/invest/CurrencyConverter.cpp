@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline invest {
 namespace {
 
 constexpr const char* kTitle = "Download Currency";
@@ -78,4 +78,4 @@ std::string CurrencyConverter::PlainNumber(double value) const {
   return text;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

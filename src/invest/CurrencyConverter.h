@@ -8,10 +8,15 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline ledger {
 class RateSource;
+}
+
+namespace corvanta::inline invest {
 
 // What a person has chosen and typed. An amount is the text of its field.
 struct CurrencyForm {
@@ -51,4 +56,4 @@ class CurrencyConverter {
   const Locale& locale_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

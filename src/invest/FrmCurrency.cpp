@@ -22,7 +22,7 @@
 #include <QRegularExpressionValidator>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline invest {
 namespace {
 
 constexpr int kSmallestField = 30 * kRhythm;
@@ -248,4 +248,4 @@ void FrmCurrency::FocusField(const std::string& name) {
   if (auto* line = qobject_cast<QLineEdit*>(field)) line->selectAll();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

@@ -11,10 +11,12 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class MutedLabel;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline invest {
 
 // The currency converter. Two amounts stand in it, one in a given currency and one in the currency
 // that is picked; the one that was typed last is converted into the other.
@@ -68,4 +70,4 @@ class FrmCurrency : public QuietEnd<QDialog> {
   QPushButton* cmdAccept_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

@@ -6,11 +6,16 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class RateSource;
 class clsCorvanta;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline invest {
 
 // What a dialog works with and stands before. Valid while the data file stays open.
 struct InvestPlace {
@@ -34,4 +39,4 @@ std::optional<CurrencyResult> OpenCurrency(const InvestPlace& place, const std::
 // The converter as a tool: nothing is taken over.
 void ShowCurrency(const InvestPlace& place, const std::string& currency);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

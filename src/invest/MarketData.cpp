@@ -19,7 +19,7 @@
 #include <filesystem>
 #include <fstream>
 
-namespace corvanta {
+namespace corvanta::inline invest {
 namespace {
 
 constexpr int kWipes = 9;
@@ -149,4 +149,4 @@ std::optional<double> MarketData::NumberOf(std::string_view normalised) const {
   return std::isfinite(value) ? std::optional(value) : std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

@@ -6,10 +6,15 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline invest {
 
 inline constexpr std::string_view kCurrencySource = "CURRENCY";
 
@@ -55,4 +60,4 @@ class MarketData {
   std::string group_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

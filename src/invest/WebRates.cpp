@@ -6,7 +6,7 @@
 
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline invest {
 namespace {
 
 using namespace std::chrono_literals;
@@ -56,4 +56,4 @@ std::optional<double> WebRates::Fetch(const std::string& from, const std::string
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

@@ -8,10 +8,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline invest {
 
 // Exchange rates from the currency source of the data file.
 //
@@ -44,4 +49,4 @@ class WebRates : public RateSource {
   std::optional<Time> deadUntil_;        // of the service
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline invest

@@ -23,7 +23,7 @@
 #include <charconv>
 #include <unordered_map>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kAccounts =
@@ -283,4 +283,4 @@ bool AccountBook::DeleteAccount(std::int64_t accountId, Prompts& prompts) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

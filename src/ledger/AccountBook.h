@@ -11,9 +11,12 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
+
 class clsCorvanta;
 
 // The accounts: their list with balances, saving and deleting.
@@ -53,4 +56,4 @@ class AccountBook {
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

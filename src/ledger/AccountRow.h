@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // What an account's rows come to, as far as they are counted; in the account's currency.
 struct EntrySums {
@@ -42,4 +42,4 @@ struct TreeOptions {
   bool valuation = false;   // adds the value of the investments held
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

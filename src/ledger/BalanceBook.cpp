@@ -10,7 +10,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // Ends with "AND", as the two statements made of it go on differently.
@@ -168,4 +168,4 @@ std::vector<RegisterRow> BalanceBook::Register(std::int64_t accountId, const Sta
   return result;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -10,7 +10,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // The figures under the register, in the account's currency. What no row yields is absent.
 struct PeriodTotals {
@@ -47,4 +47,4 @@ class BalanceBook {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

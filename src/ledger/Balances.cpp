@@ -11,7 +11,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 void AddTotal(std::vector<CurrencyTotal>& totals, const AccountRow& account) {
@@ -101,4 +101,4 @@ std::optional<LowestPoint> LowestAhead(RegisterRows& rows, Date today) {
   return lowest;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

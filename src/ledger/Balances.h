@@ -12,10 +12,16 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline ledger {
+
 class RegisterRows;
 
 // The labels as they are shown; the two that tell what was paid have a blank before the colon once
@@ -66,4 +72,4 @@ struct AccountGroupBalances {
 // The account's name as lists show it: a closed one carries " [Closed] ".
 [[nodiscard]] std::string AccountCaption(const AccountRow& account);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // What becomes of the sign of a row's amount; the numbers are the codes of the multi-edit.
 enum class TypeChange { None = 0, Income = 1, Expense = -1, Reverse = 2 };
@@ -20,4 +20,4 @@ struct BulkChange {
   TypeChange type = TypeChange::None;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

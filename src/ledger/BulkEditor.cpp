@@ -8,7 +8,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 void Assign(std::string& assignments, std::string_view assignment) {
@@ -124,4 +124,4 @@ void BulkEditor::FlipSign(std::int64_t transactionId, const RowLinks& row) {
   if (row.allocatedItem != 0) TransactionRows(core_).SumLines(row.allocatedItem);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 struct RowLinks;
 
@@ -34,4 +34,4 @@ class BulkEditor {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

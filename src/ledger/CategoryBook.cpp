@@ -8,7 +8,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kMainCategory = " AND (SubCategory = '' OR IsNull(SubCategory))";
@@ -142,4 +142,4 @@ void CategoryBook::MergeCategories(std::int64_t sourceId, std::int64_t targetId)
   core_.Merge("CategoryID", sourceId, targetId);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

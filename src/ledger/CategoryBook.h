@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Main categories and their sub-categories.
 class CategoryBook {
@@ -39,4 +39,4 @@ class CategoryBook {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 
 #include <limits>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 CategoryKeys::CategoryKeys(Connection& store) {
   met_.fill(std::numeric_limits<std::int64_t>::min());
@@ -13,4 +13,4 @@ CategoryKeys::CategoryKeys(Connection& store) {
   for (; !rows.Eof(); rows.MoveNext()) keys_.insert(rows.Int(0));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

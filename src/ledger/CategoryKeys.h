@@ -4,9 +4,11 @@
 #include <cstdint>
 #include <unordered_set>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 // Which categories there are, for whoever goes through many rows: a row whose category is gone
 // counts nowhere.
@@ -28,4 +30,4 @@ class CategoryKeys {
   std::array<std::int64_t, 256> met_;  // some that were asked for, each at its own place
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

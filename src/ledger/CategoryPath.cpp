@@ -4,7 +4,7 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::string CategoryPath(const std::string& category, const std::string& subCategory) {
   return subCategory.empty() ? category : category + ":" + subCategory;
@@ -25,4 +25,4 @@ CategoryName CategoryOf(clsCorvanta& ledger, const std::string& category,
           std::string(Trim(category.substr(colon + 1)))};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

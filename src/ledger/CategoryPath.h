@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -22,4 +22,4 @@ struct CategoryName {
 [[nodiscard]] CategoryName CategoryOf(clsCorvanta& ledger, const std::string& category,
                                       const std::string& subCategory);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

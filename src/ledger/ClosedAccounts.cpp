@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 [[noreturn]] void Refuse() {
@@ -55,4 +55,4 @@ void ClosedAccounts::RequireOpenHalves(const RowLinks& row) {
   if (IsReachedBy(row)) Refuse();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,9 +5,12 @@
 
 #include <cstdint>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
+
 struct RowLinks;
 
 inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
@@ -36,4 +39,4 @@ class ClosedAccounts {
   Connection& store_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::string CurrencyOf(clsCorvanta& ledger, std::int64_t accountId) {
   const Recordset row = ledger.Store().OpenRecordset(
@@ -15,4 +15,4 @@ std::string CurrencyOf(clsCorvanta& ledger, std::int64_t accountId) {
   return row.Eof() ? std::string() : std::string(row.Text("Currency"));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -11,4 +11,4 @@ class clsCorvanta;
 // account and for an unknown currency. Throws StoreError.
 [[nodiscard]] std::string CurrencyOf(clsCorvanta& ledger, std::int64_t accountId);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

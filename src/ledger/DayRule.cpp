@@ -1,6 +1,6 @@
 #include "ledger/DayRule.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 Date LastOfMonth(Date day) {
   const Date first = day.AddDays(1 - day.Day());
@@ -15,4 +15,4 @@ Date DayRule::BookedOn(Date due) const {
   return due.AddDays((weekend == WeekendRule::Before ? kFriday : kNextMonday) - weekDay);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

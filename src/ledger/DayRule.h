@@ -2,7 +2,7 @@
 
 #include "platform/Date.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Where a payment goes that is due on a Saturday or Sunday; the numbers are those that are stored.
 enum class WeekendRule { Stay = 0, Before = 1, After = 2 };
@@ -20,4 +20,4 @@ struct DayRule {
 
 [[nodiscard]] Date LastOfMonth(Date day);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

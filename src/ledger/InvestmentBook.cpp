@@ -12,10 +12,10 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
-bool TakesCash(InvestAction action) {
+bool LowersCash(InvestAction action) {
   return action == InvestAction::Buy || action == InvestAction::RemoveShares;
 }
 
@@ -62,7 +62,7 @@ std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& re
     TransactionRows(core_).RepairTransfer(record.transactionId, 0);
   }
   core_.closed.RequireOpen(record.accountId);
-  const bool takesCash = TakesCash(record.action);
+  const bool takesCash = LowersCash(record.action);
   const std::int64_t category = takesCash
                                     ? ledger_.Categories().FindOrCreateCategory("Debit", {}, -1)
                                     : ledger_.Categories().FindOrCreateCategory("Credit", {}, 1);
@@ -94,4 +94,4 @@ std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& re
   return record.transactionId;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

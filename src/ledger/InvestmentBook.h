@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -29,4 +29,4 @@ class InvestmentBook {
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

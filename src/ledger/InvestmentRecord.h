@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // What an investment transaction does; the numbers are those of tblTransactions.Action.
 enum class InvestAction {
@@ -35,4 +35,4 @@ struct InvestmentTransaction {
   TransactionStatus status = TransactionStatus::Uncleared;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,7 +6,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::vector<KeywordRecord> KeywordBook::Keywords() {
   return ReferenceRows<KeywordRecord>(core_).All();
@@ -92,4 +92,4 @@ void KeywordBook::DeleteAttachments(std::int64_t transactionId) {
                       SqlNumber(transactionId));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

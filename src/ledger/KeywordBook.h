@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Keywords and attachments of transactions.
 class KeywordBook {
@@ -33,4 +33,4 @@ class KeywordBook {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

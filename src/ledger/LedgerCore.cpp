@@ -9,7 +9,7 @@
 
 #include <chrono>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 std::vector<std::string> UndoneTables() {
@@ -129,4 +129,4 @@ void LedgerCore::Merge(const std::string& column, std::int64_t sourceId, std::in
   all.Commit();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

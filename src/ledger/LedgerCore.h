@@ -12,11 +12,16 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 class Progress;
 struct Platform;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline ledger {
 
 // What every topic of the ledger stands on: the open data file, what can be undone in it, and how
 // single rows and many rows are written.
@@ -65,4 +70,4 @@ struct LedgerCore {
   ClosedAccounts closed;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -4,7 +4,7 @@
 #include "platform/Settings.h"
 #include "store/sql/StoreError.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 void TakeOver(LoginPassword& password) {
@@ -37,4 +37,4 @@ void LoginGate::Remember(Connection& file) {
   admitted_ = LoginPassword(file).Stored();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

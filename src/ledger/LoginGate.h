@@ -3,10 +3,15 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 class Registry;
+}
+
+namespace corvanta::inline ledger {
 
 // Decides whether a person has to give a password before an open data file may be used, and
 // remembers who gave it, so that a file that is opened again is not asked for twice. The file
@@ -29,4 +34,4 @@ class LoginGate {
   std::string admitted_;  // what the file keeps of the password that was given
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -11,7 +11,7 @@
 #include <array>
 #include <cstring>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // The column holds 50 characters: a mark and 48 of base64, which are a salt and a short hash. The
@@ -138,4 +138,4 @@ void LoginPassword::Store(const std::string& text) {
   connection_.Execute("UPDATE tblVerification SET [Password] = " + SqlText(text));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,9 +6,11 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 inline constexpr const char* kPasswordWarning = "Password warning";
 inline constexpr const char* kWrongPassword = "Incorrect password entered";
@@ -48,4 +50,4 @@ class LoginPassword {
   Connection& connection_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

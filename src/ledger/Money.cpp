@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 double RoundMoney(double amount) {
   constexpr double kExact = 9007199254740992.0;  // 2^53: whole numbers are exact up to here
@@ -20,4 +20,4 @@ double RoundToCurrency(double amount, std::string_view currency) {
   return Rounded(amount, CurrencyDecimals(currency));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Amounts are doubles that were typed as decimal numbers. This takes the binary noise of adding
 // them off a sum again: the nearest number with six decimals, more than any currency has; never -0.
@@ -18,4 +18,4 @@ namespace corvanta {
   return amount == stored ? amount : RoundToCurrency(amount, currency);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

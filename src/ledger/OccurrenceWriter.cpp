@@ -6,7 +6,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // Statements that differ in their values alone are prepared once.
@@ -76,4 +76,4 @@ std::string OccurrenceWriter::NewestKey() {
       store_.QueryValue("Select Max(TransactionID) as TransactionID from tblTransactions").Int());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

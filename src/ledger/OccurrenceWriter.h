@@ -7,9 +7,12 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
+
 class clsCorvanta;
 
 // Writes the rows of one schedule's occurrences. The caller has begun the transaction.
@@ -36,4 +39,4 @@ class OccurrenceWriter {
   std::vector<std::string> lines_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include "platform/Date.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // The days that a view shows.
 struct Period {
@@ -12,4 +12,4 @@ struct Period {
   bool operator==(const Period&) const = default;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -10,7 +10,7 @@
 #include <filesystem>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kTitle = "Open Data File";
@@ -95,4 +95,4 @@ void PromptedOpening::Warn(const std::string& text) {
   platform_.prompts.Tell(kKeyTitle, text, Icon::Warning);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,9 +2,11 @@
 
 #include "store/datafile/opening/OpeningQuestions.h"
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 
 // Puts the questions of opening a data file to the person, through the prompts of the platform.
 class PromptedOpening : public OpeningQuestions {
@@ -25,4 +27,4 @@ class PromptedOpening : public OpeningQuestions {
   Platform& platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Where exchange rates come from.
 class RateSource {
@@ -15,4 +15,4 @@ class RateSource {
                                                    const std::string& to) = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::vector<CurrencyRecord> ReferenceBook::Currencies() {
   std::vector<CurrencyRecord> currencies;
@@ -27,10 +27,10 @@ std::vector<PeriodRecord> ReferenceBook::Periods() {
 }
 
 std::optional<TextProblem> ReferenceBook::TooLong(std::string_view table,
-                                                  std::initializer_list<ColumnText> texts) {
+                                                  std::initializer_list<NewText> texts) {
   const TableDef* definition = core_.store.Table(table);
   if (definition == nullptr) return std::nullopt;
-  for (const ColumnText& text : texts) {
+  for (const NewText& text : texts) {
     const ColumnDef* column = definition->Column(text.column);
     if (column == nullptr || column->kind != ColumnKind::Text) continue;
     if (TextLength(text.text) <= static_cast<std::size_t>(column->size)) continue;
@@ -45,4 +45,4 @@ void ReferenceBook::MergePayees(std::int64_t sourceId, std::int64_t targetId) {
   core_.Merge("PayeeID", sourceId, targetId);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

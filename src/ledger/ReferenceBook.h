@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Groups, banks, payees, payment types, currencies and periods. What is in use is kept.
 class ReferenceBook {
@@ -78,11 +78,11 @@ class ReferenceBook {
   // The first text that its column cannot hold, as words for a person; nullopt when all fit.
   // ledger.References().TooLong("tblBank", {{"Bank", name}, {"Web", web}})
   [[nodiscard]] std::optional<TextProblem> TooLong(std::string_view table,
-                                                   std::initializer_list<ColumnText> texts);
+                                                   std::initializer_list<NewText> texts);
   void MergePayees(std::int64_t sourceId, std::int64_t targetId);
 
  private:
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

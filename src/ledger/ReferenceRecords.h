@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 struct AccountRecord {
   std::int64_t accountId = 0;
@@ -101,7 +101,7 @@ struct AccountUse {
 };
 
 // A text that is to go into a column.
-struct ColumnText {
+struct NewText {
   std::string_view column;
   std::string_view text;
 };
@@ -112,4 +112,4 @@ struct TextProblem {
   std::string text;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,7 +6,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 template <typename Record>
@@ -121,4 +121,4 @@ template class ReferenceRows<PayeeRecord>;
 template class ReferenceRows<PaymentRecord>;
 template class ReferenceRows<KeywordRecord>;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

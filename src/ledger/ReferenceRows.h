@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // The rows of one kind of ReferenceTables.h. Operations throw StoreError.
 template <typename Record>
@@ -34,4 +34,4 @@ class ReferenceRows {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,7 +7,7 @@
 #include <span>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 template <typename Record>
 struct ReferenceText {
@@ -101,4 +101,4 @@ inline constexpr ReferenceTable<KeywordRecord> kReferenceTable<KeywordRecord>{
     .name = {"Keyword", &KeywordRecord::keyword},
     .links = "tblKeywordLink"};
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

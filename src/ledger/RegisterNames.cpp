@@ -4,7 +4,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kTwins =
@@ -86,4 +86,4 @@ NamesByKey TwinAccounts(Connection& connection, const std::string& twins) {
                        twins + ")");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,9 +6,11 @@
 #include <unordered_map>
 #include <unordered_set>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 using NamesByKey = std::unordered_map<std::int64_t, std::string>;
 
@@ -52,4 +54,4 @@ class RegisterLinks {
 // The accounts of these other halves, whose keys stand with commas between them.
 [[nodiscard]] NamesByKey TwinAccounts(Connection& connection, const std::string& twins);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -13,7 +13,7 @@
 #include <string_view>
 #include <unordered_map>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 using Keys = std::vector<std::uint64_t>;
@@ -256,4 +256,4 @@ std::vector<std::uint32_t> SortedRegister(RegisterRows& rows, RegisterColumn col
   return order;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class RegisterRows;
 
@@ -28,4 +28,4 @@ enum class RegisterColumn {
 [[nodiscard]] std::vector<std::uint32_t> SortedRegister(RegisterRows& rows, RegisterColumn column,
                                                         bool isDescending);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -4,7 +4,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 enum Position {
@@ -69,4 +69,4 @@ const char* StatusLetter(std::int64_t bankChk, std::int64_t bankRec) {
   return bankChk == 1 ? "C" : "";
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -10,9 +10,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Recordset;
+}
+
+namespace corvanta::inline ledger {
 
 // What a register keeps to.
 struct RegisterScope {
@@ -48,4 +50,4 @@ class RegisterReader {
 // "" or "C" or "R".
 [[nodiscard]] const char* StatusLetter(std::int64_t bankChk, std::int64_t bankRec);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // A line of the register.
 struct RegisterRow {
@@ -26,4 +26,4 @@ struct RegisterRow {
   std::int64_t action = 0;  // investment action, 0 for an ordinary row
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

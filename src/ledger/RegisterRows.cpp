@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 const RegisterEntry kGone;
@@ -311,4 +311,4 @@ std::unordered_set<std::int64_t> KeysInScope(Connection& store, const RegisterSc
   return shown;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -18,9 +18,12 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
+
 enum class RegisterColumn;
 
 // A row of the register as far as the access path of the account's rows knows it.
@@ -131,4 +134,4 @@ class RegisterRows {
                                                            const RegisterScope& scope,
                                                            const std::vector<std::int64_t>& keys);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // Of all registers together; each entry takes some fifty bytes.
@@ -21,9 +21,9 @@ std::size_t RegisterShelf::Entries() const {
   return entries;
 }
 
-std::shared_ptr<RegisterRows> RegisterShelf::Take(Connection& store, const RegisterScope& scope,
-                                                  double openingBalance,
-                                                  const std::optional<EntrySums>& sums) {
+std::shared_ptr<RegisterRows> RegisterShelf::Fetch(Connection& store, const RegisterScope& scope,
+                                                   double openingBalance,
+                                                   const std::optional<EntrySums>& sums) {
   const auto known = Find(scope);
   std::shared_ptr<RegisterRows> rows;
   if (known != kept_.end()) {
@@ -41,10 +41,10 @@ std::shared_ptr<RegisterRows> RegisterShelf::Take(Connection& store, const Regis
   return rows;
 }
 
-std::shared_ptr<RegisterRows> RegisterShelf::TakeAhead(Connection& store,
-                                                       const RegisterScope& scope,
-                                                       double openingBalance,
-                                                       const EntrySums& sums) {
+std::shared_ptr<RegisterRows> RegisterShelf::FetchAhead(Connection& store,
+                                                        const RegisterScope& scope,
+                                                        double openingBalance,
+                                                        const EntrySums& sums) {
   if (const auto known = Find(scope); known != kept_.end()) return *known;
   if (Entries() + static_cast<std::size_t>(sums.count) > kEntries) return nullptr;
   auto rows = std::make_shared<RegisterRows>(store, scope, openingBalance, sums);
@@ -52,4 +52,4 @@ std::shared_ptr<RegisterRows> RegisterShelf::TakeAhead(Connection& store,
   return rows;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,19 +6,19 @@
 #include <memory>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Keeps registers that were read, so that going back to one costs nothing as long as the data are
 // the same.
 class RegisterShelf {
  public:
   // The register, read before or new; `sums` as RegisterRows takes them. Throws StoreError.
-  std::shared_ptr<RegisterRows> Take(Connection& store, const RegisterScope& scope,
-                                     double openingBalance, const std::optional<EntrySums>& sums);
+  std::shared_ptr<RegisterRows> Fetch(Connection& store, const RegisterScope& scope,
+                                      double openingBalance, const std::optional<EntrySums>& sums);
   // The same of one that nobody has asked for yet: it takes no place from those that were shown.
   // Null where there is none left.
-  std::shared_ptr<RegisterRows> TakeAhead(Connection& store, const RegisterScope& scope,
-                                          double openingBalance, const EntrySums& sums);
+  std::shared_ptr<RegisterRows> FetchAhead(Connection& store, const RegisterScope& scope,
+                                           double openingBalance, const EntrySums& sums);
   void Clear() { kept_.clear(); }
 
  private:
@@ -30,4 +30,4 @@ class RegisterShelf {
   Kept kept_;  // the one shown last comes last
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

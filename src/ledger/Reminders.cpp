@@ -11,7 +11,7 @@
 #include <tuple>
 #include <unordered_map>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 Reminder OwnSide(const ScheduleDetails& schedule, Date due) {
@@ -135,4 +135,4 @@ ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> unti
   return Collection(ledger, today, until.value_or(today), withOverdue).Collect();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

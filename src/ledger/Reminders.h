@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -48,4 +48,4 @@ struct ReminderList {
 [[nodiscard]] ReminderList Reminders(clsCorvanta& ledger, Date today, std::optional<Date> until,
                                      bool withOverdue = true);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

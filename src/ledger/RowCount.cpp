@@ -3,7 +3,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 RowCount CountRows(Connection& store) {
   return {store.QueryValue("Select Count(*) from tblTransactions").Int(),
@@ -17,4 +17,4 @@ std::int64_t CountLeft(Connection& store, const RowCount& before) {
       .Int();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

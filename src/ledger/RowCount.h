@@ -2,9 +2,11 @@
 
 #include <cstdint>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 // The transactions of a data file with their split lines, as they are counted before something that
 // may remove some of them. What is added behind `last` does not count afterwards.
@@ -18,4 +20,4 @@ struct RowCount {
 // How many of them are left.
 [[nodiscard]] std::int64_t CountLeft(Connection& store, const RowCount& before);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

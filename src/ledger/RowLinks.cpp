@@ -4,7 +4,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::optional<RowLinks> ReadLinks(Connection& store, std::int64_t transactionId) {
   const Recordset row = store.OpenRecordset(
@@ -22,4 +22,4 @@ std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql) {
   return keys;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,9 +5,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 // What the operations on a row need to know of it before they write.
 struct RowLinks {
@@ -25,4 +27,4 @@ struct RowLinks {
 // The keys that a query finds, in its first column.
 [[nodiscard]] std::vector<std::int64_t> ReadKeys(Connection& store, const std::string& sql);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

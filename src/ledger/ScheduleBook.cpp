@@ -20,7 +20,7 @@
 #include <optional>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 std::string PeriodCode(Connection& store, std::int64_t periodId) {
@@ -65,7 +65,7 @@ std::int64_t ScheduleBook::SaveSchedule(ScheduleRecord& record) {
 
 bool ScheduleBook::SaveScheduleLine(ScheduleRecord& record) {
   const auto parent = ReadSchedule(record.allocatedItem);
-  if (!TakeFromParent(record)) return false;
+  if (!InheritFromParent(record)) return false;
   ScheduleForecasts forecasts(ledger_, *parent, core_.platform);
   record.scheduleId = WriteSchedule(record);
   SumScheduleLines(record.allocatedItem);
@@ -102,7 +102,7 @@ SchedulePlan ScheduleBook::PlanAfterSaving(ScheduleRecord record) {
 }
 
 // A line belongs to an ordinary schedule; false when its parent is none.
-bool ScheduleBook::TakeFromParent(ScheduleRecord& line) {
+bool ScheduleBook::InheritFromParent(ScheduleRecord& line) {
   const auto parent = ReadSchedule(line.allocatedItem);
   if (!parent || parent->allocatedItem != 0 || parent->IsTransfer()) return false;
   line.accountId = parent->accountId;
@@ -270,4 +270,4 @@ std::int64_t ScheduleBook::CopySchedule(std::int64_t sourceId, std::int64_t pare
   return core_.ReadKey("Select Max(ScheduleID) as ScheduleID from tblSchedule", "ScheduleID");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

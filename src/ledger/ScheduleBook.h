@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 struct PlanChange;
@@ -39,11 +39,11 @@ class ScheduleBook : public ScheduleReader {
   void DetachFromSchedule(std::int64_t transactionId);
 
  private:
-  [[nodiscard]] bool TakeFromParent(TransactionRecord& line);
+  [[nodiscard]] bool InheritFromParent(TransactionRecord& line);
   std::int64_t CopySchedule(std::int64_t sourceId, std::int64_t parentId);
   void DeletePostedRows(std::int64_t scheduleId);
   bool SumScheduleLines(std::int64_t scheduleId);
-  [[nodiscard]] bool TakeFromParent(ScheduleRecord& line);
+  [[nodiscard]] bool InheritFromParent(ScheduleRecord& line);
   std::int64_t WriteSchedule(const ScheduleRecord& record);
   void ScheduleLinesFollow(const ScheduleRecord& parent);
   [[nodiscard]] bool SaveScheduleLine(ScheduleRecord& record);
@@ -54,4 +54,4 @@ class ScheduleBook : public ScheduleReader {
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include "ledger/ScheduleRows.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // Where the former plan stands.
@@ -109,4 +109,4 @@ PlanChange ChangePlan(const SchedulePlan& former, const SchedulePlan& asked,
   return change;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,7 +6,7 @@
 
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class PostedRows;
 
@@ -30,4 +30,4 @@ struct PlanChange {
 [[nodiscard]] PlanChange ChangePlan(const SchedulePlan& former, const SchedulePlan& wanted,
                                     const PostedRows& posted, Date today);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

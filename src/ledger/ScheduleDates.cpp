@@ -6,7 +6,7 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr int kMonday = 1;
@@ -108,4 +108,4 @@ std::vector<Date> FirstScheduleDates(const SchedulePlan& plan, std::size_t count
   return Steps(*step, plan.Settled().from, payments > 0 ? std::min(payments, count) : count);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // A period code such as "m", "2ww" or "1d", taken apart.
 struct PeriodStep {
@@ -57,4 +57,4 @@ struct SchedulePlan {
 // The plan's first `count` dates, fewer where it has fewer: a look ahead for a person.
 [[nodiscard]] std::vector<Date> FirstScheduleDates(const SchedulePlan& plan, std::size_t count);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,7 +5,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kTable = "own_ScheduleDays";
@@ -45,4 +45,4 @@ void WriteDayRule(Connection& store, std::int64_t scheduleId, const DayRule& rul
                 std::to_string(static_cast<int>(rule.weekend)) + ")");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -5,9 +5,11 @@
 #include <cstdint>
 #include <unordered_map>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 // The day rules of schedules that have any, by their keys. They stand in a table of their own that
 // the catalog does not show (see Connection::TableNames). A file opened for reading alone may lack
@@ -19,4 +21,4 @@ using DayRules = std::unordered_map<std::int64_t, DayRule>;
 // A plain rule leaves no row. Throws StoreError.
 void WriteDayRule(Connection& store, std::int64_t scheduleId, const DayRule& rule);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -18,7 +18,7 @@
 #include <algorithm>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 bool IsUncleared(const TransactionDetails& row) {
@@ -59,19 +59,19 @@ bool IsBehindStart(Date due, const ScheduleRecord& schedule) {
   return due < schedule.dateFrom || schedule.noTimes < 0;
 }
 
-template <typename Lines, typename Share>
-void AddShares(const Lines& lines, std::vector<Share>& shares) {
-  for (const auto& line : lines) {
-    shares.emplace_back(line.categoryId, line.amount, line.reference, line.description);
+template <typename Rows, typename Line>
+void AddLines(const Rows& rows, std::vector<Line>& lines) {
+  for (const auto& line : rows) {
+    lines.emplace_back(line.categoryId, line.amount, line.reference, line.description);
   }
-  std::ranges::sort(shares);
+  std::ranges::sort(lines);
 }
 
 }  // namespace
 
 ScheduleForecasts::ScheduleForecasts(clsCorvanta& ledger, ScheduleDetails former,
                                      const Platform& platform)
-    : ledger_(ledger), former_(std::move(former)), shares_(SharesOf(former_.scheduleId)) {
+    : ledger_(ledger), former_(std::move(former)), lines_(LinesOf(former_.scheduleId)) {
   const Date today = platform.clock.Today();
   {
     Recordset rows = ledger_.Store().OpenRecordset(
@@ -89,19 +89,19 @@ ScheduleForecasts::ScheduleForecasts(clsCorvanta& ledger, ScheduleDetails former
   for (Row& row : rows_) row.isForecast = row.isForecast && IsUntouched(row, twinCategory);
 }
 
-std::vector<ScheduleForecasts::Share> ScheduleForecasts::SharesOf(std::int64_t scheduleId) {
-  std::vector<Share> shares;
-  AddShares(ledger_.Schedules().ScheduleLines(scheduleId), shares);
-  return shares;
+std::vector<ScheduleForecasts::Line> ScheduleForecasts::LinesOf(std::int64_t scheduleId) {
+  std::vector<Line> lines;
+  AddLines(ledger_.Schedules().ScheduleLines(scheduleId), lines);
+  return lines;
 }
 
 bool ScheduleForecasts::IsUntouched(Row& row, std::int64_t twinCategory) {
   const std::int64_t key = row.transactionId;
   const auto stored = ledger_.Transactions().ReadTransaction(key);
   if (!stored || !IsAsPosted(*stored, former_)) return false;
-  std::vector<Share> shares;
-  AddShares(ledger_.Transactions().SplitLines(key), shares);
-  if (shares != shares_) return false;
+  std::vector<Line> lines;
+  AddLines(ledger_.Transactions().SplitLines(key), lines);
+  if (lines != lines_) return false;
   row.amount = stored->amount;
   if (stored->transferId != 0) {
     const auto twin = ledger_.Transactions().ReadTransaction(stored->transferId);
@@ -126,7 +126,7 @@ bool ScheduleForecasts::SaysTheSame(const ScheduleDetails& now) {
          now.paymentId == former_.paymentId && now.payeeId == former_.payeeId &&
          now.transferAccountId == former_.transferAccountId && now.amount == former_.amount &&
          now.reference == former_.reference && now.description == former_.description &&
-         now.days.weekend == former_.days.weekend && SharesOf(now.scheduleId) == shares_;
+         now.days.weekend == former_.days.weekend && LinesOf(now.scheduleId) == lines_;
 }
 
 // In another currency at the rate of the row itself; nullopt where it has none.
@@ -184,4 +184,4 @@ void ScheduleForecasts::Remove() {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

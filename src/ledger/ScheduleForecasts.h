@@ -9,11 +9,14 @@
 #include <tuple>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 struct PlanChange;
-struct Platform;
 
 // The posted rows of a schedule that is about to change. A forecast, dated after today, that still
 // says what the schedule said follows the change. What a person has made of a row stays, and so
@@ -35,7 +38,7 @@ class ScheduleForecasts {
   void Remove();
 
  private:
-  using Share = std::tuple<std::int64_t, double, std::string, std::string>;
+  using Line = std::tuple<std::int64_t, double, std::string, std::string>;
   struct Row {
     std::int64_t transactionId = 0;
     Date due;
@@ -45,7 +48,7 @@ class ScheduleForecasts {
   };
 
   [[nodiscard]] bool IsUntouched(Row& row, std::int64_t twinCategory);
-  [[nodiscard]] std::vector<Share> SharesOf(std::int64_t scheduleId);
+  [[nodiscard]] std::vector<Line> LinesOf(std::int64_t scheduleId);
   [[nodiscard]] bool IsMadeNow(Date formerDue, Date due, const ScheduleDetails& now) const;
   [[nodiscard]] bool SaysTheSame(const ScheduleDetails& now);
   [[nodiscard]] std::optional<double> OtherAmount(const Row& row, const ScheduleDetails& now) const;
@@ -53,8 +56,8 @@ class ScheduleForecasts {
 
   clsCorvanta& ledger_;
   ScheduleDetails former_;
-  std::vector<Share> shares_;
+  std::vector<Line> lines_;
   std::vector<Row> rows_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

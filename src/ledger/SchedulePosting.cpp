@@ -23,7 +23,7 @@
 #include <optional>
 #include <set>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 // What the column holds of a schedule whose payments are all made. 0 would mean payments without
@@ -348,4 +348,4 @@ OccurrenceResult SchedulePosting::SkipOccurrence(std::int64_t scheduleId, Date d
   return impl_->Skip(scheduleId, due);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

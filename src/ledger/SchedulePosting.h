@@ -8,11 +8,14 @@
 #include <memory>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline ledger {
 
 class RateSource;
 class clsCorvanta;
-struct Platform;
 
 // What became of a pass.
 struct PostingResult {
@@ -64,4 +67,4 @@ class SchedulePosting {
   std::unique_ptr<Impl> impl_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

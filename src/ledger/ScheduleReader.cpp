@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <limits>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kReadStatement =
@@ -183,4 +183,4 @@ std::vector<Date> ScheduleReader::DueDates(std::int64_t scheduleId, std::optiona
   return ScheduleDates(plan, core_.platform.clock.Today(), end);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

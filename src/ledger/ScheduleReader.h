@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Reading schedules.
 class ScheduleReader {
@@ -26,4 +26,4 @@ class ScheduleReader {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Whether a schedule posts by itself; the numbers are those of the column.
 enum class AddToAccount {
@@ -70,4 +70,4 @@ struct ScheduleDetails : ScheduleRecord {
   }
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 void PostedRows::Add(std::int64_t accountId, std::optional<Date> due) {
   if (!due) return;  // the other half of a transfer
   const auto place = std::ranges::upper_bound(rows_, *due, {}, &Row::due);
@@ -99,4 +99,4 @@ std::vector<Date> PaymentsBookedUntil(const ScheduleDetails& schedule, Date last
   return dates;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -11,9 +11,11 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline ledger {
 
 // The occurrences of one schedule that have a row.
 class PostedRows {
@@ -58,4 +60,4 @@ using PostedBySchedule = std::unordered_map<std::int64_t, PostedRows>;
 // The due dates of those that are booked up to and with that day.
 [[nodiscard]] std::vector<Date> PaymentsBookedUntil(const ScheduleDetails& schedule, Date last);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 [[nodiscard]] inline std::string SqlName(std::string_view name) {
   return SqlText(Trim(name));
@@ -17,4 +17,4 @@ namespace corvanta {
   return SqlText(ToLower(Trim(name)));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

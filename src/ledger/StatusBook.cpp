@@ -6,7 +6,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 void StatusBook::SetStatus(std::int64_t transactionId, std::int16_t value, std::int16_t setChk,
                            std::int16_t setRec) {
@@ -85,4 +85,4 @@ void StatusBook::Settle(const Settlement& row) {
   both.Commit();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,9 +7,11 @@
 #include <cstdint>
 #include <span>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Progress;
+}
+
+namespace corvanta::inline ledger {
 
 // What a bank statement says of a row.
 struct Settlement {
@@ -44,4 +46,4 @@ class StatusBook {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

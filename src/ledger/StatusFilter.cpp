@@ -2,7 +2,7 @@
 
 #include "ledger/clsCorvanta.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::string StatusFilter::Clause() const {
   if (uncleared && !cleared && !reconciled) return "BankChk = 0 AND BankRec = 0 AND ";
@@ -15,4 +15,4 @@ std::string StatusFilter::Clause() const {
   return "1 > 0 AND ";
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

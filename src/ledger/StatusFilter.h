@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Which statuses a view shows; none chosen shows all, as all chosen does.
 struct StatusFilter {
@@ -15,4 +15,4 @@ struct StatusFilter {
   [[nodiscard]] std::string Clause() const;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

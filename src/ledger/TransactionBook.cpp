@@ -9,7 +9,7 @@
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Transaction");
@@ -20,7 +20,7 @@ std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
     core_.closed.RequireOpenHalves(*old);
     record.allocatedItem = old->allocatedItem;
   }
-  if (record.allocatedItem != 0 && !TakeFromParent(record)) return 0;
+  if (record.allocatedItem != 0 && !InheritFromParent(record)) return 0;
   core_.closed.RequireOpen(record.accountId);
   if (!rows_.CanBeTwin(record.transferId, record.transactionId)) record.transferId = 0;
   record.transactionId = rows_.WriteRow(record);
@@ -46,7 +46,7 @@ void TransactionBook::SaveTransfer(TransactionRecord& from, TransactionRecord& t
 }
 
 // A line belongs to an ordinary row; false when its parent is none.
-bool TransactionBook::TakeFromParent(TransactionRecord& line) {
+bool TransactionBook::InheritFromParent(TransactionRecord& line) {
   const Recordset parent = core_.store.OpenRecordset(
       "Select * from tblTransactions Where TransactionID = " + SqlNumber(line.allocatedItem));
   if (parent.Eof() || parent.Int("AllocatedItem") != 0 || parent.Int("TransferID") != 0) {
@@ -69,8 +69,10 @@ std::int64_t TransactionBook::AddTransaction(TransactionRecord& record,
   record.transactionId = 0;
   record.allocatedItem = 0;
   record.transferId = 0;
-  if (lines.empty())
-    return record.transactionId = rows_.WriteRow(record);  // one statement is whole
+  if (lines.empty()) {  // one statement is whole
+    record.transactionId = rows_.WriteRow(record);
+    return record.transactionId;
+  }
   Transaction all = core_.store.Begin();
   double sum = 0;
   for (const TransactionRecord& line : lines) sum = RoundMoney(sum + line.amount);
@@ -145,4 +147,4 @@ std::int64_t TransactionBook::Autofill(const AutofillEntry& entry) {
   return key;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <span>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -47,11 +47,11 @@ class TransactionBook : public TransactionReader {
   std::int64_t Autofill(const AutofillEntry& entry);
 
  private:
-  [[nodiscard]] bool TakeFromParent(TransactionRecord& line);
-  [[nodiscard]] bool TakeFromParent(ScheduleRecord& line);
+  [[nodiscard]] bool InheritFromParent(TransactionRecord& line);
+  [[nodiscard]] bool InheritFromParent(ScheduleRecord& line);
 
   TransactionRows rows_;
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

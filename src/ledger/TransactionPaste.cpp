@@ -12,7 +12,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 std::int64_t TransactionPaste::PasteTransaction(std::int64_t sourceId, std::int64_t accountId) {
   const UndoLog::Step step = core_.undo.Begin("Paste Transaction");
   Transaction all = core_.store.Begin();
@@ -77,4 +77,4 @@ std::int64_t TransactionPaste::CopyRow(std::int64_t sourceId, std::int64_t accou
   return copy;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

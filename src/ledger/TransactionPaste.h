@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -30,4 +30,4 @@ class TransactionPaste {
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

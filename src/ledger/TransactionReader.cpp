@@ -4,7 +4,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr const char* kReadStatement =
@@ -103,4 +103,4 @@ std::optional<TransactionRecord> TransactionReader::LastTransaction(std::int64_t
   return record;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -7,7 +7,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Reading transactions. Keys are 0 for none; a key that does not exist reads nothing. Throws
 // StoreError.
@@ -27,4 +27,4 @@ class TransactionReader {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

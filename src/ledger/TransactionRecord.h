@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // One row of the ledger as it is saved. Keys are 0 for none.
 struct TransactionRecord {
@@ -57,4 +57,4 @@ struct AutofillEntry {
   Date date;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

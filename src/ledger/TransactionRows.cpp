@@ -6,7 +6,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // A key that names no whole row would leave a transfer that points into nothing.
 bool TransactionRows::CanBeTwin(std::int64_t twin, std::int64_t key) {
@@ -98,4 +98,4 @@ void TransactionRows::DeleteRows(const std::string& condition) {
   core_.store.Execute("Delete From tblTransactions Where " + condition);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // The rows of tblTransactions, and what hangs together among them: the halves of transfers, the
 // lines of a split and what is linked to a row. For the topics of the ledger, which begin the
@@ -36,4 +36,4 @@ class TransactionRows {
   LedgerCore& core_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -1,6 +1,6 @@
 #include "ledger/TransactionStatus.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 StatusFlags FlagsOf(TransactionStatus status) {
   switch (status) {
@@ -31,4 +31,4 @@ std::string_view StatusAssignment(TransactionStatus status) {
   return {};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Whether a bank statement has confirmed a transaction; the numbers are the codes by which a status
 // is picked from a list.
@@ -33,4 +33,4 @@ struct RowMarks {
   long long transferId = 0;  // not 0: the other half
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

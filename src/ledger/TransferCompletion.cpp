@@ -14,7 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 constexpr std::string_view kMark = "Account:";
@@ -86,4 +86,4 @@ std::size_t TransferCompletion::Complete(Keys transactionIds) {
   return made;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -10,7 +10,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -42,4 +42,4 @@ class TransferCompletion {
   std::unordered_map<std::int64_t, std::optional<AccountRecord>> accounts_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -14,7 +14,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 namespace {
 
 struct Half {
@@ -168,4 +168,4 @@ int TransferLinking::LinkImportedTransfers() {
   return pairs;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

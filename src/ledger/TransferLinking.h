@@ -2,7 +2,7 @@
 
 #include "ledger/LedgerCore.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 class clsCorvanta;
 
@@ -21,4 +21,4 @@ class TransferLinking {
   clsCorvanta& ledger_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 // Why something that a person typed is not saved.
 struct Warning {
@@ -11,4 +11,4 @@ struct Warning {
   std::string field;  // the control that it is about, by its name; empty for none
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

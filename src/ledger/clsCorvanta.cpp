@@ -15,7 +15,7 @@
 #include "ledger/TransferLinking.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline ledger {
 
 struct clsCorvanta::Topics {
   Topics(Connection& connection, Platform& platform, clsCorvanta& ledger)
@@ -95,4 +95,4 @@ ReferenceBook& clsCorvanta::References() {
   return topics_->references;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

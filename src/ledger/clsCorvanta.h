@@ -2,10 +2,17 @@
 
 #include <memory>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
 class UndoLog;
+}  // namespace corvanta::inline sql
+
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline ledger {
+
 class AccountBook;
 class BalanceBook;
 class BulkEditor;
@@ -18,7 +25,6 @@ class StatusBook;
 class TransactionBook;
 class TransactionPaste;
 class TransferLinking;
-struct Platform;
 
 // The ledger on one open data file: the one door to its rows. Each topic has a class of its own, in
 // a header of its name; whoever needs one topic includes that one.
@@ -55,4 +61,4 @@ class clsCorvanta {
   std::unique_ptr<Topics> topics_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline ledger

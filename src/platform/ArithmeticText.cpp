@@ -10,7 +10,7 @@
 #include <string>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 // Brackets and signs may stand in each other; what a person types never comes near it.
@@ -115,4 +115,4 @@ std::optional<double> WorkOut(std::string_view text, const Locale& locale, int d
   return Rounded(*value, decimals < 0 ? locale.DefaultDecimals() : decimals);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 class Locale;
 
@@ -18,4 +18,4 @@ inline constexpr double kLargestAmount = 9'999'999'999'999.99;
 [[nodiscard]] std::optional<double> WorkOut(std::string_view text, const Locale& locale,
                                             int decimals = -1);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 using Words = std::span<const std::string_view>;
@@ -212,4 +212,4 @@ bool IsBalance(std::string_view heading) {
   return std::ranges::any_of(kBalance, [&](auto word) { return HasWord(heading, word); });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

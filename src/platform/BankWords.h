@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // In lower case and without accents, blanks around it taken off.
 [[nodiscard]] std::string PlainWord(std::string_view text);
@@ -36,4 +36,4 @@ enum class BankColumn {
 // Whether it is that of a running balance.
 [[nodiscard]] bool IsBalance(std::string_view heading);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -2,7 +2,7 @@
 
 #include <ctime>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 DateTime SystemClock::Now() const {
   const std::time_t now = std::time(nullptr);
@@ -16,4 +16,4 @@ DateTime SystemClock::Now() const {
   return {today.value_or(Date()), seconds};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -2,7 +2,7 @@
 
 #include "platform/Date.h"
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // The one source of "now": local time of the user.
 class Clock {
@@ -25,4 +25,4 @@ class SystemClock : public Clock {
   bool isFixed_ = false;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::size_t kSector = 512;
@@ -129,4 +129,4 @@ std::string CompoundFileOf(std::string_view name, std::string stream) {
   return HeaderOf(layout) + stream + DirectoryOf(name, size) + TablesOf(layout) + ListsOf(layout);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 // A question is called "Add Category?" by the program and "Add Category" by a person.
@@ -86,4 +86,4 @@ void ConsolePrompts::Refuse(const std::string& title, const std::string& text) {
   throw PromptRefused("No option answers the question \"" + title + "\".");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // A question came up that the command line has no answer for. The text names the question.
 class PromptRefused : public PlatformError {
@@ -56,4 +56,4 @@ class ConsolePrompts : public Prompts {
   std::ostream& messages_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -6,7 +6,7 @@
 #include <array>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 // ICU knows the decimals that a country's prices are written with, which are fewer for some
@@ -31,4 +31,4 @@ int CurrencyDecimals(std::string_view code) {
   return isAmong(kFour) ? 4 : 2;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,7 +8,7 @@
 #include <chrono>
 #include <stdexcept>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 namespace chr = std::chrono;
@@ -131,4 +131,4 @@ int DateDiff(std::string_view interval, Date from, Date to, int firstWeekDay) {
   throw std::invalid_argument("DateDiff: unknown interval " + code);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // A day of the proleptic Gregorian calendar, years 1 to 9999.
 class Date {
@@ -63,4 +63,4 @@ struct DateTime {
 // spans of seven days. Throws std::invalid_argument for another code.
 [[nodiscard]] int DateDiff(std::string_view interval, Date from, Date to, int firstWeekDay = 7);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 // All digits of the value without a point; `pointAt` is the number of them before it, which may
@@ -64,4 +64,4 @@ double Rounded(double value, int decimals) {
   return decimal.isNegative ? -rounded : rounded;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

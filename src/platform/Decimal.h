@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // A decimal number as its digits.
 struct Decimal {
@@ -18,4 +18,4 @@ struct Decimal {
 // The same as a number; what is not finite stays.
 [[nodiscard]] double Rounded(double value, int decimals);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -9,7 +9,7 @@
 #include <memory>
 #include <new>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr long kConnectSeconds = 4;
@@ -85,4 +85,4 @@ void CurlDownload::ToFile(const std::string& url, const std::string& path) {
   files.WriteAtomically(path, answer.bytes);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Fetches an address into a file.
 class Download {
@@ -24,4 +24,4 @@ class CurlDownload : public Download {
   long timeoutSeconds_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

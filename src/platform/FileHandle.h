@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Owns a file descriptor and closes it.
 class FileHandle {
@@ -34,4 +34,4 @@ class FileHandle {
   int descriptor_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

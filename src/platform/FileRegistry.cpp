@@ -13,7 +13,7 @@
 #include <filesystem>
 #include <thread>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::size_t kLargestFile = 16U << 20U;
@@ -163,4 +163,4 @@ bool FileRegistry::IsEmpty(Hive hive) const {
   return !Load(hive).HasContent();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

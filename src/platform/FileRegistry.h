@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <functional>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // The registry as one text file per hive. A file is read again when another process has changed
 // it, and written under a lock of its own ("<file>.lock"), so that several processes do not lose
@@ -58,4 +58,4 @@ class FileRegistry : public Registry {
   Files& files_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

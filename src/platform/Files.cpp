@@ -13,7 +13,7 @@
 #include <cstdio>
 #include <filesystem>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 std::string FolderOf(const std::string& path) {
@@ -203,4 +203,4 @@ bool IsReadOnly(const std::string& path) {
   return (status.st_mode & S_IWUSR) == 0 || ::access(path.c_str(), W_OK) != 0;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

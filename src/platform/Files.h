@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Replacing, removing and creating files so that a loss of power leaves the old or the new state.
 // An interface, so that a test can stop the program between any two of its steps.
@@ -45,4 +45,4 @@ class SystemFiles : public Files {
 // True when the owner's mark or the file system refuses writing (also for a privileged user).
 [[nodiscard]] bool IsReadOnly(const std::string& path);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -7,7 +7,7 @@
 
 #include <cstdlib>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 std::string HomeFolder() {
@@ -36,4 +36,4 @@ std::string DefaultDataFolder() {
   return BaseFolder("XDG_DATA_HOME", "/.local/share");
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

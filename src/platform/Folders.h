@@ -3,7 +3,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // "$XDG_CONFIG_HOME/corvanta" or "~/.config/corvanta". Not created. Throws PlatformError when the
 // user has no home folder.
@@ -11,4 +11,4 @@ namespace corvanta {
 // "$XDG_DATA_HOME/corvanta" or "~/.local/share/corvanta", likewise.
 [[nodiscard]] std::string DefaultDataFolder();
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

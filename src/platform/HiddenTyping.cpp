@@ -14,7 +14,7 @@
 #include <csignal>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr const char* kUnreadable = "The password cannot be read.";
@@ -39,7 +39,7 @@ class WaitingSignals {
 
   [[nodiscard]] int Descriptor() const { return arrivals_.Get(); }
   // The signal that has come; 0 for none.
-  [[nodiscard]] int Take() const {
+  [[nodiscard]] int Caught() const {
     signalfd_siginfo arrival{};
     const ssize_t size = ::read(arrivals_.Get(), &arrival, sizeof arrival);
     return size == sizeof arrival ? static_cast<int>(arrival.ssi_signo) : 0;
@@ -80,7 +80,7 @@ int WaitForTyping(int terminal, const WaitingSignals& signals) {
       if (errno == EINTR) continue;
       throw PlatformError(kUnreadable);
     }
-    if (const int signal = signals.Take(); signal != 0) return signal;
+    if (const int signal = signals.Caught(); signal != 0) return signal;
     if (waiting[0].revents != 0) return 0;
   }
 }
@@ -135,4 +135,4 @@ TypedLine ReadHidden(int terminal, const std::function<void()>& ask) {
   return typed;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

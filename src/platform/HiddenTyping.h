@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // A line that was typed at a terminal, or the signal that came in between.
 struct TypedLine {
@@ -22,4 +22,4 @@ struct TypedLine {
 // belongs to the next question. Throws PlatformError.
 [[nodiscard]] std::optional<std::string> ReadSecretLine(int descriptor);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -3,6 +3,7 @@
 #include "platform/Decimal.h"
 #include "platform/NumberText.h"
 #include "platform/TextCase.h"
+#include "platform/TwoDigitYear.h"
 
 #include <fmt/format.h>
 #include <unicode/dcfmtsym.h>
@@ -18,7 +19,7 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr int kMaxDecimals = 15;
@@ -98,8 +99,7 @@ std::vector<std::string> NumbersOf(const icu::UnicodeString& text) {
 
 int FullYear(const std::string& digits) {
   const int year = std::stoi(digits);
-  if (digits.size() > 2) return year;
-  return year < 70 ? 2000 + year : 1900 + year;
+  return digits.size() > 2 ? year : YearOfTwoDigits(year);
 }
 
 }  // namespace
@@ -277,9 +277,9 @@ std::optional<Date> IcuLocale::ParseDate(std::string_view text) const {
     const auto date =
         Date::FromSerial(static_cast<std::int32_t>(std::floor(moment / kMillisecondsPerDay)));
     if (date.Year() >= 100) return date;
-    return Date::FromYmd(FullYear(fmt::format("{:02}", date.Year())), date.Month(), date.Day());
+    return Date::FromYmd(YearOfTwoDigits(date.Year()), date.Month(), date.Day());
   }
   return std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

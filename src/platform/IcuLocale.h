@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // The locale of the environment, or one by name, over ICU. Numbers, money and dates may follow
 // different locales, as LC_NUMERIC, LC_MONETARY and LC_TIME say; LC_ALL overrides them and LANG
@@ -61,4 +61,4 @@ class IcuLocale : public Locale {
   std::unique_ptr<DatePatterns> patterns_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

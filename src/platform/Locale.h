@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 enum class DateOrder { DayMonthYear, MonthDayYear, YearMonthDay };
 
@@ -39,4 +39,4 @@ class Locale {
   [[nodiscard]] virtual std::optional<Date> ParseDate(std::string_view text) const = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

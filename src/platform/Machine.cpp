@@ -9,7 +9,7 @@
 #include <array>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 std::string ReadIdentity() {
@@ -40,4 +40,4 @@ std::uint64_t SystemMachineValue::Read() const {
   return value == 0 ? 1 : value;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

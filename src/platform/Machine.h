@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // A number that tells this machine from others.
 class MachineValue {
@@ -18,4 +18,4 @@ class SystemMachineValue : public MachineValue {
   [[nodiscard]] std::uint64_t Read() const override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -16,7 +16,7 @@
 #include <string>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr double kLargest = 1e15;  // a double still holds the cents of what is smaller
@@ -219,4 +219,4 @@ DecimalMark DecimalMarkFinder::Find(const Locale& locale) const {
   return points_ > commas_ ? DecimalMark::Point : DecimalMark::Comma;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

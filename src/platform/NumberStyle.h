@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 class Locale;
 
@@ -41,4 +41,4 @@ class DecimalMarkFinder {
   std::size_t commas_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

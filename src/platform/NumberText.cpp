@@ -7,7 +7,7 @@
 #include <cstdint>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 UChar32 FirstCharacter(std::string_view text) {
@@ -128,4 +128,4 @@ std::optional<double> ReadNumber(std::string_view text, std::string_view decimal
   return isNegative ? -*value : *value;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -7,7 +7,7 @@
 #include <array>
 #include <cerrno>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 bool DesktopOpener::Open(const std::string& pathOrUrl) {
   if (pathOrUrl.empty()) return false;
@@ -26,4 +26,4 @@ bool DesktopOpener::Open(const std::string& pathOrUrl) {
   return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Hands a file or an address to the system's application for it.
 class Opener {
@@ -18,4 +18,4 @@ class DesktopOpener : public Opener {
   [[nodiscard]] bool Open(const std::string& pathOrUrl) override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -2,7 +2,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 class Clock;
 class Download;
@@ -31,4 +31,4 @@ struct Platform {
   std::string dataFolder;     // where a new user's data file goes
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

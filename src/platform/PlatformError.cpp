@@ -3,7 +3,7 @@
 #include <cerrno>
 #include <system_error>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 const char* AdviceFor(int code) {
@@ -38,4 +38,4 @@ PlatformError SystemError(const std::string& what, const std::string& path, int 
                        ". Nothing was changed. " + AdviceFor(code));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // What the machine or the network refused: a file, a folder, a download. The text says, for a
 // person, what happened, what is safe and what to do next, a sentence each.
@@ -16,4 +16,4 @@ class PlatformError : public std::runtime_error {
 // what to do next. `code` is an errno.
 [[nodiscard]] PlatformError SystemError(const std::string& what, const std::string& path, int code);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // What a long operation shows while it runs.
 class Progress {
@@ -26,4 +26,4 @@ class SilentProgress : public Progress {
   [[nodiscard]] bool Yield() override { return true; }
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 enum class Icon { Information, Question, Warning, Error };
 
@@ -40,4 +40,4 @@ class Prompts {
   [[nodiscard]] virtual std::optional<std::string> SaveFile(const FileQuestion& question) = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

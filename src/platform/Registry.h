@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 enum class Hive { CurrentUser, LocalMachine };
 
@@ -38,4 +38,4 @@ class Registry {
   [[nodiscard]] virtual bool IsEmpty(Hive hive) const = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

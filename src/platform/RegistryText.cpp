@@ -9,7 +9,7 @@
 #include <unordered_set>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::string_view kRemark =
@@ -244,4 +244,4 @@ bool RegistryText::DeleteKey(std::string_view key) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

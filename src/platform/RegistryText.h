@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // One hive of the registry as it stands in a text file:
 //
@@ -64,4 +64,4 @@ class RegistryText {
   std::unordered_map<std::string, std::size_t> keys_;  // by folded key, the section
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,7 +8,7 @@
 #include <cassert>
 #include <map>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::array kColumnSettings{Setting::chT,     Setting::chC,  Setting::chP,  Setting::chS,
@@ -156,4 +156,4 @@ void Settings::ResetColumns() {
   registry_.WriteAll(Hive::CurrentUser, kSettingsKey, empty);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

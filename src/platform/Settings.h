@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 class Registry;
 
@@ -73,4 +73,4 @@ class Settings {
   Registry& registry_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

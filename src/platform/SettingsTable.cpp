@@ -6,7 +6,7 @@
 #include <array>
 #include <charconv>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::array<std::string_view, 3> kBackupChoices{"Every Time", "Once a Day", "Once a Week"};
@@ -197,4 +197,4 @@ std::optional<std::uint32_t> ReadColour(std::string_view text) {
   return static_cast<std::uint32_t>(*number);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Keys of the current user's hive.
 inline constexpr std::string_view kSettingsKey = "Software\\Corvanta 2.0\\Settings";
@@ -110,4 +110,4 @@ struct SettingInfo {
 [[nodiscard]] std::optional<int> ReadWholeNumber(std::string_view text);
 [[nodiscard]] std::optional<std::uint32_t> ReadColour(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

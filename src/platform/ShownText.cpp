@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <cstdint>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::string_view kReplacement = "\xEF\xBF\xBD";  // U+FFFD
@@ -81,4 +81,4 @@ std::string ShownText(std::string_view text) {
   return shown;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // Text that may have come from anywhere, as a terminal may show it: characters that would steer the
 // terminal or turn the direction of writing are replaced by ones that are seen. Control characters
@@ -12,4 +12,4 @@ namespace corvanta {
 // character.
 [[nodiscard]] std::string ShownText(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -13,7 +13,7 @@
 #include <cerrno>
 #include <cmath>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::size_t kLongestSheetName = 31;
@@ -128,4 +128,4 @@ std::string WorkbookSpreadsheet::Render(const SpreadsheetTable& table, Spreadshe
   return XlsWorkbookOf(table, SheetName(table.name), widths);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -4,7 +4,7 @@
 #include <variant>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 using SpreadsheetCell = std::variant<std::monostate, double, std::string>;
 
@@ -33,4 +33,4 @@ class WorkbookSpreadsheet : public Spreadsheet {
   [[nodiscard]] std::string Render(const SpreadsheetTable& table, SpreadsheetForm form) override;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

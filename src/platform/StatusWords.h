@@ -4,7 +4,7 @@
 
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // The words of a long operation in the status bar. However it ends, they and its bar go with it and
 // the former words come back.
@@ -24,4 +24,4 @@ class StatusWords {
   std::string former_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

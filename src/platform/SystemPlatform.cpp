@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr const char* kMachineRegistry = "/etc/corvanta/registry.txt";
@@ -31,4 +31,4 @@ SystemPlatform::SystemPlatform(const SystemPlatformOptions& options, Prompts& pr
       platform_{registry_, locale_,   clock_,  machine_,     files_,         prompts,
                 progress,  download_, opener_, spreadsheet_, profileFolder_, DefaultDataFolder()} {}
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -12,7 +12,7 @@
 
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 struct SystemPlatformOptions {
   std::string profileFolder;       // empty: the user's own
@@ -42,4 +42,4 @@ class SystemPlatform {
   Platform platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,7 +8,7 @@
 #include <cstdint>
 #include <new>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 bool IsAscii(unsigned char byte) {
@@ -146,4 +146,4 @@ std::size_t TextLength(std::string_view text) {
   }));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 [[nodiscard]] std::string ToLower(std::string_view text);
 [[nodiscard]] std::string ToUpper(std::string_view text);
@@ -21,4 +21,4 @@ namespace corvanta {
 // The number of characters (code points) of a UTF-8 text.
 [[nodiscard]] std::size_t TextLength(std::string_view text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

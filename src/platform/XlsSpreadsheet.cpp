@@ -12,7 +12,7 @@
 #include <cstdint>
 #include <initializer_list>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr std::size_t kMaxRows = 65536;
@@ -149,8 +149,7 @@ std::string Sheet(const SpreadsheetTable& table, const std::vector<double>& widt
 
 bool FitsXls(const SpreadsheetTable& table) {
   return table.rows.size() < kMaxRows && table.headers.size() <= kMaxColumns &&
-         std::ranges::all_of(table.rows,
-                             [](const auto& row) { return row.size() <= kMaxColumns; });
+         std::ranges::all_of(table.rows, [](const auto& row) { return row.size() <= kMaxColumns; });
 }
 
 std::string XlsWorkbookOf(const SpreadsheetTable& table, const std::string& sheetName,
@@ -160,4 +159,4 @@ std::string XlsWorkbookOf(const SpreadsheetTable& table, const std::string& shee
   return CompoundFileOf("Workbook", Globals(sheetName, begin) + Sheet(table, widths));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline platform {
 
 // The bytes of an Excel 97 to 2003 workbook with one sheet of that name, its columns as wide as
 // `widths` says (characters). The table fits (FitsXls); texts are cut after 4,000 characters.
@@ -15,4 +15,4 @@ namespace corvanta {
 // Whether the table has no more rows and columns than a sheet of that form.
 [[nodiscard]] bool FitsXls(const SpreadsheetTable& table);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline platform

@@ -8,10 +8,10 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "reconcile/FrmReconcileList.h"
-#include "reconcile/FrmReconcileModel.h"
-#include "reconcile/FrmReconcileProgress.h"
-#include "reconcile/FrmReconcileStatement.h"
+#include "reconcile/QtReconcileModel.h"
+#include "reconcile/QtReconcileProgress.h"
+#include "reconcile/ucReconcileStatement.h"
+#include "reconcile/ucReconcileTable.h"
 
 #include <QCloseEvent>
 #include <QKeyEvent>
@@ -22,7 +22,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline reconcile {
 
 FrmReconcile::FrmReconcile(std::int64_t accountId, Platform& platform, clsCorvanta& ledger,
                            ReconcileOpeners openers, QWidget* parent)
@@ -33,17 +33,17 @@ FrmReconcile::FrmReconcile(std::int64_t accountId, Platform& platform, clsCorvan
       content_(new QWidget(this)),
       lblAccount_(MakeLabel("lblAccount")),
       pages_(new QStackedWidget(content_)),
-      lvBalance_(new FrmReconcileList(pages_)),
-      model_(new FrmReconcileModel(reconciliation_, platform.locale, this)),
+      lvBalance_(new ucReconcileTable(pages_)),
+      model_(new QtReconcileModel(reconciliation_, platform.locale, this)),
       empty_(new EmptyState(pages_)),
       lblBalInitial_(MakeLabel("lblBalInitial")),
       lblBalNow_(MakeLabel("lblBalNow")),
       lblBalRemaining_(MakeLabel("lblBalRemaining")),
       lblNoPayIn_(MakeLabel("lblNoPayIn", tr("Pay In"))),
       lblNoPayOut_(MakeLabel("lblNoPayOut", tr("Pay Out"))),
-      statement_(new FrmReconcileStatement(platform.locale, content_)),
+      statement_(new ucReconcileStatement(platform.locale, content_)),
       StatusBar1_(new QStatusBar(this)),
-      progress_(std::make_unique<FrmReconcileProgress>(*StatusBar1_)) {
+      progress_(std::make_unique<QtReconcileProgress>(*StatusBar1_)) {
   setObjectName(QStringLiteral("FrmReconcile"));
   setWindowTitle(tr("Balance Account"));
   setModal(true);
@@ -51,8 +51,8 @@ FrmReconcile::FrmReconcile(std::int64_t accountId, Platform& platform, clsCorvan
   MakeList();
   MakeLayout();
   RestoreSize();
-  connect(lvBalance_, &FrmReconcileList::TickChosen, this, &FrmReconcile::Toggle);
-  connect(lvBalance_, &FrmReconcileList::RowOpened, this,
+  connect(lvBalance_, &ucReconcileTable::TickChosen, this, &FrmReconcile::Toggle);
+  connect(lvBalance_, &ucReconcileTable::RowOpened, this,
           [this](int row) { OpenEditor(model_->Row(row).transactionId); });
   connect(lvBalance_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
           [this](const QModelIndex& now) {
@@ -127,7 +127,7 @@ void FrmReconcile::ShowMode() {
 void FrmReconcile::Sort() {
   Run([this] {
     const SortState& sort = lvBalance_->Sorted();
-    reconciliation_.SetNewestFirst(sort.column == FrmReconcileModel::kDate && sort.isDescending);
+    reconciliation_.SetNewestFirst(sort.column == QtReconcileModel::kDate && sort.isDescending);
     Refill();
   });
 }
@@ -257,4 +257,4 @@ void FrmReconcile::keyPressEvent(QKeyEvent* event) {
   QDialog::keyPressEvent(event);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

@@ -16,14 +16,20 @@ class QStackedWidget;
 class QStatusBar;
 class QTableView;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class EmptyState;
-class FrmReconcileList;
-class FrmReconcileModel;
-class FrmReconcileProgress;
-class FrmReconcileStatement;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reconcile {
+
+class ucReconcileTable;
+class QtReconcileModel;
+class QtReconcileProgress;
+class ucReconcileStatement;
 
 // The windows that open over the one that balances an account.
 struct ReconcileOpeners {
@@ -109,8 +115,8 @@ class FrmReconcile : public QuietEnd<QDialog> {
   QWidget* content_;  // everything above the status bar
   QLabel* lblAccount_;
   QStackedWidget* pages_;
-  FrmReconcileList* lvBalance_;
-  FrmReconcileModel* model_;
+  ucReconcileTable* lvBalance_;
+  QtReconcileModel* model_;
   EmptyState* empty_;
   QPushButton* cmdShowAll_ = nullptr;  // pressed while it is in force, as the next one
   QPushButton* cmdUnReconciled_ = nullptr;
@@ -119,9 +125,9 @@ class FrmReconcile : public QuietEnd<QDialog> {
   QLabel* lblBalRemaining_;
   QLabel* lblNoPayIn_;
   QLabel* lblNoPayOut_;
-  FrmReconcileStatement* statement_;
+  ucReconcileStatement* statement_;
   QStatusBar* StatusBar1_;
-  std::unique_ptr<FrmReconcileProgress> progress_;
+  std::unique_ptr<QtReconcileProgress> progress_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

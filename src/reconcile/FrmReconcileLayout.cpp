@@ -7,11 +7,11 @@
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 #include "reconcile/FrmReconcile.h"
-#include "reconcile/FrmReconcileDelegate.h"
-#include "reconcile/FrmReconcileList.h"
-#include "reconcile/FrmReconcileModel.h"
-#include "reconcile/FrmReconcileProgress.h"
-#include "reconcile/FrmReconcileStatement.h"
+#include "reconcile/QtReconcileDelegate.h"
+#include "reconcile/QtReconcileModel.h"
+#include "reconcile/QtReconcileProgress.h"
+#include "reconcile/ucReconcileStatement.h"
+#include "reconcile/ucReconcileTable.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -22,7 +22,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline reconcile {
 namespace {
 
 constexpr int kMargin = 2 * kRhythm;
@@ -54,7 +54,7 @@ void FrmReconcile::MakeList() {
   const auto wide = [&](const char* text) {
     return metrics.horizontalAdvance(QLatin1String(text)) + 3 * kRhythm;
   };
-  const int date = FrmReconcileDelegate::MarksWidth(*lvBalance_) + wide("00/00/00000");
+  const int date = QtReconcileDelegate::MarksWidth(*lvBalance_) + wide("00/00/00000");
   lvBalance_->SetColumns({{date, 0},
                           {wide("A payee name"), 7, wide("Abc...")},
                           {wide("Category:S"), 18, wide("Abc...")},
@@ -63,7 +63,7 @@ void FrmReconcile::MakeList() {
                           {wide("Status"), 0, 0, 3},
                           {wide("00,000.00"), 1},
                           {wide("00,000.00"), 1}});
-  lvBalance_->SetSorted({FrmReconcileModel::kDate, false});
+  lvBalance_->SetSorted({QtReconcileModel::kDate, false});
   const Settings settings(platform_.registry);
   lvBalance_->SetWidths(ToQt(settings.Text(Setting::chR)));
   pages_->setFrameShape(QFrame::StyledPanel);
@@ -191,4 +191,4 @@ void FrmReconcile::done(int result) {
   QDialog::done(result);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

@@ -8,11 +8,16 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
 class RateSource;
+}  // namespace corvanta::inline ledger
+
+namespace corvanta::inline reconcile {
 
 // What the window works on and stands before. Valid while the data file stays open.
 struct ReconcilePlace {
@@ -32,4 +37,4 @@ struct ReconcileResult {
 // refuses is told.
 ReconcileResult OpenReconcile(std::int64_t accountId, const ReconcilePlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

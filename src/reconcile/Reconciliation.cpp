@@ -15,7 +15,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline reconcile {
 namespace {
 
 constexpr std::string_view kEveryRow = "1 > 0";
@@ -278,4 +278,4 @@ bool Reconciliation::Apply(Progress& progress) {
   return ledger_.Statuses().Settle(settlements, progress);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

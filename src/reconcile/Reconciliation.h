@@ -12,12 +12,20 @@
 #include <unordered_set>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline platform {
 class Locale;
 class Progress;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reconcile {
 
 inline constexpr std::string_view kBalanceAccount = "Balance Account";
 
@@ -147,4 +155,4 @@ class Reconciliation {
   ReconcileTotals totals_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reconcile

@@ -14,7 +14,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 constexpr std::string_view kTransferMark = "account:";
@@ -127,4 +127,4 @@ std::optional<Warning> AccountEditor::CheckAddBank(std::int64_t key) {
                  "txtAccount"};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

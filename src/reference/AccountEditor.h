@@ -7,10 +7,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 // The entry of the bank list that stands for no bank.
 inline constexpr const char* kNoBank = "none";
@@ -52,4 +57,4 @@ class AccountEditor {
   Platform& platform_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

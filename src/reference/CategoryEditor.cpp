@@ -10,7 +10,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 constexpr int kExpense = -1;
@@ -32,7 +32,7 @@ std::optional<Warning> CheckBudget(const CategoryForm& form) {
 }
 
 // A new category may be typed as lists show it.
-void TakePath(clsCorvanta& ledger, CategoryForm& form) {
+void ApplyPath(clsCorvanta& ledger, CategoryForm& form) {
   if (form.categoryId != 0 || !Trim(form.subCategory).empty()) return;
   CategoryName name = CategoryOf(ledger, form.category, form.subCategory);
   form.category = std::move(name.category);
@@ -53,7 +53,7 @@ std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
 }
 
 std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
-  TakePath(ledger_, form);
+  ApplyPath(ledger_, form);
   if (auto warning = Missing(form.category, "You need to enter a Category", "cmbCategory"))
     return warning;
   if (auto warning = NameTooLong(form.category, "Category must be less than 100 characters long",
@@ -71,8 +71,7 @@ std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
   }
   const auto former =
       RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
-  const std::string name =
-      Trim(form.subCategory).empty() ? form.category : form.category + ":" + form.subCategory;
+  const std::string name = CategoryPath(form.category, std::string(Trim(form.subCategory)));
   for (const char* fixed : {"Credit", "Debit"}) {
     if (!former || !former->subCategory.empty()) break;
     if (auto warning = FixedName(fixed, former->category, name, "Category", "cmbCategory")) {
@@ -118,7 +117,7 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   TrimText(form.category);
   TrimText(form.subCategory);
   TrimText(form.description);
-  TakePath(ledger_, form);
+  ApplyPath(ledger_, form);
   const auto former =
       RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
   const bool isMain = form.subCategory.empty();
@@ -167,4 +166,4 @@ Deletion CategoryEditor::Delete(std::int64_t key) {
   return deletion;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

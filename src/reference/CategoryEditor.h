@@ -8,10 +8,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 struct CategoryForm {
   std::int64_t categoryId = 0;
@@ -53,4 +58,4 @@ class CategoryEditor {
   Prompts& prompts_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

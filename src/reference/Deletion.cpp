@@ -2,7 +2,7 @@
 
 #include "platform/Prompts.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 std::string Deletion::Notice() const {
   if (kept.empty()) return {};
@@ -33,4 +33,4 @@ bool AskDeleteItems(Prompts& prompts, std::size_t count) {
                      Icon::Information);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -4,9 +4,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline reference {
 
 // What became of an item that was to be deleted. When the person declines, nothing is gone and
 // nothing was kept.
@@ -27,4 +29,4 @@ struct Deletion {
 // The same for so many rows.
 [[nodiscard]] bool AskDeleteItems(Prompts& prompts, std::size_t count);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -13,7 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 FrmAccounts::FrmAccounts(Platform& platform, clsCorvanta& ledger, QWidget* parent)
     : EditorDialog(QStringLiteral("FrmAccounts"), tr("Account"), platform.prompts, parent),
@@ -113,4 +113,4 @@ void FrmAccounts::AddBank() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

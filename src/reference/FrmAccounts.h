@@ -6,10 +6,12 @@
 class QCheckBox;
 class QLineEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class AmountEdit;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline reference {
 
 // The editor of accounts.
 class FrmAccounts : public EditorDialog {
@@ -46,4 +48,4 @@ class FrmAccounts : public EditorDialog {
   QCheckBox* chkCloseAccount_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

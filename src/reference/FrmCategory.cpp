@@ -13,7 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 FrmCategory::FrmCategory(Platform& platform, clsCorvanta& ledger, QWidget* parent)
     : EditorDialog(QStringLiteral("FrmCategory"), tr("Category"), platform.prompts, parent),
@@ -107,4 +107,4 @@ void FrmCategory::Merge() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

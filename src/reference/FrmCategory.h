@@ -6,11 +6,16 @@
 class QComboBox;
 class QLineEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class AmountEdit;
 class PickBox;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reference {
 
 // The editor of categories and their budgets.
 class FrmCategory : public EditorDialog {
@@ -44,4 +49,4 @@ class FrmCategory : public EditorDialog {
   QComboBox* cmbPeriod_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

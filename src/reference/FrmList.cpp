@@ -19,7 +19,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 constexpr int kMargin = 2 * kRhythm;
@@ -198,4 +198,4 @@ void FrmList::Delete() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -12,12 +12,17 @@ class QPushButton;
 class QStackedWidget;
 class QStandardItemModel;
 
-namespace corvanta {
-
+namespace corvanta::inline controls {
 class EmptyState;
 class ListTable;
 class MutedLabel;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reference {
 
 // The list of payment types, banks, account groups or keywords, from which they are added, edited
 // and deleted.
@@ -56,4 +61,4 @@ class FrmList : public QuietEnd<QDialog> {
   QPushButton* cmdDelete_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

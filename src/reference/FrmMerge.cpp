@@ -16,7 +16,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 constexpr int kTextWidth = 52 * kRhythm;
 }
@@ -31,19 +31,17 @@ FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsC
   setObjectName(QStringLiteral("FrmMerge"));
   setWindowTitle(ToQt(editor_.Caption()));
   setModal(true);
-  auto* name = new QLabel(this);
-  name->setObjectName(QStringLiteral("lblSource"));
-  name->setTextFormat(Qt::PlainText);
-  name->setWordWrap(true);
-  std::vector<PickItem> items;
-  for (const MergeItem& item : editor_.Items()) {
-    items.push_back({item.key, ToQt(item.name)});
-    if (item.key == source) name->setText(Breakable(ToQt(item.name)));
-  }
-  cmbMerge_->setObjectName(QStringLiteral("cmbMerge"));
-  cmbMerge_->setAccessibleName(ToQt(editor_.TargetLabel()));
-  cmbMerge_->SetItems(items);
-  cmbMerge_->SetKey(0);
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
+  page->setSpacing(2 * kRhythm);
+  page->addWidget(Explanation());
+  page->addLayout(Fields());
+  page->addStretch(1);
+  page->addLayout(Buttons());
+  cmbMerge_->setFocus();
+}
+
+QWidget* FrmMerge::Explanation() {
   auto* explanation = new MutedLabel(this);
   explanation->setText(
       tr("All transactions and schedules move over. What they came from stays in "
@@ -51,7 +49,23 @@ FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsC
   explanation->setWordWrap(true);
   explanation->setFixedWidth(kTextWidth);
   explanation->setMinimumHeight(explanation->heightForWidth(kTextWidth));
+  return explanation;
+}
 
+QLayout* FrmMerge::Fields() {
+  auto* name = new QLabel(this);
+  name->setObjectName(QStringLiteral("lblSource"));
+  name->setTextFormat(Qt::PlainText);
+  name->setWordWrap(true);
+  std::vector<PickItem> items;
+  for (const MergeItem& item : editor_.Items()) {
+    items.push_back({item.key, ToQt(item.name)});
+    if (item.key == source_) name->setText(Breakable(ToQt(item.name)));
+  }
+  cmbMerge_->setObjectName(QStringLiteral("cmbMerge"));
+  cmbMerge_->setAccessibleName(ToQt(editor_.TargetLabel()));
+  cmbMerge_->SetItems(items);
+  cmbMerge_->SetKey(0);
   auto* fields = new QFormLayout;
   fields->setVerticalSpacing(kRhythm);
   fields->setHorizontalSpacing(2 * kRhythm);
@@ -62,6 +76,10 @@ FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsC
       new QLabel(caption.replace(QStringLiteral("into"), QStringLiteral("&into")) + u':', this);
   label->setBuddy(cmbMerge_);
   fields->addRow(label, cmbMerge_);
+  return fields;
+}
+
+QLayout* FrmMerge::Buttons() {
   auto* accept = new QPushButton(tr("&Merge"), this);
   accept->setObjectName(QStringLiteral("cmdAccept"));
   accept->setDefault(true);
@@ -72,16 +90,9 @@ FrmMerge::FrmMerge(MergeKind kind, std::int64_t source, Platform& platform, clsC
   buttons->addStretch(1);
   buttons->addWidget(accept);
   buttons->addWidget(cancel);
-  auto* page = new QVBoxLayout(this);
-  page->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
-  page->setSpacing(2 * kRhythm);
-  page->addWidget(explanation);
-  page->addLayout(fields);
-  page->addStretch(1);
-  page->addLayout(buttons);
   connect(accept, &QPushButton::clicked, this, &FrmMerge::Accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  cmbMerge_->setFocus();
+  return buttons;
 }
 
 void FrmMerge::Accept() {
@@ -98,4 +109,4 @@ void FrmMerge::Accept() {
   });
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

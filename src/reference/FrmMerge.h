@@ -7,10 +7,17 @@
 
 #include <cstdint>
 
-namespace corvanta {
+class QLayout;
 
+namespace corvanta::inline controls {
 class PickBox;
+}
+
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reference {
 
 // Merges one payee or category into another one. It closes accepted once records have moved.
 class FrmMerge : public QuietEnd<QDialog> {
@@ -22,6 +29,9 @@ class FrmMerge : public QuietEnd<QDialog> {
            QWidget* parent);
 
  private:
+  QWidget* Explanation();
+  QLayout* Fields();
+  QLayout* Buttons();
   void Accept();
 
   Platform& platform_;
@@ -30,4 +40,4 @@ class FrmMerge : public QuietEnd<QDialog> {
   PickBox* cmbMerge_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -11,7 +11,7 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 QWidget* NewField(int lines, QWidget* parent) {
@@ -118,4 +118,4 @@ template class FrmReference<PayeeRecord>;
 template class FrmReference<PaymentRecord>;
 template class FrmReference<KeywordRecord>;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -8,9 +8,11 @@
 
 class QLineEdit;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reference {
 
 // The editor of account groups, banks, payees, payment types or keywords: a field for the name and
 // one for each further text.
@@ -46,4 +48,4 @@ using FrmPayees = FrmReference<PayeeRecord>;
 using FrmPayments = FrmReference<PaymentRecord>;
 using FrmKeywords = FrmReference<KeywordRecord>;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -5,7 +5,7 @@
 #include "ledger/clsCorvanta.h"
 #include "reference/ReferenceEditor.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 template <typename Record>
@@ -57,4 +57,4 @@ Deletion ListEditor::Delete(std::int64_t key) {
   return Of(kind_).remove(key, ledger_, prompts_);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -6,10 +6,15 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 // "PAYMENT", "BANK", "ACCOUNTTYPE" and "KEYWORDS".
 enum class ListKind { Payment, Bank, AccountType, Keywords };
@@ -39,4 +44,4 @@ class ListEditor {
   Prompts& prompts_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

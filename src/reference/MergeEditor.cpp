@@ -7,7 +7,7 @@
 #include "platform/Prompts.h"
 #include "reference/CategoryEditor.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 constexpr const char* kMergeWarning = "Merge Record Warning";
 constexpr const char* kTargetField = "cmbMerge";
@@ -68,4 +68,4 @@ bool MergeEditor::Merge(std::int64_t source, const MergeItem& target) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -7,10 +7,15 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 enum class MergeKind { Payee, Category };
 
@@ -44,4 +49,4 @@ class MergeEditor {
   Prompts& prompts_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

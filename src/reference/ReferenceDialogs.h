@@ -9,10 +9,15 @@
 
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 enum class ReferenceKind { Account, AccountGroup, Bank, Category, Payee, Payment, Keyword };
 
@@ -38,4 +43,4 @@ bool OpenMerge(MergeKind kind, std::int64_t source, const DialogPlace& place);
 // Deletes without a window of its own, after the editor's question. Throws StoreError.
 Deletion DeleteReference(ReferenceKind kind, std::int64_t key, const DialogPlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

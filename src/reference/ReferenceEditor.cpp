@@ -9,7 +9,7 @@
 #include "reference/Rules.h"
 #include "store/sql/UndoLog.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 template <typename Record>
 std::optional<Record> ReferenceEditor<Record>::Load(std::int64_t key) {
@@ -68,4 +68,4 @@ template class ReferenceEditor<PayeeRecord>;
 template class ReferenceEditor<PaymentRecord>;
 template class ReferenceEditor<KeywordRecord>;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

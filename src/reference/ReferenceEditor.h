@@ -8,10 +8,15 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Prompts;
+}
+
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 // The rules behind the editors of account groups, banks, payees, payment types and keywords.
 // Operations throw StoreError.
@@ -35,4 +40,4 @@ class ReferenceEditor {
   Prompts& prompts_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

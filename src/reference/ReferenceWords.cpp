@@ -4,7 +4,7 @@
 #include <cassert>
 #include <iterator>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 namespace {
 
 constexpr TextWords kTexts[] = {
@@ -25,4 +25,4 @@ const TextWords& WordsOf(std::string_view column) {
   return *words;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

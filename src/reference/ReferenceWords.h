@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 struct ReferenceWords {
   const char* form = nullptr;        // the given name of its editor
@@ -61,4 +61,4 @@ struct TextWords {
   return "txt" + std::string(column);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -5,7 +5,7 @@
 #include <optional>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 // The record whose key is `value`; nullopt when there is none.
 template <typename Record>
@@ -16,4 +16,4 @@ template <typename Record>
   return row == rows.end() ? std::nullopt : std::optional(*row);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

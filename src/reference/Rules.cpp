@@ -4,7 +4,7 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 
-namespace corvanta {
+namespace corvanta::inline reference {
 
 std::optional<Warning> Missing(std::string_view text, std::string_view message,
                                std::string_view field) {
@@ -46,4 +46,4 @@ void TrimText(std::string& text) {
   text = std::string(Trim(text));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -9,9 +9,11 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline ledger {
 class clsCorvanta;
+}
+
+namespace corvanta::inline reference {
 
 // In characters; a name of exactly so many is accepted.
 inline constexpr std::size_t kLongestName = 100;
@@ -43,4 +45,4 @@ struct FieldText {
 // Without the blanks around it.
 void TrimText(std::string& text);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reference

@@ -4,7 +4,7 @@
 #include "controls/Style.h"
 #include "controls/SvgIcon.h"
 #include "platform/Platform.h"
-#include "reports/FrmPrinting.h"
+#include "reports/QtPrinting.h"
 #include "reports/ucPrintPage.h"
 
 #include <QCheckBox>
@@ -27,7 +27,7 @@
 #include <algorithm>
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 namespace {
 
 constexpr int kMargin = 2 * kRhythm;
@@ -245,4 +245,4 @@ void FrmPreview::Run(const std::function<void()>& command) {
   if (former != nullptr) former->setFocus();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

@@ -16,7 +16,7 @@ class QScrollArea;
 class QSpinBox;
 class QToolButton;
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 class ucPrintPage;
 
@@ -55,4 +55,4 @@ class FrmPreview : public QuietEnd<QDialog> {
   QCheckBox* chkLandscape_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

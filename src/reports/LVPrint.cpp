@@ -4,7 +4,7 @@
 #include <cmath>
 #include <numeric>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 namespace {
 
 // What a cell leaves free of its column, half of it on either side.
@@ -215,4 +215,4 @@ void LVPrint::DrawRule(double thickness, std::uint32_t colour) {
   surface_.SetForeColor(kBlack);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

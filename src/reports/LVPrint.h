@@ -9,7 +9,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 // Draws a list page by page. Every page carries the title, the date, its number and the heads of
 // the columns; a row is never divided between two pages.
@@ -70,4 +70,4 @@ class LVPrint {
   double currentY_ = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

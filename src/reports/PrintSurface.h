@@ -5,7 +5,7 @@
 #include <cstdint>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 // What pages are drawn on: a printer, a file, or the preview. Positions and lengths are in
 // millimetres from the top left corner of the printable area.
@@ -36,4 +36,4 @@ class PrintSurface {
   virtual void EndDoc() = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 enum class PrintAlignment { Left, Right, Centre };
 enum class PrintOrientation { Portrait, Landscape };
@@ -33,4 +33,4 @@ struct PrintTable {
   PrintOrientation orientation = PrintOrientation::Portrait;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

@@ -10,9 +10,11 @@ class QPrinter;
 class QTableView;
 class QWidget;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline reports {
 
 // Lets a person choose the printer and set it up; false when they cancel.
 using PrinterChoice = std::function<bool(QPrinter& printer, QWidget* parent)>;
@@ -34,4 +36,4 @@ void OpenPrintPreview(const PrintTable& table, const PrintPlace& place);
 // or the file that stands for it refuses.
 bool PrintList(const PrintTable& table, const PrintPlace& place);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

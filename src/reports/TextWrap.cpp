@@ -8,7 +8,7 @@
 #include <memory>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 namespace {
 
 constexpr std::string_view kBlanks = " \t\r";
@@ -115,4 +115,4 @@ std::vector<std::string> WrapText(std::string_view text, double width, LongWord 
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

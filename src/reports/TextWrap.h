@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 using TextMeasure = std::function<double(std::string_view)>;
 
@@ -22,4 +22,4 @@ inline constexpr std::string_view kDoesNotFit = "* * *";
 [[nodiscard]] std::vector<std::string> WrapText(std::string_view text, double width, LongWord words,
                                                 const TextMeasure& measure);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

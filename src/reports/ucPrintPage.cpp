@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 namespace {
 constexpr double kMillimetresPerInch = 25.4;
 constexpr int kSurround = 2 * kRhythm;
@@ -22,7 +22,7 @@ void ucPrintPage::SetTable(const PrintTable& table, const std::string& date,
                            const QPageLayout& layout) {
   layout_ = layout;
   print_.reset();
-  surface_ = std::make_unique<PainterSurface>(layout.paintRect(QPageLayout::Millimeter).size());
+  surface_ = std::make_unique<QtPainterSurface>(layout.paintRect(QPageLayout::Millimeter).size());
   print_ = std::make_unique<LVPrint>(table, date, *surface_);
   SetPage(page_);
   SetZoom(zoom_);
@@ -68,4 +68,4 @@ void ucPrintPage::paintEvent(QPaintEvent*) {
   surface_->DrawWith(nullptr, 1);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "reports/FrmPainterSurface.h"
 #include "reports/LVPrint.h"
+#include "reports/QtPainterSurface.h"
 
 #include <QPageLayout>
 #include <QWidget>
 
 #include <memory>
 
-namespace corvanta {
+namespace corvanta::inline reports {
 
 // A sheet of paper with one page of a printed list on it.
 class ucPrintPage : public QWidget {
@@ -39,10 +39,10 @@ class ucPrintPage : public QWidget {
   [[nodiscard]] double PixelsPerMillimetre() const;
 
   QPageLayout layout_;
-  std::unique_ptr<PainterSurface> surface_;
+  std::unique_ptr<QtPainterSurface> surface_;
   std::unique_ptr<LVPrint> print_;
   int page_ = 1;
   double zoom_ = 1;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline reports

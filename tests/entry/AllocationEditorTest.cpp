@@ -10,7 +10,7 @@ class Allocating : public EntryTest {
   [[nodiscard]] AllocationEditor Editor(std::int64_t key, double amount, int sign = -1) {
     return {ledger_, Services(), {key, AllocationSource::Transaction, amount, sign, "GBP"}};
   }
-  [[nodiscard]] static AllocationForm Share(double amount, const std::string& category = "Gifts") {
+  [[nodiscard]] static AllocationForm LineOf(double amount, const std::string& category = "Gifts") {
     AllocationForm form;
     form.category = category;
     form.amount = amount;
@@ -32,19 +32,19 @@ class Allocating : public EntryTest {
 
 TEST_F(Allocating, RulesHoldInTheirOrder) {
   AllocationEditor editor = Editor(AddRow(bank_, -100), 100);
-  AllocationForm noNumber = Share(1);
+  AllocationForm noNumber = LineOf(1);
   noNumber.amount = std::nullopt;
   noNumber.reference = Umlauts(256);
-  AllocationForm longSub = Share(0);
+  AllocationForm longSub = LineOf(0);
   longSub.subCategory = Umlauts(101);
   AllocationForm noCategory = longSub;
   noCategory.category = " ";
   AllocationForm longCategory = longSub;
   longCategory.category = Umlauts(101);
-  AllocationForm longReference = Share(1);
+  AllocationForm longReference = LineOf(1);
   longReference.reference = Umlauts(51);
   longReference.description = Umlauts(256);
-  AllocationForm longText = Share(1);
+  AllocationForm longText = LineOf(1);
   longText.description = Umlauts(256);
   const std::string before = Everything();
   ExpectWarnings({
@@ -52,7 +52,7 @@ TEST_F(Allocating, RulesHoldInTheirOrder) {
       {editor.Check(longCategory), "Category must be less than 100 characters long", "cmbCategory"},
       {editor.Check(longSub), "Sub Category must be less than 100 characters long",
        "cmbSubCategory"},
-      {editor.Check(Share(0)), "Please enter a valid value for Amount", "txtAmount"},
+      {editor.Check(LineOf(0)), "Please enter a valid value for Amount", "txtAmount"},
       {editor.Check(noNumber), "Please enter a valid value for Amount", "txtAmount"},
       {editor.Check(longReference), "The text is too long: Reference holds at most 50 characters.",
        "txtReference"},
@@ -60,7 +60,7 @@ TEST_F(Allocating, RulesHoldInTheirOrder) {
        "txtDescription"},
   });
   CloseAccount(bank_);
-  EXPECT_EQ(editor.Check(Share(1))->text, "This Account is closed, Items cannot be amended");
+  EXPECT_EQ(editor.Check(LineOf(1))->text, "This Account is closed, Items cannot be amended");
   EXPECT_EQ(Everything(), before);
 }
 
@@ -69,19 +69,19 @@ TEST_F(Allocating, WhatRemainsIsOfferedAndAskedAbout) {
   AllocationEditor editor = Editor(parent, 100);
   EXPECT_EQ(editor.AmountHeading(), "Amount (GBP)");
   EXPECT_EQ(editor.New().amount, -100);
-  AllocationForm share = Share(-60);
-  share.subCategory = "Cards";
-  share.description = "for \"O'Brien\"";
-  share.reference = "7";
-  const std::int64_t first = Save(editor, share);
+  AllocationForm line = LineOf(-60);
+  line.subCategory = "Cards";
+  line.description = "for \"O'Brien\"";
+  line.reference = "7";
+  const std::int64_t first = Save(editor, line);
   EXPECT_EQ(editor.New().amount, -40);
-  EXPECT_EQ(Row(parent).amount, -60) << "the parent is worth its shares at any time";
+  EXPECT_EQ(Row(parent).amount, -60) << "the parent is worth its lines at any time";
   ExpectClosingQuestion(false);
   EXPECT_FALSE(editor.MayClose());
   ExpectClosingQuestion(true);
   EXPECT_TRUE(editor.MayClose());
 
-  const std::int64_t second = Save(editor, Share(-40));
+  const std::int64_t second = Save(editor, LineOf(-40));
   EXPECT_TRUE(editor.MayClose()) << "without a question";
   const auto lines = editor.Lines();
   ASSERT_EQ(lines.size(), 2U);
@@ -103,7 +103,7 @@ TEST_F(Allocating, WhatRemainsIsOfferedAndAskedAbout) {
 TEST_F(Allocating, AddingLeavesNoNoise) {
   const std::int64_t parent = AddRow(bank_, -0.3);
   AllocationEditor editor = Editor(parent, 0.3);
-  for (int part = 0; part < 3; ++part) Save(editor, Share(-0.1));
+  for (int part = 0; part < 3; ++part) Save(editor, LineOf(-0.1));
   EXPECT_EQ(editor.Remaining(), 0);
   EXPECT_TRUE(editor.MayClose());
   // What shows as nothing is nothing; what shows as a penny is asked about.
@@ -114,7 +114,7 @@ TEST_F(Allocating, AddingLeavesNoNoise) {
 TEST_F(Allocating, ALineTakesFromItsParentWhatTheDialogDoesNotShow) {
   const std::int64_t parent = AddRow(bank_, 100);
   AllocationEditor editor = Editor(parent, 100, 1);
-  const auto line = Row(Save(editor, Share(100)));
+  const auto line = Row(Save(editor, LineOf(100)));
   EXPECT_EQ(line.allocatedItem, parent);
   EXPECT_EQ(line.accountId, bank_);
   EXPECT_EQ(line.payee + line.payment, "GrocerCard");
@@ -130,23 +130,23 @@ TEST_F(Allocating, ANewCategoryIsMadeWhenThePersonAgrees) {
   const char* question =
       "The category 'Toys' does not exist. Do you wish to add it as an expense category?";
   Prompt().ExpectAsk("Add Category?", question, false);
-  EXPECT_EQ(editor.Save(Share(-60, "Toys")), 0);
+  EXPECT_EQ(editor.Save(LineOf(-60, "Toys")), 0);
   EXPECT_EQ(Everything(), before);
   Prompt().ExpectAsk("Add Category?", question, true);
-  Save(editor, Share(-60, "Toys"));
+  Save(editor, LineOf(-60, "Toys"));
   EXPECT_EQ(Count("tblCategory Where Category = 'Toys'"), 1);
 
   AllocationEditor gone = Editor(99999, 100);
   Prompt().ExpectAsk("Add Category?", ScriptedPrompts::kAnyText, true);
-  EXPECT_EQ(gone.Save(Share(-60, "Lost toys")), 0);
+  EXPECT_EQ(gone.Save(LineOf(-60, "Lost toys")), 0);
   EXPECT_EQ(Count("tblCategory Where Category = 'Lost toys'"), 0);
 }
 
-TEST_F(Allocating, SharesOfAScheduleAreRowsOfItsTable) {
+TEST_F(Allocating, LinesOfAScheduleAreRowsOfItsTable) {
   const std::int64_t parent = AddSchedule(-100);
   AllocationEditor editor(ledger_, Services(),
                           {parent, AllocationSource::Schedule, 100, -1, "GBP"});
-  const std::int64_t first = Save(editor, Share(-60));
+  const std::int64_t first = Save(editor, LineOf(-60));
   EXPECT_EQ(editor.Remaining(), -40);
   EXPECT_EQ(Count("tblTransactions"), 0);
   EXPECT_EQ(Count("tblSchedule Where AllocatedItem <> 0"), 1);

@@ -16,7 +16,7 @@ class Allocate : public FrmEntryTest {
   AllocationParent Parent(std::int64_t key, double amount) {
     return {key, AllocationSource::Transaction, amount, -1, "GBP"};
   }
-  static void Share(QDialog& form, const QString& category, const QString& amount) {
+  static void EnterLine(QDialog& form, const QString& category, const QString& amount) {
     Type(form, "cmbCategory", category);
     if (!amount.isEmpty()) Type(form, "txtAmount", amount);
     QTest::keyClick(form.focusWidget(), Qt::Key_Return);
@@ -29,7 +29,7 @@ class Allocate : public FrmEntryTest {
   }
 };
 
-TEST_F(Allocate, SharesAreSavedAtOnceAndTheRestRemains) {
+TEST_F(Allocate, LinesAreSavedAtOnceAndTheRestRemains) {
   const std::int64_t key = AddRow(bank_, -100);
   FrmAllocate form(Parent(key, 100), Place());
   Show(form);
@@ -42,7 +42,7 @@ TEST_F(Allocate, SharesAreSavedAtOnceAndTheRestRemains) {
   Put(form, "cmbSubCategory", "Food");
   Put(form, "txtDescription", "for 'us'");
   Put(form, "txtReference", "R1");
-  Share(form, "shopping", "-60");
+  EnterLine(form, "shopping", "-60");
   ASSERT_EQ(Rows(form), 1);
   EXPECT_EQ(Cell(form, 0, 0), "Shopping:Food");
   EXPECT_EQ(Cell(form, 0, 1), "for 'us'");
@@ -52,7 +52,7 @@ TEST_F(Allocate, SharesAreSavedAtOnceAndTheRestRemains) {
   EXPECT_EQ(TextOfField(form, "txtAmount"), "-40.00");
   EXPECT_EQ(TextOfField(form, "txtDescription"), "");
   EXPECT_EQ(FocusOf(form), "cmbCategory");
-  Share(form, "Gifts", {});
+  EnterLine(form, "Gifts", {});
   EXPECT_EQ(TextOfField(form, "txtAmount"), "0.00");
   Click(form, "cmdCancel");
   EXPECT_FALSE(form.isVisible()) << "nothing remains, nothing is asked";
@@ -64,7 +64,7 @@ TEST_F(Allocate, TheClosingQuestionDecides) {
   const std::int64_t key = AddRow(bank_, -100);
   FrmAllocate form(Parent(key, 100), Place());
   Show(form);
-  Share(form, "Gifts", "-60");
+  EnterLine(form, "Gifts", "-60");
   Prompt().ExpectAsk("Exit Allocate Items?", kClosing, false);
   QTest::keyClick(&form, Qt::Key_Escape);
   EXPECT_TRUE(form.isVisible());
@@ -105,7 +105,7 @@ TEST_F(Allocate, EachRuleIsToldInItsOrder) {
   EXPECT_EQ(FocusOf(form), "cmbCategory");
 }
 
-TEST_F(Allocate, AShareWithoutASignGoesWhereTheWholeGoes) {
+TEST_F(Allocate, ALineWithoutASignGoesWhereTheWholeGoes) {
   const std::int64_t key = AddRow(bank_, -80);
   FrmAllocate form(Parent(key, 80), Place());
   Show(form);
@@ -115,11 +115,11 @@ TEST_F(Allocate, AShareWithoutASignGoesWhereTheWholeGoes) {
   Type(form, "txtAmount", "+5");
   Find<QWidget>(form, "txtReference").setFocus();
   EXPECT_EQ(TextOfField(form, "txtAmount"), "+5.00") << "the opposite one is said";
-  Share(form, "Gifts", "80");
+  EnterLine(form, "Gifts", "80");
   EXPECT_EQ(Cell(form, 0, 3), "-80.00");
   EXPECT_EQ(Row(key).amount, -80) << "no income of 80";
   Find<QTableView>(form, "lvAllocated").selectRow(0);
-  Share(form, "Gifts", "+80");
+  EnterLine(form, "Gifts", "+80");
   Find<QTableView>(form, "lvAllocated").selectRow(0);
   EXPECT_EQ(TextOfField(form, "txtAmount"), "+80.00") << "and stays when it is chosen again";
   Prompt().ExpectAsk("Exit Allocate Items?", kClosing, false);
@@ -127,7 +127,7 @@ TEST_F(Allocate, AShareWithoutASignGoesWhereTheWholeGoes) {
   EXPECT_EQ(Prompt().Shown().back().icon, Icon::Warning) << "Enter does not turn the type round";
 }
 
-TEST_F(Allocate, EscapeAsksBeforeAShareThatIsNotSavedGoes) {
+TEST_F(Allocate, EscapeAsksBeforeALineThatIsNotSavedGoes) {
   FrmAllocate form(Parent(AddRow(bank_, -80), 80), Place());
   Show(form);
   Type(form, "txtDescription", "for us");
@@ -138,7 +138,7 @@ TEST_F(Allocate, EscapeAsksBeforeAShareThatIsNotSavedGoes) {
   EXPECT_EQ(TextOfField(form, "txtDescription"), "for us");
   Prompt().ExpectAsk("Allocate Items", question, true);
   QTest::keyClick(&form, Qt::Key_Escape);
-  EXPECT_FALSE(form.isVisible()) << "without shares there is no sum to ask about";
+  EXPECT_FALSE(form.isVisible()) << "without lines there is no sum to ask about";
 }
 
 TEST_F(Allocate, APathFillsBothCategoryBoxes) {
@@ -149,26 +149,26 @@ TEST_F(Allocate, APathFillsBothCategoryBoxes) {
   Find<QWidget>(form, "txtReference").setFocus();
   EXPECT_EQ(TextOfField(form, "cmbCategory"), "Shopping");
   EXPECT_EQ(TextOfField(form, "cmbSubCategory"), "Food");
-  Share(form, "Gifts:Cards", "30");
+  EnterLine(form, "Gifts:Cards", "30");
   EXPECT_EQ(Cell(form, 0, 0), "Gifts:Cards");
   EXPECT_EQ(Count("tblCategory WHERE Category LIKE '%:%'"), 0);
 }
 
-TEST_F(Allocate, AShareOfTheOtherSignIsSavedAndNamed) {
+TEST_F(Allocate, ALineOfTheOtherSignIsSavedAndNamed) {
   const std::int64_t key = AddRow(bank_, -100);
   FrmAllocate form(Parent(key, 100), Place());
   Show(form);
   const auto& note = Find<QLabel>(form, "lblNote");
-  Share(form, "Gifts", "+40");
+  EnterLine(form, "Gifts", "+40");
   EXPECT_EQ(note.text(),
-            "40.00 counts against the total of -100.00: shares are entered with the total's sign.");
+            "40.00 counts against the total of -100.00: lines are entered with the total's sign.");
   EXPECT_TRUE(note.isVisible());
   EXPECT_EQ(TextOfField(form, "txtAmount"), "-140.00");
-  Share(form, "Shopping", "-140");
+  EnterLine(form, "Shopping", "-140");
   EXPECT_FALSE(note.isVisible());
 }
 
-TEST_F(Allocate, AShareIsChosenChangedAndDeleted) {
+TEST_F(Allocate, ALineIsChosenChangedAndDeleted) {
   const std::int64_t key = AddRow(bank_, -100);
   AddRow(bank_, -60, key);
   AddRow(bank_, -40, key);
@@ -231,7 +231,7 @@ TEST_F(Allocate, ANewTransactionIsSavedFirstAndTakesTheSumBack) {
   InNextDialog([](QDialog& split) {
     EXPECT_EQ(split.objectName(), "FrmAllocate");
     EXPECT_EQ(TextOfField(split, "txtAmount"), "-100.00");
-    Share(split, "Gifts", "-60");
+    EnterLine(split, "Gifts", "-60");
     QTest::keyClick(&split, Qt::Key_Escape);
   });
   Click(form, "cmdAllocate");

@@ -53,7 +53,7 @@ endfunction()
 
 # Whether a file, named by its folder and name, is a window: one that may use Qt.
 function(is_window folder name result)
-  if(folder STREQUAL "controls" OR folder STREQUAL "app" OR name MATCHES "^(Frm|uc)[A-Z]")
+  if(folder STREQUAL "controls" OR folder STREQUAL "app" OR name MATCHES "^(Frm|Qt|uc)[A-Z]")
     set(${result} TRUE PARENT_SCOPE)
   else()
     set(${result} FALSE PARENT_SCOPE)

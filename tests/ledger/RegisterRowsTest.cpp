@@ -180,16 +180,16 @@ TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
 
 TEST_F(RegisterOnDemand, ReadsNoMoreOnceTheDataHaveChanged) {
   RegisterShelf shelf;
-  const auto rows = shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt);
+  const auto rows = shelf.Fetch(Ledger().Store(), {1, {}}, 100, std::nullopt);
   rows->ReadOn(5);
-  EXPECT_EQ(shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt), rows) << "kept";
-  EXPECT_NE(shelf.Take(Ledger().Store(), {2, {}}, 5, std::nullopt), rows);
+  EXPECT_EQ(shelf.Fetch(Ledger().Store(), {1, {}}, 100, std::nullopt), rows) << "kept";
+  EXPECT_NE(shelf.Fetch(Ledger().Store(), {2, {}}, 5, std::nullopt), rows);
   Run("DELETE FROM tblTransactions WHERE TransactionID < 200");
   EXPECT_FALSE(rows->IsCurrent());
   rows->ReadAll();
   EXPECT_EQ(rows->FirstRead(), rows->Count() - 5);
   EXPECT_EQ(rows->Entry(0).transactionId, 0) << "nothing half true";
-  const auto now = shelf.Take(Ledger().Store(), {1, {}}, 100, std::nullopt);
+  const auto now = shelf.Fetch(Ledger().Store(), {1, {}}, 100, std::nullopt);
   EXPECT_NE(now, rows);
   EXPECT_EQ(now->Count(), Whole({1, {}}).size());
   const Transaction open = Ledger().Store().Begin();
@@ -228,15 +228,15 @@ TEST_F(RegisterOnDemand, KnowsWhichOfSomeKeysAreInIt) {
 
 TEST_F(RegisterOnDemand, WhatIsReadAheadTakesNoPlaceFromWhatWasShown) {
   RegisterShelf shelf;
-  const auto shown = shelf.Take(Store(), {1, {}}, 100, std::nullopt);
+  const auto shown = shelf.Fetch(Store(), {1, {}}, 100, std::nullopt);
   EntrySums sums = ReadSums(Store(), 2, StatusFilter(), std::nullopt, std::nullopt);
-  const auto ahead = shelf.TakeAhead(Store(), {2, {}}, 5, sums);
+  const auto ahead = shelf.FetchAhead(Store(), {2, {}}, 5, sums);
   ASSERT_NE(ahead, nullptr);
-  EXPECT_EQ(shelf.Take(Store(), {2, {}}, 5, sums), ahead);
-  EXPECT_EQ(shelf.TakeAhead(Store(), {1, {}}, 100, sums), shown);
+  EXPECT_EQ(shelf.Fetch(Store(), {2, {}}, 5, sums), ahead);
+  EXPECT_EQ(shelf.FetchAhead(Store(), {1, {}}, 100, sums), shown);
   sums.count = 1'000'000'000;
-  EXPECT_EQ(shelf.TakeAhead(Store(), {3, {}}, 0, sums), nullptr) << "no room";
-  EXPECT_EQ(shelf.Take(Store(), {1, {}}, 100, std::nullopt), shown);
+  EXPECT_EQ(shelf.FetchAhead(Store(), {3, {}}, 0, sums), nullptr) << "no room";
+  EXPECT_EQ(shelf.Fetch(Store(), {1, {}}, 100, std::nullopt), shown);
 }
 
 // Long enough to be read in one go.

@@ -6,7 +6,7 @@
 #include "ledger/TransactionRecord.h"
 #include "platform/Settings.h"
 #include "reconcile/FrmReconcile.h"
-#include "reconcile/FrmReconcileModel.h"
+#include "reconcile/QtReconcileModel.h"
 #include "reconcile/ReconcileDialogs.h"
 #include "support/ScriptedRates.h"
 
@@ -410,7 +410,7 @@ TEST_F(Balancing, ACategoryWithItsSubCategoryHasRoom) {
   form_->resize(920, 600);
   const int text =
       List().fontMetrics().horizontalAdvance(QStringLiteral("Bills:Mortgage Repayment"));
-  EXPECT_GT(List().columnWidth(FrmReconcileModel::kCategory), text + 2 * kRhythm);
+  EXPECT_GT(List().columnWidth(QtReconcileModel::kCategory), text + 2 * kRhythm);
   EXPECT_LE(List().horizontalHeader()->length(), List().viewport()->width());
 }
 

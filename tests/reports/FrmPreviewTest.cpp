@@ -1,8 +1,8 @@
 #include "platform/Files.h"
-#include "reports/FrmPainterSurface.h"
 #include "reports/FrmPreview.h"
-#include "reports/FrmPrinting.h"
 #include "reports/LVPrint.h"
+#include "reports/QtPainterSurface.h"
+#include "reports/QtPrinting.h"
 #include "reports/ucPrintPage.h"
 #include "support/TestPlatform.h"
 

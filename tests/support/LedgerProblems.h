@@ -3,9 +3,11 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta {
 
 // What is inconsistent in an open data file, one text each: transfers whose halves do not name
 // each other or have the same sign, splits that do not add up or have no parent, occurrences of a

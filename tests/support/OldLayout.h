@@ -1,8 +1,10 @@
 #pragma once
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta {
 
 // Turns an open sample data file into one of an earlier version: split parents list their lines'
 // keys as text, money is CURRENCY, schedules have a BankChk column, a split schedule (1 over

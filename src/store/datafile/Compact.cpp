@@ -16,7 +16,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 // The empty file that the copy grows in, with the source's permissions.
@@ -159,4 +159,4 @@ void ShrinkDatabase(const DataSource& source, const Clock& clock) {
   if (unused * kWorthIt > pages) Run(database.get(), "VACUUM", source.path);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

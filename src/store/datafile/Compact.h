@@ -3,10 +3,12 @@
 #include "store/sql/Connection.h"
 #include "store/sql/engine/CopyMark.h"
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Clock;
 class Files;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline datafile {
 
 // Writes an exact, compact copy of the source into the target, which may have another password, and
 // marks it. The target must not exist; it is whole and on disk when this returns, and gone when
@@ -19,4 +21,4 @@ void CompactDatabase(const DataSource& source, const DataSource& target, const C
 // worth the writing. Throws StoreError; the file is as it was then.
 void ShrinkDatabase(const DataSource& source, const Clock& clock);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

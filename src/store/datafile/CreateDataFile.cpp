@@ -18,7 +18,7 @@
 #include "store/sql/StoreError.h"
 #include "store/sql/engine/CopyMark.h"
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 void CreateSchema(Connection& connection) {
@@ -111,4 +111,4 @@ void CreateDataFile(const DataFileLocation& location, const std::string& passwor
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -5,9 +5,11 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // Creates the data file at `location`, whose folder must exist, with its default rows and, unless
 // `emptyFile`, the sample data. Nothing may stand at its path. It is made under another name and
@@ -17,4 +19,4 @@ struct Platform;
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
                     Platform& platform, const Writer& writer = {});
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

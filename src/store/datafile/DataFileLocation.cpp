@@ -8,7 +8,7 @@
 
 #include <filesystem>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr std::string_view kDefaultName = "Corvanta.dat";
@@ -93,4 +93,4 @@ void SetUpFirstStart(Platform& platform) {
   platform.registry.Write(Hive::CurrentUser, kSettingsKey, "DBPath", platform.dataFolder);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

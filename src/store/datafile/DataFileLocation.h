@@ -4,10 +4,12 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Registry;
 struct Platform;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline datafile {
 
 // Where a data file and the files beside it are.
 struct DataFileLocation {
@@ -34,4 +36,4 @@ struct DataFileLocation {
 // of any kind nothing happens. Throws PlatformError when the settings cannot be written.
 void SetUpFirstStart(Platform& platform);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -13,7 +13,7 @@
 #include <array>
 #include <sstream>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr std::size_t kSecretBytes = 32;
@@ -107,4 +107,4 @@ std::string InstallationPassword(Platform& platform) {
   return FindInstallationPassword(platform).value();
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -4,9 +4,11 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // This installation's database password: 64 hexadecimal digits, made from 256 random bits and the
 // machine value, both drawn at the first call and kept owner-only in the profile, so that a changed
@@ -29,4 +31,4 @@ struct Platform;
 // are the same); nullopt when it is mistyped.
 [[nodiscard]] std::optional<std::string> PasswordFromRecoveryKey(std::string_view key);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

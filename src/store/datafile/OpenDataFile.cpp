@@ -14,7 +14,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr std::size_t kKeyFileLimit = 16U << 20U;
@@ -160,4 +160,4 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   return file;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -9,10 +9,13 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 class OpeningQuestions;
-struct Platform;
 
 // An open data file and, where it may be written, the right to do so.
 struct DataFile {
@@ -67,4 +70,4 @@ class DataFileOpener {
   std::optional<std::string> dataPath_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

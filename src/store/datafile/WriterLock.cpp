@@ -17,7 +17,7 @@
 #include <thread>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 // Beside the data file itself, wherever a link to it stands: two names of one file share one lock.
@@ -151,4 +151,4 @@ WriterLock::~WriterLock() {
   ::unlink(path_.c_str());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

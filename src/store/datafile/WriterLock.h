@@ -7,7 +7,7 @@
 #include <memory>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // How long one that wants to write waits for another that does, and how it passes the time.
 struct Patience {
@@ -46,4 +46,4 @@ class WriterLock {
   FileHandle file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -2,7 +2,7 @@
 
 #include "platform/TextCase.h"
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 template <typename Item>
@@ -52,4 +52,4 @@ const TableDef* Catalog::Find(std::string_view table) const {
   return FindNamed(tables_, table);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

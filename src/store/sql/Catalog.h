@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 enum class ColumnKind {
   Counter,
@@ -71,4 +71,4 @@ class Catalog {
   std::vector<TableDef> tables_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

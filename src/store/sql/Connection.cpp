@@ -10,7 +10,7 @@
 
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 constexpr std::string_view kProvider = "Provider=Microsoft.Jet.OLEDB.4.0;";
@@ -164,4 +164,4 @@ bool IsReadOnlyStatement(std::string_view sql) {
   return KindOfStatement(sql) == StatementKind::Rows;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -10,9 +10,12 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Clock;
+}
+
+namespace corvanta::inline sql {
+
 class Recordset;
 class Transaction;
 class UndoLog;
@@ -108,4 +111,4 @@ class Transaction {
 // True when the statement only reads. Throws StoreError(Sql) when it cannot be read.
 [[nodiscard]] bool IsReadOnlyStatement(std::string_view sql);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

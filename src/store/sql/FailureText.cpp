@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 constexpr std::string_view kNothingChanged = "Nothing was changed.";
@@ -87,4 +87,4 @@ StoreError WithSafe(const StoreError& error, const std::string& safe) {
   return StoreError(error.Code(), text, error.Statement(), error.File());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,7 +6,7 @@
 #include <exception>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The words for what a code stands for, of a change that was refused as a whole. `detail` is a
 // sentence that says what happened, or the library's own words, which are told beside the code's.
@@ -21,4 +21,4 @@ namespace corvanta {
 // stands where it was told that nothing was changed.
 [[nodiscard]] StoreError WithSafe(const StoreError& error, const std::string& safe);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -8,7 +8,7 @@
 
 #include <optional>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 using jet::QuoteName;
 
@@ -224,4 +224,4 @@ Value Recordset::Field(int index) const {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

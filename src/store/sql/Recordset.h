@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 struct FieldDef {
   std::string name;
@@ -89,4 +89,4 @@ class Recordset {
   std::unique_ptr<Impl> impl_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

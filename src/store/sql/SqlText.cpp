@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <stdexcept>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 std::string SqlText(std::string_view text) {
   std::string quoted;
@@ -53,4 +53,4 @@ std::string SqlNumber(std::int64_t number) {
   return std::to_string(number);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The text between single quotes, embedded apostrophes doubled.
 [[nodiscard]] std::string SqlText(std::string_view text);
@@ -22,4 +22,4 @@ namespace corvanta {
 [[nodiscard]] std::string SqlNumber(double number);
 [[nodiscard]] std::string SqlNumber(std::int64_t number);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

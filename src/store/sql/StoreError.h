@@ -3,7 +3,7 @@
 #include <stdexcept>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 enum class StoreErrorCode {
   Sql,                // a statement that cannot run: syntax, unknown name, object exists already
@@ -44,4 +44,4 @@ class StoreError : public std::runtime_error {
   std::string file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

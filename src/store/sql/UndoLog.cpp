@@ -6,7 +6,7 @@
 #include <deque>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 constexpr std::int64_t kMaxRows = 1000000;
@@ -91,7 +91,7 @@ class UndoLog::Impl : public ConnectionWatch {
     const Entry entry = from.back();
     const int depth = store_->BeginTransaction();
     try {
-      rows_.TakeBack(entry.first, entry.last);
+      rows_.Revert(entry.first, entry.last);
       rows_.Forget(entry.first, entry.last);
       // Told with the commit, before any listener looks at the steps.
       finish_ = [this, &from, &to, entry, last = rows_.Last()] {
@@ -238,4 +238,4 @@ UndoLog::Step::~Step() {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 class Connection;
 
@@ -70,4 +70,4 @@ class UndoLog {
   std::unique_ptr<Impl> impl_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -5,7 +5,7 @@
 #include <cmath>
 #include <cstdlib>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 std::int64_t Value::Int() const {
   if (const auto* whole = std::get_if<std::int64_t>(&data_)) return *whole;
@@ -39,4 +39,4 @@ std::optional<Date> Value::AsDate() const {
   return moment ? std::optional(moment->date) : std::nullopt;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <variant>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // One value of the data file: NULL, a whole number, a number, or text. Dates are ISO 8601 text
 // ("2026-11-21", "2026-11-21T10:30:00").
@@ -42,4 +42,4 @@ class Value {
   std::variant<std::monostate, std::int64_t, double, std::string> data_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -13,7 +13,7 @@
 
 #include <filesystem>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 bool HasRows(Connection& connection) {
@@ -102,4 +102,4 @@ void CompactionTarget::Clear(const std::string& password, Platform& platform) co
                         Icon::Warning);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

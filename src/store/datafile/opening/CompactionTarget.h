@@ -7,9 +7,11 @@
 #include <memory>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // What was found under a name that a copy or a new data file is to grow under.
 enum class Leftover {
@@ -45,4 +47,4 @@ class CompactionTarget {
   std::unique_ptr<WriterLock> lock_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

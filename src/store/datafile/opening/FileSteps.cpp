@@ -7,7 +7,7 @@
 
 #include <exception>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 std::string JournalOf(const std::string& path) {
@@ -73,4 +73,4 @@ std::string SetAside(const std::string& path, const std::string& ending, Files& 
   return target;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -5,9 +5,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Files;
+}
+
+namespace corvanta::inline datafile {
 
 // Which file stands under a name: what is equal is one file.
 struct FileIdentity {
@@ -40,4 +42,4 @@ void InstallDataFile(const std::string& from, const std::string& to, Files& file
 // taken, a number behind it. Returns the new path. Throws PlatformError.
 std::string SetAside(const std::string& path, const std::string& ending, Files& files);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -8,7 +8,7 @@
 
 #include <sstream>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 std::optional<std::string> PasswordFromKey(const std::string& text) {
   if (const auto password = PasswordFromInstallationKey(text)) return password;
   if (const auto transfer = TransferFile::FromText(text)) return transfer->password;
@@ -30,4 +30,4 @@ bool OpensWith(const std::string& path, const std::string& password, Platform& p
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -3,9 +3,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // The password that a key text stands for: the contents of a transfer file, of the key file of an
 // installation or of a saved recovery key, or a recovery key as typed. nullopt when it holds none,
@@ -16,4 +18,4 @@ struct Platform;
 [[nodiscard]] bool OpensWith(const std::string& path, const std::string& password,
                              Platform& platform);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -18,7 +18,7 @@
 #include "store/datafile/upgrade/RenewDataFile.h"
 #include "store/sql/StoreError.h"
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr const char* kTitle = "Open Data File";
@@ -120,12 +120,12 @@ bool OpenSequence::FindLocation() {
 void OpenSequence::PrepareFolder() {
   if (isFolder_) platform_.files.CreateFolder(location_.folder);
   if (!FolderExists(location_.folder)) return;
-  TakeLock();
+  AcquireLock();
   RecoverDataFile(location_, password_, writer_, platform_);
   if (isFolder_ && !FileExists(location_.Path())) Create();
 }
 
-void OpenSequence::TakeLock() {
+void OpenSequence::AcquireLock() {
   if (file_.lock == nullptr) file_.lock = WriterLock::Acquire(location_.Path(), writer_);
 }
 
@@ -199,7 +199,7 @@ OpenSequence::Outcome OpenSequence::AskToCreate() {
     return AskForOtherFile();
   }
   platform_.files.CreateFolder(location_.folder);
-  TakeLock();
+  AcquireLock();
   Create();
   return OpenIt();
 }
@@ -234,16 +234,16 @@ OpenSequence::Outcome OpenSequence::OfferRoadOut(const StoreError& error) {
 
 OpenSequence::Outcome OpenSequence::AskForKey() {
   const OpeningQuestions::Key key = questions_.KeyOf(location_.Path());
-  if (!key.password) return Take(key.road);
+  if (!key.password) return Follow(key.road);
   foundKey_ = key.password;
   return Outcome::Again;
 }
 
 OpenSequence::Outcome OpenSequence::AskAfter(const std::string& words, bool isFileFault) {
-  return Take(questions_.AfterRefusal(words, isFileFault));
+  return Follow(questions_.AfterRefusal(words, isFileFault));
 }
 
-OpenSequence::Outcome OpenSequence::Take(OpeningQuestions::Road road) {
+OpenSequence::Outcome OpenSequence::Follow(OpeningQuestions::Road road) {
   if (road == OpeningQuestions::Road::OtherFile) return AskForOtherFile();
   return road == OpeningQuestions::Road::Again ? Outcome::Again : Outcome::Stop;
 }
@@ -252,4 +252,4 @@ void OpenSequence::Tell(const std::string& text, bool isWarning) {
   platform_.prompts.Tell(kTitle, text, isWarning ? Icon::Warning : Icon::Information);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

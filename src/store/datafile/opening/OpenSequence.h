@@ -7,9 +7,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // Opens the file with its schema checked and its access paths made. Throws StoreError.
 [[nodiscard]] std::unique_ptr<Connection> OpenChecked(const std::string& path,
@@ -31,7 +33,7 @@ class OpenSequence {
   [[nodiscard]] Outcome Attempt();
   [[nodiscard]] bool FindLocation();
   void PrepareFolder();
-  void TakeLock();
+  void AcquireLock();
   void Create();
   [[nodiscard]] bool TakeReindex();
   [[nodiscard]] bool TakeTransferFile();
@@ -43,7 +45,7 @@ class OpenSequence {
   [[nodiscard]] Outcome OfferRoadOut(const StoreError& error);
   [[nodiscard]] Outcome AskForKey();
   [[nodiscard]] Outcome AskAfter(const std::string& words, bool isFileFault);
-  [[nodiscard]] Outcome Take(OpeningQuestions::Road road);
+  [[nodiscard]] Outcome Follow(OpeningQuestions::Road road);
   void Tell(const std::string& text, bool isWarning = true);
 
   Platform& platform_;
@@ -59,4 +61,4 @@ class OpenSequence {
   DataFile file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // What a person is asked while a data file is opened. Whoever stands above puts it into words.
 class OpeningQuestions {
@@ -28,4 +28,4 @@ class OpeningQuestions {
   [[nodiscard]] virtual Key KeyOf(const std::string& path) = 0;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

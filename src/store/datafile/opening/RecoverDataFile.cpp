@@ -8,7 +8,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 bool IsWhole(const DataSource& copy, const Clock& clock) {
@@ -37,4 +37,4 @@ bool RecoverDataFile(const DataFileLocation& location, const std::string& passwo
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -5,9 +5,11 @@
 
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 // Puts the compacted copy in the place of the data file that it was made from, where that is
 // missing, and tells so: true. A copy of another data file, one that is not whole or that nobody
@@ -16,4 +18,4 @@ struct Platform;
 bool RecoverDataFile(const DataFileLocation& location, const std::string& password,
                      const Writer& writer, Platform& platform);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

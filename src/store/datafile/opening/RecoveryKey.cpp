@@ -6,7 +6,7 @@
 #include <cctype>
 #include <cstdint>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr std::size_t kPasswordBytes = 32;
@@ -99,4 +99,4 @@ std::optional<std::string> PasswordFromRecoveryKey(std::string_view key) {
   return password;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -10,7 +10,7 @@
 #include <map>
 #include <utility>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr std::string_view kProgramKey = "Software\\Corvanta 2.0\\";
@@ -92,4 +92,4 @@ void WriteTransferFile(const std::string& path, const std::string& password,
   files.WriteAtomically(path, line + "\n" + settings.ToText());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

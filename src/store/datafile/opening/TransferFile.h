@@ -7,10 +7,12 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Files;
 class Registry;
+}  // namespace corvanta::inline platform
+
+namespace corvanta::inline datafile {
 
 // A transfer file as read: a first line with the enciphered password, then the settings in the
 // registry's text form with SETTINGS, REPORTS, STOCKS and CURRENCY for the program's four keys:
@@ -35,4 +37,4 @@ struct TransferFile {
 void WriteTransferFile(const std::string& path, const std::string& password,
                        const Registry& registry, Files& files);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

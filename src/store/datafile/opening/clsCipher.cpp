@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 using Bytes = std::vector<unsigned char>;
@@ -60,4 +60,4 @@ std::optional<std::string> clsCipher::Decipher(std::string_view line) const {
   return text;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

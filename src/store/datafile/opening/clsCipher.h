@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // The reversible cipher of the transfer file's first line. Its key is the program's own, so that
 // every installation can read it: it keeps a password from being read in passing and a damaged one
@@ -17,4 +17,4 @@ class clsCipher {
   [[nodiscard]] std::optional<std::string> Decipher(std::string_view line) const;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -4,7 +4,7 @@
 
 #include <array>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 // What the ledger looks rows up by, over and over: an account's rows by date, with all that its
@@ -37,4 +37,4 @@ void EnsureAccessPaths(Connection& connection) {
   for (const AccessPath& path : kAccessPaths) connection.EnsureAccessPath(path);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

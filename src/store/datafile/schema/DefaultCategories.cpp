@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr int kIncome = 1;
@@ -86,4 +86,4 @@ std::vector<std::string> CategoryStatements() {
   return statements;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

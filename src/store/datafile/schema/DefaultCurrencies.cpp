@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 struct CurrencyText {
@@ -193,4 +193,4 @@ std::vector<std::string> CurrencyStatements() {
   return statements;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 struct PeriodText {
@@ -89,4 +89,4 @@ std::vector<std::string> ReferenceRowStatements() {
   return statements;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // Periods, currencies and quote sources, one INSERT per row. The order fixes the keys.
 [[nodiscard]] std::vector<std::string> FixedRowStatements();
@@ -15,4 +15,4 @@ namespace corvanta {
 [[nodiscard]] std::vector<std::string> CurrencyStatements();
 [[nodiscard]] std::vector<std::string> CategoryStatements();
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

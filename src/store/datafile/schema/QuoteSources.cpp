@@ -4,7 +4,7 @@
 
 #include <cassert>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 // The first sources answer with a line of values and have no marker.
@@ -59,4 +59,4 @@ std::vector<std::string> QuoteSourceStatements() {
   return statements;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

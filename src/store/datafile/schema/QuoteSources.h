@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 struct QuoteSource {
   int dataId;
@@ -27,4 +27,4 @@ inline constexpr int kMarketStockSource = 6;
 // One INSERT per source, with its key.
 [[nodiscard]] std::vector<std::string> QuoteSourceStatements();
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -4,7 +4,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 using Statements = std::vector<std::string>;
@@ -135,4 +135,4 @@ std::vector<std::string> SampleDataStatements(Date today, std::int64_t currencyI
   return statements;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // The sample account with payees, investments, transactions and schedules, one INSERT per row.
 // `currencyId` is the user's own currency, 0 when the file does not know it.
 [[nodiscard]] std::vector<std::string> SampleDataStatements(Date today, std::int64_t currencyId);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cassert>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 constexpr ColumnText kAccounts[] = {
@@ -219,4 +219,4 @@ std::span<const ExpectedColumns> SchemaExpectations() {
   return kExpected;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 struct ColumnText {
   std::string_view definition;  // the column and its type, as both DDL forms take it
@@ -38,4 +38,4 @@ struct ExpectedColumns {
 // What the schema check looks for, in its order.
 [[nodiscard]] std::span<const ExpectedColumns> SchemaExpectations();
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -6,7 +6,7 @@
 
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 bool HasColumns(const TableDef& table, std::string_view columns) {
@@ -56,4 +56,4 @@ bool CheckSchema(Connection& connection) {
   return true;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

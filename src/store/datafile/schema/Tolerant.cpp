@@ -3,7 +3,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 bool ExecuteTolerant(Connection& connection, std::string_view sql) {
   try {
@@ -15,4 +15,4 @@ bool ExecuteTolerant(Connection& connection, std::string_view sql) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -8,7 +8,7 @@
 #include <cmath>
 #include <unordered_set>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 using Balances = std::map<std::int64_t, double>;
@@ -69,4 +69,4 @@ bool SameBalances(const Balances& before, const Balances& after) {
   return std::equal(before.begin(), before.end(), after.begin(), after.end(), isSame);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -3,9 +3,11 @@
 #include <cstdint>
 #include <map>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline datafile {
 
 // The balance of every account by its key: the opening balance plus the rows that are no split
 // lines, in a file of the present layout as well as in one whose parents list their lines.
@@ -15,4 +17,4 @@ class Connection;
 [[nodiscard]] bool SameBalances(const std::map<std::int64_t, double>& before,
                                 const std::map<std::int64_t, double>& after);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -4,7 +4,7 @@
 
 #include <charconv>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 std::vector<std::int64_t> KeysOfList(std::string_view list) {
   std::vector<std::int64_t> keys;
@@ -19,4 +19,4 @@ std::vector<std::int64_t> KeysOfList(std::string_view list) {
   return keys;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

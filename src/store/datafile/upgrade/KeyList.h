@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 
 // The keys of a text such as "35, 36" in order; what is no positive whole number is left out.
 [[nodiscard]] std::vector<std::int64_t> KeysOfList(std::string_view list);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

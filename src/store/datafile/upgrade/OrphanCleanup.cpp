@@ -8,7 +8,7 @@
 #include <utility>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 struct SplitTable {
@@ -55,4 +55,4 @@ void CleanUpOrphans(Connection& connection) {
   CleanUpLines(connection, kTransactions);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -17,7 +17,7 @@
 
 #include <map>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 using Balances = std::map<std::int64_t, double>;
@@ -93,4 +93,4 @@ std::optional<std::string> RenewDataFile(const DataFileLocation& location, const
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

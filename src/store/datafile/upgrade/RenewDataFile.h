@@ -6,9 +6,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline datafile {
 
 enum class UpgradeFailure {
   Keep,   // the compacted file stays in the old layout, and what went wrong is returned
@@ -29,4 +31,4 @@ struct Renewal {
 std::optional<std::string> RenewDataFile(const DataFileLocation& location, const Renewal& renewal,
                                          const Writer& writer, Platform& platform);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

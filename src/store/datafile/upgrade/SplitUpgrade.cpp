@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 struct SplitTable {
@@ -93,4 +93,4 @@ void UpgradeSplitLinks(Connection& connection) {
   Convert(connection, schedules);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

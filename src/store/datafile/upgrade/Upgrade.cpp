@@ -12,7 +12,7 @@
 #include <map>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline datafile {
 namespace {
 
 struct MoneyColumn {
@@ -89,4 +89,4 @@ std::optional<std::string> UpgradeAndCleanUp(Connection& connection) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

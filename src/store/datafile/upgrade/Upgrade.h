@@ -3,9 +3,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta {
-
+namespace corvanta::inline sql {
 class Connection;
+}
+
+namespace corvanta::inline datafile {
 
 // Brings an old file's split links, money columns and quote sources up to the present layout.
 // Throws StoreError at the first statement that fails before the quote sources, from which on
@@ -17,4 +19,4 @@ void UpgradeSchema(Connection& connection);
 // StoreError for what the disk refuses; the file is then as it was, too.
 [[nodiscard]] std::optional<std::string> UpgradeAndCleanUp(Connection& connection);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline datafile

@@ -9,7 +9,7 @@
 #include <algorithm>
 #include <cstdlib>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 using jet::QuoteText;
@@ -108,4 +108,4 @@ Catalog ReadCatalog(sqlite3* database, const std::string& file) {
   return catalog;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,9 +6,9 @@
 
 struct sqlite3;
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // Reads the tables, columns and indexes of the schema from an open file. Throws StoreError.
 [[nodiscard]] Catalog ReadCatalog(sqlite3* database, const std::string& file);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

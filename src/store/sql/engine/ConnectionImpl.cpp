@@ -5,7 +5,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 Connection::Impl::Impl(DatabaseHandle database, std::string path)
     : path_(std::move(path)),
@@ -142,4 +142,4 @@ void Connection::Impl::Rollback(int depth) {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

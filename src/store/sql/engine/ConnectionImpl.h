@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // Follows the transactions of one connection (the undo log).
 class ConnectionWatch {
@@ -66,4 +66,4 @@ class Connection::Impl {
   bool defined_ = false;  // the open transaction changed the schema
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

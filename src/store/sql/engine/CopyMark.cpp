@@ -9,7 +9,7 @@
 #include <array>
 #include <cstring>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 CopyMark MarkOf(std::string_view dataFileName) {
   constexpr std::string_view kPurpose = "corvanta copy";
@@ -57,4 +57,4 @@ void ClearMarkQuietly(const DataSource& source) noexcept {
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,9 +6,12 @@
 
 struct sqlite3;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Clock;
+}
+
+namespace corvanta::inline sql {
+
 struct DataSource;
 
 // What a file that is still being made says of itself: whose place it is to take. It stands in the
@@ -39,4 +42,4 @@ void ClearMark(const DataSource& source);
 // The same where a mark that stays does no harm.
 void ClearMarkQuietly(const DataSource& source) noexcept;
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

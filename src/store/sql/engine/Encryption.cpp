@@ -5,7 +5,7 @@
 #include <sodium.h>
 #include <sqlcipher/sqlite3.h>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 std::string Hex(const unsigned char* bytes, std::size_t size) {
@@ -55,4 +55,4 @@ void SetPageFormat(sqlite3* database, const std::string& schema, const std::stri
   Run(database, "PRAGMA " + schema + ".cipher_page_size = " + std::to_string(kPageSize), file);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,7 +6,7 @@
 
 struct sqlite3;
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The raw key of a data file, made from its password: 256 bits that open it and the 16 bytes with
 // which the file begins. Both come from the password alone, so that a file that begins with
@@ -37,4 +37,4 @@ void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file);
 // attached one has the library's own until then, not that of the main one.
 void SetPageFormat(sqlite3* database, const std::string& schema, const std::string& file);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

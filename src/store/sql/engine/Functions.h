@@ -2,15 +2,14 @@
 
 struct sqlite3;
 
-namespace corvanta {
-
+namespace corvanta::inline platform {
 class Clock;
+}
 
-namespace jet {
+namespace corvanta::jet {
 
 // Gives a connection the collation and the functions that the written statements call. The clock
 // must outlive the connection.
 void RegisterFunctions(sqlite3* database, const Clock& clock);
 
-}  // namespace jet
-}  // namespace corvanta
+}  // namespace corvanta::jet

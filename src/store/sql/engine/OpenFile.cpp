@@ -16,7 +16,7 @@
 #include <bitset>
 #include <fstream>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 struct Beginning {
@@ -161,4 +161,4 @@ DatabaseHandle CreateFile(const DataSource& source, const Clock& clock, const Co
   return database;
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

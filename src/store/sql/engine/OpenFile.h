@@ -4,7 +4,7 @@
 #include "store/sql/engine/CopyMark.h"
 #include "store/sql/engine/Sqlite.h"
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // Opens the library's handle on an existing data file, keyed, checked and set up for one
 // program. The file is only read. Throws StoreError with what is wrong and what to do.
@@ -16,4 +16,4 @@ namespace corvanta {
 // A keyed handle on a file that may be anything, and may be empty: the first statement tells.
 [[nodiscard]] DatabaseHandle OpenUnchecked(const DataSource& source);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

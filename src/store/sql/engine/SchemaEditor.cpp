@@ -9,7 +9,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 using jet::QuoteName;
@@ -227,4 +227,4 @@ void SchemaEditor::Rebuild(const TableDef& table, const std::vector<std::string>
       file_);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -7,7 +7,7 @@
 
 struct sqlite3;
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // Carries out the dialect's DDL. The library can add a plain column and little more, so a changed
 // table is written anew and takes the old one's place; the caller runs it in a transaction and
@@ -41,4 +41,4 @@ class SchemaEditor {
   const std::string& file_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -4,7 +4,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 struct Meaning {
@@ -131,4 +131,4 @@ std::string ColumnText(sqlite3_stmt* statement, int column) {
   return std::string(text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column)));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -11,7 +11,7 @@
 struct sqlite3;
 struct sqlite3_stmt;
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 struct CloseDatabase {
   void operator()(sqlite3* database) const;
@@ -40,4 +40,4 @@ void Run(sqlite3* database, const std::string& sql, const std::string& file);
 // One column of a row as text; empty for NULL.
 [[nodiscard]] std::string ColumnText(sqlite3_stmt* statement, int column);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,7 +6,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 constexpr std::size_t kMaxStatements = 250;
@@ -131,4 +131,4 @@ void StatementCache::Bind(Prepared& prepared, const ReadStatement& statement, bo
   }
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -11,7 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The aggregate that hands the rows of a visit over; see VisitFunction.h.
 inline constexpr const char* kVisit = "corvanta_visit";
@@ -75,4 +75,4 @@ class StatementCache {
   std::unordered_map<std::string_view, Entries::iterator> byKey_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <charconv>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 // The library binds 999 values at the most; beyond this many the rest stays text.
@@ -153,4 +153,4 @@ StatementKind KindOfStatement(std::string_view sql) {
   return KindOf(jet::Parse(sql, tokens));
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

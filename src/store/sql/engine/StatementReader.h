@@ -12,7 +12,7 @@
 #include <unordered_map>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 enum class StatementKind : std::uint8_t { Rows, Change, Definition };
 
@@ -62,4 +62,4 @@ class StatementReader {
 // The kind of a statement, which is parsed for it. Throws StoreError(Sql).
 [[nodiscard]] StatementKind KindOfStatement(std::string_view sql);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

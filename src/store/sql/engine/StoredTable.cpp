@@ -3,7 +3,7 @@
 #include "platform/TextCase.h"
 #include "store/sql/writer/Quote.h"
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 using jet::QuoteName;
@@ -127,4 +127,4 @@ std::string StoredIndexName(std::string_view table, std::string_view index) {
   return std::string(table) + "." + std::string(index);
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

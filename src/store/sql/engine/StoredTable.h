@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // Indexes whose names begin so only make the engine fast and are not shown in the catalog.
 inline constexpr std::string_view kAccessPathPrefix = "fast_";
@@ -17,4 +17,4 @@ inline constexpr std::string_view kAccessPathPrefix = "fast_";
 [[nodiscard]] std::string CreateIndexText(const TableDef& table, const IndexDef& index);
 [[nodiscard]] std::string StoredIndexName(std::string_view table, std::string_view index);
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -6,7 +6,7 @@
 
 #include <algorithm>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 using jet::QuoteName;
@@ -134,7 +134,7 @@ std::vector<std::int64_t> UndoTables::Keys(std::string_view table, std::int64_t 
   return keys;
 }
 
-void UndoTables::TakeBack(std::int64_t first, std::int64_t last) {
+void UndoTables::Revert(std::int64_t first, std::int64_t last) {
   const std::string sql = std::string("SELECT * FROM temp.") + kLog +
                           " WHERE number BETWEEN ?1 AND ?2 ORDER BY number DESC";
   const StatementHandle rows = Prepare(store_->Database(), sql, store_->Path());
@@ -198,4 +198,4 @@ void UndoTables::RunOwn(const std::string& sql) {
   Run(store_->Database(), sql, store_->Path());
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

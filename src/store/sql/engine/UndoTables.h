@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The rows behind an undo log: a temporary table into which temporary triggers write, for each row
 // that changes, its key and what it was. Temporary tables live in memory and take part in the
@@ -30,7 +30,7 @@ class UndoTables {
   [[nodiscard]] std::vector<std::int64_t> Keys(std::string_view table, std::int64_t first,
                                                std::int64_t last);
   // Undoes what these rows stand for, the latest first; what that changes is logged behind them.
-  void TakeBack(std::int64_t first, std::int64_t last);
+  void Revert(std::int64_t first, std::int64_t last);
   void Forget(std::int64_t first, std::int64_t last);
 
  private:
@@ -56,4 +56,4 @@ class UndoTables {
   StatementHandle last_;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -4,7 +4,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
-namespace corvanta {
+namespace corvanta::inline sql {
 namespace {
 
 void Step(sqlite3_context* context, int, sqlite3_value** values) {
@@ -71,4 +71,4 @@ std::string_view VisitedRow::Text(int index) const {
   return {text, static_cast<std::size_t>(sqlite3_value_bytes(At(values_, index)))};
 }
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

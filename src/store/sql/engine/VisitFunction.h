@@ -6,7 +6,7 @@
 
 struct sqlite3;
 
-namespace corvanta {
+namespace corvanta::inline sql {
 
 // The aggregate through which the library hands a query's rows straight to a visitor. It is the
 // connection's own and stands in no stored schema.
@@ -42,4 +42,4 @@ class VisitFunction {
   Run* run_ = nullptr;
 };
 
-}  // namespace corvanta
+}  // namespace corvanta::inline sql

@@ -1,0 +1,39 @@
+#include "controls/QtText.h"
+#include "reports/FrmPreview.h"
+#include "reports/QtPrinting.h"
+#include "reports/ReportDialogs.h"
+
+#include <QPrintDialog>
+#include <QPrinter>
+
+namespace corvanta::inline reports {
+namespace {
+
+bool ChoosePrinter(QPrinter& printer, QWidget* parent) {
+  QPrintDialog dialog(&printer, parent);
+  // All pages or none: the numbers of the pages change with the printer's paper.
+  dialog.setOption(QAbstractPrintDialog::PrintPageRange, false);
+  dialog.setOption(QAbstractPrintDialog::PrintSelection, false);
+  return dialog.exec() == QDialog::Accepted;
+}
+
+}  // namespace
+
+void OpenPrintPreview(const PrintTable& table, const PrintPlace& place) {
+  FrmPreview(table, place).exec();
+}
+
+bool PrintList(const PrintTable& table, const PrintPlace& place) {
+  QPrinter printer(QPrinter::HighResolution);
+  printer.setPageLayout(PageLayoutOf(table.orientation));
+  printer.setDocName(ToQt(table.title));
+  printer.setCreator(QStringLiteral("Corvanta Personal Finance"));
+  const bool isChosen =
+      place.choose ? place.choose(printer, place.parent) : ChoosePrinter(printer, place.parent);
+  if (!isChosen) return false;
+  if (PrintPages(printer, table, place.platform)) return true;
+  printer.abort();
+  return false;
+}
+
+}  // namespace corvanta::inline reports
