@@ -66,7 +66,8 @@ std::optional<double> TransactionEditor::KnownArrival(const TransactionForm& for
     return std::nullopt;
   }
   if (known->amount == form.amount) return known->amountTo;
-  if (!IsConverted(form) || known->amount == 0) return std::nullopt;
+  // What was rounded to nothing says nothing of the rate.
+  if (!IsConverted(form) || known->amount == 0 || known->amountTo == 0) return std::nullopt;
   return RoundToCurrency(form.amount.value_or(0) * (known->amountTo / known->amount), to);
 }
 

@@ -138,6 +138,7 @@ std::optional<double> ScheduleForecasts::OtherAmount(const Row& row,
       now.currency == former_.currency && now.transferCurrency == former_.transferCurrency;
   if (!isSamePair || row.amount == 0) return std::nullopt;
   if (now.amount == row.amount) return row.otherAmount;
+  if (row.otherAmount == 0) return std::nullopt;  // rounded to nothing, it says nothing of the rate
   return RoundToCurrency(now.amount / row.amount * row.otherAmount, now.transferCurrency);
 }
 

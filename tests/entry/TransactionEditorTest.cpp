@@ -413,6 +413,26 @@ TEST_F(TransactionEditing, WhatArrivesIsKeptWhileAmountAndCurrenciesStay) {
   EXPECT_EQ(editor_.KnownArrival(form), 121.2);
 }
 
+TEST_F(TransactionEditing, ATransferOfWhichNothingArrivesStaysOneAndIsNoRate) {
+  const std::int64_t yen = AddAccount("Yen", "JPY");
+  TransactionForm form = Form(EntryType::Transfer, 1);
+  form.accountId = yen;
+  form.accountToId = euro_;
+  rates_.Answer(0.004);
+  const std::int64_t from = Save(form);
+  const std::int64_t to = Row(from).transferId;
+  EXPECT_EQ(Row(to).amount, 0);
+  EXPECT_EQ(Row(to).transferId, from);
+  form = *editor_.Load(to);
+  EXPECT_EQ(form.type, EntryType::Transfer);
+  EXPECT_EQ(form.amount, 1);
+  form.amount = 10000;
+  EXPECT_EQ(editor_.KnownArrival(form), std::nullopt);
+  Save(form);
+  EXPECT_EQ(Row(from).amount, -10000);
+  EXPECT_EQ(Row(to).amount, 40);
+}
+
 TEST_F(TransactionEditing, WhatArrivesFollowsRulesOfItsOwn) {
   const auto check = [&](std::int64_t to, double arrives) {
     TransactionForm form = Form(EntryType::Transfer, 25);

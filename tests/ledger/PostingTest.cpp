@@ -192,6 +192,19 @@ TEST_F(PostingTest, TransfersBetweenCurrenciesAskForARateEach) {
   EXPECT_EQ(Amount(own->transferId), 38.33);
 }
 
+TEST_F(PostingTest, ATransferOfWhichNothingArrivesIsPostedAllTheSame) {
+  ScheduleRecord plan = Plan("m", "2026-11-05", 1);
+  plan.transferAccountId = euros_;
+  plan.amount = -0.01;
+  const std::int64_t schedule = Save(plan);
+  rates_.Answer(0.3);
+  EXPECT_EQ(Pass().occurrences, 1U);
+  const auto own = ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-05"));
+  EXPECT_EQ(own->amount, -0.01);
+  EXPECT_EQ(Amount(own->transferId), 0);
+  EXPECT_EQ(Pass().occurrences, 0U);
+}
+
 TEST_F(PostingTest, WithoutARateAPaymentStaysPendingUntilThereIsOne) {
   MoveDates(true);
   ScheduleRecord plan = Plan("m", "2026-10-05", 3);

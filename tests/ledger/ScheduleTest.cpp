@@ -337,6 +337,21 @@ TEST_F(Schedule, AForecastInAnotherCurrencyKeepsItsRate) {
   EXPECT_EQ(Posted(schedule), Dates{});
 }
 
+TEST_F(Schedule, AForecastOfWhichNothingArrivesIsNoRate) {
+  ScheduleRecord plan = Plan("m", "2026-12-05", 0);
+  plan.transferAccountId = euros_;
+  plan.amount = -0.01;
+  const std::int64_t schedule = Save(plan);
+  rates_.Answer(0.3);
+  Pass();
+  EXPECT_EQ(Posted(schedule), Dates{"2026-12-05"});
+  rates_.Answer(std::nullopt);
+  ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
+  changed.amount = -40;
+  ledger_.Schedules().SaveSchedule(changed);
+  EXPECT_EQ(Posted(schedule), Dates{}) << "it waits for a rate";
+}
+
 TEST_F(Schedule, TheLastDayOfTheMonthStaysTheLast) {
   ScheduleRecord plan = Plan("m", "2026-09-30", 0);
   plan.days.isMonthEnd = true;
