@@ -1,7 +1,7 @@
 # cmake -DSOURCES=<folder with the layout of src/> -P CheckLayers.cmake
 # Fails, naming file and line, on an include that goes against the direction of the layers, on a
 # window's header in the engine, on a Qt header outside the windows, on a window that does not end
-# quietly, and on a table's name in the engine of the store.
+# quietly, on a name outside its room's namespace, and on a table's name in the engine of the store.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -53,7 +53,9 @@ endfunction()
 
 # Whether a file, named by its folder and name, is a window: one that may use Qt.
 function(is_window folder name result)
-  if(folder STREQUAL "controls" OR folder STREQUAL "app" OR name MATCHES "^(Frm|Qt|uc)[A-Z]")
+  if(folder IN_LIST base OR folder STREQUAL "cli")
+    set(${result} FALSE PARENT_SCOPE)
+  elseif(folder STREQUAL "controls" OR folder STREQUAL "app" OR name MATCHES "^(Frm|Qt|uc)[A-Z]")
     set(${result} TRUE PARENT_SCOPE)
   else()
     set(${result} FALSE PARENT_SCOPE)
@@ -111,6 +113,10 @@ function(check_file path)
     foreach(line IN LISTS tables)
       message(SEND_ERROR "  ${relative}: ${line}\n  the engine knows no table by name")
     endforeach()
+  endif()
+  file(STRINGS "${path}" outside REGEX "^namespace corvanta {")
+  if(outside)
+    message(SEND_ERROR "  ${relative}: what a room declares is in the room's namespace")
   endif()
   file(STRINGS "${path}" windows REGEX "public Q(Dialog|MainWindow) ")
   foreach(line IN LISTS windows)
