@@ -7,6 +7,8 @@
 #include "ledger/InvestmentBook.h"
 #include "ledger/KeywordBook.h"
 #include "ledger/LedgerCore.h"
+#include "ledger/PriceBook.h"
+#include "ledger/RateBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/StatusBook.h"
@@ -30,6 +32,8 @@ struct clsCorvanta::Topics {
         balances(core),
         accounts(core, ledger),
         investments(core, ledger),
+        prices(core),
+        rates(core),
         categories(core),
         references(core) {}
 
@@ -44,6 +48,8 @@ struct clsCorvanta::Topics {
   BalanceBook balances;
   AccountBook accounts;
   InvestmentBook investments;
+  PriceBook prices;
+  RateBook rates;
   CategoryBook categories;
   ReferenceBook references;
 };
@@ -87,6 +93,12 @@ AccountBook& clsCorvanta::Accounts() {
 }
 InvestmentBook& clsCorvanta::Investments() {
   return topics_->investments;
+}
+PriceBook& clsCorvanta::Prices() {
+  return topics_->prices;
+}
+RateBook& clsCorvanta::Rates() {
+  return topics_->rates;
 }
 CategoryBook& clsCorvanta::Categories() {
   return topics_->categories;

@@ -19,6 +19,8 @@ class BulkEditor;
 class CategoryBook;
 class InvestmentBook;
 class KeywordBook;
+class PriceBook;
+class RateBook;
 class ReferenceBook;
 class ScheduleBook;
 class StatusBook;
@@ -53,6 +55,8 @@ class clsCorvanta {
   [[nodiscard]] BalanceBook& Balances();
   [[nodiscard]] AccountBook& Accounts();
   [[nodiscard]] InvestmentBook& Investments();
+  [[nodiscard]] PriceBook& Prices();
+  [[nodiscard]] RateBook& Rates();
   [[nodiscard]] CategoryBook& Categories();
   [[nodiscard]] ReferenceBook& References();
 

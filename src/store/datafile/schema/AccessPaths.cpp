@@ -22,17 +22,32 @@ constexpr std::array kAccessPaths = {
     AccessPath{"tblKeywordLink", "fast_Keyword", "\"TransactionID\""},
     AccessPath{"tblAttachments", "fast_Attachment", "\"TransactionID\""}};
 
-// What the program keeps beside the tables of the schema.
-constexpr const char* kOwnTable = "own_ScheduleDays";
-constexpr const char* kCreateOwnTable =
-    "CREATE TABLE own_ScheduleDays (ScheduleID Counter, MonthEnd INT DEFAULT 0, "
-    "Weekend INT DEFAULT 0, CONSTRAINT PK_ScheduleDays PRIMARY KEY(ScheduleID))";
+// What the program keeps beside the tables of the schema, once the table is there that it belongs
+// to.
+struct OwnTable {
+  const char* name;
+  const char* beside;
+  const char* sql;
+};
+constexpr std::array kOwnTables = {
+    OwnTable{"own_ScheduleDays", "tblSchedule",
+             "CREATE TABLE own_ScheduleDays (ScheduleID Counter, MonthEnd INT DEFAULT 0, "
+             "Weekend INT DEFAULT 0, CONSTRAINT PK_ScheduleDays PRIMARY KEY(ScheduleID))"},
+    OwnTable{"own_Sources", "tblStockData",
+             "CREATE TABLE own_Sources (DataID Counter, Kind INT DEFAULT 0, Field TEXT(255), "
+             "OwnKey TEXT(255), CONSTRAINT PK_Sources PRIMARY KEY(DataID))"},
+    OwnTable{"own_Rates", "tblCurrency",
+             "CREATE TABLE own_Rates (RateID Counter, FromCode TEXT(50), ToCode TEXT(50), "
+             "[Date] DATETIME NOT NULL, Rate DOUBLE DEFAULT 0, Source TEXT(255), "
+             "CONSTRAINT PK_Rates PRIMARY KEY(RateID))"}};
 
 }  // namespace
 
 void EnsureAccessPaths(Connection& connection) {
-  if (connection.Table("tblSchedule") != nullptr && connection.Table(kOwnTable) == nullptr) {
-    connection.Execute(kCreateOwnTable);
+  for (const OwnTable& table : kOwnTables) {
+    if (connection.Table(table.beside) != nullptr && connection.Table(table.name) == nullptr) {
+      connection.Execute(table.sql);
+    }
   }
   for (const AccessPath& path : kAccessPaths) connection.EnsureAccessPath(path);
 }
