@@ -44,7 +44,7 @@ bool LedgerSession::Open(bool quiet) {
   if (file_ && !login_.Pass(*file_->connection)) file_.reset();
   if (file_) {
     ledger_ = std::make_unique<clsCorvanta>(*file_->connection, platform_);
-    rates_ = std::make_unique<WebRates>(*file_->connection, platform_);
+    rates_ = std::make_unique<WebRates>(*ledger_, platform_);
     posting_ = std::make_unique<SchedulePosting>(*ledger_, platform_, *rates_);
   }
   return IsOpen();

@@ -23,7 +23,7 @@ ExitStatus AddCommand::Run(Session& session) {
   const std::optional<DataFile> file = session.Open(Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  WebRates rates(*file->connection, session.Machine());
+  WebRates rates(ledger, session.Machine());
   TransactionEditor editor(ledger, session.Machine(), rates);
 
   TransactionForm form = editor.New(0);

@@ -34,7 +34,7 @@ ExitStatus EditCommand::Run(Session& session) {
                                             std::to_string(row.allocatedItem) +
                                             ". Lines are changed with split.");
   }
-  WebRates rates(*file->connection, session.Machine());
+  WebRates rates(ledger, session.Machine());
   TransactionEditor editor(ledger, session.Machine(), rates);
   if (const auto warning = editor.CheckOpen(row.transactionId)) {
     return session.Refuse(warning->title, warning->text);

@@ -57,7 +57,7 @@ ExitStatus PostCommand::Run(Session& session) {
   const std::optional<DataFile> file = session.Open(Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  WebRates rates(*file->connection, session.Machine());
+  WebRates rates(ledger, session.Machine());
   SchedulePosting posting(ledger, session.Machine(), rates);
   if (schedule_.IsGiven()) return PostOne(ledger, posting, session);
   const PostingResult result = posting.PostSchedules();

@@ -39,20 +39,21 @@ ExitStatus RateCommand::Run(Session& session) {
   const auto to = FindItem(codes, to_, kTitle, "currency", session);
   if (!to) return ExitStatus::Refused;
 
-  WebRates rates(*file->connection, session.Machine());
+  WebRates rates(ledger, session.Machine());
   const auto rate = rates.Rate(from->name, to->name);
   if (!rate) {
     session.Tell(kTitle, "Could not connect to website");
     return ExitStatus::MachineFailed;
   }
+  if (!rate->notice.empty()) session.Tell(kTitle, rate->notice);
   if (session.Options().format == "text") {
     const CurrencyConverter converter(rates, session.Machine().locale);
-    session.Out() << "1 " << from->name << " = " << converter.PlainNumber(*rate) << ' ' << to->name
-                  << '\n';
+    session.Out() << "1 " << from->name << " = " << converter.PlainNumber(rate->rate) << ' '
+                  << to->name << '\n';
     return ExitStatus::Done;
   }
   OutputTable table({{"From"}, {"To"}, {"Rate", OutputKind::Number}});
-  table.AddRow({from->name, to->name, *rate});
+  table.AddRow({from->name, to->name, rate->rate});
   session.Print(table);
   return ExitStatus::Done;
 }

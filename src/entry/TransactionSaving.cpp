@@ -79,8 +79,11 @@ double TransactionEditor::AmountTo(const TransactionForm& form) {
   if (known && isSettled) return *known;
   if (!IsConverted(form)) return RoundToCurrency(amount, CurrencyOf(form.accountId));
   const std::string to = CurrencyOf(form.accountToId);
-  if (const auto rate = rates_.Rate(CurrencyOf(form.accountId), to)) {
-    return RoundToCurrency(*rate * amount, to);
+  const auto answer = rates_.Rate(CurrencyOf(form.accountId), to);
+  // The rate that the transfer had is nearer than one of another day.
+  if (answer && !(answer->day && known)) {
+    if (!answer->notice.empty()) platform_.prompts.Tell("Download Currency", answer->notice);
+    return RoundToCurrency(answer->rate * amount, to);
   }
   platform_.prompts.Tell("Download Currency", "Could not connect to website");
   return known.value_or(amount);

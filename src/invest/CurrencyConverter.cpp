@@ -20,7 +20,7 @@ bool IsEmpty(const std::string& text) {
 }
 
 Conversion Refused(const CurrencyForm& form, const char* text, const char* field) {
-  return {Warning{kTitle, text, field}, 0, form.amount, form.amountCurrency};
+  return {Warning{kTitle, text, field}, 0, {}, form.amount, form.amountCurrency};
 }
 
 }  // namespace
@@ -52,14 +52,21 @@ Conversion CurrencyConverter::Convert(const CurrencyForm& form) {
   if (!number) {
     return Refused(form, kMissing, form.isCurrencyEntered ? "txtAmountCurrency" : "txtAmount");
   }
-  const auto rate = rates_.Rate(form.otherCode, code);
-  if (!rate || *rate <= 0) return Refused(form, "Could not connect to website", "");
-
-  Conversion result{std::nullopt, *rate, form.amount, form.amountCurrency};
+  const auto answer = rates_.Rate(form.otherCode, code);
+  if (!answer || answer->rate <= 0 || answer->day) {
+    // Only a rate of today converts here; one of another day is for the person to know.
+    Conversion refused = Refused(form, "Could not connect to website", "");
+    if (answer && answer->day) {
+      refused.notice = "Known is 1 " + form.otherCode + " = " + PlainNumber(answer->rate) + " " +
+                       code + " of " + locale_.FormatShortDate(*answer->day) + ".";
+    }
+    return refused;
+  }
+  Conversion result{std::nullopt, answer->rate, answer->notice, form.amount, form.amountCurrency};
   if (isCurrencyEntered) {
-    result.amount = PlainNumber(*number / *rate);
+    result.amount = PlainNumber(*number / answer->rate);
   } else {
-    result.amountCurrency = PlainNumber(*number * *rate);
+    result.amountCurrency = PlainNumber(*number * answer->rate);
   }
   return result;
 }

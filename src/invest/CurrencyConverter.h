@@ -30,6 +30,7 @@ struct CurrencyForm {
 struct Conversion {
   std::optional<Warning> warning;  // then nothing was converted, and the amounts are as they were
   double rate = 0;                 // units of the currency chosen for one of the other
+  std::string notice = {};  // what is to be told of the rate, or of one that is known; in words
   std::string amount;
   std::string amountCurrency;
 };

@@ -209,8 +209,12 @@ bool FrmCurrency::Convert() {
   }
   if (const auto& warning = conversion.warning) {
     platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
+    lblRate_->setText(ToQt(conversion.notice));
     FocusField(warning->field);
     return false;
+  }
+  if (!conversion.notice.empty()) {
+    platform_.prompts.Tell("Download Currency", conversion.notice, Icon::Information);
   }
   txtAmount_->setText(ToQt(conversion.amount));
   txtAmountCurrency_->setText(ToQt(conversion.amountCurrency));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "invest/MarketData.h"
 #include "ledger/RateSource.h"
 
 #include <chrono>
@@ -8,17 +9,10 @@
 #include <optional>
 #include <string>
 
-namespace corvanta::inline sql {
-class Connection;
-}
-
-namespace corvanta::inline platform {
-struct Platform;
-}
-
 namespace corvanta::inline invest {
 
-// Exchange rates from the currency source of the data file.
+// Exchange rates from the currency source of the data file, and the latest one that is kept in it
+// where the source gives none.
 //
 // A rate that was fetched serves for a minute. A failure is remembered for a few seconds: for the
 // pair it was asked for, and for every pair when the service took seconds to fail, so that a list
@@ -28,22 +22,31 @@ class WebRates : public RateSource {
   using Time = std::chrono::steady_clock::time_point;
 
   // Both outlive this object. `now` is the time that memories age by.
-  WebRates(Connection& connection, Platform& platform,
+  WebRates(clsCorvanta& ledger, Platform& platform,
            std::function<Time()> now = std::chrono::steady_clock::now);
 
-  // 1 for one and the same currency, which is not asked for.
-  [[nodiscard]] std::optional<double> Rate(const std::string& from, const std::string& to) override;
+  // 1 for one and the same currency, which is not asked for. Where the answer of the source held no
+  // rate and none is known, 1 stands in for it.
+  [[nodiscard]] std::optional<RateAnswer> Rate(const std::string& from,
+                                               const std::string& to) override;
 
  private:
-  struct Memory {
+  struct Fetched {
     std::optional<double> rate;
+    std::string trouble;  // in words; of a rate, that it stands in for one
+  };
+  struct Memory {
+    Fetched fetched;
     Time until;
   };
 
-  [[nodiscard]] std::optional<double> Fetch(const std::string& from, const std::string& to);
+  [[nodiscard]] Fetched FetchOrRemember(const std::string& from, const std::string& to);
+  [[nodiscard]] Fetched Fetch(const std::string& from, const std::string& to);
+  [[nodiscard]] std::optional<RateAnswer> Latest(const std::string& from, const std::string& to);
 
-  Connection& connection_;
+  clsCorvanta& ledger_;
   Platform& platform_;
+  MarketData market_;
   std::function<Time()> now_;
   std::map<std::string, Memory> known_;  // by the two codes together
   std::optional<Time> deadUntil_;        // of the service

@@ -29,6 +29,7 @@ namespace {
 // What the column holds of a schedule whose payments are all made. 0 would mean payments without
 // end, and a number of payments above 0 would come due again when a posted row is deleted.
 constexpr int kFinished = -1;
+constexpr const char* kRateTitle = "Download Currency";
 
 }  // namespace
 
@@ -77,6 +78,7 @@ class SchedulePosting::Impl {
   Connection& store_;
   bool movesDates_ = false;
   std::set<std::string> withoutRate_;  // pairs of currencies, so that each is waited for once
+  std::set<std::string> noticed_;      // and those of which a person was told something, once
   std::size_t total_ = 0;              // occurrences to write
   std::string refused_;                // what could not be posted, for the person
   PostingResult result_;
@@ -85,6 +87,7 @@ class SchedulePosting::Impl {
 void SchedulePosting::Impl::Begin() {
   movesDates_ = Settings(platform_.registry).IsOn(Setting::UpdateSchedule);
   withoutRate_.clear();
+  noticed_.clear();
   refused_.clear();
   total_ = 0;
   result_ = {};
@@ -198,10 +201,14 @@ void SchedulePosting::Impl::FetchRates(Job& job) {
 std::optional<double> SchedulePosting::Impl::RateOf(const ScheduleDetails& schedule) {
   const std::string pair = schedule.currency + ">" + schedule.transferCurrency;
   if (withoutRate_.contains(pair)) return std::nullopt;
-  const std::optional<double> rate = rates_.Rate(schedule.currency, schedule.transferCurrency);
-  if (rate) return rate;
+  const auto answer = rates_.Rate(schedule.currency, schedule.transferCurrency);
+  if (answer) {
+    const bool isTold = answer->notice.empty() || !noticed_.insert(pair).second;
+    if (!isTold) platform_.prompts.Tell(kRateTitle, answer->notice);
+    return answer->rate;
+  }
   if (withoutRate_.empty()) {
-    platform_.prompts.Tell("Download Currency", "Could not connect to website");
+    platform_.prompts.Tell(kRateTitle, "Could not connect to website");
   }
   withoutRate_.insert(pair);
   return std::nullopt;

@@ -1,7 +1,6 @@
 #include "platform/Download.h"
 
 #include "platform/Files.h"
-#include "platform/PlatformError.h"
 
 #include <curl/curl.h>
 
@@ -15,6 +14,7 @@ namespace {
 constexpr long kConnectSeconds = 4;
 constexpr long kMaxRedirects = 10;
 constexpr std::size_t kLargestAnswer = 16U << 20U;
+constexpr int kWatchEvery = 50;  // milliseconds
 
 struct Answer {
   std::string bytes;
@@ -67,9 +67,58 @@ std::string ReasonOf(CURL* curl, CURLcode code, const Answer& answer) {
   return curl_easy_strerror(code);
 }
 
+DownloadError::Cause CauseOf(CURLcode code) {
+  switch (code) {
+    case CURLE_COULDNT_RESOLVE_PROXY:
+    case CURLE_COULDNT_RESOLVE_HOST:
+    case CURLE_COULDNT_CONNECT:
+    case CURLE_OPERATION_TIMEDOUT:
+      return DownloadError::Cause::NoAnswer;
+    default:
+      return DownloadError::Cause::Refused;
+  }
+}
+
+// Several transfers could run in it; one does, so that whoever waits can be heard meanwhile.
+class WatchedTransfer {
+ public:
+  explicit WatchedTransfer(CURL* transfer) : group_(curl_multi_init()), transfer_(transfer) {
+    if (group_ == nullptr) throw std::bad_alloc();
+    curl_multi_add_handle(group_, transfer_);
+  }
+  ~WatchedTransfer() {
+    curl_multi_remove_handle(group_, transfer_);
+    curl_multi_cleanup(group_);
+  }
+  WatchedTransfer(const WatchedTransfer&) = delete;
+  WatchedTransfer& operator=(const WatchedTransfer&) = delete;
+
+  // CURLE_ABORTED_BY_CALLBACK when it was not waited for to the end.
+  CURLcode Run(const Download::GoesOn& goesOn) {
+    int running = 1;
+    while (curl_multi_perform(group_, &running) == CURLM_OK && running > 0) {
+      if (goesOn && !goesOn()) return CURLE_ABORTED_BY_CALLBACK;
+      curl_multi_poll(group_, nullptr, 0, kWatchEvery, nullptr);
+    }
+    int waiting = 0;
+    const CURLMsg* message = curl_multi_info_read(group_, &waiting);
+    return message == nullptr ? CURLE_FAILED_INIT : message->data.result;
+  }
+
+ private:
+  CURLM* group_;
+  CURL* transfer_;
+};
+
 }  // namespace
 
-void CurlDownload::ToFile(const std::string& url, const std::string& path) {
+DownloadError::DownloadError(Cause cause, const std::string& url, const std::string& reason)
+    : PlatformError("Cannot download " + url + ": " + reason +
+                    ". Nothing was changed. Check the connection and try again later."),
+      cause_(cause),
+      reason_(reason) {}
+
+void CurlDownload::ToFile(const std::string& url, const std::string& path, const GoesOn& goesOn) {
   SystemFiles files;
   // An old answer must not be taken for the new one when this fails.
   files.Remove(path);
@@ -77,10 +126,12 @@ void CurlDownload::ToFile(const std::string& url, const std::string& path) {
   if (curl == nullptr) throw std::bad_alloc();
   Answer answer;
   SetOptions(curl.get(), url, timeoutSeconds_, answer);
-  const CURLcode code = curl_easy_perform(curl.get());
+  const CURLcode code = WatchedTransfer(curl.get()).Run(goesOn);
+  if (code == CURLE_ABORTED_BY_CALLBACK) {
+    throw DownloadError(DownloadError::Cause::Stopped, url, "it was stopped");
+  }
   if (code != CURLE_OK) {
-    throw PlatformError("Cannot download " + url + ": " + ReasonOf(curl.get(), code, answer) +
-                        ". Nothing was changed. Check the connection and try again later.");
+    throw DownloadError(CauseOf(code), url, ReasonOf(curl.get(), code, answer));
   }
   files.WriteAtomically(path, answer.bytes);
 }

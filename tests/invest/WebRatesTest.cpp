@@ -1,5 +1,6 @@
 #include "invest/InvestTest.h"
 #include "invest/WebRates.h"
+#include "ledger/RateBook.h"
 #include "platform/Download.h"
 
 namespace corvanta {
@@ -11,9 +12,9 @@ using namespace std::chrono_literals;
 class SlowDownload : public Download {
  public:
   SlowDownload(ScriptedDownload& answers, WebRates::Time& now) : answers_(answers), now_(now) {}
-  void ToFile(const std::string& url, const std::string& path) override {
+  void ToFile(const std::string& url, const std::string& path, const GoesOn& goesOn) override {
     now_ += takes;
-    answers_.ToFile(url, path);
+    answers_.ToFile(url, path, goesOn);
   }
   std::chrono::milliseconds takes{100};
 
@@ -38,67 +39,104 @@ class WebRatesTest : public InvestTest {
                      Machine().spreadsheet,
                      "",
                      ""};
-  WebRates rates_{Store(), platform_, [this] { return now_; }};
+  // The rate alone, which is a fresh one.
+  std::optional<double> Rate(const std::string& from, const std::string& to) {
+    const auto answer = rates_.Rate(from, to);
+    if (!answer) return std::nullopt;
+    EXPECT_FALSE(answer->day);
+    EXPECT_EQ(answer->notice, "");
+    return answer->rate;
+  }
+  void Forget() { Store().Execute("DELETE FROM own_Rates"); }
+
+  clsCorvanta ledger_{Store(), platform_};
+  WebRates rates_{ledger_, platform_, [this] { return now_; }};
 };
 
 TEST_F(WebRatesTest, ARateServesForAMinute) {
   AnswerRate("EURUSD", "1.25");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.25);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
   AnswerRate("EURUSD", "1.5");
   now_ += 50s;
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.25);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
   EXPECT_EQ(Downloads(), 1U);
   now_ += 10s;
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.5);
-  EXPECT_EQ(rates_.Rate("USD", "EUR"), std::nullopt) << "the other direction is a rate of its own";
+  EXPECT_EQ(Rate("EUR", "USD"), 1.5);
+  Forget();
+  EXPECT_EQ(Rate("USD", "EUR"), std::nullopt) << "the other direction is a rate of its own";
 }
 
 TEST_F(WebRatesTest, OneAndTheSameCurrencyIsNotAskedFor) {
-  EXPECT_EQ(rates_.Rate("EUR", "EUR"), 1);
+  EXPECT_EQ(Rate("EUR", "EUR"), 1);
   EXPECT_EQ(Downloads(), 0U);
 }
 
 TEST_F(WebRatesTest, ARateBelowZeroIsNone) {
   AnswerRate("EURUSD", "-1.25");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), std::nullopt);
+  EXPECT_EQ(Rate("EUR", "USD"), std::nullopt);
 }
 
-TEST_F(WebRatesTest, ABrokenAnswerConvertsAtParAndIsNotKept) {
+TEST_F(WebRatesTest, ABrokenAnswerConvertsAtParWhichIsSaidAndNotKept) {
   AnswerRate("EURUSD", "N/A");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1);
+  const auto answer = rates_.Rate("EUR", "USD");
+  ASSERT_TRUE(answer);
+  EXPECT_EQ(answer->rate, 1);
+  EXPECT_EQ(answer->notice,
+            "The answer of Yahoo Currency held no rate. One EUR was taken for one USD.");
+  EXPECT_TRUE(ledger_.Rates().All().empty());
   AnswerRate("EURUSD", "1.25");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.25);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
+  AnswerRate("EURUSD", "<html>, is this, a robot</html>");
+  now_ += 61s;
+  EXPECT_EQ(rates_.Rate("EUR", "USD")->rate, 1.25) << "a rate that is known goes before 1";
+}
+
+TEST_F(WebRatesTest, TheLatestRateKnownServesWhereNoneCanBeFetched) {
+  AnswerRate("EURUSD", "1.25");
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
+  const std::vector<RateRecord> kept = ledger_.Rates().All();
+  ASSERT_EQ(kept.size(), 1U);
+  EXPECT_EQ(kept[0].date, Machine().clock.Today());
+  EXPECT_EQ(kept[0].source, "Yahoo Currency");
+  ledger_.Rates().Keep({0, "GBP", "JPY", *Date::FromIso("2024-02-29"), 190.5, kEnteredRate});
+  const auto old = rates_.Rate("JPY", "GBP");
+  ASSERT_TRUE(old);
+  EXPECT_DOUBLE_EQ(old->rate, 1 / 190.5);
+  EXPECT_EQ(old->day, Date::FromIso("2024-02-29"));
+  EXPECT_EQ(
+      old->notice,
+      "Could not connect to website. The rate of 29/02/2024 was used: 1 JPY = 0.00524934 GBP.");
 }
 
 TEST_F(WebRatesTest, AQuickRefusalConcernsItsPairAlone) {
   AnswerRate("GBPUSD", "1.3");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), std::nullopt);
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), std::nullopt);
+  EXPECT_EQ(Rate("EUR", "USD"), std::nullopt);
+  EXPECT_EQ(Rate("EUR", "USD"), std::nullopt);
   EXPECT_EQ(Downloads(), 1U);
-  EXPECT_EQ(rates_.Rate("GBP", "USD"), 1.3);
+  EXPECT_EQ(Rate("GBP", "USD"), 1.3);
   AnswerRate("EURUSD", "1.25");
   now_ += 3s;
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.25);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
 }
 
 TEST_F(WebRatesTest, ADeadServiceCostsOneWaitForAllRates) {
   AnswerRate("GBPUSD", "1.3");
-  EXPECT_EQ(rates_.Rate("GBP", "USD"), 1.3);
+  EXPECT_EQ(Rate("GBP", "USD"), 1.3);
   slow_.takes = 4s;
   const auto start = now_;
   for (const char* code : {"EUR", "CHF", "JPY", "SEK", "NOK"}) {
-    EXPECT_EQ(rates_.Rate(code, "USD"), std::nullopt) << code;
+    EXPECT_EQ(Rate(code, "USD"), std::nullopt) << code;
   }
   EXPECT_EQ(now_ - start, 4s);
-  EXPECT_EQ(rates_.Rate("GBP", "USD"), 1.3) << "what is known still serves";
+  EXPECT_EQ(Rate("GBP", "USD"), 1.3) << "what was fetched still serves";
   now_ += 10s;
   AnswerRate("EURUSD", "1.25");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), 1.25);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
 }
 
 TEST_F(WebRatesTest, AFileWithoutItsTableGivesNoRateAndThrowsNothing) {
   Store().Execute("DROP TABLE tblStockData");
-  EXPECT_EQ(rates_.Rate("EUR", "USD"), std::nullopt);
+  EXPECT_EQ(Rate("EUR", "USD"), std::nullopt);
 }
 
 }  // namespace

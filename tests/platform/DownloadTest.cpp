@@ -32,9 +32,9 @@ TEST(CurlDownload, WritesWhatTheServerAnswers) {
   const HttpServer server(Handle);
   const std::string path = folder.Write("quotes.csv", "former, longer answer");
   CurlDownload download;
-  download.ToFile(server.Url("/good"), path);
+  download.ToFile(server.Url("/good"), path, {});
   EXPECT_EQ(ReadFile(path), std::string("EURUSD,1.1\n\0x", 13));
-  download.ToFile(server.Url("/moved"), path);
+  download.ToFile(server.Url("/moved"), path, {});
   EXPECT_EQ(ReadFile(path), std::string("EURUSD,1.1\n\0x", 13));
 }
 
@@ -44,14 +44,20 @@ TEST(CurlDownload, FailuresLeaveNoFile) {
   CurlDownload download;
   for (const char* page : {"/none", "/loop", "/local", "/cut", "/large", "/endless"}) {
     const std::string path = folder.Write("quotes.csv", "former answer");
-    EXPECT_THROW(download.ToFile(server.Url(page), path), PlatformError) << page;
+    try {
+      download.ToFile(server.Url(page), path, {});
+      ADD_FAILURE() << page;
+    } catch (const DownloadError& error) {
+      EXPECT_EQ(error.Why(), DownloadError::Cause::Refused) << page;
+      EXPECT_EQ(error.Reason().find("http:"), std::string::npos) << "the address may hold a key";
+    }
     EXPECT_TRUE(std::filesystem::is_empty(folder.Path())) << page;
   }
   for (const char* url : {"file:///etc/hostname", "ftp://127.0.0.1/x", "no address", "",
                           "http://127.0.0.1:1/closed"}) {
-    EXPECT_THROW(download.ToFile(url, folder.Path("quotes.csv")), PlatformError) << url;
+    EXPECT_THROW(download.ToFile(url, folder.Path("quotes.csv"), {}), PlatformError) << url;
   }
-  EXPECT_THROW(download.ToFile(server.Url("/good"), folder.Path("no/folder")), PlatformError);
+  EXPECT_THROW(download.ToFile(server.Url("/good"), folder.Path("no/folder"), {}), PlatformError);
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 
@@ -59,7 +65,28 @@ TEST(CurlDownload, GivesUpOnASilentServer) {
   const TemporaryFolder folder;
   const HttpServer server(Handle);
   // The server waits for the client: without a limit of its own this call would never end.
-  EXPECT_THROW(CurlDownload(1).ToFile(server.Url("/silent"), folder.Path("x")), PlatformError);
+  try {
+    CurlDownload(1).ToFile(server.Url("/silent"), folder.Path("x"), {});
+    ADD_FAILURE();
+  } catch (const DownloadError& error) {
+    EXPECT_EQ(error.Why(), DownloadError::Cause::NoAnswer);
+  }
+  EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+}
+
+TEST(CurlDownload, EndsWhenItIsNotWaitedForAnyLonger) {
+  const TemporaryFolder folder;
+  const HttpServer server(Handle);
+  int asked = 0;
+  // Its own limit is far off: only being stopped ends this call.
+  CurlDownload patient(100000);
+  try {
+    patient.ToFile(server.Url("/silent"), folder.Path("x"), [&] { return ++asked < 3; });
+    ADD_FAILURE();
+  } catch (const DownloadError& error) {
+    EXPECT_EQ(error.Why(), DownloadError::Cause::Stopped);
+  }
+  EXPECT_EQ(asked, 3);
   EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
 }
 

@@ -18,7 +18,7 @@ class ScriptedDownload : public Download {
   // The addresses asked for, in their order.
   [[nodiscard]] const std::vector<std::string>& Requested() const { return requested_; }
 
-  void ToFile(const std::string& url, const std::string& path) override;
+  void ToFile(const std::string& url, const std::string& path, const GoesOn& goesOn) override;
 
  private:
   std::map<std::string, std::string> answers_;

@@ -10,17 +10,21 @@ namespace corvanta {
 // Answers every question with the same rate, or with none, and keeps what was asked.
 class ScriptedRates : public RateSource {
  public:
-  explicit ScriptedRates(std::optional<double> rate = std::nullopt) : rate_(rate) {}
+  explicit ScriptedRates(std::optional<double> rate = std::nullopt) { Answer(rate); }
 
-  void Answer(std::optional<double> rate) { rate_ = rate; }
-  std::optional<double> Rate(const std::string& from, const std::string& to) override {
+  void Answer(std::optional<double> rate) {
+    answer_ = rate ? std::optional(RateAnswer{*rate, std::nullopt}) : std::nullopt;
+  }
+  // With what a person is to be told of the rate, and the day it is of where that is another one.
+  void Answer(const RateAnswer& answer) { answer_ = answer; }
+  std::optional<RateAnswer> Rate(const std::string& from, const std::string& to) override {
     asked_.push_back(from + to);
-    return rate_;
+    return answer_;
   }
   [[nodiscard]] const std::vector<std::string>& Asked() const { return asked_; }
 
  private:
-  std::optional<double> rate_;
+  std::optional<RateAnswer> answer_;
   std::vector<std::string> asked_;  // "EURUSD"
 };
 
