@@ -62,6 +62,7 @@ void QtProgress::SetBusy(bool busy) {
   if (busy == busy_) return;
   busy_ = busy;
   if (busy) {
+    behind_ = QApplication::activeModalWidget();
     qApp->installEventFilter(this);
   } else {
     qApp->removeEventFilter(this);
@@ -70,7 +71,7 @@ void QtProgress::SetBusy(bool busy) {
 
 bool QtProgress::eventFilter(QObject* watched, QEvent* event) {
   // A question that the operation itself asks must be answered.
-  if (QApplication::activeModalWidget() != nullptr) return false;
+  if (QApplication::activeModalWidget() != behind_) return false;
   switch (event->type()) {
     case QEvent::KeyPress:
       if (static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) stopped_ = true;

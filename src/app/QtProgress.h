@@ -45,6 +45,7 @@ class QtProgress : public QObject, public Progress {
   QPointer<QToolButton> stop_;
   std::function<void(const QString&)> sink_;
   std::string status_;
+  QPointer<QWidget> behind_;  // the window that was in front when the operation began
   bool stopped_ = false;
   bool busy_ = false;
 };

@@ -1,5 +1,6 @@
 #include "app/QtProgress.h"
 
+#include <QDialog>
 #include <QLabel>
 #include <QMainWindow>
 #include <QProgressBar>
@@ -59,6 +60,31 @@ TEST_F(ProgressTest, TheStopButtonAndEscapeStop) {
   EXPECT_TRUE(progress_.Yield());
   QTest::keyClick(&window_, Qt::Key_Escape);
   EXPECT_FALSE(progress_.Yield());
+  progress_.SetStatus("");
+}
+
+TEST_F(ProgressTest, TheDialogThatItWasStartedFromWaitsAndItsQuestionsDoNot) {
+  QDialog dialog(&window_);
+  dialog.setModal(true);
+  auto* again = new QPushButton(QStringLiteral("Download"), &dialog);
+  QObject::connect(again, &QPushButton::clicked, &window_, [this] { ++clicks_; });
+  dialog.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+  progress_.SetStatus("Working");
+  QTest::mouseClick(again, Qt::LeftButton);
+  EXPECT_EQ(clicks_, 0);
+  QDialog question(&dialog);
+  question.setModal(true);
+  auto* answer = new QPushButton(QStringLiteral("Yes"), &question);
+  QObject::connect(answer, &QPushButton::clicked, &window_, [this] { ++clicks_; });
+  question.show();
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(&question));
+  QTest::mouseClick(answer, Qt::LeftButton);
+  EXPECT_EQ(clicks_, 1);
+  question.hide();
+  QTest::keyClick(&dialog, Qt::Key_Escape);
+  EXPECT_FALSE(progress_.Yield());
+  EXPECT_TRUE(dialog.isVisible());
   progress_.SetStatus("");
 }
 
