@@ -23,6 +23,7 @@ PriceDownload::PriceDownload(clsCorvanta& ledger, Platform& platform)
 
 std::optional<StoredPrice> PriceDownload::DownloadInvestmentPrice(std::int64_t investmentId) {
   note_.clear();
+  isServiceDead_ = false;
   const std::optional<Question> question = Read(investmentId);
   if (!question) return std::nullopt;
   if (question->symbol.empty()) {
@@ -58,6 +59,7 @@ std::optional<PriceDownload::Question> PriceDownload::Read(std::int64_t investme
 std::optional<double> PriceDownload::Fetch(const Question& question) {
   std::vector<std::string> fields;
   if (!market_.FetchQuote(question.symbol, fields, question.dataId)) {
+    isServiceDead_ = market_.Trouble().isServiceDead;
     TellUnreachable();
     return std::nullopt;
   }

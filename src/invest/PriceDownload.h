@@ -38,6 +38,8 @@ class PriceDownload {
   // Why nothing was stored, in a line for a form; empty when something was, or nothing is to be
   // said.
   [[nodiscard]] const std::string& Note() const { return note_; }
+  // Whether nobody answered for the source of the prices: others of it would be waited for as long.
+  [[nodiscard]] bool IsServiceDead() const { return isServiceDead_; }
 
  private:
   struct Question {
@@ -59,6 +61,7 @@ class PriceDownload {
   Platform& platform_;
   MarketData market_;
   std::string note_;
+  bool isServiceDead_ = false;
 };
 
 }  // namespace corvanta::inline invest
