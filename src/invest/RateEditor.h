@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ledger/Keys.h"
+#include "ledger/RateBook.h"
+#include "ledger/Warning.h"
+#include "platform/Date.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline platform {
+class Prompts;
+}
+
+namespace corvanta::inline invest {
+
+// A rate as a person enters it.
+struct RateForm {
+  std::string from;  // codes; empty for none
+  std::string to;
+  Date day;
+  std::optional<double> rate;  // nullopt for what is no number
+};
+
+// The rules behind the list of the exchange rates that are known. Operations throw StoreError.
+class RateEditor {
+ public:
+  // Both outlive this object.
+  RateEditor(clsCorvanta& ledger, Prompts& prompts) : ledger_(ledger), prompts_(prompts) {}
+
+  // Newest first.
+  [[nodiscard]] std::vector<RateRecord> Rows();
+  // The first rule that is broken.
+  [[nodiscard]] static std::optional<Warning> Check(const RateForm& form);
+  // Keeps what Check accepts as entered, in place of the rate that the day had; returns its key.
+  std::int64_t Save(const RateForm& form);
+  // Asks first. True when they are gone.
+  bool Delete(Keys rateIds);
+
+ private:
+  clsCorvanta& ledger_;
+  Prompts& prompts_;
+};
+
+}  // namespace corvanta::inline invest
