@@ -102,6 +102,12 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuViewPayments, [this] { ShowList(ListKind::Payment); });
   On(actions_->mnuToolsKeywords, [this] { ShowList(ListKind::Keywords); });
   On(actions_->mnuToolsCurrency, [this] { ConvertCurrency(); });
+  On(actions_->mnuToolsRates, [this] {
+    ShowRates({platform_, session_.Ledger(), session_.Rates(), this});
+  });
+  On(actions_->mnuToolsSources, [this] {
+    OpenSources({platform_, session_.Ledger(), session_.Rates(), this});
+  });
   On(actions_->mnuViewReminders,
      [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
   On(actions_->mnuHelpTips, [this] {

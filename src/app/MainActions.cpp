@@ -125,6 +125,10 @@ void MainActions::MakeReference() {
                           tr("Convert an amount with today's exchange rate"));
   mnuToolsKeywords =
       Make("mnuToolsKeywords", tr("&Keywords..."), "", tr("Show the keywords of transactions"));
+  mnuToolsRates = Make("mnuToolsRates", tr("&Exchange Rates..."), "",
+                       tr("Show the exchange rates that are known, with their days"));
+  mnuToolsSources = Make("mnuToolsSources", tr("&Data Sources..."), "",
+                         tr("Show where prices and exchange rates come from"));
   mnuViewAccountTypes =
       Make("mnuViewAccountTypes", tr("Account T&ypes..."), "", tr("Show the groups of accounts"));
   mnuViewBanks = Make("mnuViewBanks", tr("Ban&ks..."), "", tr("Show the banks"));
@@ -233,9 +237,9 @@ void MainActions::SetDataOpen(bool open) const {
         mnuViewDescription, mnuViewReference,  mnuViewStatus,       mnuViewUnCleared,
         mnuViewCleared,     mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks,
         mnuViewPayments,    mnuToolsKeywords,  mnuAccountAdd,       mnuAccountList,
-        mnuCategoryAdd,     mnuPayeeNew,       mnuToolsCurrency,    mnuTransAdd,
-        mnuTransAutofill,   mnuTransReconcile, mnuViewReconcile,    mnuFilePassword,
-        mnuFileKey}) {
+        mnuCategoryAdd,     mnuPayeeNew,       mnuToolsCurrency,    mnuToolsRates,
+        mnuToolsSources,    mnuTransAdd,       mnuTransAutofill,    mnuTransReconcile,
+        mnuViewReconcile,   mnuFilePassword,   mnuFileKey}) {
     action->setEnabled(open);
   }
 }

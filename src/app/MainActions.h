@@ -89,6 +89,8 @@ class MainActions : public QObject {
 
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
+  QAction* mnuToolsRates;
+  QAction* mnuToolsSources;
 
   QAction* mnuViewAccounts;
   QAction* mnuViewRegister;

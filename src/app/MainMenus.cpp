@@ -47,7 +47,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
   QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
-  AddMenu(menus, "mnuTools", tr("T&ools"))->addActions({mnuToolsCurrency, mnuToolsKeywords});
+  AddMenu(menus, "mnuTools", tr("T&ools"))
+      ->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsSources, mnuToolsKeywords});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
   help->addActions({mnuHelpTips, mnuHelpAbout});

@@ -2,18 +2,17 @@
 
 #include "controls/CommandEdge.h"
 #include "controls/MutedLabel.h"
-#include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/WaitCursor.h"
+#include "invest/ucCurrencyBox.h"
 #include "ledger/Money.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "platform/TextCase.h"
 
-#include <QApplication>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -28,15 +27,6 @@ namespace {
 constexpr int kSmallestField = 30 * kRhythm;
 constexpr int kMargin = 2 * kRhythm;
 constexpr const char* kLastResort = "USD";
-
-// Shows the waiting cursor for as long as it lives.
-class WaitCursor {
- public:
-  WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-  ~WaitCursor() { QApplication::restoreOverrideCursor(); }
-  WaitCursor(const WaitCursor&) = delete;
-  WaitCursor& operator=(const WaitCursor&) = delete;
-};
 
 // What numbers are made of; whether it is one is found out when it is used.
 QRegularExpression NumberCharacters(const Locale& locale) {
@@ -61,12 +51,12 @@ QLineEdit* MakeAmount(const char* name, const QString& accessibleName, const Loc
 
 FrmCurrency::FrmCurrency(Use use, const InvestPlace& place, const std::string& currency)
     : QuietEnd(place.parent),
+      place_(place),
       platform_(place.platform),
-      ledger_(place.ledger),
       converter_(place.rates, place.platform.locale),
       txtAmount_(MakeAmount("txtAmount", tr("Amount"), platform_.locale, this)),
       lblCurrency_(new QLabel(this)),
-      cmbCurrency_(new PickBox(this)),
+      cmbCurrency_(new ucCurrencyBox(place.ledger.References().Currencies(), this)),
       txtAmountCurrency_(
           MakeAmount("txtAmountCurrency", tr("Amount in the currency"), platform_.locale, this)),
       lblRate_(new MutedLabel(this)) {
@@ -75,7 +65,9 @@ FrmCurrency::FrmCurrency(Use use, const InvestPlace& place, const std::string& c
   setModal(true);
   MakeFields();
   MakeButtons(use);
-  FillCurrencies(currency);
+  givenCode_ = currency.empty() ? platform_.locale.CurrencyCode() : currency;
+  if (givenCode_.empty()) givenCode_ = kLastResort;
+  ShowGiven();
   ShowDefault();
   cmbCurrency_->setFocus();
 }
@@ -121,6 +113,8 @@ void FrmCurrency::MakeButtons(Use use) {
   };
   cmdCurrency_ = add(tr("Con&vert"), "cmdCurrency");
   cmdCurrency_->setToolTip(tr("Fetch today's rate and convert the amount that was typed last"));
+  cmdSources_ = add(tr("Data S&ources..."), "cmdSources");
+  cmdSources_->setToolTip(tr("See and change where exchange rates come from"));
   row->addSpacing(2 * kRhythm);
   row->addStretch(1);
   if (use == Use::TakeOver) {
@@ -133,22 +127,16 @@ void FrmCurrency::MakeButtons(Use use) {
   static_cast<QVBoxLayout*>(layout())->addLayout(row);
   connect(cmdCurrency_, &QPushButton::clicked, this,
           [this] { RunCommand(platform_.prompts, [this] { Convert(); }); });
+  connect(cmdSources_, &QPushButton::clicked, this,
+          [this] { RunCommand(platform_.prompts, [this] { OpenDataSources(); }); });
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
 }
 
-void FrmCurrency::FillCurrencies(const std::string& given) {
-  givenCode_ = given.empty() ? platform_.locale.CurrencyCode() : given;
-  if (givenCode_.empty()) givenCode_ = kLastResort;
-  currencies_ = ledger_.References().Currencies();
+void FrmCurrency::ShowGiven() {
   lblCurrency_->setText(ToQt(givenCode_));
-  std::vector<PickItem> items;
-  for (const CurrencyRecord& row : currencies_) {
-    const QString entry = ToQt(CurrencyConverter::Entry(row));
-    items.push_back({row.currencyId, entry});
-    if (row.currency == givenCode_) lblCurrency_->setText(entry);
+  for (const CurrencyRecord& row : place_.ledger.References().Currencies()) {
+    if (row.currency == givenCode_) lblCurrency_->setText(ToQt(CurrencyConverter::Entry(row)));
   }
-  const QSignalBlocker quiet(cmbCurrency_);
-  cmbCurrency_->SetItems(items);
 }
 
 void FrmCurrency::SetAmount(double amount) {
@@ -178,21 +166,9 @@ void FrmCurrency::ShowDefault() {
   next->setDefault(true);
 }
 
-// Who types nothing but the code means the entry.
-void FrmCurrency::ChooseTypedCode() {
-  if (cmbCurrency_->Key() != 0) return;
-  const std::string typed(Trim(FromQt(cmbCurrency_->currentText())));
-  for (const CurrencyRecord& row : currencies_) {
-    if (EqualFolded(row.currency, typed)) cmbCurrency_->SetKey(row.currencyId);
-  }
-}
-
 CurrencyForm FrmCurrency::Form() const {
   CurrencyForm form;
-  const qint64 key = cmbCurrency_->Key();
-  for (const CurrencyRecord& row : currencies_) {
-    if (row.currencyId == key) form.currency = CurrencyConverter::Entry(row);
-  }
+  form.currency = FromQt(cmbCurrency_->Entry());
   form.otherCode = givenCode_;
   form.amount = FromQt(txtAmount_->text());
   form.amountCurrency = FromQt(txtAmountCurrency_->text());
@@ -201,7 +177,7 @@ CurrencyForm FrmCurrency::Form() const {
 }
 
 bool FrmCurrency::Convert() {
-  ChooseTypedCode();
+  cmbCurrency_->Settle();
   Conversion conversion;
   {
     const WaitCursor waiting;
@@ -211,6 +187,8 @@ bool FrmCurrency::Convert() {
     platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
     lblRate_->setText(ToQt(conversion.notice));
     FocusField(warning->field);
+    // Nothing to mend in the fields: the way to what can be done about it.
+    if (warning->field.empty()) cmdSources_->setFocus(Qt::OtherFocusReason);
     return false;
   }
   if (!conversion.notice.empty()) {
@@ -228,12 +206,16 @@ bool FrmCurrency::Convert() {
   return true;
 }
 
+void FrmCurrency::OpenDataSources() {
+  OpenSources({platform_, place_.ledger, place_.rates, this});
+}
+
 void FrmCurrency::Accept() {
   // Both typed is a person who knows the rate that they got.
   const bool isComplete = isAmountTyped_ == isCurrencyTyped_ &&
                           !txtAmount_->text().trimmed().isEmpty() &&
                           !txtAmountCurrency_->text().trimmed().isEmpty();
-  ChooseTypedCode();
+  cmbCurrency_->Settle();
   const CurrencyForm form = Form();
   if ((!isComplete || form.currency.empty()) && !Convert()) return;
   const CurrencyForm taken = Form();

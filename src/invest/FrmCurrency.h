@@ -13,10 +13,11 @@ class QPushButton;
 
 namespace corvanta::inline controls {
 class MutedLabel;
-class PickBox;
 }  // namespace corvanta::inline controls
 
 namespace corvanta::inline invest {
+
+class ucCurrencyBox;
 
 // The currency converter. Two amounts stand in it, one in a given currency and one in the currency
 // that is picked; the one that was typed last is converted into the other.
@@ -40,8 +41,8 @@ class FrmCurrency : public QuietEnd<QDialog> {
  private:
   void MakeFields();
   void MakeButtons(Use use);
-  void FillCurrencies(const std::string& given);
-  void ChooseTypedCode();
+  void ShowGiven();
+  void OpenDataSources();
   void MarkTyped(bool inCurrency);
   void MarkCurrencyChanged();
   void ShowDefault();
@@ -51,11 +52,10 @@ class FrmCurrency : public QuietEnd<QDialog> {
   void Accept();
   void FocusField(const std::string& name);
 
+  InvestPlace place_;
   Platform& platform_;
-  clsCorvanta& ledger_;
   CurrencyConverter converter_;
   std::string givenCode_;
-  std::vector<CurrencyRecord> currencies_;
   std::optional<CurrencyResult> result_;
   // Which amounts were typed since the last conversion, and which of them at last.
   bool isAmountTyped_ = false;
@@ -63,10 +63,11 @@ class FrmCurrency : public QuietEnd<QDialog> {
   bool isCurrencyLast_ = false;
   QLineEdit* txtAmount_;
   QLabel* lblCurrency_;
-  PickBox* cmbCurrency_;
+  ucCurrencyBox* cmbCurrency_;
   QLineEdit* txtAmountCurrency_;
   MutedLabel* lblRate_;
   QPushButton* cmdCurrency_ = nullptr;
+  QPushButton* cmdSources_ = nullptr;
   QPushButton* cmdAccept_ = nullptr;
 };
 

@@ -1,6 +1,7 @@
 // Opens the windows of investments and market data, each modal before its parent.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string>
 
@@ -38,5 +39,16 @@ std::optional<CurrencyResult> OpenCurrency(const InvestPlace& place, const std::
                                            double amount);
 // The converter as a tool: nothing is taken over.
 void ShowCurrency(const InvestPlace& place, const std::string& currency);
+
+// The stored prices of an investment. True when any was changed.
+bool OpenHistory(const InvestPlace& place, std::int64_t investmentId);
+
+// The exchange rates that were fetched or entered.
+void ShowRates(const InvestPlace& place);
+
+// Where prices and exchange rates come from: every dialog that fails to download leads here. The
+// source of that key is chosen at first, for 0 the one that is asked for rates. True when any was
+// changed.
+bool OpenSources(const InvestPlace& place, std::int64_t dataId = 0);
 
 }  // namespace corvanta::inline invest

@@ -121,7 +121,7 @@ std::vector<std::string> MarketData::Read(const SourceRow& source, const SourceQ
   SourceReading reading = ReadAnswer(source, question, answer);
   trouble_ = {};
   if (reading.fields.size() <= kValueField) {
-    static_cast<void>(Fail(source.name + ": " + reading.problem));
+    static_cast<void>(Fail(WithoutOwnKey(source, source.name + ": " + reading.problem)));
     return {};
   }
   std::string& value = reading.fields[kValueField];

@@ -105,18 +105,19 @@ TEST_P(Looks, EveryDialogHasRoomOnASmallScreen) {
     InNextDialog([this](QDialog& editor) { Check(editor); });
     Click(list, "cmdNew");
   };
-  for (const char* list :
-       {"mnuViewAccountTypes", "mnuViewBanks", "mnuViewPayments", "mnuToolsKeywords"}) {
+  for (const char* list : {"mnuViewAccountTypes", "mnuViewBanks", "mnuViewPayments",
+                           "mnuToolsKeywords", "mnuToolsSources"}) {
     Open(list, opensEditor);
   }
-  for (const char* command : {"mnuScheduleAdd", "mnuTransAutofill", "mnuTransReconcile",
-                              "mnuAccountAdd", "mnuCategoryAdd", "mnuPayeeNew", "mnuToolsCurrency",
-                              "mnuHelpTips", "mnuHelpAbout", "mnuFilePreview", "mnuFileImport"}) {
+  for (const char* command :
+       {"mnuScheduleAdd", "mnuTransAutofill", "mnuTransReconcile", "mnuAccountAdd",
+        "mnuCategoryAdd", "mnuPayeeNew", "mnuToolsCurrency", "mnuToolsRates", "mnuHelpTips",
+        "mnuHelpAbout", "mnuFilePreview", "mnuFileImport"}) {
     Open(command);
   }
   WindowTest::Find<SortedTable>("lvbank").selectAll();
   Open("mnuTransEdit");
-  EXPECT_EQ(checked_, 20);
+  EXPECT_EQ(checked_, 23);
 }
 
 TEST_P(Looks, TheEntryOfATransferAndOfASplitHasRoom) {

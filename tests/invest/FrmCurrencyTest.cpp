@@ -127,6 +127,21 @@ TEST_F(FrmCurrencyTest, WarningsLeaveTheFieldsAndTheFocusIsOnTheirs) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
+TEST_F(FrmCurrencyTest, ARateOfAnotherDayIsShownAndConvertsNothing) {
+  Open(FrmCurrency::Use::Tool, "EUR", 10);
+  Type("cmbCurrency", "usd");
+  rates_.Answer(RateAnswer{1.25, Date::FromIso("2026-11-18"), "an older one"});
+  Machine().prompts.ExpectTell("Download Currency", "Could not connect to website");
+  Click("cmdCurrency");
+  EXPECT_EQ(Text("txtAmountCurrency"), "");
+  EXPECT_EQ(Find<QLabel>("lblRate").text(), "Known is 1 EUR = 1.25 USD of 18/11/2026.");
+  EXPECT_EQ(form_->focusWidget()->objectName(), "cmdSources") << "where something can be done";
+  rates_.Answer(RateAnswer{1, std::nullopt, "The answer held no rate."});
+  Machine().prompts.ExpectTell("Download Currency", "The answer held no rate.");
+  Click("cmdCurrency");
+  EXPECT_EQ(Text("txtAmountCurrency"), "10");
+}
+
 TEST_F(FrmCurrencyTest, AsAToolItTakesNothingOver) {
   Open(FrmCurrency::Use::Tool, "");
   EXPECT_EQ(Find<QLabel>("lblCurrency").text(), "British Pound (GBP)") << "the locale's own";

@@ -215,6 +215,8 @@ TEST_F(MarketDataTest, AKeyOfOnesOwnIsSentAndNeverShown) {
   EXPECT_EQ(good.value, 12.5);
   EXPECT_EQ(good.answer, R"({"price":12.5,"key":"***"})");
   EXPECT_EQ(good.problem, "");
+  source.field = "/APIKEY";
+  EXPECT_EQ(tried().problem, "A service: There is nothing at /*** in the answer.");
   source.field = "/key";
   const MarketData::Trial bad = tried();
   EXPECT_EQ(bad.value, std::nullopt);

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "controls/FormDialog.h"
+#include "invest/InvestDialogs.h"
+#include "invest/RateEditor.h"
+
+namespace corvanta::inline controls {
+class AmountEdit;
+class DateField;
+}  // namespace corvanta::inline controls
+
+namespace corvanta::inline invest {
+
+class ucCurrencyBox;
+class ucEntryList;
+
+// The exchange rates that were fetched or entered, with their days: listed, entered and deleted.
+class FrmRates : public FormDialog {
+  Q_OBJECT
+
+ public:
+  explicit FrmRates(const InvestPlace& place);
+
+ private:
+  void MakeFields();
+  void MakeCommands();
+  // Reads the list anew; the rate of that key is chosen, or none.
+  void Fill(std::int64_t chosen = 0);
+  void TakeChosen();
+  void New();
+  void Accept();
+  void Delete();
+
+  InvestPlace place_;
+  RateEditor editor_;
+  std::vector<RateRecord> rows_;  // as they are listed
+  ucEntryList* lvRates_;
+  ucCurrencyBox* cmbFrom_;
+  ucCurrencyBox* cmbTo_;
+  DateField* dtRate_;
+  AmountEdit* txtRate_;
+  QPushButton* cmdDelete_ = nullptr;
+};
+
+}  // namespace corvanta::inline invest
