@@ -9,6 +9,7 @@
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
 #include "cli/DeleteCommand.h"
+#include "cli/DownloadCommand.h"
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
 #include "cli/ExportCommand.h"
@@ -20,6 +21,7 @@
 #include "cli/NewCommand.h"
 #include "cli/PasswordCommand.h"
 #include "cli/PostCommand.h"
+#include "cli/PriceCommand.h"
 #include "cli/RateCommand.h"
 #include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
@@ -28,6 +30,7 @@
 #include "cli/Session.h"
 #include "cli/SetStatusCommand.h"
 #include "cli/SettingsCommand.h"
+#include "cli/SourceCommand.h"
 #include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
 #include "cli/ValidateCommand.h"
@@ -222,7 +225,10 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<MergeCommand>());
   add(std::make_unique<ImportCommand>());
   add(std::make_unique<ExportCommand>());
+  add(std::make_unique<PriceCommand>());
+  add(std::make_unique<DownloadCommand>());
   add(std::make_unique<RateCommand>());
+  add(std::make_unique<SourceCommand>());
 }
 
 ExitStatus CommandLine::RunChosen() {

@@ -1,13 +1,15 @@
 #include "cli/RateCommand.h"
 
-#include "cli/NamedItem.h"
+#include "cli/Arguments.h"
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
 #include "invest/CurrencyConverter.h"
+#include "invest/RateEditor.h"
 #include "invest/WebRates.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
 #include "platform/Platform.h"
 
 #include <CLI/CLI.hpp>
@@ -20,41 +22,101 @@ constexpr const char* kTitle = "Download Currency";
 }  // namespace
 
 CLI::App* RateCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("rate", "Fetch an exchange rate");
-  command->add_option("from", from_, "The code of the currency that is given: EUR")->required();
-  command->add_option("to", to_, "The code of the currency that is got for one of it")->required();
+  CLI::App* command =
+      parser.add_subcommand("rate", "Fetch an exchange rate; list and enter those that are known");
+  const char* fromHelp = "The code of the currency that is given: EUR";
+  const char* toHelp = "The code of the currency that is got for one of it";
+  command->add_option("from", from_, fromHelp);
+  command->add_option("to", to_, toHelp);
+  command->require_subcommand(0, 1);
+  list_ = command->add_subcommand("list", "List the rates that were fetched or entered");
+  set_ = command->add_subcommand("set", "Enter the rate of a day");
+  set_->add_option("from", from_, fromHelp)->required();
+  set_->add_option("to", to_, toHelp)->required();
+  set_->add_option("rate", rate_, "Units of the second currency for one of the first")
+      ->required()
+      ->check(NumberFault);
+  set_->add_option("--date", date_, "The day (default: today)")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault);
+  command->final_callback([this] {
+    if (list_->parsed() || set_->parsed()) return;
+    if (from_.empty()) throw CLI::RequiredError("from");
+    if (to_.empty()) throw CLI::RequiredError("to");
+  });
   return command;
 }
 
 ExitStatus RateCommand::Run(Session& session) {
-  const std::optional<DataFile> file = session.Open(Access::Read);
+  // What is fetched is kept.
+  const std::optional<DataFile> file = session.Open(list_->parsed() ? Access::Read : Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
+  if (list_->parsed()) return List(ledger, session);
+  return set_->parsed() ? Set(ledger, session) : Fetch(ledger, session);
+}
+
+std::optional<NamedItem> RateCommand::Find(clsCorvanta& ledger, const std::string& code,
+                                           Session& session) {
   std::vector<NamedItem> codes;
   for (const CurrencyRecord& row : ledger.References().Currencies()) {
     codes.push_back({row.currencyId, row.currency});
   }
-  const auto from = FindItem(codes, from_, kTitle, "currency", session);
-  if (!from) return ExitStatus::Refused;
-  const auto to = FindItem(codes, to_, kTitle, "currency", session);
-  if (!to) return ExitStatus::Refused;
+  return FindItem(codes, code, kTitle, "currency", session);
+}
 
+ExitStatus RateCommand::Fetch(clsCorvanta& ledger, Session& session) const {
+  const auto from = Find(ledger, from_, session);
+  if (!from) return ExitStatus::Refused;
+  const auto to = Find(ledger, to_, session);
+  if (!to) return ExitStatus::Refused;
   WebRates rates(ledger, session.Machine());
-  const auto rate = rates.Rate(from->name, to->name);
-  if (!rate) {
+  const auto answer = rates.Rate(from->name, to->name);
+  if (!answer) {
     session.Tell(kTitle, "Could not connect to website");
     return ExitStatus::MachineFailed;
   }
-  if (!rate->notice.empty()) session.Tell(kTitle, rate->notice);
+  if (!answer->notice.empty()) session.Tell(kTitle, answer->notice);
   if (session.Options().format == "text") {
     const CurrencyConverter converter(rates, session.Machine().locale);
-    session.Out() << "1 " << from->name << " = " << converter.PlainNumber(rate->rate) << ' '
+    session.Out() << "1 " << from->name << " = " << converter.PlainNumber(answer->rate) << ' '
                   << to->name << '\n';
     return ExitStatus::Done;
   }
   OutputTable table({{"From"}, {"To"}, {"Rate", OutputKind::Number}});
-  table.AddRow({from->name, to->name, rate->rate});
+  table.AddRow({from->name, to->name, answer->rate});
   session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus RateCommand::List(clsCorvanta& ledger, Session& session) const {
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"From"},
+                     {"To"},
+                     {"Date", OutputKind::Date},
+                     {"Rate", OutputKind::Number},
+                     {"Source"}});
+  RateEditor editor(ledger, session.Machine().prompts);
+  for (const RateRecord& row : editor.Rows()) {
+    table.AddRow({row.rateId, row.from, row.to, row.date, row.rate, row.source});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus RateCommand::Set(clsCorvanta& ledger, Session& session) const {
+  const auto from = Find(ledger, from_, session);
+  if (!from) return ExitStatus::Refused;
+  const auto to = Find(ledger, to_, session);
+  if (!to) return ExitStatus::Refused;
+  RateEditor editor(ledger, session.Machine().prompts);
+  const Date day = date_.empty() ? session.Machine().clock.Today() : *Date::FromIso(date_);
+  const RateForm form{from->name, to->name, day, NumberOf(rate_)};
+  if (const auto warning = RateEditor::Check(form)) {
+    return session.Refuse(warning->title, warning->text);
+  }
+  editor.Save(form);
+  session.Tell("Rate", from->name + " to " + to->name + " has a rate of " + day.ToIso());
   return ExitStatus::Done;
 }
 

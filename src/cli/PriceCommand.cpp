@@ -1,0 +1,118 @@
+#include "cli/PriceCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "exchange/FileText.h"
+#include "invest/HistoryEditor.h"
+#include "invest/PriceFile.h"
+#include "ledger/PriceBook.h"
+#include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta::inline cli {
+namespace {
+
+constexpr const char* kTitle = "Price";
+
+std::string PriceCount(std::size_t count) {
+  return std::to_string(count) + (count == 1 ? " price" : " prices");
+}
+
+}  // namespace
+
+CLI::App* PriceCommand::Declare(CLI::App& parser) {
+  CLI::App* command =
+      parser.add_subcommand("price", "List, enter and import the prices of an investment");
+  command->require_subcommand(1);
+  CLI::App* list = command->add_subcommand("list", "List its prices, newest first");
+  set_ = command->add_subcommand("set", "Enter the price of a day");
+  import_ = command->add_subcommand("import", "Import the prices of a CSV file");
+  for (CLI::App* form : {list, set_, import_}) investment_.Declare(*form)->required();
+  set_->add_option("price", price_, "What one unit is worth")->required()->check(NumberFault);
+  set_->add_option("--date", date_, "The day (default: today)")
+      ->type_name("YYYY-MM-DD")
+      ->check(DateFault);
+  import_->add_option("file", file_, "The file")->required()->check(EmptyFault);
+  import_->add_option("--date-column", dateColumn_, "The column of the days, from 1")
+      ->check(CLI::Range(1, 999));
+  import_->add_option("--price-column", priceColumn_, "The column of the prices, from 1")
+      ->check(CLI::Range(1, 999));
+  import_->add_option("--skip", skip_, "Rows before the first price")->check(CLI::Range(0, 9999));
+  import_->add_option("--separator", separator_, "What stands between the columns");
+  import_->add_option("--date-order", order_, "dmy, mdy or ymd")
+      ->transform(CLI::Validator(OneOf({"dmy", "mdy", "ymd"}), ""));
+  return command;
+}
+
+ExitStatus PriceCommand::Run(Session& session) {
+  const bool writes = set_->parsed() || import_->parsed();
+  const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const std::optional<NamedItem> investment = investment_.Find(ledger, session);
+  if (!investment) return ExitStatus::Refused;
+  if (set_->parsed()) return Set(ledger, *investment, session);
+  if (import_->parsed()) return Import(ledger, *investment, session);
+  return List(ledger, investment->key, session);
+}
+
+ExitStatus PriceCommand::List(clsCorvanta& ledger, std::int64_t investmentId,
+                              Session& session) const {
+  OutputTable table(
+      {{"ID", OutputKind::Integer}, {"Date", OutputKind::Date}, {"Price", OutputKind::Number}});
+  for (const PriceRecord& row : ledger.Prices().PricesOf(investmentId)) {
+    table.AddRow({row.historyId, row.date, row.price});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus PriceCommand::Set(clsCorvanta& ledger, const NamedItem& investment,
+                             Session& session) const {
+  HistoryEditor editor(ledger, session.Machine(), investment.key);
+  const double price = NumberOf(price_);
+  if (const auto warning = HistoryEditor::Check(price)) {
+    return session.Refuse(warning->title, warning->text);
+  }
+  const Date day = date_.empty() ? session.Machine().clock.Today() : *Date::FromIso(date_);
+  editor.Save(day, price);
+  session.Tell(kTitle, "\"" + investment.name + "\" has a price of " + day.ToIso());
+  return ExitStatus::Done;
+}
+
+ExitStatus PriceCommand::Import(clsCorvanta& ledger, const NamedItem& investment,
+                                Session& session) const {
+  const FileText file = ReadFileText(file_);
+  if (file.fault) return session.Refuse("File Import", *file.fault);
+  const Locale& locale = session.Machine().locale;
+  CsvMapping mapping = ProposePriceMapping(file.text, locale);
+  if (!separator_.empty()) {
+    const auto separator = SeparatorOf(separator_);
+    if (!separator) return session.Refuse("File Import", "A separator is one character, or Tab.");
+    mapping.separator = *separator;
+  }
+  if (dateColumn_ > 0) mapping.date = dateColumn_;
+  if (priceColumn_ > 0) mapping.income = priceColumn_;
+  if (skip_ >= 0) mapping.skip = skip_;
+  if (order_ == "dmy") mapping.order = DateOrder::DayMonthYear;
+  if (order_ == "mdy") mapping.order = DateOrder::MonthDayYear;
+  if (order_ == "ymd") mapping.order = DateOrder::YearMonthDay;
+  const PriceFileRows read = ReadPriceFile(file.text, mapping, locale);
+  for (const PriceFileRows::Problem& problem : read.problems) {
+    session.Tell("Line " + std::to_string(problem.line), problem.text);
+  }
+  if (read.prices.empty()) {
+    return session.Refuse("File Import", "No prices were found in " + file_ +
+                                             ". Say with --date-column and --price-column where "
+                                             "they stand.");
+  }
+  if (!ledger.Prices().StorePrices(investment.key, read.prices)) return ExitStatus::Refused;
+  session.Tell("File Import", PriceCount(read.prices.size()) + " imported");
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta::inline cli

@@ -1,0 +1,35 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/InvestmentArgument.h"
+
+#include <cstdint>
+#include <string>
+
+namespace corvanta::inline cli {
+
+// price list|set|import: the stored prices of an investment.
+class PriceCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  ExitStatus List(clsCorvanta& ledger, std::int64_t investmentId, Session& session) const;
+  ExitStatus Set(clsCorvanta& ledger, const NamedItem& investment, Session& session) const;
+  ExitStatus Import(clsCorvanta& ledger, const NamedItem& investment, Session& session) const;
+
+  CLI::App* set_ = nullptr;
+  CLI::App* import_ = nullptr;
+  InvestmentArgument investment_;
+  std::string price_;
+  std::string date_;
+  std::string file_;
+  std::string separator_;
+  std::string order_;
+  int dateColumn_ = 0;
+  int priceColumn_ = 0;
+  int skip_ = -1;
+};
+
+}  // namespace corvanta::inline cli
