@@ -22,7 +22,7 @@ constexpr int kMonths = 121;  // in ten years, the first and the last day among 
 
 class NoRates : public RateSource {
  public:
-  std::optional<double> Rate(const std::string&, const std::string&) override {
+  std::optional<RateAnswer> Rate(const std::string&, const std::string&) override {
     return std::nullopt;
   }
 };

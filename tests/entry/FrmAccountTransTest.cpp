@@ -307,6 +307,9 @@ TEST_F(AccountTrans, ATransferBetweenCurrenciesTakesItsRateOrSaysThatThereIsNone
   rates_.Answer(std::nullopt);
   Prompt().ExpectTell("Download Currency", "Could not connect to website");
   EXPECT_EQ(transfer(), 20);
+  rates_.Answer(RateAnswer{1.5, Date::FromIso("2026-09-30"), "The rate of 30/09/2026 was used."});
+  Prompt().ExpectTell("Download Currency", "The rate of 30/09/2026 was used.");
+  EXPECT_EQ(transfer(), 30);
 }
 
 TEST_F(AccountTrans, TheDayOfTheLastEntryStaysAndTheWindowKeepsItsSize) {

@@ -229,6 +229,18 @@ TEST_F(PostingTest, WithoutARateAPaymentStaysPendingUntilThereIsOne) {
             60);
 }
 
+TEST_F(PostingTest, ARateOfAnotherDayServesAndItsDayIsSaidOnce) {
+  ScheduleRecord plan = Plan("m", "2026-10-05", 3);
+  plan.transferAccountId = euros_;
+  plan.amount = -10;
+  const std::int64_t schedule = Save(plan);
+  rates_.Answer(RateAnswer{1.5, Date::FromIso("2026-09-30"), "The rate of 30/09/2026 was used."});
+  store_.platform.prompts.ExpectTell("Download Currency", "The rate of 30/09/2026 was used.");
+  EXPECT_EQ(Pass().occurrences, 3U);
+  const auto own = ledger_.Transactions().ReadTransaction(RowOf(schedule, "2026-11-05"));
+  EXPECT_EQ(Amount(own->transferId), 15);
+}
+
 TEST_F(PostingTest, MoreThanAFewHundredAreAskedFor) {
   // A clock that is eighty years ahead.
   Save(Plan("ww", "2026-11-02"));
