@@ -10,7 +10,7 @@ find_package(nlohmann_json REQUIRED)
 find_package(CLI11 REQUIRED)
 
 if(CORVANTA_WINDOW)
-  find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Svg Test)
+  find_package(Qt6 REQUIRED COMPONENTS Core Gui Widgets PrintSupport Svg Charts Test)
 endif()
 if(CORVANTA_TESTS)
   find_package(GTest REQUIRED)

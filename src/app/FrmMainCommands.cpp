@@ -17,6 +17,7 @@
 #include "platform/Platform.h"
 #include "reports/ReportDialogs.h"
 #include "store/sql/UndoLog.h"
+#include "tools/ToolDialogs.h"
 
 #include <QAction>
 #include <QApplication>
@@ -108,6 +109,8 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuToolsSources, [this] {
     OpenSources({platform_, session_.Ledger(), session_.Rates(), this});
   });
+  On(actions_->mnuToolsLoan, [this] { ShowLoan(LoanMode::Loan, platform_, this); });
+  On(actions_->mnuToolsMortgage, [this] { ShowLoan(LoanMode::Mortgage, platform_, this); });
   On(actions_->mnuViewReminders,
      [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
   On(actions_->mnuHelpTips, [this] {

@@ -129,6 +129,10 @@ void MainActions::MakeReference() {
                        tr("Show the exchange rates that are known, with their days"));
   mnuToolsSources = Make("mnuToolsSources", tr("&Data Sources..."), "",
                          tr("Show where prices and exchange rates come from"));
+  mnuToolsLoan = Make("mnuToolsLoan", tr("&Loan Calculator..."), "",
+                      tr("Work out the payments of a loan and what it costs"));
+  mnuToolsMortgage = Make("mnuToolsMortgage", tr("&Mortgage Calculator..."), "",
+                          tr("Work out the payments of a mortgage and what it costs"));
   mnuViewAccountTypes =
       Make("mnuViewAccountTypes", tr("Account T&ypes..."), "", tr("Show the groups of accounts"));
   mnuViewBanks = Make("mnuViewBanks", tr("Ban&ks..."), "", tr("Show the banks"));

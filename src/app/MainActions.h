@@ -91,6 +91,8 @@ class MainActions : public QObject {
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
   QAction* mnuToolsSources;
+  QAction* mnuToolsLoan;
+  QAction* mnuToolsMortgage;
 
   QAction* mnuViewAccounts;
   QAction* mnuViewRegister;

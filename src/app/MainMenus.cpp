@@ -47,8 +47,10 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
   QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
-  AddMenu(menus, "mnuTools", tr("T&ools"))
-      ->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsSources, mnuToolsKeywords});
+  QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
+  tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsSources, mnuToolsKeywords});
+  tools->addSeparator();
+  tools->addActions({mnuToolsLoan, mnuToolsMortgage});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
   help->addActions({mnuHelpTips, mnuHelpAbout});

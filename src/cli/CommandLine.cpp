@@ -16,6 +16,7 @@
 #include "cli/ImportCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
+#include "cli/LoanCommand.h"
 #include "cli/MergeCommand.h"
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
@@ -229,6 +230,8 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<DownloadCommand>());
   add(std::make_unique<RateCommand>());
   add(std::make_unique<SourceCommand>());
+  add(std::make_unique<LoanCommand>(LoanMode::Loan));
+  add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
 }
 
 ExitStatus CommandLine::RunChosen() {

@@ -111,13 +111,13 @@ TEST_P(Looks, EveryDialogHasRoomOnASmallScreen) {
   }
   for (const char* command :
        {"mnuScheduleAdd", "mnuTransAutofill", "mnuTransReconcile", "mnuAccountAdd",
-        "mnuCategoryAdd", "mnuPayeeNew", "mnuToolsCurrency", "mnuToolsRates", "mnuHelpTips",
-        "mnuHelpAbout", "mnuFilePreview", "mnuFileImport"}) {
+        "mnuCategoryAdd", "mnuPayeeNew", "mnuToolsCurrency", "mnuToolsRates", "mnuToolsLoan",
+        "mnuToolsMortgage", "mnuHelpTips", "mnuHelpAbout", "mnuFilePreview", "mnuFileImport"}) {
     Open(command);
   }
   WindowTest::Find<SortedTable>("lvbank").selectAll();
   Open("mnuTransEdit");
-  EXPECT_EQ(checked_, 23);
+  EXPECT_EQ(checked_, 25);
 }
 
 TEST_P(Looks, TheEntryOfATransferAndOfASplitHasRoom) {
