@@ -13,6 +13,7 @@
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
 #include "cli/ExportCommand.h"
+#include "cli/HoldingsCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
@@ -230,6 +231,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<DownloadCommand>());
   add(std::make_unique<RateCommand>());
   add(std::make_unique<SourceCommand>());
+  add(std::make_unique<HoldingsCommand>());
   add(std::make_unique<LoanCommand>(LoanMode::Loan));
   add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
 }

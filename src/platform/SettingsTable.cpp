@@ -18,6 +18,7 @@ constexpr std::array<std::string_view, 22> kScheduleChoices{
     "1 Year",   "2 Years",  "3 Years",  "4 Years",  "5 Years",   "6 Years",
     "7 Years",  "8 Years",  "9 Years",  "10 Years"};
 constexpr std::array<std::string_view, 8> kDecimalChoices{"2", "3", "4", "5", "6", "7", "8", "9"};
+constexpr std::array<std::string_view, 2> kCostChoices{"Average", "First In First Out"};
 constexpr std::array<std::string_view, 3> kStatusChoices{"Uncleared", "Cleared", "Reconciled"};
 
 using enum SettingKind;
@@ -76,6 +77,7 @@ constexpr std::array kSettings{
     SettingInfo{Setting::bHeight, "bHeight", Number, "", "Height of the balancing window", {}},
     SettingInfo{Setting::bWidth, "bWidth", Number, "", "Width of the balancing window", {}},
     SettingInfo{Setting::DBPath, "DBPath", Text, "", "Folder or file of the data", {}},
+    SettingInfo{Setting::CostMethod, "CostMethod", Choice, "Average", "How the cost of investments is counted", kCostChoices},
 };
 // clang-format on
 

@@ -69,6 +69,7 @@ enum class Setting {
   bHeight,
   bWidth,
   DBPath,
+  CostMethod,
 };
 
 enum class SettingKind {
