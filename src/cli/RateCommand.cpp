@@ -96,7 +96,7 @@ ExitStatus RateCommand::List(clsCorvanta& ledger, Session& session) const {
                      {"Date", OutputKind::Date},
                      {"Rate", OutputKind::Number},
                      {"Source"}});
-  RateEditor editor(ledger, session.Machine().prompts);
+  RateEditor editor(ledger, session.Machine());
   for (const RateRecord& row : editor.Rows()) {
     table.AddRow({row.rateId, row.from, row.to, row.date, row.rate, row.source});
   }
@@ -109,7 +109,7 @@ ExitStatus RateCommand::Set(clsCorvanta& ledger, Session& session) const {
   if (!from) return ExitStatus::Refused;
   const auto to = Find(ledger, to_, session);
   if (!to) return ExitStatus::Refused;
-  RateEditor editor(ledger, session.Machine().prompts);
+  RateEditor editor(ledger, session.Machine());
   const Date day = date_.empty() ? session.Machine().clock.Today() : *Date::FromIso(date_);
   const RateForm form{from->name, to->name, day, NumberOf(rate_)};
   if (const auto warning = RateEditor::Check(form)) {

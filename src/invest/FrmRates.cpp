@@ -4,11 +4,13 @@
 #include "controls/DateField.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/WaitCursor.h"
 #include "invest/CurrencyConverter.h"
 #include "invest/ucCurrencyBox.h"
 #include "invest/ucEntryList.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 
@@ -25,7 +27,7 @@ constexpr int kListHeight = 28 * kRhythm;
 FrmRates::FrmRates(const InvestPlace& place)
     : FormDialog(QStringLiteral("FrmRates"), place.platform.prompts, place.parent),
       place_(place),
-      editor_(place.ledger, place.platform.prompts),
+      editor_(place.ledger, place.platform),
       lvRates_(new ucEntryList("lvRates", tr("Exchange Rates"),
                                {{tr("From"), "WWW", 0},
                                 {tr("To"), "WWW", 0},
@@ -57,6 +59,13 @@ void FrmRates::MakeFields() {
 }
 
 void FrmRates::MakeCommands() {
+  auto* download = MakeButton(tr("Do&wnload"), "cmdDownload");
+  download->setToolTip(tr("Fetch today's rate between the two currencies"));
+  cmdSources_ = MakeButton(tr("Data So&urces..."), "cmdSources");
+  cmdSources_->setToolTip(tr("See and change where exchange rates come from"));
+  AddTools({download, cmdSources_});
+  connect(download, &QPushButton::clicked, this, &FrmRates::Download);
+  connect(cmdSources_, &QPushButton::clicked, this, &FrmRates::OpenDataSources);
   auto* another = MakeButton(tr("&New"), "cmdNew");
   cmdDelete_ = MakeButton(tr("&Delete"), "cmdDelete");
   cmdDelete_->setEnabled(false);
@@ -107,11 +116,15 @@ void FrmRates::New() {
   KeepContents();
 }
 
+RateForm FrmRates::Form() {
+  cmbFrom_->Settle();
+  cmbTo_->Settle();
+  return {cmbFrom_->Code(), cmbTo_->Code(), dtRate_->Day(), txtRate_->Amount()};
+}
+
 void FrmRates::Accept() {
   Run([this] {
-    cmbFrom_->Settle();
-    cmbTo_->Settle();
-    const RateForm form{cmbFrom_->Code(), cmbTo_->Code(), dtRate_->Day(), txtRate_->Amount()};
+    const RateForm form = Form();
     if (const auto warning = RateEditor::Check(form)) return Warn(*warning);
     if (!dtRate_->IsDay()) {
       return Warn({"Save Warning", "You need to enter a valid Date", "dtRate"});
@@ -134,6 +147,28 @@ void FrmRates::Delete() {
     txtRate_->SetAmount(0);
     KeepContents();
   });
+}
+
+void FrmRates::Download() {
+  Run([this] {
+    const RateForm form = Form();
+    if (const auto warning = RateEditor::CheckPair(form)) return Warn(*warning);
+    bool isKept = false;
+    {
+      const WaitCursor waiting;
+      isKept = editor_.Download(form);
+    }
+    Note(ToQt(editor_.Note()));
+    if (!isKept) return cmdSources_->setFocus();
+    MarkChanged();
+    const auto latest =
+        place_.ledger.Rates().Latest(form.from, form.to, place_.platform.clock.Today());
+    Fill(latest ? latest->rateId : 0);
+  });
+}
+
+void FrmRates::OpenDataSources() {
+  Run([this] { OpenSources({place_.platform, place_.ledger, place_.rates, this}); });
 }
 
 }  // namespace corvanta::inline invest

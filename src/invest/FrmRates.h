@@ -30,6 +30,10 @@ class FrmRates : public FormDialog {
   void New();
   void Accept();
   void Delete();
+  void Download();
+  void OpenDataSources();
+  // With the names of currencies whose codes were typed.
+  [[nodiscard]] RateForm Form();
 
   InvestPlace place_;
   RateEditor editor_;
@@ -40,6 +44,7 @@ class FrmRates : public FormDialog {
   DateField* dtRate_;
   AmountEdit* txtRate_;
   QPushButton* cmdDelete_ = nullptr;
+  QPushButton* cmdSources_ = nullptr;
 };
 
 }  // namespace corvanta::inline invest

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "invest/MarketData.h"
 #include "ledger/Keys.h"
 #include "ledger/RateBook.h"
 #include "ledger/Warning.h"
@@ -14,7 +15,7 @@ class clsCorvanta;
 }
 
 namespace corvanta::inline platform {
-class Prompts;
+struct Platform;
 }
 
 namespace corvanta::inline invest {
@@ -31,7 +32,8 @@ struct RateForm {
 class RateEditor {
  public:
   // Both outlive this object.
-  RateEditor(clsCorvanta& ledger, Prompts& prompts) : ledger_(ledger), prompts_(prompts) {}
+  RateEditor(clsCorvanta& ledger, Platform& platform)
+      : ledger_(ledger), platform_(platform), market_(ledger, platform) {}
 
   // Newest first.
   [[nodiscard]] std::vector<RateRecord> Rows();
@@ -39,12 +41,19 @@ class RateEditor {
   [[nodiscard]] static std::optional<Warning> Check(const RateForm& form);
   // Keeps what Check accepts as entered, in place of the rate that the day had; returns its key.
   std::int64_t Save(const RateForm& form);
+  // The currencies alone: what a rate can be fetched for.
+  [[nodiscard]] static std::optional<Warning> CheckPair(const RateForm& form);
+  // Fetches today's rate of what CheckPair accepts, which is kept. False when none came: the person
+  // has been told, and Note() says why.
+  bool Download(const RateForm& form);
+  [[nodiscard]] const std::string& Note() const { return market_.Trouble().text; }
   // Asks first. True when they are gone.
   bool Delete(Keys rateIds);
 
  private:
   clsCorvanta& ledger_;
-  Prompts& prompts_;
+  Platform& platform_;
+  MarketData market_;
 };
 
 }  // namespace corvanta::inline invest

@@ -133,5 +133,27 @@ TEST_F(FrmSourcesTest, RatesAreEnteredChangedAndDeleted) {
   EXPECT_EQ(list.model()->rowCount(), 1);
 }
 
+TEST_F(FrmSourcesTest, TodaysRateIsFetchedOrTheSourcesAreTheNextThing) {
+  FrmRates dialog(Place());
+  Show(dialog);
+  Machine().prompts.ExpectTell("Save Warning", "You need to select a Currency");
+  Click(dialog, "cmdDownload");
+  EXPECT_EQ(FocusOf(dialog), "cmbFrom");
+  Type(dialog, "cmbFrom", "eur");
+  Type(dialog, "cmbTo", "usd");
+  Machine().prompts.ExpectTell("Download Currency", "Could not connect to website");
+  Click(dialog, "cmdDownload");
+  EXPECT_EQ(FocusOf(dialog), "cmdSources");
+  EXPECT_EQ(NoteOf(dialog), "Yahoo Currency: no network.");
+  AnswerRate("EURUSD", "N/A");
+  Machine().prompts.ExpectTell("Download Currency", "The answer of Yahoo Currency held no rate.");
+  Click(dialog, "cmdDownload");
+  EXPECT_TRUE(ledger_.Rates().All().empty());
+  AnswerRate("EURUSD", "1.25");
+  Click(dialog, "cmdDownload");
+  EXPECT_EQ(Chosen(dialog, "lvRates", 3), "1.25");
+  EXPECT_EQ(Chosen(dialog, "lvRates", 4), "Yahoo Currency");
+}
+
 }  // namespace
 }  // namespace corvanta
