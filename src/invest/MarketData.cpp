@@ -103,7 +103,7 @@ bool MarketData::Ask(const SourceRow& source, const SourceQuestion& question, bo
   if (source.ownKey.empty() && source.url.find(kOwnKeyWord) != std::string::npos) {
     return Fail("\"" + source.name + "\" wants a key of your own, which is not entered yet.");
   }
-  const StatusWords words(platform_.progress, "Downloading from " + source.name + "...");
+  const StatusWords words(platform_.progress, "Downloading from " + source.name + "... (Esc stops)");
   bool ok = false;
   answer = DownloadText(AddressOf(source, question), ok, wipe);
   if (ok) return true;

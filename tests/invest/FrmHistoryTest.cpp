@@ -41,6 +41,7 @@ TEST_F(FrmHistoryTest, ListsThePricesNewestFirstAndTakesTheChosenOne) {
   FrmHistory dialog(Place(), 50);
   Show(dialog);
   EXPECT_EQ(dialog.windowTitle(), "Stock Price History");
+  EXPECT_LE(dialog.minimumSizeHint().height(), 500) << "on a small screen";
   const auto head = [&](int column) {
     return Rows(dialog).headerData(column, Qt::Horizontal).toString();
   };

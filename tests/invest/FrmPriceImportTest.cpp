@@ -16,9 +16,7 @@ class FrmPriceImportTest : public DialogTest<InvestTest> {
   FrmPriceImportTest() {
     Store().Execute("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (50,'Telecom',1)");
   }
-  std::string File(const std::string& text) {
-    return Machine().folder.Write("prices.csv", text);
-  }
+  std::string File(const std::string& text) { return Machine().folder.Write("prices.csv", text); }
 
   clsCorvanta ledger_{Store(), Services()};
   ScriptedRates rates_;

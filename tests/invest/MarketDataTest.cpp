@@ -181,7 +181,7 @@ TEST_F(MarketDataTest, AQuoteIsReadFromWhatAServerAnswers) {
     EXPECT_FALSE(market.Trouble().text.empty()) << path;
   }
   EXPECT_EQ(Machine().progress.Status(), "") << "what was waited for is over";
-  EXPECT_EQ(Machine().progress.Texts().front(), "Downloading from Yahoo Stock...");
+  EXPECT_EQ(Machine().progress.Texts().front(), "Downloading from Yahoo Stock... (Esc stops)");
 }
 
 TEST_F(MarketDataTest, APersonStopsADownloadThatNobodyAnswers) {
