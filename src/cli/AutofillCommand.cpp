@@ -14,9 +14,9 @@
 namespace corvanta::inline cli {
 namespace {
 
-std::vector<NamedItem> Items(const std::vector<EntryChoice>& choices) {
+std::vector<NamedItem> Items(const std::vector<Choice>& choices) {
   std::vector<NamedItem> items;
-  for (const EntryChoice& choice : choices) items.push_back({choice.key, choice.name});
+  for (const Choice& choice : choices) items.push_back({choice.key, choice.name});
   return items;
 }
 

@@ -2,39 +2,24 @@
 
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "reference/CategoryEditor.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 
-#include <algorithm>
-
 namespace corvanta::inline entry {
 
-std::vector<EntryChoice> AccountChoices(clsCorvanta& ledger,
-                                        const std::vector<std::int64_t>& also) {
-  // Not the ledger's own list, which adds up every balance.
-  std::vector<EntryChoice> choices;
-  Recordset rows = ledger.Store().OpenRecordset(
-      "Select AccountID, Account, CloseAccount from tblAccounts Order by Account, AccountID");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    const std::int64_t key = rows.Int(0);
-    if (rows.Int(2) != 0 && std::ranges::find(also, key) == also.end()) continue;
-    choices.push_back({key, std::string(rows.Text(1))});
-  }
-  return choices;
-}
-
-std::vector<EntryChoice> PayeeChoices(clsCorvanta& ledger) {
-  std::vector<EntryChoice> choices;
+std::vector<Choice> PayeeChoices(clsCorvanta& ledger) {
+  std::vector<Choice> choices;
   for (PayeeRecord& row : ledger.References().Payees())
     choices.push_back({row.payeeId, std::move(row.payee)});
   return choices;
 }
 
-std::vector<EntryChoice> PaymentChoices(clsCorvanta& ledger) {
-  std::vector<EntryChoice> choices;
+std::vector<Choice> PaymentChoices(clsCorvanta& ledger) {
+  std::vector<Choice> choices;
   for (PaymentRecord& row : ledger.References().Payments()) {
     choices.push_back({row.paymentId, std::move(row.payment)});
   }
@@ -59,8 +44,8 @@ std::vector<std::string> SubCategoryNames(clsCorvanta& ledger, const std::string
   return names;
 }
 
-std::vector<EntryChoice> CategoryPairs(clsCorvanta& ledger) {
-  std::vector<EntryChoice> choices;
+std::vector<Choice> CategoryPairs(clsCorvanta& ledger) {
+  std::vector<Choice> choices;
   for (const CategoryRecord& row : ledger.Categories().Categories()) {
     choices.push_back({row.categoryId, FullName(row)});
   }

@@ -5,6 +5,7 @@
 #include "controls/CommandEdge.h"
 #include "controls/DateField.h"
 #include "controls/PickBox.h"
+#include "controls/PickItems.h"
 #include "controls/QtText.h"
 #include "entry/ucCategoryBoxes.h"
 #include "ledger/CurrencyOf.h"

@@ -3,12 +3,14 @@
 #include "controls/ChoiceRow.h"
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
+#include "controls/PickItems.h"
 #include "controls/QtText.h"
 #include "entry/ucCategoryBoxes.h"
 #include "ledger/BulkChange.h"
 #include "ledger/TransactionStatus.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "reference/AccountChoices.h"
 
 #include <QLineEdit>
 #include <QPushButton>

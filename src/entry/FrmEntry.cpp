@@ -4,11 +4,13 @@
 #include "controls/CommandEdge.h"
 #include "controls/MutedLabel.h"
 #include "controls/PickBox.h"
+#include "controls/PickItems.h"
 #include "controls/QtText.h"
 #include "entry/ucCategoryBoxes.h"
 #include "ledger/CurrencyOf.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
+#include "reference/AccountChoices.h"
 
 #include <QLabel>
 #include <QLineEdit>

@@ -24,12 +24,6 @@ void SetName(PickBox& box, const std::string& name) {
 
 }  // namespace
 
-void FillBox(PickBox& box, const std::vector<EntryChoice>& choices) {
-  std::vector<PickItem> items;
-  for (const EntryChoice& choice : choices) items.push_back({choice.key, ToQt(choice.name)});
-  box.SetItems(items);
-}
-
 ucCategoryBoxes::ucCategoryBoxes(clsCorvanta& ledger, Prompts& prompts, PickBox& category,
                                  PickBox& subCategory, QObject* parent)
     : QObject(parent),

@@ -21,9 +21,6 @@ class clsCorvanta;
 
 namespace corvanta::inline entry {
 
-// Another list below the box's text.
-void FillBox(PickBox& box, const std::vector<EntryChoice>& choices);
-
 // The boxes of a category and its sub-category: the second offers what the first has. A path
 // ("Category:SubCategory") that is typed into the first one fills both.
 class ucCategoryBoxes : public QObject {
