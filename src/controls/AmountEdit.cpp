@@ -82,7 +82,7 @@ bool AmountEdit::HasPlus() const {
 
 std::optional<double> AmountEdit::Typed() const {
   const auto typed = WorkOut(FromQt(text()), locale_, Decimals());
-  if (!typed) return std::nullopt;
+  if (!typed || (isUnsigned_ && *typed < 0)) return std::nullopt;
   const double amount = sign_ < 0 && *typed > 0 && !HasPlus() ? -*typed : *typed;
   return left_ == AmountText::AsTyped ? amount : Rounded(amount, Decimals());
 }
@@ -105,11 +105,22 @@ void AmountEdit::Settle() {
 }
 
 bool AmountEdit::MayBeTyped(QChar character) const {
-  if (character == u'-' && left_ == AmountText::Whole) return false;
+  if (character == u'-' && (left_ == AmountText::Whole || isUnsigned_)) return false;
+  if (isUnsigned_ && ToQt(locale_.DecimalSeparator()).contains(character) &&
+      HasDecimalSeparator()) {
+    return false;
+  }
   return character.isDigit() || character.isSpace() ||
          QStringLiteral("+-*/()").contains(character) ||
          ToQt(locale_.DecimalSeparator()).contains(character) ||
          ToQt(locale_.GroupSeparator()).contains(character);
+}
+
+// In what stays of the text when something is typed over what is chosen of it.
+bool AmountEdit::HasDecimalSeparator() const {
+  QString rest = text();
+  if (hasSelectedText()) rest.remove(selectionStart(), selectedText().size());
+  return rest.contains(ToQt(locale_.DecimalSeparator()));
 }
 
 void AmountEdit::keyPressEvent(QKeyEvent* event) {
@@ -120,7 +131,8 @@ void AmountEdit::keyPressEvent(QKeyEvent* event) {
   const bool isPad = (event->modifiers() & Qt::KeypadModifier) != 0;
   if (isPad && (typed == QStringLiteral(".") || typed == QStringLiteral(","))) {
     // The number pad has one separator key, whatever the layout writes on it.
-    return insert(ToQt(locale_.DecimalSeparator()));
+    if (!isUnsigned_ || !HasDecimalSeparator()) insert(ToQt(locale_.DecimalSeparator()));
+    return;
   }
   if (isText && !MayBeTyped(typed.front())) return;
   QLineEdit::keyPressEvent(event);

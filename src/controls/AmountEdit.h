@@ -36,6 +36,9 @@ class AmountEdit : public QLineEdit {
   void SetDecimals(int decimals);
   // From now on an amount that is typed without a sign has this one, 1 or -1.
   void SetSign(int sign) { sign_ = sign; }
+  // From now on no minus can be typed, nor a second decimal separator; what is pasted and comes to
+  // less than 0 is no amount.
+  void SetUnsigned() { isUnsigned_ = true; }
   // An empty field stays empty: nothing was said.
   void SetMayBeEmpty() { mayBeEmpty_ = true; }
   // 0 for an empty field; nullopt when what was typed is no number.
@@ -55,6 +58,7 @@ class AmountEdit : public QLineEdit {
   [[nodiscard]] std::optional<double> Typed() const;
   [[nodiscard]] bool HasPlus() const;
   [[nodiscard]] bool MayBeTyped(QChar character) const;
+  [[nodiscard]] bool HasDecimalSeparator() const;
 
   const Locale& locale_;
   AmountText left_;
@@ -63,6 +67,7 @@ class AmountEdit : public QLineEdit {
   double amount_ = 0;    // what the text was made from
   bool isPlus_ = false;  // and whether it begins with a plus
   bool mayBeEmpty_ = false;
+  bool isUnsigned_ = false;
   QString refused_;  // what was typed and is no number, while 0 is shown for it
 };
 

@@ -88,7 +88,7 @@ void EditorDialog::MarkSaved(std::int64_t key) {
 void EditorDialog::Accept() {
   Run([this] {
     if (!SaveRow()) return;
-    if (!IsNew()) return accept();
+    if (closesWhenSaved_ || !IsNew()) return Finish();
     GoOn();
   });
 }

@@ -9,9 +9,9 @@
 namespace corvanta::inline controls {
 
 // What the editors of single rows have in common: the mode ("ADD" a new row, "EDIT" an existing
-// one) and the row of buttons. Saving in "ADD" clears the dialog for the next row, in "EDIT" it
-// closes it; Ctrl and Enter save and go on with a new row in both. A row that is deleted closes the
-// dialog, too.
+// one) and the row of buttons. Saving in "ADD" clears the dialog for the next row (unless the
+// dialog says otherwise), in "EDIT" it closes it; Ctrl and Enter save and go on with a new row in
+// both. A row that is deleted closes the dialog, too.
 //
 // A derived dialog makes its fields in its constructor and calls AddButtons() behind them.
 class EditorDialog : public FormDialog {
@@ -32,6 +32,8 @@ class EditorDialog : public FormDialog {
   // A button that is offered for an existing row alone.
   void AddEditButton(QPushButton* button);
   void AddButtons(bool canDelete = true);
+  // From now on saving closes the dialog in "ADD", too.
+  void CloseWhenSaved() { closesWhenSaved_ = true; }
 
   [[nodiscard]] std::int64_t Key() const { return key_; }
   // Checks and writes the row; false when it was not saved, which the person knows.
@@ -50,6 +52,8 @@ class EditorDialog : public FormDialog {
   virtual bool Delete() = 0;
   // What the row is called, for the line that says it was saved.
   [[nodiscard]] virtual QString ItemName() const = 0;
+  // The row was saved, and the dialog closes.
+  virtual void Finish() { accept(); }
   // What stands over the dialog in its mode.
   [[nodiscard]] virtual QString Title() const;
 
@@ -64,6 +68,7 @@ class EditorDialog : public FormDialog {
   QString what_;
   std::int64_t key_ = 0;
   std::int64_t savedKey_ = 0;
+  bool closesWhenSaved_ = false;
   std::vector<QPushButton*> editButtons_;
 };
 
