@@ -82,9 +82,8 @@ Fate ImportPlanner::FateOfHolding(const ImportRecord& record, const RecordValues
   InvestmentTransaction row = HoldingOf(record, values);
   row.payeeId = context_.names.FindInvestment(record.security);
   if (row.payeeId == 0) return Fate::Book;
-  const bool isOut = row.action == InvestAction::Buy || row.action == InvestAction::RemoveShares;
-  const std::int64_t category = context_.names.FindCategoryOf(isOut ? -1 : 1);
-  const bool isKnown = Former().Claim(row, isOut ? 0 - row.total : row.total, category);
+  const std::int64_t category = context_.names.FindCategoryOf(TakesCash(row.action) ? -1 : 1);
+  const bool isKnown = Former().Claim(row, SignedAmount(row.action, row.total), category);
   return isKnown ? Fate::Skip : Fate::Book;
 }
 

@@ -120,7 +120,7 @@ double BalanceBook::AccountBalance(std::int64_t accountId, const TreeOptions& op
   return RoundMoney(opening + sum + (options.valuation ? HoldingsValue(accountId) : 0));
 }
 
-double BalanceBook::HoldingsValue(std::int64_t accountId) {
+double BalanceBook::HoldingsValue(std::int64_t accountId, const std::string& condition) {
   std::vector<std::pair<double, std::int64_t>> held;
   {
     Recordset rows = core_.store.OpenRecordset(
@@ -128,7 +128,7 @@ double BalanceBook::HoldingsValue(std::int64_t accountId) {
         "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
         "INNER JOIN tblPayees P ON P.PayeeID = T.PayeeID) WHERE  P.Investment = 1 "
         "AND A.AccountID=" +
-        SqlNumber(accountId) + " Group By T.PayeeID ");
+        SqlNumber(accountId) + condition + " Group By T.PayeeID ");
     for (; !rows.Eof(); rows.MoveNext()) held.emplace_back(rows.Double(0), rows.Int(1));
   }
   double value = 0;

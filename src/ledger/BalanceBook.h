@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace corvanta::inline ledger {
@@ -40,8 +41,10 @@ class BalanceBook {
   // The account's balance in the tree; 0 for account 0. Only the options' filter, end and valuation
   // count.
   [[nodiscard]] double AccountBalance(std::int64_t accountId, const TreeOptions& options);
-  // Units held times latest price, over the investments in the account; in the currency of prices.
-  [[nodiscard]] double HoldingsValue(std::int64_t accountId);
+  // Units held times latest price, over the investments in the account; in the currency of prices,
+  // which is not converted. `condition` keeps to some of the transactions ("T"); it is SQL that
+  // begins with " AND ".
+  [[nodiscard]] double HoldingsValue(std::int64_t accountId, const std::string& condition = {});
 
  private:
   LedgerCore& core_;

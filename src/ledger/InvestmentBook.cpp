@@ -2,7 +2,9 @@
 
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
+#include "ledger/ReferenceTables.h"
 #include "ledger/RowLinks.h"
+#include "ledger/SqlName.h"
 #include "ledger/TransactionRows.h"
 #include "ledger/TransactionStatus.h"
 #include "ledger/clsCorvanta.h"
@@ -15,9 +17,7 @@
 namespace corvanta::inline ledger {
 namespace {
 
-bool LowersCash(InvestAction action) {
-  return action == InvestAction::Buy || action == InvestAction::RemoveShares;
-}
+constexpr const char* kSources = "Select * from tblStockData WHERE UCASE([Type])='STOCK'";
 
 // Where there is no source at all the investment has none.
 std::int64_t FirstSource(Connection& store) {
@@ -27,7 +27,88 @@ std::int64_t FirstSource(Connection& store) {
       .Int();
 }
 
+std::string WhereInvestment(std::int64_t investmentId) {
+  return " Where PayeeID = " + SqlNumber(investmentId);
+}
+
+// The columns that tblPayees and the list of investments have under one name.
+void FillRecord(const Recordset& row, InvestmentRecord& record) {
+  record.symbol = row.Text("Symbol");
+  record.currencyId = row.Int("CurrencyID");
+  record.investCurrencyId = row.Int("InvestCurrencyID");
+  record.dataId = row.Int("DataID");
+  const Value conversion = row.Field("Conversion");
+  record.conversion = conversion.IsNull() ? 1 : conversion.Double();
+  record.description = row.Text("Description");
+}
+
+InvestmentTransactionRow RowFrom(const Recordset& row) {
+  InvestmentTransactionRow record;
+  record.transactionId = row.Int("TransactionID");
+  record.accountId = row.Int("AccountID");
+  record.payeeId = row.Int("PayeeID");
+  record.action = static_cast<InvestAction>(row.Int("Action"));
+  record.dividend = row.Double("Dividend");
+  record.shares = row.Double("Shares");
+  record.price = row.Double("Price");
+  record.commission = row.Double("Commission");
+  record.amount = row.Double("Amount");
+  record.total = SignedAmount(record.action, record.amount);
+  record.description = row.Text("Description");
+  record.date = row.Day("Date").value_or(Date());
+  record.status =
+      StatusFrom({static_cast<int>(row.Int("BankChk")), static_cast<int>(row.Int("BankRec"))});
+  record.account = row.Text("Account");
+  record.accountClosed = row.Int("CloseAccount") != 0;
+  record.currency = row.Text("CurrencyCode");
+  record.investment = row.Text("Payee");
+  record.symbol = row.Text("Symbol");
+  return record;
+}
+
 }  // namespace
+
+std::vector<InvestmentDetails> InvestmentBook::ListInvestments(
+    std::optional<std::int64_t> investmentId) {
+  std::vector<InvestmentDetails> investments;
+  Recordset rows = core_.store.OpenRecordset(
+      "Select P.PayeeID as InvestID, P.Payee as Investment, P.CurrencyID, CC.Currency, "
+      "CI.CurrencyID as InvestCurrencyID, CI.Currency as InvestCurrency,"
+      "P.DataID, P.[Conversion], P.Symbol, P.Description from "
+      "((tblPayees P INNER JOIN tblCurrency CC ON CC.CurrencyID = P.CurrencyID) "
+      "LEFT JOIN tblCurrency CI ON CI.CurrencyID = P.InvestCurrencyID) "
+      "WHERE Investment = 1 " +
+      (investmentId ? "AND P.PayeeID = " + SqlNumber(*investmentId) : std::string()) +
+      " Order by CC.Currency, P.Payee");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    InvestmentDetails& record = investments.emplace_back();
+    record.investmentId = rows.Int("InvestID");
+    record.investment = rows.Text("Investment");
+    FillRecord(rows, record);
+    record.currency = rows.Text("Currency");
+    record.investCurrency = rows.Text("InvestCurrency");
+  }
+  return investments;
+}
+
+std::optional<InvestmentRecord> InvestmentBook::ReadInvestment(std::int64_t investmentId) {
+  const Recordset row = core_.store.OpenRecordset(
+      "Select * from tblPayees" + WhereInvestment(investmentId) + " AND Investment = 1");
+  if (row.Eof()) return std::nullopt;
+  InvestmentRecord record;
+  record.investmentId = investmentId;
+  record.investment = row.Text("Payee");
+  FillRecord(row, record);
+  return record;
+}
+
+std::int64_t InvestmentBook::InvestmentNameExists(const std::string& name,
+                                                  std::int64_t investmentId) {
+  const std::int64_t other =
+      core_.OtherKey("Select * from tblPayees Where Investment = 1 AND Payee = " + SqlName(name),
+                     "PayeeID", investmentId);
+  return other == 0 ? investmentId : other;
+}
 
 std::int64_t InvestmentBook::FindOrCreateInvestment(const std::string& name,
                                                     const std::string& symbol,
@@ -49,11 +130,74 @@ std::int64_t InvestmentBook::FindOrCreateInvestment(const std::string& name,
       name);
 }
 
+std::int64_t InvestmentBook::SaveInvestment(InvestmentRecord& record) {
+  const UndoLog::Step step = core_.undo.Begin("Save Investment");
+  const std::int64_t key = core_.SaveRow("tblPayees", "PayeeID", record.investmentId,
+                                         {{"Payee", record.investment},
+                                          {"Symbol", record.symbol},
+                                          {"Conversion", record.conversion},
+                                          {"CurrencyID", record.currencyId},
+                                          {"InvestCurrencyID", record.investCurrencyId},
+                                          {"DataID", record.dataId},
+                                          {"Description", record.description},
+                                          {"Investment", 1}});
+  return record.investmentId = key;
+}
+
+bool InvestmentBook::DeleteInvestment(std::int64_t investmentId) {
+  const UndoLog::Step step = core_.undo.Begin("Delete Investment");
+  Transaction all = core_.store.Begin();
+  const std::string where = WhereInvestment(investmentId);
+  const bool isGone =
+      core_.store.Execute("Delete From tblPayees" + where + " AND Investment = 1" +
+                          LedgerCore::UnlessUsed("PayeeID", investmentId, kEntryTables)) > 0;
+  if (isGone) core_.store.Execute("Delete From tblHistory" + where);
+  all.Commit();
+  return isGone;
+}
+
+std::int64_t InvestmentBook::PriceCount(std::int64_t investmentId) {
+  return core_.store.QueryValue("Select Count(*) from tblHistory" + WhereInvestment(investmentId))
+      .Int();
+}
+
+std::optional<InvestmentPrice> InvestmentBook::LastPrice(std::int64_t investmentId) {
+  const Recordset row = core_.store.OpenRecordset(
+      "Select Top 1 [Date], Price from tblHistory WHERE PayeeId = " + SqlNumber(investmentId) +
+      " Order by [Date] Desc, HistoryID Desc");
+  if (row.Eof()) return std::nullopt;
+  return InvestmentPrice{row.Day(0).value_or(Date()), row.Double(1)};
+}
+
+std::vector<StockSource> InvestmentBook::StockSources() {
+  std::vector<StockSource> sources;
+  Recordset rows = core_.store.OpenRecordset(kSources);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    sources.push_back({rows.Int("DataID"), rows.Text("Name"), rows.Text("LookUpURL")});
+  }
+  return sources;
+}
+
+std::vector<InvestmentTransactionRow> InvestmentBook::ListTransactions(const StatusFilter& filter) {
+  std::vector<InvestmentTransactionRow> list;
+  Recordset rows = core_.store.OpenRecordset(
+      "Select T.TransactionID, T.[Date], T.AccountID, T.PayeeID, T.[Action], T.Dividend, T.Shares, "
+      "T.Price, T.Commission, T.[Amount], T.Description, T.BankChk, T.BankRec, A.Account, "
+      "A.CloseAccount, C.Currency AS CurrencyCode, P.Payee, P.Symbol "
+      "from ((tblTransactions T INNER JOIN tblPayees P ON P.PayeeID = T.PayeeID) "
+      "INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
+      "LEFT JOIN tblCurrency C ON C.CurrencyID = A.CurrencyId WHERE " +
+      filter.Clause() +
+      "P.Investment = 1 AND T.[Action] Between 1 AND 6 AND T.AllocatedItem = 0 "
+      "Order by T.[Date] Desc, T.TransactionID Desc");
+  for (; !rows.Eof(); rows.MoveNext()) list.push_back(RowFrom(rows));
+  return list;
+}
+
 std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Investment Transaction");
   Transaction all = core_.store.Begin();
-  const bool isNew = record.transactionId == 0;
-  if (!isNew) {
+  if (record.transactionId != 0) {
     const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
     if (!old || old->allocatedItem != 0) return 0;
     core_.closed.RequireOpenHalves(*old);
@@ -62,36 +206,33 @@ std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& re
     TransactionRows(core_).RepairTransfer(record.transactionId, 0);
   }
   core_.closed.RequireOpen(record.accountId);
-  const bool takesCash = LowersCash(record.action);
-  const std::int64_t category = takesCash
-                                    ? ledger_.Categories().FindOrCreateCategory("Debit", {}, -1)
-                                    : ledger_.Categories().FindOrCreateCategory("Credit", {}, 1);
-  const std::int64_t payment = ledger_.References().FindOrCreatePayment("Import");
-  const StatusFlags flags = FlagsOf(record.status);
-  Recordset row =
-      core_.store.OpenRecordset(isNew ? "tblTransactions"
-                                      : "Select * from tblTransactions Where TransactionID = " +
-                                            SqlNumber(record.transactionId));
-  if (isNew) row.AddNew();
-  row.Set("Date", record.date);
-  row.Set("AccountID", record.accountId);
-  row.Set("PayeeID", record.payeeId);
-  row.Set("CategoryId", category);
-  row.Set("PaymentID", payment);
-  row.Set("Action", static_cast<std::int64_t>(record.action));
-  row.Set("TransferID", 0);
-  row.Set("Dividend", record.dividend);
-  row.Set("Shares", record.shares);
-  row.Set("Price", record.price);
-  row.Set("Commission", record.commission);
-  row.Set("Amount", takesCash ? 0 - record.total : record.total);
-  row.Set("Description", record.description);
-  row.Set("BankChk", flags.bankChk);
-  row.Set("BankRec", flags.bankRec);
-  row.Update();
-  record.transactionId = row.Key();
+  WriteTransaction(record);
   all.Commit();
   return record.transactionId;
+}
+
+void InvestmentBook::WriteTransaction(InvestmentTransaction& record) {
+  const bool takesCash = TakesCash(record.action);
+  const std::int64_t category = ledger_.Categories().FindOrCreateCategory(
+      takesCash ? "Debit" : "Credit", {}, takesCash ? -1 : 1);
+  const std::int64_t payment = ledger_.References().FindOrCreatePayment("Import");
+  const StatusFlags flags = FlagsOf(record.status);
+  record.transactionId = core_.SaveRow("tblTransactions", "TransactionID", record.transactionId,
+                                       {{"Date", record.date},
+                                        {"AccountID", record.accountId},
+                                        {"PayeeID", record.payeeId},
+                                        {"CategoryId", category},
+                                        {"PaymentID", payment},
+                                        {"Action", static_cast<std::int64_t>(record.action)},
+                                        {"TransferID", 0},
+                                        {"Dividend", record.dividend},
+                                        {"Shares", record.shares},
+                                        {"Price", record.price},
+                                        {"Commission", record.commission},
+                                        {"Amount", SignedAmount(record.action, record.total)},
+                                        {"Description", record.description},
+                                        {"BankChk", flags.bankChk},
+                                        {"BankRec", flags.bankRec}});
 }
 
 }  // namespace corvanta::inline ledger

@@ -18,6 +18,36 @@ enum class InvestAction {
   RemoveShares = 6
 };
 
+// An action as a person reads it.
+struct InvestActionName {
+  InvestAction action;
+  const char* name;
+};
+// All of them, in the order of their codes.
+inline constexpr InvestActionName kInvestActions[] = {
+    {InvestAction::Buy, "Buy"},
+    {InvestAction::Sell, "Sell"},
+    {InvestAction::Dividend, "Dividend"},
+    {InvestAction::ReinvestDividend, "Reinvest Dividend"},
+    {InvestAction::AddShares, "Add Shares"},
+    {InvestAction::RemoveShares, "Remove Shares"}};
+// The name of a stored code; empty for a code that is none.
+[[nodiscard]] constexpr const char* ActionName(std::int64_t code) {
+  for (const InvestActionName& each : kInvestActions) {
+    if (static_cast<std::int64_t>(each.action) == code) return each.name;
+  }
+  return "";
+}
+
+// Whether the action is booked as money that leaves the account.
+[[nodiscard]] constexpr bool TakesCash(InvestAction action) {
+  return action == InvestAction::Buy || action == InvestAction::RemoveShares;
+}
+// What the account's amount becomes of the action's total, which has no sign.
+[[nodiscard]] constexpr double SignedAmount(InvestAction action, double total) {
+  return TakesCash(action) ? 0 - total : total;
+}
+
 // An investment transaction as it is saved. Amounts in the account's currency, without the sign
 // that the action gives them.
 struct InvestmentTransaction {
@@ -33,6 +63,47 @@ struct InvestmentTransaction {
   std::string description;
   Date date;
   TransactionStatus status = TransactionStatus::Uncleared;
+};
+
+// An investment transaction as lists show it.
+struct InvestmentTransactionRow : InvestmentTransaction {
+  std::string account;
+  std::string currency;  // of the account, its code
+  bool accountClosed = false;
+  std::string investment;
+  std::string symbol;
+  double amount = 0;  // as the account has it, money out negative
+};
+
+// An investment as its editor reads and saves it.
+struct InvestmentRecord {
+  std::int64_t investmentId = 0;  // 0 for a new one
+  std::string investment;
+  std::string symbol;                 // by which its source knows it
+  std::int64_t currencyId = 0;        // of the account that holds it
+  std::int64_t investCurrencyId = 0;  // in which the market quotes it
+  std::int64_t dataId = 0;            // its source of quotes
+  double conversion = 1;  // times a quote gives the price: 0.01 for quotes in hundredths
+  std::string description;
+};
+
+// An investment with what lists show of it.
+struct InvestmentDetails : InvestmentRecord {
+  std::string currency;        // code
+  std::string investCurrency;  // code; empty for none
+};
+
+// A price of one share in the currency of the account.
+struct InvestmentPrice {
+  Date date;
+  double price = 0;
+};
+
+// Where quotes come from.
+struct StockSource {
+  std::int64_t dataId = 0;
+  std::string name;
+  std::string lookUpUrl;  // a page to look symbols up; empty for none
 };
 
 }  // namespace corvanta::inline ledger

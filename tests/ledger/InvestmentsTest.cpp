@@ -1,3 +1,4 @@
+#include "ledger/BalanceBook.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/InvestmentRecord.h"
 #include "ledger/RecordsTest.h"
@@ -5,6 +6,7 @@
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
 #include "ledger/TransactionStatus.h"
+#include "store/sql/UndoLog.h"
 
 namespace corvanta {
 namespace {
@@ -78,6 +80,117 @@ TEST_F(Investments, ARowThatWasSomethingElseLeavesNoLinks) {
   InvestmentTransaction missing = Row(InvestAction::Buy);
   missing.transactionId = 9999;
   EXPECT_EQ(ledger_.Investments().SaveInvestmentTransaction(missing), 0);
+}
+
+TEST_F(Investments, AreListedByCurrencyAndName) {
+  const auto add = [this](const char* name, int currency, int quoted) {
+    InvestmentRecord record;
+    record.investment = name;
+    record.symbol = "S";
+    record.currencyId = currency;
+    record.investCurrencyId = quoted;
+    record.dataId = 2;
+    record.conversion = 0.01;
+    record.description = "d";
+    return ledger_.Investments().SaveInvestment(record);
+  };
+  add("Bolt", kPounds, kEuros);
+  const std::int64_t acme = add("Acme", kPounds, 0);
+  add("Crest", kEuros, kEuros);
+  std::string listed;
+  for (const InvestmentDetails& row : ledger_.Investments().ListInvestments()) {
+    listed += row.investment + ' ' + row.currency + '/' + row.investCurrency + "; ";
+  }
+  EXPECT_EQ(listed, "Crest EUR/EUR; Acme GBP/; Bolt GBP/EUR; ");
+  const auto one = ledger_.Investments().ListInvestments(acme);
+  ASSERT_EQ(one.size(), 1U);
+  EXPECT_EQ(one.front().symbol + one.front().description, "Sd");
+  EXPECT_EQ(one.front().conversion, 0.01);
+  EXPECT_EQ(one.front().dataId, 2);
+  Run("UPDATE tblPayees SET [Conversion] = NULL WHERE PayeeID = " + std::to_string(acme));
+  EXPECT_EQ(ledger_.Investments().ReadInvestment(acme)->conversion, 1);
+  EXPECT_FALSE(ledger_.Investments().ReadInvestment(payee_)) << "a payee is none";
+}
+
+TEST_F(Investments, TheNameIsAskedForAmongOthers) {
+  InvestmentBook& investments = ledger_.Investments();
+  const std::int64_t key = investments.FindOrCreateInvestment("O'Brien", "OBR", kPounds);
+  EXPECT_EQ(investments.InvestmentNameExists("O'Brien", 0), key);
+  EXPECT_EQ(investments.InvestmentNameExists(" o'brien ", 0), key);
+  EXPECT_EQ(investments.InvestmentNameExists("O'Brien", key), key);
+  EXPECT_EQ(investments.InvestmentNameExists("Shop", 0), 0) << "a payee's";
+  const std::int64_t twin = investments.FindOrCreateInvestment("O'Brien", "OBR.L", kPounds);
+  EXPECT_EQ(investments.InvestmentNameExists("O'Brien", key), twin);
+}
+
+TEST_F(Investments, AreDeletedWithTheirPricesUnlessUsed) {
+  ledger_.Undo().Start();
+  InvestmentTransaction row = Row(InvestAction::Buy);
+  InvestmentBook& investments = ledger_.Investments();
+  const std::int64_t key = row.payeeId;
+  Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (" + std::to_string(key) +
+      ",#11/01/2026#,3)");
+  investments.SaveInvestmentTransaction(row);
+  EXPECT_FALSE(investments.DeleteInvestment(key));
+  EXPECT_EQ(investments.PriceCount(key), 1);
+  ledger_.Transactions().DeleteTransaction(row.transactionId);
+  EXPECT_FALSE(investments.DeleteInvestment(payee_)) << "not a payee by mistake";
+  EXPECT_TRUE(investments.DeleteInvestment(key));
+  EXPECT_EQ(investments.PriceCount(key), 0);
+  ledger_.Undo().Undo();
+  EXPECT_EQ(investments.PriceCount(key), 1);
+  EXPECT_TRUE(investments.ReadInvestment(key));
+}
+
+TEST_F(Investments, TheirTransactionsAreListedTheNewestFirst) {
+  InvestmentTransaction older = Row(InvestAction::Buy);
+  ledger_.Investments().SaveInvestmentTransaction(older);
+  InvestmentTransaction newer = Row(InvestAction::Sell);
+  newer.accountId = euros_;
+  newer.date = *Date::FromIso("2026-11-02");
+  newer.status = TransactionStatus::Cleared;
+  ledger_.Investments().SaveInvestmentTransaction(newer);
+  Add(bank_, -5);
+  const auto list = ledger_.Investments().ListTransactions();
+  ASSERT_EQ(list.size(), 2U);
+  EXPECT_EQ(list[0].transactionId, newer.transactionId);
+  EXPECT_EQ(list[0].account + ' ' + list[0].currency + ' ' + list[0].symbol, "Euros EUR ACM");
+  EXPECT_EQ(list[0].status, TransactionStatus::Cleared);
+  EXPECT_EQ(list[1].amount, -26);
+  EXPECT_EQ(list[1].total, 26) << "without its sign";
+  StatusFilter cleared;
+  cleared.uncleared = false;
+  EXPECT_EQ(ledger_.Investments().ListTransactions(cleared).size(), 1U);
+}
+
+TEST_F(Investments, HoldingsAreUnitsTimesTheLatestPrice) {
+  const auto save = [this](InvestAction action, double shares, const char* day) {
+    InvestmentTransaction row = Row(action);
+    row.shares = shares;
+    row.date = *Date::FromIso(day);
+    ledger_.Investments().SaveInvestmentTransaction(row);
+    return row.payeeId;
+  };
+  BalanceBook& balances = ledger_.Balances();
+  save(InvestAction::Buy, 10, "2026-10-01");
+  save(InvestAction::Sell, 4, "2026-10-02");
+  save(InvestAction::AddShares, 3, "2026-10-03");
+  save(InvestAction::RemoveShares, 1, "2026-10-04");
+  const std::int64_t acme = save(InvestAction::ReinvestDividend, 2, "2026-10-05");
+  EXPECT_EQ(balances.HoldingsValue(bank_), 0) << "without a price";
+  const auto price = [&](const char* day, const char* value) {
+    Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (" + std::to_string(acme) + ",#" +
+        day + "#," + value + ")");
+  };
+  price("10/06/2026", "2.5");
+  price("10/05/2026", "7");
+  EXPECT_EQ(balances.HoldingsValue(bank_), 25);
+  EXPECT_EQ(balances.HoldingsValue(bank_, " AND T.[Date] <= #10/02/2026#"), 15);
+  price("10/06/2026", "3");
+  EXPECT_EQ(balances.HoldingsValue(bank_), 30) << "of one day the one that was stored last";
+  price("10/07/2026", "NULL");
+  EXPECT_EQ(balances.HoldingsValue(bank_), 0);
+  EXPECT_EQ(balances.HoldingsValue(savings_), 0);
 }
 
 TEST_F(Investments, AddTransactionWritesAWholeSplit) {
