@@ -1,7 +1,10 @@
 // Opens the windows of investments and market data, each modal before its parent.
 #pragma once
 
+#include "platform/Date.h"
+
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 
@@ -24,7 +27,32 @@ struct InvestPlace {
   clsCorvanta& ledger;
   RateSource& rates;
   QWidget* parent;
+  // Called when rows have changed while a dialog goes on standing ("Add &New"); may be empty.
+  std::function<void()> changed{};
 };
+
+// What became of an editor: whether the data file was changed, and the row saved last (0 for none).
+struct InvestResult {
+  bool isChanged = false;
+  std::int64_t savedKey = 0;
+};
+
+// Which investment transaction the editor opens with: the row of that key ("EDIT"), otherwise a new
+// one ("ADD") in the account, of the investment and of that day, of today without one; 0 leaves
+// account or investment to the person.
+struct InvestTransRequest {
+  std::int64_t key = 0;
+  std::int64_t accountId = 0;
+  std::int64_t investmentId = 0;
+  std::optional<Date> day{};
+};
+
+// The editor of the investment of that key, or of a new one for 0. One that is gone opens nothing
+// and is reported as a change. Throws StoreError when it cannot be read, as the next does.
+InvestResult OpenInvest(std::int64_t key, const InvestPlace& place);
+// The editor of investment transactions. Without any account, and on a row of a closed one, it says
+// so and opens nothing; a row that is gone opens nothing and is reported as a change.
+InvestResult OpenInvestTrans(const InvestTransRequest& request, const InvestPlace& place);
 
 struct CurrencyResult {
   double amount = 0;          // in the account's currency, rounded to its cents

@@ -1,8 +1,12 @@
 #include "invest/FrmCurrency.h"
 #include "invest/FrmHistory.h"
+#include "invest/FrmInvest.h"
+#include "invest/FrmInvestTrans.h"
 #include "invest/FrmRates.h"
 #include "invest/FrmSources.h"
 #include "invest/InvestDialogs.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
 
 namespace corvanta::inline invest {
 
@@ -32,6 +36,24 @@ bool OpenHistory(const InvestPlace& place, std::int64_t investmentId) {
   FrmHistory form(place, investmentId);
   form.exec();
   return form.IsChanged();
+}
+
+InvestResult OpenInvest(std::int64_t key, const InvestPlace& place) {
+  FrmInvest form(place);
+  if (!form.Open(key)) return {true, 0};
+  form.exec();
+  return {form.IsChanged(), form.SavedKey()};
+}
+
+InvestResult OpenInvestTrans(const InvestTransRequest& request, const InvestPlace& place) {
+  FrmInvestTrans form(request, place);
+  if (const auto warning = form.Editor().CheckOpen(request.key)) {
+    place.platform.prompts.Tell(warning->title, warning->text);
+    return {};
+  }
+  if (!form.Open(request.key)) return {true, 0};
+  form.exec();
+  return {form.IsChanged(), form.SavedKey()};
 }
 
 }  // namespace corvanta::inline invest
