@@ -4,7 +4,9 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/WaitCursor.h"
+#include "invest/PriceDownload.h"
 #include "ledger/InvestmentBook.h"
+#include "ledger/PriceBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
@@ -42,6 +44,7 @@ FrmInvest::FrmInvest(const InvestPlace& place)
       txtLastDate_(MakeShown(tr("Day of the last price"), this)),
       txtDescription_(new QLineEdit(this)) {
   MakeFields();
+  MakeTools();
   CloseWhenSaved();
   AddButtons();
 }
@@ -64,6 +67,13 @@ void FrmInvest::MakeFields() {
   AddField(tr("Last Price:"), txtLastPrice_, "txtLastPrice", txtLastDate_);
   AddField(tr("Desc&ription:"), txtDescription_, "txtDescription");
   connect(txtConvert_, &QLineEdit::editingFinished, this, &FrmInvest::LeaveConversion);
+}
+
+void FrmInvest::MakeTools() {
+  auto* download = MakeButton(tr("Do&wnload Price"), "cmdDownload");
+  download->setToolTip(tr("Fetch today's price from the data source"));
+  AddTools({download});
+  connect(download, &QPushButton::clicked, this, &FrmInvest::Download);
 }
 
 bool FrmInvest::Load(std::int64_t key) {
@@ -114,7 +124,7 @@ void FrmInvest::Show(const InvestmentRecord& row) {
   txtDescription_->setText(ToQt(row.description));
   txtLastPrice_->clear();
   txtLastDate_->clear();
-  const auto last = place_.ledger.Investments().LastPrice(row.investmentId);
+  const auto last = place_.ledger.Prices().LatestPrice(row.investmentId);
   if (!last) return;
   const Locale& locale = place_.platform.locale;
   const int decimals = Settings(place_.platform.registry).InvestmentDecimals();
@@ -137,6 +147,26 @@ InvestmentRecord FrmInvest::Form() const {
 
 void FrmInvest::LeaveConversion() {
   if (txtConvert_->Amount().value_or(0) <= 0) txtConvert_->setText(QStringLiteral("1"));
+}
+
+bool FrmInvest::SaveFirst() {
+  if (!IsNew() && !IsEdited()) return true;
+  return SaveRow() && Open(SavedKey());
+}
+
+void FrmInvest::Download() {
+  Run([this] {
+    if (!SaveFirst()) return;
+    PriceDownload download(place_.ledger, place_.platform);
+    bool isStored = false;
+    {
+      const WaitCursor waiting;
+      isStored = download.DownloadInvestmentPrice(Key()).has_value();
+    }
+    if (!isStored) return Note(ToQt(download.Note()));
+    MarkChanged();
+    Open(Key());
+  });
 }
 
 void FrmInvest::LookUp() {

@@ -30,10 +30,15 @@ class FrmInvest : public EditorDialog {
 
  private:
   void MakeFields();
+  void MakeTools();
   void FillLists();
   void Show(const InvestmentRecord& row);
   [[nodiscard]] InvestmentRecord Form() const;
   void LeaveConversion();
+  // Prices are of an investment that is saved: saves what was typed, and shows it. False when it
+  // was refused, which the person knows.
+  bool SaveFirst();
+  void Download();
   void LookUp();
 
   InvestPlace place_;

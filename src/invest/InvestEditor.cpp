@@ -1,6 +1,7 @@
 #include "invest/InvestEditor.h"
 
 #include "ledger/InvestmentBook.h"
+#include "ledger/PriceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Opener.h"
@@ -100,7 +101,7 @@ Deletion InvestEditor::Delete(std::int64_t key) {
   const auto row = investments.ReadInvestment(key);
   if (!row) return {true, true, {}};
   std::string more;
-  if (const std::int64_t prices = investments.PriceCount(key); prices > 0) {
+  if (const std::size_t prices = ledger_.Prices().PricesOf(key).size(); prices > 0) {
     more = prices == 1 ? " Its stored price is deleted too."
                        : " Its " + std::to_string(prices) + " stored prices are deleted too.";
   }

@@ -156,19 +156,6 @@ bool InvestmentBook::DeleteInvestment(std::int64_t investmentId) {
   return isGone;
 }
 
-std::int64_t InvestmentBook::PriceCount(std::int64_t investmentId) {
-  return core_.store.QueryValue("Select Count(*) from tblHistory" + WhereInvestment(investmentId))
-      .Int();
-}
-
-std::optional<InvestmentPrice> InvestmentBook::LastPrice(std::int64_t investmentId) {
-  const Recordset row = core_.store.OpenRecordset(
-      "Select Top 1 [Date], Price from tblHistory WHERE PayeeId = " + SqlNumber(investmentId) +
-      " Order by [Date] Desc, HistoryID Desc");
-  if (row.Eof()) return std::nullopt;
-  return InvestmentPrice{row.Day(0).value_or(Date()), row.Double(1)};
-}
-
 std::vector<StockSource> InvestmentBook::StockSources() {
   std::vector<StockSource> sources;
   Recordset rows = core_.store.OpenRecordset(kSources);

@@ -38,9 +38,6 @@ class InvestmentBook {
   std::int64_t SaveInvestment(InvestmentRecord& record);
   // The investment with its prices; false when there is none, or transactions or schedules need it.
   bool DeleteInvestment(std::int64_t investmentId);
-  [[nodiscard]] std::int64_t PriceCount(std::int64_t investmentId);
-  // Of the latest day; of several on it the one stored last. nullopt without any.
-  [[nodiscard]] std::optional<InvestmentPrice> LastPrice(std::int64_t investmentId);
   // The sources of quotes that an investment can have.
   [[nodiscard]] std::vector<StockSource> StockSources();
 

@@ -93,12 +93,6 @@ struct InvestmentDetails : InvestmentRecord {
   std::string investCurrency;  // code; empty for none
 };
 
-// A price of one share in the currency of the account.
-struct InvestmentPrice {
-  Date date;
-  double price = 0;
-};
-
 // Where quotes come from.
 struct StockSource {
   std::int64_t dataId = 0;

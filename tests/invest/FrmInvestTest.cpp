@@ -113,6 +113,29 @@ TEST_F(FrmInvestTest, DeletingClosesItUnlessItIsNeeded) {
   EXPECT_TRUE(dialog_->IsChanged());
 }
 
+TEST_F(FrmInvestTest, ThePriceIsDownloadedForWhatIsSaved) {
+  Store().Execute("UPDATE tblStockData SET [URL] = 'http://quotes.test/STOCK' WHERE DataID = 2");
+  Machine().download.Answer("http://quotes.test/BLT", "\"BLT\",250.00,\"11/20/2026\"\r\n");
+  Open(0);
+  Prompt().ExpectTell("Save Warning", "You need to enter a Symbol");
+  Click(*dialog_, "cmdDownload");
+  EXPECT_EQ(FocusOf(*dialog_), "txtSymbol");
+  Type(*dialog_, "txtSymbol", "BLT");
+  Type(*dialog_, "txtInvestment", "Bolt");
+  Find<PickBox>(*dialog_, "cmbDataSource").SetKey(2);
+  Type(*dialog_, "txtConvert", "0.01");
+  Click(*dialog_, "cmdDownload");
+  EXPECT_EQ(Text("txtLastPrice"), "2.5000");
+  EXPECT_EQ(Text("txtLastDate"), "21/11/2026");
+  EXPECT_EQ(dialog_->windowTitle(), "Edit Investment");
+  EXPECT_TRUE(Find<QPushButton>(*dialog_, "cmdDelete").isVisible());
+  EXPECT_TRUE(Investments().ReadInvestment(dialog_->SavedKey()));
+  Machine().download.Answer("http://quotes.test/BLT", "\"BLT\",N/A,\"11/20/2026\"\r\n");
+  Prompt().ExpectTell("Download Warning", ScriptedPrompts::kAnyText);
+  Click(*dialog_, "cmdDownload");
+  EXPECT_EQ(Text("txtLastPrice"), "2.5000");
+}
+
 TEST_F(FrmInvestTest, LookingUpNeedsASource) {
   Open(0);
   Prompt().ExpectTell("Lookup Warning", "You need to select a Data Source");

@@ -1,6 +1,7 @@
 #include "ledger/BalanceBook.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/InvestmentRecord.h"
+#include "ledger/PriceBook.h"
 #include "ledger/RecordsTest.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/TransactionBook.h"
@@ -132,13 +133,13 @@ TEST_F(Investments, AreDeletedWithTheirPricesUnlessUsed) {
       ",#11/01/2026#,3)");
   investments.SaveInvestmentTransaction(row);
   EXPECT_FALSE(investments.DeleteInvestment(key));
-  EXPECT_EQ(investments.PriceCount(key), 1);
+  EXPECT_EQ(ledger_.Prices().PricesOf(key).size(), 1U);
   ledger_.Transactions().DeleteTransaction(row.transactionId);
   EXPECT_FALSE(investments.DeleteInvestment(payee_)) << "not a payee by mistake";
   EXPECT_TRUE(investments.DeleteInvestment(key));
-  EXPECT_EQ(investments.PriceCount(key), 0);
+  EXPECT_EQ(ledger_.Prices().PricesOf(key).size(), 0U);
   ledger_.Undo().Undo();
-  EXPECT_EQ(investments.PriceCount(key), 1);
+  EXPECT_EQ(ledger_.Prices().PricesOf(key).size(), 1U);
   EXPECT_TRUE(investments.ReadInvestment(key));
 }
 
