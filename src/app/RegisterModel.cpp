@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "ledger/RegisterOrder.h"
+#include "ledger/TradeText.h"
 #include "platform/Locale.h"
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
@@ -198,9 +199,8 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole: {
       const QString text = Text(index.row(), index.column());
-      const QString marks =
-          index.column() == kPayee ? MarksText(Row(index.row()), IsAhead(index.row())) : QString();
-      return marks.isEmpty() ? text : text + QStringLiteral(" (") + marks + u')';
+      const QString addition = Addition(index.row(), index.column());
+      return addition.isEmpty() ? text : text + QStringLiteral(" (") + addition + u')';
     }
     default:
       return {};
@@ -216,10 +216,8 @@ QString RegisterModel::Text(int row, int column) const {
       return ToQt(locale_.FormatShortDate(entry.date));
     case kPayee:
       return PayeeText(row, entry);
-    case kCategory: {
-      const std::string* category = rows_->Names().Category(entry.categoryId);
-      return category == nullptr ? QString() : ToQt(*category);
-    }
+    case kCategory:
+      return CategoryText(row, entry);
     case kPayment:
       return ToQt(rows_->Names().Payment(entry.paymentId));
     case kRef:
@@ -237,6 +235,24 @@ QString RegisterModel::Text(int row, int column) const {
     default:
       return {};
   }
+}
+
+QString RegisterModel::Addition(int row, int column) const {
+  if (column == kPayee) return MarksText(Row(row), IsAhead(row));
+  if (column != kCategory) return {};
+  const QString category = CategoryName(Entry(row));
+  return category == Text(row, column) ? QString() : category;
+}
+
+QString RegisterModel::CategoryName(const RegisterEntry& entry) const {
+  const std::string* category = rows_->Names().Category(entry.categoryId);
+  return category == nullptr ? QString() : ToQt(*category);
+}
+
+QString RegisterModel::CategoryText(int row, const RegisterEntry& entry) const {
+  const bool isTrade = rows_->Names().IsInvestment(entry.payeeId);
+  const std::string trade = isTrade ? TradeText(Row(row), locale_) : std::string();
+  return trade.empty() ? CategoryName(entry) : ToQt(trade);
 }
 
 QString RegisterModel::PayeeText(int row, const RegisterEntry& entry) const {

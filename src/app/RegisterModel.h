@@ -87,6 +87,11 @@ class RegisterModel : public QAbstractTableModel {
  private:
   [[nodiscard]] QString Text(int row, int column) const;
   [[nodiscard]] QString PayeeText(int row, const RegisterEntry& entry) const;
+  // Of an investment transaction: what was done.
+  [[nodiscard]] QString CategoryText(int row, const RegisterEntry& entry) const;
+  [[nodiscard]] QString CategoryName(const RegisterEntry& entry) const;
+  // What is added to a cell's text where it is told in words; empty for nothing.
+  [[nodiscard]] QString Addition(int row, int column) const;
   void PutInOrder();
   void ReadOn();
   // The row's place among the rows by day, and the other way.

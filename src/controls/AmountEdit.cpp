@@ -19,17 +19,6 @@ constexpr int kMaxDecimals = 6;
 // No sum of so few digits overflows a number.
 constexpr int kMaxCharacters = 100;
 
-// How many decimals the amount needs, at least those of the locale.
-int NeededDecimals(double amount, int least) {
-  for (int decimals = least; decimals < kMaxDecimals; ++decimals) {
-    const double scaled = amount * std::pow(10.0, decimals);
-    if (std::abs(scaled - std::round(scaled)) < 1e-6 * std::max(1.0, std::abs(scaled))) {
-      return decimals;
-    }
-  }
-  return std::max(least, kMaxDecimals);
-}
-
 }  // namespace
 
 AmountEdit::AmountEdit(const Locale& locale, QWidget* parent, AmountText left)
@@ -49,7 +38,7 @@ int AmountEdit::Decimals() const {
 int AmountEdit::DecimalsOf(double amount) const {
   if (left_ == AmountText::Whole) return 0;
   const int usual = std::max(locale_.DefaultDecimals(), Decimals());
-  return left_ == AmountText::Rounded ? usual : NeededDecimals(amount, usual);
+  return left_ == AmountText::Rounded ? usual : NeededDecimals(amount, usual, kMaxDecimals);
 }
 
 QString AmountEdit::Shown(double amount) const {

@@ -61,8 +61,9 @@ struct ScheduleRequest {
   std::optional<TransactionForm> prefilled;
 };
 
-// The transaction editor. A row that cannot be edited there is told and opens nothing; one that is
-// gone opens nothing and is reported as a change. Throws StoreError when the row cannot be read.
+// The transaction editor, of an investment transaction its own. A row that cannot be edited is told
+// and opens nothing; one that is gone opens nothing and is reported as a change. Throws StoreError
+// when the row cannot be read.
 EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace& place);
 // The editor of schedules. Without any account it says so and opens nothing; a schedule that is
 // gone opens nothing and is reported as a change. Throws StoreError when it cannot be read.

@@ -4,16 +4,28 @@
 #include "entry/FrmAccountTransMulti.h"
 #include "entry/FrmAllocate.h"
 #include "entry/FrmSchedule.h"
+#include "invest/InvestDialogs.h"
 #include "ledger/Keys.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
 namespace corvanta::inline entry {
 
+namespace {
+
+EntryResult OpenTrade(std::int64_t key, const EntryPlace& place) {
+  const InvestResult result = OpenInvestTrans(
+      {key, 0, 0, {}}, {place.platform, place.ledger, place.rates, place.parent, place.changed});
+  return {result.isChanged, result.savedKey};
+}
+
+}  // namespace
+
 EntryResult OpenTransaction(const TransactionRequest& request, const EntryPlace& place) {
   FrmAccountTrans form(place, request.accountId);
   std::int64_t key = request.prefilled ? request.prefilled->transactionId : request.key;
   if (key != 0) {
+    if (form.Editor().IsOfInvestment(key)) return OpenTrade(key, place);
     if (const auto warning = form.Editor().CheckOpen(key)) {
       place.platform.prompts.Tell(warning->title, warning->text);
       return {};

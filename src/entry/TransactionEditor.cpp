@@ -71,6 +71,11 @@ std::optional<TransactionForm> TransactionEditor::Load(std::int64_t key) {
   return FormOf(ledger_, *stored);
 }
 
+bool TransactionEditor::IsOfInvestment(std::int64_t key) {
+  const Stored& stored = Read(key);
+  return stored && stored->row.action != 0;
+}
+
 std::optional<Warning> TransactionEditor::CheckOpen(std::int64_t key) {
   const Stored& stored = Read(key);
   return stored ? CheckRow(*stored) : std::nullopt;

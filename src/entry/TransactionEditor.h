@@ -36,6 +36,8 @@ class TransactionEditor : public EntryEditor {
   // The row as the editor shows it. A split line shows the transaction that it is a line of.
   // nullopt when there is no such row, and for an investment transaction.
   [[nodiscard]] std::optional<TransactionForm> Load(std::int64_t key);
+  // Whether the row is one that the editor of investment transactions is for.
+  [[nodiscard]] bool IsOfInvestment(std::int64_t key);
   // Why an existing row cannot be edited here: it is an investment transaction, or a closed account
   // holds it or its other half. nullopt for a row that can, and for one that is gone.
   [[nodiscard]] std::optional<Warning> CheckOpen(std::int64_t key);

@@ -41,7 +41,8 @@ RegisterNames::RegisterNames(Connection& connection)
                             "Select CategoryID, Category & IIF(IsNull(SubCategory) OR SubCategory "
                             "= '', '', ':' & SubCategory) from tblCategory")),
       payees_(ReadNames(connection, "Select PayeeID, Payee from tblPayees")),
-      payments_(ReadNames(connection, "Select PaymentID, [Payment] from tblPayments")) {}
+      payments_(ReadNames(connection, "Select PaymentID, [Payment] from tblPayments")),
+      investments_(ReadKeys(connection, "Select PayeeID from tblPayees Where Investment = 1")) {}
 
 const std::string* RegisterNames::Category(std::int64_t key) const {
   return Find(categories_, key);

@@ -24,12 +24,15 @@ class RegisterNames {
   [[nodiscard]] const std::string* Category(std::int64_t key) const;
   // Empty for a key that has no row.
   [[nodiscard]] std::string_view Payee(std::int64_t key) const;
+  // Whether the payee is an investment.
+  [[nodiscard]] bool IsInvestment(std::int64_t key) const { return investments_.contains(key); }
   [[nodiscard]] std::string_view Payment(std::int64_t key) const;
 
  private:
   NamesByKey categories_;
   NamesByKey payees_;
   NamesByKey payments_;
+  std::unordered_set<std::int64_t> investments_;
 };
 
 // What other rows say of some transactions: other halves, split lines, attachments.

@@ -20,7 +20,9 @@ enum Position {
   kTransfer,
   kCategory,
   kPayee,
-  kPayment
+  kPayment,
+  kShares,
+  kPrice
 };
 
 }  // namespace
@@ -37,7 +39,8 @@ std::string EntryCondition(const RegisterScope& scope) {
 
 std::string RowsStatement() {
   return "Select T.TransactionID, T.[Date], T.[Amount], T.Reference, T.Description, T.BankChk, "
-         "T.BankRec, T.BankSch, T.[Action], T.TransferID, T.CategoryID, T.PayeeID, T.PaymentID "
+         "T.BankRec, T.BankSch, T.[Action], T.TransferID, T.CategoryID, T.PayeeID, T.PaymentID, "
+         "T.Shares, T.Price "
          "from tblTransactions T WHERE ";
 }
 
@@ -61,6 +64,10 @@ bool RegisterReader::Read(RegisterRow& row) const {
   row.hasAttachment = links_.HasAttachment(row.transactionId);
   row.scheduleId = rows_.Int(kBankSch);
   row.action = rows_.Int(kAction);
+  if (row.action != 0) {
+    row.shares = rows_.Double(kShares);
+    row.price = rows_.Double(kPrice);
+  }
   return true;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/Decimal.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -62,6 +63,16 @@ double Rounded(double value, int decimals) {
   double rounded = 0;
   std::from_chars(text.data(), text.data() + text.size(), rounded);
   return decimal.isNegative ? -rounded : rounded;
+}
+
+int NeededDecimals(double value, int least, int most) {
+  for (int decimals = least; decimals < most; ++decimals) {
+    const double scaled = value * std::pow(10.0, decimals);
+    if (std::abs(scaled - std::round(scaled)) < 1e-6 * std::max(1.0, std::abs(scaled))) {
+      return decimals;
+    }
+  }
+  return std::max(least, most);
 }
 
 }  // namespace corvanta::inline platform

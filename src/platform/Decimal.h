@@ -17,5 +17,7 @@ struct Decimal {
 [[nodiscard]] Decimal RoundToDecimals(double value, int decimals);
 // The same as a number; what is not finite stays.
 [[nodiscard]] double Rounded(double value, int decimals);
+// With how many decimals, from `least` to `most`, the value is written without losing any.
+[[nodiscard]] int NeededDecimals(double value, int least, int most);
 
 }  // namespace corvanta::inline platform
