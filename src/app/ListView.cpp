@@ -150,13 +150,26 @@ bool ListView::ChooseKey(std::int64_t key) {
   return true;
 }
 
-QString ListView::ChosenText() const {
-  QStringList cells;
-  const int row = model_->RowOf(ChosenKey());
-  for (int column = 0; row >= 0 && column < model_->columnCount(); ++column) {
-    cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
+std::vector<std::int64_t> ListView::ChosenKeys() const {
+  std::vector<std::int64_t> keys;
+  const QItemSelectionModel& chosen = *table_->selectionModel();
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    if (chosen.isRowSelected(row)) keys.push_back(model_->Row(row).key);
   }
-  return cells.join(u'\t') + u'\n';
+  return keys;
+}
+
+QString ListView::ChosenText() const {
+  QString text;
+  for (const std::int64_t key : ChosenKeys()) {
+    QStringList cells;
+    const int row = model_->RowOf(key);
+    for (int column = 0; column < model_->columnCount(); ++column) {
+      cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
+    }
+    text += cells.join(u'\t') + u'\n';
+  }
+  return text;
 }
 
 void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,

@@ -75,7 +75,9 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] const ViewPlace& Place() const { return place_; }
   // 0 while no row is chosen.
   [[nodiscard]] std::int64_t ChosenKey() const;
-  // The chosen row as a line of cells with tabs between them.
+  // In the order of the list; of one that allows several.
+  [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
+  // The chosen rows as lines of cells with tabs between them.
   [[nodiscard]] QString ChosenText() const;
   // What stands in the place of a list without rows, above the command that adds one.
   struct Nothing {

@@ -14,6 +14,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeTransactions();
   MakeSchedules();
   MakeReference();
+  MakeInvestments();
   MakeViews();
   MakeViewOptions();
   mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
@@ -140,6 +141,23 @@ void MainActions::MakeReference() {
       Make("mnuViewPayments", tr("Pay&ment Types..."), "", tr("Show the payment types"));
 }
 
+void MainActions::MakeInvestments() {
+  mnuInvestAdd = Make("mnuInvestAdd", tr("&Add..."), "add", tr("Add an investment"));
+  mnuInvestEdit = Make("mnuInvestEdit", tr("&Edit..."), "edit", tr("Edit the chosen investment"));
+  mnuInvestDelete =
+      Make("mnuInvestDelete", tr("&Delete"), "delete", tr("Delete the chosen investment"));
+  mnuInvestTransAdd = Make("mnuInvestTransAdd", tr("&Add..."), "add",
+                           tr("Enter what was bought, sold or paid out"));
+  mnuInvestTransEdit = Make("mnuInvestTransEdit", tr("&Edit..."), "edit",
+                            tr("Edit the chosen investment transaction"));
+  mnuInvestTransDelete = Make("mnuInvestTransDelete", tr("&Delete"), "delete",
+                              tr("Delete the chosen investment transactions"));
+  mnuInvestTransCopy = Make("mnuInvestTransCopy", tr("&Copy"), "copy",
+                            tr("Copy the chosen investment transactions"));
+  mnuInvestTransPaste = Make("mnuInvestTransPaste", tr("&Paste"), "paste",
+                             tr("Enter the copied investment transactions once more"));
+}
+
 void MainActions::MakeViews() {
   mnuViewAccounts = Make("mnuViewAccounts", tr("&Accounts"), "accounts",
                          tr("Show the list of accounts"), QKeySequence(Qt::CTRL | Qt::Key_1));
@@ -153,12 +171,18 @@ void MainActions::MakeViews() {
   mnuViewSchedules =
       Make("mnuViewSchedules", tr("Sc&hedules"), "schedule",
            tr("Show what is paid again and again"), QKeySequence(Qt::CTRL | Qt::Key_5));
+  mnuViewInvestments =
+      Make("mnuViewInvestments", tr("In&vestments"), "investments",
+           tr("Show what can be held, with its price"), QKeySequence(Qt::CTRL | Qt::Key_6));
+  mnuViewInvestTrans =
+      Make("mnuViewInvestTrans", tr("Investment &Transactions"), "trades",
+           tr("Show what was bought, sold and paid out"), QKeySequence(Qt::CTRL | Qt::Key_7));
   mnuViewReminders = Make("mnuViewReminders", tr("Rem&inders"), "reminder",
                           tr("Show or fold what is due"), QKeySequence(Qt::Key_F9));
   mnuViewReminders->setCheckable(true);
   auto* views = new QActionGroup(this);
-  for (QAction* view :
-       {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewSchedules}) {
+  for (QAction* view : {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
+                        mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans}) {
     view->setCheckable(true);
     views->addAction(view);
   }
@@ -236,14 +260,15 @@ std::array<std::pair<QAction*, EditTask>, 6> MainActions::EditTasks() const {
 
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
-       {mnuFileImport,      mnuViewSchedules,  mnuScheduleAdd,      mnuViewAccounts,
-        mnuViewRegister,    mnuViewCategories, mnuViewPayees,       mnuViewRefresh,
-        mnuViewDescription, mnuViewReference,  mnuViewStatus,       mnuViewUnCleared,
-        mnuViewCleared,     mnuViewReconciled, mnuViewAccountTypes, mnuViewBanks,
-        mnuViewPayments,    mnuToolsKeywords,  mnuAccountAdd,       mnuAccountList,
-        mnuCategoryAdd,     mnuPayeeNew,       mnuToolsCurrency,    mnuToolsRates,
-        mnuToolsSources,    mnuTransAdd,       mnuTransAutofill,    mnuTransReconcile,
-        mnuViewReconcile,   mnuFilePassword,   mnuFileKey}) {
+       {mnuFileImport,      mnuViewSchedules,   mnuScheduleAdd,      mnuInvestAdd,
+        mnuInvestTransAdd,  mnuViewInvestments, mnuViewInvestTrans,  mnuViewAccounts,
+        mnuViewRegister,    mnuViewCategories,  mnuViewPayees,       mnuViewRefresh,
+        mnuViewDescription, mnuViewReference,   mnuViewStatus,       mnuViewUnCleared,
+        mnuViewCleared,     mnuViewReconciled,  mnuViewAccountTypes, mnuViewBanks,
+        mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,       mnuAccountList,
+        mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
+        mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
+        mnuViewReconcile,   mnuFilePassword,    mnuFileKey}) {
     action->setEnabled(open);
   }
 }

@@ -87,6 +87,15 @@ class MainActions : public QObject {
   QAction* mnuReminderPost;
   QAction* mnuReminderSkip;
 
+  QAction* mnuInvestAdd;
+  QAction* mnuInvestEdit;
+  QAction* mnuInvestDelete;
+  QAction* mnuInvestTransAdd;
+  QAction* mnuInvestTransEdit;
+  QAction* mnuInvestTransDelete;
+  QAction* mnuInvestTransCopy;
+  QAction* mnuInvestTransPaste;
+
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
@@ -99,6 +108,8 @@ class MainActions : public QObject {
   QAction* mnuViewCategories;
   QAction* mnuViewPayees;
   QAction* mnuViewSchedules;
+  QAction* mnuViewInvestments;
+  QAction* mnuViewInvestTrans;
   QAction* mnuViewReminders;
   QAction* mnuViewBack;
   QAction* mnuViewForward;
@@ -126,6 +137,7 @@ class MainActions : public QObject {
   void MakeTransactions();
   void MakeSchedules();
   void MakeReference();
+  void MakeInvestments();
   void MakeViews();
   void MakeViewOptions();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
@@ -135,6 +147,7 @@ class MainActions : public QObject {
   // The keys of the command work in the views alone, not beside them.
   QAction* InViews(QAction* action) const;
   QMenu* AddMenu(QMenuBar& menus, const char* name, const QString& text) const;
+  void FillInvestMenu(QMenu& investments) const;
   void FillViewMenu(QMenu& view) const;
 
   QWidget* window_;

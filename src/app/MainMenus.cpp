@@ -47,6 +47,7 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
   QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
+  FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
   tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsSources, mnuToolsKeywords});
   tools->addSeparator();
@@ -61,9 +62,19 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
                    mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
 }
 
+void MainActions::FillInvestMenu(QMenu& investments) const {
+  investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete});
+  investments.addSeparator();
+  QMenu* transactions = investments.addMenu(tr("Investment &Transactions"));
+  transactions->setObjectName(QStringLiteral("mnuInvestTrans"));
+  transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});
+  transactions->addSeparator();
+  transactions->addActions({mnuInvestTransCopy, mnuInvestTransPaste});
+}
+
 void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
-                   mnuViewSchedules, mnuViewReminders});
+                   mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewReminders});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();

@@ -2,6 +2,8 @@
 
 #include "app/AccountsView.h"
 #include "app/CategoriesView.h"
+#include "app/InvestmentTransView.h"
+#include "app/InvestmentsView.h"
 #include "app/PayeesView.h"
 #include "app/ScheduleView.h"
 #include "app/TransactionShowView.h"
@@ -15,6 +17,8 @@ std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
   views.push_back(new CategoriesView(place, parent));
   views.push_back(new PayeesView(place, parent));
   views.push_back(new ScheduleView(place, parent));
+  views.push_back(new InvestmentsView(place, parent));
+  views.push_back(new InvestmentTransView(place, parent));
   return views;
 }
 

@@ -16,6 +16,8 @@ inline constexpr std::string_view kTransactionShow = "TransactionShow";
 inline constexpr std::string_view kCategoryShow = "CategoryShow";
 inline constexpr std::string_view kPayeeShow = "PayeeShow";
 inline constexpr std::string_view kScheduleShow = "LoadSchedule";
+inline constexpr std::string_view kInvestmentShow = "InvestmentShow";
+inline constexpr std::string_view kInvestmentTransShow = "InvestmentTransShow";
 
 // What the main window shows: the view's command and its parameters. Issuing it again shows the
 // view as it was.

@@ -3,6 +3,7 @@
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceTables.h"
+#include "ledger/RegisterReader.h"
 #include "ledger/RowLinks.h"
 #include "ledger/SqlName.h"
 #include "ledger/TransactionRows.h"
@@ -58,6 +59,7 @@ InvestmentTransactionRow RowFrom(const Recordset& row) {
   record.date = row.Day("Date").value_or(Date());
   record.status =
       StatusFrom({static_cast<int>(row.Int("BankChk")), static_cast<int>(row.Int("BankRec"))});
+  record.letter = StatusLetter(row.Int("BankChk"), row.Int("BankRec"));
   record.account = row.Text("Account");
   record.accountClosed = row.Int("CloseAccount") != 0;
   record.currency = row.Text("CurrencyCode");
@@ -179,6 +181,16 @@ std::vector<InvestmentTransactionRow> InvestmentBook::ListTransactions(const Sta
       "Order by T.[Date] Desc, T.TransactionID Desc");
   for (; !rows.Eof(); rows.MoveNext()) list.push_back(RowFrom(rows));
   return list;
+}
+
+std::vector<std::int64_t> InvestmentBook::InvestmentTransactionsAmong(Keys transactionIds) {
+  std::string list;
+  for (const std::int64_t key : transactionIds) list += (list.empty() ? "" : ",") + SqlNumber(key);
+  if (list.empty()) return {};
+  return ReadKeys(core_.store,
+                  "Select TransactionID from tblTransactions Where [Action] Between 1 AND 6 AND "
+                  "TransactionID IN (" +
+                      list + ")");
 }
 
 std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& record) {

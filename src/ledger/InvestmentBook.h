@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/InvestmentRecord.h"
+#include "ledger/Keys.h"
 #include "ledger/LedgerCore.h"
 #include "ledger/StatusFilter.h"
 
@@ -46,6 +47,8 @@ class InvestmentBook {
   // Those of all accounts that the filter shows, the newest first.
   [[nodiscard]] std::vector<InvestmentTransactionRow> ListTransactions(
       const StatusFilter& filter = {});
+  // Those of the transactions that are of investments.
+  [[nodiscard]] std::vector<std::int64_t> InvestmentTransactionsAmong(Keys transactionIds);
   // Writes the row with the sign and category of its action and the payment type "Import". Its key
   // is put into the record and returned; 0 when there is no such row. A transfer that the row was
   // half of ends, and its other half becomes an ordinary row.

@@ -72,7 +72,8 @@ struct InvestmentTransactionRow : InvestmentTransaction {
   bool accountClosed = false;
   std::string investment;
   std::string symbol;
-  double amount = 0;  // as the account has it, money out negative
+  double amount = 0;        // as the account has it, money out negative
+  const char* letter = "";  // of the status: "", "C" or "R"
 };
 
 // An investment as its editor reads and saves it.

@@ -32,7 +32,9 @@ std::int64_t TransactionPaste::PasteTransactions(Keys sourceIds, std::int64_t ac
   const UndoLog::Step step = core_.undo.Begin("Paste Transaction");
   std::int64_t last = 0;
   const bool isDone = core_.ForEachRow(sourceIds, [&](std::int64_t key) {
-    last = std::max(last, PasteTransaction(key, accountId));
+    const std::optional<RowLinks> row = ReadLinks(core_.store, key);
+    const std::int64_t own = row ? row->accountId : 0;
+    last = std::max(last, PasteTransaction(key, accountId == 0 ? own : accountId));
   });
   return isDone ? last : 0;
 }

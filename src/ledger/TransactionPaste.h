@@ -18,8 +18,8 @@ class TransactionPaste {
   // is no such row. Of a transfer both halves are copied, where the other half's account is open
   // and another one; otherwise, as of a split line, the copy is an ordinary row.
   std::int64_t PasteTransaction(std::int64_t sourceId, std::int64_t accountId);
-  // The same for several, all of them or none; returns the highest key of the copies, 0 when the
-  // person asked to stop, and none was made.
+  // The same for several, all of them or none, for account 0 each in its own; returns the highest
+  // key of the copies, 0 when the person asked to stop, and none was made.
   std::int64_t PasteTransactions(Keys sourceIds, std::int64_t accountId);
 
  private:

@@ -60,8 +60,9 @@ TEST_F(MainViewsTest, EachHasAnEntryATitleAListAndSettingsOfItsOwn) {
 TEST_F(MainViewsTest, EachIsShownMarkedPrintedAndFoundAgain) {
   OpenData();
   ShowWindow();
-  for (const char* entry : {"mnuViewAccounts", "mnuViewRegister", "mnuViewCategories",
-                            "mnuViewPayees", "mnuViewSchedules"}) {
+  for (const char* entry :
+       {"mnuViewAccounts", "mnuViewRegister", "mnuViewCategories", "mnuViewPayees",
+        "mnuViewSchedules", "mnuViewInvestments", "mnuViewInvestTrans"}) {
     Trigger(entry);
     const ViewCommand shown = window_->Shown();
     EXPECT_TRUE(Find<QAction>(entry).isChecked()) << entry;

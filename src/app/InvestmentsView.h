@@ -1,0 +1,29 @@
+#pragma once
+
+#include "app/ListView.h"
+
+namespace corvanta::inline invest {
+struct InvestPlace;
+}
+
+namespace corvanta::inline app {
+
+// The view of "InvestmentShow": what can be held, with its latest price.
+class InvestmentsView : public ListView {
+  Q_OBJECT
+
+ public:
+  InvestmentsView(const ViewPlace& place, QWidget* parent);
+
+  void Show(const ViewCommand& command) override;
+
+ protected:
+  void Add() override { Edit(0); }
+  void Edit(std::int64_t key) override;
+  void Delete(std::int64_t key) override;
+};
+
+// Where the dialogs of investments stand, and what they tell of changes.
+[[nodiscard]] InvestPlace InvestHere(const ViewPlace& place);
+
+}  // namespace corvanta::inline app
