@@ -1,10 +1,8 @@
 #include "cli/AccountFields.h"
 
 #include "cli/Arguments.h"
-#include "cli/NamedItem.h"
+#include "cli/CurrencyArgument.h"
 #include "cli/Session.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
@@ -24,15 +22,7 @@ void AccountFields::Declare(CLI::App& command, bool isNew) {
 }
 
 bool AccountFields::Fill(AccountForm& form, clsCorvanta& ledger, Session& session) const {
-  if (currency_) {
-    std::vector<NamedItem> currencies;
-    for (const CurrencyRecord& row : ledger.References().Currencies()) {
-      currencies.push_back({row.currencyId, row.currency});
-    }
-    const auto currency = FindItem(currencies, *currency_, "Currency", "currency", session);
-    if (!currency) return false;
-    form.currencyId = currency->key;
-  }
+  if (currency_ && !FindCurrency(ledger, *currency_, form.currencyId, session)) return false;
   form.accountGroup = group_.value_or(form.accountGroup);
   if (opening_) form.openingBalance = NumberOf(*opening_);
   form.accountNo = number_.value_or(form.accountNo);

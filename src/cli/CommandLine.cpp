@@ -15,6 +15,7 @@
 #include "cli/ExportCommand.h"
 #include "cli/HoldingsCommand.h"
 #include "cli/ImportCommand.h"
+#include "cli/InvestCommand.h"
 #include "cli/KeyCommand.h"
 #include "cli/KeywordCommand.h"
 #include "cli/LoanCommand.h"
@@ -224,6 +225,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<EditorCommand<BankRecord>>("bank", "Bank"));
   add(std::make_unique<EditorCommand<AccountGroupRecord>>("group", "Group"));
   add(std::make_unique<KeywordCommand>());
+  add(std::make_unique<InvestCommand>());
   add(std::make_unique<MergeCommand>());
   add(std::make_unique<ImportCommand>());
   add(std::make_unique<ExportCommand>());

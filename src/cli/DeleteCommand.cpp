@@ -1,11 +1,7 @@
 #include "cli/DeleteCommand.h"
 
 #include "cli/Session.h"
-#include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
-#include "platform/Platform.h"
-#include "platform/Prompts.h"
-#include "reference/Deletion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -23,14 +19,7 @@ ExitStatus DeleteCommand::Run(Session& session) {
   clsCorvanta ledger(*file->connection, session.Machine());
   const auto rows = transactions_.Find(ledger, session);
   if (!rows) return ExitStatus::Refused;
-  // What goes with the rows has to be in an open account too.
-  if (RefuseClosed(ledger.Transactions().ReachesClosedAccount(KeysOf(*rows)), session))
-    return ExitStatus::Refused;
-
-  if (!AskDeleteItems(session.Machine().prompts, rows->size())) return ExitStatus::Refused;
-  ledger.Transactions().DeleteTransactions(KeysOf(*rows));
-  session.Tell("Delete", TransactionCount(rows->size()) + " deleted");
-  return ExitStatus::Done;
+  return DeleteRows(*rows, ledger, session);
 }
 
 }  // namespace corvanta::inline cli

@@ -34,6 +34,11 @@ ExitStatus EditCommand::Run(Session& session) {
                                             std::to_string(row.allocatedItem) +
                                             ". Lines are changed with split.");
   }
+  if (row.action != 0) {
+    return session.Refuse("Amend Item",
+                          "This is a transaction of an investment. It is changed with invest "
+                          "transaction edit.");
+  }
   WebRates rates(ledger, session.Machine());
   TransactionEditor editor(ledger, session.Machine(), rates);
   if (const auto warning = editor.CheckOpen(row.transactionId)) {

@@ -3,6 +3,8 @@
 #include "cli/Session.h"
 #include "ledger/ClosedAccounts.h"
 #include "ledger/TransactionBook.h"
+#include "platform/Platform.h"
+#include "reference/Deletion.h"
 
 #include <CLI/CLI.hpp>
 
@@ -75,6 +77,18 @@ bool RefuseClosed(bool isClosed, Session& session) {
     session.Tell("Amend Item", kAccountClosed);
   }
   return isClosed;
+}
+
+ExitStatus DeleteRows(const std::vector<TransactionDetails>& rows, clsCorvanta& ledger,
+                      Session& session) {
+  // What goes with the rows has to be in an open account too.
+  if (RefuseClosed(ledger.Transactions().ReachesClosedAccount(KeysOf(rows)), session))
+    return ExitStatus::Refused;
+
+  if (!AskDeleteItems(session.Machine().prompts, rows.size())) return ExitStatus::Refused;
+  ledger.Transactions().DeleteTransactions(KeysOf(rows));
+  session.Tell("Delete", TransactionCount(rows.size()) + " deleted");
+  return ExitStatus::Done;
 }
 
 std::string TransactionCount(std::size_t count) {

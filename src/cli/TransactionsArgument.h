@@ -1,5 +1,6 @@
 #pragma once
 
+#include "cli/ExitStatus.h"
 #include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
@@ -39,6 +40,9 @@ class TransactionsArgument {
 // True, and told under "Amend Item", when one of them is in a closed account.
 [[nodiscard]] bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session);
 [[nodiscard]] bool RefuseClosed(bool isClosed, Session& session);
+// Asks, and deletes them; refuses, told, where one or what goes with it is in a closed account.
+ExitStatus DeleteRows(const std::vector<TransactionDetails>& rows, clsCorvanta& ledger,
+                      Session& session);
 // The words for a number of them: "1 transaction", "3 transactions".
 [[nodiscard]] std::string TransactionCount(std::size_t count);
 

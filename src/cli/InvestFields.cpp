@@ -1,0 +1,68 @@
+#include "cli/InvestFields.h"
+
+#include "cli/Arguments.h"
+#include "cli/CurrencyArgument.h"
+#include "cli/Session.h"
+#include "ledger/InvestmentBook.h"
+#include "ledger/clsCorvanta.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta::inline cli {
+
+std::vector<NamedItem> InvestmentItems(clsCorvanta& ledger) {
+  std::vector<NamedItem> items;
+  for (const InvestmentDetails& row : ledger.Investments().ListInvestments()) {
+    items.push_back({row.investmentId, row.investment});
+  }
+  return items;
+}
+
+std::optional<NamedItem> FindInvestment(clsCorvanta& ledger, const std::string& typed,
+                                        Session& session) {
+  return FindItem(InvestmentItems(ledger), typed, "Investment", "investment", session);
+}
+
+void InvestFields::Declare(CLI::App& command, bool isNew) {
+  command.add_option("--symbol", symbol_, "The symbol by which its source knows it")
+      ->required(isNew);
+  command.add_option("--source", source_, "Where its price comes from, such as \"Manual Update\"")
+      ->required(isNew);
+  command.add_option("--currency", currency_,
+                     isNew ? "The code of the currency of its account (that of the latest account "
+                             "without it)"
+                           : "The code of the currency of its account");
+  command.add_option("--quote-currency", quoteCurrency_,
+                     isNew ? "The code of the currency in which the market quotes it (--currency "
+                             "without it)"
+                           : "The code of the currency in which the market quotes it");
+  command
+      .add_option("--conversion", conversion_,
+                  "What a quote is multiplied by, such as 0.01 for hundredths")
+      ->type_name("N")
+      ->check(NumberFault);
+  command.add_option("--description", description_, "What it is");
+}
+
+bool InvestFields::Fill(InvestmentRecord& record, clsCorvanta& ledger, Session& session) const {
+  if (currency_ && !FindCurrency(ledger, *currency_, record.currencyId, session)) return false;
+  if (record.investmentId == 0) record.investCurrencyId = record.currencyId;
+  if (quoteCurrency_ && !FindCurrency(ledger, *quoteCurrency_, record.investCurrencyId, session)) {
+    return false;
+  }
+  if (source_) {
+    std::vector<NamedItem> sources;
+    for (const StockSource& each : ledger.Investments().StockSources()) {
+      sources.push_back({each.dataId, each.name});
+    }
+    const auto source = FindItem(sources, *source_, "Data Source", "source", session);
+    if (!source) return false;
+    record.dataId = source->key;
+  }
+  record.symbol = symbol_.value_or(record.symbol);
+  if (conversion_) record.conversion = NumberOf(*conversion_);
+  record.description = description_.value_or(record.description);
+  return true;
+}
+
+}  // namespace corvanta::inline cli

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "cli/NamedItem.h"
+#include "ledger/InvestmentRecord.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace CLI {
+class App;
+}
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
+
+class Session;
+
+// All investments that can be named.
+[[nodiscard]] std::vector<NamedItem> InvestmentItems(clsCorvanta& ledger);
+// The investment of that name or key; nullopt, told, when there is none.
+[[nodiscard]] std::optional<NamedItem> FindInvestment(clsCorvanta& ledger, const std::string& typed,
+                                                      Session& session);
+
+// The options that say what an investment is; what is not given is left as it is.
+class InvestFields {
+ public:
+  // `isNew`: those that a new investment cannot do without are required.
+  void Declare(CLI::App& command, bool isNew);
+  // Puts what was given into the record; false, told, when there is no such currency or source.
+  [[nodiscard]] bool Fill(InvestmentRecord& record, clsCorvanta& ledger, Session& session) const;
+
+ private:
+  std::optional<std::string> symbol_;
+  std::optional<std::string> currency_;
+  std::optional<std::string> quoteCurrency_;
+  std::optional<std::string> source_;
+  std::optional<std::string> conversion_;
+  std::optional<std::string> description_;
+};
+
+}  // namespace corvanta::inline cli
