@@ -31,23 +31,24 @@ std::vector<ListColumn> Columns(const Platform& platform) {
   const auto text = [&](const QString& sample) {
     return metrics.horizontalAdvance(sample) + 3 * kRhythm;
   };
-  const auto figure = [&](int decimals) {
-    return TabularWidth(metrics, ToQt(platform.locale.FormatNumber(-99999.99, decimals))) +
+  const auto figure = [&](double sample, int decimals) {
+    return TabularWidth(metrics, ToQt(platform.locale.FormatNumber(sample, decimals))) +
            3 * kRhythm;
   };
   const int decimals = Settings(platform.registry).InvestmentDecimals();
   const QString day = ToQt(platform.locale.FormatShortDate(*Date::FromYmd(2028, 12, 28)));
+  const int money = figure(-9999.99, -1);
   return {
       {InvestmentTransView::tr("Date"), text(day) + kRhythm, 0},
-      {InvestmentTransView::tr("Account"), text(QStringLiteral("An account's")), 2, false, 7},
-      {InvestmentTransView::tr("Investment"), text(QStringLiteral("An investment's")), 3},
-      {InvestmentTransView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 0, false, 3},
+      {InvestmentTransView::tr("Account"), text(QStringLiteral("A broker's account")), 2, false, 6},
+      {InvestmentTransView::tr("Investment"), text(QStringLiteral("Name of a company")), 3},
+      {InvestmentTransView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 0, false, 4},
       {InvestmentTransView::tr("Action"), text(QStringLiteral("Reinvest Dividend")), 0},
-      {InvestmentTransView::tr("Dividend"), figure(decimals), 0, true, 5},
-      {InvestmentTransView::tr("Shares"), figure(decimals), 0, true},
-      {InvestmentTransView::tr("Price"), figure(decimals), 0, true, 8},
-      {InvestmentTransView::tr("Commission"), figure(decimals), 0, true, 4},
-      {InvestmentTransView::tr("Amount"), figure(-1), 0, true},
+      {InvestmentTransView::tr("Dividend"), money, 0, true, 5},
+      {InvestmentTransView::tr("Shares"), figure(9999.99, decimals), 0, true},
+      {InvestmentTransView::tr("Price"), figure(9999.99, decimals), 0, true, 7},
+      {InvestmentTransView::tr("Commission"), text(QStringLiteral("Commission")), 0, true, 3},
+      {InvestmentTransView::tr("Amount"), figure(-99999.99, -1), 0, true},
       {InvestmentTransView::tr("Status"), text(QStringLiteral("Status")), 0, false, 2},
       {InvestmentTransView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }
@@ -68,8 +69,8 @@ ListTraits Traits(const ViewPlace& place) {
 
 ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int decimals) {
   // What the action has not is left out.
-  const auto figure = [&](double value) {
-    return ListCell{value == 0 ? QString() : ToQt(locale.FormatNumber(value, decimals)), value};
+  const auto figure = [&](double value, int digits) {
+    return ListCell{value == 0 ? QString() : ToQt(locale.FormatNumber(value, digits)), value};
   };
   QString account = ToQt(row.account);
   if (row.accountClosed) account += InvestmentTransView::tr(" [Closed] ");
@@ -79,10 +80,10 @@ ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int de
            {ToQt(row.investment)},
            {ToQt(row.symbol)},
            {QLatin1String(ActionName(static_cast<std::int64_t>(row.action)))},
-           figure(row.dividend),
-           figure(row.shares),
-           figure(row.price),
-           figure(row.commission),
+           figure(row.dividend, -1),
+           figure(row.shares, decimals),
+           figure(row.price, decimals),
+           figure(row.commission, -1),
            {ToQt(locale.FormatNumber(row.amount)), row.amount},
            {QLatin1String(row.letter)},
            {ToQt(row.description)}},

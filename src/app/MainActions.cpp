@@ -172,10 +172,10 @@ void MainActions::MakeViews() {
       Make("mnuViewSchedules", tr("Sc&hedules"), "schedule",
            tr("Show what is paid again and again"), QKeySequence(Qt::CTRL | Qt::Key_5));
   mnuViewInvestments =
-      Make("mnuViewInvestments", tr("In&vestments"), "investments",
+      Make("mnuViewInvestments", tr("Inves&tments"), "investments",
            tr("Show what can be held, with its price"), QKeySequence(Qt::CTRL | Qt::Key_6));
   mnuViewInvestTrans =
-      Make("mnuViewInvestTrans", tr("Investment &Transactions"), "trades",
+      Make("mnuViewInvestTrans", tr("Investment T&ransactions"), "trades",
            tr("Show what was bought, sold and paid out"), QKeySequence(Qt::CTRL | Qt::Key_7));
   mnuViewReminders = Make("mnuViewReminders", tr("Rem&inders"), "reminder",
                           tr("Show or fold what is due"), QKeySequence(Qt::Key_F9));
@@ -214,7 +214,7 @@ void MainActions::MakeViewOptions() {
       MakeTick("mnuViewReference", tr("Show &Reference"), tr("Show the reference in the register"));
   mnuViewStatus =
       MakeTick("mnuViewStatus", tr("Show S&tatus"), tr("Show the status in the register"));
-  mnuViewSort = new QMenu(tr("Sort by Co&lumn"), window_);
+  mnuViewSort = new QMenu(tr("Sort by &Column"), window_);
   mnuViewSort->menuAction()->setObjectName(QStringLiteral("mnuViewSort"));
   mnuViewWidths = Make("mnuViewWidths", tr("Reset Column &Widths"), "",
                        tr("Let the columns of the list fill its width again"));

@@ -147,6 +147,7 @@ class MainActions : public QObject {
   // The keys of the command work in the views alone, not beside them.
   QAction* InViews(QAction* action) const;
   QMenu* AddMenu(QMenuBar& menus, const char* name, const QString& text) const;
+  static QMenu* AddSubmenu(QMenu& menu, const char* name, const QString& text);
   void FillInvestMenu(QMenu& investments) const;
   void FillViewMenu(QMenu& view) const;
 

@@ -14,6 +14,12 @@ QMenu* MainActions::AddMenu(QMenuBar& menus, const char* name, const QString& te
   return menu;
 }
 
+QMenu* MainActions::AddSubmenu(QMenu& menu, const char* name, const QString& text) {
+  QMenu* submenu = menu.addMenu(text);
+  submenu->menuAction()->setObjectName(QLatin1String(name));
+  return submenu;
+}
+
 void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
   file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFileKey});
@@ -65,8 +71,7 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
 void MainActions::FillInvestMenu(QMenu& investments) const {
   investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete});
   investments.addSeparator();
-  QMenu* transactions = investments.addMenu(tr("Investment &Transactions"));
-  transactions->setObjectName(QStringLiteral("mnuInvestTrans"));
+  QMenu* transactions = AddSubmenu(investments, "mnuInvestTrans", tr("Investment &Transactions"));
   transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});
   transactions->addSeparator();
   transactions->addActions({mnuInvestTransCopy, mnuInvestTransPaste});
@@ -80,9 +85,11 @@ void MainActions::FillViewMenu(QMenu& view) const {
   view.addSeparator();
   view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled, mnuViewAll});
   view.addSeparator();
-  view.addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
-  view.addMenu(mnuViewSort);
-  view.addAction(mnuViewWidths);
+  QMenu* columns = AddSubmenu(view, "mnuViewColumns", tr("Co&lumns"));
+  columns->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
+  columns->addSeparator();
+  columns->addMenu(mnuViewSort);
+  columns->addAction(mnuViewWidths);
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();
@@ -98,6 +105,7 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewCategories);
   ribbon.AddButton(mnuViewPayees);
   ribbon.AddButton(mnuViewSchedules);
+  ribbon.AddButton(mnuViewInvestments);
   ribbon.AddSeparator();
   ribbon.AddButton(mnuTransAdd);
   ribbon.AddButton(mnuTransAutofill);

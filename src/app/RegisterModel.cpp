@@ -238,7 +238,13 @@ QString RegisterModel::Text(int row, int column) const {
 }
 
 QString RegisterModel::Addition(int row, int column) const {
-  if (column == kPayee) return MarksText(Row(row), IsAhead(row));
+  if (column == kPayee) {
+    // Where there is little room, no other column says it.
+    const QString trade = ToQt(TradeText(Row(row), locale_));
+    const QString marks = MarksText(Row(row), IsAhead(row));
+    return trade.isEmpty() || marks.isEmpty() ? trade + marks
+                                              : trade + QStringLiteral(", ") + marks;
+  }
   if (column != kCategory) return {};
   const QString category = CategoryName(Entry(row));
   return category == Text(row, column) ? QString() : category;

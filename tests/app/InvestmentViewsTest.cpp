@@ -206,6 +206,8 @@ TEST_F(InvestmentViews, TheRegisterSaysWhatWasDone) {
   const auto cell = [&] { return model.index(model.RowOf(38), RegisterModel::kCategory); };
   EXPECT_EQ(cell().data().toString(), "Buy 100 at 3.16");
   EXPECT_EQ(cell().data(Qt::ToolTipRole).toString(), "Buy 100 at 3.16 (Debit)");
+  EXPECT_EQ(model.index(cell().row(), RegisterModel::kPayee).data(Qt::ToolTipRole).toString(),
+            "British Telecom (Buy 100 at 3.16)");
   InNext("FrmInvestTrans", [](QDialog& dialog) {
     Put(dialog, "txtShares", "50.25");
     Put(dialog, "txtPrice", "3.12345");
