@@ -41,7 +41,8 @@ std::vector<ListColumn> Columns(const Platform& platform) {
   return {
       {InvestmentTransView::tr("Date"), text(day) + kRhythm, 0},
       {InvestmentTransView::tr("Account"), text(QStringLiteral("A broker's account")), 2, false, 6},
-      {InvestmentTransView::tr("Investment"), text(QStringLiteral("Name of a company")), 3},
+      {InvestmentTransView::tr("Investment"), text(QStringLiteral("Name of a company")), 3, false,
+       0, 16 * kRhythm},
       {InvestmentTransView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 0, false, 4},
       {InvestmentTransView::tr("Action"), text(QStringLiteral("Reinvest Dividend")), 0},
       {InvestmentTransView::tr("Dividend"), money, 0, true, 5},

@@ -4,6 +4,7 @@
 #include "app/MainActions.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
+#include "controls/SortedTable.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "invest/InvestDialogs.h"
@@ -29,7 +30,7 @@ std::vector<ListColumn> Columns(const Platform& platform) {
   const QString price = ToQt(platform.locale.FormatNumber(99999.99, decimals));
   const QString day = ToQt(platform.locale.FormatShortDate(*Date::FromYmd(2028, 12, 28)));
   return {
-      {InvestmentsView::tr("Investment"), 22 * kRhythm, 3},
+      {InvestmentsView::tr("Investment"), 22 * kRhythm, 3, false, 0, 16 * kRhythm},
       {InvestmentsView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 1, false, 6},
       {InvestmentsView::tr("Currency"), text(QStringLiteral("Currency")), 0, false, 4},
       {InvestmentsView::tr("Quoted In"), text(QStringLiteral("Quoted In")), 0, false, 3},
@@ -56,7 +57,7 @@ ListTraits Traits(const ViewPlace& place) {
 ListRow RowFor(const InvestmentDetails& row, const QString& source,
                const std::optional<PriceRecord>& last, const Platform& platform) {
   ListCell price;
-  ListCell day{InvestmentsView::tr("None"), -1e9, false, true};
+  ListCell day{InvestmentsView::tr("None"), 0, false, true};
   if (last) {
     const int decimals = Settings(platform.registry).InvestmentDecimals();
     price = {ToQt(platform.locale.FormatNumber(last->price, decimals)), last->price};
@@ -83,7 +84,10 @@ InvestPlace InvestHere(const ViewPlace& place) {
 }
 
 InvestmentsView::InvestmentsView(const ViewPlace& place, QWidget* parent)
-    : ListView(place, Traits(place), parent) {}
+    : ListView(place, Traits(place), parent) {
+  Table()->addAction(place.actions.mnuInvestHistory);
+  place.On(place.actions.mnuInvestHistory, this, [this] { ShowHistory(); });
+}
 
 void InvestmentsView::Show(const ViewCommand& /*command*/) {
   clsCorvanta& ledger = Place().session.Ledger();
@@ -105,7 +109,17 @@ void InvestmentsView::Show(const ViewCommand& /*command*/) {
 }
 
 void InvestmentsView::Edit(std::int64_t key) {
-  const InvestResult result = OpenInvest(key, InvestHere(Place()));
+  Apply(OpenInvest(key, InvestHere(Place())));
+}
+
+void InvestmentsView::ShowHistory() {
+  const InvestPlace place = InvestHere(Place());
+  const std::int64_t key = CommandKey();
+  if (key == 0) return Apply(OpenInvest(0, place, true));
+  if (OpenHistory(place, key)) Place().host.Reload();
+}
+
+void InvestmentsView::Apply(const InvestResult& result) {
   if (!result.isChanged) return;
   Place().host.Reload();
   Place().host.ChooseRow(Name(), result.savedKey);

@@ -4,7 +4,8 @@
 
 namespace corvanta::inline invest {
 struct InvestPlace;
-}
+struct InvestResult;
+}  // namespace corvanta::inline invest
 
 namespace corvanta::inline app {
 
@@ -21,6 +22,10 @@ class InvestmentsView : public ListView {
   void Add() override { Edit(0); }
   void Edit(std::int64_t key) override;
   void Delete(std::int64_t key) override;
+
+ private:
+  void ShowHistory();
+  void Apply(const InvestResult& result);
 };
 
 // Where the dialogs of investments stand, and what they tell of changes.

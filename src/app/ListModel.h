@@ -14,7 +14,8 @@ struct ListColumn {
   int width = 0;    // at least, in pixels
   int stretch = 0;  // share of what is over
   bool isNumber = false;
-  int leaves = 0;  // where there is no room the lowest one is hidden first; 0: never
+  int leaves = 0;    // where there is no room the lowest one is hidden first; 0: never
+  int smallest = 0;  // gives way down to this; 0: as far as texts do
 };
 
 struct ListCell {

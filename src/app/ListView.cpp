@@ -41,7 +41,8 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
   table_->setModel(model_);
   std::vector<ListTable::Column> widths;
   for (const ListColumn& column : model_->Columns()) {
-    const int smallest = column.stretch > 0 ? std::min(column.width, kSmallest) : column.width;
+    const int least = column.smallest > 0 ? column.smallest : kSmallest;
+    const int smallest = column.stretch > 0 ? std::min(column.width, least) : column.width;
     widths.push_back({column.width, column.stretch, smallest, column.leaves});
   }
   table_->SetColumns(std::move(widths));

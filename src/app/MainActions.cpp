@@ -146,6 +146,9 @@ void MainActions::MakeInvestments() {
   mnuInvestEdit = Make("mnuInvestEdit", tr("&Edit..."), "edit", tr("Edit the chosen investment"));
   mnuInvestDelete =
       Make("mnuInvestDelete", tr("&Delete"), "delete", tr("Delete the chosen investment"));
+  mnuInvestHistory =
+      Make("mnuInvestHistory", tr("Price &History..."), "",
+           tr("Show the prices of the chosen investment; of a new one while none is chosen"));
   mnuInvestTransAdd = Make("mnuInvestTransAdd", tr("&Add..."), "add",
                            tr("Enter what was bought, sold or paid out"));
   mnuInvestTransEdit = Make("mnuInvestTransEdit", tr("&Edit..."), "edit",
@@ -260,15 +263,15 @@ std::array<std::pair<QAction*, EditTask>, 6> MainActions::EditTasks() const {
 
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
-       {mnuFileImport,      mnuViewSchedules,   mnuScheduleAdd,      mnuInvestAdd,
-        mnuInvestTransAdd,  mnuViewInvestments, mnuViewInvestTrans,  mnuViewAccounts,
-        mnuViewRegister,    mnuViewCategories,  mnuViewPayees,       mnuViewRefresh,
-        mnuViewDescription, mnuViewReference,   mnuViewStatus,       mnuViewUnCleared,
-        mnuViewCleared,     mnuViewReconciled,  mnuViewAccountTypes, mnuViewBanks,
-        mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,       mnuAccountList,
-        mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
-        mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
-        mnuViewReconcile,   mnuFilePassword,    mnuFileKey}) {
+       {mnuFileImport,     mnuViewSchedules,   mnuScheduleAdd,     mnuInvestAdd,
+        mnuInvestHistory,  mnuInvestTransAdd,  mnuViewInvestments, mnuViewInvestTrans,
+        mnuViewAccounts,   mnuViewRegister,    mnuViewCategories,  mnuViewPayees,
+        mnuViewRefresh,    mnuViewDescription, mnuViewReference,   mnuViewStatus,
+        mnuViewUnCleared,  mnuViewCleared,     mnuViewReconciled,  mnuViewAccountTypes,
+        mnuViewBanks,      mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,
+        mnuAccountList,    mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,
+        mnuToolsRates,     mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,
+        mnuTransReconcile, mnuViewReconcile,   mnuFilePassword,    mnuFileKey}) {
     action->setEnabled(open);
   }
 }

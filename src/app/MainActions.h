@@ -90,6 +90,7 @@ class MainActions : public QObject {
   QAction* mnuInvestAdd;
   QAction* mnuInvestEdit;
   QAction* mnuInvestDelete;
+  QAction* mnuInvestHistory;
   QAction* mnuInvestTransAdd;
   QAction* mnuInvestTransEdit;
   QAction* mnuInvestTransDelete;

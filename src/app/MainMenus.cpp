@@ -69,7 +69,7 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
-  investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete});
+  investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete, mnuInvestHistory});
   investments.addSeparator();
   QMenu* transactions = AddSubmenu(investments, "mnuInvestTrans", tr("Investment &Transactions"));
   transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});

@@ -1,5 +1,6 @@
 #include "cli/InvestCommand.h"
 
+#include "cli/InvestmentArgument.h"
 #include "cli/OutputTable.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
@@ -27,7 +28,7 @@ CLI::App* InvestCommand::Declare(CLI::App& parser) {
   edit_ = command->add_subcommand("edit", "Change an investment, as far as options are given");
   delete_ = command->add_subcommand("delete", "Delete an investment with its stored prices");
   for (CLI::App* form : {edit_, delete_}) {
-    form->add_option("item", name_, "Its name, or # and its key")->required();
+    form->add_option("item", name_, "Its name or symbol, or # and its key")->required();
   }
   edit_->add_option("--name", newName_, "Another name");
   edited_.Declare(*edit_, false);
@@ -84,7 +85,7 @@ ExitStatus InvestCommand::Add(clsCorvanta& ledger, Session& session) const {
 }
 
 ExitStatus InvestCommand::Edit(clsCorvanta& ledger, Session& session) const {
-  const auto item = FindInvestment(ledger, name_, session);
+  const auto item = InvestmentArgument{name_}.Find(ledger, session);
   if (!item) return ExitStatus::Refused;
   InvestEditor editor(ledger, session.Machine());
   std::optional<InvestmentRecord> form = editor.Load(item->key);
@@ -96,7 +97,7 @@ ExitStatus InvestCommand::Edit(clsCorvanta& ledger, Session& session) const {
 }
 
 ExitStatus InvestCommand::Delete(clsCorvanta& ledger, Session& session) const {
-  const auto item = FindInvestment(ledger, name_, session);
+  const auto item = InvestmentArgument{name_}.Find(ledger, session);
   if (!item) return ExitStatus::Refused;
   const Deletion deletion = InvestEditor(ledger, session.Machine()).Delete(item->key);
   if (deletion.isGone) session.Tell(kTitle, "\"" + item->name + "\" deleted");

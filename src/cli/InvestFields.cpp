@@ -2,26 +2,16 @@
 
 #include "cli/Arguments.h"
 #include "cli/CurrencyArgument.h"
+#include "cli/NamedItem.h"
 #include "cli/Session.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/clsCorvanta.h"
 
 #include <CLI/CLI.hpp>
 
+#include <vector>
+
 namespace corvanta::inline cli {
-
-std::vector<NamedItem> InvestmentItems(clsCorvanta& ledger) {
-  std::vector<NamedItem> items;
-  for (const InvestmentDetails& row : ledger.Investments().ListInvestments()) {
-    items.push_back({row.investmentId, row.investment});
-  }
-  return items;
-}
-
-std::optional<NamedItem> FindInvestment(clsCorvanta& ledger, const std::string& typed,
-                                        Session& session) {
-  return FindItem(InvestmentItems(ledger), typed, "Investment", "investment", session);
-}
 
 void InvestFields::Declare(CLI::App& command, bool isNew) {
   command.add_option("--symbol", symbol_, "The symbol by which its source knows it")

@@ -1,11 +1,9 @@
 #pragma once
 
-#include "cli/NamedItem.h"
 #include "ledger/InvestmentRecord.h"
 
 #include <optional>
 #include <string>
-#include <vector>
 
 namespace CLI {
 class App;
@@ -18,12 +16,6 @@ class clsCorvanta;
 namespace corvanta::inline cli {
 
 class Session;
-
-// All investments that can be named.
-[[nodiscard]] std::vector<NamedItem> InvestmentItems(clsCorvanta& ledger);
-// The investment of that name or key; nullopt, told, when there is none.
-[[nodiscard]] std::optional<NamedItem> FindInvestment(clsCorvanta& ledger, const std::string& typed,
-                                                      Session& session);
 
 // The options that say what an investment is; what is not given is left as it is.
 class InvestFields {

@@ -2,7 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
-#include "cli/InvestFields.h"
+#include "cli/InvestmentArgument.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 
@@ -32,7 +32,8 @@ void InvestTransFields::Declare(CLI::App& command, bool isNew) {
       ->transform(CLI::Validator(OneOf(kWords), ""))
       ->required(isNew);
   command.add_option("--account", account_, "The account that holds it")->required(isNew);
-  command.add_option("--investment", investment_, "Its name, or # and its key")->required(isNew);
+  command.add_option("--investment", investment_, "Its name or symbol, or # and its key")
+      ->required(isNew);
   const auto figure = [&](const char* name, std::optional<std::string>& value, const char* what) {
     command.add_option(name, value, what)->type_name("N")->check(NumberFault);
   };
@@ -66,7 +67,7 @@ bool InvestTransFields::FillNames(InvestTransForm& form, clsCorvanta& ledger,
     form.accountId = *account;
   }
   if (!investment_) return true;
-  const auto investment = FindInvestment(ledger, *investment_, session);
+  const auto investment = InvestmentArgument{*investment_}.Find(ledger, session);
   if (investment) form.investmentId = investment->key;
   return investment.has_value();
 }

@@ -2,7 +2,7 @@
 
 #include "cli/AccountArgument.h"
 #include "cli/EntryArguments.h"
-#include "cli/InvestFields.h"
+#include "cli/InvestmentArgument.h"
 #include "cli/OutputTable.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
@@ -89,7 +89,7 @@ ExitStatus InvestTransactions::List(clsCorvanta& ledger, Session& session) const
   }
   std::int64_t investment = 0;
   if (!investment_.empty()) {
-    const auto found = FindInvestment(ledger, investment_, session);
+    const auto found = InvestmentArgument{investment_}.Find(ledger, session);
     if (!found) return ExitStatus::Refused;
     investment = found->key;
   }

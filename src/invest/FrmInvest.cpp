@@ -29,11 +29,12 @@ QLineEdit* MakeShown(const QString& accessibleName, QWidget* parent) {
 
 }  // namespace
 
-FrmInvest::FrmInvest(const InvestPlace& place)
+FrmInvest::FrmInvest(const InvestPlace& place, bool goesOnToHistory)
     : EditorDialog(QStringLiteral("FrmInvest"), tr("Investment"), place.platform.prompts,
                    place.parent),
       place_(place),
       editor_(place.ledger, place.platform),
+      goesOnToHistory_(goesOnToHistory),
       txtSymbol_(new QLineEdit(this)),
       txtInvestment_(new QLineEdit(this)),
       cmbCurrencyInvest_(new PickBox(this)),
@@ -72,8 +73,14 @@ void FrmInvest::MakeFields() {
 void FrmInvest::MakeTools() {
   auto* download = MakeButton(tr("Do&wnload Price"), "cmdDownload");
   download->setToolTip(tr("Fetch today's price from the data source"));
-  AddTools({download});
+  auto* history = MakeButton(tr("Price &History..."), "cmdHistory");
+  history->setToolTip(tr("Show and edit the stored prices"));
+  cmdSources_ = MakeButton(tr("Data Sources..."), "cmdSources");
+  cmdSources_->setToolTip(tr("See and change where prices and exchange rates come from"));
+  AddTools({download, history, cmdSources_});
   connect(download, &QPushButton::clicked, this, &FrmInvest::Download);
+  connect(history, &QPushButton::clicked, this, &FrmInvest::ShowHistory);
+  connect(cmdSources_, &QPushButton::clicked, this, &FrmInvest::ShowSources);
 }
 
 bool FrmInvest::Load(std::int64_t key) {
@@ -163,10 +170,44 @@ void FrmInvest::Download() {
       const WaitCursor waiting;
       isStored = download.DownloadInvestmentPrice(Key()).has_value();
     }
-    if (!isStored) return Note(ToQt(download.Note()));
+    if (!isStored) {
+      Note(ToQt(download.Note()));
+      // What to look at next.
+      return cmdSources_->setFocus();
+    }
     MarkChanged();
     Open(Key());
   });
+}
+
+void FrmInvest::ShowHistory() {
+  Run([this] {
+    if (!SaveFirst() || !OpenHistory(Place(), Key())) return;
+    MarkChanged();
+    Open(Key());
+  });
+}
+
+void FrmInvest::ShowSources() {
+  Run([this] {
+    const std::int64_t chosen = cmbDataSource_->Key();
+    if (!OpenSources(Place(), chosen)) return;
+    MarkChanged();
+    FillLists();
+    // Under the name that it has now, if it is still there.
+    if (chosen != 0) cmbDataSource_->SetKey(chosen);
+  });
+}
+
+void FrmInvest::Finish() {
+  if (goesOnToHistory_) OpenHistory(Place(), SavedKey());
+  EditorDialog::Finish();
+}
+
+InvestPlace FrmInvest::Place() {
+  InvestPlace place = place_;
+  place.parent = this;
+  return place;
 }
 
 void FrmInvest::LookUp() {

@@ -18,7 +18,8 @@ class FrmInvest : public EditorDialog {
   Q_OBJECT
 
  public:
-  explicit FrmInvest(const InvestPlace& place);
+  // With `goesOnToHistory` the price history of what was saved follows.
+  explicit FrmInvest(const InvestPlace& place, bool goesOnToHistory = false);
 
  protected:
   void Clear() override { Show(editor_.New()); }
@@ -27,6 +28,7 @@ class FrmInvest : public EditorDialog {
   std::int64_t Save() override;
   bool Delete() override;
   [[nodiscard]] QString ItemName() const override;
+  void Finish() override;
 
  private:
   void MakeFields();
@@ -40,9 +42,14 @@ class FrmInvest : public EditorDialog {
   bool SaveFirst();
   void Download();
   void LookUp();
+  void ShowHistory();
+  void ShowSources();
+  [[nodiscard]] InvestPlace Place();
 
   InvestPlace place_;
   InvestEditor editor_;
+  bool goesOnToHistory_;
+  QPushButton* cmdSources_ = nullptr;
   QLineEdit* txtSymbol_;
   QLineEdit* txtInvestment_;
   PickBox* cmbCurrencyInvest_;

@@ -48,8 +48,9 @@ struct InvestTransRequest {
 };
 
 // The editor of the investment of that key, or of a new one for 0. One that is gone opens nothing
-// and is reported as a change. Throws StoreError when it cannot be read, as the next does.
-InvestResult OpenInvest(std::int64_t key, const InvestPlace& place);
+// and is reported as a change. With `goesOnToHistory` the price history of what was saved follows.
+// Throws StoreError when it cannot be read, as the next does.
+InvestResult OpenInvest(std::int64_t key, const InvestPlace& place, bool goesOnToHistory = false);
 // The editor of investment transactions. Without any account, and on a row of a closed one, it says
 // so and opens nothing; a row that is gone opens nothing and is reported as a change.
 InvestResult OpenInvestTrans(const InvestTransRequest& request, const InvestPlace& place);

@@ -38,8 +38,8 @@ bool OpenHistory(const InvestPlace& place, std::int64_t investmentId) {
   return form.IsChanged();
 }
 
-InvestResult OpenInvest(std::int64_t key, const InvestPlace& place) {
-  FrmInvest form(place);
+InvestResult OpenInvest(std::int64_t key, const InvestPlace& place, bool goesOnToHistory) {
+  FrmInvest form(place, goesOnToHistory);
   if (!form.Open(key)) return {true, 0};
   form.exec();
   return {form.IsChanged(), form.SavedKey()};

@@ -134,6 +134,41 @@ TEST_F(FrmInvestTest, ThePriceIsDownloadedForWhatIsSaved) {
   Prompt().ExpectTell("Download Warning", ScriptedPrompts::kAnyText);
   Click(*dialog_, "cmdDownload");
   EXPECT_EQ(Text("txtLastPrice"), "2.5000");
+  EXPECT_EQ(FocusOf(*dialog_), "cmdSources");
+}
+
+TEST_F(FrmInvestTest, ThePriceHistoryIsOfWhatIsSaved) {
+  Open(0);
+  Prompt().ExpectTell("Save Warning", "You need to enter a Symbol");
+  Click(*dialog_, "cmdHistory");
+  Type(*dialog_, "txtSymbol", "BLT");
+  Type(*dialog_, "txtInvestment", "Bolt");
+  Find<PickBox>(*dialog_, "cmbDataSource").SetKey(kByHand);
+  InNextDialog([](QDialog& history) {
+    EXPECT_EQ(history.objectName(), "FrmHistory");
+    Type(history, "txtPrice", "4.5");
+    Click(history, "cmdAccept");
+  });
+  Click(*dialog_, "cmdHistory");
+  EXPECT_EQ(Text("txtLastPrice"), "4.5000");
+  EXPECT_EQ(dialog_->windowTitle(), "Edit Investment");
+}
+
+TEST_F(FrmInvestTest, TheHistoryCanFollowTheEditor) {
+  InNextDialog([](QDialog& investment) {
+    Type(investment, "txtSymbol", "BLT");
+    Type(investment, "txtInvestment", "Bolt");
+    Find<PickBox>(investment, "cmbDataSource").SetKey(kByHand);
+    InNextDialog([](QDialog& history) {
+      EXPECT_EQ(history.objectName(), "FrmHistory");
+      Type(history, "txtPrice", "4.5");
+      Click(history, "cmdAccept");
+    });
+    Click(investment, "cmdAccept");
+  });
+  const InvestResult result = OpenInvest(0, {Services(), ledger_, rates_, nullptr}, true);
+  EXPECT_TRUE(result.isChanged);
+  EXPECT_EQ(Count("tblHistory Where PayeeID = " + std::to_string(result.savedKey)), 1);
 }
 
 TEST_F(FrmInvestTest, LookingUpNeedsASource) {
