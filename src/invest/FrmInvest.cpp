@@ -75,7 +75,7 @@ void FrmInvest::MakeTools() {
   download->setToolTip(tr("Fetch today's price from the data source"));
   auto* history = MakeButton(tr("Price &History..."), "cmdHistory");
   history->setToolTip(tr("Show and edit the stored prices"));
-  cmdSources_ = MakeButton(tr("Data Sources..."), "cmdSources");
+  cmdSources_ = MakeButton(tr("Da&ta Sources..."), "cmdSources");
   cmdSources_->setToolTip(tr("See and change where prices and exchange rates come from"));
   AddTools({download, history, cmdSources_});
   connect(download, &QPushButton::clicked, this, &FrmInvest::Download);
