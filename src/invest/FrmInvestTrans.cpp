@@ -19,6 +19,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace corvanta::inline invest {
 
 FrmInvestTrans::FrmInvestTrans(const InvestTransRequest& request, const InvestPlace& place)
@@ -82,11 +84,16 @@ void FrmInvestTrans::ConnectFields() {
   }
 }
 
-void FrmInvestTrans::FillLists(std::int64_t accountId) {
+void FrmInvestTrans::FillLists(std::int64_t accountId, std::int64_t investmentId) {
   FillBox(*cmbAccount_, AccountChoices(place_.ledger, {accountId}));
   std::vector<PickItem> investments;
   for (const InvestmentDetails& row : place_.ledger.Investments().ListInvestments()) {
     investments.push_back({row.investmentId, ToQt(row.investment)});
+  }
+  // The list leaves out one without a currency.
+  const auto own = place_.ledger.Investments().ReadInvestment(investmentId);
+  if (own && std::ranges::find(investments, investmentId, &PickItem::key) == investments.end()) {
+    investments.push_back({investmentId, ToQt(own->investment)});
   }
   cmbInvestment_->SetItems(investments);
 }
@@ -117,7 +124,7 @@ std::int64_t FrmInvestTrans::Save() {
 
 void FrmInvestTrans::Show(const InvestTransForm& form) {
   isShowing_ = true;
-  FillLists(form.accountId);
+  FillLists(form.accountId, form.investmentId);
   cmbAccount_->SetKey(form.accountId);
   cmbInvestment_->SetKey(form.investmentId);
   cmbAction_->setCurrentIndex(form.action ? cmbAction_->findData(static_cast<int>(*form.action))
@@ -210,7 +217,7 @@ void FrmInvestTrans::AddInvestment() {
     if (!added.isChanged) return;
     MarkChanged();
     const std::int64_t chosen = added.savedKey != 0 ? added.savedKey : cmbInvestment_->Key();
-    FillLists(cmbAccount_->Key());
+    FillLists(cmbAccount_->Key(), chosen);
     cmbInvestment_->SetKey(chosen);
   });
 }

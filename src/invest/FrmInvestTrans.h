@@ -40,7 +40,8 @@ class FrmInvestTrans : public EditorDialog {
   void MakeFigures();
   void MakeFields();
   void ConnectFields();
-  void FillLists(std::int64_t accountId);
+  // Those of the keys are among them, whatever is wrong with them.
+  void FillLists(std::int64_t accountId, std::int64_t investmentId);
   void Show(const InvestTransForm& form);
   [[nodiscard]] InvestTransForm Form();
   // What the figures hold now, with the total as it stands.

@@ -231,6 +231,15 @@ TEST_F(FrmInvestTransTest, AnExistingRowIsShownAndChanged) {
   EXPECT_EQ(row.amount, -52);
 }
 
+TEST_F(FrmInvestTransTest, AnInvestmentWithoutACurrencyIsStillTheRows) {
+  const std::int64_t key = Buy(broker_);
+  Store().Execute("UPDATE tblPayees SET CurrencyID = 0 WHERE PayeeID = " + std::to_string(acme_));
+  Open(key);
+  EXPECT_EQ(Find<PickBox>(*dialog_, "cmbInvestment").currentText(), "Acme's Works");
+  Click(*dialog_, "cmdAccept");
+  EXPECT_FALSE(dialog_->isVisible());
+}
+
 TEST_F(FrmInvestTransTest, NewDeleteAndGoingOn) {
   const std::int64_t key = Buy(broker_);
   Open(key);
