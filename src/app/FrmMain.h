@@ -25,6 +25,10 @@ class ucCalendar;
 class ucRibbon;
 }  // namespace corvanta::inline controls
 
+namespace corvanta::inline invest {
+struct InvestPlace;
+}
+
 namespace corvanta::inline platform {
 struct Platform;
 }
@@ -128,6 +132,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void NoticeUndone(const QString& what, qint64 rows);
   void PrintShown(bool preview);
   void ShowList(ListKind kind);
+  [[nodiscard]] InvestPlace Invest();
   void ConvertCurrency();
   // What a new day brings, while the program stands.
   void ApplyDay();

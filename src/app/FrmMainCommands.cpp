@@ -103,12 +103,10 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuViewPayments, [this] { ShowList(ListKind::Payment); });
   On(actions_->mnuToolsKeywords, [this] { ShowList(ListKind::Keywords); });
   On(actions_->mnuToolsCurrency, [this] { ConvertCurrency(); });
-  On(actions_->mnuToolsRates, [this] {
-    ShowRates({platform_, session_.Ledger(), session_.Rates(), this});
-  });
-  On(actions_->mnuToolsSources, [this] {
-    OpenSources({platform_, session_.Ledger(), session_.Rates(), this});
-  });
+  On(actions_->mnuToolsShares, [this] { ShowWatchList(Invest(), WatchMode::Stocks); });
+  On(actions_->mnuToolsLookup, [this] { ShowWatchList(Invest(), WatchMode::Currency); });
+  On(actions_->mnuToolsRates, [this] { ShowRates(Invest()); });
+  On(actions_->mnuToolsSources, [this] { OpenSources(Invest()); });
   On(actions_->mnuToolsLoan, [this] { ShowLoan(LoanMode::Loan, platform_, this); });
   On(actions_->mnuToolsMortgage, [this] { ShowLoan(LoanMode::Mortgage, platform_, this); });
   On(actions_->mnuViewReminders,
@@ -127,11 +125,14 @@ void FrmMain::ShowList(ListKind kind) {
   if (OpenReferenceList(kind, {platform_, session_.Ledger(), this})) Reload();
 }
 
+InvestPlace FrmMain::Invest() {
+  return {platform_, session_.Ledger(), session_.Rates(), this};
+}
+
 void FrmMain::ConvertCurrency() {
   const auto row = std::ranges::find(accounts_, EntryAccount(), &AccountRow::accountId);
   const std::string own = platform_.locale.CurrencyCode();
-  ShowCurrency({platform_, session_.Ledger(), session_.Rates(), this},
-               row == accounts_.end() || row->currency.empty() ? own : row->currency);
+  ShowCurrency(Invest(), row == accounts_.end() || row->currency.empty() ? own : row->currency);
 }
 
 void FrmMain::PrintShown(bool preview) {

@@ -134,6 +134,10 @@ void MainActions::MakeReference() {
                       tr("Work out the payments of a loan and what it costs"));
   mnuToolsMortgage = Make("mnuToolsMortgage", tr("&Mortgage Calculator..."), "",
                           tr("Work out the payments of a mortgage and what it costs"));
+  mnuToolsShares =
+      Make("mnuToolsShares", tr("&Shares..."), "", tr("Fetch the latest quotes of the watch list"));
+  mnuToolsLookup = Make("mnuToolsLookup", tr("C&urrency Lookup..."), "",
+                        tr("Fetch the latest rates of the watch list"));
   mnuViewAccountTypes =
       Make("mnuViewAccountTypes", tr("Account T&ypes..."), "", tr("Show the groups of accounts"));
   mnuViewBanks = Make("mnuViewBanks", tr("Ban&ks..."), "", tr("Show the banks"));
@@ -271,7 +275,8 @@ void MainActions::SetDataOpen(bool open) const {
         mnuViewBanks,      mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,
         mnuAccountList,    mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,
         mnuToolsRates,     mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,
-        mnuTransReconcile, mnuViewReconcile,   mnuFilePassword,    mnuFileKey}) {
+        mnuTransReconcile, mnuViewReconcile,   mnuFilePassword,    mnuFileKey,
+        mnuToolsShares,    mnuToolsLookup}) {
     action->setEnabled(open);
   }
 }

@@ -103,6 +103,8 @@ class MainActions : public QObject {
   QAction* mnuToolsSources;
   QAction* mnuToolsLoan;
   QAction* mnuToolsMortgage;
+  QAction* mnuToolsShares;
+  QAction* mnuToolsLookup;
 
   QAction* mnuViewAccounts;
   QAction* mnuViewRegister;

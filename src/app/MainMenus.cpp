@@ -55,7 +55,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
-  tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsSources, mnuToolsKeywords});
+  tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsShares, mnuToolsLookup,
+                     mnuToolsSources, mnuToolsKeywords});
   tools->addSeparator();
   tools->addActions({mnuToolsLoan, mnuToolsMortgage});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));

@@ -37,6 +37,7 @@
 #include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
 #include "cli/ValidateCommand.h"
+#include "cli/WatchCommand.h"
 #include "ledger/ReferenceRecords.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/PlatformError.h"
@@ -215,6 +216,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<ScheduleCommand>());
   add(std::make_unique<PostCommand>());
   add(std::make_unique<RemindersCommand>());
+  add(std::make_unique<WatchCommand>());
   add(std::make_unique<ReconcileCommand>());
   add(std::make_unique<SetStatusCommand>());
   add(std::make_unique<DeleteCommand>());

@@ -1,6 +1,7 @@
 // Opens the windows of investments and market data, each modal before its parent.
 #pragma once
 
+#include "invest/WatchList.h"
 #include "platform/Date.h"
 
 #include <cstdint>
@@ -68,6 +69,8 @@ std::optional<CurrencyResult> OpenCurrency(const InvestPlace& place, const std::
                                            double amount);
 // The converter as a tool: nothing is taken over.
 void ShowCurrency(const InvestPlace& place, const std::string& currency);
+// The watch list of quotes or of exchange rates.
+void ShowWatchList(const InvestPlace& place, WatchMode mode);
 
 // The stored prices of an investment. True when any was changed.
 bool OpenHistory(const InvestPlace& place, std::int64_t investmentId);

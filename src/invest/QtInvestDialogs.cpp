@@ -4,6 +4,7 @@
 #include "invest/FrmInvestTrans.h"
 #include "invest/FrmRates.h"
 #include "invest/FrmSources.h"
+#include "invest/FrmStock.h"
 #include "invest/InvestDialogs.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -54,6 +55,10 @@ InvestResult OpenInvestTrans(const InvestTransRequest& request, const InvestPlac
   if (!form.Open(request.key)) return {true, 0};
   form.exec();
   return {form.IsChanged(), form.SavedKey()};
+}
+
+void ShowWatchList(const InvestPlace& place, WatchMode mode) {
+  FrmStock(mode, place).exec();
 }
 
 }  // namespace corvanta::inline invest

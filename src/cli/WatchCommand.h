@@ -1,0 +1,47 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "invest/WatchList.h"
+
+#include <string>
+#include <vector>
+
+namespace corvanta::inline invest {
+class StockLookup;
+}
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
+
+namespace corvanta::inline cli {
+
+// watch stocks, watch currencies: the two watch lists: what is on them, adding to them, deleting
+// from them, and the latest values of what is on them.
+class WatchCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  struct Parsers {
+    CLI::App* list = nullptr;
+    CLI::App* add = nullptr;
+    CLI::App* remove = nullptr;
+    CLI::App* download = nullptr;
+  };
+  void DeclareList(CLI::App& command, Parsers& parsers);
+  ExitStatus Add(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
+  ExitStatus Delete(StockLookup& lookup, Session& session) const;
+  ExitStatus Download(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
+
+  Parsers stocks_;
+  Parsers currencies_;
+  CLI::App* stocksParser_ = nullptr;
+  std::string symbol_;
+  std::vector<std::string> symbols_;
+  std::string source_;
+  std::string currency_;
+};
+
+}  // namespace corvanta::inline cli
