@@ -56,6 +56,10 @@ InvestResult OpenInvest(std::int64_t key, const InvestPlace& place, bool goesOnT
 // so and opens nothing; a row that is gone opens nothing and is reported as a change.
 InvestResult OpenInvestTrans(const InvestTransRequest& request, const InvestPlace& place);
 
+// The dialog for a split of shares, a merger or a spin-off. `investmentId` is the one it begins with;
+// 0 for none. Throws StoreError when it cannot be read.
+InvestResult OpenCorporateAction(std::int64_t investmentId, const InvestPlace& place);
+
 struct CurrencyResult {
   double amount = 0;          // in the account's currency, rounded to its cents
   double amountCurrency = 0;  // in the other one

@@ -1,3 +1,4 @@
+#include "invest/FrmCorporateAction.h"
 #include "invest/FrmCurrency.h"
 #include "invest/FrmHistory.h"
 #include "invest/FrmInvest.h"
@@ -10,6 +11,12 @@
 #include "platform/Prompts.h"
 
 namespace corvanta::inline invest {
+
+InvestResult OpenCorporateAction(std::int64_t investmentId, const InvestPlace& place) {
+  FrmCorporateAction form(investmentId, place);
+  form.exec();
+  return {form.IsChanged(), 0};
+}
 
 std::optional<CurrencyResult> OpenCurrency(const InvestPlace& place, const std::string& currency,
                                            double amount) {
