@@ -49,7 +49,8 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
   table_->SetSorted(traits_.sort);
   model_->Sort(traits_.sort);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
-  table_->addActions({traits_.add, traits_.edit, traits_.remove});
+  table_->addActions({traits_.add, traits_.edit});
+  if (traits_.remove != nullptr) table_->addAction(traits_.remove);
   Arrange();
   Connect();
 }
@@ -71,9 +72,11 @@ void ListView::Connect() {
   place_.On(traits_.edit, this, [this] {
     if (const std::int64_t key = CommandKey()) Edit(key);
   });
-  place_.On(traits_.remove, this, [this] {
-    if (const std::int64_t key = CommandKey()) Delete(key);
-  });
+  if (traits_.remove != nullptr) {
+    place_.On(traits_.remove, this, [this] {
+      if (const std::int64_t key = CommandKey()) Delete(key);
+    });
+  }
   connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
     const std::int64_t key = model_->Row(index.row()).key;
     place_.host.Guard([this, key] { Open(key); });
@@ -100,8 +103,9 @@ bool ListView::Can(EditTask task) const {
     case EditTask::Insert:
       return true;
     case EditTask::Details:
-    case EditTask::Delete:
       return ChosenKey() != 0;
+    case EditTask::Delete:
+      return traits_.remove != nullptr && ChosenKey() != 0;
     default:
       return false;
   }
@@ -117,7 +121,7 @@ void ListView::Do(EditTask task) {
 void ListView::MarkCommands(bool /*isShown*/) {
   const bool isChosen = CommandKey() != 0;
   traits_.edit->setEnabled(isChosen);
-  traits_.remove->setEnabled(isChosen);
+  if (traits_.remove != nullptr) traits_.remove->setEnabled(isChosen);
 }
 
 std::int64_t ListView::CommandKey() const {

@@ -34,7 +34,7 @@ struct ListTraits {
   // The commands on its rows, which the list's own menu has too.
   QAction* add;
   QAction* edit;
-  QAction* remove;
+  QAction* remove;  // null where rows are not deleted
 };
 
 // What the views that list things have in common: a head, a list of one row each, a line below it,

@@ -163,6 +163,12 @@ void MainActions::MakeInvestments() {
                             tr("Copy the chosen investment transactions"));
   mnuInvestTransPaste = Make("mnuInvestTransPaste", tr("&Paste"), "paste",
                              tr("Enter the copied investment transactions once more"));
+  mnuHoldingAdd = Make("mnuHoldingAdd", tr("Add &Transaction..."), "add",
+                       tr("Enter what was bought, sold or paid out of the holding"));
+  mnuHoldingEdit = Make("mnuHoldingEdit", tr("&Edit Investment..."), "edit",
+                        tr("Edit the investment that is held"));
+  mnuHoldingAction = Make("mnuHoldingAction", tr("&Corporate Action..."), "split",
+                          tr("Enter a split of shares, a merger or a spin-off"));
 }
 
 void MainActions::MakeViews() {
@@ -184,12 +190,16 @@ void MainActions::MakeViews() {
   mnuViewInvestTrans =
       Make("mnuViewInvestTrans", tr("Investment T&ransactions"), "trades",
            tr("Show what was bought, sold and paid out"), QKeySequence(Qt::CTRL | Qt::Key_7));
+  mnuViewHoldings =
+      Make("mnuViewHoldings", tr("Hol&dings"), "investments",
+           tr("Show what is held and what it has earned"), QKeySequence(Qt::CTRL | Qt::Key_8));
   mnuViewReminders = Make("mnuViewReminders", tr("Rem&inders"), "reminder",
                           tr("Show or fold what is due"), QKeySequence(Qt::Key_F9));
   mnuViewReminders->setCheckable(true);
   auto* views = new QActionGroup(this);
-  for (QAction* view : {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
-                        mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans}) {
+  for (QAction* view :
+       {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewSchedules,
+        mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings}) {
     view->setCheckable(true);
     views->addAction(view);
   }
@@ -267,16 +277,17 @@ std::array<std::pair<QAction*, EditTask>, 6> MainActions::EditTasks() const {
 
 void MainActions::SetDataOpen(bool open) const {
   for (QAction* action :
-       {mnuFileImport,     mnuViewSchedules,   mnuScheduleAdd,     mnuInvestAdd,
-        mnuInvestHistory,  mnuInvestTransAdd,  mnuViewInvestments, mnuViewInvestTrans,
-        mnuViewAccounts,   mnuViewRegister,    mnuViewCategories,  mnuViewPayees,
-        mnuViewRefresh,    mnuViewDescription, mnuViewReference,   mnuViewStatus,
-        mnuViewUnCleared,  mnuViewCleared,     mnuViewReconciled,  mnuViewAccountTypes,
-        mnuViewBanks,      mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,
-        mnuAccountList,    mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,
-        mnuToolsRates,     mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,
-        mnuTransReconcile, mnuViewReconcile,   mnuFilePassword,    mnuFileKey,
-        mnuToolsShares,    mnuToolsLookup}) {
+       {mnuHoldingAdd,      mnuHoldingAction,   mnuViewHoldings,     mnuFileImport,
+        mnuViewSchedules,   mnuScheduleAdd,     mnuInvestAdd,        mnuInvestHistory,
+        mnuInvestTransAdd,  mnuViewInvestments, mnuViewInvestTrans,  mnuViewAccounts,
+        mnuViewRegister,    mnuViewCategories,  mnuViewPayees,       mnuViewRefresh,
+        mnuViewDescription, mnuViewReference,   mnuViewStatus,       mnuViewUnCleared,
+        mnuViewCleared,     mnuViewReconciled,  mnuViewAccountTypes, mnuViewBanks,
+        mnuViewPayments,    mnuToolsKeywords,   mnuAccountAdd,       mnuAccountList,
+        mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
+        mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
+        mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
+        mnuToolsLookup}) {
     action->setEnabled(open);
   }
 }

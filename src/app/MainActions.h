@@ -97,6 +97,10 @@ class MainActions : public QObject {
   QAction* mnuInvestTransCopy;
   QAction* mnuInvestTransPaste;
 
+  QAction* mnuHoldingAdd;
+  QAction* mnuHoldingEdit;
+  QAction* mnuHoldingAction;
+
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
@@ -113,6 +117,7 @@ class MainActions : public QObject {
   QAction* mnuViewSchedules;
   QAction* mnuViewInvestments;
   QAction* mnuViewInvestTrans;
+  QAction* mnuViewHoldings;
   QAction* mnuViewReminders;
   QAction* mnuViewBack;
   QAction* mnuViewForward;

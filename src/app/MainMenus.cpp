@@ -76,11 +76,14 @@ void MainActions::FillInvestMenu(QMenu& investments) const {
   transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});
   transactions->addSeparator();
   transactions->addActions({mnuInvestTransCopy, mnuInvestTransPaste});
+  investments.addSeparator();
+  investments.addAction(mnuHoldingAction);
 }
 
 void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
-                   mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewReminders});
+                   mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings,
+                   mnuViewReminders});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();

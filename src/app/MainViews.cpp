@@ -2,6 +2,7 @@
 
 #include "app/AccountsView.h"
 #include "app/CategoriesView.h"
+#include "app/HoldingsView.h"
 #include "app/InvestmentTransView.h"
 #include "app/InvestmentsView.h"
 #include "app/PayeesView.h"
@@ -19,6 +20,7 @@ std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
   views.push_back(new ScheduleView(place, parent));
   views.push_back(new InvestmentsView(place, parent));
   views.push_back(new InvestmentTransView(place, parent));
+  views.push_back(new HoldingsView(place, parent));
   return views;
 }
 

@@ -18,6 +18,7 @@ inline constexpr std::string_view kPayeeShow = "PayeeShow";
 inline constexpr std::string_view kScheduleShow = "LoadSchedule";
 inline constexpr std::string_view kInvestmentShow = "InvestmentShow";
 inline constexpr std::string_view kInvestmentTransShow = "InvestmentTransShow";
+inline constexpr std::string_view kHoldingShow = "HoldingShow";
 
 // What the main window shows: the view's command and its parameters. Issuing it again shows the
 // view as it was.

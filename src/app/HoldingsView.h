@@ -1,0 +1,70 @@
+#pragma once
+
+#include "app/ListView.h"
+#include "invest/Holdings.h"
+#include "ledger/RateSource.h"
+
+#include <map>
+
+namespace corvanta::inline platform {
+class Locale;
+}
+
+namespace corvanta::inline app {
+
+class HoldingsBar;
+class HoldingsCharts;
+
+// The view of "HoldingShow": what is held of each investment and what it has earned, with a chart
+// of its prices and one of its worth.
+class HoldingsView : public ListView {
+  Q_OBJECT
+
+ public:
+  HoldingsView(const ViewPlace& place, QWidget* parent);
+
+  void Show(const ViewCommand& command) override;
+  void LetGo() override;
+  void MarkCommands(bool isShown) override;
+  [[nodiscard]] std::int64_t ChosenAccount() const override;
+
+ protected:
+  // Another transaction of the chosen holding, or of any.
+  void Add() override;
+  // The investment.
+  void Edit(std::int64_t key) override;
+  void Delete(std::int64_t /*key*/) override {}
+  void Open(std::int64_t key) override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  // Rates that were fetched when the person asked for them: reading the view again fetches none.
+  class KeptRates : public RateSource {
+   public:
+    [[nodiscard]] std::optional<RateAnswer> Rate(const std::string& from,
+                                                 const std::string& to) override;
+    void Fetch(const std::vector<HoldingTotal>& totals, const std::string& to, RateSource& rates);
+
+   private:
+    std::map<std::string, RateAnswer> known_;  // by both codes
+  };
+
+  void FillBar();
+  [[nodiscard]] ListRow RowOf(const Holding& holding) const;
+  [[nodiscard]] QString Figure();
+  [[nodiscard]] QString FigureOf(const HoldingTotal& total) const;
+  void ShowCharts();
+  void FetchRates();
+  void ActOnShares();
+  // The place of that row among the holdings; -1 when there is none.
+  [[nodiscard]] int PlaceOf(std::int64_t key) const;
+
+  const Locale& locale_;
+  HoldingsBar* bar_;
+  HoldingsCharts* charts_;
+  HoldingsList list_;
+  Period period_;
+  KeptRates rates_;
+};
+
+}  // namespace corvanta::inline app
