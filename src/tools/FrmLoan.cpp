@@ -143,7 +143,7 @@ void FrmLoan::MakeTable() {
       TabularWidth(fontMetrics(), ToQt(platform_.locale.FormatNumber(-99999.99))) + 2 * kRhythm;
   const int count = fontMetrics().horizontalAdvance(tr("Period")) + 4 * kRhythm;
   std::vector<ListTable::Column> columns(static_cast<std::size_t>(model_->columnCount()),
-                                         {money, 1, money});
+                                         {money, 1, money * 3 / 4});
   columns.front() = {count, 0, count};
   lvLoan_->SetColumns(std::move(columns));
   lvLoan_->SetWidths(ToQt(Settings(platform_.registry).Text(WidthsOf(mode_))));
@@ -155,7 +155,7 @@ void FrmLoan::MakeTable() {
   area->addWidget(lvLoan_);
   area->addWidget(chart_);
   area->setChildrenCollapsible(false);
-  area->setSizes({kComfortable.width() / 2, kComfortable.width() / 2});
+  area->setSizes({kComfortable.width() * 11 / 20, kComfortable.width() * 9 / 20});
   static_cast<QBoxLayout*>(layout())->addWidget(area, 1);
 }
 
