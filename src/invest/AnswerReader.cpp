@@ -154,9 +154,9 @@ SourceReading ReadPage(const SourceRow& source, std::string_view page) {
   return {{source.name, Bare(page.substr(tag + 1, end - tag - 1))}, {}};
 }
 
-std::string SeparatorOf(std::string_view table) {
+std::string_view SeparatorOf(std::string_view table) {
   const std::string_view heading = table.substr(0, table.find('\n'));
-  for (const char* separator : {",", ";", "\t"}) {
+  for (const std::string_view separator : {",", ";", "\t"}) {
     if (heading.find(separator) != std::string_view::npos) return separator;
   }
   return ",";
