@@ -180,6 +180,11 @@ std::int64_t InvestTransEditor::Save(const InvestTransForm& form) {
       ledger_.Undo().Begin(isNew ? "Add Investment Transaction" : "Edit Investment Transaction");
   InvestTransForm saved = form;
   DropUnused(saved);
+  // Shares that a split, a merger or a spin-off added have a price nobody types: what they cost.
+  const auto stored = Load(form.transactionId);
+  if (stored && stored->action == saved.action && !FiguresOf(saved.action).price) {
+    saved.price = stored->price;
+  }
   InvestmentTransaction record;
   record.transactionId = saved.transactionId;
   record.accountId = saved.accountId;

@@ -236,6 +236,27 @@ TEST_F(InvestTransRules, RowsAreSavedAndLoadedAgain) {
   EXPECT_EQ(Read(key).amount, 48);
 }
 
+TEST_F(InvestTransRules, AddedSharesKeepTheCostThatASplitGaveThem) {
+  InvestmentTransaction row;
+  row.accountId = broker_;
+  row.payeeId = acme_;
+  row.action = InvestAction::AddShares;
+  row.shares = 20;
+  row.price = 2.5;
+  row.date = Machine().clock.Today();
+  const std::int64_t key = Investments().SaveInvestmentTransaction(row);
+  InvestTransForm form = *editor_.Load(key);
+  editor_.ChooseAction(form, InvestAction::AddShares);
+  form.description = "after the split";
+  EXPECT_EQ(editor_.Save(form), key);
+  EXPECT_EQ(Read(key).price, 2.5);
+  EXPECT_EQ(Read(key).description, "after the split");
+  // One of another kind takes it along nowhere.
+  editor_.ChooseAction(form, InvestAction::RemoveShares);
+  editor_.Save(form);
+  EXPECT_EQ(Read(key).price, 0);
+}
+
 TEST_F(InvestTransRules, TheStatusIsReadFromBothMarks) {
   const std::int64_t key = Buy(broker_);
   struct Case {
