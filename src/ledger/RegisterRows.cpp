@@ -1,6 +1,7 @@
 #include "ledger/RegisterRows.h"
 
 #include "ledger/AccountRow.h"
+#include "ledger/KeyLists.h"
 #include "ledger/Money.h"
 #include "ledger/RegisterRow.h"
 #include "store/sql/Connection.h"
@@ -295,19 +296,14 @@ void RegisterRows::VisitTexts(const std::string& column, const TextVisitor& visi
 
 std::unordered_set<std::int64_t> KeysInScope(Connection& store, const RegisterScope& scope,
                                              const std::vector<std::int64_t>& keys) {
-  constexpr std::size_t kAtOnce = 500;
   std::unordered_set<std::int64_t> shown;
-  for (std::size_t first = 0; first < keys.size(); first += kAtOnce) {
-    std::string list;
-    for (std::size_t i = first; i < std::min(keys.size(), first + kAtOnce); ++i) {
-      list += (list.empty() ? "" : ",") + SqlNumber(keys[i]);
-    }
+  ForEachKeyList(keys, [&](const std::string& list) {
     Recordset rows = store.OpenRecordset(
         "Select T.TransactionID from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = "
         "C.CategoryID WHERE " +
         EntryCondition(scope) + " AND T.TransactionID IN (" + list + ")");
     for (; !rows.Eof(); rows.MoveNext()) shown.insert(rows.Int(0));
-  }
+  });
   return shown;
 }
 
