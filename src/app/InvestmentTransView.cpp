@@ -3,6 +3,7 @@
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/TradeList.h"
 #include "app/TransactionClip.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
@@ -68,29 +69,6 @@ ListTraits Traits(const ViewPlace& place) {
           actions.mnuInvestTransDelete};
 }
 
-ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int decimals) {
-  // What the action has not is left out.
-  const auto figure = [&](double value, int digits) {
-    return ListCell{value == 0 ? QString() : ToQt(locale.FormatNumber(value, digits)), value};
-  };
-  QString account = ToQt(row.account);
-  if (row.accountClosed) account += InvestmentTransView::tr(" [Closed] ");
-  return {row.transactionId,
-          {{ToQt(locale.FormatShortDate(row.date)), static_cast<double>(row.date.Serial())},
-           {account, std::nullopt, false, row.accountClosed},
-           {ToQt(row.investment)},
-           {ToQt(row.symbol)},
-           {QLatin1String(ActionName(static_cast<std::int64_t>(row.action)))},
-           figure(row.dividend, -1),
-           figure(row.shares, decimals),
-           figure(row.price, decimals),
-           figure(row.commission, -1),
-           {ToQt(locale.FormatNumber(row.amount)), row.amount},
-           {QLatin1String(row.letter)},
-           {ToQt(row.description)}},
-          ToQt(row.currency)};
-}
-
 }  // namespace
 
 InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent)
@@ -103,15 +81,9 @@ InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent
 }
 
 void InvestmentTransView::Show(const ViewCommand& command) {
-  const Locale& shown = Place().platform.locale;
-  const int decimals = Settings(Place().platform.registry).InvestmentDecimals();
-  std::vector<ListRow> rows;
-  const auto transactions =
-      Place().session.Ledger().Investments().ListTransactions(command.Filter());
-  for (const InvestmentTransactionRow& row : transactions) {
-    rows.push_back(RowFor(row, shown, decimals));
-  }
-  const auto count = static_cast<qulonglong>(rows.size());
+  auto rows = std::make_unique<TradeList>(Place().session.Ledger().Store(), command.Filter(),
+                                          Place().platform);
+  const auto count = static_cast<qulonglong>(rows->Count());
   Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
        count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
        QString(),

@@ -18,6 +18,7 @@ class InvestmentTransView : public ListView {
   InvestmentTransView(const ViewPlace& place, QWidget* parent);
 
   void Show(const ViewCommand& command) override;
+  void LetGo() override { Empty(); }
   [[nodiscard]] bool Can(EditTask task) const override;
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;

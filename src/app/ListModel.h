@@ -4,6 +4,9 @@
 
 #include <QAbstractTableModel>
 
+#include <array>
+#include <cstddef>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -31,6 +34,21 @@ struct ListRow {
   QString toolTip;
 };
 
+// The rows of a list, counted from 0 in their own order. A long list makes them as they come into
+// sight. Any of it may throw StoreError.
+class ListRows {
+ public:
+  virtual ~ListRows() = default;
+  [[nodiscard]] virtual std::size_t Count() const = 0;
+  [[nodiscard]] virtual qint64 Key(std::size_t row) const = 0;
+  // What each row is sorted by in that column.
+  [[nodiscard]] virtual std::vector<SortKey> SortKeys(std::size_t column) const = 0;
+  // These rows, in the order given.
+  [[nodiscard]] virtual std::vector<ListRow> Make(const std::vector<std::size_t>& rows) const = 0;
+};
+// Rows that are made already.
+[[nodiscard]] std::unique_ptr<ListRows> ReadyRows(std::vector<ListRow> rows);
+
 // The rows of a list of named things, whose columns sort by text or by number.
 class ListModel : public QAbstractTableModel {
   Q_OBJECT
@@ -38,13 +56,11 @@ class ListModel : public QAbstractTableModel {
  public:
   ListModel(std::vector<ListColumn> columns, QObject* parent);
 
-  // The rows in their own order; they are shown in the order that was last asked for.
-  void SetRows(std::vector<ListRow> rows);
+  // The rows are shown in the order that was last asked for; null for none.
+  void SetRows(std::unique_ptr<ListRows> rows);
   void Sort(const SortState& sort);
   [[nodiscard]] const std::vector<ListColumn>& Columns() const { return columns_; }
-  [[nodiscard]] const ListRow& Row(int row) const {
-    return rows_.at(order_.at(static_cast<std::size_t>(row)));
-  }
+  [[nodiscard]] qint64 Key(int row) const;
   // -1 when there is none.
   [[nodiscard]] int RowOf(qint64 key) const;
 
@@ -54,12 +70,26 @@ class ListModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
 
+ Q_SIGNALS:
+  void Failed(const QString& reason);  // the data file refuses to be read; told once
+
  private:
   void PutInOrder();
+  // Valid until another one is asked for; without cells when it cannot be read.
+  [[nodiscard]] const ListRow& Row(int row) const;
+  [[nodiscard]] std::vector<ListRow> Read(int first, int last) const;
+
+  struct Page {
+    int first = -1;
+    std::vector<ListRow> rows;
+  };
 
   std::vector<ListColumn> columns_;
-  std::vector<ListRow> rows_;
+  std::unique_ptr<ListRows> rows_;
   std::vector<std::size_t> order_;
+  mutable std::array<Page, 4> pages_;  // made last
+  mutable std::size_t nextPage_ = 0;
+  mutable bool hasFailed_ = false;
   SortState sort_;
 };
 

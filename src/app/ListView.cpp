@@ -9,6 +9,8 @@
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
 #include "reports/ReportDialogs.h"
 
 #include <QAction>
@@ -78,15 +80,20 @@ void ListView::Connect() {
     });
   }
   connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
-    const std::int64_t key = model_->Row(index.row()).key;
+    const std::int64_t key = model_->Key(index.row());
     place_.host.Guard([this, key] { Open(key); });
   });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { place_.host.MarkChoice(); });
   connect(table_, &SortedTable::SortChosen, this, [this] {
-    const std::int64_t chosen = ChosenKey();
-    model_->Sort(table_->Sorted());
-    ChooseKey(chosen);
+    place_.host.Guard([this] {
+      const std::int64_t chosen = ChosenKey();
+      model_->Sort(table_->Sorted());
+      ChooseKey(chosen);
+    });
+  });
+  connect(model_, &ListModel::Failed, this, [this](const QString& reason) {
+    place_.platform.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
   });
 }
 
@@ -139,13 +146,13 @@ std::int64_t ListView::RowCount() const {
 
 std::set<std::int64_t> ListView::ShownOf(const std::vector<std::int64_t>& /*transactions*/) const {
   std::set<std::int64_t> keys;
-  for (int row = 0; row < model_->rowCount(); ++row) keys.insert(model_->Row(row).key);
+  for (int row = 0; row < model_->rowCount(); ++row) keys.insert(model_->Key(row));
   return keys;
 }
 
 std::int64_t ListView::ChosenKey() const {
   const QModelIndexList chosen = table_->selectionModel()->selectedRows();
-  return chosen.isEmpty() ? 0 : model_->Row(chosen.constFirst().row()).key;
+  return chosen.isEmpty() ? 0 : model_->Key(chosen.constFirst().row());
 }
 
 bool ListView::ChooseKey(std::int64_t key) {
@@ -159,16 +166,17 @@ std::vector<std::int64_t> ListView::ChosenKeys() const {
   std::vector<std::int64_t> keys;
   const QItemSelectionModel& chosen = *table_->selectionModel();
   for (int row = 0; row < model_->rowCount(); ++row) {
-    if (chosen.isRowSelected(row)) keys.push_back(model_->Row(row).key);
+    if (chosen.isRowSelected(row)) keys.push_back(model_->Key(row));
   }
   return keys;
 }
 
 QString ListView::ChosenText() const {
   QString text;
-  for (const std::int64_t key : ChosenKeys()) {
+  const QItemSelectionModel& chosen = *table_->selectionModel();
+  for (int row = 0; row < model_->rowCount(); ++row) {
+    if (!chosen.isRowSelected(row)) continue;
     QStringList cells;
-    const int row = model_->RowOf(key);
     for (int column = 0; column < model_->columnCount(); ++column) {
       cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
     }
@@ -179,10 +187,20 @@ QString ListView::ChosenText() const {
 
 void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
                     const QString& figure, const Nothing& nothing) {
+  Fill(ReadyRows(std::move(rows)), details, count, figure, nothing);
+}
+
+void ListView::Empty() {
+  model_->SetRows(nullptr);
+}
+
+void ListView::Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
+                    const QString& figure, const Nothing& nothing) {
+  const bool isEmpty = rows->Count() == 0;
   header_->Show(traits_.title, details);
   totals_->Show(count, figure, false);
-  totals_->setVisible(!rows.empty());
-  if (rows.empty()) empty_->Show(nothing.icon, nothing.title, nothing.text, traits_.add);
+  totals_->setVisible(!isEmpty);
+  if (isEmpty) empty_->Show(nothing.icon, nothing.title, nothing.text, traits_.add);
   const std::int64_t chosen = ChosenKey();
   const int place = table_->currentIndex().row();
   model_->SetRows(std::move(rows));

@@ -89,6 +89,11 @@ class ListView : public QWidget, public MainView {
   // are, `figure` what they come to.
   void Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
             const QString& figure, const Nothing& nothing);
+  // The same with rows that are made as they come into sight.
+  void Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
+            const QString& figure, const Nothing& nothing);
+  // Holds no rows any longer.
+  void Empty();
 
  private:
   void Arrange();

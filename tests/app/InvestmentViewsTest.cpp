@@ -8,6 +8,7 @@
 #include "ledger/TransactionRecord.h"
 #include "platform/Settings.h"
 #include "support/LedgerProblems.h"
+#include "support/StatementLog.h"
 
 #include <QComboBox>
 #include <QDialog>
@@ -15,6 +16,9 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+
+#include <algorithm>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -168,6 +172,58 @@ TEST_F(InvestmentViews, TransactionsAreCopiedPastedAndDeleted) {
   Trigger("mnuViewInvestTrans");
   EXPECT_FALSE(Find<QAction>("mnuInvestTransPaste").isEnabled());
   EXPECT_EQ(LedgerProblems(Ledger().Store()), std::vector<std::string>());
+}
+
+class LongListOfTrades : public InvestmentViews {
+ protected:
+  ~LongListOfTrades() override {
+    window_.reset();
+    session_.Close();
+  }
+  StatementLog log_;  // outlives the connection
+};
+
+TEST_F(LongListOfTrades, ReadsWhatIsInSightAndSortsByEveryColumn) {
+  Start("mnuViewInvestTrans");
+  constexpr int kRows = 600;
+  Run("INSERT INTO tblPayees (Payee,[Symbol],CurrencyID,Investment) VALUES ('acme','ZZ',17,1)");
+  const auto acme = Ledger().Store().QueryValue("Select Max(PayeeID) from tblPayees").Int();
+  Transaction all = Ledger().Store().Begin();
+  for (int i = 0; i < kRows; ++i) {
+    InvestmentTransaction row;
+    row.accountId = 1;
+    row.payeeId = i % 2 == 0 ? acme : Ledger().Transactions().ReadTransaction(38)->payeeId;
+    row.action = kInvestActions[i % 6].action;
+    row.shares = i % 7;
+    row.price = i % 11;
+    row.dividend = i % 3;
+    row.commission = i % 5;
+    row.total = i * 0.75;
+    row.description = i % 13 == 0 ? "" : "trade " + std::to_string(i * 7919 % kRows);
+    row.date = *Date::FromYmd(2025, 1, 1 + i % 28);
+    row.status = static_cast<TransactionStatus>(i % 3);
+    Ledger().Investments().SaveInvestmentTransaction(row);
+  }
+  all.Commit();
+  const auto described = [this] { return log_.With({"visited", "Description"}).size(); };
+  const std::size_t before = described();
+  Trigger("mnuViewRefresh");
+  QApplication::processEvents();
+  ASSERT_EQ(Trades().model()->rowCount(), kRows + 1);
+  EXPECT_GE(described() - before, 1U);
+  EXPECT_LE(described() - before, 3U) << "pages in sight";
+  for (int column = 0; column < Trades().model()->columnCount(); ++column) {
+    Trades().ChooseColumn(column);
+    std::vector<QString> cells;
+    for (int row = 0; row <= kRows; ++row) cells.push_back(Cell(Trades(), row, column).toLower());
+    const bool isNumber =
+        Trades().model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).isValid();
+    if (column == 0) continue;  // a day's text has another order
+    EXPECT_TRUE(std::ranges::is_sorted(cells, {}, [&](const QString& text) {
+      return std::pair(isNumber && !text.isEmpty() ? QString(text).remove(u',').toDouble() : -1e9,
+                       isNumber ? QString() : text);
+    })) << column;
+  }
 }
 
 TEST_F(InvestmentViews, AClosedAccountKeepsItsTransactions) {
