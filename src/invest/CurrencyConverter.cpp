@@ -55,7 +55,9 @@ Conversion CurrencyConverter::Convert(const CurrencyForm& form) {
   const auto answer = rates_.Rate(form.otherCode, code);
   if (!answer || answer->rate <= 0 || answer->day) {
     // Only a rate of today converts here; one of another day is for the person to know.
-    Conversion refused = Refused(form, "Could not connect to website", "");
+    const bool wasStopped = rates_.WasStopped();
+    Conversion refused =
+        Refused(form, wasStopped ? "The download was stopped" : "Could not connect to website", "");
     if (answer && answer->day) {
       refused.notice = "Known is 1 " + form.otherCode + " = " + PlainNumber(answer->rate) + " " +
                        code + " of " + locale_.FormatShortDate(*answer->day) + ".";

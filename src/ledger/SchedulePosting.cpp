@@ -207,7 +207,7 @@ std::optional<double> SchedulePosting::Impl::RateOf(const ScheduleDetails& sched
     if (!isTold) platform_.prompts.Tell(kRateTitle, answer->notice);
     return answer->rate;
   }
-  if (withoutRate_.empty()) {
+  if (withoutRate_.empty() && !rates_.WasStopped()) {
     platform_.prompts.Tell(kRateTitle, "Could not connect to website");
   }
   withoutRate_.insert(pair);
