@@ -8,6 +8,7 @@
 #include <QComboBox>
 #include <QGridLayout>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 namespace corvanta::inline app {
 namespace {
@@ -79,6 +80,15 @@ HoldingsScope HoldingsBar::Scope(Date today) const {
 
 std::string HoldingsBar::Currency() const {
   return FromQt(cmbCurrency_->currentData().toString());
+}
+
+void HoldingsBar::AddCommand(QAction* command) {
+  auto* button = new QToolButton(this);
+  button->setObjectName(QStringLiteral("cmdHoldingsDownload"));
+  button->setDefaultAction(command);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setAutoRaise(true);
+  static_cast<QGridLayout*>(layout())->addWidget(button, 0, 4, Qt::AlignLeft);
 }
 
 void HoldingsBar::SetMethod(CostMethod method) {

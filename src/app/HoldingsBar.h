@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+class QAction;
 class QCheckBox;
 class QComboBox;
 
@@ -32,6 +33,8 @@ class HoldingsBar : public QWidget {
   // The code that all is to be converted into; empty for none.
   [[nodiscard]] std::string Currency() const;
   void SetMethod(CostMethod method);
+  // A button of that command behind the choices.
+  void AddCommand(QAction* command);
   // Offers these; what was chosen stays so as far as it is there. Sends no signal.
   void SetAccounts(const std::vector<std::pair<std::int64_t, std::string>>& accounts);
   void SetCurrencies(const std::vector<std::string>& codes);

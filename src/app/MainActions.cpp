@@ -153,6 +153,8 @@ void MainActions::MakeInvestments() {
   mnuInvestHistory =
       Make("mnuInvestHistory", tr("Price &History..."), "",
            tr("Show the prices of the chosen investment; of a new one while none is chosen"));
+  mnuInvestDownload = Make("mnuInvestDownload", tr("Do&wnload Prices"), "import",
+                           tr("Fetch today's prices of all investments"));
   mnuInvestTransAdd = Make("mnuInvestTransAdd", tr("&Add..."), "add",
                            tr("Enter what was bought, sold or paid out"));
   mnuInvestTransEdit = Make("mnuInvestTransEdit", tr("&Edit..."), "edit",
@@ -287,7 +289,7 @@ void MainActions::SetDataOpen(bool open) const {
         mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
-        mnuToolsLookup}) {
+        mnuToolsLookup,     mnuInvestDownload}) {
     action->setEnabled(open);
   }
 }

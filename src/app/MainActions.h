@@ -91,6 +91,7 @@ class MainActions : public QObject {
   QAction* mnuInvestEdit;
   QAction* mnuInvestDelete;
   QAction* mnuInvestHistory;
+  QAction* mnuInvestDownload;
   QAction* mnuInvestTransAdd;
   QAction* mnuInvestTransEdit;
   QAction* mnuInvestTransDelete;

@@ -70,7 +70,8 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
-  investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete, mnuInvestHistory});
+  investments.addActions(
+      {mnuInvestAdd, mnuInvestEdit, mnuInvestDelete, mnuInvestHistory, mnuInvestDownload});
   investments.addSeparator();
   QMenu* transactions = AddSubmenu(investments, "mnuInvestTrans", tr("Investment &Transactions"));
   transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});

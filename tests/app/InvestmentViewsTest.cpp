@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
 
 #include <algorithm>
@@ -252,6 +253,31 @@ TEST_F(InvestmentViews, WithoutAnyTheViewsSayHowToBegin) {
   EXPECT_FALSE(Trades().isVisible());
   machine_.prompts.ExpectTell("Please Add Account", ScriptedPrompts::kAnyText);
   Trigger("mnuInvestTransAdd");
+}
+
+TEST_F(InvestmentViews, AllPricesComeInOneGoAndWhatIsMissingLeadsToTheSources) {
+  Start("mnuViewInvestments");
+  Run("UPDATE tblStockData SET [URL] = 'http://quotes.test/STOCK' WHERE DataID = 3");
+  Run("UPDATE tblPayees SET DataID = 3, [Conversion] = 1, InvestCurrencyID = CurrencyID, Symbol = "
+      "'S' & PayeeID Where Investment "
+      "= 1");
+  Run("INSERT INTO tblPayees (Payee,[Symbol],CurrencyID,InvestCurrencyID,DataID,Investment) VALUES "
+      "('Without','W',17,17,9,1)");
+  Run("UPDATE tblStockData SET [URL] = '' WHERE DataID = 9");
+  machine_.download.AnswerAll("\"X\",4.25,\"11/20/2026\",\"5:30pm\",1,2\r\n");
+  Trigger("mnuViewHoldings");
+  Trigger("mnuInvestDownload");
+  EXPECT_EQ(machine_.download.Requested().size(), 2U) << "not of the one without an address";
+  EXPECT_EQ(window_->statusBar()->currentMessage(), "2 prices were downloaded");
+  Trigger("mnuViewInvestments");
+  EXPECT_EQ(Cell(List(), 0, 5), "4.2500");
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Cell(List(), 1, 5), "") << "all of them in one step";
+  machine_.download.AnswerAll(std::nullopt);
+  InNext("FrmSources", [](QDialog& dialog) { dialog.reject(); });
+  machine_.prompts.ExpectAsk("Download Prices", ScriptedPrompts::kAnyText, true);
+  Trigger("mnuInvestDownload");
+  EXPECT_EQ(machine_.download.Requested().size(), 3U) << "a dead service is asked once";
 }
 
 TEST_F(InvestmentViews, TheRegisterSaysWhatWasDone) {
