@@ -11,6 +11,7 @@
 class QAction;
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 
 namespace corvanta::inline platform {
 class Locale;
@@ -50,6 +51,7 @@ class HoldingsBar : public QWidget {
   QComboBox* cmbCurrency_;
   QCheckBox* chkSold_;
   PeriodBar* period_;
+  QHBoxLayout* below_;
 };
 
 }  // namespace corvanta::inline app
