@@ -1,6 +1,7 @@
 #include "invest/CurrencyConverter.h"
 
 #include "ledger/RateSource.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 
@@ -48,7 +49,7 @@ Conversion CurrencyConverter::Convert(const CurrencyForm& form) {
   const bool isCurrencyEntered =
       form.isCurrencyEntered ? !IsEmpty(form.amountCurrency) : IsEmpty(form.amount);
   const std::string& entered = isCurrencyEntered ? form.amountCurrency : form.amount;
-  const auto number = locale_.ParseNumber(entered);
+  const auto number = WorkOut(entered, locale_);
   if (!number) {
     return Refused(form, kMissing, form.isCurrencyEntered ? "txtAmountCurrency" : "txtAmount");
   }
