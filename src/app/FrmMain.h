@@ -154,6 +154,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // With that file chosen; empty for none.
   void ImportFile(const std::string& path);
   void ChangePassword();
+  void ChangePassphrase();
   void ShowRecoveryKey();
 
   LedgerSession& session_;

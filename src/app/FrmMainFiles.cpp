@@ -1,17 +1,20 @@
 // The data file that the main window works on, and files in and out of it.
 #include "app/FrmMain.h"
+#include "app/FrmPassphrase.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
 #include "app/ReminderCommands.h"
 #include "controls/QtText.h"
+#include "controls/WaitCursor.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
 #include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
@@ -54,6 +57,7 @@ void FrmMain::ConnectFiles() {
   On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
   On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
   On(actions_->mnuFilePassword, [this] { ChangePassword(); });
+  On(actions_->mnuFilePassphrase, [this] { ChangePassphrase(); });
   On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
   On(actions_->mnuFileImport, [this] { ImportFile({}); });
   connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
@@ -131,10 +135,44 @@ void FrmMain::ChangePassword() {
   if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
 }
 
+void FrmMain::ChangePassphrase() {
+  constexpr const char* kTitle = "Passphrase";
+  if (!session_.IsOpen() || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
+  FrmPassphrase dialog(IsFromPassphrase(session_.Password()), platform_, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const ViewCommand before = shown_;
+  const std::string& passphrase = dialog.Passphrase();
+  session_.Close();
+  bool isDone = false;
+  Guard([&] {
+    const WaitCursor waiting;
+    session_.Opener().Protect(passphrase.empty() ? std::string()
+                                                 : NewPasswordFromPassphrase(passphrase));
+    isDone = true;
+  });
+  if (!Reopen(true)) return;
+  Show(before);
+  if (!isDone) return;
+  platform_.prompts.Tell(
+      kTitle,
+      passphrase.empty()
+          ? "The data file opens on this computer without a passphrase. Save its recovery "
+            "key: it has a new one."
+          : "The data file opens with your passphrase from now on, on every computer. Write "
+            "it down and keep it in a safe place.");
+}
+
 void FrmMain::ShowRecoveryKey() {
   constexpr const char* kTitle = "Recovery Key";
   if (!session_.IsOpen()) {
     platform_.prompts.Tell(kTitle, "Open a data file first: the key belongs to the file.");
+    return;
+  }
+  if (IsFromPassphrase(session_.Password())) {
+    platform_.prompts.Tell(
+        kTitle,
+        "This data file opens with its passphrase, on every computer. There is no "
+        "other key to it.");
     return;
   }
   // It opens the file for whoever reads it: the one who left the window standing may be away.

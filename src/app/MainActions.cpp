@@ -29,6 +29,9 @@ void MainActions::MakeFile() {
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
   mnuFilePassword = Make("mnuFilePassword", tr("Passwo&rd..."), "password",
                          tr("Set, change or switch off the password that the data file asks for"));
+  mnuFilePassphrase =
+      Make("mnuFilePassphrase", tr("Pa&ssphrase..."), "",
+           tr("Protect the data file with a passphrase that opens it on every computer"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
   mnuFileImport = Make("mnuFileImport", tr("&Import..."), "import",
@@ -289,7 +292,7 @@ void MainActions::SetDataOpen(bool open) const {
         mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
-        mnuToolsLookup,     mnuInvestDownload}) {
+        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase}) {
     action->setEnabled(open);
   }
 }

@@ -38,6 +38,7 @@ class MainActions : public QObject {
   QAction* mnuFileOpen;
   QAction* mnuFileValidate;
   QAction* mnuFilePassword;
+  QAction* mnuFilePassphrase;
   QAction* mnuFileKey;
   QAction* mnuFileImport;
   QAction* mnuFileExport;

@@ -22,7 +22,7 @@ QMenu* MainActions::AddSubmenu(QMenu& menu, const char* name, const QString& tex
 
 void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
-  file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFileKey});
+  file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
   file->addSeparator();
   file->addActions({mnuFileImport, mnuFileExport});
   file->addSeparator();

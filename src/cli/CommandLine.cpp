@@ -22,6 +22,7 @@
 #include "cli/MergeCommand.h"
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
+#include "cli/PassphraseCommand.h"
 #include "cli/PasswordCommand.h"
 #include "cli/PostCommand.h"
 #include "cli/PriceCommand.h"
@@ -205,6 +206,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<SettingsCommand>());
   add(std::make_unique<KeyCommand>());
   add(std::make_unique<PasswordCommand>());
+  add(std::make_unique<PassphraseCommand>());
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());

@@ -1,5 +1,6 @@
 // Nothing is cramped: on a small screen, or one of 1080 lines at 200 %, with usual and large
 // letters, every window has room for what it says.
+#include "app/FrmPassphrase.h"
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/RegisterModel.h"
@@ -242,6 +243,11 @@ TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
                                                     {Mode::Delete, false},
                                                     {Mode::Reveal, false}}) {
     FrmPassword dialog(mode, isNew, machine_.Get(), {}, nullptr);
+    dialog.show();
+    Check(dialog);
+  }
+  for (const bool isSet : {false, true}) {
+    FrmPassphrase dialog(isSet, machine_.Get(), nullptr);
     dialog.show();
     Check(dialog);
   }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/datafile/DataFileLocation.h"
+#include "store/datafile/FilePasswords.h"
 #include "store/datafile/WriterLock.h"
 #include "store/sql/Connection.h"
 
@@ -8,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace corvanta::inline platform {
 struct Platform;
@@ -35,6 +37,9 @@ class DataFileOpener {
   void SetDataPath(std::string path);
   // How long to wait for a program that is writing; not at all without it.
   void SetPatience(Patience patience);
+  // Who is asked for the passphrase of a data file that wants one. Without it such a file is
+  // refused with StoreError(WrongPassphrase), as it is when the person turns back.
+  void SetPassphraseQuestion(PassphraseQuestion ask) { passwords_.SetQuestion(std::move(ask)); }
 
   // The open-data-file operation with its questions: nullopt when no file was opened and the
   // person has been told why. Quiet creates a missing file without asking. Never throws StoreError;
@@ -61,6 +66,14 @@ class DataFileOpener {
   [[nodiscard]] DataFile UseKey(const std::string& keyOrPath,
                                 const std::function<bool(Connection&)>& admits = {});
 
+  // Protects an existing data file, which must not be open, with this password from now on: one of
+  // NewPasswordFromPassphrase, or an empty one for that of this installation. Until the copy takes
+  // its place in one step, and when this throws, the file is as it was. Throws StoreError and
+  // PlatformError.
+  void Protect(const std::string& password);
+  // Whether the data file wants a passphrase.
+  [[nodiscard]] bool WantsPassphrase() const;
+
   // Where the data file is looked for. Throws StoreError(Missing) without a DBPath.
   [[nodiscard]] DataFileLocation Location() const;
 
@@ -68,6 +81,7 @@ class DataFileOpener {
   Platform& platform_;
   Writer writer_;
   std::optional<std::string> dataPath_;
+  FilePasswords passwords_;
 };
 
 }  // namespace corvanta::inline datafile
