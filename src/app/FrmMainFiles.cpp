@@ -8,6 +8,7 @@
 #include "controls/QtText.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -123,6 +124,9 @@ void FrmMain::NoticeValidated(qint64 before, qint64 left) {
   if (left < before) {
     text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
   }
+  const std::size_t missing = session_.Ledger().Notes().Files().CountMissing();
+  if (missing == 1) text += tr(", 1 attached file is missing");
+  if (missing > 1) text += tr(", %1 attached files are missing").arg(missing);
   const QString posted = PostedText();
   Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
 }
