@@ -72,6 +72,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void OpenAccount(std::int64_t accountId) override;
   void ShowTransaction(std::int64_t accountId, std::int64_t key) override;
   bool ChooseRow(std::string_view view, std::int64_t key) override;
+  void Import(const std::string& path) override { ImportFile(path); }
   void FocusView() override;
   [[nodiscard]] const ViewCommand& Shown() const override { return shown_; }
   [[nodiscard]] const std::vector<AccountRow>& Accounts() const override { return accounts_; }
@@ -140,6 +141,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // --- Layout
 
   void FoldReminders(bool fold);
+  void FoldRibbon(bool fold);
   void SaveLayout();
 
   // --- The data file

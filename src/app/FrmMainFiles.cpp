@@ -10,6 +10,7 @@
 #include "controls/WaitCursor.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -127,6 +128,9 @@ void FrmMain::NoticeValidated(qint64 before, qint64 left) {
   if (left < before) {
     text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
   }
+  const std::size_t missing = session_.Ledger().Notes().Files().CountMissing();
+  if (missing == 1) text += tr(", 1 attached file is missing");
+  if (missing > 1) text += tr(", %1 attached files are missing").arg(missing);
   const QString posted = PostedText();
   Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
 }

@@ -8,6 +8,7 @@
 #include "app/WindowLayout.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/ucRibbon.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -32,6 +33,8 @@ void FrmMain::Restore() {
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
   actions_->mnuViewReminders->setChecked(layout.showsReminders);
   reminders_->setVisible(layout.showsReminders);
+  actions_->mnuViewRibbon->setChecked(layout.showsRibbon);
+  FoldRibbon(!layout.showsRibbon);
   Guard([this] {
     for (MainView* view : views_) view->Restore(platform_.registry);
     AdoptLedger();
@@ -65,6 +68,7 @@ void FrmMain::SaveLayout() {
     layout.account = account_;
   }
   layout.showsReminders = actions_->mnuViewReminders->isChecked();
+  layout.showsRibbon = actions_->mnuViewRibbon->isChecked();
   for (const MainView* view : views_) view->Keep(layout.views);
   if (const SortedTable* table = ShownTable()) layout.sort = table->Sorted();
   WriteLayout(platform_.registry, layout);
@@ -82,6 +86,10 @@ void FrmMain::changeEvent(QEvent* event) {
   Guard([this] {
     for (MainView* view : views_) view->ApplySettings();
   });
+}
+
+void FrmMain::FoldRibbon(bool fold) {
+  ribbon_->SetFolded(fold);
 }
 
 void FrmMain::FoldReminders(bool fold) {

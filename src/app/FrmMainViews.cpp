@@ -239,6 +239,9 @@ void FrmMain::MarkChoice() {
     for (const auto& [action, task] : actions_->EditTasks()) {
       action->setEnabled(view_ != nullptr && view_->Can(task));
     }
+    QAction* add = view_ == nullptr ? nullptr : view_->AddCommand();
+    actions_->mnuRibbonAdd->setEnabled(add != nullptr && add->isEnabled());
+    actions_->mnuRibbonAdd->setToolTip(add == nullptr ? QString() : add->toolTip());
     actions_->mnuFilePrint->setEnabled(view_ != nullptr);
     actions_->mnuFilePreview->setEnabled(view_ != nullptr);
     for (MainView* view : views_) view->MarkCommands(view == view_);

@@ -49,6 +49,7 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] QAction* Entry() const override { return traits_.entry; }
   [[nodiscard]] QWidget* Widget() override { return this; }
   [[nodiscard]] QString Title() const override { return traits_.title; }
+  [[nodiscard]] QAction* AddCommand() const override { return traits_.add; }
   [[nodiscard]] SortedTable* Table() const override { return table_; }
   void Restore(const Registry& registry) override;
   void Keep(std::map<std::string, std::string>& values) const override;

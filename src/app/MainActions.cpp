@@ -17,6 +17,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeInvestments();
   MakeViews();
   MakeViewOptions();
+  MakeItems();
   mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
   mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
   mnuHelpAbout->setMenuRole(QAction::AboutRole);
@@ -114,7 +115,9 @@ void MainActions::MakeSchedules() {
 }
 
 void MainActions::MakeReference() {
-  mnuAccountAdd = Make("mnuAccountAdd", tr("&Add..."), "", tr("Add an account"));
+  mnuAccountNew = Make("mnuAccountNew", tr("&New..."), "add", tr("Add an account"));
+  mnuAccountAdd = Make("mnuAccountAdd", tr("&Add..."), "",
+                       tr("Add an account like the chosen one, of its group, bank and currency"));
   mnuAccountEdit = Make("mnuAccountEdit", tr("&Edit..."), "", tr("Edit the account"));
   mnuAccountDelete = Make("mnuAccountDelete", tr("&Delete"), "", tr("Delete the account"));
   mnuAccountList = Make("mnuAccountList", tr("&List"), "accounts", tr("Show the list of accounts"));
@@ -292,7 +295,7 @@ void MainActions::SetDataOpen(bool open) const {
         mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
-        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase}) {
+        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew}) {
     action->setEnabled(open);
   }
 }

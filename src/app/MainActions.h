@@ -55,6 +55,7 @@ class MainActions : public QObject {
   QAction* mnuEditDelete;
   QAction* mnuEditSelect;
 
+  QAction* mnuAccountNew;
   QAction* mnuAccountAdd;
   QAction* mnuAccountEdit;
   QAction* mnuAccountDelete;
@@ -71,6 +72,11 @@ class MainActions : public QObject {
   QAction* mnuTransBreak1;
   QAction* mnuTransSchedule;
   QAction* mnuTransTransfer;
+  QAction* mnuTransDelete;
+  QAction* mnuTransCopy;
+  QAction* mnuTransPaste;
+  QAction* mnuTransKeyword;
+  QAction* mnuTransAttachment;
 
   QAction* mnuCategoryAdd;
   QAction* mnuCategoryEdit;
@@ -103,6 +109,7 @@ class MainActions : public QObject {
   QAction* mnuHoldingEdit;
   QAction* mnuHoldingAction;
 
+  QAction* mnuToolsCalculator;
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
@@ -121,6 +128,8 @@ class MainActions : public QObject {
   QAction* mnuViewInvestTrans;
   QAction* mnuViewHoldings;
   QAction* mnuViewReminders;
+  QAction* mnuViewRibbon;
+  QAction* mnuRibbonAdd;  // what the view in front lists
   QAction* mnuViewBack;
   QAction* mnuViewForward;
   QAction* mnuViewUnCleared;
@@ -150,6 +159,8 @@ class MainActions : public QObject {
   void MakeInvestments();
   void MakeViews();
   void MakeViewOptions();
+  void MakeItems();
+  void FillTransactions(QMenu& transactions) const;
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

@@ -36,15 +36,10 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   edit->addSeparator();
   edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
   QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
-  accounts->addActions({mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
+  accounts->addActions({mnuAccountNew, mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
   accounts->addSeparator();
   accounts->addAction(mnuAccountList);
-  QMenu* transactions = AddMenu(menus, "mnuTransactions", tr("&Transactions"));
-  transactions->addActions({mnuTransAdd, mnuTransEdit, mnuTransAutofill});
-  transactions->addSeparator();
-  FillTransactionMenu(*transactions);
-  transactions->addSeparator();
-  transactions->addAction(mnuTransReconcile);
+  FillTransactions(*AddMenu(menus, "mnuTransactions", tr("&Transactions")));
   QMenu* schedules = AddMenu(menus, "mnuSchedule", tr("&Schedule"));
   schedules->addActions({mnuScheduleAdd, mnuScheduleEdit, mnuScheduleDelete});
   schedules->addSeparator();
@@ -55,18 +50,32 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
-  tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsShares, mnuToolsLookup,
-                     mnuToolsSources, mnuToolsKeywords});
+  tools->addActions({mnuToolsCalculator, mnuToolsCurrency, mnuToolsKeywords});
   tools->addSeparator();
   tools->addActions({mnuToolsLoan, mnuToolsMortgage});
+  tools->addSeparator();
+  tools->addActions({mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
   help->addActions({mnuHelpTips, mnuHelpAbout});
 }
 
+void MainActions::FillTransactions(QMenu& transactions) const {
+  transactions.addActions({mnuTransAdd, mnuTransEdit, mnuTransDelete, mnuTransCopy, mnuTransPaste});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransTransfer, mnuTransSchedule, mnuTransAutofill});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransUChk, mnuTransChk, mnuTranRec, mnuTransReconcile});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransKeyword, mnuTransAttachment});
+}
+
 void MainActions::FillTransactionMenu(QMenu& menu) const {
   menu.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuTransBreak, mnuTransUChk,
-                   mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
+                   mnuTransChk, mnuTranRec});
+  menu.addSeparator();
+  menu.addActions(
+      {mnuTransKeyword, mnuTransAttachment, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
@@ -84,7 +93,7 @@ void MainActions::FillInvestMenu(QMenu& investments) const {
 void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
                    mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings,
-                   mnuViewReminders});
+                   mnuViewReminders, mnuViewRibbon});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
@@ -112,9 +121,11 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewSchedules);
   ribbon.AddButton(mnuViewInvestments);
   ribbon.AddSeparator();
-  ribbon.AddButton(mnuTransAdd);
+  ribbon.AddButton(mnuRibbonAdd);
   ribbon.AddButton(mnuTransAutofill);
   ribbon.AddButton(mnuTransReconcile);
+  ribbon.AddButton(mnuFileImport);
+  ribbon.AddButton(mnuEditUndo);
   ribbon.AddSeparator();
   ribbon.AddButton(mnuFilePreview);
   ribbon.AddButton(mnuViewRefresh);

@@ -55,6 +55,8 @@ class MainView {
   [[nodiscard]] virtual QAction* Entry() const = 0;
   [[nodiscard]] virtual QWidget* Widget() = 0;
   [[nodiscard]] virtual QString Title() const = 0;
+  // What adds an item of the kind that it lists.
+  [[nodiscard]] virtual QAction* AddCommand() const = 0;
   // Its list, whose columns are sorted and widened from the View menu; null for a view without.
   [[nodiscard]] virtual SortedTable* Table() const = 0;
   // Whether it shows the rows of one account, which its command names.

@@ -17,7 +17,8 @@ RegisterDelegate::RegisterDelegate(QObject* parent)
       split_(SvgIcon(QStringLiteral("split"))),
       transfer_(SvgIcon(QStringLiteral("transfer"))),
       schedule_(SvgIcon(QStringLiteral("schedule"))),
-      attachment_(SvgIcon(QStringLiteral("attachment"))) {}
+      attachment_(SvgIcon(QStringLiteral("attachment"))),
+      keyword_(SvgIcon(QStringLiteral("keyword"))) {}
 
 void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
@@ -81,6 +82,7 @@ int RegisterDelegate::DrawMarks(QPainter& painter, const RegisterRow& row, const
     icon.paint(&painter, place, Qt::AlignCenter, mode);
     width += kMark + kMarkGap;
   };
+  draw(!row.keywords.empty(), keyword_);
   draw(row.hasAttachment, attachment_);
   draw(row.scheduleId != 0, schedule_);
   draw(row.isTransfer, transfer_);

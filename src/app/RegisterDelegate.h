@@ -45,6 +45,7 @@ class RegisterDelegate : public ListDelegate {
   QIcon transfer_;
   QIcon schedule_;
   QIcon attachment_;
+  QIcon keyword_;
 };
 
 }  // namespace corvanta::inline app

@@ -305,6 +305,9 @@ QString MarksText(const RegisterRow& row, bool isAhead) {
   if (row.isTransfer) marks.append(RegisterModel::tr("transfer"));
   if (row.scheduleId != 0) marks.append(RegisterModel::tr("from a schedule"));
   if (row.hasAttachment) marks.append(RegisterModel::tr("file attached"));
+  if (!row.keywords.empty()) {
+    marks.append(RegisterModel::tr("keywords: %1").arg(ToQt(row.keywords)));
+  }
   return marks.join(QStringLiteral(", "));
 }
 

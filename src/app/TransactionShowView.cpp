@@ -1,5 +1,6 @@
 #include "app/TransactionShowView.h"
 
+#include "app/ItemCommands.h"
 #include "app/LedgerSession.h"
 #include "app/ListColours.h"
 #include "app/MainActions.h"
@@ -35,7 +36,8 @@ TransactionShowView::TransactionShowView(const ViewPlace& place, QWidget* parent
           {place.actions.mnuTransAdd, place.actions.mnuViewAccounts, place.actions.mnuViewAll},
           parent)),
       commands_(place, *register_),
-      ahead_(new ReadAhead(shelf_, this)) {
+      ahead_(new ReadAhead(shelf_, this)),
+      items_(new ItemCommands(place, *register_, *this, this)) {
   register_->SetToday(place.host.Today());
   Connect();
   ConnectColumns();
@@ -51,6 +53,10 @@ QAction* TransactionShowView::Entry() const {
 
 QWidget* TransactionShowView::Widget() {
   return register_;
+}
+
+QAction* TransactionShowView::AddCommand() const {
+  return place_.actions.mnuTransAdd;
 }
 
 QString TransactionShowView::Title() const {
@@ -218,6 +224,7 @@ void TransactionShowView::Do(EditTask task) {
 void TransactionShowView::MarkCommands(bool isShown) {
   place_.actions.mnuFileExport->setEnabled(isShown && account_ != 0);
   commands_.Mark(isShown);
+  items_->Mark(isShown);
 }
 
 void TransactionShowView::ExportRegister() {

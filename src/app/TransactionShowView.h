@@ -16,6 +16,7 @@ struct RegisterScope;
 
 namespace corvanta::inline app {
 
+class ItemCommands;
 class ReadAhead;
 class RegisterView;
 
@@ -32,6 +33,7 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] QWidget* Widget() override;
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] SortedTable* Table() const override;
+  [[nodiscard]] QAction* AddCommand() const override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -77,6 +79,7 @@ class TransactionShowView : public QObject, public MainView {
   RegisterCommands commands_;
   RegisterShelf shelf_;
   ReadAhead* ahead_;
+  ItemCommands* items_;
   std::int64_t account_ = 0;  // that is shown; 0 for none
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };

@@ -8,6 +8,7 @@
 #include "cli/BalanceCommand.h"
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
+#include "cli/CompletionCommand.h"
 #include "cli/DeleteCommand.h"
 #include "cli/DownloadCommand.h"
 #include "cli/EditCommand.h"
@@ -240,6 +241,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<HoldingsCommand>());
   add(std::make_unique<LoanCommand>(LoanMode::Loan));
   add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
+  add(std::make_unique<CompletionCommand>());
 }
 
 ExitStatus CommandLine::RunChosen() {

@@ -35,7 +35,7 @@ class RegisterNames {
   std::unordered_set<std::int64_t> investments_;
 };
 
-// What other rows say of some transactions: other halves, split lines, attachments.
+// What other rows say of some transactions: other halves, split lines, attachments, keywords.
 class RegisterLinks {
  public:
   // Of all rows of an account.
@@ -47,11 +47,14 @@ class RegisterLinks {
   [[nodiscard]] const std::string* TwinAccount(std::int64_t twin) const;
   [[nodiscard]] bool HasLines(std::int64_t transaction) const;
   [[nodiscard]] bool HasAttachment(std::int64_t transaction) const;
+  // By name, with commas between them.
+  [[nodiscard]] std::string_view Keywords(std::int64_t transaction) const;
 
  private:
   NamesByKey twins_;
   std::unordered_set<std::int64_t> parents_;
   std::unordered_set<std::int64_t> attached_;
+  NamesByKey keywords_;
 };
 
 // The accounts of these other halves, whose keys stand with commas between them.

@@ -62,6 +62,7 @@ bool RegisterReader::Read(RegisterRow& row) const {
   row.status = StatusLetter(rows_.Int(kBankChk), rows_.Int(kBankRec));
   row.isSplit = links_.HasLines(row.transactionId);
   row.hasAttachment = links_.HasAttachment(row.transactionId);
+  row.keywords = links_.Keywords(row.transactionId);
   row.scheduleId = rows_.Int(kBankSch);
   row.action = rows_.Int(kAction);
   if (row.action != 0) {
