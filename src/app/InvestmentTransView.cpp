@@ -102,6 +102,10 @@ InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent
   place.On(actions.mnuInvestTransPaste, this, [this] { Paste(); });
 }
 
+void InvestmentTransView::ApplySettings() {
+  SetNeeds(Columns(Place().platform));
+}
+
 void InvestmentTransView::Show(const ViewCommand& command) {
   const Locale& shown = Place().platform.locale;
   const int decimals = Settings(Place().platform.registry).InvestmentDecimals();

@@ -18,6 +18,8 @@ class InvestmentTransView : public ListView {
   InvestmentTransView(const ViewPlace& place, QWidget* parent);
 
   void Show(const ViewCommand& command) override;
+  // Prices with another number of decimals want another width.
+  void ApplySettings() override;
   [[nodiscard]] bool Can(EditTask task) const override;
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;

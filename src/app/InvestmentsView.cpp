@@ -89,6 +89,10 @@ InvestmentsView::InvestmentsView(const ViewPlace& place, QWidget* parent)
   place.On(place.actions.mnuInvestHistory, this, [this] { ShowHistory(); });
 }
 
+void InvestmentsView::ApplySettings() {
+  SetNeeds(Columns(Place().platform));
+}
+
 void InvestmentsView::Show(const ViewCommand& /*command*/) {
   clsCorvanta& ledger = Place().session.Ledger();
   InvestmentBook& investments = ledger.Investments();
