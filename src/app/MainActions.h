@@ -39,6 +39,7 @@ class MainActions : public QObject {
   QAction* mnuFileValidate;
   QAction* mnuFilePassword;
   QAction* mnuFileKey;
+  QAction* mnuFileOptions;
   QAction* mnuFileImport;
   QAction* mnuFileExport;
   QAction* mnuFilePrint;
@@ -105,6 +106,7 @@ class MainActions : public QObject {
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
   QAction* mnuToolsSources;
+  QAction* mnuToolsCurrencies;
   QAction* mnuToolsLoan;
   QAction* mnuToolsMortgage;
   QAction* mnuToolsShares;
@@ -136,6 +138,9 @@ class MainActions : public QObject {
   QAction* mnuViewReconcile;
   QAction* mnuViewRefresh;
 
+  QAction* mnuHelpContents;
+  QAction* mnuHelpPage;
+  QAction* mnuHelpWelcome;
   QAction* mnuHelpTips;
   QAction* mnuHelpAbout;
 
@@ -148,6 +153,7 @@ class MainActions : public QObject {
   void MakeInvestments();
   void MakeViews();
   void MakeViewOptions();
+  void MakeHelp();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

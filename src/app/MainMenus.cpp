@@ -28,6 +28,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   file->addSeparator();
   file->addActions({mnuFilePrint, mnuFilePreview});
   file->addSeparator();
+  file->addAction(mnuFileOptions);
+  file->addSeparator();
   file->addAction(mnuFileExit);
   QMenu* edit = AddMenu(menus, "mnuEdit", tr("&Edit"));
   edit->addActions({mnuEditUndo, mnuEditRedo});
@@ -56,12 +58,16 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
   tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsShares, mnuToolsLookup,
-                     mnuToolsSources, mnuToolsKeywords});
+                     mnuToolsSources, mnuToolsCurrencies, mnuToolsKeywords});
   tools->addSeparator();
   tools->addActions({mnuToolsLoan, mnuToolsMortgage});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
-  help->addActions({mnuHelpTips, mnuHelpAbout});
+  help->addActions({mnuHelpContents, mnuHelpPage});
+  help->addSeparator();
+  help->addActions({mnuHelpWelcome, mnuHelpTips});
+  help->addSeparator();
+  help->addAction(mnuHelpAbout);
 }
 
 void MainActions::FillTransactionMenu(QMenu& menu) const {
