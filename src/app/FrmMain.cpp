@@ -9,6 +9,7 @@
 #include "app/QtProgress.h"
 #include "app/ReminderCommands.h"
 #include "app/RemindersPanel.h"
+#include "app/start/WelcomeCommands.h"
 #include "controls/EmptyState.h"
 #include "controls/HairSplitter.h"
 #include "controls/QtText.h"
@@ -49,7 +50,8 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
       progress_(progress),
       day_(platform.clock.Today()),
       actions_(new MainActions(this)),
-      place_{session, platform, *actions_, *this, *this} {
+      place_{session, platform, *actions_, *this, *this},
+      welcome_(std::make_unique<WelcomeCommands>(place_, [this] { return Reopen(true); })) {
   setObjectName(QStringLiteral("FrmMain"));
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
   setWindowIcon(ProgramIcon());
@@ -62,10 +64,13 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectEdit();
   ConnectViews();
   ConnectDialogs();
+  ConnectSettings();
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);
 }
+
+FrmMain::~FrmMain() = default;
 
 QWidget* FrmMain::MakeCentre() {
   auto* page = new QWidget(this);

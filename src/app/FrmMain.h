@@ -10,6 +10,7 @@
 #include <QMainWindow>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -42,6 +43,7 @@ class MainView;
 class QtProgress;
 class ReminderCommands;
 class RemindersPanel;
+class WelcomeCommands;
 struct ViewSurroundings;
 
 // The main window: menus, ribbon, the account tree over the calendar, one view at a time, and the
@@ -53,12 +55,18 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
  public:
   // All arguments must outlive the window; `progress` is shown in its status bar from now on.
   FrmMain(LedgerSession& session, Platform& platform, QtProgress& progress);
+  ~FrmMain() override;
 
   // Takes size, place and the last view from the settings and fills the views. Shows nothing yet.
   void Restore();
 
   // Issues a command: shows its view and remembers it for going back.
   void Show(const ViewCommand& command);
+
+  // Greets who has never used the program, once. To be called when the window stands.
+  void Greet();
+  // Begins the import of that file as soon as the window is free.
+  void BeginImport(const std::string& path);
 
   // ViewHost
   void Guard(const std::function<void()>& command) override;
@@ -98,6 +106,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void ConnectEdit();
   void ConnectViews();
   void ConnectDialogs();
+  void ConnectSettings();
   // Runs the command, at the window's edge, whenever the action is triggered.
   void On(QAction* action, const std::function<void()>& command);
   // What was posted on the way; empty where nothing was.
@@ -128,6 +137,9 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void MarkCommands();
   void MarkUndo();
   void ApplySettings();
+  void ChangeOptions();
+  // What was reset in the settings is so in the window.
+  void ForgetColumns();
   void Undo(bool again);
   // `rows` is how many more there are than before.
   void NoticeUndone(const QString& what, qint64 rows);
@@ -184,6 +196,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   EmptyState* closedView_ = nullptr;
   RemindersPanel* reminders_ = nullptr;
   ReminderCommands* reminderCommands_ = nullptr;
+  std::unique_ptr<WelcomeCommands> welcome_;
   int remindersRoom_ = 0;  // by which the window has grown for them
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;

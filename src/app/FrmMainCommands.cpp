@@ -102,6 +102,7 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuViewAccountTypes, [this] { ShowList(ListKind::AccountType); });
   On(actions_->mnuViewBanks, [this] { ShowList(ListKind::Bank); });
   On(actions_->mnuViewPayments, [this] { ShowList(ListKind::Payment); });
+  On(actions_->mnuToolsCurrencies, [this] { ShowList(ListKind::Currency); });
   On(actions_->mnuToolsKeywords, [this] { ShowList(ListKind::Keywords); });
   On(actions_->mnuToolsCurrency, [this] { ConvertCurrency(); });
   On(actions_->mnuToolsShares, [this] { ShowWatchList(Invest(), WatchMode::Stocks); });
@@ -147,12 +148,6 @@ void FrmMain::PrintShown(bool preview) {
   const PrintPlace place{platform_, this};
   if (preview) return OpenPrintPreview(view_->Printed(), place);
   PrintList(view_->Printed(), place);
-}
-
-void FrmMain::ApplySettings() {
-  tree_->ShowNumbers(settings_.IsOn(Setting::AccountNo));
-  calendar_->setVisible(settings_.IsOn(Setting::Calendar));
-  for (MainView* view : views_) view->ApplySettings();
 }
 
 void FrmMain::ApplyDay() {

@@ -212,8 +212,15 @@ void FrmMain::dropEvent(QDropEvent* event) {
   if (path.isEmpty()) return;
   event->acceptProposedAction();
   // The program that the file comes from waits until the drop is over.
+  BeginImport(FromQt(path));
+}
+
+void FrmMain::BeginImport(const std::string& path) {
   QMetaObject::invokeMethod(
-      this, [this, path] { Guard([this, path] { ImportFile(FromQt(path)); }); },
+      this,
+      [this, path] {
+        if (session_.IsOpen()) Guard([this, path] { ImportFile(path); });
+      },
       Qt::QueuedConnection);
 }
 

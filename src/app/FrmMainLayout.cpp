@@ -83,9 +83,7 @@ void FrmMain::closeEvent(QCloseEvent* event) {
 void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::PaletteChange) return;
-  Guard([this] {
-    for (MainView* view : views_) view->ApplySettings();
-  });
+  Guard([this] { ApplySettings(); });
 }
 
 void FrmMain::FoldRibbon(bool fold) {

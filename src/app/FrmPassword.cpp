@@ -14,19 +14,24 @@
 #include <QFormLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 #include <QVBoxLayout>
 
+#include <chrono>
 #include <utility>
 
 namespace corvanta::inline app {
 namespace {
 
 constexpr int kTextWidth = 48 * kRhythm;
+constexpr std::chrono::milliseconds kCountDown(500);
 
 QString Explanation(FrmPassword::Mode mode, bool isNew) {
   switch (mode) {
     case FrmPassword::Mode::Delete:
-      return FrmPassword::tr("Type your password to go on with deleting.");
+      return FrmPassword::tr(
+          "Type your password once more. Nobody will be asked for it any more when this data file "
+          "is opened.");
     case FrmPassword::Mode::Reveal:
       return FrmPassword::tr("Type your password to see the recovery key.");
     case FrmPassword::Mode::Change:
@@ -54,45 +59,76 @@ FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, PasswordActi
       platform_(platform),
       actions_(std::move(actions)),
       chkShowPwd_(new QCheckBox(tr("Sho&w the password"), this)),
-      chkEnableLogin_(new QCheckBox(tr("&Ask for the password at start"), this)) {
+      chkEnableLogin_(new QCheckBox(tr("&Ask for the password at start"), this)),
+      lblWait_(new MutedLabel(this)),
+      wait_(new QTimer(this)) {
   setObjectName(QStringLiteral("FrmPassword"));
   setWindowTitle(tr("Password"));
   auto* explanation = new MutedLabel(this);
   explanation->setText(Explanation(mode, isNew));
   explanation->setWordWrap(true);
   explanation->setMinimumWidth(kTextWidth);
-  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
-  buttons->button(QDialogButtonBox::Ok)->setObjectName(QStringLiteral("cmdAccept"));
-  buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
   auto* page = new QVBoxLayout(this);
   page->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
   page->setSpacing(2 * kRhythm);
   page->addWidget(explanation);
   MakeFields(isNew);
-  page->addWidget(buttons);
+  lblWait_->setObjectName(QStringLiteral("lblWait"));
+  lblWait_->setWordWrap(true);
+  page->addWidget(lblWait_);
+  MakeButtons();
   page->setSizeConstraint(QLayout::SetFixedSize);
   connect(chkShowPwd_, &QCheckBox::toggled, this, &FrmPassword::Show);
+  wait_->setObjectName(QStringLiteral("tmrWait"));
+  wait_->setInterval(kCountDown);
+  connect(wait_, &QTimer::timeout, this, &FrmPassword::ShowWait);
+  ShowWait();
+  (txtPassword_ != nullptr ? txtPassword_ : txtNewPassword_)->setFocus();
+}
+
+void FrmPassword::MakeButtons() {
+  auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+  cmdAccept_ = buttons->button(QDialogButtonBox::Ok);
+  cmdAccept_->setObjectName(QStringLiteral("cmdAccept"));
+  buttons->button(QDialogButtonBox::Cancel)->setObjectName(QStringLiteral("cmdCancel"));
+  layout()->addWidget(buttons);
   connect(buttons, &QDialogButtonBox::accepted, this, &FrmPassword::Accept);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  (txtPassword_ != nullptr ? txtPassword_ : txtNewPassword_)->setFocus();
+  if (mode_ == Mode::Delete) cmdAccept_->setText(tr("Switch &Off"));
+  if (mode_ != Mode::Change || txtPassword_ == nullptr) return;
+  auto* off = buttons->addButton(tr("Switch &Off..."), QDialogButtonBox::ActionRole);
+  off->setObjectName(QStringLiteral("cmdDelete"));
+  off->setToolTip(tr("Have nobody asked for a password any more"));
+  off->setAutoDefault(false);
+  connect(off, &QPushButton::clicked, this, [this] { done(kSwitchOff); });
+}
+
+void FrmPassword::ShowWait() {
+  const std::int64_t seconds = actions_.wait && txtPassword_ != nullptr ? actions_.wait() : 0;
+  lblWait_->setVisible(seconds > 0);
+  cmdAccept_->setEnabled(seconds == 0);
+  if (seconds == 0) return wait_->stop();
+  lblWait_->setText(
+      seconds == 1 ? tr("Several wrong passwords were entered. The next one can be tried in 1 "
+                        "second.")
+                   : tr("Several wrong passwords were entered. The next one can be tried in %1 "
+                        "seconds.")
+                         .arg(seconds));
+  wait_->start();
 }
 
 void FrmPassword::MakeFields(bool isNew) {
   auto* form = new QFormLayout;
   form->setVerticalSpacing(kRhythm);
   const bool setsOne = mode_ == Mode::Change || (mode_ == Mode::Login && isNew);
-  if (!isNew) {
-    txtPassword_ = new QLineEdit(this);
-    txtPassword_->setObjectName(QStringLiteral("txtPassword"));
-    AddField(*form, setsOne ? tr("&Present password:") : tr("&Password:"), txtPassword_);
+  if (!setsOne || !isNew) {
+    const QString label = setsOne ? tr("&Present password:") : tr("&Password:");
+    txtPassword_ = AddField(*form, label, "txtPassword");
   }
   if (setsOne) {
-    txtNewPassword_ = new QLineEdit(this);
-    txtNewPassword_->setObjectName(QStringLiteral("txtNewPassword"));
-    AddField(*form, isNew ? tr("&Password:") : tr("&New password:"), txtNewPassword_);
-    txtPasswordAgain_ = new QLineEdit(this);
-    txtPasswordAgain_->setObjectName(QStringLiteral("txtPasswordAgain"));
-    AddField(*form, tr("Once &more:"), txtPasswordAgain_);
+    const QString label = isNew ? tr("&Password:") : tr("&New password:");
+    txtNewPassword_ = AddField(*form, label, "txtNewPassword");
+    txtPasswordAgain_ = AddField(*form, tr("Once &more:"), "txtPasswordAgain");
   }
   chkShowPwd_->setObjectName(QStringLiteral("chkShowPwd"));
   chkEnableLogin_->setObjectName(QStringLiteral("chkEnableLogin"));
@@ -108,10 +144,13 @@ void FrmPassword::MakeFields(bool isNew) {
   });
 }
 
-void FrmPassword::AddField(QFormLayout& form, const QString& label, QLineEdit* field) {
+QLineEdit* FrmPassword::AddField(QFormLayout& form, const QString& label, const char* name) {
+  auto* field = new QLineEdit(this);
+  field->setObjectName(QLatin1String(name));
   field->setEchoMode(QLineEdit::Password);
   field->setMinimumWidth(30 * kRhythm);
   form.addRow(label, field);
+  return field;
 }
 
 void FrmPassword::Show(bool show) {
@@ -129,6 +168,7 @@ void FrmPassword::Accept() {
   if (!RunCommand(platform_.prompts, [&] { warning = Finish(); })) return;
   if (!warning) return accept();
   platform_.prompts.Tell(warning->title, warning->text, Icon::Information);
+  ShowWait();
   if (auto* field = findChild<QLineEdit*>(ToQt(warning->field))) {
     field->selectAll();
     field->setFocus();
@@ -139,7 +179,12 @@ std::optional<Warning> FrmPassword::Finish() {
   if (txtPassword_ != nullptr && !actions_.matches(Typed(*txtPassword_))) {
     return Warning{kPasswordWarning, kWrongPassword, "txtPassword"};
   }
-  if (mode_ != Mode::Login && mode_ != Mode::Change) return std::nullopt;
+  if (mode_ == Mode::Reveal) return std::nullopt;
+  if (mode_ == Mode::Delete) {
+    actions_.set({});
+    Settings(platform_.registry).SetOn(Setting::Login, false);
+    return std::nullopt;
+  }
   if (IsWanted() && txtNewPassword_ != nullptr) {
     const std::string typed = Typed(*txtNewPassword_);
     if (auto warning = CheckNewPassword(typed, Typed(*txtPasswordAgain_))) return warning;

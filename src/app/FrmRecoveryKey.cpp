@@ -20,6 +20,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace corvanta::inline app {
 namespace {
@@ -45,9 +46,11 @@ QFont KeyFont() {
 
 }  // namespace
 
-FrmRecoveryKey::FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent)
+FrmRecoveryKey::FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent,
+                               PrinterChoice choose)
     : QuietEnd(parent),
       platform_(platform),
+      choose_(std::move(choose)),
       key_(ToQt(RecoveryKeyFromPassword(password))),
       txtKey_(new QPlainTextEdit(InLines(key_), this)) {
   setObjectName(QStringLiteral("FrmRecoveryKey"));
@@ -79,6 +82,9 @@ FrmRecoveryKey::FrmRecoveryKey(Platform& platform, const std::string& password, 
   auto* buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
   auto* copy = buttons->addButton(tr("&Copy"), QDialogButtonBox::ActionRole);
   auto* save = buttons->addButton(tr("&Save to File..."), QDialogButtonBox::ActionRole);
+  auto* print = buttons->addButton(tr("&Print..."), QDialogButtonBox::ActionRole);
+  print->setObjectName(QStringLiteral("cmdPrint"));
+  print->setIcon(SvgIcon(QStringLiteral("print")));
   copy->setObjectName(QStringLiteral("cmdCopy"));
   copy->setIcon(SvgIcon(QStringLiteral("copy")));
   save->setObjectName(QStringLiteral("cmdSave"));
@@ -93,7 +99,20 @@ FrmRecoveryKey::FrmRecoveryKey(Platform& platform, const std::string& password, 
   page->addWidget(buttons);
   connect(copy, &QPushButton::clicked, this, &FrmRecoveryKey::Copy);
   connect(save, &QPushButton::clicked, this, &FrmRecoveryKey::Save);
+  connect(print, &QPushButton::clicked, this, &FrmRecoveryKey::Print);
   connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+}
+
+void FrmRecoveryKey::Print() {
+  constexpr double kReadable = 14;  // points
+  PrintTable sheet;
+  sheet.title = "Corvanta Recovery Key";
+  sheet.columns = {{"Keep this sheet in a safe place, apart from the data file", width()}};
+  for (const QString& line : txtKey_->toPlainText().split(u'\n')) {
+    sheet.rows.push_back({FromQt(line)});
+  }
+  sheet.font.size = kReadable;
+  RunCommand(platform_.prompts, [&] { PrintList(sheet, {platform_, this, choose_}); });
 }
 
 void FrmRecoveryKey::Copy() {

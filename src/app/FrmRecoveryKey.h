@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/QuietEnd.h"
+#include "reports/ReportDialogs.h"
 
 #include <QDialog>
 
@@ -19,14 +20,18 @@ class FrmRecoveryKey : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:
-  // `password` is the one that opens the data file.
-  FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent);
+  // `password` is the one that opens the data file; `choose` stands for the system's own dialog of
+  // printers.
+  FrmRecoveryKey(Platform& platform, const std::string& password, QWidget* parent,
+                 PrinterChoice choose = {});
 
  private:
   void Copy();
   void Save();
+  void Print();
 
   Platform& platform_;
+  PrinterChoice choose_;
   QString key_;
   QPlainTextEdit* txtKey_;
 };

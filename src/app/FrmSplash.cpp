@@ -5,6 +5,7 @@
 #include "controls/SvgIcon.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +16,9 @@
 namespace corvanta::inline app {
 namespace {
 constexpr int kPicture = 9 * kRhythm;
-}
+constexpr int kPatience = 1000;  // milliseconds
+constexpr int kTurn = 20;        // milliseconds
+}  // namespace
 
 FrmSplash::FrmSplash()
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint),
@@ -47,6 +50,15 @@ FrmSplash::FrmSplash()
   move(QGuiApplication::primaryScreen()->availableGeometry().center() - rect().center());
 }
 
+void FrmSplash::Appear() {
+  show();
+  // What follows keeps the program busy: the window must have been drawn before.
+  const QDeadlineTimer patience(kPatience);
+  while (!isPainted_ && !patience.hasExpired()) {
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kTurn);
+  }
+}
+
 void FrmSplash::Say(const QString& text) {
   lblStatus_->setText(text);
   repaint();
@@ -58,6 +70,7 @@ void FrmSplash::paintEvent(QPaintEvent*) {
   painter.setPen(Hairline(palette()));
   painter.drawRect(rect().adjusted(0, 0, -1, -1));
   painter.fillRect(0, 0, width(), kRhythm / 2, AccentColour(palette()));
+  isPainted_ = true;
 }
 
 }  // namespace corvanta::inline app

@@ -6,13 +6,15 @@ class QLabel;
 
 namespace corvanta::inline app {
 
-// Stands on the screen while the data file is opened. It never waits for anything.
+// Stands on the screen while the data file is opened. It waits for nothing but the screen.
 class FrmSplash : public QWidget {
   Q_OBJECT
 
  public:
   FrmSplash();
 
+  // Comes up, and returns when it is painted; or after a moment, where the screen takes longer.
+  void Appear();
   // Shows what is being done, at once.
   void Say(const QString& text);
 
@@ -21,6 +23,7 @@ class FrmSplash : public QWidget {
 
  private:
   QLabel* lblStatus_;
+  bool isPainted_ = false;
 };
 
 }  // namespace corvanta::inline app

@@ -41,12 +41,13 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
   chkSold_->setObjectName(QStringLiteral("chkSold"));
   chkSold_->setToolTip(tr("Show also what nothing is left of"));
   cmbMethod_->addItems({tr("Average cost"), tr("First in, first out")});
-  period_->SetDates({today.AddMonths(-12), today});
+  period_->SetDates({today.AddDays(-30), today});
   period_->layout()->setContentsMargins(0, 0, 0, 0);
   // The register has the fields of that name.
   for (auto* part : period_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     part->setObjectName(QStringLiteral("holdings_") + part->objectName());
     if (qobject_cast<QCheckBox*>(part) != nullptr) {
+      part->setObjectName(QStringLiteral("chkUnsetR"));
       part->setToolTip(tr("The returns of these days, instead of all"));
     }
   }
@@ -97,6 +98,15 @@ void HoldingsBar::AddCommand(QAction* command) {
 
 void HoldingsBar::SetMethod(CostMethod method) {
   cmbMethod_->setCurrentIndex(static_cast<int>(method));
+}
+
+void HoldingsBar::SetPeriod(const DateRange& dates, bool isInForce) {
+  period_->SetDates(dates);
+  period_->SetInForce(isInForce);
+}
+
+bool HoldingsBar::HasPeriod() const {
+  return period_->InForce().has_value();
 }
 
 void HoldingsBar::SetAccounts(const std::vector<std::pair<std::int64_t, std::string>>& accounts) {

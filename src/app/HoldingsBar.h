@@ -1,6 +1,7 @@
 #pragma once
 
 #include "invest/Holdings.h"
+#include "platform/Settings.h"
 
 #include <QWidget>
 
@@ -36,6 +37,9 @@ class HoldingsBar : public QWidget {
   void SetMethod(CostMethod method);
   // A button of that command behind the choices.
   void AddCommand(QAction* command);
+  // The days in its two fields, and whether returns are of these. Sends no signal.
+  void SetPeriod(const DateRange& dates, bool isInForce);
+  [[nodiscard]] bool HasPeriod() const;
   // Offers these; what was chosen stays so as far as it is there. Sends no signal.
   void SetAccounts(const std::vector<std::pair<std::int64_t, std::string>>& accounts);
   void SetCurrencies(const std::vector<std::string>& codes);

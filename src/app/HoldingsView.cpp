@@ -114,6 +114,17 @@ void HoldingsView::LetGo() {
   charts_->Clear();
 }
 
+void HoldingsView::Restore(const Registry& registry) {
+  ListView::Restore(registry);
+  const Settings settings(Place().platform.registry);
+  bar_->SetPeriod(settings.Dates(Place().host.Today()), settings.IsOn(Setting::SetReportDate));
+}
+
+void HoldingsView::Keep(std::map<std::string, std::string>& values) const {
+  ListView::Keep(values);
+  values[std::string(InfoOf(Setting::SetReportDate).name)] = bar_->HasPeriod() ? "1" : "0";
+}
+
 void HoldingsView::Show(const ViewCommand& /*command*/) {
   FillBar();
   const HoldingsScope scope = bar_->Scope(Place().host.Today());

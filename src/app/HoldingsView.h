@@ -25,6 +25,9 @@ class HoldingsView : public ListView {
 
   void Show(const ViewCommand& command) override;
   void LetGo() override;
+  // The days of its returns begin as those of the register, in force when they were.
+  void Restore(const Registry& registry) override;
+  void Keep(std::map<std::string, std::string>& values) const override;
   void MarkCommands(bool isShown) override;
   [[nodiscard]] std::int64_t ChosenAccount() const override;
 

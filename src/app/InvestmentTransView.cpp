@@ -81,6 +81,10 @@ InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent
   place.On(actions.mnuInvestTransPaste, this, [this] { Paste(); });
 }
 
+void InvestmentTransView::ApplySettings() {
+  SetNeeds(Columns(Place().platform));
+}
+
 void InvestmentTransView::Show(const ViewCommand& command) {
   auto rows = std::make_unique<TradeList>(Place().session.Ledger().Store(), command.Filter(),
                                           Place().platform);

@@ -19,6 +19,8 @@ class InvestmentTransView : public ListView {
 
   void Show(const ViewCommand& command) override;
   void LetGo() override { Empty(); }
+  // Prices with another number of decimals want another width.
+  void ApplySettings() override;
   [[nodiscard]] bool Can(EditTask task) const override;
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;

@@ -91,6 +91,10 @@ InvestmentsView::InvestmentsView(const ViewPlace& place, QWidget* parent)
   place.On(place.actions.mnuInvestDownload, this, [this] { DownloadAllPrices(Place()); });
 }
 
+void InvestmentsView::ApplySettings() {
+  SetNeeds(Columns(Place().platform));
+}
+
 void InvestmentsView::Show(const ViewCommand& /*command*/) {
   clsCorvanta& ledger = Place().session.Ledger();
   InvestmentBook& investments = ledger.Investments();

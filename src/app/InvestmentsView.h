@@ -17,6 +17,8 @@ class InvestmentsView : public ListView {
   InvestmentsView(const ViewPlace& place, QWidget* parent);
 
   void Show(const ViewCommand& command) override;
+  // Prices with another number of decimals want another width.
+  void ApplySettings() override;
 
  protected:
   void Add() override { Edit(0); }

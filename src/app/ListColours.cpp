@@ -1,7 +1,11 @@
 #include "app/ListColours.h"
 
+#include "controls/ListTable.h"
+#include "controls/OutlinedStyle.h"
+#include "controls/Style.h"
 #include "platform/Settings.h"
 
+#include <QApplication>
 #include <QPalette>
 
 namespace corvanta::inline app {
@@ -29,7 +33,9 @@ QColor SystemColour(std::uint32_t number, const QPalette& palette) {
   }
 }
 
-QColor ToColour(std::uint32_t number, const QPalette& palette) {
+}  // namespace
+
+QColor ColourOf(std::uint32_t number, const QPalette& palette) {
   if (number >= kSystem) return SystemColour(number - kSystem, palette);
   const auto part = [number](unsigned shift) {
     return static_cast<int>((number >> shift) & 0xffU);
@@ -37,16 +43,30 @@ QColor ToColour(std::uint32_t number, const QPalette& palette) {
   return {part(0), part(8), part(16)};
 }
 
-}  // namespace
-
 ListColours ReadListColours(const Settings& settings, const QPalette& palette) {
   ListColours colours;
-  colours.uncleared = ToColour(settings.Colour(Setting::FUcleared), palette);
-  colours.cleared = ToColour(settings.Colour(Setting::Fcleared), palette);
-  colours.alternate1 = ToColour(settings.Colour(Setting::Alt1), palette);
-  colours.alternate2 = ToColour(settings.Colour(Setting::Alt2), palette);
+  colours.uncleared = ColourOf(settings.Colour(Setting::FUcleared), palette);
+  colours.cleared = ColourOf(settings.Colour(Setting::Fcleared), palette);
+  colours.alternate1 = ColourOf(settings.Colour(Setting::Alt1), palette);
+  colours.alternate2 = ColourOf(settings.Colour(Setting::Alt2), palette);
   colours.grid = settings.IsOn(Setting::Grid);
+  colours.ledger = settings.IsOn(Setting::Ledger);
   return colours;
+}
+
+void ApplyListColours(const Settings& settings) {
+  QPalette palette = QApplication::palette();
+  const ListColours colours = ReadListColours(settings, palette);
+  if (!colours.ledger) {
+    palette.setColor(QPalette::AlternateBase, palette.color(QPalette::Base));
+  } else if (!IsDark(palette)) {
+    palette.setColor(QPalette::Base, colours.alternate1);
+    palette.setColor(QPalette::AlternateBase, colours.alternate2);
+  }
+  QApplication::setPalette(palette, ListTable::staticMetaObject.className());
+  if (auto* style = qobject_cast<OutlinedStyle*>(QApplication::style())) {
+    style->SetListLines(colours.grid);
+  }
 }
 
 }  // namespace corvanta::inline app

@@ -24,6 +24,11 @@ namespace corvanta::inline app {
 namespace {
 // What a column of texts keeps where there is little room.
 constexpr int kSmallest = 9 * kRhythm;
+
+int SmallestOf(const ListColumn& column) {
+  const int least = column.smallest > 0 ? column.smallest : kSmallest;
+  return column.stretch > 0 ? std::min(column.width, least) : column.width;
+}
 }  // namespace
 
 ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
@@ -43,9 +48,7 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
   table_->setModel(model_);
   std::vector<ListTable::Column> widths;
   for (const ListColumn& column : model_->Columns()) {
-    const int least = column.smallest > 0 ? column.smallest : kSmallest;
-    const int smallest = column.stretch > 0 ? std::min(column.width, least) : column.width;
-    widths.push_back({column.width, column.stretch, smallest, column.leaves});
+    widths.push_back({column.width, column.stretch, SmallestOf(column), column.leaves});
   }
   table_->SetColumns(std::move(widths));
   table_->SetSorted(traits_.sort);
@@ -55,6 +58,12 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
   if (traits_.remove != nullptr) table_->addAction(traits_.remove);
   Arrange();
   Connect();
+}
+
+void ListView::SetNeeds(const std::vector<ListColumn>& columns) {
+  for (std::size_t i = 0; i < columns.size(); ++i) {
+    table_->SetNeed(static_cast<int>(i), columns[i].width, SmallestOf(columns[i]));
+  }
 }
 
 void ListView::Arrange() {

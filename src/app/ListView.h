@@ -74,6 +74,8 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] virtual std::int64_t CommandKey() const;
 
   [[nodiscard]] const ViewPlace& Place() const { return place_; }
+  // What its columns show now wants so much room, and needs so much: the widths of these.
+  void SetNeeds(const std::vector<ListColumn>& columns);
   // 0 while no row is chosen.
   [[nodiscard]] std::int64_t ChosenKey() const;
   // In the order of the list; of one that allows several.

@@ -11,7 +11,8 @@
 
 namespace corvanta::inline app {
 
-Login::Login(Platform& platform) : platform_(platform), gate_(platform.registry) {}
+Login::Login(Platform& platform)
+    : platform_(platform), gate_(platform.registry), tries_(platform.clock) {}
 
 bool Login::PassBefore(DataFileOpener& opener) {
   try {
@@ -40,20 +41,35 @@ bool Login::Confirm(Connection& file) {
 }
 
 bool Login::Change(Connection& file) {
-  return Show(FrmPassword::Mode::Change, file);
+  const int end = Ask(FrmPassword::Mode::Change, file);
+  if (end == FrmPassword::kSwitchOff) return Show(FrmPassword::Mode::Delete, file);
+  return end == QDialog::Accepted;
 }
 
 bool Login::Show(FrmPassword::Mode mode, Connection& file) {
+  return Ask(mode, file) == QDialog::Accepted;
+}
+
+int Login::Ask(FrmPassword::Mode mode, Connection& file) {
   LoginPassword password(file);
   // One that nobody is asked for is set like a first one: its owner need not know it any more.
   const bool isNew = mode == FrmPassword::Mode::Change ? !password.IsAsked() : !password.IsSet();
-  const PasswordActions actions{[&](const std::string& typed) { return gate_.Admit(file, typed); },
+  const PasswordActions actions{[&](const std::string& typed) {
+                                  if (tries_.Wait() > 0) return false;
+                                  const bool isRight = gate_.Admit(file, typed);
+                                  if (isRight) {
+                                    tries_.Forget();
+                                  } else {
+                                    tries_.CountWrong();
+                                  }
+                                  return isRight;
+                                },
                                 [&](const std::string& text) {
                                   password.Set(text);
                                   gate_.Remember(file);
-                                }};
-  return FrmPassword(mode, isNew, platform_, actions, QApplication::activeWindow()).exec() ==
-         QDialog::Accepted;
+                                },
+                                [&] { return tries_.Wait(); }};
+  return FrmPassword(mode, isNew, platform_, actions, QApplication::activeWindow()).exec();
 }
 
 }  // namespace corvanta::inline app

@@ -2,6 +2,7 @@
 
 #include "app/FrmPassword.h"
 #include "ledger/LoginGate.h"
+#include "ledger/PasswordTries.h"
 
 namespace corvanta::inline sql {
 class Connection;
@@ -37,10 +38,13 @@ class Login {
   bool Change(Connection& file);
 
  private:
+  // How the dialog ended.
+  int Ask(FrmPassword::Mode mode, Connection& file);
   bool Show(FrmPassword::Mode mode, Connection& file);
 
   Platform& platform_;
   LoginGate gate_;
+  PasswordTries tries_;
 };
 
 }  // namespace corvanta::inline app

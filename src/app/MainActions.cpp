@@ -18,9 +18,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeViews();
   MakeViewOptions();
   MakeItems();
-  mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
-  mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
-  mnuHelpAbout->setMenuRole(QAction::AboutRole);
+  MakeHelp();
 }
 
 void MainActions::MakeFile() {
@@ -35,6 +33,9 @@ void MainActions::MakeFile() {
            tr("Protect the data file with a passphrase that opens it on every computer"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
+  mnuFileOptions = Make("mnuFileOptions", tr("Op&tions..."), "options",
+                        tr("Set how the program looks and works"));
+  mnuFileOptions->setMenuRole(QAction::PreferencesRole);
   mnuFileImport = Make("mnuFileImport", tr("&Import..."), "import",
                        tr("Bring the transactions of a QIF, OFX or CSV file into an account"),
                        QKeySequence(Qt::CTRL | Qt::Key_I));
@@ -149,6 +150,8 @@ void MainActions::MakeReference() {
   mnuViewBanks = Make("mnuViewBanks", tr("Ban&ks..."), "", tr("Show the banks"));
   mnuViewPayments =
       Make("mnuViewPayments", tr("Pay&ment Types..."), "", tr("Show the payment types"));
+  mnuToolsCurrencies =
+      Make("mnuToolsCurrencies", tr("Cu&rrencies..."), "", tr("Show the currencies of accounts"));
 }
 
 void MainActions::MakeInvestments() {
@@ -245,6 +248,17 @@ void MainActions::MakeViewOptions() {
                        tr("Let the columns of the list fill its width again"));
 }
 
+void MainActions::MakeHelp() {
+  mnuHelpContents = Make("mnuHelpContents", tr("&Contents"), "help", tr("Show what can be read"));
+  mnuHelpPage = Make("mnuHelpPage", tr("&Help on This Window"), "",
+                     tr("Show the page of the window in front"), QKeySequence::HelpContents);
+  mnuHelpWelcome = Make("mnuHelpWelcome", tr("&Welcome..."), "",
+                        tr("Begin with an account, a bank file or the sample, and keep it safe"));
+  mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
+  mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
+  mnuHelpAbout->setMenuRole(QAction::AboutRole);
+}
+
 QAction* MainActions::Make(const char* name, const QString& text, const char* icon,
                            const QString& tip, const QKeySequence& shortcut) {
   auto* action = new QAction(SvgIcon(QLatin1String(icon)), text, window_);
@@ -295,7 +309,8 @@ void MainActions::SetDataOpen(bool open) const {
         mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
-        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew}) {
+        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew,
+        mnuToolsCurrencies}) {
     action->setEnabled(open);
   }
 }

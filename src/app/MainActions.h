@@ -40,6 +40,7 @@ class MainActions : public QObject {
   QAction* mnuFilePassword;
   QAction* mnuFilePassphrase;
   QAction* mnuFileKey;
+  QAction* mnuFileOptions;
   QAction* mnuFileImport;
   QAction* mnuFileExport;
   QAction* mnuFilePrint;
@@ -114,6 +115,7 @@ class MainActions : public QObject {
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
   QAction* mnuToolsSources;
+  QAction* mnuToolsCurrencies;
   QAction* mnuToolsLoan;
   QAction* mnuToolsMortgage;
   QAction* mnuToolsShares;
@@ -147,6 +149,9 @@ class MainActions : public QObject {
   QAction* mnuViewReconcile;
   QAction* mnuViewRefresh;
 
+  QAction* mnuHelpContents;
+  QAction* mnuHelpPage;
+  QAction* mnuHelpWelcome;
   QAction* mnuHelpTips;
   QAction* mnuHelpAbout;
 
@@ -161,6 +166,7 @@ class MainActions : public QObject {
   void MakeViewOptions();
   void MakeItems();
   void FillTransactions(QMenu& transactions) const;
+  void MakeHelp();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

@@ -28,6 +28,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   file->addSeparator();
   file->addActions({mnuFilePrint, mnuFilePreview});
   file->addSeparator();
+  file->addAction(mnuFileOptions);
+  file->addSeparator();
   file->addAction(mnuFileExit);
   QMenu* edit = AddMenu(menus, "mnuEdit", tr("&Edit"));
   edit->addActions({mnuEditUndo, mnuEditRedo});
@@ -54,10 +56,15 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   tools->addSeparator();
   tools->addActions({mnuToolsLoan, mnuToolsMortgage});
   tools->addSeparator();
-  tools->addActions({mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources});
+  tools->addActions(
+      {mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources, mnuToolsCurrencies});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
-  help->addActions({mnuHelpTips, mnuHelpAbout});
+  help->addActions({mnuHelpContents, mnuHelpPage});
+  help->addSeparator();
+  help->addActions({mnuHelpWelcome, mnuHelpTips});
+  help->addSeparator();
+  help->addAction(mnuHelpAbout);
 }
 
 void MainActions::FillTransactions(QMenu& transactions) const {

@@ -30,10 +30,7 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   const QColor background = Background(cell, index.row());
   painter->save();
   painter->fillRect(option.rect, background);
-  if (colours_.grid && !selected) {
-    painter->setPen(Mixed(option.palette.color(QPalette::Text), background, 0.1));
-    painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
-  }
+  if (colours_.grid && !selected) DrawRowLine(*painter, option, background);
   const bool isAhead = model->IsAhead(index.row());
   if (model->IsTodayAbove(index.row())) {
     painter->setPen(QPen(AccentColour(option.palette), 1, Qt::DashLine));
@@ -59,6 +56,7 @@ QColor RegisterDelegate::Background(const QStyleOptionViewItem& cell, int row) c
   const QPalette& palette = cell.palette;
   if ((cell.state & QStyle::State_Selected) != 0) return palette.color(QPalette::Highlight);
   const bool odd = row % 2 != 0;
+  if (!colours_.ledger) return palette.color(QPalette::Base);
   if (IsDark(palette)) return palette.color(odd ? QPalette::AlternateBase : QPalette::Base);
   return odd ? colours_.alternate2 : colours_.alternate1;
 }

@@ -13,9 +13,10 @@ namespace corvanta::inline app {
 struct ListColours {
   QColor uncleared;
   QColor cleared;
-  QColor alternate1;  // background of even rows, in light
-  QColor alternate2;  // and of odd ones
-  bool grid = false;  // a line below each row
+  QColor alternate1;   // background of even rows, in light
+  QColor alternate2;   // and of odd ones
+  bool ledger = true;  // rows in two colours at all
+  bool grid = false;   // a line below each row
 };
 
 // Draws the cells of the register: the row's tint, its text in the colour of its status, money out

@@ -1,8 +1,10 @@
 #include "app/StartOptions.h"
 
 #include "controls/QtText.h"
+#include "exchange/ImportKind.h"
 
 #include <QCommandLineParser>
+#include <QFileInfo>
 
 #include <algorithm>
 #include <array>
@@ -26,7 +28,9 @@ StartOptions ReadStartOptions(const QStringList& arguments) {
                                  QStringLiteral("The day that stands for today, YYYY-MM-DD."),
                                  QStringLiteral("date"));
   parser.addOptions({help, version, profile, data, today});
-  parser.addPositionalArgument(QStringLiteral("file"), QStringLiteral("The data file to open."),
+  parser.addPositionalArgument(QStringLiteral("file"),
+                               QStringLiteral("The data file to open, or a bank's file (QIF, OFX, "
+                                              "CSV) to import."),
                                QStringLiteral("[file]"));
   StartOptions options;
   if (!parser.parse(arguments)) {
@@ -41,7 +45,10 @@ StartOptions ReadStartOptions(const QStringList& arguments) {
   options.profileFolder = FromQt(parser.value(profile));
   options.dataPath = FromQt(parser.value(data));
   const QStringList files = parser.positionalArguments();
-  if (files.size() > 1 || (!files.isEmpty() && parser.isSet(data))) {
+  const bool isImport = files.size() == 1 && HasImportEnding(FromQt(files.constFirst()));
+  if (isImport) {
+    options.importPath = FromQt(QFileInfo(files.constFirst()).absoluteFilePath());
+  } else if (files.size() > 1 || (!files.isEmpty() && parser.isSet(data))) {
     options.error = QStringLiteral("Only one data file can be opened.");
   } else if (!files.isEmpty()) {
     options.dataPath = FromQt(files.constFirst());

@@ -7,6 +7,8 @@
 #include "controls/QtText.h"
 #include "platform/Settings.h"
 
+#include <QTimer>
+
 #include <chrono>
 
 namespace corvanta::inline app {
@@ -18,8 +20,10 @@ constexpr std::chrono::milliseconds kPatience{1500};
 
 StartUp::StartUp(const StartOptions& options)
     : platform_({options.profileFolder, options.today, std::string()}, prompts_, progress_),
+      helpKey_(platform_.Get()),
       opener_(platform_.Get(), kHolder),
-      session_(opener_, platform_.Get(), options.dataPath) {
+      session_(opener_, platform_.Get(), options.dataPath),
+      importPath_(options.importPath) {
   prompts_.RememberIn(platform_.Get().registry);
   opener_.SetPatience({kPatience, {}});
 }
@@ -28,8 +32,7 @@ StartUp::~StartUp() = default;
 
 bool StartUp::Run() {
   FrmSplash splash;
-  splash.show();
-  splash.repaint();
+  splash.Appear();
   prompts_.SetParent(&splash);
   progress_.SetTextSink([&splash](const QString& text) {
     if (!text.isEmpty()) splash.Say(text);
@@ -53,6 +56,11 @@ bool StartUp::Run() {
   prompts_.SetParent(window_.get());
   window_->Restore();
   window_->show();
+  if (!importPath_.empty()) window_->BeginImport(importPath_);
+  // A file to be imported is a beginning of its own.
+  QTimer::singleShot(0, window_.get(), [window = window_.get(), isFree = importPath_.empty()] {
+    if (isFree) window->Greet();
+  });
   return true;
 }
 

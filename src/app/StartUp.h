@@ -4,6 +4,7 @@
 #include "app/QtProgress.h"
 #include "app/QtPrompts.h"
 #include "app/StartOptions.h"
+#include "app/help/QtHelpKey.h"
 #include "platform/SystemPlatform.h"
 
 #include <memory>
@@ -27,8 +28,10 @@ class StartUp {
   QtPrompts prompts_;
   QtProgress progress_;
   SystemPlatform platform_;
+  QtHelpKey helpKey_;
   DataFileOpener opener_;
   LedgerSession session_;
+  std::string importPath_;
   std::unique_ptr<FrmMain> window_;
 };
 

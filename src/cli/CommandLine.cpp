@@ -229,6 +229,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<EditorCommand<PaymentRecord>>("payment", "Payment"));
   add(std::make_unique<EditorCommand<BankRecord>>("bank", "Bank"));
   add(std::make_unique<EditorCommand<AccountGroupRecord>>("group", "Group"));
+  add(std::make_unique<EditorCommand<CurrencyRecord>>("currency", "Currency"));
   add(std::make_unique<KeywordCommand>());
   add(std::make_unique<InvestCommand>());
   add(std::make_unique<MergeCommand>());

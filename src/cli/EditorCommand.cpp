@@ -12,12 +12,21 @@
 #include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
+namespace {
+
+std::string Plural(std::string word) {
+  if (!word.ends_with('y')) return word + "s";
+  word.pop_back();
+  return word + "ies";
+}
+
+}  // namespace
 
 template <typename Record>
 EditorCommand<Record>::EditorCommand(const char* command, const char* column)
     : ReferenceCommand({command, kReferenceTable<Record>.what,
                         ToLower(kReferenceTable<Record>.what),
-                        ToLower(kReferenceTable<Record>.what) + "s"}),
+                        Plural(ToLower(kReferenceTable<Record>.what))}),
       column_(column) {}
 
 template <typename Record>
@@ -85,6 +94,7 @@ template class EditorCommand<AccountGroupRecord>;
 template class EditorCommand<BankRecord>;
 template class EditorCommand<PayeeRecord>;
 template class EditorCommand<PaymentRecord>;
+template class EditorCommand<CurrencyRecord>;
 template class EditorCommand<KeywordRecord>;
 
 }  // namespace corvanta::inline cli

@@ -33,8 +33,10 @@ QString Plain(QString label) {
   return label.remove(u'&').remove(u':');
 }
 
-// What the person can change in the widget, as text; null for what is no field.
+// What the person can change in the widget, as text; null for what is no field. One that knows
+// better says so in its property "content".
 QString ContentOf(const QWidget& widget) {
+  if (const QVariant own = widget.property("content"); own.isValid()) return own.toString();
   if (const auto* box = qobject_cast<const QComboBox*>(&widget)) return box->currentText() + u'|';
   if (const auto* text = qobject_cast<const QPlainTextEdit*>(&widget)) {
     return text->toPlainText() + u'|';

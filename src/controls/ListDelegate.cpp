@@ -1,5 +1,6 @@
 #include "controls/ListDelegate.h"
 
+#include "controls/OutlinedStyle.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 
@@ -8,10 +9,25 @@
 
 namespace corvanta::inline controls {
 
+namespace {
+
+bool HasLines(const QStyleOptionViewItem& option) {
+  const QStyle* style = option.widget != nullptr ? option.widget->style() : nullptr;
+  return style != nullptr && style->styleHint(kListLines, &option, option.widget) != 0;
+}
+
+}  // namespace
+
 QRect CellTextRect(const QRect& cell, int column, int columns) {
   const int left = column == 0 ? 2 * kRhythm : kRhythm;
   const int right = column == columns - 1 ? 2 * kRhythm : kRhythm;
   return cell.adjusted(left, 0, -right, 0);
+}
+
+void DrawRowLine(QPainter& painter, const QStyleOptionViewItem& option, const QColor& background) {
+  constexpr double kShare = 0.1;
+  painter.setPen(Mixed(option.palette.color(QPalette::Text), background, kShare));
+  painter.drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
 }
 
 bool HasKeys(const QStyleOptionViewItem& option) {
@@ -42,9 +58,11 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   const bool selected = (cell.state & QStyle::State_Selected) != 0;
   const bool odd = (cell.features & QStyleOptionViewItem::Alternate) != 0;
   painter->save();
-  painter->fillRect(cell.rect, cell.palette.color(selected ? QPalette::Highlight
-                                                  : odd    ? QPalette::AlternateBase
-                                                           : QPalette::Base));
+  const QColor background = cell.palette.color(selected ? QPalette::Highlight
+                                               : odd    ? QPalette::AlternateBase
+                                                        : QPalette::Base);
+  painter->fillRect(cell.rect, background);
+  if (!selected && HasLines(cell)) DrawRowLine(*painter, cell, background);
   painter->setFont(cell.font);
   painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
   DrawText(*painter, CellTextRect(cell.rect, index.column(), index.model()->columnCount()),

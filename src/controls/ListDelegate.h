@@ -24,6 +24,9 @@ class ListDelegate : public QStyledItemDelegate {
   static void DrawText(QPainter& painter, const QRect& place, const QString& text, bool isNumber);
 };
 
+// Draws the line below a cell that lists have between their rows.
+void DrawRowLine(QPainter& painter, const QStyleOptionViewItem& option, const QColor& background);
+
 // Whether the keys are the list's: it has the focus, in the window in front.
 [[nodiscard]] bool HasKeys(const QStyleOptionViewItem& option);
 // Mutes the colours of a chosen row while the list has no keys: what is pressed next goes

@@ -47,4 +47,10 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
   if (isField && NeedsOutline(*option)) DrawOutline(*painter, *option, false);
 }
 
+int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                             QStyleHintReturn* more) const {
+  if (hint == kListLines) return drawsListLines_ ? 1 : 0;
+  return QProxyStyle::styleHint(hint, option, widget, more);
+}
+
 }  // namespace corvanta::inline controls

@@ -33,7 +33,7 @@ class ReferenceBook {
     return Of<PayeeRecord>().All();
   }  // without investments
   [[nodiscard]] std::vector<PaymentRecord> Payments() { return Of<PaymentRecord>().All(); }
-  [[nodiscard]] std::vector<CurrencyRecord> Currencies();
+  [[nodiscard]] std::vector<CurrencyRecord> Currencies();  // by their names, not their codes
   [[nodiscard]] std::vector<PeriodRecord> Periods();
   std::int64_t FindOrCreateAccountGroup(const std::string& name) {
     return Of<AccountGroupRecord>().FindOrCreate(name);

@@ -104,6 +104,10 @@ bool ReferenceRows<Record>::Delete(std::int64_t key) {
   const std::string where = " Where " + std::string(table.keyColumn) + " = " + SqlNumber(key);
   std::string sql = "Delete From " + std::string(table.table) + where +
                     LedgerCore::UnlessUsed(table.keyColumn, key, table.users);
+  for (const ReferenceUser& user : table.otherUsers) {
+    sql += " AND " + std::string(table.keyColumn) + " NOT IN (Select " + user.column + " from " +
+           user.table + " Where " + user.column + " = " + SqlNumber(key) + ")";
+  }
   if constexpr (table.fixedName != nullptr) {
     sql += " AND " + NameColumn<Record>() + " <> " + SqlText(table.fixedName);
   }
@@ -119,6 +123,7 @@ template class ReferenceRows<AccountGroupRecord>;
 template class ReferenceRows<BankRecord>;
 template class ReferenceRows<PayeeRecord>;
 template class ReferenceRows<PaymentRecord>;
+template class ReferenceRows<CurrencyRecord>;
 template class ReferenceRows<KeywordRecord>;
 
 }  // namespace corvanta::inline ledger

@@ -15,6 +15,12 @@ struct ReferenceText {
   std::string Record::*member;
 };
 
+// A column of another name that holds the key.
+struct ReferenceUser {
+  const char* table;
+  const char* column;
+};
+
 // How the rows of one kind are kept.
 template <typename Record>
 struct ReferenceTable {
@@ -25,9 +31,10 @@ struct ReferenceTable {
   ReferenceText<Record> name{};
   std::span<const ReferenceText<Record>> texts{};  // beside the name
   std::span<const char* const> users{};  // tables with a column of the key; what they name is kept
-  const char* zeroColumn = nullptr;      // 0 in these rows and not in others of their table
-  const char* fixedName = nullptr;       // the row that the program finds by its name and keeps
-  const char* links = nullptr;           // the table whose rows go with the row they name
+  std::span<const ReferenceUser> otherUsers{};  // and those that call it otherwise
+  const char* zeroColumn = nullptr;             // 0 in these rows and not in others of their table
+  const char* fixedName = nullptr;  // the row that the program finds by its name and keeps
+  const char* links = nullptr;      // the table whose rows go with the row they name
 };
 
 inline constexpr ReferenceText<AccountGroupRecord> kGroupTexts[] = {
@@ -42,7 +49,12 @@ inline constexpr ReferenceText<PayeeRecord> kPayeeTexts[] = {
 inline constexpr ReferenceText<PaymentRecord> kPaymentTexts[] = {
     {"Description", &PaymentRecord::description}};
 
+inline constexpr ReferenceText<CurrencyRecord> kCurrencyTexts[] = {
+    {"Description", &CurrencyRecord::description}};
+
 inline constexpr const char* kAccountTables[] = {"tblAccounts"};
+inline constexpr const char* kCurrencyUsers[] = {"tblAccounts", "tblPayees"};
+inline constexpr ReferenceUser kQuotedIn[] = {{"tblPayees", "InvestCurrencyID"}};
 inline constexpr const char* kEntryTables[] = {"tblTransactions", "tblSchedule"};
 inline constexpr const char* kPayeeUsers[] = {"tblTransactions", "tblSchedule", "tblHistory"};
 
@@ -91,6 +103,17 @@ inline constexpr ReferenceTable<PaymentRecord> kReferenceTable<PaymentRecord>{
     .texts = kPaymentTexts,
     .users = kEntryTables,
     .fixedName = "Import"};
+
+template <>
+inline constexpr ReferenceTable<CurrencyRecord> kReferenceTable<CurrencyRecord>{
+    .what = "Currency",
+    .table = "tblCurrency",
+    .keyColumn = "CurrencyID",
+    .key = &CurrencyRecord::currencyId,
+    .name = {"Currency", &CurrencyRecord::currency},
+    .texts = kCurrencyTexts,
+    .users = kCurrencyUsers,
+    .otherUsers = kQuotedIn};
 
 template <>
 inline constexpr ReferenceTable<KeywordRecord> kReferenceTable<KeywordRecord>{

@@ -5,6 +5,7 @@
 #include <pwd.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 
 namespace corvanta::inline platform {
@@ -23,17 +24,36 @@ std::string HomeFolder() {
 // A relative path in the variable counts as unset, as the base directory rules have it.
 std::string BaseFolder(const char* variable, const std::string& belowHome) {
   const char* value = std::getenv(variable);
-  const std::string base = value != nullptr && value[0] == '/' ? value : HomeFolder() + belowHome;
+  return value != nullptr && value[0] == '/' ? value : HomeFolder() + belowHome;
+}
+
+std::string OwnFolder(const std::string& base) {
   return base + (base.back() == '/' ? "corvanta" : "/corvanta");
 }
 
 }  // namespace
 
 std::string DefaultProfileFolder() {
-  return BaseFolder("XDG_CONFIG_HOME", "/.config");
+  return OwnFolder(ConfigFolder());
 }
 std::string DefaultDataFolder() {
-  return BaseFolder("XDG_DATA_HOME", "/.local/share");
+  return OwnFolder(BaseFolder("XDG_DATA_HOME", "/.local/share"));
+}
+std::string ConfigFolder() {
+  return BaseFolder("XDG_CONFIG_HOME", "/.config");
+}
+
+std::vector<std::string> DataFolders() {
+  std::vector<std::string> folders{BaseFolder("XDG_DATA_HOME", "/.local/share")};
+  const char* value = std::getenv("XDG_DATA_DIRS");
+  const std::string listed =
+      value != nullptr && value[0] != '\0' ? value : "/usr/local/share:/usr/share";
+  for (std::size_t start = 0; start <= listed.size();) {
+    const std::size_t end = std::min(listed.find(':', start), listed.size());
+    if (end > start) folders.push_back(listed.substr(start, end - start));
+    start = end + 1;
+  }
+  return folders;
 }
 
 }  // namespace corvanta::inline platform

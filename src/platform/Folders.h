@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace corvanta::inline platform {
 
@@ -10,5 +11,10 @@ namespace corvanta::inline platform {
 [[nodiscard]] std::string DefaultProfileFolder();
 // "$XDG_DATA_HOME/corvanta" or "~/.local/share/corvanta", likewise.
 [[nodiscard]] std::string DefaultDataFolder();
+// "$XDG_CONFIG_HOME" or "~/.config" itself, where desktops keep what they are set to, likewise.
+[[nodiscard]] std::string ConfigFolder();
+// The folders in which desktops look for what is installed, the user's own first: "$XDG_DATA_HOME"
+// and "$XDG_DATA_DIRS".
+[[nodiscard]] std::vector<std::string> DataFolders();
 
 }  // namespace corvanta::inline platform

@@ -1,5 +1,9 @@
 #include "platform/Opener.h"
 
+#include "platform/DesktopDefaults.h"
+#include "platform/Files.h"
+#include "platform/Folders.h"
+
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -8,6 +12,9 @@
 #include <cerrno>
 
 namespace corvanta::inline platform {
+namespace {
+constexpr std::string_view kDesktopEntry = "corvanta.desktop";
+}
 
 bool DesktopOpener::Open(const std::string& pathOrUrl) {
   if (pathOrUrl.empty()) return false;
@@ -24,6 +31,18 @@ bool DesktopOpener::Open(const std::string& pathOrUrl) {
     if (errno != EINTR) return false;
   }
   return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+bool DesktopOpener::Associate(const std::vector<std::string_view>& types, bool isOn) {
+  if (isOn && !IsDesktopProgram(kDesktopEntry)) return false;
+  const std::string path = ConfigFolder() + "/mimeapps.list";
+  const std::string before = FileExists(path) ? ReadFile(path) : std::string();
+  const std::string after = WithDefaults(before, kDesktopEntry, types, isOn);
+  if (after == before) return true;
+  SystemFiles files;
+  files.CreateFolder(ConfigFolder());
+  files.WriteAtomically(path, after);
+  return true;
 }
 
 }  // namespace corvanta::inline platform

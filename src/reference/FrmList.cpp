@@ -46,7 +46,10 @@ const ListWords& WordsOf(ListKind kind) {
        "Every account stands in a group, such as bank or cash accounts.", "Add an account group"},
       {ReferenceKind::Keyword, "Keyword", "register", "No keywords yet",
        "Keywords mark transactions that belong together, whatever their category.",
-       "Add a keyword"}};
+       "Add a keyword"},
+      {ReferenceKind::Currency, "Currency", "currency", "No currencies",
+       "Every account is kept in a currency, which is known by its code, such as EUR.",
+       "Add a currency"}};
   return kLists[static_cast<std::size_t>(kind)];
 }
 

@@ -24,8 +24,8 @@ struct Platform;
 
 namespace corvanta::inline reference {
 
-// The list of payment types, banks, account groups or keywords, from which they are added, edited
-// and deleted.
+// The list of payment types, banks, account groups, keywords or currencies, from which they are
+// added, edited and deleted.
 class FrmList : public QuietEnd<QDialog> {
   Q_OBJECT
 

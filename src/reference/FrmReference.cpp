@@ -116,6 +116,7 @@ template class FrmReference<AccountGroupRecord>;
 template class FrmReference<BankRecord>;
 template class FrmReference<PayeeRecord>;
 template class FrmReference<PaymentRecord>;
+template class FrmReference<CurrencyRecord>;
 template class FrmReference<KeywordRecord>;
 
 }  // namespace corvanta::inline reference

@@ -14,8 +14,8 @@ struct Platform;
 
 namespace corvanta::inline reference {
 
-// The editor of account groups, banks, payees, payment types or keywords: a field for the name and
-// one for each further text.
+// The editor of account groups, banks, payees, payment types, currencies or keywords: a field for
+// the name and one for each further text.
 template <typename Record>
 class FrmReference : public EditorDialog {
  public:
@@ -46,6 +46,7 @@ using FrmAccountTypes = FrmReference<AccountGroupRecord>;
 using FrmBanks = FrmReference<BankRecord>;
 using FrmPayees = FrmReference<PayeeRecord>;
 using FrmPayments = FrmReference<PaymentRecord>;
+using FrmCurrencies = FrmReference<CurrencyRecord>;
 using FrmKeywords = FrmReference<KeywordRecord>;
 
 }  // namespace corvanta::inline reference

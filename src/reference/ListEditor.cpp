@@ -27,6 +27,14 @@ Deletion Remove(std::int64_t key, clsCorvanta& ledger, Prompts& prompts) {
               "deleted.");
 }
 
+Deletion RemoveCurrency(std::int64_t key, clsCorvanta& ledger, Prompts& prompts) {
+  return ReferenceEditor<CurrencyRecord>(ledger, prompts)
+      .Delete(
+          key,
+          " If this item is being used by existing Accounts or Investments, then this item will "
+          "not be deleted.");
+}
+
 struct List {
   const char* caption;
   std::vector<ListItem> (*items)(clsCorvanta&);
@@ -39,7 +47,8 @@ const List& Of(ListKind kind) {
       {"Payments", ItemsOf<PaymentRecord>, Remove<PaymentRecord>},
       {"Banks", ItemsOf<BankRecord>, Remove<BankRecord>},
       {"Account Groups", ItemsOf<AccountGroupRecord>, Remove<AccountGroupRecord>},
-      {"Transaction Keywords", ItemsOf<KeywordRecord>, Remove<KeywordRecord>}};
+      {"Transaction Keywords", ItemsOf<KeywordRecord>, Remove<KeywordRecord>},
+      {"Currencies", ItemsOf<CurrencyRecord>, RemoveCurrency}};
   return kLists[static_cast<std::size_t>(kind)];
 }
 

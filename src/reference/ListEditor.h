@@ -16,8 +16,8 @@ class clsCorvanta;
 
 namespace corvanta::inline reference {
 
-// "PAYMENT", "BANK", "ACCOUNTTYPE" and "KEYWORDS".
-enum class ListKind { Payment, Bank, AccountType, Keywords };
+// "PAYMENT", "BANK", "ACCOUNTTYPE", "KEYWORDS" and the program's own "CURRENCY".
+enum class ListKind { Payment, Bank, AccountType, Keywords, Currency };
 
 struct ListItem {
   std::int64_t key = 0;

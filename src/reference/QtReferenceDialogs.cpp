@@ -45,7 +45,8 @@ const Kind& Of(ReferenceKind kind) {
       {Edit<FrmCategory>, Remove<CategoryEditor>},
       {Edit<FrmPayees>, Remove<ReferenceEditor<PayeeRecord>>},
       {Edit<FrmPayments>, Remove<ReferenceEditor<PaymentRecord>>},
-      {Edit<FrmKeywords>, Remove<ReferenceEditor<KeywordRecord>>}};
+      {Edit<FrmKeywords>, Remove<ReferenceEditor<KeywordRecord>>},
+      {Edit<FrmCurrencies>, Remove<ReferenceEditor<CurrencyRecord>>}};
   return kKinds[static_cast<std::size_t>(kind)];
 }
 

@@ -19,7 +19,16 @@ class clsCorvanta;
 
 namespace corvanta::inline reference {
 
-enum class ReferenceKind { Account, AccountGroup, Bank, Category, Payee, Payment, Keyword };
+enum class ReferenceKind {
+  Account,
+  AccountGroup,
+  Bank,
+  Category,
+  Payee,
+  Payment,
+  Keyword,
+  Currency
+};
 
 // What a dialog works on and stands before. Valid while the data file stays open.
 struct DialogPlace {

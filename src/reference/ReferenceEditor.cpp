@@ -25,6 +25,9 @@ std::optional<Warning> ReferenceEditor<Record>::Check(const Record& form) {
   if (auto warning = Missing(name, words.missing, field)) return warning;
   const std::string tooLong = std::string(table.what) + " must be less than 100 characters long";
   if (auto warning = NameTooLong(name, tooLong, field)) return warning;
+  if (auto warning = TextTooLong(ledger_, table.table, {{table.name.column, name, field}})) {
+    return warning;
+  }
   for (const auto& text : table.texts) {
     const std::string control = ControlOf(text.column);
     auto warning = TextTooLong(ledger_, table.table, {{text.column, form.*text.member, control}});
@@ -66,6 +69,7 @@ template class ReferenceEditor<AccountGroupRecord>;
 template class ReferenceEditor<BankRecord>;
 template class ReferenceEditor<PayeeRecord>;
 template class ReferenceEditor<PaymentRecord>;
+template class ReferenceEditor<CurrencyRecord>;
 template class ReferenceEditor<KeywordRecord>;
 
 }  // namespace corvanta::inline reference

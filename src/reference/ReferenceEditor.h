@@ -18,7 +18,8 @@ class clsCorvanta;
 
 namespace corvanta::inline reference {
 
-// The rules behind the editors of account groups, banks, payees, payment types and keywords.
+// The rules behind the editors of account groups, banks, payees, payment types, currencies and
+// keywords.
 // Operations throw StoreError.
 template <typename Record>
 class ReferenceEditor {

@@ -41,6 +41,12 @@ inline constexpr ReferenceWords kReferenceWords<PaymentRecord>{
     .missing = "You need to enter a Payment Type",
     .taken = "Payment type already exists"};
 template <>
+inline constexpr ReferenceWords kReferenceWords<CurrencyRecord>{
+    .form = "FrmCurrencies",
+    .missing = "You need to enter a Currency",
+    .taken = "Currency already exists",
+    .keepsTwins = false};
+template <>
 inline constexpr ReferenceWords kReferenceWords<KeywordRecord>{
     .form = "FrmKeywords",
     .missing = "You need to enter a Keyword",

@@ -2,6 +2,7 @@
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/FrmTips.h"
+#include "ledger/PasswordTries.h"
 #include "platform/Files.h"
 #include "platform/SettingsTable.h"
 #include "store/datafile/InstallationKey.h"
@@ -13,9 +14,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QPrinter>
 #include <QPushButton>
 #include <QScreen>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 
@@ -121,6 +124,51 @@ TEST_F(Dialogs, ThePasswordIsSwitchedOffByWhoKnowsIt) {
   EXPECT_EQ(Setting("Login"), "0");
 }
 
+TEST_F(Dialogs, AfterThreeWrongTriesTheNextHasToWait) {
+  PasswordTries tries(machine_.clock);
+  PasswordActions actions = Actions();
+  actions.matches = [&tries](const std::string&) {
+    tries.CountWrong();
+    return false;
+  };
+  actions.wait = [&tries] { return tries.Wait(); };
+  FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), actions, nullptr);
+  dialog.show();
+  const auto& accept = Find<QPushButton>(dialog, "cmdAccept");
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_TRUE(accept.isEnabled()) << i;
+    machine_.prompts.ExpectTell("Password warning", "Incorrect password entered");
+    QTest::keyClick(&Find<QLineEdit>(dialog, "txtPassword"), Qt::Key_Return);
+  }
+  EXPECT_FALSE(accept.isEnabled());
+  EXPECT_TRUE(Find<QLabel>(dialog, "lblWait").text().contains(QStringLiteral("5 seconds")));
+  QTest::keyClick(&Find<QLineEdit>(dialog, "txtPassword"), Qt::Key_Return);
+  const auto pass = [&](int seconds) {
+    DateTime now = machine_.clock.Now();
+    now.seconds += seconds;
+    machine_.clock.Set(now);
+    QMetaObject::invokeMethod(&Find<QTimer>(dialog, "tmrWait"), "timeout");
+  };
+  pass(4);
+  EXPECT_FALSE(accept.isEnabled());
+  pass(1);
+  EXPECT_TRUE(accept.isEnabled());
+  EXPECT_FALSE(Find<QLabel>(dialog, "lblWait").isVisible());
+}
+
+TEST_F(Dialogs, ASecretIsAskedForByThePresentPasswordAlone) {
+  for (const auto mode : {FrmPassword::Mode::Reveal, FrmPassword::Mode::Delete}) {
+    FrmPassword dialog(mode, true, machine_.Get(), Actions(), nullptr);
+    dialog.show();
+    Type(dialog, "txtPassword", "open sesame");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+    EXPECT_EQ(dialog.result(), QDialog::Accepted);
+    const bool isOff = mode == FrmPassword::Mode::Delete;
+    EXPECT_EQ(set_, isOff ? "" : "(none)");
+    EXPECT_EQ(Setting("Login"), isOff ? "0" : "(none)");
+  }
+}
+
 TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
   FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
@@ -134,9 +182,13 @@ TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
   EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }
 
-TEST_F(Dialogs, TheRecoveryKeyIsThatOfThePasswordAndCanBeCopiedAndSaved) {
+TEST_F(Dialogs, TheRecoveryKeyIsThatOfThePasswordAndCanBeCopiedSavedAndPrinted) {
   const std::string password = InstallationPassword(machine_.Get());
-  FrmRecoveryKey dialog(machine_.Get(), password, nullptr);
+  const std::string sheet = machine_.folder.Path("key.pdf");
+  FrmRecoveryKey dialog(machine_.Get(), password, nullptr, [&](QPrinter& printer, QWidget*) {
+    printer.setOutputFileName(QString::fromStdString(sheet));
+    return true;
+  });
   dialog.show();
   const QString shown = Find<QPlainTextEdit>(dialog, "txtKey").toPlainText();
   EXPECT_EQ(PasswordFromRecoveryKey(shown.toStdString()), password);
@@ -146,6 +198,8 @@ TEST_F(Dialogs, TheRecoveryKeyIsThatOfThePasswordAndCanBeCopiedAndSaved) {
   machine_.prompts.ExpectSaveFile("Save Recovery Key", path);
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdSave"), Qt::LeftButton);
   EXPECT_EQ(PasswordFromRecoveryKey(ReadFile(path)), password);
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdPrint"), Qt::LeftButton);
+  EXPECT_TRUE(FileExists(sheet));
   machine_.prompts.ExpectSaveFile("Save Recovery Key", machine_.folder.Path("no/such/key.txt"));
   machine_.prompts.ExpectTell("Corvanta Personal Finance", ScriptedPrompts::kAnyText);
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdSave"), Qt::LeftButton);

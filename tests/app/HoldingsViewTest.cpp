@@ -96,7 +96,7 @@ TEST_F(HoldingsViewTest, ThePersonChoosesCostsAccountDaysAndWhatIsSoldOut) {
   EXPECT_EQ(Cell(0, "Investment"), "Bolt");
   Pick<QComboBox>("cmbHoldingsAccount", 0);
   const std::string all = Cell(0, "Time-Weighted");
-  WindowTest::Find<QCheckBox>("holdings_chkUnset").click();
+  WindowTest::Find<QCheckBox>("chkUnsetR").click();
   EXPECT_NE(Cell(0, "Time-Weighted"), all) << "of the last year alone";
   Trigger("mnuViewPayees");
   Trigger("mnuViewHoldings");

@@ -113,12 +113,13 @@ TEST_P(Looks, EveryDialogHasRoomOnASmallScreen) {
   for (const char* command :
        {"mnuScheduleAdd", "mnuTransAutofill", "mnuTransReconcile", "mnuAccountAdd",
         "mnuCategoryAdd", "mnuPayeeNew", "mnuToolsCurrency", "mnuToolsRates", "mnuToolsLoan",
-        "mnuToolsMortgage", "mnuHelpTips", "mnuHelpAbout", "mnuFilePreview", "mnuFileImport"}) {
+        "mnuToolsMortgage", "mnuHelpTips", "mnuHelpAbout", "mnuHelpWelcome", "mnuFileOptions",
+        "mnuFilePreview", "mnuFileImport"}) {
     Open(command);
   }
   WindowTest::Find<SortedTable>("lvbank").selectAll();
   Open("mnuTransEdit");
-  EXPECT_EQ(checked_, 25);
+  EXPECT_EQ(checked_, 27);
 }
 
 TEST_P(Looks, TheEntryOfATransferAndOfASplitHasRoom) {

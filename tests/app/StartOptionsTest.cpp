@@ -20,6 +20,15 @@ TEST(StartOptions, TakeTheSameOptionsAsTheCommandLine) {
   EXPECT_FALSE(Read({}).today);
 }
 
+TEST(StartOptions, AFileOfABankIsToBeImportedIntoTheDataFile) {
+  const StartOptions options = Read({"--data", "d", "bank.OFX"});
+  EXPECT_FALSE(options.error);
+  EXPECT_EQ(options.dataPath, "d");
+  EXPECT_TRUE(options.importPath.ends_with("/bank.OFX")) << options.importPath;
+  EXPECT_EQ(options.importPath.front(), '/');
+  EXPECT_EQ(Read({"my.dat"}).importPath, "");
+}
+
 TEST(StartOptions, RefuseWhatTheyDoNotKnow) {
   for (const QStringList& wrong :
        {QStringList{"--nothing"}, QStringList{"--today", "tomorrow"}, QStringList{"--today"},

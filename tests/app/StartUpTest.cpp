@@ -1,5 +1,6 @@
 #include "app/FrmMain.h"
 #include "app/FrmPassword.h"
+#include "app/FrmSplash.h"
 #include "app/StartUp.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Settings.h"
@@ -39,11 +40,23 @@ class Start : public testing::Test {
     LoginPassword(*file.connection).Set(password);
   }
 
-  void SetLogin(bool isOn) {
+  void SetOn(Setting setting, bool isOn) {
     QtPrompts prompts;
     QtProgress progress;
     SystemPlatform platform({options_.profileFolder, options_.today, "en_GB"}, prompts, progress);
-    Settings(platform.Get().registry).SetOn(Setting::Login, isOn);
+    Settings(platform.Get().registry).SetOn(setting, isOn);
+  }
+
+  // Closes every dialog that comes up, and remembers which there were.
+  void TurnBackEverywhere() {
+    QObject::disconnect(&watch_, nullptr, nullptr, nullptr);
+    QObject::connect(&watch_, &QTimer::timeout, &watch_, [this] {
+      auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+      if (dialog == nullptr) return;
+      seen_.append(dialog->objectName());
+      dialog->done(QDialog::Rejected);
+    });
+    watch_.start(1);
   }
 
   // Does this to the password dialog when it comes up.
@@ -71,6 +84,7 @@ class Start : public testing::Test {
   QTimer watch_;
   std::function<void(FrmPassword&)> act_;
   int logins_ = 0;
+  QStringList seen_;
 };
 
 TEST_F(Start, AFirstStartMakesTheSampleFileAndShowsIt) {
@@ -79,6 +93,46 @@ TEST_F(Start, AFirstStartMakesTheSampleFileAndShowsIt) {
   ASSERT_NE(MainWindow(), nullptr);
   EXPECT_TRUE(MainWindow()->isVisible());
   EXPECT_EQ(MainWindow()->Shown(), (ViewCommand{kTransactionShow, 1}));
+}
+
+// Counts how often a widget is painted.
+class Paints : public QObject {
+ public:
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::Paint) ++count;
+    return false;
+  }
+};
+
+TEST_F(Start, TheSplashIsPaintedBeforeAnythingElseGoesOn) {
+  Paints paints;
+  FrmSplash splash;
+  splash.installEventFilter(&paints);
+  splash.Appear();
+  EXPECT_GE(paints.count, 1);
+  splash.Say(QStringLiteral("Compacting"));
+  EXPECT_GE(paints.count, 2);
+}
+
+TEST_F(Start, TheTipStandsBeforeTheLogin) {
+  SetPassword("open sesame");
+  SetOn(Setting::ShowTips, true);
+  TurnBackEverywhere();
+  StartUp start(options_);
+  EXPECT_FALSE(start.Run());
+  EXPECT_EQ(seen_, (QStringList{"FrmTips", "FrmPassword"}));
+}
+
+TEST_F(Start, AFileOfABankIsImportedInPlaceOfTheGreeting) {
+  options_.importPath = folder_.Write("bank.qif", "!Type:Bank\nD11/01/2026\nT-5\nPShop\n^\n");
+  TurnBackEverywhere();
+  StartUp start(options_);
+  ASSERT_TRUE(start.Run());
+  ASSERT_TRUE(QTest::qWaitFor([this] { return !seen_.isEmpty(); }));
+  EXPECT_EQ(seen_, QStringList{"FrmImport"});
 }
 
 TEST_F(Start, LoginLetsThePasswordIn) {
@@ -103,7 +157,7 @@ TEST_F(Start, TurningBackAtTheLoginEndsIt) {
 
 TEST_F(Start, TheSettingsCannotSwitchTheLoginOff) {
   SetPassword("open sesame");
-  SetLogin(false);
+  SetOn(Setting::Login, false);
   AtLogin([](FrmPassword& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
   StartUp start(options_);
   EXPECT_FALSE(start.Run());

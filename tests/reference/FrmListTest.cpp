@@ -37,6 +37,38 @@ TEST_F(Lists, AnEmptyListOffersTheFirstItem) {
   EXPECT_EQ(ledger_.Notes().Keywords().size(), 2U);
 }
 
+TEST_F(Lists, ACurrencyIsAddedAndOneThatIsUsedIsKept) {
+  AnAccount();
+  FrmList dialog(ListKind::Currency, Services(), ledger_, nullptr);
+  Show(dialog);
+  EXPECT_EQ(dialog.windowTitle(), "Currencies");
+  InNextDialog([this](QDialog& editor) {
+    EXPECT_EQ(editor.objectName(), "FrmCurrencies");
+    Type(editor, "txtCurrency", "gbp");
+    Machine().prompts.ExpectTell("Duplicate Record", "Currency already exists");
+    Click(editor, "cmdAccept");
+    Type(editor, "txtCurrency", "ZWG");
+    Type(editor, "txtDescription", "Zimbabwe Gold");
+    Click(editor, "cmdAccept");
+  });
+  Click(dialog, "cmdNew");
+  EXPECT_EQ(Chosen(dialog), "ZWG");
+  constexpr const char* kQuestion =
+      "Do you wish to delete this item? If this item is being used by existing Accounts or "
+      "Investments, then this item will not be deleted.";
+  Machine().prompts.ExpectAsk("Delete Item?", kQuestion, true);
+  Click(dialog, "cmdDelete");
+  EXPECT_NE(Chosen(dialog), "ZWG");
+  // The one of the account, and the one that an investment is quoted in.
+  Store().Execute(
+      "INSERT INTO tblPayees (Payee,CurrencyID,InvestCurrencyID,Investment) VALUES "
+      "('Fund',17,18,1)");
+  for (const std::int64_t key : {17, 18}) {
+    EXPECT_FALSE(ledger_.References().Of<CurrencyRecord>().Delete(key)) << key;
+  }
+  EXPECT_TRUE(ledger_.References().Of<CurrencyRecord>().Delete(19));
+}
+
 TEST_F(Lists, EnterEditsTheChosenRow) {
   FrmList dialog(ListKind::AccountType, Services(), ledger_, nullptr);
   Show(dialog);

@@ -1,0 +1,133 @@
+#include "app/start/WelcomeCommands.h"
+
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/ViewCommand.h"
+#include "app/options/OptionsEditor.h"
+#include "app/start/FrmWelcome.h"
+#include "controls/QtText.h"
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "platform/Registry.h"
+#include "platform/Settings.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/Connection.h"
+
+#include <QAction>
+#include <QCoreApplication>
+
+#include <filesystem>
+#include <utility>
+
+namespace corvanta::inline app {
+namespace {
+
+constexpr std::string_view kGreeted = "Greeted";
+constexpr const char* kTitle = "Welcome";
+
+}  // namespace
+
+WelcomeCommands::WelcomeCommands(const ViewPlace& place, std::function<bool()> reopen)
+    : place_(place), reopen_(std::move(reopen)) {}
+
+void WelcomeCommands::OpenFirst() {
+  Registry& registry = place_.platform.registry;
+  const bool isGreeted = registry.Read(Hive::CurrentUser, kSettingsKey, kGreeted).has_value();
+  const bool isUsed = Settings(registry).IsStored(Setting::Height);
+  if (isGreeted || isUsed || !place_.session.IsOpen()) return;
+  registry.Write(Hive::CurrentUser, kSettingsKey, kGreeted, "1");
+  Open();
+}
+
+void WelcomeCommands::Open() {
+  const auto guarded = [this](const std::function<void()>& act) {
+    return [this, act] { place_.host.Guard(act); };
+  };
+  WelcomeActions actions;
+  actions.addAccount = guarded([this] {
+    if (IsReadyForOwn()) place_.actions.mnuAccountAdd->trigger();
+  });
+  actions.importFile = guarded([this] {
+    if (IsReadyForOwn()) place_.actions.mnuFileImport->trigger();
+  });
+  actions.showSample = guarded([this] { ShowSample(); });
+  actions.showKey = [this] { place_.actions.mnuFileKey->trigger(); };
+  actions.chooseBackup = [this] { return ChooseBackup(); };
+  const QString backup = ToQt(Settings(place_.platform.registry).Text(Setting::Backup));
+  FrmWelcome(std::move(actions), backup, &place_.window).exec();
+}
+
+bool WelcomeCommands::IsSample() const {
+  if (!place_.session.IsOpen()) return false;
+  Connection& store = place_.session.Ledger().Store();
+  constexpr const char* kCount = "Select Count(*) from tblAccounts";
+  const std::int64_t samples =
+      store
+          .QueryValue(std::string(kCount) +
+                      " Where [Description] = 'This is a sample account, and can be deleted'")
+          .Int();
+  return samples == 1 && store.QueryValue(kCount).Int() == 1;
+}
+
+bool WelcomeCommands::IsReadyForOwn() {
+  if (!IsSample()) return true;
+  const auto choice = place_.platform.prompts.Choose(
+      kTitle,
+      "The sample is open. Your own accounts are better off in an empty data file; the sample is "
+      "kept beside it.",
+      {"Begin an Empty Data File", "Go On in the Sample"});
+  if (!choice) return false;
+  return *choice == 1 || BeginOwnFile();
+}
+
+bool WelcomeCommands::BeginOwnFile() {
+  const std::string path = place_.session.Path();
+  const std::string aside = SamplePath(true);
+  Files& files = place_.platform.files;
+  place_.session.Close();
+  files.Replace(path, aside);
+  try {
+    (void)place_.session.Opener().CreateNew(true);
+  } catch (...) {
+    // What was there comes back as it was.
+    if (!FileExists(path)) files.Replace(aside, path);
+    reopen_();
+    throw;
+  }
+  return reopen_();
+}
+
+void WelcomeCommands::ShowSample() {
+  if (!IsSample()) {
+    const std::string path = SamplePath(false);
+    if (!FileExists(path)) {
+      DataFileOpener maker(place_.platform, "the Corvanta window");
+      maker.SetDataPath(path);
+      (void)maker.CreateNew(false);
+    }
+    place_.session.Choose(path);
+    if (!reopen_()) return;
+    place_.host.Notice(QCoreApplication::translate(
+        "WelcomeCommands", "This is the sample. File, Open goes back to your own data file."));
+  }
+  place_.host.ShowView(kTransactionShow);
+  place_.host.FocusView();
+}
+
+std::string WelcomeCommands::SamplePath(bool isFree) const {
+  const std::filesystem::path folder = std::filesystem::path(place_.session.Path()).parent_path();
+  std::string path = (folder / "Sample.dat").string();
+  for (int number = 2; isFree && FileExists(path); ++number) {
+    path = (folder / ("Sample " + std::to_string(number) + ".dat")).string();
+  }
+  return path;
+}
+
+QString WelcomeCommands::ChooseBackup() {
+  place_.host.Guard(
+      [this] { (void)OptionsEditor(place_.platform, place_.session.Path()).BrowseBackup(); });
+  return ToQt(Settings(place_.platform.registry).Text(Setting::Backup));
+}
+
+}  // namespace corvanta::inline app
