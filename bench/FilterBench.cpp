@@ -31,7 +31,7 @@ BenchStore& StoreOf(std::int64_t count) {
   connection->Execute("INSERT INTO tblKeywords (Keyword) VALUES ('Work')");
   connection->Execute(
       "INSERT INTO tblKeywordLink (KeywordID,TransactionID) SELECT 1, TransactionID FROM "
-      "tblTransactions WHERE TransactionID MOD 40 = 0");
+      "tblTransactions WHERE TransactionID MOD 40 = 7");
   connection->Execute(
       "INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
       "SELECT 'Second',AccountTypeID,CurrencyId,0,0 FROM tblAccounts WHERE AccountID = 1");

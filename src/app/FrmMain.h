@@ -36,6 +36,7 @@ struct Platform;
 namespace corvanta::inline app {
 
 class AccountTree;
+class FilterCommands;
 class LedgerSession;
 class MainActions;
 class MainView;
@@ -72,6 +73,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void OpenAccount(std::int64_t accountId) override;
   void ShowTransaction(std::int64_t accountId, std::int64_t key) override;
   bool ChooseRow(std::string_view view, std::int64_t key) override;
+  void ShowRows(const RowFilter& filter) override;
   void FocusView() override;
   [[nodiscard]] const ViewCommand& Shown() const override { return shown_; }
   [[nodiscard]] const std::vector<AccountRow>& Accounts() const override { return accounts_; }
@@ -176,6 +178,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   AccountTree* tree_ = nullptr;
   ucCalendar* calendar_ = nullptr;
   QStackedWidget* pages_ = nullptr;
+  FilterCommands* filters_ = nullptr;
   std::vector<MainView*> views_;
   MainView* view_ = nullptr;  // in front; null while the data file is closed
   EmptyState* closedView_ = nullptr;

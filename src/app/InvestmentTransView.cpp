@@ -1,5 +1,6 @@
 #include "app/InvestmentTransView.h"
 
+#include "app/FilterStrip.h"
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -94,7 +95,8 @@ ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int de
 }  // namespace
 
 InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent)
-    : ListView(place, Traits(place), parent) {
+    : ListView(place, Traits(place), parent), strip_(new FilterStrip(this)) {
+  AddStrip(*strip_);
   MainActions& actions = place.actions;
   Table()->setSelectionMode(QAbstractItemView::ExtendedSelection);
   Table()->addActions({actions.mnuInvestTransCopy, actions.mnuInvestTransPaste});
@@ -108,10 +110,19 @@ void InvestmentTransView::Show(const ViewCommand& command) {
   std::vector<ListRow> rows;
   const auto transactions =
       Place().session.Ledger().Investments().ListTransactions(command.Filter());
+  const bool isFiltered = !command.rows.IsEmpty();
+  const KeySet chosen =
+      isFiltered ? FilteredKeys(Place().session.Ledger().Store(), command.rows) : KeySet();
   for (const InvestmentTransactionRow& row : transactions) {
+    if (isFiltered && !chosen.Has(row.transactionId)) continue;
     rows.push_back(RowFor(row, shown, decimals));
   }
   const auto count = static_cast<qulonglong>(rows.size());
+  if (rows.empty() && !transactions.empty()) {
+    return Fill({}, tr("What was bought, sold and paid out, in all accounts"), QString(), QString(),
+                {QStringLiteral("trades"), tr("All investment transactions are hidden"),
+                 tr("The filters above the list choose none of them.")});
+  }
   Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
        count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
        QString(),

@@ -17,6 +17,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeInvestments();
   MakeViews();
   MakeViewOptions();
+  MakeFilters();
   mnuHelpTips = Make("mnuHelpTips", tr("&Tip of the Day..."), "tips", tr("Show a tip"));
   mnuHelpAbout = Make("mnuHelpAbout", tr("&About..."), "about", tr("About this program"));
   mnuHelpAbout->setMenuRole(QAction::AboutRole);

@@ -125,6 +125,13 @@ class MainActions : public QObject {
   QAction* mnuViewCleared;
   QAction* mnuViewReconciled;
   QAction* mnuViewAll;
+  QAction* mnuFilterAccount;
+  QAction* mnuFilterCategory;
+  QAction* mnuFilterPayee;
+  QAction* mnuFilterInvestment;
+  QAction* mnuFilterKeyword;
+  QAction* mnuFilterText;
+  QAction* mnuFilterNone;
   QAction* mnuViewDescription;
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
@@ -148,6 +155,7 @@ class MainActions : public QObject {
   void MakeInvestments();
   void MakeViews();
   void MakeViewOptions();
+  void MakeFilters();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

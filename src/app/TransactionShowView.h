@@ -32,6 +32,7 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] QWidget* Widget() override;
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] SortedTable* Table() const override;
+  [[nodiscard]] FilterStrip* Strip() const override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -65,6 +66,10 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] std::optional<AccountRow> Find(std::int64_t accountId,
                                                std::optional<EntrySums>& sums) const;
   void ShowRows(const AccountRow& account, const std::optional<EntrySums>& sums);
+  // What the window's filter has chosen.
+  void ShowFiltered(const ViewCommand& command);
+  // Says that the account's rows, or those of the filter's accounts, are hidden.
+  void ShowHidden();
   void CountUncleared(const std::shared_ptr<RegisterRows>& rows);
   // Of what is shown.
   [[nodiscard]] RegisterScope Scope() const;
@@ -77,7 +82,8 @@ class TransactionShowView : public QObject, public MainView {
   RegisterCommands commands_;
   RegisterShelf shelf_;
   ReadAhead* ahead_;
-  std::int64_t account_ = 0;  // that is shown; 0 for none
+  std::int64_t account_ = 0;  // that is shown; 0 for none, as for several
+  bool isShown_ = false;      // whether rows are, of whatever accounts
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };
 

@@ -17,6 +17,10 @@ namespace corvanta::inline platform {
 struct Platform;
 }
 
+namespace corvanta::inline ledger {
+class RowFilter;
+}
+
 namespace corvanta::inline app {
 
 class LedgerSession;
@@ -57,6 +61,8 @@ class ViewHost {
   // Chooses the row where that view is in front; false where another one is, or the row is not
   // among those that it shows.
   virtual bool ChooseRow(std::string_view view, std::int64_t key) = 0;
+  // The view in front with that filter; where it leaves its rows alone, the register.
+  virtual void ShowRows(const RowFilter& filter) = 0;
   // Gives the view in front the keys.
   virtual void FocusView() = 0;
 

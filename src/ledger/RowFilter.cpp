@@ -179,11 +179,44 @@ std::string RowFilter::Tables() const {
   return tables;
 }
 
+namespace {
+
+// A row of a name that has the text, whose key the condition asks for.
+std::string NamedLike(Connection& store, const std::string& column, const std::string& names) {
+  std::vector<std::int64_t> keys;
+  Recordset rows = store.OpenRecordset("Select " + column + " from " + names);
+  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
+  return keys.empty() ? std::string() : " OR T." + column + " IN (" + JoinKeys(keys) + ")";
+}
+
+// The same rows as those of the filter's own condition: names are few, so they are asked once, and
+// an amount only for a text that a figure can have.
+std::string QuickSearchClause(Connection& store, const SearchText& search) {
+  const std::string like = " like " + Pattern(search.text);
+  std::string clause = "(T.Description" + like + " OR t.Reference" + like;
+  if (search.text.find_first_not_of("0123456789.-+eE") == std::string::npos) {
+    clause += " OR T.Amount" + like;
+  }
+  if (!search.isTextOnly) {
+    clause += NamedLike(store, "PayeeID", "tblPayees WHERE Payee" + like);
+    clause += NamedLike(store, "CategoryID",
+                        "tblCategory WHERE Category" + like + " OR SubCategory" + like);
+  }
+  if (search.amount) clause += " OR Abs(T.Amount) = " + SqlNumber(*search.amount);
+  return clause + ") AND ";
+}
+
+}  // namespace
+
 KeySet FilteredKeys(Connection& store, const RowFilter& filter, const std::string& condition) {
+  RowFilter lists = filter;
+  lists.SetSearch({});
+  std::string clause = lists.Clause();
+  if (filter.HasText()) clause += QuickSearchClause(store, filter.Search());
   KeySet keys;
   Recordset::Visit(store,
-                   "Select T.TransactionID, T.AllocatedItem from " + filter.Tables() + " WHERE " +
-                       filter.Clause() + "1 > 0" + condition,
+                   "Select T.TransactionID, T.AllocatedItem from " + lists.Tables() + " WHERE " +
+                       clause + "1 > 0" + condition,
                    [&keys](const VisitedRow& row) {
                      const std::int64_t parent = row.Int(1);
                      keys.Insert(parent == 0 ? row.Int(0) : parent);

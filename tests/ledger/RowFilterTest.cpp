@@ -10,6 +10,7 @@
 #include "ledger/RowFilter.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "store/sql/Recordset.h"
 
 #include <functional>
 #include <limits>
@@ -123,6 +124,15 @@ class FilteredRows : public LedgerTest {
     return JoinKeys(keys);
   }
   std::string Shown(const RowFilter& filter, const StatusFilter& statuses = {}) {
+    // What the register looks up in its own way is what the conditions say, as reports use them.
+    std::set<std::int64_t> said;
+    Recordset rows = Store().OpenRecordset("Select T.TransactionID, T.AllocatedItem from " +
+                                           filter.Tables() + " WHERE " + filter.Clause() + "1 > 0");
+    for (; !rows.Eof(); rows.MoveNext()) said.insert(rows.Int(1) == 0 ? rows.Int(0) : rows.Int(1));
+    const KeySet found = FilteredKeys(Store(), filter);
+    for (std::int64_t key = 0; key < 20; ++key) {
+      EXPECT_EQ(found.Has(key), said.contains(key)) << key << ' ' << filter.Clause();
+    }
     return KeysOf(*Show(filter, statuses));
   }
   static RowFilter Of(FilterKind kind, const std::vector<std::int64_t>& keys) {
