@@ -2,6 +2,7 @@
 
 #include "app/AccountTree.h"
 #include "app/EntryCommands.h"
+#include "app/FilterCommands.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
@@ -110,6 +111,7 @@ void FrmMain::MakeViews() {
   pages_ = new QStackedWidget(columns_);
   views_ = MakeMainViews(place_, pages_);
   for (MainView* view : views_) pages_->addWidget(view->Widget());
+  filters_ = new FilterCommands(place_, views_, this);
   closedView_ = new EmptyState(pages_);
   pages_->addWidget(closedView_);
   // Their keys work while a view has the focus.

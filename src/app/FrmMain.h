@@ -37,6 +37,7 @@ struct Platform;
 namespace corvanta::inline app {
 
 class AccountTree;
+class FilterCommands;
 class LedgerSession;
 class MainActions;
 class MainView;
@@ -81,6 +82,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void ShowTransaction(std::int64_t accountId, std::int64_t key) override;
   bool ChooseRow(std::string_view view, std::int64_t key) override;
   void Import(const std::string& path) override { ImportFile(path); }
+  void ShowRows(const RowFilter& filter) override;
   void FocusView() override;
   [[nodiscard]] const ViewCommand& Shown() const override { return shown_; }
   [[nodiscard]] const std::vector<AccountRow>& Accounts() const override { return accounts_; }
@@ -191,6 +193,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   AccountTree* tree_ = nullptr;
   ucCalendar* calendar_ = nullptr;
   QStackedWidget* pages_ = nullptr;
+  FilterCommands* filters_ = nullptr;
   std::vector<MainView*> views_;
   MainView* view_ = nullptr;  // in front; null while the data file is closed
   EmptyState* closedView_ = nullptr;

@@ -80,6 +80,7 @@ bool FrmMain::Reopen(bool quiet) {
   Guard([this] { session_.PostSchedules(); });
   AdoptLedger();
   history_.Clear();
+  shown_.rows = {};
   account_ = 0;
   ReadAccounts();
   reminderCommands_->Read();

@@ -1,5 +1,6 @@
 // What the main window shows, and what it marks for it.
 #include "app/AccountTree.h"
+#include "app/FilterCommands.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -42,6 +43,7 @@ ViewCommand FrmMain::CommandOf(const MainView& view, std::int64_t accountId) con
   command.uncleared = actions_->mnuViewUnCleared->isChecked();
   command.cleared = actions_->mnuViewCleared->isChecked();
   command.reconciled = actions_->mnuViewReconciled->isChecked();
+  command.rows = shown_.rows;
   view.Remember(command);
   return command;
 }
@@ -50,13 +52,24 @@ void FrmMain::ShowView(std::string_view name) {
   if (const MainView* view = FindView(name)) Show(CommandOf(*view, account_));
 }
 
+// Whoever goes to an account wants that one, whichever the filter has chosen.
 void FrmMain::ShowAccount(std::int64_t accountId) {
-  Show(CommandOf(RegisterOfAccount(), accountId));
+  ViewCommand command = CommandOf(RegisterOfAccount(), accountId);
+  command.rows.SetKeys(FilterKind::Account, {});
+  Show(command);
 }
 
 void FrmMain::OpenAccount(std::int64_t accountId) {
-  if (shown_.accountId != accountId) ShowAccount(accountId);
+  const bool isShown = shown_.accountId == accountId && !shown_.rows.IsSet(FilterKind::Account);
+  if (!isShown) ShowAccount(accountId);
   FocusView();
+}
+
+void FrmMain::ShowRows(const RowFilter& filter) {
+  const bool honours = view_ != nullptr && view_->Strip() != nullptr;
+  ViewCommand command = CommandOf(honours ? *view_ : RegisterOfAccount(), account_);
+  command.rows = filter;
+  Show(command);
 }
 
 void FrmMain::ShowTransaction(std::int64_t accountId, std::int64_t key) {
@@ -124,9 +137,10 @@ void FrmMain::ShowAgain(const ViewCommand& command) {
   actions_->mnuViewUnCleared->setChecked(command.uncleared);
   actions_->mnuViewCleared->setChecked(command.cleared);
   actions_->mnuViewReconciled->setChecked(command.reconciled);
+  shown_.rows = filters_->Existing(command.rows);
   if (!command.CountsAs(counted_)) ReadAccounts();
   pages_->setCurrentWidget(view_->Widget());
-  view_->Show(command);
+  view_->Show(shown_);
   const ViewSurroundings surroundings = view_->Surroundings();
   if (surroundings.accountId != 0) account_ = surroundings.accountId;
   tree_->Choose(surroundings.accountId);
@@ -218,6 +232,7 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewSort->setEnabled(isOpen);
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
   actions_->mnuViewWidths->setEnabled(isOpen);
+  filters_->Mark();
   MarkUndo();
   MarkChoice();
 }

@@ -72,6 +72,10 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
   connect(period_, &PeriodBar::Changed, this, &HoldingsBar::Changed);
 }
 
+void HoldingsBar::SetToday(Date today) {
+  period_->SetToday(today);
+}
+
 HoldingsScope HoldingsBar::Scope(Date today) const {
   HoldingsScope scope;
   scope.accountId = cmbAccount_->currentData().toLongLong();

@@ -30,6 +30,8 @@ class HoldingsBar : public QWidget {
  public:
   HoldingsBar(const Locale& locale, Date today, QWidget* parent);
 
+  // What the usual periods are counted from.
+  void SetToday(Date today);
   // The choice as it stands. Without a period the returns are of all days up to today.
   [[nodiscard]] HoldingsScope Scope(Date today) const;
   // The code that all is to be converted into; empty for none.

@@ -127,6 +127,7 @@ void HoldingsView::Keep(std::map<std::string, std::string>& values) const {
 
 void HoldingsView::Show(const ViewCommand& /*command*/) {
   FillBar();
+  bar_->SetToday(Place().host.Today());
   const HoldingsScope scope = bar_->Scope(Place().host.Today());
   period_ = *scope.period;
   list_ = ReadHoldings(Place().session.Ledger(), scope);

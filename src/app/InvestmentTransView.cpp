@@ -1,5 +1,6 @@
 #include "app/InvestmentTransView.h"
 
+#include "app/FilterStrip.h"
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -73,7 +74,8 @@ ListTraits Traits(const ViewPlace& place) {
 }  // namespace
 
 InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent)
-    : ListView(place, Traits(place), parent) {
+    : ListView(place, Traits(place), parent), strip_(new FilterStrip(this)) {
+  AddStrip(*strip_);
   MainActions& actions = place.actions;
   Table()->setSelectionMode(QAbstractItemView::ExtendedSelection);
   Table()->addActions({actions.mnuInvestTransCopy, actions.mnuInvestTransPaste});
@@ -86,9 +88,15 @@ void InvestmentTransView::ApplySettings() {
 }
 
 void InvestmentTransView::Show(const ViewCommand& command) {
-  auto rows = std::make_unique<TradeList>(Place().session.Ledger().Store(), command.Filter(),
-                                          Place().platform);
+  auto rows =
+      std::make_unique<TradeList>(Place().session.Ledger().Store(), command, Place().platform);
   const auto count = static_cast<qulonglong>(rows->Count());
+  if (count == 0 && rows->HasHidden()) {
+    return Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
+                QString(), QString(),
+                {QStringLiteral("trades"), tr("All investment transactions are hidden"),
+                 tr("The filters above the list choose none of them.")});
+  }
   Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
        count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
        QString(),

@@ -1,5 +1,6 @@
 #include "app/ListView.h"
 
+#include "app/FilterStrip.h"
 #include "app/LedgerSession.h"
 #include "app/TotalsLine.h"
 #include "app/ViewCommand.h"
@@ -14,7 +15,9 @@
 #include "reports/ReportDialogs.h"
 
 #include <QAction>
+#include <QHBoxLayout>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -76,6 +79,17 @@ void ListView::Arrange() {
   column->addWidget(pages_, 1);
   column->addWidget(totals_);
   setFocusProxy(table_);
+}
+
+void ListView::AddStrip(FilterStrip& strip) {
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  auto* head = new QHBoxLayout;
+  column->removeWidget(header_);
+  head->addWidget(header_, 1);
+  head->addWidget(strip.Button());
+  head->addSpacing(2 * kRhythm);
+  column->insertLayout(0, head);
+  column->insertWidget(1, &strip);
 }
 
 void ListView::Connect() {

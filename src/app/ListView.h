@@ -19,6 +19,7 @@ class EmptyState;
 
 namespace corvanta::inline app {
 
+class FilterStrip;
 class TotalsLine;
 class ViewHeader;
 
@@ -82,6 +83,8 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
   // The chosen rows as lines of cells with tabs between them.
   [[nodiscard]] QString ChosenText() const;
+  // Puts the line over the list, and its button beside the head.
+  void AddStrip(FilterStrip& strip);
   // What stands in the place of a list without rows, above the command that adds one.
   struct Nothing {
     QString icon;

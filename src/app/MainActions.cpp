@@ -18,6 +18,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeViews();
   MakeViewOptions();
   MakeItems();
+  MakeFilters();
   MakeHelp();
 }
 

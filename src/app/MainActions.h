@@ -138,6 +138,13 @@ class MainActions : public QObject {
   QAction* mnuViewCleared;
   QAction* mnuViewReconciled;
   QAction* mnuViewAll;
+  QAction* mnuFilterAccount;
+  QAction* mnuFilterCategory;
+  QAction* mnuFilterPayee;
+  QAction* mnuFilterInvestment;
+  QAction* mnuFilterKeyword;
+  QAction* mnuFilterText;
+  QAction* mnuFilterNone;
   QAction* mnuViewDescription;
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
@@ -167,6 +174,7 @@ class MainActions : public QObject {
   void MakeItems();
   void FillTransactions(QMenu& transactions) const;
   void MakeHelp();
+  void MakeFilters();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

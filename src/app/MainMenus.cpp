@@ -105,6 +105,11 @@ void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
   view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled, mnuViewAll});
+  QMenu* filters = AddSubmenu(view, "mnuViewFilters", tr("&Filters"));
+  filters->addActions({mnuFilterAccount, mnuFilterCategory, mnuFilterPayee, mnuFilterInvestment,
+                       mnuFilterKeyword, mnuFilterText});
+  filters->addSeparator();
+  filters->addAction(mnuFilterNone);
   view.addSeparator();
   QMenu* columns = AddSubmenu(view, "mnuViewColumns", tr("Co&lumns"));
   columns->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});

@@ -30,6 +30,7 @@ struct PrintTable;
 
 namespace corvanta::inline app {
 
+class FilterStrip;
 struct ViewCommand;
 
 // The commands of the Edit menu, which stand for something else in each view.
@@ -59,6 +60,9 @@ class MainView {
   [[nodiscard]] virtual QAction* AddCommand() const = 0;
   // Its list, whose columns are sorted and widened from the View menu; null for a view without.
   [[nodiscard]] virtual SortedTable* Table() const = 0;
+  // The line over its list that says what the filter of the window hides; null for a view whose
+  // rows the filter leaves alone.
+  [[nodiscard]] virtual FilterStrip* Strip() const { return nullptr; }
   // Whether it shows the rows of one account, which its command names.
   [[nodiscard]] virtual bool IsOfAccount() const { return false; }
 

@@ -127,8 +127,7 @@ void RegisterCommands::Do(EditTask task, std::int64_t accountId) {
 }
 
 bool RegisterCommands::IsAccountClosed(const char* title) {
-  const auto account =
-      place_.session.Ledger().Accounts().ReadAccount(place_.host.Shown().accountId);
+  const auto account = place_.session.Ledger().Accounts().ReadAccount(place_.host.ChosenAccount());
   if (!account || !account->closed) return false;
   place_.platform.prompts.Tell(title, kAccountClosed);
   return true;

@@ -36,7 +36,9 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
     painter->setPen(QPen(AccentColour(option.palette), 1, Qt::DashLine));
     painter->drawLine(option.rect.topLeft(), option.rect.topRight());
   }
-  QRect text = CellTextRect(option.rect, index.column(), RegisterModel::kColumns);
+  // As the columns stand in the list, the account behind the date.
+  const int place = index.column() == RegisterModel::kAccount ? 1 : index.column();
+  QRect text = CellTextRect(option.rect, place, RegisterModel::kBalance + 1);
   if (index.column() == RegisterModel::kPayee) {
     text.setRight(text.right() -
                   DrawMarks(*painter, row, text,

@@ -232,6 +232,8 @@ QString RegisterModel::Text(int row, int column) const {
       return entry.amount < 0 ? QString() : ToQt(locale_.FormatNumber(entry.amount));
     case kBalance:
       return ToQt(locale_.FormatNumber(entry.balance));
+    case kAccount:
+      return ToQt(rows_->Names().Account(entry.accountId));
     default:
       return {};
   }
@@ -293,6 +295,8 @@ QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int
       return tr("Paid In");
     case kBalance:
       return tr("Balance");
+    case kAccount:
+      return tr("Account");
     default:
       return {};
   }

@@ -39,6 +39,7 @@ class RegisterModel : public QAbstractTableModel {
     kPaidOut,
     kPaidIn,
     kBalance,
+    kAccount,  // of rows of several accounts alone; it stands behind the date
     kColumns
   };
   static constexpr bool IsMoney(int column) { return column >= kPaidOut && column <= kBalance; }

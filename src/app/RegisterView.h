@@ -34,12 +34,14 @@ class RegisterRows;
 
 namespace corvanta::inline app {
 
+class FilterStrip;
 class PeriodBar;
 class RegisterModel;
 class TotalsLine;
 class ViewHeader;
 
-// The view of "TransactionShow": the register of one account, newest last.
+// The view of "TransactionShow": the register of one account, or of what a filter has chosen of
+// several, newest last.
 class RegisterView : public QWidget {
   Q_OBJECT
 
@@ -57,9 +59,12 @@ class RegisterView : public QWidget {
   // that had the focus.
   // Throws StoreError.
   void ShowAccount(const AccountRow& account, const std::shared_ptr<RegisterRows>& rows);
+  // The same of the rows of these accounts, one or several, that a filter has chosen.
+  void ShowFiltered(const std::vector<AccountRow>& accounts,
+                    const std::shared_ptr<RegisterRows>& rows);
   // Says, in place of a register without rows, that filters hide those that the account has. The
   // days are those of Period().
-  void ShowHidden(std::int64_t count, const StatusFilter& filter);
+  void ShowHidden(std::int64_t count, const StatusFilter& filter, bool isFiltered);
   // Shows instead of a register that no account is chosen.
   void ShowNoAccount();
 
@@ -71,6 +76,7 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
+  [[nodiscard]] FilterStrip& Strip() const { return *strip_; }
 
   // The period that the person asks for; the account's rows are the caller's to read.
   [[nodiscard]] std::optional<DateRange> Period() const;
@@ -117,7 +123,11 @@ class RegisterView : public QWidget {
   void PlacePeriod();
   void RequestMenu(QPoint place);
   void ShowEmpty();
-  [[nodiscard]] QString FilterText(const StatusFilter& filter) const;
+  [[nodiscard]] QString FilterText(const StatusFilter& filter, bool isFiltered) const;
+  void ShowRows(const std::vector<AccountRow>& accounts, const std::shared_ptr<RegisterRows>& rows);
+  void ShowTotals(const RegisterRows& rows);
+  // The account of each row is said where they are of several.
+  void ShowAccountColumn(bool show);
   // Says where the balance is lowest among the rows still to come; empty without any.
   [[nodiscard]] QString Ahead(const AccountRow& account, RegisterRows& rows) const;
   void Fill(std::shared_ptr<RegisterRows> rows, bool isSame);
@@ -130,6 +140,7 @@ class RegisterView : public QWidget {
   QBoxLayout* head_;
   ViewHeader* header_;
   PeriodBar* period_;
+  FilterStrip* strip_;
   QStackedWidget* pages_;
   SortedTable* table_;
   EmptyState* empty_;
@@ -138,7 +149,7 @@ class RegisterView : public QWidget {
   RegisterDelegate* delegate_;
   Offers offers_;
   const Locale& locale_;
-  std::int64_t accountId_ = 0;
+  std::vector<std::int64_t> accounts_;
   Date today_;
 };
 

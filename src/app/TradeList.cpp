@@ -1,6 +1,7 @@
 #include "app/TradeList.h"
 
 #include "app/InvestmentTransView.h"
+#include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "ledger/RegisterReader.h"
 #include "platform/Locale.h"
@@ -30,8 +31,8 @@ SortKey Text(std::string_view text) {
 
 }  // namespace
 
-TradeList::TradeList(Connection& store, const StatusFilter& filter, const Platform& platform)
-    : rows_(store, filter),
+TradeList::TradeList(Connection& store, const ViewCommand& command, const Platform& platform)
+    : rows_(store, command.Filter(), command.rows),
       locale_(platform.locale),
       decimals_(Settings(platform.registry).InvestmentDecimals()) {}
 

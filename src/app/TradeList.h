@@ -10,6 +10,8 @@ struct Platform;
 
 namespace corvanta::inline app {
 
+struct ViewCommand;
+
 // The lines of the view of investment transactions, of which there may be many.
 class TradeList : public ListRows {
  public:
@@ -30,7 +32,10 @@ class TradeList : public ListRows {
   };
 
   // Store and platform outlive this object. Throws StoreError.
-  TradeList(Connection& store, const StatusFilter& filter, const Platform& platform);
+  TradeList(Connection& store, const ViewCommand& command, const Platform& platform);
+
+  // Whether the command's filter of rows has left some out.
+  [[nodiscard]] bool HasHidden() const { return rows_.HasHidden(); }
 
   [[nodiscard]] std::size_t Count() const override { return rows_.Entries().size(); }
   [[nodiscard]] qint64 Key(std::size_t row) const override {

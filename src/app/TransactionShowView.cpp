@@ -63,6 +63,10 @@ QString TransactionShowView::Title() const {
   return register_->Title();
 }
 
+FilterStrip* TransactionShowView::Strip() const {
+  return &register_->Strip();
+}
+
 SortedTable* TransactionShowView::Table() const {
   return &register_->Table();
 }
@@ -103,6 +107,8 @@ std::optional<AccountRow> TransactionShowView::Find(std::int64_t accountId,
 void TransactionShowView::Show(const ViewCommand& command) {
   register_->SetToday(place_.host.Today());
   register_->SetPeriod(command.dates);
+  isShown_ = false;
+  if (!command.rows.IsEmpty()) return ShowFiltered(command);
   std::optional<EntrySums> sums;
   const std::optional<AccountRow> account = Find(command.accountId, sums);
   account_ = account ? account->accountId : 0;
@@ -117,16 +123,45 @@ void TransactionShowView::ShowRows(const AccountRow& account,
   const ViewCommand& shown = place_.host.Shown();
   const auto rows = shelf_.Fetch(store, Scope(), account.openingBalance, sums);
   register_->ShowAccount(account, rows);
-  if (register_->IsEmpty() && shown.IsFiltered()) {
-    const EntrySums all = ReadSums(store, account_, StatusFilter(), std::nullopt, std::nullopt);
-    register_->ShowHidden(all.count, shown.Filter());
-  }
+  isShown_ = true;
+  if (register_->IsEmpty() && shown.IsFiltered()) ShowHidden();
   CountUncleared(rows);
+}
+
+void TransactionShowView::ShowFiltered(const ViewCommand& command) {
+  std::vector<AccountRow> accounts;
+  std::vector<FilteredAccount> wanted;
+  account_ = command.accountId;
+  for (const std::int64_t key : Scope().Accounts()) {
+    std::optional<EntrySums> sums;
+    const std::optional<AccountRow> account = Find(key, sums);
+    if (!account) continue;
+    accounts.push_back(*account);
+    wanted.push_back({key, account->currencyId, account->openingBalance, sums});
+  }
+  account_ = accounts.size() == 1 ? accounts.front().accountId : 0;
+  uncleared_.clear();
+  if (accounts.empty()) return register_->ShowNoAccount();
+  const auto rows = shelf_.FetchFiltered(place_.session.Ledger().Store(), Scope(), wanted);
+  register_->ShowFiltered(accounts, rows);
+  isShown_ = true;
+  if (register_->IsEmpty()) ShowHidden();
+  CountUncleared(rows);
+}
+
+void TransactionShowView::ShowHidden() {
+  const ViewCommand& shown = place_.host.Shown();
+  Connection& store = place_.session.Ledger().Store();
+  std::int64_t count = 0;
+  for (const std::int64_t account : Scope().Accounts()) {
+    count += ReadSums(store, account, StatusFilter(), std::nullopt, std::nullopt).count;
+  }
+  register_->ShowHidden(count, shown.Filter(), !shown.rows.IsEmpty());
 }
 
 RegisterScope TransactionShowView::Scope() const {
   const ViewCommand& shown = place_.host.Shown();
-  return {account_, shown.Filter(), shown.RegisterPeriod()};
+  return {account_, shown.Filter(), shown.RegisterPeriod(), shown.rows};
 }
 
 // Counting them reads all of the account's entries: of a long register that is done once the rows
@@ -152,7 +187,7 @@ void TransactionShowView::CountUncleared(const std::shared_ptr<RegisterRows>& ro
 }
 
 ViewSurroundings TransactionShowView::Surroundings() const {
-  if (account_ == 0) return {};
+  if (!isShown_) return {};
   return {account_, register_->Days(), uncleared_};
 }
 
@@ -173,6 +208,7 @@ void TransactionShowView::LetGo() {
   shelf_.Clear();
   register_->LetGo();
   account_ = 0;
+  isShown_ = false;
 }
 
 void TransactionShowView::ApplySettings() {
@@ -229,7 +265,8 @@ void TransactionShowView::MarkCommands(bool isShown) {
 
 void TransactionShowView::ExportRegister() {
   const ViewCommand& shown = place_.host.Shown();
-  ExportView view{account_, shown.Filter(), shown.RegisterPeriod(), register_->ShownKeys()};
+  ExportView view{account_, shown.Filter(), shown.RegisterPeriod(), register_->ShownKeys(),
+                  !shown.rows.IsEmpty()};
   OpenExport(view, {place_.platform, place_.session.Ledger(), &place_.window});
 }
 

@@ -34,6 +34,7 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] SortedTable* Table() const override;
   [[nodiscard]] QAction* AddCommand() const override;
+  [[nodiscard]] FilterStrip* Strip() const override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -67,6 +68,10 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] std::optional<AccountRow> Find(std::int64_t accountId,
                                                std::optional<EntrySums>& sums) const;
   void ShowRows(const AccountRow& account, const std::optional<EntrySums>& sums);
+  // What the window's filter has chosen.
+  void ShowFiltered(const ViewCommand& command);
+  // Says that the account's rows, or those of the filter's accounts, are hidden.
+  void ShowHidden();
   void CountUncleared(const std::shared_ptr<RegisterRows>& rows);
   // Of what is shown.
   [[nodiscard]] RegisterScope Scope() const;
@@ -80,7 +85,8 @@ class TransactionShowView : public QObject, public MainView {
   RegisterShelf shelf_;
   ReadAhead* ahead_;
   ItemCommands* items_;
-  std::int64_t account_ = 0;  // that is shown; 0 for none
+  std::int64_t account_ = 0;  // that is shown; 0 for none, as for several
+  bool isShown_ = false;      // whether rows are, of whatever accounts
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };
 

@@ -18,6 +18,10 @@ namespace corvanta::inline platform {
 struct Platform;
 }
 
+namespace corvanta::inline ledger {
+class RowFilter;
+}
+
 namespace corvanta::inline app {
 
 class LedgerSession;
@@ -60,6 +64,8 @@ class ViewHost {
   virtual bool ChooseRow(std::string_view view, std::int64_t key) = 0;
   // The import of that file into the account that entries go to.
   virtual void Import(const std::string& path) = 0;
+  // The view in front with that filter; where it leaves its rows alone, the register.
+  virtual void ShowRows(const RowFilter& filter) = 0;
   // Gives the view in front the keys.
   virtual void FocusView() = 0;
 

@@ -23,6 +23,11 @@ const std::string* Find(const NamesByKey& names, std::int64_t key) {
   return found == names.end() ? nullptr : &found->second;
 }
 
+std::string_view NameOrEmpty(const NamesByKey& names, std::int64_t key) {
+  const std::string* name = Find(names, key);
+  return name == nullptr ? std::string_view() : *name;
+}
+
 NamesByKey ReadNames(Connection& connection, std::string_view sql) {
   NamesByKey names;
   Recordset rows = connection.OpenRecordset(sql);
@@ -57,6 +62,7 @@ RegisterNames::RegisterNames(Connection& connection)
                             "= '', '', ':' & SubCategory) from tblCategory")),
       payees_(ReadNames(connection, "Select PayeeID, Payee from tblPayees")),
       payments_(ReadNames(connection, "Select PaymentID, [Payment] from tblPayments")),
+      accounts_(ReadNames(connection, "Select AccountID, [Account] from tblAccounts")),
       investments_(ReadKeys(connection, "Select PayeeID from tblPayees Where Investment = 1")) {}
 
 const std::string* RegisterNames::Category(std::int64_t key) const {
@@ -64,13 +70,15 @@ const std::string* RegisterNames::Category(std::int64_t key) const {
 }
 
 std::string_view RegisterNames::Payee(std::int64_t key) const {
-  const std::string* name = Find(payees_, key);
-  return name == nullptr ? std::string_view() : *name;
+  return NameOrEmpty(payees_, key);
 }
 
 std::string_view RegisterNames::Payment(std::int64_t key) const {
-  const std::string* name = Find(payments_, key);
-  return name == nullptr ? std::string_view() : *name;
+  return NameOrEmpty(payments_, key);
+}
+
+std::string_view RegisterNames::Account(std::int64_t key) const {
+  return NameOrEmpty(accounts_, key);
 }
 
 RegisterLinks::RegisterLinks(Connection& connection, std::int64_t accountId)

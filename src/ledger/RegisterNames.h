@@ -27,11 +27,13 @@ class RegisterNames {
   // Whether the payee is an investment.
   [[nodiscard]] bool IsInvestment(std::int64_t key) const { return investments_.contains(key); }
   [[nodiscard]] std::string_view Payment(std::int64_t key) const;
+  [[nodiscard]] std::string_view Account(std::int64_t key) const;
 
  private:
   NamesByKey categories_;
   NamesByKey payees_;
   NamesByKey payments_;
+  NamesByKey accounts_;
   std::unordered_set<std::int64_t> investments_;
 };
 

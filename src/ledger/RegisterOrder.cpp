@@ -180,6 +180,9 @@ class Sorter {
         return Each([](Entry entry) { return entry.amount < 0 ? 0 : KeyOf(entry.amount); });
       case RegisterColumn::Balance:
         return Each([](Entry entry) { return KeyOf(entry.balance); });
+      case RegisterColumn::Account:
+        return NameKeys([](Entry entry) { return entry.accountId; },
+                        [&](std::int64_t key) { return names.Account(key); });
     }
     return {};
   }

@@ -19,9 +19,11 @@ bool IsNewer(const TradeEntry& first, const TradeEntry& second) {
 
 }  // namespace
 
-TradeRows::TradeRows(Connection& store, const StatusFilter& filter) : store_(store) {
+TradeRows::TradeRows(Connection& store, const StatusFilter& filter, const RowFilter& rows)
+    : store_(store) {
   ReadNames();
   ReadEntries(filter);
+  if (!rows.IsEmpty()) KeepTo(rows);
 }
 
 void TradeRows::ReadNames() {
@@ -52,6 +54,13 @@ void TradeRows::ReadEntries(const StatusFilter& filter) {
                         static_cast<int>(row.Int(10)), static_cast<int>(row.Int(11))});
   });
   std::ranges::sort(entries_, IsNewer);
+}
+
+void TradeRows::KeepTo(const RowFilter& rows) {
+  const KeySet chosen = FilteredKeys(store_, rows);
+  hasHidden_ = std::erase_if(entries_, [&chosen](const TradeEntry& entry) {
+                 return !chosen.Has(entry.transactionId);
+               }) > 0;
 }
 
 const TradeRows::Account& TradeRows::AccountOf(const TradeEntry& entry) const {

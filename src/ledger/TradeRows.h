@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/InvestmentRecord.h"
+#include "ledger/RowFilter.h"
 #include "ledger/StatusFilter.h"
 #include "platform/Date.h"
 
@@ -50,9 +51,12 @@ class TradeRows {
     std::string symbol;
   };
 
-  // Those that the filter shows. The connection outlives this object.
-  TradeRows(Connection& store, const StatusFilter& filter);
+  // Those of the statuses, and among them those that `rows` chooses. The connection outlives this
+  // object.
+  TradeRows(Connection& store, const StatusFilter& filter, const RowFilter& rows = {});
 
+  // Whether the row filter has left some out.
+  [[nodiscard]] bool HasHidden() const { return hasHidden_; }
   [[nodiscard]] const std::vector<TradeEntry>& Entries() const { return entries_; }
   [[nodiscard]] const Account& AccountOf(const TradeEntry& entry) const;
   [[nodiscard]] const Investment& InvestmentOf(const TradeEntry& entry) const;
@@ -65,12 +69,14 @@ class TradeRows {
  private:
   void ReadNames();
   void ReadEntries(const StatusFilter& filter);
+  void KeepTo(const RowFilter& rows);
   [[nodiscard]] InvestmentTransactionRow RowFrom(const TradeEntry& entry) const;
 
   Connection& store_;
   std::unordered_map<std::int64_t, Account> accounts_;
   std::unordered_map<std::int64_t, Investment> investments_;
   std::vector<TradeEntry> entries_;
+  bool hasHidden_ = false;
 };
 
 }  // namespace corvanta::inline ledger
