@@ -58,6 +58,14 @@ std::string_view RegisterNames::Payment(std::int64_t key) const {
   return name == nullptr ? std::string_view() : *name;
 }
 
+void RegisterNames::VisitPayees(const NameVisitor& visitor) const {
+  for (const auto& [key, name] : payees_) visitor(key, name);
+}
+
+void RegisterNames::VisitCategories(const NameVisitor& visitor) const {
+  for (const auto& [key, name] : categories_) visitor(key, name);
+}
+
 RegisterLinks::RegisterLinks(Connection& connection, std::int64_t accountId)
     : twins_(ReadNames(connection, kTwins + ("T.AccountID = " + SqlNumber(accountId)))),
       parents_(ReadKeys(connection, kParents + std::string("> 0"))),
