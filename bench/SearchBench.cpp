@@ -5,21 +5,10 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <memory>
 
 namespace corvanta {
 namespace {
-
-BenchStore& StoreOf(std::int64_t count) {
-  static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
-  std::unique_ptr<BenchStore>& store = stores[count];
-  if (!store) {
-    store = std::make_unique<BenchStore>();
-    store->AddTransactions(static_cast<int>(count));
-  }
-  return *store;
-}
 
 // What one keystroke would cost without the index: every row's names and texts, compared by the
 // library.

@@ -11,6 +11,7 @@
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/AccountBook.h"
+#include "platform/Platform.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
@@ -26,7 +27,8 @@
 namespace corvanta::inline app {
 namespace {
 constexpr int kFileWidth = 34 * kRhythm;
-}
+constexpr int kChosenWidth = 48 * kRhythm;
+}  // namespace
 
 MainView* FrmMain::FindView(std::string_view name) const {
   const auto found = std::ranges::find(views_, name, &MainView::Name);
@@ -56,6 +58,7 @@ void FrmMain::ShowAccount(std::int64_t accountId) {
 
 void FrmMain::OpenAccount(std::int64_t accountId) {
   if (shown_.accountId != accountId) ShowAccount(accountId);
+  if (view_ != nullptr) view_->ShowOwn();
   FocusView();
 }
 
@@ -218,6 +221,7 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewSort->setEnabled(isOpen);
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
   actions_->mnuViewWidths->setEnabled(isOpen);
+  MarkSearch();
   MarkUndo();
   MarkChoice();
 }
@@ -243,6 +247,11 @@ void FrmMain::MarkChoice() {
     actions_->mnuFilePreview->setEnabled(view_ != nullptr);
     for (MainView* view : views_) view->MarkCommands(view == view_);
     reminderCommands_->Mark();
+    const QString totals =
+        view_ == nullptr ? QString() : ToQt(view_->TotalsOfChosen().Text(platform_.locale));
+    chosen_->setText(fontMetrics().elidedText(totals, Qt::ElideRight, kChosenWidth));
+    chosen_->setToolTip(totals);
+    chosen_->setVisible(!totals.isEmpty());
   });
 }
 

@@ -88,7 +88,9 @@ ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int de
            {ToQt(locale.FormatNumber(row.amount)), row.amount},
            {QLatin1String(row.letter)},
            {ToQt(row.description)}},
-          ToQt(row.currency)};
+          ToQt(row.currency),
+          row.amount,
+          row.currency};
 }
 
 }  // namespace

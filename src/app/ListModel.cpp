@@ -31,6 +31,21 @@ void ListModel::PutInOrder() {
     const ListCell& cell = rows_[row].cells.at(static_cast<std::size_t>(sort_.column));
     return cell.number ? SortKey(*cell.number) : SortKey(FoldCase(FromQt(cell.text)));
   });
+  if (query_.IsEmpty()) return;
+  std::erase_if(order_, [this](std::size_t row) {
+    std::vector<SearchQuery::Cell> cells;
+    for (const ListCell& cell : rows_[row].cells) {
+      cells.push_back({FoldForSearch(FromQt(cell.text)), cell.number});
+    }
+    return !query_.FitsCells(cells);
+  });
+}
+
+void ListModel::Narrow(const SearchQuery& query) {
+  beginResetModel();
+  query_ = query;
+  PutInOrder();
+  endResetModel();
 }
 
 int ListModel::RowOf(qint64 key) const {
@@ -41,7 +56,7 @@ int ListModel::RowOf(qint64 key) const {
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+  return parent.isValid() ? 0 : static_cast<int>(order_.size());
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const {

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "controls/ListSort.h"
+#include "ledger/search/SearchQuery.h"
 
 #include <QAbstractTableModel>
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace corvanta::inline app {
@@ -29,6 +31,8 @@ struct ListRow {
   qint64 key = 0;
   std::vector<ListCell> cells;  // one to a column
   QString toolTip;
+  std::optional<double> amount = std::nullopt;  // that the row comes to, signed
+  std::string currency = {};                    // of the amount: its code
 };
 
 // The rows of a list of named things, whose columns sort by text or by number.
@@ -41,6 +45,10 @@ class ListModel : public QAbstractTableModel {
   // The rows in their own order; they are shown in the order that was last asked for.
   void SetRows(std::vector<ListRow> rows);
   void Sort(const SortState& sort);
+  // Shows the rows alone that have all words of the query; all of them for an empty one.
+  void Narrow(const SearchQuery& query);
+  // How many rows there are, shown or not.
+  [[nodiscard]] int Whole() const { return static_cast<int>(rows_.size()); }
   [[nodiscard]] const std::vector<ListColumn>& Columns() const { return columns_; }
   [[nodiscard]] const ListRow& Row(int row) const {
     return rows_.at(order_.at(static_cast<std::size_t>(row)));
@@ -61,6 +69,7 @@ class ListModel : public QAbstractTableModel {
   std::vector<ListRow> rows_;
   std::vector<std::size_t> order_;
   SortState sort_;
+  SearchQuery query_;
 };
 
 }  // namespace corvanta::inline app

@@ -19,6 +19,7 @@ class EmptyState;
 
 namespace corvanta::inline app {
 
+class ListSearch;
 class TotalsLine;
 class ViewHeader;
 
@@ -56,6 +57,8 @@ class ListView : public QWidget, public MainView {
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] SearchBox* Search() const override;
   [[nodiscard]] std::int64_t RowCount() const override;
   // All of them.
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -77,7 +80,7 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] std::int64_t ChosenKey() const;
   // In the order of the list; of one that allows several.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
   // What stands in the place of a list without rows, above the command that adds one.
   struct Nothing {
@@ -93,6 +96,8 @@ class ListView : public QWidget, public MainView {
  private:
   void Arrange();
   void Connect();
+  // The list, or what stands in its place while nothing is shown.
+  void ShowPage();
 
   ViewPlace place_;
   ListTraits traits_;
@@ -102,6 +107,8 @@ class ListView : public QWidget, public MainView {
   EmptyState* empty_;
   TotalsLine* totals_;
   ListModel* model_;
+  ListSearch* search_;
+  Nothing nothing_;
 };
 
 }  // namespace corvanta::inline app

@@ -53,6 +53,8 @@ class MainActions : public QObject {
   QAction* mnuEditPaste;
   QAction* mnuEditDelete;
   QAction* mnuEditSelect;
+  QAction* mnuEditFind;
+  QAction* mnuEditGoTo;
 
   QAction* mnuAccountAdd;
   QAction* mnuAccountEdit;
@@ -70,6 +72,7 @@ class MainActions : public QObject {
   QAction* mnuTransBreak1;
   QAction* mnuTransSchedule;
   QAction* mnuTransTransfer;
+  QAction* mnuTransLines;
 
   QAction* mnuCategoryAdd;
   QAction* mnuCategoryEdit;
@@ -129,6 +132,7 @@ class MainActions : public QObject {
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
   QMenu* mnuViewSort;  // filled when it opens
+  QAction* mnuViewFit;
   QAction* mnuViewWidths;
   QAction* mnuViewAccountTypes;
   QAction* mnuViewBanks;

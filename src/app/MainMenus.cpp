@@ -35,6 +35,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   edit->addActions({mnuEditInsert, mnuEditDetails});
   edit->addSeparator();
   edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
+  edit->addSeparator();
+  edit->addActions({mnuEditFind, mnuEditGoTo});
   QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
   accounts->addActions({mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
   accounts->addSeparator();
@@ -66,7 +68,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
 
 void MainActions::FillTransactionMenu(QMenu& menu) const {
   menu.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuTransBreak, mnuTransUChk,
-                   mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
+                   mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer,
+                   mnuTransLines});
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
@@ -93,7 +96,7 @@ void MainActions::FillViewMenu(QMenu& view) const {
   columns->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
   columns->addSeparator();
   columns->addMenu(mnuViewSort);
-  columns->addAction(mnuViewWidths);
+  columns->addActions({mnuViewFit, mnuViewWidths});
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();

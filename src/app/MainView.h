@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/lists/ChosenTotals.h"
 #include "platform/Date.h"
 
 #include <QDate>
@@ -30,6 +31,7 @@ struct PrintTable;
 
 namespace corvanta::inline app {
 
+class SearchBox;
 struct ViewCommand;
 
 // The commands of the Edit menu, which stand for something else in each view.
@@ -57,6 +59,10 @@ class MainView {
   [[nodiscard]] virtual QString Title() const = 0;
   // Its list, whose columns are sorted and widened from the View menu; null for a view without.
   [[nodiscard]] virtual SortedTable* Table() const = 0;
+  // The box in its head; null for a view that cannot be searched.
+  [[nodiscard]] virtual SearchBox* Search() const { return nullptr; }
+  // Shows its own rows, where those that were found elsewhere stand in their place.
+  virtual void ShowOwn() {}
   // Whether it shows the rows of one account, which its command names.
   [[nodiscard]] virtual bool IsOfAccount() const { return false; }
 
@@ -90,6 +96,10 @@ class MainView {
   // The account that commands on accounts are about; 0 for none.
   [[nodiscard]] virtual std::int64_t ChosenAccount() const { return 0; }
   [[nodiscard]] virtual PrintTable Printed() const = 0;
+  // What the chosen rows come to, for the status bar.
+  [[nodiscard]] virtual ChosenTotals TotalsOfChosen() const { return {}; }
+  // The ticks of columns that a person may hide.
+  [[nodiscard]] virtual std::vector<QAction*> ColumnChoices() const { return {}; }
 
   // --- Rows
 

@@ -152,10 +152,20 @@ void RegisterView::ShowAccount(const AccountRow& account,
   period_->show();
   const bool isSame = accountId_ == account.accountId;
   accountId_ = account.accountId;
+  currency_ = account.currency;
   Fill(rows, isSame);
   if (count == 0) ShowEmpty();
-  pages_->setCurrentIndex(count == 0 ? 1 : 0);
-  setFocusProxy(pages_->currentWidget());
+  ShowPage();
+  Q_EMIT Shown();
+}
+
+void RegisterView::ShowPage() {
+  QWidget* page = table_;
+  if (IsEmpty()) page = empty_;
+  if (covers_) page = cover_;
+  pages_->setCurrentWidget(page);
+  setFocusProxy(page);
+  totals_->setVisible(accountId_ != 0 && !covers_);
 }
 
 void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter) {
@@ -247,8 +257,8 @@ void RegisterView::ShowNoAccount() {
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
                offers_.accounts);
-  pages_->setCurrentIndex(1);
-  setFocusProxy(pages_->currentWidget());
+  ShowPage();
+  Q_EMIT Shown();
 }
 
 void RegisterView::LetGo() {

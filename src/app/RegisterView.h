@@ -34,8 +34,10 @@ class RegisterRows;
 
 namespace corvanta::inline app {
 
+class ChosenTotals;
 class PeriodBar;
 class RegisterModel;
+class SearchBox;
 class TotalsLine;
 class ViewHeader;
 
@@ -71,6 +73,9 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
+  [[nodiscard]] RegisterModel& Model() const { return *model_; }
+  // What the chosen rows come to.
+  [[nodiscard]] ChosenTotals Totals() const;
 
   // The period that the person asks for; the account's rows are the caller's to read.
   [[nodiscard]] std::optional<DateRange> Period() const;
@@ -78,15 +83,22 @@ class RegisterView : public QWidget {
   void SetDates(const DateRange& dates);
   void SetPeriod(const std::optional<DateRange>& period);
 
+  [[nodiscard]] SearchBox& Search() const;
+  // A list that may stand in the place of the register, whose rows nobody can choose meanwhile.
+  void SetCover(QWidget* cover);
+  void Cover(bool covers);
+  [[nodiscard]] bool IsCovered() const;
   // All rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ShownKeys() const;
   // The chosen rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
   // The chosen row that has the focus, or else the first chosen one; 0 when none is chosen.
   [[nodiscard]] std::int64_t FocusedKey() const;
+  // Whether it is a split row among those that are shown.
+  [[nodiscard]] bool IsSplit(std::int64_t transactionId) const;
   // Chooses that row alone and brings it into view. False when it is not shown.
   bool ChooseKey(std::int64_t transactionId);
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
   [[nodiscard]] bool IsEmpty() const;
   // What stands above the list: the account's name.
@@ -103,6 +115,7 @@ class RegisterView : public QWidget {
  Q_SIGNALS:
   void PeriodChanged();
   void ChoiceChanged();
+  void Shown();                             // other rows than before, or the same read anew
   void Opened(std::int64_t transactionId);  // a double click, or Enter
   void MenuRequested(QPoint place);         // on the screen
   void DaysRead();                          // Days() knows all of them now
@@ -117,6 +130,8 @@ class RegisterView : public QWidget {
   void PlacePeriod();
   void RequestMenu(QPoint place);
   void ShowEmpty();
+  // The register, what stands in its place while it is empty, or what covers it.
+  void ShowPage();
   [[nodiscard]] QString FilterText(const StatusFilter& filter) const;
   // Says where the balance is lowest among the rows still to come; empty without any.
   [[nodiscard]] QString Ahead(const AccountRow& account, RegisterRows& rows) const;
@@ -134,11 +149,14 @@ class RegisterView : public QWidget {
   SortedTable* table_;
   EmptyState* empty_;
   TotalsLine* totals_;
+  QWidget* cover_ = nullptr;
+  bool covers_ = false;
   RegisterModel* model_;
   RegisterDelegate* delegate_;
   Offers offers_;
   const Locale& locale_;
   std::int64_t accountId_ = 0;
+  std::string currency_;  // the account's
   Date today_;
 };
 

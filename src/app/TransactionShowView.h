@@ -17,7 +17,9 @@ struct RegisterScope;
 namespace corvanta::inline app {
 
 class ReadAhead;
+class RegisterSearch;
 class RegisterView;
+class UnfoldedRows;
 
 // The view of "TransactionShow": the register of one account, with its period and what is
 // remembered of registers that were read.
@@ -32,6 +34,8 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] QWidget* Widget() override;
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] SortedTable* Table() const override;
+  [[nodiscard]] SearchBox* Search() const override;
+  void ShowOwn() override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -51,6 +55,8 @@ class TransactionShowView : public QObject, public MainView {
   void MarkCommands(bool isShown) override;
   [[nodiscard]] std::int64_t ChosenAccount() const override { return account_; }
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] std::vector<QAction*> ColumnChoices() const override;
 
   [[nodiscard]] std::int64_t RowCount() const override;
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -77,6 +83,8 @@ class TransactionShowView : public QObject, public MainView {
   RegisterCommands commands_;
   RegisterShelf shelf_;
   ReadAhead* ahead_;
+  RegisterSearch* search_;
+  UnfoldedRows* unfolded_;
   std::int64_t account_ = 0;  // that is shown; 0 for none
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };
