@@ -66,6 +66,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectViews();
   ConnectDialogs();
   ConnectSettings();
+  ConnectSearch();
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);
@@ -136,6 +137,10 @@ QWidget* FrmMain::MakeLeftColumn() {
 
 void FrmMain::MakeStatusBar() {
   progress_.ShowIn(statusBar());
+  chosen_ = new QLabel(statusBar());
+  chosen_->setObjectName(QStringLiteral("lblChosen"));
+  chosen_->setContentsMargins(kRhythm, 0, kRhythm, 0);
+  statusBar()->addPermanentWidget(chosen_);
   uncleared_ = new QLabel(statusBar());
   uncleared_->setObjectName(QStringLiteral("lblUncleared"));
   uncleared_->setContentsMargins(kRhythm, 0, kRhythm, 0);

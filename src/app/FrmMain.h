@@ -2,6 +2,7 @@
 
 #include "app/ViewHistory.h"
 #include "app/ViewHost.h"
+#include "app/search/Palette.h"
 #include "controls/QuietEnd.h"
 #include "ledger/AccountRow.h"
 #include "platform/Settings.h"
@@ -109,6 +110,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void ConnectViews();
   void ConnectDialogs();
   void ConnectSettings();
+  void ConnectSearch();
   // Runs the command, at the window's edge, whenever the action is triggered.
   void On(QAction* action, const std::function<void()>& command);
   // What was posted on the way; empty where nothing was.
@@ -152,6 +154,17 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // What a new day brings, while the program stands.
   void ApplyDay();
 
+  // --- Finding
+
+  void MarkSearch();
+  // Lets the person choose where to go.
+  void OpenPalette();
+  void AddNames(std::vector<PaletteItem>& items) const;
+  // What is no command.
+  void GoTo(const PaletteItem& item);
+  // Looks for it in all accounts, as if it had been typed.
+  void FindEverywhere(const std::string& text);
+
   // --- Layout
 
   void FoldReminders(bool fold);
@@ -181,9 +194,10 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   ViewCommand shown_;
   ViewCommand counted_;  // what the accounts' balances are of
   std::vector<AccountRow> accounts_;
-  std::uint64_t countedAt_ = 0;  // how the data stood then
-  std::int64_t account_ = 0;     // last looked at
-  Date day_;                     // that the views are of
+  std::uint64_t countedAt_ = 0;      // how the data stood then
+  std::int64_t account_ = 0;         // last looked at
+  std::vector<PaletteItem> recent_;  // gone to before, the latest first
+  Date day_;                         // that the views are of
 
   MainActions* actions_;
   ViewPlace place_;
@@ -201,6 +215,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   ReminderCommands* reminderCommands_ = nullptr;
   std::unique_ptr<WelcomeCommands> welcome_;
   int remindersRoom_ = 0;  // by which the window has grown for them
+  QLabel* chosen_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;
 };

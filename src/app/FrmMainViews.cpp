@@ -12,6 +12,7 @@
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/AccountBook.h"
+#include "platform/Platform.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
@@ -27,7 +28,8 @@
 namespace corvanta::inline app {
 namespace {
 constexpr int kFileWidth = 34 * kRhythm;
-}
+constexpr int kChosenWidth = 48 * kRhythm;
+}  // namespace
 
 MainView* FrmMain::FindView(std::string_view name) const {
   const auto found = std::ranges::find(views_, name, &MainView::Name);
@@ -62,6 +64,7 @@ void FrmMain::ShowAccount(std::int64_t accountId) {
 void FrmMain::OpenAccount(std::int64_t accountId) {
   const bool isShown = shown_.accountId == accountId && !shown_.rows.IsSet(FilterKind::Account);
   if (!isShown) ShowAccount(accountId);
+  if (view_ != nullptr) view_->ShowOwn();
   FocusView();
 }
 
@@ -233,6 +236,7 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
   actions_->mnuViewWidths->setEnabled(isOpen);
   filters_->Mark();
+  MarkSearch();
   MarkUndo();
   MarkChoice();
 }
@@ -261,6 +265,11 @@ void FrmMain::MarkChoice() {
     actions_->mnuFilePreview->setEnabled(view_ != nullptr);
     for (MainView* view : views_) view->MarkCommands(view == view_);
     reminderCommands_->Mark();
+    const QString totals =
+        view_ == nullptr ? QString() : ToQt(view_->TotalsOfChosen().Text(platform_.locale));
+    chosen_->setText(fontMetrics().elidedText(totals, Qt::ElideRight, kChosenWidth));
+    chosen_->setToolTip(totals);
+    chosen_->setVisible(!totals.isEmpty());
   });
 }
 

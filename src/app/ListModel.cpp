@@ -70,9 +70,35 @@ void ListModel::PutInOrder() {
   pages_ = {};
   const std::size_t count = rows_ ? rows_->Count() : 0;
   std::vector<SortKey> keys;
-  if (count > 0 && sort_.column >= 0)
+  if (count > 0 && sort_.column >= 0) {
     keys = rows_->SortKeys(static_cast<std::size_t>(sort_.column));
+  }
   order_ = SortedRows(count, sort_, [&keys](std::size_t row) { return std::move(keys[row]); });
+  if (!query_.IsEmpty()) KeepFitting();
+}
+
+void ListModel::KeepFitting() {
+  std::vector<std::size_t> fitting;
+  const std::vector<ListRow> rows = Read(0, static_cast<int>(order_.size()));
+  for (std::size_t place = 0; place < rows.size(); ++place) {
+    std::vector<SearchQuery::Cell> cells;
+    for (const ListCell& cell : rows[place].cells) {
+      cells.push_back({FoldForSearch(FromQt(cell.text)), cell.number});
+    }
+    if (query_.FitsCells(cells)) fitting.push_back(order_[place]);
+  }
+  order_ = std::move(fitting);
+}
+
+void ListModel::Narrow(const SearchQuery& query) {
+  beginResetModel();
+  query_ = query;
+  PutInOrder();
+  endResetModel();
+}
+
+int ListModel::Whole() const {
+  return rows_ ? static_cast<int>(rows_->Count()) : 0;
 }
 
 qint64 ListModel::Key(int row) const {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ListSort.h"
+#include "ledger/search/SearchQuery.h"
 
 #include <QAbstractTableModel>
 
@@ -8,6 +9,7 @@
 #include <cstddef>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace corvanta::inline app {
@@ -32,6 +34,8 @@ struct ListRow {
   qint64 key = 0;
   std::vector<ListCell> cells;  // one to a column
   QString toolTip;
+  std::optional<double> amount = std::nullopt;  // that the row comes to, signed
+  std::string currency = {};                    // of the amount: its code
 };
 
 // The rows of a list, counted from 0 in their own order. A long list makes them as they come into
@@ -59,8 +63,14 @@ class ListModel : public QAbstractTableModel {
   // The rows are shown in the order that was last asked for; null for none.
   void SetRows(std::unique_ptr<ListRows> rows);
   void Sort(const SortState& sort);
+  // Shows the rows alone that have all words of the query; all of them for an empty one.
+  void Narrow(const SearchQuery& query);
+  // How many rows there are, shown or not.
+  [[nodiscard]] int Whole() const;
   [[nodiscard]] const std::vector<ListColumn>& Columns() const { return columns_; }
   [[nodiscard]] qint64 Key(int row) const;
+  // Valid until another one is asked for; without cells when it cannot be read.
+  [[nodiscard]] const ListRow& Row(int row) const;
   // -1 when there is none.
   [[nodiscard]] int RowOf(qint64 key) const;
 
@@ -75,8 +85,8 @@ class ListModel : public QAbstractTableModel {
 
  private:
   void PutInOrder();
-  // Valid until another one is asked for; without cells when it cannot be read.
-  [[nodiscard]] const ListRow& Row(int row) const;
+  // Leaves out what the query does not fit.
+  void KeepFitting();
   [[nodiscard]] std::vector<ListRow> Read(int first, int last) const;
 
   struct Page {
@@ -91,6 +101,7 @@ class ListModel : public QAbstractTableModel {
   mutable std::size_t nextPage_ = 0;
   mutable bool hasFailed_ = false;
   SortState sort_;
+  SearchQuery query_;
 };
 
 }  // namespace corvanta::inline app

@@ -20,6 +20,7 @@ class EmptyState;
 namespace corvanta::inline app {
 
 class FilterStrip;
+class ListSearch;
 class TotalsLine;
 class ViewHeader;
 
@@ -58,6 +59,8 @@ class ListView : public QWidget, public MainView {
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] SearchBox* Search() const override;
   [[nodiscard]] std::int64_t RowCount() const override;
   // All of them.
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -81,7 +84,7 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] std::int64_t ChosenKey() const;
   // In the order of the list; of one that allows several.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
   // Puts the line over the list, and its button beside the head.
   void AddStrip(FilterStrip& strip);
@@ -104,6 +107,8 @@ class ListView : public QWidget, public MainView {
  private:
   void Arrange();
   void Connect();
+  // The list, or what stands in its place while nothing is shown.
+  void ShowPage();
 
   ViewPlace place_;
   ListTraits traits_;
@@ -113,6 +118,8 @@ class ListView : public QWidget, public MainView {
   EmptyState* empty_;
   TotalsLine* totals_;
   ListModel* model_;
+  ListSearch* search_;
+  Nothing nothing_;
 };
 
 }  // namespace corvanta::inline app

@@ -63,7 +63,7 @@ void MainActions::MakeEdit() {
                                QKeySequence(Qt::Key_Insert)));
   mnuEditDetails = InViews(Make("mnuEditDetails", tr("De&tails..."), "", tr("Edit the chosen item"),
                                 QKeySequence(Qt::Key_F2)));
-  mnuEditCopy = InViews(Make("mnuEditCopy", tr("Cop&y"), "copy", tr("Copy the chosen transactions"),
+  mnuEditCopy = InViews(Make("mnuEditCopy", tr("Cop&y"), "copy", tr("Copy the chosen rows"),
                              QKeySequence(Qt::CTRL | Qt::Key_C)));
   mnuEditPaste = InViews(Make("mnuEditPaste", tr("&Paste"), "paste",
                               tr("Put the copied transactions into the account shown"),
@@ -72,6 +72,12 @@ void MainActions::MakeEdit() {
                                tr("Delete the chosen items"), QKeySequence(Qt::Key_Delete)));
   mnuEditSelect = InViews(Make("mnuEditSelect", tr("Select &All"), "", tr("Choose all items"),
                                QKeySequence(Qt::CTRL | Qt::Key_A)));
+  mnuEditFind = Make("mnuEditFind", tr("&Find..."), "find",
+                     tr("Look for words and amounts in the list"), QKeySequence::Find);
+  mnuEditGoTo =
+      Make("mnuEditGoTo", tr("&Go To..."), "",
+           tr("Go to an account, a payee, a category, an amount, a day, or run a command"),
+           QKeySequence(Qt::CTRL | Qt::Key_K));
 }
 
 void MainActions::MakeTransactions() {
@@ -95,6 +101,8 @@ void MainActions::MakeTransactions() {
                           tr("Tell of the schedule that the transaction was made from"));
   mnuTransTransfer = Make("mnuTransTransfer", tr("&Transfer Item"), "transfer",
                           tr("Show the other half of the transfer in its account"));
+  mnuTransLines = MakeTick("mnuTransLines", tr("Split &Lines"),
+                           tr("Show what a split transaction was spent on below it (Right, Left)"));
 }
 
 void MainActions::MakeSchedules() {
@@ -245,6 +253,8 @@ void MainActions::MakeViewOptions() {
       MakeTick("mnuViewStatus", tr("Show S&tatus"), tr("Show the status in the register"));
   mnuViewSort = new QMenu(tr("Sort by &Column"), window_);
   mnuViewSort->menuAction()->setObjectName(QStringLiteral("mnuViewSort"));
+  mnuViewFit = Make("mnuViewFit", tr("&Fit Column Widths"), "",
+                    tr("Make each column of the list as wide as what it shows"));
   mnuViewWidths = Make("mnuViewWidths", tr("Reset Column &Widths"), "",
                        tr("Let the columns of the list fill its width again"));
 }

@@ -55,6 +55,8 @@ class MainActions : public QObject {
   QAction* mnuEditPaste;
   QAction* mnuEditDelete;
   QAction* mnuEditSelect;
+  QAction* mnuEditFind;
+  QAction* mnuEditGoTo;
 
   QAction* mnuAccountNew;
   QAction* mnuAccountAdd;
@@ -78,6 +80,7 @@ class MainActions : public QObject {
   QAction* mnuTransPaste;
   QAction* mnuTransKeyword;
   QAction* mnuTransAttachment;
+  QAction* mnuTransLines;
 
   QAction* mnuCategoryAdd;
   QAction* mnuCategoryEdit;
@@ -149,6 +152,7 @@ class MainActions : public QObject {
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
   QMenu* mnuViewSort;  // filled when it opens
+  QAction* mnuViewFit;
   QAction* mnuViewWidths;
   QAction* mnuViewAccountTypes;
   QAction* mnuViewBanks;

@@ -37,6 +37,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   edit->addActions({mnuEditInsert, mnuEditDetails});
   edit->addSeparator();
   edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
+  edit->addSeparator();
+  edit->addActions({mnuEditFind, mnuEditGoTo});
   QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
   accounts->addActions({mnuAccountNew, mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
   accounts->addSeparator();
@@ -70,7 +72,7 @@ void MainActions::FillMenus(QMenuBar& menus) const {
 void MainActions::FillTransactions(QMenu& transactions) const {
   transactions.addActions({mnuTransAdd, mnuTransEdit, mnuTransDelete, mnuTransCopy, mnuTransPaste});
   transactions.addSeparator();
-  transactions.addActions({mnuTransTransfer, mnuTransSchedule, mnuTransAutofill});
+  transactions.addActions({mnuTransTransfer, mnuTransSchedule, mnuTransLines, mnuTransAutofill});
   transactions.addSeparator();
   transactions.addActions({mnuTransUChk, mnuTransChk, mnuTranRec, mnuTransReconcile});
   transactions.addSeparator();
@@ -81,8 +83,8 @@ void MainActions::FillTransactionMenu(QMenu& menu) const {
   menu.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuTransBreak, mnuTransUChk,
                    mnuTransChk, mnuTranRec});
   menu.addSeparator();
-  menu.addActions(
-      {mnuTransKeyword, mnuTransAttachment, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
+  menu.addActions({mnuTransKeyword, mnuTransAttachment, mnuTransBreak1, mnuTransSchedule,
+                   mnuTransTransfer, mnuTransLines});
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
@@ -115,7 +117,7 @@ void MainActions::FillViewMenu(QMenu& view) const {
   columns->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
   columns->addSeparator();
   columns->addMenu(mnuViewSort);
-  columns->addAction(mnuViewWidths);
+  columns->addActions({mnuViewFit, mnuViewWidths});
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();

@@ -173,16 +173,24 @@ void RegisterView::ShowRows(const std::vector<AccountRow>& accounts,
   PlacePeriod();
   ShowTotals(*rows);
   period_->show();
-  std::vector<std::int64_t> shown;
-  for (const AccountRow& account : accounts) shown.push_back(account.accountId);
-  const bool isSame = accounts_ == shown;
-  accounts_ = std::move(shown);
+  std::map<std::int64_t, std::string> shown;
+  for (const AccountRow& account : accounts) shown[account.accountId] = account.currency;
+  const bool isSame = currencies_ == shown;
+  currencies_ = std::move(shown);
   ShowAccountColumn(accounts.size() > 1);
   Fill(rows, isSame);
-  const bool isEmpty = rows->Count() == 0;
-  if (isEmpty) ShowEmpty();
-  pages_->setCurrentIndex(isEmpty ? 1 : 0);
-  setFocusProxy(pages_->currentWidget());
+  if (rows->Count() == 0) ShowEmpty();
+  ShowPage();
+  Q_EMIT Shown();
+}
+
+void RegisterView::ShowPage() {
+  QWidget* page = table_;
+  if (IsEmpty()) page = empty_;
+  if (covers_) page = cover_;
+  pages_->setCurrentWidget(page);
+  setFocusProxy(page);
+  totals_->setVisible(!currencies_.empty() && !covers_);
 }
 
 void RegisterView::ShowTotals(const RegisterRows& rows) {
@@ -198,7 +206,6 @@ void RegisterView::ShowTotals(const RegisterRows& rows) {
   // Figures of several currencies are no sum of any.
   if (isFiltered && count > 0 && !rows.Totals().balance) text += tr(", in several currencies");
   totals_->Show(text, rows.Totals(), locale_, isFiltered);
-  totals_->show();
 }
 
 void RegisterView::ShowAccountColumn(bool show) {
@@ -293,17 +300,17 @@ void RegisterView::ShowNoAccount() {
   header_->Show(tr("Register"), QString());
   totals_->hide();
   period_->hide();
-  accounts_.clear();
+  currencies_.clear();
   model_->SetRows(nullptr);
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
                offers_.accounts);
-  pages_->setCurrentIndex(1);
-  setFocusProxy(pages_->currentWidget());
+  ShowPage();
+  Q_EMIT Shown();
 }
 
 void RegisterView::LetGo() {
-  accounts_.clear();
+  currencies_.clear();
   model_->SetRows(nullptr);
 }
 

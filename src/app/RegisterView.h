@@ -10,8 +10,10 @@
 #include <QSet>
 #include <QWidget>
 
+#include <map>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 class QAction;
@@ -34,9 +36,11 @@ class RegisterRows;
 
 namespace corvanta::inline app {
 
+class ChosenTotals;
 class FilterStrip;
 class PeriodBar;
 class RegisterModel;
+class SearchBox;
 class TotalsLine;
 class ViewHeader;
 
@@ -77,6 +81,9 @@ class RegisterView : public QWidget {
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
   [[nodiscard]] FilterStrip& Strip() const { return *strip_; }
+  [[nodiscard]] RegisterModel& Model() const { return *model_; }
+  // What the chosen rows come to.
+  [[nodiscard]] ChosenTotals Totals() const;
 
   // The period that the person asks for; the account's rows are the caller's to read.
   [[nodiscard]] std::optional<DateRange> Period() const;
@@ -84,15 +91,22 @@ class RegisterView : public QWidget {
   void SetDates(const DateRange& dates);
   void SetPeriod(const std::optional<DateRange>& period);
 
+  [[nodiscard]] SearchBox& Search() const;
+  // A list that may stand in the place of the register, whose rows nobody can choose meanwhile.
+  void SetCover(QWidget* cover);
+  void Cover(bool covers);
+  [[nodiscard]] bool IsCovered() const;
   // All rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ShownKeys() const;
   // The chosen rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
   // The chosen row that has the focus, or else the first chosen one; 0 when none is chosen.
   [[nodiscard]] std::int64_t FocusedKey() const;
+  // Whether it is a split row among those that are shown.
+  [[nodiscard]] bool IsSplit(std::int64_t transactionId) const;
   // Chooses that row alone and brings it into view. False when it is not shown.
   bool ChooseKey(std::int64_t transactionId);
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
   [[nodiscard]] bool IsEmpty() const;
   // What stands above the list: the account's name.
@@ -109,6 +123,7 @@ class RegisterView : public QWidget {
  Q_SIGNALS:
   void PeriodChanged();
   void ChoiceChanged();
+  void Shown();                             // other rows than before, or the same read anew
   void Opened(std::int64_t transactionId);  // a double click, or Enter
   void MenuRequested(QPoint place);         // on the screen
   void DaysRead();                          // Days() knows all of them now
@@ -128,6 +143,8 @@ class RegisterView : public QWidget {
   void ShowTotals(const RegisterRows& rows);
   // The account of each row is said where they are of several.
   void ShowAccountColumn(bool show);
+  // The register, what stands in its place while it is empty, or what covers it.
+  void ShowPage();
   // Says where the balance is lowest among the rows still to come; empty without any.
   [[nodiscard]] QString Ahead(const AccountRow& account, RegisterRows& rows) const;
   void Fill(std::shared_ptr<RegisterRows> rows, bool isSame);
@@ -145,11 +162,13 @@ class RegisterView : public QWidget {
   SortedTable* table_;
   EmptyState* empty_;
   TotalsLine* totals_;
+  QWidget* cover_ = nullptr;
+  bool covers_ = false;
   RegisterModel* model_;
   RegisterDelegate* delegate_;
   Offers offers_;
   const Locale& locale_;
-  std::vector<std::int64_t> accounts_;
+  std::map<std::int64_t, std::string> currencies_;  // of the accounts that are shown
   Date today_;
 };
 

@@ -123,7 +123,9 @@ ListRow TradeList::RowFor(const InvestmentTransactionRow& row) const {
            {ToQt(locale_.FormatNumber(row.amount)), row.amount},
            {QLatin1String(row.letter)},
            {ToQt(row.description)}},
-          ToQt(row.currency)};
+          ToQt(row.currency),
+          row.amount,
+          row.currency};
 }
 
 }  // namespace corvanta::inline app

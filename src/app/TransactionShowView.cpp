@@ -8,6 +8,9 @@
 #include "app/RegisterView.h"
 #include "app/ViewCommand.h"
 #include "app/WindowLayout.h"
+#include "app/lists/UnfoldedRows.h"
+#include "app/search/HitsTable.h"
+#include "app/search/RegisterSearch.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "exchange/ExchangeDialogs.h"
@@ -37,7 +40,9 @@ TransactionShowView::TransactionShowView(const ViewPlace& place, QWidget* parent
           parent)),
       commands_(place, *register_),
       ahead_(new ReadAhead(shelf_, this)),
-      items_(new ItemCommands(place, *register_, *this, this)) {
+      items_(new ItemCommands(place, *register_, *this, this)),
+      search_(new RegisterSearch(place, *register_, this)),
+      unfolded_(new UnfoldedRows(place, *register_, this)) {
   register_->SetToday(place.host.Today());
   Connect();
   ConnectColumns();
@@ -71,6 +76,10 @@ SortedTable* TransactionShowView::Table() const {
   return &register_->Table();
 }
 
+SearchBox* TransactionShowView::Search() const {
+  return &register_->Search();
+}
+
 void TransactionShowView::Connect() {
   connect(register_, &RegisterView::ChoiceChanged, this, [this] { place_.host.MarkChoice(); });
   connect(register_, &RegisterView::PeriodChanged, this, [this] { place_.host.ApplyFilter(); });
@@ -79,13 +88,15 @@ void TransactionShowView::Connect() {
   connect(register_, &RegisterView::Failed, this, [this](const QString& reason) {
     place_.platform.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
   });
+  connect(search_, &RegisterSearch::FoundInLines, this, [this](qint64 key) {
+    place_.host.Guard([this, key] { unfolded_->Unfold(key); });
+    register_->ChooseKey(key);
+  });
   place_.On(place_.actions.mnuFileExport, this, [this] { ExportRegister(); });
 }
 
 void TransactionShowView::ConnectColumns() {
-  const MainActions& actions = place_.actions;
-  for (QAction* tick :
-       {actions.mnuViewDescription, actions.mnuViewReference, actions.mnuViewStatus}) {
+  for (QAction* tick : ColumnChoices()) {
     place_.On(tick, this, [this] { KeepColumns(); });
   }
 }
@@ -205,6 +216,7 @@ void TransactionShowView::ApplyAccounts() {
 
 void TransactionShowView::LetGo() {
   ahead_->Stop();
+  search_->LetGo();
   shelf_.Clear();
   register_->LetGo();
   account_ = 0;
@@ -274,6 +286,15 @@ PrintTable TransactionShowView::Printed() const {
   return PrintTableOf(register_->Table(), FromQt(register_->Title()));
 }
 
+ChosenTotals TransactionShowView::TotalsOfChosen() const {
+  return register_->IsCovered() ? search_->Found().Totals() : register_->Totals();
+}
+
+std::vector<QAction*> TransactionShowView::ColumnChoices() const {
+  const MainActions& actions = place_.actions;
+  return {actions.mnuViewDescription, actions.mnuViewReference, actions.mnuViewStatus};
+}
+
 std::int64_t TransactionShowView::RowCount() const {
   return register_->Table().model()->rowCount();
 }
@@ -285,10 +306,16 @@ std::set<std::int64_t> TransactionShowView::ShownOf(
 }
 
 bool TransactionShowView::ChooseKey(std::int64_t key) {
+  ShowOwn();
   return register_->ChooseKey(key);
 }
 
+void TransactionShowView::ShowOwn() {
+  if (register_->IsCovered()) search_->Leave();
+}
+
 void TransactionShowView::ChooseDay(Date day) {
+  ShowOwn();
   register_->ChooseDay(day);
 }
 

@@ -18,7 +18,9 @@ namespace corvanta::inline app {
 
 class ItemCommands;
 class ReadAhead;
+class RegisterSearch;
 class RegisterView;
+class UnfoldedRows;
 
 // The view of "TransactionShow": the register of one account, with its period and what is
 // remembered of registers that were read.
@@ -35,6 +37,8 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] SortedTable* Table() const override;
   [[nodiscard]] QAction* AddCommand() const override;
   [[nodiscard]] FilterStrip* Strip() const override;
+  [[nodiscard]] SearchBox* Search() const override;
+  void ShowOwn() override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -54,6 +58,8 @@ class TransactionShowView : public QObject, public MainView {
   void MarkCommands(bool isShown) override;
   [[nodiscard]] std::int64_t ChosenAccount() const override { return account_; }
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] std::vector<QAction*> ColumnChoices() const override;
 
   [[nodiscard]] std::int64_t RowCount() const override;
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -85,6 +91,8 @@ class TransactionShowView : public QObject, public MainView {
   RegisterShelf shelf_;
   ReadAhead* ahead_;
   ItemCommands* items_;
+  RegisterSearch* search_;
+  UnfoldedRows* unfolded_;
   std::int64_t account_ = 0;  // that is shown; 0 for none, as for several
   bool isShown_ = false;      // whether rows are, of whatever accounts
   QString uncleared_;         // how many of its rows are; empty while that is not known

@@ -14,6 +14,7 @@
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
 #include "cli/ExportCommand.h"
+#include "cli/FindCommand.h"
 #include "cli/HoldingsCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/InvestCommand.h"
@@ -211,6 +212,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());
+  add(std::make_unique<FindCommand>());
   add(std::make_unique<AddCommand>());
   add(std::make_unique<EditCommand>());
   add(std::make_unique<SplitCommand>());

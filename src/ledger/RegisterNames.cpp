@@ -81,6 +81,14 @@ std::string_view RegisterNames::Account(std::int64_t key) const {
   return NameOrEmpty(accounts_, key);
 }
 
+void RegisterNames::VisitPayees(const NameVisitor& visitor) const {
+  for (const auto& [key, name] : payees_) visitor(key, name);
+}
+
+void RegisterNames::VisitCategories(const NameVisitor& visitor) const {
+  for (const auto& [key, name] : categories_) visitor(key, name);
+}
+
 RegisterLinks::RegisterLinks(Connection& connection, std::int64_t accountId)
     : twins_(ReadNames(connection, kTwins + ("T.AccountID = " + SqlNumber(accountId)))),
       parents_(ReadKeys(connection, kParents + std::string("> 0"))),

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -28,6 +29,10 @@ class RegisterNames {
   [[nodiscard]] bool IsInvestment(std::int64_t key) const { return investments_.contains(key); }
   [[nodiscard]] std::string_view Payment(std::int64_t key) const;
   [[nodiscard]] std::string_view Account(std::int64_t key) const;
+  // All of them, in no order.
+  using NameVisitor = std::function<void(std::int64_t key, std::string_view name)>;
+  void VisitPayees(const NameVisitor& visitor) const;
+  void VisitCategories(const NameVisitor& visitor) const;
 
  private:
   NamesByKey categories_;
