@@ -59,6 +59,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   MakeStatusBar();
   Connect();
   ConnectFiles();
+  ConnectSafety();
   ConnectEdit();
   ConnectViews();
   ConnectDialogs();
