@@ -32,6 +32,7 @@
 #include "cli/RegisterCommand.h"
 #include "cli/RemindersCommand.h"
 #include "cli/RestoreCommand.h"
+#include "cli/SalvageCommand.h"
 #include "cli/ScheduleCommand.h"
 #include "cli/Session.h"
 #include "cli/SetStatusCommand.h"
@@ -213,6 +214,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<RestoreCommand>());
   add(std::make_unique<TransferCommand>());
   add(std::make_unique<ArchiveCommand>());
+  add(std::make_unique<SalvageCommand>());
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());
