@@ -54,12 +54,21 @@ void ForEachPart(const KeyList& keys, const std::function<void(const std::string
   }
 }
 
+// What is attached may be kept inside the data file: it goes with the last row that names it.
+void DropUnnamedContents(Connection& store) {
+  if (store.Table("own_AttachedFiles") == nullptr) return;
+  store.Execute(
+      "Delete from own_AttachedFiles Where 'inside:' & CStr(FileID) NOT IN (Select AttachmentStore "
+      "from tblAttachments Where AttachmentStore LIKE 'inside:%')");
+}
+
 void DeleteRows(Connection& store, const KeyList& keys) {
   ForEachPart(keys, [&](const std::string& among) {
     for (const char* table : {"tblAttachments", "tblKeywordLink", "tblTransactions"}) {
       store.Execute("Delete from " + std::string(table) + " Where TransactionID" + among);
     }
   });
+  DropUnnamedContents(store);
 }
 
 // Of a copy of the data file, leaves what is archived.

@@ -62,6 +62,21 @@ class Archives : public SafetyTest {
     row.date = *Date::FromIso(day);
     ledger_.Investments().SaveInvestmentTransaction(row);
   }
+  // Files that are kept in the data file, by the transactions that they are attached to.
+  void KeepInside(const std::vector<std::pair<std::int64_t, int>>& files) {
+    Connection& db = store_.Db();
+    if (db.Table("own_AttachedFiles") == nullptr) {
+      db.Execute(
+          "CREATE TABLE own_AttachedFiles (FileID Counter, Bytes INT DEFAULT 0, Content MEMO, "
+          "CONSTRAINT PK_AttachedFiles PRIMARY KEY(FileID))");
+    }
+    for (const auto& [transaction, file] : files) {
+      db.Execute("INSERT INTO own_AttachedFiles (FileID,Content) VALUES (" + std::to_string(file) +
+                 ",'bytes')");
+      AttachmentRecord row{0, transaction, "a.pdf", "", "inside:" + std::to_string(file)};
+      ledger_.Notes().AddAttachment(row);
+    }
+  }
   std::pair<std::int64_t, std::int64_t> AddTransfer(const char* day) {
     const std::int64_t from = Add(1, -50, day);
     const std::int64_t to = Add(savings_, 50, day, ",TransferID", "," + SqlNumber(from));
@@ -105,6 +120,7 @@ TEST_F(Archives, RowsMoveWithAllThatBelongsToThemAndBalancesStay) {
   AttachmentRecord bill{0, split, "bill.pdf", "/bills/bill.pdf", ""};
   ledger_.Notes().AddAttachment(bill);
   for (const std::int64_t key : {split, late}) ledger_.Notes().LinkKeyword(word.keywordId, key);
+  KeepInside({{split, 1}, {late, 2}});
   const double opening = ledger_.Accounts().ReadAccount(1)->openingBalance;
 
   const ArchivePlan plan = Archive(Form({1}));
@@ -114,13 +130,17 @@ TEST_F(Archives, RowsMoveWithAllThatBelongsToThemAndBalancesStay) {
   EXPECT_EQ(ledger_.Accounts().ReadAccount(1)->openingBalance, opening - 30);
   EXPECT_EQ(store_.Number("Select Count(*) from tblTransactions"), 2);
   EXPECT_EQ(store_.Number("Select Count(*) from tblKeywordLink"), 1);
-  EXPECT_EQ(store_.Number("Select Count(*) from tblAttachments"), 0);
+  EXPECT_EQ(store_.Number("Select Count(*) from tblAttachments"), 1);
+  EXPECT_EQ(store_.Number("Select FileID from own_AttachedFiles"), 2);
+  EXPECT_EQ(store_.Number("Select Count(*) from own_AttachedFiles"), 1);
+  EXPECT_EQ(InArchive("Select FileID from own_AttachedFiles"), 1);
+  EXPECT_EQ(InArchive("Select Count(*) from own_AttachedFiles"), 1);
   EXPECT_EQ(InArchive("Select Count(*) from tblTransactions WHERE BankRec = 1"), 1);
   EXPECT_EQ(
       InArchive("Select Count(*) from tblTransactions WHERE AllocatedItem = " + SqlNumber(split)),
       2);
   EXPECT_EQ(InArchive("Select Count(*) from tblKeywordLink"), 1);
-  EXPECT_EQ(InArchive("Select Count(*) from tblAttachments"), 1);
+  EXPECT_EQ(InArchive("Select Count(*) from tblAttachments"), 2);
   EXPECT_EQ(InArchive("Select Count(*) from tblAccounts"), 1) << "the chosen ones";
   EXPECT_EQ(InArchive("Select Count(*) from tblKeywords"), 1);
   DataFileOpener opener(store_.platform.Get(), "a test");
