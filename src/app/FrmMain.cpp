@@ -62,6 +62,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   MakeStatusBar();
   Connect();
   ConnectFiles();
+  ConnectSafety();
   ConnectEdit();
   ConnectViews();
   ConnectDialogs();

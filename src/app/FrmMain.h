@@ -175,6 +175,18 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
 
   void AdoptLedger();
   void OpenDataFile();
+  void ConnectSafety();
+  // Leaves the open file for that one; where it cannot be opened, the former is open again: false.
+  bool SwitchTo(const std::string& path);
+  void NewDataFile();
+  void SaveDataFile();
+  void MakeBackup();
+  void RestoreBackup();
+  void ArchiveRows();
+  void WriteTransferFile();
+  void RememberFile();
+  void FillRecentMenu();
+  void OpenRecent(const std::string& path);
   void ValidateDataFile();
   // How many rows there were, and how many of them are left.
   void NoticeValidated(qint64 before, qint64 left);

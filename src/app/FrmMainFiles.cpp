@@ -79,6 +79,7 @@ bool FrmMain::Reopen(bool quiet) {
   Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
   AdoptLedger();
+  Guard([this] { RememberFile(); });
   history_.Clear();
   shown_.rows = {};
   account_ = 0;
@@ -88,18 +89,6 @@ bool FrmMain::Reopen(bool quiet) {
   const MainView& first = account_ == 0 ? *views_.front() : RegisterOfAccount();
   ShowView(first.Name());
   return opened;
-}
-
-void FrmMain::OpenDataFile() {
-  const auto path = platform_.prompts.OpenFile(
-      {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
-  if (!path) return;
-  const bool wasOpen = session_.IsOpen();
-  session_.Choose(*path);
-  if (Reopen(true)) return NoticePosted();
-  // The file that cannot be used must not be what the next start begins with.
-  session_.Unchoose();
-  if (wasOpen) Reopen(true);
 }
 
 void FrmMain::ValidateDataFile() {

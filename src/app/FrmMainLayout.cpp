@@ -5,6 +5,7 @@
 #include "app/MainView.h"
 #include "app/ReminderCommands.h"
 #include "app/RemindersPanel.h"
+#include "app/SafetyCommands.h"
 #include "app/WindowLayout.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
@@ -38,6 +39,7 @@ void FrmMain::Restore() {
   Guard([this] {
     for (MainView* view : views_) view->Restore(platform_.registry);
     AdoptLedger();
+    RememberFile();
     ReadAccounts();
     reminderCommands_->Read();
   });
@@ -77,6 +79,7 @@ void FrmMain::SaveLayout() {
 void FrmMain::closeEvent(QCloseEvent* event) {
   // A layout that cannot be kept must not keep the person from leaving.
   Guard([this] { SaveLayout(); });
+  BackUpOnLeaving(session_, platform_);
   event->accept();
 }
 

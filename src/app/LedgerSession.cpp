@@ -40,7 +40,7 @@ bool LedgerSession::Open(bool quiet) {
   hasFailed_ = false;
   if (!login_.PassBefore(opener_)) return false;
   hasFailed_ = true;  // also when it throws
-  PromptedOpening questions(platform_);
+  PromptedOpening questions(platform_, onDamage_);
   file_ = opener_.Open(quiet, questions);
   hasFailed_ = !file_;
   if (file_ && !login_.Pass(*file_->connection)) file_.reset();

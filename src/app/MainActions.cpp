@@ -10,6 +10,7 @@ namespace corvanta::inline app {
 
 MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeFile();
+  MakeSafety();
   MakeEdit();
   MakeTransactions();
   MakeSchedules();
@@ -50,6 +51,23 @@ void MainActions::MakeFile() {
   mnuFileExit = Make("mnuFileExit", tr("E&xit"), "exit", tr("Close the program"),
                      QKeySequence(Qt::CTRL | Qt::Key_Q));
   mnuFileExit->setMenuRole(QAction::QuitRole);
+}
+
+void MainActions::MakeSafety() {
+  mnuFileNew = Make("mnuFileNew", tr("&New..."), "add", tr("Create another data file"));
+  mnuFileRecent = new QMenu(tr("Open &Recent"), window_);
+  mnuFileRecent->menuAction()->setObjectName(QStringLiteral("mnuFileRecent"));
+  mnuFileSaveAs = Make("mnuFileSaveAs", tr("&Save As..."), "save",
+                       tr("Copy the data file to another place and go on there"),
+                       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+  mnuFileBackup = Make("mnuFileBackup", tr("&Backup..."), "", tr("Make a backup of the data file"));
+  mnuFileRestore = Make("mnuFileRestore", tr("Res&tore..."), "",
+                        tr("Put a backup into the place of the data file"));
+  mnuFileArchive = Make("mnuFileArchive", tr("&Archive..."), "",
+                        tr("Move old transactions into a data file of their own"));
+  mnuFileTransfer =
+      Make("mnuFileTransfer", tr("Save Trans&fer File..."), "",
+           tr("Write the key of the data file and the settings, for another machine"));
 }
 
 void MainActions::MakeEdit() {
@@ -321,7 +339,8 @@ void MainActions::SetDataOpen(bool open) const {
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
         mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew,
-        mnuToolsCurrencies}) {
+        mnuToolsCurrencies, mnuFileSaveAs,      mnuFileBackup,       mnuFileArchive,
+        mnuFileTransfer}) {
     action->setEnabled(open);
   }
 }

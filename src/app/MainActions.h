@@ -35,7 +35,14 @@ class MainActions : public QObject {
   // Enables what needs an open data file, or disables it.
   void SetDataOpen(bool open) const;
 
+  QAction* mnuFileNew;
   QAction* mnuFileOpen;
+  QMenu* mnuFileRecent;  // filled when it opens
+  QAction* mnuFileSaveAs;
+  QAction* mnuFileBackup;
+  QAction* mnuFileRestore;
+  QAction* mnuFileArchive;
+  QAction* mnuFileTransfer;
   QAction* mnuFileValidate;
   QAction* mnuFilePassword;
   QAction* mnuFilePassphrase;
@@ -168,6 +175,7 @@ class MainActions : public QObject {
 
  private:
   void MakeFile();
+  void MakeSafety();
   void MakeEdit();
   void MakeTransactions();
   void MakeSchedules();

@@ -22,7 +22,13 @@ QMenu* MainActions::AddSubmenu(QMenu& menu, const char* name, const QString& tex
 
 void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
-  file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
+  file->addActions({mnuFileNew, mnuFileOpen});
+  file->addMenu(mnuFileRecent);
+  file->addAction(mnuFileSaveAs);
+  file->addSeparator();
+  file->addActions({mnuFileBackup, mnuFileRestore, mnuFileArchive, mnuFileTransfer});
+  file->addSeparator();
+  file->addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
   file->addSeparator();
   file->addActions({mnuFileImport, mnuFileExport});
   file->addSeparator();

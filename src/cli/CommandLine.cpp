@@ -2,9 +2,11 @@
 
 #include "cli/AccountsCommand.h"
 #include "cli/AddCommand.h"
+#include "cli/ArchiveCommand.h"
 #include "cli/Arguments.h"
 #include "cli/AttachCommand.h"
 #include "cli/AutofillCommand.h"
+#include "cli/BackupCommand.h"
 #include "cli/BalanceCommand.h"
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
@@ -32,6 +34,8 @@
 #include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
 #include "cli/RemindersCommand.h"
+#include "cli/RestoreCommand.h"
+#include "cli/SalvageCommand.h"
 #include "cli/ScheduleCommand.h"
 #include "cli/Session.h"
 #include "cli/SetStatusCommand.h"
@@ -39,6 +43,7 @@
 #include "cli/SourceCommand.h"
 #include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
+#include "cli/TransferCommand.h"
 #include "cli/ValidateCommand.h"
 #include "cli/WatchCommand.h"
 #include "ledger/ReferenceRecords.h"
@@ -209,6 +214,11 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<KeyCommand>());
   add(std::make_unique<PasswordCommand>());
   add(std::make_unique<PassphraseCommand>());
+  add(std::make_unique<BackupCommand>());
+  add(std::make_unique<RestoreCommand>());
+  add(std::make_unique<TransferCommand>());
+  add(std::make_unique<ArchiveCommand>());
+  add(std::make_unique<SalvageCommand>());
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());

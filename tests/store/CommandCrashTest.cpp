@@ -1,9 +1,9 @@
 // Commands that are killed at every operation on the disk, once and twice in a row, in a folder
 // with one data file and with two.
 #include "platform/Files.h"
-#include "store/CrashMachine.h"
 #include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/KeyRecovery.h"
+#include "support/CrashMachine.h"
 #include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"

@@ -7,6 +7,7 @@
 #include "store/datafile/CreateDataFile.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/Passphrase.h"
+#include "store/datafile/backup/RestoreDataFile.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/datafile/opening/OpenSequence.h"
 #include "store/datafile/opening/RecoverDataFile.h"
@@ -143,6 +144,20 @@ DataFile DataFileOpener::Validate() {
                 platform_);
   file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
+}
+
+RestoredFile DataFileOpener::Restore(const std::string& backup, const std::string& password) {
+  const DataFileLocation location = Location();
+  platform_.files.CreateFolder(location.folder);
+  RestoredFile restored;
+  DataFile& file = restored.file;
+  file.lock = WriterLock::Acquire(location.Path(), writer_);
+  RecoverDataFile(location, FindInstallationPassword(platform_).value_or(""), writer_, platform_);
+  file.password = InstallationPassword(platform_);
+  restored.kept =
+      RestoreDataFile(location, {backup, password, {}}, file.password, writer_, platform_);
+  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  return restored;
 }
 
 DataFile DataFileOpener::UseKey(const std::string& keyOrPath,

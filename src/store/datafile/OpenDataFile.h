@@ -19,6 +19,8 @@ namespace corvanta::inline datafile {
 
 class OpeningQuestions;
 
+struct RestoredFile;
+
 // An open data file and, where it may be written, the right to do so.
 struct DataFile {
   std::unique_ptr<WriterLock> lock;  // null when it was opened for reading only
@@ -32,6 +34,9 @@ class DataFileOpener {
  public:
   // `holder` names this program to others that want to write.
   DataFileOpener(Platform& platform, std::string holder);
+
+  // Who this program is to others that want to write.
+  [[nodiscard]] const Writer& AsWriter() const { return writer_; }
 
   // A folder or file that stands for DBPath in this run only; the setting is not read or written.
   void SetDataPath(std::string path);
@@ -73,6 +78,11 @@ class DataFileOpener {
   void Protect(const std::string& password);
   // Whether the data file wants a passphrase.
   [[nodiscard]] bool WantsPassphrase() const;
+  // Puts a copy of the backup, which that password opens, into the data file's place, protects it
+  // with this installation's password (drawn where there is none) and opens it. What was the data
+  // file is kept. It need not be there, or be sound. Throws StoreError and PlatformError; the data
+  // file is then as it was.
+  [[nodiscard]] RestoredFile Restore(const std::string& backup, const std::string& password);
 
   // Where the data file is looked for. Throws StoreError(Missing) without a DBPath.
   [[nodiscard]] DataFileLocation Location() const;
@@ -82,6 +92,12 @@ class DataFileOpener {
   Writer writer_;
   std::optional<std::string> dataPath_;
   FilePasswords passwords_;
+};
+
+// A data file that was restored.
+struct RestoredFile {
+  DataFile file;
+  std::string kept;  // where what was the data file is now; empty where there was none
 };
 
 }  // namespace corvanta::inline datafile
