@@ -19,7 +19,7 @@ bool RestoreByDialog(LedgerSession& session, Platform& platform, QWidget* parent
   DataFileOpener& opener = session.Opener();
   PromptedOpening questions(platform);
   RestoreEditor editor(
-      opener.Location(), questions,
+      opener.Location(), opener.Passwords(), questions,
       [&session](Connection& file) { return session.Passwords().Pass(file); }, platform);
   const auto plan = OpenRestore(editor, {platform, opener.AsWriter(), parent, {}});
   if (!plan) return false;

@@ -82,11 +82,12 @@ CLI::App* RestoreCommand::Declare(CLI::App& parser) {
 }
 
 ExitStatus RestoreCommand::Run(Session& session) {
-  if (!session.PassLogin()) return ExitStatus::Refused;
+  // A passphrase is asked for where it is needed: the present file may be damaged.
+  if (!session.Opener().WantsPassphrase() && !session.PassLogin()) return ExitStatus::Refused;
   Platform& platform = session.Machine();
   KeyByOption questions(platform, session);
   RestoreEditor editor(
-      session.Opener().Location(), questions,
+      session.Opener().Location(), session.Opener().Passwords(), questions,
       [&](Connection& backup) { return session.Admits(backup); }, platform);
   const std::optional<std::string> path = Source(editor, session);
   if (!path) return ExitStatus::Refused;

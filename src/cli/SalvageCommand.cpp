@@ -38,9 +38,10 @@ ExitStatus SalvageCommand::Run(Session& session) {
   if (!session.PassLogin()) return ExitStatus::Refused;
   Platform& platform = session.Machine();
   const std::string damaged = session.Opener().Location().Path();
+  const auto typed = session.Opener().Passwords().Of(damaged);
+  const std::string password = typed ? *typed : FindInstallationPassword(platform).value_or("");
   const std::vector<SalvagedTable> tables =
-      SalvageDataFile({damaged, FindInstallationPassword(platform).value_or(""), {}}, file_,
-                      session.Opener().AsWriter(), platform);
+      SalvageDataFile({damaged, password, {}}, file_, session.Opener().AsWriter(), platform);
   OutputTable table({{"Table"}, {"Rows", OutputKind::Integer}, {"Keys lost"}});
   for (const SalvagedTable& each : tables) {
     table.AddRow({each.table, each.rows, TextOf(each.lost)});

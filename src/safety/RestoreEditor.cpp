@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/StatusWords.h"
 #include "safety/Backup.h"
+#include "store/datafile/FilePasswords.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/backup/RestoreDataFile.h"
 #include "store/datafile/opening/FileSteps.h"
@@ -42,17 +43,17 @@ std::string RowsText(std::size_t count, const Platform& platform) {
   return platform.locale.FormatNumber(static_cast<double>(count), 0) + " rows of transactions";
 }
 
-RestoreEditor::RestoreEditor(DataFileLocation dataFile, OpeningQuestions& questions, Admits admits,
-                             Platform& platform)
+RestoreEditor::RestoreEditor(DataFileLocation dataFile, FilePasswords& passwords,
+                             OpeningQuestions& questions, Admits admits, Platform& platform)
     : dataFile_(std::move(dataFile)),
+      passwords_(passwords),
       questions_(questions),
       admits_(std::move(admits)),
       platform_(platform) {}
 
 std::vector<RestoreSource> RestoreEditor::Sources() const {
   std::vector<RestoreSource> sources;
-  const auto password = FindInstallationPassword(platform_);
-  if (password) {
+  if (const auto password = AskedPassword()) {
     const Writer nobody;
     for (const Generation& each :
          Backup(platform_, nobody).Generations({dataFile_.Path(), *password})) {
@@ -75,8 +76,25 @@ std::optional<Warning> RestoreEditor::Check(const std::string& path) const {
   return Warning{kTitle, "This is the data file itself. Select a Backup of it.", "lvBackups"};
 }
 
+// Whoever turns back, or whose file is damaged where the passphrase would be tried, can still name
+// a backup.
+std::optional<std::string> RestoreEditor::AskedPassword() const {
+  try {
+    if (auto typed = passwords_.Of(dataFile_.Path())) return typed;
+  } catch (const StoreError&) {
+    return std::nullopt;
+  }
+  return FindInstallationPassword(platform_);
+}
+
+std::optional<std::string> RestoreEditor::PresentPassword() const {
+  if (auto known = passwords_.Known(dataFile_.Path())) return known;
+  return FindInstallationPassword(platform_);
+}
+
 std::optional<std::string> RestoreEditor::PasswordOf(const std::string& path,
                                                      const std::optional<std::string>& key) {
+  if (auto typed = passwords_.Of(path)) return typed;
   for (const auto& known : {key, FindInstallationPassword(platform_)}) {
     if (known && OpensWith(path, *known, platform_)) return known;
   }
@@ -92,8 +110,7 @@ std::optional<RestorePlan> RestoreEditor::Look(const std::string& path,
   const StatusWords status(platform_.progress, "Reading the backup...");
   const std::optional<std::string> password = PasswordOf(path, key);
   if (!password) return std::nullopt;
-  const auto now = Present(dataFile_.Path(),
-                           FindInstallationPassword(platform_).value_or(std::string()), platform_);
+  const auto now = Present(dataFile_.Path(), PresentPassword().value_or(std::string()), platform_);
   if (now && !admits_(*now)) return std::nullopt;
   const auto then = Connection::Open({path, *password, {}}, platform_.clock);
   if (!admits_(*then)) return std::nullopt;

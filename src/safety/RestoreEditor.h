@@ -15,8 +15,9 @@ struct Platform;
 }
 
 namespace corvanta::inline datafile {
+class FilePasswords;
 class OpeningQuestions;
-}
+}  // namespace corvanta::inline datafile
 
 namespace corvanta::inline safety {
 
@@ -45,8 +46,8 @@ class RestoreEditor {
   using Admits = std::function<bool(Connection&)>;
 
   // All must outlive this object.
-  RestoreEditor(DataFileLocation dataFile, OpeningQuestions& questions, Admits admits,
-                Platform& platform);
+  RestoreEditor(DataFileLocation dataFile, FilePasswords& passwords, OpeningQuestions& questions,
+                Admits admits, Platform& platform);
 
   // The backups of the data file, the newest first, and behind them what earlier restores have
   // kept.
@@ -64,7 +65,13 @@ class RestoreEditor {
   [[nodiscard]] std::optional<std::string> PasswordOf(const std::string& path,
                                                       const std::optional<std::string>& key);
 
+  // Of the data file in use, as far as it is known or this installation has one.
+  [[nodiscard]] std::optional<std::string> PresentPassword() const;
+  // The same, asked for where it is a passphrase.
+  [[nodiscard]] std::optional<std::string> AskedPassword() const;
+
   DataFileLocation dataFile_;
+  FilePasswords& passwords_;
   OpeningQuestions& questions_;
   Admits admits_;
   Platform& platform_;

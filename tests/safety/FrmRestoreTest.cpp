@@ -23,8 +23,9 @@ class RestoreWindow : public DialogTest<SafetyTest> {
     return cells;
   }
 
+  FilePasswords passwords_{store_.platform.Get()};
   DeafOpening questions_;
-  RestoreEditor editor_{DataFileLocation::FromPath(store_.Path()), questions_,
+  RestoreEditor editor_{DataFileLocation::FromPath(store_.Path()), passwords_, questions_,
                         [](Connection&) { return true; }, store_.platform.Get()};
 };
 

@@ -2,6 +2,7 @@
 #include "safety/RestoreEditor.h"
 #include "safety/SafetyTest.h"
 #include "store/datafile/InstallationKey.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/backup/RestoreDataFile.h"
 #include "store/sql/StoreError.h"
 #include "support/DeafOpening.h"
@@ -29,8 +30,8 @@ class Restores : public SafetyTest {
   }
   RestoreEditor Editor() {
     return RestoreEditor(
-        DataFileLocation::FromPath(store_.Path()), keys_, [this](Connection&) { return admits_; },
-        store_.platform.Get());
+        DataFileLocation::FromPath(store_.Path()), passwords_, keys_,
+        [this](Connection&) { return admits_; }, store_.platform.Get());
   }
   RestoredFile Restore(const std::string& path) {
     store_.Close();
@@ -39,10 +40,47 @@ class Restores : public SafetyTest {
   }
   std::int64_t Rows() { return store_.Number("Select Count(*) from tblTransactions"); }
 
+  FilePasswords passwords_{store_.platform.Get()};
   KeyHolder keys_;
   bool admits_ = true;
   std::string made_;
 };
+
+// A backup of a file with a passphrase has it, too, and comes back with it.
+TEST_F(Restores, AskForThePassphraseOnceAndKeepIt) {
+  const std::string password = NewPasswordFromPassphrase("a phrase of four words");
+  store_.Close();
+  DataFileOpener opener(store_.platform.Get(), "a test");
+  opener.Protect(password);
+  SetToday(2026, 11, 21, 18, 30);
+  const std::string made = backup_.Make({store_.Path(), password}, {}).path;
+  ASSERT_TRUE(WantsPassphrase(made));
+  int asked = 0;
+  passwords_.SetQuestion([&asked](const std::string&, bool) {
+    ++asked;
+    return "a phrase of four words";
+  });
+  const auto sources = Editor().Sources();
+  ASSERT_FALSE(sources.empty());
+  EXPECT_EQ(sources.front().path, made);
+  const auto plan = Editor().Look(made);
+  ASSERT_TRUE(plan.has_value());
+  EXPECT_EQ(asked, 1);
+  EXPECT_FALSE(plan->IsChange()) << "the present file was read for it";
+  const RestoredFile restored = opener.Restore(plan->path, plan->password);
+  EXPECT_EQ(restored.file.password, password);
+  EXPECT_TRUE(WantsPassphrase(store_.Path()));
+}
+
+TEST_F(Restores, ABackupFromBeforeThePassphraseComesBackUnderIt) {
+  const std::string former = store_.Password();
+  const std::string password = NewPasswordFromPassphrase("a phrase of four words");
+  store_.Close();
+  DataFileOpener opener(store_.platform.Get(), "a test");
+  opener.Protect(password);
+  EXPECT_EQ(opener.Restore(made_, former).file.password, password);
+  EXPECT_TRUE(WantsPassphrase(store_.Path()));
+}
 
 TEST_F(Restores, ShowsWhatItWouldChangeAccountByAccount) {
   EXPECT_FALSE(Editor().Look(made_)->IsChange());

@@ -7,17 +7,27 @@
 #include "store/sql/FailureText.h"
 #include "store/sql/StoreError.h"
 
+#include <algorithm>
+
 namespace corvanta::inline datafile {
 
 std::optional<std::string> FilePasswords::Of(const DataFileLocation& location) {
-  const std::string path =
-      FileExists(location.Path()) ? location.Path() : location.CompactionPath();
+  return Of(FileExists(location.Path()) ? location.Path() : location.CompactionPath());
+}
+
+std::optional<std::string> FilePasswords::Of(const std::string& path) {
   if (!WantsPassphrase(path)) return std::nullopt;
-  const auto known = known_.find(location.Path());
-  if (known != known_.end() && OpensWith(path, known->second, platform_)) return known->second;
+  if (auto known = Known(path)) return known;
   std::string password = Ask(path);
-  Learn(location.Path(), password);
+  Learn(password);
   return password;
+}
+
+// Copies of a file open with what opens the file.
+std::optional<std::string> FilePasswords::Known(const std::string& path) {
+  const auto found = std::ranges::find_if(
+      known_, [&](const std::string& password) { return OpensWith(path, password, platform_); });
+  return found == known_.end() ? std::nullopt : std::optional(*found);
 }
 
 std::string FilePasswords::Ask(const std::string& path) {

@@ -1,10 +1,10 @@
 #pragma once
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace corvanta::inline platform {
 struct Platform;
@@ -28,19 +28,23 @@ class FilePasswords {
   // Without a question no passphrase is ever known.
   void SetQuestion(PassphraseQuestion ask) { ask_ = std::move(ask); }
 
-  // The password that opens the data file, or the copy that is left of it; nullopt where it is an
-  // installation's key that does. Asks until it opens it. Throws StoreError(WrongPassphrase) when
-  // the person turns back, and what opening throws.
+  // The password that opens the file; nullopt where it is an installation's key that does. Asks
+  // until it opens it. Throws StoreError(WrongPassphrase) when the person turns back, and what
+  // opening throws.
+  [[nodiscard]] std::optional<std::string> Of(const std::string& path);
+  // The same of the data file or, without one, of the copy that is left of it.
   [[nodiscard]] std::optional<std::string> Of(const DataFileLocation& location);
-  // The data file of that path has this password from now on.
-  void Learn(const std::string& path, const std::string& password) { known_[path] = password; }
+  // The one that opens the file among those that are known; asks nobody.
+  [[nodiscard]] std::optional<std::string> Known(const std::string& path);
+  // A file has this password from now on.
+  void Learn(const std::string& password) { known_.push_back(password); }
 
  private:
   [[nodiscard]] std::string Ask(const std::string& path);
 
   Platform& platform_;
   PassphraseQuestion ask_;
-  std::map<std::string, std::string> known_;  // by path
+  std::vector<std::string> known_;
 };
 
 }  // namespace corvanta::inline datafile

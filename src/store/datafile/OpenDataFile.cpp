@@ -152,8 +152,14 @@ RestoredFile DataFileOpener::Restore(const std::string& backup, const std::strin
   RestoredFile restored;
   DataFile& file = restored.file;
   file.lock = WriterLock::Acquire(location.Path(), writer_);
-  RecoverDataFile(location, FindInstallationPassword(platform_).value_or(""), writer_, platform_);
-  file.password = InstallationPassword(platform_);
+  const std::optional<std::string> known =
+      passwords_.Known(FileExists(location.Path()) ? location.Path() : location.CompactionPath());
+  RecoverDataFile(location, known ? *known : FindInstallationPassword(platform_).value_or(""),
+                  writer_, platform_);
+  // A passphrase that was chosen is never exchanged for a key that lies on the disk.
+  const bool isPassphrase = IsFromPassphrase(password);
+  if (isPassphrase) passwords_.Learn(password);
+  file.password = isPassphrase ? password : known ? *known : InstallationPassword(platform_);
   restored.kept =
       RestoreDataFile(location, {backup, password, {}}, file.password, writer_, platform_);
   file.connection = OpenChecked(location.Path(), file.password, platform_);
@@ -198,7 +204,7 @@ void DataFileOpener::Protect(const std::string& password) {
   const std::string oldPassword = typed ? *typed : OwnPassword(location.Path(), platform_);
   const std::string newPassword = password.empty() ? InstallationPassword(platform_) : password;
   RenewDataFile(location, {oldPassword, newPassword, UpgradeFailure::Keep}, writer_, platform_);
-  passwords_.Learn(location.Path(), newPassword);
+  passwords_.Learn(newPassword);
 }
 
 bool DataFileOpener::WantsPassphrase() const {

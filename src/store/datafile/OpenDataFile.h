@@ -78,8 +78,11 @@ class DataFileOpener {
   void Protect(const std::string& password);
   // Whether the data file wants a passphrase.
   [[nodiscard]] bool WantsPassphrase() const;
+  // What is known of passphrases, and who is asked for them.
+  [[nodiscard]] FilePasswords& Passwords() { return passwords_; }
   // Puts a copy of the backup, which that password opens, into the data file's place, protects it
-  // with this installation's password (drawn where there is none) and opens it. What was the data
+  // with the passphrase of the backup or of the present data file, or else with this installation's
+  // password (drawn where there is none), and opens it. What was the data
   // file is kept. It need not be there, or be sound. Throws StoreError and PlatformError; the data
   // file is then as it was.
   [[nodiscard]] RestoredFile Restore(const std::string& backup, const std::string& password);
