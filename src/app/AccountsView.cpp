@@ -1,26 +1,21 @@
 #include "app/AccountsView.h"
 
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
-#include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "ledger/Balances.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
-
-#include <QApplication>
 
 namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
+  const ListWidths widths(locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
   const QString opening = AccountsView::tr("Opening Balance");
-  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-999999.99))) + 3 * kRhythm;
+  const int money = widths.Figure(-999999.99);
   return {{AccountsView::tr("Account"), text(QStringLiteral("An account's name")), 4},
           {AccountsView::tr("Group"), text(QStringLiteral("Investment Accounts")), 2, false, 4},
           {AccountsView::tr("Bank"), text(QStringLiteral("A bank's name")), 3, false, 1},

@@ -1,18 +1,15 @@
 #include "app/CategoriesView.h"
 
 #include "app/LedgerSession.h"
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
-#include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
-
-#include <QApplication>
 
 #include <map>
 
@@ -20,11 +17,9 @@ namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
-  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-999999.99))) + 3 * kRhythm;
+  const ListWidths widths(locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
+  const int money = widths.Figure(-999999.99);
   const int name = text(QStringLiteral("A category's name"));
   return {{CategoriesView::tr("Category"), name, 3},
           {CategoriesView::tr("Sub Category"), name, 3},

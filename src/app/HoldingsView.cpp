@@ -4,12 +4,12 @@
 #include "app/HoldingsCharts.h"
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "controls/WaitCursor.h"
 #include "invest/InvestDialogs.h"
 #include "platform/Locale.h"
@@ -17,7 +17,6 @@
 #include "platform/Settings.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QBoxLayout>
 
 #include <algorithm>
@@ -30,13 +29,10 @@ namespace {
 constexpr int kRoomForCharts = 50 * kRhythm;
 
 std::vector<ListColumn> Columns(const Locale& locale) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
-  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 3 * kRhythm;
-  const int price = TabularWidth(metrics, ToQt(locale.FormatNumber(9999.99, 4))) + 3 * kRhythm;
-  const int day = text(ToQt(locale.FormatShortDate(*Date::FromYmd(2028, 12, 28))));
+  const ListWidths widths(locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
+  const int money = widths.Figure(-99999.99);
+  const int price = widths.Figure(9999.99, 4);
   const auto amount = [&](const QString& title, int leaves) {
     return ListColumn{title, std::max(money, text(title)), 0, true, leaves};
   };
@@ -49,7 +45,7 @@ std::vector<ListColumn> Columns(const Locale& locale) {
       {HoldingsView::tr("Average Cost"), std::max(price, text(HoldingsView::tr("Average Cost"))), 0,
        true, 8},
       {HoldingsView::tr("Price"), price, 0, true, 10},
-      {HoldingsView::tr("Price Date"), day, 0, false, 1},
+      {HoldingsView::tr("Price Date"), widths.Day(), 0, false, 1},
       amount(HoldingsView::tr("Value"), 0),
       {HoldingsView::tr("Share"), text(QStringLiteral("100.0 %")), 0, true, 4},
       amount(HoldingsView::tr("Not Realised"), 9),

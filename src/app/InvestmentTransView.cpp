@@ -3,6 +3,7 @@
 #include "app/FilterStrip.h"
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/TradeList.h"
 #include "app/TransactionClip.h"
@@ -10,7 +11,6 @@
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "entry/MultiEditor.h"
 #include "invest/InvestDialogs.h"
 #include "ledger/InvestmentBook.h"
@@ -22,26 +22,18 @@
 #include "platform/Settings.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QClipboard>
 
 namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Platform& platform) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
-  const auto figure = [&](double sample, int decimals) {
-    return TabularWidth(metrics, ToQt(platform.locale.FormatNumber(sample, decimals))) +
-           3 * kRhythm;
-  };
+  const ListWidths widths(platform.locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
   const int decimals = Settings(platform.registry).InvestmentDecimals();
-  const QString day = ToQt(platform.locale.FormatShortDate(*Date::FromYmd(2028, 12, 28)));
-  const int money = figure(-9999.99, -1);
+  const int money = widths.Figure(-9999.99);
   return {
-      {InvestmentTransView::tr("Date"), text(day) + kRhythm, 0},
+      {InvestmentTransView::tr("Date"), widths.Day(), 0},
       {InvestmentTransView::tr("Account"), text(QStringLiteral("A broker's account")), 2, false, 6},
       {InvestmentTransView::tr("Investment"), text(QStringLiteral("Name of a company")), 3, false,
        0, 16 * kRhythm},
@@ -49,10 +41,10 @@ std::vector<ListColumn> Columns(const Platform& platform) {
       {InvestmentTransView::tr("Action"), text(QStringLiteral("Reinvest Dividend")), 1, false, 0,
        text(QStringLiteral("Dividend"))},
       {InvestmentTransView::tr("Dividend"), money, 0, true, 5},
-      {InvestmentTransView::tr("Shares"), figure(9999.99, decimals), 0, true, 8},
-      {InvestmentTransView::tr("Price"), figure(9999.99, decimals), 0, true, 7},
+      {InvestmentTransView::tr("Shares"), widths.Figure(9999.99, decimals), 0, true, 8},
+      {InvestmentTransView::tr("Price"), widths.Figure(9999.99, decimals), 0, true, 7},
       {InvestmentTransView::tr("Commission"), text(QStringLiteral("Commission")), 0, true, 3},
-      {InvestmentTransView::tr("Amount"), figure(-99999.99, -1), 0, true},
+      {InvestmentTransView::tr("Amount"), widths.Figure(-99999.99), 0, true},
       {InvestmentTransView::tr("Status"), text(QStringLiteral("Status")), 0, false, 2},
       {InvestmentTransView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }

@@ -1,13 +1,13 @@
 #include "app/InvestmentsView.h"
 
 #include "app/LedgerSession.h"
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/PriceCommands.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "invest/InvestDialogs.h"
 #include "invest/InvestEditor.h"
 #include "ledger/InvestmentBook.h"
@@ -17,27 +17,21 @@
 #include "platform/Settings.h"
 #include "reference/RowOf.h"
 
-#include <QApplication>
-
 namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Platform& platform) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
+  const ListWidths widths(platform.locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
   const int decimals = Settings(platform.registry).InvestmentDecimals();
-  const QString price = ToQt(platform.locale.FormatNumber(99999.99, decimals));
-  const QString day = ToQt(platform.locale.FormatShortDate(*Date::FromYmd(2028, 12, 28)));
   return {
       {InvestmentsView::tr("Investment"), 22 * kRhythm, 3, false, 0, 16 * kRhythm},
       {InvestmentsView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 1, false, 6},
       {InvestmentsView::tr("Currency"), text(QStringLiteral("Currency")), 0, false, 4},
       {InvestmentsView::tr("Quoted In"), text(QStringLiteral("Quoted In")), 0, false, 3},
       {InvestmentsView::tr("Data Source"), text(QStringLiteral("Name of a source")), 1, false, 2},
-      {InvestmentsView::tr("Last Price"), TabularWidth(metrics, price) + 3 * kRhythm, 0, true},
-      {InvestmentsView::tr("Price Date"), text(day) + kRhythm, 0, false, 5},
+      {InvestmentsView::tr("Last Price"), widths.Figure(99999.99, decimals), 0, true},
+      {InvestmentsView::tr("Price Date"), widths.Day(), 0, false, 5},
       {InvestmentsView::tr("Description"), text(QStringLiteral("Description")), 2, false, 1}};
 }
 

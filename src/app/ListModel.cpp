@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/TableHead.h"
 #include "platform/TextCase.h"
 #include "store/sql/StoreError.h"
 
@@ -175,13 +176,8 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal) return {};
   const ListColumn& column = columns_.at(static_cast<std::size_t>(section));
-  if (role == Qt::TextAlignmentRole && column.isNumber) {
-    return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
-  }
-  if (role != Qt::DisplayRole) return {};
-  return column.title;
+  return HeadData(orientation, role, column.isNumber, column.title);
 }
 
 }  // namespace corvanta::inline app

@@ -2,13 +2,12 @@
 
 #include "app/EntryCommands.h"
 #include "app/LedgerSession.h"
+#include "app/ListWidths.h"
 #include "app/MainActions.h"
 #include "app/TransactionClip.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
-#include "controls/Style.h"
-#include "controls/TabularText.h"
 #include "entry/ScheduleEditor.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/ScheduleBook.h"
@@ -17,7 +16,6 @@
 #include "store/sql/UndoLog.h"
 
 #include <QAction>
-#include <QApplication>
 #include <QClipboard>
 
 #include <algorithm>
@@ -26,14 +24,11 @@ namespace corvanta::inline app {
 namespace {
 
 std::vector<ListColumn> Columns(const Locale& locale) {
-  const QFontMetrics metrics(QApplication::font());
-  const auto text = [&](const QString& sample) {
-    return metrics.horizontalAdvance(sample) + 3 * kRhythm;
-  };
-  const Date longDate = *Date::FromYmd(2028, 12, 28);
-  const int money = TabularWidth(metrics, ToQt(locale.FormatNumber(-99999.99))) + 3 * kRhythm;
+  const ListWidths widths(locale);
+  const auto text = [&](const QString& sample) { return widths.Text(sample); };
+  const int money = widths.Figure(-99999.99);
   return {
-      {ScheduleView::tr("Next Due"), text(ToQt(locale.FormatShortDate(longDate))) + kRhythm, 0},
+      {ScheduleView::tr("Next Due"), widths.Day(), 0},
       {ScheduleView::tr("Account"), text(QStringLiteral("A bank account's")), 3, false, 5},
       {ScheduleView::tr("Payee"), text(QStringLiteral("A payee's name")), 3},
       {ScheduleView::tr("Category"), text(QStringLiteral("Category:Sub-category")), 3, false, 6},

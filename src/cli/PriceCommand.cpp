@@ -3,7 +3,9 @@
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "exchange/CsvPreview.h"
 #include "exchange/FileText.h"
+#include "exchange/SavedMappings.h"
 #include "invest/HistoryEditor.h"
 #include "invest/PriceFile.h"
 #include "ledger/PriceBook.h"
@@ -17,6 +19,7 @@ namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Price";
+constexpr const char* kImportTitle = "File Import";
 
 std::string PriceCount(std::size_t count) {
   return std::to_string(count) + (count == 1 ? " price" : " prices");
@@ -45,6 +48,9 @@ CLI::App* PriceCommand::Declare(CLI::App& parser) {
   import_->add_option("--separator", separator_, "What stands between the columns");
   import_->add_option("--date-order", order_, "dmy, mdy or ymd")
       ->transform(CLI::Validator(OneOf({"dmy", "mdy", "ymd"}), ""));
+  import_->add_option("--mapping", mapping_, "What the columns are, as it was saved");
+  import_->add_option("--save-mapping", saveMapping_, "Saves what they are under this name")
+      ->check(EmptyFault);
   return command;
 }
 
@@ -84,15 +90,22 @@ ExitStatus PriceCommand::Set(clsCorvanta& ledger, const NamedItem& investment,
   return ExitStatus::Done;
 }
 
-ExitStatus PriceCommand::Import(clsCorvanta& ledger, const NamedItem& investment,
-                                Session& session) const {
-  const FileText file = ReadFileText(file_);
-  if (file.fault) return session.Refuse("File Import", *file.fault);
-  const Locale& locale = session.Machine().locale;
-  CsvMapping mapping = ProposePriceMapping(file.text, locale);
+std::optional<CsvMapping> PriceCommand::Mapping(const std::string& text, Session& session) const {
+  CsvMapping mapping = ProposePriceMapping(text, session.Machine().locale);
+  if (!mapping_.empty()) {
+    const auto saved = SavedMappings(session.Machine().registry, MappedFile::Prices).Find(mapping_);
+    if (!saved) {
+      session.Tell(kImportTitle, "There is no mapping \"" + mapping_ + "\".");
+      return std::nullopt;
+    }
+    mapping = saved->mapping;
+  }
   if (!separator_.empty()) {
     const auto separator = SeparatorOf(separator_);
-    if (!separator) return session.Refuse("File Import", "A separator is one character, or Tab.");
+    if (!separator) {
+      session.Tell(kImportTitle, "A separator is one character, or Tab.");
+      return std::nullopt;
+    }
     mapping.separator = *separator;
   }
   if (dateColumn_ > 0) mapping.date = dateColumn_;
@@ -101,17 +114,30 @@ ExitStatus PriceCommand::Import(clsCorvanta& ledger, const NamedItem& investment
   if (order_ == "dmy") mapping.order = DateOrder::DayMonthYear;
   if (order_ == "mdy") mapping.order = DateOrder::MonthDayYear;
   if (order_ == "ymd") mapping.order = DateOrder::YearMonthDay;
-  const PriceFileRows read = ReadPriceFile(file.text, mapping, locale);
+  return mapping;
+}
+
+ExitStatus PriceCommand::Import(clsCorvanta& ledger, const NamedItem& investment,
+                                Session& session) const {
+  const FileText file = ReadFileText(file_);
+  if (file.fault) return session.Refuse(kImportTitle, *file.fault);
+  const std::optional<CsvMapping> mapping = Mapping(file.text, session);
+  if (!mapping) return ExitStatus::Refused;
+  const PriceFileRows read = ReadPriceFile(file.text, *mapping, session.Machine().locale);
   for (const PriceFileRows::Problem& problem : read.problems) {
     session.Tell("Line " + std::to_string(problem.line), problem.text);
   }
   if (read.prices.empty()) {
-    return session.Refuse("File Import", "No prices were found in " + file_ +
-                                             ". Say with --date-column and --price-column where "
-                                             "they stand.");
+    return session.Refuse(kImportTitle, "No prices were found in " + file_ +
+                                            ". Say with --date-column and --price-column where "
+                                            "they stand.");
   }
   if (!ledger.Prices().StorePrices(investment.key, read.prices)) return ExitStatus::Refused;
-  session.Tell("File Import", PriceCount(read.prices.size()) + " imported");
+  if (!saveMapping_.empty()) {
+    SavedMappings(session.Machine().registry, MappedFile::Prices)
+        .Save(saveMapping_, {*mapping, HeaderOf(file.text, *mapping)});
+  }
+  session.Tell(kImportTitle, PriceCount(read.prices.size()) + " imported");
   return ExitStatus::Done;
 }
 

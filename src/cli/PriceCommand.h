@@ -2,8 +2,10 @@
 
 #include "cli/Command.h"
 #include "cli/InvestmentArgument.h"
+#include "exchange/CsvMapping.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace corvanta::inline cli {
@@ -17,6 +19,8 @@ class PriceCommand : public Command {
  private:
   ExitStatus List(clsCorvanta& ledger, std::int64_t investmentId, Session& session) const;
   ExitStatus Set(clsCorvanta& ledger, const NamedItem& investment, Session& session) const;
+  // What the columns of the file are, by what was said; nullopt, told, when that makes no sense.
+  [[nodiscard]] std::optional<CsvMapping> Mapping(const std::string& text, Session& session) const;
   ExitStatus Import(clsCorvanta& ledger, const NamedItem& investment, Session& session) const;
 
   CLI::App* set_ = nullptr;
@@ -27,6 +31,8 @@ class PriceCommand : public Command {
   std::string file_;
   std::string separator_;
   std::string order_;
+  std::string mapping_;
+  std::string saveMapping_;
   int dateColumn_ = 0;
   int priceColumn_ = 0;
   int skip_ = -1;

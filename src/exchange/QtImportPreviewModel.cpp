@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/TableHead.h"
 
 #include <QGuiApplication>
 
@@ -100,11 +101,10 @@ QVariant QtImportPreviewModel::data(const QModelIndex& index, int role) const {
 
 QVariant QtImportPreviewModel::headerData(int section, Qt::Orientation orientation,
                                           int role) const {
-  if (orientation != Qt::Horizontal) return {};
-  if (role == Qt::TextAlignmentRole) {
-    return QVariant((IsNumber(section) ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-  }
-  if (role != Qt::DisplayRole) return {};
+  return HeadData(orientation, role, IsNumber(section), Title(section));
+}
+
+QString QtImportPreviewModel::Title(int section) const {
   if (section == 0) return tr("Row");
   if (side_ == Side::File) return CsvColumnName(section);
   switch (ReadColumn(section)) {

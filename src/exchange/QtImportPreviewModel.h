@@ -31,6 +31,7 @@ class QtImportPreviewModel : public QAbstractTableModel {
 
  private:
   [[nodiscard]] QString Text(const CsvPreviewRow& row, int section) const;
+  [[nodiscard]] QString Title(int section) const;
   [[nodiscard]] QString ReadText(const CsvPreviewRow& row, Column column) const;
   [[nodiscard]] QVariant Colour(const CsvPreviewRow& row, int section) const;
   [[nodiscard]] bool IsNumber(int section) const;

@@ -27,8 +27,7 @@ constexpr int kListHeight = 28 * kRhythm;
 }  // namespace
 
 FrmHistory::FrmHistory(const InvestPlace& place, std::int64_t investmentId)
-    : FormDialog(QStringLiteral("FrmHistory"), place.platform.prompts, place.parent),
-      place_(place),
+    : QtEntryListDialog(QStringLiteral("FrmHistory"), place),
       editor_(place.ledger, place.platform, investmentId),
       decimals_(Settings(place.platform.registry).InvestmentDecimals()),
       pages_(new QStackedWidget(this)),
@@ -43,7 +42,10 @@ FrmHistory::FrmHistory(const InvestPlace& place, std::int64_t investmentId)
   setWindowTitle(tr("Stock Price History"));
   MakeList();
   MakeFields();
-  MakeCommands();
+  auto* import = MakeButton(tr("&Import..."), "cmdImport");
+  import->setToolTip(tr("Bring in the prices of a CSV file"));
+  connect(import, &QPushButton::clicked, this, &FrmHistory::Import);
+  MakeCommands(tr("Fetch the latest price and store it as today's"), {import});
   connect(lvHistory_, &ucEntryList::ChoiceChanged, this, &FrmHistory::TakeChosen);
   connect(lvHistory_, &ucEntryList::DeletePressed, this, &FrmHistory::Delete);
   Run([this] { Fill(); });
@@ -51,7 +53,7 @@ FrmHistory::FrmHistory(const InvestPlace& place, std::int64_t investmentId)
 }
 
 void FrmHistory::MakeList() {
-  lvHistory_->SetWidths(ToQt(Settings(place_.platform.registry).Text(Setting::chH)));
+  lvHistory_->SetWidths(ToQt(Settings(Place().platform.registry).Text(Setting::chH)));
   lvHistory_->setFrameShape(QFrame::NoFrame);
   empty_->Show(QStringLiteral("currency"), tr("No prices yet"),
                tr("Enter a price with its date below, or download one."), nullptr);
@@ -69,37 +71,13 @@ void FrmHistory::MakeFields() {
   txtPrice_->SetAmount(0);
 }
 
-void FrmHistory::MakeCommands() {
-  auto* download = MakeButton(tr("Do&wnload"), "cmdDownload");
-  download->setToolTip(tr("Fetch the latest price and store it as today's"));
-  cmdSources_ = MakeButton(tr("Data So&urces..."), "cmdSources");
-  cmdSources_->setToolTip(tr("See and change where prices and exchange rates come from"));
-  auto* import = MakeButton(tr("&Import..."), "cmdImport");
-  import->setToolTip(tr("Bring in the prices of a CSV file"));
-  AddTools({download, import, cmdSources_});
-  auto* another = MakeButton(tr("&New"), "cmdNew");
-  cmdDelete_ = MakeButton(tr("&Delete"), "cmdDelete");
-  cmdDelete_->setEnabled(false);
-  auto* accept = MakeButton(tr("&Save"), "cmdAccept");
-  auto* cancel = MakeButton(tr("&Close"), "cmdCancel");
-  accept->setDefault(true);
-  AddButtonRow({another, cmdDelete_}, {accept, cancel});
-  connect(download, &QPushButton::clicked, this, &FrmHistory::Download);
-  connect(import, &QPushButton::clicked, this, &FrmHistory::Import);
-  connect(cmdSources_, &QPushButton::clicked, this, &FrmHistory::OpenDataSources);
-  connect(another, &QPushButton::clicked, this, &FrmHistory::New);
-  connect(cmdDelete_, &QPushButton::clicked, this, &FrmHistory::Delete);
-  connect(accept, &QPushButton::clicked, this, &FrmHistory::Accept);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-}
-
 void FrmHistory::Fill(std::optional<Date> chosen) {
   const QString name = ToQt(editor_.Investment());
   lvHistory_->Clear();
   rows_ = editor_.Rows();
   for (const PriceRecord& row : rows_) {
-    lvHistory_->AddRow({name, ToQt(place_.platform.locale.FormatShortDate(row.date)),
-                        ToQt(place_.platform.locale.FormatNumber(row.price, decimals_))});
+    lvHistory_->AddRow({name, ToQt(Place().platform.locale.FormatShortDate(row.date)),
+                        ToQt(Place().platform.locale.FormatNumber(row.price, decimals_))});
   }
   pages_->setCurrentIndex(rows_.empty() ? 1 : 0);
   if (!chosen) return;
@@ -115,7 +93,7 @@ std::vector<std::int64_t> FrmHistory::ChosenKeys() const {
 
 void FrmHistory::TakeChosen() {
   const std::vector<std::size_t> chosen = lvHistory_->ChosenRows();
-  cmdDelete_->setEnabled(!chosen.empty());
+  AllowDelete(!chosen.empty());
   if (chosen.empty()) return;
   // Of several the one that was chosen last.
   const auto current = static_cast<std::size_t>(std::max(0, lvHistory_->currentIndex().row()));
@@ -167,20 +145,20 @@ void FrmHistory::Download() {
       isStored = editor_.Download();
     }
     Note(ToQt(editor_.Note()));
-    if (!isStored) return cmdSources_->setFocus();
+    if (!isStored) return LeadToSources();
     MarkChanged();
-    Fill(place_.platform.clock.Today());
+    Fill(Place().platform.clock.Today());
   });
 }
 
 void FrmHistory::Import() {
   Run([this] {
-    const auto path = place_.platform.prompts.OpenFile(
+    const auto path = Place().platform.prompts.OpenFile(
         {"Select File to Import", "CSV Files (*.csv *.txt);;All Files", "*", {}, {}});
     if (!path) return;
     FileText file = ReadFileText(*path);
     if (file.fault) return Warn({"Import Prices", *file.fault, ""});
-    FrmPriceImport form({place_.platform, place_.ledger, place_.rates, this},
+    FrmPriceImport form({Place().platform, Place().ledger, Place().rates, this},
                         editor_.InvestmentId(), std::move(file.text));
     form.exec();
     if (!form.IsChanged()) return;
@@ -189,15 +167,11 @@ void FrmHistory::Import() {
   });
 }
 
-void FrmHistory::OpenDataSources() {
-  Run([this] { OpenSources({place_.platform, place_.ledger, place_.rates, this}); });
-}
-
 void FrmHistory::done(int result) {
   Run([this] {
-    Settings(place_.platform.registry).SetText(Setting::chH, FromQt(lvHistory_->Widths()));
+    Settings(Place().platform.registry).SetText(Setting::chH, FromQt(lvHistory_->Widths()));
   });
-  FormDialog::done(result);
+  QtEntryListDialog::done(result);
 }
 
 }  // namespace corvanta::inline invest

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "controls/FormDialog.h"
 #include "invest/HistoryEditor.h"
-#include "invest/InvestDialogs.h"
+#include "invest/QtEntryListDialog.h"
 
 class QStackedWidget;
 
@@ -17,7 +16,7 @@ namespace corvanta::inline invest {
 class ucEntryList;
 
 // The stored prices of one investment: listed, entered, downloaded and deleted.
-class FrmHistory : public FormDialog {
+class FrmHistory : public QtEntryListDialog {
   Q_OBJECT
 
  public:
@@ -29,19 +28,16 @@ class FrmHistory : public FormDialog {
  private:
   void MakeList();
   void MakeFields();
-  void MakeCommands();
   // Reads the list anew; the price of that day is chosen, or none.
   void Fill(std::optional<Date> chosen = std::nullopt);
   void TakeChosen();
-  void New();
-  void Accept();
-  void Delete();
-  void Download();
+  void New() override;
+  void Accept() override;
+  void Delete() override;
+  void Download() override;
   void Import();
-  void OpenDataSources();
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
 
-  InvestPlace place_;
   HistoryEditor editor_;
   int decimals_;
   std::vector<PriceRecord> rows_;  // as they are listed
@@ -50,8 +46,6 @@ class FrmHistory : public FormDialog {
   EmptyState* empty_;
   DateField* dtStock_;
   AmountEdit* txtPrice_;
-  QPushButton* cmdDelete_ = nullptr;
-  QPushButton* cmdSources_ = nullptr;
 };
 
 }  // namespace corvanta::inline invest

@@ -25,8 +25,7 @@ constexpr int kListHeight = 28 * kRhythm;
 }  // namespace
 
 FrmRates::FrmRates(const InvestPlace& place)
-    : FormDialog(QStringLiteral("FrmRates"), place.platform.prompts, place.parent),
-      place_(place),
+    : QtEntryListDialog(QStringLiteral("FrmRates"), place),
       editor_(place.ledger, place.platform),
       lvRates_(new ucEntryList("lvRates", tr("Exchange Rates"),
                                {{tr("From"), "WWW", 0},
@@ -43,7 +42,7 @@ FrmRates::FrmRates(const InvestPlace& place)
   lvRates_->setMinimumSize(kListWidth, kListHeight);
   AddAbove(lvRates_);
   MakeFields();
-  MakeCommands();
+  MakeCommands(tr("Fetch today's rate between the two currencies"));
   connect(lvRates_, &ucEntryList::ChoiceChanged, this, &FrmRates::TakeChosen);
   connect(lvRates_, &ucEntryList::DeletePressed, this, &FrmRates::Delete);
   Run([this] { Fill(); });
@@ -58,34 +57,13 @@ void FrmRates::MakeFields() {
   txtRate_->setToolTip(tr("Units of the second currency for one of the first"));
 }
 
-void FrmRates::MakeCommands() {
-  auto* download = MakeButton(tr("Do&wnload"), "cmdDownload");
-  download->setToolTip(tr("Fetch today's rate between the two currencies"));
-  cmdSources_ = MakeButton(tr("Data So&urces..."), "cmdSources");
-  cmdSources_->setToolTip(tr("See and change where exchange rates come from"));
-  AddTools({download, cmdSources_});
-  connect(download, &QPushButton::clicked, this, &FrmRates::Download);
-  connect(cmdSources_, &QPushButton::clicked, this, &FrmRates::OpenDataSources);
-  auto* another = MakeButton(tr("&New"), "cmdNew");
-  cmdDelete_ = MakeButton(tr("&Delete"), "cmdDelete");
-  cmdDelete_->setEnabled(false);
-  auto* accept = MakeButton(tr("&Save"), "cmdAccept");
-  auto* cancel = MakeButton(tr("&Close"), "cmdCancel");
-  accept->setDefault(true);
-  AddButtonRow({another, cmdDelete_}, {accept, cancel});
-  connect(another, &QPushButton::clicked, this, &FrmRates::New);
-  connect(cmdDelete_, &QPushButton::clicked, this, &FrmRates::Delete);
-  connect(accept, &QPushButton::clicked, this, &FrmRates::Accept);
-  connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-}
-
 void FrmRates::Fill(std::int64_t chosen) {
-  const CurrencyConverter numbers(place_.rates, place_.platform.locale);
+  const CurrencyConverter numbers(Place().rates, Place().platform.locale);
   lvRates_->Clear();
   rows_ = editor_.Rows();
   for (const RateRecord& row : rows_) {
     lvRates_->AddRow({ToQt(row.from), ToQt(row.to),
-                      ToQt(place_.platform.locale.FormatShortDate(row.date)),
+                      ToQt(Place().platform.locale.FormatShortDate(row.date)),
                       ToQt(numbers.PlainNumber(row.rate)), ToQt(row.source)});
   }
   const auto found = std::ranges::find(rows_, chosen, &RateRecord::rateId);
@@ -99,7 +77,7 @@ void FrmRates::Fill(std::int64_t chosen) {
 
 void FrmRates::TakeChosen() {
   const std::vector<std::size_t> chosen = lvRates_->ChosenRows();
-  cmdDelete_->setEnabled(!chosen.empty());
+  AllowDelete(!chosen.empty());
   if (chosen.empty()) return;
   const RateRecord& rate = rows_.at(chosen.front());
   cmbFrom_->SetCode(rate.from);
@@ -159,16 +137,12 @@ void FrmRates::Download() {
       isKept = editor_.Download(form);
     }
     Note(ToQt(editor_.Note()));
-    if (!isKept) return cmdSources_->setFocus();
+    if (!isKept) return LeadToSources();
     MarkChanged();
     const auto latest =
-        place_.ledger.Rates().Latest(form.from, form.to, place_.platform.clock.Today());
+        Place().ledger.Rates().Latest(form.from, form.to, Place().platform.clock.Today());
     Fill(latest ? latest->rateId : 0);
   });
-}
-
-void FrmRates::OpenDataSources() {
-  Run([this] { OpenSources({place_.platform, place_.ledger, place_.rates, this}); });
 }
 
 }  // namespace corvanta::inline invest

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "controls/FormDialog.h"
-#include "invest/InvestDialogs.h"
+#include "invest/QtEntryListDialog.h"
 #include "invest/RateEditor.h"
 
 namespace corvanta::inline controls {
@@ -15,7 +14,7 @@ class ucCurrencyBox;
 class ucEntryList;
 
 // The exchange rates that were fetched or entered, with their days: listed, entered and deleted.
-class FrmRates : public FormDialog {
+class FrmRates : public QtEntryListDialog {
   Q_OBJECT
 
  public:
@@ -23,19 +22,16 @@ class FrmRates : public FormDialog {
 
  private:
   void MakeFields();
-  void MakeCommands();
   // Reads the list anew; the rate of that key is chosen, or none.
   void Fill(std::int64_t chosen = 0);
   void TakeChosen();
-  void New();
-  void Accept();
-  void Delete();
-  void Download();
-  void OpenDataSources();
+  void New() override;
+  void Accept() override;
+  void Delete() override;
+  void Download() override;
   // With the names of currencies whose codes were typed.
   [[nodiscard]] RateForm Form();
 
-  InvestPlace place_;
   RateEditor editor_;
   std::vector<RateRecord> rows_;  // as they are listed
   ucEntryList* lvRates_;
@@ -43,8 +39,6 @@ class FrmRates : public FormDialog {
   ucCurrencyBox* cmbTo_;
   DateField* dtRate_;
   AmountEdit* txtRate_;
-  QPushButton* cmdDelete_ = nullptr;
-  QPushButton* cmdSources_ = nullptr;
 };
 
 }  // namespace corvanta::inline invest

@@ -2,7 +2,7 @@
 
 #include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
-#include "ledger/RateSource.h"
+#include "ledger/PostingRates.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/ScheduleStart.h"
@@ -21,19 +21,16 @@
 
 #include <algorithm>
 #include <optional>
-#include <set>
 
 namespace corvanta::inline ledger {
-namespace {
-
-constexpr const char* kRateTitle = "Download Currency";
-
-}  // namespace
 
 class SchedulePosting::Impl {
  public:
   Impl(clsCorvanta& ledger, Platform& platform, RateSource& rates)
-      : ledger_(ledger), platform_(platform), rates_(rates), store_(ledger.Store()) {}
+      : ledger_(ledger),
+        platform_(platform),
+        rates_(rates, platform.prompts),
+        store_(ledger.Store()) {}
 
   PostingResult PostAll();
   OccurrenceResult PostOne(std::int64_t scheduleId, Date due);
@@ -60,7 +57,6 @@ class SchedulePosting::Impl {
   [[nodiscard]] std::optional<Job> JobOf(std::int64_t scheduleId);
   [[nodiscard]] bool IsAgreed(const std::vector<Job>& jobs);
   void FetchRates(Job& job);
-  [[nodiscard]] std::optional<double> RateOf(const ScheduleDetails& schedule);
   bool WriteAll(const std::vector<Job>& jobs);
   bool WriteApart(const Job& job);
   bool Write(const Job& job);
@@ -70,20 +66,17 @@ class SchedulePosting::Impl {
 
   clsCorvanta& ledger_;
   Platform& platform_;
-  RateSource& rates_;
+  PostingRates rates_;
   Connection& store_;
   bool movesDates_ = false;
-  std::set<std::string> withoutRate_;  // pairs of currencies, so that each is waited for once
-  std::set<std::string> noticed_;      // and those of which a person was told something, once
-  std::size_t total_ = 0;              // occurrences to write
-  std::string refused_;                // what could not be posted, for the person
+  std::size_t total_ = 0;  // occurrences to write
+  std::string refused_;    // what could not be posted, for the person
   PostingResult result_;
 };
 
 void SchedulePosting::Impl::Begin() {
   movesDates_ = Settings(platform_.registry).IsOn(Setting::UpdateSchedule);
-  withoutRate_.clear();
-  noticed_.clear();
+  rates_.Begin();
   refused_.clear();
   total_ = 0;
   result_ = {};
@@ -180,7 +173,7 @@ void SchedulePosting::Impl::FetchRates(Job& job) {
   job.otherAmounts.clear();
   std::optional<Date> firstWithout;
   for (const Date due : job.missing) {
-    const std::optional<double> rate = RateOf(schedule);
+    const std::optional<double> rate = rates_.Rate(schedule.currency, schedule.transferCurrency);
     if (rate) {
       posted.push_back(due);
       job.otherAmounts.push_back(RoundToCurrency(*rate * amount, schedule.transferCurrency));
@@ -191,23 +184,6 @@ void SchedulePosting::Impl::FetchRates(Job& job) {
   result_.waiting += job.missing.size() - posted.size();
   job.missing = std::move(posted);
   if (firstWithout) std::erase_if(job.passed, [&](Date due) { return due >= *firstWithout; });
-}
-
-// Asked for every occurrence until it fails.
-std::optional<double> SchedulePosting::Impl::RateOf(const ScheduleDetails& schedule) {
-  const std::string pair = schedule.currency + ">" + schedule.transferCurrency;
-  if (withoutRate_.contains(pair)) return std::nullopt;
-  const auto answer = rates_.Rate(schedule.currency, schedule.transferCurrency);
-  if (answer) {
-    const bool isTold = answer->notice.empty() || !noticed_.insert(pair).second;
-    if (!isTold) platform_.prompts.Tell(kRateTitle, answer->notice);
-    return answer->rate;
-  }
-  if (withoutRate_.empty() && !rates_.WasStopped()) {
-    platform_.prompts.Tell(kRateTitle, "Could not connect to website");
-  }
-  withoutRate_.insert(pair);
-  return std::nullopt;
 }
 
 // As one step; false when the person stopped it, and nothing is written then.

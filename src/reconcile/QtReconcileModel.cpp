@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/TableHead.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 
@@ -117,11 +118,10 @@ QString QtReconcileModel::Spoken(const ReconcileRow& row, int column) const {
 }
 
 QVariant QtReconcileModel::headerData(int section, Qt::Orientation orientation, int role) const {
-  if (orientation != Qt::Horizontal) return {};
-  if (role == Qt::TextAlignmentRole && IsMoney(section)) {
-    return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
-  }
-  if (role != Qt::DisplayRole) return {};
+  return HeadData(orientation, role, IsMoney(section), Title(section));
+}
+
+QString QtReconcileModel::Title(int section) {
   switch (section) {
     case kDate:
       return tr("Date");

@@ -59,6 +59,7 @@ class QtReconcileModel : public QAbstractTableModel {
                                     int role) const override;
 
  private:
+  [[nodiscard]] static QString Title(int section);
   [[nodiscard]] QString Text(const ReconcileRow& row, int column) const;
   [[nodiscard]] QString Spoken(const ReconcileRow& row, int column) const;
   [[nodiscard]] SortKey Key(const ReconcileRow& row, int column) const;
