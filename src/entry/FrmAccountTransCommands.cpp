@@ -6,16 +6,14 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/ucCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
-#include "ledger/KeywordBook.h"
 #include "ledger/Money.h"
-#include "ledger/ReferenceRecords.h"
 #include "notes/NoteDialogs.h"
+#include "notes/QtNoteButtons.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <cmath>
@@ -155,24 +153,7 @@ void FrmAccountTrans::OpenFiles() {
 }
 
 void FrmAccountTrans::ShowNotes(std::int64_t key) {
-  QStringList keywords;
-  QStringList files;
-  if (key != 0) {
-    for (const KeywordRecord& row : place_.ledger.Notes().KeywordsOf(key)) {
-      keywords.append(ToQt(row.keyword));
-    }
-    for (const AttachmentRecord& row : place_.ledger.Notes().AttachmentsOf(key)) {
-      files.append(ToQt(row.file));
-    }
-  }
-  const auto show = [](QPushButton& button, const QString& word, const QStringList& names,
-                       const QString& none) {
-    button.setText(names.isEmpty() ? word + QStringLiteral("...")
-                                   : word + QStringLiteral(" (%1)...").arg(names.size()));
-    button.setToolTip(names.isEmpty() ? none : names.join(QStringLiteral(", ")));
-  };
-  show(*cmdKeywords_, tr("&Keywords"), keywords, tr("Choose the keywords of the transaction"));
-  show(*cmdAttachments_, tr("Fi&les"), files, tr("Attach files to the transaction"));
+  corvanta::ShowNotes(key, *cmdKeywords_, *cmdAttachments_, place_.ledger);
 }
 
 void FrmAccountTrans::LookUpCurrency() {

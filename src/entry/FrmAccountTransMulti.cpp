@@ -8,6 +8,7 @@
 #include "entry/ucCategoryBoxes.h"
 #include "ledger/BulkChange.h"
 #include "ledger/TransactionStatus.h"
+#include "notes/NoteDialogs.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "reference/AccountChoices.h"
@@ -87,8 +88,15 @@ void FrmAccountTransMulti::MakeButtons() {
   auto* remove = MakeButton(tr("&Delete"), "cmdDelete");
   auto* help = MakeButton(tr("&Help"), "cmdHelp");
   auto* cancel = MakeButton(tr("&Close"), "cmdCancel");
+  auto* keywords = MakeButton(tr("&Keywords..."), "cmdKeywords");
+  keywords->setToolTip(tr("Choose keywords for all of the transactions"));
   accept->setDefault(true);
-  AddButtonRow({remove, help}, {accept, cancel});
+  AddButtonRow({remove, keywords, help}, {accept, cancel});
+  connect(keywords, &QPushButton::clicked, this, [this] {
+    Run([this] {
+      if (OpenKeywords(keys_, {platform_, ledger_, this})) MarkChanged();
+    });
+  });
   connect(accept, &QPushButton::clicked, this, &FrmAccountTransMulti::Accept);
   connect(remove, &QPushButton::clicked, this, &FrmAccountTransMulti::Delete);
   connect(help, &QPushButton::clicked, this, &FrmAccountTransMulti::Help);

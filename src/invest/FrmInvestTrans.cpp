@@ -11,6 +11,8 @@
 #include "ledger/CurrencyOf.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/clsCorvanta.h"
+#include "notes/NoteDialogs.h"
+#include "notes/QtNoteButtons.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 #include "reference/AccountChoices.h"
@@ -20,6 +22,7 @@
 #include <QPushButton>
 
 #include <algorithm>
+#include <functional>
 
 namespace corvanta::inline invest {
 
@@ -40,6 +43,7 @@ FrmInvestTrans::FrmInvestTrans(const InvestTransRequest& request, const InvestPl
   MakeFigures();
   MakeFields();
   CloseWhenSaved();
+  MakeNotes();
   AddButtons();
   ConnectFields();
 }
@@ -74,6 +78,23 @@ void FrmInvestTrans::MakeFields() {
   AddField(tr("Desc&ription:"), txtDescription_, "txtDescription");
   txtTotal_->setToolTip(
       tr("Worked out from the other figures when one of them is left; it can be typed, too"));
+}
+
+void FrmInvestTrans::MakeNotes() {
+  cmdKeywords_ = MakeButton(tr("&Keywords..."), "cmdKeywords");
+  cmdAttachments_ = MakeButton(tr("&Files..."), "cmdAttachments");
+  AddEditButton(cmdKeywords_);
+  AddEditButton(cmdAttachments_);
+  const auto open = [this](const std::function<bool(std::int64_t, const NotePlace&)>& dialog) {
+    Run([&] {
+      if (dialog(Key(), {place_.platform, place_.ledger, this})) MarkChanged();
+      ShowNotes(Key(), *cmdKeywords_, *cmdAttachments_, place_.ledger);
+    });
+  };
+  connect(cmdKeywords_, &QPushButton::clicked, this, [open] {
+    open([](std::int64_t key, const NotePlace& place) { return OpenKeywords({&key, 1}, place); });
+  });
+  connect(cmdAttachments_, &QPushButton::clicked, this, [open] { open(OpenAttachments); });
 }
 
 void FrmInvestTrans::ConnectFields() {
@@ -111,6 +132,7 @@ bool FrmInvestTrans::Load(std::int64_t key) {
   if (request_.accountId == 0) request_.accountId = form->accountId;
   if (request_.investmentId == 0) request_.investmentId = form->investmentId;
   Show(*form);
+  ShowNotes(key, *cmdKeywords_, *cmdAttachments_, place_.ledger);
   return true;
 }
 

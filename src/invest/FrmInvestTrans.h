@@ -39,6 +39,7 @@ class FrmInvestTrans : public EditorDialog {
  private:
   void MakeFigures();
   void MakeFields();
+  void MakeNotes();
   void ConnectFields();
   // Those of the keys are among them, whatever is wrong with them.
   void FillLists(std::int64_t accountId, std::int64_t investmentId);
@@ -70,6 +71,8 @@ class FrmInvestTrans : public EditorDialog {
   QLabel* lblCurrency_;
   ChoiceRow* opPayment_;
   QLineEdit* txtDescription_;
+  QPushButton* cmdKeywords_ = nullptr;
+  QPushButton* cmdAttachments_ = nullptr;
 };
 
 }  // namespace corvanta::inline invest

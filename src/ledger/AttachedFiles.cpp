@@ -171,7 +171,8 @@ std::int64_t AttachedFiles::Attach(std::int64_t transactionId, const std::string
   const fs::path from = fs::absolute(path).lexically_normal();
   AttachmentRecord record{0, transactionId, from.filename().string(), from.string(), {}};
   if (mode == AttachmentMode::Path) {
-    if (!fs::is_regular_file(from)) (void)ReadFile(path, 0);
+    std::error_code error;
+    if (!fs::is_regular_file(from, error)) (void)ReadFile(path, 0);
     return AddRow(record);
   }
   // Where the copy came from is only told.

@@ -1,6 +1,7 @@
 #include "ledger/OpenedAttachments.h"
 
 #include "platform/Files.h"
+#include "platform/PlatformError.h"
 
 #include <algorithm>
 #include <exception>
@@ -34,12 +35,16 @@ std::string OpenedAttachments::PathToEdit(const AttachmentRecord& row) {
 
 std::vector<std::string> OpenedAttachments::TakeBack() {
   std::vector<std::string> taken;
-  for (Edited& copy : edited_) {
+  for (std::size_t place = 0; place < edited_.size(); ++place) {
+    const std::string path = edited_[place].path;
     try {
-      if (TakeBack(copy)) taken.push_back(std::filesystem::path(copy.path).filename().string());
-    } catch (...) {
-      copies_.Release(copy.path);
-      throw;
+      if (TakeBack(edited_[place]))
+        taken.push_back(std::filesystem::path(path).filename().string());
+    } catch (const std::exception& error) {
+      copies_.Release(path);
+      edited_.erase(edited_.begin() + static_cast<std::ptrdiff_t>(place));
+      throw PlatformError(std::string(error.what()) +
+                          " What was changed outside the data file is kept in " + path + ".");
     }
   }
   return taken;

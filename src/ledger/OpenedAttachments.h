@@ -28,7 +28,8 @@ class OpenedAttachments {
   // The same to be written to.
   [[nodiscard]] std::string PathToEdit(const AttachmentRecord& row);
   // Takes back what was changed in the copies, a step for each; returns the files' names. A copy
-  // that cannot be taken back stays where it is, also beyond the end of the program.
+  // that cannot be taken back stays where it is, also beyond the end of the program, and is not
+  // tried again: what is thrown then, a PlatformError, says where it is.
   std::vector<std::string> TakeBack();
   // What a program that was killed has left changed, by its path; each is returned once.
   std::vector<std::string> Leftovers() { return copies_.Sweep(); }

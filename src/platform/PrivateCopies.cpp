@@ -25,16 +25,20 @@ namespace fs = std::filesystem;
 constexpr std::array<timespec, 2> kUntouched{timespec{1, 0}, timespec{1, 0}};
 constexpr std::size_t kLongestName = 200;  // bytes
 
-bool IsUntouched(const std::string& path) {
+// Whether somebody has written to the copy. What another program puts beside it for its own use is
+// hidden, and a copy that was only to be looked at is write-protected.
+bool IsChanged(const fs::path& path) {
   struct stat status {};
-  return ::stat(path.c_str(), &status) == 0 && status.st_mtim.tv_sec == kUntouched[1].tv_sec;
+  if (path.filename().string().starts_with('.') || ::stat(path.c_str(), &status) != 0) return false;
+  return (status.st_mode & S_IWUSR) != 0 && status.st_mtim.tv_sec != kUntouched[1].tv_sec;
 }
 
 // Best effort: what the disk itself has kept of it nobody can reach from here.
-void Wipe(const std::string& path) {
-  ::chmod(path.c_str(), S_IRUSR | S_IWUSR);
-  FileHandle file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
+void Overwrite(const std::string& path) {
   struct stat status {};
+  if (::lstat(path.c_str(), &status) != 0 || !S_ISREG(status.st_mode)) return;
+  ::chmod(path.c_str(), S_IRUSR | S_IWUSR);
+  const FileHandle file(::open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
   if (file.IsOpen() && ::fstat(file.Get(), &status) == 0 && S_ISREG(status.st_mode)) {
     static constexpr std::array<char, 16384> kNothing{};
     for (off_t left = status.st_size; left > 0;) {
@@ -45,9 +49,23 @@ void Wipe(const std::string& path) {
     }
     ::fsync(file.Get());
   }
-  file.Close();
-  ::unlink(path.c_str());
-  ::rmdir(fs::path(path).parent_path().c_str());
+}
+
+std::vector<fs::path> EntriesOf(const fs::path& folder) {
+  std::error_code error;
+  std::vector<fs::path> entries;
+  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    entries.push_back(entry->path());
+  }
+  return entries;
+}
+
+// With what other programs have put beside the copy.
+void WipeFolder(const fs::path& folder) {
+  for (const fs::path& file : EntriesOf(folder)) Overwrite(file.string());
+  std::error_code error;
+  fs::remove_all(folder, error);
 }
 
 // "1234-1": the program that made it; nullopt for a folder of another kind.
@@ -64,23 +82,14 @@ bool IsAlive(pid_t owner) {
   return owner == ::getpid() || ::kill(owner, 0) == 0 || errno == EPERM;
 }
 
-std::vector<fs::path> EntriesOf(const fs::path& folder) {
-  std::error_code error;
-  std::vector<fs::path> entries;
-  for (fs::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
-    entries.push_back(entry->path());
-  }
-  return entries;
-}
-
 std::string NameOf(const std::string& name) {
   std::string clean;
   for (const char letter : fs::path(name).filename().string()) {
     const bool isHarmless = static_cast<unsigned char>(letter) >= ' ' && letter != 0x7f;
     if (isHarmless) clean += letter;
   }
-  if (clean.empty() || clean == "." || clean == "..") return "attachment";
+  clean.erase(0, clean.find_first_not_of('.'));
+  if (clean.empty()) return "attachment";
   // The ending says which program is for it.
   if (clean.size() > kLongestName) clean.erase(0, clean.size() - kLongestName);
   while (!clean.empty() && (static_cast<unsigned char>(clean.front()) & 0xC0U) == 0x80U) {
@@ -92,7 +101,7 @@ std::string NameOf(const std::string& name) {
 }  // namespace
 
 PrivateCopies::~PrivateCopies() {
-  for (const std::string& path : paths_) Wipe(path);
+  for (const std::string& path : paths_) WipeFolder(fs::path(path).parent_path());
 }
 
 std::string PrivateCopies::Put(const std::string& name, const std::string& bytes,
@@ -123,17 +132,17 @@ std::vector<std::string> PrivateCopies::Sweep() {
     if (!owner || IsAlive(*owner)) continue;
     fs::path place = folder;
     const std::vector<fs::path> copies = EntriesOf(folder);
-    const bool isChanged = std::ranges::any_of(
-        copies, [](const fs::path& copy) { return !IsUntouched(copy.string()); });
-    if (!isChanged) {
-      for (const fs::path& copy : copies) Wipe(copy.string());
+    if (std::ranges::none_of(copies, IsChanged)) {
+      WipeFolder(folder);
       continue;
     }
     place.replace_filename("kept-" + folder.filename().string());
     std::error_code error;
     fs::rename(folder, place, error);
     if (error) continue;
-    for (const fs::path& copy : copies) kept.push_back((place / copy.filename()).string());
+    for (const fs::path& copy : copies) {
+      if (IsChanged(place / copy.filename())) kept.push_back((place / copy.filename()).string());
+    }
   }
   return kept;
 }

@@ -41,6 +41,7 @@ void FrmCalculator::MakeLayout() {
   lvSums_->setObjectName(QStringLiteral("lvSums"));
   lvSums_->setAccessibleName(tr("Sums and their results"));
   lvSums_->setMinimumHeight(16 * kRhythm);
+  lvSums_->setSpacing(kRhythm / 4);
   AddAbove(lvSums_);
   txtSum_->setPlaceholderText(tr("Such as 12.50*3+(4-1)/2"));
   auto* work = MakeButton(tr("&Work Out"), "cmdAccept");

@@ -65,6 +65,21 @@ TEST_F(Multi, WhatIsFilledInIsChangedAndTheRestStays) {
   }
 }
 
+TEST_F(Multi, AllOfThemGetAKeyword) {
+  const std::vector<std::int64_t> keys{AddRow(bank_, -10), AddRow(bank_, 20)};
+  FrmAccountTransMulti form(keys, Place());
+  Show(form);
+  InNextDialog([](QDialog& dialog) {
+    EXPECT_EQ(dialog.windowTitle(), "Keywords of 2 Transactions");
+    Type(dialog, "txtKeyword", "Tax");
+    Click(dialog, "cmdAdd");
+    Click(dialog, "cmdAccept");
+  });
+  Click(form, "cmdKeywords");
+  EXPECT_TRUE(form.IsChanged());
+  EXPECT_EQ(Count("tblKeywordLink"), 2);
+}
+
 TEST_F(Multi, TheStatusStaysUnlessOneIsChosen) {
   const std::vector<std::int64_t> keys{AddRow(bank_, -10)};
   ledger_.Statuses().SetStatus(keys[0], 1, 1, 1);

@@ -231,6 +231,24 @@ TEST_F(FrmInvestTransTest, AnExistingRowIsShownAndChanged) {
   EXPECT_EQ(row.amount, -52);
 }
 
+TEST_F(FrmInvestTransTest, KeywordsAndFilesBelongToAnExistingRow) {
+  Open(0);
+  EXPECT_FALSE(Find<QPushButton>(*dialog_, "cmdKeywords").isVisible());
+  Open(Buy(broker_));
+  InNextDialog([](QDialog& dialog) {
+    Type(dialog, "txtKeyword", "Tax");
+    Click(dialog, "cmdAdd");
+    Click(dialog, "cmdAccept");
+  });
+  Click(*dialog_, "cmdKeywords");
+  EXPECT_EQ(Find<QPushButton>(*dialog_, "cmdKeywords").text(), "&Keywords (1)...");
+  EXPECT_TRUE(dialog_->IsChanged());
+  std::string opened;
+  InNextDialog([&](QDialog& dialog) { opened = dialog.objectName().toStdString(); });
+  Click(*dialog_, "cmdAttachments");
+  EXPECT_EQ(opened, "FrmAttachments");
+}
+
 TEST_F(FrmInvestTransTest, AnInvestmentWithoutACurrencyIsStillTheRows) {
   const std::int64_t key = Buy(broker_);
   Store().Execute("UPDATE tblPayees SET CurrencyID = 0 WHERE PayeeID = " + std::to_string(acme_));

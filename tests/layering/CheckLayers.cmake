@@ -15,7 +15,7 @@ set(may_notes ${base} notes reference reports)
 set(may_entry ${base} entry invest notes reference reports)
 set(may_reconcile ${base} reconcile entry reports)
 # Prices come in files, too, which are read as those of banks are.
-set(may_invest ${base} invest reference exchange reports)
+set(may_invest ${base} invest notes reference exchange reports)
 set(may_reports ${base} reports)
 set(may_exchange ${base} exchange reports)
 set(may_tools ${base} tools reports)

@@ -2,6 +2,7 @@
 #include "notes/AttachmentEditor.h"
 #include "notes/NotesTest.h"
 #include "platform/Files.h"
+#include "platform/PlatformError.h"
 #include "store/sql/StoreError.h"
 
 #include <filesystem>
@@ -154,7 +155,26 @@ TEST_F(Attachments, WhatIsChangedInACopyIsTakenBack) {
   EXPECT_EQ(ledger_.Notes().Files().Content(First()), "before");
 }
 
-TEST_F(Attachments, SavingWritesTheFileWherePersonSays) {
+TEST_F(Attachments, WhatCannotBeTakenBackIsKeptAndToldOnce) {
+  editor_.Keep(AttachmentMode::Inside);
+  ASSERT_TRUE(editor_.AddFile(PutFile("a.txt", "before")));
+  editor_.Edit(First());
+  const std::string copy = store_.platform.opener.Opened().back();
+  store_.platform.files.WriteAtomically(copy, "after");
+  CloseAccounts();
+  std::string told;
+  try {
+    editor_.TakeBack();
+  } catch (const PlatformError& error) {
+    told = error.what();
+  }
+  EXPECT_NE(told.find(copy), std::string::npos) << told;
+  EXPECT_FALSE(editor_.TakeBack());
+  EXPECT_EQ(ReadFile(copy), "after");
+  EXPECT_EQ(ledger_.Notes().Files().Content(First()), "before");
+}
+
+TEST_F(Attachments, SavingWritesTheFileWhereThePersonSays) {
   editor_.Keep(AttachmentMode::Inside);
   ASSERT_TRUE(editor_.AddFile(PutFile("a.txt", "text")));
   const std::string target = store_.platform.folder.Path("saved.txt");

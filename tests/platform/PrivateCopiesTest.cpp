@@ -21,6 +21,7 @@ TEST(PrivateCopies, NamesAreHarmless) {
   EXPECT_EQ(name("a\nb.txt"), "ab.txt");
   EXPECT_EQ(name(""), "attachment");
   EXPECT_EQ(name(".."), "attachment");
+  EXPECT_EQ(name(".hidden"), "hidden");
   EXPECT_EQ(name(std::string(400, 'x') + ".pdf").size(), 200U);
 }
 
@@ -58,6 +59,7 @@ TEST(PrivateCopies, WhatEndedProgramsLeftIsWipedUnlessItWasChanged) {
   files.CreateFolder(opened + "/999999999-2");
   files.WriteNew(opened + "/999999999-2/changed", "work of an hour");
   files.CreateFolder(opened + "/of somebody else");
+  files.WriteNew(opened + "/999999999-1/.~lock", "of another program");
   PrivateCopies copies(opened);
   const std::string kept = opened + "/kept-999999999-2/changed";
   EXPECT_EQ(copies.Sweep(), std::vector<std::string>{kept});

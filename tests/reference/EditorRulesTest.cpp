@@ -250,6 +250,9 @@ TEST_F(EditorRules, AnAccountBringsItsGroupAndBankAndOneUndoTakesAllBack) {
   form = *editor.Load(editor.Save(form));
   EXPECT_EQ(form.accountGroup, "Pockets");
   EXPECT_EQ(form.bank, "My Bank");
+  const AccountForm like = editor.New(form.accountId);
+  EXPECT_EQ(like.accountGroup + '/' + like.bank, "Pockets/My Bank");
+  EXPECT_EQ(like.account + '/' + std::to_string(like.accountId), "/0");
   EXPECT_EQ(*form.openingBalance, -12.5);
   EXPECT_TRUE(form.closed);
   form.bank = "NONE";

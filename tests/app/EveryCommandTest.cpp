@@ -1,0 +1,315 @@
+// Walks every entry of every menu and every button of the ribbon, in every view: there is a dialog,
+// a question, another view or another effect behind each. What is added to the menus is walked,
+// too; where it shows nothing by itself, Prepare() sets the scene for it.
+#include "app/FrmMain.h"
+#include "app/LedgerSession.h"
+#include "app/QtProgress.h"
+#include "app/ViewCommand.h"
+#include "controls/SortedTable.h"
+#include "controls/ucRibbon.h"
+#include "ledger/TransactionBook.h"
+#include "ledger/TransactionRecord.h"
+#include "store/datafile/OpenDataFile.h"
+#include "store/sql/Connection.h"
+#include "support/TemporaryStore.h"
+
+#include <QAbstractButton>
+#include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QHeaderView>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStatusBar>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+namespace corvanta {
+namespace {
+
+// A person who reads everything and wants nothing.
+class DecliningPrompts : public Prompts {
+ public:
+  void Tell(const std::string& title, const std::string& text, Icon icon) override {
+    ++count;
+    // A failure is no effect; that nobody answers in the network is none of the command's.
+    const bool isFailure = title == "Data File" || title == "Application Error";
+    if (isFailure && icon != Icon::Information) troubles.push_back(title + ": " + text);
+  }
+  bool Ask(const std::string&, const std::string&, Icon) override { return ++count == 0; }
+  std::optional<std::size_t> Choose(const std::string&, const std::string&,
+                                    const std::vector<std::string>&) override {
+    ++count;
+    return std::nullopt;
+  }
+  std::optional<std::string> AskText(const std::string&, const std::string&, bool) override {
+    ++count;
+    return typed;
+  }
+  std::optional<std::string> OpenFile(const FileQuestion&) override {
+    ++count;
+    return std::nullopt;
+  }
+  std::optional<std::string> SaveFile(const FileQuestion&) override {
+    ++count;
+    return std::nullopt;
+  }
+
+  int count = 0;
+  std::optional<std::string> typed;
+  std::vector<std::string> troubles;
+};
+
+class EveryCommand : public testing::Test {
+ protected:
+  EveryCommand() {
+    PutDataFile(machine_, StoreContent::Sample);
+    session_.Open(true);
+    AddTransfer();
+    window_ = std::make_unique<FrmMain>(session_, platform_, progress_);
+    window_->Restore();
+    window_->resize(1280, 800);
+    window_->show();
+    // What opens is closed again, and counted.
+    QObject::connect(&closer_, &QTimer::timeout, window_.get(), [this] { CloseOpened(); });
+    closer_.start(0);
+  }
+  ~EveryCommand() override {
+    window_.reset();
+    session_.Close();
+  }
+
+  void CloseOpened() {
+    QWidget* opened = QApplication::activeModalWidget();
+    if (opened == nullptr) opened = QApplication::activePopupWidget();
+    if (opened == nullptr) return;
+    ++opened_;
+    if (auto* dialog = qobject_cast<QDialog*>(opened)) return dialog->done(QDialog::Rejected);
+    opened->close();
+  }
+  void Run(const std::string& sql) { session_.Ledger().Store().Execute(sql); }
+  void AddTransfer() {
+    TransactionRecord from = *session_.Ledger().Transactions().ReadTransaction(1);
+    from.transactionId = 0;
+    TransactionRecord to = from;
+    to.accountId = 2;
+    to.amount = -from.amount;
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Purse',2,17,5,0)");
+    session_.Ledger().Transactions().SaveTransfer(from, to);
+  }
+  SortedTable* Table() {
+    for (auto* table : window_->findChildren<SortedTable*>()) {
+      if (table->isVisible()) return table;
+    }
+    return nullptr;
+  }
+  // The view with its first row chosen, whatever the command before has done.
+  void Arrange(std::string_view view) {
+    if (!window_->isVisible()) window_->show();
+    window_->Show({view, view == kTransactionShow ? 1 : 0});
+    if (SortedTable* table = Table(); table != nullptr && table->model()->rowCount() > 0) {
+      table->setFocus();
+      table->ChooseRow(0);
+    }
+    QApplication::processEvents();
+  }
+  QAction& Action(const char* name) { return *window_->findChild<QAction*>(QLatin1String(name)); }
+
+  // What some commands need in order to show what they do.
+  void Prepare(const QString& name, std::string_view view) {
+    if (name == "mnuViewRefresh") {
+      Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,CloseAccount) VALUES ('" +
+          std::to_string(++made_) + "',1,17,0)");
+    } else if ((name == "mnuViewWidths" || name == "mnuViewFit") && Table() != nullptr) {
+      Table()->SetWidths(Table()->Widths() + QString());
+      Table()->horizontalHeader()->resizeSection(0, Table()->columnWidth(0) + 20);
+    } else if (name.startsWith("mnuEditUndo") || name == "mnuEditRedo") {
+      Run("UPDATE tblAccounts SET Description = '" + std::to_string(++made_) +
+          "' WHERE AccountID = 1");
+      if (name == "mnuEditRedo") Action("mnuEditUndo").trigger();
+    } else if (name == "mnuFilterNone") {
+      prompts_.typed = "e";
+      Action("mnuFilterText").trigger();
+      prompts_.typed.reset();
+    } else if (name == "mnuViewBack" || name == "mnuViewForward") {
+      window_->Show({view == kPayeeShow ? kCategoryShow : kPayeeShow});
+      window_->Show({view, view == kTransactionShow ? 1 : 0});
+      if (name == "mnuViewForward") Action("mnuViewBack").trigger();
+    } else if (name == "mnuViewAll") {
+      Action("mnuViewCleared").trigger();
+    } else if (name.endsWith("Paste")) {
+      for (const char* copy : {"mnuEditCopy", "mnuScheduleCopy", "mnuInvestTransCopy"}) {
+        if (name.contains(QLatin1String(copy).mid(3, 5))) Action(copy).trigger();
+      }
+      if (name == "mnuTransPaste") Action("mnuTransCopy").trigger();
+    } else if (name.endsWith("Copy")) {
+      QApplication::clipboard()->clear();
+    } else if (name == "mnuTransTransfer" || name == "mnuTransSchedule" ||
+               name == "mnuTransLines") {
+      // Shown for such rows alone.
+      const QAction& action = Action(name.toLatin1().constData());
+      SortedTable* table = view == kTransactionShow ? Table() : nullptr;
+      const int rows = table == nullptr ? 0 : table->model()->rowCount();
+      for (int row = 0; row < rows && !action.isVisible(); ++row) table->ChooseRow(row);
+    } else if (name == "mnuEditSelect" && Table() != nullptr) {
+      Table()->clearSelection();
+    }
+    QApplication::processEvents();
+  }
+
+  // All that a person could see of it.
+  QString Seen() {
+    QStringList seen{QString::number(prompts_.count),
+                     QString::number(opened_),
+                     QString::number(window_->isVisible()),
+                     QString::fromLatin1(window_->Shown().name.data()),
+                     QString::number(window_->Shown().accountId),
+                     window_->statusBar()->currentMessage(),
+                     QApplication::clipboard()->text(),
+                     QString::number(progress_.IsBusy())};
+    if (session_.IsOpen()) {
+      seen.append(QString::number(session_.Ledger().Store().Changes()));
+      seen.append(QString::number(window_->Accounts().size()));
+    }
+    for (const QAction* action : window_->findChildren<QAction*>()) {
+      if (!action->objectName().isEmpty()) {
+        seen.append(action->objectName() + QString::number(action->isChecked()));
+      }
+    }
+    for (const auto* table : window_->findChildren<SortedTable*>()) {
+      if (!table->isVisible()) continue;
+      seen.append(table->objectName() + table->Widths() +
+                  QString::number(table->model()->rowCount()) + '/' +
+                  QString::number(table->Sorted().column * 2 + table->Sorted().isDescending) + '/' +
+                  QString::number(table->selectionModel()->selectedRows().size()));
+    }
+    for (const auto* part : window_->findChildren<QWidget*>()) {
+      if (part->isVisible() && !part->objectName().isEmpty()) seen.append(part->objectName());
+    }
+    seen.append(QString::number(window_->findChild<ucRibbon*>()->height()));
+    const QWidget* focus = QApplication::focusWidget();
+    seen.append(focus == nullptr ? QString() : focus->objectName());
+    seen.append(QString::number(machine_.opener.Opened().size()));
+    seen.append(QString::number(machine_.download.Requested().size()));
+    return seen.join(u'\n');
+  }
+
+  static void Collect(QMenu& menu, std::vector<QAction*>& entries) {
+    Q_EMIT menu.aboutToShow();
+    for (QAction* action : menu.actions()) {
+      if (action->isSeparator()) continue;
+      if (action->menu() != nullptr) {
+        Collect(*action->menu(), entries);
+      } else {
+        entries.push_back(action);
+      }
+    }
+  }
+  std::vector<QAction*> Entries() {
+    std::vector<QAction*> entries;
+    for (const QAction* menu : window_->menuBar()->actions()) Collect(*menu->menu(), entries);
+    return entries;
+  }
+  // What it would show is in front already, or there is nothing of the kind.
+  bool IsThereAlready(const QAction& action) {
+    const QString name = action.objectName();
+    if (name == "mnuAccountList") return window_->Shown().name == kAccountShow;
+    if (name == "mnuViewWidths") return Table() == nullptr || Table()->Widths().isEmpty();
+    return action.isChecked() && action.actionGroup() != nullptr;
+  }
+
+  TestPlatform machine_;
+  DecliningPrompts prompts_;
+  Platform platform_{machine_.registry,
+                     machine_.locale,
+                     machine_.clock,
+                     machine_.machine,
+                     machine_.files,
+                     prompts_,
+                     machine_.progress,
+                     machine_.download,
+                     machine_.opener,
+                     machine_.spreadsheet,
+                     machine_.folder.Path("profile"),
+                     machine_.folder.Path("data")};
+  QtProgress progress_;
+  DataFileOpener opener_{platform_, "a test"};
+  LedgerSession session_{opener_, platform_, std::string()};
+  std::unique_ptr<FrmMain> window_;
+  QTimer closer_;
+  int opened_ = 0;
+  int made_ = 0;
+};
+
+constexpr std::string_view kViews[] = {kTransactionShow,     kAccountShow,  kCategoryShow,
+                                       kPayeeShow,           kScheduleShow, kInvestmentShow,
+                                       kInvestmentTransShow, kHoldingShow};
+
+TEST_F(EveryCommand, OfTheMenusDoesSomething) {
+  std::set<QString> walked;
+  std::set<QString> all;
+  for (const std::string_view view : kViews) {
+    Arrange(view);
+    const std::size_t count = Entries().size();
+    for (std::size_t place = 0; place < count; ++place) {
+      Arrange(view);
+      const std::vector<QAction*> entries = Entries();
+      if (place >= entries.size()) break;
+      QAction* action = entries[place];
+      const QString name = action->objectName().isEmpty() ? action->text() : action->objectName();
+      all.insert(name);
+      Prepare(name, view);
+      // Some menus are filled anew whenever they open.
+      const std::vector<QAction*> now = Entries();
+      if (place >= now.size()) break;
+      action = now[place];
+      if (!action->isEnabled() || !action->isVisible() || IsThereAlready(*action)) continue;
+      const QString before = Seen();
+      action->trigger();
+      QApplication::processEvents();
+      EXPECT_TRUE(Seen() != before) << name.toStdString() << " does nothing in " << view;
+      EXPECT_TRUE(prompts_.troubles.empty())
+          << name.toStdString() << ": " << (prompts_.troubles.empty() ? "" : prompts_.troubles[0]);
+      prompts_.troubles.clear();
+      walked.insert(name);
+    }
+  }
+  for (const QString& name : all) {
+    EXPECT_TRUE(walked.contains(name)) << name.toStdString() << " can be chosen in no view";
+  }
+  EXPECT_GT(walked.size(), 80U);
+}
+
+TEST_F(EveryCommand, OfTheRibbonDoesSomethingInEveryView) {
+  std::set<QString> walked;
+  for (const std::string_view view : kViews) {
+    Arrange(view);
+    const auto* ribbon = window_->findChild<ucRibbon*>();
+    for (auto* button : ribbon->findChildren<QAbstractButton*>()) {
+      Arrange(view);
+      const QString name = button->objectName();
+      Prepare(name.mid(2), view);
+      QAction* action = window_->findChild<QAction*>(name.mid(2));
+      if (!button->isEnabled() || (action != nullptr && IsThereAlready(*action))) continue;
+      const QString before = Seen();
+      QTest::mouseClick(button, Qt::LeftButton);
+      QApplication::processEvents();
+      EXPECT_TRUE(Seen() != before) << name.toStdString() << " does nothing in " << view;
+      walked.insert(name);
+    }
+  }
+  for (const auto* button : window_->findChild<ucRibbon*>()->findChildren<QAbstractButton*>()) {
+    const QString name = button->objectName();
+    EXPECT_TRUE(walked.contains(name)) << name.toStdString() << " can be pressed in no view";
+  }
+}
+
+}  // namespace
+}  // namespace corvanta
