@@ -3,6 +3,8 @@
 #include "store/datafile/CreateDataFile.h"
 #include "store/sql/SqlText.h"
 
+#include <map>
+
 namespace corvanta {
 
 BenchStore::BenchStore() : path_(platform_.folder.Path("Corvanta.dat")) {
@@ -41,6 +43,16 @@ void BenchStore::AddTransactions(int count) {
         "," + std::to_string(i % 2) + ",0)");
   }
   rows.Commit();
+}
+
+BenchStore& StoreOf(std::int64_t count) {
+  static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
+  std::unique_ptr<BenchStore>& store = stores[count];
+  if (!store) {
+    store = std::make_unique<BenchStore>();
+    store->AddTransactions(static_cast<int>(count));
+  }
+  return *store;
 }
 
 }  // namespace corvanta

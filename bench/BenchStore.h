@@ -6,6 +6,7 @@
 
 #include <sqlcipher/sqlite3.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -30,5 +31,8 @@ class BenchStore {
   TestPlatform platform_;
   std::string path_;
 };
+
+// A data file of so many transactions, made once for all benchmarks that only read it.
+[[nodiscard]] BenchStore& StoreOf(std::int64_t count);
 
 }  // namespace corvanta

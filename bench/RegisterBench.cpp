@@ -10,7 +10,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -73,16 +72,6 @@ constexpr const char* kRawEntries =
 constexpr const char* kRawTexts =
     "SELECT TransactionID, Description FROM tblTransactions WHERE AllocatedItem = 0 AND AccountID "
     "= 1 ORDER BY Date, TransactionID";
-
-BenchStore& StoreOf(std::int64_t count) {
-  static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
-  std::unique_ptr<BenchStore>& store = stores[count];
-  if (!store) {
-    store = std::make_unique<BenchStore>();
-    store->AddTransactions(static_cast<int>(count));
-  }
-  return *store;
-}
 
 void ReadRaw(benchmark::State& state, const char* sql) {
   sqlite3* database = StoreOf(state.range(0)).OpenRaw();

@@ -8,8 +8,8 @@ add_library(corvanta_settings INTERFACE)
 target_include_directories(corvanta_settings INTERFACE "${PROJECT_SOURCE_DIR}/src")
 target_compile_options(corvanta_settings INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Wnon-virtual-dtor)
-# What g++ 12 says of joined strings when it optimises is known to be wrong.
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+# What g++ 12 to 14 say of joined strings when they optimise is known to be wrong.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15)
   target_compile_options(corvanta_settings INTERFACE
     "$<$<CONFIG:RelWithDebInfo>:-Wno-restrict;-Wno-stringop-overflow;-Wno-array-bounds>")
 endif()

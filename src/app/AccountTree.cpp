@@ -44,13 +44,13 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
   setTextElideMode(Qt::ElideRight);
   setAllColumnsShowFocus(true);
   connect(this, &QTreeWidget::currentItemChanged, this, [this](QTreeWidgetItem* item) {
-    const qint64 account = item == nullptr ? 0 : item->data(kName, kAccountRole).toLongLong();
+    const qint64 account = AccountOf(item);
     if (account == 0 || account == chosen_) return;
     chosen_ = account;
     Q_EMIT AccountChosen(account);
   });
   const auto open = [this](QTreeWidgetItem* item) {
-    const qint64 account = item->data(kName, kAccountRole).toLongLong();
+    const qint64 account = AccountOf(item);
     if (account != 0) Q_EMIT AccountOpened(account);
   };
   connect(this, &QTreeWidget::itemClicked, this, open);
@@ -63,6 +63,10 @@ AccountTree::AccountTree(const Locale& locale, QWidget* parent)
     folded_.remove(item->data(kName, kGroupRole).toLongLong());
     ShareWidth();
   });
+}
+
+qint64 AccountTree::AccountOf(const QTreeWidgetItem* item) {
+  return item == nullptr ? 0 : item->data(kName, kAccountRole).toLongLong();
 }
 
 void AccountTree::SetAccounts(const std::vector<AccountRow>& accounts) {
@@ -136,7 +140,7 @@ void AccountTree::AddTotal(QTreeWidgetItem* group, const CurrencyTotal& total) {
 void AccountTree::ColourItems() {
   for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
     QTreeWidgetItem* item = *it;
-    const bool isAccount = item->data(kName, kAccountRole).toLongLong() != 0;
+    const bool isAccount = AccountOf(item) != 0;
     if (item->parent() != nullptr && !isAccount) {
       item->setForeground(kName, MutedText(palette()));
       item->setForeground(kAmount, palette().color(QPalette::Active, QPalette::Text));
@@ -151,7 +155,7 @@ void AccountTree::Choose(std::int64_t accountId) {
   const QSignalBlocker quiet(this);
   chosen_ = accountId;
   for (QTreeWidgetItemIterator it(this); *it != nullptr; ++it) {
-    if (accountId != 0 && (*it)->data(kName, kAccountRole).toLongLong() == accountId) {
+    if (accountId != 0 && AccountOf(*it) == accountId) {
       setCurrentItem(*it);
       return;
     }

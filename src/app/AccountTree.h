@@ -31,6 +31,8 @@ class AccountTree : public QTreeWidget {
   void SetAccounts(const std::vector<AccountRow>& accounts);
   // Whether accounts stand with their numbers, from the next SetAccounts on.
   void ShowNumbers(bool show) { showsNumbers_ = show; }
+  // The account that the item stands for; 0 for a group, a total and no item.
+  [[nodiscard]] static qint64 AccountOf(const QTreeWidgetItem* item);
   // Chooses an account, or none for 0; sends no signal.
   void Choose(std::int64_t accountId);
 

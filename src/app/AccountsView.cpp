@@ -49,7 +49,12 @@ ListTraits Traits(const ViewPlace& place) {
 AccountsView::AccountsView(const ViewPlace& place, QWidget* parent)
     : ReferenceView(place, ReferenceKind::Account, Traits(place), parent),
       locale_(place.platform.locale) {
+  place.On(place.actions.mnuAccountNew, this, [this] { Edit(0); });
   place.On(place.actions.mnuAccountList, this, [this] { Place().host.ShowView(Name()); });
+}
+
+void AccountsView::Add() {
+  Apply(AddAccountLike(CommandKey(), DialogHere()));
 }
 
 void AccountsView::Open(std::int64_t key) {

@@ -21,6 +21,8 @@ class AccountsView : public ReferenceView {
   [[nodiscard]] std::int64_t ChosenAccount() const override { return ChosenKey(); }
 
  protected:
+  // Like the chosen one.
+  void Add() override;
   // The account's register.
   void Open(std::int64_t key) override;
   // The account of any view that has one.

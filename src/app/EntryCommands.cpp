@@ -52,7 +52,10 @@ void Apply(const ViewPlace& place, const EntryResult& result) {
     place.host.Reload();
   }
   if (place.host.Shown().name != kTransactionShow) return;
-  place.host.ChooseRow(kTransactionShow, result.savedKey);
+  const bool isThere = place.host.ChooseRow(kTransactionShow, result.savedKey);
+  if (!isThere && result.savedKey != 0 && place.host.Shown().IsFiltered()) {
+    place.host.Notice(Tr("Saved. What is filtered hides it; Show Everything shows it."));
+  }
   place.host.FocusView();
 }
 

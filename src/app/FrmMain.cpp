@@ -2,6 +2,7 @@
 
 #include "app/AccountTree.h"
 #include "app/EntryCommands.h"
+#include "app/FilterCommands.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
@@ -61,10 +62,12 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   MakeStatusBar();
   Connect();
   ConnectFiles();
+  ConnectSafety();
   ConnectEdit();
   ConnectViews();
   ConnectDialogs();
   ConnectSettings();
+  ConnectSearch();
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);
@@ -110,6 +113,7 @@ void FrmMain::MakeViews() {
   pages_ = new QStackedWidget(columns_);
   views_ = MakeMainViews(place_, pages_);
   for (MainView* view : views_) pages_->addWidget(view->Widget());
+  filters_ = new FilterCommands(place_, views_, this);
   closedView_ = new EmptyState(pages_);
   pages_->addWidget(closedView_);
   // Their keys work while a view has the focus.
@@ -134,6 +138,10 @@ QWidget* FrmMain::MakeLeftColumn() {
 
 void FrmMain::MakeStatusBar() {
   progress_.ShowIn(statusBar());
+  chosen_ = new QLabel(statusBar());
+  chosen_->setObjectName(QStringLiteral("lblChosen"));
+  chosen_->setContentsMargins(kRhythm, 0, kRhythm, 0);
+  statusBar()->addPermanentWidget(chosen_);
   uncleared_ = new QLabel(statusBar());
   uncleared_->setObjectName(QStringLiteral("lblUncleared"));
   uncleared_->setContentsMargins(kRhythm, 0, kRhythm, 0);

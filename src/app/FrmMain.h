@@ -2,6 +2,7 @@
 
 #include "app/ViewHistory.h"
 #include "app/ViewHost.h"
+#include "app/search/Palette.h"
 #include "controls/QuietEnd.h"
 #include "ledger/AccountRow.h"
 #include "platform/Settings.h"
@@ -37,6 +38,7 @@ struct Platform;
 namespace corvanta::inline app {
 
 class AccountTree;
+class FilterCommands;
 class LedgerSession;
 class MainActions;
 class MainView;
@@ -80,6 +82,8 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void OpenAccount(std::int64_t accountId) override;
   void ShowTransaction(std::int64_t accountId, std::int64_t key) override;
   bool ChooseRow(std::string_view view, std::int64_t key) override;
+  void Import(const std::string& path) override { ImportFile(path); }
+  void ShowRows(const RowFilter& filter) override;
   void FocusView() override;
   [[nodiscard]] const ViewCommand& Shown() const override { return shown_; }
   [[nodiscard]] const std::vector<AccountRow>& Accounts() const override { return accounts_; }
@@ -106,6 +110,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void ConnectViews();
   void ConnectDialogs();
   void ConnectSettings();
+  void ConnectSearch();
   // Runs the command, at the window's edge, whenever the action is triggered.
   void On(QAction* action, const std::function<void()>& command);
   // What was posted on the way; empty where nothing was.
@@ -149,15 +154,39 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // What a new day brings, while the program stands.
   void ApplyDay();
 
+  // --- Finding
+
+  void MarkSearch();
+  // Lets the person choose where to go.
+  void OpenPalette();
+  void AddNames(std::vector<PaletteItem>& items) const;
+  // What is no command.
+  void GoTo(const PaletteItem& item);
+  // Looks for it in all accounts, as if it had been typed.
+  void FindEverywhere(const std::string& text);
+
   // --- Layout
 
   void FoldReminders(bool fold);
+  void FoldRibbon(bool fold);
   void SaveLayout();
 
   // --- The data file
 
   void AdoptLedger();
   void OpenDataFile();
+  void ConnectSafety();
+  // Leaves the open file for that one; where it cannot be opened, the former is open again: false.
+  bool SwitchTo(const std::string& path);
+  void NewDataFile();
+  void SaveDataFile();
+  void MakeBackup();
+  void RestoreBackup();
+  void ArchiveRows();
+  void WriteTransferFile();
+  void RememberFile();
+  void FillRecentMenu();
+  void OpenRecent(const std::string& path);
   void ValidateDataFile();
   // How many rows there were, and how many of them are left.
   void NoticeValidated(qint64 before, qint64 left);
@@ -166,6 +195,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // With that file chosen; empty for none.
   void ImportFile(const std::string& path);
   void ChangePassword();
+  void ChangePassphrase();
   void ShowRecoveryKey();
 
   LedgerSession& session_;
@@ -176,9 +206,10 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   ViewCommand shown_;
   ViewCommand counted_;  // what the accounts' balances are of
   std::vector<AccountRow> accounts_;
-  std::uint64_t countedAt_ = 0;  // how the data stood then
-  std::int64_t account_ = 0;     // last looked at
-  Date day_;                     // that the views are of
+  std::uint64_t countedAt_ = 0;      // how the data stood then
+  std::int64_t account_ = 0;         // last looked at
+  std::vector<PaletteItem> recent_;  // gone to before, the latest first
+  Date day_;                         // that the views are of
 
   MainActions* actions_;
   ViewPlace place_;
@@ -188,6 +219,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   AccountTree* tree_ = nullptr;
   ucCalendar* calendar_ = nullptr;
   QStackedWidget* pages_ = nullptr;
+  FilterCommands* filters_ = nullptr;
   std::vector<MainView*> views_;
   MainView* view_ = nullptr;  // in front; null while the data file is closed
   EmptyState* closedView_ = nullptr;
@@ -195,6 +227,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   ReminderCommands* reminderCommands_ = nullptr;
   std::unique_ptr<WelcomeCommands> welcome_;
   int remindersRoom_ = 0;  // by which the window has grown for them
+  QLabel* chosen_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;
 };

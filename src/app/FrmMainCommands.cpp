@@ -11,6 +11,7 @@
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/ucCalendar.h"
+#include "controls/ucRibbon.h"
 #include "invest/InvestDialogs.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -112,6 +113,12 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuToolsMortgage, [this] { ShowLoan(LoanMode::Mortgage, platform_, this); });
   On(actions_->mnuViewReminders,
      [this] { FoldReminders(!actions_->mnuViewReminders->isChecked()); });
+  On(actions_->mnuToolsCalculator, [this] { ShowCalculator(platform_, this); });
+  On(actions_->mnuViewRibbon, [this] { FoldRibbon(!actions_->mnuViewRibbon->isChecked()); });
+  connect(ribbon_, &ucRibbon::FoldRequested, actions_->mnuViewRibbon, &QAction::trigger);
+  On(actions_->mnuRibbonAdd, [this] {
+    if (view_ != nullptr) view_->AddCommand()->trigger();
+  });
   On(actions_->mnuHelpTips, [this] {
     FrmTips dialog(platform_, this);
     dialog.exec();

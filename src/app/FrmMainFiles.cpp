@@ -1,17 +1,21 @@
 // The data file that the main window works on, and files in and out of it.
 #include "app/FrmMain.h"
+#include "app/FrmPassphrase.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
 #include "app/ReminderCommands.h"
 #include "controls/QtText.h"
+#include "controls/WaitCursor.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
@@ -54,6 +58,7 @@ void FrmMain::ConnectFiles() {
   On(actions_->mnuFileOpen, [this] { OpenDataFile(); });
   On(actions_->mnuFileValidate, [this] { ValidateDataFile(); });
   On(actions_->mnuFilePassword, [this] { ChangePassword(); });
+  On(actions_->mnuFilePassphrase, [this] { ChangePassphrase(); });
   On(actions_->mnuFileKey, [this] { ShowRecoveryKey(); });
   On(actions_->mnuFileImport, [this] { ImportFile({}); });
   connect(actions_->mnuFileExit, &QAction::triggered, this, &QWidget::close);
@@ -74,7 +79,9 @@ bool FrmMain::Reopen(bool quiet) {
   Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
   AdoptLedger();
+  Guard([this] { RememberFile(); });
   history_.Clear();
+  shown_.rows = {};
   account_ = 0;
   ReadAccounts();
   reminderCommands_->Read();
@@ -82,18 +89,6 @@ bool FrmMain::Reopen(bool quiet) {
   const MainView& first = account_ == 0 ? *views_.front() : RegisterOfAccount();
   ShowView(first.Name());
   return opened;
-}
-
-void FrmMain::OpenDataFile() {
-  const auto path = platform_.prompts.OpenFile(
-      {"Select File to Open", "Data Files", "*.dat", "dat", std::string()});
-  if (!path) return;
-  const bool wasOpen = session_.IsOpen();
-  session_.Choose(*path);
-  if (Reopen(true)) return NoticePosted();
-  // The file that cannot be used must not be what the next start begins with.
-  session_.Unchoose();
-  if (wasOpen) Reopen(true);
 }
 
 void FrmMain::ValidateDataFile() {
@@ -123,6 +118,9 @@ void FrmMain::NoticeValidated(qint64 before, qint64 left) {
   if (left < before) {
     text += tr(", %1 that belonged to nothing removed").arg(locale().toString(before - left));
   }
+  const std::size_t missing = session_.Ledger().Notes().Files().CountMissing();
+  if (missing == 1) text += tr(", 1 attached file is missing");
+  if (missing > 1) text += tr(", %1 attached files are missing").arg(missing);
   const QString posted = PostedText();
   Notice(posted.isEmpty() ? text : text + QStringLiteral("; ") + posted);
 }
@@ -131,10 +129,44 @@ void FrmMain::ChangePassword() {
   if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
 }
 
+void FrmMain::ChangePassphrase() {
+  constexpr const char* kTitle = "Passphrase";
+  if (!session_.IsOpen() || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
+  FrmPassphrase dialog(IsFromPassphrase(session_.Password()), platform_, this);
+  if (dialog.exec() != QDialog::Accepted) return;
+  const ViewCommand before = shown_;
+  const std::string& passphrase = dialog.Passphrase();
+  session_.Close();
+  bool isDone = false;
+  Guard([&] {
+    const WaitCursor waiting;
+    session_.Opener().Protect(passphrase.empty() ? std::string()
+                                                 : NewPasswordFromPassphrase(passphrase));
+    isDone = true;
+  });
+  if (!Reopen(true)) return;
+  Show(before);
+  if (!isDone) return;
+  platform_.prompts.Tell(
+      kTitle,
+      passphrase.empty()
+          ? "The data file opens on this computer without a passphrase. Save its recovery "
+            "key: it has a new one."
+          : "The data file opens with your passphrase from now on, on every computer. Write "
+            "it down and keep it in a safe place.");
+}
+
 void FrmMain::ShowRecoveryKey() {
   constexpr const char* kTitle = "Recovery Key";
   if (!session_.IsOpen()) {
     platform_.prompts.Tell(kTitle, "Open a data file first: the key belongs to the file.");
+    return;
+  }
+  if (IsFromPassphrase(session_.Password())) {
+    platform_.prompts.Tell(
+        kTitle,
+        "This data file opens with its passphrase, on every computer. There is no "
+        "other key to it.");
     return;
   }
   // It opens the file for whoever reads it: the one who left the window standing may be away.

@@ -5,9 +5,11 @@
 #include "app/MainView.h"
 #include "app/ReminderCommands.h"
 #include "app/RemindersPanel.h"
+#include "app/SafetyCommands.h"
 #include "app/WindowLayout.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/ucRibbon.h"
 #include "platform/Platform.h"
 
 #include <QAction>
@@ -32,9 +34,12 @@ void FrmMain::Restore() {
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
   actions_->mnuViewReminders->setChecked(layout.showsReminders);
   reminders_->setVisible(layout.showsReminders);
+  actions_->mnuViewRibbon->setChecked(layout.showsRibbon);
+  FoldRibbon(!layout.showsRibbon);
   Guard([this] {
     for (MainView* view : views_) view->Restore(platform_.registry);
     AdoptLedger();
+    RememberFile();
     ReadAccounts();
     reminderCommands_->Read();
   });
@@ -65,6 +70,7 @@ void FrmMain::SaveLayout() {
     layout.account = account_;
   }
   layout.showsReminders = actions_->mnuViewReminders->isChecked();
+  layout.showsRibbon = actions_->mnuViewRibbon->isChecked();
   for (const MainView* view : views_) view->Keep(layout.views);
   if (const SortedTable* table = ShownTable()) layout.sort = table->Sorted();
   WriteLayout(platform_.registry, layout);
@@ -73,6 +79,7 @@ void FrmMain::SaveLayout() {
 void FrmMain::closeEvent(QCloseEvent* event) {
   // A layout that cannot be kept must not keep the person from leaving.
   Guard([this] { SaveLayout(); });
+  BackUpOnLeaving(session_, platform_);
   event->accept();
 }
 
@@ -80,6 +87,10 @@ void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::PaletteChange) return;
   Guard([this] { ApplySettings(); });
+}
+
+void FrmMain::FoldRibbon(bool fold) {
+  ribbon_->SetFolded(fold);
 }
 
 void FrmMain::FoldReminders(bool fold) {

@@ -1,5 +1,6 @@
 // What the main window shows, and what it marks for it.
 #include "app/AccountTree.h"
+#include "app/FilterCommands.h"
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -11,6 +12,7 @@
 #include "controls/Style.h"
 #include "controls/ucCalendar.h"
 #include "ledger/AccountBook.h"
+#include "platform/Platform.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
@@ -26,7 +28,8 @@
 namespace corvanta::inline app {
 namespace {
 constexpr int kFileWidth = 34 * kRhythm;
-}
+constexpr int kChosenWidth = 48 * kRhythm;
+}  // namespace
 
 MainView* FrmMain::FindView(std::string_view name) const {
   const auto found = std::ranges::find(views_, name, &MainView::Name);
@@ -42,6 +45,7 @@ ViewCommand FrmMain::CommandOf(const MainView& view, std::int64_t accountId) con
   command.uncleared = actions_->mnuViewUnCleared->isChecked();
   command.cleared = actions_->mnuViewCleared->isChecked();
   command.reconciled = actions_->mnuViewReconciled->isChecked();
+  command.rows = shown_.rows;
   view.Remember(command);
   return command;
 }
@@ -50,13 +54,25 @@ void FrmMain::ShowView(std::string_view name) {
   if (const MainView* view = FindView(name)) Show(CommandOf(*view, account_));
 }
 
+// Whoever goes to an account wants that one, whichever the filter has chosen.
 void FrmMain::ShowAccount(std::int64_t accountId) {
-  Show(CommandOf(RegisterOfAccount(), accountId));
+  ViewCommand command = CommandOf(RegisterOfAccount(), accountId);
+  command.rows.SetKeys(FilterKind::Account, {});
+  Show(command);
 }
 
 void FrmMain::OpenAccount(std::int64_t accountId) {
-  if (shown_.accountId != accountId) ShowAccount(accountId);
+  const bool isShown = shown_.accountId == accountId && !shown_.rows.IsSet(FilterKind::Account);
+  if (!isShown) ShowAccount(accountId);
+  if (view_ != nullptr) view_->ShowOwn();
   FocusView();
+}
+
+void FrmMain::ShowRows(const RowFilter& filter) {
+  const bool honours = view_ != nullptr && view_->Strip() != nullptr;
+  ViewCommand command = CommandOf(honours ? *view_ : RegisterOfAccount(), account_);
+  command.rows = filter;
+  Show(command);
 }
 
 void FrmMain::ShowTransaction(std::int64_t accountId, std::int64_t key) {
@@ -124,9 +140,10 @@ void FrmMain::ShowAgain(const ViewCommand& command) {
   actions_->mnuViewUnCleared->setChecked(command.uncleared);
   actions_->mnuViewCleared->setChecked(command.cleared);
   actions_->mnuViewReconciled->setChecked(command.reconciled);
+  shown_.rows = filters_->Existing(command.rows);
   if (!command.CountsAs(counted_)) ReadAccounts();
   pages_->setCurrentWidget(view_->Widget());
-  view_->Show(command);
+  view_->Show(shown_);
   const ViewSurroundings surroundings = view_->Surroundings();
   if (surroundings.accountId != 0) account_ = surroundings.accountId;
   tree_->Choose(surroundings.accountId);
@@ -218,6 +235,8 @@ void FrmMain::MarkCommands() {
   actions_->mnuViewSort->setEnabled(isOpen);
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
   actions_->mnuViewWidths->setEnabled(isOpen);
+  filters_->Mark();
+  MarkSearch();
   MarkUndo();
   MarkChoice();
 }
@@ -239,10 +258,18 @@ void FrmMain::MarkChoice() {
     for (const auto& [action, task] : actions_->EditTasks()) {
       action->setEnabled(view_ != nullptr && view_->Can(task));
     }
+    QAction* add = view_ == nullptr ? nullptr : view_->AddCommand();
+    actions_->mnuRibbonAdd->setEnabled(add != nullptr && add->isEnabled());
+    actions_->mnuRibbonAdd->setToolTip(add == nullptr ? QString() : add->toolTip());
     actions_->mnuFilePrint->setEnabled(view_ != nullptr);
     actions_->mnuFilePreview->setEnabled(view_ != nullptr);
     for (MainView* view : views_) view->MarkCommands(view == view_);
     reminderCommands_->Mark();
+    const QString totals =
+        view_ == nullptr ? QString() : ToQt(view_->TotalsOfChosen().Text(platform_.locale));
+    chosen_->setText(fontMetrics().elidedText(totals, Qt::ElideRight, kChosenWidth));
+    chosen_->setToolTip(totals);
+    chosen_->setVisible(!totals.isEmpty());
   });
 }
 

@@ -7,7 +7,9 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
+#include <QHBoxLayout>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 namespace corvanta::inline app {
 namespace {
@@ -34,7 +36,8 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
       cmbMethod_(MakeBox("cmbCostMethod", tr("How the cost of what is sold is counted"), this)),
       cmbCurrency_(MakeBox("cmbHoldingsCurrency", tr("One currency for the total"), this)),
       chkSold_(new QCheckBox(tr("Sold o&ut"), this)),
-      period_(new PeriodBar(locale, this)) {
+      period_(new PeriodBar(locale, this)),
+      below_(new QHBoxLayout) {
   chkSold_->setObjectName(QStringLiteral("chkSold"));
   chkSold_->setToolTip(tr("Show also what nothing is left of"));
   cmbMethod_->addItems({tr("Average cost"), tr("First in, first out")});
@@ -56,7 +59,9 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
   line->addWidget(cmbMethod_, 0, 1);
   line->addWidget(cmbCurrency_, 0, 2);
   line->addWidget(chkSold_, 0, 3);
-  line->addWidget(period_, 1, 0, 1, 4, Qt::AlignLeft);
+  below_->setSpacing(kRhythm);
+  below_->addWidget(period_);
+  line->addLayout(below_, 1, 0, 1, 5, Qt::AlignLeft);
   line->setColumnStretch(4, 1);
   SetAccounts({});
   SetCurrencies({});
@@ -65,6 +70,10 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
   connect(cmbCurrency_, &QComboBox::activated, this, &HoldingsBar::CurrencyChosen);
   connect(chkSold_, &QCheckBox::clicked, this, &HoldingsBar::Changed);
   connect(period_, &PeriodBar::Changed, this, &HoldingsBar::Changed);
+}
+
+void HoldingsBar::SetToday(Date today) {
+  period_->SetToday(today);
 }
 
 HoldingsScope HoldingsBar::Scope(Date today) const {
@@ -80,6 +89,15 @@ HoldingsScope HoldingsBar::Scope(Date today) const {
 
 std::string HoldingsBar::Currency() const {
   return FromQt(cmbCurrency_->currentData().toString());
+}
+
+void HoldingsBar::AddCommand(QAction* command) {
+  auto* button = new QToolButton(this);
+  button->setObjectName(QStringLiteral("cmdHoldingsDownload"));
+  button->setDefaultAction(command);
+  button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+  button->setAutoRaise(true);
+  below_->addWidget(button);
 }
 
 void HoldingsBar::SetMethod(CostMethod method) {

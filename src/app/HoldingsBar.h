@@ -9,8 +9,10 @@
 #include <string>
 #include <vector>
 
+class QAction;
 class QCheckBox;
 class QComboBox;
+class QHBoxLayout;
 
 namespace corvanta::inline platform {
 class Locale;
@@ -28,11 +30,15 @@ class HoldingsBar : public QWidget {
  public:
   HoldingsBar(const Locale& locale, Date today, QWidget* parent);
 
+  // What the usual periods are counted from.
+  void SetToday(Date today);
   // The choice as it stands. Without a period the returns are of all days up to today.
   [[nodiscard]] HoldingsScope Scope(Date today) const;
   // The code that all is to be converted into; empty for none.
   [[nodiscard]] std::string Currency() const;
   void SetMethod(CostMethod method);
+  // A button of that command behind the choices.
+  void AddCommand(QAction* command);
   // The days in its two fields, and whether returns are of these. Sends no signal.
   void SetPeriod(const DateRange& dates, bool isInForce);
   [[nodiscard]] bool HasPeriod() const;
@@ -51,6 +57,7 @@ class HoldingsBar : public QWidget {
   QComboBox* cmbCurrency_;
   QCheckBox* chkSold_;
   PeriodBar* period_;
+  QHBoxLayout* below_;
 };
 
 }  // namespace corvanta::inline app

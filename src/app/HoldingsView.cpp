@@ -90,7 +90,8 @@ HoldingsView::HoldingsView(const ViewPlace& place, QWidget* parent)
   page->insertWidget(1, bar_);
   page->insertWidget(3, charts_, 1);
   bar_->SetMethod(ChosenCostMethod(place.platform.registry));
-  Table()->addAction(place.actions.mnuHoldingAction);
+  Table()->addActions({place.actions.mnuHoldingAction, place.actions.mnuInvestDownload});
+  bar_->AddCommand(place.actions.mnuInvestDownload);
   const auto guarded = [this](void (HoldingsView::*act)()) {
     return [this, act] { Place().host.Guard([this, act] { (this->*act)(); }); };
   };
@@ -126,6 +127,7 @@ void HoldingsView::Keep(std::map<std::string, std::string>& values) const {
 
 void HoldingsView::Show(const ViewCommand& /*command*/) {
   FillBar();
+  bar_->SetToday(Place().host.Today());
   const HoldingsScope scope = bar_->Scope(Place().host.Today());
   period_ = *scope.period;
   list_ = ReadHoldings(Place().session.Ledger(), scope);

@@ -1,8 +1,10 @@
 #include "app/InvestmentTransView.h"
 
+#include "app/FilterStrip.h"
 #include "app/InvestmentsView.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/TradeList.h"
 #include "app/TransactionClip.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
@@ -44,9 +46,10 @@ std::vector<ListColumn> Columns(const Platform& platform) {
       {InvestmentTransView::tr("Investment"), text(QStringLiteral("Name of a company")), 3, false,
        0, 16 * kRhythm},
       {InvestmentTransView::tr("Symbol"), text(QStringLiteral("SYMBOL.L")), 0, false, 4},
-      {InvestmentTransView::tr("Action"), text(QStringLiteral("Reinvest Dividend")), 0},
+      {InvestmentTransView::tr("Action"), text(QStringLiteral("Reinvest Dividend")), 1, false, 0,
+       text(QStringLiteral("Dividend"))},
       {InvestmentTransView::tr("Dividend"), money, 0, true, 5},
-      {InvestmentTransView::tr("Shares"), figure(9999.99, decimals), 0, true},
+      {InvestmentTransView::tr("Shares"), figure(9999.99, decimals), 0, true, 8},
       {InvestmentTransView::tr("Price"), figure(9999.99, decimals), 0, true, 7},
       {InvestmentTransView::tr("Commission"), text(QStringLiteral("Commission")), 0, true, 3},
       {InvestmentTransView::tr("Amount"), figure(-99999.99, -1), 0, true},
@@ -68,33 +71,11 @@ ListTraits Traits(const ViewPlace& place) {
           actions.mnuInvestTransDelete};
 }
 
-ListRow RowFor(const InvestmentTransactionRow& row, const Locale& locale, int decimals) {
-  // What the action has not is left out.
-  const auto figure = [&](double value, int digits) {
-    return ListCell{value == 0 ? QString() : ToQt(locale.FormatNumber(value, digits)), value};
-  };
-  QString account = ToQt(row.account);
-  if (row.accountClosed) account += InvestmentTransView::tr(" [Closed] ");
-  return {row.transactionId,
-          {{ToQt(locale.FormatShortDate(row.date)), static_cast<double>(row.date.Serial())},
-           {account, std::nullopt, false, row.accountClosed},
-           {ToQt(row.investment)},
-           {ToQt(row.symbol)},
-           {QLatin1String(ActionName(static_cast<std::int64_t>(row.action)))},
-           figure(row.dividend, -1),
-           figure(row.shares, decimals),
-           figure(row.price, decimals),
-           figure(row.commission, -1),
-           {ToQt(locale.FormatNumber(row.amount)), row.amount},
-           {QLatin1String(row.letter)},
-           {ToQt(row.description)}},
-          ToQt(row.currency)};
-}
-
 }  // namespace
 
 InvestmentTransView::InvestmentTransView(const ViewPlace& place, QWidget* parent)
-    : ListView(place, Traits(place), parent) {
+    : ListView(place, Traits(place), parent), strip_(new FilterStrip(this)) {
+  AddStrip(*strip_);
   MainActions& actions = place.actions;
   Table()->setSelectionMode(QAbstractItemView::ExtendedSelection);
   Table()->addActions({actions.mnuInvestTransCopy, actions.mnuInvestTransPaste});
@@ -107,15 +88,15 @@ void InvestmentTransView::ApplySettings() {
 }
 
 void InvestmentTransView::Show(const ViewCommand& command) {
-  const Locale& shown = Place().platform.locale;
-  const int decimals = Settings(Place().platform.registry).InvestmentDecimals();
-  std::vector<ListRow> rows;
-  const auto transactions =
-      Place().session.Ledger().Investments().ListTransactions(command.Filter());
-  for (const InvestmentTransactionRow& row : transactions) {
-    rows.push_back(RowFor(row, shown, decimals));
+  auto rows =
+      std::make_unique<TradeList>(Place().session.Ledger().Store(), command, Place().platform);
+  const auto count = static_cast<qulonglong>(rows->Count());
+  if (count == 0 && rows->HasHidden()) {
+    return Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
+                QString(), QString(),
+                {QStringLiteral("trades"), tr("All investment transactions are hidden"),
+                 tr("The filters above the list choose none of them.")});
   }
-  const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
        count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
        QString(),

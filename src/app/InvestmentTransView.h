@@ -10,14 +10,17 @@ struct InvestTransRequest;
 namespace corvanta::inline app {
 
 // The view of "InvestmentTransShow": what was bought, sold and paid out, in all accounts, the
-// newest first. It keeps to the statuses that are ticked in the View menu.
+// newest first. It keeps to the window's filter and to the statuses that are ticked in the View
+// menu.
 class InvestmentTransView : public ListView {
   Q_OBJECT
 
  public:
   InvestmentTransView(const ViewPlace& place, QWidget* parent);
 
+  [[nodiscard]] FilterStrip* Strip() const override { return strip_; }
   void Show(const ViewCommand& command) override;
+  void LetGo() override { Empty(); }
   // Prices with another number of decimals want another width.
   void ApplySettings() override;
   [[nodiscard]] bool Can(EditTask task) const override;
@@ -37,6 +40,8 @@ class InvestmentTransView : public ListView {
   void Paste();
   // The investment transactions on the clipboard.
   [[nodiscard]] std::vector<std::int64_t> Copied() const;
+
+  FilterStrip* strip_;
 };
 
 }  // namespace corvanta::inline app

@@ -2,6 +2,7 @@
 
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/PriceCommands.h"
 #include "app/ViewCommand.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
@@ -85,8 +86,9 @@ InvestPlace InvestHere(const ViewPlace& place) {
 
 InvestmentsView::InvestmentsView(const ViewPlace& place, QWidget* parent)
     : ListView(place, Traits(place), parent) {
-  Table()->addAction(place.actions.mnuInvestHistory);
+  Table()->addActions({place.actions.mnuInvestHistory, place.actions.mnuInvestDownload});
   place.On(place.actions.mnuInvestHistory, this, [this] { ShowHistory(); });
+  place.On(place.actions.mnuInvestDownload, this, [this] { DownloadAllPrices(Place()); });
 }
 
 void InvestmentsView::ApplySettings() {

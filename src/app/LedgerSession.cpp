@@ -1,6 +1,7 @@
 #include "app/LedgerSession.h"
 
 #include "invest/WebRates.h"
+#include "ledger/PassphrasePrompt.h"
 #include "ledger/PromptedOpening.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
@@ -15,6 +16,7 @@ LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
       isFixed_(!dataPath.empty()),
       path_(dataPath) {
   if (isFixed_) opener_.SetDataPath(dataPath);
+  opener_.SetPassphraseQuestion(AskForPassphrase(platform.prompts));
 }
 
 void LedgerSession::Choose(const std::string& path) {
@@ -38,7 +40,7 @@ bool LedgerSession::Open(bool quiet) {
   hasFailed_ = false;
   if (!login_.PassBefore(opener_)) return false;
   hasFailed_ = true;  // also when it throws
-  PromptedOpening questions(platform_);
+  PromptedOpening questions(platform_, onDamage_);
   file_ = opener_.Open(quiet, questions);
   hasFailed_ = !file_;
   if (file_ && !login_.Pass(*file_->connection)) file_.reset();

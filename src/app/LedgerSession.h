@@ -34,6 +34,9 @@ class LedgerSession {
   // Called before what is open is closed: who holds on to rows of it must let them go.
   void OnClose(std::function<void()> notice) { onClose_ = std::move(notice); }
 
+  // Offered when a data file that is damaged is opened: true when it was restored.
+  void OnDamage(std::function<bool()> restore) { onDamage_ = std::move(restore); }
+
   // Makes another data file the one to open: writes it into the settings, except where a path was
   // given for this run. Closes what is open. Throws PlatformError.
   void Choose(const std::string& path);
@@ -70,6 +73,7 @@ class LedgerSession {
   std::string path_;    // where it was
   std::string former_;  // what was chosen before
   std::function<void()> onClose_;
+  std::function<bool()> onDamage_;
   std::optional<DataFile> file_;
   std::unique_ptr<clsCorvanta> ledger_;
   std::unique_ptr<RateSource> rates_;

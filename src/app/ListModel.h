@@ -1,10 +1,15 @@
 #pragma once
 
 #include "controls/ListSort.h"
+#include "ledger/search/SearchQuery.h"
 
 #include <QAbstractTableModel>
 
+#include <array>
+#include <cstddef>
+#include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace corvanta::inline app {
@@ -29,7 +34,24 @@ struct ListRow {
   qint64 key = 0;
   std::vector<ListCell> cells;  // one to a column
   QString toolTip;
+  std::optional<double> amount = std::nullopt;  // that the row comes to, signed
+  std::string currency = {};                    // of the amount: its code
 };
+
+// The rows of a list, counted from 0 in their own order. A long list makes them as they come into
+// sight. Any of it may throw StoreError.
+class ListRows {
+ public:
+  virtual ~ListRows() = default;
+  [[nodiscard]] virtual std::size_t Count() const = 0;
+  [[nodiscard]] virtual qint64 Key(std::size_t row) const = 0;
+  // What each row is sorted by in that column.
+  [[nodiscard]] virtual std::vector<SortKey> SortKeys(std::size_t column) const = 0;
+  // These rows, in the order given.
+  [[nodiscard]] virtual std::vector<ListRow> Make(const std::vector<std::size_t>& rows) const = 0;
+};
+// Rows that are made already.
+[[nodiscard]] std::unique_ptr<ListRows> ReadyRows(std::vector<ListRow> rows);
 
 // The rows of a list of named things, whose columns sort by text or by number.
 class ListModel : public QAbstractTableModel {
@@ -38,13 +60,17 @@ class ListModel : public QAbstractTableModel {
  public:
   ListModel(std::vector<ListColumn> columns, QObject* parent);
 
-  // The rows in their own order; they are shown in the order that was last asked for.
-  void SetRows(std::vector<ListRow> rows);
+  // The rows are shown in the order that was last asked for; null for none.
+  void SetRows(std::unique_ptr<ListRows> rows);
   void Sort(const SortState& sort);
+  // Shows the rows alone that have all words of the query; all of them for an empty one.
+  void Narrow(const SearchQuery& query);
+  // How many rows there are, shown or not.
+  [[nodiscard]] int Whole() const;
   [[nodiscard]] const std::vector<ListColumn>& Columns() const { return columns_; }
-  [[nodiscard]] const ListRow& Row(int row) const {
-    return rows_.at(order_.at(static_cast<std::size_t>(row)));
-  }
+  [[nodiscard]] qint64 Key(int row) const;
+  // Valid until another one is asked for; without cells when it cannot be read.
+  [[nodiscard]] const ListRow& Row(int row) const;
   // -1 when there is none.
   [[nodiscard]] int RowOf(qint64 key) const;
 
@@ -54,13 +80,28 @@ class ListModel : public QAbstractTableModel {
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override;
 
+ Q_SIGNALS:
+  void Failed(const QString& reason);  // the data file refuses to be read; told once
+
  private:
   void PutInOrder();
+  // Leaves out what the query does not fit.
+  void KeepFitting();
+  [[nodiscard]] std::vector<ListRow> Read(int first, int last) const;
+
+  struct Page {
+    int first = -1;
+    std::vector<ListRow> rows;
+  };
 
   std::vector<ListColumn> columns_;
-  std::vector<ListRow> rows_;
+  std::unique_ptr<ListRows> rows_;
   std::vector<std::size_t> order_;
+  mutable std::array<Page, 4> pages_;  // made last
+  mutable std::size_t nextPage_ = 0;
+  mutable bool hasFailed_ = false;
   SortState sort_;
+  SearchQuery query_;
 };
 
 }  // namespace corvanta::inline app

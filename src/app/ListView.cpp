@@ -1,18 +1,28 @@
 #include "app/ListView.h"
 
+#include "app/FilterStrip.h"
 #include "app/LedgerSession.h"
 #include "app/TotalsLine.h"
 #include "app/ViewCommand.h"
 #include "app/ViewHeader.h"
 #include "app/WindowLayout.h"
+#include "app/lists/RowsText.h"
+#include "app/search/ListSearch.h"
+#include "app/search/SearchBox.h"
 #include "controls/EmptyState.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
 #include "reports/ReportDialogs.h"
 
 #include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHBoxLayout>
 #include <QStackedWidget>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -38,7 +48,8 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
       table_(new SortedTable(this)),
       empty_(new EmptyState(this)),
       totals_(new TotalsLine(this)),
-      model_(new ListModel(traits_.columns, this)) {
+      model_(new ListModel(traits_.columns, this)),
+      search_(nullptr) {
   table_->setObjectName(QLatin1String(traits_.listName));
   table_->setAccessibleName(traits_.title);
   table_->setAlternatingRowColors(true);
@@ -51,6 +62,11 @@ ListView::ListView(const ViewPlace& place, ListTraits traits, QWidget* parent)
   table_->SetColumns(std::move(widths));
   table_->SetSorted(traits_.sort);
   model_->Sort(traits_.sort);
+  search_ = new ListSearch(place_.platform.locale, header_->Search(), *table_, *model_, this);
+  connect(search_, &ListSearch::Narrowed, this, [this] {
+    ShowPage();
+    place_.host.MarkChoice();
+  });
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   table_->addActions({traits_.add, traits_.edit});
   if (traits_.remove != nullptr) table_->addAction(traits_.remove);
@@ -76,6 +92,17 @@ void ListView::Arrange() {
   setFocusProxy(table_);
 }
 
+void ListView::AddStrip(FilterStrip& strip) {
+  auto* column = static_cast<QVBoxLayout*>(layout());
+  auto* head = new QHBoxLayout;
+  column->removeWidget(header_);
+  head->addWidget(header_, 1);
+  head->addWidget(strip.Button());
+  head->addSpacing(2 * kRhythm);
+  column->insertLayout(0, head);
+  column->insertWidget(1, &strip);
+}
+
 void ListView::Connect() {
   place_.On(traits_.add, this, [this] { Add(); });
   place_.On(traits_.edit, this, [this] {
@@ -87,15 +114,20 @@ void ListView::Connect() {
     });
   }
   connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
-    const std::int64_t key = model_->Row(index.row()).key;
+    const std::int64_t key = model_->Key(index.row());
     place_.host.Guard([this, key] { Open(key); });
   });
   connect(table_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this] { place_.host.MarkChoice(); });
   connect(table_, &SortedTable::SortChosen, this, [this] {
-    const std::int64_t chosen = ChosenKey();
-    model_->Sort(table_->Sorted());
-    ChooseKey(chosen);
+    place_.host.Guard([this] {
+      const std::int64_t chosen = ChosenKey();
+      model_->Sort(table_->Sorted());
+      ChooseKey(chosen);
+    });
+  });
+  connect(model_, &ListModel::Failed, this, [this](const QString& reason) {
+    place_.platform.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
   });
 }
 
@@ -112,6 +144,7 @@ bool ListView::Can(EditTask task) const {
     case EditTask::Insert:
       return true;
     case EditTask::Details:
+    case EditTask::Copy:
       return ChosenKey() != 0;
     case EditTask::Delete:
       return traits_.remove != nullptr && ChosenKey() != 0;
@@ -124,6 +157,7 @@ void ListView::Do(EditTask task) {
   if (!Can(task)) return;
   if (task == EditTask::Insert) Add();
   if (task == EditTask::Details) Edit(ChosenKey());
+  if (task == EditTask::Copy) QGuiApplication::clipboard()->setText(ChosenText());
   if (task == EditTask::Delete) Delete(ChosenKey());
 }
 
@@ -148,16 +182,18 @@ std::int64_t ListView::RowCount() const {
 
 std::set<std::int64_t> ListView::ShownOf(const std::vector<std::int64_t>& /*transactions*/) const {
   std::set<std::int64_t> keys;
-  for (int row = 0; row < model_->rowCount(); ++row) keys.insert(model_->Row(row).key);
+  for (int row = 0; row < model_->rowCount(); ++row) keys.insert(model_->Key(row));
   return keys;
 }
 
 std::int64_t ListView::ChosenKey() const {
   const QModelIndexList chosen = table_->selectionModel()->selectedRows();
-  return chosen.isEmpty() ? 0 : model_->Row(chosen.constFirst().row()).key;
+  return chosen.isEmpty() ? 0 : model_->Key(chosen.constFirst().row());
 }
 
 bool ListView::ChooseKey(std::int64_t key) {
+  // A new row may not have what is looked for.
+  if (model_->RowOf(key) < 0 && !header_->Search().IsEmpty()) search_->Leave();
   const int row = model_->RowOf(key);
   if (row < 0) return false;
   table_->ChooseRow(row);
@@ -168,36 +204,36 @@ std::vector<std::int64_t> ListView::ChosenKeys() const {
   std::vector<std::int64_t> keys;
   const QItemSelectionModel& chosen = *table_->selectionModel();
   for (int row = 0; row < model_->rowCount(); ++row) {
-    if (chosen.isRowSelected(row)) keys.push_back(model_->Row(row).key);
+    if (chosen.isRowSelected(row)) keys.push_back(model_->Key(row));
   }
   return keys;
 }
 
 QString ListView::ChosenText() const {
-  QString text;
-  for (const std::int64_t key : ChosenKeys()) {
-    QStringList cells;
-    const int row = model_->RowOf(key);
-    for (int column = 0; column < model_->columnCount(); ++column) {
-      cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
-    }
-    text += cells.join(u'\t') + u'\n';
-  }
-  return text;
+  return RowsAsText(*table_, ChosenRowsOf(*table_));
 }
 
 void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
                     const QString& figure, const Nothing& nothing) {
+  Fill(ReadyRows(std::move(rows)), details, count, figure, nothing);
+}
+
+void ListView::Empty() {
+  model_->SetRows(nullptr);
+}
+
+void ListView::Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
+                    const QString& figure, const Nothing& nothing) {
   header_->Show(traits_.title, details);
   totals_->Show(count, figure, false);
-  totals_->setVisible(!rows.empty());
-  if (rows.empty()) empty_->Show(nothing.icon, nothing.title, nothing.text, traits_.add);
+  totals_->setVisible(rows->Count() > 0);
+  nothing_ = nothing;
   const std::int64_t chosen = ChosenKey();
   const int place = table_->currentIndex().row();
   model_->SetRows(std::move(rows));
   const int shown = model_->rowCount();
-  pages_->setCurrentIndex(shown == 0 ? 1 : 0);
-  setFocusProxy(pages_->currentWidget());
+  ShowPage();
+  search_->ShowFound();
   if (shown == 0) return;
   if (chosen != 0 && model_->RowOf(chosen) < 0) table_->ChooseRow(std::min(place, shown - 1));
   if (chosen != 0) {
@@ -206,6 +242,32 @@ void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QSt
   }
   // The keyboard has a place to start from.
   table_->selectionModel()->setCurrentIndex(model_->index(0, 0), QItemSelectionModel::NoUpdate);
+}
+
+void ListView::ShowPage() {
+  const bool isEmpty = model_->rowCount() == 0;
+  if (isEmpty && model_->Whole() > 0) {
+    empty_->Show(QStringLiteral("find"), tr("Nothing found"),
+                 tr("No row of this list has what is looked for. Escape shows all of them."),
+                 nullptr);
+  } else if (isEmpty) {
+    empty_->Show(nothing_.icon, nothing_.title, nothing_.text, traits_.add);
+  }
+  pages_->setCurrentIndex(isEmpty ? 1 : 0);
+  setFocusProxy(pages_->currentWidget());
+}
+
+ChosenTotals ListView::TotalsOfChosen() const {
+  ChosenTotals totals;
+  for (const int row : ChosenRowsOf(*table_)) {
+    const ListRow& chosen = model_->Row(row);
+    if (chosen.amount) totals.Add(*chosen.amount, chosen.currency);
+  }
+  return totals;
+}
+
+SearchBox* ListView::Search() const {
+  return &header_->Search();
 }
 
 }  // namespace corvanta::inline app

@@ -19,6 +19,8 @@ class EmptyState;
 
 namespace corvanta::inline app {
 
+class FilterStrip;
+class ListSearch;
 class TotalsLine;
 class ViewHeader;
 
@@ -49,6 +51,7 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] QAction* Entry() const override { return traits_.entry; }
   [[nodiscard]] QWidget* Widget() override { return this; }
   [[nodiscard]] QString Title() const override { return traits_.title; }
+  [[nodiscard]] QAction* AddCommand() const override { return traits_.add; }
   [[nodiscard]] SortedTable* Table() const override { return table_; }
   void Restore(const Registry& registry) override;
   void Keep(std::map<std::string, std::string>& values) const override;
@@ -56,6 +59,8 @@ class ListView : public QWidget, public MainView {
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] SearchBox* Search() const override;
   [[nodiscard]] std::int64_t RowCount() const override;
   // All of them.
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -79,8 +84,10 @@ class ListView : public QWidget, public MainView {
   [[nodiscard]] std::int64_t ChosenKey() const;
   // In the order of the list; of one that allows several.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
+  // Puts the line over the list, and its button beside the head.
+  void AddStrip(FilterStrip& strip);
   // What stands in the place of a list without rows, above the command that adds one.
   struct Nothing {
     QString icon;
@@ -91,10 +98,17 @@ class ListView : public QWidget, public MainView {
   // are, `figure` what they come to.
   void Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
             const QString& figure, const Nothing& nothing);
+  // The same with rows that are made as they come into sight.
+  void Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
+            const QString& figure, const Nothing& nothing);
+  // Holds no rows any longer.
+  void Empty();
 
  private:
   void Arrange();
   void Connect();
+  // The list, or what stands in its place while nothing is shown.
+  void ShowPage();
 
   ViewPlace place_;
   ListTraits traits_;
@@ -104,6 +118,8 @@ class ListView : public QWidget, public MainView {
   EmptyState* empty_;
   TotalsLine* totals_;
   ListModel* model_;
+  ListSearch* search_;
+  Nothing nothing_;
 };
 
 }  // namespace corvanta::inline app

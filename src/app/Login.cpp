@@ -16,6 +16,8 @@ Login::Login(Platform& platform)
 
 bool Login::PassBefore(DataFileOpener& opener) {
   try {
+    // What wants a passphrase shows nothing to anybody before it was typed.
+    if (opener.WantsPassphrase()) return true;
     const DataFile file = opener.OpenExisting(false);
     return Pass(*file.connection);
   } catch (const StoreError&) {

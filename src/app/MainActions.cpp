@@ -10,6 +10,7 @@ namespace corvanta::inline app {
 
 MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeFile();
+  MakeSafety();
   MakeEdit();
   MakeTransactions();
   MakeSchedules();
@@ -17,6 +18,8 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeInvestments();
   MakeViews();
   MakeViewOptions();
+  MakeItems();
+  MakeFilters();
   MakeHelp();
 }
 
@@ -27,6 +30,9 @@ void MainActions::MakeFile() {
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
   mnuFilePassword = Make("mnuFilePassword", tr("Passwo&rd..."), "password",
                          tr("Set, change or switch off the password that the data file asks for"));
+  mnuFilePassphrase =
+      Make("mnuFilePassphrase", tr("Pa&ssphrase..."), "",
+           tr("Protect the data file with a passphrase that opens it on every computer"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
   mnuFileOptions = Make("mnuFileOptions", tr("Op&tions..."), "options",
@@ -47,6 +53,23 @@ void MainActions::MakeFile() {
   mnuFileExit->setMenuRole(QAction::QuitRole);
 }
 
+void MainActions::MakeSafety() {
+  mnuFileNew = Make("mnuFileNew", tr("&New..."), "add", tr("Create another data file"));
+  mnuFileRecent = new QMenu(tr("Open &Recent"), window_);
+  mnuFileRecent->menuAction()->setObjectName(QStringLiteral("mnuFileRecent"));
+  mnuFileSaveAs = Make("mnuFileSaveAs", tr("&Save As..."), "save",
+                       tr("Copy the data file to another place and go on there"),
+                       QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
+  mnuFileBackup = Make("mnuFileBackup", tr("&Backup..."), "", tr("Make a backup of the data file"));
+  mnuFileRestore = Make("mnuFileRestore", tr("Res&tore..."), "",
+                        tr("Put a backup into the place of the data file"));
+  mnuFileArchive = Make("mnuFileArchive", tr("&Archive..."), "",
+                        tr("Move old transactions into a data file of their own"));
+  mnuFileTransfer =
+      Make("mnuFileTransfer", tr("Save Trans&fer File..."), "",
+           tr("Write the key of the data file and the settings, for another machine"));
+}
+
 void MainActions::MakeEdit() {
   mnuEditUndo = Make("mnuEditUndo", tr("&Undo"), "undo", tr("Take the last change back"),
                      QKeySequence(Qt::CTRL | Qt::Key_Z));
@@ -58,7 +81,7 @@ void MainActions::MakeEdit() {
                                QKeySequence(Qt::Key_Insert)));
   mnuEditDetails = InViews(Make("mnuEditDetails", tr("De&tails..."), "", tr("Edit the chosen item"),
                                 QKeySequence(Qt::Key_F2)));
-  mnuEditCopy = InViews(Make("mnuEditCopy", tr("Cop&y"), "copy", tr("Copy the chosen transactions"),
+  mnuEditCopy = InViews(Make("mnuEditCopy", tr("Cop&y"), "copy", tr("Copy the chosen rows"),
                              QKeySequence(Qt::CTRL | Qt::Key_C)));
   mnuEditPaste = InViews(Make("mnuEditPaste", tr("&Paste"), "paste",
                               tr("Put the copied transactions into the account shown"),
@@ -67,6 +90,12 @@ void MainActions::MakeEdit() {
                                tr("Delete the chosen items"), QKeySequence(Qt::Key_Delete)));
   mnuEditSelect = InViews(Make("mnuEditSelect", tr("Select &All"), "", tr("Choose all items"),
                                QKeySequence(Qt::CTRL | Qt::Key_A)));
+  mnuEditFind = Make("mnuEditFind", tr("&Find..."), "find",
+                     tr("Look for words and amounts in the list"), QKeySequence::Find);
+  mnuEditGoTo =
+      Make("mnuEditGoTo", tr("&Go To..."), "",
+           tr("Go to an account, a payee, a category, an amount, a day, or run a command"),
+           QKeySequence(Qt::CTRL | Qt::Key_K));
 }
 
 void MainActions::MakeTransactions() {
@@ -90,6 +119,8 @@ void MainActions::MakeTransactions() {
                           tr("Tell of the schedule that the transaction was made from"));
   mnuTransTransfer = Make("mnuTransTransfer", tr("&Transfer Item"), "transfer",
                           tr("Show the other half of the transfer in its account"));
+  mnuTransLines = MakeTick("mnuTransLines", tr("Split &Lines"),
+                           tr("Show what a split transaction was spent on below it (Right, Left)"));
 }
 
 void MainActions::MakeSchedules() {
@@ -112,7 +143,9 @@ void MainActions::MakeSchedules() {
 }
 
 void MainActions::MakeReference() {
-  mnuAccountAdd = Make("mnuAccountAdd", tr("&Add..."), "", tr("Add an account"));
+  mnuAccountNew = Make("mnuAccountNew", tr("&New..."), "add", tr("Add an account"));
+  mnuAccountAdd = Make("mnuAccountAdd", tr("&Add..."), "",
+                       tr("Add an account like the chosen one, of its group, bank and currency"));
   mnuAccountEdit = Make("mnuAccountEdit", tr("&Edit..."), "", tr("Edit the account"));
   mnuAccountDelete = Make("mnuAccountDelete", tr("&Delete"), "", tr("Delete the account"));
   mnuAccountList = Make("mnuAccountList", tr("&List"), "accounts", tr("Show the list of accounts"));
@@ -156,6 +189,8 @@ void MainActions::MakeInvestments() {
   mnuInvestHistory =
       Make("mnuInvestHistory", tr("Price &History..."), "",
            tr("Show the prices of the chosen investment; of a new one while none is chosen"));
+  mnuInvestDownload = Make("mnuInvestDownload", tr("Do&wnload Prices"), "import",
+                           tr("Fetch today's prices of all investments"));
   mnuInvestTransAdd = Make("mnuInvestTransAdd", tr("&Add..."), "add",
                            tr("Enter what was bought, sold or paid out"));
   mnuInvestTransEdit = Make("mnuInvestTransEdit", tr("&Edit..."), "edit",
@@ -236,6 +271,8 @@ void MainActions::MakeViewOptions() {
       MakeTick("mnuViewStatus", tr("Show S&tatus"), tr("Show the status in the register"));
   mnuViewSort = new QMenu(tr("Sort by &Column"), window_);
   mnuViewSort->menuAction()->setObjectName(QStringLiteral("mnuViewSort"));
+  mnuViewFit = Make("mnuViewFit", tr("&Fit Column Widths"), "",
+                    tr("Make each column of the list as wide as what it shows"));
   mnuViewWidths = Make("mnuViewWidths", tr("Reset Column &Widths"), "",
                        tr("Let the columns of the list fill its width again"));
 }
@@ -301,7 +338,9 @@ void MainActions::SetDataOpen(bool open) const {
         mnuCategoryAdd,     mnuPayeeNew,        mnuToolsCurrency,    mnuToolsRates,
         mnuToolsSources,    mnuTransAdd,        mnuTransAutofill,    mnuTransReconcile,
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
-        mnuToolsLookup,     mnuToolsCurrencies}) {
+        mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew,
+        mnuToolsCurrencies, mnuFileSaveAs,      mnuFileBackup,       mnuFileArchive,
+        mnuFileTransfer}) {
     action->setEnabled(open);
   }
 }

@@ -35,9 +35,17 @@ class MainActions : public QObject {
   // Enables what needs an open data file, or disables it.
   void SetDataOpen(bool open) const;
 
+  QAction* mnuFileNew;
   QAction* mnuFileOpen;
+  QMenu* mnuFileRecent;  // filled when it opens
+  QAction* mnuFileSaveAs;
+  QAction* mnuFileBackup;
+  QAction* mnuFileRestore;
+  QAction* mnuFileArchive;
+  QAction* mnuFileTransfer;
   QAction* mnuFileValidate;
   QAction* mnuFilePassword;
+  QAction* mnuFilePassphrase;
   QAction* mnuFileKey;
   QAction* mnuFileOptions;
   QAction* mnuFileImport;
@@ -54,7 +62,10 @@ class MainActions : public QObject {
   QAction* mnuEditPaste;
   QAction* mnuEditDelete;
   QAction* mnuEditSelect;
+  QAction* mnuEditFind;
+  QAction* mnuEditGoTo;
 
+  QAction* mnuAccountNew;
   QAction* mnuAccountAdd;
   QAction* mnuAccountEdit;
   QAction* mnuAccountDelete;
@@ -71,6 +82,12 @@ class MainActions : public QObject {
   QAction* mnuTransBreak1;
   QAction* mnuTransSchedule;
   QAction* mnuTransTransfer;
+  QAction* mnuTransDelete;
+  QAction* mnuTransCopy;
+  QAction* mnuTransPaste;
+  QAction* mnuTransKeyword;
+  QAction* mnuTransAttachment;
+  QAction* mnuTransLines;
 
   QAction* mnuCategoryAdd;
   QAction* mnuCategoryEdit;
@@ -92,6 +109,7 @@ class MainActions : public QObject {
   QAction* mnuInvestEdit;
   QAction* mnuInvestDelete;
   QAction* mnuInvestHistory;
+  QAction* mnuInvestDownload;
   QAction* mnuInvestTransAdd;
   QAction* mnuInvestTransEdit;
   QAction* mnuInvestTransDelete;
@@ -102,6 +120,7 @@ class MainActions : public QObject {
   QAction* mnuHoldingEdit;
   QAction* mnuHoldingAction;
 
+  QAction* mnuToolsCalculator;
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
   QAction* mnuToolsRates;
@@ -121,16 +140,26 @@ class MainActions : public QObject {
   QAction* mnuViewInvestTrans;
   QAction* mnuViewHoldings;
   QAction* mnuViewReminders;
+  QAction* mnuViewRibbon;
+  QAction* mnuRibbonAdd;  // what the view in front lists
   QAction* mnuViewBack;
   QAction* mnuViewForward;
   QAction* mnuViewUnCleared;
   QAction* mnuViewCleared;
   QAction* mnuViewReconciled;
   QAction* mnuViewAll;
+  QAction* mnuFilterAccount;
+  QAction* mnuFilterCategory;
+  QAction* mnuFilterPayee;
+  QAction* mnuFilterInvestment;
+  QAction* mnuFilterKeyword;
+  QAction* mnuFilterText;
+  QAction* mnuFilterNone;
   QAction* mnuViewDescription;
   QAction* mnuViewReference;
   QAction* mnuViewStatus;
   QMenu* mnuViewSort;  // filled when it opens
+  QAction* mnuViewFit;
   QAction* mnuViewWidths;
   QAction* mnuViewAccountTypes;
   QAction* mnuViewBanks;
@@ -146,6 +175,7 @@ class MainActions : public QObject {
 
  private:
   void MakeFile();
+  void MakeSafety();
   void MakeEdit();
   void MakeTransactions();
   void MakeSchedules();
@@ -153,7 +183,10 @@ class MainActions : public QObject {
   void MakeInvestments();
   void MakeViews();
   void MakeViewOptions();
+  void MakeItems();
+  void FillTransactions(QMenu& transactions) const;
   void MakeHelp();
+  void MakeFilters();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);

@@ -22,7 +22,13 @@ QMenu* MainActions::AddSubmenu(QMenu& menu, const char* name, const QString& tex
 
 void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
-  file->addActions({mnuFileOpen, mnuFileValidate, mnuFilePassword, mnuFileKey});
+  file->addActions({mnuFileNew, mnuFileOpen});
+  file->addMenu(mnuFileRecent);
+  file->addAction(mnuFileSaveAs);
+  file->addSeparator();
+  file->addActions({mnuFileBackup, mnuFileRestore, mnuFileArchive, mnuFileTransfer});
+  file->addSeparator();
+  file->addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
   file->addSeparator();
   file->addActions({mnuFileImport, mnuFileExport});
   file->addSeparator();
@@ -37,16 +43,13 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   edit->addActions({mnuEditInsert, mnuEditDetails});
   edit->addSeparator();
   edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
+  edit->addSeparator();
+  edit->addActions({mnuEditFind, mnuEditGoTo});
   QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
-  accounts->addActions({mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
+  accounts->addActions({mnuAccountNew, mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
   accounts->addSeparator();
   accounts->addAction(mnuAccountList);
-  QMenu* transactions = AddMenu(menus, "mnuTransactions", tr("&Transactions"));
-  transactions->addActions({mnuTransAdd, mnuTransEdit, mnuTransAutofill});
-  transactions->addSeparator();
-  FillTransactionMenu(*transactions);
-  transactions->addSeparator();
-  transactions->addAction(mnuTransReconcile);
+  FillTransactions(*AddMenu(menus, "mnuTransactions", tr("&Transactions")));
   QMenu* schedules = AddMenu(menus, "mnuSchedule", tr("&Schedule"));
   schedules->addActions({mnuScheduleAdd, mnuScheduleEdit, mnuScheduleDelete});
   schedules->addSeparator();
@@ -57,10 +60,12 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
-  tools->addActions({mnuToolsCurrency, mnuToolsRates, mnuToolsShares, mnuToolsLookup,
-                     mnuToolsSources, mnuToolsCurrencies, mnuToolsKeywords});
+  tools->addActions({mnuToolsCalculator, mnuToolsCurrency, mnuToolsKeywords});
   tools->addSeparator();
   tools->addActions({mnuToolsLoan, mnuToolsMortgage});
+  tools->addSeparator();
+  tools->addActions(
+      {mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources, mnuToolsCurrencies});
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
   QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
   help->addActions({mnuHelpContents, mnuHelpPage});
@@ -70,13 +75,27 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   help->addAction(mnuHelpAbout);
 }
 
+void MainActions::FillTransactions(QMenu& transactions) const {
+  transactions.addActions({mnuTransAdd, mnuTransEdit, mnuTransDelete, mnuTransCopy, mnuTransPaste});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransTransfer, mnuTransSchedule, mnuTransLines, mnuTransAutofill});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransUChk, mnuTransChk, mnuTranRec, mnuTransReconcile});
+  transactions.addSeparator();
+  transactions.addActions({mnuTransKeyword, mnuTransAttachment});
+}
+
 void MainActions::FillTransactionMenu(QMenu& menu) const {
   menu.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuTransBreak, mnuTransUChk,
-                   mnuTransChk, mnuTranRec, mnuTransBreak1, mnuTransSchedule, mnuTransTransfer});
+                   mnuTransChk, mnuTranRec});
+  menu.addSeparator();
+  menu.addActions({mnuTransKeyword, mnuTransAttachment, mnuTransBreak1, mnuTransSchedule,
+                   mnuTransTransfer, mnuTransLines});
 }
 
 void MainActions::FillInvestMenu(QMenu& investments) const {
-  investments.addActions({mnuInvestAdd, mnuInvestEdit, mnuInvestDelete, mnuInvestHistory});
+  investments.addActions(
+      {mnuInvestAdd, mnuInvestEdit, mnuInvestDelete, mnuInvestHistory, mnuInvestDownload});
   investments.addSeparator();
   QMenu* transactions = AddSubmenu(investments, "mnuInvestTrans", tr("Investment &Transactions"));
   transactions->addActions({mnuInvestTransAdd, mnuInvestTransEdit, mnuInvestTransDelete});
@@ -89,17 +108,22 @@ void MainActions::FillInvestMenu(QMenu& investments) const {
 void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
                    mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings,
-                   mnuViewReminders});
+                   mnuViewReminders, mnuViewRibbon});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
   view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled, mnuViewAll});
+  QMenu* filters = AddSubmenu(view, "mnuViewFilters", tr("&Filters"));
+  filters->addActions({mnuFilterAccount, mnuFilterCategory, mnuFilterPayee, mnuFilterInvestment,
+                       mnuFilterKeyword, mnuFilterText});
+  filters->addSeparator();
+  filters->addAction(mnuFilterNone);
   view.addSeparator();
   QMenu* columns = AddSubmenu(view, "mnuViewColumns", tr("Co&lumns"));
   columns->addActions({mnuViewDescription, mnuViewReference, mnuViewStatus});
   columns->addSeparator();
   columns->addMenu(mnuViewSort);
-  columns->addAction(mnuViewWidths);
+  columns->addActions({mnuViewFit, mnuViewWidths});
   view.addSeparator();
   view.addActions({mnuViewAccountTypes, mnuViewBanks, mnuViewPayments});
   view.addSeparator();
@@ -117,9 +141,11 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewSchedules);
   ribbon.AddButton(mnuViewInvestments);
   ribbon.AddSeparator();
-  ribbon.AddButton(mnuTransAdd);
+  ribbon.AddButton(mnuRibbonAdd);
   ribbon.AddButton(mnuTransAutofill);
   ribbon.AddButton(mnuTransReconcile);
+  ribbon.AddButton(mnuFileImport);
+  ribbon.AddButton(mnuEditUndo);
   ribbon.AddSeparator();
   ribbon.AddButton(mnuFilePreview);
   ribbon.AddButton(mnuViewRefresh);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/lists/ChosenTotals.h"
 #include "platform/Date.h"
 
 #include <QDate>
@@ -30,6 +31,8 @@ struct PrintTable;
 
 namespace corvanta::inline app {
 
+class FilterStrip;
+class SearchBox;
 struct ViewCommand;
 
 // The commands of the Edit menu, which stand for something else in each view.
@@ -55,8 +58,17 @@ class MainView {
   [[nodiscard]] virtual QAction* Entry() const = 0;
   [[nodiscard]] virtual QWidget* Widget() = 0;
   [[nodiscard]] virtual QString Title() const = 0;
+  // What adds an item of the kind that it lists.
+  [[nodiscard]] virtual QAction* AddCommand() const = 0;
   // Its list, whose columns are sorted and widened from the View menu; null for a view without.
   [[nodiscard]] virtual SortedTable* Table() const = 0;
+  // The line over its list that says what the filter of the window hides; null for a view whose
+  // rows the filter leaves alone.
+  [[nodiscard]] virtual FilterStrip* Strip() const { return nullptr; }
+  // The box in its head; null for a view that cannot be searched.
+  [[nodiscard]] virtual SearchBox* Search() const { return nullptr; }
+  // Shows its own rows, where those that were found elsewhere stand in their place.
+  virtual void ShowOwn() {}
   // Whether it shows the rows of one account, which its command names.
   [[nodiscard]] virtual bool IsOfAccount() const { return false; }
 
@@ -90,6 +102,10 @@ class MainView {
   // The account that commands on accounts are about; 0 for none.
   [[nodiscard]] virtual std::int64_t ChosenAccount() const { return 0; }
   [[nodiscard]] virtual PrintTable Printed() const = 0;
+  // What the chosen rows come to, for the status bar.
+  [[nodiscard]] virtual ChosenTotals TotalsOfChosen() const { return {}; }
+  // The ticks of columns that a person may hide.
+  [[nodiscard]] virtual std::vector<QAction*> ColumnChoices() const { return {}; }
 
   // --- Rows
 

@@ -2,16 +2,39 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/SvgIcon.h"
 #include "platform/Locale.h"
 
 #include <QCheckBox>
 #include <QDateEdit>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMenu>
 #include <QSignalBlocker>
+#include <QToolButton>
 
 namespace corvanta::inline app {
 namespace {
+
+QString NameOf(PeriodPreset preset) {
+  switch (preset) {
+    case PeriodPreset::ThisMonth:
+      return PeriodBar::tr("&This Month");
+    case PeriodPreset::LastMonth:
+      return PeriodBar::tr("&Last Month");
+    case PeriodPreset::ThisYear:
+      return PeriodBar::tr("This &Year");
+    case PeriodPreset::LastTwelveMonths:
+      return PeriodBar::tr("Last &12 Months");
+    case PeriodPreset::All:
+      return PeriodBar::tr("&All");
+  }
+  return {};
+}
+
+DateRange RangeOf(const Period& period) {
+  return {period.from, period.to};
+}
 
 // The form in which the locale writes a day, in the letters of a date field. It is read off a day
 // whose year, month and day cannot be taken for each other.
@@ -43,7 +66,9 @@ PeriodBar::PeriodBar(const Locale& locale, QWidget* parent)
     : QWidget(parent),
       chkUnset_(new QCheckBox(tr("Perio&d"), this)),
       from_(DayField("dtpFrom", tr("First day of the period"), locale, this)),
-      to_(DayField("dtpTo", tr("Last day of the period"), locale, this)) {
+      to_(DayField("dtpTo", tr("Last day of the period"), locale, this)),
+      cmdPeriods_(new QToolButton(this)),
+      presets_(new QMenu(this)) {
   setObjectName(QStringLiteral("pnlPeriod"));
   chkUnset_->setObjectName(QStringLiteral("chkUnset"));
   chkUnset_->setToolTip(tr("Show only the transactions between these days"));
@@ -53,6 +78,8 @@ PeriodBar::PeriodBar(const Locale& locale, QWidget* parent)
   line->addWidget(from_);
   line->addWidget(new QLabel(QStringLiteral("–"), this));
   line->addWidget(to_);
+  FillPresets();
+  line->addWidget(cmdPeriods_);
   SetInForce(false);
   connect(chkUnset_, &QCheckBox::toggled, this, [this](bool inForce) {
     SetInForce(inForce);
@@ -89,6 +116,38 @@ void PeriodBar::SetBelow(bool isBelow) {
   layout()->setSpacing(isBelow ? kRhythm / 2 : kRhythm);
   layout()->setContentsMargins(isBelow ? 2 * kRhythm : kRhythm, isBelow ? 0 : kRhythm, 2 * kRhythm,
                                kRhythm);
+}
+
+void PeriodBar::AddTool(QWidget* tool) {
+  layout()->addWidget(tool);
+}
+
+void PeriodBar::FillPresets() {
+  cmdPeriods_->setObjectName(QStringLiteral("cmdPeriods"));
+  cmdPeriods_->setIcon(SvgIcon(QStringLiteral("calendar")));
+  cmdPeriods_->setAccessibleName(tr("Usual periods"));
+  cmdPeriods_->setToolTip(tr("This month, last month, this year ..."));
+  cmdPeriods_->setPopupMode(QToolButton::InstantPopup);
+  cmdPeriods_->setFocusPolicy(Qt::StrongFocus);
+  cmdPeriods_->setMenu(presets_);
+  for (const PeriodPreset preset : kPeriodPresets) {
+    QAction* entry = presets_->addAction(NameOf(preset));
+    entry->setObjectName(QStringLiteral("mnuPeriod%1").arg(static_cast<int>(preset)));
+    entry->setCheckable(true);
+    connect(entry, &QAction::triggered, this, [this, preset] { ApplyPreset(preset); });
+    // The one that is in force carries a tick.
+    connect(presets_, &QMenu::aboutToShow, entry, [this, entry, preset] {
+      const auto days = DaysOf(preset, today_);
+      entry->setChecked(days ? InForce() == RangeOf(*days) : !InForce());
+    });
+  }
+}
+
+void PeriodBar::ApplyPreset(PeriodPreset preset) {
+  const auto days = DaysOf(preset, today_);
+  if (days) SetDates(RangeOf(*days));
+  SetInForce(days.has_value());
+  Q_EMIT Changed();
 }
 
 // The other end moves along when the days would cross.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ledger/PeriodPreset.h"
+#include "platform/Date.h"
 #include "platform/Settings.h"
 
 #include <QWidget>
@@ -8,6 +10,8 @@
 
 class QCheckBox;
 class QDateEdit;
+class QMenu;
+class QToolButton;
 
 namespace corvanta::inline platform {
 class Locale;
@@ -28,6 +32,10 @@ class PeriodBar : public QWidget {
   // These send no signal.
   void SetDates(const DateRange& dates);
   void SetInForce(bool inForce);
+  // What the usual periods are counted from.
+  void SetToday(Date today) { today_ = today; }
+  // A button at its end.
+  void AddTool(QWidget* tool);
   // Whether it stands under a title or at its side.
   void SetBelow(bool isBelow);
 
@@ -36,10 +44,15 @@ class PeriodBar : public QWidget {
 
  private:
   void ApplyDate(bool isStart);
+  void ApplyPreset(PeriodPreset preset);
+  void FillPresets();
 
   QCheckBox* chkUnset_;
   QDateEdit* from_;
   QDateEdit* to_;
+  QToolButton* cmdPeriods_;
+  QMenu* presets_;
+  Date today_;
 };
 
 }  // namespace corvanta::inline app

@@ -16,7 +16,10 @@ DialogPlace ReferenceView::DialogHere() const {
 }
 
 void ReferenceView::Edit(std::int64_t key) {
-  const DialogResult result = OpenReferenceEditor(kind_, key, DialogHere());
+  Apply(OpenReferenceEditor(kind_, key, DialogHere()));
+}
+
+void ReferenceView::Apply(const DialogResult& result) {
   if (!result.isChanged) return;
   Place().host.Reload();
   Place().host.ChooseRow(Name(), result.savedKey);

@@ -17,10 +17,11 @@ class ReferenceView : public ListView {
   void Add() override { Edit(0); }
   void Edit(std::int64_t key) override;
   void Delete(std::int64_t key) override;
+  [[nodiscard]] DialogPlace DialogHere() const;
+  // Shows what came of an editor.
+  void Apply(const DialogResult& result);
 
  private:
-  [[nodiscard]] DialogPlace DialogHere() const;
-
   ReferenceKind kind_;
 };
 

@@ -3,6 +3,7 @@
 #include "app/EntryCommands.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
+#include "app/RegisterModel.h"
 #include "app/RegisterView.h"
 #include "app/TransactionClip.h"
 #include "app/ViewCommand.h"
@@ -89,7 +90,10 @@ void RegisterCommands::MarkRow(std::int64_t key) {
   actions.mnuTranRec->setChecked(marks.isReconciled);
   actions.mnuTransSchedule->setVisible(marks.scheduleId != 0);
   actions.mnuTransTransfer->setVisible(marks.transferId != 0);
-  actions.mnuTransBreak1->setVisible(marks.scheduleId != 0 || marks.transferId != 0);
+  const bool isSplit = view_.IsSplit(key);
+  actions.mnuTransLines->setVisible(isSplit);
+  actions.mnuTransLines->setChecked(isSplit && !view_.Model().Lines(key).empty());
+  actions.mnuTransBreak1->setVisible(marks.scheduleId != 0 || marks.transferId != 0 || isSplit);
 }
 
 bool RegisterCommands::Can(EditTask task) const {
@@ -99,7 +103,7 @@ bool RegisterCommands::Can(EditTask task) const {
     case EditTask::Paste:
       return CanPaste();
     case EditTask::SelectAll:
-      return !view_.IsEmpty();
+      return !view_.IsEmpty() && !view_.IsCovered();
     default:
       return view_.FocusedKey() != 0;
   }
@@ -127,8 +131,7 @@ void RegisterCommands::Do(EditTask task, std::int64_t accountId) {
 }
 
 bool RegisterCommands::IsAccountClosed(const char* title) {
-  const auto account =
-      place_.session.Ledger().Accounts().ReadAccount(place_.host.Shown().accountId);
+  const auto account = place_.session.Ledger().Accounts().ReadAccount(place_.host.ChosenAccount());
   if (!account || !account->closed) return false;
   place_.platform.prompts.Tell(title, kAccountClosed);
   return true;

@@ -1,6 +1,7 @@
 #include "app/RegisterModel.h"
 
 #include "controls/QtText.h"
+#include "ledger/KeySet.h"
 #include "ledger/RegisterOrder.h"
 #include "ledger/TradeText.h"
 #include "platform/Locale.h"
@@ -174,6 +175,40 @@ QStringList RegisterModel::WidestFigures(int column) const {
   return of.mostAmount < 0 ? QStringList() : QStringList{text(of.mostAmount)};
 }
 
+const std::vector<RegisterLine>& RegisterModel::Lines(std::int64_t transactionId) const {
+  static const std::vector<RegisterLine> kNone;
+  const auto found = lines_.find(transactionId);
+  return found == lines_.end() ? kNone : found->second;
+}
+
+void RegisterModel::SetLines(std::int64_t transactionId, std::vector<RegisterLine> lines) {
+  if (lines.empty()) {
+    lines_.erase(transactionId);
+  } else {
+    lines_[transactionId] = std::move(lines);
+  }
+}
+
+QString RegisterModel::AmountText(double amount) const {
+  return ToQt(locale_.FormatNumber(amount));
+}
+
+double RegisterModel::Sum() const {
+  if (rows_ == nullptr) return 0;
+  return rows_->Totals().paidIn.value_or(0) + rows_->Totals().paidOut.value_or(0);
+}
+
+std::vector<int> RegisterModel::RowsAmong(const KeySet& keys) const {
+  std::vector<int> rows;
+  if (hasFailed_) return rows;
+  for (int row = 0; row < rowCount(); ++row) {
+    const std::size_t place = Place(row);
+    if (place < rows_->FirstRead()) continue;
+    if (keys.Has(rows_->Entry(place).transactionId)) rows.push_back(row);
+  }
+  return rows;
+}
+
 int RegisterModel::RowOf(std::int64_t transactionId) const {
   std::optional<std::size_t> place;
   if (rows_ != nullptr) Try([&] { place = rows_->RowOf(transactionId); });
@@ -232,6 +267,8 @@ QString RegisterModel::Text(int row, int column) const {
       return entry.amount < 0 ? QString() : ToQt(locale_.FormatNumber(entry.amount));
     case kBalance:
       return ToQt(locale_.FormatNumber(entry.balance));
+    case kAccount:
+      return ToQt(rows_->Names().Account(entry.accountId));
     default:
       return {};
   }
@@ -241,7 +278,11 @@ QString RegisterModel::Addition(int row, int column) const {
   if (column == kPayee) {
     // Where there is little room, no other column says it.
     const QString trade = ToQt(TradeText(Row(row), locale_));
-    const QString marks = MarksText(Row(row), IsAhead(row));
+    QString marks = MarksText(Row(row), IsAhead(row));
+    for (const RegisterLine& line : Lines(Key(row))) {
+      const QString text = line.description.isEmpty() ? QString() : u' ' + line.description;
+      marks += QStringLiteral("; ") + line.category + text + u' ' + AmountText(line.amount);
+    }
     return trade.isEmpty() || marks.isEmpty() ? trade + marks
                                               : trade + QStringLiteral(", ") + marks;
   }
@@ -293,6 +334,8 @@ QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int
       return tr("Paid In");
     case kBalance:
       return tr("Balance");
+    case kAccount:
+      return tr("Account");
     default:
       return {};
   }
@@ -305,6 +348,9 @@ QString MarksText(const RegisterRow& row, bool isAhead) {
   if (row.isTransfer) marks.append(RegisterModel::tr("transfer"));
   if (row.scheduleId != 0) marks.append(RegisterModel::tr("from a schedule"));
   if (row.hasAttachment) marks.append(RegisterModel::tr("file attached"));
+  if (!row.keywords.empty()) {
+    marks.append(RegisterModel::tr("keywords: %1").arg(ToQt(row.keywords)));
+  }
   return marks.join(QStringLiteral(", "));
 }
 

@@ -11,16 +11,29 @@
 
 #include <array>
 #include <functional>
+#include <map>
 #include <memory>
 #include <vector>
 
 class QTimer;
+
+namespace corvanta::inline ledger {
+class KeySet;
+}
 
 namespace corvanta::inline platform {
 class Locale;
 }
 
 namespace corvanta::inline app {
+
+// A line of a split transaction as it is shown below it.
+struct RegisterLine {
+  QString category;
+  QString reference;
+  QString description;
+  double amount = 0;  // in the account's currency, signed
+};
 
 // The rows of a register as a table. Nothing is read or formatted before it is drawn, so that a
 // register of any length opens at once.
@@ -39,6 +52,7 @@ class RegisterModel : public QAbstractTableModel {
     kPaidOut,
     kPaidIn,
     kBalance,
+    kAccount,  // of rows of several accounts alone; it stands behind the date
     kColumns
   };
   static constexpr bool IsMoney(int column) { return column >= kPaidOut && column <= kBalance; }
@@ -61,6 +75,11 @@ class RegisterModel : public QAbstractTableModel {
   // The row whole; valid until another one is asked for.
   [[nodiscard]] const RegisterRow& Row(int row) const;
   [[nodiscard]] std::int64_t Key(int row) const { return Entry(row).transactionId; }
+  // The lines that are shown below that transaction; none for one that is folded.
+  [[nodiscard]] const std::vector<RegisterLine>& Lines(std::int64_t transactionId) const;
+  void SetLines(std::int64_t transactionId, std::vector<RegisterLine> lines);
+  void DropLines() { lines_.clear(); }
+  [[nodiscard]] QString AmountText(double amount) const;
   // The row of the first day that is not before that one, or of the last day; -1 without rows.
   [[nodiscard]] int RowNear(Date day) const;
   // The rows of that day.
@@ -70,6 +89,10 @@ class RegisterModel : public QAbstractTableModel {
   // The widest figures that a column of money shows in the rows that are read; none for a column
   // that shows none.
   [[nodiscard]] QStringList WidestFigures(int column) const;
+  // What all rows come to, in the account's currency.
+  [[nodiscard]] double Sum() const;
+  // The rows of these transactions, as far as they are read.
+  [[nodiscard]] std::vector<int> RowsAmong(const KeySet& keys) const;
   // Of a transaction; -1 when it is not shown.
   [[nodiscard]] int RowOf(std::int64_t transactionId) const;
 
@@ -114,6 +137,7 @@ class RegisterModel : public QAbstractTableModel {
   mutable std::array<Page, 4> pages_;  // read last
   mutable std::size_t nextPage_ = 0;
   mutable bool hasFailed_ = false;
+  std::map<std::int64_t, std::vector<RegisterLine>> lines_;  // by their transactions
 };
 
 // What the marks of a row say, in words: "split, from a schedule"; empty for an ordinary row.

@@ -1,5 +1,6 @@
 #include "app/RegisterView.h"
 
+#include "app/FilterStrip.h"
 #include "app/PeriodBar.h"
 #include "app/RegisterModel.h"
 #include "app/TotalsLine.h"
@@ -19,6 +20,7 @@
 #include <QAction>
 #include <QBoxLayout>
 #include <QGuiApplication>
+#include <QHeaderView>
 #include <QItemSelection>
 #include <QScrollBar>
 #include <QStackedWidget>
@@ -58,6 +60,8 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   columns[RegisterModel::kPaidOut] = {money, 0, money, 6, true};
   columns[RegisterModel::kPaidIn] = {money, 0, money, 6, true};
   columns[RegisterModel::kBalance] = {money + 2 * kRhythm, 0, money + kRhythm, 0, true};
+  // Where it is shown, a balance means nothing without it.
+  columns[RegisterModel::kAccount] = {text(QStringLiteral("Current Account")), 2, few};
   return columns;
 }
 
@@ -77,6 +81,7 @@ RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* 
       head_(new QBoxLayout(QBoxLayout::LeftToRight)),
       header_(new ViewHeader(this)),
       period_(new PeriodBar(locale, this)),
+      strip_(new FilterStrip(this)),
       pages_(new QStackedWidget(this)),
       table_(new SortedTable(this)),
       empty_(new EmptyState(this)),
@@ -90,6 +95,8 @@ RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* 
   table_->setModel(model_);
   table_->setItemDelegate(delegate_);
   table_->SetColumns(Columns(locale, fontMetrics()));
+  table_->horizontalHeader()->moveSection(RegisterModel::kAccount, 1);
+  table_->ShowColumn(RegisterModel::kAccount, false);
   table_->SetSorted({RegisterModel::kDate, false});
   table_->setContextMenuPolicy(Qt::CustomContextMenu);
   empty_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -101,6 +108,8 @@ RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* 
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
   column->addLayout(head_);
+  period_->AddTool(strip_->Button());
+  column->addWidget(strip_);
   column->addWidget(pages_, 1);
   column->addWidget(totals_);
   setFocusProxy(table_);
@@ -143,31 +152,80 @@ void RegisterView::RequestMenu(QPoint place) {
 void RegisterView::ShowAccount(const AccountRow& account,
                                const std::shared_ptr<RegisterRows>& rows) {
   header_->Show(ToQt(AccountCaption(account)), Ahead(account, *rows) + Details(account));
-  PlacePeriod();
-  const auto count = static_cast<qulonglong>(rows->Count());
-  totals_->Show(
-      count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
-      rows->Totals(), locale_);
-  totals_->show();
-  period_->show();
-  const bool isSame = accountId_ == account.accountId;
-  accountId_ = account.accountId;
-  Fill(rows, isSame);
-  if (count == 0) ShowEmpty();
-  pages_->setCurrentIndex(count == 0 ? 1 : 0);
-  setFocusProxy(pages_->currentWidget());
+  ShowRows({account}, rows);
 }
 
-void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter) {
+void RegisterView::ShowFiltered(const std::vector<AccountRow>& accounts,
+                                const std::shared_ptr<RegisterRows>& rows) {
+  if (accounts.size() == 1) {
+    header_->Show(ToQt(AccountCaption(accounts.front())), Details(accounts.front()));
+  } else {
+    QStringList names;
+    for (const AccountRow& account : accounts) names.append(ToQt(AccountCaption(account)));
+    header_->Show(tr("%1 Accounts").arg(locale().toString(static_cast<int>(accounts.size()))),
+                  names.join(QStringLiteral("  ·  ")));
+  }
+  ShowRows(accounts, rows);
+}
+
+void RegisterView::ShowRows(const std::vector<AccountRow>& accounts,
+                            const std::shared_ptr<RegisterRows>& rows) {
+  PlacePeriod();
+  ShowTotals(*rows);
+  period_->show();
+  std::map<std::int64_t, std::string> shown;
+  for (const AccountRow& account : accounts) shown[account.accountId] = account.currency;
+  const bool isSame = currencies_ == shown;
+  currencies_ = std::move(shown);
+  ShowAccountColumn(accounts.size() > 1);
+  Fill(rows, isSame);
+  if (rows->Count() == 0) ShowEmpty();
+  ShowPage();
+  Q_EMIT Shown();
+}
+
+void RegisterView::ShowPage() {
+  QWidget* page = table_;
+  if (IsEmpty()) page = empty_;
+  if (covers_) page = cover_;
+  pages_->setCurrentWidget(page);
+  setFocusProxy(page);
+  totals_->setVisible(!currencies_.empty() && !covers_);
+}
+
+void RegisterView::ShowTotals(const RegisterRows& rows) {
+  const auto number = [this](std::size_t count) {
+    return locale().toString(static_cast<qulonglong>(count));
+  };
+  const std::size_t count = rows.Count();
+  const bool isFiltered = !rows.Scope().rows.IsEmpty();
+  QString text = count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(number(count));
+  if (count != rows.CountUnfiltered()) {
+    text = tr("%1 of %2 transactions").arg(number(count), number(rows.CountUnfiltered()));
+  }
+  // Figures of several currencies are no sum of any.
+  if (isFiltered && count > 0 && !rows.Totals().balance) text += tr(", in several currencies");
+  totals_->Show(text, rows.Totals(), locale_, isFiltered);
+}
+
+void RegisterView::ShowAccountColumn(bool show) {
+  table_->ShowColumn(RegisterModel::kAccount, show);
+  if (show || table_->Sorted().column != RegisterModel::kAccount) return;
+  table_->SetSorted({RegisterModel::kDate, false});
+}
+
+void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter, bool isFiltered) {
   if (count == 0) return;
   const QString title = count == 1 ? tr("The one transaction is hidden")
                                    : tr("All %1 transactions are hidden")
                                          .arg(locale().toString(static_cast<qlonglong>(count)));
-  empty_->Show(QStringLiteral("register"), title, FilterText(filter), offers_.everything);
+  empty_->Show(QStringLiteral("register"), title, FilterText(filter, isFiltered),
+               offers_.everything);
 }
 
-QString RegisterView::FilterText(const StatusFilter& filter) const {
+QString RegisterView::FilterText(const StatusFilter& filter, bool isFiltered) const {
   QStringList parts;
+  if (isFiltered) parts.append(tr("The filters above the list choose none of them."));
   if (const auto days = Period()) {
     parts.append(tr("The period above the list keeps to the days from %1 to %2.")
                      .arg(ToQt(locale_.FormatShortDate(days->start)),
@@ -242,17 +300,17 @@ void RegisterView::ShowNoAccount() {
   header_->Show(tr("Register"), QString());
   totals_->hide();
   period_->hide();
-  accountId_ = 0;
+  currencies_.clear();
   model_->SetRows(nullptr);
   empty_->Show(QStringLiteral("register"), tr("No account is chosen"),
                tr("Choose an account on the left to see what was paid into it and out of it."),
                offers_.accounts);
-  pages_->setCurrentIndex(1);
-  setFocusProxy(pages_->currentWidget());
+  ShowPage();
+  Q_EMIT Shown();
 }
 
 void RegisterView::LetGo() {
-  accountId_ = 0;
+  currencies_.clear();
   model_->SetRows(nullptr);
 }
 
@@ -272,6 +330,7 @@ void RegisterView::resizeEvent(QResizeEvent* event) {
 void RegisterView::SetToday(Date today) {
   today_ = today;
   model_->SetToday(today);
+  period_->SetToday(today);
 }
 
 QString RegisterView::Ahead(const AccountRow& account, RegisterRows& rows) const {

@@ -10,8 +10,10 @@
 #include <QSet>
 #include <QWidget>
 
+#include <map>
 #include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 class QAction;
@@ -34,12 +36,16 @@ class RegisterRows;
 
 namespace corvanta::inline app {
 
+class ChosenTotals;
+class FilterStrip;
 class PeriodBar;
 class RegisterModel;
+class SearchBox;
 class TotalsLine;
 class ViewHeader;
 
-// The view of "TransactionShow": the register of one account, newest last.
+// The view of "TransactionShow": the register of one account, or of what a filter has chosen of
+// several, newest last.
 class RegisterView : public QWidget {
   Q_OBJECT
 
@@ -57,9 +63,12 @@ class RegisterView : public QWidget {
   // that had the focus.
   // Throws StoreError.
   void ShowAccount(const AccountRow& account, const std::shared_ptr<RegisterRows>& rows);
+  // The same of the rows of these accounts, one or several, that a filter has chosen.
+  void ShowFiltered(const std::vector<AccountRow>& accounts,
+                    const std::shared_ptr<RegisterRows>& rows);
   // Says, in place of a register without rows, that filters hide those that the account has. The
   // days are those of Period().
-  void ShowHidden(std::int64_t count, const StatusFilter& filter);
+  void ShowHidden(std::int64_t count, const StatusFilter& filter, bool isFiltered);
   // Shows instead of a register that no account is chosen.
   void ShowNoAccount();
 
@@ -71,6 +80,10 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
+  [[nodiscard]] FilterStrip& Strip() const { return *strip_; }
+  [[nodiscard]] RegisterModel& Model() const { return *model_; }
+  // What the chosen rows come to.
+  [[nodiscard]] ChosenTotals Totals() const;
 
   // The period that the person asks for; the account's rows are the caller's to read.
   [[nodiscard]] std::optional<DateRange> Period() const;
@@ -78,15 +91,22 @@ class RegisterView : public QWidget {
   void SetDates(const DateRange& dates);
   void SetPeriod(const std::optional<DateRange>& period);
 
+  [[nodiscard]] SearchBox& Search() const;
+  // A list that may stand in the place of the register, whose rows nobody can choose meanwhile.
+  void SetCover(QWidget* cover);
+  void Cover(bool covers);
+  [[nodiscard]] bool IsCovered() const;
   // All rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ShownKeys() const;
   // The chosen rows from the first to the last.
   [[nodiscard]] std::vector<std::int64_t> ChosenKeys() const;
   // The chosen row that has the focus, or else the first chosen one; 0 when none is chosen.
   [[nodiscard]] std::int64_t FocusedKey() const;
+  // Whether it is a split row among those that are shown.
+  [[nodiscard]] bool IsSplit(std::int64_t transactionId) const;
   // Chooses that row alone and brings it into view. False when it is not shown.
   bool ChooseKey(std::int64_t transactionId);
-  // The chosen rows as lines of cells with tabs between them.
+  // The chosen rows as text with headings.
   [[nodiscard]] QString ChosenText() const;
   [[nodiscard]] bool IsEmpty() const;
   // What stands above the list: the account's name.
@@ -103,6 +123,7 @@ class RegisterView : public QWidget {
  Q_SIGNALS:
   void PeriodChanged();
   void ChoiceChanged();
+  void Shown();                             // other rows than before, or the same read anew
   void Opened(std::int64_t transactionId);  // a double click, or Enter
   void MenuRequested(QPoint place);         // on the screen
   void DaysRead();                          // Days() knows all of them now
@@ -117,7 +138,13 @@ class RegisterView : public QWidget {
   void PlacePeriod();
   void RequestMenu(QPoint place);
   void ShowEmpty();
-  [[nodiscard]] QString FilterText(const StatusFilter& filter) const;
+  [[nodiscard]] QString FilterText(const StatusFilter& filter, bool isFiltered) const;
+  void ShowRows(const std::vector<AccountRow>& accounts, const std::shared_ptr<RegisterRows>& rows);
+  void ShowTotals(const RegisterRows& rows);
+  // The account of each row is said where they are of several.
+  void ShowAccountColumn(bool show);
+  // The register, what stands in its place while it is empty, or what covers it.
+  void ShowPage();
   // Says where the balance is lowest among the rows still to come; empty without any.
   [[nodiscard]] QString Ahead(const AccountRow& account, RegisterRows& rows) const;
   void Fill(std::shared_ptr<RegisterRows> rows, bool isSame);
@@ -130,15 +157,18 @@ class RegisterView : public QWidget {
   QBoxLayout* head_;
   ViewHeader* header_;
   PeriodBar* period_;
+  FilterStrip* strip_;
   QStackedWidget* pages_;
   SortedTable* table_;
   EmptyState* empty_;
   TotalsLine* totals_;
+  QWidget* cover_ = nullptr;
+  bool covers_ = false;
   RegisterModel* model_;
   RegisterDelegate* delegate_;
   Offers offers_;
   const Locale& locale_;
-  std::int64_t accountId_ = 0;
+  std::map<std::int64_t, std::string> currencies_;  // of the accounts that are shown
   Date today_;
 };
 

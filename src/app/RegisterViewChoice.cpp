@@ -2,22 +2,61 @@
 #include "app/RegisterModel.h"
 #include "app/RegisterView.h"
 #include "app/ViewHeader.h"
+#include "app/lists/ChosenTotals.h"
+#include "app/lists/RowsText.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 
+#include <QApplication>
 #include <QItemSelection>
+#include <QStackedWidget>
 
 #include <algorithm>
 
 namespace corvanta::inline app {
 
 std::vector<int> RegisterView::ChosenRows() const {
-  std::vector<int> rows;
-  for (const QModelIndex& index : table_->selectionModel()->selectedRows()) {
-    rows.push_back(index.row());
+  // What is not to be seen must not be changed.
+  return covers_ ? std::vector<int>() : ChosenRowsOf(*table_);
+}
+
+ChosenTotals RegisterView::Totals() const {
+  ChosenTotals totals;
+  const std::vector<int> rows = ChosenRows();
+  // Of one account all of them need not be read for it.
+  if (static_cast<int>(rows.size()) == model_->rowCount() && currencies_.size() == 1) {
+    totals.Add(model_->Sum(), currencies_.begin()->second, rows.size());
+    return totals;
   }
-  std::sort(rows.begin(), rows.end());
-  return rows;
+  for (const int row : rows) {
+    const RegisterEntry& entry = model_->Entry(row);
+    const auto currency = currencies_.find(entry.accountId);
+    if (currency != currencies_.end()) totals.Add(entry.amount, currency->second);
+  }
+  return totals;
+}
+
+SearchBox& RegisterView::Search() const {
+  return header_->Search();
+}
+
+void RegisterView::SetCover(QWidget* cover) {
+  cover_ = cover;
+  pages_->addWidget(cover);
+}
+
+void RegisterView::Cover(bool covers) {
+  if (covers_ == covers) return;
+  covers_ = covers;
+  // The keys stay in the view.
+  const bool hasKeys = pages_->isAncestorOf(QApplication::focusWidget());
+  ShowPage();
+  if (hasKeys) setFocus();
+  Q_EMIT ChoiceChanged();
+}
+
+bool RegisterView::IsCovered() const {
+  return covers_;
 }
 
 std::vector<std::int64_t> RegisterView::ShownKeys() const {
@@ -35,12 +74,21 @@ std::vector<std::int64_t> RegisterView::ChosenKeys() const {
 }
 
 std::int64_t RegisterView::FocusedKey() const {
+  if (covers_) return 0;
   const QItemSelectionModel* chosen = table_->selectionModel();
   const QModelIndex current = table_->currentIndex();
   if (current.isValid() && chosen->isSelected(current)) return model_->Key(current.row());
   if (!chosen->hasSelection()) return 0;
   const std::vector<int> rows = ChosenRows();
   return rows.empty() ? 0 : model_->Key(rows.front());
+}
+
+bool RegisterView::IsSplit(std::int64_t transactionId) const {
+  // It is asked of the row in use, which is found without a search.
+  int row = table_->currentIndex().row();
+  if (transactionId == 0 || row < 0) return false;
+  if (model_->Key(row) != transactionId) row = model_->RowOf(transactionId);
+  return row >= 0 && model_->Row(row).isSplit;
 }
 
 bool RegisterView::ChooseKey(std::int64_t transactionId) {
@@ -51,16 +99,7 @@ bool RegisterView::ChooseKey(std::int64_t transactionId) {
 }
 
 QString RegisterView::ChosenText() const {
-  QString text;
-  for (const int row : ChosenRows()) {
-    QStringList cells;
-    for (int column = 0; column < RegisterModel::kColumns; ++column) {
-      if (table_->isColumnHidden(column)) continue;
-      cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
-    }
-    text += cells.join(u'\t') + u'\n';
-  }
-  return text;
+  return RowsAsText(*table_, ChosenRows());
 }
 
 QString RegisterView::Title() const {

@@ -7,11 +7,12 @@
 #include "app/RemindersPanel.h"
 #include "controls/QtText.h"
 #include "controls/ucCalendar.h"
-#include "ledger/ClosedAccounts.h"
+#include "ledger/OccurrenceFault.h"
 #include "ledger/Reminders.h"
 #include "ledger/SchedulePosting.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
@@ -28,22 +29,11 @@ namespace {
 constexpr const char* kReminders = "Reminders";
 constexpr int kMaxYearsAhead = 10;
 
-// Why the occurrence was neither posted nor skipped; empty when it was.
-std::string FaultOf(OccurrenceResult result) {
-  switch (result) {
-    case OccurrenceResult::Done:
-    case OccurrenceResult::AlreadyPosted:
-    case OccurrenceResult::NoRate:  // told already
-      return {};
-    case OccurrenceResult::NotDue:
-      return "The schedule has been changed, and this payment is no longer due.";
-    case OccurrenceResult::ClosedAccount:
-      return kAccountClosed;
-    case OccurrenceResult::EarlierPending:
-      return "An earlier payment of this schedule is still due. Please post or skip that one "
-             "first.";
-  }
-  return {};
+// What is there to be told: one that is posted already is as it was to be, and a missing rate was
+// told when it was asked for.
+bool IsFault(OccurrenceResult result) {
+  return result != OccurrenceResult::Done && result != OccurrenceResult::AlreadyPosted &&
+         result != OccurrenceResult::NoRate;
 }
 
 }  // namespace
@@ -121,10 +111,12 @@ void ReminderCommands::Settle(const QString& done,
   const Reminder* chosen = panel_.Chosen();
   if (chosen == nullptr || chosen->IsPosted()) return;
   const QString payment = PaymentText(*chosen, place_.platform.locale);
-  const std::string fault = FaultOf(settle(*chosen));
-  if (!fault.empty()) place_.platform.prompts.Tell(kReminders, fault);
+  const std::string day = place_.platform.locale.FormatShortDate(chosen->due);
+  const OccurrenceResult result = settle(*chosen);
+  const bool isFault = IsFault(result);
+  if (isFault) place_.platform.prompts.Tell(kReminders, OccurrenceFault(result, day));
   place_.host.Reload();
-  if (fault.empty()) place_.host.Notice(done.arg(payment));
+  if (!isFault) place_.host.Notice(done.arg(payment));
 }
 
 }  // namespace corvanta::inline app

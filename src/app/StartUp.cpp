@@ -3,6 +3,7 @@
 #include "app/FrmMain.h"
 #include "app/FrmSplash.h"
 #include "app/FrmTips.h"
+#include "app/SafetyCommands.h"
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
 #include "platform/Settings.h"
@@ -38,6 +39,7 @@ bool StartUp::Run() {
     if (!text.isEmpty()) splash.Say(text);
   });
   const Settings settings(platform_.Get().registry);
+  session_.OnDamage([&] { return RestoreByDialog(session_, platform_.Get(), &splash); });
   bool ready = false;
   RunCommand(prompts_, [&] {
     if (settings.IsOn(Setting::ShowTips)) FrmTips(platform_.Get(), &splash).exec();
@@ -48,7 +50,9 @@ bool StartUp::Run() {
   RunCommand(prompts_, [&] {
     if (ready) session_.PostSchedules();
   });
+  RunCommand(prompts_, [&] { RemindOfFailedBackup(session_, platform_.Get()); });
   progress_.SetTextSink({});
+  session_.OnDamage({});
   prompts_.SetParent(nullptr);
   // The window offers roads to a file that can be opened.
   if (!ready && !session_.HasFailed()) return false;

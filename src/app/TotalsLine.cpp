@@ -5,6 +5,7 @@
 #include "controls/Style.h"
 #include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
+#include "platform/Locale.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -61,11 +62,15 @@ void TotalsLine::Show(const QString& rows, const QString& figure, bool negative)
   Arrange();
 }
 
-void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Locale& money) {
+void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Locale& money,
+                      bool isFiltered) {
   const TotalsTexts texts = TextsOf(totals, money);
   others_[0]->setText(ToQt(texts.paidIn));
   others_[1]->setText(ToQt(texts.paidOut));
   others_[2]->setText(ToQt(texts.thisPeriod));
+  if (isFiltered && totals.thisPeriod) {
+    others_[2]->setText(tr("These Rows: %1").arg(ToQt(money.FormatNumber(*totals.thisPeriod))));
+  }
   Colour(*others_[1], totals.paidOut.value_or(0) < 0);
   Colour(*others_[2], totals.thisPeriod.value_or(0) < 0);
   hasOthers_ = true;

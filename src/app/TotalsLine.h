@@ -28,8 +28,10 @@ class TotalsLine : public QWidget {
 
   // One figure. `negative` gives it the colour for what is below zero.
   void Show(const QString& rows, const QString& figure, bool negative);
-  // The four figures of a register.
-  void Show(const QString& rows, const PeriodTotals& totals, const Locale& money);
+  // The four figures of a register. Where it is filtered, all but the balance are of the rows that
+  // the filter has chosen, which the third one says.
+  void Show(const QString& rows, const PeriodTotals& totals, const Locale& money,
+            bool isFiltered = false);
 
   [[nodiscard]] QSize minimumSizeHint() const override;
 

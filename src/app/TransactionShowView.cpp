@@ -1,5 +1,6 @@
 #include "app/TransactionShowView.h"
 
+#include "app/ItemCommands.h"
 #include "app/LedgerSession.h"
 #include "app/ListColours.h"
 #include "app/MainActions.h"
@@ -7,6 +8,9 @@
 #include "app/RegisterView.h"
 #include "app/ViewCommand.h"
 #include "app/WindowLayout.h"
+#include "app/lists/UnfoldedRows.h"
+#include "app/search/HitsTable.h"
+#include "app/search/RegisterSearch.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "exchange/ExchangeDialogs.h"
@@ -35,7 +39,10 @@ TransactionShowView::TransactionShowView(const ViewPlace& place, QWidget* parent
           {place.actions.mnuTransAdd, place.actions.mnuViewAccounts, place.actions.mnuViewAll},
           parent)),
       commands_(place, *register_),
-      ahead_(new ReadAhead(shelf_, this)) {
+      ahead_(new ReadAhead(shelf_, this)),
+      items_(new ItemCommands(place, *register_, *this, this)),
+      search_(new RegisterSearch(place, *register_, this)),
+      unfolded_(new UnfoldedRows(place, *register_, this)) {
   register_->SetToday(place.host.Today());
   Connect();
   ConnectColumns();
@@ -53,12 +60,24 @@ QWidget* TransactionShowView::Widget() {
   return register_;
 }
 
+QAction* TransactionShowView::AddCommand() const {
+  return place_.actions.mnuTransAdd;
+}
+
 QString TransactionShowView::Title() const {
   return register_->Title();
 }
 
+FilterStrip* TransactionShowView::Strip() const {
+  return &register_->Strip();
+}
+
 SortedTable* TransactionShowView::Table() const {
   return &register_->Table();
+}
+
+SearchBox* TransactionShowView::Search() const {
+  return &register_->Search();
 }
 
 void TransactionShowView::Connect() {
@@ -69,13 +88,15 @@ void TransactionShowView::Connect() {
   connect(register_, &RegisterView::Failed, this, [this](const QString& reason) {
     place_.platform.prompts.Tell("Data File", FromQt(reason), Icon::Warning);
   });
+  connect(search_, &RegisterSearch::FoundInLines, this, [this](qint64 key) {
+    place_.host.Guard([this, key] { unfolded_->Unfold(key); });
+    register_->ChooseKey(key);
+  });
   place_.On(place_.actions.mnuFileExport, this, [this] { ExportRegister(); });
 }
 
 void TransactionShowView::ConnectColumns() {
-  const MainActions& actions = place_.actions;
-  for (QAction* tick :
-       {actions.mnuViewDescription, actions.mnuViewReference, actions.mnuViewStatus}) {
+  for (QAction* tick : ColumnChoices()) {
     place_.On(tick, this, [this] { KeepColumns(); });
   }
 }
@@ -97,6 +118,8 @@ std::optional<AccountRow> TransactionShowView::Find(std::int64_t accountId,
 void TransactionShowView::Show(const ViewCommand& command) {
   register_->SetToday(place_.host.Today());
   register_->SetPeriod(command.dates);
+  isShown_ = false;
+  if (!command.rows.IsEmpty()) return ShowFiltered(command);
   std::optional<EntrySums> sums;
   const std::optional<AccountRow> account = Find(command.accountId, sums);
   account_ = account ? account->accountId : 0;
@@ -111,16 +134,45 @@ void TransactionShowView::ShowRows(const AccountRow& account,
   const ViewCommand& shown = place_.host.Shown();
   const auto rows = shelf_.Fetch(store, Scope(), account.openingBalance, sums);
   register_->ShowAccount(account, rows);
-  if (register_->IsEmpty() && shown.IsFiltered()) {
-    const EntrySums all = ReadSums(store, account_, StatusFilter(), std::nullopt, std::nullopt);
-    register_->ShowHidden(all.count, shown.Filter());
-  }
+  isShown_ = true;
+  if (register_->IsEmpty() && shown.IsFiltered()) ShowHidden();
   CountUncleared(rows);
+}
+
+void TransactionShowView::ShowFiltered(const ViewCommand& command) {
+  std::vector<AccountRow> accounts;
+  std::vector<FilteredAccount> wanted;
+  account_ = command.accountId;
+  for (const std::int64_t key : Scope().Accounts()) {
+    std::optional<EntrySums> sums;
+    const std::optional<AccountRow> account = Find(key, sums);
+    if (!account) continue;
+    accounts.push_back(*account);
+    wanted.push_back({key, account->currencyId, account->openingBalance, sums});
+  }
+  account_ = accounts.size() == 1 ? accounts.front().accountId : 0;
+  uncleared_.clear();
+  if (accounts.empty()) return register_->ShowNoAccount();
+  const auto rows = shelf_.FetchFiltered(place_.session.Ledger().Store(), Scope(), wanted);
+  register_->ShowFiltered(accounts, rows);
+  isShown_ = true;
+  if (register_->IsEmpty()) ShowHidden();
+  CountUncleared(rows);
+}
+
+void TransactionShowView::ShowHidden() {
+  const ViewCommand& shown = place_.host.Shown();
+  Connection& store = place_.session.Ledger().Store();
+  std::int64_t count = 0;
+  for (const std::int64_t account : Scope().Accounts()) {
+    count += ReadSums(store, account, StatusFilter(), std::nullopt, std::nullopt).count;
+  }
+  register_->ShowHidden(count, shown.Filter(), !shown.rows.IsEmpty());
 }
 
 RegisterScope TransactionShowView::Scope() const {
   const ViewCommand& shown = place_.host.Shown();
-  return {account_, shown.Filter(), shown.RegisterPeriod()};
+  return {account_, shown.Filter(), shown.RegisterPeriod(), shown.rows};
 }
 
 // Counting them reads all of the account's entries: of a long register that is done once the rows
@@ -146,7 +198,7 @@ void TransactionShowView::CountUncleared(const std::shared_ptr<RegisterRows>& ro
 }
 
 ViewSurroundings TransactionShowView::Surroundings() const {
-  if (account_ == 0) return {};
+  if (!isShown_) return {};
   return {account_, register_->Days(), uncleared_};
 }
 
@@ -164,9 +216,11 @@ void TransactionShowView::ApplyAccounts() {
 
 void TransactionShowView::LetGo() {
   ahead_->Stop();
+  search_->LetGo();
   shelf_.Clear();
   register_->LetGo();
   account_ = 0;
+  isShown_ = false;
 }
 
 void TransactionShowView::ApplySettings() {
@@ -218,16 +272,27 @@ void TransactionShowView::Do(EditTask task) {
 void TransactionShowView::MarkCommands(bool isShown) {
   place_.actions.mnuFileExport->setEnabled(isShown && account_ != 0);
   commands_.Mark(isShown);
+  items_->Mark(isShown);
 }
 
 void TransactionShowView::ExportRegister() {
   const ViewCommand& shown = place_.host.Shown();
-  ExportView view{account_, shown.Filter(), shown.RegisterPeriod(), register_->ShownKeys()};
+  ExportView view{account_, shown.Filter(), shown.RegisterPeriod(), register_->ShownKeys(),
+                  !shown.rows.IsEmpty()};
   OpenExport(view, {place_.platform, place_.session.Ledger(), &place_.window});
 }
 
 PrintTable TransactionShowView::Printed() const {
   return PrintTableOf(register_->Table(), FromQt(register_->Title()));
+}
+
+ChosenTotals TransactionShowView::TotalsOfChosen() const {
+  return register_->IsCovered() ? search_->Found().Totals() : register_->Totals();
+}
+
+std::vector<QAction*> TransactionShowView::ColumnChoices() const {
+  const MainActions& actions = place_.actions;
+  return {actions.mnuViewDescription, actions.mnuViewReference, actions.mnuViewStatus};
 }
 
 std::int64_t TransactionShowView::RowCount() const {
@@ -241,10 +306,16 @@ std::set<std::int64_t> TransactionShowView::ShownOf(
 }
 
 bool TransactionShowView::ChooseKey(std::int64_t key) {
+  ShowOwn();
   return register_->ChooseKey(key);
 }
 
+void TransactionShowView::ShowOwn() {
+  if (register_->IsCovered()) search_->Leave();
+}
+
 void TransactionShowView::ChooseDay(Date day) {
+  ShowOwn();
   register_->ChooseDay(day);
 }
 

@@ -16,8 +16,11 @@ struct RegisterScope;
 
 namespace corvanta::inline app {
 
+class ItemCommands;
 class ReadAhead;
+class RegisterSearch;
 class RegisterView;
+class UnfoldedRows;
 
 // The view of "TransactionShow": the register of one account, with its period and what is
 // remembered of registers that were read.
@@ -32,6 +35,10 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] QWidget* Widget() override;
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] SortedTable* Table() const override;
+  [[nodiscard]] QAction* AddCommand() const override;
+  [[nodiscard]] FilterStrip* Strip() const override;
+  [[nodiscard]] SearchBox* Search() const override;
+  void ShowOwn() override;
   [[nodiscard]] bool IsOfAccount() const override { return true; }
 
   void Show(const ViewCommand& command) override;
@@ -51,6 +58,8 @@ class TransactionShowView : public QObject, public MainView {
   void MarkCommands(bool isShown) override;
   [[nodiscard]] std::int64_t ChosenAccount() const override { return account_; }
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+  [[nodiscard]] std::vector<QAction*> ColumnChoices() const override;
 
   [[nodiscard]] std::int64_t RowCount() const override;
   [[nodiscard]] std::set<std::int64_t> ShownOf(
@@ -65,6 +74,10 @@ class TransactionShowView : public QObject, public MainView {
   [[nodiscard]] std::optional<AccountRow> Find(std::int64_t accountId,
                                                std::optional<EntrySums>& sums) const;
   void ShowRows(const AccountRow& account, const std::optional<EntrySums>& sums);
+  // What the window's filter has chosen.
+  void ShowFiltered(const ViewCommand& command);
+  // Says that the account's rows, or those of the filter's accounts, are hidden.
+  void ShowHidden();
   void CountUncleared(const std::shared_ptr<RegisterRows>& rows);
   // Of what is shown.
   [[nodiscard]] RegisterScope Scope() const;
@@ -77,7 +90,11 @@ class TransactionShowView : public QObject, public MainView {
   RegisterCommands commands_;
   RegisterShelf shelf_;
   ReadAhead* ahead_;
-  std::int64_t account_ = 0;  // that is shown; 0 for none
+  ItemCommands* items_;
+  RegisterSearch* search_;
+  UnfoldedRows* unfolded_;
+  std::int64_t account_ = 0;  // that is shown; 0 for none, as for several
+  bool isShown_ = false;      // whether rows are, of whatever accounts
   QString uncleared_;         // how many of its rows are; empty while that is not known
 };
 

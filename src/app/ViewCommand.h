@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/Period.h"
+#include "ledger/RowFilter.h"
 #include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Settings.h"
@@ -29,11 +30,12 @@ struct ViewCommand {
   bool cleared = true;
   bool reconciled = true;
   std::optional<DateRange> dates = std::nullopt;  // of a register that keeps to a period
+  RowFilter rows = {};                            // the filter lists and the search text
 
   [[nodiscard]] StatusFilter Filter() const { return {uncleared, cleared, reconciled}; }
   // Whether rows of the account may be hidden.
   [[nodiscard]] bool IsFiltered() const {
-    return dates.has_value() || uncleared != cleared || cleared != reconciled;
+    return dates.has_value() || uncleared != cleared || cleared != reconciled || !rows.IsEmpty();
   }
   [[nodiscard]] std::optional<Period> RegisterPeriod() const {
     if (!dates) return std::nullopt;

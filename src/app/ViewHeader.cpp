@@ -1,8 +1,10 @@
 #include "app/ViewHeader.h"
 
+#include "app/search/SearchBox.h"
 #include "controls/MutedLabel.h"
 #include "controls/Style.h"
 
+#include <QHBoxLayout>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -13,7 +15,10 @@ constexpr int kUsualName = 24;  // characters
 }
 
 ViewHeader::ViewHeader(QWidget* parent)
-    : QWidget(parent), title_(new QLabel(this)), details_(new MutedLabel(this)) {
+    : QWidget(parent),
+      title_(new QLabel(this)),
+      details_(new MutedLabel(this)),
+      search_(new SearchBox(this)) {
   title_->setObjectName(QStringLiteral("lblTitle"));
   title_->setFont(ScaledFont(2, QFont::DemiBold));
   title_->setTextFormat(Qt::PlainText);
@@ -21,11 +26,15 @@ ViewHeader::ViewHeader(QWidget* parent)
   details_->setObjectName(QStringLiteral("lblDetails"));
   details_->setTextFormat(Qt::PlainText);
   details_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
-  auto* column = new QVBoxLayout(this);
-  column->setContentsMargins(2 * kRhythm, kRhythm + kRhythm / 2, 2 * kRhythm, kRhythm);
+  auto* column = new QVBoxLayout;
   column->setSpacing(kRhythm / 4);
   column->addWidget(title_);
   column->addWidget(details_);
+  auto* line = new QHBoxLayout(this);
+  line->setContentsMargins(2 * kRhythm, kRhythm + kRhythm / 2, 2 * kRhythm, kRhythm);
+  line->setSpacing(kRhythm);
+  line->addLayout(column, 1);
+  line->addWidget(search_);
 }
 
 QString ViewHeader::Title() const {
@@ -34,7 +43,8 @@ QString ViewHeader::Title() const {
 
 int ViewHeader::WantedWidth() const {
   const int usual = kUsualName * title_->fontMetrics().averageCharWidth();
-  return std::min(title_->fontMetrics().horizontalAdvance(name_), usual) + 4 * kRhythm;
+  return std::min(title_->fontMetrics().horizontalAdvance(name_), usual) + 5 * kRhythm +
+         search_->minimumSizeHint().width();
 }
 
 void ViewHeader::Show(const QString& title, const QString& details) {

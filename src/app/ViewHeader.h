@@ -6,7 +6,9 @@ class QLabel;
 
 namespace corvanta::inline app {
 
-// The head of a view: what it shows, and a word about it.
+class SearchBox;
+
+// The head of a view: what it shows, a word about it, and the box to search it.
 class ViewHeader : public QWidget {
   Q_OBJECT
 
@@ -14,7 +16,8 @@ class ViewHeader : public QWidget {
   explicit ViewHeader(QWidget* parent);
   void Show(const QString& title, const QString& details);
   [[nodiscard]] QString Title() const;
-  // What the title needs, up to a usual name's length.
+  [[nodiscard]] SearchBox& Search() const { return *search_; }
+  // What the title and the box need, the title up to a usual name's length.
   [[nodiscard]] int WantedWidth() const;
 
  protected:
@@ -27,6 +30,7 @@ class ViewHeader : public QWidget {
   QString text_;
   QLabel* title_;
   QLabel* details_;
+  SearchBox* search_;
 };
 
 }  // namespace corvanta::inline app

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -15,6 +16,10 @@ class QWidget;
 
 namespace corvanta::inline platform {
 struct Platform;
+}
+
+namespace corvanta::inline ledger {
+class RowFilter;
 }
 
 namespace corvanta::inline app {
@@ -57,6 +62,10 @@ class ViewHost {
   // Chooses the row where that view is in front; false where another one is, or the row is not
   // among those that it shows.
   virtual bool ChooseRow(std::string_view view, std::int64_t key) = 0;
+  // The import of that file into the account that entries go to.
+  virtual void Import(const std::string& path) = 0;
+  // The view in front with that filter; where it leaves its rows alone, the register.
+  virtual void ShowRows(const RowFilter& filter) = 0;
   // Gives the view in front the keys.
   virtual void FocusView() = 0;
 

@@ -18,6 +18,7 @@ constexpr std::string_view kTop = "Top";
 constexpr std::string_view kColumns = "WindowColumns";
 constexpr std::string_view kLeftRows = "WindowRows";
 constexpr std::string_view kReminders = "WindowReminders";
+constexpr std::string_view kRibbon = "WindowRibbon";
 
 constexpr int kComfortableWidth = 1280;
 constexpr int kComfortableHeight = 800;
@@ -64,6 +65,7 @@ WindowLayout ReadLayout(Registry& registry) {
   layout.view = ToQt(settings.Text(Setting::View));
   layout.account = settings.Number(Setting::Account);
   layout.showsReminders = ReadText(registry, kReminders) == QStringLiteral("1");
+  layout.showsRibbon = ReadText(registry, kRibbon) != QStringLiteral("0");
   // The columns are counted from 1 there, as 0 stands for none.
   layout.sort = {settings.Number(Setting::ColNo) - 1, settings.Number(Setting::ColSort) == 1};
   return layout;
@@ -77,6 +79,7 @@ void WriteLayout(Registry& registry, const WindowLayout& layout) {
   values[Name(Setting::View)] = FromQt(layout.view);
   values[Name(Setting::Account)] = std::to_string(layout.account);
   values[std::string(kReminders)] = layout.showsReminders ? "1" : "0";
+  values[std::string(kRibbon)] = layout.showsRibbon ? "1" : "0";
   values[Name(Setting::ColNo)] = std::to_string(layout.sort.column + 1);
   values[Name(Setting::ColSort)] = std::to_string(layout.sort.isDescending ? 1 : 0);
   values[std::string(kLeft)] = std::to_string(layout.place.x());

@@ -26,7 +26,8 @@ struct WindowLayout {
   QString view;         // the command last shown
   qint64 account = 0;
   bool showsReminders = false;  // folded at first: the register needs the width
-  SortState sort;               // of the list last shown
+  bool showsRibbon = true;
+  SortState sort;  // of the list last shown
   // What the views keep, by the names of the settings; written only.
   std::map<std::string, std::string> views;
 };

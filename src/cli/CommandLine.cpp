@@ -2,17 +2,21 @@
 
 #include "cli/AccountsCommand.h"
 #include "cli/AddCommand.h"
+#include "cli/ArchiveCommand.h"
 #include "cli/Arguments.h"
 #include "cli/AttachCommand.h"
 #include "cli/AutofillCommand.h"
+#include "cli/BackupCommand.h"
 #include "cli/BalanceCommand.h"
 #include "cli/CategoryCommand.h"
 #include "cli/CloseNames.h"
+#include "cli/CompletionCommand.h"
 #include "cli/DeleteCommand.h"
 #include "cli/DownloadCommand.h"
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
 #include "cli/ExportCommand.h"
+#include "cli/FindCommand.h"
 #include "cli/HoldingsCommand.h"
 #include "cli/ImportCommand.h"
 #include "cli/InvestCommand.h"
@@ -22,6 +26,7 @@
 #include "cli/MergeCommand.h"
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
+#include "cli/PassphraseCommand.h"
 #include "cli/PasswordCommand.h"
 #include "cli/PostCommand.h"
 #include "cli/PriceCommand.h"
@@ -29,6 +34,8 @@
 #include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
 #include "cli/RemindersCommand.h"
+#include "cli/RestoreCommand.h"
+#include "cli/SalvageCommand.h"
 #include "cli/ScheduleCommand.h"
 #include "cli/Session.h"
 #include "cli/SetStatusCommand.h"
@@ -36,6 +43,7 @@
 #include "cli/SourceCommand.h"
 #include "cli/SplitCommand.h"
 #include "cli/SqlCommand.h"
+#include "cli/TransferCommand.h"
 #include "cli/ValidateCommand.h"
 #include "cli/WatchCommand.h"
 #include "ledger/ReferenceRecords.h"
@@ -205,9 +213,16 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<SettingsCommand>());
   add(std::make_unique<KeyCommand>());
   add(std::make_unique<PasswordCommand>());
+  add(std::make_unique<PassphraseCommand>());
+  add(std::make_unique<BackupCommand>());
+  add(std::make_unique<RestoreCommand>());
+  add(std::make_unique<TransferCommand>());
+  add(std::make_unique<ArchiveCommand>());
+  add(std::make_unique<SalvageCommand>());
   add(std::make_unique<AccountsCommand>());
   add(std::make_unique<BalanceCommand>());
   add(std::make_unique<RegisterCommand>());
+  add(std::make_unique<FindCommand>());
   add(std::make_unique<AddCommand>());
   add(std::make_unique<EditCommand>());
   add(std::make_unique<SplitCommand>());
@@ -239,6 +254,7 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
   add(std::make_unique<HoldingsCommand>());
   add(std::make_unique<LoanCommand>(LoanMode::Loan));
   add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
+  add(std::make_unique<CompletionCommand>());
 }
 
 ExitStatus CommandLine::RunChosen() {

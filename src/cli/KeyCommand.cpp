@@ -4,6 +4,7 @@
 #include "cli/Session.h"
 #include "platform/Files.h"
 #include "store/datafile/InstallationKey.h"
+#include "store/datafile/Passphrase.h"
 #include "store/sql/StoreError.h"
 
 #include <CLI/CLI.hpp>
@@ -39,6 +40,11 @@ ExitStatus KeyCommand::Show(Session& session) const {
   // What is shown has opened the file in this moment.
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
+  if (IsFromPassphrase(file->password)) {
+    return session.Refuse(kTitle,
+                          "This data file opens with its passphrase, on every computer. There is no "
+                          "other key to it.");
+  }
   const std::string key = RecoveryKeyFromPassword(file->password);
   // As text it is the key alone, so that the output saved in a file is a file for "key use".
   if (session.Options().format == "text") {

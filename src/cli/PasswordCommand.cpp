@@ -1,10 +1,10 @@
 #include "cli/PasswordCommand.h"
 
+#include "cli/NewSecret.h"
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Platform.h"
-#include "platform/Prompts.h"
 #include "platform/Settings.h"
 
 #include <CLI/CLI.hpp>
@@ -57,21 +57,8 @@ ExitStatus PasswordCommand::Show(Session& session) const {
   return ExitStatus::Done;
 }
 
-std::optional<std::string> PasswordCommand::AskNew(Session& session) {
-  Prompts& prompts = session.Machine().prompts;
-  const auto typed = prompts.AskText(kTitle, "Enter the new password:", true);
-  auto again = prompts.AskText(kTitle, "Enter it once more:", true);
-  // What a program hands over was not mistyped in the dark: once will do.
-  if (!again && session.Options().passwordFd) again = typed;
-  if (const auto warning = CheckNewPassword(typed.value_or(""), again.value_or(""))) {
-    session.Tell(warning->title, warning->text);
-    return std::nullopt;
-  }
-  return typed;
-}
-
 ExitStatus PasswordCommand::Set(LoginPassword& password, Session& session) const {
-  const std::optional<std::string> typed = AskNew(session);
+  const std::optional<std::string> typed = AskNewSecret(kTitle, "password", CheckNewPassword, session);
   if (!typed) return ExitStatus::Refused;
   password.Set(*typed);
   Settings(session.Machine().registry).SetOn(Setting::Login, true);

@@ -2,9 +2,6 @@
 
 #include "cli/Command.h"
 
-#include <optional>
-#include <string>
-
 namespace corvanta::inline ledger {
 class LoginPassword;
 }
@@ -21,9 +18,6 @@ class PasswordCommand : public Command {
   ExitStatus Show(Session& session) const;
   ExitStatus Set(LoginPassword& password, Session& session) const;
   ExitStatus SwitchOff(LoginPassword& password, Session& session) const;
-  // The new password, given twice where nobody saw what was typed; nullopt, told, when it will not
-  // do.
-  [[nodiscard]] static std::optional<std::string> AskNew(Session& session);
 
   CLI::App* set_ = nullptr;
   CLI::App* change_ = nullptr;

@@ -3,7 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/Session.h"
 #include "invest/WebRates.h"
-#include "ledger/ClosedAccounts.h"
+#include "ledger/OccurrenceFault.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/SchedulePosting.h"
 #include "ledger/ScheduleRecord.h"
@@ -22,21 +22,6 @@ std::optional<Date> NextDue(clsCorvanta& ledger, std::int64_t scheduleId) {
     if (row.scheduleId == scheduleId) return row.nextDue;
   }
   return std::nullopt;
-}
-
-std::string FaultOf(OccurrenceResult result, Date due) {
-  switch (result) {
-    case OccurrenceResult::AlreadyPosted:
-      return "The payment of " + due.ToIso() + " is posted already.";
-    case OccurrenceResult::ClosedAccount:
-      return kAccountClosed;
-    case OccurrenceResult::NoRate:
-      return "There is no exchange rate for the payment of " + due.ToIso() + "; it stays pending.";
-    case OccurrenceResult::EarlierPending:
-      return "An earlier payment is waiting. Post or skip that one first.";
-    default:
-      return "The schedule has no payment due on " + due.ToIso() + ".";
-  }
 }
 
 }  // namespace
@@ -81,7 +66,9 @@ ExitStatus PostCommand::PostOne(clsCorvanta& ledger, SchedulePosting& posting,
   if (!due) return session.Refuse(kTitle, "The schedule is finished.");
   const OccurrenceResult result =
       skips_ ? posting.SkipOccurrence(key, *due) : posting.PostOccurrence(key, *due);
-  if (result != OccurrenceResult::Done) return session.Refuse(kTitle, FaultOf(result, *due));
+  if (result != OccurrenceResult::Done) {
+    return session.Refuse(kTitle, OccurrenceFault(result, due->ToIso()));
+  }
   session.Tell(kTitle, "The payment of " + due->ToIso() + (skips_ ? " is skipped" : " is posted"));
   return ExitStatus::Done;
 }

@@ -177,7 +177,7 @@ ExitStatus ScheduleCommand::Split(clsCorvanta& ledger, Session& session) const {
 
 ExitStatus ScheduleCommand::Copy(clsCorvanta& ledger, Session& session) const {
   const auto row = schedule_.Find(ledger, session);
-  if (!row) return ExitStatus::Refused;
+  if (!row || RefuseClosed(row->accountClosed, session)) return ExitStatus::Refused;
   PrintKey(ledger.Schedules().PasteSchedule(row->scheduleId), session);
   return ExitStatus::Done;
 }

@@ -3,6 +3,7 @@
 #include "cli/OutputTable.h"
 #include "cli/TableWriter.h"
 #include "ledger/LoginPassword.h"
+#include "ledger/PassphrasePrompt.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"
 #include "platform/ShownText.h"
@@ -22,6 +23,12 @@ Session::Session(Platform& platform, const GlobalOptions& options, const std::st
       messages_(messages) {
   if (options.data) opener_.SetDataPath(*options.data);
   opener_.SetPatience({std::chrono::seconds(options.wait), {}});
+  opener_.SetPassphraseQuestion(
+      [this, ask = AskForPassphrase(platform.prompts)](const std::string& path, bool isAgain) {
+        std::optional<std::string> typed;
+        Typing([&] { typed = ask(path, isAgain); });
+        return typed;
+      });
 }
 
 std::optional<DataFile> Session::Open(Access access) {
@@ -36,22 +43,31 @@ bool Session::PassLogin() {
   try {
     const DataFile file = opener_.OpenExisting(false);
     return Admits(*file.connection);
-  } catch (const StoreError&) {
+  } catch (const StoreError& error) {
+    // Who turned back at the passphrase is not asked again.
+    if (error.Code() == StoreErrorCode::WrongPassphrase) throw;
     return true;
+  }
+}
+
+void Session::Typing(const std::function<void()>& ask) {
+  try {
+    ask();
+  } catch (const PromptRefused&) {
+    Tell(kPasswordWarning, "There is no terminal to type it at. Hand it over with --password-fd.");
   }
 }
 
 bool Session::Admits(Connection& file) {
   if (!gate_.Asks(file)) return true;
-  try {
+  bool admits = false;
+  Typing([&] {
     const std::optional<std::string> typed =
         platform_.prompts.AskText("Password", "Enter the password of this data file:", true);
-    if (typed && gate_.Admit(file, *typed)) return true;
-    Tell(kPasswordWarning, kWrongPassword);
-  } catch (const PromptRefused&) {
-    Tell(kPasswordWarning, "There is no terminal to type it at. Hand it over with --password-fd.");
-  }
-  return false;
+    admits = typed && gate_.Admit(file, *typed);
+    if (!admits) Tell(kPasswordWarning, kWrongPassword);
+  });
+  return admits;
 }
 
 void Session::Print(const OutputTable& table) {

@@ -5,6 +5,7 @@
 #include "ledger/LoginGate.h"
 #include "store/datafile/OpenDataFile.h"
 
+#include <functional>
 #include <iosfwd>
 #include <optional>
 #include <string>
@@ -34,6 +35,8 @@ class Session {
   // its password and it was not given (told already). A file that cannot be looked into now is let
   // pass, for the command to say why: what it opens after all goes through Admits.
   [[nodiscard]] bool PassLogin();
+  // Runs what asks for a secret, and says how to hand it over where nobody can type it.
+  void Typing(const std::function<void()>& ask);
   // False, and told, when the open file asks for a password that has not been given yet. Nothing of
   // a file may be shown or changed before. Throws StoreError.
   [[nodiscard]] bool Admits(Connection& file);

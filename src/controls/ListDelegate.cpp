@@ -70,6 +70,20 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   painter->restore();
 }
 
+QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
+  QStyleOptionViewItem cell = option;
+  initStyleOption(&cell, index);
+  const QFontMetrics metrics(cell.font);
+  const bool isNumber = (cell.displayAlignment & Qt::AlignRight) != 0;
+  const int text =
+      isNumber ? TabularWidth(metrics, cell.text) : metrics.horizontalAdvance(cell.text);
+  // What the gaps leave of a cell.
+  constexpr QRect kCell(0, 0, 1000, 1);
+  const int gaps =
+      kCell.width() - CellTextRect(kCell, index.column(), index.model()->columnCount()).width();
+  return {text + gaps + 1, QStyledItemDelegate::sizeHint(option, index).height()};
+}
+
 void ListDelegate::DrawText(QPainter& painter, const QRect& place, const QString& text,
                             bool isNumber) {
   if (isNumber) return DrawTabular(painter, place, text);

@@ -32,13 +32,13 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   const QString text = model()->headerData(logicalIndex, orientation()).toString();
   const QVariant own = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
   const Qt::Alignment alignment = own.isValid() ? own.value<Qt::Alignment>() : defaultAlignment();
-  QRect place = CellTextRect(rect, logicalIndex, count());
+  QRect place = CellTextRect(rect, visualIndex(logicalIndex), count());
   painter->save();
   painter->fillRect(rect, palette().color(QPalette::Window));
   painter->setPen(Hairline(palette()));
   painter->drawLine(rect.bottomLeft(), rect.bottomRight());
   // The grip of the column's width.
-  if (logicalIndex != count() - 1) {
+  if (visualIndex(logicalIndex) != count() - 1) {
     painter->drawLine(rect.right(), rect.top() + kRhythm, rect.right(), rect.bottom() - kRhythm);
   }
   painter->setPen(MutedText(palette()));

@@ -37,7 +37,9 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   // Where there is no room for all that can neither give way nor leave, figures at the end stay in
   // sight.
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int most) {
-    if (!columns_.empty() && columns_.back().wish.isLast) horizontalScrollBar()->setValue(most);
+    const bool hasFigures =
+        std::ranges::any_of(columns_, [](const State& column) { return column.wish.isLast; });
+    if (hasFigures) horizontalScrollBar()->setValue(most);
   });
 }
 

@@ -19,7 +19,7 @@ namespace corvanta::inline controls {
 namespace {
 
 constexpr QSize kLeast(30 * kRhythm, 20 * kRhythm);
-constexpr int kStepsAcross = 4;
+constexpr int kStepsAcross = 3;
 constexpr int kStepsUp = 5;
 constexpr double kMarkSize = 9;
 constexpr std::array kStrokes = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
@@ -120,6 +120,8 @@ void Plot::SetAxes(const QRectF& range, PlotAcross across, bool fromZero) {
   QCategoryAxis* acrossAxis =
       AxisOf(range.left(), range.right(), across == PlotAcross::Day, kStepsAcross);
   QCategoryAxis* upAxis = AxisOf(low, high, false, kStepsUp);
+  // In a low chart the library would leave nothing of a label that is taller than its step.
+  upAxis->setTruncateLabels(false);
   chart()->addAxis(acrossAxis, Qt::AlignBottom);
   chart()->addAxis(upAxis, Qt::AlignLeft);
   for (QAbstractSeries* series : chart()->series()) {

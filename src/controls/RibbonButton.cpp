@@ -54,7 +54,7 @@ QSize RibbonButton::sizeHint() const {
 
 QSize RibbonButton::FullSize() const {
   const int text = fontMetrics().horizontalAdvance(this->text());
-  return {std::max(8 * kRhythm, text + 2 * kRhythm),
+  return {std::max(7 * kRhythm, text + 2 * kRhythm),
           kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
 }
 

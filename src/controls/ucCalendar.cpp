@@ -2,9 +2,13 @@
 
 #include "controls/Style.h"
 
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QContextMenuEvent>
 #include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLocale>
+#include <QMenu>
 #include <QPainter>
 #include <QPainterPath>
 #include <QTextDocument>
@@ -12,11 +16,13 @@
 #include <QWheelEvent>
 
 #include <algorithm>
+#include <functional>
 
 namespace corvanta::inline controls {
 namespace {
 constexpr int kWeeks = 6;
 constexpr int kDays = 7;
+constexpr int kMonths = 12;
 
 // The month with its year, the longest form first.
 QStringList TitlesOf(const QLocale& locale, QDate month) {
@@ -44,9 +50,40 @@ QFont Fitting(QFont font, const QString& text, int room) {
 QString ShortName(const QLocale& locale, QDate day) {
   return locale.dayName(day.dayOfWeek(), QLocale::ShortFormat).left(2);
 }
+
+// What assistive tools hear: the chosen day is the calendar's value.
+class CalendarInterface : public QAccessibleWidget {
+ public:
+  explicit CalendarInterface(ucCalendar* calendar)
+      : QAccessibleWidget(calendar, QAccessible::SpinBox), calendar_(calendar) {}
+
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    if (kind == QAccessible::Value) return calendar_->Describe(calendar_->Selected());
+    return QAccessibleWidget::text(kind);
+  }
+
+ private:
+  ucCalendar* calendar_;
+};
+
+void TellRole() {
+  static const bool isTold = [] {
+    QAccessible::installFactory([](const QString& name, QObject* object) {
+      QAccessibleInterface* made = nullptr;
+      if (name == QLatin1String(ucCalendar::staticMetaObject.className())) {
+        made = new CalendarInterface(static_cast<ucCalendar*>(object));
+      }
+      return made;
+    });
+    return true;
+  }();
+  (void)isTold;
+}
+
 }  // namespace
 
 ucCalendar::ucCalendar(QWidget* parent) : QWidget(parent) {
+  TellRole();
   setFocusPolicy(Qt::StrongFocus);
   setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
   setAccessibleName(tr("Calendar"));
@@ -79,7 +116,10 @@ QString ucCalendar::Describe(QDate day) const {
 
 void ucCalendar::TellChosen() {
   const QString description = Describe(selected_);
-  if (description != accessibleDescription()) setAccessibleDescription(description);
+  if (description == accessibleDescription()) return;
+  setAccessibleDescription(description);
+  QAccessibleValueChangeEvent told(this, description);
+  QAccessible::updateAccessibility(&told);
 }
 
 void ucCalendar::SetSelected(QDate day) {
@@ -109,7 +149,7 @@ void ucCalendar::TurnMonth(int months) {
 QSize ucCalendar::minimumSizeHint() const {
   const int cell = fontMetrics().horizontalAdvance(QStringLiteral("00")) + kRhythm;
   const int title = QFontMetrics(TitleFont()).horizontalAdvance(QStringLiteral("00/0000"));
-  return {std::max(kDays * cell, 2 * HeaderHeight() + title) + 2 * kRhythm, sizeHint().height()};
+  return {std::max(kDays * cell, 4 * ArrowWidth() + title) + 2 * kRhythm, sizeHint().height()};
 }
 
 QSize ucCalendar::sizeHint() const {
@@ -121,9 +161,19 @@ int ucCalendar::HeaderHeight() const {
   return fontMetrics().height() + 2 * kRhythm;
 }
 
+// The outer ones are for the year.
+QRect ucCalendar::YearRect(bool next) const {
+  const int side = ArrowWidth();
+  return {next ? width() - kRhythm / 2 - side : kRhythm / 2, 0, side, HeaderHeight()};
+}
+
 QRect ucCalendar::ArrowRect(bool next) const {
-  const int side = HeaderHeight();
-  return {next ? width() - kRhythm - side : kRhythm, 0, side, side};
+  const int side = ArrowWidth();
+  return YearRect(next).translated(next ? -side : side, 0);
+}
+
+int ucCalendar::ArrowWidth() const {
+  return HeaderHeight() * 3 / 4;
 }
 
 QFont ucCalendar::TitleFont() const {
@@ -133,7 +183,7 @@ QFont ucCalendar::TitleFont() const {
 }
 
 QString ucCalendar::Title() const {
-  const int room = width() - 2 * (kRhythm + HeaderHeight());
+  const int room = width() - 4 * ArrowWidth() - 2 * kRhythm;
   const QFontMetrics metrics(TitleFont());
   QString title;
   for (const QString& form : TitlesOf(locale(), month_)) {
@@ -205,14 +255,22 @@ void ucCalendar::DrawHeader(QPainter& painter) const {
   painter.setFont(TitleFont());
   painter.setPen(palette().color(QPalette::WindowText));
   painter.drawText(QRect(0, 0, width(), HeaderHeight()), Qt::AlignCenter, Title());
+  DrawArrows(painter);
+}
+
+void ucCalendar::DrawArrows(QPainter& painter) const {
   painter.setPen(QPen(MutedText(palette()), 1.75, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   for (const bool next : {false, true}) {
-    const QPointF middle = QRectF(ArrowRect(next)).center();
     const double side = next ? 2.5 : -2.5;
-    QPainterPath chevron(middle + QPointF(-side, -5));
-    chevron.lineTo(middle + QPointF(side, 0));
-    chevron.lineTo(middle + QPointF(-side, 5));
-    painter.drawPath(chevron);
+    const auto draw = [&](QPointF middle) {
+      QPainterPath chevron(middle + QPointF(-side, -5));
+      chevron.lineTo(middle + QPointF(side, 0));
+      chevron.lineTo(middle + QPointF(-side, 5));
+      painter.drawPath(chevron);
+    };
+    draw(QRectF(ArrowRect(next)).center());
+    draw(QRectF(YearRect(next)).center() + QPointF(-2.5, 0));
+    draw(QRectF(YearRect(next)).center() + QPointF(2.5, 0));
   }
 }
 
@@ -259,6 +317,10 @@ void ucCalendar::DrawMarks(QPainter& painter, QDate day, const QRectF& pill) con
 bool ucCalendar::event(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QWidget::event(event);
   const auto* help = static_cast<const QHelpEvent*>(event);
+  if (help->pos().y() < HeaderHeight()) {
+    QToolTip::showText(help->globalPos(), HeaderTip(help->pos()), this);
+    return true;
+  }
   const QDate day = DayAt(help->pos());
   const bool isMarked = marked_.contains(day) || due_.contains(day);
   const QString text = isMarked ? Qt::convertFromPlainText(Describe(day)) : QString();
@@ -266,19 +328,53 @@ bool ucCalendar::event(QEvent* event) {
   return true;
 }
 
+QString ucCalendar::HeaderTip(QPoint position) const {
+  for (const bool next : {false, true}) {
+    if (YearRect(next).contains(position)) return next ? tr("Next year") : tr("Former year");
+    if (ArrowRect(next).contains(position)) return next ? tr("Next month") : tr("Former month");
+  }
+  return tr("Go to today, %1").arg(locale().toString(today_, QLocale::ShortFormat));
+}
+
+bool ucCalendar::TurnAt(QPoint position) {
+  if (position.y() >= HeaderHeight()) return false;
+  for (const bool next : {false, true}) {
+    const int step = next ? 1 : -1;
+    if (YearRect(next).contains(position)) TurnMonth(kMonths * step);
+    if (ArrowRect(next).contains(position)) TurnMonth(step);
+  }
+  const bool isTitle =
+      position.x() > ArrowRect(false).right() && position.x() < ArrowRect(true).x();
+  if (isTitle) GoToToday();
+  return true;
+}
+
+void ucCalendar::contextMenuEvent(QContextMenuEvent* event) {
+  QMenu menu(this);
+  const auto add = [&](const char* name, const QString& text, const std::function<void()>& turn) {
+    QAction* entry = menu.addAction(text, this, turn);
+    entry->setObjectName(QLatin1String(name));
+  };
+  add("calToday", tr("&Today"), [this] { GoToToday(); });
+  menu.addSeparator();
+  add("calMonthBack", tr("&Former Month"), [this] { Choose(selected_.addMonths(-1)); });
+  add("calMonthOn", tr("&Next Month"), [this] { Choose(selected_.addMonths(1)); });
+  add("calYearBack", tr("F&ormer Year"), [this] { Choose(selected_.addYears(-1)); });
+  add("calYearOn", tr("N&ext Year"), [this] { Choose(selected_.addYears(1)); });
+  const bool isByMouse = event->reason() == QContextMenuEvent::Mouse;
+  menu.exec(isByMouse ? event->globalPos() : mapToGlobal(DayRect(selected_).bottomLeft()));
+}
+
 void ucCalendar::mousePressEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
-  if (ArrowRect(false).contains(position)) return TurnMonth(-1);
-  if (ArrowRect(true).contains(position)) return TurnMonth(1);
-  Choose(DayAt(position));
+  if (event->button() == Qt::LeftButton && !TurnAt(position)) Choose(DayAt(position));
 }
 
 void ucCalendar::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint position = event->position().toPoint();
-  if (ArrowRect(false).contains(position)) return TurnMonth(-1);
-  if (ArrowRect(true).contains(position)) return TurnMonth(1);
+  if (event->button() != Qt::LeftButton || TurnAt(position)) return;
   // The first click may have turned the page, so that the day now under the mouse is another one.
-  if (position.y() > HeaderHeight()) Q_EMIT DateActivated(selected_);
+  Q_EMIT DateActivated(selected_);
 }
 
 void ucCalendar::wheelEvent(QWheelEvent* event) {
@@ -288,6 +384,7 @@ void ucCalendar::wheelEvent(QWheelEvent* event) {
 
 void ucCalendar::keyPressEvent(QKeyEvent* event) {
   const int forward = isRightToLeft() ? -1 : 1;
+  const bool isYear = event->modifiers().testFlag(Qt::ControlModifier);
   switch (event->key()) {
     case Qt::Key_Left:
       return Choose(selected_.addDays(-forward));
@@ -298,9 +395,9 @@ void ucCalendar::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Down:
       return Choose(selected_.addDays(kDays));
     case Qt::Key_PageUp:
-      return Choose(selected_.addMonths(-1));
+      return Choose(selected_.addMonths(isYear ? -kMonths : -1));
     case Qt::Key_PageDown:
-      return Choose(selected_.addMonths(1));
+      return Choose(selected_.addMonths(isYear ? kMonths : 1));
     case Qt::Key_Home:
       return Choose(today_);
     case Qt::Key_Return:

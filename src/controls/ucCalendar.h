@@ -11,9 +11,10 @@ class QPainter;
 namespace corvanta::inline controls {
 
 // The month calendar: one month as a grid of days, drawn by itself. Arrow keys move the chosen day,
-// Page Up and Page Down the month, Home goes to today; the arrows beside the title and the mouse
-// wheel turn the month. Days beyond the shown month are shown muted. What the marks of a day stand
-// for is told by its tool tip, and of the chosen day to assistive tools.
+// Page Up and Page Down the month, with Ctrl the year, Home goes to today; the single arrows beside
+// the title and the mouse wheel turn the month, the double ones the year, and the title is a way to
+// today. Its menu has all of them by name. Days beyond the shown month are shown muted. What the
+// marks of a day stand for is told by its tool tip, and of the chosen day to assistive tools.
 class ucCalendar : public QWidget {
   Q_OBJECT
 
@@ -39,8 +40,11 @@ class ucCalendar : public QWidget {
   // Where the day is drawn, in the widget; empty when it is not on the shown page.
   [[nodiscard]] QRect DayRect(QDate day) const;
 
-  // The arrow that turns to the next month, or to the one before.
+  // The arrow that turns to the next month, or to the one before; the one for the year.
   [[nodiscard]] QRect ArrowRect(bool next) const;
+  [[nodiscard]] QRect YearRect(bool next) const;
+  // Chooses today.
+  void GoToToday() { Choose(today_); }
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -57,9 +61,16 @@ class ucCalendar : public QWidget {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  // Turns the page, or goes to today, for a click above the days; false for one among them.
+  bool TurnAt(QPoint position);
+  void DrawArrows(QPainter& painter) const;
   [[nodiscard]] int HeaderHeight() const;
+  [[nodiscard]] int ArrowWidth() const;
+  // What a click there, above the days, does.
+  [[nodiscard]] QString HeaderTip(QPoint position) const;
   [[nodiscard]] QFont TitleFont() const;
   [[nodiscard]] QRect CellRect(int row, int column) const;
   [[nodiscard]] int CellRoom() const;

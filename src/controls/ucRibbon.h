@@ -2,14 +2,18 @@
 
 #include <QWidget>
 
+#include <vector>
+
+class QAbstractButton;
 class QAction;
 class QHBoxLayout;
+class QKeyEvent;
 
 namespace corvanta::inline controls {
 
 // A bar of large buttons below the menu, one per command. It draws itself. Where it is too narrow
-// for their names it shows the icons alone. Left and right move between its buttons, Enter and the
-// space bar press them.
+// for their names it shows the icons alone; folded it is a thin bar. It is one stop of the Tab key:
+// Left and Right, Home and End move between its buttons, Enter and the space bar press them.
 class ucRibbon : public QWidget {
   Q_OBJECT
 
@@ -22,21 +26,40 @@ class ucRibbon : public QWidget {
   void AddButton(QAction* action);
   // A line between two groups of buttons.
   void AddSeparator();
+  // Leaves nothing but the button that unfolds it.
+  void SetFolded(bool folded);
+  [[nodiscard]] bool IsFolded() const { return isFolded_; }
 
   [[nodiscard]] QSize minimumSizeHint() const override;
 
+ Q_SIGNALS:
+  void FoldRequested();  // to be folded, or unfolded
+
  protected:
   bool event(QEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
-  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Arrange();
   // Of the buttons side by side with their names.
   [[nodiscard]] int FullWidth() const;
+  // From the left, those that can be pressed now.
+  [[nodiscard]] std::vector<QAbstractButton*> Stops() const;
+  // The button that the Tab key comes to; it stays one that can be pressed.
+  void KeepStop();
+  void SetStop(QAbstractButton* stop);
+  void Move(int steps);
+  // Whether the key moves between the buttons.
+  bool Take(const QKeyEvent& event);
 
+  QWidget* panel_;
   QHBoxLayout* buttons_;
+  QAbstractButton* fold_;
+  QAbstractButton* stop_ = nullptr;
+  std::vector<QAbstractButton*> all_;
+  bool isFolded_ = false;
 };
 
 }  // namespace corvanta::inline controls

@@ -105,11 +105,15 @@ void FrmAccountTrans::MakeTools() {
   cmdAutoFill_ = MakeButton(tr("Auto&fill ..."), "cmdAutoFill");
   cmdAutoFill_->setToolTip(tr("Autofill Transactions"));
   cmdAddSchedule_ = MakeButton(tr("Add to Sc&hedule"), "cmdAddSchedule");
+  cmdKeywords_ = MakeButton(tr("&Keywords..."), "cmdKeywords");
+  cmdAttachments_ = MakeButton(tr("Fi&les..."), "cmdAttachments");
   auto* help = MakeButton(tr("&Help"), "cmdHelp");
-  AddTools({cmdAllocate_, cmdAutoFill_, cmdAddSchedule_, help});
+  AddTools({cmdAllocate_, cmdAutoFill_, cmdAddSchedule_, cmdKeywords_, cmdAttachments_, help});
   connect(cmdAllocate_, &QPushButton::clicked, this, &FrmAccountTrans::Allocate);
   connect(cmdAutoFill_, &QPushButton::clicked, this, &FrmAccountTrans::Autofill);
   connect(cmdAddSchedule_, &QPushButton::clicked, this, &FrmAccountTrans::OpenSchedule);
+  connect(cmdKeywords_, &QPushButton::clicked, this, &FrmAccountTrans::ChooseKeywords);
+  connect(cmdAttachments_, &QPushButton::clicked, this, &FrmAccountTrans::OpenFiles);
   connect(help, &QPushButton::clicked, this, &FrmAccountTrans::Help);
 }
 
@@ -179,6 +183,7 @@ void FrmAccountTrans::Show(const TransactionForm& form) {
   txtDate_->SetDay(form.date);
   opPayment_->SetChoice(static_cast<int>(form.status));
   ShowSchedule();
+  ShowNotes(form.transactionId);
   ShowLines(form.lines);
 }
 

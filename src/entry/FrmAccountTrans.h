@@ -5,6 +5,8 @@
 
 #include <QSet>
 
+#include <functional>
+
 namespace corvanta::inline controls {
 class ChoiceRow;
 class DateField;
@@ -65,6 +67,12 @@ class FrmAccountTrans : public FrmEntry {
   void OpenSchedule();
   void Autofill();
   void LookUpCurrency();
+  // What belongs to the row beside its fields; a new one is saved first.
+  void ChooseKeywords();
+  void OpenFiles();
+  void OpenNotes(const std::function<bool(std::int64_t key)>& open);
+  // The buttons say what the row of that key has; nothing for 0.
+  void ShowNotes(std::int64_t key);
   void Help();
 
   TransactionEditor editor_;
@@ -82,6 +90,8 @@ class FrmAccountTrans : public FrmEntry {
   QPushButton* cmdAllocate_ = nullptr;
   QPushButton* cmdAutoFill_ = nullptr;
   QPushButton* cmdAddSchedule_ = nullptr;
+  QPushButton* cmdKeywords_ = nullptr;
+  QPushButton* cmdAttachments_ = nullptr;
 };
 
 }  // namespace corvanta::inline entry

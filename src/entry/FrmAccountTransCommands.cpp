@@ -6,12 +6,16 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/ucCategoryBoxes.h"
 #include "invest/InvestDialogs.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/Money.h"
+#include "ledger/ReferenceRecords.h"
+#include "notes/NoteDialogs.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QSignalBlocker>
 
 #include <cmath>
@@ -127,6 +131,48 @@ void FrmAccountTrans::Autofill() {
     MarkSaved(result.savedKey);
     if (!IsNew() && !Open(Key())) accept();
   });
+}
+
+void FrmAccountTrans::OpenNotes(const std::function<bool(std::int64_t key)>& open) {
+  Run([&] {
+    // They need a row to belong to.
+    if (IsNew() && (!SaveRow() || !Open(SavedKey()))) return;
+    if (open(Key())) MarkChanged();
+    ShowNotes(Key());
+  });
+}
+
+void FrmAccountTrans::ChooseKeywords() {
+  OpenNotes([this](std::int64_t key) {
+    return OpenKeywords({&key, 1}, {place_.platform, place_.ledger, this});
+  });
+}
+
+void FrmAccountTrans::OpenFiles() {
+  OpenNotes([this](std::int64_t key) {
+    return OpenAttachments(key, {place_.platform, place_.ledger, this});
+  });
+}
+
+void FrmAccountTrans::ShowNotes(std::int64_t key) {
+  QStringList keywords;
+  QStringList files;
+  if (key != 0) {
+    for (const KeywordRecord& row : place_.ledger.Notes().KeywordsOf(key)) {
+      keywords.append(ToQt(row.keyword));
+    }
+    for (const AttachmentRecord& row : place_.ledger.Notes().AttachmentsOf(key)) {
+      files.append(ToQt(row.file));
+    }
+  }
+  const auto show = [](QPushButton& button, const QString& word, const QStringList& names,
+                       const QString& none) {
+    button.setText(names.isEmpty() ? word + QStringLiteral("...")
+                                   : word + QStringLiteral(" (%1)...").arg(names.size()));
+    button.setToolTip(names.isEmpty() ? none : names.join(QStringLiteral(", ")));
+  };
+  show(*cmdKeywords_, tr("&Keywords"), keywords, tr("Choose the keywords of the transaction"));
+  show(*cmdAttachments_, tr("Fi&les"), files, tr("Attach files to the transaction"));
 }
 
 void FrmAccountTrans::LookUpCurrency() {

@@ -85,7 +85,10 @@ double TransactionEditor::AmountTo(const TransactionForm& form) {
     if (!answer->notice.empty()) platform_.prompts.Tell("Download Currency", answer->notice);
     return RoundToCurrency(answer->rate * amount, to);
   }
-  platform_.prompts.Tell("Download Currency", "Could not connect to website");
+  platform_.prompts.Tell("Download Currency",
+                         !rates_.WasStopped() ? "Could not connect to website"
+                         : known              ? "Stopped. The rate that the transfer had was used."
+                                              : "Stopped. The amount arrives unconverted.");
   return known.value_or(amount);
 }
 

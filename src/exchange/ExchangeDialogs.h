@@ -32,6 +32,7 @@ struct ExportView {
   std::optional<Period> period;
   // The rows in the order in which they stand; those that it leaves out come behind, by date.
   std::vector<std::int64_t> order;
+  bool isFiltered = false;  // no others are written then
 };
 
 // What came of the import window.

@@ -165,13 +165,10 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
 }
 
 ImportForm ImportEditor::Propose(const ImportForm& form, std::string& name) const {
-  name.clear();
-  for (const std::string& candidate : mappings_.Names()) {
-    const auto saved = mappings_.Find(candidate);
-    if (!saved || saved->header.empty() || !Fits(*saved, form)) continue;
-    name = candidate;
-    return With(saved->mapping, saved->encoding, form);
-  }
+  const auto known =
+      mappings_.NameOf([&](const SavedCsvMapping& saved) { return Fits(saved, form); });
+  name = known.value_or(std::string());
+  if (known) return WithMapping(name, form);
   return With(ProposeMapping(file_.text, platform_.locale), form.encoding, form);
 }
 

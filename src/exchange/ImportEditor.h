@@ -86,6 +86,7 @@ class ImportEditor {
   // Saved mappings. Saving one takes the place of one of that name; a warning for a name of blanks
   // or texts that make no sense.
   [[nodiscard]] std::vector<std::string> MappingNames() const { return mappings_.Names(); }
+  [[nodiscard]] SavedMappings& Mappings() { return mappings_; }
   [[nodiscard]] std::optional<Warning> SaveMapping(const std::string& name, const ImportForm& form);
   // The form with the mapping of that name; unchanged when there is none.
   [[nodiscard]] ImportForm WithMapping(const std::string& name, const ImportForm& form) const;

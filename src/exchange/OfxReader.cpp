@@ -139,6 +139,9 @@ void OfxReader::TransactionField(const OfxElement& element) {
     record_.amount = {value, element.line};
   } else if (name == "MEMO") {
     record_.memo = value;
+  } else if (name == "CHECKNUM") {
+    // Zeros alone are a bank's way of saying none.
+    if (value.find_first_not_of("0 ") != std::string::npos) cheque_ = Cut(value, kLongestId);
   } else if (name == "FITID") {
     record_.reference = Cut(value, kLongestId);
     record_.isBankId = !record_.reference.empty();
@@ -164,6 +167,7 @@ void OfxReader::EndTransaction(std::size_t offset) {
     if (!accountIsTold_) sink_->OnAccount(account_);
     accountIsTold_ = true;
     if (record_.payee.empty()) record_.payee = payeeName_.empty() ? record_.memo : payeeName_;
+    KeepCheque();
     record_.offset = offset;
     goesOn_ = sink_->OnRecord(record_);
   }
@@ -173,6 +177,17 @@ void OfxReader::EndTransaction(std::size_t offset) {
   hasFields_ = false;
   record_ = ImportRecord();
   payeeName_.clear();
+  cheque_.clear();
+}
+
+// The bank's own mark stays the reference, by which the entry is known again.
+void OfxReader::KeepCheque() {
+  if (cheque_.empty() || record_.reference.find(cheque_) != std::string::npos) return;
+  if (record_.reference.empty()) {
+    record_.reference = cheque_;
+  } else if (record_.memo.find(cheque_) == std::string::npos) {
+    record_.memo += (record_.memo.empty() ? "Cheque " : ", cheque ") + cheque_;
+  }
 }
 
 }  // namespace corvanta::inline exchange

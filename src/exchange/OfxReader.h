@@ -28,6 +28,7 @@ class OfxReader {
   [[nodiscard]] bool IsOtherAccount(const std::string& name) const;
   void BeginTransaction(const OfxElement& element);
   void EndTransaction(std::size_t offset);
+  void KeepCheque();
   void EndFile();
 
   OfxText elements_;
@@ -45,6 +46,7 @@ class OfxReader {
   ImportRecord record_;
   bool hasFields_ = false;
   std::string payeeName_;
+  std::string cheque_;  // its number
 };
 
 }  // namespace corvanta::inline exchange

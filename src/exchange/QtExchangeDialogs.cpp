@@ -27,9 +27,13 @@ FileQuestion SaveQuestion() {
 std::vector<RegisterRow> RowsOf(const ExportView& view, clsCorvanta& ledger) {
   std::vector<RegisterRow> rows =
       ledger.Balances().Register(view.accountId, view.filter, view.period);
-  if (view.order.empty()) return rows;
+  if (view.order.empty() && !view.isFiltered) return rows;
   std::unordered_map<std::int64_t, std::size_t> places;
   for (const std::int64_t key : view.order) places.try_emplace(key, places.size());
+  if (view.isFiltered) {
+    std::erase_if(rows,
+                  [&](const RegisterRow& row) { return !places.contains(row.transactionId); });
+  }
   const auto place = [&](const RegisterRow& row) {
     const auto known = places.find(row.transactionId);
     return known == places.end() ? places.size() : known->second;

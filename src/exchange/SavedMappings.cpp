@@ -4,13 +4,10 @@
 #include "platform/SettingsTable.h"
 
 namespace corvanta::inline exchange {
-namespace {
 
-std::string Key() {
-  return std::string(kSettingsKey) + "\\Import";
+std::string SavedMappings::Key() const {
+  return std::string(kSettingsKey) + (file_ == MappedFile::Bank ? "\\Import" : "\\ImportPrices");
 }
-
-}  // namespace
 
 std::vector<std::string> SavedMappings::Names() const {
   std::vector<std::string> names;
@@ -18,6 +15,15 @@ std::vector<std::string> SavedMappings::Names() const {
     if (Find(name)) names.push_back(name);
   }
   return names;
+}
+
+std::optional<std::string> SavedMappings::NameOf(
+    const std::function<bool(const SavedCsvMapping&)>& fits) const {
+  for (const std::string& name : Names()) {
+    const auto saved = Find(name);
+    if (saved && !saved->header.empty() && fits(*saved)) return name;
+  }
+  return std::nullopt;
 }
 
 std::optional<SavedCsvMapping> SavedMappings::Find(const std::string& name) const {

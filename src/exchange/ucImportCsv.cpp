@@ -5,6 +5,7 @@
 #include "controls/Style.h"
 #include "exchange/ucEncodingBox.h"
 #include "exchange/ucImportPreview.h"
+#include "exchange/ucSavedMappings.h"
 #include "platform/Prompts.h"
 
 #include <QCheckBox>
@@ -13,7 +14,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -62,7 +62,13 @@ ucImportCsv::ucImportCsv(ImportEditor& editor, Prompts& prompts, QWidget* parent
     : QWidget(parent),
       editor_(editor),
       prompts_(prompts),
-      cmbMapping_(new QComboBox(this)),
+      mappings_(new ucSavedMappings(
+          editor.Mappings(), prompts, kFileImport,
+          [this](const std::string& name) {
+            ReadInto(form_);
+            return editor_.SaveMapping(name, form_);
+          },
+          this)),
       txtSeparator_(new QLineEdit(this)),
       txtSkip_(new QLineEdit(this)),
       cmbDateOrder_(new QComboBox(this)),
@@ -102,22 +108,12 @@ void ucImportCsv::AddField(QGridLayout& grid, int row, int group, const QString&
 }
 
 void ucImportCsv::MakeMapping(QGridLayout& grid) {
-  AddField(grid, 0, 0, tr("Saved &mapping:"), cmbMapping_, "cmbMapping");
-  auto* save = new QPushButton(tr("&Save As..."), this);
-  save->setObjectName(QStringLiteral("cmdSaveMapping"));
-  save->setToolTip(tr("Save what is chosen here under a name"));
-  cmdDeleteMapping_ = new QPushButton(tr("De&lete"), this);
-  cmdDeleteMapping_->setObjectName(QStringLiteral("cmdDeleteMapping"));
-  cmdDeleteMapping_->setToolTip(tr("Delete the saved mapping"));
-  auto* row = new QHBoxLayout;
-  row->setSpacing(kRhythm);
-  row->addWidget(save);
-  row->addWidget(cmdDeleteMapping_);
-  row->addStretch(1);
-  grid.addLayout(row, 0, 3, 1, 3);
-  connect(cmbMapping_, &QComboBox::activated, this, &ucImportCsv::ChooseMapping);
-  connect(save, &QPushButton::clicked, this, &ucImportCsv::SaveMapping);
-  connect(cmdDeleteMapping_, &QPushButton::clicked, this, &ucImportCsv::DeleteMapping);
+  auto* caption = new QLabel(tr("Saved &mapping:"), this);
+  caption->setBuddy(mappings_->Box());
+  grid.addWidget(caption, 0, 0);
+  grid.addWidget(mappings_, 0, 1, 1, 4);
+  connect(mappings_, &ucSavedMappings::Chosen, this, &ucImportCsv::ChooseMapping);
+  connect(mappings_, &ucSavedMappings::Noted, this, &ucImportCsv::Noted);
 }
 
 void ucImportCsv::MakeFileFields(QGridLayout& grid) {
@@ -197,7 +193,7 @@ void ucImportCsv::OrderTabs() {
 void ucImportCsv::Propose(const ImportForm& form) {
   std::string name;
   const ImportForm proposed = editor_.Propose(form, name);
-  ShowMappings(name);
+  mappings_->ShowNames(name);
   isOrderChosen_ = !name.empty();
   Show(proposed);
   if (proposed.encoding != form.encoding) ChangeEncoding();
@@ -278,60 +274,14 @@ void ucImportCsv::Refresh() {
   Q_EMIT Noted({});
 }
 
-void ucImportCsv::ShowMappings(const std::string& chosen) {
-  cmbMapping_->clear();
-  cmbMapping_->addItem(tr("None"));
-  for (const std::string& name : editor_.MappingNames()) cmbMapping_->addItem(ToQt(name));
-  const int index = chosen.empty() ? 0 : cmbMapping_->findText(ToQt(chosen), Qt::MatchFixedString);
-  cmbMapping_->setCurrentIndex(std::max(0, index));
-  cmdDeleteMapping_->setEnabled(index > 0);
-}
-
-void ucImportCsv::ChooseMapping(int index) {
-  cmdDeleteMapping_->setEnabled(index > 0);
-  if (index <= 0) return;
+void ucImportCsv::ChooseMapping(const QString& name) {
   RunCommand(prompts_, [&] {
     ReadInto(form_);
     isOrderChosen_ = true;
-    const ImportForm chosen = editor_.WithMapping(FromQt(cmbMapping_->itemText(index)), form_);
+    const ImportForm chosen = editor_.WithMapping(FromQt(name), form_);
     const bool isOther = chosen.encoding != form_.encoding;
     Show(chosen);
     if (isOther) ChangeEncoding();
-  });
-}
-
-bool ucImportCsv::MayReplace(const std::string& name) {
-  if (cmbMapping_->findText(ToQt(name).trimmed(), Qt::MatchFixedString) <= 0) return true;
-  return prompts_.Ask(kFileImport,
-                      "There is a mapping named \"" + name + "\". Do you wish to replace it?");
-}
-
-void ucImportCsv::SaveMapping() {
-  RunCommand(prompts_, [this] {
-    const auto name = prompts_.AskText(kFileImport, "Name of the mapping:");
-    if (!name || !MayReplace(*name)) return;
-    ReadInto(form_);
-    if (const auto warning = editor_.SaveMapping(*name, form_)) {
-      prompts_.Tell(warning->title, warning->text);
-      if (auto* field = findChild<QWidget*>(ToQt(warning->field))) field->setFocus();
-      return;
-    }
-    const QString saved = ToQt(*name).trimmed();
-    ShowMappings(FromQt(saved));
-    Q_EMIT Noted(tr("The mapping “%1” was saved.").arg(saved));
-  });
-}
-
-void ucImportCsv::DeleteMapping() {
-  RunCommand(prompts_, [this] {
-    const QString name = cmbMapping_->currentText();
-    if (!prompts_.Ask(kFileImport, "Do you wish to delete the mapping \"" + FromQt(name) + "\"?")) {
-      return;
-    }
-    editor_.DeleteMapping(FromQt(name));
-    ShowMappings({});
-    cmbMapping_->setFocus();
-    Q_EMIT Noted(tr("The mapping “%1” was deleted.").arg(name));
   });
 }
 

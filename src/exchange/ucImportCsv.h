@@ -10,7 +10,6 @@ class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLineEdit;
-class QPushButton;
 
 namespace corvanta::inline platform {
 class Prompts;
@@ -20,6 +19,7 @@ namespace corvanta::inline exchange {
 
 class ucEncodingBox;
 class ucImportPreview;
+class ucSavedMappings;
 
 // The page of the import window that says which column of a CSV file holds what, with what comes of
 // it shown below.
@@ -56,21 +56,14 @@ class ucImportCsv : public QWidget {
   void ChangeDates();
   // Reads the file again as the chosen encoding says.
   void ChangeEncoding();
-  void ChooseMapping(int index);
-  void SaveMapping();
-  void DeleteMapping();
-  // Reads the list of saved mappings again and chooses that one; empty for none.
-  void ShowMappings(const std::string& chosen);
-  // Whether there is none of that name, or the person lets it go.
-  [[nodiscard]] bool MayReplace(const std::string& name);
+  void ChooseMapping(const QString& name);
 
   ImportEditor& editor_;
   Prompts& prompts_;
   ImportForm form_;  // with what this page does not choose
   bool isOrderChosen_ = false;
 
-  QComboBox* cmbMapping_;
-  QPushButton* cmdDeleteMapping_ = nullptr;
+  ucSavedMappings* mappings_;
   QLineEdit* txtSeparator_;
   QLineEdit* txtSkip_;
   QComboBox* cmbDateOrder_;

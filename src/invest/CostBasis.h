@@ -25,6 +25,12 @@ enum class CostMethod { Average, FirstInFirstOut };
 // beyond the units held is owed, and the gain of it comes when it is bought back.
 class CostBasis {
  public:
+  // Units that came together; negative ones are owed.
+  struct Lot {
+    double units = 0;
+    double cost = 0;  // of all of them; negative what was got for those that are owed
+  };
+
   explicit CostBasis(CostMethod method) : method_(method) {}
 
   // In the order of days, those of one day in the order of their keys.
@@ -32,15 +38,12 @@ class CostBasis {
 
   [[nodiscard]] double Units() const { return units_; }
   [[nodiscard]] double Cost() const;
+  // What is held, those first that leave first; one lot where the average counts.
+  [[nodiscard]] const std::deque<Lot>& Lots() const { return lots_; }
   [[nodiscard]] double Realised() const { return realised_; }
   [[nodiscard]] double Dividends() const { return dividends_; }
 
  private:
-  struct Lot {
-    double units = 0;  // negative where they are owed
-    double cost = 0;   // of all of them; negative what was got for those that are owed
-  };
-
   // Units that come for that cost, or go (both negative) for that much.
   void Trade(double units, double cost);
   // Takes units out of those held, or owed, and returns what they cost.

@@ -1,6 +1,7 @@
 #include "invest/CurrencyConverter.h"
 
 #include "ledger/RateSource.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 
@@ -48,14 +49,16 @@ Conversion CurrencyConverter::Convert(const CurrencyForm& form) {
   const bool isCurrencyEntered =
       form.isCurrencyEntered ? !IsEmpty(form.amountCurrency) : IsEmpty(form.amount);
   const std::string& entered = isCurrencyEntered ? form.amountCurrency : form.amount;
-  const auto number = locale_.ParseNumber(entered);
+  const auto number = WorkOut(entered, locale_);
   if (!number) {
     return Refused(form, kMissing, form.isCurrencyEntered ? "txtAmountCurrency" : "txtAmount");
   }
   const auto answer = rates_.Rate(form.otherCode, code);
   if (!answer || answer->rate <= 0 || answer->day) {
     // Only a rate of today converts here; one of another day is for the person to know.
-    Conversion refused = Refused(form, "Could not connect to website", "");
+    const bool wasStopped = rates_.WasStopped();
+    Conversion refused =
+        Refused(form, wasStopped ? "The download was stopped" : "Could not connect to website", "");
     if (answer && answer->day) {
       refused.notice = "Known is 1 " + form.otherCode + " = " + PlainNumber(answer->rate) + " " +
                        code + " of " + locale_.FormatShortDate(*answer->day) + ".";

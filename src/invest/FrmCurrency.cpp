@@ -9,6 +9,7 @@
 #include "ledger/Money.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -219,8 +220,8 @@ void FrmCurrency::Accept() {
   const CurrencyForm form = Form();
   if ((!isComplete || form.currency.empty()) && !Convert()) return;
   const CurrencyForm taken = Form();
-  const auto amount = platform_.locale.ParseNumber(taken.amount);
-  const auto amountCurrency = platform_.locale.ParseNumber(taken.amountCurrency);
+  const auto amount = WorkOut(taken.amount, platform_.locale);
+  const auto amountCurrency = WorkOut(taken.amountCurrency, platform_.locale);
   if (!amount || !amountCurrency) return FocusField(amount ? "txtAmountCurrency" : "txtAmount");
   result_ = CurrencyResult{RoundToCurrency(*amount, givenCode_), *amountCurrency,
                            CurrencyConverter::CodeOf(taken.currency)};

@@ -206,6 +206,7 @@ void FrmInvestTrans::ShowCurrency() {
   if (isShowing_) return;
   RunCommand(place_.platform.prompts, [this] {
     lblCurrency_->setText(ToQt(CurrencyOf(place_.ledger, cmbAccount_->Key())));
+    lblCurrency_->setVisible(!lblCurrency_->text().isEmpty());
   });
 }
 

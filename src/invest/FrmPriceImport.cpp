@@ -4,6 +4,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "exchange/CsvPreview.h"
+#include "exchange/ucSavedMappings.h"
 #include "invest/ucEntryList.h"
 #include "ledger/PriceBook.h"
 #include "ledger/clsCorvanta.h"
@@ -12,10 +13,14 @@
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
 #include "platform/StatusWords.h"
+#include "platform/TextCase.h"
 
 #include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <array>
@@ -23,6 +28,7 @@
 namespace corvanta::inline invest {
 namespace {
 
+constexpr const char* kTitle = "Import Prices";
 constexpr int kNarrowField = 18 * kRhythm;
 constexpr int kListHeight = 24 * kRhythm;
 constexpr std::size_t kShownRows = 200;
@@ -37,6 +43,10 @@ FrmPriceImport::FrmPriceImport(const InvestPlace& place, std::int64_t investment
       place_(place),
       investmentId_(investmentId),
       text_(std::move(text)),
+      saved_(place.platform.registry, MappedFile::Prices),
+      mappings_(new ucSavedMappings(
+          saved_, place.platform.prompts, kTitle,
+          [this](const std::string& name) { return SaveMapping(name); }, this)),
       lvRead_(new ucEntryList(
           "lvRead", tr("Prices as they will be read"),
           {{tr("Date"), "00/00/0000", 1}, {tr("Price"), "00,000.000000", 1, true}}, this)),
@@ -49,7 +59,17 @@ FrmPriceImport::FrmPriceImport(const InvestPlace& place, std::int64_t investment
   setWindowTitle(tr("Import Prices"));
   SetSmallestField(kNarrowField);
   lvRead_->setMinimumHeight(kListHeight);
-  AddAbove(lvRead_);
+  auto* above = new QWidget(this);
+  auto* column = new QVBoxLayout(above);
+  column->setContentsMargins(0, 0, 0, 0);
+  auto* line = new QHBoxLayout;
+  auto* caption = new QLabel(tr("Saved &mapping:"), above);
+  caption->setBuddy(mappings_->Box());
+  line->addWidget(caption);
+  line->addWidget(mappings_, 1);
+  column->addLayout(line);
+  column->addWidget(lvRead_, 1);
+  AddAbove(above);
   MakeFields();
   cmdAccept_ = MakeButton(tr("&Import"), "cmdAccept");
   auto* cancel = MakeButton(tr("&Close"), "cmdCancel");
@@ -57,6 +77,10 @@ FrmPriceImport::FrmPriceImport(const InvestPlace& place, std::int64_t investment
   AddButtonRow({}, {cmdAccept_, cancel});
   connect(cmdAccept_, &QPushButton::clicked, this, &FrmPriceImport::Accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+  connect(mappings_, &ucSavedMappings::Chosen, this, [this](const QString& name) {
+    if (const auto saved = saved_.Find(FromQt(name))) Show(saved->mapping);
+  });
+  connect(mappings_, &ucSavedMappings::Noted, this, &FrmPriceImport::Note);
   Propose();
 }
 
@@ -80,20 +104,40 @@ void FrmPriceImport::MakeFields() {
 }
 
 void FrmPriceImport::Propose() {
-  const CsvMapping mapping = ProposePriceMapping(text_, place_.platform.locale);
+  const auto known = saved_.NameOf([this](const SavedCsvMapping& saved) {
+    return HeaderOf(text_, saved.mapping) == saved.header;
+  });
+  mappings_->ShowNames(known.value_or(std::string()));
+  Show(known ? saved_.Find(*known)->mapping : ProposePriceMapping(text_, place_.platform.locale));
+}
+
+std::optional<Warning> FrmPriceImport::SaveMapping(const std::string& name) {
+  if (Trim(name).empty()) {
+    return Warning{kTitle, "Please enter a name for the mapping", "cmbMapping"};
+  }
+  const CsvMapping mapping = Mapping();
+  saved_.Save(std::string(Trim(name)), {mapping, HeaderOf(text_, mapping)});
+  return std::nullopt;
+}
+
+void FrmPriceImport::Show(const CsvMapping& mapping) {
   txtSeparator_->setText(mapping.separator == "\t" ? tr("Tab") : ToQt(mapping.separator));
   txtSkip_->SetAmount(mapping.skip);
   const auto* const order = std::ranges::find(kOrders, mapping.order);
   cmbDateOrder_->setCurrentIndex(static_cast<int>(order - kOrders.begin()));
   const std::vector<CsvRow> rows = FirstRows(text_, mapping.separator, kPreviewRows);
-  std::size_t columns = 0;
+  auto columns = static_cast<std::size_t>(std::max(mapping.date, mapping.income));
   for (const CsvRow& row : rows) columns = std::max(columns, row.cells.size());
   for (QComboBox* box : {cmbColDate_, cmbColPrice_}) {
+    box->clear();
     box->addItem(tr("None"));
     for (std::size_t i = 0; i < columns; ++i) box->addItem(tr("Column %1").arg(i + 1));
   }
   cmbColDate_->setCurrentIndex(mapping.date);
   cmbColPrice_->setCurrentIndex(mapping.income);
+  cmbNumbers_->setCurrentIndex(!mapping.decimalMark                         ? 0
+                               : *mapping.decimalMark == DecimalMark::Point ? 1
+                                                                            : 2);
   Refresh();
 }
 

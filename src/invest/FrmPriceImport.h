@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/FormDialog.h"
+#include "exchange/SavedMappings.h"
 #include "invest/InvestDialogs.h"
 #include "invest/PriceFile.h"
 
@@ -11,6 +12,10 @@ class QLineEdit;
 
 namespace corvanta::inline controls {
 class AmountEdit;
+}
+
+namespace corvanta::inline exchange {
+class ucSavedMappings;
 }
 
 namespace corvanta::inline invest {
@@ -29,6 +34,8 @@ class FrmPriceImport : public FormDialog {
  private:
   void MakeFields();
   void Propose();
+  void Show(const CsvMapping& mapping);
+  [[nodiscard]] std::optional<Warning> SaveMapping(const std::string& name);
   [[nodiscard]] CsvMapping Mapping() const;
   // Shows the rows as they are read by what is chosen.
   void Refresh();
@@ -38,6 +45,8 @@ class FrmPriceImport : public FormDialog {
   std::int64_t investmentId_;
   std::string text_;
   PriceFileRows read_;
+  SavedMappings saved_;
+  ucSavedMappings* mappings_;
   ucEntryList* lvRead_;
   QComboBox* cmbColDate_;
   QComboBox* cmbColPrice_;

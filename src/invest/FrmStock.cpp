@@ -124,7 +124,10 @@ void FrmStock::MakeButtons() {
   connect(cmdDelete_, &QPushButton::clicked, this, &FrmStock::Delete);
   connect(cmdPrint_, &QPushButton::clicked, this, &FrmStock::Print);
   connect(cmdLookup_, &QPushButton::clicked, this, [this] {
-    Run([this] { lookup_.OpenLookUp(cmbDataSource_->currentData().toLongLong()); });
+    Run([this] {
+      const auto warning = lookup_.OpenLookUp(cmbDataSource_->currentData().toLongLong());
+      if (warning) Warn(*warning);
+    });
   });
   connect(cmdSources_, &QPushButton::clicked, this, &FrmStock::OpenDataSources);
   connect(cancel, &QPushButton::clicked, this, &FrmStock::reject);

@@ -1,10 +1,10 @@
 #include "invest/InvestEditor.h"
 
+#include "invest/LookUpPage.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/PriceBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
-#include "platform/Opener.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
@@ -110,18 +110,8 @@ Deletion InvestEditor::Delete(std::int64_t key) {
 }
 
 std::optional<Warning> InvestEditor::LookUp(std::int64_t dataId) {
-  constexpr const char* kTitle = "Lookup Warning";
-  constexpr const char* kField = "cmbDataSource";
   const auto source = RowOf(ledger_.Investments().StockSources(), &StockSource::dataId, dataId);
-  if (!source) return Warning{kTitle, "You need to select a Data Source", kField};
-  if (source->lookUpUrl.empty()) {
-    return Warning{kTitle, "This Data Source has no page to look symbols up", kField};
-  }
-  if (platform_.opener.Open(source->lookUpUrl)) return std::nullopt;
-  return Warning{kTitle,
-                 "No browser could be started for " + source->lookUpUrl +
-                     ". Open the address in a browser of your own.",
-                 kField};
+  return OpenLookUpPage(source ? std::optional(source->lookUpUrl) : std::nullopt, platform_.opener);
 }
 
 }  // namespace corvanta::inline invest

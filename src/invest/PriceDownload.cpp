@@ -22,19 +22,29 @@ PriceDownload::PriceDownload(clsCorvanta& ledger, Platform& platform)
     : ledger_(ledger), platform_(platform), market_(ledger, platform) {}
 
 std::optional<StoredPrice> PriceDownload::DownloadInvestmentPrice(std::int64_t investmentId) {
-  note_.clear();
-  isServiceDead_ = false;
-  const std::optional<Question> question = Read(investmentId);
-  if (!question) return std::nullopt;
-  if (question->symbol.empty()) {
-    platform_.prompts.Tell("Save Warning", "You need to enter a Symbol");
-    return std::nullopt;
+  const PriceOutcome outcome = Download(investmentId);
+  note_ = outcome.note;
+  if (outcome.refusal) {
+    platform_.prompts.Tell(outcome.refusal->title, outcome.refusal->text);
+  } else if (!outcome.note.empty()) {
+    platform_.prompts.Tell(kTitle, outcome.note);
   }
-  const std::optional<double> price = Fetch(*question);
-  if (!price) return std::nullopt;
-  const Date today = platform_.clock.Today();
-  ledger_.Prices().StorePrice(investmentId, today, *price);
-  return StoredPrice{today, *price};
+  return outcome.stored;
+}
+
+PriceOutcome PriceDownload::Download(std::int64_t investmentId) {
+  PriceOutcome outcome;
+  const std::optional<Question> question = Read(investmentId);
+  if (!question) return outcome;
+  if (question->symbol.empty()) {
+    outcome.refusal = Warning{"Save Warning", "You need to enter a Symbol", {}};
+    return outcome;
+  }
+  const std::optional<double> price = Fetch(*question, outcome);
+  if (!price) return outcome;
+  outcome.stored = StoredPrice{platform_.clock.Today(), *price};
+  ledger_.Prices().StorePrice(investmentId, outcome.stored->date, *price);
+  return outcome;
 }
 
 std::optional<PriceDownload::Question> PriceDownload::Read(std::int64_t investmentId) {
@@ -56,52 +66,46 @@ std::optional<PriceDownload::Question> PriceDownload::Read(std::int64_t investme
   return question;
 }
 
-std::optional<double> PriceDownload::Fetch(const Question& question) {
+std::optional<double> PriceDownload::Fetch(const Question& question, PriceOutcome& outcome) {
   std::vector<std::string> fields;
   if (!market_.FetchQuote(question.symbol, fields, question.dataId)) {
-    isServiceDead_ = market_.Trouble().isServiceDead;
-    TellUnreachable();
+    outcome.isServiceDead = market_.Trouble().isServiceDead;
+    Refuse(outcome);
     return std::nullopt;
   }
   const std::optional<double> value =
       fields.size() > 1 ? market_.NumberOf(fields[1]) : std::nullopt;
   if (!value) {
-    note_ = market_.Trouble().text;
-    Tell("Invalid Symbol " + question.symbol + " entered");
+    outcome.note = market_.Trouble().text;
+    outcome.refusal = Warning{kTitle, "Invalid Symbol " + question.symbol + " entered", {}};
     return std::nullopt;
   }
   const double price = *value * question.conversion;
   if (price == 0 || question.accountCurrency == question.investCurrency) return price;
-  const std::optional<double> rate = RateOf(question);
+  const std::optional<double> rate = RateOf(question, outcome);
   if (!rate) return std::nullopt;
   return *rate > 0 ? price * *rate : price;
 }
 
-std::optional<double> PriceDownload::RateOf(const Question& question) {
+std::optional<double> PriceDownload::RateOf(const Question& question, PriceOutcome& outcome) {
   std::vector<std::string> fields;
   const std::string& from = question.investCurrency;
   const std::string& to = question.accountCurrency;
   if (!market_.FetchRate(from, to, fields)) {
-    TellUnreachable();
+    Refuse(outcome);
     return std::nullopt;
   }
-  const std::optional<double> rate = market_.NumberOf(fields.at(1));
-  note_ = market_.Trouble().text;
-  if (!note_.empty()) {
-    note_ += " One " + from + " was taken for one " + to + ".";
-    Tell(note_);
+  if (const std::string& trouble = market_.Trouble().text; !trouble.empty()) {
+    outcome.note = trouble + " One " + from + " was taken for one " + to + ".";
   }
-  return rate;
+  return market_.NumberOf(fields.at(1));
 }
 
-void PriceDownload::TellUnreachable() {
-  if (market_.Trouble().wasStopped) return;
-  note_ = market_.Trouble().text;
-  Tell(kUnreachable);
-}
-
-void PriceDownload::Tell(const std::string& text) {
-  platform_.prompts.Tell(kTitle, text);
+void PriceDownload::Refuse(PriceOutcome& outcome) const {
+  outcome.wasStopped = market_.Trouble().wasStopped;
+  if (outcome.wasStopped) return;
+  outcome.note = market_.Trouble().text;
+  outcome.refusal = Warning{kTitle, kUnreachable, {}};
 }
 
 }  // namespace corvanta::inline invest

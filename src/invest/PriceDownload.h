@@ -1,6 +1,7 @@
 #pragma once
 
 #include "invest/MarketData.h"
+#include "ledger/Warning.h"
 #include "platform/Date.h"
 
 #include <cstdint>
@@ -23,6 +24,16 @@ struct StoredPrice {
   double price = 0;
 };
 
+// What the download of a price came to.
+struct PriceOutcome {
+  std::optional<StoredPrice> stored;
+  std::optional<Warning> refusal;  // why nothing was stored; none where the person stopped it
+  std::string note;                // what is to be said besides, in a line; empty for nothing
+  // Whether nobody answered for the source of the prices: others of it would be waited for as long.
+  bool isServiceDead = false;
+  bool wasStopped = false;
+};
+
 // The download of the price of an investment.
 class PriceDownload {
  public:
@@ -32,14 +43,14 @@ class PriceDownload {
   // Fetches the quote of a stored investment, multiplies it by the investment's conversion and,
   // where it is quoted in another currency than it is held in, by the rate of today, and stores it
   // as today's price. nullopt when nothing was stored, which the person has been told; one who
-  // stops it is told nothing. Throws StoreError.
+  // stops it is told nothing. Throws StoreError, as the next does.
   std::optional<StoredPrice> DownloadInvestmentPrice(std::int64_t investmentId);
+  // The same, but nobody is told anything.
+  PriceOutcome Download(std::int64_t investmentId);
 
-  // Why nothing was stored, in a line for a form; empty when something was, or nothing is to be
-  // said.
+  // Of the last one: why nothing was stored, in a line for a form; empty when something was, or
+  // nothing is to be said.
   [[nodiscard]] const std::string& Note() const { return note_; }
-  // Whether nobody answered for the source of the prices: others of it would be waited for as long.
-  [[nodiscard]] bool IsServiceDead() const { return isServiceDead_; }
 
  private:
   struct Question {
@@ -50,18 +61,16 @@ class PriceDownload {
     double conversion = 1;
   };
   [[nodiscard]] std::optional<Question> Read(std::int64_t investmentId);
-  // nullopt, and told, when there is none.
-  [[nodiscard]] std::optional<double> Fetch(const Question& question);
+  // nullopt when there is none, which the outcome says then.
+  [[nodiscard]] std::optional<double> Fetch(const Question& question, PriceOutcome& outcome);
   // Units of the account's currency for one of the quote's.
-  [[nodiscard]] std::optional<double> RateOf(const Question& question);
-  void Tell(const std::string& text);
-  void TellUnreachable();
+  [[nodiscard]] std::optional<double> RateOf(const Question& question, PriceOutcome& outcome);
+  void Refuse(PriceOutcome& outcome) const;
 
   clsCorvanta& ledger_;
   Platform& platform_;
   MarketData market_;
   std::string note_;
-  bool isServiceDead_ = false;
 };
 
 }  // namespace corvanta::inline invest

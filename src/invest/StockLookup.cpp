@@ -1,15 +1,16 @@
 #include "invest/StockLookup.h"
 
+#include "invest/LookUpPage.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
-#include "platform/Opener.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
+#include "reference/RowOf.h"
 
 #include <algorithm>
 
@@ -166,17 +167,9 @@ std::string StockLookup::Shown(const std::string& field) const {
   return platform_.locale.FormatNumber(*number, Settings(platform_.registry).InvestmentDecimals());
 }
 
-void StockLookup::OpenLookUp(std::int64_t dataId) {
-  for (const WatchSource& source : Sources()) {
-    if (source.dataId != dataId) continue;
-    if (source.lookUpUrl.empty()) {
-      Tell({Caption(), "This Data Source has no look-up page.", {}});
-    } else if (!platform_.opener.Open(source.lookUpUrl)) {
-      Tell({Caption(), "No browser could be opened. The page is " + source.lookUpUrl, {}});
-    }
-    return;
-  }
-  Tell({"Data Source Required", "Please select a Data Source", {}});
+std::optional<Warning> StockLookup::OpenLookUp(std::int64_t dataId) {
+  const auto source = RowOf(Sources(), &WatchSource::dataId, dataId);
+  return OpenLookUpPage(source ? std::optional(source->lookUpUrl) : std::nullopt, platform_.opener);
 }
 
 }  // namespace corvanta::inline invest

@@ -76,8 +76,8 @@ class StockLookup {
   // Whether it ended because no answer came.
   [[nodiscard]] bool IsUnanswered() const { return isUnanswered_; }
 
-  // Opens the source's page for symbols in the browser. Tells when there is none, or no browser.
-  void OpenLookUp(std::int64_t dataId);
+  // Opens the page of the source on which symbols are looked up. nullopt when that was done.
+  [[nodiscard]] std::optional<Warning> OpenLookUp(std::int64_t dataId);
 
  private:
   [[nodiscard]] std::optional<Warning> Check(const LookupForm& form) const;

@@ -31,12 +31,16 @@ WebRates::WebRates(clsCorvanta& ledger, Platform& platform, std::function<Time()
     : ledger_(ledger), platform_(platform), market_(ledger, platform), now_(std::move(now)) {}
 
 std::optional<RateAnswer> WebRates::Rate(const std::string& from, const std::string& to) {
+  wasStopped_ = false;
   if (from == to) return RateAnswer{1, std::nullopt};
   const Fetched fetched = FetchOrRemember(from, to);
+  wasStopped_ = fetched.wasStopped;
   if (fetched.rate && fetched.trouble.empty()) return RateAnswer{*fetched.rate, std::nullopt};
   std::optional<RateAnswer> latest = Latest(from, to);
   if (latest) {
-    const std::string trouble = fetched.rate ? fetched.trouble : std::string(kUnreachable) + ".";
+    const std::string trouble = fetched.rate         ? fetched.trouble
+                                : fetched.wasStopped ? "The download was stopped."
+                                                     : std::string(kUnreachable) + ".";
     latest->notice = trouble + " " + latest->notice;
     return latest;
   }
@@ -53,6 +57,7 @@ WebRates::Fetched WebRates::FetchOrRemember(const std::string& from, const std::
   }
   if (deadUntil_ && start < *deadUntil_) return {};
   const Fetched fetched = Fetch(from, to);
+  if (fetched.wasStopped) return fetched;
   const Time end = now_();
   const bool isStandIn = fetched.rate && !fetched.trouble.empty();
   if (!fetched.rate && end - start >= kWaitOfDeadService) {
@@ -66,7 +71,9 @@ WebRates::Fetched WebRates::FetchOrRemember(const std::string& from, const std::
 WebRates::Fetched WebRates::Fetch(const std::string& from, const std::string& to) {
   try {
     std::vector<std::string> fields;
-    if (!market_.FetchRate(from, to, fields)) return {std::nullopt, market_.Trouble().text};
+    if (!market_.FetchRate(from, to, fields)) {
+      return {std::nullopt, market_.Trouble().text, market_.Trouble().wasStopped};
+    }
     const auto rate = market_.NumberOf(fields.at(1));
     if (!rate || *rate <= 0) return {};
     return {rate, market_.Trouble().text};

@@ -16,7 +16,8 @@ namespace corvanta::inline invest {
 //
 // A rate that was fetched serves for a minute. A failure is remembered for a few seconds: for the
 // pair it was asked for, and for every pair when the service took seconds to fail, so that a list
-// of rates from a dead service costs one wait and not one for each of them.
+// of rates from a dead service costs one wait and not one for each of them. What the person stopped
+// is no failure, and asked for again.
 class WebRates : public RateSource {
  public:
   using Time = std::chrono::steady_clock::time_point;
@@ -29,11 +30,13 @@ class WebRates : public RateSource {
   // rate and none is known, 1 stands in for it.
   [[nodiscard]] std::optional<RateAnswer> Rate(const std::string& from,
                                                const std::string& to) override;
+  [[nodiscard]] bool WasStopped() const override { return wasStopped_; }
 
  private:
   struct Fetched {
     std::optional<double> rate;
     std::string trouble;  // in words; of a rate, that it stands in for one
+    bool wasStopped = false;
   };
   struct Memory {
     Fetched fetched;
@@ -50,6 +53,7 @@ class WebRates : public RateSource {
   std::function<Time()> now_;
   std::map<std::string, Memory> known_;  // by the two codes together
   std::optional<Time> deadUntil_;        // of the service
+  bool wasStopped_ = false;
 };
 
 }  // namespace corvanta::inline invest

@@ -3,9 +3,9 @@
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceTables.h"
-#include "ledger/RegisterReader.h"
 #include "ledger/RowLinks.h"
 #include "ledger/SqlName.h"
+#include "ledger/TradeRows.h"
 #include "ledger/TransactionRows.h"
 #include "ledger/TransactionStatus.h"
 #include "ledger/clsCorvanta.h"
@@ -14,6 +14,8 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
+
+#include <numeric>
 
 namespace corvanta::inline ledger {
 namespace {
@@ -41,31 +43,6 @@ void FillRecord(const Recordset& row, InvestmentRecord& record) {
   const Value conversion = row.Field("Conversion");
   record.conversion = conversion.IsNull() ? 1 : conversion.Double();
   record.description = row.Text("Description");
-}
-
-InvestmentTransactionRow RowFrom(const Recordset& row) {
-  InvestmentTransactionRow record;
-  record.transactionId = row.Int("TransactionID");
-  record.accountId = row.Int("AccountID");
-  record.payeeId = row.Int("PayeeID");
-  record.action = static_cast<InvestAction>(row.Int("Action"));
-  record.dividend = row.Double("Dividend");
-  record.shares = row.Double("Shares");
-  record.price = row.Double("Price");
-  record.commission = row.Double("Commission");
-  record.amount = row.Double("Amount");
-  record.total = SignedAmount(record.action, record.amount);
-  record.description = row.Text("Description");
-  record.date = row.Day("Date").value_or(Date());
-  record.status =
-      StatusFrom({static_cast<int>(row.Int("BankChk")), static_cast<int>(row.Int("BankRec"))});
-  record.letter = StatusLetter(row.Int("BankChk"), row.Int("BankRec"));
-  record.account = row.Text("Account");
-  record.accountClosed = row.Int("CloseAccount") != 0;
-  record.currency = row.Text("CurrencyCode");
-  record.investment = row.Text("Payee");
-  record.symbol = row.Text("Symbol");
-  return record;
 }
 
 }  // namespace
@@ -168,19 +145,10 @@ std::vector<StockSource> InvestmentBook::StockSources() {
 }
 
 std::vector<InvestmentTransactionRow> InvestmentBook::ListTransactions(const StatusFilter& filter) {
-  std::vector<InvestmentTransactionRow> list;
-  Recordset rows = core_.store.OpenRecordset(
-      "Select T.TransactionID, T.[Date], T.AccountID, T.PayeeID, T.[Action], T.Dividend, T.Shares, "
-      "T.Price, T.Commission, T.[Amount], T.Description, T.BankChk, T.BankRec, A.Account, "
-      "A.CloseAccount, C.Currency AS CurrencyCode, P.Payee, P.Symbol "
-      "from ((tblTransactions T INNER JOIN tblPayees P ON P.PayeeID = T.PayeeID) "
-      "INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
-      "LEFT JOIN tblCurrency C ON C.CurrencyID = A.CurrencyId WHERE " +
-      filter.Clause() +
-      "P.Investment = 1 AND T.[Action] Between 1 AND 6 AND T.AllocatedItem = 0 "
-      "Order by T.[Date] Desc, T.TransactionID Desc");
-  for (; !rows.Eof(); rows.MoveNext()) list.push_back(RowFrom(rows));
-  return list;
+  const TradeRows trades(core_.store, filter);
+  std::vector<std::size_t> all(trades.Entries().size());
+  std::iota(all.begin(), all.end(), std::size_t{0});
+  return trades.Read(all);
 }
 
 std::vector<std::int64_t> InvestmentBook::InvestmentTransactionsAmong(Keys transactionIds) {

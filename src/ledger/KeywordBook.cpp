@@ -1,6 +1,7 @@
 #include "ledger/KeywordBook.h"
 
 #include "ledger/ReferenceRows.h"
+#include "platform/Platform.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
@@ -58,16 +59,24 @@ void KeywordBook::DeleteKeyword(std::int64_t keywordId) {
   ReferenceRows<KeywordRecord>(core_).Delete(keywordId);
 }
 
-std::vector<AttachmentRecord> KeywordBook::AttachmentsOf(std::int64_t transactionId) {
-  std::vector<AttachmentRecord> attachments;
-  Recordset rows = core_.store.OpenRecordset("Select * from tblAttachments Where TransactionId =" +
-                                             SqlNumber(transactionId) + " Order by AttachmentID");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    attachments.push_back({rows.Int("AttachmentID"), rows.Int("TransactionID"),
-                           rows.Text("AttachmentFile"), rows.Text("AttachmentPath"),
-                           rows.Text("AttachmentStore")});
+void KeywordBook::ChangeKeywords(Keys transactionIds, const std::vector<std::string>& added,
+                                 const std::vector<std::string>& removed) {
+  const UndoLog::Step step = core_.undo.Begin("Edit Keywords");
+  core_.ForEachRow(transactionIds, [&](std::int64_t transaction) {
+    for (const std::string& name : added) LinkKeyword(FindOrCreateKeyword(name), transaction);
+    for (const std::string& name : removed) UnlinkKeyword(FindKeyword(name), transaction);
+  });
+}
+
+OpenedAttachments& KeywordBook::Opened() {
+  if (opened_ == nullptr) {
+    opened_ = std::make_unique<OpenedAttachments>(core_, core_.platform.profileFolder + "/opened");
   }
-  return attachments;
+  return *opened_;
+}
+
+std::vector<AttachmentRecord> KeywordBook::AttachmentsOf(std::int64_t transactionId) {
+  return Files().Of(transactionId);
 }
 
 std::int64_t KeywordBook::AddAttachment(AttachmentRecord& record) {
@@ -82,14 +91,17 @@ std::int64_t KeywordBook::AddAttachment(AttachmentRecord& record) {
 
 void KeywordBook::DeleteAttachment(std::int64_t attachmentId) {
   const UndoLog::Step step = core_.undo.Begin("Remove Attachment");
-  core_.store.Execute("Delete from tblAttachments Where AttachmentID =" + SqlNumber(attachmentId));
+  Transaction all = core_.store.Begin();
+  Files().DeleteRows("AttachmentID =" + SqlNumber(attachmentId));
+  all.Commit();
 }
 
 void KeywordBook::DeleteAttachments(std::int64_t transactionId) {
   core_.closed.RequireOpenOf(transactionId);
   const UndoLog::Step step = core_.undo.Begin("Remove Attachments");
-  core_.store.Execute("Delete from tblAttachments Where TransactionId =" +
-                      SqlNumber(transactionId));
+  Transaction all = core_.store.Begin();
+  Files().DeleteRows("TransactionId =" + SqlNumber(transactionId));
+  all.Commit();
 }
 
 }  // namespace corvanta::inline ledger

@@ -1,9 +1,12 @@
 #pragma once
 
+#include "ledger/AttachedFiles.h"
 #include "ledger/LedgerCore.h"
+#include "ledger/OpenedAttachments.h"
 #include "ledger/ReferenceRecords.h"
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -24,13 +27,24 @@ class KeywordBook {
   std::int64_t SaveKeyword(KeywordRecord& record);
   // Also takes it from every transaction.
   void DeleteKeyword(std::int64_t keywordId);
+  // The transactions get these keywords and lose those, by their names, as one step; a keyword that
+  // is new is made.
+  void ChangeKeywords(Keys transactionIds, const std::vector<std::string>& added,
+                      const std::vector<std::string>& removed);
+  // What the attached files are and where they are kept.
+  [[nodiscard]] AttachedFiles Files() { return AttachedFiles(core_); }
+  // Those that other programs have open.
+  [[nodiscard]] OpenedAttachments& Opened();
   [[nodiscard]] std::vector<AttachmentRecord> AttachmentsOf(std::int64_t transactionId);
+  // A row as it is; a file is attached by Files().
   std::int64_t AddAttachment(AttachmentRecord& record);
+  // A copy beside the data file stays: the row may come back.
   void DeleteAttachment(std::int64_t attachmentId);
   void DeleteAttachments(std::int64_t transactionId);
 
  private:
   LedgerCore& core_;
+  std::unique_ptr<OpenedAttachments> opened_;
 };
 
 }  // namespace corvanta::inline ledger

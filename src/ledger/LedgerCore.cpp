@@ -13,9 +13,10 @@ namespace corvanta::inline ledger {
 namespace {
 
 std::vector<std::string> UndoneTables() {
-  return {"tblAccounts", "tblAccountType",  "tblBank",         "tblCategory",    "tblHistory",
-          "tblPayees",   "tblPayments",     "tblKeywords",     "tblKeywordLink", "tblAttachments",
-          "tblSchedule", "tblTransactions", "own_ScheduleDays"};
+  return {"tblAccounts",      "tblAccountType",   "tblBank",     "tblCategory",
+          "tblHistory",       "tblPayees",        "tblPayments", "tblKeywords",
+          "tblKeywordLink",   "tblAttachments",   "tblSchedule", "tblTransactions",
+          "own_ScheduleDays", "own_AttachedFiles"};
 }
 
 // The bar goes with the operation, however it ends.

@@ -34,9 +34,15 @@ std::optional<std::string> PromptedOpening::OtherFile(const std::string& folder)
 OpeningQuestions::Road PromptedOpening::AfterRefusal(const std::string& words, bool isFileFault) {
   std::vector<std::string> roads{kOtherFile};
   if (!isFileFault) roads.insert(roads.begin(), "Try again");
-  const std::optional<std::size_t> chosen = platform_.prompts.Choose(kTitle, words, roads);
-  if (chosen == roads.size() - 1) return Road::OtherFile;
-  return chosen == 0U ? Road::Again : Road::Back;
+  const bool canRestore = isFileFault && restore_;
+  if (canRestore) roads.insert(roads.begin(), "Restore a backup");
+  for (;;) {
+    const std::optional<std::size_t> chosen = platform_.prompts.Choose(kTitle, words, roads);
+    if (chosen == roads.size() - 1) return Road::OtherFile;
+    if (chosen != 0U) return Road::Back;
+    // Whoever comes back without a backup may take another road.
+    if (!canRestore || restore_()) return Road::Again;
+  }
 }
 
 OpeningQuestions::Key PromptedOpening::KeyOf(const std::string& path) {

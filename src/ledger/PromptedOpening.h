@@ -2,6 +2,9 @@
 
 #include "store/datafile/opening/OpeningQuestions.h"
 
+#include <functional>
+#include <utility>
+
 namespace corvanta::inline platform {
 struct Platform;
 }
@@ -11,7 +14,10 @@ namespace corvanta::inline ledger {
 // Puts the questions of opening a data file to the person, through the prompts of the platform.
 class PromptedOpening : public OpeningQuestions {
  public:
-  explicit PromptedOpening(Platform& platform) : platform_(platform) {}
+  // `restore` puts a backup into the place of a damaged data file, after its own questions: true
+  // when it did. Without it that road is not offered.
+  explicit PromptedOpening(Platform& platform, std::function<bool()> restore = {})
+      : platform_(platform), restore_(std::move(restore)) {}
 
   [[nodiscard]] bool AgreesToCreate(const std::string& path) override;
   [[nodiscard]] std::optional<std::string> OtherFile(const std::string& folder) override;
@@ -25,6 +31,7 @@ class PromptedOpening : public OpeningQuestions {
   void Warn(const std::string& text);
 
   Platform& platform_;
+  std::function<bool()> restore_;
 };
 
 }  // namespace corvanta::inline ledger

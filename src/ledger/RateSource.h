@@ -24,6 +24,8 @@ class RateSource {
   // write, not inside it.
   [[nodiscard]] virtual std::optional<RateAnswer> Rate(const std::string& from,
                                                        const std::string& to) = 0;
+  // Whether the person stopped what the last question asked for.
+  [[nodiscard]] virtual bool WasStopped() const { return false; }
 };
 
 }  // namespace corvanta::inline ledger

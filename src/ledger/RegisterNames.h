@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -27,15 +28,21 @@ class RegisterNames {
   // Whether the payee is an investment.
   [[nodiscard]] bool IsInvestment(std::int64_t key) const { return investments_.contains(key); }
   [[nodiscard]] std::string_view Payment(std::int64_t key) const;
+  [[nodiscard]] std::string_view Account(std::int64_t key) const;
+  // All of them, in no order.
+  using NameVisitor = std::function<void(std::int64_t key, std::string_view name)>;
+  void VisitPayees(const NameVisitor& visitor) const;
+  void VisitCategories(const NameVisitor& visitor) const;
 
  private:
   NamesByKey categories_;
   NamesByKey payees_;
   NamesByKey payments_;
+  NamesByKey accounts_;
   std::unordered_set<std::int64_t> investments_;
 };
 
-// What other rows say of some transactions: other halves, split lines, attachments.
+// What other rows say of some transactions: other halves, split lines, attachments, keywords.
 class RegisterLinks {
  public:
   // Of all rows of an account.
@@ -47,11 +54,14 @@ class RegisterLinks {
   [[nodiscard]] const std::string* TwinAccount(std::int64_t twin) const;
   [[nodiscard]] bool HasLines(std::int64_t transaction) const;
   [[nodiscard]] bool HasAttachment(std::int64_t transaction) const;
+  // By name, with commas between them.
+  [[nodiscard]] std::string_view Keywords(std::int64_t transaction) const;
 
  private:
   NamesByKey twins_;
   std::unordered_set<std::int64_t> parents_;
   std::unordered_set<std::int64_t> attached_;
+  NamesByKey keywords_;
 };
 
 // The accounts of these other halves, whose keys stand with commas between them.

@@ -1,8 +1,10 @@
 #include "ledger/RegisterOrder.h"
 
+#include "ledger/InvestmentRecord.h"
+#include "ledger/KeyLists.h"
 #include "ledger/RegisterRows.h"
+#include "ledger/TradePlaces.h"
 #include "platform/TextCase.h"
-#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <array>
@@ -162,11 +164,7 @@ class Sorter {
       case RegisterColumn::Payee:
         return PayeeKeys();
       case RegisterColumn::Category:
-        return NameKeys([](Entry entry) { return entry.categoryId; },
-                        [&](std::int64_t key) {
-                          const std::string* name = names.Category(key);
-                          return name == nullptr ? std::string_view() : *name;
-                        });
+        return CategoryKeys();
       case RegisterColumn::Payment:
         return NameKeys([](Entry entry) { return entry.paymentId; },
                         [&](std::int64_t key) { return names.Payment(key); });
@@ -182,6 +180,9 @@ class Sorter {
         return Each([](Entry entry) { return entry.amount < 0 ? 0 : KeyOf(entry.amount); });
       case RegisterColumn::Balance:
         return Each([](Entry entry) { return KeyOf(entry.balance); });
+      case RegisterColumn::Account:
+        return NameKeys([](Entry entry) { return entry.accountId; },
+                        [&](std::int64_t key) { return names.Account(key); });
     }
     return {};
   }
@@ -212,23 +213,47 @@ class Sorter {
   }
 
   NamesByKey Twins() {
-    constexpr int kAtOnce = 500;
-    NamesByKey twins;
-    std::string keys;
-    int count = 0;
-    const auto read = [&] {
-      if (!keys.empty()) twins.merge(TwinAccounts(rows_.Store(), keys));
-      keys.clear();
-      count = 0;
-    };
+    std::vector<std::int64_t> keys;
     for (const RegisterEntry& entry : rows_.Entries()) {
-      const std::int32_t twin = entry.transferId;
-      if (twin == 0) continue;
-      keys += (keys.empty() ? "" : ",") + SqlNumber(std::int64_t{twin});
-      if (++count == kAtOnce) read();
+      if (entry.transferId != 0) keys.push_back(entry.transferId);
     }
-    read();
+    NamesByKey twins;
+    ForEachKeyList(
+        keys, [&](const std::string& list) { twins.merge(TwinAccounts(rows_.Store(), list)); });
     return twins;
+  }
+
+  // Of a trade what was done is shown in place of the category: by its action's name among the
+  // categories, then by the units and the price.
+  Keys CategoryKeys() {
+    const TradePlaces trades = ReadTrades();
+    Keys keys = NameKeys(
+        [&](const RegisterEntry& entry) {
+          const auto trade = trades.find(entry.transactionId);
+          return trade == trades.end() ? std::int64_t{entry.categoryId} : -trade->second.action;
+        },
+        [&](std::int64_t key) -> std::string_view {
+          if (key < 0) return ActionName(-key);
+          const std::string* name = rows_.Names().Category(key);
+          return name == nullptr ? std::string_view() : *name;
+        });
+    if (trades.empty()) return keys;
+    constexpr int kHalf = 32;
+    const Keys places = Each([&](const RegisterEntry& entry) {
+      const auto trade = trades.find(entry.transactionId);
+      return trade == trades.end() ? 0 : trade->second.place;
+    });
+    for (std::size_t row = 0; row < keys.size(); ++row)
+      keys[row] = keys[row] << kHalf | places[row];
+    return keys;
+  }
+
+  TradePlaces ReadTrades() {
+    std::vector<std::int64_t> keys;
+    for (const RegisterEntry& entry : rows_.Entries()) {
+      if (rows_.Names().IsInvestment(entry.payeeId)) keys.push_back(entry.transactionId);
+    }
+    return ReadTradePlaces(rows_.Store(), keys);
   }
 
   // Texts are many: they are brought in order as they are.

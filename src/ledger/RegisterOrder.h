@@ -19,7 +19,8 @@ enum class RegisterColumn {
   Status,
   PaidOut,
   PaidIn,
-  Balance
+  Balance,
+  Account
 };
 
 // The rows in that order: cells without a text or a figure first, figures by value, texts without

@@ -27,9 +27,16 @@ enum Position {
 
 }  // namespace
 
+std::vector<std::int64_t> RegisterScope::Accounts() const {
+  if (rows.IsSet(FilterKind::Account)) return rows.Keys(FilterKind::Account);
+  return {accountId};
+}
+
 std::string EntryCondition(const RegisterScope& scope) {
+  const std::vector<std::int64_t> accounts = scope.Accounts();
   std::string condition =
-      scope.filter.Clause() + "T.AllocatedItem = 0 AND T.AccountID = " + SqlNumber(scope.accountId);
+      scope.filter.Clause() + "T.AllocatedItem = 0 AND T.AccountID " +
+      (accounts.size() == 1 ? "= " + JoinKeys(accounts) : "IN (" + JoinKeys(accounts) + ")");
   if (scope.period) {
     condition += " AND T.[Date] Between " + SqlDate(scope.period->from) + " AND " +
                  SqlEndOf(scope.period->to);
@@ -62,6 +69,7 @@ bool RegisterReader::Read(RegisterRow& row) const {
   row.status = StatusLetter(rows_.Int(kBankChk), rows_.Int(kBankRec));
   row.isSplit = links_.HasLines(row.transactionId);
   row.hasAttachment = links_.HasAttachment(row.transactionId);
+  row.keywords = links_.Keywords(row.transactionId);
   row.scheduleId = rows_.Int(kBankSch);
   row.action = rows_.Int(kAction);
   if (row.action != 0) {

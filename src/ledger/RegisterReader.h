@@ -4,11 +4,13 @@
 #include "ledger/Period.h"
 #include "ledger/RegisterNames.h"
 #include "ledger/RegisterRow.h"
+#include "ledger/RowFilter.h"
 #include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace corvanta::inline sql {
 class Recordset;
@@ -21,12 +23,16 @@ struct RegisterScope {
   std::int64_t accountId = 0;
   StatusFilter filter;
   std::optional<Period> period = std::nullopt;
+  RowFilter rows = {};  // its accounts, where it has any, stand in the place of the one above
+
+  // The one, or those of the filter.
+  [[nodiscard]] std::vector<std::int64_t> Accounts() const;
 
   bool operator==(const RegisterScope&) const = default;
 };
 
-// What every sum and list of the scope's rows takes: whole entries (no split lines). A row whose
-// category is gone is neither shown nor counted besides.
+// What every sum and list of the scope's accounts takes, as far as days and statuses go: whole
+// entries (no split lines). A row whose category is gone is neither shown nor counted besides.
 [[nodiscard]] std::string EntryCondition(const RegisterScope& scope);
 
 // "Select ... from tblTransactions T WHERE ", the columns in the order in which the reader below

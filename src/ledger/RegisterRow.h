@@ -23,6 +23,7 @@ struct RegisterRow {
   bool isTransfer = false;
   std::int64_t scheduleId = 0;  // 0 for a row entered by hand
   bool hasAttachment = false;
+  std::string keywords;     // by name, with commas between them
   std::int64_t action = 0;  // investment action, 0 for an ordinary row
   double shares = 0;        // that an investment action moves
   double price = 0;         // of one of them

@@ -1,6 +1,8 @@
 #include "ledger/RegisterRows.h"
 
 #include "ledger/AccountRow.h"
+#include "ledger/FilteredRegister.h"
+#include "ledger/KeyLists.h"
 #include "ledger/Money.h"
 #include "ledger/RegisterRow.h"
 #include "store/sql/Connection.h"
@@ -108,7 +110,7 @@ RegisterRows::RegisterRows(Connection& store, const RegisterScope& scope, double
   };
   const EntrySums end = sums ? *sums : read(std::nullopt);
   const EntrySums own = scope.period ? read(scope.period->from) : end;
-  count_ = static_cast<std::size_t>(own.count);
+  count_ = among_ = static_cast<std::size_t>(own.count);
   next_ = RoundMoney(openingBalance + end.total);
   if (end.count > 0) totals_.balance = next_;
   if (own.count == 0) return;
@@ -117,8 +119,27 @@ RegisterRows::RegisterRows(Connection& store, const RegisterScope& scope, double
   totals_.paidOut = RoundMoney(own.paidOut);
 }
 
+RegisterRows::RegisterRows(Connection& store, const RegisterScope& scope,
+                           std::vector<RegisterEntry> entries, const PeriodTotals& totals,
+                           std::size_t among)
+    : store_(store),
+      scope_(scope),
+      stamp_(store.Changes()),
+      totals_(totals),
+      count_(entries.size()),
+      among_(among),
+      entries_(std::move(entries)),
+      isDone_(true) {
+  bool isFirst = true;
+  for (const RegisterEntry& entry : entries_) CountFigures(entry, std::exchange(isFirst, false));
+}
+
 std::int64_t RegisterRows::UnclearedCount() {
-  if (!uncleared_) uncleared_ = corvanta::UnclearedCount(store_, scope_.accountId);
+  if (uncleared_) return *uncleared_;
+  uncleared_ = 0;
+  for (const std::int64_t account : scope_.Accounts()) {
+    *uncleared_ += corvanta::UnclearedCount(store_, account);
+  }
   return *uncleared_;
 }
 
@@ -144,14 +165,19 @@ std::string RegisterRows::EntriesStatement(Part part) const {
 }
 
 void RegisterRows::Settle(RegisterEntry& entry, bool isFirst) {
+  entry.accountId = static_cast<std::int32_t>(scope_.accountId);
   entry.balance = next_;
+  CountFigures(entry, isFirst);
+  next_ = RoundMoney(next_ - entry.amount);
+}
+
+void RegisterRows::CountFigures(const RegisterEntry& entry, bool isFirst) {
   const auto take = [isFirst](double& least, double& most, double value) {
     least = isFirst ? value : std::min(least, value);
     most = isFirst ? value : std::max(most, value);
   };
   take(figures_.leastAmount, figures_.mostAmount, entry.amount);
-  take(figures_.leastBalance, figures_.mostBalance, next_);
-  next_ = RoundMoney(next_ - entry.amount);
+  take(figures_.leastBalance, figures_.mostBalance, entry.balance);
 }
 
 std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
@@ -295,19 +321,17 @@ void RegisterRows::VisitTexts(const std::string& column, const TextVisitor& visi
 
 std::unordered_set<std::int64_t> KeysInScope(Connection& store, const RegisterScope& scope,
                                              const std::vector<std::int64_t>& keys) {
-  constexpr std::size_t kAtOnce = 500;
   std::unordered_set<std::int64_t> shown;
-  for (std::size_t first = 0; first < keys.size(); first += kAtOnce) {
-    std::string list;
-    for (std::size_t i = first; i < std::min(keys.size(), first + kAtOnce); ++i) {
-      list += (list.empty() ? "" : ",") + SqlNumber(keys[i]);
-    }
+  ForEachKeyList(keys, [&](const std::string& list) {
     Recordset rows = store.OpenRecordset(
         "Select T.TransactionID from tblTransactions T INNER JOIN tblCategory C ON T.CategoryID = "
         "C.CategoryID WHERE " +
         EntryCondition(scope) + " AND T.TransactionID IN (" + list + ")");
     for (; !rows.Eof(); rows.MoveNext()) shown.insert(rows.Int(0));
-  }
+  });
+  if (scope.rows.IsEmpty() || shown.empty()) return shown;
+  const auto filtered = FilteredKeys(store, scope.rows, AccountCondition(scope));
+  std::erase_if(shown, [&filtered](std::int64_t key) { return !filtered.Has(key); });
   return shown;
 }
 

@@ -36,12 +36,14 @@ struct RegisterEntry {
   std::int32_t payeeId = 0;
   std::int32_t paymentId = 0;
   std::int32_t transferId = 0;  // not 0: the other half
-  const char* status = "";      // "", "C" or "R"
+  std::int32_t accountId = 0;
+  const char* status = "";  // "", "C" or "R"
 };
 
-// The register of one account, of any length, that reads no more than is asked for: its entries
-// from the newest backwards, and the whole of a row when it is looked at. It is of the data as they
-// were when it was made; what it has not read when they change it does not read any more.
+// The register of one account, or of what a filter has chosen of several, of any length, that reads
+// no more than is asked for: its entries from the newest backwards, and the whole of a row when it
+// is looked at. It is of the data as they were when it was made; what it has not read when they
+// change it does not read any more.
 //
 // Rows are counted from 0, the oldest. Reading throws StoreError.
 class RegisterRows {
@@ -50,11 +52,17 @@ class RegisterRows {
   // they are known already.
   RegisterRows(Connection& store, const RegisterScope& scope, double openingBalance,
                const std::optional<EntrySums>& sums = std::nullopt);
+  // Those of whole registers that a filter has chosen, the newest first, each with the balance that
+  // its account had after it. `among` is how many there would be without the filter.
+  RegisterRows(Connection& store, const RegisterScope& scope, std::vector<RegisterEntry> entries,
+               const PeriodTotals& totals, std::size_t among);
 
   [[nodiscard]] const RegisterScope& Scope() const { return scope_; }
   [[nodiscard]] std::size_t Count() const { return count_; }
+  // How many there would be without the scope's filter of rows.
+  [[nodiscard]] std::size_t CountUnfiltered() const { return among_; }
   [[nodiscard]] const PeriodTotals& Totals() const { return totals_; }
-  // Entries of the account that no statement has confirmed, whatever the scope; read once.
+  // Entries of the accounts that no statement has confirmed, whatever the scope; read once.
   [[nodiscard]] std::int64_t UnclearedCount();
 
   // The first row whose entry is read; the rest is read backwards from it.
@@ -109,14 +117,16 @@ class RegisterRows {
   std::size_t ReadPart(Part part, std::size_t entries);
   // All of them, in one go; false where they are not met in their order.
   bool ReadAtOnce();
-  // Puts the balance into the entry that follows those read so far.
+  // Puts the account and the balance into the entry that follows those read so far.
   void Settle(RegisterEntry& entry, bool isFirst);
+  void CountFigures(const RegisterEntry& entry, bool isFirst);
 
   Connection& store_;
   RegisterScope scope_;
   std::uint64_t stamp_;
   PeriodTotals totals_;
   std::size_t count_ = 0;
+  std::size_t among_ = 0;
   double next_ = 0;                     // the balance after the next entry to be read
   std::vector<RegisterEntry> entries_;  // the newest first
   std::string lastDate_;                // of the entry read last, as it is stored

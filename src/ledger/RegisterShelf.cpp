@@ -32,12 +32,34 @@ std::shared_ptr<RegisterRows> RegisterShelf::Fetch(Connection& store, const Regi
   } else {
     rows = std::make_shared<RegisterRows>(store, scope, openingBalance, sums);
   }
+  Keep(rows);
+  return rows;
+}
+
+void RegisterShelf::Keep(const std::shared_ptr<RegisterRows>& rows) {
   kept_.push_back(rows);
   std::size_t entries = Entries();
   while (kept_.size() > 1 && entries > kEntries) {
     entries -= kept_.front()->Count();
     kept_.erase(kept_.begin());
   }
+}
+
+std::shared_ptr<RegisterRows> RegisterShelf::FetchFiltered(
+    Connection& store, const RegisterScope& scope, const std::vector<FilteredAccount>& accounts) {
+  if (const auto known = Find(scope); known != kept_.end()) {
+    const std::shared_ptr<RegisterRows> rows = *known;
+    kept_.erase(known);
+    kept_.push_back(rows);
+    return rows;
+  }
+  std::vector<std::shared_ptr<RegisterRows>> whole;
+  for (const FilteredAccount& account : accounts) {
+    const RegisterScope own{account.accountId, scope.filter, scope.period};
+    whole.push_back(Fetch(store, own, account.openingBalance, account.sums));
+  }
+  auto rows = FilterRegister(store, scope, accounts, whole);
+  Keep(rows);
   return rows;
 }
 

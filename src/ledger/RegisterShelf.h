@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/AccountRow.h"
+#include "ledger/FilteredRegister.h"
 #include "ledger/RegisterRows.h"
 
 #include <memory>
@@ -19,12 +20,18 @@ class RegisterShelf {
   // Null where there is none left.
   std::shared_ptr<RegisterRows> FetchAhead(Connection& store, const RegisterScope& scope,
                                            double openingBalance, const EntrySums& sums);
+  // The register of what the scope's filter has chosen, of these accounts. Figures that are of
+  // several currencies are absent from its totals.
+  std::shared_ptr<RegisterRows> FetchFiltered(Connection& store, const RegisterScope& scope,
+                                              const std::vector<FilteredAccount>& accounts);
   void Clear() { kept_.clear(); }
 
  private:
   using Kept = std::vector<std::shared_ptr<RegisterRows>>;
   // Drops what is outdated, and finds the register.
   Kept::iterator Find(const RegisterScope& scope);
+  // Keeps it as the one shown last.
+  void Keep(const std::shared_ptr<RegisterRows>& rows);
   [[nodiscard]] std::size_t Entries() const;
 
   Kept kept_;  // the one shown last comes last

@@ -217,6 +217,7 @@ void ScheduleBook::DetachFromSchedule(std::int64_t transactionId) {
 std::int64_t ScheduleBook::PasteSchedule(std::int64_t scheduleId) {
   const UndoLog::Step step = core_.undo.Begin("Paste Schedule");
   Transaction all = core_.store.Begin();
+  if (const auto source = ReadSchedule(scheduleId)) core_.closed.RequireOpen(source->accountId);
   const std::int64_t copy = CopySchedule(scheduleId, 0);
   if (copy == 0) return 0;
   const std::string lines =

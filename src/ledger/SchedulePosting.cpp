@@ -5,6 +5,7 @@
 #include "ledger/RateSource.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
+#include "ledger/ScheduleStart.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Locale.h"
@@ -15,7 +16,6 @@
 #include "platform/StatusWords.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
-#include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
 #include "store/sql/UndoLog.h"
 
@@ -26,9 +26,6 @@
 namespace corvanta::inline ledger {
 namespace {
 
-// What the column holds of a schedule whose payments are all made. 0 would mean payments without
-// end, and a number of payments above 0 would come due again when a posted row is deleted.
-constexpr int kFinished = -1;
 constexpr const char* kRateTitle = "Download Currency";
 
 }  // namespace
@@ -68,7 +65,6 @@ class SchedulePosting::Impl {
   bool WriteApart(const Job& job);
   bool Write(const Job& job);
   void TellRefused();
-  void MoveBehind(const ScheduleDetails& schedule, const std::vector<Date>& passed);
   [[nodiscard]] OccurrenceResult Find(std::int64_t scheduleId, Date due, Found& found);
   [[nodiscard]] static std::vector<Date> PostedPrefix(const Found& found, Date justPosted);
 
@@ -207,7 +203,7 @@ std::optional<double> SchedulePosting::Impl::RateOf(const ScheduleDetails& sched
     if (!isTold) platform_.prompts.Tell(kRateTitle, answer->notice);
     return answer->rate;
   }
-  if (withoutRate_.empty()) {
+  if (withoutRate_.empty() && !rates_.WasStopped()) {
     platform_.prompts.Tell(kRateTitle, "Could not connect to website");
   }
   withoutRate_.insert(pair);
@@ -258,7 +254,7 @@ bool SchedulePosting::Impl::Write(const Job& job) {
     writer.Write(job.missing[next], job.otherAmounts[next]);
     ++result_.occurrences;
   }
-  MoveBehind(job.schedule, job.passed);
+  MoveStartBehind(store_, job.schedule, job.passed);
   return true;
 }
 
@@ -269,21 +265,6 @@ void SchedulePosting::Impl::TellRefused() {
                          "posted:" +
                              refused_,
                          Icon::Warning);
-}
-
-// The schedule goes on after these payments, which are posted or skipped. What remains is counted
-// from the new start.
-void SchedulePosting::Impl::MoveBehind(const ScheduleDetails& schedule,
-                                       const std::vector<Date>& passed) {
-  const auto step = PlanOf(schedule).Step();
-  if (passed.empty() || !step) return;
-  const int payments = PlanOf(schedule).Payments();
-  const int remaining = payments - static_cast<int>(passed.size());
-  const bool isLast = payments > 0 && remaining <= 0;
-  const Date start = isLast ? passed.back() : step->After(passed.back());
-  const int number = payments == 0 ? 0 : isLast ? kFinished : remaining;
-  store_.Execute("UPDATE tblSchedule SET DateFrom = " + SqlDate(start) + ", NoTimes =" +
-                 std::to_string(number) + " Where ScheduleId = " + SqlNumber(schedule.scheduleId));
 }
 
 OccurrenceResult SchedulePosting::Impl::Find(std::int64_t scheduleId, Date due, Found& found) {
@@ -300,16 +281,8 @@ OccurrenceResult SchedulePosting::Impl::Find(std::int64_t scheduleId, Date due, 
 
 // The first payments as far as each of them is posted.
 std::vector<Date> SchedulePosting::Impl::PostedPrefix(const Found& found, Date justPosted) {
-  const auto step = PlanOf(found.schedule).Step();
-  const auto payments = static_cast<std::size_t>(PlanOf(found.schedule).Payments());
-  std::vector<Date> prefix;
-  Date day = found.schedule.dateFrom;
-  while ((day == justPosted || found.posted.Has(day)) &&
-         (payments == 0 || prefix.size() < payments)) {
-    prefix.push_back(day);
-    day = step->After(day);
-  }
-  return prefix;
+  return FirstPayments(found.schedule,
+                       [&](Date day) { return day == justPosted || found.posted.Has(day); });
 }
 
 OccurrenceResult SchedulePosting::Impl::PostOne(std::int64_t scheduleId, Date due) {
@@ -324,7 +297,7 @@ OccurrenceResult SchedulePosting::Impl::PostOne(std::int64_t scheduleId, Date du
   const UndoLog::Step step = ledger_.Undo().Begin("Post Schedule");
   Transaction one = store_.Begin();
   OccurrenceWriter(ledger_, job.schedule).Write(due, job.otherAmounts.front());
-  MoveBehind(job.schedule, job.passed);
+  MoveStartBehind(store_, job.schedule, job.passed);
   one.Commit();
   return result;
 }
@@ -337,7 +310,7 @@ OccurrenceResult SchedulePosting::Impl::Skip(std::int64_t scheduleId, Date due) 
   const auto isPending = [&](Date day) { return day != due && !found.posted.Has(day); };
   if (std::ranges::any_of(found.payments, isPending)) return OccurrenceResult::EarlierPending;
   const UndoLog::Step step = ledger_.Undo().Begin("Skip Schedule");
-  MoveBehind(found.schedule, found.payments);
+  MoveStartBehind(store_, found.schedule, found.payments);
   return result;
 }
 

@@ -13,15 +13,22 @@ void StatusBook::SetStatus(std::int64_t transactionId, std::int16_t value, std::
   const UndoLog::Step step = core_.undo.Begin("Change Status");
   Transaction all = core_.store.Begin();
   core_.closed.RequireOpenOf(transactionId);
-  const auto set = [&](const char* column) {
+  Flags flags;
+  if (transactionId > 0 && setRec > 0) flags.rec = value;
+  if (transactionId > 0 && setChk > 0) flags.chk = value;
+  Write(transactionId, flags);
+  all.Commit();
+}
+
+void StatusBook::Write(std::int64_t transactionId, const Flags& flags) {
+  const auto set = [&](const char* column, int value) {
     const std::string assignment =
         std::string("UPDATE tblTransactions Set ") + column + " = " + std::to_string(value);
     core_.store.Execute(assignment + " WHERE TransactionID =" + SqlNumber(transactionId));
     core_.store.Execute(assignment + " WHERE AllocatedItem =" + SqlNumber(transactionId));
   };
-  if (transactionId > 0 && setRec > 0) set("BankRec");
-  if (transactionId >= 1 && setChk > 0) set("BankChk");
-  all.Commit();
+  if (flags.rec) set("BankRec", *flags.rec);
+  if (flags.chk) set("BankChk", *flags.chk);
 }
 
 RowMarks StatusBook::MarksOf(std::int64_t transactionId) {
@@ -51,18 +58,17 @@ void StatusBook::ApplyStatus(StatusCommand command, std::int64_t transactionId, 
   if (!row) return;
   // A line has the status of its parent.
   const std::int64_t key = row->allocatedItem != 0 ? row->allocatedItem : transactionId;
-  const std::int16_t mark = isTicked ? 0 : 1;
+  const int mark = isTicked ? 0 : 1;
+  core_.closed.RequireOpenOf(key);
   switch (command) {
     case StatusCommand::Uncleared:
-      SetStatus(key, 0, 1, 1);
+      Write(key, {0, 0});
       break;
     case StatusCommand::Cleared:
-      SetStatus(key, mark, 1, 0);
-      SetStatus(key, 0, 0, 1);
+      Write(key, {mark, 0});
       break;
     case StatusCommand::Reconciled:
-      SetStatus(key, mark, 0, 1);
-      SetStatus(key, 1, 1, 0);
+      Write(key, {1, mark});
       break;
   }
   both.Commit();
@@ -74,14 +80,11 @@ bool StatusBook::Settle(std::span<const Settlement> rows, Progress& progress) {
 }
 
 void StatusBook::Settle(const Settlement& row) {
+  if (!row.isTicked && MarksOf(row.transactionId).isCleared) return;
   Transaction both = core_.store.Begin();
-  if (row.isTicked) {
-    SetStatus(row.transactionId, 1, 1, 0);
-    SetStatus(row.transactionId, 1, 0, 1);
-  } else if (!MarksOf(row.transactionId).isCleared) {
-    SetStatus(row.transactionId, 0, 1, 0);
-    SetStatus(row.transactionId, 0, 0, 1);
-  }
+  core_.closed.RequireOpenOf(row.transactionId);
+  const int mark = row.isTicked ? 1 : 0;
+  if (row.transactionId > 0) Write(row.transactionId, {mark, mark});
   both.Commit();
 }
 

@@ -5,6 +5,7 @@
 #include "ledger/TransactionStatus.h"
 
 #include <cstdint>
+#include <optional>
 #include <span>
 
 namespace corvanta::inline platform {
@@ -43,6 +44,13 @@ class StatusBook {
   void Settle(const Settlement& row);
 
  private:
+  // Of a row of an open account, and of its lines; what is not given stays.
+  struct Flags {
+    std::optional<int> chk{};
+    std::optional<int> rec{};
+  };
+  void Write(std::int64_t transactionId, const Flags& flags);
+
   LedgerCore& core_;
 };
 

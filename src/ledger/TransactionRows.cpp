@@ -1,5 +1,6 @@
 #include "ledger/TransactionRows.h"
 
+#include "ledger/AttachedFiles.h"
 #include "ledger/Money.h"
 #include "ledger/RowLinks.h"
 #include "store/sql/Connection.h"
@@ -93,7 +94,7 @@ void TransactionRows::DeleteWhole(std::int64_t transactionId) {
 void TransactionRows::DeleteRows(const std::string& condition) {
   const std::string rows =
       " IN (Select TransactionID from tblTransactions Where " + condition + ")";
-  core_.store.Execute("Delete from tblAttachments Where TransactionId" + rows);
+  AttachedFiles(core_).DeleteRows("TransactionId" + rows);
   core_.store.Execute("Delete from tblKeywordLink Where TransactionId" + rows);
   core_.store.Execute("Delete From tblTransactions Where " + condition);
 }

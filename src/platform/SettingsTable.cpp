@@ -78,6 +78,7 @@ constexpr std::array kSettings{
     SettingInfo{Setting::bWidth, "bWidth", Number, "", "Width of the balancing window", {}},
     SettingInfo{Setting::DBPath, "DBPath", Text, "", "Folder or file of the data", {}},
     SettingInfo{Setting::CostMethod, "CostMethod", Choice, "Average", "How the cost of investments is counted", kCostChoices},
+    SettingInfo{Setting::AttachInside, "AttachInside", Check, "0", "Keep attachments inside the data file", {}},
 };
 // clang-format on
 

@@ -70,6 +70,7 @@ enum class Setting {
   bWidth,
   DBPath,
   CostMethod,
+  AttachInside,
 };
 
 enum class SettingKind {

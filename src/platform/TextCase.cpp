@@ -2,6 +2,7 @@
 
 #include <unicode/bytestream.h>
 #include <unicode/casemap.h>
+#include <unicode/normalizer2.h>
 
 #include <algorithm>
 #include <array>
@@ -138,6 +139,17 @@ std::string_view Trim(std::string_view text) {
   const auto first = text.find_first_not_of(kBlanks);
   if (first == std::string_view::npos) return {};
   return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
+}
+
+std::string Composed(std::string_view text) {
+  UErrorCode status = U_ZERO_ERROR;
+  std::string composed;
+  icu::StringByteSink<std::string> sink(&composed);
+  const icu::Normalizer2* form = icu::Normalizer2::getNFCInstance(status);
+  CheckMemory(status);
+  form->normalizeUTF8(0, Piece(text), sink, nullptr, status);
+  CheckMemory(status);
+  return composed;
 }
 
 std::size_t TextLength(std::string_view text) {

@@ -18,6 +18,8 @@ namespace corvanta::inline platform {
 }
 // Blanks, tabs and line ends off both ends.
 [[nodiscard]] std::string_view Trim(std::string_view text);
+// Letters with their accents as one character each (normalisation form C), however they were typed.
+[[nodiscard]] std::string Composed(std::string_view text);
 // The number of characters (code points) of a UTF-8 text.
 [[nodiscard]] std::size_t TextLength(std::string_view text);
 

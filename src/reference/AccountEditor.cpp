@@ -30,8 +30,14 @@ bool IsReserved(std::string_view name) {
 
 }  // namespace
 
-AccountForm AccountEditor::New() {
+AccountForm AccountEditor::New(std::int64_t like) {
   AccountForm form;
+  if (const auto other = like == 0 ? std::nullopt : Load(like)) {
+    form.accountGroup = other->accountGroup;
+    form.bank = other->bank;
+    form.currencyId = other->currencyId;
+    return form;
+  }
   const std::string own = platform_.locale.CurrencyCode();
   const auto currencies = ledger_.References().Currencies();
   const auto currency = std::find_if(

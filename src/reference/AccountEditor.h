@@ -37,8 +37,9 @@ class AccountEditor {
  public:
   AccountEditor(clsCorvanta& ledger, Platform& platform) : ledger_(ledger), platform_(platform) {}
 
-  // A new account in the user's own currency.
-  [[nodiscard]] AccountForm New();
+  // A new account in the user's own currency; or of the group, the bank and the currency of that
+  // account.
+  [[nodiscard]] AccountForm New(std::int64_t like = 0);
   // nullopt when there is no such account.
   [[nodiscard]] std::optional<AccountForm> Load(std::int64_t key);
   // The first rule that is broken. A name may not begin with "Account:", which marks a transfer

@@ -20,8 +20,11 @@ class FrmAccounts : public EditorDialog {
  public:
   FrmAccounts(Platform& platform, clsCorvanta& ledger, QWidget* parent);
 
+  // New accounts begin like that one; 0 for none.
+  void BeginLike(std::int64_t accountId) { like_ = accountId; }
+
  protected:
-  void Clear() override { Show(editor_.New()); }
+  void Clear() override { Show(editor_.New(like_)); }
   bool Load(std::int64_t key) override;
   [[nodiscard]] std::optional<Warning> Check() override { return editor_.Check(Form()); }
   std::int64_t Save() override { return editor_.Save(Form()); }
@@ -38,6 +41,7 @@ class FrmAccounts : public EditorDialog {
   Platform& platform_;
   clsCorvanta& ledger_;
   AccountEditor editor_;
+  std::int64_t like_ = 0;
   QLineEdit* txtAccount_;
   PickBox* cmbAccountType_;
   PickBox* cmbBank_;

@@ -56,6 +56,14 @@ DialogResult OpenReferenceEditor(ReferenceKind kind, std::int64_t key, const Dia
   return Of(kind).edit(key, place);
 }
 
+DialogResult AddAccountLike(std::int64_t accountId, const DialogPlace& place) {
+  FrmAccounts form(place.platform, place.ledger, place.parent);
+  form.BeginLike(accountId);
+  form.Open(0);
+  form.exec();
+  return {form.IsChanged(), form.SavedKey()};
+}
+
 Deletion DeleteReference(ReferenceKind kind, std::int64_t key, const DialogPlace& place) {
   return Of(kind).remove(key, place);
 }

@@ -45,6 +45,9 @@ struct DialogResult {
 // The editor in "EDIT" mode on the row of that key, in "ADD" mode for 0. A row that is gone opens
 // nothing and is reported as a change. Throws StoreError when the row cannot be read.
 DialogResult OpenReferenceEditor(ReferenceKind kind, std::int64_t key, const DialogPlace& place);
+// The editor of a new account, which begins with group, bank and currency of that one; 0 for none.
+// Throws StoreError.
+DialogResult AddAccountLike(std::int64_t accountId, const DialogPlace& place);
 // The list dialog. True when the data file was changed.
 bool OpenReferenceList(ListKind kind, const DialogPlace& place);
 // The merge dialog, from that payee or category. True when its records have moved.

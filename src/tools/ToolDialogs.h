@@ -11,6 +11,8 @@ struct Platform;
 
 namespace corvanta::inline tools {
 
+// Sums, each a line.
+void ShowCalculator(Platform& platform, QWidget* parent);
 void ShowLoan(LoanMode mode, Platform& platform, QWidget* parent);
 
 }  // namespace corvanta::inline tools

@@ -6,6 +6,7 @@
 #include "platform/Settings.h"
 #include "support/MemoryRegistry.h"
 
+#include <QAccessible>
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
@@ -42,7 +43,7 @@ TEST(Calendar, TakesClicksOnDaysAndArrows) {
   calendar.show();
   QSignalSpy chosen(&calendar, &ucCalendar::DateSelected);
   QSignalSpy opened(&calendar, &ucCalendar::DateActivated);
-  QTest::mouseClick(&calendar, Qt::LeftButton, {}, QPoint(280 - 20, 12));
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.ArrowRect(true).center());
   EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 12, 1));
   EXPECT_EQ(chosen.count(), 0) << "turning a page chooses nothing";
   const QDate christmas(2026, 12, 25);
@@ -55,6 +56,26 @@ TEST(Calendar, TakesClicksOnDaysAndArrows) {
   QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(QDate(2026, 11, 30)).center());
   EXPECT_EQ(calendar.ShownMonth(), QDate(2026, 11, 1));
   EXPECT_TRUE(calendar.DayRect(QDate(2027, 3, 1)).isEmpty());
+}
+
+TEST(Calendar, GoesToTodayAndToAnotherYear) {
+  ucCalendar calendar;
+  calendar.SetToday(QDate(2026, 11, 21));
+  calendar.resize(280, calendar.sizeHint().height());
+  calendar.show();
+  QSignalSpy chosen(&calendar, &ucCalendar::DateSelected);
+  QTest::keyClick(&calendar, Qt::Key_PageUp, Qt::ControlModifier);
+  EXPECT_EQ(calendar.Selected(), QDate(2025, 11, 21));
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.YearRect(true).center());
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.YearRect(true).center());
+  EXPECT_EQ(calendar.ShownMonth(), QDate(2027, 11, 1));
+  EXPECT_EQ(chosen.count(), 1) << "turning a page chooses nothing";
+  const QPoint title(140, calendar.YearRect(true).center().y());
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, title);
+  EXPECT_EQ(calendar.Selected(), QDate(2026, 11, 21));
+  EXPECT_FALSE(calendar.ArrowRect(false).intersects(calendar.YearRect(false)));
+  auto* told = QAccessible::queryAccessibleInterface(&calendar);
+  EXPECT_EQ(told->text(QAccessible::Value), calendar.Describe(QDate(2026, 11, 21)));
 }
 
 class Lists : public testing::Test {

@@ -1,3 +1,4 @@
+#include "app/FrmPassphrase.h"
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/WindowTest.h"
@@ -5,7 +6,9 @@
 #include "ledger/LoginPassword.h"
 #include "platform/Files.h"
 #include "store/datafile/InstallationKey.h"
+#include "store/datafile/Passphrase.h"
 
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QTimer>
@@ -109,6 +112,50 @@ TEST_F(DataFileCommands, TheRecoveryKeyIsThatOfTheOpenFile) {
   machine_.folder.Write("data/Corvanta.dat", std::string(8192, '?'));
   machine_.prompts.ExpectTell("Recovery Key", ScriptedPrompts::kAnyText);
   Trigger("mnuFileKey");
+}
+
+TEST_F(DataFileCommands, APassphraseIsSetChangedAndTakenAwayAndTheSameViewStandsAgain) {
+  OpenData();
+  ShowWindow();
+  const int rows = Rows();
+  // Types this into both fields, after something that will not do; nothing goes back to the key.
+  const auto answer = [](const QString& typed) {
+    QTimer::singleShot(0, [typed] {
+      auto* dialog = qobject_cast<FrmPassphrase*>(QApplication::activeModalWidget());
+      ASSERT_NE(dialog, nullptr);
+      auto& first = *dialog->findChild<QLineEdit*>(QStringLiteral("txtPassphrase"));
+      auto& again = *dialog->findChild<QLineEdit*>(QStringLiteral("txtPassphraseAgain"));
+      auto& key = *dialog->findChild<QCheckBox*>(QStringLiteral("chkKey"));
+      if (typed.isEmpty()) {
+        EXPECT_TRUE(key.isVisible());
+        key.click();
+        return QTest::keyClick(dialog, Qt::Key_Return);
+      }
+      QTest::keyClicks(&first, typed);
+      QTest::keyClicks(&again, typed + QStringLiteral("!"));
+      QTest::keyClick(dialog, Qt::Key_Return);
+      EXPECT_EQ(again.selectedText(), typed + QStringLiteral("!")) << "to be typed over";
+      QTest::keyClicks(&again, typed);
+      QTest::keyClick(dialog, Qt::Key_Return);
+      EXPECT_FALSE(dialog->isVisible());
+      dialog->close();
+    });
+  };
+  for (const char* phrase : {"correct horse battery", "another four words"}) {
+    answer(QString::fromLatin1(phrase));
+    machine_.prompts.ExpectTell("Passphrase warning", ScriptedPrompts::kAnyText);
+    machine_.prompts.ExpectTell("Passphrase", ScriptedPrompts::kAnyText);
+    Trigger("mnuFilePassphrase");
+    EXPECT_EQ(PasswordFromPassphrase(phrase, DataFilePath()), session_.Password());
+    EXPECT_EQ(Rows(), rows);
+  }
+  machine_.prompts.ExpectTell("Recovery Key", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileKey");
+  answer({});
+  machine_.prompts.ExpectTell("Passphrase", ScriptedPrompts::kAnyText);
+  Trigger("mnuFilePassphrase");
+  EXPECT_EQ(session_.Password(), InstallationPassword(machine_.Get()));
+  EXPECT_EQ(Rows(), rows);
 }
 
 TEST_F(DataFileCommands, OpenChangesToAnotherFileAndRemembersIt) {

@@ -8,13 +8,18 @@
 #include "ledger/TransactionRecord.h"
 #include "platform/Settings.h"
 #include "support/LedgerProblems.h"
+#include "support/StatementLog.h"
 
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QTimer>
+
+#include <algorithm>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -170,6 +175,58 @@ TEST_F(InvestmentViews, TransactionsAreCopiedPastedAndDeleted) {
   EXPECT_EQ(LedgerProblems(Ledger().Store()), std::vector<std::string>());
 }
 
+class LongListOfTrades : public InvestmentViews {
+ protected:
+  ~LongListOfTrades() override {
+    window_.reset();
+    session_.Close();
+  }
+  StatementLog log_;  // outlives the connection
+};
+
+TEST_F(LongListOfTrades, ReadsWhatIsInSightAndSortsByEveryColumn) {
+  Start("mnuViewInvestTrans");
+  constexpr int kRows = 600;
+  Run("INSERT INTO tblPayees (Payee,[Symbol],CurrencyID,Investment) VALUES ('acme','ZZ',17,1)");
+  const auto acme = Ledger().Store().QueryValue("Select Max(PayeeID) from tblPayees").Int();
+  Transaction all = Ledger().Store().Begin();
+  for (int i = 0; i < kRows; ++i) {
+    InvestmentTransaction row;
+    row.accountId = 1;
+    row.payeeId = i % 2 == 0 ? acme : Ledger().Transactions().ReadTransaction(38)->payeeId;
+    row.action = kInvestActions[i % 6].action;
+    row.shares = i % 7;
+    row.price = i % 11;
+    row.dividend = i % 3;
+    row.commission = i % 5;
+    row.total = i * 0.75;
+    row.description = i % 13 == 0 ? "" : "trade " + std::to_string(i * 7919 % kRows);
+    row.date = *Date::FromYmd(2025, 1, 1 + i % 28);
+    row.status = static_cast<TransactionStatus>(i % 3);
+    Ledger().Investments().SaveInvestmentTransaction(row);
+  }
+  all.Commit();
+  const auto described = [this] { return log_.With({"visited", "Description"}).size(); };
+  const std::size_t before = described();
+  Trigger("mnuViewRefresh");
+  QApplication::processEvents();
+  ASSERT_EQ(Trades().model()->rowCount(), kRows + 1);
+  EXPECT_GE(described() - before, 1U);
+  EXPECT_LE(described() - before, 3U) << "pages in sight";
+  for (int column = 0; column < Trades().model()->columnCount(); ++column) {
+    Trades().ChooseColumn(column);
+    std::vector<QString> cells;
+    for (int row = 0; row <= kRows; ++row) cells.push_back(Cell(Trades(), row, column).toLower());
+    const bool isNumber =
+        Trades().model()->headerData(column, Qt::Horizontal, Qt::TextAlignmentRole).isValid();
+    if (column == 0) continue;  // a day's text has another order
+    EXPECT_TRUE(std::ranges::is_sorted(cells, {}, [&](const QString& text) {
+      return std::pair(isNumber && !text.isEmpty() ? QString(text).remove(u',').toDouble() : -1e9,
+                       isNumber ? QString() : text);
+    })) << column;
+  }
+}
+
 TEST_F(InvestmentViews, AClosedAccountKeepsItsTransactions) {
   Start("mnuViewInvestTrans");
   Run("UPDATE tblAccounts SET CloseAccount = 1");
@@ -196,6 +253,31 @@ TEST_F(InvestmentViews, WithoutAnyTheViewsSayHowToBegin) {
   EXPECT_FALSE(Trades().isVisible());
   machine_.prompts.ExpectTell("Please Add Account", ScriptedPrompts::kAnyText);
   Trigger("mnuInvestTransAdd");
+}
+
+TEST_F(InvestmentViews, AllPricesComeInOneGoAndWhatIsMissingLeadsToTheSources) {
+  Start("mnuViewInvestments");
+  Run("UPDATE tblStockData SET [URL] = 'http://quotes.test/STOCK' WHERE DataID = 3");
+  Run("UPDATE tblPayees SET DataID = 3, [Conversion] = 1, InvestCurrencyID = CurrencyID, Symbol = "
+      "'S' & PayeeID Where Investment "
+      "= 1");
+  Run("INSERT INTO tblPayees (Payee,[Symbol],CurrencyID,InvestCurrencyID,DataID,Investment) VALUES "
+      "('Without','W',17,17,9,1)");
+  Run("UPDATE tblStockData SET [URL] = '' WHERE DataID = 9");
+  machine_.download.AnswerAll("\"X\",4.25,\"11/20/2026\",\"5:30pm\",1,2\r\n");
+  Trigger("mnuViewHoldings");
+  Trigger("mnuInvestDownload");
+  EXPECT_EQ(machine_.download.Requested().size(), 2U) << "not of the one without an address";
+  EXPECT_EQ(window_->statusBar()->currentMessage(), "2 prices were downloaded");
+  Trigger("mnuViewInvestments");
+  EXPECT_EQ(Cell(List(), 0, 5), "4.2500");
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Cell(List(), 1, 5), "") << "all of them in one step";
+  machine_.download.AnswerAll(std::nullopt);
+  InNext("FrmSources", [](QDialog& dialog) { dialog.reject(); });
+  machine_.prompts.ExpectAsk("Download Prices", ScriptedPrompts::kAnyText, true);
+  Trigger("mnuInvestDownload");
+  EXPECT_EQ(machine_.download.Requested().size(), 3U) << "a dead service is asked once";
 }
 
 TEST_F(InvestmentViews, TheRegisterSaysWhatWasDone) {

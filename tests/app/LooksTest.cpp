@@ -1,5 +1,6 @@
 // Nothing is cramped: on a small screen, or one of 1080 lines at 200 %, with usual and large
 // letters, every window has room for what it says.
+#include "app/FrmPassphrase.h"
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/RegisterModel.h"
@@ -193,6 +194,46 @@ TEST_P(Looks, LongNamesWidenNoDialog) {
   EXPECT_EQ(checked_, 8);
 }
 
+TEST_P(Looks, InvestmentsHaveRoomAlsoWithLongNames) {
+  Start();
+  Run("UPDATE tblPayees SET [Payee] = '" + std::string(90, 'W') + "' WHERE Investment = 1");
+  for (const char* command : {"mnuToolsShares", "mnuToolsLookup", "mnuHoldingAction",
+                              "mnuInvestAdd", "mnuInvestTransAdd"}) {
+    Open(command);
+  }
+  Trigger("mnuViewInvestTrans");
+  WindowTest::Find<SortedTable>("lvinvesttrans").selectRow(0);
+  Open("mnuInvestTransEdit");
+  Trigger("mnuViewInvestments");
+  WindowTest::Find<SortedTable>("lvinvest").selectRow(0);
+  Open("mnuInvestHistory", [this](QDialog& history) {
+    machine_.prompts.ExpectOpenFile(
+        ScriptedPrompts::kAnyText,
+        machine_.folder.Write("prices.csv", "Day,Close\n2026-11-18,3.5\n"));
+    InNextDialog([this](QDialog& form) { Check(form); });
+    Click(history, "cmdImport");
+  });
+  EXPECT_EQ(checked_, 8);
+}
+
+TEST_P(Looks, TheHoldingsKeepNameAndValueInSight) {
+  Start();
+  Trigger("mnuViewHoldings");
+  const auto& table = WindowTest::Find<SortedTable>("lvholding");
+  ASSERT_GT(table.model()->rowCount(), 0);
+  for (const QSize size : {QSize(800, 560), QSize(960, 500), QSize(1366, 700)}) {
+    window_->resize(size);
+    QApplication::processEvents();
+    EXPECT_EQ(window_->size(), size);
+    EXPECT_LE(table.horizontalHeader()->length(), table.viewport()->width()) << size.width();
+    for (const int column : {1, 3, 7}) {
+      EXPECT_TRUE(Sees(table, column)) << column << " at " << size.width();
+    }
+    EXPECT_GE(table.viewport()->height(), 3 * table.rowHeight(0)) << size.height();
+    EXPECT_EQ(CutIn(*table.parentWidget()->parentWidget()).join(u'|').toStdString(), "");
+  }
+}
+
 TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
   using Mode = FrmPassword::Mode;
   for (const auto& [mode, isNew] :
@@ -203,6 +244,11 @@ TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
                                                     {Mode::Delete, false},
                                                     {Mode::Reveal, false}}) {
     FrmPassword dialog(mode, isNew, machine_.Get(), {}, nullptr);
+    dialog.show();
+    Check(dialog);
+  }
+  for (const bool isSet : {false, true}) {
+    FrmPassphrase dialog(isSet, machine_.Get(), nullptr);
     dialog.show();
     Check(dialog);
   }
@@ -252,7 +298,9 @@ TEST_P(Looks, ListsHideWhatMattersLeastBeforeTheyScroll) {
            {"mnuViewAccounts", "lvbalance"},
            {"mnuViewCategories", "lvcategory"},
            {"mnuViewPayees", "lvpayee"},
-           {"mnuViewSchedules", "lvschedule"}}) {
+           {"mnuViewSchedules", "lvschedule"},
+           {"mnuViewInvestments", "lvinvest"},
+           {"mnuViewInvestTrans", "lvinvesttrans"}}) {
     Trigger(view);
     QApplication::processEvents();
     const auto& table = WindowTest::Find<SortedTable>(list);

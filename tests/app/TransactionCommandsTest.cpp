@@ -99,13 +99,15 @@ TEST_F(TransactionCommands, ThePopUpMenuFollowsTheRow) {
       "WHERE TransactionID = " +
       std::to_string(key));
   RightClick(0);
-  EXPECT_EQ(PopUp(), " &Add... &Edit...- Cop&y &Paste &Delete- &Uncleared*&Cleared &Reconciled");
+  EXPECT_EQ(PopUp(),
+            " &Add... &Edit...- Cop&y &Paste &Delete- &Uncleared*&Cleared &Reconciled- "
+            "&Keywords... Attach&ments...");
   Run("UPDATE tblTransactions SET BankChk = 0, BankRec = 1, BankSch = 1 WHERE TransactionID = " +
       std::to_string(key));
   RightClick(0);
-  EXPECT_EQ(
-      PopUp(),
-      " &Add... &Edit...- Cop&y &Paste &Delete- &Uncleared &Cleared &Reconciled- &Schedule Item");
+  EXPECT_EQ(PopUp(),
+            " &Add... &Edit...- Cop&y &Paste &Delete- &Uncleared &Cleared &Reconciled- "
+            "&Keywords... Attach&ments...- &Schedule Item");
   EXPECT_EQ(OpenedBy([this] { Trigger("mnuTransSchedule"); }), "FrmSchedule");
   // The menu key asks for the row that has the focus.
   QContextMenuEvent byKey(QContextMenuEvent::Keyboard, Table().viewport()->rect().center(),

@@ -51,7 +51,7 @@ TEST_F(DownloadCommandTest, StoresThePricesThatCameAndSaysWhichDidNot) {
   EXPECT_EQ(Run({"--format", "csv", "download"}), ExitStatus::MachineFailed);
   EXPECT_EQ(out_.str(), "Investment,Date,Price\r\nBT plc,2026-11-21,3.165\r\n");
   EXPECT_NE(messages_.str().find("Invalid Symbol ODD entered"), std::string::npos);
-  EXPECT_NE(messages_.str().find("GONE plc: Yahoo Stock: the server answered 404."),
+  EXPECT_NE(messages_.str().find("GONE plc: Could not connect to website. Yahoo Stock: the server answered 404."),
             std::string::npos)
       << messages_.str();
   EXPECT_EQ(Run({"--format", "csv", "sql", "SELECT COUNT(*) AS Prices FROM tblHistory"}),

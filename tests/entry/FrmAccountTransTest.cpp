@@ -554,5 +554,42 @@ TEST_F(AccountTrans, OpensWhatItCanEditAndSaysWhyNot) {
   EXPECT_TRUE(OpenTransaction({999, bank_, {}}, Place()).isChanged) << "gone";
 }
 
+TEST_F(AccountTrans, KeywordsAndFilesBelongToTheRowWhichIsSavedForThem) {
+  const auto form = Open();
+  const auto text = [&](const char* button) { return Find<QPushButton>(*form, button).text(); };
+  Prompt().ExpectTell("Save Warning", ScriptedPrompts::kAnyText);
+  Click(*form, "cmdKeywords");
+  EXPECT_EQ(Count("tblTransactions"), 0) << "no row yet to belong to";
+  Put(*form, "cmbPayee", "Baker");
+  Put(*form, "cmbPayment", "Card");
+  Put(*form, "cmbCategory", "Shopping");
+  Put(*form, "cmbSubCategory", "Food");
+  Put(*form, "txtAmount", "5");
+  InNextDialog([](QDialog& dialog) {
+    EXPECT_EQ(dialog.objectName(), "FrmKeywordChoice");
+    Type(dialog, "txtKeyword", "Tax");
+    Click(dialog, "cmdAdd");
+    Click(dialog, "cmdAccept");
+  });
+  Click(*form, "cmdKeywords");
+  EXPECT_EQ(Count("tblTransactions"), 1);
+  EXPECT_FALSE(form->IsNew());
+  EXPECT_EQ(text("cmdKeywords"), "&Keywords (1)...");
+  EXPECT_EQ(Find<QPushButton>(*form, "cmdKeywords").toolTip(), "Tax");
+  const std::string path = store_.platform.folder.Write("bill.pdf", "bill");
+  InNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(dialog.objectName(), "FrmAttachments");
+    Prompt().ExpectOpenFile("Select File to Attach", path);
+    Click(dialog, "cmdAdd");
+  });
+  Click(*form, "cmdAttachments");
+  EXPECT_EQ(text("cmdAttachments"), "Fi&les (1)...");
+  EXPECT_TRUE(form->IsChanged());
+  EXPECT_TRUE(form->Open(LastKey()));
+  EXPECT_EQ(text("cmdKeywords"), "&Keywords (1)...");
+  form->Open(0);
+  EXPECT_EQ(text("cmdKeywords"), "&Keywords...");
+}
+
 }  // namespace
 }  // namespace corvanta

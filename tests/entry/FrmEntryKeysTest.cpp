@@ -34,11 +34,12 @@ TEST_F(EntryKeys, TabFollowsTheFormAndReachesEverything) {
     order.append(FocusOf(form_));
     Press(form_, Qt::Key_Tab);
   } while (FocusOf(form_) != order.first() && order.size() < 40);
-  const QStringList expected{
-      "txtDate",     "cmbPayee",          "cmbCategory",    "cmbSubCategory", "cmbPayment",
-      "txtAmount",   "cmdCurrencyLookup", "txtReference",   "txtDescription", "opPayment0",
-      "cmdAllocate", "cmdAutoFill",       "cmdAddSchedule", "cmdHelp",        "cmdNew",
-      "cmdAccept",   "cmdCancel",         "cmbAccount",     "cmbType"};
+  const QStringList expected{"txtDate",        "cmbPayee",    "cmbCategory",       "cmbSubCategory",
+                             "cmbPayment",     "txtAmount",   "cmdCurrencyLookup", "txtReference",
+                             "txtDescription", "opPayment0",  "cmdAllocate",       "cmdAutoFill",
+                             "cmdAddSchedule", "cmdKeywords", "cmdAttachments",    "cmdHelp",
+                             "cmdNew",         "cmdAccept",   "cmdCancel",         "cmbAccount",
+                             "cmbType"};
   EXPECT_EQ(order, expected) << order.join(u' ').toStdString();
   for (const QString& name : order) {
     const auto& field = Find<QWidget>(form_, name.toUtf8().constData());

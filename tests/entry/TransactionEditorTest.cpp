@@ -289,6 +289,15 @@ TEST_F(TransactionEditing, EitherHalfOfATransferIsEdited) {
   EXPECT_EQ(Count("tblTransactions"), 2);
 }
 
+TEST_F(TransactionEditing, ADownloadThatThePersonStopsIsNoFailure) {
+  rates_.Stop();
+  TransactionForm form = Form(EntryType::Transfer, 25);
+  form.accountToId = euro_;
+  Prompt().ExpectTell("Download Currency", "Stopped. The amount arrives unconverted.");
+  const std::int64_t from = Save(form);
+  EXPECT_EQ(Row(Row(from).transferId).amount, 25);
+}
+
 TEST_F(TransactionEditing, CurrenciesAreConvertedOnceAndBeforeTheWrite) {
   rates_.Answer(1.17345);
   TransactionForm form = Form(EntryType::Transfer, 25);

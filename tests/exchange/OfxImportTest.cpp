@@ -112,6 +112,23 @@ TEST_F(OfxImport, PayeesAndWhatStandsOutsideATransaction) {
                                       "7: There is no amount."}));
 }
 
+TEST_F(OfxImport, TheNumberOfAChequeIsKeptBesideTheBanksOwnMark) {
+  const std::string text = Statement(
+      "1", Transaction("<DTPOSTED>20200213<TRNAMT>-1<NAME>A<CHECKNUM>1042") +
+               Transaction("<DTPOSTED>20200214<TRNAMT>-2<NAME>B<FITID>F-9<CHECKNUM>1043") +
+               Transaction("<DTPOSTED>20200215<TRNAMT>-3<NAME>C<FITID>F-10<CHECKNUM>1044"
+                           "<MEMO>Rent") +
+               Transaction("<DTPOSTED>20200216<TRNAMT>-4<NAME>D<FITID>1045<CHECKNUM>1045") +
+               Transaction("<DTPOSTED>20200217<TRNAMT>-5<NAME>E<FITID>F-11<CHECKNUM>0000"));
+  const Texts kept{"2020-02-13|A|Debit|-1|1042|", "2020-02-14|B|Debit|-2|F-9|Cheque 1043",
+                   "2020-02-15|C|Debit|-3|F-10|Rent, cheque 1044", "2020-02-16|D|Debit|-4|1045|",
+                   "2020-02-17|E|Debit|-5|F-11|"};
+  ImportOfx(text);
+  EXPECT_EQ(Rows("1"), kept);
+  ImportOfx(text);
+  EXPECT_EQ(Rows("1"), kept) << "each is known again";
+}
+
 // The standard groups no digits, so the one mark in an amount stands before its decimals, whatever
 // the country of the reader.
 TEST_F(OfxImport, TheOneMarkInAnAmountIsItsDecimalMark) {

@@ -40,6 +40,18 @@ TEST(CurrencyConverter, TheAmountTypedLastIsConvertedIntoTheOther) {
       << "always from the currency of the amount";
 }
 
+TEST(CurrencyConverter, ReadsAmountsAsPeopleWriteThem) {
+  const FixedLocale locale;
+  ScriptedRates rates(2);
+  CurrencyConverter converter(rates, locale);
+  for (const char* typed :
+       {"1234.5", "1,234.50", "1.234,50", "1 234,50", "1'234.50", "1200+34.5"}) {
+    EXPECT_EQ(converter.Convert({"U.S. Dollar (USD)", "EUR", typed, "", false}).amountCurrency,
+              "2469")
+        << typed;
+  }
+}
+
 TEST(CurrencyConverter, WhatIsMissingIsSaidBeforeAnythingIsFetched) {
   const FixedLocale locale;
   ScriptedRates rates(1.25);
@@ -55,7 +67,7 @@ TEST(CurrencyConverter, WhatIsMissingIsSaidBeforeAnythingIsFetched) {
   };
   EXPECT_EQ(field({"", "EUR", "10", "", false}), "cmbCurrency");
   EXPECT_EQ(field({"U.S. Dollar (USD)", "EUR", " ", "", false}), "txtAmount");
-  EXPECT_EQ(field({"U.S. Dollar (USD)", "EUR", "1-2", "", false}), "txtAmount");
+  EXPECT_EQ(field({"U.S. Dollar (USD)", "EUR", "1*", "", false}), "txtAmount");
   EXPECT_EQ(field({"U.S. Dollar (USD)", "EUR", "", "x", true}), "txtAmountCurrency");
   EXPECT_TRUE(rates.Asked().empty());
 }

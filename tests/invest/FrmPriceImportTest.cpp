@@ -1,4 +1,5 @@
 #include "controls/ListTable.h"
+#include "exchange/SavedMappings.h"
 #include "invest/FrmHistory.h"
 #include "invest/InvestTest.h"
 #include "ledger/PriceBook.h"
@@ -48,6 +49,30 @@ TEST_F(FrmPriceImportTest, AFileIsShownAsItWillBeReadAndImported) {
   EXPECT_EQ(Find<ListTable>(history_, "lvHistory").model()->rowCount(), 3);
   EXPECT_EQ(ledger_.Prices().LatestPrice(50)->price, 3);
   EXPECT_TRUE(history_.IsChanged());
+}
+
+TEST_F(FrmPriceImportTest, AMappingIsSavedAndFoundAgainByTheHeadings) {
+  Show(history_);
+  const std::string file = File("Day;Close;Adj\n18.11.2026;3,5;1,25\n");
+  Machine().prompts.ExpectOpenFile("Select File to Import", file);
+  InNextDialog([this](QDialog& dialog) {
+    auto& column = Find<QComboBox>(dialog, "cmbColPrice");
+    column.setCurrentIndex(3);
+    Q_EMIT column.activated(3);
+    Machine().prompts.ExpectText("Import Prices", "Name of the mapping:", "Adjusted");
+    Click(dialog, "cmdSaveMapping");
+    EXPECT_EQ(Find<QComboBox>(dialog, "cmbMapping").currentText(), "Adjusted");
+    EXPECT_EQ(NoteOf(dialog), "The mapping “Adjusted” was saved.");
+  });
+  Click(history_, "cmdImport");
+  EXPECT_TRUE(SavedMappings(Machine().registry).Names().empty()) << "bank files have their own";
+  Machine().prompts.ExpectOpenFile("Select File to Import", file);
+  InNextDialog([](QDialog& dialog) {
+    EXPECT_EQ(Find<QComboBox>(dialog, "cmbMapping").currentText(), "Adjusted");
+    EXPECT_EQ(Find<QComboBox>(dialog, "cmbColPrice").currentIndex(), 3);
+    EXPECT_EQ(Find<ListTable>(dialog, "lvRead").model()->index(0, 1).data().toString(), "1.2500");
+  });
+  Click(history_, "cmdImport");
 }
 
 TEST_F(FrmPriceImportTest, WhatIsNoTextIsRefusedInWords) {

@@ -174,7 +174,7 @@ TEST_F(FrmStockTest, TheSourcesPageOpensInTheBrowser) {
   EXPECT_EQ(Machine().opener.Opened(),
             std::vector<std::string>{"https://finance.yahoo.com/lookup"});
   Choose(*form, "Manual Update");
-  Expect("Stock Lookup", "This Data Source has no look-up page.");
+  Expect("Lookup Warning", "This Data Source has no page to look symbols up");
   Click(*form, "cmdLookup");
 }
 

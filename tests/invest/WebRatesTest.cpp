@@ -108,6 +108,22 @@ TEST_F(WebRatesTest, TheLatestRateKnownServesWhereNoneCanBeFetched) {
       "Could not connect to website. The rate of 29/02/2024 was used: 1 JPY = 0.00524934 GBP.");
 }
 
+TEST_F(WebRatesTest, WhatThePersonStopsIsNoFailureAndAskedForAgain) {
+  AnswerRate("EURUSD", "1.25");
+  slow_.takes = 5s;
+  Machine().progress.StopAfter(0);
+  EXPECT_FALSE(rates_.Rate("EUR", "USD"));
+  EXPECT_TRUE(rates_.WasStopped());
+  Machine().progress.StopAfter(1000);
+  EXPECT_EQ(Rate("EUR", "USD"), 1.25);
+  EXPECT_FALSE(rates_.WasStopped());
+  now_ += 90s;
+  Machine().progress.StopAfter(0);
+  const auto known = rates_.Rate("EUR", "USD");
+  ASSERT_TRUE(known);
+  EXPECT_TRUE(known->notice.starts_with("The download was stopped. The rate of ")) << known->notice;
+}
+
 TEST_F(WebRatesTest, AQuickRefusalConcernsItsPairAlone) {
   AnswerRate("GBPUSD", "1.3");
   EXPECT_EQ(Rate("EUR", "USD"), std::nullopt);

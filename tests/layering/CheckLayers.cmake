@@ -11,16 +11,19 @@ set(may_store platform store)
 set(may_ledger ${base})
 # Every room may print a list, which is what reports is open to all of them for.
 set(may_reference ${base} reference reports)
-set(may_entry ${base} entry invest reference reports)
+set(may_notes ${base} notes reference reports)
+set(may_entry ${base} entry invest notes reference reports)
 set(may_reconcile ${base} reconcile entry reports)
 # Prices come in files, too, which are read as those of banks are.
 set(may_invest ${base} invest reference exchange reports)
 set(may_reports ${base} reports)
 set(may_exchange ${base} exchange reports)
 set(may_tools ${base} tools reports)
+# What is archived of investments is carried over as holdings count it.
+set(may_safety ${base} invest safety)
 set(may_controls ${base} controls)
-set(may_app ${base} reference entry reconcile invest reports exchange tools controls app)
-set(may_cli ${base} reference entry reconcile invest reports exchange tools cli)
+set(may_app ${base} reference notes entry reconcile invest reports exchange tools safety controls app)
+set(may_cli ${base} reference notes entry reconcile invest reports exchange tools safety cli)
 
 # The steps of the store, from the ground up: each may use those before it. What lies in the folders
 # above them (store/sql itself) are the types that all share and the doors.

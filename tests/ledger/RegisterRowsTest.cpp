@@ -171,6 +171,26 @@ void ExpectSortedAsCells(RegisterRows& rows, const std::vector<RegisterRow>& all
   }
 }
 
+TEST_F(RegisterOnDemand, TradesStandByWhatWasDoneAmongTheCategories) {
+  Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (50,'Acme',1)");
+  Run("UPDATE tblTransactions SET CategoryID = 2 WHERE AccountID = 1");
+  const auto all = Whole({1, {}});
+  const char* kTrades[] = {
+      "[Action] = 2, Shares = 9, Price = 5",  "[Action] = 1, Shares = 10, Price = 7",
+      "[Action] = 1, Shares = 9, Price = 8",  "[Action] = 1, Shares = 9, Price = 7",
+      "[Action] = 3, Shares = 0, Price = 99", "[Action] = 0"};
+  for (std::size_t i = 0; i < std::size(kTrades); ++i) {
+    Run(std::string("UPDATE tblTransactions SET PayeeID = 50, ") + kTrades[i] +
+        " WHERE TransactionID = " + std::to_string(all.at(i * 3).transactionId));
+  }
+  RegisterRows rows = Open({1, {}});
+  const auto order = SortedRegister(rows, RegisterColumn::Category, false);
+  const std::vector<std::uint32_t> trades{9, 6, 3};  // bought: 9 at 7, 9 at 8, 10 at 7
+  EXPECT_TRUE(std::equal(trades.begin(), trades.end(), order.begin()));
+  EXPECT_EQ(order.at(order.size() - 2), 12U) << "the dividend, behind \"Debit\"";
+  EXPECT_EQ(order.back(), 0U) << "the sale";
+}
+
 TEST_F(RegisterOnDemand, SortsAsItsCellsDo) {
   RegisterRows rows = Open({1, {}});
   ExpectSortedAsCells(rows, Whole({1, {}}));

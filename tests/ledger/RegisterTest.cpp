@@ -1,5 +1,6 @@
 #include "ledger/AccountBook.h"
 #include "ledger/BalanceBook.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/LedgerTest.h"
 #include "ledger/Period.h"
 
@@ -60,10 +61,14 @@ TEST_F(Register, SplitLinesAreNoRowsButMarkTheirParent) {
   AddTransaction(3, 1, "03/01/2026", "-6", "AllocatedItem = 1");
   Run("INSERT INTO tblAttachments (TransactionID,AttachmentFile) VALUES (1,'a.pdf')");
   Run("INSERT INTO tblAttachments (TransactionID,AttachmentFile) VALUES (1,'b.pdf')");
+  for (const char* keyword : {"Tax", "Holiday"}) {
+    Ledger().Notes().LinkKeyword(Ledger().Notes().FindOrCreateKeyword(keyword), 1);
+  }
   const auto rows = Ledger().Balances().Register(1, {}, std::nullopt);
   ASSERT_EQ(rows.size(), 1U) << "two lines or two files do not make two rows";
   EXPECT_TRUE(rows[0].isSplit);
   EXPECT_TRUE(rows[0].hasAttachment);
+  EXPECT_EQ(rows[0].keywords, "Holiday, Tax");
   EXPECT_EQ(rows[0].balance, 90);
 }
 

@@ -1,8 +1,9 @@
 // Commands that are killed at every operation on the disk, once and twice in a row, in a folder
 // with one data file and with two.
 #include "platform/Files.h"
-#include "store/CrashMachine.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/KeyRecovery.h"
+#include "support/CrashMachine.h"
 #include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"
@@ -265,6 +266,22 @@ TEST_P(CommandCrash, KeyUse) {
            if (isOld) machine.Run(useKey);
          },
          useKey});
+}
+
+// Until the copy has taken its place the file opens with the key it had, then with the passphrase.
+TEST_P(CommandCrash, Passphrase) {
+  static const std::string kPassword = NewPasswordFromPassphrase("a phrase of four words");
+  const Command protect = [](DataFileOpener& opener) { opener.Protect(kPassword); };
+  Sweep({[](CrashMachine& machine) { PutFile(machine, Files().dataFile); },
+         protect,
+         {protect},
+         [&](CrashMachine& machine) {
+           const bool isOld = OpensWith(machine.Path(), machine.Password(), machine.test.Get());
+           EXPECT_NE(isOld, WantsPassphrase(machine.Path()));
+           if (isOld) machine.Run(protect);
+           ExpectSound(*machine.Connect(kPassword));
+           PutFile(machine, Files().dataFile);
+         }});
 }
 
 const auto kName = [](const auto& tested) {

@@ -1,7 +1,7 @@
 // The opening sequence, stopped at its operations on the disk.
-#include "store/CrashMachine.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/datafile/opening/TransferFile.h"
+#include "support/CrashMachine.h"
 #include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
 #include "support/OldLayout.h"

@@ -69,6 +69,7 @@ class Inspection {
     CheckSchedules(plans);
     CheckOccurrences();
     for (const Reference& reference : kReferences) CheckReference(reference);
+    CheckContents();
     return problems_;
   }
 
@@ -86,6 +87,21 @@ class Inspection {
       found[rows.Int(0)] = {rows.Int(1), rows.Int(2), rows.Int(3), rows.Double(4)};
     }
     return found;
+  }
+
+  // Contents inside the data file, and the rows that name them.
+  void CheckContents() {
+    if (connection_.Table("own_AttachedFiles") == nullptr) return;
+    std::set<std::string> named;
+    Recordset rows = connection_.OpenRecordset(
+        "SELECT AttachmentStore FROM tblAttachments WHERE AttachmentStore LIKE 'inside:%'");
+    for (; !rows.Eof(); rows.MoveNext()) named.emplace(rows.Text(0));
+    Recordset contents = connection_.OpenRecordset("SELECT FileID FROM own_AttachedFiles");
+    for (; !contents.Eof(); contents.MoveNext()) {
+      const std::string name = "inside:" + std::to_string(contents.Int(0));
+      if (named.erase(name) == 0) Add("own_AttachedFiles", contents.Int(0), "nothing names it");
+    }
+    for (const std::string& name : named) Add("tblAttachments", 0, name + " is gone");
   }
 
   void CheckTransfers(const std::map<std::int64_t, Row>& rows) {

@@ -6,6 +6,7 @@
 #include "platform/Platform.h"
 #include "store/datafile/Compact.h"
 #include "store/datafile/opening/CompactionTarget.h"
+#include "store/datafile/opening/DraftFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/schema/AccessPaths.h"
 #include "store/datafile/schema/DefaultData.h"
@@ -53,20 +54,6 @@ void InsertRows(Connection& connection, bool emptyFile, const Platform& platform
   if (!emptyFile) InsertSampleData(connection, platform);
   ExecuteTolerant(connection, "UPDATE tblVerification set UpdateRun = Now();");
   transaction.Commit();
-}
-
-// What a new data file is called while it is made: the first of its names that nobody else uses.
-std::string FreeDraftPath(const DataFileLocation& location, const CopyMark& mark,
-                          const std::string& password, Platform& platform) {
-  const std::string first = location.DraftPath();
-  std::string path = first;
-  for (int number = 2;; ++number) {
-    const Leftover found = Examine(path, password, mark, platform);
-    if (found != Leftover::Foreign) break;
-    path = first + std::to_string(number);
-  }
-  RemoveDataFile(path, platform.files);
-  return path;
 }
 
 // Built and compacted as the data file itself would be, only that nobody looks for it here yet.

@@ -6,6 +6,8 @@
 #include "platform/SettingsTable.h"
 #include "store/datafile/CreateDataFile.h"
 #include "store/datafile/InstallationKey.h"
+#include "store/datafile/Passphrase.h"
+#include "store/datafile/backup/RestoreDataFile.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/datafile/opening/OpenSequence.h"
 #include "store/datafile/opening/RecoverDataFile.h"
@@ -40,12 +42,15 @@ std::string OwnPassword(const std::string& dataFile, Platform& platform) {
                    {}, dataFile);
 }
 
-// The lock of a data file that is there, or can be recovered.
-std::unique_ptr<WriterLock> LockExisting(const DataFileLocation& location, const Writer& writer,
-                                         Platform& platform) {
+// The lock of a data file that is there, or can be recovered. `typed` is the password of its
+// passphrase, where it wants one.
+std::unique_ptr<WriterLock> LockExisting(const DataFileLocation& location,
+                                         const std::optional<std::string>& typed,
+                                         const Writer& writer, Platform& platform) {
   if (!FileExists(location.CompactionPath())) RequireDataFile(location);
   std::unique_ptr<WriterLock> lock = WriterLock::Acquire(location.Path(), writer);
-  RecoverDataFile(location, FindInstallationPassword(platform).value_or(""), writer, platform);
+  RecoverDataFile(location, typed ? *typed : FindInstallationPassword(platform).value_or(""),
+                  writer, platform);
   RequireDataFile(location);
   return lock;
 }
@@ -66,7 +71,7 @@ std::string KeyPassword(const std::string& keyOrPath, const std::string& dataFil
 }  // namespace
 
 DataFileOpener::DataFileOpener(Platform& platform, std::string holder)
-    : platform_(platform), writer_{std::move(holder), {}} {}
+    : platform_(platform), writer_{std::move(holder), {}}, passwords_(platform) {}
 
 void DataFileOpener::SetDataPath(std::string path) {
   dataPath_ = std::move(path);
@@ -77,7 +82,7 @@ void DataFileOpener::SetPatience(Patience patience) {
 }
 
 std::optional<DataFile> DataFileOpener::Open(bool quiet, OpeningQuestions& questions) {
-  return OpenSequence(platform_, writer_, dataPath_, questions).Run(quiet);
+  return OpenSequence(platform_, writer_, dataPath_, passwords_, questions).Run(quiet);
 }
 
 DataFileLocation DataFileOpener::Location() const {
@@ -91,13 +96,15 @@ DataFileLocation DataFileOpener::Location() const {
 
 DataFile DataFileOpener::OpenExisting(bool forWriting) {
   const DataFileLocation location = Location();
+  // Asked before the lock is taken: who thinks must not hold up others.
+  const std::optional<std::string> typed = passwords_.Of(location);
   DataFile file;
   if (forWriting) {
-    file.lock = LockExisting(location, writer_, platform_);
+    file.lock = LockExisting(location, typed, writer_, platform_);
   } else {
     RequireDataFile(location);
   }
-  file.password = OwnPassword(location.Path(), platform_);
+  file.password = typed ? *typed : OwnPassword(location.Path(), platform_);
   file.connection = forWriting
                         ? OpenChecked(location.Path(), file.password, platform_)
                         : Connection::Open({location.Path(), file.password, {}}, platform_.clock);
@@ -112,7 +119,9 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
   platform_.files.CreateFolder(location.folder);
   DataFile file;
   file.lock = WriterLock::Acquire(location.Path(), writer_);
-  RecoverDataFile(location, FindInstallationPassword(platform_).value_or(""), writer_, platform_);
+  const std::optional<std::string> typed = passwords_.Of(location);
+  RecoverDataFile(location, typed ? *typed : FindInstallationPassword(platform_).value_or(""),
+                  writer_, platform_);
   if (FileExists(location.Path())) {
     throw StoreError(StoreErrorCode::Sql,
                      "There is a data file already: " + location.Path() +
@@ -127,19 +136,47 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
 
 DataFile DataFileOpener::Validate() {
   const DataFileLocation location = Location();
+  const std::optional<std::string> typed = passwords_.Of(location);
   DataFile file;
-  file.lock = LockExisting(location, writer_, platform_);
-  file.password = OwnPassword(location.Path(), platform_);
+  file.lock = LockExisting(location, typed, writer_, platform_);
+  file.password = typed ? *typed : OwnPassword(location.Path(), platform_);
   RenewDataFile(location, {file.password, file.password, UpgradeFailure::Refuse}, writer_,
                 platform_);
   file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
 }
 
+RestoredFile DataFileOpener::Restore(const std::string& backup, const std::string& password) {
+  const DataFileLocation location = Location();
+  platform_.files.CreateFolder(location.folder);
+  RestoredFile restored;
+  DataFile& file = restored.file;
+  file.lock = WriterLock::Acquire(location.Path(), writer_);
+  const std::optional<std::string> known =
+      passwords_.Known(FileExists(location.Path()) ? location.Path() : location.CompactionPath());
+  RecoverDataFile(location, known ? *known : FindInstallationPassword(platform_).value_or(""),
+                  writer_, platform_);
+  // A passphrase that was chosen is never exchanged for a key that lies on the disk.
+  const bool isPassphrase = IsFromPassphrase(password);
+  if (isPassphrase) passwords_.Learn(password);
+  file.password = isPassphrase ? password : known ? *known : InstallationPassword(platform_);
+  restored.kept =
+      RestoreDataFile(location, {backup, password, {}}, file.password, writer_, platform_);
+  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  return restored;
+}
+
 DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
                                 const std::function<bool(Connection&)>& admits) {
   const DataFileLocation location = Location();
   RequireDataFile(location);
+  if (WantsPassphrase()) {
+    throw StoreError(StoreErrorCode::WrongPassphrase,
+                     "The data file " + location.Path() +
+                         " opens with its passphrase, here as everywhere. Nothing was changed. It "
+                         "takes no other key.",
+                     {}, location.Path());
+  }
   const std::string oldPassword = KeyPassword(keyOrPath, location.Path());
   DataFile file;
   file.lock = WriterLock::Acquire(location.Path(), writer_);
@@ -158,6 +195,20 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   }
   file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
+}
+
+void DataFileOpener::Protect(const std::string& password) {
+  const DataFileLocation location = Location();
+  const std::optional<std::string> typed = passwords_.Of(location);
+  const std::unique_ptr<WriterLock> lock = LockExisting(location, typed, writer_, platform_);
+  const std::string oldPassword = typed ? *typed : OwnPassword(location.Path(), platform_);
+  const std::string newPassword = password.empty() ? InstallationPassword(platform_) : password;
+  RenewDataFile(location, {oldPassword, newPassword, UpgradeFailure::Keep}, writer_, platform_);
+  passwords_.Learn(newPassword);
+}
+
+bool DataFileOpener::WantsPassphrase() const {
+  return datafile::WantsPassphrase(Location().Path());
 }
 
 }  // namespace corvanta::inline datafile

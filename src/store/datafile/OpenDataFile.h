@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/datafile/DataFileLocation.h"
+#include "store/datafile/FilePasswords.h"
 #include "store/datafile/WriterLock.h"
 #include "store/sql/Connection.h"
 
@@ -8,6 +9,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 namespace corvanta::inline platform {
 struct Platform;
@@ -16,6 +18,8 @@ struct Platform;
 namespace corvanta::inline datafile {
 
 class OpeningQuestions;
+
+struct RestoredFile;
 
 // An open data file and, where it may be written, the right to do so.
 struct DataFile {
@@ -31,10 +35,16 @@ class DataFileOpener {
   // `holder` names this program to others that want to write.
   DataFileOpener(Platform& platform, std::string holder);
 
+  // Who this program is to others that want to write.
+  [[nodiscard]] const Writer& AsWriter() const { return writer_; }
+
   // A folder or file that stands for DBPath in this run only; the setting is not read or written.
   void SetDataPath(std::string path);
   // How long to wait for a program that is writing; not at all without it.
   void SetPatience(Patience patience);
+  // Who is asked for the passphrase of a data file that wants one. Without it such a file is
+  // refused with StoreError(WrongPassphrase), as it is when the person turns back.
+  void SetPassphraseQuestion(PassphraseQuestion ask) { passwords_.SetQuestion(std::move(ask)); }
 
   // The open-data-file operation with its questions: nullopt when no file was opened and the
   // person has been told why. Quiet creates a missing file without asking. Never throws StoreError;
@@ -61,6 +71,22 @@ class DataFileOpener {
   [[nodiscard]] DataFile UseKey(const std::string& keyOrPath,
                                 const std::function<bool(Connection&)>& admits = {});
 
+  // Protects an existing data file, which must not be open, with this password from now on: one of
+  // NewPasswordFromPassphrase, or an empty one for that of this installation. Until the copy takes
+  // its place in one step, and when this throws, the file is as it was. Throws StoreError and
+  // PlatformError.
+  void Protect(const std::string& password);
+  // Whether the data file wants a passphrase.
+  [[nodiscard]] bool WantsPassphrase() const;
+  // What is known of passphrases, and who is asked for them.
+  [[nodiscard]] FilePasswords& Passwords() { return passwords_; }
+  // Puts a copy of the backup, which that password opens, into the data file's place, protects it
+  // with the passphrase of the backup or of the present data file, or else with this installation's
+  // password (drawn where there is none), and opens it. What was the data
+  // file is kept. It need not be there, or be sound. Throws StoreError and PlatformError; the data
+  // file is then as it was.
+  [[nodiscard]] RestoredFile Restore(const std::string& backup, const std::string& password);
+
   // Where the data file is looked for. Throws StoreError(Missing) without a DBPath.
   [[nodiscard]] DataFileLocation Location() const;
 
@@ -68,6 +94,13 @@ class DataFileOpener {
   Platform& platform_;
   Writer writer_;
   std::optional<std::string> dataPath_;
+  FilePasswords passwords_;
+};
+
+// A data file that was restored.
+struct RestoredFile {
+  DataFile file;
+  std::string kept;  // where what was the data file is now; empty where there was none
 };
 
 }  // namespace corvanta::inline datafile

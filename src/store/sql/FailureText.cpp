@@ -26,6 +26,9 @@ Words WordsOf(StoreErrorCode code) {
     case StoreErrorCode::OtherInstallation:
       return {"The data file belongs to another installation",
               "Open it with its transfer file or its recovery key."};
+    case StoreErrorCode::WrongPassphrase:
+      return {"The data file opens with its passphrase alone",
+              "Type the passphrase and try again."};
     case StoreErrorCode::Damaged:
       return {"The data file is damaged", "Restore it from your latest backup."};
     case StoreErrorCode::ReadOnly:

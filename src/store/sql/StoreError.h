@@ -11,6 +11,7 @@ enum class StoreErrorCode {
   Missing,            // no such file or folder
   NotADataFile,       // the file is something else
   OtherInstallation,  // a data file that this key does not open
+  WrongPassphrase,    // a data file that wants a passphrase, which was another one or not given
   Damaged,            // the file is truncated or its pages do not check
   ReadOnly,           // the file or its folder cannot be written
   Locked,             // another program holds the file for writing

@@ -88,15 +88,20 @@ TEST_F(Dialect, LikeTakesWildcardsAndClasses) {
   Add("under_x", "NULL", 2);
   Add("[abc", "NULL", 3);
   Add("O'Brien", "NULL", 12.5);
-  for (const Case& row : {Case{"'%0%'", "1"}, Case{"'100[%] of'", "1"}, Case{"'%[_]%'", "2"},
-                          Case{"'[u-w]nder%'", "2"}, Case{"'[!u]%'", "1|3|4"}, Case{"'[abc'", "3"},
-                          Case{"'o''b%'", "4"}, Case{"''", ""}, Case{"'%'", "1|2|3|4"}}) {
+  for (const Case& row :
+       {Case{"'%0%'", "1"}, Case{"'100[%] of'", "1"}, Case{"'%[_]%'", "2"},
+        Case{"'[u-w]nder%'", "2"}, Case{"'[!u]%'", "1|3|4"}, Case{"'[abc'", "3"},
+        Case{"'o''b%'", "4"}, Case{"''", ""}, Case{"'%'", "1|2|3|4"}, Case{"'%ER[_]X%'", "2"},
+        Case{"'%[[]A%'", "3"}, Case{"'%[!x]%'", "1|2|3|4"}, Case{"'%[ab]%'", "3|4"},
+        Case{"'%%'", "1|2|3|4"}, Case{"'%'' %'", ""}}) {
     EXPECT_EQ(Column(std::string("SELECT ItemID FROM tblItems WHERE Name LIKE ") + row.pattern),
               row.matches)
         << row.pattern;
   }
   EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Amount like '%2.5%'"), "4");
   EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name NOT LIKE '%e%'"), "1|3");
+  // A pattern that is another one in each row.
+  EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE Name LIKE '%' & ItemID & '%'"), "1");
 }
 
 TEST_F(Dialect, NullsFollowTheirRules) {

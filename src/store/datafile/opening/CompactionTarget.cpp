@@ -26,6 +26,7 @@ bool HasRows(Connection& connection) {
 bool IsUnreadable(const StoreError& error) {
   return error.Code() == StoreErrorCode::NotADataFile ||
          error.Code() == StoreErrorCode::OtherInstallation ||
+         error.Code() == StoreErrorCode::WrongPassphrase ||
          error.Code() == StoreErrorCode::Damaged || error.Code() == StoreErrorCode::ReadOnly;
 }
 

@@ -63,13 +63,17 @@ void InstallDataFile(const std::string& from, const std::string& to, Files& file
   files.Replace(from, to);
 }
 
+void MoveDataFile(const std::string& from, const std::string& to, Files& files) {
+  files.Replace(from, to);
+  if (HasJournal(from)) files.Replace(JournalOf(from), JournalOf(to));
+}
+
 std::string SetAside(const std::string& path, const std::string& ending, Files& files) {
   std::string target = path + ending;
   for (int number = 2; IdentityOf(target).has_value(); ++number) {
     target = path + ending + std::to_string(number);
   }
-  files.Replace(path, target);
-  if (HasJournal(path)) files.Replace(JournalOf(path), JournalOf(target));
+  MoveDataFile(path, target, files);
   return target;
 }
 

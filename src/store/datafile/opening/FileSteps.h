@@ -38,6 +38,8 @@ void RemoveDataFileQuietly(const std::string& path, Files& files) noexcept;
 // be played into the new one), and PlatformError.
 void InstallDataFile(const std::string& from, const std::string& to, Files& files);
 
+// Moves a file with its journal to a name that is free. Throws PlatformError.
+void MoveDataFile(const std::string& from, const std::string& to, Files& files);
 // Moves a file, with its journal, out of the way, to its name with this ending and, where that is
 // taken, a number behind it. Returns the new path. Throws PlatformError.
 std::string SetAside(const std::string& path, const std::string& ending, Files& files);

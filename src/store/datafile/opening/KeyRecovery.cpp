@@ -25,7 +25,10 @@ bool OpensWith(const std::string& path, const std::string& password, Platform& p
   try {
     return Connection::Open({path, password, {}}, platform.clock) != nullptr;
   } catch (const StoreError& error) {
-    if (error.Code() == StoreErrorCode::OtherInstallation) return false;
+    if (error.Code() == StoreErrorCode::OtherInstallation ||
+        error.Code() == StoreErrorCode::WrongPassphrase) {
+      return false;
+    }
     throw;
   }
 }

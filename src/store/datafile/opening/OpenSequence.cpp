@@ -7,6 +7,7 @@
 #include "platform/Registry.h"
 #include "platform/SettingsTable.h"
 #include "store/datafile/CreateDataFile.h"
+#include "store/datafile/FilePasswords.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/KeyRecovery.h"
@@ -65,8 +66,13 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
 }
 
 OpenSequence::OpenSequence(Platform& platform, const Writer& writer,
-                           std::optional<std::string>& dataPath, OpeningQuestions& questions)
-    : platform_(platform), writer_(writer), dataPath_(dataPath), questions_(questions) {}
+                           std::optional<std::string>& dataPath, FilePasswords& passwords,
+                           OpeningQuestions& questions)
+    : platform_(platform),
+      writer_(writer),
+      dataPath_(dataPath),
+      passwords_(passwords),
+      questions_(questions) {}
 
 std::optional<DataFile> OpenSequence::Run(bool quiet) {
   quiet_ = quiet;
@@ -88,9 +94,8 @@ std::optional<DataFile> OpenSequence::Run(bool quiet) {
 }
 
 OpenSequence::Outcome OpenSequence::Attempt() {
-  password_ = FindInstallationPassword(platform_).value_or("");
-  filePassword_ = foundKey_.value_or(password_);
   if (!FindLocation()) return Outcome::Stop;
+  FindPassword();
   PrepareFolder();
   const bool isRequested = TakeReindex();
   const bool hasTransfer = TakeTransferFile();
@@ -115,6 +120,16 @@ bool OpenSequence::FindLocation() {
   location_ = DataFileLocation::FromPath(*path);
   isFolder_ = DataFileLocation::NamesFolder(*path);
   return true;
+}
+
+// A person is asked before the lock is taken: who thinks must not hold up others.
+void OpenSequence::FindPassword() {
+  if (const std::optional<std::string> password = passwords_.Of(location_)) {
+    password_ = filePassword_ = *password;
+    return;
+  }
+  password_ = FindInstallationPassword(platform_).value_or("");
+  filePassword_ = foundKey_.value_or(password_);
 }
 
 void OpenSequence::PrepareFolder() {

@@ -23,7 +23,7 @@ class OpenSequence {
  public:
   // `dataPath` stands for DBPath when it has a value; a file chosen on the way takes its place.
   OpenSequence(Platform& platform, const Writer& writer, std::optional<std::string>& dataPath,
-               OpeningQuestions& questions);
+               FilePasswords& passwords, OpeningQuestions& questions);
 
   [[nodiscard]] std::optional<DataFile> Run(bool quiet);
 
@@ -32,6 +32,7 @@ class OpenSequence {
 
   [[nodiscard]] Outcome Attempt();
   [[nodiscard]] bool FindLocation();
+  void FindPassword();
   void PrepareFolder();
   void AcquireLock();
   void Create();
@@ -51,12 +52,13 @@ class OpenSequence {
   Platform& platform_;
   const Writer& writer_;
   std::optional<std::string>& dataPath_;
+  FilePasswords& passwords_;
   OpeningQuestions& questions_;
   bool quiet_ = false;
   bool isFolder_ = false;  // DBPath names a folder
   DataFileLocation location_;
-  std::string password_;                 // of this installation; empty while it has none
-  std::string filePassword_;             // with which the file is protected now
+  std::string password_;      // of this installation, empty while it has none, or of the passphrase
+  std::string filePassword_;  // with which the file is protected now
   std::optional<std::string> foundKey_;  // opens the file, as the person has shown
   DataFile file_;
 };

@@ -39,7 +39,10 @@ constexpr std::array kOwnTables = {
     OwnTable{"own_Rates", "tblCurrency",
              "CREATE TABLE own_Rates (RateID Counter, FromCode TEXT(50), ToCode TEXT(50), "
              "[Date] DATETIME NOT NULL, Rate DOUBLE DEFAULT 0, Source TEXT(255), "
-             "CONSTRAINT PK_Rates PRIMARY KEY(RateID))"}};
+             "CONSTRAINT PK_Rates PRIMARY KEY(RateID))"},
+    OwnTable{"own_AttachedFiles", "tblAttachments",
+             "CREATE TABLE own_AttachedFiles (FileID Counter, Bytes INT DEFAULT 0, Content MEMO, "
+             "CONSTRAINT PK_AttachedFiles PRIMARY KEY(FileID))"}};
 
 }  // namespace
 

@@ -3,9 +3,11 @@
 #include "store/datafile/upgrade/KeyList.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
+#include "store/sql/engine/Sqlite.h"
 
 #include <algorithm>
 #include <cmath>
+#include <memory>
 #include <unordered_set>
 
 namespace corvanta::inline datafile {
@@ -59,6 +61,12 @@ Balances AccountBalances(Connection& connection) {
   }
   AddRows(connection, balances);
   return balances;
+}
+
+Balances VerifiedBalances(const DataSource& source, const Clock& clock) {
+  const std::unique_ptr<Connection> connection = Connection::Open(source, clock);
+  if (!connection->Check().empty()) throw DamageOf(source.path);
+  return AccountBalances(*connection);
 }
 
 bool SameBalances(const Balances& before, const Balances& after) {

@@ -47,12 +47,25 @@ void CleanUpLines(Connection& connection, const SplitTable& table) {
   }
 }
 
+// What belongs to transactions, once these are whole.
+void CleanUpAttachments(Connection& connection) {
+  if (connection.Table("tblAttachments") == nullptr) return;
+  connection.Execute(
+      "Delete From tblAttachments Where TransactionID NOT IN (Select TransactionID from "
+      "tblTransactions)");
+  if (connection.Table("own_AttachedFiles") == nullptr) return;
+  connection.Execute(
+      "Delete From own_AttachedFiles Where ('inside:' & FileID) NOT IN (Select AttachmentStore "
+      "from tblAttachments Where AttachmentStore LIKE 'inside:%')");
+}
+
 }  // namespace
 
 void CleanUpOrphans(Connection& connection) {
   connection.Execute("Delete From tblTransactions WHERE AccountId = 0");
   CleanUpLines(connection, kSchedules);
   CleanUpLines(connection, kTransactions);
+  CleanUpAttachments(connection);
 }
 
 }  // namespace corvanta::inline datafile

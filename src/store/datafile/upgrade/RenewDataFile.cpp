@@ -22,14 +22,6 @@ namespace {
 
 using Balances = std::map<std::int64_t, double>;
 
-// Reads the whole file: damage that nobody has come across yet must not be carried into the copy.
-Balances VerifiedBalances(const DataSource& source, const Clock& clock) {
-  const std::unique_ptr<Connection> connection = Connection::Open(source, clock);
-  const std::vector<std::string> problems = connection->Check();
-  if (!problems.empty()) throw DamageOf(source.path);
-  return AccountBalances(*connection);
-}
-
 std::optional<std::string> UpgradeCopy(const DataSource& copy, const Clock& clock) {
   const std::unique_ptr<Connection> connection = Connection::Open(copy, clock);
   const std::optional<std::string> problem = UpgradeAndCleanUp(*connection);

@@ -5,6 +5,8 @@
 #include <sodium.h>
 #include <sqlcipher/sqlite3.h>
 
+#include <optional>
+
 namespace corvanta::inline sql {
 namespace {
 
@@ -22,12 +24,41 @@ void Derive(std::string_view password, std::string_view purpose, unsigned char* 
                      purpose.size());
 }
 
+constexpr char kMark = '@';
+constexpr std::size_t kMarkSize = 1 + 2 * FileKey::kSaltSize;
+
+// The salt that the password names; nullopt where it names none.
+std::optional<FileKey::SaltBytes> NamedSalt(std::string_view password) {
+  if (password.size() <= kMarkSize) return std::nullopt;
+  const std::string_view mark = password.substr(password.size() - kMarkSize);
+  if (mark.front() != kMark) return std::nullopt;
+  FileKey::SaltBytes salt{};
+  std::size_t size = 0;
+  const int result = sodium_hex2bin(salt.data(), salt.size(), mark.data() + 1, mark.size() - 1,
+                                    nullptr, &size, nullptr);
+  return result == 0 && size == salt.size() ? std::optional(salt) : std::nullopt;
+}
+
 }  // namespace
+
+std::string FileKey::SaltMark(const SaltBytes& salt) {
+  return kMark + Hex(salt.data(), salt.size());
+}
+
+bool FileKey::HasSaltMark(std::string_view password) {
+  return NamedSalt(password).has_value();
+}
 
 FileKey::FileKey(std::string_view password) {
   std::array<unsigned char, 32> key{};
   Derive(password, "corvanta data file key", key.data(), key.size());
-  Derive(password, "corvanta data file salt", salt_.data(), salt_.size());
+  const std::optional<SaltBytes> named = NamedSalt(password);
+  isSaltNamed_ = named.has_value();
+  if (named) {
+    salt_ = *named;
+  } else {
+    Derive(password, "corvanta data file salt", salt_.data(), salt_.size());
+  }
   std::string keyHex = Hex(key.data(), key.size());
   text_.reserve(3 + 96);
   text_ += "x'";

@@ -16,6 +16,7 @@
 #include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace corvanta::jet {
 namespace {
@@ -71,9 +72,23 @@ void Text(sqlite3_context* context, int, Arguments values) {
   if (!IsNull(values[0])) ResultText(context, ShownText(values[0]));
 }
 
+// The pattern is mostly the same for all rows of a statement: the library keeps it along with it.
 void Like(sqlite3_context* context, int, Arguments values) {
   if (IsNull(values[0]) || IsNull(values[1])) return;
-  sqlite3_result_int(context, MatchesPattern(ShownText(values[0]), ShownText(values[1])) ? 1 : 0);
+  auto* pattern = static_cast<Pattern*>(sqlite3_get_auxdata(context, 0));
+  std::optional<Pattern> own;
+  if (pattern == nullptr) {
+    own.emplace(ShownText(values[0]));
+    pattern = &*own;
+  }
+  // A text is not copied.
+  const bool isNumber = sqlite3_value_type(values[1]) == SQLITE_FLOAT;
+  const bool matches =
+      isNumber ? pattern->Matches(ShownText(values[1])) : pattern->Matches(TextOf(values[1]));
+  sqlite3_result_int(context, matches ? 1 : 0);
+  if (!own) return;
+  const auto drop = [](void* kept) { delete static_cast<Pattern*>(kept); };
+  sqlite3_set_auxdata(context, 0, new Pattern(std::move(*own)), drop);
 }
 
 // The character at which the second text begins in the first, counted from 1; 0 when nowhere.

@@ -60,8 +60,14 @@ void CheckBefore(const std::string& path) {
 [[noreturn]] void RefuseUnreadable(const std::string& path, const FileKey& key) {
   const Beginning beginning = ReadBeginning(path);
   const auto& salt = key.Salt();
-  if (beginning.size >= salt.size() &&
-      std::equal(salt.begin(), salt.end(), beginning.bytes.begin())) {
+  const bool beginsSo = beginning.size >= salt.size() &&
+                        std::equal(salt.begin(), salt.end(), beginning.bytes.begin());
+  if (beginsSo && key.IsSaltNamed()) {
+    Refuse(StoreErrorCode::WrongPassphrase,
+           "This passphrase does not open the data file (unless it is damaged at its beginning).",
+           path);
+  }
+  if (beginsSo) {
     Refuse(StoreErrorCode::Damaged, "This data file is damaged at its beginning.", path);
   }
   if (!LooksEnciphered(beginning)) {

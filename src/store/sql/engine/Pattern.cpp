@@ -92,12 +92,49 @@ class Matcher {
   std::string_view text_;
 };
 
+// The text that a pattern such as "%text%" looks for; nullopt for any other pattern. A sign in
+// brackets of its own stands for itself.
+std::optional<std::string> ContainedText(std::string_view pattern) {
+  if (pattern.size() < 2 || pattern.front() != '%' || pattern.back() != '%') return std::nullopt;
+  pattern = pattern.substr(1, pattern.size() - 2);
+  std::string text;
+  for (std::size_t at = 0; at < pattern.size(); ++at) {
+    const char sign = pattern[at];
+    const bool isAlone = sign == '[' && at + 2 < pattern.size() && pattern[at + 2] == ']' &&
+                         pattern[at + 1] != '!' && pattern[at + 1] != '^';
+    if (isAlone) {
+      text += pattern[at + 1];
+      at += 2;
+    } else if (sign == '%' || sign == '_' || sign == '[') {
+      return std::nullopt;
+    } else {
+      text += sign;
+    }
+  }
+  return text;
+}
+
+// Folds into a text that has its room already, which most texts of a column find.
+void FoldInto(std::string& folded, std::string_view text) {
+  folded.resize(text.size());
+  char* to = folded.data();
+  unsigned char met = 0;
+  for (const char sign : text) {
+    met |= static_cast<unsigned char>(sign);
+    *to++ = sign >= 'A' && sign <= 'Z' ? static_cast<char>(sign + ('a' - 'A')) : sign;
+  }
+  if (met >= 0x80) folded = FoldCase(text);
+}
+
 }  // namespace
 
-bool MatchesPattern(std::string_view pattern, std::string_view text) {
-  const std::string foldedPattern = FoldCase(pattern);
-  const std::string foldedText = FoldCase(text);
-  return Matcher(foldedPattern, foldedText).Run();
+Pattern::Pattern(std::string_view pattern)
+    : pattern_(FoldCase(pattern)), contains_(ContainedText(pattern_)) {}
+
+bool Pattern::Matches(std::string_view text) {
+  FoldInto(folded_, text);
+  if (contains_) return std::string_view(folded_).find(*contains_) != std::string_view::npos;
+  return Matcher(pattern_, folded_).Run();
 }
 
 }  // namespace corvanta::jet

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/SettingsTable.h"
 #include "store/datafile/InstallationKey.h"
@@ -60,6 +61,10 @@ class CrashMachine {
   std::optional<DataFile> Open();
   // Runs the command on a sound machine. Throws what it throws.
   void Run(const Command& command, const std::string& dataPath = {});
+  // What needs more of the machine than the data file alone.
+  using Task = std::function<void(Platform&)>;
+  void Run(const Task& task);
+  Outcome RunInChild(Fault fault, long at, const Task& task);
   // Runs the command in a process of its own that obeys the plan.
   Outcome RunInChild(Fault fault, long at, const Command& command,
                      const std::string& dataPath = {});

@@ -1,4 +1,4 @@
-#include "store/CrashMachine.h"
+#include "support/CrashMachine.h"
 
 #include "store/datafile/upgrade/Balances.h"
 #include "store/sql/StoreError.h"
@@ -22,11 +22,17 @@ Platform With(TestPlatform& test, Files& files, Prompts& prompts) {
           all.opener,   all.spreadsheet, all.profileFolder, all.dataFolder};
 }
 
-int RunWith(Platform platform, const CrashMachine::Command& command, const std::string& dataPath) {
-  try {
+CrashMachine::Task TaskOf(const CrashMachine::Command& command, const std::string& dataPath) {
+  return [&command, &dataPath](Platform& platform) {
     DataFileOpener opener(platform, "a test");
     if (!dataPath.empty()) opener.SetDataPath(dataPath);
     command(opener);
+  };
+}
+
+int RunWith(Platform platform, const CrashMachine::Task& task) {
+  try {
+    task(platform);
     return 0;
   } catch (const std::exception&) {
     return kThrown;
@@ -42,14 +48,20 @@ std::optional<DataFile> CrashMachine::Open() {
 }
 
 void CrashMachine::Run(const Command& command, const std::string& dataPath) {
+  Run(TaskOf(command, dataPath));
+}
+
+void CrashMachine::Run(const Task& task) {
   Platform platform = With(test, test.files, prompts);
-  DataFileOpener opener(platform, "a test");
-  if (!dataPath.empty()) opener.SetDataPath(dataPath);
-  command(opener);
+  task(platform);
 }
 
 CrashMachine::Outcome CrashMachine::RunInChild(Fault fault, long at, const Command& command,
                                                const std::string& dataPath) {
+  return RunInChild(fault, at, TaskOf(command, dataPath));
+}
+
+CrashMachine::Outcome CrashMachine::RunInChild(Fault fault, long at, const Task& task) {
   void* const shared =
       ::mmap(nullptr, sizeof(long), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   long* const counted = static_cast<long*>(shared);
@@ -58,7 +70,7 @@ CrashMachine::Outcome CrashMachine::RunInChild(Fault fault, long at, const Comma
     FaultPlan plan(fault, at);
     const FaultVfs vfs("faulty", plan, true);
     FaultFiles files(plan);
-    const int code = RunWith(With(test, files, prompts), command, dataPath);
+    const int code = RunWith(With(test, files, prompts), task);
     *counted = plan.Counted();
     ::_exit(code);
   }

@@ -1,0 +1,46 @@
+#include "app/SafetyCommands.h"
+
+#include "app/LedgerSession.h"
+#include "ledger/PromptedOpening.h"
+#include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "safety/SafetyDialogs.h"
+
+namespace corvanta::inline app {
+namespace {
+
+BackedFile OpenFileOf(const LedgerSession& session) {
+  return {session.Path(), session.Password()};
+}
+
+}  // namespace
+
+bool RestoreByDialog(LedgerSession& session, Platform& platform, QWidget* parent) {
+  DataFileOpener& opener = session.Opener();
+  PromptedOpening questions(platform);
+  RestoreEditor editor(
+      opener.Location(), opener.Passwords(), questions,
+      [&session](Connection& file) { return session.Passwords().Pass(file); }, platform);
+  const auto plan = OpenRestore(editor, {platform, opener.AsWriter(), parent, {}});
+  if (!plan) return false;
+  session.Close();
+  const std::string kept = opener.Restore(plan->path, plan->password).kept;
+  std::string told = "The data file is restored from " + plan->path + ".";
+  if (!kept.empty()) {
+    told += " The one before it is kept as " + kept + ", which can be restored in turn.";
+  }
+  platform.prompts.Tell("Restore", told);
+  return true;
+}
+
+void BackUpOnLeaving(LedgerSession& session, Platform& platform) noexcept {
+  if (!session.IsOpen()) return;
+  Backup(platform, session.Opener().AsWriter()).MakeDue(OpenFileOf(session));
+}
+
+void RemindOfFailedBackup(LedgerSession& session, Platform& platform) {
+  if (!session.IsOpen()) return;
+  Backup(platform, session.Opener().AsWriter()).RemindOfFailure(OpenFileOf(session));
+}
+
+}  // namespace corvanta::inline app

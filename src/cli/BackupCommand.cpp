@@ -1,0 +1,52 @@
+#include "cli/BackupCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "safety/Backup.h"
+#include "store/datafile/OpenDataFile.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta::inline cli {
+
+CLI::App* BackupCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand("backup", "Make a backup of the data file");
+  command->add_option("file", file_, "The backup (default: where the setting Backup sends it)")
+      ->check(EmptyFault);
+  CLI::Option* list = command->add_flag("--list", lists_, "Show the backups that there are");
+  command
+      ->add_flag("--transfer", withTransfer_,
+                 "Write a transfer file beside it, which holds the key and the settings")
+      ->excludes(list);
+  return command;
+}
+
+ExitStatus BackupCommand::Run(Session& session) {
+  // Beside a window that has the file open, too: it is only read.
+  const std::optional<DataFile> open = session.Open(Access::Read);
+  if (!open) return ExitStatus::Refused;
+  const BackedFile file{open->connection->Path(), open->password};
+  Backup backup(session.Machine(), session.Opener().AsWriter());
+  return lists_ ? List(backup, file, session) : Make(backup, file, session);
+}
+
+ExitStatus BackupCommand::List(const Backup& backup, const BackedFile& file, Session& session) {
+  OutputTable table({{"Made"}, {"File"}});
+  for (const Generation& each : backup.Generations(file)) {
+    table.AddRow({each.made.ToIso(), each.path});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+ExitStatus BackupCommand::Make(Backup& backup, const BackedFile& file, Session& session) const {
+  BackupWishes wishes = backup.Chosen();
+  wishes.withTransfer = withTransfer_;
+  const BackupResult result =
+      file_.empty() ? backup.Make(file, wishes) : backup.MakeAt(file, file_, wishes);
+  session.Tell("Backup", "The data file is backed up as " + result.path);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta::inline cli

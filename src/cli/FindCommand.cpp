@@ -1,0 +1,68 @@
+#include "cli/FindCommand.h"
+
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "ledger/AccountRow.h"
+#include "ledger/clsCorvanta.h"
+#include "ledger/search/SearchIndex.h"
+#include "ledger/search/TransactionSearch.h"
+#include "platform/Platform.h"
+
+#include <CLI/CLI.hpp>
+
+#include <memory>
+
+namespace corvanta::inline cli {
+
+CLI::App* FindCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand("find", "Find transactions by what stands in them");
+  command->add_option("text", text_, "Words and amounts, all of which a transaction must have")
+      ->required()
+      ->check(EmptyFault);
+  command
+      ->add_option("--account", account_.name, "In that account alone: its name, or # and its key")
+      ->check(EmptyFault);
+  period_.Declare(*command);
+  return command;
+}
+
+ExitStatus FindCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  clsCorvanta ledger(*file->connection, session.Machine());
+  const SearchQuery query(text_, session.Machine().locale);
+  if (query.IsEmpty()) {
+    return session.Refuse("Find", "There is nothing to look for: give a word or an amount.");
+  }
+  SearchScope scope{0, period_.Get()};
+  if (!account_.name.empty()) {
+    const std::optional<AccountRow> account = account_.Find(ledger, session);
+    if (!account) return ExitStatus::Refused;
+    scope.accountId = account->accountId;
+  }
+  const auto index = std::make_shared<SearchIndex>(ledger.Store());
+  index->ReadAll();
+  TransactionSearch search(index, query, scope);
+  search.Finish();
+
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"Account"},
+                     {"Date", OutputKind::Date},
+                     {"Payee"},
+                     {"Category"},
+                     {"Ref"},
+                     {"Description"},
+                     {"Amount", OutputKind::Money},
+                     {"Currency"}});
+  for (const FoundRow& found : ReadFound(*index, search.Hits())) {
+    const RegisterRow& row = found.row;
+    const bool isKnown = found.account != nullptr;
+    table.AddRow({row.transactionId, isKnown ? found.account->account : std::string(), row.date,
+                  row.payee, row.category, row.reference, row.description, row.amount,
+                  isKnown ? found.account->currency : std::string()});
+  }
+  session.Print(table);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta::inline cli

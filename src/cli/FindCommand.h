@@ -1,0 +1,23 @@
+#pragma once
+
+#include "cli/AccountArgument.h"
+#include "cli/Arguments.h"
+#include "cli/Command.h"
+
+#include <string>
+
+namespace corvanta::inline cli {
+
+// find TEXT: the transactions of all accounts, or of one, in which the text stands.
+class FindCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  std::string text_;
+  AccountArgument account_;
+  PeriodArguments period_;
+};
+
+}  // namespace corvanta::inline cli

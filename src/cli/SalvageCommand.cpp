@@ -1,0 +1,54 @@
+#include "cli/SalvageCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/OutputTable.h"
+#include "cli/Session.h"
+#include "platform/Platform.h"
+#include "store/datafile/InstallationKey.h"
+#include "store/datafile/backup/SalvageDataFile.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta::inline cli {
+namespace {
+
+// "35, 40-47"; empty where nothing was lost.
+std::string TextOf(const std::vector<LostKeys>& lost) {
+  std::string text;
+  for (const LostKeys& keys : lost) {
+    if (!text.empty()) text += ", ";
+    text += std::to_string(keys.first);
+    if (keys.last != keys.first) text += "-" + std::to_string(keys.last);
+  }
+  return text;
+}
+
+}  // namespace
+
+CLI::App* SalvageCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "salvage", "Read what can still be read of a damaged data file into a new one");
+  command->add_option("file", file_, "The new data file, which must not be there yet")
+      ->required()
+      ->check(EmptyFault);
+  return command;
+}
+
+ExitStatus SalvageCommand::Run(Session& session) {
+  if (!session.PassLogin()) return ExitStatus::Refused;
+  Platform& platform = session.Machine();
+  const std::string damaged = session.Opener().Location().Path();
+  const auto typed = session.Opener().Passwords().Of(damaged);
+  const std::string password = typed ? *typed : FindInstallationPassword(platform).value_or("");
+  const std::vector<SalvagedTable> tables =
+      SalvageDataFile({damaged, password, {}}, file_, session.Opener().AsWriter(), platform);
+  OutputTable table({{"Table"}, {"Rows", OutputKind::Integer}, {"Keys lost"}});
+  for (const SalvagedTable& each : tables) {
+    table.AddRow({each.table, each.rows, TextOf(each.lost)});
+  }
+  session.Print(table);
+  session.Tell("Salvage", "What can be read of " + damaged + " is in " + file_);
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta::inline cli

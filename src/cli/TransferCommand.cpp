@@ -1,0 +1,29 @@
+#include "cli/TransferCommand.h"
+
+#include "cli/Arguments.h"
+#include "cli/Session.h"
+#include "safety/Transfer.h"
+
+#include <CLI/CLI.hpp>
+
+namespace corvanta::inline cli {
+
+CLI::App* TransferCommand::Declare(CLI::App& parser) {
+  CLI::App* command = parser.add_subcommand(
+      "transfer", "Write the key of the data file and the settings, for another machine");
+  command->add_option("file", file_, "The transfer file, such as Corvanta.tfr")
+      ->required()
+      ->check(EmptyFault);
+  return command;
+}
+
+ExitStatus TransferCommand::Run(Session& session) {
+  const std::optional<DataFile> file = session.Open(Access::Read);
+  if (!file) return ExitStatus::Refused;
+  WriteTransfer(file_, file->connection->Path(), file->password, session.Machine());
+  session.Tell("Transfer", "The key and the settings are written into " + file_ +
+                               ". Keep it apart from the data file.");
+  return ExitStatus::Done;
+}
+
+}  // namespace corvanta::inline cli

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "cli/Command.h"
+
+#include <string>
+
+namespace corvanta::inline cli {
+
+// transfer FILE: writes a transfer file, with which the data file opens on another machine.
+class TransferCommand : public Command {
+ public:
+  CLI::App* Declare(CLI::App& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  std::string file_;
+};
+
+}  // namespace corvanta::inline cli

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "controls/FormDialog.h"
+#include "safety/RestoreEditor.h"
+#include "safety/SafetyDialogs.h"
+
+namespace corvanta::inline invest {
+class ucEntryList;
+}
+
+namespace corvanta::inline safety {
+
+// Chooses a backup and shows what restoring it would change, account by account.
+class FrmRestore : public FormDialog {
+  Q_OBJECT
+
+ public:
+  FrmRestore(RestoreEditor& editor, const SafetyPlace& place);
+
+  // What the person has decided to restore.
+  [[nodiscard]] const std::optional<RestorePlan>& Decided() const { return decided_; }
+
+ private:
+  void MakeLists();
+  void FillSources();
+  void TakeChosen();
+  void Browse();
+  // Looks into a file and shows what it would change.
+  void Look(const std::string& path);
+  void ShowPlan();
+  [[nodiscard]] QStringList CellsOf(const AccountChange& change) const;
+  void Accept();
+
+  SafetyPlace place_;
+  RestoreEditor& editor_;
+  std::vector<RestoreSource> sources_;
+  std::optional<RestorePlan> plan_;
+  std::optional<RestorePlan> decided_;
+  ucEntryList* lvBackups_;
+  ucEntryList* lvChanges_;
+  QPushButton* cmdAccept_ = nullptr;
+};
+
+}  // namespace corvanta::inline safety

@@ -1,0 +1,27 @@
+#include "safety/Transfer.h"
+
+#include "platform/Platform.h"
+#include "store/datafile/opening/FileSteps.h"
+#include "store/datafile/opening/TransferFile.h"
+#include "store/sql/StoreError.h"
+
+#include <filesystem>
+
+namespace corvanta::inline safety {
+
+void WriteTransfer(const std::string& path, const std::string& dataFile,
+                   const std::string& password, Platform& platform) {
+  const auto folder = [](const std::string& file) {
+    const std::filesystem::path above = std::filesystem::path(file).parent_path();
+    return IdentityOf(above.empty() ? "." : above.string());
+  };
+  if (folder(path) == folder(dataFile)) {
+    throw StoreError(StoreErrorCode::Sql,
+                     "A transfer file holds the key of the data file and must not lie beside it. "
+                     "Nothing was written. Choose a folder elsewhere.",
+                     {}, path);
+  }
+  WriteTransferFile(path, password, platform.registry, platform.files);
+}
+
+}  // namespace corvanta::inline safety

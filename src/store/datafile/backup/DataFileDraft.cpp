@@ -1,0 +1,74 @@
+#include "store/datafile/backup/DataFileDraft.h"
+
+#include "platform/Files.h"
+#include "platform/Platform.h"
+#include "store/datafile/Compact.h"
+#include "store/datafile/DataFileLocation.h"
+#include "store/datafile/opening/DraftFile.h"
+#include "store/datafile/opening/FileSteps.h"
+#include "store/datafile/upgrade/Balances.h"
+#include "store/sql/StoreError.h"
+
+#include <filesystem>
+
+namespace corvanta::inline datafile {
+namespace {
+
+DataFileLocation LocationOf(const std::string& place) {
+  const std::filesystem::path path(place);
+  const std::string folder = path.parent_path().string();
+  return {folder.empty() ? "." : folder, path.filename().string()};
+}
+
+void RequireOther(const std::string& source, const std::string& place) {
+  const std::optional<FileIdentity> identity = IdentityOf(place);
+  if (!identity || identity != IdentityOf(source)) return;
+  throw StoreError(StoreErrorCode::Sql,
+                   "This is the data file itself: " + place +
+                       ". Nothing was changed. Choose another name for the copy.",
+                   {}, source);
+}
+
+}  // namespace
+
+DataFileDraft::DataFileDraft(const DataSource& source, const std::string& place,
+                             const CopyMark& mark, const Writer& writer, Platform& platform)
+    : platform_(platform), place_(place) {
+  RequireOther(source.path, place);
+  lock_ = WriterLock::Acquire(place, writer);
+  copy_ = {FreeDraftPath(LocationOf(place), mark, source.password, platform), source.password, {}};
+  try {
+    CopyAll(source, mark);
+  } catch (...) {
+    RemoveDataFileQuietly(copy_.path, platform.files);
+    throw;
+  }
+}
+
+DataFileDraft::~DataFileDraft() {
+  if (!isInstalled_) RemoveDataFileQuietly(copy_.path, platform_.files);
+}
+
+// A command that writes meanwhile makes the two differ; then it is done once more.
+void DataFileDraft::CopyAll(const DataSource& source, const CopyMark& mark) {
+  constexpr int kTries = 3;
+  for (int attempt = 1;; ++attempt) {
+    const auto expected = VerifiedBalances(source, platform_.clock);
+    CompactDatabase(source, copy_, platform_.clock, platform_.files, mark);
+    if (SameBalances(expected, VerifiedBalances(copy_, platform_.clock))) return;
+    RemoveDataFile(copy_.path, platform_.files);
+    if (attempt == kTries) break;
+  }
+  throw StoreError(StoreErrorCode::Io,
+                   "The copy has other balances than the data file, which is as it was. The copy "
+                   "was removed. Check the disk and try again.",
+                   {}, source.path);
+}
+
+void DataFileDraft::Install(bool keepsMark) {
+  InstallDataFile(copy_.path, place_, platform_.files);
+  isInstalled_ = true;
+  if (!keepsMark) ClearMarkQuietly({place_, copy_.password, {}});
+}
+
+}  // namespace corvanta::inline datafile

@@ -1,0 +1,99 @@
+#include "store/datafile/backup/Generations.h"
+
+#include "platform/Files.h"
+#include "store/datafile/backup/BackupMark.h"
+#include "store/datafile/opening/FileSteps.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <functional>
+#include <set>
+#include <tuple>
+
+namespace corvanta::inline datafile {
+namespace {
+
+constexpr int kDailyDays = 7;
+constexpr int kWeeklyDays = 31;
+constexpr int kDaysAWeek = 7;
+constexpr int kMonthsAYear = 12;
+
+// Within which only the newest stays; all of one day have a bucket each.
+std::string Bucket(const Generation& generation, Date today) {
+  const Date day = generation.made.date;
+  const int age = today.Serial() - day.Serial();
+  if (age <= 0) return generation.path;
+  if (age <= kDailyDays) return "d" + day.ToIso();
+  if (age <= kWeeklyDays) {
+    return "w" + std::to_string((day.Serial() - day.WeekDay() + 1) / kDaysAWeek);
+  }
+  return "m" + std::to_string(day.Year() * kMonthsAYear + day.Month());
+}
+
+void SortNewestFirst(std::vector<Generation>& generations) {
+  // Within one minute the place itself is the latest, and then the higher number.
+  const auto rank = [](const Generation& generation) {
+    const std::string name = std::filesystem::path(generation.path).stem().string();
+    const bool isDated = name.find(generation.made.date.ToIso()) != std::string::npos;
+    return std::tuple(generation.made, !isDated, name);
+  };
+  std::ranges::sort(generations, std::greater<>(), rank);
+}
+
+}  // namespace
+
+std::string FreeDatedPath(const std::string& place, DateTime made) {
+  const std::filesystem::path path(place);
+  const std::string name =
+      (path.parent_path() / fmt::format("{} {} {:02}-{:02}", path.stem().string(),
+                                        made.date.ToIso(), made.seconds / 3600,
+                                        made.seconds / 60 % 60))
+          .string();
+  const std::string ending = path.extension().string();
+  std::string free = name + ending;
+  for (int number = 2; IdentityOf(free).has_value(); ++number) {
+    free = name + " " + std::to_string(number) + ending;
+  }
+  return free;
+}
+
+std::vector<Generation> FindGenerations(const GenerationsOf& backups) {
+  std::vector<Generation> found;
+  const std::filesystem::path place(backups.place);
+  const std::string stem = place.stem().string();
+  std::error_code error;
+  const auto folder = place.has_parent_path() ? place.parent_path() : std::filesystem::path(".");
+  const std::optional<FileIdentity> dataFile = IdentityOf(backups.dataFile);
+  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
+       entry.increment(error)) {
+    const std::filesystem::path& path = entry->path();
+    const bool isNamedSo =
+        path.extension() == place.extension() && path.filename().string().starts_with(stem);
+    if (!isNamedSo || IdentityOf(path.string()) == dataFile) continue;
+    const auto made = ReadBackupTime(path.string(), backups.password, backups.dataFile);
+    if (made) found.push_back({path.string(), *made});
+  }
+  SortNewestFirst(found);
+  return found;
+}
+
+std::vector<Generation> Superfluous(std::vector<Generation> generations, Date today) {
+  SortNewestFirst(generations);
+  std::vector<Generation> superfluous;
+  std::set<std::string> kept;
+  for (const Generation& generation : generations) {
+    if (!kept.insert(Bucket(generation, today)).second) superfluous.push_back(generation);
+  }
+  return superfluous;
+}
+
+void MakeRoom(const GenerationsOf& backups, Files& files) {
+  if (!IdentityOf(backups.place).has_value()) return;
+  const auto made = ReadBackupTime(backups.place, backups.password);
+  if (made) return files.Replace(backups.place, FreeDatedPath(backups.place, *made));
+  (void)SetAside(backups.place, ".old", files);
+}
+
+}  // namespace corvanta::inline datafile
