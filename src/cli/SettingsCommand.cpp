@@ -5,6 +5,7 @@
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
 #include "platform/Clock.h"
+#include "platform/Opener.h"
 #include "platform/Platform.h"
 #include "platform/Registry.h"
 #include "platform/Settings.h"
@@ -152,6 +153,10 @@ ExitStatus SettingsCommand::Write(Session& session) const {
   // The first setting of all must not look like settings that lost their DBPath.
   SetUpFirstStart(session.Machine());
   session.Machine().registry.Write(Hive::CurrentUser, Key(), name, text);
+  if (info != nullptr && info->setting == Setting::Association) {
+    const bool isDone = session.Machine().opener.Associate({kQifType, kOfxType}, text == "1");
+    if (!isDone) session.Tell(kTitle, kNotOnDesktop);
+  }
   return ExitStatus::Done;
 }
 

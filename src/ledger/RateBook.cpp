@@ -74,4 +74,12 @@ void RateBook::Delete(Keys rateIds) {
   });
 }
 
+void RateBook::Rename(const std::string& code, const std::string& now) {
+  if (!HasTable()) return;
+  for (const char* column : {"FromCode", "ToCode"}) {
+    core_.store.Execute(std::string("UPDATE ") + kTable + " SET " + column + " = " + SqlText(now) +
+                        " WHERE " + column + " = " + SqlText(code));
+  }
+}
+
 }  // namespace corvanta::inline ledger

@@ -40,6 +40,8 @@ class RateBook {
   // In place of the one that the day had. Returns its key.
   std::int64_t Keep(const RateRecord& record);
   void Delete(Keys rateIds);
+  // A currency goes by another code from now on, and its rates with it.
+  void Rename(const std::string& code, const std::string& now);
 
  private:
   [[nodiscard]] bool HasTable() const;

@@ -10,6 +10,11 @@ namespace corvanta::inline platform {
 inline constexpr std::string_view kQifType = "application/x-qw";
 inline constexpr std::string_view kOfxType = "application/x-ofx";
 
+// What to tell a person whose desktop knows no such program.
+inline constexpr const char* kNotOnDesktop =
+    "This desktop does not list Corvanta among its programs, so QIF and OFX files cannot be opened "
+    "with it yet. Install Corvanta, and set this again.";
+
 // What the system opens files and addresses with.
 class Opener {
  public:

@@ -1,5 +1,6 @@
 #include "reference/ReferenceEditor.h"
 
+#include "ledger/RateBook.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceTables.h"
 #include "ledger/clsCorvanta.h"
@@ -7,9 +8,28 @@
 #include "reference/ReferenceWords.h"
 #include "reference/RowOf.h"
 #include "reference/Rules.h"
+#include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 
+#include <type_traits>
+
 namespace corvanta::inline reference {
+namespace {
+
+// Exchange rates name their currencies by the code.
+std::int64_t SaveCurrency(clsCorvanta& ledger, CurrencyRecord& form) {
+  auto rows = ledger.References().Of<CurrencyRecord>();
+  const auto former = RowOf(rows.All(), &CurrencyRecord::currencyId, form.currencyId);
+  Transaction all = ledger.Store().Begin();
+  if (former && former->currency != form.currency) {
+    ledger.Rates().Rename(former->currency, form.currency);
+  }
+  const std::int64_t key = rows.Save(form);
+  all.Commit();
+  return key;
+}
+
+}  // namespace
 
 template <typename Record>
 std::optional<Record> ReferenceEditor<Record>::Load(std::int64_t key) {
@@ -53,6 +73,7 @@ std::int64_t ReferenceEditor<Record>::Save(Record form) {
   for (const auto& text : table.texts) TrimText(form.*text.member);
   const std::string done = form.*table.key == 0 ? "Add " : "Edit ";
   const UndoLog::Step step = ledger_.Undo().Begin(done + table.what);
+  if constexpr (std::is_same_v<Record, CurrencyRecord>) return SaveCurrency(ledger_, form);
   return ledger_.References().Of<Record>().Save(form);
 }
 

@@ -1,5 +1,6 @@
 #include "controls/ListTable.h"
 #include "ledger/KeywordBook.h"
+#include "ledger/RateBook.h"
 #include "ledger/ReferenceBook.h"
 #include "reference/FrmList.h"
 #include "reference/FrmReferenceTest.h"
@@ -59,6 +60,16 @@ TEST_F(Lists, ACurrencyIsAddedAndOneThatIsUsedIsKept) {
   Machine().prompts.ExpectAsk("Delete Item?", kQuestion, true);
   Click(dialog, "cmdDelete");
   EXPECT_NE(Chosen(dialog), "ZWG");
+  // Rates follow a code that is changed.
+  ledger_.Rates().Keep({0, "EUR", "JPY", *Date::FromIso("2026-11-20"), 160.5, "A service"});
+  InNextDialog([](QDialog& editor) {
+    Type(editor, "txtCurrency", "EUX");
+    Click(editor, "cmdAccept");
+  });
+  const auto euro = ledger_.References().Of<CurrencyRecord>().Find("EUR");
+  EXPECT_TRUE(
+      OpenReferenceEditor(ReferenceKind::Currency, euro, {Services(), ledger_, &dialog}).isChanged);
+  EXPECT_TRUE(ledger_.Rates().Latest("EUX", "JPY", Machine().clock.Today()));
   // The one of the account, and the one that an investment is quoted in.
   Store().Execute(
       "INSERT INTO tblPayees (Payee,CurrencyID,InvestCurrencyID,Investment) VALUES "

@@ -81,7 +81,10 @@ QWidget* FrmOptions::MakeSections() {
   }
   auto* nothing = new MutedLabel(content);
   nothing->setObjectName(QStringLiteral("lblNothing"));
-  nothing->setText(tr("No option has these words."));
+  nothing->setWordWrap(true);
+  nothing->setText(
+      tr("No option has these words. The password is in the File menu, the tip at the start in the "
+         "Help menu."));
   page->addWidget(nothing);
   page->addStretch(1);
   nothing_ = nothing;

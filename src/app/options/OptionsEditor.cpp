@@ -90,11 +90,7 @@ void OptionsEditor::MakeFileStore(const OptionsForm& form) {
 void OptionsEditor::Associate(bool was, bool is) {
   if (!was && !is) return;
   if (platform_.opener.Associate({kQifType, kOfxType}, is) || !is) return;
-  platform_.prompts.Tell(
-      kOptionsSelection,
-      "This desktop does not list Corvanta among its programs, so QIF and OFX files cannot be "
-      "opened with it yet. Install Corvanta, and select this option again.",
-      Icon::Warning);
+  platform_.prompts.Tell(kOptionsSelection, kNotOnDesktop, Icon::Warning);
 }
 
 void OptionsEditor::AdviseOnForecast(bool updatesDates) const {
