@@ -76,6 +76,8 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
+  // The widths set by hand, of the columns that there always are.
+  [[nodiscard]] QString Widths() const;
   [[nodiscard]] FilterStrip& Strip() const { return *strip_; }
 
   // The period that the person asks for; the account's rows are the caller's to read.

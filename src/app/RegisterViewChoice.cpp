@@ -54,7 +54,7 @@ QString RegisterView::ChosenText() const {
   QString text;
   for (const int row : ChosenRows()) {
     QStringList cells;
-    for (int column = 0; column < RegisterModel::kColumns; ++column) {
+    for (int column = 0; column < model_->columnCount(); ++column) {
       if (table_->isColumnHidden(column)) continue;
       cells.append(model_->data(model_->index(row, column), Qt::DisplayRole).toString());
     }
