@@ -210,7 +210,7 @@ void FrmFilter::Search() {
     if (isSearch) whole->setExpanded(isAny);
   }
   lvFilter_->setUpdatesEnabled(true);
-  if (QTreeWidgetItem* first = FirstShown()) lvFilter_->setCurrentItem(first);
+  if (QTreeWidgetItem* first = FirstShown()) lvFilter_->setCurrentItem(FirstFound(first));
   ShowCount();
 }
 
@@ -233,6 +233,16 @@ QTreeWidgetItem* FrmFilter::FirstShown() const {
     if (!whole->isHidden()) return whole;
   }
   return nullptr;
+}
+
+// A space ticks what was looked for: the whole where it has the letters, or else the one of its
+// items.
+QTreeWidgetItem* FrmFilter::FirstFound(QTreeWidgetItem* whole) const {
+  if (whole->text(0).contains(txtFind_->text().trimmed(), Qt::CaseInsensitive)) return whole;
+  for (int item = 0; item < whole->childCount(); ++item) {
+    if (!whole->child(item)->isHidden()) return whole->child(item);
+  }
+  return whole;
 }
 
 bool FrmFilter::eventFilter(QObject* watched, QEvent* event) {

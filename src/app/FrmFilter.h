@@ -40,7 +40,10 @@ class FrmFilter : public FormDialog {
   void Search();
   // Ticks what the list shows.
   void TickShown();
+  // The first of the groups that the list shows; null for none.
   [[nodiscard]] QTreeWidgetItem* FirstShown() const;
+  // What the search means in that group.
+  [[nodiscard]] QTreeWidgetItem* FirstFound(QTreeWidgetItem* whole) const;
 
   FilterChoice& choice_;
   QLineEdit* txtFind_;

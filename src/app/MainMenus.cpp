@@ -113,7 +113,7 @@ void MainActions::FillViewMenu(QMenu& view) const {
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
   view.addActions({mnuViewUnCleared, mnuViewCleared, mnuViewReconciled, mnuViewAll});
-  QMenu* filters = AddSubmenu(view, "mnuViewFilters", tr("&Filters"));
+  QMenu* filters = AddSubmenu(view, "mnuViewFilters", tr("Filter Ro&ws"));
   filters->addActions({mnuFilterAccount, mnuFilterCategory, mnuFilterPayee, mnuFilterInvestment,
                        mnuFilterKeyword, mnuFilterText});
   filters->addSeparator();

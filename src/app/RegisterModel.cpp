@@ -36,6 +36,19 @@ void RegisterModel::SetRows(std::shared_ptr<RegisterRows> rows) {
   if (rows_ != nullptr && !rows_->IsWhole()) idle_->start(0);
 }
 
+void RegisterModel::ShowAccounts(bool show) {
+  if (show == hasAccounts_) return;
+  if (show) {
+    beginInsertColumns({}, kAccount, kAccount);
+    hasAccounts_ = true;
+    endInsertColumns();
+  } else {
+    beginRemoveColumns({}, kAccount, kAccount);
+    hasAccounts_ = false;
+    endRemoveColumns();
+  }
+}
+
 void RegisterModel::Sort(const SortState& sort) {
   beginResetModel();
   sort_ = sort;
@@ -220,7 +233,8 @@ int RegisterModel::rowCount(const QModelIndex& parent) const {
 }
 
 int RegisterModel::columnCount(const QModelIndex& parent) const {
-  return parent.isValid() ? 0 : kColumns;
+  if (parent.isValid()) return 0;
+  return hasAccounts_ ? kColumns : kAccount;
 }
 
 QVariant RegisterModel::data(const QModelIndex& index, int role) const {

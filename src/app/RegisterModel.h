@@ -52,7 +52,7 @@ class RegisterModel : public QAbstractTableModel {
     kPaidOut,
     kPaidIn,
     kBalance,
-    kAccount,  // of rows of several accounts alone; it stands behind the date
+    kAccount,  // of rows of several accounts alone
     kColumns
   };
   static constexpr bool IsMoney(int column) { return column >= kPaidOut && column <= kBalance; }
@@ -62,6 +62,9 @@ class RegisterModel : public QAbstractTableModel {
   // Shows the rows in the order that was last asked for; null for none. What is not yet read of
   // them is read as it comes into sight, and the rest little by little while nothing else happens.
   void SetRows(std::shared_ptr<RegisterRows> rows);
+  // Whether the rows say which account they are of, in a column more.
+  void ShowAccounts(bool show);
+  [[nodiscard]] bool HasAccounts() const { return hasAccounts_; }
   // Whether it is still at that.
   [[nodiscard]] bool IsReading() const;
   // Rows after it are ahead: a forecast.
@@ -133,6 +136,7 @@ class RegisterModel : public QAbstractTableModel {
   std::vector<std::uint32_t> order_;  // empty for rows that stand by day
   SortState sort_;
   Date today_;
+  bool hasAccounts_ = false;
   QTimer* idle_;
   mutable std::array<Page, 4> pages_;  // read last
   mutable std::size_t nextPage_ = 0;

@@ -94,9 +94,9 @@ RegisterView::RegisterView(const Locale& locale, const Offers& offers, QWidget* 
   table_->setAccessibleName(tr("Register"));
   table_->setModel(model_);
   table_->setItemDelegate(delegate_);
-  table_->SetColumns(Columns(locale, fontMetrics()));
-  table_->horizontalHeader()->moveSection(RegisterModel::kAccount, 1);
-  table_->ShowColumn(RegisterModel::kAccount, false);
+  std::vector<ListTable::Column> columns = Columns(locale, fontMetrics());
+  columns.resize(RegisterModel::kAccount);
+  table_->SetColumns(std::move(columns));
   table_->SetSorted({RegisterModel::kDate, false});
   table_->setContextMenuPolicy(Qt::CustomContextMenu);
   empty_->setContextMenuPolicy(Qt::CustomContextMenu);
@@ -209,9 +209,19 @@ void RegisterView::ShowTotals(const RegisterRows& rows) {
 }
 
 void RegisterView::ShowAccountColumn(bool show) {
-  table_->ShowColumn(RegisterModel::kAccount, show);
-  if (show || table_->Sorted().column != RegisterModel::kAccount) return;
-  table_->SetSorted({RegisterModel::kDate, false});
+  if (show == model_->HasAccounts()) return;
+  if (show) {
+    model_->ShowAccounts(true);
+    table_->AddColumn(Columns(locale_, fontMetrics()).at(RegisterModel::kAccount));
+    // Behind the date, where it is looked for.
+    table_->horizontalHeader()->moveSection(RegisterModel::kAccount, 1);
+    return;
+  }
+  if (table_->Sorted().column == RegisterModel::kAccount) {
+    table_->SetSorted({RegisterModel::kDate, false});
+  }
+  table_->RemoveLastColumn();
+  model_->ShowAccounts(false);
 }
 
 void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter, bool isFiltered) {
@@ -368,6 +378,10 @@ void RegisterView::ShowOptionalColumns(bool description, bool reference, bool st
   table_->ShowColumn(RegisterModel::kDescription, description);
   table_->ShowColumn(RegisterModel::kRef, reference);
   table_->ShowColumn(RegisterModel::kStatus, status);
+}
+
+QString RegisterView::Widths() const {
+  return table_->Widths().section(u'|', 0, RegisterModel::kAccount - 1);
 }
 
 std::optional<DateRange> RegisterView::Period() const {

@@ -80,6 +80,8 @@ class RegisterView : public QWidget {
   void SetColours(const ListColours& colours);
   void ShowOptionalColumns(bool description, bool reference, bool status);
   [[nodiscard]] SortedTable& Table() const { return *table_; }
+  // The widths set by hand, of the columns that there always are.
+  [[nodiscard]] QString Widths() const;
   [[nodiscard]] FilterStrip& Strip() const { return *strip_; }
   [[nodiscard]] RegisterModel& Model() const { return *model_; }
   // What the chosen rows come to.

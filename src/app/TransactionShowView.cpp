@@ -256,7 +256,7 @@ void TransactionShowView::Keep(std::map<std::string, std::string>& values) const
     values[std::string(InfoOf(setting).name)] = value;
   };
   const DateRange dates = register_->Dates();
-  put(Setting::chT, FromQt(register_->Table().Widths()));
+  put(Setting::chT, FromQt(register_->Widths()));
   put(Setting::Dates, dates.start.ToIso() + '#' + dates.end.ToIso());
   put(Setting::SetDate, register_->Period() ? "1" : "0");
 }

@@ -49,6 +49,15 @@ void ListTable::SetColumns(std::vector<Column> columns) {
   FillWidth();
 }
 
+void ListTable::AddColumn(const Column& column) {
+  columns_.push_back({column});
+  FillWidth();
+}
+
+void ListTable::RemoveLastColumn() {
+  columns_.pop_back();
+}
+
 void ListTable::SetNeed(int column, int width, int smallest) {
   Column& wish = columns_.at(static_cast<std::size_t>(column)).wish;
   if (wish.width == width && wish.smallest == smallest) return;

@@ -28,6 +28,9 @@ class ListTable : public QTableView {
   };
   // One entry for each column of the model, which must be set before.
   void SetColumns(std::vector<Column> columns);
+  // The model has one column more at its end, or had one.
+  void AddColumn(const Column& column);
+  void RemoveLastColumn();
   // What the column shows now wants so much, and needs so much at least.
   void SetNeed(int column, int width, int smallest);
 

@@ -16,6 +16,7 @@
 #include "support/ScriptedPrompts.h"
 
 #include <QCheckBox>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QMenu>
 #include <QToolButton>
@@ -177,11 +178,12 @@ TEST_F(FilterInWindow, EachPieceHasItsOwnWayOutByKeys) {
 
 TEST_F(FilterInWindow, SeveralAccountsStandTogetherUntilOneIsGoneTo) {
   Start();
-  EXPECT_TRUE(Table().isColumnHidden(RegisterModel::kAccount));
+  EXPECT_EQ(Table().model()->columnCount(), 10);
   FilterBy("mnuFilterAccount", {"Purse", "Bank"});
   EXPECT_EQ(Texts(), "bread ham cake refund");
   EXPECT_EQ(Column(RegisterModel::kAccount), "Purse Purse Bank Purse");
   EXPECT_FALSE(Table().isColumnHidden(RegisterModel::kAccount));
+  EXPECT_EQ(Table().horizontalHeader()->visualIndex(RegisterModel::kAccount), 1);
   EXPECT_EQ(View().Title(), "2 Accounts");
   EXPECT_EQ(View().findChild<QLabel*>("lblBalance")->text(), "Balance: 1,099.00");
   FilterBy("mnuFilterPayee", {"Baker"});
@@ -191,7 +193,17 @@ TEST_F(FilterInWindow, SeveralAccountsStandTogetherUntilOneIsGoneTo) {
   window_->OpenAccount(1);
   EXPECT_EQ(View().Title(), "Purse");
   EXPECT_EQ(Texts(), "bread") << "the other filter stays";
-  EXPECT_TRUE(Table().isColumnHidden(RegisterModel::kAccount));
+  EXPECT_EQ(Table().model()->columnCount(), 10);
+  EXPECT_EQ(Table().horizontalHeader()->visualIndex(RegisterModel::kPayee), 1);
+  // Widths set by hand are of the columns that there always are.
+  Table().SetWidths(QStringLiteral("0|123|0|0|0|0|0|0|0|0"));
+  FilterBy("mnuFilterAccount", {"Purse", "Bank"});
+  Table().ChooseColumn(RegisterModel::kAccount);
+  EXPECT_EQ(Column(RegisterModel::kAccount), "Bank Purse");
+  EXPECT_EQ(View().Widths(), "0|123|0|0|0|0|0|0|0|0");
+  window_->OpenAccount(2);
+  EXPECT_EQ(Table().Sorted().column, RegisterModel::kDate);
+  EXPECT_EQ(Table().Widths(), "0|123|0|0|0|0|0|0|0|0");
 }
 
 TEST_F(FilterInWindow, GoingBackShowsTheViewsExactlyAsTheyWere) {
@@ -343,6 +355,13 @@ TEST_F(FilterDialog, AWholeCategoryIsTickedWithItsSubCategoriesByKeys) {
   EXPECT_EQ(food->child(2)->checkState(0), Qt::Checked);
   QTest::keyClick(&List(dialog), Qt::Key_Space);
   EXPECT_EQ(dialog.List(), "");
+  // What was looked for is ticked, not all that stands with it.
+  Type(dialog, "txtFind", "wine");
+  QTest::keyClick(&Find<QLineEdit>(dialog, "txtFind"), Qt::Key_Down);
+  QTest::keyClick(&List(dialog), Qt::Key_Space);
+  EXPECT_EQ(dialog.List(), "3");
+  Click(dialog, "cmdDSelect");
+  Type(dialog, "txtFind", "");
   food->child(0)->setCheckState(0, Qt::Checked);
   EXPECT_EQ(food->checkState(0), Qt::PartiallyChecked);
   QTest::keyClick(&List(dialog), Qt::Key_Return);
