@@ -109,6 +109,7 @@ void RegisterDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   }
   QRect text = TextOf(head, index.column());
   if (index.column() == RegisterModel::kPayee) {
+    painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
     text.setRight(text.right() -
                   DrawMarks(*painter, row, text,
                             selected && HasKeys(option) ? QIcon::Selected : QIcon::Normal,

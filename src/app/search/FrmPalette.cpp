@@ -38,23 +38,6 @@ QString KindText(PaletteKind kind) {
   }
 }
 
-QString IconName(PaletteKind kind) {
-  switch (kind) {
-    case PaletteKind::Account:
-      return QStringLiteral("register");
-    case PaletteKind::Payee:
-      return QStringLiteral("payees");
-    case PaletteKind::Category:
-      return QStringLiteral("categories");
-    case PaletteKind::Day:
-      return QStringLiteral("calendar");
-    case PaletteKind::Command:
-      return {};
-    default:
-      return QStringLiteral("find");
-  }
-}
-
 QString NameText(const PaletteItem& item) {
   const QString name = ToQt(item.name);
   const QString detail = ToQt(item.detail);
@@ -135,8 +118,6 @@ void FrmPalette::Fill() {
     name->setToolTip(ToQt(item.name));
     detail->setToolTip(ToQt(item.detail));
     detail->setForeground(MutedText(QGuiApplication::palette()));
-    const QString icon = IconName(item.kind);
-    if (!icon.isEmpty()) name->setIcon(SvgIcon(icon));
     model_->appendRow({name, detail});
   }
   if (!shown_.empty()) list_->selectRow(0);

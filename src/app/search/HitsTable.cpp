@@ -36,7 +36,7 @@ HitsTable::HitsTable(const Locale& locale, QWidget* parent)
   columns[HitsModel::kCategory] = {text(QStringLiteral("Category:Sub-category")), 3, word, 2};
   columns[HitsModel::kDescription] = {text(QStringLiteral("Description")), 3, word, 1};
   columns[HitsModel::kAmount] = {money, 0, money, 0, true};
-  columns[HitsModel::kCurrency] = {text(QStringLiteral("Currency")), 0, 0, 3};
+  columns[HitsModel::kCurrency] = {text(QStringLiteral("Currency")) + kRhythm, 0, 0, 3};
   SetColumns(std::move(columns));
 }
 

@@ -50,9 +50,7 @@ void RegisterSearch::Connect() {
     return [this, act] { place_.host.Guard([this, act] { (this->*act)(); }); };
   };
   connect(timer_, &QTimer::timeout, this, guarded(&RegisterSearch::Step));
-  connect(&box_, &SearchBox::Entered, this, [this] {
-    if (box_.IsEmpty()) anchor_ = CurrentRow();
-  });
+  connect(&box_, &SearchBox::Entered, this, [this] { anchor_ = CurrentRow(); });
   connect(&box_, &SearchBox::Typed, this, [this] { place_.host.Guard([this] { Begin(false); }); });
   connect(&box_, &SearchBox::Next, this, [this] { Go(true); });
   connect(&box_, &SearchBox::Previous, this, [this] { Go(false); });

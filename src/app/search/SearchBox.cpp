@@ -22,7 +22,7 @@ SearchBox::SearchBox(QWidget* parent)
     : QWidget(parent),
       text_(new QLineEdit(this)),
       found_(new MutedLabel(this)),
-      everywhere_(new QCheckBox(tr("All accoun&ts"), this)),
+      everywhere_(new QCheckBox(tr("All acco&unts"), this)),
       below_(new QWidget(this)) {
   setObjectName(QStringLiteral("pnlFind"));
   text_->setObjectName(QStringLiteral("txtFind"));
@@ -40,6 +40,10 @@ SearchBox::SearchBox(QWidget* parent)
   everywhere_->setObjectName(QStringLiteral("chkEverywhere"));
   everywhere_->setToolTip(tr("Look through all accounts, not only the one that is shown"));
   everywhere_->installEventFilter(this);
+  // The list below does not move when something is looked for.
+  QSizePolicy stays = below_->sizePolicy();
+  stays.setRetainSizeWhenHidden(true);
+  below_->setSizePolicy(stays);
   auto* line = new QHBoxLayout(below_);
   line->setContentsMargins(0, 0, 0, 0);
   line->setSpacing(kRhythm);
@@ -66,8 +70,8 @@ QSize SearchBox::minimumSizeHint() const {
 }
 
 void SearchBox::Enter() {
-  if (IsEmpty() && !last_.isEmpty()) text_->setText(last_);
   text_->setFocus(Qt::ShortcutFocusReason);
+  if (IsEmpty() && !last_.isEmpty()) text_->setText(last_);
   text_->selectAll();
 }
 

@@ -76,6 +76,15 @@ std::uint32_t TransactionSearch::WordsOf(std::size_t place) const {
 
 bool TransactionSearch::GoOn(std::size_t rows) {
   if (isDone_) return true;
+  if (next_ < index_->Rows().size()) {
+    Match(rows);
+  } else {
+    Collect(rows);
+  }
+  return isDone_;
+}
+
+void TransactionSearch::Match(std::size_t rows) {
   const std::vector<SearchRow>& all = index_->Rows();
   const std::size_t end = std::min(all.size(), next_ + rows);
   for (; next_ < end; ++next_) {
@@ -88,19 +97,20 @@ bool TransactionSearch::GoOn(std::size_t rows) {
     if (lines_.empty()) lines_.resize(all.size());
     lines_[parent] |= own_[next_];
   }
-  if (next_ == all.size()) Collect();
-  return isDone_;
 }
 
 void TransactionSearch::Finish() {
-  GoOn(index_->Rows().size());
+  while (!GoOn(index_->Rows().size())) {
+  }
 }
 
-void TransactionSearch::Collect() {
-  isDone_ = true;
+void TransactionSearch::Collect(std::size_t rows) {
   const auto words = query_.Words().size();
   const std::uint32_t all = words >= 32 ? ~std::uint32_t{0} : (std::uint32_t{1} << words) - 1;
-  for (const std::uint32_t place : index_->ByDay()) {
+  const std::vector<std::uint32_t>& byDay = index_->ByDay();
+  const std::size_t end = std::min(byDay.size(), collected_ + rows);
+  for (; collected_ < end; ++collected_) {
+    const std::uint32_t place = byDay[collected_];
     const std::uint32_t found = own_[place] | (lines_.empty() ? 0 : lines_[place]);
     if (found != all) continue;
     const SearchRow& row = index_->Rows()[place];
@@ -110,6 +120,7 @@ void TransactionSearch::Collect() {
     hits_.push_back({row.key, row.accountId, account == nullptr ? 0 : account->currencyId,
                      Date::FromSerial(row.day), row.amount, own_[place] != all});
   }
+  isDone_ = collected_ == byDay.size();
 }
 
 std::vector<FoundRow> ReadFound(const SearchIndex& index, std::span<const SearchHit> hits) {

@@ -69,7 +69,10 @@ class TransactionSearch {
   [[nodiscard]] std::uint32_t WordsOf(std::size_t place) const;
   [[nodiscard]] bool HasName(const SearchRow& row, const Named& named) const;
   [[nodiscard]] bool HasText(std::size_t place, const SearchWord& word) const;
-  void Collect();
+  // Marks the words of so many rows more.
+  void Match(std::size_t rows);
+  // Goes on taking those that have all words, once every row is marked.
+  void Collect(std::size_t rows);
 
   std::shared_ptr<const SearchIndex> index_;
   SearchQuery query_;
@@ -77,7 +80,8 @@ class TransactionSearch {
   std::vector<Named> named_;          // of each word
   std::vector<std::uint32_t> own_;    // the words of each row, by its place
   std::vector<std::uint32_t> lines_;  // and those of its split lines; empty where there are none
-  std::size_t next_ = 0;
+  std::size_t next_ = 0;              // to be marked
+  std::size_t collected_ = 0;         // of those by day
   bool isDone_ = false;
   std::vector<SearchHit> hits_;
 };

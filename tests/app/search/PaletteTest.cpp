@@ -95,6 +95,11 @@ class PaletteInWindow : public DialogTest<WindowTest> {
     OpenData();
     Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
         "VALUES ('Purse',2,17,5,0)");
+    for (int i = 0; i < 2; ++i) {
+      Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
+          "[Amount],[Date]) SELECT 2,CategoryID,PaymentID,PayeeID,0,-1,[Date] FROM tblTransactions "
+          "WHERE TransactionID = 3");
+    }
     ShowWindow();
     window_->ShowView(kPayeeShow);
     window_->activateWindow();

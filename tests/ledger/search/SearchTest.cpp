@@ -159,7 +159,7 @@ TEST_F(Searching, ReadsAPieceAtATimeAndOnlyWhatIsStillSo) {
   TransactionSearch search(index, SearchQuery("far", machine_.locale), {});
   int steps = 1;
   while (!search.GoOn(2)) ++steps;
-  EXPECT_EQ(steps, 5);
+  EXPECT_EQ(steps, 9);
   ASSERT_EQ(search.Hits().size(), 1U);
   const auto rows = ReadFound(*index, search.Hits());
   EXPECT_EQ(rows[0].row.description, "far away");
