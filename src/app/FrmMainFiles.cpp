@@ -74,7 +74,7 @@ bool FrmMain::Reopen(bool quiet) {
   Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
   AdoptLedger();
-  Guard([this] { RememberFile(); });
+  RememberFile();
   history_.Clear();
   account_ = 0;
   ReadAccounts();
