@@ -7,6 +7,7 @@
 #include "app/MainActions.h"
 #include "app/MainView.h"
 #include "app/QtProgress.h"
+#include "app/SafetyCommands.h"
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
@@ -159,6 +160,8 @@ void FrmMain::ApplyDay() {
   day_ = today;
   calendar_->SetToday(ToQt(day_));
   if (!session_.IsOpen()) return;
+  // A window that stands for days is never left.
+  BackUpOnLeaving(session_, platform_);
   ApplySchedules();
 }
 

@@ -79,7 +79,7 @@ bool FrmMain::Reopen(bool quiet) {
   Guard([&] { opened = session_.Open(quiet); });
   Guard([this] { session_.PostSchedules(); });
   AdoptLedger();
-  Guard([this] { RememberFile(); });
+  RememberFile();
   history_.Clear();
   shown_.rows = {};
   account_ = 0;

@@ -6,6 +6,7 @@
 #include "controls/QtText.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/PlatformError.h"
 #include "platform/Prompts.h"
 #include "safety/RecentFiles.h"
 #include "safety/SafetyDialogs.h"
@@ -131,7 +132,12 @@ void FrmMain::WriteTransferFile() {
 }
 
 void FrmMain::RememberFile() {
-  if (session_.IsOpen()) RecentFiles(platform_.registry).Add(session_.Path());
+  if (!session_.IsOpen()) return;
+  try {
+    RecentFiles(platform_.registry).Add(session_.Path());
+  } catch (const PlatformError& error) {
+    qWarning("The recent file was not kept: %s", error.what());
+  }
 }
 
 void FrmMain::FillRecentMenu() {

@@ -55,7 +55,7 @@ void MainActions::MakeFile() {
 
 void MainActions::MakeSafety() {
   mnuFileNew = Make("mnuFileNew", tr("&New..."), "add", tr("Create another data file"));
-  mnuFileRecent = new QMenu(tr("Open &Recent"), window_);
+  mnuFileRecent = new QMenu(tr("Open Re&cent"), window_);
   mnuFileRecent->menuAction()->setObjectName(QStringLiteral("mnuFileRecent"));
   mnuFileSaveAs = Make("mnuFileSaveAs", tr("&Save As..."), "save",
                        tr("Copy the data file to another place and go on there"),

@@ -13,16 +13,19 @@
 #include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QStandardItemModel>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
 
 namespace corvanta::inline safety {
 namespace {
 
-constexpr int kListWidth = 76 * kRhythm;
-constexpr int kListHeight = 22 * kRhythm;
-constexpr int kPathWidth = 44 * kRhythm;
+constexpr int kListWidth = 60 * kRhythm;
+constexpr int kListHeight = 14 * kRhythm;
+constexpr int kPathWidth = 36 * kRhythm;
+constexpr QSize kComfortable(84 * kRhythm, 56 * kRhythm);
 constexpr auto kNumber = Qt::AlignRight | Qt::AlignVCenter;
 
 enum Column { kAccount, kRows, kStay, kOpening, kNewOpening, kColumns };
@@ -55,6 +58,7 @@ FrmArchive::FrmArchive(clsCorvanta& ledger, const BackedFile& file, const Safety
     FillAccounts(form);
     ShowPlan();
   });
+  resize(sizeHint().expandedTo(kComfortable).boundedTo(screen()->availableSize()));
   FocusFirstField();
 }
 
@@ -82,10 +86,15 @@ void FrmArchive::MakeList() {
   lvAccounts_->setAccessibleName(tr("Accounts"));
   lvAccounts_->setToolTip(tr("The space bar takes an account out, or in again"));
   lvAccounts_->setModel(model_);
+  // The lists' own delegate draws no ticks.
+  lvAccounts_->setItemDelegateForColumn(kAccount, new QStyledItemDelegate(lvAccounts_));
   lvAccounts_->setMinimumSize(kListWidth, kListHeight);
-  const int width = 13 * kRhythm;
-  lvAccounts_->SetColumns(
-      {{2 * width, 3, width}, {width, 0, 0}, {width, 0, 0}, {width, 1, 0}, {width, 1, 0}});
+  std::vector<ListTable::Column> columns{{20 * kRhythm, 3, 12 * kRhythm}};
+  for (int column = kRows; column < kColumns; ++column) {
+    const QString title = model_->horizontalHeaderItem(column)->text();
+    columns.push_back({fontMetrics().horizontalAdvance(title) + 4 * kRhythm, 1, 9 * kRhythm});
+  }
+  lvAccounts_->SetColumns(columns);
   AddAbove(lvAccounts_);
   connect(model_, &QStandardItemModel::itemChanged, this, [this](const QStandardItem* item) {
     if (!isFilling_ && item->column() == kAccount) Run([this] { ShowPlan(); });

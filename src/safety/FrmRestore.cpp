@@ -9,6 +9,7 @@
 
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QTime>
 #include <QVBoxLayout>
 
@@ -17,8 +18,9 @@
 namespace corvanta::inline safety {
 namespace {
 
-constexpr int kListWidth = 92 * kRhythm;
-constexpr int kListHeight = 16 * kRhythm;
+constexpr int kListWidth = 60 * kRhythm;
+constexpr int kListHeight = 11 * kRhythm;
+constexpr QSize kComfortable(110 * kRhythm, 64 * kRhythm);
 
 QLabel* Caption(const QString& text, QWidget& list, QWidget* parent) {
   auto* caption = new QLabel(text, parent);
@@ -38,14 +40,14 @@ FrmRestore::FrmRestore(RestoreEditor& editor, const SafetyPlace& place)
                                   {tr("Folder"), "/media/someone/Backups", 2, false, true}},
                                  this)),
       lvChanges_(new ucEntryList("lvChanges", tr("What would change"),
-                                 {{tr("Account"), "Current account", 2, false, true},
-                                  {tr("Rows now"), "00,000", 0, true},
-                                  {tr("Rows then"), "00,000", 0, true},
+                                 {{tr("Account"), "Current account at the bank", 3, false, true},
+                                  {tr("Rows now"), "Rows now", 0, true},
+                                  {tr("Rows then"), "Rows then", 0, true},
                                   {tr("Balance now"), "-000,000.00", 1, true},
                                   {tr("Balance then"), "-000,000.00", 1, true},
                                   {tr("From"), "00/00/0000", 0},
                                   {tr("To"), "00/00/0000", 0},
-                                  {tr("Changes"), "0,000 back, 0,000 go", 2, false, true}},
+                                  {tr("Changes"), "000 back, 000 go", 2, false, true}},
                                  this)) {
   setWindowTitle(tr("Restore"));
   MakeLists();
@@ -60,6 +62,7 @@ FrmRestore::FrmRestore(RestoreEditor& editor, const SafetyPlace& place)
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
   connect(lvBackups_, &ucEntryList::ChoiceChanged, this, &FrmRestore::TakeChosen);
   Run([this] { FillSources(); });
+  resize(sizeHint().expandedTo(kComfortable).boundedTo(screen()->availableSize()));
   lvBackups_->setFocus();
 }
 

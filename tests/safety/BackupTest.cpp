@@ -93,13 +93,15 @@ TEST_F(Backups, OnlyThoseOfTheDataFileAreRemoved) {
   SetToday(2026, 11, 1, 13);
   backup_.Make(File(), {});
   store_.platform.folder.Write("data/Backup/Corvanta 2026-11-01 letter.dat", "Dear bank");
-  std::filesystem::copy(Folder() + "/Corvanta.dat", Folder() + "/Somebody.dat");
+  for (const char* name : {"/Somebody.dat", "/Corvanta kept.dat"}) {
+    std::filesystem::copy(Folder() + "/Corvanta.dat", Folder() + name);
+  }
   SetToday(2026, 11, 22);
   const BackupResult made = backup_.Make(File(), {});
   EXPECT_EQ(made.removed, 1U);
   EXPECT_EQ(NamesIn(Folder()),
             (Names{"Corvanta 2026-11-01 13-00.dat", "Corvanta 2026-11-01 letter.dat",
-                   "Corvanta.dat", "Somebody.dat"}));
+                   "Corvanta kept.dat", "Corvanta.dat", "Somebody.dat"}));
 }
 
 TEST_F(Backups, TwoDataFilesShareAPlaceWithoutLosingAny) {

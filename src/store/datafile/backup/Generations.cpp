@@ -20,6 +20,24 @@ constexpr int kWeeklyDays = 31;
 constexpr int kDaysAWeek = 7;
 constexpr int kMonthsAYear = 12;
 
+// Whether it is the place's own name, or that with a day and a time behind it: a copy that somebody
+// has named otherwise is theirs.
+bool IsGenerationName(std::string_view name, std::string_view stem) {
+  constexpr std::string_view kPattern = " 0000-00-00 00-00";
+  if (!name.starts_with(stem)) return false;
+  name.remove_prefix(stem.size());
+  if (name.empty()) return true;
+  const auto isDigit = [](char each) { return each >= '0' && each <= '9'; };
+  for (const char expected : kPattern) {
+    if (name.empty() || (isDigit(expected) ? !isDigit(name.front()) : name.front() != expected)) {
+      return false;
+    }
+    name.remove_prefix(1);
+  }
+  if (name.empty()) return true;
+  return name.size() > 1 && name.front() == ' ' && std::ranges::all_of(name.substr(1), isDigit);
+}
+
 // Within which only the newest stays; all of one day have a bucket each.
 std::string Bucket(const Generation& generation, Date today) {
   const Date day = generation.made.date;
@@ -70,7 +88,7 @@ std::vector<Generation> FindGenerations(const GenerationsOf& backups) {
        entry.increment(error)) {
     const std::filesystem::path& path = entry->path();
     const bool isNamedSo =
-        path.extension() == place.extension() && path.filename().string().starts_with(stem);
+        path.extension() == place.extension() && IsGenerationName(path.stem().string(), stem);
     if (!isNamedSo || IdentityOf(path.string()) == dataFile) continue;
     const auto made = ReadBackupTime(path.string(), backups.password, backups.dataFile);
     if (made) found.push_back({path.string(), *made});

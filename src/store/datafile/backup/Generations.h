@@ -25,8 +25,8 @@ struct GenerationsOf {
   std::string password;  // that opens both
 };
 
-// The backups of the data file that are there, the newest first. Others, and what cannot be opened,
-// are left out.
+// The backups of the data file that are there under such names, the newest first. Others, and what
+// cannot be opened, are left out.
 [[nodiscard]] std::vector<Generation> FindGenerations(const GenerationsOf& backups);
 
 // A free name beside the place that tells a day and a time: "Corvanta 2026-11-22 18-30.dat".
