@@ -21,6 +21,7 @@ std::string Counted(std::size_t count, const std::string& one, const std::string
 }
 
 std::string Came(const PriceRound::Result& result) {
+  if (result.stored == 0) return "No price was downloaded";
   return Counted(result.stored, "price was", "prices were") + " downloaded";
 }
 

@@ -6,6 +6,7 @@
 #include "platform/Locale.h"
 
 #include <QEvent>
+#include <QFontMetrics>
 #include <QtCharts/QCategoryAxis>
 #include <QtCharts/QLegend>
 #include <QtCharts/QLineSeries>
@@ -67,7 +68,6 @@ Plot::Plot(const Locale& locale, QWidget* parent) : QChartView(parent), locale_(
   setMinimumSize(kLeast);
   setFrameShape(NoFrame);
   setRenderHint(QPainter::Antialiasing);
-  chart()->setMargins(QMargins(0, 0, kRhythm, 0));
   chart()->setBackgroundRoundness(0);
   chart()->legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
   chart()->legend()->setAlignment(Qt::AlignBottom);
@@ -119,6 +119,11 @@ void Plot::SetAxes(const QRectF& range, PlotAcross across, bool fromZero) {
   high = std::ceil(high / step) * step;
   QCategoryAxis* acrossAxis =
       AxisOf(range.left(), range.right(), across == PlotAcross::Day, kStepsAcross);
+  // The last label stands in the middle of its line, half beyond the chart.
+  const QStringList labels = acrossAxis->categoriesLabels();
+  const int last =
+      labels.isEmpty() ? 0 : QFontMetrics(ScaledFont(-1)).horizontalAdvance(labels.back());
+  chart()->setMargins(QMargins(0, 0, last / 2 + kRhythm, 0));
   QCategoryAxis* upAxis = AxisOf(low, high, false, kStepsUp);
   // In a low chart the library would leave nothing of a label that is taller than its step.
   upAxis->setTruncateLabels(false);
