@@ -118,6 +118,8 @@ QTreeWidgetItem* FrmFilter::AddItem(QTreeWidgetItem* above, const QString& text,
   line->setData(0, kItemRole, item);
   line->setCheckState(0, Qt::Unchecked);
   line->setToolTip(0, text);
+  // Boxes that touch are hard to tell apart.
+  line->setSizeHint(0, QSize(0, lvFilter_->fontMetrics().height() + kRhythm / 2));
   if (above == nullptr) {
     lvFilter_->addTopLevelItem(line);
   } else {

@@ -11,7 +11,7 @@
 #include "controls/EmptyState.h"
 #include "controls/SortedTable.h"
 #include "ledger/FilterChoice.h"
-#include "ledger/KeywordBook.h"
+#include "platform/Files.h"
 #include "support/DialogTest.h"
 #include "support/ScriptedPrompts.h"
 
@@ -325,6 +325,22 @@ TEST_F(FilterInWindow, UsualPeriodsAreOneChoiceAway) {
   choose("mnuPeriod4");
   EXPECT_FALSE(View().findChild<QCheckBox*>("chkUnset")->isChecked());
   EXPECT_EQ(Texts(), "bread ham refund");
+}
+
+TEST_F(FilterInWindow, WhatIsShownIsWhatIsExported) {
+  Start();
+  FilterBy("mnuFilterPayee", {"Butcher"});
+  const std::string path = machine_.folder.Path("out.qif");
+  machine_.prompts.ExpectSaveFile(ScriptedPrompts::kAnyText, path);
+  machine_.prompts.ExpectAsk(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText, true);
+  machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
+  Trigger("mnuFileExport");
+  const std::string written = ReadFile(path);
+  EXPECT_NE(written.find("Butcher"), std::string::npos) << written;
+  EXPECT_EQ(written.find("Baker"), std::string::npos) << written;
+  // A file is of one account.
+  FilterBy("mnuFilterAccount", {"Purse", "Bank"});
+  EXPECT_FALSE(Get<QAction>("mnuFileExport").isEnabled());
 }
 
 class FilterDialog : public DialogTest<WindowTest> {
