@@ -64,6 +64,9 @@ class ucCalendar : public QWidget {
   void contextMenuEvent(QContextMenuEvent* event) override;
 
  private:
+  static constexpr int kWeeks = 6;
+  static constexpr int kDays = 7;
+
   // Turns the page, or goes to today, for a click above the days; false for one among them.
   bool TurnAt(QPoint position);
   void DrawArrows(QPainter& painter) const;
