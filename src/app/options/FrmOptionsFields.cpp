@@ -217,6 +217,7 @@ QWidget* FrmOptions::MakePath(const OptionWords& words, Field& field) {
   row->setSpacing(kRhythm);
   txtBackup_ = new QLineEdit(place);
   txtBackup_->setObjectName(ToQt(words.control));
+  txtBackup_->setPlaceholderText(tr("The folder Backup beside the data file"));
   txtBackup_->setAccessibleName(LabelOf(words));
   txtBackup_->setAccessibleDescription(ToQt(words.tip));
   place->setFocusProxy(txtBackup_);

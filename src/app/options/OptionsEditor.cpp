@@ -6,6 +6,7 @@
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
+#include "safety/FileStore.h"
 
 #include <array>
 #include <filesystem>
@@ -17,15 +18,14 @@ namespace {
 
 // In the order in which they are written.
 constexpr std::array kWritten{
-    Setting::FUcleared,   Setting::Fcleared,   Setting::Alt1,       Setting::Alt2,
-    Setting::ShowDesc,    Setting::ShowRef,    Setting::ShowStatus, Setting::Grid,
-    Setting::Ledger,      Setting::SkipBackup, Setting::BFreq,      Setting::Backup,
-    Setting::NoReminders, Setting::NoShedule,  Setting::NoDecimal,  Setting::Payment,
-    Setting::Investment,  Setting::Calendar,   Setting::Closed,     Setting::UpdateSchedule,
-    Setting::Overdue,     Setting::AccountNo,  Setting::AutoFill,   Setting::LocalFS,
-    Setting::BackupFS,    Setting::Association};
+    Setting::FUcleared,   Setting::Fcleared,    Setting::Alt1,        Setting::Alt2,
+    Setting::ShowDesc,    Setting::ShowRef,     Setting::ShowStatus,  Setting::Grid,
+    Setting::Ledger,      Setting::SkipBackup,  Setting::BFreq,       Setting::Backup,
+    Setting::NoReminders, Setting::NoShedule,   Setting::NoDecimal,   Setting::Payment,
+    Setting::Investment,  Setting::Calendar,    Setting::Closed,      Setting::UpdateSchedule,
+    Setting::Overdue,     Setting::AccountNo,   Setting::AutoFill,    Setting::LocalFS,
+    Setting::BackupFS,    Setting::Association, Setting::AttachInside};
 
-constexpr const char* kFileStore = "FileStore";
 constexpr const char* kSameFile =
     "The selected backup file is the same as your data file. Please reselect";
 
@@ -83,7 +83,7 @@ void OptionsEditor::Save(const OptionsForm& form) {
 
 void OptionsEditor::MakeFileStore(const OptionsForm& form) {
   if (dataFile_.empty() || form.at(Setting::LocalFS) != "1") return;
-  const std::string folder = (std::filesystem::path(dataFile_).parent_path() / kFileStore).string();
+  const std::string folder = FileStoreOf(dataFile_);
   if (!FolderExists(folder)) platform_.files.CreateFolder(folder);
 }
 

@@ -80,9 +80,10 @@ constexpr std::array kBackup{
     OptionWords{Setting::SkipBackup, "chkSkipBackup", "S&kip the backup",
                 "No backup is made by itself, however often it would be due. File, Backup still "
                 "makes one."},
-    OptionWords{Setting::Backup, "txtBackup", "Backup file",
-                "Where backups are written. A folder on another disk is safer than one beside the "
-                "data file."},
+    OptionWords{
+        Setting::Backup, "txtBackup", "Backup file",
+        "Where backups are written: a file, or a folder for it. Without one they go into the "
+        "folder Backup beside the data file; another disk is safer."},
     OptionWords{Setting::BackupFS, "chkBackupstore", "Back up &attached files, too",
                 "The copies of attached files that are kept beside the data file go into the "
                 "backup with it."}};
@@ -92,6 +93,9 @@ constexpr std::array kFiles{
                 "A file that is attached to a transaction is copied into the folder FileStore "
                 "beside the data file. Off, the transaction only remembers where the file lies, "
                 "and loses it when the file is moved."},
+    OptionWords{Setting::AttachInside, "chkAttachInside", "Keep attached files &in the data file",
+                "A file that is attached is put into the encrypted data file itself and goes "
+                "wherever that goes; the option above then does nothing."},
     OptionWords{Setting::Association, "chkAssociate", "&Open QIF and OFX files with Corvanta",
                 "A double click on such a file, as banks offer them, then begins its import. Off, "
                 "the desktop opens them as it did before."}};

@@ -99,7 +99,7 @@ void FrmWelcome::Leave(const std::function<void()>& action) {
 }
 
 void FrmWelcome::ShowBackup(const QString& path) {
-  const QString text = path.isEmpty() ? tr("Nowhere yet: best on another disk than the data")
+  const QString text = path.isEmpty() ? tr("A folder beside the data so far; another disk is safer")
                                       : tr("They go to %1").arg(Shortened(path, 60));
   cmdBackup_->setDescription(text);
   cmdBackup_->setAccessibleDescription(text);

@@ -19,7 +19,7 @@ struct WelcomeActions {
   std::function<void()> showSample;
   // These go back to it.
   std::function<void()> showKey;
-  std::function<QString()> chooseBackup;  // where backups go from now on; empty for nowhere
+  std::function<QString()> chooseBackup;  // where backups go from now on; empty as below
 };
 
 // The page that greets a new user: how to begin, and what keeps the accounts safe.
@@ -27,7 +27,7 @@ class FrmWelcome : public QuietEnd<QDialog> {
   Q_OBJECT
 
  public:
-  // `backup` is where backups go; empty for nowhere yet.
+  // `backup` is where backups go; empty where that was not chosen yet.
   FrmWelcome(WelcomeActions actions, const QString& backup, QWidget* parent);
 
  private:

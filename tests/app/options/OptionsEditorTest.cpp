@@ -31,11 +31,11 @@ TEST_F(OptionsEditorTest, WritesEveryValueInItsOrder) {
   const OptionsForm form = editor_.Load();
   editor_.Save(form);
   const std::vector<std::string> order = {
-      "FUcleared",   "Fcleared",       "Alt1",      "Alt2",       "ShowDesc",   "ShowRef",
-      "ShowStatus",  "Grid",           "Ledger",    "SkipBackup", "BFreq",      "Backup",
-      "NoReminders", "NoShedule",      "NoDecimal", "Payment",    "Investment", "Calendar",
-      "Closed",      "UpdateSchedule", "Overdue",   "AccountNo",  "AutoFill",   "LocalFS",
-      "BackupFS",    "Association"};
+      "FUcleared",   "Fcleared",       "Alt1",        "Alt2",       "ShowDesc",   "ShowRef",
+      "ShowStatus",  "Grid",           "Ledger",      "SkipBackup", "BFreq",      "Backup",
+      "NoReminders", "NoShedule",      "NoDecimal",   "Payment",    "Investment", "Calendar",
+      "Closed",      "UpdateSchedule", "Overdue",     "AccountNo",  "AutoFill",   "LocalFS",
+      "BackupFS",    "Association",    "AttachInside"};
   EXPECT_EQ(machine_.registry.ValueNames(Hive::CurrentUser, kSettingsKey), order);
   EXPECT_EQ(Stored("BFreq"), "Once a Day");
   EXPECT_EQ(Stored("FUcleared"), "2147483665");

@@ -8,6 +8,7 @@
 #include "controls/OutlinedStyle.h"
 #include "controls/SortedTable.h"
 #include "controls/ucCalendar.h"
+#include "notes/AttachmentEditor.h"
 #include "platform/Files.h"
 #include "support/DialogTest.h"
 
@@ -304,6 +305,40 @@ TEST_F(OptionsEffect, FilesOfBanksAndAttachmentsHaveTheirPlace) {
   });
   EXPECT_EQ(Setting("SkipBackup") + Setting("BackupFS") + Setting("LocalFS"), "100");
   EXPECT_EQ(Setting("BFreq"), "Every Time");
+}
+
+TEST_F(OptionsEffect, LeavingBacksUpAsItIsAskedTo) {
+  Start();
+  const std::string path = machine_.folder.Path("backup.dat");
+  const std::string store = machine_.folder.Path("FileStore/letter.txt");
+  Change([&](QDialog& dialog) {
+    Find<QLineEdit>(dialog, "txtBackup").setText(QString::fromStdString(path));
+    Find<QCheckBox>(dialog, "chkSkipBackup").click();
+    Choose(dialog, "cmbBackup", QStringLiteral("Every Time"));
+  });
+  SystemFiles().WriteNew(DataFolder() + "/FileStore/letter.txt", "Dear bank");
+  window_->close();
+  EXPECT_FALSE(FileExists(path)) << "skipped";
+  window_->show();
+  Tick("chkSkipBackup");
+  Tick("chkBackupstore");
+  window_->close();
+  EXPECT_TRUE(FileExists(path));
+  EXPECT_FALSE(FileExists(store));
+  window_->show();
+  Tick("chkBackupstore");
+  window_->close();
+  EXPECT_TRUE(FileExists(store));
+}
+
+TEST_F(OptionsEffect, AttachedFilesAreKeptWhereTheyAreWanted) {
+  Start();
+  AttachmentEditor editor(session_.Ledger(), machine_.Get(), 1);
+  EXPECT_EQ(editor.Keeping(), AttachmentMode::Folder);
+  Tick("chkLocalstore");
+  EXPECT_EQ(editor.Keeping(), AttachmentMode::Path);
+  Tick("chkAttachInside");
+  EXPECT_EQ(editor.Keeping(), AttachmentMode::Inside);
 }
 
 TEST_F(OptionsEffect, ResettingGivesColumnsDaysAndSortingBackAtOnce) {
