@@ -192,6 +192,15 @@ TEST_P(Looks, LongNamesWidenNoDialog) {
   EXPECT_EQ(checked_, 8);
 }
 
+TEST_P(Looks, KeywordsFilesAndSumsHaveRoom) {
+  Start();
+  WindowTest::Find<SortedTable>("lvbank").ChooseRow(0);
+  Open("mnuTransKeyword");
+  Open("mnuTransAttachment");
+  Open("mnuToolsCalculator");
+  EXPECT_EQ(checked_, 3);
+}
+
 TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
   using Mode = FrmPassword::Mode;
   for (const auto& [mode, isNew] :
