@@ -171,13 +171,19 @@ std::optional<AttachmentRecord> AttachCommand::TheOne(clsCorvanta& ledger,
   return std::nullopt;
 }
 
+std::optional<AttachmentRecord> AttachCommand::TheFile(clsCorvanta& ledger,
+                                                       std::int64_t transactionId,
+                                                       Session& session) const {
+  auto row = TheOne(ledger, transactionId, session);
+  if (!row || ledger.Notes().Files().IsThere(*row)) return row;
+  session.Tell(kTitle, "Can not display Attachment");
+  return std::nullopt;
+}
+
 ExitStatus AttachCommand::Open(clsCorvanta& ledger, std::int64_t transactionId,
                                Session& session) const {
-  const auto row = TheOne(ledger, transactionId, session);
+  const auto row = TheFile(ledger, transactionId, session);
   if (!row) return ExitStatus::Refused;
-  if (!ledger.Notes().Files().IsThere(*row)) {
-    return session.Refuse(kTitle, "Can not display Attachment");
-  }
   TellLeftovers(ledger, session.Machine());
   OpenedAttachments& opened = ledger.Notes().Opened();
   const std::string path = opened.PathToOpen(*row);
@@ -194,11 +200,8 @@ ExitStatus AttachCommand::Open(clsCorvanta& ledger, std::int64_t transactionId,
 
 ExitStatus AttachCommand::Save(clsCorvanta& ledger, std::int64_t transactionId,
                                Session& session) const {
-  const auto row = TheOne(ledger, transactionId, session);
+  const auto row = TheFile(ledger, transactionId, session);
   if (!row) return ExitStatus::Refused;
-  if (!ledger.Notes().Files().IsThere(*row)) {
-    return session.Refuse(kTitle, "Can not display Attachment");
-  }
   const std::string bytes = ledger.Notes().Files().Content(*row);
   if (FileExists(file_) &&
       !session.Machine().prompts.Ask("Save Attachment", "Replace the file \"" + file_ + "\"?")) {

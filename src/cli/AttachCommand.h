@@ -36,6 +36,10 @@ class AttachCommand : public Command {
   [[nodiscard]] std::optional<AttachmentRecord> TheOne(clsCorvanta& ledger,
                                                        std::int64_t transactionId,
                                                        Session& session) const;
+  // The same, told where its file is missing, too.
+  [[nodiscard]] std::optional<AttachmentRecord> TheFile(clsCorvanta& ledger,
+                                                        std::int64_t transactionId,
+                                                        Session& session) const;
 
   CLI::App* list_ = nullptr;
   CLI::App* add_ = nullptr;

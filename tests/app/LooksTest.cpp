@@ -234,6 +234,15 @@ TEST_P(Looks, TheHoldingsKeepNameAndValueInSight) {
   }
 }
 
+TEST_P(Looks, KeywordsFilesAndSumsHaveRoom) {
+  Start();
+  WindowTest::Find<SortedTable>("lvbank").ChooseRow(0);
+  Open("mnuTransKeyword");
+  Open("mnuTransAttachment");
+  Open("mnuToolsCalculator");
+  EXPECT_EQ(checked_, 3);
+}
+
 TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
   using Mode = FrmPassword::Mode;
   for (const auto& [mode, isNew] :
