@@ -145,6 +145,7 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuTransAutofill);
   ribbon.AddButton(mnuTransReconcile);
   ribbon.AddButton(mnuFileImport);
+  ribbon.AddButton(mnuEditFind);
   ribbon.AddButton(mnuEditUndo);
   ribbon.AddSeparator();
   ribbon.AddButton(mnuFilePreview);
