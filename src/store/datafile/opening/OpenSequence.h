@@ -34,6 +34,8 @@ class OpenSequence {
   [[nodiscard]] bool FindLocation();
   void PrepareFolder();
   void AcquireLock();
+  // Of a file that may not be written: opened as it is, to be looked at, and told.
+  [[nodiscard]] Outcome OpenToLookAt();
   void Create();
   [[nodiscard]] bool TakeReindex();
   [[nodiscard]] bool TakeTransferFile();
@@ -54,6 +56,7 @@ class OpenSequence {
   OpeningQuestions& questions_;
   bool quiet_ = false;
   bool isFolder_ = false;  // DBPath names a folder
+  bool isReadOnly_ = false;
   DataFileLocation location_;
   std::string password_;                 // of this installation; empty while it has none
   std::string filePassword_;             // with which the file is protected now
