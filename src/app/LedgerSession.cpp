@@ -61,11 +61,15 @@ void LedgerSession::Close() {
 }
 
 void LedgerSession::PostSchedules() {
-  if (IsOpen()) posted_ += posting_->PostSchedules().occurrences;
+  if (IsWritable()) posted_ += posting_->PostSchedules().occurrences;
 }
 
 std::string LedgerSession::Path() const {
   return file_ ? file_->connection->Path() : std::string();
+}
+
+bool LedgerSession::IsWritable() const {
+  return IsOpen() && file_->lock != nullptr;
 }
 
 bool LedgerSession::IsRenewed() const {

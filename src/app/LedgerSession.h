@@ -58,6 +58,8 @@ class LedgerSession {
   [[nodiscard]] std::size_t TakePosted() { return std::exchange(posted_, 0); }
   // The open file's path; empty while closed.
   [[nodiscard]] std::string Path() const;
+  // Whether there is an open file that can be changed: one on read-only media can be looked at.
+  [[nodiscard]] bool IsWritable() const;
   // Whether the open file was compacted and checked as it was opened.
   [[nodiscard]] bool IsRenewed() const;
   // The password that has opened the file; empty while closed.

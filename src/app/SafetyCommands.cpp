@@ -34,7 +34,7 @@ bool RestoreByDialog(LedgerSession& session, Platform& platform, QWidget* parent
 }
 
 void BackUpOnLeaving(LedgerSession& session, Platform& platform) noexcept {
-  if (!session.IsOpen()) return;
+  if (!session.IsWritable()) return;
   Backup(platform, session.Opener().AsWriter()).MakeDue(OpenFileOf(session));
 }
 

@@ -41,13 +41,13 @@ FrmRestore::FrmRestore(RestoreEditor& editor, const SafetyPlace& place)
                                  this)),
       lvChanges_(new ucEntryList("lvChanges", tr("What would change"),
                                  {{tr("Account"), "Current account at the bank", 3, false, true},
+                                  {tr("Changes"), "000 back, 000 go", 2},
                                   {tr("Rows now"), "Rows now", 0, true},
                                   {tr("Rows then"), "Rows then", 0, true},
                                   {tr("Balance now"), "-000,000.00", 1, true},
                                   {tr("Balance then"), "-000,000.00", 1, true},
                                   {tr("From"), "00/00/0000", 0},
-                                  {tr("To"), "00/00/0000", 0},
-                                  {tr("Changes"), "000 back, 000 go", 2, false, true}},
+                                  {tr("To"), "00/00/0000", 0}},
                                  this)) {
   setWindowTitle(tr("Restore"));
   MakeLists();
@@ -148,8 +148,8 @@ QStringList FrmRestore::CellsOf(const AccountChange& change) const {
   if (change.removed > 0) what.append(tr("%1 go").arg(count(change.removed)));
   if (change.changed > 0) what.append(tr("%1 as before").arg(count(change.changed)));
   const auto& shown = change.then ? change.then : change.now;
-  return {ToQt(change.Name()),  rows(change.now), rows(change.then), balance(change.now),
-          balance(change.then), day(shown->from), day(shown->to),    what.join(tr(", "))};
+  return {ToQt(change.Name()), what.join(tr(", ")),  rows(change.now), rows(change.then),
+          balance(change.now), balance(change.then), day(shown->from), day(shown->to)};
 }
 
 void FrmRestore::Accept() {

@@ -44,9 +44,9 @@ TEST_F(RestoreWindow, ShowsWhatChangesBeforeItIsDecided) {
   QTest::keyClick(&backups, Qt::Key_Home);
   ASSERT_EQ(changes.RowCount(), 1);
   const QStringList cells = Cells(changes, 0);
-  EXPECT_EQ(cells.at(1), "0");
-  EXPECT_EQ(cells.at(4), "314.49");
-  EXPECT_EQ(cells.last(), cells.at(2) + " back");
+  EXPECT_EQ(cells.at(2), "0");
+  EXPECT_EQ(cells.at(5), "314.49");
+  EXPECT_EQ(cells.at(1), cells.at(3) + " back");
   auto& prompts = store_.platform.prompts;
   prompts.ExpectAsk("Restore", ScriptedPrompts::kAnyText, false);
   Click(form, "cmdAccept");

@@ -195,6 +195,15 @@ TEST_F(Restores, OfAnotherInstallationNeedItsKey) {
   EXPECT_EQ(restored.file.connection->QueryValue("Select Count(*) from tblTransactions").Int(), 16);
 }
 
+TEST_F(Restores, TakeABackupThatMayNotBeWritten) {
+  store_.Db().Execute("Delete from tblTransactions");
+  std::filesystem::permissions(made_, std::filesystem::perms::owner_read);
+  EXPECT_TRUE(Editor().Look(made_)->IsChange());
+  { const RestoredFile restored = Restore(made_); }
+  EXPECT_EQ(Rows(), 16);
+  store_.Db().Execute("Delete from tblTransactions");
+}
+
 TEST_F(Restores, ShowNothingOfAFileWhosePasswordWasNotGiven) {
   admits_ = false;
   EXPECT_FALSE(Editor().Look(made_).has_value());

@@ -178,9 +178,18 @@ TEST_F(ConnectionFile, NewFilesAreForTheirOwnerAlone) {
   EXPECT_EQ(status.st_mode & 0777, 0600U);
 }
 
-TEST_F(ConnectionFile, ReadOnlyFilesAreRefused) {
+TEST_F(ConnectionFile, ReadOnlyFilesAreReadAndNotChanged) {
+  const std::string bytes = Bytes();
   chmod(source_.path.c_str(), 0444);
-  EXPECT_EQ(Refusal(source_), StoreErrorCode::ReadOnly);
+  const auto connection = Connection::Open(source_, clock_);
+  EXPECT_TRUE(connection->Check().empty());
+  try {
+    connection->Execute("CREATE TABLE tblNew (ID INT)");
+    FAIL();
+  } catch (const StoreError& error) {
+    EXPECT_EQ(error.Code(), StoreErrorCode::ReadOnly);
+  }
+  EXPECT_EQ(Bytes(), bytes);
   chmod(source_.path.c_str(), 0600);
 }
 

@@ -19,10 +19,12 @@
 namespace corvanta::inline datafile {
 namespace {
 
-// The empty file that the copy grows in, with the source's permissions.
+// The empty file that the copy grows in, with the source's permissions; its owner may write it even
+// where the source is read-only.
 void MakeEmpty(const DataSource& source, const DataSource& target) {
   struct stat status {};
-  const mode_t mode = stat(source.path.c_str(), &status) == 0 ? status.st_mode & 0777 : 0600;
+  const mode_t mode =
+      stat(source.path.c_str(), &status) == 0 ? (status.st_mode & 0777) | 0600 : 0600;
   const int descriptor = open(target.path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
   if (descriptor < 0 && (errno == ENOSPC || errno == EDQUOT)) {
     throw ErrorOf(nullptr, SQLITE_FULL, {}, target.path);
@@ -114,7 +116,7 @@ std::string Fingerprint(sqlite3* database, const std::string& schema, const std:
 
 void Export(const DataSource& source, const DataSource& target, const CopyMark& mark,
             const Clock& clock) {
-  const DatabaseHandle database = OpenFile(source, clock);
+  const DatabaseHandle database = OpenToCopy(source, clock);
   const FileKey key(target.password);
   MakeEmpty(source, target);
   Attach(database.get(), target, key);

@@ -1,6 +1,7 @@
 #include "store/datafile/WriterLock.h"
 
 #include "platform/FileHandle.h"
+#include "platform/Files.h"
 #include "store/sql/FailureText.h"
 
 #include <fcntl.h>
@@ -120,6 +121,12 @@ class Turn {
 
 std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const Writer& writer,
                                                 LockedName name) {
+  if (name == LockedName::DataFile && IsReadOnly(path)) {
+    throw StoreError(
+        StoreErrorCode::ReadOnly,
+        path + "\n" + FailureText(StoreErrorCode::ReadOnly, "This data file is read-only."), {},
+        path);
+  }
   const std::string lockPath = LockPath(path);
   Turn turn(writer.patience);
   for (;;) {

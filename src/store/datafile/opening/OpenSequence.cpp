@@ -36,12 +36,15 @@ bool IsFileFault(const StoreError& error) {
          error.Code() == StoreErrorCode::Missing;
 }
 
-// Without these the program is slower, and without room it must still show what there is.
+// Without these the program is slower, and without room, or where nothing may be written, it must
+// still show what there is.
 void EnsureAccessPathsIfRoom(Connection& connection) {
   try {
     EnsureAccessPaths(connection);
   } catch (const StoreError& error) {
-    if (error.Code() != StoreErrorCode::DiskFull) throw;
+    const bool isOfPlace =
+        error.Code() == StoreErrorCode::DiskFull || error.Code() == StoreErrorCode::ReadOnly;
+    if (!isOfPlace) throw;
   }
 }
 
@@ -97,6 +100,7 @@ OpenSequence::Outcome OpenSequence::Attempt() {
   if (!FindLocation()) return Outcome::Stop;
   FindPassword();
   PrepareFolder();
+  if (isReadOnly_) return OpenToLookAt();
   const bool isRequested = TakeReindex();
   const bool hasTransfer = TakeTransferFile();
   const bool isDue = isRequested || filePassword_ != password_;
@@ -133,9 +137,16 @@ void OpenSequence::FindPassword() {
 }
 
 void OpenSequence::PrepareFolder() {
+  isReadOnly_ = false;
   if (isFolder_) platform_.files.CreateFolder(location_.folder);
   if (!FolderExists(location_.folder)) return;
-  AcquireLock();
+  try {
+    AcquireLock();
+  } catch (const StoreError& error) {
+    isReadOnly_ = error.Code() == StoreErrorCode::ReadOnly && FileExists(location_.Path());
+    if (!isReadOnly_) throw;
+    return;
+  }
   RecoverDataFile(location_, password_, writer_, platform_);
   if (isFolder_ && !FileExists(location_.Path())) Create();
 }
@@ -207,6 +218,15 @@ OpenSequence::Outcome OpenSequence::OpenIt() {
   file_.password = filePassword_;
   StampStart(*file_.connection);
   return Outcome::Opened;
+}
+
+OpenSequence::Outcome OpenSequence::OpenToLookAt() {
+  const Outcome outcome = OpenIt();
+  Tell(
+      "The data file " + location_.Path() +
+      " is read-only. It is opened to be looked at: nothing can be changed in it. To work with it, "
+      "copy it to a folder of yours with Save As, or change its permissions.");
+  return outcome;
 }
 
 OpenSequence::Outcome OpenSequence::AskToCreate() {

@@ -35,6 +35,8 @@ class OpenSequence {
   void FindPassword();
   void PrepareFolder();
   void AcquireLock();
+  // Of a file that may not be written: opened as it is, to be looked at, and told.
+  [[nodiscard]] Outcome OpenToLookAt();
   void Create();
   [[nodiscard]] bool TakeReindex();
   [[nodiscard]] bool TakeTransferFile();
@@ -56,6 +58,7 @@ class OpenSequence {
   OpeningQuestions& questions_;
   bool quiet_ = false;
   bool isFolder_ = false;  // DBPath names a folder
+  bool isReadOnly_ = false;
   DataFileLocation location_;
   std::string password_;      // of this installation, empty while it has none, or of the passphrase
   std::string filePassword_;  // with which the file is protected now

@@ -50,9 +50,11 @@ void CheckBefore(const std::string& path) {
   if (!FileExists(path)) {
     Refuse(StoreErrorCode::Missing, "This data file does not exist.", path);
   }
-  if (IsReadOnly(path)) {
-    Refuse(StoreErrorCode::ReadOnly, "This data file is read-only.", path);
-  }
+}
+
+// What may not be written can be looked at all the same; a change is refused when it comes.
+int FlagsFor(const std::string& path) {
+  return IsReadOnly(path) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
 }
 
 // The answer "not a database" stands for a wrong key, another kind of file and a damaged first
@@ -113,9 +115,7 @@ void CheckLength(sqlite3* database, const std::string& path) {
   Refuse(StoreErrorCode::Damaged, "This data file ends too early.", path);
 }
 
-}  // namespace
-
-DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
+DatabaseHandle OpenWith(int flags, const DataSource& source, const Clock& clock) {
   CheckBefore(source.path);
   const FileKey key(source.password);
   struct stat status {};
@@ -124,7 +124,7 @@ DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
            status.st_size == 0 ? "This data file is empty." : "This file is no data file.",
            source.path);
   }
-  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
+  DatabaseHandle database = OpenHandle(source, flags);
   ApplyKey(database.get(), key, source.path);
   try {
     (void)QueryNumber(database.get(), "SELECT count(*) FROM sqlite_master", source.path);
@@ -140,8 +140,19 @@ DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
   return database;
 }
 
+}  // namespace
+
+DatabaseHandle OpenFile(const DataSource& source, const Clock& clock) {
+  return OpenWith(FlagsFor(source.path), source, clock);
+}
+
+// What is attached to a handle can be written only where the handle itself was opened for it.
+DatabaseHandle OpenToCopy(const DataSource& source, const Clock& clock) {
+  return OpenWith(SQLITE_OPEN_READWRITE, source, clock);
+}
+
 DatabaseHandle OpenUnchecked(const DataSource& source) {
-  DatabaseHandle database = OpenHandle(source, SQLITE_OPEN_READWRITE);
+  DatabaseHandle database = OpenHandle(source, FlagsFor(source.path));
   ApplyKey(database.get(), FileKey(source.password), source.path);
   return database;
 }
