@@ -137,6 +137,22 @@ void RegisterView::RequestMenu(QPoint place) {
   Q_EMIT MenuRequested(table_->viewport()->mapToGlobal(place));
 }
 
+void RegisterView::ShowAccountColumn(bool show) {
+  if (show == model_->HasAccounts()) return;
+  if (show) {
+    model_->ShowAccounts(true);
+    table_->AddColumn(Columns(locale_, fontMetrics()).at(RegisterModel::kAccount));
+    // Behind the date, where it is looked for.
+    table_->horizontalHeader()->moveSection(RegisterModel::kAccount, 1);
+    return;
+  }
+  if (table_->Sorted().column == RegisterModel::kAccount) {
+    table_->SetSorted({RegisterModel::kDate, false});
+  }
+  table_->RemoveLastColumn();
+  model_->ShowAccounts(false);
+}
+
 void RegisterView::WidenForFigures() {
   const QFontMetrics metrics = fontMetrics();
   const std::vector<ListTable::Column> columns = Columns(locale_, metrics);

@@ -92,22 +92,6 @@ void RegisterView::ShowTotals(const RegisterRows& rows) {
   totals_->Show(text, rows.Totals(), locale_, isFiltered);
 }
 
-void RegisterView::ShowAccountColumn(bool show) {
-  if (show == model_->HasAccounts()) return;
-  if (show) {
-    model_->ShowAccounts(true);
-    table_->AddColumn(Columns(locale_, fontMetrics()).at(RegisterModel::kAccount));
-    // Behind the date, where it is looked for.
-    table_->horizontalHeader()->moveSection(RegisterModel::kAccount, 1);
-    return;
-  }
-  if (table_->Sorted().column == RegisterModel::kAccount) {
-    table_->SetSorted({RegisterModel::kDate, false});
-  }
-  table_->RemoveLastColumn();
-  model_->ShowAccounts(false);
-}
-
 void RegisterView::ShowHidden(std::int64_t count, const StatusFilter& filter, bool isFiltered) {
   if (count == 0) return;
   const QString title = count == 1 ? tr("The one transaction is hidden")
