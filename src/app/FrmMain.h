@@ -195,6 +195,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // With that file chosen; empty for none.
   void ImportFile(const std::string& path);
   void ChangePassword();
+  [[nodiscard]] bool ConfirmPassphrase();
   void ChangePassphrase();
   void ShowRecoveryKey();
 

@@ -11,6 +11,7 @@
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ImportKind.h"
 #include "ledger/KeywordBook.h"
+#include "ledger/PassphrasePrompt.h"
 #include "ledger/RowCount.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -129,9 +130,21 @@ void FrmMain::ChangePassword() {
   if (session_.IsOpen()) session_.Passwords().Change(session_.Ledger().Store());
 }
 
+// Whoever finds the window standing must not be able to lock its owner out.
+bool FrmMain::ConfirmPassphrase() {
+  if (!IsFromPassphrase(session_.Password())) return true;
+  const auto typed =
+      platform_.prompts.AskText("Passphrase", "The present passphrase of the data file:", true);
+  if (!typed) return false;
+  if (PasswordFromPassphrase(*typed, session_.Path()) == session_.Password()) return true;
+  platform_.prompts.Tell(kPassphraseWarning, "This is not the passphrase of the data file.");
+  return false;
+}
+
 void FrmMain::ChangePassphrase() {
   constexpr const char* kTitle = "Passphrase";
   if (!session_.IsOpen() || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
+  if (!ConfirmPassphrase()) return;
   FrmPassphrase dialog(IsFromPassphrase(session_.Password()), platform_, this);
   if (dialog.exec() != QDialog::Accepted) return;
   const ViewCommand before = shown_;

@@ -6,6 +6,8 @@
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 
+#include <utility>
+
 namespace corvanta::inline app {
 
 LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
@@ -19,16 +21,18 @@ LedgerSession::LedgerSession(DataFileOpener& opener, Platform& platform,
   opener_.SetPassphraseQuestion(AskForPassphrase(platform.prompts));
 }
 
+// First what may fail: all is as it was then.
 void LedgerSession::Choose(const std::string& path) {
-  Close();
   Settings settings(platform_.registry);
-  former_ = isFixed_ ? path_ : settings.Text(Setting::DBPath);
-  path_ = path;
+  std::string former = isFixed_ ? path_ : settings.Text(Setting::DBPath);
   if (isFixed_) {
     opener_.SetDataPath(path);
   } else {
     settings.SetText(Setting::DBPath, path);
   }
+  former_ = std::move(former);
+  path_ = path;
+  Close();
 }
 
 void LedgerSession::Unchoose() {

@@ -1,10 +1,14 @@
 #include "app/SafetyCommands.h"
 
 #include "app/LedgerSession.h"
+#include "ledger/KeywordBook.h"
 #include "ledger/PromptedOpening.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "safety/FileStore.h"
 #include "safety/SafetyDialogs.h"
+
+#include <exception>
 
 namespace corvanta::inline app {
 namespace {
@@ -29,17 +33,26 @@ bool RestoreByDialog(LedgerSession& session, Platform& platform, QWidget* parent
   if (!kept.empty()) {
     told += " The one before it is kept as " + kept + ", which can be restored in turn.";
   }
+  const std::string missing =
+      RestoreFileStore(plan->path, opener.Location().Path(), platform.files);
+  if (!missing.empty()) told += "\n" + missing;
   platform.prompts.Tell("Restore", told);
   return true;
 }
 
 void BackUpOnLeaving(LedgerSession& session, Platform& platform) noexcept {
   if (!session.IsWritable()) return;
+  try {
+    // What another program has changed of attached files belongs into the backup.
+    session.Ledger().Notes().Opened().TakeBack();
+  } catch (const std::exception&) {
+    // It is kept where it is, and told at the next look at attached files.
+  }
   Backup(platform, session.Opener().AsWriter()).MakeDue(OpenFileOf(session));
 }
 
 void RemindOfFailedBackup(LedgerSession& session, Platform& platform) {
-  if (!session.IsOpen()) return;
+  if (!session.IsWritable()) return;
   Backup(platform, session.Opener().AsWriter()).RemindOfFailure(OpenFileOf(session));
 }
 

@@ -7,6 +7,7 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "safety/FileStore.h"
 #include "safety/RestoreEditor.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/datafile/opening/KeyRecovery.h"
@@ -139,6 +140,9 @@ ExitStatus RestoreCommand::Restore(const RestorePlan& plan, Session& session) {
   if (!restored.kept.empty()) {
     session.Tell(kTitle, "The data file before it is kept as " + restored.kept);
   }
+  const std::string missing =
+      RestoreFileStore(plan.path, session.Opener().Location().Path(), session.Machine().files);
+  if (!missing.empty()) session.Tell(kTitle, missing);
   return ExitStatus::Done;
 }
 

@@ -10,10 +10,13 @@
 namespace corvanta::inline ledger {
 
 OpenedAttachments::~OpenedAttachments() {
-  try {
-    TakeBack();
-  } catch (const std::exception&) {
-    // It has been kept from being wiped, which is all that can be done here.
+  for (bool isLeft = true; isLeft;) {
+    try {
+      TakeBack();
+      isLeft = false;
+    } catch (const std::exception&) {
+      // That one has been kept from being wiped, which is all that can be done here; then the rest.
+    }
   }
 }
 

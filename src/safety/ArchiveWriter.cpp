@@ -105,7 +105,7 @@ void ArchiveWriter::Write(const ArchivePlan& plan, const std::string& path) {
   const StatusWords status(platform_.progress, "Archiving transactions...");
   WriteArchive(plan, path);
   try {
-    CopyFileStore(FileStoreOf(file_.path), FileStoreOf(path), OnOther::Leave, platform_.files);
+    CopyFileStore(FileStoreOf(file_.path), FileStoreOf(path), OnOther::Refuse, platform_.files);
     TakeOut(plan);
   } catch (...) {
     RemoveDataFileQuietly(path, platform_.files);

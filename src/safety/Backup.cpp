@@ -19,7 +19,10 @@
 #include "store/datafile/opening/FileSteps.h"
 #include "store/sql/FailureText.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
+#include <functional>
 
 namespace corvanta::inline safety {
 namespace {
@@ -33,6 +36,11 @@ enum class Frequency { EveryTime, OnceADay, OnceAWeek };
 
 std::filesystem::path DefaultFolder(const std::string& dataFile) {
   return std::filesystem::path(dataFile).parent_path() / "Backup";
+}
+
+// Each data file has a failure of its own.
+std::string FailureName(const BackedFile& file) {
+  return fmt::format("{} {:016x}", kFailed, std::hash<std::string>{}(file.path));
 }
 
 }  // namespace
@@ -87,7 +95,7 @@ void Backup::AddRest(const BackedFile& file, const BackupWishes& wishes, BackupR
       const std::string transfer = DataFileLocation::FromPath(result.path).TransferPath();
       WriteTransfer(transfer, file.path, file.password, platform_);
     }
-  } catch (const PlatformError& error) {
+  } catch (const std::exception& error) {
     throw PlatformError("The data file is backed up as " + result.path +
                         ", but what belongs to it is not. " + error.what());
   }
@@ -100,15 +108,15 @@ BackupResult Backup::Make(const BackedFile& file, const BackupWishes& wishes) {
     // A disk that is not there must not be taken for a folder that is.
     if (folder == DefaultFolder(file.path)) platform_.files.CreateFolder(folder.string());
     Write(file, result.path, true);
-    result.removed = Thin(file);
     AddRest(file, wishes, result);
-    Remember({});
+    Remember(file, {});
+    result.removed = Thin(file);
     return result;
   } catch (const StoreError& error) {
-    Remember(FailureText(error));
+    Remember(file, FailureText(error));
     throw;
   } catch (const PlatformError& error) {
-    Remember(error.what());
+    Remember(file, error.what());
     throw;
   }
 }
@@ -130,6 +138,7 @@ BackupResult Backup::MakeOver(const BackedFile& file, const std::string& path,
   BackupResult result{path};
   Write(file, path, false);
   AddRest(file, wishes, result);
+  Remember(file, {});
   return result;
 }
 
@@ -147,29 +156,33 @@ bool Backup::MakeDue(const BackedFile& file) noexcept {
 std::size_t Backup::Thin(const BackedFile& file) {
   std::size_t removed = 0;
   for (const Generation& old : Superfluous(Generations(file), platform_.clock.Today())) {
-    RemoveDataFile(old.path, platform_.files);
-    ++removed;
+    try {
+      RemoveDataFile(old.path, platform_.files);
+      ++removed;
+    } catch (const PlatformError&) {
+      // One too many is no harm: the next backup tries again.
+    }
   }
   return removed;
 }
 
-void Backup::Remember(const std::string& failure) {
+void Backup::Remember(const BackedFile& file, const std::string& failure) {
   if (failure.empty()) {
-    platform_.registry.DeleteValue(Hive::CurrentUser, kSafetyKey, kFailed);
+    platform_.registry.DeleteValue(Hive::CurrentUser, kSafetyKey, FailureName(file));
     return;
   }
-  platform_.registry.Write(Hive::CurrentUser, kSafetyKey, kFailed,
+  platform_.registry.Write(Hive::CurrentUser, kSafetyKey, FailureName(file),
                            "The backup of " +
                                platform_.locale.FormatShortDate(platform_.clock.Today()) +
                                " failed. " + failure);
 }
 
-std::optional<std::string> Backup::Failure() const {
-  return platform_.registry.Read(Hive::CurrentUser, kSafetyKey, kFailed);
+std::optional<std::string> Backup::Failure(const BackedFile& file) const {
+  return platform_.registry.Read(Hive::CurrentUser, kSafetyKey, FailureName(file));
 }
 
 void Backup::RemindOfFailure(const BackedFile& file) {
-  const std::optional<std::string> failure = Failure();
+  const std::optional<std::string> failure = Failure(file);
   if (!failure) return;
   const std::string before = *failure + "\nYour latest changes are in no backup.";
   if (!platform_.prompts.Ask(kTitle, before + " Do you wish to make one now?", Icon::Warning)) {

@@ -69,7 +69,7 @@ class Backup {
   bool MakeDue(const BackedFile& file) noexcept;
 
   // Why the last backup failed, in words; nullopt when it did not.
-  [[nodiscard]] std::optional<std::string> Failure() const;
+  [[nodiscard]] std::optional<std::string> Failure(const BackedFile& file) const;
   // Tells a failure once more, and offers to try again at once. To be called when the file has been
   // opened.
   void RemindOfFailure(const BackedFile& file);
@@ -78,7 +78,7 @@ class Backup {
   void Write(const BackedFile& file, const std::string& path, bool isPlace);
   void AddRest(const BackedFile& file, const BackupWishes& wishes, BackupResult& result);
   std::size_t Thin(const BackedFile& file);
-  void Remember(const std::string& failure);
+  void Remember(const BackedFile& file, const std::string& failure);
 
   Platform& platform_;
   const Writer& writer_;

@@ -19,7 +19,7 @@ BackupForm BackupEditor::Load() const {
 }
 
 std::string BackupEditor::State() const {
-  if (const auto failure = backup_.Failure()) return *failure;
+  if (const auto failure = backup_.Failure(file_)) return *failure;
   const std::vector<Generation> backups = backup_.Generations(file_);
   if (backups.empty()) return "There is no backup of this data file yet.";
   const std::string day = platform_.locale.FormatShortDate(backups.front().made.date);

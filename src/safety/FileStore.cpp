@@ -22,9 +22,13 @@ bool LooksSame(const fs::path& from, const fs::path& to) {
 // False where it needs no copy.
 bool CopyOne(const fs::path& from, const fs::path& to, OnOther onOther, Files& files) {
   const bool isThere = FileExists(to.string());
-  if (isThere && (onOther == OnOther::Leave || LooksSame(from, to))) return false;
+  if (isThere && onOther == OnOther::KeepOld && LooksSame(from, to)) return false;
   const std::string content = ReadFile(from.string(), kLargest);
   if (isThere && content == ReadFile(to.string(), kLargest)) return false;
+  if (isThere && onOther == OnOther::Refuse) {
+    throw PlatformError("There is another file of that name already: " + to.string() +
+                        ". It was left as it is. Choose a folder without attached files.");
+  }
   if (isThere) (void)SetAside(to.string(), ".old", files);
   files.WriteAtomically(to.string(), content);
   if (ReadFile(to.string(), kLargest) == content) return true;
@@ -56,6 +60,15 @@ std::size_t CopyFileStore(const std::string& from, const std::string& to, OnOthe
                         error.message() + "). Check its permissions and try again.");
   }
   return copied;
+}
+
+std::string RestoreFileStore(const std::string& backup, const std::string& dataFile, Files& files) {
+  try {
+    CopyFileStore(FileStoreOf(backup), FileStoreOf(dataFile), OnOther::Refuse, files);
+    return {};
+  } catch (const PlatformError& error) {
+    return std::string("Its attached files are not all there: ") + error.what();
+  }
 }
 
 }  // namespace corvanta::inline safety

@@ -126,7 +126,8 @@ void FrmRestore::ShowPlan() {
   if (!plan_) return;
   for (const AccountChange& change : plan_->changes) lvChanges_->AddRow(CellsOf(change));
   Note(plan_->IsChange() ? tr("Shown is %1.").arg(ToQt(plan_->path))
-                         : tr("The data file holds just what is in %1.").arg(ToQt(plan_->path)));
+                         : tr("The transactions are those of %1. What else it holds may differ.")
+                               .arg(ToQt(plan_->path)));
 }
 
 QStringList FrmRestore::CellsOf(const AccountChange& change) const {

@@ -7,6 +7,7 @@
 #include "safety/Backup.h"
 #include "store/datafile/FilePasswords.h"
 #include "store/datafile/InstallationKey.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/backup/RestoreDataFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/KeyRecovery.h"
@@ -16,6 +17,8 @@
 #include "store/sql/engine/Sqlite.h"
 
 #include <algorithm>
+#include <functional>
+#include <iterator>
 
 namespace corvanta::inline safety {
 namespace {
@@ -53,17 +56,24 @@ RestoreEditor::RestoreEditor(DataFileLocation dataFile, FilePasswords& passwords
 
 std::vector<RestoreSource> RestoreEditor::Sources() const {
   std::vector<RestoreSource> sources;
-  if (const auto password = AskedPassword()) {
-    const Writer nobody;
-    for (const Generation& each :
-         Backup(platform_, nobody).Generations({dataFile_.Path(), *password})) {
-      sources.push_back({each.path, each.made, false});
-    }
-  }
+  const auto asked = AskedPassword();
+  std::vector<Generation> generations = BackupsUnder(asked);
+  // Those from before a passphrase was chosen.
+  const auto own = FindInstallationPassword(platform_);
+  if (own != asked) std::ranges::copy(BackupsUnder(own), std::back_inserter(generations));
+  std::ranges::stable_sort(generations, std::greater<>(), &Generation::made);
+  for (const Generation& each : generations) sources.push_back({each.path, each.made, false});
   for (const std::string& path : FindKeptFiles(dataFile_)) {
     sources.push_back({path, std::nullopt, true});
   }
   return sources;
+}
+
+std::vector<Generation> RestoreEditor::BackupsUnder(
+    const std::optional<std::string>& password) const {
+  if (!password) return {};
+  const Writer nobody;
+  return Backup(platform_, nobody).Generations({dataFile_.Path(), *password});
 }
 
 std::optional<Warning> RestoreEditor::Check(const std::string& path) const {
@@ -110,12 +120,15 @@ std::optional<RestorePlan> RestoreEditor::Look(const std::string& path,
   const StatusWords status(platform_.progress, "Reading the backup...");
   const std::optional<std::string> password = PasswordOf(path, key);
   if (!password) return std::nullopt;
+  // That of the present file is asked for, too, where it is another passphrase.
+  const bool isKnown = !WantsPassphrase(dataFile_.Path()) || AskedPassword().has_value();
   const auto now = Present(dataFile_.Path(), PresentPassword().value_or(std::string()), platform_);
   if (now && !admits_(*now)) return std::nullopt;
   const auto then = Connection::Open({path, *password, {}}, platform_.clock);
   if (!admits_(*then)) return std::nullopt;
   if (!then->Check().empty()) throw DamageOf(path);
-  return RestorePlan{path, *password, CompareFiles(now.get(), *then)};
+  return RestorePlan{path, *password, CompareFiles(now.get(), *then), now != nullptr,
+                     !isKnown && !IsFromPassphrase(*password)};
 }
 
 std::string RestoreEditor::QuestionOf(const RestorePlan& plan) const {
@@ -132,7 +145,14 @@ std::string RestoreEditor::QuestionOf(const RestorePlan& plan) const {
                      RowsText(removed, platform_) + (removed == 1 ? " goes, " : " go, ") +
                      RowsText(changed, platform_) +
                      (changed == 1 ? " reads as it did.\n" : " read as they did.\n");
-  if (IdentityOf(dataFile_.Path()).has_value()) {
+  const bool isThere = IdentityOf(dataFile_.Path()).has_value();
+  if (isThere && !plan.isPresentRead) {
+    text += "The present data file could not be read: what it holds beyond that is not shown. ";
+  }
+  if (plan.losesPassphrase) {
+    text += "Afterwards it opens on this computer without a passphrase; set one again. ";
+  }
+  if (isThere) {
     text += "The present data file is kept beside it and can be restored in turn. ";
   }
   return text + "Do you wish to continue?";

@@ -4,6 +4,7 @@
 #include "platform/Date.h"
 #include "safety/RestoreComparison.h"
 #include "store/datafile/DataFileLocation.h"
+#include "store/datafile/backup/Generations.h"
 
 #include <functional>
 #include <optional>
@@ -33,6 +34,8 @@ struct RestorePlan {
   std::string path;
   std::string password;                // that opens it
   std::vector<AccountChange> changes;  // of every account, also of those that stay as they are
+  bool isPresentRead = false;          // so that it is known what would go
+  bool losesPassphrase = false;        // it would open on this computer without being asked for one
 
   [[nodiscard]] bool IsChange() const;
 };
@@ -67,6 +70,9 @@ class RestoreEditor {
 
   // Of the data file in use, as far as it is known or this installation has one.
   [[nodiscard]] std::optional<std::string> PresentPassword() const;
+  // The backups that open with that password; none without one.
+  [[nodiscard]] std::vector<Generation> BackupsUnder(
+      const std::optional<std::string>& password) const;
   // The same, asked for where it is a passphrase.
   [[nodiscard]] std::optional<std::string> AskedPassword() const;
 

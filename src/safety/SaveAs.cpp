@@ -13,7 +13,7 @@ void SaveDataFileAs(const BackedFile& file, const std::string& path, Platform& p
   const StatusWords status(platform.progress, "Saving the data file...");
   DataFileDraft draft({file.path, file.password, {}}, path, MarkOf("copy " + path), writer,
                       platform);
-  CopyFileStore(FileStoreOf(file.path), FileStoreOf(path), OnOther::Leave, platform.files);
+  CopyFileStore(FileStoreOf(file.path), FileStoreOf(path), OnOther::Refuse, platform.files);
   if (IdentityOf(path).has_value()) (void)SetAside(path, ".old", platform.files);
   draft.Install(false);
 }

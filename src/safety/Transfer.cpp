@@ -1,6 +1,7 @@
 #include "safety/Transfer.h"
 
 #include "platform/Platform.h"
+#include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/sql/StoreError.h"
@@ -11,6 +12,13 @@ namespace corvanta::inline safety {
 
 void WriteTransfer(const std::string& path, const std::string& dataFile,
                    const std::string& password, Platform& platform) {
+  if (IsFromPassphrase(password)) {
+    throw StoreError(
+        StoreErrorCode::Sql,
+        "The data file opens with its passphrase on every computer, and its key is kept "
+        "nowhere. No transfer file was written: it needs none.",
+        {}, path);
+  }
   const auto folder = [](const std::string& file) {
     const std::filesystem::path above = std::filesystem::path(file).parent_path();
     return IdentityOf(above.empty() ? "." : above.string());

@@ -141,8 +141,11 @@ TEST_F(DataFileCommands, APassphraseIsSetChangedAndTakenAwayAndTheSameViewStands
       dialog->close();
     });
   };
+  std::optional<std::string> present;
   for (const char* phrase : {"correct horse battery", "another four words"}) {
+    if (present) machine_.prompts.ExpectText("Passphrase", ScriptedPrompts::kAnyText, present);
     answer(QString::fromLatin1(phrase));
+    present = phrase;
     machine_.prompts.ExpectTell("Passphrase warning", ScriptedPrompts::kAnyText);
     machine_.prompts.ExpectTell("Passphrase", ScriptedPrompts::kAnyText);
     Trigger("mnuFilePassphrase");
@@ -151,6 +154,11 @@ TEST_F(DataFileCommands, APassphraseIsSetChangedAndTakenAwayAndTheSameViewStands
   }
   machine_.prompts.ExpectTell("Recovery Key", ScriptedPrompts::kAnyText);
   Trigger("mnuFileKey");
+  machine_.prompts.ExpectText("Passphrase", ScriptedPrompts::kAnyText, "some other words");
+  machine_.prompts.ExpectTell("Passphrase warning", ScriptedPrompts::kAnyText);
+  Trigger("mnuFilePassphrase");
+  EXPECT_EQ(PasswordFromPassphrase(*present, DataFilePath()), session_.Password());
+  machine_.prompts.ExpectText("Passphrase", ScriptedPrompts::kAnyText, present);
   answer({});
   machine_.prompts.ExpectTell("Passphrase", ScriptedPrompts::kAnyText);
   Trigger("mnuFilePassphrase");

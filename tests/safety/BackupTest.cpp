@@ -163,7 +163,7 @@ TEST_F(Backups, AFailureIsToldAtTheNextStartUntilOneSucceeds) {
   prompts.ExpectTell("Backup", "The data file is backed up as " + Folder() + "/Corvanta.dat.");
   backup_.RemindOfFailure(File());
   backup_.RemindOfFailure(File());
-  EXPECT_EQ(backup_.Failure(), std::nullopt);
+  EXPECT_EQ(backup_.Failure(File()), std::nullopt);
 }
 
 TEST_F(Backups, DamageIsNotCopiedOverAGoodBackup) {
@@ -179,7 +179,7 @@ TEST_F(Backups, DamageIsNotCopiedOverAGoodBackup) {
   EXPECT_THROW(backup_.Make(file, {}), StoreError);
   EXPECT_EQ(NamesIn(Folder()), Names{"Corvanta.dat"});
   EXPECT_EQ(ReadFile(Folder() + "/Corvanta.dat"), good);
-  EXPECT_TRUE(backup_.Failure().has_value());
+  EXPECT_TRUE(backup_.Failure(File()).has_value());
 }
 
 TEST_F(Backups, AttachedFilesGoAlongAndOlderContentIsKept) {

@@ -1,4 +1,5 @@
 #include "platform/Files.h"
+#include "safety/FileStore.h"
 #include "safety/RestoreEditor.h"
 #include "safety/SafetyTest.h"
 #include "store/datafile/InstallationKey.h"
@@ -70,6 +71,59 @@ TEST_F(Restores, AskForThePassphraseOnceAndKeepIt) {
   const RestoredFile restored = opener.Restore(plan->path, plan->password);
   EXPECT_EQ(restored.file.password, password);
   EXPECT_TRUE(WantsPassphrase(store_.Path()));
+}
+
+TEST_F(Restores, WorkWithAPassphraseWhenTheDataFileIsCutOffOrGone) {
+  const std::string password = NewPasswordFromPassphrase("a phrase of four words");
+  store_.Close();
+  DataFileOpener opener(store_.platform.Get(), "a test");
+  opener.Protect(password);
+  SetToday(2026, 11, 21, 18, 30);
+  const std::string made = backup_.Make({store_.Path(), password}, {}).path;
+  passwords_.SetQuestion([](const std::string&, bool) { return "a phrase of four words"; });
+  const std::string whole = ReadFile(store_.Path());
+  for (const std::size_t size : {whole.size() / 2, std::size_t{0}}) {
+    store_.platform.folder.Write("data/Corvanta.dat", whole.substr(0, size));
+    const auto plan = Editor().Look(made);
+    ASSERT_TRUE(plan.has_value()) << size;
+    EXPECT_FALSE(plan->isPresentRead);
+    EXPECT_NE(Editor().QuestionOf(*plan).find("could not be read"), std::string::npos);
+    DataFileOpener fresh(store_.platform.Get(), "a test");
+    EXPECT_EQ(fresh.Restore(plan->path, plan->password).file.password, password);
+  }
+  store_.platform.files.Remove(store_.Path());
+  ASSERT_TRUE(Editor().Look(made).has_value());
+  EXPECT_TRUE(WantsPassphrase(opener.Restore(made, password).file.connection->Path()));
+}
+
+// Whoever does not know the passphrase can restore what has another key, and is told what follows.
+TEST_F(Restores, SayWhenAPassphraseIsLost) {
+  const std::string former = store_.Password();
+  store_.Close();
+  DataFileOpener(store_.platform.Get(), "a test")
+      .Protect(NewPasswordFromPassphrase("a phrase of four words"));
+  passwords_.SetQuestion([](const std::string&, bool) { return std::nullopt; });
+  const auto sources = Editor().Sources();
+  ASSERT_FALSE(sources.empty()) << "those under the former key are offered";
+  const auto plan = Editor().Look(sources.front().path);
+  ASSERT_TRUE(plan.has_value());
+  EXPECT_TRUE(plan->losesPassphrase);
+  EXPECT_NE(Editor().QuestionOf(*plan).find("without a passphrase"), std::string::npos);
+}
+
+TEST_F(Restores, BringAttachedFilesBack) {
+  Files& files = store_.platform.files;
+  const std::string stored = store_.platform.folder.Path("data/FileStore");
+  files.CreateFolder(stored);
+  store_.platform.folder.Write("data/FileStore/bill.txt", "paid");
+  store_.platform.folder.Write("data/FileStore/other.txt", "as it was");
+  const std::string made = backup_.Make(File(), {true, false}).path;
+  files.Remove(stored + "/bill.txt");
+  EXPECT_EQ(RestoreFileStore(made, store_.Path(), files), "");
+  EXPECT_EQ(ReadFile(stored + "/bill.txt"), "paid");
+  store_.platform.folder.Write("data/FileStore/other.txt", "changed since");
+  EXPECT_NE(RestoreFileStore(made, store_.Path(), files), "");
+  EXPECT_EQ(ReadFile(stored + "/other.txt"), "changed since");
 }
 
 TEST_F(Restores, ABackupFromBeforeThePassphraseComesBackUnderIt) {

@@ -26,7 +26,7 @@ std::optional<std::string> FilePasswords::Of(const std::string& path) {
 // Copies of a file open with what opens the file.
 std::optional<std::string> FilePasswords::Known(const std::string& path) {
   const auto found = std::ranges::find_if(
-      known_, [&](const std::string& password) { return OpensWith(path, password, platform_); });
+      known_, [&](const std::string& password) { return Fits(path, password); });
   return found == known_.end() ? std::nullopt : std::optional(*found);
 }
 
@@ -36,12 +36,24 @@ std::string FilePasswords::Ask(const std::string& path) {
     const std::optional<std::string> typed = ask_(path, isAgain);
     if (!typed) break;
     const auto password = PasswordFromPassphrase(*typed, path);
-    if (password && OpensWith(path, *password, platform_)) return *password;
+    if (password && Fits(path, *password)) return *password;
   }
   const char* happened = isAgain ? "This passphrase does not open the data file."
                                  : "This data file opens with its passphrase, which was not given.";
   throw StoreError(StoreErrorCode::WrongPassphrase,
                    path + "\n" + FailureText(StoreErrorCode::WrongPassphrase, happened), {}, path);
+}
+
+bool FilePasswords::Fits(const std::string& path, const std::string& password) {
+  if (!FileExists(path)) return false;
+  try {
+    return OpensWith(path, password, platform_);
+  } catch (const StoreError& error) {
+    // What is cut off was deciphered so far.
+    if (error.Code() == StoreErrorCode::Damaged) return WantsPassphrase(path);
+    if (error.Code() == StoreErrorCode::NotADataFile) return false;
+    throw;
+  }
 }
 
 }  // namespace corvanta::inline datafile

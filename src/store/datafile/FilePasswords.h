@@ -41,6 +41,8 @@ class FilePasswords {
 
  private:
   [[nodiscard]] std::string Ask(const std::string& path);
+  // Whether the password is that of the file, which may be damaged further in, or gone.
+  [[nodiscard]] bool Fits(const std::string& path, const std::string& password);
 
   Platform& platform_;
   PassphraseQuestion ask_;

@@ -131,7 +131,16 @@ std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const W
   Turn turn(writer.patience);
   for (;;) {
     FileHandle file(::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (!file.IsOpen()) ThrowOpenError(errno, path);
+    if (!file.IsOpen()) {
+      const int error = errno;
+      // The folder can be written by several people, and one of them is writing.
+      const bool isOthers = error == EACCES && ::access(lockPath.c_str(), F_OK) == 0;
+      if (!isOthers) ThrowOpenError(error, path);
+      throw StoreError(
+          StoreErrorCode::Locked,
+          FailureText(StoreErrorCode::Locked, Refusal(name, "another user of this computer")), {},
+          path);
+    }
     if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
       if (errno == EINTR) continue;
       if (errno != EWOULDBLOCK) ThrowOpenError(errno, path);

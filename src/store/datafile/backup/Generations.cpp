@@ -5,8 +5,10 @@
 #include "store/datafile/opening/FileSteps.h"
 
 #include <fmt/format.h>
+#include <sys/stat.h>
 
 #include <algorithm>
+#include <ctime>
 #include <filesystem>
 #include <functional>
 #include <set>
@@ -48,6 +50,18 @@ std::string Bucket(const Generation& generation, Date today) {
     return "w" + std::to_string((day.Serial() - day.WeekDay() + 1) / kDaysAWeek);
   }
   return "m" + std::to_string(day.Year() * kMonthsAYear + day.Month());
+}
+
+// When the file was written last, by this machine's clock; nullopt where it does not say.
+std::optional<DateTime> ChangeTime(const std::string& path) {
+  struct stat status {};
+  std::tm local{};
+  if (::stat(path.c_str(), &status) != 0 || ::localtime_r(&status.st_mtime, &local) == nullptr) {
+    return std::nullopt;
+  }
+  const auto day = Date::FromYmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+  if (!day) return std::nullopt;
+  return DateTime{*day, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec};
 }
 
 void SortNewestFirst(std::vector<Generation>& generations) {
@@ -110,7 +124,9 @@ std::vector<Generation> Superfluous(std::vector<Generation> generations, Date to
 void MakeRoom(const GenerationsOf& backups, Files& files) {
   if (!IdentityOf(backups.place).has_value()) return;
   const auto made = ReadBackupTime(backups.place, backups.password);
-  if (made) return files.Replace(backups.place, FreeDatedPath(backups.place, *made));
+  // One under another key is a backup all the same, from before a passphrase was chosen.
+  const auto day = made ? made : ChangeTime(backups.place);
+  if (day) return files.Replace(backups.place, FreeDatedPath(backups.place, *day));
   (void)SetAside(backups.place, ".old", files);
 }
 
