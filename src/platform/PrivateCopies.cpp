@@ -68,6 +68,19 @@ void WipeFolder(const fs::path& folder) {
   fs::remove_all(folder, error);
 }
 
+// What was saved beside the copy under a name of its own is somebody's work: it stays, and the next
+// Sweep finds it.
+void WipeCopy(const fs::path& path) {
+  const fs::path folder = path.parent_path();
+  const std::vector<fs::path> entries = EntriesOf(folder);
+  const bool hasWork = std::ranges::any_of(
+      entries, [&](const fs::path& entry) { return entry != path && IsChanged(entry); });
+  if (!hasWork) return WipeFolder(folder);
+  Overwrite(path.string());
+  std::error_code error;
+  fs::remove(path, error);
+}
+
 // "1234-1": the program that made it; nullopt for a folder of another kind.
 std::optional<pid_t> OwnerOf(const std::string& folder) {
   const std::size_t end = folder.find('-');
@@ -101,7 +114,7 @@ std::string NameOf(const std::string& name) {
 }  // namespace
 
 PrivateCopies::~PrivateCopies() {
-  for (const std::string& path : paths_) WipeFolder(fs::path(path).parent_path());
+  for (const std::string& path : paths_) WipeCopy(path);
 }
 
 std::string PrivateCopies::Put(const std::string& name, const std::string& bytes,

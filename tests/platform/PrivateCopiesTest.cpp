@@ -42,6 +42,20 @@ TEST(PrivateCopies, CopiesAreWipedAndWhatWasReleasedStays) {
   EXPECT_EQ(left, 1);
 }
 
+TEST(PrivateCopies, WhatWasSavedBesideACopyUnderAnotherNameStays) {
+  const TemporaryFolder folder;
+  std::string place;
+  {
+    PrivateCopies copies(folder.Path("opened"));
+    const std::string looked = copies.Put("letter.odt", "secret", false);
+    place = fs::path(looked).parent_path().string();
+    SystemFiles().WriteNew(place + "/.~lock.letter.odt#", "of the other program");
+    SystemFiles().WriteNew(place + "/letter with notes.odt", "work of an hour");
+  }
+  EXPECT_EQ(ReadFile(place + "/letter with notes.odt"), "work of an hour");
+  EXPECT_FALSE(FileExists(place + "/letter.odt"));
+}
+
 TEST(PrivateCopies, WhatEndedProgramsLeftIsWipedUnlessItWasChanged) {
   const TemporaryFolder folder;
   SystemFiles files;
