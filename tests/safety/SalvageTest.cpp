@@ -59,11 +59,19 @@ TEST_F(Salvages, WhatTheDamageHoldsIsListedAndTheRestIsRead) {
   store_.Close();
   const std::size_t pages = Pages();
   std::set<std::int64_t> readings;
-  for (std::size_t page = 2; page < pages; page += pages / 3) {
+  for (std::size_t page = 2; page < pages; page += pages / 5) {
     SCOPED_TRACE(page);
     const std::string before = ReadFile(store_.Path());
     Damage(page, 2);
-    const auto tables = Salvage();
+    std::vector<SalvagedTable> tables;
+    try {
+      tables = Salvage();
+    } catch (const StoreError&) {
+      // The list of the tables stood there, without which nobody knows where they are.
+      EXPECT_FALSE(FileExists(path_));
+      store_.platform.folder.Write("data/Corvanta.dat", before);
+      continue;
+    }
     EXPECT_TRUE(Connect(path_)->Check().empty());
     EXPECT_TRUE(AreEntriesWhole());
     for (const SalvagedTable& table : tables) {
