@@ -167,6 +167,9 @@ void FrmMain::Connect() {
   session_.OnClose([window = QPointer<FrmMain>(this)] {
     if (!window) return;
     for (MainView* view : window->views_) view->LetGo();
+    // Until the next file is shown a signal that comes in finds no view to ask.
+    window->view_ = nullptr;
+    window->actions_->SetDataOpen(false);
   });
   auto* dayCheck = new QTimer(this);
   dayCheck->setObjectName(QStringLiteral("tmrDay"));

@@ -86,12 +86,14 @@ bool WelcomeCommands::BeginOwnFile() {
   const std::string aside = SamplePath(true);
   Files& files = place_.platform.files;
   place_.session.Close();
-  files.Replace(path, aside);
   try {
+    files.Replace(path, aside);
     (void)place_.session.Opener().CreateNew(true);
   } catch (...) {
     // What was there comes back as it was.
-    if (!FileExists(path)) files.Replace(aside, path);
+    place_.host.Guard([&] {
+      if (!FileExists(path) && FileExists(aside)) files.Replace(aside, path);
+    });
     reopen_();
     throw;
   }
