@@ -52,7 +52,9 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
       day_(platform.clock.Today()),
       actions_(new MainActions(this)),
       place_{session, platform, *actions_, *this, *this},
-      welcome_(std::make_unique<WelcomeCommands>(place_, [this] { return Reopen(true); })) {
+      welcome_(std::make_unique<WelcomeCommands>(
+          place_, [this] { return Reopen(true); },
+          [this](const std::string& path) { return SwitchTo(path); })) {
   setObjectName(QStringLiteral("FrmMain"));
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
   setWindowIcon(ProgramIcon());
