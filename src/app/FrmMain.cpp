@@ -52,7 +52,9 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
       day_(platform.clock.Today()),
       actions_(new MainActions(this)),
       place_{session, platform, *actions_, *this, *this},
-      welcome_(std::make_unique<WelcomeCommands>(place_, [this] { return Reopen(true); })) {
+      welcome_(std::make_unique<WelcomeCommands>(
+          place_, [this] { return Reopen(true); },
+          [this](const std::string& path) { return SwitchTo(path); })) {
   setObjectName(QStringLiteral("FrmMain"));
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
   setWindowIcon(ProgramIcon());
@@ -167,6 +169,9 @@ void FrmMain::Connect() {
   session_.OnClose([window = QPointer<FrmMain>(this)] {
     if (!window) return;
     for (MainView* view : window->views_) view->LetGo();
+    // Until the next file is shown a signal that comes in finds no view to ask.
+    window->view_ = nullptr;
+    window->actions_->SetDataOpen(false);
   });
   auto* dayCheck = new QTimer(this);
   dayCheck->setObjectName(QStringLiteral("tmrDay"));

@@ -166,7 +166,7 @@ void FrmMain::ApplyDay() {
 }
 
 void FrmMain::Undo(bool again) {
-  if (view_ == nullptr) return;
+  if (view_ == nullptr || !session_.IsOpen()) return;
   constexpr std::string_view kRows = "tblTransactions";
   UndoLog& log = session_.Ledger().Undo();
   const auto touched = again ? log.RedoKeys(kRows) : log.UndoKeys(kRows);

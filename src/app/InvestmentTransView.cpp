@@ -159,6 +159,7 @@ void InvestmentTransView::Delete(std::int64_t /*key*/) {
 }
 
 std::vector<std::int64_t> InvestmentTransView::Copied() const {
+  if (!Place().session.IsOpen()) return {};
   const auto keys = FromClip(ClipKind::Transactions, ToQt(Place().session.Path()));
   return Place().session.Ledger().Investments().InvestmentTransactionsAmong(keys);
 }

@@ -14,6 +14,7 @@
 #include "notes/NoteDialogs.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "store/sql/Connection.h"
 
 #include <QAction>
 #include <QApplication>
@@ -71,6 +72,9 @@ void ItemCommands::ShowAttachments() {
 
 void ItemCommands::TakeBack() {
   if (!place_.session.IsOpen() || QApplication::activeModalWidget() != nullptr) return;
+  // What is being written may yet be undone as a whole; it is tried again when the window is next
+  // come back to.
+  if (place_.session.Ledger().Store().InTransaction()) return;
   place_.host.Guard([this] {
     const auto taken = place_.session.Ledger().Notes().Opened().TakeBack();
     if (taken.empty()) return;

@@ -75,7 +75,7 @@ void ListModel::PutInOrder() {
     keys = rows_->SortKeys(static_cast<std::size_t>(sort_.column));
   }
   order_ = SortedRows(count, sort_, [&keys](std::size_t row) { return std::move(keys[row]); });
-  if (!query_.IsEmpty()) KeepFitting();
+  if (rows_ && !query_.IsEmpty()) KeepFitting();
 }
 
 void ListModel::KeepFitting() {

@@ -282,7 +282,7 @@ void MainActions::SetDataOpen(bool open) const {
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
         mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew,
         mnuToolsCurrencies, mnuFileSaveAs,      mnuFileBackup,       mnuFileArchive,
-        mnuFileTransfer}) {
+        mnuFileTransfer,    mnuHelpWelcome}) {
     action->setEnabled(open);
   }
 }

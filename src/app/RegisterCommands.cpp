@@ -74,7 +74,7 @@ std::int64_t RegisterCommands::RowInUse() const {
 }
 
 void RegisterCommands::Mark(bool isShown) {
-  const std::int64_t key = isShown ? view_.FocusedKey() : 0;
+  const std::int64_t key = isShown && place_.session.IsOpen() ? view_.FocusedKey() : 0;
   place_.actions.mnuTransEdit->setEnabled(key != 0);
   MarkRow(key);
 }
@@ -130,9 +130,16 @@ void RegisterCommands::Do(EditTask task, std::int64_t accountId) {
   }
 }
 
-bool RegisterCommands::IsAccountClosed(const char* title) {
-  const auto account = place_.session.Ledger().Accounts().ReadAccount(place_.host.ChosenAccount());
-  if (!account || !account->closed) return false;
+bool RegisterCommands::IsAccountClosed(const char* title, Keys transactionIds) {
+  clsCorvanta& ledger = place_.session.Ledger();
+  const auto account = ledger.Accounts().ReadAccount(place_.host.ChosenAccount());
+  // Where a filter shows the rows of several accounts none of them is the chosen one.
+  const auto isInClosed = [&](std::int64_t key) {
+    const auto row = ledger.Transactions().ReadTransaction(key);
+    return row && row->accountClosed;
+  };
+  const bool isClosed = account ? account->closed : std::ranges::any_of(transactionIds, isInClosed);
+  if (!isClosed) return false;
   place_.platform.prompts.Tell(title, kAccountClosed);
   return true;
 }
@@ -160,27 +167,26 @@ void RegisterCommands::ChangeRows(const std::function<void()>& change) {
 }
 
 void RegisterCommands::ApplyStatus(StatusCommand command, bool isTicked) {
-  if (IsAccountClosed(kAmendItem)) return MarkRow(RowInUse());
   const std::vector<std::int64_t> keys = view_.ChosenKeys();
-  if (keys.empty()) return MarkRow(RowInUse());
+  if (keys.empty() || IsAccountClosed(kAmendItem, keys)) return MarkRow(RowInUse());
   ChangeRows([&] { place_.session.Ledger().Statuses().ApplyStatus(command, keys, isTicked); });
 }
 
 void RegisterCommands::Edit() {
   const std::vector<std::int64_t> keys = view_.ChosenKeys();
-  if (RowInUse() == 0 || keys.empty() || IsAccountClosed(kAmendItem)) return;
+  if (RowInUse() == 0 || keys.empty() || IsAccountClosed(kAmendItem, keys)) return;
   EditTransactions(place_, keys);
 }
 
 void RegisterCommands::Open(std::int64_t key) {
   const std::vector<std::int64_t> keys = view_.ChosenKeys();
   if (keys.size() > 1 && std::ranges::count(keys, key) > 0) return Edit();
-  if (!IsAccountClosed(kAmendItem)) EditTransactions(place_, {&key, 1});
+  if (!IsAccountClosed(kAmendItem, {&key, 1})) EditTransactions(place_, {&key, 1});
 }
 
 void RegisterCommands::Delete() {
   const std::vector<std::int64_t> keys = view_.ChosenKeys();
-  if (keys.empty() || IsAccountClosed(kAmendItem)) return;
+  if (keys.empty() || IsAccountClosed(kAmendItem, keys)) return;
   TransactionBook& transactions = place_.session.Ledger().Transactions();
   if (transactions.ReachesClosedAccount(keys)) {
     place_.platform.prompts.Tell(kAmendItem, kAccountClosed);

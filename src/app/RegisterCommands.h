@@ -37,8 +37,9 @@ class RegisterCommands : public QObject {
  private:
   void ConnectMenu();
   void ConnectStatus();
-  // Tells that the shown account is closed and returns true when it is.
-  bool IsAccountClosed(const char* title);
+  // Tells that the shown account is closed, or that of one of these rows where several are shown,
+  // and returns true when it is.
+  bool IsAccountClosed(const char* title, Keys transactionIds = {});
   // Runs a change of many rows with the words for it in the status bar.
   void ChangeRows(const std::function<void()>& change);
   void ApplyStatus(StatusCommand command, bool isTicked);

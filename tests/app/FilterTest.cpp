@@ -419,5 +419,33 @@ TEST_F(FilterDialog, WhatIsTypedFindsAnItemAmongAThousand) {
   EXPECT_EQ(dialog.List(), "") << "what is not shown, too";
 }
 
+TEST_F(FilterInWindow, RowsOfAClosedAccountAmongSeveralStayAsTheyAre) {
+  Start();
+  Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = 2");
+  machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Closed", "1");
+  ViewCommand command{kTransactionShow, 1};
+  command.rows.SetKeys(FilterKind::Account, {1, 2});
+  window_->Show(command);
+  ASSERT_EQ(Table().model()->rowCount(), 4);
+  Table().selectAll();
+  for (const char* action : {"mnuTransChk", "mnuTransEdit"}) {
+    machine_.prompts.ExpectTell("Amend Item", "This Account is closed, Items cannot be amended");
+    Trigger(action);
+  }
+  const auto cleared = [this] {
+    return session_.Ledger()
+        .Store()
+        .QueryValue("Select Count(*) from tblTransactions Where BankChk <> 0")
+        .Int();
+  };
+  EXPECT_EQ(cleared(), 0);
+  // What is chosen in the open account alone can be changed.
+  for (int row = 0; row < Table().model()->rowCount(); ++row) {
+    if (Texts().split(u' ').at(row) == "ham") Table().ChooseRow(row);
+  }
+  Trigger("mnuTransChk");
+  EXPECT_EQ(cleared(), 1);
+}
+
 }  // namespace
 }  // namespace corvanta

@@ -10,6 +10,7 @@
 #include "support/LedgerProblems.h"
 #include "support/StatementLog.h"
 
+#include <QClipboard>
 #include <QComboBox>
 #include <QDialog>
 #include <QLineEdit>
@@ -225,6 +226,25 @@ TEST_F(LongListOfTrades, ReadsWhatIsInSightAndSortsByEveryColumn) {
                        isNumber ? QString() : text);
     })) << column;
   }
+}
+
+TEST_F(InvestmentViews, TheFileIsClosedWhileSomethingIsLookedFor) {
+  Start("mnuViewInvestTrans");
+  Trigger("mnuEditFind");
+  QTest::keyClicks(QApplication::focusWidget(), "div");
+  machine_.prompts.ExpectAsk("Validate Data Files", ScriptedPrompts::kAnyText, true);
+  Trigger("mnuFileValidate");
+  ASSERT_TRUE(session_.IsOpen());
+  EXPECT_TRUE(Trades().isVisible());
+  EXPECT_TRUE(Find<QAction>("mnuInvestTransAdd").isEnabled());
+  // While none is open a clipboard that changes has nothing to ask.
+  session_.Close();
+  EXPECT_EQ(Trades().model()->rowCount(), 0);
+  EXPECT_FALSE(Find<QAction>("mnuInvestTransAdd").isEnabled());
+  QGuiApplication::clipboard()->setText(QStringLiteral("something else"));
+  QApplication::processEvents();
+  Trigger("mnuEditUndo");
+  EXPECT_FALSE(Find<QAction>("mnuEditPaste").isEnabled());
 }
 
 TEST_F(InvestmentViews, AClosedAccountKeepsItsTransactions) {

@@ -101,8 +101,14 @@ TEST_F(ItemCommands, AttachmentsAreOpenedFromTheMenuAndTakenBack) {
   });
   Trigger("mnuTransAttachment");
   machine_.files.WriteAtomically(machine_.opener.Opened().back(), "after");
-  // The person comes back from the other program.
+  // The person comes back from the other program: first while something is being written.
   QEvent activated(QEvent::WindowActivate);
+  {
+    Transaction all = session_.Ledger().Store().Begin();
+    QApplication::sendEvent(window_.get(), &activated);
+  }
+  const auto before = session_.Ledger().Notes().AttachmentsOf(key).at(0);
+  EXPECT_EQ(session_.Ledger().Notes().Files().Content(before), "before");
   QApplication::sendEvent(window_.get(), &activated);
   const auto row = session_.Ledger().Notes().AttachmentsOf(key).at(0);
   EXPECT_EQ(session_.Ledger().Notes().Files().Content(row), "after");

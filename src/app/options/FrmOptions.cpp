@@ -100,7 +100,8 @@ void FrmOptions::Browse() {
 }
 
 void FrmOptions::ApplyDefaults() {
-  Fill(editor_.Defaults());
+  Fill(OptionsEditor::Defaults());
+  editor_.TellDefaults();
 }
 
 void FrmOptions::ResetColumns() {

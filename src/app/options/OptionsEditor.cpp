@@ -54,11 +54,14 @@ OptionsForm OptionsEditor::Load() const {
   return form;
 }
 
-OptionsForm OptionsEditor::Defaults() const {
+OptionsForm OptionsEditor::Defaults() {
   OptionsForm form;
   for (const Setting setting : kWritten) form[setting] = InfoOf(setting).defaultText;
-  platform_.prompts.Tell(kOptionsSelection, "Default settings have now been applied.");
   return form;
+}
+
+void OptionsEditor::TellDefaults() const {
+  platform_.prompts.Tell(kOptionsSelection, "Default settings have now been applied.");
 }
 
 std::optional<Warning> OptionsEditor::Check(const OptionsForm& form) const {
@@ -119,11 +122,14 @@ void OptionsEditor::ResetColumns() {
 
 bool OptionsEditor::IsDataFile(const std::string& path) const {
   if (dataFile_.empty()) return false;
+  const std::filesystem::path dataFile(dataFile_);
+  std::filesystem::path place(path);
+  // In a folder the backup has the name of the data file.
+  if (FolderExists(path)) place /= dataFile.filename();
   std::error_code none;
   // By another name, or through a link, it is still the same file.
-  if (std::filesystem::equivalent(path, dataFile_, none)) return true;
-  return std::filesystem::path(path).lexically_normal() ==
-         std::filesystem::path(dataFile_).lexically_normal();
+  if (std::filesystem::equivalent(place, dataFile, none)) return true;
+  return place.lexically_normal() == dataFile.lexically_normal();
 }
 
 }  // namespace corvanta::inline app

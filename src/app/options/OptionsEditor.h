@@ -28,8 +28,10 @@ class OptionsEditor {
   // Every option as it stands; what is absent or makes no sense reads as its default. A colour is
   // never 0, a choice one of its list.
   [[nodiscard]] OptionsForm Load() const;
-  // Every option as it is where nothing was stored. Says that they have been applied.
-  [[nodiscard]] OptionsForm Defaults() const;
+  // Every option as it is where nothing was stored.
+  [[nodiscard]] static OptionsForm Defaults();
+  // Says that they are in force, once they are to be seen.
+  void TellDefaults() const;
 
   // The first rule that stands against the form, with the control to mend.
   [[nodiscard]] std::optional<Warning> Check(const OptionsForm& form) const;
@@ -49,6 +51,7 @@ class OptionsEditor {
   void ResetColumns();
 
  private:
+  // Whether a backup to that file or folder would be written over the data file.
   [[nodiscard]] bool IsDataFile(const std::string& path) const;
   void MakeFileStore(const OptionsForm& form);
   void Associate(bool was, bool is);

@@ -13,6 +13,7 @@
 #include "platform/Settings.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/sql/Connection.h"
+#include "store/sql/StoreError.h"
 
 #include <QAction>
 #include <QCoreApplication>
@@ -28,8 +29,9 @@ constexpr const char* kTitle = "Welcome";
 
 }  // namespace
 
-WelcomeCommands::WelcomeCommands(const ViewPlace& place, std::function<bool()> reopen)
-    : place_(place), reopen_(std::move(reopen)) {}
+WelcomeCommands::WelcomeCommands(const ViewPlace& place, std::function<bool()> reopen,
+                                 std::function<bool(const std::string&)> switchTo)
+    : place_(place), reopen_(std::move(reopen)), switchTo_(std::move(switchTo)) {}
 
 void WelcomeCommands::OpenFirst() {
   Registry& registry = place_.platform.registry;
@@ -83,15 +85,17 @@ bool WelcomeCommands::IsReadyForOwn() {
 
 bool WelcomeCommands::BeginOwnFile() {
   const std::string path = place_.session.Path();
-  const std::string aside = SamplePath(true);
+  const std::string aside = SamplePath([](const std::string&) { return true; });
   Files& files = place_.platform.files;
   place_.session.Close();
-  files.Replace(path, aside);
   try {
+    files.Replace(path, aside);
     (void)place_.session.Opener().CreateNew(true);
   } catch (...) {
     // What was there comes back as it was.
-    if (!FileExists(path)) files.Replace(aside, path);
+    place_.host.Guard([&] {
+      if (!FileExists(path) && FileExists(aside)) files.Replace(aside, path);
+    });
     reopen_();
     throw;
   }
@@ -100,14 +104,14 @@ bool WelcomeCommands::BeginOwnFile() {
 
 void WelcomeCommands::ShowSample() {
   if (!IsSample()) {
-    const std::string path = SamplePath(false);
+    // A file of that name may be anybody's: what cannot be opened here is left alone.
+    const std::string path = SamplePath([this](const std::string& file) { return !Opens(file); });
     if (!FileExists(path)) {
-      DataFileOpener maker(place_.platform, "the Corvanta window");
+      DataFileOpener maker(place_.platform, place_.session.Opener().AsWriter().name);
       maker.SetDataPath(path);
       (void)maker.CreateNew(false);
     }
-    place_.session.Choose(path);
-    if (!reopen_()) return;
+    if (!switchTo_(path)) return;
     place_.host.Notice(QCoreApplication::translate(
         "WelcomeCommands", "This is the sample. File, Open goes back to your own data file."));
   }
@@ -115,10 +119,23 @@ void WelcomeCommands::ShowSample() {
   place_.host.FocusView();
 }
 
-std::string WelcomeCommands::SamplePath(bool isFree) const {
+bool WelcomeCommands::Opens(const std::string& path) const {
+  if (path == place_.session.Path()) return false;
+  DataFileOpener opener(place_.platform, place_.session.Opener().AsWriter().name);
+  opener.SetDataPath(path);
+  try {
+    (void)opener.OpenExisting(false);
+    return true;
+  } catch (const StoreError&) {
+    return false;
+  }
+}
+
+std::string WelcomeCommands::SamplePath(
+    const std::function<bool(const std::string&)>& isOther) const {
   const std::filesystem::path folder = std::filesystem::path(place_.session.Path()).parent_path();
   std::string path = (folder / "Sample.dat").string();
-  for (int number = 2; isFree && FileExists(path); ++number) {
+  for (int number = 2; FileExists(path) && isOther(path); ++number) {
     path = (folder / ("Sample " + std::to_string(number) + ".dat")).string();
   }
   return path;

@@ -13,7 +13,10 @@ namespace corvanta::inline app {
 class WelcomeCommands {
  public:
   // `reopen` opens the data file of the settings again, and shows it; false when that failed.
-  WelcomeCommands(const ViewPlace& place, std::function<bool()> reopen);
+  // `switchTo` leaves the open data file for the one of that path; false when that failed, with the
+  // former one open again.
+  WelcomeCommands(const ViewPlace& place, std::function<bool()> reopen,
+                  std::function<bool(const std::string&)> switchTo);
 
   // Shows the page.
   void Open();
@@ -29,12 +32,16 @@ class WelcomeCommands {
   // Puts the sample aside under another name and begins an empty data file in its place.
   [[nodiscard]] bool BeginOwnFile();
   void ShowSample();
-  // Beside the data file; under a name that no file has yet, where that is wanted.
-  [[nodiscard]] std::string SamplePath(bool isFree) const;
+  // Whether that file, which is not the one in use, is a data file of this installation.
+  [[nodiscard]] bool Opens(const std::string& path) const;
+  // Beside the data file; under the first name that no file has, or one that is not another's.
+  [[nodiscard]] std::string SamplePath(
+      const std::function<bool(const std::string&)>& isOther) const;
   [[nodiscard]] QString ChooseBackup();
 
   ViewPlace place_;
   std::function<bool()> reopen_;
+  std::function<bool(const std::string&)> switchTo_;
 };
 
 }  // namespace corvanta::inline app

@@ -86,6 +86,28 @@ TEST_F(Welcome, WithAFileOfOnesOwnTheSampleIsMade) {
   EXPECT_TRUE(FileExists(DataFilePath())) << "the own file is as it was";
 }
 
+TEST_F(Welcome, AFileOfAnotherIsNotTakenForTheSample) {
+  Start(true);
+  const std::string other = DataFolder() + "/Sample.dat";
+  machine_.files.WriteAtomically(other, "no data file at all");
+  const auto show = [this] {
+    InNextDialog([](QDialog& page) { Press(page, "cmdSample"); });
+    Trigger("mnuHelpWelcome");
+  };
+  show();
+  EXPECT_EQ(session_.Path(), DataFolder() + "/Sample 2.dat");
+  EXPECT_EQ(ReadFile(other), "no data file at all");
+  EXPECT_TRUE(FileExists(DataFolder() + "/Backup/Corvanta.dat")) << "the own file was left";
+  // The sample that was made is found again.
+  session_.Choose(DataFilePath());
+  EXPECT_FALSE(WindowTest::Find<QAction>("mnuHelpWelcome").isEnabled())
+      << "there is no file to begin with";
+  ASSERT_TRUE(session_.Open(true));
+  window_->Reload();
+  show();
+  EXPECT_EQ(session_.Path(), DataFolder() + "/Sample 2.dat");
+}
+
 TEST_F(Welcome, KeyAndBackupLeadBackToThePage) {
   Start(true);
   const std::string path = machine_.folder.Path("backup.dat");
