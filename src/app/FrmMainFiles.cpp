@@ -201,7 +201,8 @@ void FrmMain::ImportFile(const std::string& path) {
       OpenImport(EntryAccount(), path, {platform_, session_.Ledger(), this});
   if (!result.isChanged) return;
   Reload();
-  const bool isShown = shown_.accountId == result.accountId;
+  const bool isShown =
+      shown_.accountId == result.accountId && !shown_.rows.IsSet(FilterKind::Account);
   if (result.accountId != 0 && !isShown) ShowAccount(result.accountId);
 }
 

@@ -44,8 +44,10 @@ void FrmMain::ChangeOptions() {
 }
 
 void FrmMain::ForgetColumns() {
-  for (MainView* view : views_) view->Restore(platform_.registry);
-  if (SortedTable* table = ShownTable()) table->SetSorted({});
+  for (MainView* view : views_) {
+    view->Restore(platform_.registry);
+    if (session_.IsOpen() && view->Table() != nullptr) view->Table()->ResetSorted();
+  }
   if (session_.IsOpen()) ApplyFilter();
 }
 

@@ -46,6 +46,20 @@ QString Explanation(FrmPassword::Mode mode, bool isNew) {
                : FrmPassword::tr("Type your password to open your accounts.");
 }
 
+const char* NameOf(FrmPassword::Mode mode) {
+  switch (mode) {
+    case FrmPassword::Mode::Delete:
+      return "DELETE";
+    case FrmPassword::Mode::Reveal:
+      return "REVEAL";
+    case FrmPassword::Mode::Change:
+      return "CHANGE";
+    case FrmPassword::Mode::Login:
+      break;
+  }
+  return "LOGIN";
+}
+
 std::string Typed(const QLineEdit& field) {
   return FromQt(field.text().trimmed());
 }
@@ -63,6 +77,7 @@ FrmPassword::FrmPassword(Mode mode, bool isNew, Platform& platform, PasswordActi
       lblWait_(new MutedLabel(this)),
       wait_(new QTimer(this)) {
   setObjectName(QStringLiteral("FrmPassword"));
+  setProperty("mode", QLatin1String(NameOf(mode)));
   setWindowTitle(tr("Password"));
   auto* explanation = new MutedLabel(this);
   explanation->setText(Explanation(mode, isNew));
@@ -132,7 +147,8 @@ void FrmPassword::MakeFields(bool isNew) {
   }
   chkShowPwd_->setObjectName(QStringLiteral("chkShowPwd"));
   chkEnableLogin_->setObjectName(QStringLiteral("chkEnableLogin"));
-  chkEnableLogin_->setVisible(mode_ == Mode::Login || mode_ == Mode::Change);
+  // Before the program a password that is kept is typed, not switched off in passing.
+  chkEnableLogin_->setVisible(setsOne);
   chkEnableLogin_->setChecked(true);
   form->addRow(QString(), chkShowPwd_);
   form->addRow(QString(), chkEnableLogin_);

@@ -235,9 +235,10 @@ void ListView::Fill(std::unique_ptr<ListRows> rows, const QString& details, cons
   ShowPage();
   search_->ShowFound();
   if (shown == 0) return;
-  if (chosen != 0 && model_->RowOf(chosen) < 0) table_->ChooseRow(std::min(place, shown - 1));
   if (chosen != 0) {
-    ChooseKey(chosen);
+    // What does not fit the search any more is not gone to: the search stays.
+    const int row = model_->RowOf(chosen);
+    table_->ChooseRow(row >= 0 ? row : std::min(place, shown - 1));
     return;
   }
   // The keyboard has a place to start from.

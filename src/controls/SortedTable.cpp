@@ -20,9 +20,14 @@ void SortedTable::ChooseColumn(int column) {
   SetSorted({column, column == sort_.column && !sort_.isDescending});
 }
 
+void SortedTable::ResetSorted() {
+  SetSorted(first_.value_or(SortState()));
+}
+
 void SortedTable::SetSorted(const SortState& sort) {
   if (sort == sort_ || model() == nullptr || sort.column >= model()->columnCount()) return;
   sort_ = sort;
+  if (!first_) first_ = sort;
   horizontalHeader()->setSortIndicatorShown(sort.column >= 0);
   horizontalHeader()->setSortIndicator(
       sort.column, sort.isDescending ? Qt::DescendingOrder : Qt::AscendingOrder);

@@ -64,18 +64,17 @@ TEST_F(Dialogs, AWrongPasswordIsToldAndTheDialogStays) {
   EXPECT_EQ(Setting("Login"), "(none)");
 }
 
-TEST_F(Dialogs, TheRightPasswordGoesOnAndKeepsTheLoginChoice) {
+TEST_F(Dialogs, TheRightPasswordGoesOnAndIsNotSwitchedOffInPassing) {
   machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Login", "1");
   FrmPassword dialog(FrmPassword::Mode::Login, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
-  auto& login = Find<QCheckBox>(dialog, "chkEnableLogin");
-  EXPECT_TRUE(login.isChecked());
-  login.setChecked(false);
+  EXPECT_EQ(dialog.property("mode").toString(), "LOGIN");
+  EXPECT_FALSE(Find<QCheckBox>(dialog, "chkEnableLogin").isVisible());
   QTest::keyClicks(&Find<QLineEdit>(dialog, "txtPassword"), " open sesame ");
   QTest::mouseClick(&Find<QPushButton>(dialog, "cmdAccept"), Qt::LeftButton);
   EXPECT_EQ(dialog.result(), QDialog::Accepted);
-  EXPECT_EQ(Setting("Login"), "0");
-  EXPECT_EQ(set_, "") << "the file must not ask for it any more";
+  EXPECT_EQ(Setting("Login"), "1");
+  EXPECT_EQ(set_, "(none)") << "the file goes on asking for it";
 }
 
 TEST_F(Dialogs, TheFileDecidesWhetherItAsksAndNotTheSetting) {
@@ -172,6 +171,7 @@ TEST_F(Dialogs, ASecretIsAskedForByThePresentPasswordAlone) {
 TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
   FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
+  EXPECT_EQ(dialog.property("mode").toString(), "DELETE");
   EXPECT_FALSE(Find<QCheckBox>(dialog, "chkEnableLogin").isVisible());
   auto& typed = Find<QLineEdit>(dialog, "txtPassword");
   Find<QCheckBox>(dialog, "chkShowPwd").setChecked(true);

@@ -72,16 +72,15 @@ void UnfoldedRows::Follow() {
   const std::set<std::int64_t> former = std::move(keys_);
   keys_.clear();
   view_.Model().DropLines();
-  if (account == account_) {
-    for (const std::int64_t key : former) {
-      const int row = view_.Model().RowOf(key);
-      if (row < 0) continue;
-      // It may have other lines than before, or none.
-      SetLines(row, 0);
-      Unfold(key);
-    }
-  }
+  const bool isSame = account == account_;
   account_ = account;
+  for (const std::int64_t key : former) {
+    const int row = view_.Model().RowOf(key);
+    if (row < 0) continue;
+    // It may have other lines than before, or none; and a filter may show it beside others.
+    SetLines(row, 0);
+    if (isSame) Unfold(key);
+  }
 }
 
 bool UnfoldedRows::HandleKey(int key) {

@@ -135,7 +135,7 @@ void RegisterSearch::ApplyEverywhere() {
 
 void RegisterSearch::ApplyHere() {
   view_.Cover(false);
-  account_ = place_.host.Shown().accountId;
+  shown_ = place_.host.Shown();
   KeySet keys;
   inLines_ = KeySet();
   for (const SearchHit& hit : search_->Hits()) {
@@ -239,15 +239,16 @@ void RegisterSearch::LetGo() {
 }
 
 void RegisterSearch::Follow() {
-  const std::int64_t account = place_.host.Shown().accountId;
-  const bool isSame = account == account_;
-  account_ = account;
+  const ViewCommand& shown = place_.host.Shown();
+  const bool isSame = shown == shown_;
+  shown_ = shown;
   anchor_ = CurrentRow();
   if (box_.IsEmpty()) {
     if (index_ != nullptr && !index_->IsCurrent()) index_.reset();
     return;
   }
-  // What is looked for is looked for in this account then; a list of all accounts was left for it.
+  // What is looked for is looked for in this account then; a list of all accounts was left for it,
+  // or for what another filter shows.
   if (box_.IsEverywhere() && !isSame) return Leave();
   Begin(true);
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/ViewCommand.h"
 #include "app/ViewHost.h"
 #include "ledger/KeySet.h"
 #include "ledger/search/TransactionSearch.h"
@@ -73,9 +74,9 @@ class RegisterSearch : public QObject {
   std::unique_ptr<TransactionSearch> search_;
   std::vector<int> rows_;  // of the register, that were found
   KeySet inLines_;         // those of them that are found only in their lines
-  std::int64_t account_ = 0;
-  int anchor_ = 0;      // the row that was chosen when the search began
-  bool stays_ = false;  // the choice is left where it is
+  ViewCommand shown_;      // what the register shows
+  int anchor_ = 0;         // the row that was chosen when the search began
+  bool stays_ = false;     // the choice is left where it is
   bool isDone_ = false;
 };
 

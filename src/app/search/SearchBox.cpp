@@ -61,7 +61,11 @@ SearchBox::SearchBox(QWidget* parent)
     ShowBelow();
     Q_EMIT Typed();
   });
-  connect(everywhere_, &QCheckBox::toggled, this, &SearchBox::Typed);
+  connect(text_, &QLineEdit::textEdited, this, [this] { isGiven_ = false; });
+  connect(everywhere_, &QCheckBox::toggled, this, [this] {
+    ownChoice_.reset();
+    Q_EMIT Typed();
+  });
 }
 
 QSize SearchBox::minimumSizeHint() const {
@@ -76,6 +80,9 @@ void SearchBox::Enter() {
 }
 
 void SearchBox::Find(const QString& text, bool isEverywhere) {
+  KeepLast();
+  isGiven_ = true;
+  if (!ownChoice_) ownChoice_ = everywhere_->isChecked();
   {
     const QSignalBlocker quietText(text_);
     const QSignalBlocker quietChoice(everywhere_);
@@ -87,10 +94,18 @@ void SearchBox::Find(const QString& text, bool isEverywhere) {
   Q_EMIT Typed();
 }
 
+void SearchBox::KeepLast() {
+  if (!isGiven_ && !IsEmpty()) last_ = Text();
+}
+
 void SearchBox::Clear() {
-  if (!IsEmpty()) last_ = Text();
-  const QSignalBlocker quiet(text_);
+  KeepLast();
+  const QSignalBlocker quietText(text_);
+  const QSignalBlocker quietChoice(everywhere_);
   text_->clear();
+  if (ownChoice_) everywhere_->setChecked(*ownChoice_);
+  ownChoice_.reset();
+  isGiven_ = false;
   ShowFound({});
   ShowBelow();
 }

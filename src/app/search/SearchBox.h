@@ -2,6 +2,8 @@
 
 #include <QWidget>
 
+#include <optional>
+
 class QCheckBox;
 class QLabel;
 class QLineEdit;
@@ -19,7 +21,8 @@ class SearchBox : public QWidget {
 
   // Gives it the keys, with what was looked for last, chosen so that typing replaces it.
   void Enter();
-  // Types the text for the person; everywhere is in all accounts.
+  // Types the text for the person; everywhere is in all accounts. What the person typed and ticked
+  // before comes back once the box is left.
   void Find(const QString& text, bool isEverywhere);
   // Empties it without a word to anybody.
   void Clear();
@@ -52,12 +55,16 @@ class SearchBox : public QWidget {
   bool HandleKey(int key, Qt::KeyboardModifiers held);
   void Escape();
   void ShowBelow();
+  // What the person typed is offered again.
+  void KeepLast();
 
   QLineEdit* text_;
   QLabel* found_;
   QCheckBox* everywhere_;
   QWidget* below_;
-  QString last_;  // what was looked for before
+  QString last_;                   // what was looked for before
+  bool isGiven_ = false;           // the text was typed for the person
+  std::optional<bool> ownChoice_;  // the tick as it was before that
   bool offersEverywhere_ = false;
 };
 

@@ -130,6 +130,20 @@ TEST_F(Rows, AnUnfoldedRowStaysSoInAnotherOrderAndFollowsItsLines) {
   EXPECT_EQ(Height(), Single()) << "what is no split any more is folded";
 }
 
+TEST_F(Rows, WhereAFilterShowsTheRowItIsFolded) {
+  Start();
+  Table().setFocus();
+  Table().ChooseRow(Row());
+  Press(Qt::Key_Right);
+  ASSERT_EQ(Height(), 3 * Single());
+  ViewCommand command{kTransactionShow, 0};
+  command.rows.SetKeys(FilterKind::Account, {1});
+  window_->Show(command);
+  ASSERT_GE(Row(), 0);
+  EXPECT_EQ(Height(), Single());
+  EXPECT_TRUE(Model().Lines(3).empty());
+}
+
 TEST_F(Rows, TheLinesStandInTheirColumnsWithoutABalance) {
   Start();
   Table().ChooseRow(Row());

@@ -353,10 +353,13 @@ TEST_F(OptionsEffect, ResettingGivesColumnsDaysAndSortingBackAtOnce) {
   });
   Trigger("mnuFileOptions");
   EXPECT_EQ(Register().Widths(), QString());
-  EXPECT_EQ(Register().Sorted(), SortState());
+  EXPECT_EQ(Register().Sorted(), (SortState{RegisterModel::kDate, false}));
+  EXPECT_TRUE(Register().horizontalHeader()->isSortIndicatorShown());
+  EXPECT_EQ(Register().horizontalHeader()->sortIndicatorSection(), RegisterModel::kDate);
   window_->close();
   EXPECT_EQ(Setting("chT"), "") << "leaving does not bring them back";
-  EXPECT_EQ(Setting("ColNo"), "0");
+  EXPECT_EQ(Setting("ColNo"), std::to_string(RegisterModel::kDate + 1));
+  EXPECT_EQ(Setting("ColSort"), "0");
 }
 
 TEST_F(OptionsEffect, WhatIsTypedIsDroppedOrDefaultedAndSearched) {

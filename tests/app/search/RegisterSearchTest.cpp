@@ -200,6 +200,40 @@ TEST_F(Finding, TheAccountIsShownAgainWhenItIsGoneTo) {
   EXPECT_TRUE(Table().hasFocus());
 }
 
+TEST_F(Finding, AnotherFilterEndsTheListOfAllAccounts) {
+  Start();
+  Type("7.25");
+  Box<QCheckBox>("chkEverywhere").click();
+  WaitUntilFound();
+  Trigger("mnuViewRefresh");
+  WaitUntilFound();
+  ASSERT_TRUE(Everywhere().isVisible()) << "nothing else is shown than before";
+  RowFilter filter;
+  filter.SetKeys(FilterKind::Account, {1});
+  window_->ShowRows(filter);
+  EXPECT_FALSE(Everywhere().isVisible());
+  EXPECT_TRUE(Text().text().isEmpty());
+}
+
+TEST_F(Finding, WhatIsTypedForThePersonLeavesNothingBehind) {
+  Start();
+  Type("museum");
+  Press(Qt::Key_Escape);
+  for (const Qt::Key end : {Qt::Key_Escape, Qt::Key_Return}) {
+    Box<SearchBox>("pnlFind").Find("7.25", true);
+    WaitUntilFound();
+    ASSERT_TRUE(Everywhere().isVisible());
+    Press(end);
+    EXPECT_TRUE(Table().hasFocus());
+    QTest::keyClick(&Table(), Qt::Key_F, Qt::ControlModifier);
+    WaitUntilFound();
+    EXPECT_EQ(Text().text(), "museum");
+    EXPECT_FALSE(Box<QCheckBox>("chkEverywhere").isChecked());
+    EXPECT_FALSE(Everywhere().isVisible());
+    Press(Qt::Key_Escape);
+  }
+}
+
 TEST_F(Finding, FollowsChangesAndTheAccount) {
   Start();
   Type("grocer");
@@ -278,6 +312,27 @@ TEST_F(Finding, OtherListsShowTheRowsAlone) {
   window_->Reload();
   EXPECT_TRUE(window_->ChooseRow(kPayeeShow, key));
   EXPECT_EQ(payees.model()->rowCount(), all + 1);
+}
+
+TEST_F(Finding, AReloadOfAListKeepsWhatIsLookedFor) {
+  Start();
+  ReferenceBook& references = session_.Ledger().References();
+  const auto first = references.FindOrCreatePayee("Quagmire Brothers");
+  references.FindOrCreatePayee("Quagmire Sisters");
+  window_->Reload();
+  window_->ShowView(kPayeeShow);
+  auto& payees = Find<SortedTable>("lvpayee");
+  payees.setFocus();
+  QTest::keyClick(&payees, Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(&Text(), "quagmire");
+  ASSERT_EQ(payees.model()->rowCount(), 2);
+  ASSERT_EQ(payees.currentIndex().row(), 0);
+  // The chosen row has another name now, and the next one takes its place.
+  Run("UPDATE tblPayees SET Payee = 'Somebody' WHERE PayeeID = " + std::to_string(first));
+  Trigger("mnuViewRefresh");
+  EXPECT_EQ(Text().text(), "quagmire");
+  EXPECT_EQ(payees.model()->rowCount(), 1);
+  EXPECT_EQ(payees.selectionModel()->selectedRows().size(), 1);
 }
 
 TEST_F(Finding, EveryViewHasABox) {
