@@ -74,6 +74,10 @@ TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {
     });
     Trigger("mnuFileImport");
   };
+  // Among the accounts of a filter it is not the one that is shown.
+  ViewCommand filtered{kTransactionShow, 2};
+  filtered.rows.SetKeys(FilterKind::Account, {1, 2});
+  window_->Show(filtered);
   import("Wallet");
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
   EXPECT_EQ(Rows(), 2);

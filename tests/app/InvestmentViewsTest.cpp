@@ -235,7 +235,7 @@ TEST_F(InvestmentViews, TheFileIsClosedWhileSomethingIsLookedFor) {
   machine_.prompts.ExpectAsk("Validate Data Files", ScriptedPrompts::kAnyText, true);
   Trigger("mnuFileValidate");
   ASSERT_TRUE(session_.IsOpen());
-  EXPECT_TRUE(Trades().isVisible());
+  EXPECT_EQ(window_->Shown().name, kInvestmentTransShow);
   EXPECT_TRUE(Find<QAction>("mnuInvestTransAdd").isEnabled());
   // While none is open a clipboard that changes has nothing to ask.
   session_.Close();

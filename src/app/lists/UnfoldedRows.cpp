@@ -104,14 +104,17 @@ std::int64_t UnfoldedRows::MarkAt(const QPoint& place) const {
 }
 
 bool UnfoldedRows::eventFilter(QObject* watched, QEvent* event) {
+  const bool isPress = event->type() == QEvent::MouseButtonPress;
+  const bool isClick = isPress || event->type() == QEvent::MouseButtonDblClick;
+  // Others come while the window goes, when there is no view to ask any more.
+  if (!isClick && event->type() != QEvent::KeyPress) return QObject::eventFilter(watched, event);
   const bool isTable = watched == &view_.Table();
-  if (isTable && event->type() == QEvent::KeyPress) {
+  if (isTable && !isClick) {
     const auto& key = *static_cast<const QKeyEvent*>(event);
     const auto held = key.modifiers() & ~Qt::KeypadModifier & ~Qt::ShiftModifier;
     if (held == Qt::NoModifier && HandleKey(key.key())) return true;
   }
-  const bool isPress = event->type() == QEvent::MouseButtonPress;
-  if (!isTable && (isPress || event->type() == QEvent::MouseButtonDblClick)) {
+  if (!isTable && isClick) {
     const auto& click = *static_cast<const QMouseEvent*>(event);
     const std::int64_t row =
         click.button() == Qt::LeftButton ? MarkAt(click.position().toPoint()) : 0;
