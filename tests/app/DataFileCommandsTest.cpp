@@ -116,6 +116,7 @@ TEST_F(DataFileCommands, TheRecoveryKeyIsThatOfTheOpenFile) {
 
 TEST_F(DataFileCommands, APassphraseIsSetChangedAndTakenAwayAndTheSameViewStandsAgain) {
   OpenData();
+  session_.PostSchedules();
   ShowWindow();
   const int rows = Rows();
   // Types this into both fields, after something that will not do; nothing goes back to the key.
