@@ -11,10 +11,10 @@ void MainActions::MakeFile() {
       Make("mnuFileOpen", tr("&Open..."), "open", tr("Open another data file"), QKeySequence::Open);
   mnuFileValidate =
       Make("mnuFileValidate", tr("&Validate"), "validate", tr("Check and repair the data file"));
-  mnuFilePassword = Make("mnuFilePassword", tr("Passwo&rd..."), "password",
+  mnuFilePassword = Make("mnuFilePassword", tr("Passwor&d..."), "password",
                          tr("Set, change or switch off the password that the data file asks for"));
   mnuFilePassphrase =
-      Make("mnuFilePassphrase", tr("Pa&ssphrase..."), "",
+      Make("mnuFilePassphrase", tr("Passp&hrase..."), "",
            tr("Protect the data file with a passphrase that opens it on every computer"));
   mnuFileKey = Make("mnuFileKey", tr("Recovery &Key..."), "key",
                     tr("Show and save the key that opens the data file on another machine"));
@@ -44,7 +44,7 @@ void MainActions::MakeSafety() {
                        tr("Copy the data file to another place and go on there"),
                        QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S));
   mnuFileBackup = Make("mnuFileBackup", tr("&Backup..."), "", tr("Make a backup of the data file"));
-  mnuFileRestore = Make("mnuFileRestore", tr("Res&tore..."), "",
+  mnuFileRestore = Make("mnuFileRestore", tr("&Restore..."), "",
                         tr("Put a backup into the place of the data file"));
   mnuFileArchive = Make("mnuFileArchive", tr("&Archive..."), "",
                         tr("Move old transactions into a data file of their own"));

@@ -17,7 +17,7 @@ void MainActions::MakeItems() {
                             tr("Attach files to the transaction, or look at those it has"));
   mnuToolsCalculator =
       Make("mnuToolsCalculator", tr("C&alculator..."), "", tr("Work out sums, each a line"));
-  mnuViewRibbon = MakeTick("mnuViewRibbon", tr("Sho&w Ribbon"), tr("Show or fold the ribbon"));
+  mnuViewRibbon = MakeTick("mnuViewRibbon", tr("Ribbon E&xpanded"), tr("Show or fold the ribbon"));
   mnuViewRibbon->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_F1));
   mnuViewRibbon->setChecked(true);
   mnuRibbonAdd = Make("mnuRibbonAdd", tr("Add"), "add", tr("Add an item to the list"));

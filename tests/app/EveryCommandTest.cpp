@@ -135,9 +135,9 @@ class EveryCommand : public testing::Test {
           "' WHERE AccountID = 1");
       if (name == "mnuEditRedo") Action("mnuEditUndo").trigger();
     } else if (name == "mnuFilterNone") {
-      prompts_.typed = "e";
-      Action("mnuFilterText").trigger();
-      prompts_.typed.reset();
+      ViewCommand filtered{view, view == kTransactionShow ? 1 : 0};
+      filtered.rows.SetKeys(FilterKind::Payee, {1});
+      window_->Show(filtered);
     } else if (name == "mnuViewBack" || name == "mnuViewForward") {
       window_->Show({view == kPayeeShow ? kCategoryShow : kPayeeShow});
       window_->Show({view, view == kTransactionShow ? 1 : 0});
@@ -191,7 +191,7 @@ class EveryCommand : public testing::Test {
       if (part->isVisible() && !part->objectName().isEmpty()) seen.append(part->objectName());
     }
     seen.append(QString::number(window_->findChild<ucRibbon*>()->height()));
-    const QWidget* focus = QApplication::focusWidget();
+    const QWidget* focus = window_->focusWidget();
     seen.append(focus == nullptr ? QString() : focus->objectName());
     seen.append(QString::number(machine_.opener.Opened().size()));
     seen.append(QString::number(machine_.download.Requested().size()));
@@ -311,7 +311,10 @@ TEST_F(EveryCommand, CanBeChosenInOneViewAtLeast) {
   std::set<QString> left;
   for (const std::string_view view : kViews) {
     Arrange(view);
-    for (const QAction* action : Entries()) left.insert(NameOf(*action));
+    for (const QAction* action : Entries()) {
+      // What says that there is nothing to choose has no name.
+      if (action->isEnabled() || !action->objectName().isEmpty()) left.insert(NameOf(*action));
+    }
   }
   for (const std::string_view view : kViews) {
     Arrange(view);
