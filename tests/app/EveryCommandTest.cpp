@@ -50,7 +50,7 @@ class DecliningPrompts : public Prompts {
   }
   std::optional<std::string> AskText(const std::string&, const std::string&, bool) override {
     ++count;
-    return typed;
+    return std::nullopt;
   }
   std::optional<std::string> OpenFile(const FileQuestion&) override {
     ++count;
@@ -62,7 +62,6 @@ class DecliningPrompts : public Prompts {
   }
 
   int count = 0;
-  std::optional<std::string> typed;
   std::vector<std::string> troubles;
 };
 
