@@ -176,10 +176,7 @@ void FrmMain::ShowRecoveryKey() {
     return;
   }
   if (IsFromPassphrase(session_.Password())) {
-    platform_.prompts.Tell(
-        kTitle,
-        "This data file opens with its passphrase, on every computer. There is no "
-        "other key to it.");
+    platform_.prompts.Tell(kTitle, kNoOtherKey);
     return;
   }
   // It opens the file for whoever reads it: the one who left the window standing may be away.

@@ -2,6 +2,7 @@
 
 #include "cli/OutputTable.h"
 #include "cli/Session.h"
+#include "ledger/PassphrasePrompt.h"
 #include "platform/Files.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/Passphrase.h"
@@ -41,9 +42,7 @@ ExitStatus KeyCommand::Show(Session& session) const {
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   if (IsFromPassphrase(file->password)) {
-    return session.Refuse(kTitle,
-                          "This data file opens with its passphrase, on every computer. There is no "
-                          "other key to it.");
+    return session.Refuse(kTitle, kNoOtherKey);
   }
   const std::string key = RecoveryKeyFromPassword(file->password);
   // As text it is the key alone, so that the output saved in a file is a file for "key use".

@@ -1,5 +1,6 @@
 #include "ledger/LoginPassword.h"
 
+#include "platform/Sodium.h"
 #include "platform/TextCase.h"
 #include "store/sql/Catalog.h"
 #include "store/sql/Connection.h"
@@ -39,12 +40,6 @@ void FillHash(Packed& packed, std::string_view password) {
     throw StoreError(StoreErrorCode::Io,
                      "There is not enough memory to check the password. Close other programs and "
                      "try again.");
-  }
-}
-
-void StartSodium() {
-  if (sodium_init() < 0) {
-    throw StoreError(StoreErrorCode::Io, "The system gives no random numbers.");
   }
 }
 

@@ -13,6 +13,9 @@ class Prompts;
 namespace corvanta::inline ledger {
 
 inline constexpr const char* kPassphraseWarning = "Passphrase warning";
+// What is said in place of a recovery key.
+inline constexpr const char* kNoOtherKey =
+    "This data file opens with its passphrase, on every computer. There is no other key to it.";
 // Shorter ones are found by trying.
 inline constexpr std::size_t kMinPassphrase = 12;
 

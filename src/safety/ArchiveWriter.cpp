@@ -1,6 +1,7 @@
 #include "safety/ArchiveWriter.h"
 
 #include "ledger/InvestmentBook.h"
+#include "ledger/KeyLists.h"
 #include "ledger/RowLinks.h"
 #include "ledger/ScheduleStart.h"
 #include "ledger/clsCorvanta.h"
@@ -21,10 +22,8 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
-#include <functional>
 #include <iterator>
 #include <map>
-#include <span>
 
 namespace corvanta::inline safety {
 namespace {
@@ -44,16 +43,6 @@ KeyList WithLines(Connection& store, const KeyList& parents) {
   return all;
 }
 
-// A statement takes only so many keys.
-void ForEachPart(const KeyList& keys, const std::function<void(const std::string&)>& run) {
-  constexpr std::size_t kPart = 400;
-  for (std::size_t first = 0; first < keys.size(); first += kPart) {
-    const std::span<const std::int64_t> part(keys.data() + first,
-                                             std::min(kPart, keys.size() - first));
-    run(fmt::format(" IN ({})", fmt::join(part, ",")));
-  }
-}
-
 // What is attached may be kept inside the data file: it goes with the last row that names it.
 void DropUnnamedContents(Connection& store) {
   if (store.Table("own_AttachedFiles") == nullptr) return;
@@ -63,9 +52,9 @@ void DropUnnamedContents(Connection& store) {
 }
 
 void DeleteRows(Connection& store, const KeyList& keys) {
-  ForEachPart(keys, [&](const std::string& among) {
+  ForEachKeyList(keys, [&](const std::string& list) {
     for (const char* table : {"tblAttachments", "tblKeywordLink", "tblTransactions"}) {
-      store.Execute("Delete from " + std::string(table) + " Where TransactionID" + among);
+      store.Execute("Delete from " + std::string(table) + " Where TransactionID IN (" + list + ")");
     }
   });
   DropUnnamedContents(store);

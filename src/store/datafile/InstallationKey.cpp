@@ -5,6 +5,7 @@
 #include "platform/Machine.h"
 #include "platform/Platform.h"
 #include "platform/PlatformError.h"
+#include "platform/Sodium.h"
 
 #include <fcntl.h>
 #include <sodium.h>
@@ -22,18 +23,11 @@ constexpr std::string_view kHeading = "corvanta-installation-key 1";
 
 using Secret = std::array<unsigned char, kSecretBytes>;
 
-std::string Hex(const unsigned char* bytes, std::size_t count) {
-  std::string text(count * 2 + 1, '\0');
-  sodium_bin2hex(text.data(), text.size(), bytes, count);
-  text.pop_back();
-  return text;
-}
-
 std::string HashHex(std::string_view text, std::size_t bytes) {
   Secret hash{};
   crypto_generichash(hash.data(), hash.size(), reinterpret_cast<const unsigned char*>(text.data()),
                      text.size(), nullptr, 0);
-  return Hex(hash.data(), bytes);
+  return HexOf(hash.data(), bytes);
 }
 
 std::string CheckOf(const std::string& secret, const std::string& machine) {
@@ -44,7 +38,7 @@ std::string CheckOf(const std::string& secret, const std::string& machine) {
 std::string NewKeyText(const MachineValue& machineValue) {
   Secret bytes{};
   randombytes_buf(bytes.data(), bytes.size());
-  const std::string secret = Hex(bytes.data(), bytes.size());
+  const std::string secret = HexOf(bytes.data(), bytes.size());
   sodium_memzero(bytes.data(), bytes.size());
   const std::string machine = std::to_string(machineValue.Read());
   return std::string(kHeading) + "\n" + secret + "\n" + machine + "\n" + CheckOf(secret, machine) +
@@ -63,10 +57,6 @@ class ProfileLock {
  private:
   FileHandle folder_;
 };
-
-void StartSodium() {
-  if (sodium_init() < 0) throw PlatformError("The cipher library cannot be started.");
-}
 
 }  // namespace
 

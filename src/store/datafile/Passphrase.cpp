@@ -1,6 +1,7 @@
 #include "store/datafile/Passphrase.h"
 
 #include "platform/PlatformError.h"
+#include "platform/Sodium.h"
 #include "platform/TextCase.h"
 #include "store/sql/engine/Encryption.h"
 
@@ -22,10 +23,6 @@ constexpr std::string_view kPurpose = "corvanta passphrase salt";
 
 using Salt = std::array<unsigned char, FileKey::kSaltSize>;
 
-void StartSodium() {
-  if (sodium_init() < 0) throw PlatformError("The cipher library cannot be started.");
-}
-
 void SetCheck(Salt& salt) {
   std::array<unsigned char, crypto_generichash_BYTES> hash{};
   crypto_generichash(hash.data(), hash.size(), salt.data(), kDrawnSize,
@@ -43,13 +40,6 @@ std::optional<Salt> SaltOf(const std::string& path) {
   return expected == salt ? std::optional(salt) : std::nullopt;
 }
 
-std::string Hex(const unsigned char* bytes, std::size_t size) {
-  std::string text(size * 2 + 1, '\0');
-  sodium_bin2hex(text.data(), text.size(), bytes, size);
-  text.pop_back();
-  return text;
-}
-
 std::string Derive(std::string_view passphrase, const Salt& salt) {
   static_assert(crypto_pwhash_SALTBYTES == FileKey::kSaltSize);
   std::string composed = Composed(passphrase);
@@ -63,7 +53,7 @@ std::string Derive(std::string_view passphrase, const Salt& salt) {
         "There is not enough memory to check the passphrase, which takes 256 MB. Close other "
         "programs and try again.");
   }
-  std::string password = Hex(key.data(), key.size()) + FileKey::SaltMark(salt);
+  std::string password = HexOf(key.data(), key.size()) + FileKey::SaltMark(salt);
   sodium_memzero(key.data(), key.size());
   return password;
 }

@@ -1,5 +1,6 @@
 #include "store/sql/engine/Encryption.h"
 
+#include "platform/Sodium.h"
 #include "store/sql/engine/Sqlite.h"
 
 #include <sodium.h>
@@ -9,13 +10,6 @@
 
 namespace corvanta::inline sql {
 namespace {
-
-std::string Hex(const unsigned char* bytes, std::size_t size) {
-  std::string text(size * 2 + 1, '\0');
-  sodium_bin2hex(text.data(), text.size(), bytes, size);
-  text.pop_back();
-  return text;
-}
 
 void Derive(std::string_view password, std::string_view purpose, unsigned char* out,
             std::size_t size) {
@@ -42,7 +36,7 @@ std::optional<FileKey::SaltBytes> NamedSalt(std::string_view password) {
 }  // namespace
 
 std::string FileKey::SaltMark(const SaltBytes& salt) {
-  return kMark + Hex(salt.data(), salt.size());
+  return kMark + HexOf(salt.data(), salt.size());
 }
 
 bool FileKey::HasSaltMark(std::string_view password) {
@@ -59,11 +53,11 @@ FileKey::FileKey(std::string_view password) {
   } else {
     Derive(password, "corvanta data file salt", salt_.data(), salt_.size());
   }
-  std::string keyHex = Hex(key.data(), key.size());
+  std::string keyHex = HexOf(key.data(), key.size());
   text_.reserve(3 + 96);
   text_ += "x'";
   text_ += keyHex;
-  text_ += Hex(salt_.data(), salt_.size());
+  text_ += HexOf(salt_.data(), salt_.size());
   text_ += '\'';
   sodium_memzero(keyHex.data(), keyHex.size());
   sodium_memzero(key.data(), key.size());
