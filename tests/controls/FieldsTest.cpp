@@ -281,7 +281,7 @@ TEST_F(Fields, TheCalendarTakesADayByKeyOrClick) {
   EXPECT_EQ(field.text(), "28/11/2026");
   EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   ucCalendar& calendar = open();
-  QTest::mouseClick(&calendar, Qt::LeftButton, {}, QPoint(calendar.width() - 20, 12));
+  QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.ArrowRect(true).center());
   EXPECT_NE(QApplication::activePopupWidget(), nullptr) << "the next month";
   QTest::mouseClick(&calendar, Qt::LeftButton, {}, calendar.DayRect(QDate(2026, 12, 24)).center());
   EXPECT_EQ(field.text(), "24/12/2026");
