@@ -2,9 +2,6 @@
 
 #include "reports/query/Report.h"
 
-#include <optional>
-#include <string>
-
 namespace corvanta::inline reports {
 
 // What was planned of each category for the days of the report, what it came to, and the difference
@@ -25,9 +22,5 @@ class BudgetReport : public Report {
 
 // The row of what was spent without a plan.
 inline constexpr const char* kUnallocated = "Total (Unallocated)";
-
-// The days from `start` to one period on, by a period's code such as "2ww": leading digits (one
-// without any) and an interval. At least 1; nullopt for a text that is no period.
-[[nodiscard]] std::optional<int> PeriodDays(const std::string& period, corvanta::Date start);
 
 }  // namespace corvanta::inline reports

@@ -26,6 +26,15 @@ std::string Report::Currencies(const ReportClause& clause) const {
          clause.AccountCondition() + "GROUP BY CU.CurrencyID, Currency";
 }
 
+Report::Sources Report::EvidenceOf(const ReportRun& /*run*/) const {
+  return {};
+}
+
+bool Report::IsOf(const EvidenceRow& /*evidence*/, const ReportRow& /*row*/,
+                  const ReportRun& /*run*/) const {
+  return false;
+}
+
 std::vector<EvidenceRow> Report::ReadEvidence(const ReportRun& run, const Sources& sources) {
   std::vector<EvidenceRow> found;
   Recordset rows = run.Store().OpenRecordset(

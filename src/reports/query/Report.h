@@ -57,6 +57,12 @@ struct EvidenceRow {
 // One report: its query and its fold. The totals behind the rows are its own, too.
 class Report {
  public:
+  // What stands between "FROM " and "WHERE" of the report's own query, and the conditions.
+  struct Sources {
+    std::string tables;
+    std::string conditions;
+  };
+
   virtual ~Report() = default;
 
   // The statement that gives the currencies in use.
@@ -70,16 +76,12 @@ class Report {
                                                           std::size_t column) const;
 
  protected:
-  // What stands between "FROM " and "WHERE" of the report's own query, and the conditions.
-  struct Sources {
-    std::string tables;
-    std::string conditions;
-  };
-  [[nodiscard]] virtual Sources EvidenceOf(const ReportRun& run) const = 0;
-  // Whether the transaction is among those that a row that is no total stands for; its currency is
-  // that of the row already.
+  // The rows that the report's figures are made of, and whether one of them is among those that a
+  // row that is no total stands for; its currency is that of the row already. For reports that do
+  // not explain their figures themselves.
+  [[nodiscard]] virtual Sources EvidenceOf(const ReportRun& run) const;
   [[nodiscard]] virtual bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
-                                  const ReportRun& run) const = 0;
+                                  const ReportRun& run) const;
 
   // The rows of these sources, by date and key.
   [[nodiscard]] static std::vector<EvidenceRow> ReadEvidence(const ReportRun& run,

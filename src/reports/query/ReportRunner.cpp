@@ -3,11 +3,15 @@
 #include "platform/Platform.h"
 #include "reports/query/AccountSummary.h"
 #include "reports/query/AccountTransactions.h"
+#include "reports/query/BalanceForecast.h"
+#include "reports/query/BudgetMonth.h"
 #include "reports/query/BudgetReport.h"
 #include "reports/query/InvestmentGains.h"
 #include "reports/query/InvestmentTransactions.h"
 #include "reports/query/MonthlyCashFlow.h"
 #include "reports/query/MonthlyReport.h"
+#include "reports/query/NetWorth.h"
+#include "reports/query/PeriodComparison.h"
 #include "reports/query/Report.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/SpendingReport.h"
@@ -49,6 +53,14 @@ std::unique_ptr<Report> MakeReport(int number) {
       return std::make_unique<InvestmentGains>();
     case 11:
       return std::make_unique<InvestmentTransactions>();
+    case 12:
+      return std::make_unique<NetWorth>();
+    case 13:
+      return std::make_unique<PeriodComparison>();
+    case 14:
+      return std::make_unique<BudgetMonth>();
+    case 15:
+      return std::make_unique<BalanceForecast>();
     default:
       throw std::invalid_argument("no report of that number");
   }
