@@ -38,11 +38,13 @@ struct Line {
 std::vector<Line> LinesOf(const ReportRun& run, const std::string& home) {
   const Period month = MonthOf(run);
   std::vector<Line> lines;
-  for (const Plan& plan : BudgetPlans(run, month).All()) lines.push_back({plan, 0});
+  const BudgetPlans now(run, month);
+  for (const Plan& plan : now.All()) lines.push_back({plan, 0});
   for (const Period& before : MonthsBefore(month)) {
     std::size_t line = 0;
     // The categories are the same in all months.
-    for (const Plan& plan : BudgetPlans(run, before).All()) {
+    const BudgetPlans plans(run, before);
+    for (const Plan& plan : plans.All()) {
       if (plan.hasBudget) lines.at(line).carried += plan.budget - plan.ActualIn(home);
       ++line;
     }
@@ -102,7 +104,8 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   };
   const auto addPlans = [&](const Period& days, int sign) {
     if (row.currency != run.rates.Home()) return;
-    for (const Plan& plan : BudgetPlans(run, days).All()) {
+    const BudgetPlans plans(run, days);
+    for (const Plan& plan : plans.All()) {
       if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
       explained.push_back(Beside("Plan for " + days.from.ToIso().substr(0, 7), plan.category,
                                  row.currency, plan.budget, 1, sign));
