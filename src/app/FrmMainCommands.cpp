@@ -17,7 +17,7 @@
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 #include "store/sql/UndoLog.h"
 #include "tools/ToolDialogs.h"
 

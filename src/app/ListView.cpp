@@ -15,7 +15,7 @@
 #include "controls/Style.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QAction>
 #include <QClipboard>

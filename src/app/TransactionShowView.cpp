@@ -21,7 +21,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QAction>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "reports/QtPrinting.h"
+#include "reports/print/QtPrinting.h"
 
 #include "controls/QtText.h"
 #include "platform/Clock.h"
@@ -9,8 +9,8 @@
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/StatusWords.h"
-#include "reports/LVPrint.h"
-#include "reports/QtPainterSurface.h"
+#include "reports/print/LVPrint.h"
+#include "reports/print/QtPainterSurface.h"
 
 #include <QBuffer>
 #include <QLocale>

@@ -1,4 +1,4 @@
-#include "reports/LVPrint.h"
+#include "reports/print/LVPrint.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/PrintSurface.h"
+#include "reports/print/PrintSurface.h"
 
 #include <string>
 #include <vector>

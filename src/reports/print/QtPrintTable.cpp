@@ -1,5 +1,5 @@
 #include "controls/QtText.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QAbstractItemModel>
 #include <QFontInfo>

@@ -1,7 +1,7 @@
 #include "controls/QtText.h"
-#include "reports/FrmPreview.h"
-#include "reports/QtPrinting.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/FrmPreview.h"
+#include "reports/print/QtPrinting.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QPrintDialog>
 #include <QPrinter>

@@ -1,11 +1,11 @@
-#include "reports/FrmPreview.h"
+#include "reports/print/FrmPreview.h"
 
 #include "controls/CommandEdge.h"
 #include "controls/Style.h"
 #include "controls/SvgIcon.h"
 #include "platform/Platform.h"
-#include "reports/QtPrinting.h"
-#include "reports/ucPrintPage.h"
+#include "reports/print/QtPrinting.h"
+#include "reports/print/ucPrintPage.h"
 
 #include <QCheckBox>
 #include <QComboBox>

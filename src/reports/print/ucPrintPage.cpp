@@ -1,4 +1,4 @@
-#include "reports/ucPrintPage.h"
+#include "reports/print/ucPrintPage.h"
 
 #include "controls/Style.h"
 

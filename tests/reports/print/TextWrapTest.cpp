@@ -1,5 +1,5 @@
-#include "reports/RecordingSurface.h"
-#include "reports/TextWrap.h"
+#include "reports/print/RecordingSurface.h"
+#include "reports/print/TextWrap.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "reports/QtPainterSurface.h"
+#include "reports/print/QtPainterSurface.h"
 
 #include "controls/QtText.h"
 #include "platform/PlatformError.h"

@@ -1,7 +1,7 @@
 // What the preview and the printing of a list share.
 #pragma once
 
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QPageLayout>
 

@@ -1,9 +1,9 @@
 #include "platform/Files.h"
-#include "reports/FrmPreview.h"
-#include "reports/LVPrint.h"
-#include "reports/QtPainterSurface.h"
-#include "reports/QtPrinting.h"
-#include "reports/ucPrintPage.h"
+#include "reports/print/FrmPreview.h"
+#include "reports/print/LVPrint.h"
+#include "reports/print/QtPainterSurface.h"
+#include "reports/print/QtPrinting.h"
+#include "reports/print/ucPrintPage.h"
 #include "support/TestPlatform.h"
 
 #include <QApplication>

@@ -1,5 +1,5 @@
-#include "reports/LVPrint.h"
-#include "reports/RecordingSurface.h"
+#include "reports/print/LVPrint.h"
+#include "reports/print/RecordingSurface.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "reports/PrintTable.h"
+#include "reports/print/PrintTable.h"
 
 #include <cstdint>
 #include <string_view>

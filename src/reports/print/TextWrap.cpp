@@ -1,4 +1,4 @@
-#include "reports/TextWrap.h"
+#include "reports/print/TextWrap.h"
 
 #include <unicode/brkiter.h>
 #include <unicode/unistr.h>

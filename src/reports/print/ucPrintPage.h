@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/LVPrint.h"
-#include "reports/QtPainterSurface.h"
+#include "reports/print/LVPrint.h"
+#include "reports/print/QtPainterSurface.h"
 
 #include <QPageLayout>
 #include <QWidget>

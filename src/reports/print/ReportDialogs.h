@@ -1,7 +1,7 @@
 // Prints lists, and shows them as they would be printed.
 #pragma once
 
-#include "reports/PrintTable.h"
+#include "reports/print/PrintTable.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "reports/PrintSurface.h"
-#include "reports/TextWrap.h"
+#include "reports/print/PrintSurface.h"
+#include "reports/print/TextWrap.h"
 
 #include <cstddef>
 #include <functional>
