@@ -283,7 +283,7 @@ void TransactionShowView::ExportRegister() {
 }
 
 PrintTable TransactionShowView::Printed() const {
-  return PrintTableOf(register_->Table(), FromQt(register_->Title()));
+  return register_->Printed();
 }
 
 ChosenTotals TransactionShowView::TotalsOfChosen() const {

@@ -123,7 +123,7 @@ void AddMonths(ChartData& chart, const ChartRows& rows) {
     if (bar.points.front().value != 0) bars.push_back(std::move(bar));
   }
   if (bars.empty()) return;
-  chart.categories.assign(kMonths.begin(), kMonths.end());
+  for (const std::string_view month : kMonths) chart.categories.emplace_back(month.substr(0, 3));
   for (const ChartBar& bar : SortedAndGathered(std::move(bars), kMostParts)) {
     ChartSeries series;
     series.name = bar.name;

@@ -209,10 +209,17 @@ void ChartDrawing::DrawCategories() {
   }
 }
 
-// Those that would run into the one before them are left out.
+// Every one of them, or every second, or third: as many as do not run into each other.
 void ChartDrawing::DrawUprightNames() {
+  double widest = 0;
+  for (std::size_t i = 0; i < chart_.categories.size(); ++i) {
+    widest = std::max(widest, surface_.TextWidth(CategoryText(chart_, i, locale_)));
+  }
+  const auto step =
+      std::max(std::size_t{1}, static_cast<std::size_t>(std::ceil((widest + kGap) / Slot())));
   double free = area_.x;
   for (std::size_t i = 0; i < chart_.categories.size(); ++i) {
+    if (!chart_.areDays && i % step != 0) continue;
     const std::string text = CategoryText(chart_, i, locale_);
     const double width = surface_.TextWidth(text);
     const double left = CategoryAt(i) - width / 2;

@@ -14,6 +14,7 @@ namespace {
 
 // About as a list on the screen would have it.
 constexpr int kPixelsOfCharacter = 7;
+constexpr int kPixelsOfBold = 9;
 constexpr int kEdges = 14;
 constexpr std::size_t kFewest = 6;
 constexpr std::size_t kMost = 32;
@@ -48,9 +49,11 @@ std::string CellText(const ReportTable& report, const ReportRow& row, std::size_
 }
 
 int WidthOf(const PrintTable& table, std::size_t column) {
-  std::size_t longest = std::max(kFewest, TextLength(table.columns[column].header));
+  std::size_t longest = kFewest;
   for (const auto& cells : table.rows) longest = std::max(longest, TextLength(cells[column]));
-  return static_cast<int>(std::min(longest, kMost)) * kPixelsOfCharacter + kEdges;
+  const int cells = static_cast<int>(std::min(longest, kMost)) * kPixelsOfCharacter;
+  const int header = static_cast<int>(TextLength(table.columns[column].header)) * kPixelsOfBold;
+  return std::max(cells, header) + kEdges;
 }
 
 }  // namespace
