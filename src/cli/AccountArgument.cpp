@@ -1,19 +1,18 @@
 #include "cli/AccountArgument.h"
 
 #include "cli/CloseNames.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/AccountBook.h"
 #include "ledger/AccountRow.h"
 #include "ledger/StatusFilter.h"
 
-#include <CLI/CLI.hpp>
-
 #include <vector>
 
 namespace corvanta::inline cli {
 
-void AccountArgument::Declare(CLI::App& command) {
-  command.add_option("account", name, "The account's name, or # and its key")->required();
+void AccountArgument::Declare(Parser& command) {
+  command.AddOption("account", name, "The account's name, or # and its key")->Required();
 }
 
 std::optional<AccountRow> AccountArgument::Find(clsCorvanta& ledger, Session& session) const {

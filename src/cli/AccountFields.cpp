@@ -2,23 +2,22 @@
 
 #include "cli/Arguments.h"
 #include "cli/CurrencyArgument.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-void AccountFields::Declare(CLI::App& command, bool isNew) {
-  command.add_option("--group", group_, "Its account group; a new one is made")->required(isNew);
-  command.add_option("--currency", currency_, "The code of its currency, such as GBP")
-      ->required(isNew);
-  command.add_option("--opening", opening_, "Its opening balance")
-      ->type_name("N")
-      ->check(NumberFault);
-  command.add_option("--number", number_, "Its number at the bank");
-  command.add_option("--bank", bank_, "Its bank; a new one is made, none for no bank");
-  command.add_option("--description", description_, "What it is");
+void AccountFields::Declare(Parser& command, bool isNew) {
+  command.AddOption("--group", group_, "Its account group; a new one is made")->Required(isNew);
+  command.AddOption("--currency", currency_, "The code of its currency, such as GBP")
+      ->Required(isNew);
+  command.AddOption("--opening", opening_, "Its opening balance")
+      ->TypeName("N")
+      ->Check(NumberFault);
+  command.AddOption("--number", number_, "Its number at the bank");
+  command.AddOption("--bank", bank_, "Its bank; a new one is made, none for no bank");
+  command.AddOption("--description", description_, "What it is");
 }
 
 bool AccountFields::Fill(AccountForm& form, clsCorvanta& ledger, Session& session) const {

@@ -5,23 +5,20 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The options that say what an account is; what is not given is left as it is.
 class AccountFields {
  public:
   // `isNew`: those that a new account cannot do without are required.
-  void Declare(CLI::App& command, bool isNew);
+  void Declare(Parser& command, bool isNew);
   // Puts what was given into the form; false, told, when there is no such currency.
   [[nodiscard]] bool Fill(AccountForm& form, clsCorvanta& ledger, Session& session) const;
 

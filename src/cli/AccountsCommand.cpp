@@ -1,6 +1,7 @@
 #include "cli/AccountsCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "ledger/AccountBook.h"
@@ -9,8 +10,6 @@
 #include "ledger/clsCorvanta.h"
 #include "reference/AccountEditor.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 namespace {
 
@@ -18,31 +17,31 @@ constexpr const char* kTitle = "Account";
 
 }  // namespace
 
-CLI::App* AccountsCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* AccountsCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "accounts", "List the accounts with their balances; add, edit, close and delete one");
-  command->require_subcommand(0, 1);
-  command->add_subcommand("list", "List them; so does the command alone");
-  add_ = command->add_subcommand("add", "Add an account");
-  add_->add_option("name", name_, "The new account's name")->required();
+  command->AllowCommand();
+  command->AddCommand("list", "List them; so does the command alone");
+  add_ = command->AddCommand("add", "Add an account");
+  add_->AddOption("name", name_, "The new account's name")->Required();
   added_.Declare(*add_, true);
   DeclareChanges(*command);
   return command;
 }
 
-void AccountsCommand::DeclareChanges(CLI::App& command) {
-  edit_ = command.add_subcommand("edit", "Change an account, as far as options are given");
-  close_ = command.add_subcommand("close", "Close an account: nothing in it can be changed");
-  reopen_ = command.add_subcommand("reopen", "Open a closed account again");
-  delete_ = command.add_subcommand("delete", "Delete an account with all that is in it");
-  for (CLI::App* form : {edit_, close_, reopen_, delete_}) account_.Declare(*form);
-  edit_->add_option("--name", newName_, "Another name");
+void AccountsCommand::DeclareChanges(Parser& command) {
+  edit_ = command.AddCommand("edit", "Change an account, as far as options are given");
+  close_ = command.AddCommand("close", "Close an account: nothing in it can be changed");
+  reopen_ = command.AddCommand("reopen", "Open a closed account again");
+  delete_ = command.AddCommand("delete", "Delete an account with all that is in it");
+  for (Parser* form : {edit_, close_, reopen_, delete_}) account_.Declare(*form);
+  edit_->AddOption("--name", newName_, "Another name");
   edited_.Declare(*edit_, false);
 }
 
 ExitStatus AccountsCommand::Run(Session& session) {
-  const bool names = edit_->parsed() || close_->parsed() || reopen_->parsed() || delete_->parsed();
-  const bool writes = names || add_->parsed();
+  const bool names = edit_->Parsed() || close_->Parsed() || reopen_->Parsed() || delete_->Parsed();
+  const bool writes = names || add_->Parsed();
   const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
@@ -50,8 +49,8 @@ ExitStatus AccountsCommand::Run(Session& session) {
   const std::optional<AccountRow> account = account_.Find(ledger, session);
   if (!account) return ExitStatus::Refused;
   AccountEditor editor(ledger, session.Machine());
-  if (edit_->parsed()) return Edit(*account, editor, ledger, session);
-  return delete_->parsed() ? Delete(*account, editor, session) : Close(*account, editor, session);
+  if (edit_->Parsed()) return Edit(*account, editor, ledger, session);
+  return delete_->Parsed() ? Delete(*account, editor, session) : Close(*account, editor, session);
 }
 
 ExitStatus AccountsCommand::List(clsCorvanta& ledger, Session& session) const {
@@ -98,7 +97,7 @@ ExitStatus AccountsCommand::Edit(const AccountRow& account, AccountEditor& edito
 ExitStatus AccountsCommand::Close(const AccountRow& account, AccountEditor& editor,
                                   Session& session) const {
   std::optional<AccountForm> form = editor.Load(account.accountId);
-  form->closed = close_->parsed();
+  form->closed = close_->Parsed();
   if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
   session.Tell(kTitle, "\"" + account.account + (form->closed ? "\" is closed" : "\" is open"));
   return ExitStatus::Done;

@@ -14,11 +14,11 @@ namespace corvanta::inline cli {
 // reopen and delete: one of them.
 class AccountsCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  void DeclareChanges(CLI::App& command);
+  void DeclareChanges(Parser& command);
   ExitStatus List(clsCorvanta& ledger, Session& session) const;
   ExitStatus Add(clsCorvanta& ledger, Session& session) const;
   ExitStatus Edit(const AccountRow& account, AccountEditor& editor, clsCorvanta& ledger,
@@ -26,11 +26,11 @@ class AccountsCommand : public Command {
   ExitStatus Close(const AccountRow& account, AccountEditor& editor, Session& session) const;
   ExitStatus Delete(const AccountRow& account, AccountEditor& editor, Session& session) const;
 
-  CLI::App* add_ = nullptr;
-  CLI::App* edit_ = nullptr;
-  CLI::App* close_ = nullptr;
-  CLI::App* reopen_ = nullptr;
-  CLI::App* delete_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* edit_ = nullptr;
+  Parser* close_ = nullptr;
+  Parser* reopen_ = nullptr;
+  Parser* delete_ = nullptr;
   AccountArgument account_;
   AccountFields added_;
   AccountFields edited_;

@@ -1,20 +1,19 @@
 #include "cli/AddCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "entry/TransactionEditor.h"
 #include "invest/WebRates.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* AddCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("add", "Enter a transaction and print its key");
-  command->add_option("type", type_, "expense, income or transfer")
-      ->transform(CLI::Validator(EntryTypeWord(), ""))
-      ->required();
+Parser* AddCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("add", "Enter a transaction and print its key");
+  command->AddOption("type", type_, "expense, income or transfer")
+      ->Correct(EntryTypeWord())
+      ->Required();
   arguments_.Declare(*command, true);
   return command;
 }

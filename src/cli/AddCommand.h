@@ -10,7 +10,7 @@ namespace corvanta::inline cli {
 // add expense|income|transfer: enters a transaction and prints its key.
 class AddCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -3,33 +3,30 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 #include "safety/ArchiveEditor.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* ArchiveCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("archive", "Move old transactions into a data file of their own");
-  command->add_option("file", file_, "The archive, which must not be there yet")
-      ->required()
-      ->check(EmptyFault);
-  command->add_option("--before", before_, "Transactions before this day move")
-      ->type_name("YYYY-MM-DD")
-      ->required()
-      ->check(DateFault);
-  command->add_option("--account", accounts_, "Of this account (default: of all); may be repeated")
-      ->type_name("A")
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->expected(1)
-      ->allow_extra_args(false)
-      ->check(EmptyFault);
-  command->add_flag("--reconciled", onlyReconciled_,
-                    "Leave what no balanced statement holds where it is");
-  command->add_flag("--dry-run", isDry_, "Show what would move, and move nothing");
+Parser* ArchiveCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("archive", "Move old transactions into a data file of their own");
+  command->AddOption("file", file_, "The archive, which must not be there yet")
+      ->Required()
+      ->Check(EmptyFault);
+  command->AddOption("--before", before_, "Transactions before this day move")
+      ->TypeName("YYYY-MM-DD")
+      ->Required()
+      ->Check(DateFault);
+  command->AddOption("--account", accounts_, "Of this account (default: of all); may be repeated")
+      ->TypeName("A")
+      ->Repeated()
+      ->Check(EmptyFault);
+  command->AddFlag("--reconciled", onlyReconciled_,
+                   "Leave what no balanced statement holds where it is");
+  command->AddFlag("--dry-run", isDry_, "Show what would move, and move nothing");
   return command;
 }
 

@@ -19,7 +19,7 @@ namespace corvanta::inline cli {
 // archive FILE --before D: moves old transactions into a data file of their own.
 class ArchiveCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,8 +1,7 @@
 #include "cli/Arguments.h"
 
+#include "cli/Parser.h"
 #include "platform/TextCase.h"
-
-#include <CLI/CLI.hpp>
 
 #include <charconv>
 #include <system_error>
@@ -66,13 +65,13 @@ std::string DateFault(const std::string& text) {
   return "'" + text + "' is no date of the form YYYY-MM-DD";
 }
 
-void PeriodArguments::Declare(CLI::App& command) {
-  command.add_option("--from", from, "First day shown (YYYY-MM-DD)")->check(DateFault);
-  command.add_option("--to", to, "Last day shown (YYYY-MM-DD)")->check(DateFault);
-  command.final_callback([this] {
+void PeriodArguments::Declare(Parser& command) {
+  command.AddOption("--from", from, "First day shown (YYYY-MM-DD)")->Check(DateFault);
+  command.AddOption("--to", to, "Last day shown (YYYY-MM-DD)")->Check(DateFault);
+  command.Finally([this] {
     // Dates of this one form are in order as texts are.
     if (!from.empty() && !to.empty() && to < from) {
-      throw CLI::ValidationError("--to", to + " lies before --from " + from);
+      throw UsageError("--to", to + " lies before --from " + from);
     }
   });
 }
@@ -82,9 +81,9 @@ std::optional<Period> PeriodArguments::Get() const {
   return Period{DayOf(from, kFirstDay), DayOf(to, kLastDay)};
 }
 
-void StatusArgument::Declare(CLI::App& command) {
-  command.add_option("--status", letters, "Statuses shown: any of the letters u, c, r")
-      ->check(StatusFault);
+void StatusArgument::Declare(Parser& command) {
+  command.AddOption("--status", letters, "Statuses shown: any of the letters u, c, r")
+      ->Check(StatusFault);
 }
 
 StatusFilter StatusArgument::Get() const {

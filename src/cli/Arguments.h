@@ -10,18 +10,16 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline cli {
+
+class Parser;
 
 // --from D and --to D, either of them alone too.
 struct PeriodArguments {
   std::string from;
   std::string to;
 
-  void Declare(CLI::App& command);
+  void Declare(Parser& command);
   // nullopt when neither was given; an open end reaches to the first or last day there is.
   [[nodiscard]] std::optional<Period> Get() const;
 };
@@ -30,7 +28,7 @@ struct PeriodArguments {
 struct StatusArgument {
   std::string letters;
 
-  void Declare(CLI::App& command);
+  void Declare(Parser& command);
   [[nodiscard]] StatusFilter Get() const;
 };
 

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/KeywordBook.h"
 #include "ledger/ReferenceRecords.h"
@@ -12,8 +13,6 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "reference/Deletion.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -40,58 +39,58 @@ void AddFile(OutputTable& table, AttachedFiles files, const AttachmentRecord& ro
 
 }  // namespace
 
-CLI::App* AttachCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("attach", "The files attached to a transaction");
-  command->require_subcommand(1);
-  list_ = command->add_subcommand("list", "Show the attached files");
-  add_ = command->add_subcommand("add", "Attach a file");
-  open_ = command->add_subcommand("open", "Open the file with the program that is for it");
-  save_ = command->add_subcommand("save", "Write the file to another place");
-  CLI::App* remove = command->add_subcommand(
+Parser* AttachCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("attach", "The files attached to a transaction");
+  command->RequireCommand();
+  list_ = command->AddCommand("list", "Show the attached files");
+  add_ = command->AddCommand("add", "Attach a file");
+  open_ = command->AddCommand("open", "Open the file with the program that is for it");
+  save_ = command->AddCommand("save", "Write the file to another place");
+  Parser* remove = command->AddCommand(
       "delete", "Detach the files; what is beside the data file stays where it is");
-  check_ = command->add_subcommand("check", "Show all attached files, and which are missing");
-  unused_ = command->add_subcommand("unused", "Show the copies that no transaction names");
-  for (CLI::App* form : {list_, add_, open_, save_, remove}) transaction_.DeclareOne(*form);
-  add_->add_option("file", file_, "The file to attach")->required();
-  add_->add_option("--keep", keep_,
-                   "Where it is kept: path (where it is), folder (FileStore beside the data file) "
-                   "or inside (the data file); as the settings say without it")
-      ->type_name("WHERE")
-      ->transform(CLI::Validator(OneOf({"path", "folder", "inside"}), ""));
-  save_->add_option("file", file_, "Where to write it")->required();
-  for (CLI::App* form : {open_, save_, remove}) DeclareWhich(*form);
+  check_ = command->AddCommand("check", "Show all attached files, and which are missing");
+  unused_ = command->AddCommand("unused", "Show the copies that no transaction names");
+  for (Parser* form : {list_, add_, open_, save_, remove}) transaction_.DeclareOne(*form);
+  add_->AddOption("file", file_, "The file to attach")->Required();
+  add_->AddOption("--keep", keep_,
+                  "Where it is kept: path (where it is), folder (FileStore beside the data file) "
+                  "or inside (the data file); as the settings say without it")
+      ->TypeName("WHERE")
+      ->Correct(OneOf({"path", "folder", "inside"}));
+  save_->AddOption("file", file_, "Where to write it")->Required();
+  for (Parser* form : {open_, save_, remove}) DeclareWhich(*form);
   return command;
 }
 
-void AttachCommand::DeclareWhich(CLI::App& command) {
-  command.add_option("--only", which_, "The key of one of several files, as the list shows it")
-      ->type_name("KEY")
-      ->check(KeyFault);
+void AttachCommand::DeclareWhich(Parser& command) {
+  command.AddOption("--only", which_, "The key of one of several files, as the list shows it")
+      ->TypeName("KEY")
+      ->Check(KeyFault);
 }
 
 ExitStatus AttachCommand::Run(Session& session) {
-  const bool reads = !add_->parsed() && (list_->parsed() || open_->parsed() || save_->parsed() ||
-                                         check_->parsed() || unused_->parsed());
+  const bool reads = !add_->Parsed() && (list_->Parsed() || open_->Parsed() || save_->Parsed() ||
+                                         check_->Parsed() || unused_->Parsed());
   const std::optional<DataFile> file = session.Open(reads ? Access::Read : Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  const bool isOfAll = check_->parsed() || unused_->parsed();
+  const bool isOfAll = check_->Parsed() || unused_->Parsed();
   return isOfAll ? RunOnFile(ledger, session) : RunOnTransaction(ledger, session);
 }
 
 ExitStatus AttachCommand::RunOnFile(clsCorvanta& ledger, Session& session) const {
-  return check_->parsed() ? Check(ledger, session) : Unused(ledger, session);
+  return check_->Parsed() ? Check(ledger, session) : Unused(ledger, session);
 }
 
 ExitStatus AttachCommand::RunOnTransaction(clsCorvanta& ledger, Session& session) const {
   const auto rows = transaction_.Find(ledger, session);
   if (!rows) return ExitStatus::Refused;
   const std::int64_t transactionId = rows->front().transactionId;
-  if (list_->parsed()) return List(ledger, transactionId, session);
-  if (open_->parsed()) return Open(ledger, transactionId, session);
-  if (save_->parsed()) return Save(ledger, transactionId, session);
+  if (list_->Parsed()) return List(ledger, transactionId, session);
+  if (open_->Parsed()) return Open(ledger, transactionId, session);
+  if (save_->Parsed()) return Save(ledger, transactionId, session);
   if (RefuseClosed(*rows, session)) return ExitStatus::Refused;
-  return add_->parsed() ? Add(ledger, transactionId, session)
+  return add_->Parsed() ? Add(ledger, transactionId, session)
                         : Delete(ledger, transactionId, session);
 }
 

@@ -17,12 +17,12 @@ namespace corvanta::inline cli {
 // check and attach unused: those of the whole data file.
 class AttachCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
   // Chooses one of the transaction's files where it has several.
-  void DeclareWhich(CLI::App& command);
+  void DeclareWhich(Parser& command);
   ExitStatus RunOnFile(clsCorvanta& ledger, Session& session) const;
   ExitStatus RunOnTransaction(clsCorvanta& ledger, Session& session) const;
   ExitStatus List(clsCorvanta& ledger, std::int64_t transactionId, Session& session) const;
@@ -41,12 +41,12 @@ class AttachCommand : public Command {
                                                         std::int64_t transactionId,
                                                         Session& session) const;
 
-  CLI::App* list_ = nullptr;
-  CLI::App* add_ = nullptr;
-  CLI::App* open_ = nullptr;
-  CLI::App* save_ = nullptr;
-  CLI::App* check_ = nullptr;
-  CLI::App* unused_ = nullptr;
+  Parser* list_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* open_ = nullptr;
+  Parser* save_ = nullptr;
+  Parser* check_ = nullptr;
+  Parser* unused_ = nullptr;
   TransactionsArgument transaction_;
   std::string file_;
   std::string keep_;

@@ -3,13 +3,12 @@
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
 #include "cli/NamedItem.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "entry/AutofillEditor.h"
 #include "entry/EntryLists.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -22,21 +21,21 @@ std::vector<NamedItem> Items(const std::vector<Choice>& choices) {
 
 }  // namespace
 
-CLI::App* AutofillCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* AutofillCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "autofill", "Enter a transaction like the payee's last one of the category");
-  command->add_option("--account", account_, "The account")->required();
-  command->add_option("--payee", payee_, "The payee")->required();
-  command->add_option("--category", category_, "Category or Category:SubCategory")->required();
-  command->add_option("--amount", amount_, "Without a sign, in the account's currency")
-      ->type_name("N")
-      ->check(NumberFault)
-      ->required();
-  command->add_option("--type", type_, "expense or income")
-      ->type_name("TYPE")
-      ->transform(CLI::Validator(OneOf({"expense", "income"}), ""))
-      ->required();
-  command->add_option("--date", date_, "The day, today without it (YYYY-MM-DD)")->check(DateFault);
+  command->AddOption("--account", account_, "The account")->Required();
+  command->AddOption("--payee", payee_, "The payee")->Required();
+  command->AddOption("--category", category_, "Category or Category:SubCategory")->Required();
+  command->AddOption("--amount", amount_, "Without a sign, in the account's currency")
+      ->TypeName("N")
+      ->Check(NumberFault)
+      ->Required();
+  command->AddOption("--type", type_, "expense or income")
+      ->TypeName("TYPE")
+      ->Correct(OneOf({"expense", "income"}))
+      ->Required();
+  command->AddOption("--date", date_, "The day, today without it (YYYY-MM-DD)")->Check(DateFault);
   return command;
 }
 

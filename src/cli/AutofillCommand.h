@@ -18,7 +18,7 @@ namespace corvanta::inline cli {
 // autofill: enters a transaction like the payee's last one of that category; prints its key.
 class AutofillCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

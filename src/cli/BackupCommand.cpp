@@ -2,23 +2,22 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "safety/Backup.h"
 #include "store/datafile/OpenDataFile.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* BackupCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("backup", "Make a backup of the data file");
-  command->add_option("file", file_, "The backup (default: where the setting Backup sends it)")
-      ->check(EmptyFault);
-  CLI::Option* list = command->add_flag("--list", lists_, "Show the backups that there are");
+Parser* BackupCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("backup", "Make a backup of the data file");
+  command->AddOption("file", file_, "The backup (default: where the setting Backup sends it)")
+      ->Check(EmptyFault);
+  Argument* list = command->AddFlag("--list", lists_, "Show the backups that there are");
   command
-      ->add_flag("--transfer", withTransfer_,
-                 "Write a transfer file beside it, which holds the key and the settings")
-      ->excludes(list);
+      ->AddFlag("--transfer", withTransfer_,
+                "Write a transfer file beside it, which holds the key and the settings")
+      ->Excludes(list);
   return command;
 }
 

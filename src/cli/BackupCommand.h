@@ -16,7 +16,7 @@ namespace corvanta::inline cli {
 // backup --list: those that are there.
 class BackupCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,14 +1,13 @@
 #include "cli/BalanceCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/AccountRow.h"
 #include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -31,8 +30,8 @@ void WriteLines(const PeriodTotals& totals, std::int64_t uncleared, Session& ses
 
 }  // namespace
 
-CLI::App* BalanceCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("balance", "Show the totals of an account");
+Parser* BalanceCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("balance", "Show the totals of an account");
   account_.Declare(*command);
   period_.Declare(*command);
   status_.Declare(*command);

@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // balance ACCOUNT: the totals of one account over a period.
 class BalanceCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,6 +1,7 @@
 #include "cli/CategoryCommand.h"
 
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "ledger/CategoryBook.h"
 #include "ledger/ReferenceBook.h"
@@ -9,8 +10,6 @@
 #include "platform/Platform.h"
 #include "reference/CategoryEditor.h"
 #include "reference/RowOf.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -33,15 +32,15 @@ std::vector<NamedItem> PeriodItems(clsCorvanta& ledger) {
 
 }  // namespace
 
-void CategoryCommand::DeclareAdd(CLI::App& add) {
-  add.add_option("--type", type_, "income or expense")
-      ->type_name("TYPE")
-      ->transform(CLI::Validator(OneOf({kIncome, kExpense}), ""));
-  add.add_option("--budget", budget_, "Its budget for each period")
-      ->type_name("N")
-      ->check(NumberFault);
-  add.add_option("--period", period_, "The period of the budget, such as Monthly");
-  add.add_option("--description", description_, "What it is");
+void CategoryCommand::DeclareAdd(Parser& add) {
+  add.AddOption("--type", type_, "income or expense")
+      ->TypeName("TYPE")
+      ->Correct(OneOf({kIncome, kExpense}));
+  add.AddOption("--budget", budget_, "Its budget for each period")
+      ->TypeName("N")
+      ->Check(NumberFault);
+  add.AddOption("--period", period_, "The period of the budget, such as Monthly");
+  add.AddOption("--description", description_, "What it is");
 }
 
 OutputTable CategoryCommand::List(clsCorvanta& ledger) {

@@ -4,6 +4,8 @@
 
 namespace corvanta::inline cli {
 
+class Parser;
+
 // category: categories and sub-categories with their budgets. Both stand in one name:
 // "Category:SubCategory".
 class CategoryCommand : public ReferenceCommand {
@@ -11,7 +13,7 @@ class CategoryCommand : public ReferenceCommand {
   CategoryCommand() : ReferenceCommand({"category", "Category", "category", "categories"}) {}
 
  protected:
-  void DeclareAdd(CLI::App& add) override;
+  void DeclareAdd(Parser& add) override;
   OutputTable List(clsCorvanta& ledger) override;
   std::vector<NamedItem> Items(clsCorvanta& ledger) override;
   std::optional<std::int64_t> Add(clsCorvanta& ledger, Session& session,

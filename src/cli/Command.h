@@ -2,12 +2,9 @@
 
 #include "cli/ExitStatus.h"
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // One command of the command line: it parses, calls the engine and prints.
@@ -17,7 +14,7 @@ class Command {
 
   // Adds the command with its arguments to the parser, which writes into this object; returns the
   // command's own parser. Called once, before Run.
-  virtual CLI::App* Declare(CLI::App& parser) = 0;
+  virtual Parser* Declare(Parser& parser) = 0;
   // Does what was parsed. What the file or the machine refuses is thrown (StoreError,
   // PlatformError); what a rule refuses has been told when this returns Refused.
   virtual ExitStatus Run(Session& session) = 0;

@@ -26,6 +26,7 @@
 #include "cli/MergeCommand.h"
 #include "cli/MultiEditCommand.h"
 #include "cli/NewCommand.h"
+#include "cli/Parser.h"
 #include "cli/PassphraseCommand.h"
 #include "cli/PasswordCommand.h"
 #include "cli/PostCommand.h"
@@ -54,7 +55,6 @@
 #include "platform/SystemPlatform.h"
 #include "store/sql/FailureText.h"
 
-#include <CLI/CLI.hpp>
 #include <fcntl.h>
 
 #include <algorithm>
@@ -131,80 +131,68 @@ ExitStatus CommandLine::Run(std::vector<std::string> arguments) {
 }
 
 ExitStatus CommandLine::Parse(std::vector<std::string> arguments) {
-  CLI::App parser("Corvanta on the command line", "corvanta-cli");
+  Parser parser("Corvanta on the command line", "corvanta-cli");
   DeclareOptions(parser);
   DeclareCommands(parser);
   try {
-    std::ranges::reverse(arguments);  // the library takes them from the back
-    parser.parse(std::move(arguments));
-    return RunChosen();
-  } catch (const CLI::Success& request) {  // --help and --version
-    parser.exit(request, out_, messages_);
-    return ExitStatus::Done;
-  } catch (const CLI::ParseError& error) {
+    const bool isTold = parser.Parse(std::move(arguments), out_) == Parser::Outcome::Told;
+    return isTold ? ExitStatus::Done : RunChosen();
+  } catch (const UsageError& error) {
     return Report("Usage",
                   UsageFault(parser, error) + "\nRun corvanta-cli --help for the commands.",
                   ExitStatus::WrongUsage);
   }
 }
 
-std::string CommandLine::UsageFault(const CLI::App& parser, const CLI::ParseError& error) const {
-  const std::vector<std::string> rest = parser.remaining();
-  if (!parser.get_subcommands().empty()) return error.what();
-  if (rest.empty() && dynamic_cast<const CLI::RequiredError*>(&error) != nullptr) {
-    return "A command is missing";
-  }
-  if (rest.empty()) return error.what();
+std::string CommandLine::UsageFault(const Parser& parser, const UsageError& error) const {
+  const std::vector<std::string> rest = parser.Remaining();
+  const bool isChosen =
+      std::ranges::any_of(commands_, [](const auto& entry) { return entry.first->Parsed(); });
+  if (isChosen || rest.empty()) return error.what();
   std::vector<std::string> names;
-  for (const auto& [command, unused] : commands_) names.push_back(command->get_name());
+  for (const auto& [command, unused] : commands_) names.push_back(command->Name());
   return "There is no command \"" + rest.front() + "\"." +
          DidYouMean(CloseNames(rest.front(), names));
 }
 
-void CommandLine::DeclareOptions(CLI::App& parser) {
-  parser.set_version_flag("--version", "corvanta-cli " CORVANTA_VERSION,
-                          "Print the version and exit");
-  parser.require_subcommand(1);
-  parser.fallthrough();  // the options may also stand behind the command
-  // Given twice, the later one counts, so that a script's own call can be added to.
-  parser.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
-  parser.add_option("--profile", options_.profile, "Folder of settings (default: the user's)")
-      ->type_name("DIR")
-      ->check(EmptyFault);
-  parser.add_option("--data", options_.data, "Data file or its folder, for this run only")
-      ->type_name("PATH")
-      ->check(EmptyFault);
-  parser.add_option("--today", options_.today, "The day that counts as today")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault);
-  parser.add_option("--format", options_.format, "Form of the output: text, csv or json")
-      ->type_name("FORM")
-      ->transform(CLI::Validator(OneOf({"text", "csv", "json"}), ""));
-  CLI::Option* yes = parser.add_flag("--yes", options_.yes, "Answer every question with yes");
-  parser.add_flag("--no", options_.no, "Answer every question with no")->excludes(yes);
+void CommandLine::DeclareOptions(Parser& parser) {
+  parser.AddVersion("--version", "corvanta-cli " CORVANTA_VERSION, "Print the version and exit");
+  parser.RequireCommand();
+  parser.AddOption("--profile", options_.profile, "Folder of settings (default: the user's)")
+      ->TypeName("DIR")
+      ->Check(EmptyFault);
+  parser.AddOption("--data", options_.data, "Data file or its folder, for this run only")
+      ->TypeName("PATH")
+      ->Check(EmptyFault);
+  parser.AddOption("--today", options_.today, "The day that counts as today")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault);
+  parser.AddOption("--format", options_.format, "Form of the output: text, csv or json")
+      ->TypeName("FORM")
+      ->Correct(OneOf({"text", "csv", "json"}));
+  Argument* yes = parser.AddFlag("--yes", options_.yes, "Answer every question with yes");
+  parser.AddFlag("--no", options_.no, "Answer every question with no")->Excludes(yes);
   parser
-      .add_option("--answer", options_.answers,
-                  "Answer the question of that title, whatever --yes and --no say")
-      ->type_name("TITLE=yes|no")
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->expected(1)
-      ->allow_extra_args(false)
-      ->check(AnswerFault);
+      .AddOption("--answer", options_.answers,
+                 "Answer the question of that title, whatever --yes and --no say")
+      ->TypeName("TITLE=yes|no")
+      ->Repeated()
+      ->Check(AnswerFault);
   parser
-      .add_option("--password-fd", options_.passwordFd, "File descriptor to read the password from")
-      ->type_name("N")
-      ->check(DescriptorFault);
+      .AddOption("--password-fd", options_.passwordFd, "File descriptor to read the password from")
+      ->TypeName("N")
+      ->Check(DescriptorFault);
   parser
-      .add_option("--wait", options_.wait,
-                  "Seconds to wait for another program that is writing the data file (default: 5)")
-      ->type_name("SECONDS")
-      ->check(WaitFault);
+      .AddOption("--wait", options_.wait,
+                 "Seconds to wait for another program that is writing the data file (default: 5)")
+      ->TypeName("SECONDS")
+      ->Check(WaitFault);
 }
 
-void CommandLine::DeclareCommands(CLI::App& parser) {
+void CommandLine::DeclareCommands(Parser& parser) {
   commands_.clear();
   const auto add = [&](std::unique_ptr<Command> command) {
-    CLI::App* declared = command->Declare(parser);
+    Parser* declared = command->Declare(parser);
     commands_.emplace_back(declared, std::move(command));
   };
   add(std::make_unique<NewCommand>());
@@ -259,12 +247,12 @@ void CommandLine::DeclareCommands(CLI::App& parser) {
 
 ExitStatus CommandLine::RunChosen() {
   const auto chosen =
-      std::ranges::find_if(commands_, [](const auto& entry) { return entry.first->parsed(); });
+      std::ranges::find_if(commands_, [](const auto& entry) { return entry.first->Parsed(); });
   ConsolePrompts prompts(AnswersOf(options_), messages_);
   SilentProgress progress;
   SystemPlatform machine({options_.profile.value_or(""), Date::FromIso(options_.today), ""},
                          prompts, progress);
-  Session session(machine.Get(), options_, chosen->first->get_name(), out_, messages_);
+  Session session(machine.Get(), options_, chosen->first->Name(), out_, messages_);
   return chosen->second->Run(session);
 }
 

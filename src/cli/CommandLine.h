@@ -10,11 +10,9 @@
 #include <utility>
 #include <vector>
 
-namespace CLI {
-class ParseError;
-}
-
 namespace corvanta::inline cli {
+
+class UsageError;
 
 // The whole command line: global options, the commands, and what a failure becomes.
 class CommandLine {
@@ -29,15 +27,15 @@ class CommandLine {
  private:
   ExitStatus Parse(std::vector<std::string> arguments);
   ExitStatus RunChosen();
-  [[nodiscard]] std::string UsageFault(const CLI::App& parser, const CLI::ParseError& error) const;
-  void DeclareOptions(CLI::App& parser);
-  void DeclareCommands(CLI::App& parser);
+  [[nodiscard]] std::string UsageFault(const Parser& parser, const UsageError& error) const;
+  void DeclareOptions(Parser& parser);
+  void DeclareCommands(Parser& parser);
   ExitStatus Report(const std::string& title, const std::string& text, ExitStatus status);
 
   std::ostream& out_;
   std::ostream& messages_;
   GlobalOptions options_;
-  std::vector<std::pair<CLI::App*, std::unique_ptr<Command>>> commands_;
+  std::vector<std::pair<Parser*, std::unique_ptr<Command>>> commands_;
 };
 
 }  // namespace corvanta::inline cli

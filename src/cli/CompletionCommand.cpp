@@ -1,38 +1,28 @@
 #include "cli/CompletionCommand.h"
 
 #include "cli/CompletionScript.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
 namespace corvanta::inline cli {
 namespace {
 
-std::vector<const CLI::App*> CommandsOf(const CLI::App& parser) {
-  return parser.get_subcommands(
-      [](const CLI::App* command) { return !command->get_name().empty(); });
-}
-
-void AddOptions(const CLI::App& parser, std::vector<CompletionWord>& words) {
-  for (const CLI::Option* option : parser.get_options()) {
-    const bool takesValue = option->get_items_expected_max() > 0;
-    for (const std::string& name : option->get_lnames()) {
-      words.push_back({"--" + name, option->get_description(), takesValue});
-    }
-    for (const std::string& name : option->get_snames()) {
-      words.push_back({"-" + name, option->get_description(), takesValue});
+void AddOptions(const Parser& parser, std::vector<CompletionWord>& words) {
+  for (const Argument& argument : parser.Arguments()) {
+    for (const std::string& name : argument.Names()) {
+      words.push_back({name, argument.Meaning(), argument.TakesValue()});
     }
   }
 }
 
 // The command and those below it. The options of the whole line may stand behind each of them.
-void AddPlaces(const CLI::App& root, const CLI::App& parser, const std::string& command,
+void AddPlaces(const Parser& root, const Parser& parser, const std::string& command,
                std::vector<CompletionPlace>& places) {
   CompletionPlace place{command, {}};
-  for (const CLI::App* below : CommandsOf(parser)) {
-    place.words.push_back({below->get_name(), below->get_description(), false});
+  for (const Parser* below : parser.Commands()) {
+    place.words.push_back({below->Name(), below->Meaning(), false});
   }
   AddOptions(parser, place.words);
   if (&root != &parser) {
@@ -45,21 +35,21 @@ void AddPlaces(const CLI::App& root, const CLI::App& parser, const std::string& 
     }
   }
   places.push_back(std::move(place));
-  for (const CLI::App* below : CommandsOf(parser)) {
-    AddPlaces(root, *below, command + '/' + below->get_name(), places);
+  for (const Parser* below : parser.Commands()) {
+    AddPlaces(root, *below, command + '/' + below->Name(), places);
   }
 }
 
 }  // namespace
 
-CLI::App* CompletionCommand::Declare(CLI::App& parser) {
+Parser* CompletionCommand::Declare(Parser& parser) {
   parser_ = &parser;
-  CLI::App* command =
-      parser.add_subcommand("completion", "Print what completes this command line in a shell");
-  command->require_subcommand(1);
-  command->add_subcommand("bash", "For bash");
-  zsh_ = command->add_subcommand("zsh", "For zsh");
-  fish_ = command->add_subcommand("fish", "For fish");
+  Parser* command =
+      parser.AddCommand("completion", "Print what completes this command line in a shell");
+  command->RequireCommand();
+  command->AddCommand("bash", "For bash");
+  zsh_ = command->AddCommand("zsh", "For zsh");
+  fish_ = command->AddCommand("fish", "For fish");
   return command;
 }
 
@@ -67,8 +57,8 @@ ExitStatus CompletionCommand::Run(Session& session) {
   std::vector<CompletionPlace> places;
   AddPlaces(*parser_, *parser_, {}, places);
   const auto script =
-      fish_->parsed() ? FishCompletion : (zsh_->parsed() ? ZshCompletion : BashCompletion);
-  session.Out() << script(parser_->get_name(), places);
+      fish_->Parsed() ? FishCompletion : (zsh_->Parsed() ? ZshCompletion : BashCompletion);
+  session.Out() << script(parser_->Name(), places);
   return ExitStatus::Done;
 }
 

@@ -8,13 +8,13 @@ namespace corvanta::inline cli {
 // this command line, made from the commands as they are declared.
 class CompletionCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  CLI::App* parser_ = nullptr;
-  CLI::App* zsh_ = nullptr;
-  CLI::App* fish_ = nullptr;
+  Parser* parser_ = nullptr;
+  Parser* zsh_ = nullptr;
+  Parser* fish_ = nullptr;
 };
 
 }  // namespace corvanta::inline cli

@@ -1,14 +1,13 @@
 #include "cli/DeleteCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
-CLI::App* DeleteCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("delete", "Delete transactions with their split lines and other half");
+Parser* DeleteCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("delete", "Delete transactions with their split lines and other half");
   transactions_.Declare(*command);
   return command;
 }

@@ -10,7 +10,7 @@ namespace corvanta::inline cli {
 // delete ID...: deletes transactions, each with its split lines and its other half.
 class DeleteCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

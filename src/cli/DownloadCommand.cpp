@@ -2,23 +2,22 @@
 
 #include "cli/InvestmentArgument.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "invest/PriceRound.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <utility>
 
 namespace corvanta::inline cli {
 
-CLI::App* DownloadCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("download", "Fetch today's prices of investments");
-  command->add_option("investments", names_,
-                      "Their names or symbols, or # and their keys (default: all that have a "
-                      "source with an address)");
+Parser* DownloadCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("download", "Fetch today's prices of investments");
+  command->AddOption("investments", names_,
+                     "Their names or symbols, or # and their keys (default: all that have a "
+                     "source with an address)");
   return command;
 }
 

@@ -10,7 +10,7 @@ namespace corvanta::inline cli {
 // download [INVESTMENT...]: fetches today's prices.
 class DownloadCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

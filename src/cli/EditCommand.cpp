@@ -1,5 +1,6 @@
 #include "cli/EditCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "entry/TransactionEditor.h"
@@ -7,17 +8,14 @@
 #include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* EditCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("edit", "Change a transaction, as far as options are given");
+Parser* EditCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("edit", "Change a transaction, as far as options are given");
   transaction_.DeclareOne(*command);
-  command->add_option("--type", type_, "expense, income or transfer")
-      ->type_name("TYPE")
-      ->transform(CLI::Validator(EntryTypeWord(), ""));
+  command->AddOption("--type", type_, "expense, income or transfer")
+      ->TypeName("TYPE")
+      ->Correct(EntryTypeWord());
   arguments_.Declare(*command, false);
   return command;
 }

@@ -11,7 +11,7 @@ namespace corvanta::inline cli {
 // edit ID: changes what is given of a transaction.
 class EditCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,5 +1,6 @@
 #include "cli/EditorCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceTables.h"
@@ -8,8 +9,6 @@
 #include "platform/TextCase.h"
 #include "reference/ReferenceEditor.h"
 #include "reference/ReferenceWords.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -30,9 +29,9 @@ EditorCommand<Record>::EditorCommand(const char* command, const char* column)
       column_(column) {}
 
 template <typename Record>
-void EditorCommand<Record>::DeclareAdd(CLI::App& add) {
+void EditorCommand<Record>::DeclareAdd(Parser& add) {
   for (const auto& text : kReferenceTable<Record>.texts) {
-    add.add_option("--" + ToLower(text.column), details_.*text.member, WordsOf(text.column).help);
+    add.AddOption("--" + ToLower(text.column), details_.*text.member, WordsOf(text.column).help);
   }
 }
 

@@ -4,6 +4,8 @@
 
 namespace corvanta::inline cli {
 
+class Parser;
+
 // The command of one kind of the ledger's ReferenceTables.h.
 template <typename Record>
 class EditorCommand : public ReferenceCommand {
@@ -12,7 +14,7 @@ class EditorCommand : public ReferenceCommand {
   EditorCommand(const char* command, const char* column);
 
  protected:
-  void DeclareAdd(CLI::App& add) override;
+  void DeclareAdd(Parser& add) override;
   OutputTable List(clsCorvanta& ledger) override;
   std::vector<NamedItem> Items(clsCorvanta& ledger) override;
   std::optional<std::int64_t> Add(clsCorvanta& ledger, Session& session,

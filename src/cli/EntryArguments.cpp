@@ -2,11 +2,10 @@
 
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -34,10 +33,10 @@ EntryType EntryTypeOf(const std::string& word) {
   return word == "transfer" ? EntryType::Transfer : EntryType::Expense;
 }
 
-void DeclareStatus(CLI::App& command, std::optional<std::string>& status) {
-  command.add_option("--status", status, "uncleared, cleared or reconciled")
-      ->type_name("STATUS")
-      ->transform(CLI::Validator(OneOf({"uncleared", "cleared", "reconciled"}), ""));
+void DeclareStatus(Parser& command, std::optional<std::string>& status) {
+  command.AddOption("--status", status, "uncleared, cleared or reconciled")
+      ->TypeName("STATUS")
+      ->Correct(OneOf({"uncleared", "cleared", "reconciled"}));
 }
 
 TransactionStatus StatusOf(const std::string& word) {
@@ -45,23 +44,23 @@ TransactionStatus StatusOf(const std::string& word) {
   return word == "reconciled" ? TransactionStatus::Reconciled : TransactionStatus::Uncleared;
 }
 
-void EntryFields::DeclareFields(CLI::App& command, bool isNew) {
-  command.add_option("--account", account_, "The account; of a transfer, where it comes from")
-      ->required(isNew);
-  command.add_option("--to", to_, "Of a transfer: where it goes to");
-  command.add_option("--payee", payee_, "Of an expense or income");
-  command.add_option("--payment", payment_, "The payment type")->required(isNew);
-  command.add_option("--category", category_,
-                     "Category or Category:SubCategory (of a transfer: Credit without it)");
-  command.add_option("--amount", amount_, "Without a sign, in the account's currency")
-      ->type_name("N")
-      ->check(NumberFault)
-      ->required(isNew);
+void EntryFields::DeclareFields(Parser& command, bool isNew) {
+  command.AddOption("--account", account_, "The account; of a transfer, where it comes from")
+      ->Required(isNew);
+  command.AddOption("--to", to_, "Of a transfer: where it goes to");
+  command.AddOption("--payee", payee_, "Of an expense or income");
+  command.AddOption("--payment", payment_, "The payment type")->Required(isNew);
+  command.AddOption("--category", category_,
+                    "Category or Category:SubCategory (of a transfer: Credit without it)");
+  command.AddOption("--amount", amount_, "Without a sign, in the account's currency")
+      ->TypeName("N")
+      ->Check(NumberFault)
+      ->Required(isNew);
 }
 
-void EntryFields::DeclareTexts(CLI::App& command, const char* reference, const char* description) {
-  command.add_option("--reference", reference_, reference);
-  command.add_option("--description", description_, description);
+void EntryFields::DeclareTexts(Parser& command, const char* reference, const char* description) {
+  command.AddOption("--reference", reference_, reference);
+  command.AddOption("--description", description_, description);
 }
 
 bool EntryFields::Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
@@ -92,18 +91,18 @@ bool EntryFields::Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
   return true;
 }
 
-void EntryArguments::Declare(CLI::App& command, bool isNew) {
+void EntryArguments::Declare(Parser& command, bool isNew) {
   fields_.DeclareFields(command, isNew);
   command
-      .add_option("--amount-to", amountTo_,
-                  "Of a transfer between currencies: what arrives, in the other account's "
-                  "(at the current rate without it)")
-      ->type_name("N")
-      ->check(NumberFault);
+      .AddOption("--amount-to", amountTo_,
+                 "Of a transfer between currencies: what arrives, in the other account's "
+                 "(at the current rate without it)")
+      ->TypeName("N")
+      ->Check(NumberFault);
   command
-      .add_option("--date", date_,
-                  isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
-      ->check(DateFault);
+      .AddOption("--date", date_,
+                 isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
+      ->Check(DateFault);
   fields_.DeclareTexts(command, "Such as a cheque's number", "What it was for");
   DeclareStatus(command, status_);
 }

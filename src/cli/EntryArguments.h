@@ -9,16 +9,13 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The account of that name or "#" and key; nullopt when there is none, which has then been told.
@@ -30,16 +27,16 @@ class Session;
 [[nodiscard]] EntryType EntryTypeOf(const std::string& word);
 
 // --status with one of three words, which stands for itself.
-void DeclareStatus(CLI::App& command, std::optional<std::string>& status);
+void DeclareStatus(Parser& command, std::optional<std::string>& status);
 [[nodiscard]] TransactionStatus StatusOf(const std::string& word);
 
 // The options that transactions and schedules have in common; what is not given is left as it is.
 class EntryFields {
  public:
   // From the account to the amount. `isNew`: those that a new row cannot do without are required.
-  void DeclareFields(CLI::App& command, bool isNew);
+  void DeclareFields(Parser& command, bool isNew);
   // Reference and description, with what they are said to be.
-  void DeclareTexts(CLI::App& command, const char* reference, const char* description);
+  void DeclareTexts(Parser& command, const char* reference, const char* description);
   // Puts what was given into the form, whose type is set; false, told under the title, when an
   // option does not go with the type or an account is not there.
   [[nodiscard]] bool Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
@@ -60,7 +57,7 @@ class EntryFields {
 class EntryArguments {
  public:
   // `isNew`: those that a new transaction cannot do without are required.
-  void Declare(CLI::App& command, bool isNew);
+  void Declare(Parser& command, bool isNew);
   // Puts what was given into the form, whose type is set; false, told, when an option does not go
   // with the type or an account is not there.
   [[nodiscard]] bool Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const;

@@ -1,5 +1,6 @@
 #include "cli/ExportCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "exchange/FileExport.h"
 #include "ledger/AccountRow.h"
@@ -9,20 +10,17 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Files.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* ExportCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("export", "Export the transactions of an account to a file");
-  command->add_option("file", file_, "The file to write: .qif, .ofx, .csv, .xls or .xlsx")
-      ->required()
-      ->check(EmptyFault);
-  command->add_option("--account", account_.name, "The account's name, or # and its key")
-      ->type_name("A")
-      ->required();
-  command->add_flag("--force", force_, "Replace the file where it is there already");
+Parser* ExportCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("export", "Export the transactions of an account to a file");
+  command->AddOption("file", file_, "The file to write: .qif, .ofx, .csv, .xls or .xlsx")
+      ->Required()
+      ->Check(EmptyFault);
+  command->AddOption("--account", account_.name, "The account's name, or # and its key")
+      ->TypeName("A")
+      ->Required();
+  command->AddFlag("--force", force_, "Replace the file where it is there already");
   period_.Declare(*command);
   status_.Declare(*command);
   return command;

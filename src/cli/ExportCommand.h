@@ -12,7 +12,7 @@ namespace corvanta::inline cli {
 // file's extension. A file that is there is replaced with --force alone.
 class ExportCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,6 +1,7 @@
 #include "cli/FindCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/AccountRow.h"
 #include "ledger/clsCorvanta.h"
@@ -8,20 +9,18 @@
 #include "ledger/search/TransactionSearch.h"
 #include "platform/Platform.h"
 
-#include <CLI/CLI.hpp>
-
 #include <memory>
 
 namespace corvanta::inline cli {
 
-CLI::App* FindCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("find", "Find transactions by what stands in them");
-  command->add_option("text", text_, "Words and amounts, all of which a transaction must have")
-      ->required()
-      ->check(EmptyFault);
+Parser* FindCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("find", "Find transactions by what stands in them");
+  command->AddOption("text", text_, "Words and amounts, all of which a transaction must have")
+      ->Required()
+      ->Check(EmptyFault);
   command
-      ->add_option("--account", account_.name, "In that account alone: its name, or # and its key")
-      ->check(EmptyFault);
+      ->AddOption("--account", account_.name, "In that account alone: its name, or # and its key")
+      ->Check(EmptyFault);
   period_.Declare(*command);
   return command;
 }

@@ -11,7 +11,7 @@ namespace corvanta::inline cli {
 // find TEXT: the transactions of all accounts, or of one, in which the text stands.
 class FindCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -2,6 +2,7 @@
 
 #include "cli/AccountArgument.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "invest/WebRates.h"
 #include "ledger/clsCorvanta.h"
@@ -9,8 +10,6 @@
 #include "platform/Decimal.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -44,20 +43,19 @@ void AddReturns(std::vector<Value>& row, const PeriodReturn& earned) {
 
 }  // namespace
 
-CLI::App* HoldingsCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("holdings", "What is held of each investment, and what it has earned");
-  command->add_option("account", account_,
-                      "The account's name, or # and its key; all accounts without it");
+Parser* HoldingsCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("holdings", "What is held of each investment, and what it has earned");
+  command->AddOption("account", account_,
+                     "The account's name, or # and its key; all accounts without it");
   period_.Declare(*command);
-  command->add_option("--cost", cost_, "How costs are counted: average, fifo (the setting else)")
-      ->transform(CLI::Validator(OneOf({"average", "fifo"}), ""));
-  command->add_flag("--sold", withSold_, "Also what is sold out");
-  CLI::Option* totals =
-      command->add_flag("--totals", totals_, "What they come to, for each currency");
-  command->add_option("--in", currency_, "With --totals: one more line, in that currency")
-      ->type_name("CODE")
-      ->needs(totals);
+  command->AddOption("--cost", cost_, "How costs are counted: average, fifo (the setting else)")
+      ->Correct(OneOf({"average", "fifo"}));
+  command->AddFlag("--sold", withSold_, "Also what is sold out");
+  Argument* totals = command->AddFlag("--totals", totals_, "What they come to, for each currency");
+  command->AddOption("--in", currency_, "With --totals: one more line, in that currency")
+      ->TypeName("CODE")
+      ->Needs(totals);
   return command;
 }
 

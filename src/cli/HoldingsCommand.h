@@ -11,7 +11,7 @@ namespace corvanta::inline cli {
 // holdings: what is held of each investment, and what it has earned.
 class HoldingsCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,14 +1,13 @@
 #include "cli/ImportCommand.h"
 
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "exchange/Encoding.h"
 #include "exchange/ImportEditor.h"
 #include "ledger/AccountRow.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -41,83 +40,81 @@ DuplicateAnswer AnswerOf(const std::string& text) {
 
 }  // namespace
 
-CLI::App* ImportCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("import", "Import a QIF, OFX or CSV file");
-  command->add_option("file", file_, "The file to import")->required()->check(EmptyFault);
+Parser* ImportCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("import", "Import a QIF, OFX or CSV file");
+  command->AddOption("file", file_, "The file to import")->Required()->Check(EmptyFault);
   command
-      ->add_option("--account", account_.name,
-                   "Takes the records of a file that names no account (default: only accounts "
-                   "that the file names)")
-      ->type_name("A")
-      ->check(EmptyFault);
+      ->AddOption("--account", account_.name,
+                  "Takes the records of a file that names no account (default: only accounts "
+                  "that the file names)")
+      ->TypeName("A")
+      ->Check(EmptyFault);
   command
-      ->add_option("--named-accounts", namedAccounts_,
-                   "Where the file names another account than --account: use it, or ignore it, so "
-                   "that --account takes all")
-      ->type_name("ANSWER")
-      ->transform(CLI::Validator(OneOf({"use", "ignore"}), ""));
-  command->add_flag("--complete-transfers", completesTransfers_,
-                    "Make the other half of transfers of which the file holds one half only");
-  command->add_option("--duplicates", duplicates_, "What to do with duplicates: skip or import")
-      ->type_name("ANSWER")
-      ->transform(CLI::Validator(OneOf({"skip", "import"}), ""));
+      ->AddOption("--named-accounts", namedAccounts_,
+                  "Where the file names another account than --account: use it, or ignore it, so "
+                  "that --account takes all")
+      ->TypeName("ANSWER")
+      ->Correct(OneOf({"use", "ignore"}));
+  command->AddFlag("--complete-transfers", completesTransfers_,
+                   "Make the other half of transfers of which the file holds one half only");
+  command->AddOption("--duplicates", duplicates_, "What to do with duplicates: skip or import")
+      ->TypeName("ANSWER")
+      ->Correct(OneOf({"skip", "import"}));
   command
-      ->add_option("--incomplete", incomplete_,
-                   "What to do with the records before a fault that stops the import: keep or drop")
-      ->type_name("ANSWER")
-      ->transform(CLI::Validator(OneOf({"keep", "drop"}), ""));
+      ->AddOption("--incomplete", incomplete_,
+                  "What to do with the records before a fault that stops the import: keep or drop")
+      ->TypeName("ANSWER")
+      ->Correct(OneOf({"keep", "drop"}));
   command
-      ->add_option("--order", order_,
-                   "Order of the dates: Day/Month/Year, Month/Day/Year or Year/Month/Day (default: "
-                   "as the file shows)")
-      ->type_name("ORDER")
-      ->transform(
-          CLI::Validator(OneOf({"Day/Month/Year", "Month/Day/Year", "Year/Month/Day"}), ""));
+      ->AddOption("--order", order_,
+                  "Order of the dates: Day/Month/Year, Month/Day/Year or Year/Month/Day (default: "
+                  "as the file shows)")
+      ->TypeName("ORDER")
+      ->Correct(OneOf({"Day/Month/Year", "Month/Day/Year", "Year/Month/Day"}));
   command
-      ->add_option("--decimal", decimal_,
-                   "Mark before decimals: point or comma (default: as the file shows)")
-      ->type_name("MARK")
-      ->transform(CLI::Validator(OneOf({"point", "comma"}), ""));
+      ->AddOption("--decimal", decimal_,
+                  "Mark before decimals: point or comma (default: as the file shows)")
+      ->TypeName("MARK")
+      ->Correct(OneOf({"point", "comma"}));
   command
-      ->add_option(
-          "--encoding", encoding_,
-          "Encoding of the file's text, such as UTF-8, windows-1250 or shift_jis (default: "
-          "as the file shows)")
-      ->type_name("NAME")
-      ->check(EncodingFault);
+      ->AddOption("--encoding", encoding_,
+                  "Encoding of the file's text, such as UTF-8, windows-1250 or shift_jis (default: "
+                  "as the file shows)")
+      ->TypeName("NAME")
+      ->Check(EncodingFault);
   DeclareCsv(*command);
   return command;
 }
 
-void ImportCommand::DeclareCsv(CLI::App& command) {
+void ImportCommand::DeclareCsv(Parser& command) {
   command
-      .add_option("--map", map_,
-                  "Columns of a CSV file: DATE:1,PAYEE:2,CATEGORY:3,INCOME:4,EXPENSE:5, and SIGN:6 "
-                  "for one that says debit or credit, DESCRIPTION:7, REFERENCE:8, NUMBER:9")
-      ->type_name("COLUMNS")
-      ->check(MapFault);
-  command.add_option("--skip", skip_, "Rows of a CSV file before the first transaction")
-      ->type_name("N")
-      ->check(RowsFault);
-  command.add_option("--separator", separator_, "Between the columns of a CSV file (default: ,)")
-      ->type_name("S")
-      ->check(SeparatorFault);
-  command.add_flag("--zero-is-empty", zeroIsEmpty_,
-                   "A zero in one of two amount columns of a CSV file stands for nothing");
+      .AddOption("--map", map_,
+                 "Columns of a CSV file: DATE:1,PAYEE:2,CATEGORY:3,INCOME:4,EXPENSE:5, and SIGN:6 "
+                 "for one that says debit or credit, DESCRIPTION:7, REFERENCE:8, NUMBER:9")
+      ->TypeName("COLUMNS")
+      ->Check(MapFault);
+  command.AddOption("--skip", skip_, "Rows of a CSV file before the first transaction")
+      ->TypeName("N")
+      ->Check(RowsFault);
+  command.AddOption("--separator", separator_, "Between the columns of a CSV file (default: ,)")
+      ->TypeName("S")
+      ->Check(SeparatorFault);
+  command.AddFlag("--zero-is-empty", zeroIsEmpty_,
+                  "A zero in one of two amount columns of a CSV file stands for nothing");
   command
-      .add_option("--debit", debit_,
-                  "What the sign column says of money out, with commas between several words")
-      ->type_name("WORDS")
-      ->check(EmptyFault);
-  command.add_option("--credit", credit_, "The same of money in")
-      ->type_name("WORDS")
-      ->check(EmptyFault);
-  command.add_option("--mapping", mapping_, "The saved mapping of a CSV file")
-      ->type_name("NAME")
-      ->check(EmptyFault);
-  command.add_option("--save-mapping", saveMapping_, "Saves the mapping under this name")
-      ->type_name("NAME")
-      ->check(EmptyFault);
+      .AddOption("--debit", debit_,
+                 "What the sign column says of money out, with commas between several words")
+      ->TypeName("WORDS")
+      ->Check(EmptyFault);
+  command.AddOption("--credit", credit_, "The same of money in")
+      ->TypeName("WORDS")
+      ->Check(EmptyFault);
+  command.AddOption("--mapping", mapping_, "The saved mapping of a CSV file")
+      ->TypeName("NAME")
+      ->Check(EmptyFault);
+  command.AddOption("--save-mapping", saveMapping_, "Saves the mapping under this name")
+      ->TypeName("NAME")
+      ->Check(EmptyFault);
 }
 
 ExitStatus ImportCommand::Run(Session& session) {

@@ -20,11 +20,11 @@ namespace corvanta::inline cli {
 // import FILE: a QIF, OFX or CSV file into the ledger.
 class ImportCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  void DeclareCsv(CLI::App& command);
+  void DeclareCsv(Parser& command);
   [[nodiscard]] std::optional<Warning> Check(ImportEditor& editor, ImportForm& form) const;
   // Puts the choices for a CSV file into the form; a warning where one makes no sense.
   [[nodiscard]] std::optional<Warning> SetCsv(ImportEditor& editor, ImportForm& form) const;

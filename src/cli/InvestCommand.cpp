@@ -2,6 +2,7 @@
 
 #include "cli/InvestmentArgument.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "invest/InvestEditor.h"
@@ -10,27 +11,25 @@
 #include "ledger/clsCorvanta.h"
 #include "reference/RowOf.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 namespace {
 constexpr const char* kTitle = "Investment";
 }
 
-CLI::App* InvestCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* InvestCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "invest", "Investments, and the transactions of them: list, add, edit and delete");
-  command->require_subcommand(0, 1);
-  command->add_subcommand("list", "List the investments; so does the command alone");
-  add_ = command->add_subcommand("add", "Add an investment and print its key");
-  add_->add_option("name", name_, "The new investment's name")->required();
+  command->AllowCommand();
+  command->AddCommand("list", "List the investments; so does the command alone");
+  add_ = command->AddCommand("add", "Add an investment and print its key");
+  add_->AddOption("name", name_, "The new investment's name")->Required();
   added_.Declare(*add_, true);
-  edit_ = command->add_subcommand("edit", "Change an investment, as far as options are given");
-  delete_ = command->add_subcommand("delete", "Delete an investment with its stored prices");
-  for (CLI::App* form : {edit_, delete_}) {
-    form->add_option("item", name_, "Its name or symbol, or # and its key")->required();
+  edit_ = command->AddCommand("edit", "Change an investment, as far as options are given");
+  delete_ = command->AddCommand("delete", "Delete an investment with its stored prices");
+  for (Parser* form : {edit_, delete_}) {
+    form->AddOption("item", name_, "Its name or symbol, or # and its key")->Required();
   }
-  edit_->add_option("--name", newName_, "Another name");
+  edit_->AddOption("--name", newName_, "Another name");
   edited_.Declare(*edit_, false);
   transactions_.Declare(*command);
   return command;
@@ -38,14 +37,14 @@ CLI::App* InvestCommand::Declare(CLI::App& parser) {
 
 ExitStatus InvestCommand::Run(Session& session) {
   const bool writes =
-      add_->parsed() || edit_->parsed() || delete_->parsed() || transactions_.Writes();
+      add_->Parsed() || edit_->Parsed() || delete_->Parsed() || transactions_.Writes();
   const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   if (transactions_.IsParsed()) return transactions_.Run(ledger, session);
-  if (add_->parsed()) return Add(ledger, session);
-  if (edit_->parsed()) return Edit(ledger, session);
-  return delete_->parsed() ? Delete(ledger, session) : List(ledger, session);
+  if (add_->Parsed()) return Add(ledger, session);
+  if (edit_->Parsed()) return Edit(ledger, session);
+  return delete_->Parsed() ? Delete(ledger, session) : List(ledger, session);
 }
 
 ExitStatus InvestCommand::List(clsCorvanta& ledger, Session& session) {

@@ -16,7 +16,7 @@ namespace corvanta::inline cli {
 // invest list, add, edit and delete: what can be held. invest transaction: what was done with it.
 class InvestCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -25,9 +25,9 @@ class InvestCommand : public Command {
   ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
 
-  CLI::App* add_ = nullptr;
-  CLI::App* edit_ = nullptr;
-  CLI::App* delete_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* edit_ = nullptr;
+  Parser* delete_ = nullptr;
   std::string name_;  // the item, or the name of a new one
   std::optional<std::string> newName_;
   InvestFields added_;

@@ -3,35 +3,34 @@
 #include "cli/Arguments.h"
 #include "cli/CurrencyArgument.h"
 #include "cli/NamedItem.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 #include <vector>
 
 namespace corvanta::inline cli {
 
-void InvestFields::Declare(CLI::App& command, bool isNew) {
-  command.add_option("--symbol", symbol_, "The symbol by which its source knows it")
-      ->required(isNew);
-  command.add_option("--source", source_, "Where its price comes from, such as \"Manual Update\"")
-      ->required(isNew);
-  command.add_option("--currency", currency_,
-                     isNew ? "The code of the currency of its account (that of the latest account "
-                             "without it)"
-                           : "The code of the currency of its account");
-  command.add_option("--quote-currency", quoteCurrency_,
-                     isNew ? "The code of the currency in which the market quotes it (--currency "
-                             "without it)"
-                           : "The code of the currency in which the market quotes it");
+void InvestFields::Declare(Parser& command, bool isNew) {
+  command.AddOption("--symbol", symbol_, "The symbol by which its source knows it")
+      ->Required(isNew);
+  command.AddOption("--source", source_, "Where its price comes from, such as \"Manual Update\"")
+      ->Required(isNew);
+  command.AddOption("--currency", currency_,
+                    isNew ? "The code of the currency of its account (that of the latest account "
+                            "without it)"
+                          : "The code of the currency of its account");
+  command.AddOption("--quote-currency", quoteCurrency_,
+                    isNew ? "The code of the currency in which the market quotes it (--currency "
+                            "without it)"
+                          : "The code of the currency in which the market quotes it");
   command
-      .add_option("--conversion", conversion_,
-                  "What a quote is multiplied by, such as 0.01 for hundredths")
-      ->type_name("N")
-      ->check(NumberFault);
-  command.add_option("--description", description_, "What it is");
+      .AddOption("--conversion", conversion_,
+                 "What a quote is multiplied by, such as 0.01 for hundredths")
+      ->TypeName("N")
+      ->Check(NumberFault);
+  command.AddOption("--description", description_, "What it is");
 }
 
 bool InvestFields::Fill(InvestmentRecord& record, clsCorvanta& ledger, Session& session) const {

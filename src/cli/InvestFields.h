@@ -5,23 +5,20 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The options that say what an investment is; what is not given is left as it is.
 class InvestFields {
  public:
   // `isNew`: those that a new investment cannot do without are required.
-  void Declare(CLI::App& command, bool isNew);
+  void Declare(Parser& command, bool isNew);
   // Puts what was given into the record; false, told, when there is no such currency or source.
   [[nodiscard]] bool Fill(InvestmentRecord& record, clsCorvanta& ledger, Session& session) const;
 

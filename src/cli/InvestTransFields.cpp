@@ -3,10 +3,9 @@
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
 #include "cli/InvestmentArgument.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <vector>
@@ -24,18 +23,18 @@ InvestAction ActionOf(const std::string& word) {
 
 }  // namespace
 
-void InvestTransFields::Declare(CLI::App& command, bool isNew) {
+void InvestTransFields::Declare(Parser& command, bool isNew) {
   command
-      .add_option(isNew ? "action" : "--action", action_,
-                  "buy, sell, dividend, reinvest (a dividend), add or remove (shares)")
-      ->type_name("ACTION")
-      ->transform(CLI::Validator(OneOf(kWords), ""))
-      ->required(isNew);
-  command.add_option("--account", account_, "The account that holds it")->required(isNew);
-  command.add_option("--investment", investment_, "Its name or symbol, or # and its key")
-      ->required(isNew);
+      .AddOption(isNew ? "action" : "--action", action_,
+                 "buy, sell, dividend, reinvest (a dividend), add or remove (shares)")
+      ->TypeName("ACTION")
+      ->Correct(OneOf(kWords))
+      ->Required(isNew);
+  command.AddOption("--account", account_, "The account that holds it")->Required(isNew);
+  command.AddOption("--investment", investment_, "Its name or symbol, or # and its key")
+      ->Required(isNew);
   const auto figure = [&](const char* name, std::optional<std::string>& value, const char* what) {
-    command.add_option(name, value, what)->type_name("N")->check(NumberFault);
+    command.AddOption(name, value, what)->TypeName("N")->Check(NumberFault);
   };
   figure("--shares", shares_, "How many");
   figure("--price", price_, "Of one, in the account's currency");
@@ -43,11 +42,11 @@ void InvestTransFields::Declare(CLI::App& command, bool isNew) {
   figure("--dividend", dividend_, "What was paid out");
   figure("--total", total_, "What goes out of the account or into it (worked out without it)");
   command
-      .add_option("--date", date_,
-                  isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
-      ->check(DateFault);
+      .AddOption("--date", date_,
+                 isNew ? "The day, today without it (YYYY-MM-DD)" : "The day (YYYY-MM-DD)")
+      ->Check(DateFault);
   DeclareStatus(command, status_);
-  command.add_option("--description", description_, "What it was for");
+  command.AddOption("--description", description_, "What it was for");
 }
 
 bool InvestTransFields::Fill(InvestTransForm& form, const InvestTransEditor& editor,

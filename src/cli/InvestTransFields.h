@@ -5,19 +5,16 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The options that say what an investment transaction is; what is not given is left as it is.
 class InvestTransFields {
  public:
   // `isNew`: the action stands without an option, and what a new one cannot do without is required.
-  void Declare(CLI::App& command, bool isNew);
+  void Declare(Parser& command, bool isNew);
   // Puts what was given into the form. The total is what the figures come to, unless it is given.
   // False, told, for a figure that the action has not, and for an unknown account or investment.
   [[nodiscard]] bool Fill(InvestTransForm& form, const InvestTransEditor& editor,

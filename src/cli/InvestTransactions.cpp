@@ -4,14 +4,13 @@
 #include "cli/EntryArguments.h"
 #include "cli/InvestmentArgument.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "invest/InvestTransEditor.h"
 #include "ledger/InvestmentBook.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -49,35 +48,35 @@ bool RefuseOrdinary(const std::vector<TransactionDetails>& rows, Session& sessio
 
 }  // namespace
 
-void InvestTransactions::Declare(CLI::App& invest) {
-  command_ = invest.add_subcommand("transaction", "What was bought, sold and paid out");
-  command_->require_subcommand(0, 1);
-  CLI::App* list = command_->add_subcommand("list", "List them, the newest first");
-  list->add_option("--account", account_, "Those of one account");
-  list->add_option("--investment", investment_, "Those of one investment");
+void InvestTransactions::Declare(Parser& invest) {
+  command_ = invest.AddCommand("transaction", "What was bought, sold and paid out");
+  command_->AllowCommand();
+  Parser* list = command_->AddCommand("list", "List them, the newest first");
+  list->AddOption("--account", account_, "Those of one account");
+  list->AddOption("--investment", investment_, "Those of one investment");
   period_.Declare(*list);
   status_.Declare(*list);
-  add_ = command_->add_subcommand("add", "Enter one and print its key");
+  add_ = command_->AddCommand("add", "Enter one and print its key");
   added_.Declare(*add_, true);
-  edit_ = command_->add_subcommand("edit", "Change one, as far as options are given");
+  edit_ = command_->AddCommand("edit", "Change one, as far as options are given");
   one_.DeclareOne(*edit_);
   edited_.Declare(*edit_, false);
-  delete_ = command_->add_subcommand("delete", "Delete investment transactions");
+  delete_ = command_->AddCommand("delete", "Delete investment transactions");
   several_.Declare(*delete_);
 }
 
 bool InvestTransactions::IsParsed() const {
-  return command_->parsed();
+  return command_->Parsed();
 }
 
 bool InvestTransactions::Writes() const {
-  return add_->parsed() || edit_->parsed() || delete_->parsed();
+  return add_->Parsed() || edit_->Parsed() || delete_->Parsed();
 }
 
 ExitStatus InvestTransactions::Run(clsCorvanta& ledger, Session& session) const {
-  if (add_->parsed()) return Add(ledger, session);
-  if (edit_->parsed()) return Edit(ledger, session);
-  return delete_->parsed() ? Delete(ledger, session) : List(ledger, session);
+  if (add_->Parsed()) return Add(ledger, session);
+  if (edit_->Parsed()) return Edit(ledger, session);
+  return delete_->Parsed() ? Delete(ledger, session) : List(ledger, session);
 }
 
 ExitStatus InvestTransactions::List(clsCorvanta& ledger, Session& session) const {

@@ -13,12 +13,13 @@ class clsCorvanta;
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The part of the command invest that is about transactions: list, add, edit, delete.
 class InvestTransactions {
  public:
-  void Declare(CLI::App& invest);
+  void Declare(Parser& invest);
   [[nodiscard]] bool IsParsed() const;
   // Whether what was parsed changes the data file.
   [[nodiscard]] bool Writes() const;
@@ -30,10 +31,10 @@ class InvestTransactions {
   ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
 
-  CLI::App* command_ = nullptr;
-  CLI::App* add_ = nullptr;
-  CLI::App* edit_ = nullptr;
-  CLI::App* delete_ = nullptr;
+  Parser* command_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* edit_ = nullptr;
+  Parser* delete_ = nullptr;
   std::string account_;  // of the list
   std::string investment_;
   PeriodArguments period_;

@@ -1,12 +1,11 @@
 #include "cli/InvestmentArgument.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/TextCase.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -22,8 +21,8 @@ std::vector<NamedItem> Items(clsCorvanta& ledger, const char* column) {
 
 }  // namespace
 
-CLI::Option* InvestmentArgument::Declare(CLI::App& command) {
-  return command.add_option("investment", name, "Its name or symbol, or # and its key");
+Argument* InvestmentArgument::Declare(Parser& command) {
+  return command.AddOption("investment", name, "Its name or symbol, or # and its key");
 }
 
 std::optional<NamedItem> InvestmentArgument::Find(clsCorvanta& ledger, Session& session) const {

@@ -6,22 +6,20 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-class Option;
-}  // namespace CLI
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Argument;
+class Parser;
+
 // An investment, named by its name, its symbol, or # and its key.
 struct InvestmentArgument {
   std::string name;
 
-  CLI::Option* Declare(CLI::App& command);
+  Argument* Declare(Parser& command);
   // nullopt, told, when there is none of that name.
   [[nodiscard]] std::optional<NamedItem> Find(clsCorvanta& ledger, Session& session) const;
 };

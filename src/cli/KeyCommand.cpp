@@ -1,14 +1,13 @@
 #include "cli/KeyCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/PassphrasePrompt.h"
 #include "platform/Files.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/Passphrase.h"
 #include "store/sql/StoreError.h"
-
-#include <CLI/CLI.hpp>
 
 #include <optional>
 #include <ostream>
@@ -20,21 +19,20 @@ constexpr const char* kTitle = "Recovery Key";
 
 }  // namespace
 
-CLI::App* KeyCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("key", "The recovery key of the data file");
-  command->require_subcommand(1);
-  show_ = command->add_subcommand("show", "Show the key that opens this data file elsewhere");
-  CLI::App* use =
-      command->add_subcommand("use", "Open a data file that was brought from another installation");
-  use->add_option(
-         "file", file_,
-         "The transfer file, a file with the recovery key, or a backup of installation.key")
-      ->required();
+Parser* KeyCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("key", "The recovery key of the data file");
+  command->RequireCommand();
+  show_ = command->AddCommand("show", "Show the key that opens this data file elsewhere");
+  Parser* use =
+      command->AddCommand("use", "Open a data file that was brought from another installation");
+  use->AddOption("file", file_,
+                 "The transfer file, a file with the recovery key, or a backup of installation.key")
+      ->Required();
   return command;
 }
 
 ExitStatus KeyCommand::Run(Session& session) {
-  return show_->parsed() ? Show(session) : Use(session);
+  return show_->Parsed() ? Show(session) : Use(session);
 }
 
 ExitStatus KeyCommand::Show(Session& session) const {

@@ -10,14 +10,14 @@ namespace corvanta::inline cli {
 // installation over, with the key or transfer file that came with it.
 class KeyCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
   ExitStatus Show(Session& session) const;
   ExitStatus Use(Session& session) const;
 
-  CLI::App* show_ = nullptr;
+  Parser* show_ = nullptr;
   std::string file_;
 };
 

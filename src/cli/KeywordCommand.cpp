@@ -1,28 +1,27 @@
 #include "cli/KeywordCommand.h"
 
+#include "cli/Parser.h"
 #include "ledger/KeywordBook.h"
 #include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-void KeywordCommand::DeclareMore(CLI::App& command) {
-  of_ = command.add_subcommand("of", "List the keywords of a transaction");
+void KeywordCommand::DeclareMore(Parser& command) {
+  of_ = command.AddCommand("of", "List the keywords of a transaction");
   transactions_.DeclareOne(*of_);
-  link_ = command.add_subcommand("link", "Give transactions a keyword");
-  unlink_ = command.add_subcommand("unlink", "Take a keyword from transactions");
-  for (CLI::App* form : {link_, unlink_}) {
-    form->add_option("keyword", keyword_, "Its name, or # and its key")->required();
+  link_ = command.AddCommand("link", "Give transactions a keyword");
+  unlink_ = command.AddCommand("unlink", "Take a keyword from transactions");
+  for (Parser* form : {link_, unlink_}) {
+    form->AddOption("keyword", keyword_, "Its name, or # and its key")->Required();
     transactions_.Declare(*form);
   }
 }
 
 ExitStatus KeywordCommand::Run(Session& session) {
-  if (of_->parsed()) return RunOf(session);
-  if (link_->parsed() || unlink_->parsed()) return RunLink(session);
+  if (of_->Parsed()) return RunOf(session);
+  if (link_->Parsed() || unlink_->Parsed()) return RunLink(session);
   return ReferenceCommand::Run(session);
 }
 
@@ -47,7 +46,7 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
 
   Transaction all = ledger.Store().Begin();
   for (const TransactionDetails& row : *rows) {
-    if (link_->parsed()) {
+    if (link_->Parsed()) {
       ledger.Notes().LinkKeyword(keyword->key, row.transactionId);
     } else {
       ledger.Notes().UnlinkKeyword(keyword->key, row.transactionId);
@@ -55,7 +54,7 @@ ExitStatus KeywordCommand::RunLink(Session& session) {
   }
   all.Commit();
   session.Tell(Texts().title, "\"" + keyword->name + "\" " +
-                                  (link_->parsed() ? "linked to " : "taken from ") +
+                                  (link_->Parsed() ? "linked to " : "taken from ") +
                                   TransactionCount(rows->size()));
   return ExitStatus::Done;
 }

@@ -6,6 +6,8 @@
 
 namespace corvanta::inline cli {
 
+class Parser;
+
 // keyword: keywords, and the links between them and transactions.
 class KeywordCommand : public EditorCommand<KeywordRecord> {
  public:
@@ -14,15 +16,15 @@ class KeywordCommand : public EditorCommand<KeywordRecord> {
   ExitStatus Run(Session& session) override;
 
  protected:
-  void DeclareMore(CLI::App& command) override;
+  void DeclareMore(Parser& command) override;
 
  private:
   ExitStatus RunOf(Session& session);
   ExitStatus RunLink(Session& session);
 
-  CLI::App* of_ = nullptr;
-  CLI::App* link_ = nullptr;
-  CLI::App* unlink_ = nullptr;
+  Parser* of_ = nullptr;
+  Parser* link_ = nullptr;
+  Parser* unlink_ = nullptr;
   std::string keyword_;
   TransactionsArgument transactions_;
 };

@@ -2,13 +2,12 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "platform/Decimal.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -22,25 +21,25 @@ double Shown(double amount, Session& session) {
 
 }  // namespace
 
-CLI::App* LoanCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      IsMortgage() ? parser.add_subcommand("mortgage", "What a mortgage costs a month and in all")
-                   : parser.add_subcommand("loan", "What a loan costs a month and in all");
+Parser* LoanCommand::Declare(Parser& parser) {
+  Parser* command = IsMortgage()
+                        ? parser.AddCommand("mortgage", "What a mortgage costs a month and in all")
+                        : parser.AddCommand("loan", "What a loan costs a month and in all");
   const auto number = [&](const char* name, std::string& value, const char* what) {
-    return command->add_option(name, value, what)->check(NumberFault);
+    return command->AddOption(name, value, what)->Check(NumberFault);
   };
-  number("amount", amount_, "What is lent")->required();
-  number("rate", rate_, "Interest, percent a year")->required();
+  number("amount", amount_, "What is lent")->Required();
+  number("rate", rate_, "Interest, percent a year")->Required();
   if (IsMortgage()) {
-    number("years", period_, "How long it is paid back")->required();
+    number("years", period_, "How long it is paid back")->Required();
     number("expense", expense_, "What is paid every year beside it, such as insurance");
   } else {
-    number("months", period_, "How long it is paid back")->required();
+    number("months", period_, "How long it is paid back")->Required();
   }
   number("--extra", extra_, "Paid on top of every payment");
   number("--extra-once", extraOnce_, "Paid on top of one payment");
   number("--with", extraPeriod_, "The number of that payment (default: 1)");
-  command->add_flag("--table", table_, "Print the repayment table");
+  command->AddFlag("--table", table_, "Print the repayment table");
   return command;
 }
 

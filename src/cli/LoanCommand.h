@@ -13,7 +13,7 @@ class LoanCommand : public Command {
  public:
   explicit LoanCommand(LoanMode mode) : mode_(mode) {}
 
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

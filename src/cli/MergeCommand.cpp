@@ -2,23 +2,22 @@
 
 #include "cli/Arguments.h"
 #include "cli/NamedItem.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "reference/MergeEditor.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* MergeCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("merge", "Move all that uses one payee or category to another one");
-  command->add_option("kind", kind_, "payee or category")
-      ->transform(CLI::Validator(OneOf({"payee", "category"}), ""))
-      ->required();
-  command->add_option("from", from_, "The one to empty: its name, or # and its key")->required();
-  command->add_option("into", into_, "The one to fill: its name, or # and its key")->required();
+Parser* MergeCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("merge", "Move all that uses one payee or category to another one");
+  command->AddOption("kind", kind_, "payee or category")
+      ->Correct(OneOf({"payee", "category"}))
+      ->Required();
+  command->AddOption("from", from_, "The one to empty: its name, or # and its key")->Required();
+  command->AddOption("into", into_, "The one to fill: its name, or # and its key")->Required();
   return command;
 }
 

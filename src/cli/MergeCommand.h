@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // merge payee|category FROM INTO: moves all that uses one payee or category to another one.
 class MergeCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -2,12 +2,11 @@
 
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "entry/MultiEditor.h"
 #include "ledger/BulkChange.h"
 #include "ledger/CategoryPath.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -20,20 +19,20 @@ TypeChange ChangeOf(const std::string& word) {
 
 }  // namespace
 
-CLI::App* MultiEditCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
-      "multi-edit", "Change several transactions, as far as options are given");
+Parser* MultiEditCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("multi-edit", "Change several transactions, as far as options are given");
   transactions_.Declare(*command);
-  command->add_option("--account", account_, "The account they are moved to")->check(EmptyFault);
+  command->AddOption("--account", account_, "The account they are moved to")->Check(EmptyFault);
   command
-      ->add_option("--type", type_,
-                   "income, expense, or reverse for the other one; never of "
-                   "transfers and investments")
-      ->type_name("TYPE")
-      ->transform(CLI::Validator(OneOf({"income", "expense", "reverse"}), ""));
-  command->add_option("--payment", payment_, "The payment type");
-  command->add_option("--payee", payee_, "The payee");
-  command->add_option("--category", category_, "Category or Category:SubCategory");
+      ->AddOption("--type", type_,
+                  "income, expense, or reverse for the other one; never of "
+                  "transfers and investments")
+      ->TypeName("TYPE")
+      ->Correct(OneOf({"income", "expense", "reverse"}));
+  command->AddOption("--payment", payment_, "The payment type");
+  command->AddOption("--payee", payee_, "The payee");
+  command->AddOption("--category", category_, "Category or Category:SubCategory");
   DeclareStatus(*command, status_);
   return command;
 }

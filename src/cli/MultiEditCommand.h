@@ -15,7 +15,7 @@ namespace corvanta::inline cli {
 // multi-edit ID...: changes several transactions at once, as far as options are given.
 class MultiEditCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,14 +1,13 @@
 #include "cli/NewCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 
-CLI::App* NewCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("new", "Create the data file, with sample data");
-  command->add_flag("--empty", empty_, "Leave the sample data out");
+Parser* NewCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("new", "Create the data file, with sample data");
+  command->AddFlag("--empty", empty_, "Leave the sample data out");
   return command;
 }
 

@@ -7,7 +7,7 @@ namespace corvanta::inline cli {
 // new [--empty]: creates the data file, with sample data unless told otherwise.
 class NewCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

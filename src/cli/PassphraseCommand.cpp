@@ -2,11 +2,10 @@
 
 #include "cli/NewSecret.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/PassphrasePrompt.h"
 #include "store/datafile/Passphrase.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -17,14 +16,14 @@ constexpr const char* kTitle = "Passphrase";
 
 }  // namespace
 
-CLI::App* PassphraseCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* PassphraseCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "passphrase", "Whether the data file opens with a passphrase; set, change or remove it");
-  command->require_subcommand(0, 1);
-  set_ = command->add_subcommand(
+  command->AllowCommand();
+  set_ = command->AddCommand(
       "set", "Encrypt the data file with a passphrase, which opens it on every computer");
-  change_ = command->add_subcommand("change", "Encrypt it with another one, after the present one");
-  off_ = command->add_subcommand("off", "Encrypt it with this installation's key again");
+  change_ = command->AddCommand("change", "Encrypt it with another one, after the present one");
+  off_ = command->AddCommand("off", "Encrypt it with this installation's key again");
   return command;
 }
 
@@ -36,15 +35,15 @@ ExitStatus PassphraseCommand::Run(Session& session) {
     if (!file) return ExitStatus::Refused;
     isSet = IsFromPassphrase(file->password);
   }
-  if (set_->parsed() && isSet) {
+  if (set_->Parsed() && isSet) {
     return session.Refuse(kTitle,
                           "The data file has a passphrase. \"passphrase change\" changes it.");
   }
-  if ((change_->parsed() || off_->parsed()) && !isSet) {
+  if ((change_->Parsed() || off_->Parsed()) && !isSet) {
     return session.Refuse(kTitle, "The data file has no passphrase. \"passphrase set\" sets one.");
   }
-  if (off_->parsed()) return SwitchOff(session);
-  return set_->parsed() || change_->parsed() ? Set(session) : Show(isSet, session);
+  if (off_->Parsed()) return SwitchOff(session);
+  return set_->Parsed() || change_->Parsed() ? Set(session) : Show(isSet, session);
 }
 
 ExitStatus PassphraseCommand::Show(bool isSet, Session& session) {

@@ -7,7 +7,7 @@ namespace corvanta::inline cli {
 // "passphrase": what opens the data file on every computer, in place of this installation's key.
 class PassphraseCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -15,9 +15,9 @@ class PassphraseCommand : public Command {
   [[nodiscard]] static ExitStatus Set(Session& session);
   [[nodiscard]] static ExitStatus SwitchOff(Session& session);
 
-  CLI::App* set_ = nullptr;
-  CLI::App* change_ = nullptr;
-  CLI::App* off_ = nullptr;
+  Parser* set_ = nullptr;
+  Parser* change_ = nullptr;
+  Parser* off_ = nullptr;
 };
 
 }  // namespace corvanta::inline cli

@@ -2,12 +2,11 @@
 
 #include "cli/NewSecret.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/LoginPassword.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -18,29 +17,29 @@ constexpr const char* kTitle = "Password";
 
 }  // namespace
 
-CLI::App* PasswordCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* PasswordCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "password", "Whether the data file asks for a password; set, change or switch it off");
-  command->require_subcommand(0, 1);
-  set_ = command->add_subcommand("set", "Give the data file a password, which is asked for twice");
-  change_ = command->add_subcommand("change", "Give it another one, after the present one");
-  off_ = command->add_subcommand("off", "Ask for it no more, after it was given once again");
+  command->AllowCommand();
+  set_ = command->AddCommand("set", "Give the data file a password, which is asked for twice");
+  change_ = command->AddCommand("change", "Give it another one, after the present one");
+  off_ = command->AddCommand("off", "Ask for it no more, after it was given once again");
   return command;
 }
 
 ExitStatus PasswordCommand::Run(Session& session) {
-  const bool writes = set_->parsed() || change_->parsed() || off_->parsed();
+  const bool writes = set_->Parsed() || change_->Parsed() || off_->Parsed();
   if (!writes) return Show(session);
   const std::optional<DataFile> file = session.Open(Access::Write);
   if (!file) return ExitStatus::Refused;
   LoginPassword password(*file->connection);
-  if (set_->parsed() && password.IsAsked()) {
+  if (set_->Parsed() && password.IsAsked()) {
     return session.Refuse(kTitle, "The data file has a password. \"password change\" changes it.");
   }
-  if (!set_->parsed() && !password.IsSet()) {
+  if (!set_->Parsed() && !password.IsSet()) {
     return session.Refuse(kTitle, "The data file has no password. \"password set\" sets one.");
   }
-  return off_->parsed() ? SwitchOff(password, session) : Set(password, session);
+  return off_->Parsed() ? SwitchOff(password, session) : Set(password, session);
 }
 
 ExitStatus PasswordCommand::Show(Session& session) const {
@@ -58,7 +57,8 @@ ExitStatus PasswordCommand::Show(Session& session) const {
 }
 
 ExitStatus PasswordCommand::Set(LoginPassword& password, Session& session) const {
-  const std::optional<std::string> typed = AskNewSecret(kTitle, "password", CheckNewPassword, session);
+  const std::optional<std::string> typed =
+      AskNewSecret(kTitle, "password", CheckNewPassword, session);
   if (!typed) return ExitStatus::Refused;
   password.Set(*typed);
   Settings(session.Machine().registry).SetOn(Setting::Login, true);

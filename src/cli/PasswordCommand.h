@@ -11,7 +11,7 @@ namespace corvanta::inline cli {
 // password [set|change|off]: the password that the data file asks for.
 class PasswordCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -19,9 +19,9 @@ class PasswordCommand : public Command {
   ExitStatus Set(LoginPassword& password, Session& session) const;
   ExitStatus SwitchOff(LoginPassword& password, Session& session) const;
 
-  CLI::App* set_ = nullptr;
-  CLI::App* change_ = nullptr;
-  CLI::App* off_ = nullptr;
+  Parser* set_ = nullptr;
+  Parser* change_ = nullptr;
+  Parser* off_ = nullptr;
 };
 
 }  // namespace corvanta::inline cli

@@ -1,6 +1,7 @@
 #include "cli/PostCommand.h"
 
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "invest/WebRates.h"
 #include "ledger/OccurrenceFault.h"
@@ -8,8 +9,6 @@
 #include "ledger/SchedulePosting.h"
 #include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -26,15 +25,15 @@ std::optional<Date> NextDue(clsCorvanta& ledger, std::int64_t scheduleId) {
 
 }  // namespace
 
-CLI::App* PostCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* PostCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "post", "Post the payments of automatic schedules, or one payment of a schedule");
-  CLI::Option* id = schedule_.Declare(*command);
-  command->add_option("--due", due_, "Which payment; the next one without it")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault)
-      ->needs(id);
-  command->add_flag("--skip", skips_, "Pass over the payment: it will never be posted")->needs(id);
+  Argument* id = schedule_.Declare(*command);
+  command->AddOption("--due", due_, "Which payment; the next one without it")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault)
+      ->Needs(id);
+  command->AddFlag("--skip", skips_, "Pass over the payment: it will never be posted")->Needs(id);
   return command;
 }
 

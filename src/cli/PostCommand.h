@@ -15,7 +15,7 @@ namespace corvanta::inline cli {
 // post: the posting of what is due, or of one payment; post --skip passes over one.
 class PostCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "exchange/CsvPreview.h"
 #include "exchange/FileText.h"
@@ -12,8 +13,6 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -27,42 +26,41 @@ std::string PriceCount(std::size_t count) {
 
 }  // namespace
 
-CLI::App* PriceCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("price", "List, enter and import the prices of an investment");
-  command->require_subcommand(1);
-  CLI::App* list = command->add_subcommand("list", "List its prices, newest first");
-  set_ = command->add_subcommand("set", "Enter the price of a day");
-  import_ = command->add_subcommand("import", "Import the prices of a CSV file");
-  for (CLI::App* form : {list, set_, import_}) investment_.Declare(*form)->required();
-  set_->add_option("price", price_, "What one unit is worth")->required()->check(NumberFault);
-  set_->add_option("--date", date_, "The day (default: today)")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault);
-  import_->add_option("file", file_, "The file")->required()->check(EmptyFault);
-  import_->add_option("--date-column", dateColumn_, "The column of the days, from 1")
-      ->check(CLI::Range(1, 999));
-  import_->add_option("--price-column", priceColumn_, "The column of the prices, from 1")
-      ->check(CLI::Range(1, 999));
-  import_->add_option("--skip", skip_, "Rows before the first price")->check(CLI::Range(0, 9999));
-  import_->add_option("--separator", separator_, "What stands between the columns");
-  import_->add_option("--date-order", order_, "dmy, mdy or ymd")
-      ->transform(CLI::Validator(OneOf({"dmy", "mdy", "ymd"}), ""));
-  import_->add_option("--mapping", mapping_, "What the columns are, as it was saved");
-  import_->add_option("--save-mapping", saveMapping_, "Saves what they are under this name")
-      ->check(EmptyFault);
+Parser* PriceCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("price", "List, enter and import the prices of an investment");
+  command->RequireCommand();
+  Parser* list = command->AddCommand("list", "List its prices, newest first");
+  set_ = command->AddCommand("set", "Enter the price of a day");
+  import_ = command->AddCommand("import", "Import the prices of a CSV file");
+  for (Parser* form : {list, set_, import_}) investment_.Declare(*form)->Required();
+  set_->AddOption("price", price_, "What one unit is worth")->Required()->Check(NumberFault);
+  set_->AddOption("--date", date_, "The day (default: today)")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault);
+  import_->AddOption("file", file_, "The file")->Required()->Check(EmptyFault);
+  import_->AddOption("--date-column", dateColumn_, "The column of the days, from 1")->Range(1, 999);
+  import_->AddOption("--price-column", priceColumn_, "The column of the prices, from 1")
+      ->Range(1, 999);
+  import_->AddOption("--skip", skip_, "Rows before the first price")->Range(0, 9999);
+  import_->AddOption("--separator", separator_, "What stands between the columns");
+  import_->AddOption("--date-order", order_, "dmy, mdy or ymd")
+      ->Correct(OneOf({"dmy", "mdy", "ymd"}));
+  import_->AddOption("--mapping", mapping_, "What the columns are, as it was saved");
+  import_->AddOption("--save-mapping", saveMapping_, "Saves what they are under this name")
+      ->Check(EmptyFault);
   return command;
 }
 
 ExitStatus PriceCommand::Run(Session& session) {
-  const bool writes = set_->parsed() || import_->parsed();
+  const bool writes = set_->Parsed() || import_->Parsed();
   const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   const std::optional<NamedItem> investment = investment_.Find(ledger, session);
   if (!investment) return ExitStatus::Refused;
-  if (set_->parsed()) return Set(ledger, *investment, session);
-  if (import_->parsed()) return Import(ledger, *investment, session);
+  if (set_->Parsed()) return Set(ledger, *investment, session);
+  if (import_->Parsed()) return Import(ledger, *investment, session);
   return List(ledger, investment->key, session);
 }
 

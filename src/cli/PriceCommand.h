@@ -13,7 +13,7 @@ namespace corvanta::inline cli {
 // price list|set|import: the stored prices of an investment.
 class PriceCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -23,8 +23,8 @@ class PriceCommand : public Command {
   [[nodiscard]] std::optional<CsvMapping> Mapping(const std::string& text, Session& session) const;
   ExitStatus Import(clsCorvanta& ledger, const NamedItem& investment, Session& session) const;
 
-  CLI::App* set_ = nullptr;
-  CLI::App* import_ = nullptr;
+  Parser* set_ = nullptr;
+  Parser* import_ = nullptr;
   InvestmentArgument investment_;
   std::string price_;
   std::string date_;

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "invest/CurrencyConverter.h"
 #include "invest/RateEditor.h"
@@ -12,8 +13,6 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 
-#include <CLI/CLI.hpp>
-
 #include <ostream>
 
 namespace corvanta::inline cli {
@@ -21,39 +20,39 @@ namespace {
 constexpr const char* kTitle = "Download Currency";
 }  // namespace
 
-CLI::App* RateCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("rate", "Fetch an exchange rate; list and enter those that are known");
+Parser* RateCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("rate", "Fetch an exchange rate; list and enter those that are known");
   const char* fromHelp = "The code of the currency that is given: EUR";
   const char* toHelp = "The code of the currency that is got for one of it";
-  command->add_option("from", from_, fromHelp);
-  command->add_option("to", to_, toHelp);
-  command->require_subcommand(0, 1);
-  list_ = command->add_subcommand("list", "List the rates that were fetched or entered");
-  set_ = command->add_subcommand("set", "Enter the rate of a day");
-  set_->add_option("from", from_, fromHelp)->required();
-  set_->add_option("to", to_, toHelp)->required();
-  set_->add_option("rate", rate_, "Units of the second currency for one of the first")
-      ->required()
-      ->check(NumberFault);
-  set_->add_option("--date", date_, "The day (default: today)")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault);
-  command->final_callback([this] {
-    if (list_->parsed() || set_->parsed()) return;
-    if (from_.empty()) throw CLI::RequiredError("from");
-    if (to_.empty()) throw CLI::RequiredError("to");
+  command->AddOption("from", from_, fromHelp);
+  command->AddOption("to", to_, toHelp);
+  command->AllowCommand();
+  list_ = command->AddCommand("list", "List the rates that were fetched or entered");
+  set_ = command->AddCommand("set", "Enter the rate of a day");
+  set_->AddOption("from", from_, fromHelp)->Required();
+  set_->AddOption("to", to_, toHelp)->Required();
+  set_->AddOption("rate", rate_, "Units of the second currency for one of the first")
+      ->Required()
+      ->Check(NumberFault);
+  set_->AddOption("--date", date_, "The day (default: today)")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault);
+  command->Finally([this] {
+    if (list_->Parsed() || set_->Parsed()) return;
+    if (from_.empty()) throw UsageError("from is required");
+    if (to_.empty()) throw UsageError("to is required");
   });
   return command;
 }
 
 ExitStatus RateCommand::Run(Session& session) {
   // What is fetched is kept.
-  const std::optional<DataFile> file = session.Open(list_->parsed() ? Access::Read : Access::Write);
+  const std::optional<DataFile> file = session.Open(list_->Parsed() ? Access::Read : Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  if (list_->parsed()) return List(ledger, session);
-  return set_->parsed() ? Set(ledger, session) : Fetch(ledger, session);
+  if (list_->Parsed()) return List(ledger, session);
+  return set_->Parsed() ? Set(ledger, session) : Fetch(ledger, session);
 }
 
 std::optional<NamedItem> RateCommand::Find(clsCorvanta& ledger, const std::string& code,

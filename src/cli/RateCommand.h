@@ -15,7 +15,7 @@ namespace corvanta::inline cli {
 // rate FROM TO fetches an exchange rate; rate list and rate set are about those that are known.
 class RateCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -26,8 +26,8 @@ class RateCommand : public Command {
   [[nodiscard]] static std::optional<NamedItem> Find(clsCorvanta& ledger, const std::string& code,
                                                      Session& session);
 
-  CLI::App* list_ = nullptr;
-  CLI::App* set_ = nullptr;
+  Parser* list_ = nullptr;
+  Parser* set_ = nullptr;
   std::string from_;
   std::string to_;
   std::string rate_;

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
 #include "ledger/AccountRow.h"
@@ -9,22 +10,20 @@
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 
-#include <CLI/CLI.hpp>
-
 #include <algorithm>
 #include <ostream>
 
 namespace corvanta::inline cli {
 namespace {
 
-void AddKeys(CLI::App& command, const char* name, std::vector<std::int64_t>& keys,
+void AddKeys(Parser& command, const char* name, std::vector<std::int64_t>& keys,
              const char* meaning) {
-  command.add_option(name, keys, meaning)
-      ->type_name("ID,ID...")
-      ->delimiter(',')
-      ->allow_extra_args(false)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->check(KeyFault);
+  command.AddOption(name, keys, meaning)
+      ->TypeName("ID,ID...")
+      ->Delimiter(',')
+      ->SingleWord()
+      ->Several()
+      ->Check(KeyFault);
 }
 
 std::string TextOf(const ReconcileOutcome& outcome) {
@@ -52,21 +51,20 @@ Value CountOf(std::size_t count) {
 
 }  // namespace
 
-CLI::App* ReconcileCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("reconcile", "Balance an account against a bank statement");
+Parser* ReconcileCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("reconcile", "Balance an account against a bank statement");
   account_.Declare(*command);
   AddKeys(*command, "--tick", tick_, "Transactions that are on the statement");
   AddKeys(*command, "--untick", untick_, "Transactions that are not");
-  command->add_flag("--all", tickAll_, "Tick every transaction but those of --untick");
-  command->add_flag("--show-all", showAll_,
-                    "Reconciled transactions too, which are ticked unless --untick names them");
+  command->AddFlag("--all", tickAll_, "Tick every transaction but those of --untick");
+  command->AddFlag("--show-all", showAll_,
+                   "Reconciled transactions too, which are ticked unless --untick names them");
   command
-      ->add_option("--balance", balance_,
-                   "Balance on the statement; write nothing when it is another")
-      ->type_name("AMOUNT")
-      ->check(NumberFault);
-  command->add_flag("--dry-run", dryRun_, "Show the totals and write nothing");
+      ->AddOption("--balance", balance_,
+                  "Balance on the statement; write nothing when it is another")
+      ->TypeName("AMOUNT")
+      ->Check(NumberFault);
+  command->AddFlag("--dry-run", dryRun_, "Show the totals and write nothing");
   return command;
 }
 

@@ -14,7 +14,7 @@ namespace corvanta::inline cli {
 // of rows it shows the totals and writes nothing.
 class ReconcileCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,42 +1,41 @@
 #include "cli/ReferenceCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* ReferenceCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand(words_.command, "List, add, rename and delete " + words_.plural);
-  command->require_subcommand(0, 1);
-  command->add_subcommand("list", "List them; so does the command alone");
-  add_ = command->add_subcommand("add", "Add one");
-  add_->add_option("name", name_, "The new name")->required();
+Parser* ReferenceCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand(words_.command, "List, add, rename and delete " + words_.plural);
+  command->AllowCommand();
+  command->AddCommand("list", "List them; so does the command alone");
+  add_ = command->AddCommand("add", "Add one");
+  add_->AddOption("name", name_, "The new name")->Required();
   DeclareAdd(*add_);
-  rename_ = command->add_subcommand("rename", "Give one another name");
-  rename_->add_option("item", name_, "Its name, or # and its key")->required();
-  rename_->add_option("name", newName_, "The new name")->required();
-  delete_ = command->add_subcommand("delete", "Delete one");
-  delete_->add_option("item", name_, "Its name, or # and its key")->required();
+  rename_ = command->AddCommand("rename", "Give one another name");
+  rename_->AddOption("item", name_, "Its name, or # and its key")->Required();
+  rename_->AddOption("name", newName_, "The new name")->Required();
+  delete_ = command->AddCommand("delete", "Delete one");
+  delete_->AddOption("item", name_, "Its name, or # and its key")->Required();
   DeclareMore(*command);
   return command;
 }
 
-void ReferenceCommand::DeclareAdd(CLI::App&) {}
+void ReferenceCommand::DeclareAdd(Parser&) {}
 
-void ReferenceCommand::DeclareMore(CLI::App&) {}
+void ReferenceCommand::DeclareMore(Parser&) {}
 
 ExitStatus ReferenceCommand::Run(Session& session) {
-  const bool writes = add_->parsed() || rename_->parsed() || delete_->parsed();
+  const bool writes = add_->Parsed() || rename_->Parsed() || delete_->Parsed();
   if (!writes) return RunList(session);
   const std::optional<DataFile> file = session.Open(Access::Write);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  if (add_->parsed()) return RunAdd(ledger, session);
-  return rename_->parsed() ? RunRename(ledger, session) : RunDelete(ledger, session);
+  if (add_->Parsed()) return RunAdd(ledger, session);
+  return rename_->Parsed() ? RunRename(ledger, session) : RunDelete(ledger, session);
 }
 
 ExitStatus ReferenceCommand::RunList(Session& session) {

@@ -26,7 +26,7 @@ namespace corvanta::inline cli {
 // command says in its overrides what it is a command of.
 class ReferenceCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  protected:
@@ -39,9 +39,9 @@ class ReferenceCommand : public Command {
   explicit ReferenceCommand(Words words) : words_(std::move(words)) {}
 
   // The options of "add" beside the name.
-  virtual void DeclareAdd(CLI::App& add);
+  virtual void DeclareAdd(Parser& add);
   // Further forms of the command.
-  virtual void DeclareMore(CLI::App& command);
+  virtual void DeclareMore(Parser& command);
 
   [[nodiscard]] virtual OutputTable List(clsCorvanta& ledger) = 0;
   // All that can be named.
@@ -66,9 +66,9 @@ class ReferenceCommand : public Command {
   ExitStatus RunDelete(clsCorvanta& ledger, Session& session);
 
   Words words_;
-  CLI::App* add_ = nullptr;
-  CLI::App* rename_ = nullptr;
-  CLI::App* delete_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* rename_ = nullptr;
+  Parser* delete_ = nullptr;
   std::string name_;  // the item, or the name of a new one
   std::string newName_;
 };

@@ -1,18 +1,17 @@
 #include "cli/RegisterCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/AccountRow.h"
 #include "ledger/BalanceBook.h"
 #include "ledger/RegisterRow.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* RegisterCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("register", "List the transactions of an account");
+Parser* RegisterCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("register", "List the transactions of an account");
   account_.Declare(*command);
   period_.Declare(*command);
   status_.Declare(*command);

@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // register ACCOUNT: the transactions of one account with the running balance.
 class RegisterCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

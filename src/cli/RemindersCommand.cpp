@@ -2,14 +2,13 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/Reminders.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -24,12 +23,12 @@ void AddRows(OutputTable& table, const char* group, const std::vector<Reminder>&
 
 }  // namespace
 
-CLI::App* RemindersCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
-      "reminders", "Scheduled payments that wait to be posted, or to be cleared");
-  command->add_option("--until", until_, "How far to look; the setting NoReminders without it")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault);
+Parser* RemindersCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("reminders", "Scheduled payments that wait to be posted, or to be cleared");
+  command->AddOption("--until", until_, "How far to look; the setting NoReminders without it")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault);
   return command;
 }
 

@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // reminders: what is due, or will be soon.
 class RemindersCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

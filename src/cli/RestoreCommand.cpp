@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/PromptedOpening.h"
 #include "platform/Files.h"
@@ -11,8 +12,6 @@
 #include "safety/RestoreEditor.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/datafile/opening/KeyRecovery.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -67,18 +66,17 @@ std::vector<Value> RowOf(const AccountChange& change) {
 
 }  // namespace
 
-CLI::App* RestoreCommand::Declare(CLI::App& parser) {
-  CLI::App* command =
-      parser.add_subcommand("restore", "Put a backup into the place of the data file");
-  CLI::Option* file =
-      command->add_option("file", file_, "The backup (default: the latest one)")->check(EmptyFault);
+Parser* RestoreCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("restore", "Put a backup into the place of the data file");
+  Argument* file =
+      command->AddOption("file", file_, "The backup (default: the latest one)")->Check(EmptyFault);
   command
-      ->add_flag("--back", isBack_, "Take the last restore back: what was the data file before it")
-      ->excludes(file);
-  command->add_option("--key", key_, "The transfer file of a backup made elsewhere, or its key")
-      ->type_name("FILE")
-      ->check(EmptyFault);
-  command->add_flag("--dry-run", isDry_, "Show what it would change, and change nothing");
+      ->AddFlag("--back", isBack_, "Take the last restore back: what was the data file before it")
+      ->Excludes(file);
+  command->AddOption("--key", key_, "The transfer file of a backup made elsewhere, or its key")
+      ->TypeName("FILE")
+      ->Check(EmptyFault);
+  command->AddFlag("--dry-run", isDry_, "Show what it would change, and change nothing");
   return command;
 }
 

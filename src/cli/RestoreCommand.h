@@ -15,7 +15,7 @@ namespace corvanta::inline cli {
 // restore: puts a backup into the data file's place, after what it would change was shown.
 class RestoreCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -2,12 +2,11 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "platform/Platform.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/backup/SalvageDataFile.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -25,12 +24,12 @@ std::string TextOf(const std::vector<LostKeys>& lost) {
 
 }  // namespace
 
-CLI::App* SalvageCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* SalvageCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "salvage", "Read what can still be read of a damaged data file into a new one");
-  command->add_option("file", file_, "The new data file, which must not be there yet")
-      ->required()
-      ->check(EmptyFault);
+  command->AddOption("file", file_, "The new data file, which must not be there yet")
+      ->Required()
+      ->Check(EmptyFault);
   return command;
 }
 

@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // salvage FILE: reads what can still be read of a damaged data file into a new one.
 class SalvageCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,15 +1,14 @@
 #include "cli/ScheduleArgument.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/clsCorvanta.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::Option* ScheduleArgument::Declare(CLI::App& command) {
-  return command.add_option("id", key_, "The key of the schedule")->type_name("ID");
+Argument* ScheduleArgument::Declare(Parser& command) {
+  return command.AddOption("id", key_, "The key of the schedule")->TypeName("ID");
 }
 
 std::optional<ScheduleDetails> ScheduleArgument::Find(clsCorvanta& ledger, Session& session) const {

@@ -5,23 +5,20 @@
 #include <cstdint>
 #include <optional>
 
-namespace CLI {
-class App;
-class Option;
-}  // namespace CLI
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Argument;
+class Parser;
 class Session;
 
 // A schedule named on the command line by its key.
 class ScheduleArgument {
  public:
-  CLI::Option* Declare(CLI::App& command);
+  Argument* Declare(Parser& command);
   // nullopt when there is none, or it is a line of one, which has then been told.
   [[nodiscard]] std::optional<ScheduleDetails> Find(clsCorvanta& ledger, Session& session) const;
   [[nodiscard]] bool IsGiven() const { return key_.has_value(); }

@@ -2,13 +2,12 @@
 
 #include "cli/Arguments.h"
 #include "cli/NamedItem.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -28,36 +27,36 @@ const char* WordOf(WeekendRule rule) {
   return rule == WeekendRule::Before ? "before" : "after";
 }
 
-void ScheduleArguments::Declare(CLI::App& command, bool isNew) {
+void ScheduleArguments::Declare(Parser& command, bool isNew) {
   fields_.DeclareFields(command, isNew);
-  command.add_option("--period", period_,
-                     isNew ? "How often, such as Weekly; Monthly without it" : "How often");
+  command.AddOption("--period", period_,
+                    isNew ? "How often, such as Weekly; Monthly without it" : "How often");
   command
-      .add_option("--start", start_,
-                  isNew ? "The first payment, today without it (YYYY-MM-DD)"
-                        : "The next payment (YYYY-MM-DD)")
-      ->check(DateFault);
-  command.add_option("--number", number_, "How many payments from the start on; 0 without end")
-      ->type_name("N")
-      ->check(CLI::Range(0, kMaxPayments));
+      .AddOption("--start", start_,
+                 isNew ? "The first payment, today without it (YYYY-MM-DD)"
+                       : "The next payment (YYYY-MM-DD)")
+      ->Check(DateFault);
+  command.AddOption("--number", number_, "How many payments from the start on; 0 without end")
+      ->TypeName("N")
+      ->Range(0, kMaxPayments);
   command
-      .add_option("--automatic", automatic_,
-                  "What posts it: no (a person), due (post, when it is due) or ahead (post, as far "
-                  "as the setting NoShedule looks)")
-      ->type_name("CHOICE")
-      ->transform(CLI::Validator(OneOf({"no", "due", "ahead"}), ""));
+      .AddOption("--automatic", automatic_,
+                 "What posts it: no (a person), due (post, when it is due) or ahead (post, as far "
+                 "as the setting NoShedule looks)")
+      ->TypeName("CHOICE")
+      ->Correct(OneOf({"no", "due", "ahead"}));
   command
-      .add_option("--month-end", monthEnd_,
-                  "Whether every payment is due on the last day of its month: yes or no (of a "
-                  "frequency in months)")
-      ->type_name("CHOICE")
-      ->transform(CLI::Validator(OneOf({"yes", "no"}), ""));
+      .AddOption("--month-end", monthEnd_,
+                 "Whether every payment is due on the last day of its month: yes or no (of a "
+                 "frequency in months)")
+      ->TypeName("CHOICE")
+      ->Correct(OneOf({"yes", "no"}));
   command
-      .add_option("--weekend", weekend_,
-                  "Where a payment goes that is due on a weekend: stay, before or after (the "
-                  "working day before or after it)")
-      ->type_name("CHOICE")
-      ->transform(CLI::Validator(OneOf({"stay", "before", "after"}), ""));
+      .AddOption("--weekend", weekend_,
+                 "Where a payment goes that is due on a weekend: stay, before or after (the "
+                 "working day before or after it)")
+      ->TypeName("CHOICE")
+      ->Correct(OneOf({"stay", "before", "after"}));
   fields_.DeclareTexts(command, "Of each transaction that it posts", "What it is for");
 }
 

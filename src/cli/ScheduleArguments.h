@@ -7,23 +7,20 @@
 #include <optional>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The options that say what a schedule is; what is not given is left as it is.
 class ScheduleArguments {
  public:
   // `isNew`: those that a new schedule cannot do without are required.
-  void Declare(CLI::App& command, bool isNew);
+  void Declare(Parser& command, bool isNew);
   // Puts what was given into the form, whose type is set; false, told, when an option does not go
   // with the type, or an account or frequency is not there.
   [[nodiscard]] bool Fill(ScheduleForm& form, ScheduleEditor& editor, clsCorvanta& ledger,

@@ -3,6 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/EntryArguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
@@ -14,8 +15,6 @@
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "reference/Deletion.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <cmath>
@@ -50,62 +49,62 @@ std::vector<Date> PaymentsOf(const ScheduleDetails& schedule, std::optional<Date
 
 }  // namespace
 
-CLI::App* ScheduleCommand::Declare(CLI::App& parser) {
-  command_ = parser.add_subcommand(
+Parser* ScheduleCommand::Declare(Parser& parser) {
+  command_ = parser.AddCommand(
       "schedule", "Recurring transactions; the command post puts them into the accounts");
-  command_->require_subcommand(0, 1);
-  command_->add_subcommand("list", "Show the schedules by their next payment");
+  command_->AllowCommand();
+  command_->AddCommand("list", "Show the schedules by their next payment");
   DeclareChanges(*command_);
-  copy_ = command_->add_subcommand(
+  copy_ = command_->AddCommand(
       "copy", "Enter a schedule once more, from where it stands, and print the key of the copy");
-  schedule_.Declare(*copy_)->required();
-  delete_ = command_->add_subcommand("delete", "Delete a schedule");
-  schedule_.Declare(*delete_)->required();
+  schedule_.Declare(*copy_)->Required();
+  delete_ = command_->AddCommand("delete", "Delete a schedule");
+  schedule_.Declare(*delete_)->Required();
   delete_
-      ->add_option("--posted", posted_,
-                   "What becomes of the transactions that it has posted: delete or keep")
-      ->type_name("CHOICE")
-      ->transform(CLI::Validator(OneOf({"delete", "keep"}), ""));
-  dates_ = command_->add_subcommand("dates", "Show when the payments of a schedule are due");
-  schedule_.Declare(*dates_)->required();
+      ->AddOption("--posted", posted_,
+                  "What becomes of the transactions that it has posted: delete or keep")
+      ->TypeName("CHOICE")
+      ->Correct(OneOf({"delete", "keep"}));
+  dates_ = command_->AddCommand("dates", "Show when the payments of a schedule are due");
+  schedule_.Declare(*dates_)->Required();
   dates_
-      ->add_option("--until", until_,
-                   "How far to look, where the payments have no end (a year at least)")
-      ->type_name("YYYY-MM-DD")
-      ->check(DateFault);
+      ->AddOption("--until", until_,
+                  "How far to look, where the payments have no end (a year at least)")
+      ->TypeName("YYYY-MM-DD")
+      ->Check(DateFault);
   return command_;
 }
 
-void ScheduleCommand::DeclareChanges(CLI::App& command) {
-  add_ = command.add_subcommand("add", "Enter a schedule and print its key");
-  add_->add_option("type", type_, "expense, income or transfer")
-      ->transform(CLI::Validator(EntryTypeWord(), ""))
-      ->required();
+void ScheduleCommand::DeclareChanges(Parser& command) {
+  add_ = command.AddCommand("add", "Enter a schedule and print its key");
+  add_->AddOption("type", type_, "expense, income or transfer")
+      ->Correct(EntryTypeWord())
+      ->Required();
   added_.Declare(*add_, true);
-  edit_ = command.add_subcommand("edit", "Change a schedule, as far as options are given");
-  schedule_.Declare(*edit_)->required();
-  edit_->add_option("--type", type_, "expense, income or transfer")
-      ->type_name("TYPE")
-      ->transform(CLI::Validator(EntryTypeWord(), ""));
+  edit_ = command.AddCommand("edit", "Change a schedule, as far as options are given");
+  schedule_.Declare(*edit_)->Required();
+  edit_->AddOption("--type", type_, "expense, income or transfer")
+      ->TypeName("TYPE")
+      ->Correct(EntryTypeWord());
   edited_.Declare(*edit_, false);
-  split_ = command.add_subcommand(
-      "split", "The lines of a split schedule: listed alone, with options changed");
-  schedule_.Declare(*split_)->required();
+  split_ = command.AddCommand("split",
+                              "The lines of a split schedule: listed alone, with options changed");
+  schedule_.Declare(*split_)->Required();
   lines_.Declare(*split_);
 }
 
 ExitStatus ScheduleCommand::Run(Session& session) {
   const bool changes =
-      add_->parsed() || edit_->parsed() || copy_->parsed() || delete_->parsed() || lines_.Changes();
+      add_->Parsed() || edit_->Parsed() || copy_->Parsed() || delete_->Parsed() || lines_.Changes();
   const std::optional<DataFile> file = session.Open(changes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  if (add_->parsed()) return Add(ledger, session);
-  if (edit_->parsed()) return Edit(ledger, session);
-  if (split_->parsed()) return Split(ledger, session);
-  if (copy_->parsed()) return Copy(ledger, session);
-  if (delete_->parsed()) return Delete(ledger, session);
-  return dates_->parsed() ? Dates(ledger, session) : List(ledger, session);
+  if (add_->Parsed()) return Add(ledger, session);
+  if (edit_->Parsed()) return Edit(ledger, session);
+  if (split_->Parsed()) return Split(ledger, session);
+  if (copy_->Parsed()) return Copy(ledger, session);
+  if (delete_->Parsed()) return Delete(ledger, session);
+  return dates_->Parsed() ? Dates(ledger, session) : List(ledger, session);
 }
 
 ExitStatus ScheduleCommand::List(clsCorvanta& ledger, Session& session) {

@@ -16,11 +16,11 @@ namespace corvanta::inline cli {
 // schedule list, add, edit, split, copy, delete and dates: the recurring transactions.
 class ScheduleCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  void DeclareChanges(CLI::App& command);
+  void DeclareChanges(Parser& command);
   static ExitStatus List(clsCorvanta& ledger, Session& session);
   ExitStatus Add(clsCorvanta& ledger, Session& session) const;
   ExitStatus Edit(clsCorvanta& ledger, Session& session) const;
@@ -29,13 +29,13 @@ class ScheduleCommand : public Command {
   ExitStatus Delete(clsCorvanta& ledger, Session& session) const;
   ExitStatus Dates(clsCorvanta& ledger, Session& session) const;
 
-  CLI::App* command_ = nullptr;
-  CLI::App* add_ = nullptr;
-  CLI::App* edit_ = nullptr;
-  CLI::App* split_ = nullptr;
-  CLI::App* copy_ = nullptr;
-  CLI::App* delete_ = nullptr;
-  CLI::App* dates_ = nullptr;
+  Parser* command_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* edit_ = nullptr;
+  Parser* split_ = nullptr;
+  Parser* copy_ = nullptr;
+  Parser* delete_ = nullptr;
+  Parser* dates_ = nullptr;
   ScheduleArgument schedule_;
   std::string type_;
   ScheduleArguments added_;

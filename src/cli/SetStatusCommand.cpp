@@ -1,11 +1,10 @@
 #include "cli/SetStatusCommand.h"
 
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/StatusBook.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 namespace {
@@ -17,13 +16,13 @@ StatusCommand CommandOf(const std::string& status) {
 
 }  // namespace
 
-CLI::App* SetStatusCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("status", "Set the status of transactions");
+Parser* SetStatusCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("status", "Set the status of transactions");
   transactions_.Declare(*command);
-  command->add_option("--set", status_, "uncleared, cleared or reconciled")
-      ->type_name("STATUS")
-      ->transform(CLI::Validator(OneOf({"uncleared", "cleared", "reconciled"}), ""))
-      ->required();
+  command->AddOption("--set", status_, "uncleared, cleared or reconciled")
+      ->TypeName("STATUS")
+      ->Correct(OneOf({"uncleared", "cleared", "reconciled"}))
+      ->Required();
   return command;
 }
 

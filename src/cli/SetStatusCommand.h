@@ -10,7 +10,7 @@ namespace corvanta::inline cli {
 // status ID... --set STATUS: sets the status of transactions, whatever it was before.
 class SetStatusCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -3,6 +3,7 @@
 #include "cli/Arguments.h"
 #include "cli/CloseNames.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "platform/Clock.h"
 #include "platform/Opener.h"
@@ -11,8 +12,6 @@
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
 #include "store/datafile/DataFileLocation.h"
-
-#include <CLI/CLI.hpp>
 
 #include <filesystem>
 #include <ostream>
@@ -92,19 +91,19 @@ std::string Absolute(const std::string& path) {
 
 }  // namespace
 
-CLI::App* SettingsCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("settings", "List, read and write settings");
-  nameOption_ = command->add_option("name", name_, "The setting; without one, all are listed");
-  valueOption_ = command->add_option("value", value_, "The value to write");
-  command->add_option("--key", keyName_, "Settings, Reports, Stocks or Currency")
-      ->type_name("KEY")
-      ->transform(CLI::Validator(OneOf({"Settings", "Reports", "Stocks", "Currency"}), ""));
+Parser* SettingsCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("settings", "List, read and write settings");
+  nameOption_ = command->AddOption("name", name_, "The setting; without one, all are listed");
+  valueOption_ = command->AddOption("value", value_, "The value to write");
+  command->AddOption("--key", keyName_, "Settings, Reports, Stocks or Currency")
+      ->TypeName("KEY")
+      ->Correct(OneOf({"Settings", "Reports", "Stocks", "Currency"}));
   return command;
 }
 
 ExitStatus SettingsCommand::Run(Session& session) {
-  if (nameOption_->count() == 0) return List(session);
-  return valueOption_->count() == 0 ? Read(session) : Write(session);
+  if (!nameOption_->IsGiven()) return List(session);
+  return !valueOption_->IsGiven() ? Read(session) : Write(session);
 }
 
 ExitStatus SettingsCommand::List(Session& session) const {

@@ -7,20 +7,18 @@
 #include <string_view>
 #include <vector>
 
-namespace CLI {
-class Option;
-}
-
 namespace corvanta::inline sql {
 class Value;
 }
 
 namespace corvanta::inline cli {
 
+class Argument;
+
 // settings [NAME [VALUE]]: lists, reads and writes preferences. Needs no data file.
 class SettingsCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
@@ -40,8 +38,8 @@ class SettingsCommand : public Command {
   std::string keyName_ = "Settings";
   std::string name_;
   std::string value_;
-  CLI::Option* nameOption_ = nullptr;
-  CLI::Option* valueOption_ = nullptr;
+  Argument* nameOption_ = nullptr;
+  Argument* valueOption_ = nullptr;
 };
 
 }  // namespace corvanta::inline cli

@@ -2,6 +2,7 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/SavedForm.h"
 #include "cli/Session.h"
 #include "invest/SourcePresets.h"
@@ -9,8 +10,6 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/ShownText.h"
-
-#include <CLI/CLI.hpp>
 
 #include <ostream>
 
@@ -37,57 +36,56 @@ AnswerKind KindOf(const std::string& word) {
 
 }  // namespace
 
-CLI::App* SourceCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* SourceCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "source", "List, add, change and test where prices and exchange rates come from");
-  command->require_subcommand(0, 1);
-  command->add_subcommand("list", "List them; so does the command alone");
-  presets_ = command->add_subcommand("presets", "List the services that are described already");
-  add_ = command->add_subcommand("add", "Add one, by the rules of its editor");
-  edit_ = command->add_subcommand("edit", "Change one, as far as options are given");
-  test_ = command->add_subcommand("test", "Show what one answers, and the value found in it");
-  first_ = command->add_subcommand("first", "Ask this one for exchange rates from now on");
-  delete_ = command->add_subcommand("delete", "Delete one");
-  add_->add_option("name", name_, "Its name")->required();
-  add_->add_option("--preset", preset_, "The name of a service that is described already");
-  for (CLI::App* form : {edit_, test_, first_, delete_}) {
-    form->add_option("source", name_, "Its name, or # and its key")->required();
+  command->AllowCommand();
+  command->AddCommand("list", "List them; so does the command alone");
+  presets_ = command->AddCommand("presets", "List the services that are described already");
+  add_ = command->AddCommand("add", "Add one, by the rules of its editor");
+  edit_ = command->AddCommand("edit", "Change one, as far as options are given");
+  test_ = command->AddCommand("test", "Show what one answers, and the value found in it");
+  first_ = command->AddCommand("first", "Ask this one for exchange rates from now on");
+  delete_ = command->AddCommand("delete", "Delete one");
+  add_->AddOption("name", name_, "Its name")->Required();
+  add_->AddOption("--preset", preset_, "The name of a service that is described already");
+  for (Parser* form : {edit_, test_, first_, delete_}) {
+    form->AddOption("source", name_, "Its name, or # and its key")->Required();
   }
-  edit_->add_option("--name", newName_, "Another name");
-  test_->add_option("symbol", question_, "A symbol, or two currencies: EURUSD")->required();
-  for (CLI::App* form : {add_, edit_}) DeclareFields(*form);
+  edit_->AddOption("--name", newName_, "Another name");
+  test_->AddOption("symbol", question_, "A symbol, or two currencies: EURUSD")->Required();
+  for (Parser* form : {add_, edit_}) DeclareFields(*form);
   return command;
 }
 
-void SourceCommand::DeclareFields(CLI::App& form) {
-  form.add_option("--for", type_, "prices or rates")
-      ->transform(CLI::Validator(OneOf({"prices", "rates"}), ""));
-  form.add_option("--address", address_, "Where it is asked");
-  form.add_option("--placeholder", placeholder_,
-                  "The word in the address that the symbol takes the place of");
-  form.add_option("--answer", answer_, "line, page, column or json")
-      ->transform(CLI::Validator(OneOf({"line", "page", "column", "json"}), ""));
-  form.add_option("--marker", marker_, "In a page, the text before the value");
-  form.add_option("--occurrence", occurrence_, "In a page, which of several such texts")
-      ->check(CLI::Range(1, 99));
-  form.add_option("--field", field_, "The name of the column, or the pointer into a JSON text");
-  form.add_option("--lookup", lookUp_, "The page on which symbols are looked up");
-  form.add_flag("--ask-key", asksKey_, "Ask for the key that the service has given you");
+void SourceCommand::DeclareFields(Parser& form) {
+  form.AddOption("--for", type_, "prices or rates")->Correct(OneOf({"prices", "rates"}));
+  form.AddOption("--address", address_, "Where it is asked");
+  form.AddOption("--placeholder", placeholder_,
+                 "The word in the address that the symbol takes the place of");
+  form.AddOption("--answer", answer_, "line, page, column or json")
+      ->Correct(OneOf({"line", "page", "column", "json"}));
+  form.AddOption("--marker", marker_, "In a page, the text before the value");
+  form.AddOption("--occurrence", occurrence_, "In a page, which of several such texts")
+      ->Range(1, 99);
+  form.AddOption("--field", field_, "The name of the column, or the pointer into a JSON text");
+  form.AddOption("--lookup", lookUp_, "The page on which symbols are looked up");
+  form.AddFlag("--ask-key", asksKey_, "Ask for the key that the service has given you");
 }
 
 ExitStatus SourceCommand::Run(Session& session) {
-  if (presets_->parsed()) return ListPresets(session);
-  const bool writes = add_->parsed() || edit_->parsed() || first_->parsed() || delete_->parsed();
+  if (presets_->Parsed()) return ListPresets(session);
+  const bool writes = add_->Parsed() || edit_->Parsed() || first_->Parsed() || delete_->Parsed();
   const std::optional<DataFile> file = session.Open(writes ? Access::Write : Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   SourceEditor editor(ledger, session.Machine());
-  if (!writes && !test_->parsed()) return List(editor, session);
-  const std::optional<SourceRow> row = add_->parsed() ? NewRow(session) : Find(editor, session);
+  if (!writes && !test_->Parsed()) return List(editor, session);
+  const std::optional<SourceRow> row = add_->Parsed() ? NewRow(session) : Find(editor, session);
   if (!row) return ExitStatus::Refused;
-  if (test_->parsed()) return Test(editor, *row, session);
-  if (add_->parsed() || edit_->parsed()) return Save(editor, *row, session);
-  if (delete_->parsed()) {
+  if (test_->Parsed()) return Test(editor, *row, session);
+  if (add_->Parsed() || edit_->Parsed()) return Save(editor, *row, session);
+  if (delete_->Parsed()) {
     if (!editor.Delete(row->dataId)) return ExitStatus::Refused;
     session.Tell(kTitle, "\"" + row->name + "\" deleted");
     return ExitStatus::Done;
@@ -151,7 +149,7 @@ std::optional<SourceRow> SourceCommand::Find(SourceEditor& editor, Session& sess
 
 ExitStatus SourceCommand::Save(SourceEditor& editor, SourceRow row, Session& session) const {
   if (newName_) row.name = *newName_;
-  if (type_ && !add_->parsed()) row.type = *type_ == "rates" ? kCurrencySource : kStockSource;
+  if (type_ && !add_->Parsed()) row.type = *type_ == "rates" ? kCurrencySource : kStockSource;
   if (address_) row.url = *address_;
   if (placeholder_) row.key = *placeholder_;
   if (answer_) row.kind = KindOf(*answer_);
@@ -166,7 +164,7 @@ ExitStatus SourceCommand::Save(SourceEditor& editor, SourceRow row, Session& ses
   }
   const auto saved = SaveChecked(editor, row, session);
   if (!saved) return ExitStatus::Refused;
-  if (add_->parsed()) {
+  if (add_->Parsed()) {
     PrintKey(*saved, session);
   } else {
     session.Tell(kTitle, "\"" + row.name + "\" changed");

@@ -12,11 +12,11 @@ namespace corvanta::inline cli {
 // source list|add|edit|test|first|delete: where prices and exchange rates come from.
 class SourceCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  void DeclareFields(CLI::App& form);
+  void DeclareFields(Parser& form);
   ExitStatus List(SourceEditor& editor, Session& session) const;
   ExitStatus ListPresets(Session& session) const;
   ExitStatus Save(SourceEditor& editor, SourceRow row, Session& session) const;
@@ -26,12 +26,12 @@ class SourceCommand : public Command {
   // nullopt, told, when there is none of that name.
   [[nodiscard]] std::optional<SourceRow> Find(SourceEditor& editor, Session& session) const;
 
-  CLI::App* presets_ = nullptr;
-  CLI::App* add_ = nullptr;
-  CLI::App* edit_ = nullptr;
-  CLI::App* test_ = nullptr;
-  CLI::App* first_ = nullptr;
-  CLI::App* delete_ = nullptr;
+  Parser* presets_ = nullptr;
+  Parser* add_ = nullptr;
+  Parser* edit_ = nullptr;
+  Parser* test_ = nullptr;
+  Parser* first_ = nullptr;
+  Parser* delete_ = nullptr;
   std::string name_;
   std::string preset_;
   std::optional<std::string> newName_;

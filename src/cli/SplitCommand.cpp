@@ -1,10 +1,9 @@
 #include "cli/SplitCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
-
-#include <CLI/CLI.hpp>
 
 #include <cmath>
 
@@ -34,8 +33,8 @@ std::optional<Warning> CheckParent(const TransactionDetails& row) {
 
 }  // namespace
 
-CLI::App* SplitCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* SplitCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "split", "The lines of a split transaction: listed alone, with options changed");
   transaction_.DeclareOne(*command);
   lines_.Declare(*command);

@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // split ID: lists the lines of a transaction, adds some, edits, replaces or deletes them.
 class SplitCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -2,13 +2,12 @@
 
 #include "cli/Arguments.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -31,30 +30,27 @@ class Values {
 
 }  // namespace
 
-void SplitLines::Declare(CLI::App& command) {
+void SplitLines::Declare(Parser& command) {
   const auto add = [&](const char* name, auto& values, const char* meaning) {
-    return command.add_option(name, values, meaning)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-        ->expected(1)
-        ->allow_extra_args(false);
+    return command.AddOption(name, values, meaning)->Repeated();
   };
   add("--category", categories_, "Begins a new line: Category or Category:SubCategory");
-  add("--edit", edited_, "Begins the changes to the line of this key")->type_name("ID");
+  add("--edit", edited_, "Begins the changes to the line of this key")->TypeName("ID");
   add("--amount", amounts_, "Of the line before it, counted as the whole amount is")
-      ->type_name("N")
-      ->check(NumberFault);
+      ->TypeName("N")
+      ->Check(NumberFault);
   add("--description", descriptions_, "Of the line before it");
   add("--reference", references_, "Of the line before it");
-  command.add_option("--delete", deleted_, "Delete the lines of these keys")
-      ->type_name("ID,ID")
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->delimiter(',');
-  command.add_flag("--replace", replaces_, "Delete all lines that are there");
-  command.final_callback([this, &command] { CollectLines(command); });
+  command.AddOption("--delete", deleted_, "Delete the lines of these keys")
+      ->TypeName("ID,ID")
+      ->Several()
+      ->Delimiter(',');
+  command.AddFlag("--replace", replaces_, "Delete all lines that are there");
+  command.Finally([this, &command] { CollectLines(command); });
 }
 
 // The options of one line stand behind each other, so their order says what belongs together.
-void SplitLines::CollectLines(const CLI::App& command) {
+void SplitLines::CollectLines(const Parser& command) {
   struct Part {
     std::optional<std::string> Line::*field;
     Values values;
@@ -66,8 +62,8 @@ void SplitLines::CollectLines(const CLI::App& command) {
       {"--reference", {&Line::reference, Values(references_)}}};
   std::size_t edits = 0;
   bool isEdit = false;  // of a line that has no category yet
-  for (const CLI::Option* option : command.parse_order()) {
-    const std::string name = option->get_name();
+  for (const Argument& argument : command.GivenArguments()) {
+    const std::string name = argument.Name();
     if (name == "--edit") {
       lines_.emplace_back().key = edited_[edits++];
       isEdit = true;
@@ -77,9 +73,9 @@ void SplitLines::CollectLines(const CLI::App& command) {
     if (part == parts.end()) continue;
     if (name == "--category" && !isEdit) lines_.emplace_back();
     if (name == "--category") isEdit = false;
-    if (lines_.empty()) throw CLI::ValidationError(name, "a line begins with its --category");
+    if (lines_.empty()) throw UsageError(name, "a line begins with its --category");
     std::optional<std::string>& field = lines_.back().*part->second.field;
-    if (field) throw CLI::ValidationError(name, kTwice);
+    if (field) throw UsageError(name, kTwice);
     field = part->second.values.Next();
   }
   CheckLines();
@@ -88,10 +84,10 @@ void SplitLines::CollectLines(const CLI::App& command) {
 void SplitLines::CheckLines() const {
   for (const Line& line : lines_) {
     if (!line.key && !line.amount) {
-      throw CLI::ValidationError("--amount", "missing for \"" + *line.category + "\"");
+      throw UsageError("--amount", "missing for \"" + *line.category + "\"");
     }
     if (line.key && EditOf(*line.key) != &line) {
-      throw CLI::ValidationError("--edit", "line " + std::to_string(*line.key) + " is given twice");
+      throw UsageError("--edit", "line " + std::to_string(*line.key) + " is given twice");
     }
   }
 }

@@ -9,16 +9,13 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}
-
 namespace corvanta::inline ledger {
 class clsCorvanta;
 }
 
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // The lines that a transaction or a schedule is split into: listed without options, otherwise
@@ -26,7 +23,7 @@ class Session;
 class SplitLines {
  public:
   // Takes the command's final callback.
-  void Declare(CLI::App& command);
+  void Declare(Parser& command);
   // Whether any option asks for a change.
   [[nodiscard]] bool Changes() const { return !lines_.empty() || !deleted_.empty() || replaces_; }
   ExitStatus Run(AllocationEditor& editor, clsCorvanta& ledger, Session& session) const;
@@ -49,7 +46,7 @@ class SplitLines {
     double sum = 0;  // the sum afterwards, signed
   };
 
-  void CollectLines(const CLI::App& command);
+  void CollectLines(const Parser& command);
   void CheckLines() const;
   [[nodiscard]] bool Leaves(std::int64_t key) const;
   [[nodiscard]] const Line* EditOf(std::int64_t key) const;

@@ -1,11 +1,10 @@
 #include "cli/SqlCommand.h"
 
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/StoreError.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <utility>
@@ -54,10 +53,10 @@ Rows ReadRows(Recordset& records) {
 
 }  // namespace
 
-CLI::App* SqlCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("sql", "Run one SQL statement on the data file");
-  command->add_option("statement", statement_, "The statement, in the program's dialect")
-      ->required();
+Parser* SqlCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("sql", "Run one SQL statement on the data file");
+  command->AddOption("statement", statement_, "The statement, in the program's dialect")
+      ->Required();
   return command;
 }
 

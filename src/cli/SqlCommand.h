@@ -14,7 +14,7 @@ namespace corvanta::inline cli {
 // beside a running window; one that writes takes the right to write.
 class SqlCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

@@ -1,12 +1,11 @@
 #include "cli/TransactionsArgument.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "ledger/ClosedAccounts.h"
 #include "ledger/TransactionBook.h"
 #include "platform/Platform.h"
 #include "reference/Deletion.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -24,19 +23,16 @@ std::string KeyFault(const std::string& text) {
   return isKey ? "" : "'" + text + "' is no key of a transaction";
 }
 
-void TransactionsArgument::Declare(CLI::App& command) {
-  command.add_option("id", keys_, kMeaning)
-      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll)
-      ->check(KeyFault)
-      ->required();
+void TransactionsArgument::Declare(Parser& command) {
+  command.AddOption("id", keys_, kMeaning)->Several()->Check(KeyFault)->Required();
 }
 
-void TransactionsArgument::DeclareOne(CLI::App& command) {
+void TransactionsArgument::DeclareOne(Parser& command) {
   command
-      .add_option_function<std::string>(
+      .AddOption(
           "id", [this](const std::string& key) { keys_ = {key}; }, kMeaning)
-      ->check(KeyFault)
-      ->required();
+      ->Check(KeyFault)
+      ->Required();
 }
 
 std::optional<std::vector<TransactionDetails>> TransactionsArgument::Find(clsCorvanta& ledger,

@@ -9,21 +9,18 @@
 #include <string>
 #include <vector>
 
-namespace CLI {
-class App;
-}  // namespace CLI
-
 namespace corvanta::inline cli {
 
+class Parser;
 class Session;
 
 // Transactions named on the command line by the keys that the register shows.
 class TransactionsArgument {
  public:
   // One key or more.
-  void Declare(CLI::App& command);
+  void Declare(Parser& command);
   // Exactly one key.
-  void DeclareOne(CLI::App& command);
+  void DeclareOne(Parser& command);
   // The transactions, each once; nullopt when some of the keys have none, which have then all been
   // told.
   [[nodiscard]] std::optional<std::vector<TransactionDetails>> Find(clsCorvanta& ledger,

@@ -1,19 +1,18 @@
 #include "cli/TransferCommand.h"
 
 #include "cli/Arguments.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "safety/Transfer.h"
 
-#include <CLI/CLI.hpp>
-
 namespace corvanta::inline cli {
 
-CLI::App* TransferCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand(
+Parser* TransferCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand(
       "transfer", "Write the key of the data file and the settings, for another machine");
-  command->add_option("file", file_, "The transfer file, such as Corvanta.tfr")
-      ->required()
-      ->check(EmptyFault);
+  command->AddOption("file", file_, "The transfer file, such as Corvanta.tfr")
+      ->Required()
+      ->Check(EmptyFault);
   return command;
 }
 

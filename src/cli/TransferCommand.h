@@ -9,7 +9,7 @@ namespace corvanta::inline cli {
 // transfer FILE: writes a transfer file, with which the data file opens on another machine.
 class TransferCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:

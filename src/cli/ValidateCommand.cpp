@@ -1,13 +1,12 @@
 #include "cli/ValidateCommand.h"
 
+#include "cli/Parser.h"
 #include "cli/Session.h"
-
-#include <CLI/CLI.hpp>
 
 namespace corvanta::inline cli {
 
-CLI::App* ValidateCommand::Declare(CLI::App& parser) {
-  return parser.add_subcommand("validate", "Compact, upgrade, clean up and check the data file");
+Parser* ValidateCommand::Declare(Parser& parser) {
+  return parser.AddCommand("validate", "Compact, upgrade, clean up and check the data file");
 }
 
 ExitStatus ValidateCommand::Run(Session& session) {

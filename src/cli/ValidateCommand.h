@@ -7,7 +7,7 @@ namespace corvanta::inline cli {
 // validate: compacts, upgrades, cleans up and checks the data file.
 class ValidateCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 };
 

@@ -2,6 +2,7 @@
 
 #include "cli/NamedItem.h"
 #include "cli/OutputTable.h"
+#include "cli/Parser.h"
 #include "cli/Session.h"
 #include "invest/StockLookup.h"
 #include "ledger/ReferenceBook.h"
@@ -9,8 +10,6 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
-
-#include <CLI/CLI.hpp>
 
 #include <algorithm>
 
@@ -44,40 +43,40 @@ ExitStatus List(const StockLookup& lookup, Session& session) {
 
 }  // namespace
 
-CLI::App* WatchCommand::Declare(CLI::App& parser) {
-  CLI::App* command = parser.add_subcommand("watch", "The watch lists of quotes and of rates");
-  command->require_subcommand(1);
-  stocksParser_ = command->add_subcommand("stocks", "The list of stocks");
+Parser* WatchCommand::Declare(Parser& parser) {
+  Parser* command = parser.AddCommand("watch", "The watch lists of quotes and of rates");
+  command->RequireCommand();
+  stocksParser_ = command->AddCommand("stocks", "The list of stocks");
   DeclareList(*stocksParser_, stocks_);
-  stocks_.download->add_option("--source", source_, "The source of quotes; the first without it");
-  DeclareList(*command->add_subcommand("currencies", "The list of currencies"), currencies_);
+  stocks_.download->AddOption("--source", source_, "The source of quotes; the first without it");
+  DeclareList(*command->AddCommand("currencies", "The list of currencies"), currencies_);
   return command;
 }
 
-void WatchCommand::DeclareList(CLI::App& command, Parsers& parsers) {
-  command.require_subcommand(0, 1);
-  parsers.list = command.add_subcommand("list", "What is on the list");
-  parsers.add = command.add_subcommand("add", "Put a symbol, or a currency's code, on the list");
-  parsers.remove = command.add_subcommand("delete", "Take it off the list");
-  for (CLI::App* one : {parsers.add, parsers.remove}) {
-    one->add_option("symbol", symbol_, "The symbol or code")->required();
+void WatchCommand::DeclareList(Parser& command, Parsers& parsers) {
+  command.AllowCommand();
+  parsers.list = command.AddCommand("list", "What is on the list");
+  parsers.add = command.AddCommand("add", "Put a symbol, or a currency's code, on the list");
+  parsers.remove = command.AddCommand("delete", "Take it off the list");
+  for (Parser* one : {parsers.add, parsers.remove}) {
+    one->AddOption("symbol", symbol_, "The symbol or code")->Required();
   }
-  parsers.download = command.add_subcommand("download", "Fetch the latest values");
-  parsers.download->add_option("symbols", symbols_, "Only these of the list");
-  parsers.download->add_option("--currency", currency_,
-                               "The code of the currency in; the one used last without it");
+  parsers.download = command.AddCommand("download", "Fetch the latest values");
+  parsers.download->AddOption("symbols", symbols_, "Only these of the list");
+  parsers.download->AddOption("--currency", currency_,
+                              "The code of the currency in; the one used last without it");
 }
 
 ExitStatus WatchCommand::Run(Session& session) {
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  const bool isStocks = stocksParser_->parsed();
+  const bool isStocks = stocksParser_->Parsed();
   const Parsers& parsers = isStocks ? stocks_ : currencies_;
   StockLookup lookup(isStocks ? WatchMode::Stocks : WatchMode::Currency, ledger, session.Machine());
-  if (parsers.add->parsed()) return Add(lookup, ledger, session);
-  if (parsers.remove->parsed()) return Delete(lookup, session);
-  if (parsers.download->parsed()) return Download(lookup, ledger, session);
+  if (parsers.add->Parsed()) return Add(lookup, ledger, session);
+  if (parsers.remove->Parsed()) return Delete(lookup, session);
+  if (parsers.download->Parsed()) return Download(lookup, ledger, session);
   return List(lookup, session);
 }
 

@@ -20,24 +20,24 @@ namespace corvanta::inline cli {
 // from them, and the latest values of what is on them.
 class WatchCommand : public Command {
  public:
-  CLI::App* Declare(CLI::App& parser) override;
+  Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
   struct Parsers {
-    CLI::App* list = nullptr;
-    CLI::App* add = nullptr;
-    CLI::App* remove = nullptr;
-    CLI::App* download = nullptr;
+    Parser* list = nullptr;
+    Parser* add = nullptr;
+    Parser* remove = nullptr;
+    Parser* download = nullptr;
   };
-  void DeclareList(CLI::App& command, Parsers& parsers);
+  void DeclareList(Parser& command, Parsers& parsers);
   ExitStatus Add(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(StockLookup& lookup, Session& session) const;
   ExitStatus Download(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
 
   Parsers stocks_;
   Parsers currencies_;
-  CLI::App* stocksParser_ = nullptr;
+  Parser* stocksParser_ = nullptr;
   std::string symbol_;
   std::vector<std::string> symbols_;
   std::string source_;
