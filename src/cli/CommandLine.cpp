@@ -15,6 +15,7 @@
 #include "cli/DownloadCommand.h"
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
+#include "cli/ExplainCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/FindCommand.h"
 #include "cli/HoldingsCommand.h"
@@ -35,6 +36,7 @@
 #include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
 #include "cli/RemindersCommand.h"
+#include "cli/ReportCommand.h"
 #include "cli/RestoreCommand.h"
 #include "cli/SalvageCommand.h"
 #include "cli/ScheduleCommand.h"
@@ -240,6 +242,8 @@ void CommandLine::DeclareCommands(Parser& parser) {
   add(std::make_unique<RateCommand>());
   add(std::make_unique<SourceCommand>());
   add(std::make_unique<HoldingsCommand>());
+  add(std::make_unique<ReportCommand>());
+  add(std::make_unique<ExplainCommand>());
   add(std::make_unique<LoanCommand>(LoanMode::Loan));
   add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
   add(std::make_unique<CompletionCommand>());

@@ -111,13 +111,17 @@ std::optional<DrillStep> DrillDown(clsCorvanta& ledger, const ReportRequest& req
   const DrillStep transactions = Into(request, kAccountTransactions);
   switch (request.report) {
     case 1:
+    case 15:
       return WithFilter(transactions, FilterKind::Account, {key},
                         FirstForty(NameOf(store, "Account", "tblAccounts", "AccountID", key)));
     case 2:
+    case 12:
       return IntoMonth(request, row);
     case 4:
     case 5:
     case 6:
+    case 13:
+    case 14:
       return IntoCategory(store, request, key);
     case 7:
     case 8:

@@ -66,7 +66,13 @@ const std::vector<ReportInfo>& ReportCatalogue() {
        "Name,Symbol,Currency,Description,Last Price,Quantity,Total,Gain,", ",,,,N,N,N,N,"},
       {11, "Investment Transactions",
        "Account,Date,Action,Symbol,Description,Dividend,Price,Quantity,Commission,Total,Currency,",
-       ",D,,,,N,N,N,N,N,,", false}};
+       ",D,,,,N,N,N,N,N,,", false},
+      {12, "Net Worth by Month", "Year/Month,Cash,Investments,Net Worth,Currency,", ",N,N,N,,"},
+      {13, "Two Periods Compared",
+       "Category,Sub Category,This Period,Other Period,Difference,Currency,", ",,N,N,N,,"},
+      {14, "Budget of the Month", "Category,Sub Category,Plan,Carried Over,Actual,Left,Currency,",
+       ",,N,N,N,N,,"},
+      {15, "Balance Forecast", "Account,Date,Expected,Average,Balance,Currency,", ",D,N,N,N,,"}};
   return kReports;
 }
 

@@ -3,6 +3,7 @@
 #include "ledger/Period.h"
 #include "ledger/RowFilter.h"
 #include "ledger/StatusFilter.h"
+#include "platform/Date.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,6 +11,14 @@
 #include <vector>
 
 namespace corvanta::inline reports {
+
+// A payment that a forecast counts as if it were expected; it is stored nowhere.
+struct WhatIf {
+  Date day;
+  std::int64_t accountId = 0;
+  double amount = 0;  // in the account's currency, money out negative
+  bool operator==(const WhatIf&) const = default;
+};
 
 // All that a report is run with.
 struct ReportRequest {
@@ -27,6 +36,8 @@ struct ReportRequest {
   bool foldsSubCategories = false;  // a category with all that is below it is one
   std::string currency;             // the report currency's code; empty: none
   bool converts = false;            // amounts into the report currency
+
+  std::vector<WhatIf> whatIf;  // of a forecast alone
 
   bool operator==(const ReportRequest&) const = default;
 };

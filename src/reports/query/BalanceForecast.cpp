@@ -1,0 +1,194 @@
+#include "reports/query/BalanceForecast.h"
+
+#include "ledger/AccountBook.h"
+#include "ledger/AccountRow.h"
+#include "ledger/Money.h"
+#include "ledger/RateBook.h"
+#include "ledger/ScheduleBook.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
+
+#include <algorithm>
+#include <map>
+#include <set>
+
+namespace corvanta::inline reports {
+namespace {
+
+constexpr int kYear = 365;
+
+// Something that is to come.
+struct Expected {
+  std::int64_t accountId = 0;
+  corvanta::Date day;
+  std::int64_t transactionId = 0;  // 0 for what is not entered
+  std::string what;
+  double amount = 0;  // in the account's currency
+};
+
+struct Outlook {
+  AccountRow account;
+  double balance = 0;  // this evening
+  double average = 0;  // of a day
+  double rate = 1;
+};
+
+corvanta::Date EndOf(const ReportRun& run) {
+  if (run.request.range) return run.request.range->to;
+  return run.platform.clock.Today().AddMonths(3);
+}
+
+std::string RowsOf(std::int64_t account) {
+  return "FROM tblTransactions AS T INNER JOIN tblCategory AS C ON T.CategoryID = C.CategoryID "
+         "WHERE T.AllocatedItem = 0 AND T.AccountID = " +
+         SqlNumber(account) + " AND T.[Date] ";
+}
+
+double SumOf(const ReportRun& run, const std::string& rows) {
+  return run.Store().QueryValue("SELECT SUM(Amount) " + rows).Double();
+}
+
+std::vector<Outlook> ReadOutlooks(const ReportRun& run) {
+  const corvanta::Date today = run.platform.clock.Today();
+  const std::vector<std::int64_t>& some = run.request.filter.Keys(FilterKind::Account);
+  std::vector<Outlook> outlooks;
+  TreeOptions options;
+  options.includeClosed = run.request.withClosedAccounts;
+  options.end = today;
+  for (const AccountRow& account : run.ledger.Accounts().Accounts(options)) {
+    if (!some.empty() && std::ranges::count(some, account.accountId) == 0) continue;
+    const double year =
+        SumOf(run, RowsOf(account.accountId) + "Between " + SqlDate(today.AddDays(1 - kYear)) +
+                       " AND " + SqlEndOf(today) +
+                       " AND T.BankSch = 0 AND T.Action = 0 AND (T.TransferID = 0 or "
+                       "isNull(T.TransferID))");
+    outlooks.push_back(
+        {account, account.balance, year / kYear, run.rates.RateOf(account.currency)});
+  }
+  return outlooks;
+}
+
+void AddEntered(const ReportRun& run, std::int64_t account, std::vector<Expected>& expected) {
+  Recordset rows = run.Store().OpenRecordset(
+      "SELECT T.TransactionID, T.Date, Amount, PP.Payee FROM (tblTransactions AS T INNER JOIN "
+      "tblCategory AS C ON T.CategoryID = C.CategoryID) LEFT JOIN tblPayees PP ON PP.PayeeID = "
+      "T.PayeeID WHERE T.AllocatedItem = 0 AND T.AccountID = " +
+      SqlNumber(account) + " AND T.[Date] > " + SqlEndOf(run.platform.clock.Today()) +
+      " AND T.[Date] <= " + SqlEndOf(EndOf(run)));
+  for (; !rows.Eof(); rows.MoveNext()) {
+    expected.push_back({account, rows.Day("Date").value_or(corvanta::Date()), rows.Int(0),
+                        rows.Text("Payee"), rows.Double("Amount")});
+  }
+}
+
+// What arrives of a scheduled transfer; nothing where no rate is known.
+double ArrivingOf(const ReportRun& run, const ScheduleDetails& schedule) {
+  if (!schedule.NeedsRate()) return -schedule.amount;
+  const auto rate = run.ledger.Rates().Latest(schedule.currency, schedule.transferCurrency,
+                                              run.platform.clock.Today());
+  return rate ? -schedule.amount * rate->rate : 0;
+}
+
+std::set<corvanta::Date> PostedOf(const ReportRun& run, std::int64_t schedule) {
+  std::set<corvanta::Date> posted;
+  Recordset rows = run.Store().OpenRecordset(
+      "Select ScheduleDate from tblTransactions WHERE BankSch = " + SqlNumber(schedule));
+  for (; !rows.Eof(); rows.MoveNext()) {
+    if (const auto day = rows.Day(0)) posted.insert(*day);
+  }
+  return posted;
+}
+
+void AddScheduled(const ReportRun& run, std::vector<Expected>& expected) {
+  const corvanta::Date first = run.platform.clock.Today().AddDays(1);
+  const corvanta::Date end = EndOf(run);
+  for (const ScheduleDetails& schedule : run.ledger.Schedules().Schedules()) {
+    if (schedule.isFinished || !schedule.nextDue) continue;
+    const std::set<corvanta::Date> posted = PostedOf(run, schedule.scheduleId);
+    for (const corvanta::Date due : run.ledger.Schedules().DueDates(schedule.scheduleId, end)) {
+      if (due < *schedule.nextDue || posted.contains(due)) continue;
+      const corvanta::Date day = std::max(first, schedule.days.BookedOn(due));
+      if (day > end) continue;
+      expected.push_back({schedule.accountId, day, 0, schedule.payee, schedule.amount});
+      if (!schedule.IsTransfer()) continue;
+      expected.push_back(
+          {schedule.transferAccountId, day, 0, schedule.payee, ArrivingOf(run, schedule)});
+    }
+  }
+}
+
+// All that is to come, by day.
+std::vector<Expected> ReadExpected(const ReportRun& run, const std::vector<Outlook>& outlooks) {
+  std::vector<Expected> expected;
+  for (const Outlook& outlook : outlooks) AddEntered(run, outlook.account.accountId, expected);
+  AddScheduled(run, expected);
+  const corvanta::Date first = run.platform.clock.Today().AddDays(1);
+  for (const WhatIf& each : run.request.whatIf) {
+    expected.push_back({each.accountId, std::max(first, each.day), 0, "What if", each.amount});
+  }
+  std::ranges::stable_sort(expected, {}, &Expected::day);
+  return expected;
+}
+
+std::string KeyOf(const Outlook& outlook) {
+  return SqlNumber(outlook.account.accountId);
+}
+
+}  // namespace
+
+void BalanceForecast::Fill(const ReportRun& run, ReportTable& table) const {
+  const std::vector<Outlook> outlooks = ReadOutlooks(run);
+  const std::vector<Expected> expected = ReadExpected(run, outlooks);
+  std::map<std::pair<corvanta::Date, std::int64_t>, double> sums;
+  for (const Expected& each : expected) sums[{each.day, each.accountId}] += each.amount;
+  const corvanta::Date end = EndOf(run);
+  for (const Outlook& outlook : outlooks) {
+    double balance = outlook.balance;
+    const std::string shown = run.rates.ShownIn(outlook.account.currency, outlook.rate);
+    for (corvanta::Date day = run.platform.clock.Today().AddDays(1); day <= end;
+         day = day.AddDays(1)) {
+      const auto sum = sums.find({day, outlook.account.accountId});
+      const double expectedSum = sum == sums.end() ? 0 : sum->second;
+      balance += expectedSum + outlook.average;
+      ReportRow row = GroupRow(
+          KeyOf(outlook), shown,
+          {outlook.account.account, day, RoundMoney(expectedSum * outlook.rate),
+           RoundMoney(outlook.average * outlook.rate), RoundMoney(balance * outlook.rate), shown});
+      row.part = day.ToIso();
+      table.rows.push_back(std::move(row));
+    }
+  }
+}
+
+std::vector<ExplainedRow> BalanceForecast::Explain(const ReportRun& run, const ReportTable& table,
+                                                   const ReportRow& row, std::size_t column) const {
+  const std::string& header = table.columns.at(column).header;
+  const corvanta::Date day = corvanta::Date::FromIso(row.part).value_or(corvanta::Date());
+  const int days = day.Serial() - run.platform.clock.Today().Serial();
+  const std::vector<Outlook> outlooks = ReadOutlooks(run);
+  std::vector<ExplainedRow> explained;
+  for (const Outlook& outlook : outlooks) {
+    if (KeyOf(outlook) != row.groupKey) continue;
+    const AccountRow& account = outlook.account;
+    const auto add = [&](const std::string& what, double amount) {
+      explained.push_back(Beside(what, account.account, account.currency, amount, outlook.rate));
+    };
+    if (header == "Balance") add("Balance today", outlook.balance);
+    if (header == "Average") add("Average of a day", outlook.average);
+    if (header == "Balance") add(std::to_string(days) + " days", outlook.average * days);
+    if (header == "Average") continue;
+    for (const Expected& each : ReadExpected(run, outlooks)) {
+      const bool isWanted = header == "Balance" ? each.day <= day : each.day == day;
+      if (!isWanted || each.accountId != account.accountId) continue;
+      add(each.what, each.amount);
+      explained.back().transactionId = each.transactionId;
+      explained.back().date = each.day;
+    }
+  }
+  return explained;
+}
+
+}  // namespace corvanta::inline reports

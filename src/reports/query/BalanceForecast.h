@@ -1,0 +1,23 @@
+#pragma once
+
+#include "reports/query/Report.h"
+
+namespace corvanta::inline reports {
+
+// What each account will hold on the days to come, up to the range's end or for three months: what
+// is entered ahead and expected of the schedules, and the average of a day.
+//
+//   average  what the last 365 days brought or took, without transfers, trades and what came of
+//            schedules, / 365
+//   balance  of the day before + entered + scheduled + average
+//
+// Payments that are overdue are expected on the first day. Of the filters accounts alone count.
+class BalanceForecast : public Report {
+ public:
+  void Fill(const ReportRun& run, ReportTable& table) const override;
+  [[nodiscard]] std::vector<ExplainedRow> Explain(const ReportRun& run, const ReportTable& table,
+                                                  const ReportRow& row,
+                                                  std::size_t column) const override;
+};
+
+}  // namespace corvanta::inline reports

@@ -1,0 +1,122 @@
+#include "reports/query/BudgetMonth.h"
+
+#include "ledger/Money.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "reports/query/BudgetPlans.h"
+#include "reports/query/ReportSql.h"
+#include "reports/query/SpendingReport.h"
+#include "store/sql/SqlText.h"
+
+namespace corvanta::inline reports {
+namespace {
+
+Period MonthFrom(corvanta::Date first) {
+  return {first, first.AddMonths(1).AddDays(-1)};
+}
+
+Period MonthOf(const ReportRun& run) {
+  const corvanta::Date day =
+      run.request.range ? run.request.range->from : run.platform.clock.Today();
+  return MonthFrom(day.AddDays(1 - day.Day()));
+}
+
+// The months of the year before that one.
+std::vector<Period> MonthsBefore(const Period& month) {
+  std::vector<Period> months;
+  for (int back = month.from.Month() - 1; back > 0; --back) {
+    months.push_back(MonthFrom(month.from.AddMonths(-back)));
+  }
+  return months;
+}
+
+struct Line {
+  Plan plan;
+  double carried = 0;  // in the home currency
+};
+
+std::vector<Line> LinesOf(const ReportRun& run, const std::string& home) {
+  const Period month = MonthOf(run);
+  std::vector<Line> lines;
+  for (const Plan& plan : BudgetPlans(run, month).All()) lines.push_back({plan, 0});
+  for (const Period& before : MonthsBefore(month)) {
+    std::size_t line = 0;
+    // The categories are the same in all months.
+    for (const Plan& plan : BudgetPlans(run, before).All()) {
+      if (plan.hasBudget) lines.at(line).carried += plan.budget - plan.ActualIn(home);
+      ++line;
+    }
+  }
+  return lines;
+}
+
+std::string ConditionsOf(const ReportRun& run, const Period& days) {
+  ReportRequest request = run.request;
+  request.range = days;
+  return ReportClause(request).Where(ReportClause::Payments::Joined) +
+         SpendingRows(SpendingBy::Category);
+}
+
+}  // namespace
+
+void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
+  const std::string home = run.rates.Home();
+  for (const Line& line : LinesOf(run, home)) {
+    const Plan& plan = line.plan;
+    const auto add = [&](const std::string& currency, double planned, double carried) {
+      const double actual = plan.ActualIn(currency);
+      ReportRow row =
+          GroupRow(SqlNumber(plan.key), currency,
+                   {plan.category, plan.subCategory, RoundMoney(planned), RoundMoney(carried),
+                    RoundMoney(actual), RoundMoney(actual - planned - carried), currency});
+      if (plan.hasBudget) row.part = "planned";
+      table.rows.push_back(std::move(row));
+    };
+    if (plan.hasBudget || plan.actual.contains(home)) add(home, plan.budget, line.carried);
+    for (const auto& [currency, actual] : plan.actual) {
+      if (currency != home) add(currency, 0, 0);
+    }
+  }
+  AppendTotals(table, {"Plan", "Carried Over", "Actual", "Left"});
+}
+
+std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const ReportTable& table,
+                                               const ReportRow& row, std::size_t column) const {
+  const std::string& header = table.columns.at(column).header;
+  const bool isTotal = row.kind == ReportRowKind::Total;
+  const bool isLeft = header == "Left";
+  const Period month = MonthOf(run);
+  std::vector<ExplainedRow> explained;
+  const auto addRows = [&](const Period& days, int sign, bool isPlanned) {
+    const Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(run, days)};
+    for (const EvidenceRow& evidence : ReadEvidence(run, sources)) {
+      if (run.rates.ShownIn(evidence.currency) != row.currency) continue;
+      for (const ReportRow& each : table.rows) {
+        if (each.kind == ReportRowKind::Total || each.currency != row.currency) continue;
+        if (!isTotal && &each != &row) continue;
+        if ((isPlanned && each.part.empty()) || !IsOfCategory(evidence, each, run)) continue;
+        explained.push_back(
+            Explained(evidence, evidence.amount, run.rates.RateOf(evidence.currency), sign));
+      }
+    }
+  };
+  const auto addPlans = [&](const Period& days, int sign) {
+    if (row.currency != run.rates.Home()) return;
+    for (const Plan& plan : BudgetPlans(run, days).All()) {
+      if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
+      explained.push_back(Beside("Plan for " + days.from.ToIso().substr(0, 7), plan.category,
+                                 row.currency, plan.budget, 1, sign));
+    }
+  };
+  if (header == "Plan" || isLeft) addPlans(month, isLeft ? -1 : 1);
+  if (header == "Carried Over" || isLeft) {
+    for (const Period& before : MonthsBefore(month)) {
+      addPlans(before, isLeft ? -1 : 1);
+      if (row.currency == run.rates.Home()) addRows(before, isLeft ? 1 : -1, true);
+    }
+  }
+  if (header == "Actual" || isLeft) addRows(month, 1, false);
+  return explained;
+}
+
+}  // namespace corvanta::inline reports

@@ -1,0 +1,107 @@
+#include "reports/query/BudgetPlans.h"
+
+#include "ledger/ScheduleDates.h"
+#include "platform/TextCase.h"
+#include "reports/query/ReportSql.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+
+#include <algorithm>
+
+namespace corvanta::inline reports {
+
+double Plan::ActualIn(const std::string& currency) const {
+  const auto amount = actual.find(currency);
+  return amount == actual.end() ? 0 : amount->second;
+}
+
+BudgetPlans::BudgetPlans(const ReportRun& run) : BudgetPlans(run, DaysOf(run), run.request.range) {}
+
+BudgetPlans::BudgetPlans(const ReportRun& run, const Period& period)
+    : BudgetPlans(run, {period.from, DateDiff("d", period.from, period.to.AddDays(1))}, period) {}
+
+BudgetPlans::BudgetPlans(const ReportRun& run, const Days& days,
+                         const std::optional<Period>& period)
+    : run_(run), days_(days) {
+  ReadBudgets();
+  ReadActual(period);
+}
+
+BudgetPlans::Days BudgetPlans::DaysOf(const ReportRun& run) {
+  if (run.request.range) {
+    const Period& range = *run.request.range;
+    return {range.from, DateDiff("d", range.from, range.to.AddDays(1))};
+  }
+  const bool some = run.request.filter.IsSet(FilterKind::Account);
+  const std::string accounts =
+      some ? "WHERE A.AccountID IN (" + run.request.filter.List(FilterKind::Account) + ") "
+           : run.clause.AccountCondition();
+  const Recordset row = run.Store().OpenRecordset(
+      "SELECT DateDiff('d',Min(T.Date), Max(T.Date)) As TotalDays, Min(T.Date) As FirstDay FROM "
+      "tblTransactions AS T INNER JOIN tblAccounts AS A ON T.AccountID = A.AccountID " +
+      accounts);
+  return {row.Day("FirstDay").value_or(corvanta::Date()), static_cast<int>(row.Int("TotalDays"))};
+}
+
+// Sub-categories may be planned for other periods than their category, so each is taken for itself
+// before they are folded.
+void BudgetPlans::ReadBudgets() {
+  const std::string some =
+      run_.request.filter.IsSet(FilterKind::Category)
+          ? "WHERE CategoryID IN (" + run_.request.filter.List(FilterKind::Category) + ")"
+          : std::string();
+  Recordset rows = run_.Store().OpenRecordset(
+      "Select CategoryID, Category, SubCategory, SUM(Type*Budget) as Budget, Period FROM "
+      "tblCategory C LEFT JOIN tblPeriods Per  ON C.PeriodId = Per.PeriodID " +
+      some + " Group by CategoryID, Category, SubCategory, Period Order by Category, SubCategory");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    Plan& plan = PlanOf(rows);
+    placeOf_[rows.Int("CategoryID")] = static_cast<std::size_t>(&plan - plans_.data());
+    const double budget = rows.Double("Budget");
+    if (budget == 0) continue;
+    plan.hasBudget = true;
+    const auto period = PeriodDays(rows.Text("Period"), days_.start);
+    // A budget without a period is meant for as long as the report is.
+    plan.budget += period ? budget * days_.count / *period : budget;
+  }
+}
+
+Plan& BudgetPlans::PlanOf(Recordset& rows) {
+  const bool folds = run_.request.foldsSubCategories;
+  const std::string category = rows.Text("Category");
+  if (folds && !plans_.empty() && EqualFolded(plans_.back().category, category)) {
+    plans_.back().key = std::max(plans_.back().key, rows.Int("CategoryID"));
+    return plans_.back();
+  }
+  Plan& plan = plans_.emplace_back();
+  plan.key = rows.Int("CategoryID");
+  plan.category = category;
+  if (!folds) plan.subCategory = rows.Text("SubCategory");
+  return plan;
+}
+
+void BudgetPlans::ReadActual(const std::optional<Period>& period) {
+  ReportRequest request = run_.request;
+  request.range = period;
+  Recordset rows = run_.Store().OpenRecordset(
+      "SELECT SUM(AMOUNT) as sAmount, CU.Currency, " + run_.exchange +
+      " AS Exchange, C.CategoryID FROM " + run_.clause.WithKeywords(kFiveTables) +
+      ReportClause(request).Where(ReportClause::Payments::Joined) +
+      ReportClause::WithoutSplitParents() + " GROUP BY Currency, " + run_.exchange +
+      ", C.CategoryID");
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto place = placeOf_.find(rows.Int("CategoryID"));
+    if (place == placeOf_.end()) continue;
+    const double rate = rows.Double("Exchange");
+    plans_[place->second].actual[run_.rates.ShownIn(rows.Text("Currency"), rate)] +=
+        rows.Double("sAmount") * rate;
+  }
+}
+
+std::optional<int> PeriodDays(const std::string& period, corvanta::Date start) {
+  const std::optional<PeriodStep> step = PeriodStep::FromCode(period);
+  if (!step) return std::nullopt;
+  return std::max(1, DateDiff("d", start, DateAdd(step->interval, step->multiplier, start)));
+}
+
+}  // namespace corvanta::inline reports

@@ -1,0 +1,95 @@
+#include "reports/query/BudgetReport.h"
+
+#include "ledger/Money.h"
+#include "reports/query/BudgetPlans.h"
+#include "reports/query/ReportSql.h"
+#include "reports/query/SpendingReport.h"
+#include "store/sql/SqlText.h"
+
+#include <map>
+
+namespace corvanta::inline reports {
+namespace {
+
+// The mark of rows whose category has a budget.
+constexpr const char* kPlanned = "planned";
+
+ReportRow PlanRow(const Plan& plan, const std::string& currency, double budget, double actual) {
+  ReportRow row = GroupRow(SqlNumber(plan.key), currency,
+                           {plan.category, plan.subCategory, RoundMoney(budget), RoundMoney(actual),
+                            RoundMoney(actual - budget), currency});
+  if (plan.hasBudget) row.part = kPlanned;
+  return row;
+}
+
+// What categories without a budget came to, one row for each currency of the report.
+void AppendUnallocated(const std::map<std::string, double>& amounts, ReportTable& table) {
+  for (const auto& [currency, amount] : amounts) {
+    ReportRow row = TotalRow(table, kUnallocated, currency);
+    row.cells[*table.Column("Actual")] = RoundMoney(amount);
+    table.rows.push_back(std::move(row));
+  }
+}
+
+}  // namespace
+
+void BudgetReport::Fill(const ReportRun& run, ReportTable& table) const {
+  const BudgetPlans plans(run);
+  const std::string home = run.rates.Home();
+  std::map<std::string, double> unallocated = {{home, 0.0}};
+  for (const Plan& plan : plans.All()) {
+    // The plan stands beside what is in its currency, other currencies below it.
+    if (plan.hasBudget || plan.actual.contains(home)) {
+      table.rows.push_back(PlanRow(plan, home, plan.budget, plan.ActualIn(home)));
+    }
+    for (const auto& [currency, actual] : plan.actual) {
+      if (currency != home) table.rows.push_back(PlanRow(plan, currency, 0, actual));
+      if (!plan.hasBudget) unallocated[currency] += actual;
+    }
+  }
+  AppendUnallocated(unallocated, table);
+  AppendTotals(table, {"Budget", "Actual", "Difference"});
+}
+
+Report::Sources BudgetReport::EvidenceOf(const ReportRun& run) const {
+  return {run.clause.WithKeywords(kFiveTables),
+          run.clause.Where(ReportClause::Payments::Joined) + ReportClause::WithoutSplitParents()};
+}
+
+bool BudgetReport::IsOf(const EvidenceRow& evidence, const ReportRow& row,
+                        const ReportRun& run) const {
+  return IsOfCategory(evidence, row, run);
+}
+
+std::vector<ExplainedRow> BudgetReport::Explain(const ReportRun& run, const ReportTable& table,
+                                                const ReportRow& row, std::size_t column) const {
+  const std::string& header = table.columns.at(column).header;
+  std::vector<ExplainedRow> explained;
+  const std::size_t budgetColumn = table.Column("Budget").value();
+  const bool isPlanned = header == "Budget" || header == "Difference";
+  const int sign = header == "Difference" ? -1 : 1;
+  const bool isTotal = row.kind == ReportRowKind::Total;
+  const bool isUnallocated = isTotal && row.cells.front().Text() == kUnallocated;
+  for (const ReportRow& each : table.rows) {
+    const double budget = each.cells[budgetColumn].Double();
+    if (each.kind == ReportRowKind::Total || budget == 0) continue;
+    const bool isWanted = each.currency == row.currency && (isTotal || &each == &row);
+    if (!isPlanned || isUnallocated || !isWanted) continue;
+    explained.push_back(Beside("Budget for " + each.cells.front().Text(), each.cells[1].Text(),
+                               each.currency, budget, 1, sign));
+  }
+  if (header == "Budget") return explained;
+  if (!isUnallocated) {
+    for (ExplainedRow& each : Report::Explain(run, table, row, column)) explained.push_back(each);
+    return explained;
+  }
+  if (header != "Actual") return {};
+  for (const ReportRow& each : table.rows) {
+    if (each.kind == ReportRowKind::Total || each.currency != row.currency) continue;
+    if (each.part == kPlanned) continue;
+    for (ExplainedRow& part : Report::Explain(run, table, each, column)) explained.push_back(part);
+  }
+  return explained;
+}
+
+}  // namespace corvanta::inline reports
