@@ -8,6 +8,7 @@
 #include <array>
 #include <cmath>
 #include <map>
+#include <set>
 #include <span>
 #include <utility>
 
@@ -164,6 +165,31 @@ void AddDays(ChartData& chart, const ChartRows& rows, const std::vector<std::str
   }
 }
 
+// A line for each account, over the days of all of them.
+void AddAccounts(ChartData& chart, const ChartRows& rows, const char* header) {
+  chart.kind = ChartKind::Lines;
+  chart.areDays = true;
+  std::map<std::string, std::map<std::string, std::size_t>> accounts;
+  std::set<std::string> days;
+  for (const std::size_t row : rows.Rows()) {
+    const std::string day = rows.Text(row, "Date").substr(0, 10);
+    if (!day.empty()) accounts[rows.Text(row, "Account")].insert_or_assign(day, row);
+    if (!day.empty()) days.insert(day);
+  }
+  chart.categories.assign(days.begin(), days.end());
+  for (const auto& [account, rowOfDay] : accounts) {
+    ChartSeries series;
+    series.name = account;
+    for (const std::string& day : chart.categories) {
+      series.points.emplace_back();
+      const auto row = rowOfDay.find(day);
+      const auto number = row == rowOfDay.end() ? std::nullopt : rows.Number(row->second, header);
+      if (number) series.points.back() = ChartPoint{*number, *number, row->second};
+    }
+    chart.series.push_back(std::move(series));
+  }
+}
+
 // Reports behind the standard ones say by their columns what they are of.
 void AddByColumns(ChartData& chart, const ReportTable& report, const ChartRows& rows) {
   const std::vector<std::string> headers = rows.MoneyHeaders();
@@ -218,6 +244,13 @@ void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& row
       return sorted({{"Total", Total}, {"Gain", Income}});
     case 11:
       return;
+    case 13:
+      return sorted({{"This Period", Total, Measure::WithFirst},
+                     {"Other Period", Budget, Measure::WithFirst}});
+    case 14:
+      return sorted({{"Plan", Budget, Measure::WithFirst}, {"Actual", Total, Measure::WithFirst}});
+    case 15:
+      return AddAccounts(chart, rows, "Balance");
     default:
       return AddByColumns(chart, report, rows);
   }

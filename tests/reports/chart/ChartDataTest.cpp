@@ -109,9 +109,23 @@ TEST(ChartData, BalancesRunThroughTheDays) {
   EXPECT_EQ(longer.categories.back(), "2026-11-20");
 }
 
+TEST(ChartData, AForecastHasALineForEachAccount) {
+  ReportTable report = ReportOf(
+      15, "Balance Forecast", {TextColumn("Account"), TextColumn("Date"), MoneyColumn("Balance")});
+  AddGroup(report, "EUR", {"Giro", "2026-11-22", 5.0});
+  AddGroup(report, "EUR", {"Cash", "2026-11-22", 1.0});
+  AddGroup(report, "EUR", {"Giro", "2026-11-23", 3.0});
+  const ChartData chart = BuildChart(report);
+  ASSERT_EQ(chart.series.size(), 2U);
+  EXPECT_EQ(chart.series[0].name, "Cash");
+  EXPECT_FALSE(chart.series[0].points[1]);
+  EXPECT_EQ(chart.series[1].points[1]->row, 2U);
+}
+
 TEST(ChartData, OtherReportsAreDrawnByTheirColumns) {
   ReportTable months =
-      ReportOf(12, "Net Worth", {TextColumn("Month"), MoneyColumn("Assets"), MoneyColumn("Debts")});
+      ReportOf(12, "Net Worth by Month",
+               {TextColumn("Year/Month"), MoneyColumn("Assets"), MoneyColumn("Debts")});
   AddGroup(months, "EUR", {"2026-10", 10.0, -5.0});
   AddGroup(months, "EUR", {"2026-11", 12.0, Value()});
   const ChartData lines = BuildChart(months);

@@ -24,11 +24,19 @@ inline ReportColumn MoneyColumn(const char* header) {
   return {header, ReportColumn::Number, ReportColumn::Content::Money};
 }
 
+inline void AddRow(ReportTable& report, ReportRowKind kind, const char* currency,
+                   std::vector<Value> cells) {
+  ReportRow row;
+  row.kind = kind;
+  row.currency = currency;
+  row.cells = std::move(cells);
+  report.rows.push_back(std::move(row));
+}
 inline void AddGroup(ReportTable& report, const char* currency, std::vector<Value> cells) {
-  report.rows.push_back({ReportRowKind::Group, "key", 0, currency, std::move(cells)});
+  AddRow(report, ReportRowKind::Group, currency, std::move(cells));
 }
 inline void AddTotal(ReportTable& report, const char* currency, std::vector<Value> cells) {
-  report.rows.push_back({ReportRowKind::Total, "", 0, currency, std::move(cells)});
+  AddRow(report, ReportRowKind::Total, currency, std::move(cells));
 }
 
 // Payees that cost 1, 2, 3 and so on, one that pays, and one in another currency.

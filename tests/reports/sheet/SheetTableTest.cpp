@@ -22,6 +22,14 @@ ReportColumn Column(const char* header, ReportColumn::Content content) {
   return {header, ReportColumn::Text, content};
 }
 
+ReportRow RowOf(ReportRowKind kind, const char* currency, std::vector<Value> cells) {
+  ReportRow row;
+  row.kind = kind;
+  row.currency = currency;
+  row.cells = std::move(cells);
+  return row;
+}
+
 // Two currencies, one of them without decimals.
 ReportTable Summary() {
   using enum ReportColumn::Content;
@@ -29,11 +37,11 @@ ReportTable Summary() {
   report.name = "Account Summary";
   report.columns = {Column("Account", Text), Column("Records", Count), Column("Income", Money),
                     Column("Balance", Money), Column("Currency", Text)};
-  report.rows = {{kGroup, "1", 0, "EUR", {"Giro", 2, 10.25, 110.5, "EUR"}},
-                 {kGroup, "2", 0, "JPY", {"=1+1", 3, 500.0, 900.0, "JPY"}},
-                 {kGroup, "3", 0, "EUR", {"Cash & <more>", 4, 0.1, Value(), "EUR"}},
-                 {kTotal, "", 0, "EUR", {"Total (EUR)", 6, 10.35, 999.0, "EUR"}},
-                 {kTotal, "", 0, "JPY", {"Total (JPY)", 3, 500.0, 900.0, "JPY"}}};
+  report.rows = {RowOf(kGroup, "EUR", {"Giro", 2, 10.25, 110.5, "EUR"}),
+                 RowOf(kGroup, "JPY", {"=1+1", 3, 500.0, 900.0, "JPY"}),
+                 RowOf(kGroup, "EUR", {"Cash & <more>", 4, 0.1, Value(), "EUR"}),
+                 RowOf(kTotal, "EUR", {"Total (EUR)", 6, 10.35, 999.0, "EUR"}),
+                 RowOf(kTotal, "JPY", {"Total (JPY)", 3, 500.0, 900.0, "JPY"})};
   return report;
 }
 
@@ -92,11 +100,11 @@ TEST(SheetTable, TotalsBetweenTheRowsAreOfTheRowsBeforeThem) {
   using enum ReportColumn::Content;
   ReportTable report;
   report.columns = {Column("Account", Text), Column("Total", Money)};
-  for (const double amount : {1.0, 2.0}) report.rows.push_back({kGroup, "", 0, "", {"a", amount}});
-  report.rows.push_back({kTotal, "", 0, "", {"Total for a", 3.0}});
-  report.rows.push_back({kGroup, "", 0, "", {"b", 4.0}});
-  report.rows.push_back({kTotal, "", 0, "", {"Total for b", 4.0}});
-  report.rows.push_back({kTotal, "", 0, "", {"Total", 7.0}});
+  for (const double amount : {1.0, 2.0}) report.rows.push_back(RowOf(kGroup, "", {"a", amount}));
+  report.rows.push_back(RowOf(kTotal, "", {"Total for a", 3.0}));
+  report.rows.push_back(RowOf(kGroup, "", {"b", 4.0}));
+  report.rows.push_back(RowOf(kTotal, "", {"Total for b", 4.0}));
+  report.rows.push_back(RowOf(kTotal, "", {"Total", 7.0}));
   const SpreadsheetTable sheet = SheetOf(report);
   EXPECT_EQ(SumAt(sheet, 2, 1)->firstRow, 0U);
   EXPECT_EQ(SumAt(sheet, 2, 1)->lastRow, 1U);
