@@ -126,9 +126,8 @@ void ChartDrawing::DrawLegend() {
   std::vector<Entry> entries;
   double x = 0;
   double line = 0;
-  const std::string unit = chart_.currency.empty() ? "" : " (" + chart_.currency + ")";
-  for (const ChartSeries& series : chart_.series) {
-    const std::string name = Fitted(series.name + unit, area_.width - lineHeight_ - kGap);
+  for (std::size_t i = 0; i < chart_.series.size(); ++i) {
+    const std::string name = Fitted(SeriesText(chart_, i), area_.width - lineHeight_ - kGap);
     const double width = lineHeight_ + kGap + surface_.TextWidth(name) + 3 * kGap;
     if (x > 0 && x + width > area_.width) {
       x = 0;

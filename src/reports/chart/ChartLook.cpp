@@ -74,6 +74,11 @@ ChartRange RangeOf(const ChartData& chart) {
   return range;
 }
 
+std::string SeriesText(const ChartData& chart, std::size_t series) {
+  const std::string unit = chart.currency.empty() ? "" : " (" + chart.currency + ")";
+  return chart.series.at(series).name + unit;
+}
+
 std::string CategoryText(const ChartData& chart, std::size_t category, const Locale& locale) {
   const std::string& text = chart.categories.at(category);
   const auto day = chart.areDays ? Date::FromIso(text) : std::nullopt;

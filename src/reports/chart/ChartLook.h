@@ -24,6 +24,8 @@ struct ChartRange {
 };
 [[nodiscard]] ChartRange RangeOf(const ChartData& chart);
 
+// What a colour or stroke stands for, as the legend says it: "Expense (EUR)".
+[[nodiscard]] std::string SeriesText(const ChartData& chart, std::size_t series);
 // A category as its axis says it.
 [[nodiscard]] std::string CategoryText(const ChartData& chart, std::size_t category,
                                        const Locale& locale);

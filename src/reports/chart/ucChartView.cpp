@@ -12,6 +12,7 @@
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QToolTip>
+#include <QtCharts/QBarLegendMarker>
 #include <QtCharts/QBarSeries>
 #include <QtCharts/QBarSet>
 #include <QtCharts/QCategoryAxis>
@@ -85,7 +86,8 @@ void ucChartView::Show(ChartData chartData) {
   AddBars();
   AddLines();
   AddAxes();
-  chart()->legend()->setVisible(data_.series.size() > 1);
+  // Bars that lie are counted from below.
+  chart()->legend()->setReverseMarkers(LiesAcross());
   Colour();
 }
 
@@ -113,10 +115,11 @@ void ucChartView::AddBars() {
     bars_ = new QBarSeries(chart());
   }
   bars_->setBarWidth(kBarShare);
-  for (std::size_t i = 0; i < data_.series.size(); ++i) {
+  for (std::size_t place = 0; place < data_.series.size(); ++place) {
+    const std::size_t i = LiesAcross() ? data_.series.size() - 1 - place : place;
     const ChartSeries& series = data_.series[i];
     if (series.isLine) continue;
-    auto* set = new QBarSet(ToQt(series.name), bars_);
+    auto* set = new QBarSet(ToQt(SeriesText(data_, i)), bars_);
     for (int index = 0; index < static_cast<int>(series.points.size()); ++index) {
       const auto& point = series.points[CategoryOf(index)];
       set->append(point ? point->value : 0);
@@ -141,7 +144,7 @@ void ucChartView::AddLines() {
 
 void ucChartView::AddLine(std::size_t series) {
   auto* line = new QLineSeries(chart());
-  line->setName(ToQt(data_.series[series].name));
+  line->setName(ToQt(SeriesText(data_, series)));
   const auto& points = data_.series[series].points;
   QList<QPointF> places;
   for (std::size_t category = 0; category < points.size(); ++category) {
@@ -245,6 +248,14 @@ void ucChartView::Colour() {
       line->setPen(QPen(colour, kLineWidth, kStrokes.at(i % kStrokes.size())));
       line->setSelectedColor(chosen);
     }
+  }
+  if (bars_ == nullptr) return;
+  // The library leaves the marks of bars that have a selection without a colour.
+  for (QLegendMarker* marker : chart()->legend()->markers(bars_)) {
+    const QBarSet* bars = static_cast<QBarLegendMarker*>(marker)->barset();
+    marker->setShape(QLegend::MarkerShapeRectangle);
+    marker->setBrush(bars->brush());
+    marker->setPen(Qt::NoPen);
   }
 }
 

@@ -10,6 +10,8 @@
 #include <QTest>
 #include <QtCharts/QBarSet>
 #include <QtCharts/QHorizontalBarSeries>
+#include <QtCharts/QLegend>
+#include <QtCharts/QLegendMarker>
 
 #include <gtest/gtest.h>
 
@@ -115,6 +117,10 @@ TEST_F(FrmReportChartTest, ItIsSavedAndPrintedAsItIsShown) {
 
 TEST_F(FrmReportChartTest, ColoursFollowThePalette) {
   Show(CashFlowReport());
+  for (QLegendMarker* marker : chart_->chart()->legend()->markers()) {
+    if (marker->type() != QLegendMarker::LegendMarkerTypeBar) continue;
+    EXPECT_EQ(marker->brush().style(), Qt::SolidPattern) << qPrintable(marker->label());
+  }
   const QImage light = chart_->grab().toImage();
   QPalette dark;
   for (const auto role : {QPalette::Window, QPalette::Base})
