@@ -32,7 +32,10 @@ TwoPeriods PeriodsOf(const ReportRun& run) {
     periods.before = *run.request.otherRange;
   } else if (run.request.range) {
     const int days = periods.now.to.Serial() - periods.now.from.Serial() + 1;
-    periods.before = {periods.now.from.AddDays(-days), periods.now.from.AddDays(-1)};
+    // Nothing lies before the first day that there is.
+    const corvanta::Date least = corvanta::Date::FromYmd(1, 1, 1).value_or(corvanta::Date());
+    periods.before = {std::max(least, periods.now.from.AddDays(-days)),
+                      std::max(least, periods.now.from.AddDays(-1))};
   }
   return periods;
 }
