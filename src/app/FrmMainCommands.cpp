@@ -17,7 +17,9 @@
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
+#include "reports/sheet/SheetExport.h"
+#include "reports/sheet/SheetTable.h"
 #include "store/sql/UndoLog.h"
 #include "tools/ToolDialogs.h"
 
@@ -100,6 +102,12 @@ void FrmMain::ConnectViews() {
 void FrmMain::ConnectDialogs() {
   On(actions_->mnuFilePrint, [this] { PrintShown(false); });
   On(actions_->mnuFilePreview, [this] { PrintShown(true); });
+  On(actions_->mnuFilePageSetup, [this] { OpenPageSetup({platform_, this}); });
+  On(actions_->mnuFileSpreadsheet, [this] {
+    if (view_ != nullptr) {
+      AskAndExportSheet(SheetOf(view_->Printed(), platform_.locale), platform_);
+    }
+  });
   On(actions_->mnuViewAccountTypes, [this] { ShowList(ListKind::AccountType); });
   On(actions_->mnuViewBanks, [this] { ShowList(ListKind::Bank); });
   On(actions_->mnuViewPayments, [this] { ShowList(ListKind::Payment); });

@@ -263,6 +263,7 @@ void FrmMain::MarkChoice() {
     actions_->mnuRibbonAdd->setToolTip(add == nullptr ? QString() : add->toolTip());
     actions_->mnuFilePrint->setEnabled(view_ != nullptr);
     actions_->mnuFilePreview->setEnabled(view_ != nullptr);
+    actions_->mnuFileSpreadsheet->setEnabled(view_ != nullptr);
     for (MainView* view : views_) view->MarkCommands(view == view_);
     reminderCommands_->Mark();
     const QString totals =

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/QuietEnd.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QDialog>
 

@@ -15,7 +15,7 @@
 #include "controls/Style.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -173,7 +173,9 @@ std::int64_t ListView::CommandKey() const {
 }
 
 PrintTable ListView::Printed() const {
-  return PrintTableOf(*table_, FromQt(traits_.title));
+  PrintTable printed = PrintTableOf(*table_, FromQt(traits_.title));
+  if (totals_->isVisibleTo(this)) printed.summaries = totals_->Printed();
+  return printed;
 }
 
 std::int64_t ListView::RowCount() const {

@@ -50,8 +50,10 @@ class MainActions : public QObject {
   QAction* mnuFileOptions;
   QAction* mnuFileImport;
   QAction* mnuFileExport;
+  QAction* mnuFileSpreadsheet;
   QAction* mnuFilePrint;
   QAction* mnuFilePreview;
+  QAction* mnuFilePageSetup;
   QAction* mnuFileExit;
 
   QAction* mnuEditUndo;

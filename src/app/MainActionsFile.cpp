@@ -27,10 +27,14 @@ void MainActions::MakeFile() {
   mnuFileExport = Make("mnuFileExport", tr("&Export..."), "export",
                        tr("Write the transactions that are shown into a file"),
                        QKeySequence(Qt::CTRL | Qt::Key_E));
+  mnuFileSpreadsheet = Make("mnuFileSpreadsheet", tr("&Make Spreadsheet..."), "",
+                            tr("Write the list that is shown into a file that spreadsheets open"));
   mnuFilePrint = Make("mnuFilePrint", tr("&Print..."), "print", tr("Print the list that is shown"),
                       QKeySequence::Print);
   mnuFilePreview = Make("mnuFilePreview", tr("Print Previe&w..."), "preview",
                         tr("Look at the pages before they are printed"));
+  mnuFilePageSetup = Make("mnuFilePageSetup", tr("Page Set&up..."), "",
+                          tr("Choose the paper, how it lies, and its margins"));
   mnuFileExit = Make("mnuFileExit", tr("E&xit"), "exit", tr("Close the program"),
                      QKeySequence(Qt::CTRL | Qt::Key_Q));
   mnuFileExit->setMenuRole(QAction::QuitRole);

@@ -30,9 +30,9 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   file->addSeparator();
   file->addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
   file->addSeparator();
-  file->addActions({mnuFileImport, mnuFileExport});
+  file->addActions({mnuFileImport, mnuFileExport, mnuFileSpreadsheet});
   file->addSeparator();
-  file->addActions({mnuFilePrint, mnuFilePreview});
+  file->addActions({mnuFilePrint, mnuFilePreview, mnuFilePageSetup});
   file->addSeparator();
   file->addAction(mnuFileOptions);
   file->addSeparator();

@@ -34,6 +34,10 @@ namespace corvanta::inline ledger {
 class RegisterRows;
 }
 
+namespace corvanta::inline reports {
+struct PrintTable;
+}
+
 namespace corvanta::inline app {
 
 class ChosenTotals;
@@ -113,6 +117,8 @@ class RegisterView : public QWidget {
   [[nodiscard]] bool IsEmpty() const;
   // What stands above the list: the account's name.
   [[nodiscard]] QString Title() const;
+  // With the figures below it.
+  [[nodiscard]] PrintTable Printed() const;
 
   // Chooses the rows of that day and brings them into view; without any, the place where they
   // would stand.

@@ -12,6 +12,7 @@
 #include "ledger/RegisterRows.h"
 #include "ledger/StatusFilter.h"
 #include "platform/Locale.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QItemSelection>
 #include <QScrollBar>
@@ -192,6 +193,12 @@ void RegisterView::GoToToday() {
     table_->scrollTo(model_->index(row, 0), QAbstractItemView::PositionAtCenter);
   }
   table_->selectionModel()->setCurrentIndex(model_->index(row, 0), QItemSelectionModel::NoUpdate);
+}
+
+PrintTable RegisterView::Printed() const {
+  PrintTable printed = PrintTableOf(*table_, FromQt(Title()));
+  if (totals_->isVisibleTo(this)) printed.summaries = totals_->Printed();
+  return printed;
 }
 
 }  // namespace corvanta::inline app

@@ -6,6 +6,7 @@
 #include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
 #include "platform/Locale.h"
+#include "reports/print/PrintTable.h"
 
 #include <QEvent>
 #include <QGridLayout>
@@ -83,6 +84,18 @@ void TotalsLine::ShowTips() {
   lines.append(figureText_);
   lines.removeAll(QString());
   setToolTip(lines.join(u'\n'));
+}
+
+std::vector<PrintSummary> TotalsLine::Printed() const {
+  std::vector<PrintSummary> lines;
+  const auto add = [&lines](const QString& figure) {
+    if (!figure.isEmpty()) lines.push_back({{}, FromQt(figure)});
+  };
+  for (const QLabel* label : others_) add(label->text());
+  add(figureText_);
+  if (lines.empty() && !rowsText_.isEmpty()) lines.emplace_back();
+  if (!lines.empty()) lines.front().left = FromQt(rowsText_);
+  return lines;
 }
 
 int TotalsLine::WidthOf(Form form) const {

@@ -3,6 +3,7 @@
 #include <QWidget>
 
 #include <array>
+#include <vector>
 
 class QGridLayout;
 class QLabel;
@@ -13,6 +14,10 @@ struct PeriodTotals;
 
 namespace corvanta::inline platform {
 class Locale;
+}
+
+namespace corvanta::inline reports {
+struct PrintSummary;
 }
 
 namespace corvanta::inline app {
@@ -32,6 +37,9 @@ class TotalsLine : public QWidget {
   // the filter has chosen, which the third one says.
   void Show(const QString& rows, const PeriodTotals& totals, const Locale& money,
             bool isFiltered = false);
+
+  // All of it, as it is printed below the list.
+  [[nodiscard]] std::vector<PrintSummary> Printed() const;
 
   [[nodiscard]] QSize minimumSizeHint() const override;
 

@@ -21,7 +21,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 #include <QAction>
 #include <QTimer>
@@ -283,7 +283,7 @@ void TransactionShowView::ExportRegister() {
 }
 
 PrintTable TransactionShowView::Printed() const {
-  return PrintTableOf(register_->Table(), FromQt(register_->Title()));
+  return register_->Printed();
 }
 
 ChosenTotals TransactionShowView::TotalsOfChosen() const {

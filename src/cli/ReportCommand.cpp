@@ -5,7 +5,11 @@
 #include "cli/Session.h"
 #include "invest/WebRates.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/ExportWords.h"
+#include "platform/Files.h"
 #include "platform/Platform.h"
+#include "platform/Prompts.h"
+#include "reports/ReportFile.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
 
@@ -40,6 +44,19 @@ void PrintReport(const ReportTable& report, Session& session) {
   session.Print(table);
 }
 
+ExitStatus WriteReport(const ReportTable& report, const std::string& path, bool replaces,
+                       Platform& machine) {
+  const auto bytes = ReportBytes(report, ReportFormOf(path).value_or(ReportForm::Csv), machine);
+  if (!bytes) return ExitStatus::Refused;
+  if (replaces) {
+    machine.files.WriteAtomically(path, *bytes);
+  } else {
+    machine.files.WriteNew(path, *bytes);
+  }
+  machine.prompts.Tell(kFileExport, kFileExportComplete);
+  return ExitStatus::Done;
+}
+
 ExitStatus PrintList(Session& session) {
   OutputTable table({{"Number", OutputKind::Integer}, {"Report"}, {"Columns"}});
   for (const ReportInfo& info : ReportCatalogue()) {
@@ -60,18 +77,34 @@ Parser* ReportCommand::Declare(Parser& parser) {
   command->AllowCommand();
   list_ = command->AddCommand("list", "List them; so does the command alone");
   arguments_.Declare(*command, false);
+  command->AddOption("--out", out_, "Write it into a file: .csv, .xls, .xlsx, .pdf, .svg or .png")
+      ->TypeName("FILE");
+  command->AddFlag("--force", force_, "Replace the file where it is there already");
   return command;
+}
+
+bool ReportCommand::MayWrite(Session& session) const {
+  if (!ReportFormOf(out_)) {
+    session.Refuse(kFileExportWarning, kNeedsExtension);
+    return false;
+  }
+  if (force_ || !FileExists(out_)) return true;
+  session.Refuse(kFileExport, "There is a file " + out_ + " already. Use --force to replace it.");
+  return false;
 }
 
 ExitStatus ReportCommand::Run(Session& session) {
   if (list_->Parsed() || !arguments_.HasReport()) return PrintList(session);
+  if (!out_.empty() && !MayWrite(session)) return ExitStatus::Refused;
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
   ReportRequest request;
   if (!arguments_.Fill(request, ledger, session)) return ExitStatus::Refused;
   WebRates rates(ledger, session.Machine());
-  PrintReport(RunReport(ledger, request, rates, session.Machine()), session);
+  const ReportTable report = RunReport(ledger, request, rates, session.Machine());
+  if (!out_.empty()) return WriteReport(report, out_, force_, session.Machine());
+  PrintReport(report, session);
   return ExitStatus::Done;
 }
 

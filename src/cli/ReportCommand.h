@@ -3,6 +3,8 @@
 #include "cli/Command.h"
 #include "cli/ReportArguments.h"
 
+#include <string>
+
 namespace corvanta::inline cli {
 
 // report NAME|NUMBER: one of the reports; report list: which there are.
@@ -12,7 +14,12 @@ class ReportCommand : public Command {
   ExitStatus Run(Session& session) override;
 
  private:
+  // Whether the file that was asked for may be written.
+  [[nodiscard]] bool MayWrite(Session& session) const;
+
   Parser* list_ = nullptr;
+  std::string out_;
+  bool force_ = false;
   ReportArguments arguments_;
 };
 

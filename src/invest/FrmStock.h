@@ -3,7 +3,7 @@
 #include "controls/FormDialog.h"
 #include "invest/InvestDialogs.h"
 #include "invest/StockLookup.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 class QComboBox;
 class QLineEdit;

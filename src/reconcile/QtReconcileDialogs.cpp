@@ -3,7 +3,7 @@
 #include "platform/Platform.h"
 #include "reconcile/FrmReconcile.h"
 #include "reconcile/ReconcileDialogs.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 
 namespace corvanta::inline reconcile {
 

@@ -11,7 +11,7 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
-#include "reports/ReportDialogs.h"
+#include "reports/print/ReportDialogs.h"
 #include "tools/QtLoanModel.h"
 
 #include <QBoxLayout>

@@ -3,6 +3,7 @@
 #include "app/WindowTest.h"
 #include "controls/EmptyState.h"
 #include "controls/SortedTable.h"
+#include "platform/Files.h"
 #include "support/DialogTest.h"
 #include "support/LedgerProblems.h"
 
@@ -11,6 +12,9 @@
 #include <QMenu>
 #include <QTableView>
 #include <QTreeWidget>
+
+#include <algorithm>
+#include <utility>
 
 namespace corvanta {
 namespace {
@@ -173,6 +177,24 @@ TEST_F(EntryCommands, WhatIsShownCanBePreviewedAndConverted) {
   InNextDialog(remember);
   Trigger("mnuFilePreview");
   EXPECT_EQ(title, QStringLiteral("Print Preview"));
+  InNextDialog(remember);
+  Trigger("mnuFilePageSetup");
+  EXPECT_EQ(title, QStringLiteral("Page Setup"));
+}
+
+TEST_F(EntryCommands, WhatIsShownBecomesASpreadsheet) {
+  Start();
+  const std::string path = machine_.folder.Path("list.csv");
+  const auto written = [&] {
+    machine_.prompts.ExpectSaveFile("Save File As", path);
+    machine_.prompts.ExpectTell("File Export", "File Export Complete\r\n");
+    Trigger("mnuFileSpreadsheet");
+    const std::string text = ReadFile(path);
+    return std::pair(text.substr(0, text.find(',')), std::ranges::count(text, '\n'));
+  };
+  EXPECT_EQ(written(), std::pair(std::string("Date"), Rows() + 1L)) << "the register";
+  Trigger("mnuViewPayees");
+  EXPECT_EQ(written().first, "Payee");
 }
 
 }  // namespace

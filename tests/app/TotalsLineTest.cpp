@@ -1,6 +1,7 @@
 #include "app/TotalsLine.h"
 #include "ledger/BalanceBook.h"
 #include "ledger/Balances.h"
+#include "reports/print/PrintTable.h"
 #include "support/FixedLocale.h"
 
 #include <QLabel>
@@ -35,6 +36,24 @@ TEST(TotalsLine, TheNumberOfRowsIsNeverCut) {
   line.resize(1200, 40);
   QCoreApplication::processEvents();
   EXPECT_EQ(rows.text(), text);
+}
+
+TEST(TotalsLine, AllOfItIsPrinted) {
+  const FixedLocale locale;
+  TotalsLine line(nullptr);
+  EXPECT_TRUE(line.Printed().empty());
+  line.Show(QStringLiteral("3 payees"), {}, false);
+  ASSERT_EQ(line.Printed().size(), 1U);
+  EXPECT_EQ(line.Printed()[0].left, "3 payees");
+  PeriodTotals totals;
+  totals.paidIn = 2700;
+  totals.paidOut = -2585.51;
+  totals.thisPeriod = totals.balance = 614.49;
+  line.Show(QStringLiteral("14 transactions"), totals, locale);
+  const std::vector<PrintSummary> lines = line.Printed();
+  ASSERT_EQ(lines.size(), 4U);
+  EXPECT_EQ(lines[0].left, "14 transactions");
+  EXPECT_EQ(lines[3].right, "Balance: 614.49");
 }
 
 TEST(TotalsLine, AFigureIsWholeOrLeavesAndTheToolTipHasAll) {

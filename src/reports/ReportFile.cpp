@@ -1,0 +1,58 @@
+#include "reports/ReportFile.h"
+
+#include "platform/Platform.h"
+#include "platform/PlatformError.h"
+#include "platform/TextCase.h"
+#include "reports/chart/ChartFile.h"
+#include "reports/print/PrintDocument.h"
+#include "reports/print/ReportPrint.h"
+#include "reports/query/ReportTable.h"
+#include "reports/sheet/SheetExport.h"
+#include "reports/sheet/SheetTable.h"
+
+namespace corvanta::inline reports {
+namespace {
+
+std::string ChartOf(const ReportTable& report, PictureForm form, const Platform& platform) {
+  const ChartData chart = BuildChart(report);
+  if (chart.IsEmpty()) {
+    throw PlatformError(
+        "The report has no chart, or no rows to draw one of. Nothing was written. Choose a name "
+        "that ends in .pdf or .xlsx instead.");
+  }
+  return ChartBytes(chart, form, platform.locale);
+}
+
+}  // namespace
+
+std::optional<ReportForm> ReportFormOf(std::string_view path) {
+  if (ToLower(path).ends_with(".pdf")) return ReportForm::Pdf;
+  if (const auto picture = PictureFormOf(path)) {
+    return *picture == PictureForm::Svg ? ReportForm::Svg : ReportForm::Png;
+  }
+  const auto sheet = SheetFormOf(path);
+  if (!sheet) return std::nullopt;
+  if (*sheet == SheetForm::Csv) return ReportForm::Csv;
+  return *sheet == SheetForm::Xls ? ReportForm::Xls : ReportForm::Xlsx;
+}
+
+std::optional<std::string> ReportBytes(const ReportTable& report, ReportForm form,
+                                       Platform& platform) {
+  switch (form) {
+    case ReportForm::Pdf:
+      return PdfOf(PrintTableOf(report, platform.locale), platform);
+    case ReportForm::Svg:
+      return ChartOf(report, PictureForm::Svg, platform);
+    case ReportForm::Png:
+      return ChartOf(report, PictureForm::Png, platform);
+    case ReportForm::Xls:
+      return SheetBytes(SheetOf(report), SheetForm::Xls, platform);
+    case ReportForm::Xlsx:
+      return SheetBytes(SheetOf(report), SheetForm::Xlsx, platform);
+    case ReportForm::Csv:
+      break;
+  }
+  return CsvOf(SheetOf(report));
+}
+
+}  // namespace corvanta::inline reports
