@@ -1,0 +1,143 @@
+#include "reports/query/DrillDown.h"
+
+#include "ledger/CategoryPath.h"
+#include "ledger/FilterChoice.h"
+#include "ledger/clsCorvanta.h"
+#include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
+
+#include <charconv>
+
+namespace corvanta::inline reports {
+namespace {
+
+constexpr int kAccountTransactions = 3;
+constexpr int kInvestmentTransactions = 11;
+
+std::int64_t KeyOf(const ReportRow& row) {
+  std::int64_t key = 0;
+  const char* end = row.groupKey.data() + row.groupKey.size();
+  const auto [last, error] = std::from_chars(row.groupKey.data(), end, key);
+  return error == std::errc() && last == end ? key : 0;
+}
+
+// As much of a name as a label has room for.
+std::string FirstForty(const std::string& name) {
+  std::size_t end = 0;
+  for (int signs = 0; signs < 40 && end < name.size(); ++signs) {
+    ++end;
+    while (end < name.size() && (static_cast<unsigned char>(name[end]) & 0xc0U) == 0x80U) ++end;
+  }
+  return name.substr(0, end);
+}
+
+std::string NameOf(Connection& store, const std::string& column, const std::string& table,
+                   const std::string& key, std::int64_t id) {
+  return store
+      .QueryValue("Select " + column + " from " + table + " WHERE " + key + " = " + SqlNumber(id))
+      .Text();
+}
+
+DrillStep Into(const ReportRequest& request, int report) {
+  DrillStep step{request, std::nullopt, false, false, {}};
+  step.request.report = report;
+  return step;
+}
+
+std::optional<DrillStep> WithFilter(DrillStep step, FilterKind kind,
+                                    const std::vector<std::int64_t>& keys,
+                                    const std::string& label) {
+  if (keys.empty() || label.empty()) return std::nullopt;
+  step.request.filter.SetKeys(kind, keys);
+  step.filter = kind;
+  step.label = label;
+  return step;
+}
+
+std::optional<DrillStep> IntoMonth(const ReportRequest& request, const ReportRow& row) {
+  const std::int64_t month = KeyOf(row);
+  const auto first = Date::FromYmd(static_cast<int>(month / 100), static_cast<int>(month % 100), 1);
+  if (!first) return std::nullopt;
+  DrillStep step = Into(request, kAccountTransactions);
+  step.request.range = Period{*first, DateAdd("d", -1, DateAdd("m", 1, *first))};
+  step.setsRange = true;
+  return step;
+}
+
+// A row that stands for a whole category stands for all that is below it.
+std::optional<DrillStep> IntoCategory(Connection& store, const ReportRequest& request,
+                                      std::int64_t key) {
+  std::vector<std::int64_t> keys;
+  std::string label;
+  const std::string whole =
+      "Select CategoryID, Category, SubCategory from tblCategory WHERE Category IN (Select "
+      "Category "
+      "from tblCategory WHERE CategoryID = " +
+      SqlNumber(key) + ")";
+  const std::string one =
+      "Select CategoryID, Category, SubCategory from tblCategory WHERE CategoryID = " +
+      SqlNumber(key);
+  Recordset rows = store.OpenRecordset(request.foldsSubCategories ? whole : one);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    keys.push_back(rows.Int(0));
+    label = request.foldsSubCategories
+                ? rows.Text("Category")
+                : CategoryPath(rows.Text("Category"), rows.Text("SubCategory"));
+  }
+  return WithFilter(Into(request, kAccountTransactions), FilterKind::Category, keys,
+                    FilterLabel({label}));
+}
+
+std::optional<DrillStep> IntoPayment(Connection& store, const ReportRequest& request,
+                                     std::int64_t key) {
+  DrillStep step = Into(request, kAccountTransactions);
+  step.label = FilterLabel({NameOf(store, "Payment", "tblPayments", "PaymentID", key)});
+  step.request.paymentTypes = {key};
+  step.setsPaymentTypes = true;
+  return step;
+}
+
+}  // namespace
+
+std::optional<DrillStep> DrillDown(clsCorvanta& ledger, const ReportRequest& request,
+                                   const ReportRow& row) {
+  if (row.groupKey.empty() || row.kind == ReportRowKind::Total) return std::nullopt;
+  Connection& store = ledger.Store();
+  const std::int64_t key = KeyOf(row);
+  const auto payee = [&store](std::int64_t id) {
+    return NameOf(store, "Payee", "tblPayees", "PayeeID", id);
+  };
+  const DrillStep transactions = Into(request, kAccountTransactions);
+  switch (request.report) {
+    case 1:
+      return WithFilter(transactions, FilterKind::Account, {key},
+                        FirstForty(NameOf(store, "Account", "tblAccounts", "AccountID", key)));
+    case 2:
+      return IntoMonth(request, row);
+    case 4:
+    case 5:
+    case 6:
+      return IntoCategory(store, request, key);
+    case 7:
+    case 8:
+      return WithFilter(transactions, FilterKind::Payee, {key}, FilterLabel({payee(key)}));
+    case 9:
+      return IntoPayment(store, request, key);
+    case 10:
+      return WithFilter(transactions, FilterKind::Investment, {key}, FirstForty(payee(key)));
+    case kInvestmentTransactions: {
+      const std::int64_t investment =
+          store
+              .QueryValue("Select PayeeID from tblTransactions WHERE TransactionID = " +
+                          SqlNumber(key))
+              .Int();
+      return WithFilter(Into(request, kInvestmentTransactions), FilterKind::Investment,
+                        {investment}, FirstForty(payee(investment)));
+    }
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace corvanta::inline reports

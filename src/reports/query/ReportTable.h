@@ -1,0 +1,68 @@
+#pragma once
+
+#include "store/sql/Value.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace corvanta::inline reports {
+
+struct ReportColumn {
+  // By which the column is sorted, as the catalogue's list says.
+  enum Kind { Text, Number, Date };
+  // What stands in its cells, by which they are written and aligned.
+  enum class Content { Text, Date, Count, Money, Quantity };
+
+  std::string header;
+  Kind kind = Text;
+  Content content = Content::Text;
+
+  [[nodiscard]] bool HoldsNumbers() const {
+    return content != Content::Text && content != Content::Date;
+  }
+};
+
+enum class ReportRowKind {
+  Group,  // stands for many rows, and can be looked into
+  Plain,  // one transaction
+  Total
+};
+
+struct ReportRow {
+  ReportRowKind kind = ReportRowKind::Plain;
+  // What the row is looked into with: the key of its account, category, payee, payment type,
+  // investment or transaction, or year and month ("202611"). Empty for nothing.
+  std::string groupKey;
+  std::int64_t transactionId = 0;  // of a row that is one transaction
+  std::string currency;            // the code that its amounts are in
+  std::vector<Value> cells;        // one for every column; NULL where there is nothing to say
+};
+
+// A rate that amounts were multiplied by.
+struct ReportRate {
+  std::string currency;
+  double rate = 1;  // units of the report currency for one of it; exactly 1: as they are
+};
+
+struct ReportTable {
+  int report = 1;
+  std::string name;
+  std::vector<ReportColumn> columns;
+  std::vector<ReportRow> rows;
+  // Of every currency in use, so that what a figure is made of can be told with the same ones.
+  std::vector<ReportRate> rates;
+
+  // The place of the column of that header; nullopt when there is none.
+  [[nodiscard]] std::optional<std::size_t> Column(std::string_view header) const {
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+      if (columns[i].header == header) return i;
+    }
+    return std::nullopt;
+  }
+};
+
+}  // namespace corvanta::inline reports
