@@ -1,19 +1,91 @@
 #include "reports/query/ReportRunner.h"
 
+#include "platform/Platform.h"
+#include "reports/query/AccountSummary.h"
+#include "reports/query/AccountTransactions.h"
+#include "reports/query/BudgetReport.h"
+#include "reports/query/InvestmentGains.h"
+#include "reports/query/InvestmentTransactions.h"
+#include "reports/query/MonthlyCashFlow.h"
+#include "reports/query/MonthlyReport.h"
+#include "reports/query/Report.h"
 #include "reports/query/ReportCatalogue.h"
+#include "reports/query/SpendingReport.h"
 
 #include <stdexcept>
 
 namespace corvanta::inline reports {
+namespace {
 
-ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSource& rates,
-                      Platform& platform) {
-  const ReportInfo* info = FindReport(request.report);
+const ReportInfo& InfoOf(int number) {
+  const ReportInfo* info = FindReport(number);
   if (info == nullptr) throw std::invalid_argument("no report of that number");
-  static_cast<void>(ledger);
-  static_cast<void>(rates);
-  static_cast<void>(platform);
-  return {info->number, info->name, ColumnsOf(*info), {}, {}};
+  return *info;
+}
+
+}  // namespace
+
+std::unique_ptr<Report> MakeReport(int number) {
+  switch (number) {
+    case 1:
+      return std::make_unique<AccountSummary>();
+    case 2:
+      return std::make_unique<MonthlyCashFlow>();
+    case 3:
+      return std::make_unique<AccountTransactions>();
+    case 4:
+      return std::make_unique<BudgetReport>();
+    case 5:
+      return std::make_unique<SpendingReport>(SpendingBy::Category);
+    case 6:
+      return std::make_unique<MonthlyReport>(SpendingBy::Category);
+    case 7:
+      return std::make_unique<SpendingReport>(SpendingBy::Payee);
+    case 8:
+      return std::make_unique<MonthlyReport>(SpendingBy::Payee);
+    case 9:
+      return std::make_unique<SpendingReport>(SpendingBy::PaymentType);
+    case 10:
+      return std::make_unique<InvestmentGains>();
+    case 11:
+      return std::make_unique<InvestmentTransactions>();
+    default:
+      throw std::invalid_argument("no report of that number");
+  }
+}
+
+ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSource& source,
+                      Platform& platform) {
+  const ReportInfo& info = InfoOf(request.report);
+  ReportTable table{info.number, info.name, ColumnsOf(info), {}, {}};
+  if (request.range && request.range->to < request.range->from) return table;
+  const std::unique_ptr<Report> report = MakeReport(request.report);
+  const ReportClause clause(request);
+  AskedRates asked(request, source, platform.prompts);
+  const ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency,
+                          [&asked](const std::string& code) { return asked.Rate(code); });
+  asked.TellTroubles();
+  for (const CurrencyUse& use : rates.Uses()) table.rates.push_back({use.currency, use.rate});
+  report->Fill({ledger, platform, request, clause, rates, rates.Expression()}, table);
+  return table;
+}
+
+std::vector<ExplainedRow> Explain(clsCorvanta& ledger, const ReportRequest& request,
+                                  const ReportTable& table, std::size_t row, std::size_t column,
+                                  Platform& platform) {
+  if (row >= table.rows.size() || column >= table.columns.size()) return {};
+  if (!table.columns[column].HoldsNumbers() || table.rows[row].cells[column].IsNull()) return {};
+  const std::unique_ptr<Report> report = MakeReport(request.report);
+  const ReportClause clause(request);
+  const auto used = [&table](const std::string& code) {
+    for (const ReportRate& each : table.rates) {
+      if (each.currency == code) return each.rate;
+    }
+    return 1.0;
+  };
+  const ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency, used);
+  const ReportRun run{ledger, platform, request, clause, rates, rates.Expression()};
+  return report->Explain(run, table, table.rows[row], column);
 }
 
 }  // namespace corvanta::inline reports

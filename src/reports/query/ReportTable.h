@@ -37,6 +37,8 @@ struct ReportRow {
   // What the row is looked into with: the key of its account, category, payee, payment type,
   // investment or transaction, or year and month ("202611"). Empty for nothing.
   std::string groupKey;
+  // What tells rows of one key apart: of a payee's transfers the other half's key.
+  std::string part;
   std::int64_t transactionId = 0;  // of a row that is one transaction
   std::string currency;            // the code that its amounts are in
   std::vector<Value> cells;        // one for every column; NULL where there is nothing to say

@@ -1,0 +1,22 @@
+#pragma once
+
+#include "reports/query/Report.h"
+
+namespace corvanta::inline reports {
+
+// The transactions of investments, by investment and date, with a total behind each investment.
+// Shares that go are negative, so that the total is what has come in these rows.
+class InvestmentTransactions : public Report {
+ public:
+  void Fill(const ReportRun& run, ReportTable& table) const override;
+  [[nodiscard]] std::vector<ExplainedRow> Explain(const ReportRun& run, const ReportTable& table,
+                                                  const ReportRow& row,
+                                                  std::size_t column) const override;
+
+ protected:
+  [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
+  [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
+                          const ReportRun& run) const override;
+};
+
+}  // namespace corvanta::inline reports
