@@ -1,25 +1,15 @@
 #include "cli/CsvTableWriter.h"
 
 #include "cli/OutputTable.h"
-#include "cli/ShortestNumber.h"
+#include "platform/CsvText.h"
+#include "platform/ShortestNumber.h"
 
 #include <ostream>
 #include <string>
-#include <string_view>
 #include <vector>
 
 namespace corvanta::inline cli {
 namespace {
-
-std::string Quoted(std::string_view field) {
-  if (field.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(field);
-  std::string quoted = "\"";
-  for (const char character : field) {
-    if (character == '"') quoted += '"';
-    quoted += character;
-  }
-  return quoted + '"';
-}
 
 void WriteLine(const std::vector<std::string>& fields, std::ostream& out) {
   // A line of one empty field would read as no line at all.
@@ -29,7 +19,7 @@ void WriteLine(const std::vector<std::string>& fields, std::ostream& out) {
   }
   const char* separator = "";
   for (const std::string& field : fields) {
-    out << separator << Quoted(field);
+    out << separator << CsvField(field);
     separator = ",";
   }
   out << "\r\n";

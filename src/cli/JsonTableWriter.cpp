@@ -1,7 +1,7 @@
 #include "cli/JsonTableWriter.h"
 
 #include "cli/OutputTable.h"
-#include "cli/ShortestNumber.h"
+#include "platform/ShortestNumber.h"
 
 #include <nlohmann/json.hpp>
 

@@ -1,8 +1,8 @@
 #include "cli/TextTableWriter.h"
 
 #include "cli/OutputTable.h"
-#include "cli/ShortestNumber.h"
 #include "platform/Locale.h"
+#include "platform/ShortestNumber.h"
 #include "platform/ShownText.h"
 #include "platform/TextCase.h"
 

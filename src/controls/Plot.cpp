@@ -4,6 +4,7 @@
 #include "controls/Style.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
+#include "platform/RoundScale.h"
 
 #include <QEvent>
 #include <QFontMetrics>
@@ -24,16 +25,6 @@ constexpr int kStepsAcross = 3;
 constexpr int kStepsUp = 5;
 constexpr double kMarkSize = 9;
 constexpr std::array kStrokes = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
-
-// The distance of about `steps` round numbers: 1, 2 or 5 times a power of ten.
-double RoundStep(double distance, int steps) {
-  const double exact = distance / steps;
-  const double power = std::pow(10, std::floor(std::log10(exact)));
-  for (const double factor : {1.0, 2.0, 5.0}) {
-    if (exact <= factor * power) return factor * power;
-  }
-  return 10 * power;
-}
 
 QRectF RangeOf(const std::vector<PlotSeries>& all) {
   double left = HUGE_VAL;
@@ -114,9 +105,7 @@ void Plot::SetAxes(const QRectF& range, PlotAcross across, bool fromZero) {
     low = std::min(low, 0.0);
     high = std::max(high, 0.0);
   }
-  const double step = RoundStep(high - low, kStepsUp);
-  low = std::floor(low / step) * step;
-  high = std::ceil(high / step) * step;
+  const RoundScale scale = ScaleOf(low, high, kStepsUp);
   QCategoryAxis* acrossAxis =
       AxisOf(range.left(), range.right(), across == PlotAcross::Day, kStepsAcross);
   // The last label stands in the middle of its line, half beyond the chart.
@@ -124,7 +113,7 @@ void Plot::SetAxes(const QRectF& range, PlotAcross across, bool fromZero) {
   const int last =
       labels.isEmpty() ? 0 : QFontMetrics(ScaledFont(-1)).horizontalAdvance(labels.back());
   chart()->setMargins(QMargins(0, 0, last / 2 + kRhythm, 0));
-  QCategoryAxis* upAxis = AxisOf(low, high, false, kStepsUp);
+  QCategoryAxis* upAxis = AxisOf(scale.low, scale.high, false, kStepsUp);
   // In a low chart the library would leave nothing of a label that is taller than its step.
   upAxis->setTruncateLabels(false);
   chart()->addAxis(acrossAxis, Qt::AlignBottom);

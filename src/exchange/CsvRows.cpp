@@ -1,6 +1,6 @@
 #include "exchange/CsvRows.h"
 
-#include "exchange/FormulaGuard.h"
+#include "platform/FormulaGuard.h"
 #include "platform/TextCase.h"
 
 #include <algorithm>

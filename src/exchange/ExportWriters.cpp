@@ -1,11 +1,12 @@
 #include "exchange/ExportWriters.h"
 
 #include "exchange/Encoding.h"
-#include "exchange/FormulaGuard.h"
 #include "ledger/CategoryPath.h"
 #include "ledger/Money.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
+#include "platform/CsvText.h"
+#include "platform/FormulaGuard.h"
 #include "platform/Locale.h"
 #include "store/sql/SqlText.h"
 
@@ -83,22 +84,12 @@ void AddOfxHead(Lines& lines, const OfxStatement& statement, DateTime now) {
   lines.Element("DTEND", Compact(statement.end) + "[0:GMT]");
 }
 
-std::string Quoted(std::string_view cell) {
-  if (cell.find_first_of(",\"\r\n") == std::string_view::npos) return std::string(cell);
-  std::string quoted = "\"";
-  for (const char c : cell) {
-    if (c == '"') quoted += '"';
-    quoted += c;
-  }
-  return quoted + '"';
-}
-
 void AddCsvLine(std::string& text, std::initializer_list<std::string_view> cells) {
   bool first = true;
   for (const std::string_view cell : cells) {
     if (!first) text += ',';
     first = false;
-    text += Quoted(cell);
+    text += CsvField(cell);
   }
   text += "\r\n";
 }

@@ -1,12 +1,15 @@
 #include "exchange/FileExport.h"
 
 #include "ledger/AccountBook.h"
+#include "ledger/CurrencyOf.h"
 #include "ledger/Period.h"
 #include "ledger/ReferenceBook.h"
 #include "ledger/ReferenceRecords.h"
 #include "ledger/RegisterRow.h"
 #include "ledger/TransactionBook.h"
 #include "platform/Clock.h"
+#include "platform/CurrencyDecimals.h"
+#include "platform/ExportWords.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -21,9 +24,6 @@
 
 namespace corvanta::inline exchange {
 namespace {
-
-constexpr const char* kFileExport = "File Export";
-constexpr const char* kComplete = "File Export Complete";
 
 constexpr std::array<std::pair<std::string_view, ExportKind>, 5> kExtensions = {
     {{".csv", ExportKind::Csv},
@@ -44,10 +44,6 @@ Date Bound(const std::optional<Date>& day, Date today) {
   return isOpen ? today : *day;
 }
 
-SpreadsheetCell Cell(const std::string& text) {
-  return text;
-}
-
 }  // namespace
 
 std::optional<ExportKind> ExportKindOf(std::string_view path) {
@@ -65,8 +61,7 @@ FileExport::FileExport(clsCorvanta& ledger, Platform& platform, std::function<do
 
 std::optional<Warning> FileExport::Check(std::string_view path) {
   if (ExportKindOf(path)) return std::nullopt;
-  return Warning{"File Export Warning", "Please enter, file name including correct file extension",
-                 ""};
+  return Warning{kFileExportWarning, kNeedsExtension, ""};
 }
 
 bool FileExport::Confirm(const std::string& account, const std::string& path) {
@@ -83,9 +78,9 @@ std::string FileExport::Content(std::int64_t accountId, ExportRows rows,
       return OfxExport(StatementOf(accountId, period), WithPayees(rows), platform_.clock.Now(),
                        random_);
     case ExportKind::Xls:
-      return platform_.spreadsheet.Render(TableOf(rows), SpreadsheetForm::Xls);
+      return platform_.spreadsheet.Render(TableOf(accountId, rows), SpreadsheetForm::Xls);
     case ExportKind::Xlsx:
-      return platform_.spreadsheet.Render(TableOf(rows), SpreadsheetForm::Xlsx);
+      return platform_.spreadsheet.Render(TableOf(accountId, rows), SpreadsheetForm::Xlsx);
     case ExportKind::Csv:
       break;
   }
@@ -101,8 +96,8 @@ void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optio
   } else {
     platform_.files.WriteNew(path, content);
   }
-  platform_.prompts.Tell(kFileExport,
-                         kind == ExportKind::Qif ? path + "\r\n" + kComplete : kComplete);
+  platform_.prompts.Tell(kFileExport, kind == ExportKind::Qif ? path + "\r\n" + kFileExportComplete
+                                                              : kFileExportComplete);
 }
 
 // The view shows the other account of a transfer, a statement the payee.
@@ -134,18 +129,27 @@ OfxStatement FileExport::StatementOf(std::int64_t accountId, const std::optional
   return statement;
 }
 
-SpreadsheetTable FileExport::TableOf(ExportRows rows) const {
+SpreadsheetTable FileExport::TableOf(std::int64_t accountId, ExportRows rows) {
+  using enum SpreadsheetKind;
   SpreadsheetTable table;
   table.name = "Transactions";
-  table.headers = {"Date",        "Payee",  "Category", "Payment", "Reference",
-                   "Description", "Status", "Paid Out", "Paid In"};
+  table.columns = {{"Date", SpreadsheetKind::Date},
+                   {"Payee", Text},
+                   {"Category", Text},
+                   {"Payment", Text},
+                   {"Reference", Text},
+                   {"Description", Text},
+                   {"Status", Text},
+                   {"Paid Out", Money},
+                   {"Paid In", Money}};
+  const int decimals = CurrencyDecimals(CurrencyOf(ledger_, accountId));
   for (const RegisterRow& row : rows) {
     const bool isOut = row.amount < 0;
     const SpreadsheetCell amount = std::fabs(row.amount);
-    table.rows.push_back({Cell(platform_.locale.FormatShortDate(row.date)), Cell(row.payee),
-                          Cell(row.category), Cell(row.payment), Cell(row.reference),
-                          Cell(row.description), Cell(row.status),
-                          isOut ? amount : SpreadsheetCell(), isOut ? SpreadsheetCell() : amount});
+    table.rows.push_back(
+        {{row.date, row.payee, row.category, row.payment, row.reference, row.description,
+          row.status, isOut ? amount : SpreadsheetCell(), isOut ? SpreadsheetCell() : amount},
+         decimals});
   }
   return table;
 }

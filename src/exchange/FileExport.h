@@ -49,7 +49,7 @@ class FileExport {
   [[nodiscard]] std::vector<RegisterRow> WithPayees(ExportRows rows);
   [[nodiscard]] std::string Content(std::int64_t accountId, ExportRows rows,
                                     const std::optional<Period>& period, ExportKind kind);
-  [[nodiscard]] SpreadsheetTable TableOf(ExportRows rows) const;
+  [[nodiscard]] SpreadsheetTable TableOf(std::int64_t accountId, ExportRows rows);
 
   clsCorvanta& ledger_;
   Platform& platform_;

@@ -19,6 +19,8 @@ constexpr std::array<std::string_view, 22> kScheduleChoices{
     "7 Years",  "8 Years",  "9 Years",  "10 Years"};
 constexpr std::array<std::string_view, 8> kDecimalChoices{"2", "3", "4", "5", "6", "7", "8", "9"};
 constexpr std::array<std::string_view, 2> kCostChoices{"Average", "First In First Out"};
+constexpr std::array<std::string_view, 3> kOrientationChoices{"As Fits the List", "Portrait",
+                                                             "Landscape"};
 constexpr std::array<std::string_view, 3> kStatusChoices{"Uncleared", "Cleared", "Reconciled"};
 
 using enum SettingKind;
@@ -79,6 +81,9 @@ constexpr std::array kSettings{
     SettingInfo{Setting::DBPath, "DBPath", Text, "", "Folder or file of the data", {}},
     SettingInfo{Setting::CostMethod, "CostMethod", Choice, "Average", "How the cost of investments is counted", kCostChoices},
     SettingInfo{Setting::AttachInside, "AttachInside", Check, "0", "Keep attachments inside the data file", {}},
+    SettingInfo{Setting::PrintPaper, "PrintPaper", Text, "", "Paper that is printed on", {}},
+    SettingInfo{Setting::PrintOrientation, "PrintOrientation", Choice, "As Fits the List", "How the paper lies", kOrientationChoices},
+    SettingInfo{Setting::PrintMargins, "PrintMargins", Widths, "", "Margins of a page in tenths of a millimetre", {}},
 };
 // clang-format on
 

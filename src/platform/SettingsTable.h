@@ -71,6 +71,9 @@ enum class Setting {
   DBPath,
   CostMethod,
   AttachInside,
+  PrintPaper,
+  PrintOrientation,
+  PrintMargins,
 };
 
 enum class SettingKind {

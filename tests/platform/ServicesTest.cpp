@@ -3,6 +3,7 @@
 #include "platform/Folders.h"
 #include "platform/Machine.h"
 #include "platform/Opener.h"
+#include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/Registry.h"
 #include "platform/ShownText.h"
@@ -15,7 +16,6 @@
 #include <unistd.h>
 
 #include <array>
-#include <bit>
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
@@ -81,72 +81,61 @@ TEST(ShownText, ShowsWhatWouldSteerATerminal) {
   for (const auto& [text, shown] : texts) EXPECT_EQ(ShownText(text), shown);
 }
 
-TEST(WorkbookSpreadsheet, RendersAFileOfItsKind) {
+TEST(WorkbookSpreadsheet, OddTablesAreWritten) {
   WorkbookSpreadsheet spreadsheet;
-  SpreadsheetTable table{"Income/Expense [2026]: a very long name?", {"Name", "Amount"}, {}};
-  table.rows.push_back({std::string("Käse & <Brot>"), -12.5});
-  table.rows.push_back({std::monostate{}, std::numeric_limits<double>::infinity()});
-  table.rows.push_back({std::string(40000, 'x'), 1.0, std::string("beyond the headers")});
+  SpreadsheetTable table{"Income/Expense [2026]: a very long name?",
+                         {{"Name"}, {"Amount", SpreadsheetKind::Money}},
+                         {}};
+  table.rows.push_back({{std::string("Käse & <Brot>"), -12.5}});
+  table.rows.push_back({{std::monostate{}, std::numeric_limits<double>::infinity()}});
+  table.rows.push_back({{std::string(40000, 'x'), 1.0, std::string("beyond the headers")}});
+  table.rows.push_back({{*Date::FromYmd(1066, 10, 14)}, 0, true});
   EXPECT_TRUE(spreadsheet.Render(table, SpreadsheetForm::Xlsx).starts_with("PK\x03\x04"));
   for (const char* name :
        {"", "'''", "History", "\\/?*[]:", "üüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüüü"}) {
     table.name = name;
     EXPECT_NO_THROW((void)spreadsheet.Render(table, SpreadsheetForm::Xlsx)) << name;
   }
+  EXPECT_NO_THROW((void)spreadsheet.Render({}, SpreadsheetForm::Xlsx));
 }
 
-std::uint64_t NumberAt(const std::string& bytes, std::size_t at, int count) {
-  std::uint64_t number = 0;
-  for (int i = 0; i < count; ++i) {
-    number |= static_cast<std::uint64_t>(static_cast<unsigned char>(bytes.at(at + i))) << (8 * i);
+// A program that keeps what it was asked for, and gives back what it was given.
+void InstallProgram(const TemporaryFolder& folder, const std::string& work) {
+  const std::string path = folder.Write("soffice", "#!/bin/sh\n" + work);
+  ASSERT_EQ(::chmod(path.c_str(), 0700), 0);
+}
+
+std::string WhyNotRendered(WorkbookSpreadsheet& spreadsheet, const SpreadsheetTable& table) {
+  try {
+    return spreadsheet.Render(table, SpreadsheetForm::Xls);
+  } catch (const PlatformError& error) {
+    return error.what();
   }
-  return number;
 }
 
-// The cells of the sheet as "row,column=value", read record by record.
-std::vector<std::string> CellsOf(const std::string& workbook) {
-  constexpr std::size_t kStream = 512;
-  std::vector<std::string> cells;
-  std::size_t ends = 0;
-  for (std::size_t at = kStream; ends < 2;) {
-    const std::uint64_t kind = NumberAt(workbook, at, 2);
-    const std::size_t body = at + 4;
-    const std::string place = std::to_string(NumberAt(workbook, body, 2)) + "," +
-                              std::to_string(NumberAt(workbook, body + 2, 2)) + "=";
-    if (kind == 0x0203) {
-      cells.push_back(place +
-                      std::to_string(std::bit_cast<double>(NumberAt(workbook, body + 6, 8))));
-    } else if (kind == 0x0204) {
-      std::string text;
-      for (std::size_t i = 0; i < NumberAt(workbook, body + 6, 2) && i < 20; ++i) {
-        const std::uint64_t unit = NumberAt(workbook, body + 9 + 2 * i, 2);
-        text += unit < 128 ? static_cast<char>(unit) : '?';
-      }
-      cells.push_back(place + text);
-    }
-    if (kind == 0x000A) ++ends;
-    at = body + NumberAt(workbook, at + 2, 2);
+TEST(WorkbookSpreadsheet, TheOlderFormIsLeftToAnInstalledProgram) {
+  const TemporaryFolder folder;
+  WorkbookSpreadsheet spreadsheet({folder.Path("none"), folder.Path()});
+  SpreadsheetTable table{"List", {{"Name"}}, {{{std::string("Käse")}}}};
+  EXPECT_EQ(WhyNotRendered(spreadsheet, table),
+            "Microsoft Excel not installed. Cannot create export file");
+
+  InstallProgram(folder, "echo \"$@\" > '" + folder.Path("asked") +
+                             "'\nshift 6\nmkdir \"$1\"\ncp \"$2\" \"$1/list.xls\"\n");
+  EXPECT_TRUE(WhyNotRendered(spreadsheet, table).starts_with("PK"));
+  const std::string asked = ReadFile(folder.Path("asked"));
+  EXPECT_NE(asked.find("--headless"), std::string::npos);
+  EXPECT_NE(asked.find("--convert-to xls"), std::string::npos);
+  const std::string work =
+      asked.substr(asked.rfind(' ') + 1, asked.rfind("/list.xlsx") - asked.rfind(' ') - 1);
+  EXPECT_FALSE(FolderExists(work)) << "nothing is left of what it worked on";
+
+  for (const char* useless : {"exit 0\n", "exit 1\n"}) {
+    InstallProgram(folder, useless);
+    EXPECT_NE(WhyNotRendered(spreadsheet, table).find("ends in .xlsx"), std::string::npos);
   }
-  return cells;
-}
-
-TEST(WorkbookSpreadsheet, RendersTheOlderFormUnderItsOwnName) {
-  WorkbookSpreadsheet spreadsheet;
-  SpreadsheetTable table{"List", {"Name", "Amount"}, {}};
-  table.rows.push_back({std::string("Käse"), -12.5});
-  table.rows.push_back({std::string("=1+1"), std::monostate{}});
-  const std::string small = spreadsheet.Render(table, SpreadsheetForm::Xls);
-  EXPECT_TRUE(small.starts_with("\xD0\xCF\x11\xE0"));
-  EXPECT_EQ(small.size() % 512, 0U);
-  EXPECT_EQ(CellsOf(small), (std::vector<std::string>{"0,0=Name", "0,1=Amount", "1,0=K?se",
-                                                      "1,1=-12.500000", "2,0==1+1"}));
-  // So large that the table of the file's sectors needs lists of its own.
-  table.rows.assign(65535, {std::string(60, 'x'), 1.0});
-  const std::string large = spreadsheet.Render(table, SpreadsheetForm::Xls);
-  EXPECT_GT(large.size(), 8U << 20U);
-  EXPECT_EQ(CellsOf(large).size(), 2U + 2U * 65535U);
-  table.rows.push_back({});
-  EXPECT_THROW((void)spreadsheet.Render(table, SpreadsheetForm::Xls), PlatformError);
+  table.rows.assign(65536, SpreadsheetRow{{std::string("x")}});
+  EXPECT_NE(WhyNotRendered(spreadsheet, table).find("too large"), std::string::npos);
 }
 
 TEST(SystemMachineValue, IsPositiveAndStable) {

@@ -4,6 +4,7 @@
 #include "controls/Style.h"
 #include "controls/SvgIcon.h"
 #include "platform/Platform.h"
+#include "reports/print/PrintDocument.h"
 #include "reports/print/QtPrinting.h"
 #include "reports/print/ucPrintPage.h"
 
@@ -19,6 +20,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QSignalBlocker>
 #include <QSpinBox>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -100,7 +102,7 @@ void FrmPreview::MakePageBar(QBoxLayout& page) {
   chkLandscape_ = new QCheckBox(tr("&Landscape"), this);
   chkLandscape_->setObjectName(QStringLiteral("chkLandscape"));
   chkLandscape_->setToolTip(tr("Print across the wide side of the paper"));
-  chkLandscape_->setChecked(table_.orientation == PrintOrientation::Landscape);
+  ShowOrientation();
 
   auto* row = new QHBoxLayout;
   row->setSpacing(kRhythm);
@@ -121,7 +123,7 @@ void FrmPreview::MakePageBar(QBoxLayout& page) {
   connect(txtPage_, &QSpinBox::valueChanged, this, &FrmPreview::ShowPage);
   connect(cmbZoom_, &QComboBox::currentIndexChanged, this, &FrmPreview::ApplyZoom);
   connect(chkLandscape_, &QCheckBox::toggled, this, [this](bool isLandscape) {
-    table_.orientation = isLandscape ? PrintOrientation::Landscape : PrintOrientation::Portrait;
+    turned_ = isLandscape ? PrintOrientation::Landscape : PrintOrientation::Portrait;
     LayOut();
   });
 }
@@ -141,20 +143,44 @@ void FrmPreview::MakePaper(QBoxLayout& page) {
 void FrmPreview::MakeButtons(QBoxLayout& page) {
   auto* print = MakeButton("cmdPrint", tr("&Print..."), this);
   auto* save = MakeButton("cmdSave", tr("&Save as PDF..."), this);
+  auto* setup = MakeButton("cmdPageSetup", tr("Page Set&up..."), this);
+  setup->setToolTip(tr("Choose the paper, how it lies, and its margins"));
   auto* cancel = MakeButton("cmdCancel", tr("&Close"), this);
   print->setDefault(true);
   auto* row = new QHBoxLayout;
   row->setSpacing(kRhythm);
   row->addWidget(print);
   row->addWidget(save);
+  row->addWidget(setup);
   row->addStretch(1);
   row->addWidget(cancel);
   page.addLayout(row);
   connect(print, &QPushButton::clicked, this,
-          [this] { Run([this] { PrintList(table_, place_); }); });
+          [this] { Run([this] { PrintList(table_, place_, Setup()); }); });
   connect(save, &QPushButton::clicked, this,
-          [this] { Run([this] { SavePdf(table_, place_.platform); }); });
+          [this] { Run([this] { SavePdf(table_, place_.platform, Setup()); }); });
+  connect(setup, &QPushButton::clicked, this, &FrmPreview::SetUp);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void FrmPreview::SetUp() {
+  if (!OpenPageSetup(place_)) return;
+  ShowOrientation();
+  LayOut();
+}
+
+// What is set for all lists decides; this one may be turned while it is looked at.
+void FrmPreview::ShowOrientation() {
+  const QSignalBlocker quiet(chkLandscape_);
+  turned_.reset();
+  chkLandscape_->setChecked(OrientationOf(ReadPageSetup(place_.platform), table_.orientation) ==
+                            PrintOrientation::Landscape);
+}
+
+PageSetup FrmPreview::Setup() const {
+  PageSetup setup = ReadPageSetup(place_.platform);
+  if (turned_) setup.orientation = turned_;
+  return setup;
 }
 
 void FrmPreview::MakeShortcuts() {
@@ -172,7 +198,8 @@ void FrmPreview::MakeShortcuts() {
 }
 
 void FrmPreview::LayOut() {
-  picPreview_->SetTable(table_, PrintDate(place_.platform), PageLayoutOf(table_.orientation));
+  picPreview_->SetTable(table_, PrintDate(place_.platform),
+                        PageLayoutOf(Setup(), table_.orientation));
   const int pages = picPreview_->PageCount();
   txtPage_->setRange(1, pages);
   lblPages_->setText(tr("of %1").arg(pages));

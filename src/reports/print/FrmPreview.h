@@ -1,11 +1,13 @@
 #pragma once
 
 #include "controls/QuietEnd.h"
+#include "reports/print/PageSetup.h"
 #include "reports/print/ReportDialogs.h"
 
 #include <QDialog>
 
 #include <functional>
+#include <optional>
 
 class QBoxLayout;
 class QCheckBox;
@@ -35,6 +37,10 @@ class FrmPreview : public QuietEnd<QDialog> {
   void MakePaper(QBoxLayout& page);
   void MakeButtons(QBoxLayout& page);
   void MakeShortcuts();
+  void SetUp();
+  void ShowOrientation();
+  // The paper as it is set, turned as this list was.
+  [[nodiscard]] PageSetup Setup() const;
   void LayOut();
   void ShowPage(int number);
   // To the size chosen, or what fits.
@@ -45,6 +51,7 @@ class FrmPreview : public QuietEnd<QDialog> {
 
   PrintTable table_;
   PrintPlace place_;
+  std::optional<PrintOrientation> turned_;
   QScrollArea* scroll_ = nullptr;
   ucPrintPage* picPreview_ = nullptr;
   QToolButton* cmdPrevious_ = nullptr;

@@ -1,5 +1,7 @@
 #include "reports/print/LVPrint.h"
 
+#include "platform/Progress.h"
+
 #include <algorithm>
 #include <cmath>
 #include <numeric>
@@ -38,6 +40,10 @@ LVPrint::LVPrint(PrintTable table, std::string date, PrintSurface& surface)
   Paginate();
 }
 
+int LVPrint::PageCount() const {
+  return static_cast<int>(firstRows_.size()) + (HasPicture() ? 1 : 0);
+}
+
 void LVPrint::SetWidths() {
   double all = 0;
   for (const PrintColumn& column : table_.columns) all += std::max(column.width, 0);
@@ -69,6 +75,10 @@ double LVPrint::RowHeight(std::size_t lines) const {
   return static_cast<double>(lines) * lineHeight_ + 2 * kRowPadding;
 }
 
+double LVPrint::SummaryHeight() const {
+  return static_cast<double>(table_.summaries.size()) * RowHeight(1);
+}
+
 std::vector<std::string> LVPrint::Wrap(std::string_view text, std::size_t column, LongWord words) {
   return WrapText(text, widths_[column] - kGutter, words,
                   [this](std::string_view piece) { return surface_.TextWidth(piece); });
@@ -77,6 +87,7 @@ std::vector<std::string> LVPrint::Wrap(std::string_view text, std::size_t column
 LVPrint::WrappedRow LVPrint::WrapRow(std::size_t row) {
   const auto& cells = table_.rows[row];
   WrappedRow wrapped(widths_.size());
+  surface_.SetFont(IsTotal(row) ? headerFont_ : font_);
   for (std::size_t column = 0; column < std::min(cells.size(), widths_.size()); ++column) {
     if (widths_[column] == 0 || cells[column].empty()) continue;
     // Part of a number would be read as another number.
@@ -110,36 +121,78 @@ std::vector<std::string> LVPrint::WrapTitle() {
 }
 
 void LVPrint::Paginate() {
-  lineHeight_ = LineHeight(font_);
+  // A bold letter may be the higher one.
+  lineHeight_ = std::max(LineHeight(font_), LineHeight(headerFont_));
   top_ = static_cast<double>(WrapTitle().size()) * LineHeight(titleFont_) + kTitleSpace +
          lineHeight_ + kHeadingSpace +
          static_cast<double>(MostLines(WrapHeaders())) * LineHeight(headerFont_) + kHeaderPadding;
   const double room = surface_.ScaleHeight() - top_;
   mostLines_ = static_cast<std::size_t>(
       std::max(1.0, std::floor((room - 2 * kRowPadding - kRule) / lineHeight_)));
-  surface_.SetFont(font_);
+  firstRows_.clear();
+  if (HasPicture() && table_.columns.empty()) return;
   firstRows_ = {0};
+  std::vector<double> heights;
   double used = 0;
   for (std::size_t row = 0; row < table_.rows.size(); ++row) {
-    const double height = RowHeight(MostLines(WrapRow(row)));
-    if (used > 0 && used + height + kRule > room) {
-      firstRows_.push_back(row);
-      used = 0;
+    heights.push_back(RowHeight(MostLines(WrapRow(row))));
+    if (used > 0 && used + heights.back() + kRule > room) {
+      std::size_t first = FirstOfNextPage(row);
+      const auto taken = [&] {
+        return std::accumulate(heights.begin() + static_cast<std::ptrdiff_t>(first),
+                               heights.end() - 1, 0.0);
+      };
+      if (taken() + heights.back() + kRule > room) first = row;
+      firstRows_.push_back(first);
+      used = taken();
     }
-    used += height;
+    used += heights.back();
   }
+  // What is below the rows gets a page of its own where it does not fit.
+  if (used > 0 && used + SummaryHeight() + kRule > room) firstRows_.push_back(table_.rows.size());
+}
+
+std::size_t LVPrint::FirstOfNextPage(std::size_t row) const {
+  std::size_t first = row;
+  while (first > firstRows_.back() + 1 && IsTotal(first)) --first;
+  // Nothing but totals, or one long row before them: they go on as they are.
+  return IsTotal(first) ? row : first;
 }
 
 void LVPrint::DrawPage(int page) {
-  const auto index = static_cast<std::size_t>(page - 1);
-  const std::size_t end =
-      index + 1 < firstRows_.size() ? firstRows_[index + 1] : table_.rows.size();
   currentY_ = 0;
   DrawHeading(page);
+  if (HasPicture() && page == 1) return DrawPicture();
+  const auto index = static_cast<std::size_t>(page - (HasPicture() ? 2 : 1));
+  const bool isLast = index + 1 == firstRows_.size();
   DrawHeaders();
-  surface_.SetFont(font_);
-  for (std::size_t row = firstRows_.at(index); row < end; ++row) DrawRow(WrapRow(row));
+  DrawRows(firstRows_.at(index), isLast ? table_.rows.size() : firstRows_[index + 1]);
   DrawRule(kRule, kBlack);
+  if (isLast) DrawSummaries();
+}
+
+void LVPrint::DrawRows(std::size_t begin, std::size_t end) {
+  for (std::size_t row = begin; row < end; ++row) {
+    // The line above the totals is that of a sum.
+    if (IsTotal(row) && row > begin && !IsTotal(row - 1)) DrawRule(kRule, kBlack);
+    DrawRow(WrapRow(row), IsTotal(row));
+  }
+}
+
+void LVPrint::DrawPicture() {
+  table_.picture(surface_,
+                 {0, currentY_, surface_.ScaleWidth(), surface_.ScaleHeight() - currentY_});
+}
+
+void LVPrint::DrawSummaries() {
+  surface_.SetFont(headerFont_);
+  for (const PrintSummary& summary : table_.summaries) {
+    const double y = currentY_ + kRowPadding;
+    surface_.Print(kGutter / 2, y, summary.left);
+    surface_.Print(surface_.ScaleWidth() - kGutter / 2 - surface_.TextWidth(summary.right), y,
+                   summary.right);
+    currentY_ += RowHeight(1);
+  }
 }
 
 bool LVPrint::Print(const PageNotice& notice) {
@@ -183,7 +236,8 @@ void LVPrint::DrawHeaders() {
   DrawRule(kRule, kBlack);
 }
 
-void LVPrint::DrawRow(const WrappedRow& row) {
+void LVPrint::DrawRow(const WrappedRow& row, bool isTotal) {
+  surface_.SetFont(isTotal ? headerFont_ : font_);
   const double top = currentY_;
   double left = 0;
   currentY_ = top + kRowPadding;
@@ -213,6 +267,13 @@ void LVPrint::DrawRule(double thickness, std::uint32_t colour) {
   surface_.SetForeColor(colour);
   surface_.Line(0, currentY_, surface_.ScaleWidth(), currentY_, thickness);
   surface_.SetForeColor(kBlack);
+}
+
+LVPrint::PageNotice PagesShownBy(Progress& progress) {
+  return [&progress](int page, int pages) {
+    progress.SetStep(static_cast<std::size_t>(page - 1), static_cast<std::size_t>(pages));
+    return progress.Yield();
+  };
 }
 
 }  // namespace corvanta::inline reports

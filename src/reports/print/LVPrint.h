@@ -9,10 +9,15 @@
 #include <string_view>
 #include <vector>
 
+namespace corvanta::inline platform {
+class Progress;
+}
+
 namespace corvanta::inline reports {
 
 // Draws a list page by page. Every page carries the title, the date, its number and the heads of
-// the columns; a row is never divided between two pages.
+// the columns; a row is never divided between two pages, and a total never stands on a page without
+// a row that it is the total of. A picture has the first page.
 //
 // The columns share the width of the page as they share that of the screen. Where the page is
 // narrower than the list was, the letters shrink with it, down to a size that can still be read.
@@ -24,7 +29,7 @@ class LVPrint {
   // `date` is today's long date. The surface outlives this object and keeps its size.
   LVPrint(PrintTable table, std::string date, PrintSurface& surface);
 
-  [[nodiscard]] int PageCount() const { return static_cast<int>(firstRows_.size()); }
+  [[nodiscard]] int PageCount() const;
   // Of every column in millimetres; 0 for a hidden one.
   [[nodiscard]] const std::vector<double>& PrintedWidths() const { return widths_; }
 
@@ -43,16 +48,24 @@ class LVPrint {
   void Paginate();
   [[nodiscard]] std::vector<std::string> Wrap(std::string_view text, std::size_t column,
                                               LongWord words);
+  [[nodiscard]] bool HasPicture() const { return table_.picture != nullptr; }
+  [[nodiscard]] bool IsTotal(std::size_t row) const { return table_.totals.contains(row); }
   [[nodiscard]] WrappedRow WrapRow(std::size_t row);
   [[nodiscard]] WrappedRow WrapHeaders();
   [[nodiscard]] std::vector<std::string> WrapTitle();
   [[nodiscard]] double RowHeight(std::size_t lines) const;
+  [[nodiscard]] double SummaryHeight() const;
+  // Where the page begins that the row does not fit on any more.
+  [[nodiscard]] std::size_t FirstOfNextPage(std::size_t row) const;
   [[nodiscard]] double LineHeight(const PrintFont& font);
 
   // Each draws at currentY_ and moves it on.
   void DrawHeading(int page);
   void DrawHeaders();
-  void DrawRow(const WrappedRow& row);
+  void DrawRows(std::size_t begin, std::size_t end);
+  void DrawRow(const WrappedRow& row, bool isTotal);
+  void DrawSummaries();
+  void DrawPicture();
   void DrawCell(const std::vector<std::string>& lines, std::size_t column, double left);
   void DrawRule(double thickness, std::uint32_t colour);
 
@@ -69,5 +82,8 @@ class LVPrint {
   std::vector<std::size_t> firstRows_;
   double currentY_ = 0;
 };
+
+// Shows on which page the printing is, and ends it when the person stops it.
+[[nodiscard]] LVPrint::PageNotice PagesShownBy(Progress& progress);
 
 }  // namespace corvanta::inline reports

@@ -2,10 +2,19 @@
 
 #include "reports/print/PrintTable.h"
 
+#include <array>
 #include <cstdint>
+#include <span>
 #include <string_view>
 
 namespace corvanta::inline reports {
+
+struct PrintPoint {
+  double x = 0;
+  double y = 0;
+};
+
+enum class PrintStroke { Solid, Dashed, Dotted, DashDotted };
 
 // What pages are drawn on: a printer, a file, or the preview. Positions and lengths are in
 // millimetres from the top left corner of the printable area.
@@ -19,7 +28,7 @@ class PrintSurface {
 
   // For the texts that are measured and printed from here on.
   virtual void SetFont(const PrintFont& font) = 0;
-  // For the texts and lines that are drawn from here on: 0xRRGGBB.
+  // For what is drawn from here on: 0xRRGGBB.
   virtual void SetForeColor(std::uint32_t colour) = 0;
 
   // Of one line of text in the font in force.
@@ -28,7 +37,15 @@ class PrintSurface {
 
   // One line of text with its top left corner there.
   virtual void Print(double x, double y, std::string_view text) = 0;
-  virtual void Line(double x1, double y1, double x2, double y2, double thickness) = 0;
+  // A line from point to point.
+  virtual void Path(std::span<const PrintPoint> points, double thickness, PrintStroke stroke) = 0;
+  // What lies between these corners, filled.
+  virtual void Shape(std::span<const PrintPoint> corners) = 0;
+
+  void Line(double x1, double y1, double x2, double y2, double thickness) {
+    const std::array<PrintPoint, 2> points{PrintPoint{x1, y1}, PrintPoint{x2, y2}};
+    Path(points, thickness, PrintStroke::Solid);
+  }
 
   // Ends the page and begins the next one; ends the last page. A surface that shows single pages
   // is never asked for either. They throw PlatformError when the printer refuses.

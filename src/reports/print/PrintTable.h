@@ -1,9 +1,14 @@
 #pragma once
 
+#include <cstddef>
+#include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace corvanta::inline reports {
+
+class PrintSurface;
 
 enum class PrintAlignment { Left, Right, Centre };
 enum class PrintOrientation { Portrait, Landscape };
@@ -23,6 +28,23 @@ struct PrintFont {
   bool isStruckOut = false;
 };
 
+// A part of the printable area, in millimetres.
+struct PrintArea {
+  double x = 0;
+  double y = 0;
+  double width = 0;
+  double height = 0;
+};
+
+// Draws something that is no list into that part.
+using PrintPicture = std::function<void(PrintSurface& surface, const PrintArea& area)>;
+
+// A line below the rows, such as what they come to.
+struct PrintSummary {
+  std::string left;
+  std::string right;
+};
+
 // A list as it is printed: its columns from left to right and its rows from top to bottom.
 struct PrintTable {
   std::string title = "Corvanta Printout";
@@ -31,6 +53,9 @@ struct PrintTable {
   std::vector<std::vector<std::string>> rows;
   PrintFont font;
   PrintOrientation orientation = PrintOrientation::Portrait;
+  std::set<std::size_t> totals = {};         // the rows that stand for others, from 0
+  std::vector<PrintSummary> summaries = {};  // below the last row
+  PrintPicture picture = {};                 // on a page of its own before the rows
 };
 
 }  // namespace corvanta::inline reports

@@ -6,6 +6,7 @@
 #include <QFontDatabase>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPolygonF>
 
 #include <cmath>
 
@@ -20,6 +21,28 @@ constexpr double kReferencePerMillimetre = kReference / kMillimetresPerInch;
 
 QSizeF PrintableSize(const QPagedPaintDevice& device) {
   return device.pageLayout().paintRect(QPageLayout::Millimeter).size();
+}
+
+Qt::PenStyle StyleOf(PrintStroke stroke) {
+  switch (stroke) {
+    case PrintStroke::Dashed:
+      return Qt::DashLine;
+    case PrintStroke::Dotted:
+      return Qt::DotLine;
+    case PrintStroke::DashDotted:
+      return Qt::DashDotLine;
+    case PrintStroke::Solid:
+      break;
+  }
+  return Qt::SolidLine;
+}
+
+QPolygonF Placed(std::span<const PrintPoint> points) {
+  QPolygonF placed;
+  for (const PrintPoint& point : points) {
+    placed.append(QPointF(point.x, point.y) * kReferencePerMillimetre);
+  }
+  return placed;
 }
 
 }  // namespace
@@ -64,11 +87,21 @@ void QtPainterSurface::Print(double x, double y, std::string_view text) {
       ToQt(text));
 }
 
-void QtPainterSurface::Line(double x1, double y1, double x2, double y2, double thickness) {
+void QtPainterSurface::Path(std::span<const PrintPoint> points, double thickness,
+                            PrintStroke stroke) {
   if (painter_ == nullptr) return;
-  painter_->setPen(QPen(colour_, thickness * kReferencePerMillimetre, Qt::SolidLine, Qt::FlatCap));
-  painter_->drawLine(QPointF(x1, y1) * kReferencePerMillimetre,
-                     QPointF(x2, y2) * kReferencePerMillimetre);
+  QPen pen(colour_, thickness * kReferencePerMillimetre, StyleOf(stroke), Qt::FlatCap);
+  pen.setJoinStyle(Qt::RoundJoin);
+  painter_->setPen(pen);
+  painter_->drawPolyline(Placed(points));
+}
+
+void QtPainterSurface::Shape(std::span<const PrintPoint> corners) {
+  if (painter_ == nullptr) return;
+  painter_->setPen(Qt::NoPen);
+  painter_->setBrush(colour_);
+  painter_->drawPolygon(Placed(corners));
+  painter_->setBrush(Qt::NoBrush);
 }
 
 PrinterSurface::PrinterSurface(QPagedPaintDevice& device, QPainter& painter)

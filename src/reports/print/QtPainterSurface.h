@@ -32,7 +32,8 @@ class QtPainterSurface : public PrintSurface {
   [[nodiscard]] double TextWidth(std::string_view text) override;
   [[nodiscard]] double TextHeight(std::string_view text) override;
   void Print(double x, double y, std::string_view text) override;
-  void Line(double x1, double y1, double x2, double y2, double thickness) override;
+  void Path(std::span<const PrintPoint> points, double thickness, PrintStroke stroke) override;
+  void Shape(std::span<const PrintPoint> corners) override;
   // A surface that shows single pages has no next one.
   void NewPage() override {}
   void EndDoc() override {}

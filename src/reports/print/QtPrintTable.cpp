@@ -2,6 +2,7 @@
 #include "reports/print/ReportDialogs.h"
 
 #include <QAbstractItemModel>
+#include <QFont>
 #include <QFontInfo>
 #include <QHeaderView>
 #include <QTableView>
@@ -26,6 +27,18 @@ PrintAlignment AlignmentOf(const QAbstractItemModel& model, int column) {
 
 std::string CellText(const QAbstractItemModel& model, int row, int column) {
   return FromQt(model.index(row, column).data(Qt::DisplayRole).toString());
+}
+
+bool IsTotal(const QAbstractItemModel& model, int row, const std::vector<int>& columns) {
+  bool hasText = false;
+  for (const int column : columns) {
+    const QModelIndex cell = model.index(row, column);
+    if (cell.data(Qt::DisplayRole).toString().isEmpty()) continue;
+    const QVariant font = cell.data(Qt::FontRole);
+    if (!font.isValid() || !font.value<QFont>().bold()) return false;
+    hasText = true;
+  }
+  return hasText;
 }
 
 // A column of pictures alone has nothing to print.
@@ -80,6 +93,7 @@ PrintTable PrintTableOf(const QTableView& list, const std::string& title) {
   if (width > kWidestPortrait) table.orientation = PrintOrientation::Landscape;
   for (int row = 0; row < model->rowCount(); ++row) {
     if (list.isRowHidden(row)) continue;
+    if (IsTotal(*model, row, columns)) table.totals.insert(table.rows.size());
     std::vector<std::string> cells;
     cells.reserve(columns.size());
     for (const int column : columns) cells.push_back(CellText(*model, row, column));

@@ -1,40 +1,35 @@
 #include "reports/print/QtPrinting.h"
 
 #include "controls/QtText.h"
-#include "platform/Clock.h"
 #include "platform/Files.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/PlatformError.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/StatusWords.h"
 #include "reports/print/LVPrint.h"
+#include "reports/print/PrintDocument.h"
 #include "reports/print/QtPainterSurface.h"
 
 #include <QBuffer>
-#include <QLocale>
 #include <QPainter>
 #include <QPdfWriter>
 
 namespace corvanta::inline reports {
 namespace {
 
-constexpr double kMargin = 15;  // millimetres
 constexpr int kPdfResolution = 1200;
 
 }  // namespace
 
-std::string PrintDate(const Platform& platform) {
-  return platform.locale.FormatLongDate(platform.clock.Today());
-}
-
-QPageLayout PageLayoutOf(PrintOrientation orientation) {
-  const bool isLetter = QLocale::system().measurementSystem() == QLocale::ImperialUSSystem;
-  return QPageLayout(
-      QPageSize(isLetter ? QPageSize::Letter : QPageSize::A4),
-      orientation == PrintOrientation::Landscape ? QPageLayout::Landscape : QPageLayout::Portrait,
-      QMarginsF(kMargin, kMargin, kMargin, kMargin), QPageLayout::Millimeter);
+QPageLayout PageLayoutOf(const PageSetup& setup, PrintOrientation wish) {
+  const PaperSize& paper = PaperSizes()[setup.paper];
+  const PageMargins& margins = setup.margins;
+  const bool isLandscape = OrientationOf(setup, wish) == PrintOrientation::Landscape;
+  return QPageLayout(QPageSize(QSizeF(paper.width, paper.height), QPageSize::Millimeter),
+                     isLandscape ? QPageLayout::Landscape : QPageLayout::Portrait,
+                     QMarginsF(margins.left, margins.top, margins.right, margins.bottom),
+                     QPageLayout::Millimeter);
 }
 
 bool PrintPages(QPagedPaintDevice& device, const PrintTable& table, Platform& platform) {
@@ -48,13 +43,10 @@ bool PrintPages(QPagedPaintDevice& device, const PrintTable& table, Platform& pl
   const StatusWords words(progress, "Printing...");
   PrinterSurface surface(device, painter);
   LVPrint print(table, PrintDate(platform), surface);
-  return print.Print([&](int page, int pages) {
-    progress.SetStep(static_cast<std::size_t>(page - 1), static_cast<std::size_t>(pages));
-    return progress.Yield();
-  });
+  return print.Print(PagesShownBy(progress));
 }
 
-bool SavePdf(const PrintTable& table, Platform& platform) {
+bool SavePdf(const PrintTable& table, Platform& platform, const PageSetup& setup) {
   const auto path = platform.prompts.SaveFile({"Save as PDF", "PDF Documents", "*.pdf", "pdf", {}});
   if (!path) return false;
   // Written as a whole at the end, so that a full disk leaves no half of a document.
@@ -63,7 +55,7 @@ bool SavePdf(const PrintTable& table, Platform& platform) {
   QPdfWriter writer(&document);
   writer.setResolution(kPdfResolution);
   writer.setTitle(ToQt(table.title));
-  writer.setPageLayout(PageLayoutOf(table.orientation));
+  writer.setPageLayout(PageLayoutOf(setup, table.orientation));
   if (!PrintPages(writer, table, platform)) return false;
   const QByteArray& bytes = document.data();
   platform.files.WriteAtomically(*path,

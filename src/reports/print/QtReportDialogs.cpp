@@ -1,4 +1,5 @@
 #include "controls/QtText.h"
+#include "reports/print/FrmPageSetup.h"
 #include "reports/print/FrmPreview.h"
 #include "reports/print/QtPrinting.h"
 #include "reports/print/ReportDialogs.h"
@@ -23,9 +24,17 @@ void OpenPrintPreview(const PrintTable& table, const PrintPlace& place) {
   FrmPreview(table, place).exec();
 }
 
+bool OpenPageSetup(const PrintPlace& place) {
+  return FrmPageSetup(place.platform, place.parent).exec() == QDialog::Accepted;
+}
+
 bool PrintList(const PrintTable& table, const PrintPlace& place) {
+  return PrintList(table, place, ReadPageSetup(place.platform));
+}
+
+bool PrintList(const PrintTable& table, const PrintPlace& place, const PageSetup& setup) {
   QPrinter printer(QPrinter::HighResolution);
-  printer.setPageLayout(PageLayoutOf(table.orientation));
+  printer.setPageLayout(PageLayoutOf(setup, table.orientation));
   printer.setDocName(ToQt(table.title));
   printer.setCreator(QStringLiteral("Corvanta Personal Finance"));
   const bool isChosen =

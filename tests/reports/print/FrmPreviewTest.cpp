@@ -1,4 +1,5 @@
 #include "platform/Files.h"
+#include "reports/print/FrmPageSetup.h"
 #include "reports/print/FrmPreview.h"
 #include "reports/print/LVPrint.h"
 #include "reports/print/QtPainterSurface.h"
@@ -9,6 +10,7 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDoubleSpinBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPrinter>
@@ -18,6 +20,7 @@
 #include <QStandardItemModel>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -133,6 +136,42 @@ TEST_F(FrmPreviewTest, LandscapeLaysThePagesOutAnew) {
   EXPECT_GT(sheet.width(), sheet.height());
 }
 
+TEST_F(FrmPreviewTest, ThePaperThatIsSetIsPrintedOn) {
+  Open(LongTable(200));
+  const int before = Pages();
+  QTimer::singleShot(0, form_.get(), [] {
+    auto* setup = QApplication::activeModalWidget();
+    ASSERT_EQ(setup->objectName(), "FrmPageSetup");
+    setup->findChild<QComboBox*>("cmbPaper")->setCurrentIndex(3);  // A5
+    setup->findChild<QDoubleSpinBox*>("txtTop")->setValue(40);
+    QTest::keyClick(setup, Qt::Key_Return);
+  });
+  Click("cmdPageSetup");
+  EXPECT_GT(Pages(), before) << "half of the paper";
+  EXPECT_EQ(ReadPageSetup(machine_.Get()).margins.top, 40);
+  Click("cmdPrint");
+  EXPECT_EQ(PagesOfPdf(printed_), Pages());
+
+  form_ = std::make_unique<FrmPreview>(LongTable(200), Place());
+  EXPECT_GT(Pages(), before) << "and from then on";
+}
+
+TEST_F(FrmPreviewTest, MarginsThatLeaveNoPageAreNotKept) {
+  FrmPageSetup setup(machine_.Get(), nullptr);
+  setup.show();
+  setup.findChild<QDoubleSpinBox*>("txtLeft")->setValue(80);
+  setup.findChild<QDoubleSpinBox*>("txtRight")->setValue(90);
+  machine_.prompts.ExpectTell("Page Setup",
+                              "The margins leave too little of the paper. Make them smaller.");
+  QTest::mouseClick(setup.findChild<QPushButton*>("cmdAccept"), Qt::LeftButton);
+  EXPECT_TRUE(setup.isVisible());
+  EXPECT_EQ(ReadPageSetup(machine_.Get()), PageSetup{});
+  QTest::mouseClick(setup.findChild<QPushButton*>("cmdUsual"), Qt::LeftButton);
+  EXPECT_EQ(setup.findChild<QDoubleSpinBox*>("txtRight")->value(), 15);
+  QTest::mouseClick(setup.findChild<QPushButton*>("cmdAccept"), Qt::LeftButton);
+  EXPECT_FALSE(setup.isVisible());
+}
+
 TEST_F(FrmPreviewTest, ThePagesShownAreThoseThatArePrinted) {
   Open(LongTable(200));
   Click("cmdPrint");
@@ -153,11 +192,11 @@ TEST_F(FrmPreviewTest, NothingIsPrintedWhenAPersonTurnsBack) {
   EXPECT_FALSE(PrintList(LongTable(10), Place()));
   EXPECT_FALSE(FileExists(printed_));
   machine_.prompts.ExpectSaveFile("Save as PDF", std::nullopt);
-  EXPECT_FALSE(SavePdf(LongTable(10), machine_.Get()));
+  EXPECT_FALSE(SavePdf(LongTable(10), machine_.Get(), {}));
   machine_.progress.StopAfter(1);
   const std::string stopped = machine_.folder.Path("stopped.pdf");
   machine_.prompts.ExpectSaveFile("Save as PDF", stopped);
-  EXPECT_FALSE(SavePdf(LongTable(200), machine_.Get()));
+  EXPECT_FALSE(SavePdf(LongTable(200), machine_.Get(), {}));
   EXPECT_FALSE(FileExists(stopped));
 }
 
@@ -197,6 +236,11 @@ TEST_F(FrmPreviewTest, AListIsPrintedAsItStands) {
   EXPECT_EQ(table.columns[1].header, "Payee");
   EXPECT_EQ(table.rows[1], (std::vector<std::string>{"-1.50", "Söhne 1"}));
   EXPECT_EQ(table.orientation, PrintOrientation::Portrait);
+  EXPECT_TRUE(table.totals.empty());
+  QFont bold;
+  bold.setBold(true);
+  for (const int column : {0, 3}) model.item(1, column)->setFont(bold);
+  EXPECT_EQ(PrintTableOf(list, "").totals, std::set<std::size_t>{1});
   list.setColumnWidth(0, 900);
   EXPECT_EQ(PrintTableOf(list, "").orientation, PrintOrientation::Landscape);
   EXPECT_EQ(PrintTableOf(list, "").title, "Corvanta Printout");

@@ -135,6 +135,80 @@ TEST(LVPrint, OddListsArePrintedAsFarAsTheyGo) {
   EXPECT_NE(narrow.Find(0, "PAGE 1"), nullptr) << "no columns at all";
 }
 
+TEST(LVPrint, TotalsStandOutAndNeverAlone) {
+  for (std::size_t rows = 1; rows < 40; ++rows) {
+    PrintTable table = TableOf(rows);
+    table.rows.push_back({"Total (EUR)", "", "820"});
+    table.rows.push_back({"Total (GBP)", "", "20"});
+    table.totals = {rows, rows + 1};
+    RecordingSurface surface(100, 100);
+    LVPrint(table, kDate, surface).Print();
+    const std::size_t last = surface.Pages().size() - 1;
+    const auto* total = surface.Find(last, "Total (EUR)");
+    ASSERT_NE(total, nullptr) << rows;
+    EXPECT_TRUE(total->isBold);
+    EXPECT_FALSE(surface.Find(last, "Total (GBP)")->y < total->y);
+    const auto* before = surface.Find(last, "Payee " + std::to_string(rows));
+    ASSERT_NE(before, nullptr) << rows;
+    EXPECT_FALSE(before->isBold);
+    std::size_t found = 0;
+    for (std::size_t page = 0; page <= last; ++page) {
+      for (const auto& text : surface.Pages()[page].texts) {
+        EXPECT_LE(text.y + 5, 100);
+        found += text.text.starts_with("Payee ") ? 1 : 0;
+      }
+    }
+    EXPECT_EQ(found, rows) << "no row is lost or printed twice";
+  }
+  // A page of nothing but totals goes on as it is.
+  PrintTable table = TableOf(60);
+  for (std::size_t row = 0; row < 60; ++row) table.totals.insert(row);
+  RecordingSurface surface(100, 100);
+  LVPrint(table, kDate, surface).Print();
+  EXPECT_NE(surface.Find(surface.Pages().size() - 1, "Payee 60"), nullptr);
+}
+
+TEST(LVPrint, WhatTheRowsComeToStandsBelowTheLastOne) {
+  PrintTable table = TableOf(30);
+  table.summaries = {{"30 payees", "1,234.00"}, {"", "-5.00"}};
+  RecordingSurface surface(100, 100);
+  LVPrint(table, kDate, surface).Print();
+  const std::size_t last = surface.Pages().size() - 1;
+  EXPECT_EQ(surface.Find(0, "30 payees"), nullptr);
+  const auto* sum = surface.Find(last, "1,234.00");
+  ASSERT_NE(sum, nullptr);
+  EXPECT_TRUE(sum->isBold);
+  EXPECT_DOUBLE_EQ(sum->x + sum->width, 99);
+  EXPECT_EQ(surface.Find(last, "30 payees")->y, sum->y);
+  EXPECT_GT(surface.Find(last, "-5.00")->y, sum->y);
+}
+
+TEST(LVPrint, APictureHasTheFirstPage) {
+  PrintTable table = TableOf(3);
+  table.title = "Spending by Payee";
+  PrintArea given;
+  table.picture = [&](PrintSurface& surface, const PrintArea& area) {
+    given = area;
+    surface.Print(area.x, area.y, "drawn");
+  };
+  RecordingSurface surface(100, 100);
+  LVPrint(table, kDate, surface).Print();
+  ASSERT_EQ(surface.Pages().size(), 2U);
+  EXPECT_NE(surface.Find(0, "drawn"), nullptr);
+  EXPECT_NE(surface.Find(0, "Spending by Payee"), nullptr);
+  EXPECT_NE(surface.Find(0, "PAGE 1"), nullptr);
+  EXPECT_EQ(surface.Find(0, "Payee"), nullptr) << "no heads of columns over it";
+  EXPECT_NE(surface.Find(1, "PAGE 2"), nullptr);
+  EXPECT_NE(surface.Find(1, "Payee 3"), nullptr);
+  EXPECT_GT(given.y, 10);
+  EXPECT_DOUBLE_EQ(given.y + given.height, 100);
+  table.columns.clear();
+  table.rows.clear();
+  RecordingSurface alone(100, 100);
+  LVPrint(table, kDate, alone).Print();
+  EXPECT_EQ(alone.Pages().size(), 1U);
+}
+
 TEST(LVPrint, LettersShrinkWithTheListButStayReadable) {
   const auto size = [](int pixels) {
     RecordingSurface surface(180, 260);

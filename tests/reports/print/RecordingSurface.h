@@ -26,6 +26,8 @@ class RecordingSurface : public PrintSurface {
   struct Page {
     std::vector<Text> texts;
     std::vector<Rule> rules;
+    std::vector<std::vector<PrintPoint>> paths;  // of more than two points
+    std::vector<std::vector<PrintPoint>> shapes;
   };
 
   RecordingSurface(double width, double height) : width_(width), height_(height) {}
@@ -61,8 +63,16 @@ class RecordingSurface : public PrintSurface {
   void Print(double x, double y, std::string_view text) override {
     pages_.back().texts.push_back({x, y, TextWidth(text), std::string(text), font_.isBold});
   }
-  void Line(double x1, double y1, double x2, double, double thickness) override {
-    pages_.back().rules.push_back({y1, x2 - x1, thickness});
+  void Path(std::span<const PrintPoint> points, double thickness, PrintStroke) override {
+    const PrintPoint& first = points.front();
+    if (points.size() == 2) {
+      pages_.back().rules.push_back({first.y, points.back().x - first.x, thickness});
+    } else {
+      pages_.back().paths.emplace_back(points.begin(), points.end());
+    }
+  }
+  void Shape(std::span<const PrintPoint> corners) override {
+    pages_.back().shapes.emplace_back(corners.begin(), corners.end());
   }
   void NewPage() override { pages_.emplace_back(); }
   void EndDoc() override { ++ends_; }

@@ -1,9 +1,9 @@
-#include "exchange/FormulaGuard.h"
+#include "platform/FormulaGuard.h"
 
 #include <algorithm>
 #include <array>
 
-namespace corvanta::inline exchange {
+namespace corvanta::inline platform {
 namespace {
 
 // The last four are the wide forms of the first, which some spreadsheets take for the same.
@@ -28,4 +28,4 @@ std::string_view UnguardFormula(std::string_view text) {
   return text.starts_with('\'') && IsLikeFormula(text) ? text.substr(1) : text;
 }
 
-}  // namespace corvanta::inline exchange
+}  // namespace corvanta::inline platform

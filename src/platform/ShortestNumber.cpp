@@ -1,10 +1,10 @@
-#include "cli/ShortestNumber.h"
+#include "platform/ShortestNumber.h"
 
 #include <array>
 #include <charconv>
 #include <cmath>
 
-namespace corvanta::inline cli {
+namespace corvanta::inline platform {
 namespace {
 
 constexpr double kSmallestPlain = 1e-6;
@@ -23,4 +23,4 @@ std::string ShortestNumber(double number) {
   return {text.data(), end.ptr};
 }
 
-}  // namespace corvanta::inline cli
+}  // namespace corvanta::inline platform

@@ -1,0 +1,103 @@
+#include "reports/chart/ucReportChart.h"
+
+#include "controls/CommandEdge.h"
+#include "controls/EmptyState.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Platform.h"
+#include "reports/chart/ChartFile.h"
+#include "reports/chart/ucChartView.h"
+
+#include <QComboBox>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace corvanta::inline reports {
+
+ucReportChart::ucReportChart(Platform& platform, QWidget* parent)
+    : QWidget(parent),
+      platform_(platform),
+      cmbChartCurrency_(new QComboBox(this)),
+      lblChartCurrency_(new QLabel(tr("Amounts &in:"), this)),
+      cmdSaveChart_(new QPushButton(tr("Sa&ve Chart..."), this)),
+      pages_(new QStackedWidget(this)),
+      chart_(new ucChartView(platform.locale, this)) {
+  auto* empty = new EmptyState(this);
+  empty->Show(QStringLiteral("find"), tr("Nothing to draw"),
+              tr("No row of the report has an amount. Choose another period or another filter."),
+              nullptr);
+  pages_->addWidget(chart_);
+  pages_->addWidget(empty);
+  MakeHead();
+  setFocusProxy(chart_);
+  connect(chart_, &ucChartView::RowChosen, this, &ucReportChart::RowChosen);
+  ShowCurrency();
+}
+
+void ucReportChart::MakeHead() {
+  cmbChartCurrency_->setObjectName(QStringLiteral("cmbChartCurrency"));
+  cmbChartCurrency_->setAccessibleName(tr("Amounts in"));
+  lblChartCurrency_->setBuddy(cmbChartCurrency_);
+  cmdSaveChart_->setObjectName(QStringLiteral("cmdSaveChart"));
+  cmdSaveChart_->setToolTip(tr("Write the chart into a file, as SVG or PNG"));
+  auto* head = new QHBoxLayout;
+  head->setContentsMargins(2 * kRhythm, kRhythm, 2 * kRhythm, 0);
+  head->setSpacing(kRhythm);
+  head->addWidget(lblChartCurrency_);
+  head->addWidget(cmbChartCurrency_);
+  head->addStretch(1);
+  head->addWidget(cmdSaveChart_);
+  auto* page = new QVBoxLayout(this);
+  page->setContentsMargins(0, 0, 0, 0);
+  page->setSpacing(kRhythm);
+  page->addLayout(head);
+  page->addWidget(pages_, 1);
+  connect(cmbChartCurrency_, &QComboBox::currentTextChanged, this, [this](const QString& chosen) {
+    currency_ = FromQt(chosen);
+    ShowCurrency();
+  });
+  connect(cmdSaveChart_, &QPushButton::clicked, this, &ucReportChart::Save);
+}
+
+void ucReportChart::Show(const ReportTable& report) {
+  report_ = report;
+  const std::vector<std::string> currencies = ChartCurrencies(report_);
+  const bool isKnown = std::ranges::find(currencies, currency_) != currencies.end();
+  if (!isKnown) currency_ = currencies.empty() ? std::string() : currencies.front();
+  {
+    const QSignalBlocker quiet(cmbChartCurrency_);
+    cmbChartCurrency_->clear();
+    for (const std::string& currency : currencies) cmbChartCurrency_->addItem(ToQt(currency));
+    cmbChartCurrency_->setCurrentText(ToQt(currency_));
+  }
+  cmbChartCurrency_->setVisible(currencies.size() > 1);
+  lblChartCurrency_->setVisible(currencies.size() > 1);
+  ShowCurrency();
+}
+
+void ucReportChart::ShowCurrency() {
+  chart_->Show(BuildChart(report_, currency_));
+  const bool isEmpty = chart_->Data().IsEmpty();
+  cmdSaveChart_->setEnabled(!isEmpty);
+  pages_->setCurrentIndex(isEmpty ? 1 : 0);
+}
+
+const ChartData& ucReportChart::Shown() const {
+  return chart_->Data();
+}
+
+PrintTable ucReportChart::Printed() const {
+  return PrintTableOf(chart_->Data(), platform_.locale);
+}
+
+void ucReportChart::Save() {
+  RunCommand(platform_.prompts, [this] { AskAndSaveChart(chart_->Data(), platform_); });
+}
+
+}  // namespace corvanta::inline reports

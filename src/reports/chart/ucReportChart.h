@@ -1,0 +1,61 @@
+#pragma once
+
+#include "reports/chart/ChartData.h"
+#include "reports/print/PrintTable.h"
+#include "reports/query/ReportTable.h"
+
+#include <QWidget>
+
+#include <string>
+#include <vector>
+
+class QComboBox;
+class QLabel;
+class QPushButton;
+class QStackedWidget;
+
+namespace corvanta::inline platform {
+struct Platform;
+}
+
+namespace corvanta::inline reports {
+
+class ucChartView;
+
+// The page "Charts" of a report: its chart, of one currency at a time where it has several, which
+// can be saved and printed. It is a part of the window and asks nothing of the data file.
+class ucReportChart : public QWidget {
+  Q_OBJECT
+
+ public:
+  // The platform outlives it.
+  ucReportChart(Platform& platform, QWidget* parent);
+
+  // Takes the place of what was shown; the currency stays while the report has it.
+  void Show(const ReportTable& report);
+  // Holds no rows any longer.
+  void Clear() { Show({}); }
+  [[nodiscard]] const ChartData& Shown() const;
+  // For the preview and the printer.
+  [[nodiscard]] PrintTable Printed() const;
+
+ Q_SIGNALS:
+  // A bar or a point was chosen that stands for that row of the report.
+  void RowChosen(std::size_t row);
+
+ private:
+  void MakeHead();
+  void ShowCurrency();
+  void Save();
+
+  Platform& platform_;
+  ReportTable report_;
+  std::string currency_;
+  QComboBox* cmbChartCurrency_;
+  QLabel* lblChartCurrency_;
+  QPushButton* cmdSaveChart_;
+  QStackedWidget* pages_;
+  ucChartView* chart_;
+};
+
+}  // namespace corvanta::inline reports
