@@ -125,6 +125,7 @@ class MainActions : public QObject {
   QAction* mnuReportCustom;
   QAction* mnuReportSave;
   QAction* mnuReportColumns;
+  QAction* mnuReportSheet;
   QAction* mnuReportInto;
   QAction* mnuReportExplain;
 

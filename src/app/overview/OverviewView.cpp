@@ -42,7 +42,7 @@ OverviewView::OverviewView(const ViewPlace& place, QWidget* parent)
       header_(new ViewHeader(this)),
       page_(new QWidget(this)),
       columns_(new QHBoxLayout),
-      balances_(new OverviewTile("Balances", tr("Balances"), tr("Show the accounts"), page_)),
+      balances_(new OverviewTile("Balances", tr("Balances Today"), tr("Show the accounts"), page_)),
       due_(new OverviewTile("Due", tr("Due"), tr("Show the schedules"), page_)),
       month_(new OverviewTile("Month", tr("This Month"), tr("Show the cash flow by month"), page_)),
       budget_(new OverviewTile("Budget", tr("Budget"), tr("Show this month's budget"), page_)),
@@ -86,12 +86,6 @@ void OverviewView::Connect() {
   });
   guarded(budget_, [this] { ShowReport(kBudgets, overview_.thisMonth); });
   guarded(worth_, [this] { ShowNetWorth(); });
-  connect(chkOverview_, &QCheckBox::clicked, this, [this](bool isOn) {
-    place_.host.Guard([this, isOn] {
-      place_.platform.registry.Write(Hive::CurrentUser, kSettingsKey, kShowAtStart,
-                                     isOn ? "1" : "0");
-    });
-  });
 }
 
 QAction* OverviewView::Entry() const {
@@ -137,7 +131,6 @@ void OverviewView::Show(const ViewCommand& /*command*/) {
   month_->Show(MonthLines());
   budget_->Show(BudgetLines());
   worth_->Show(WorthLines());
-  chkOverview_->setChecked(BeginsWithOverview(place_.platform.registry));
 }
 
 void OverviewView::LetGo() {
@@ -147,6 +140,10 @@ void OverviewView::LetGo() {
 
 void OverviewView::Restore(const Registry& registry) {
   chkOverview_->setChecked(BeginsWithOverview(registry));
+}
+
+void OverviewView::Keep(std::map<std::string, std::string>& values) const {
+  values[kShowAtStart] = chkOverview_->isChecked() ? "1" : "0";
 }
 
 OverviewTile::Cell OverviewView::Money(double amount, bool isStrong) const {

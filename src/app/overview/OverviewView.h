@@ -39,7 +39,7 @@ class OverviewView : public QWidget, public MainView {
   void Show(const ViewCommand& command) override;
   void LetGo() override;
   void Restore(const Registry& registry) override;
-  void Keep(std::map<std::string, std::string>& /*values*/) const override {}
+  void Keep(std::map<std::string, std::string>& values) const override;
 
   [[nodiscard]] bool Can(EditTask /*task*/) const override { return false; }
   void Do(EditTask /*task*/) override {}

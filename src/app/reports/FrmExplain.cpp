@@ -97,14 +97,15 @@ void FrmExplain::MakeList() {
   };
   const int money = width(ToQt(locale_.FormatNumber(-999999.99)));
   const int name = width(QStringLiteral("A name of some"));
-  lvExplain_->SetColumns({{width(ToQt(locale_.FormatShortDate(*Date::FromYmd(2028, 12, 28)))), 0},
-                          {name, 2, name / 2},
-                          {name, 3, name / 2},
-                          {money, 0},
-                          {width(titles[4]), 0, 0, 2},
-                          {width(QStringLiteral("99.9999")), 0, 0, 3},
-                          {width(titles[6]), 0, 0, 1},
-                          {std::max(money, width(titles[7])), 0}});
+  lvExplain_->SetColumns(
+      {{width(ToQt(locale_.FormatShortDate(*Date::FromYmd(2028, 12, 28)))) + kRhythm, 0},
+       {name, 2, name / 2},
+       {name, 3, name / 2},
+       {money, 0},
+       {width(titles[4]), 0, 0, 2},
+       {width(QStringLiteral("99.9999")), 0, 0, 3},
+       {width(titles[6]), 0, 0, 1},
+       {std::max(money, width(titles[7])), 0}});
   connect(lvExplain_, &QAbstractItemView::activated, this, &FrmExplain::ShowRow);
   connect(lvExplain_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this] { cmdRegister_->setEnabled(Chosen() != 0); });

@@ -96,7 +96,11 @@ void ReportBar::Arrange() {
   line->setSpacing(kRhythm);
   const std::vector<QWidget*> parts = {period_,           chkTransfers_, currency,
                                        chkSubCategories_, cmdActions_,   payments_};
-  for (QWidget* part : parts) line->addWidget(part);
+  for (QWidget* part : parts) {
+    // Ticks stand in the middle of a row as the fields do.
+    part->setMinimumHeight(period_->sizeHint().height());
+    line->addWidget(part);
+  }
 }
 
 void ReportBar::MakeActions() {
@@ -143,9 +147,12 @@ void ReportBar::SetCurrencies(const std::vector<CurrencyRecord>& all,
   const QVariant chosen = cmbCurrencyR_->currentData();
   cmbCurrencyR_->clear();
   const auto add = [this](const CurrencyRecord& currency) {
-    cmbCurrencyR_->addItem(
-        QStringLiteral("%1 (%2)").arg(ToQt(currency.description), ToQt(currency.currency)),
-        ToQt(currency.currency));
+    const QString code = ToQt(currency.currency);
+    const QString behind = QStringLiteral(" (%1)").arg(code);
+    QString text = ToQt(currency.description);
+    // Many a description has it already.
+    if (!text.endsWith(behind)) text += behind;
+    cmbCurrencyR_->addItem(text, code);
   };
   const auto isFirst = [&first](const CurrencyRecord& currency) {
     return std::ranges::find(first, currency.currency) != first.end();

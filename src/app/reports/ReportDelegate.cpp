@@ -8,28 +8,36 @@
 
 namespace corvanta::inline app {
 namespace {
+
 constexpr int kSign = 2 * kRhythm;
-constexpr int kIndent = kSign + kRhythm / 2;  // of the first cell
+constexpr int kIndent = kSign - kRhythm / 2;  // of the first cell's text
+
+// Reports whose rows lead nowhere need no room for the sign.
+bool HasSigns(const QModelIndex& index) {
+  const QModelIndex first = index.model()->index(0, 0);
+  return index.column() == 0 && !first.data(Qt::DecorationRole).isNull();
+}
+
 }  // namespace
 
 void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                            const QModelIndex& index) const {
-  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
-  const bool isFirst = index.column() == 0;
   QStyleOptionViewItem cell = option;
-  if (isFirst) {
-    // The background of the whole cell; the text begins behind the sign.
+  if (HasSigns(index)) {
     QStyleOptionViewItem sign = option;
     initStyleOption(&sign, index);
     DrawBackground(*painter, sign);
+    cell.rect.setLeft(cell.rect.left() + kIndent);
+    ListDelegate::paint(painter, cell, index);
     const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
     const bool isChosen = (sign.state & QStyle::State_Selected) != 0;
     const QRect place(option.rect.left() + kRhythm / 2, option.rect.center().y() - kSign / 2 + 1,
                       kSign, kSign);
     icon.paint(painter, place, Qt::AlignCenter, isChosen ? QIcon::Selected : QIcon::Normal);
-    cell.rect.setLeft(cell.rect.left() + kIndent - kRhythm);
+  } else {
+    ListDelegate::paint(painter, cell, index);
   }
-  ListDelegate::paint(painter, cell, index);
+  const auto* view = qobject_cast<const QAbstractItemView*>(option.widget);
   const bool isCurrent = view != nullptr && view->currentIndex() == index && HasKeys(option);
   if (!isCurrent) return;
   painter->save();
@@ -41,7 +49,7 @@ void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
 
 QSize ReportDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
   const QSize size = ListDelegate::sizeHint(option, index);
-  return index.column() == 0 ? size + QSize(kIndent, 0) : size;
+  return HasSigns(index) ? size + QSize(kIndent, 0) : size;
 }
 
 }  // namespace corvanta::inline app

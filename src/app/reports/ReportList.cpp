@@ -63,6 +63,7 @@ QTreeWidgetItem* ReportList::AddRoot(const QString& text) {
   root->setIcon(0, SvgIcon(QStringLiteral("reports")));
   root->setFont(0, ScaledFont(0, QFont::DemiBold));
   root->setFirstColumnSpanned(true);
+  root->setSizeHint(0, QSize(0, fontMetrics().height() + kRhythm));
   return root;
 }
 

@@ -120,10 +120,13 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
     const bool isName = column.content == Content::Text && column.header != "Currency" &&
                         column.header != "Status" && column.header != "Symbol";
     if (isName) {
+      // Its totals say of which currency they are.
+      const int total = widths.Text(QStringLiteral("Total (GBP)")) + 2 * kRhythm;
       // The first one says what the row is.
       shown.stretch = made.empty() ? 3 : 2;
       shown.width = std::max(own, widths.Text(QStringLiteral("A name of some length")));
-      shown.smallest = std::max(kSmallestText, widths.Text(title));
+      shown.smallest = std::max(made.empty() ? total : kSmallestText, widths.Text(title));
+      if (column.header == "Ref") shown.width = shown.smallest;
     }
     made.push_back(shown);
   }

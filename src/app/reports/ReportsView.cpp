@@ -26,6 +26,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/Registry.h"
+#include "reports/chart/ucReportChart.h"
 #include "reports/custom/ReportColumns.h"
 #include "reports/custom/ReportEditor.h"
 #include "reports/print/ReportDialogs.h"
@@ -75,7 +76,8 @@ ReportsView::ReportsView(const ViewPlace& place, QWidget* parent)
       empty_(new EmptyState(rowPages_)),
       totals_(new TotalsLine(this)),
       model_(new ListModel({}, this)),
-      search_(nullptr) {
+      search_(nullptr),
+      chart_(new ucReportChart(place.platform, pages_)) {
   setObjectName(QStringLiteral("pnlReports"));
   MakeTable();
   search_ = new ListSearch(place_.platform.locale, header_->Search(), *table_, *model_, this);
@@ -109,6 +111,7 @@ void ReportsView::Arrange() {
   rowPages_->addWidget(empty_);
   pages_->addWidget(list_);
   pages_->addWidget(rowPages_);
+  pages_->addWidget(chart_);
   auto* head = new QHBoxLayout;
   head->addWidget(header_, 1);
   head->addWidget(strip_->Button());
@@ -208,8 +211,8 @@ void ReportsView::ShowPage(Page page) {
     header_->Show(tr("Reports"), tr("Choose what you want to know"));
     if (state_.report != 0) list_->Choose(state_.report);
     pages_->setCurrentWidget(list_);
-  } else if (page == Page::Chart && chart_ != nullptr) {
-    ShowChart();
+  } else if (page == Page::Chart) {
+    chart_->Show(report_);
     pages_->setCurrentWidget(chart_);
   } else {
     pages_->setCurrentWidget(rowPages_);
@@ -340,8 +343,6 @@ void ReportsView::ShowTotals() {
                 QString(), false);
 }
 
-void ReportsView::ShowChart() {}
-
 QString ReportsView::Details() const {
   QStringList details;
   if (!state_.definition.empty()) details.append(ToQt(state_.definition));
@@ -391,6 +392,7 @@ ViewSurroundings ReportsView::Surroundings() const {
 
 void ReportsView::LetGo() {
   model_->SetRows(nullptr);
+  chart_->Clear();
   report_ = {};
   isCurrent_ = false;
   state_ = state_.Other(0);
@@ -420,6 +422,7 @@ void ReportsView::Keep(std::map<std::string, std::string>& values) const {
 }
 
 PrintTable ReportsView::Printed() const {
+  if (page_ == Page::Chart) return chart_->Printed();
   return PrintTableOf(*table_, FromQt(Title()));
 }
 

@@ -20,8 +20,9 @@ class EmptyState;
 }
 
 namespace corvanta::inline reports {
+class ucReportChart;
 struct ReadDefinition;
-}
+}  // namespace corvanta::inline reports
 
 namespace corvanta::inline app {
 
@@ -96,7 +97,6 @@ class ReportsView : public QWidget, public MainView {
   // Puts the widths that were set by hand away, before another report takes the columns.
   void KeepWidths();
   void ShowTotals();
-  void ShowChart();
   [[nodiscard]] QString Details() const;
   [[nodiscard]] QString PaymentNames() const;
   // What is shown, with the shared filter and ticks, as the beginning of another command.
@@ -110,6 +110,7 @@ class ReportsView : public QWidget, public MainView {
   void OpenCustom();
   void SaveReport();
   void PickColumns();
+  void ExportSheet();
   void LookInto(std::size_t row);
   void Explain(std::size_t row, std::size_t column);
   void ExplainChosen();
@@ -131,7 +132,7 @@ class ReportsView : public QWidget, public MainView {
   TotalsLine* totals_;
   ListModel* model_;
   ListSearch* search_;
-  QWidget* chart_ = nullptr;
+  ucReportChart* chart_;
   ReportState state_;
   ReportRequest request_;
   ReportTable report_;

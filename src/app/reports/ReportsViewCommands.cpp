@@ -15,6 +15,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
+#include "reports/chart/ucReportChart.h"
 #include "reports/custom/DefinitionKeys.h"
 #include "reports/custom/FrmColumns.h"
 #include "reports/custom/FrmReport.h"
@@ -22,6 +23,8 @@
 #include "reports/query/DrillDown.h"
 #include "reports/query/Explain.h"
 #include "reports/query/ReportCatalogue.h"
+#include "reports/sheet/SheetExport.h"
+#include "reports/sheet/SheetTable.h"
 #include "store/sql/Connection.h"
 
 #include <QAction>
@@ -41,10 +44,19 @@ void ReportsView::ConnectCommands() {
   place_.On(actions.mnuReportCustom, this, [this] { OpenCustom(); });
   place_.On(actions.mnuReportSave, this, [this] { SaveReport(); });
   place_.On(actions.mnuReportColumns, this, [this] { PickColumns(); });
+  place_.On(actions.mnuReportSheet, this, [this] { ExportSheet(); });
   place_.On(actions.mnuReportExplain, this, [this] { ExplainChosen(); });
   place_.On(actions.mnuReportInto, this, [this] {
     if (const auto row = RowAt(table_->currentIndex())) LookInto(*row);
   });
+  connect(
+      chart_, &ucReportChart::RowChosen, this,
+      [this](std::size_t row) {
+        if (!isCurrent_ || row >= report_.rows.size()) return;
+        place_.host.Guard([&] { LookInto(row); });
+      },
+      // The chart is in the middle of its click.
+      Qt::QueuedConnection);
   connect(table_, &QAbstractItemView::activated, this, [this](const QModelIndex& index) {
     const auto row = RowAt(index);
     if (row) place_.host.Guard([this, row] { LookInto(*row); });
@@ -240,6 +252,21 @@ void ReportsView::PickColumns() {
   place_.host.FocusView();
 }
 
+// The columns that are shown, with numbers and days as such.
+void ReportsView::ExportSheet() {
+  const std::vector<std::string> shown = ShownColumns();
+  ReportTable sheet = report_;
+  for (std::size_t column = sheet.columns.size(); column-- > 0;) {
+    if (std::ranges::find(shown, sheet.columns[column].header) != shown.end()) continue;
+    const auto place = static_cast<std::ptrdiff_t>(column);
+    sheet.columns.erase(sheet.columns.begin() + place);
+    for (ReportRow& row : sheet.rows) {
+      if (column < row.cells.size()) row.cells.erase(row.cells.begin() + place);
+    }
+  }
+  AskAndExportSheet(SheetOf(sheet), place_.platform);
+}
+
 bool ReportsView::Can(EditTask task) const {
   if (page_ != Page::Rows || model_->rowCount() == 0) return false;
   if (task == EditTask::SelectAll) return true;
@@ -265,6 +292,7 @@ void ReportsView::MarkCommands(bool isShown) {
   const bool isAtRow = hasRows && RowAt(table_->currentIndex()).has_value();
   actions.mnuReportSave->setEnabled(isShown && isOpen && page_ != Page::List);
   actions.mnuReportColumns->setEnabled(hasRows);
+  actions.mnuReportSheet->setEnabled(isShown && isOpen && page_ != Page::List);
   actions.mnuReportExplain->setEnabled(isAtRow);
   actions.mnuReportInto->setEnabled(isAtRow);
 }

@@ -3,6 +3,7 @@
 #include "controls/ListTable.h"
 #include "controls/SortedTable.h"
 #include "platform/Settings.h"
+#include "reports/chart/ucReportChart.h"
 #include "reports/custom/ReportDefinitions.h"
 #include "support/DialogTest.h"
 
@@ -147,6 +148,38 @@ TEST_F(ReportsViewTest, AClickLooksIntoARowAndBackShowsTheReportAsItWas) {
   EXPECT_TRUE(window_->Shown().report.paymentTypes.empty());
   Trigger("mnuReport9");
   EXPECT_TRUE(window_->Shown().report.paymentTypes.empty()) << "used once";
+}
+
+TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
+  Start();
+  Trigger("mnuReport7");
+  Tabs().setCurrentIndex(2);
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+  auto* chart = window_->findChild<ucReportChart*>();
+  ASSERT_NE(chart, nullptr);
+  EXPECT_TRUE(chart->isVisible());
+  EXPECT_FALSE(chart->Shown().IsEmpty());
+  Q_EMIT chart->RowChosen(0);
+  QApplication::processEvents();
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
+  Trigger("mnuViewBack");
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+}
+
+TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
+  Start();
+  Trigger("mnuReport7");
+  ViewCommand some = window_->Shown();
+  some.report.columns = {"Payee", "Total"};
+  window_->Show(some);
+  const std::string path = machine_.folder.Path("payees.csv");
+  machine_.prompts.ExpectSaveFile("Save File As", path);
+  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+  Trigger("mnuReportSheet");
+  const std::string text = ReadFile(path);
+  EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
+  EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
 }
 
 TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
