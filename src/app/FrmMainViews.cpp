@@ -235,9 +235,9 @@ void FrmMain::MarkCommands() {
   for (const MainView* view : views_) view->Entry()->setChecked(view->Answers(shown_.name));
   actions_->mnuViewBack->setEnabled(isOpen && history_.CanGoBack());
   actions_->mnuViewForward->setEnabled(isOpen && history_.CanGoForward());
-  actions_->mnuViewSort->setEnabled(isOpen);
+  actions_->mnuViewSort->setEnabled(isOpen && ShownTable() != nullptr);
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
-  actions_->mnuViewWidths->setEnabled(isOpen);
+  actions_->mnuViewWidths->setEnabled(isOpen && ShownTable() != nullptr);
   filters_->Mark();
   MarkSearch();
   MarkUndo();

@@ -7,6 +7,7 @@
 #include "controls/Style.h"
 #include "ledger/InvestmentRecord.h"
 #include "ledger/ReferenceRecords.h"
+#include "reports/query/ReportCatalogue.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -28,6 +29,12 @@ QCheckBox* MakeTick(const QString& text, const char* name, const QString& tip, Q
   tick->setObjectName(QLatin1String(name));
   tick->setToolTip(tip);
   return tick;
+}
+
+// Whether the rows of the report are categories.
+bool HasSubCategories(int report) {
+  const ReportInfo* info = FindReport(report);
+  return info != nullptr && std::string_view(info->headers).starts_with("Category,");
 }
 
 // The register has the fields of the usual names.
@@ -172,10 +179,8 @@ void ReportBar::Show(const ReportState& state, const QString& payments) {
   period_->SetInForce(state.dates.has_value());
   chkTransfers_->setChecked(state.withoutTransfers);
   chkSubCategories_->setChecked(!state.foldsSubCategories);
-  constexpr int kBudget = 4;
-  constexpr int kByCategory = 5;
   constexpr int kTrades = 11;
-  chkSubCategories_->setVisible(state.report == kBudget || state.report == kByCategory);
+  chkSubCategories_->setVisible(HasSubCategories(state.report));
   chkDefaultCurrency_->setChecked(state.converts);
   if (const int at = cmbCurrencyR_->findData(ToQt(state.currency)); at >= 0) {
     cmbCurrencyR_->setCurrentIndex(at);

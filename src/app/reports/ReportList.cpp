@@ -16,7 +16,7 @@ namespace {
 constexpr int kNumberRole = Qt::UserRole;  // of a report; 0 for a saved one, absent for a root
 constexpr int kNameWidth = 36 * kRhythm;
 
-// What each of the standard reports answers, in their order.
+// What each of the reports answers, in their order.
 QString MeaningOf(int number) {
   static const char* const kMeanings[] = {
       QT_TRANSLATE_NOOP("ReportList", "What came in, what went out and what is left, by account"),
@@ -29,7 +29,11 @@ QString MeaningOf(int number) {
       QT_TRANSLATE_NOOP("ReportList", "The same, month by month"),
       QT_TRANSLATE_NOOP("ReportList", "Income and expense of each payment type"),
       QT_TRANSLATE_NOOP("ReportList", "What is held of each investment, and what it has gained"),
-      QT_TRANSLATE_NOOP("ReportList", "What was bought, sold and paid out")};
+      QT_TRANSLATE_NOOP("ReportList", "What was bought, sold and paid out"),
+      QT_TRANSLATE_NOOP("ReportList", "What you have less what you owe, at the end of each month"),
+      QT_TRANSLATE_NOOP("ReportList", "Income and expense of these days beside those before them"),
+      QT_TRANSLATE_NOOP("ReportList", "The plan of the month, what was spent, and what is left"),
+      QT_TRANSLATE_NOOP("ReportList", "What each account is likely to hold, day by day")};
   const auto place = static_cast<std::size_t>(number) - 1;
   return place < std::size(kMeanings) ? ReportList::tr(kMeanings[place]) : QString();
 }

@@ -7,6 +7,7 @@
 #include "app/TotalsLine.h"
 #include "app/ViewHeader.h"
 #include "app/WindowLayout.h"
+#include "app/lists/HeaderMenu.h"
 #include "app/reports/ReportBar.h"
 #include "app/reports/ReportDelegate.h"
 #include "app/reports/ReportList.h"
@@ -97,6 +98,8 @@ void ReportsView::MakeTable() {
   table_->setModel(model_);
   table_->setContextMenuPolicy(Qt::ActionsContextMenu);
   const MainActions& actions = place_.actions;
+  new HeaderMenu(*table_, {},
+                 {actions.mnuReportColumns, actions.mnuViewFit, actions.mnuViewWidths});
   table_->addActions({actions.mnuReportInto, actions.mnuReportExplain, actions.mnuEditCopy,
                       actions.mnuReportColumns, actions.mnuReportSave});
 }

@@ -49,7 +49,10 @@ class ReportsView : public QWidget, public MainView {
   [[nodiscard]] QWidget* Widget() override { return this; }
   [[nodiscard]] QString Title() const override;
   [[nodiscard]] QAction* AddCommand() const override { return nullptr; }
-  [[nodiscard]] SortedTable* Table() const override { return table_; }
+  // Null while the list of reports or a chart is shown.
+  [[nodiscard]] SortedTable* Table() const override {
+    return page_ == Page::Rows ? table_ : nullptr;
+  }
   [[nodiscard]] FilterStrip* Strip() const override { return strip_; }
   [[nodiscard]] SearchBox* Search() const override;
 
@@ -111,6 +114,8 @@ class ReportsView : public QWidget, public MainView {
   void SaveReport();
   void PickColumns();
   void ExportSheet();
+  // Opens the editor of the category that a row of a budget is of.
+  void EditBudget(std::size_t row);
   void LookInto(std::size_t row);
   void Explain(std::size_t row, std::size_t column);
   void ExplainChosen();

@@ -15,6 +15,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
+#include "reference/ReferenceDialogs.h"
 #include "reports/chart/ucReportChart.h"
 #include "reports/custom/DefinitionKeys.h"
 #include "reports/custom/FrmColumns.h"
@@ -34,6 +35,11 @@
 #include <algorithm>
 
 namespace corvanta::inline app {
+namespace {
+// The reports of the catalogue whose rows have a budget that can be changed.
+constexpr int kBudgetReport = 4;
+constexpr int kBudgetOfMonth = 14;
+}  // namespace
 
 void ReportsView::ConnectCommands() {
   const MainActions& actions = place_.actions;
@@ -267,6 +273,14 @@ void ReportsView::ExportSheet() {
   AskAndExportSheet(SheetOf(sheet), place_.platform);
 }
 
+void ReportsView::EditBudget(std::size_t row) {
+  const std::int64_t category = QString::fromStdString(report_.rows.at(row).groupKey).toLongLong();
+  const DialogResult result =
+      OpenReferenceEditor(ReferenceKind::Category, category,
+                          {place_.platform, place_.session.Ledger(), &place_.window});
+  if (result.isChanged) place_.host.Reload();
+}
+
 bool ReportsView::Can(EditTask task) const {
   if (page_ != Page::Rows || model_->rowCount() == 0) return false;
   if (task == EditTask::SelectAll) return true;
@@ -280,7 +294,11 @@ void ReportsView::Do(EditTask task) {
   if (task == EditTask::Copy) {
     QApplication::clipboard()->setText(RowsAsText(*table_, ChosenRowsOf(*table_)));
   }
-  if (task == EditTask::Details) LookInto(*RowAt(table_->currentIndex()));
+  if (task != EditTask::Details) return;
+  const std::size_t row = *RowAt(table_->currentIndex());
+  const bool isBudget = report_.report == kBudgetReport || report_.report == kBudgetOfMonth;
+  if (isBudget && report_.rows[row].kind == ReportRowKind::Group) return EditBudget(row);
+  LookInto(row);
 }
 
 void ReportsView::MarkCommands(bool isShown) {
