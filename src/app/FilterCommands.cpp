@@ -119,7 +119,8 @@ void FilterCommands::Mark() {
     texts.at(text) = ToQt(FilterLabel({filter.Search().text}));
     tips.at(text) = ToQt(filter.Search().text);
   }
-  panel_->Show(texts, tips);
+  const bool hasOthers = isOpen && place_.host.Shown().report.HasFilters();
+  panel_->Show(texts, tips, hasOthers);
   const auto status = static_cast<std::size_t>(FilterPiece::Status);
   texts.at(status) = tips.at(status) = isOpen ? StatusText() : QString();
   for (FilterStrip* strip : strips_) strip->Show(texts, tips);
@@ -129,7 +130,7 @@ void FilterCommands::Mark() {
         actions.mnuFilterInvestment, actions.mnuFilterKeyword, actions.mnuFilterText}) {
     action->setEnabled(isOpen);
   }
-  actions.mnuFilterNone->setEnabled(!filter.IsEmpty());
+  actions.mnuFilterNone->setEnabled(!filter.IsEmpty() || hasOthers);
 }
 
 QString FilterCommands::StatusText() const {
@@ -188,7 +189,12 @@ void FilterCommands::Remove(FilterPiece piece) {
 }
 
 void FilterCommands::Clear() {
-  Apply(RowFilter());
+  ViewCommand shown = place_.host.Shown();
+  if (!shown.report.HasFilters()) return Apply(RowFilter());
+  shown.rows = {};
+  shown.report.DropFilters();
+  place_.host.Show(shown);
+  place_.host.FocusView();
 }
 
 void FilterCommands::ShowAllStatuses() {

@@ -62,8 +62,9 @@ void FilterPanel::AddRow(QGridLayout& rows, FilterPiece piece, const QString& ca
   labels_.at(row) = label;
 }
 
-void FilterPanel::Show(const FilterStrip::Texts& texts, const FilterStrip::Texts& tips) {
-  bool isAny = false;
+void FilterPanel::Show(const FilterStrip::Texts& texts, const FilterStrip::Texts& tips,
+                       bool hasOthers) {
+  bool isAny = hasOthers;
   for (std::size_t row = 0; row < kRows; ++row) {
     const bool isSet = !texts.at(row).isEmpty();
     isAny = isAny || isSet;

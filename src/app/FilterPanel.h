@@ -22,7 +22,8 @@ class FilterPanel : public QFrame {
   explicit FilterPanel(QWidget* parent);
 
   // The text of each filter, empty for one that filters nothing. The statuses have no part in it.
-  void Show(const FilterStrip::Texts& texts, const FilterStrip::Texts& tips);
+  // `hasOthers`: there are filters that the panel does not show.
+  void Show(const FilterStrip::Texts& texts, const FilterStrip::Texts& tips, bool hasOthers);
   void Open(const QWidget& button);
 
  Q_SIGNALS:

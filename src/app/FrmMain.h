@@ -63,7 +63,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void Restore();
 
   // Issues a command: shows its view and remembers it for going back.
-  void Show(const ViewCommand& command);
+  void Show(const ViewCommand& command) override;
 
   // Greets who has never used the program, once. To be called when the window stands.
   void Greet();

@@ -7,6 +7,7 @@
 #include "app/RemindersPanel.h"
 #include "app/SafetyCommands.h"
 #include "app/WindowLayout.h"
+#include "app/overview/OverviewView.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/ucRibbon.h"
@@ -48,7 +49,8 @@ void FrmMain::Restore() {
   });
   account_ = known ? layout.account : 0;
   if (account_ == 0 && !accounts_.empty()) account_ = accounts_.front().accountId;
-  const MainView* view = FindView(FromQt(layout.view));
+  const bool isOverview = BeginsWithOverview(platform_.registry);
+  const MainView* view = FindView(isOverview ? std::string(kOverviewShow) : FromQt(layout.view));
   if (view == nullptr || (view->IsOfAccount() && account_ == 0)) view = views_.front();
   ShowView(view->Name());
   if (SortedTable* table = ShownTable(); table != nullptr && layout.sort.column >= 0) {

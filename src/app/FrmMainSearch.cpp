@@ -76,7 +76,7 @@ void FrmMain::ConnectSearch() {
 }
 
 void FrmMain::MarkSearch() {
-  actions_->mnuViewFit->setEnabled(session_.IsOpen());
+  actions_->mnuViewFit->setEnabled(session_.IsOpen() && ShownTable() != nullptr);
   actions_->mnuEditFind->setEnabled(view_ != nullptr && view_->Search() != nullptr);
 }
 

@@ -32,7 +32,8 @@ constexpr int kChosenWidth = 48 * kRhythm;
 }  // namespace
 
 MainView* FrmMain::FindView(std::string_view name) const {
-  const auto found = std::ranges::find(views_, name, &MainView::Name);
+  const auto found =
+      std::ranges::find_if(views_, [name](const MainView* view) { return view->Answers(name); });
   return found == views_.end() ? nullptr : *found;
 }
 
@@ -125,7 +126,9 @@ void FrmMain::ApplyFilter() {
 
 void FrmMain::ShowEverything() {
   const bool hasKeys = pages_->isAncestorOf(QApplication::focusWidget());
-  shown_ = ViewCommand{shown_.name, shown_.accountId};
+  ViewCommand everything{shown_.name, shown_.accountId};
+  everything.report = shown_.report.OfEverything();
+  shown_ = everything;
   history_.Replace(shown_);
   Reload();
   // The button that asked for it is gone.
@@ -229,12 +232,12 @@ void FrmMain::FillSortMenu() {
 
 void FrmMain::MarkCommands() {
   const bool isOpen = session_.IsOpen();
-  for (const MainView* view : views_) view->Entry()->setChecked(view->Name() == shown_.name);
+  for (const MainView* view : views_) view->Entry()->setChecked(view->Answers(shown_.name));
   actions_->mnuViewBack->setEnabled(isOpen && history_.CanGoBack());
   actions_->mnuViewForward->setEnabled(isOpen && history_.CanGoForward());
-  actions_->mnuViewSort->setEnabled(isOpen);
+  actions_->mnuViewSort->setEnabled(isOpen && ShownTable() != nullptr);
   actions_->mnuViewAll->setEnabled(isOpen && shown_.IsFiltered());
-  actions_->mnuViewWidths->setEnabled(isOpen);
+  actions_->mnuViewWidths->setEnabled(isOpen && ShownTable() != nullptr);
   filters_->Mark();
   MarkSearch();
   MarkUndo();

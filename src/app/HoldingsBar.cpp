@@ -47,7 +47,6 @@ HoldingsBar::HoldingsBar(const Locale& locale, Date today, QWidget* parent)
   for (auto* part : period_->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
     part->setObjectName(QStringLiteral("holdings_") + part->objectName());
     if (qobject_cast<QCheckBox*>(part) != nullptr) {
-      part->setObjectName(QStringLiteral("chkUnsetR"));
       part->setToolTip(tr("The returns of these days, instead of all"));
     }
   }
@@ -82,8 +81,8 @@ HoldingsScope HoldingsBar::Scope(Date today) const {
   scope.method = static_cast<CostMethod>(cmbMethod_->currentIndex());
   scope.withSold = chkSold_->isChecked();
   const std::optional<DateRange> chosen = period_->InForce();
-  scope.period = chosen ? Period{chosen->start, chosen->end}
-                        : Period{Date::FromYmd(kFirstYear, 1, 1).value_or(today), today};
+  scope.period = chosen ? corvanta::Period{chosen->start, chosen->end}
+                        : corvanta::Period{Date::FromYmd(kFirstYear, 1, 1).value_or(today), today};
   return scope;
 }
 
@@ -109,8 +108,13 @@ void HoldingsBar::SetPeriod(const DateRange& dates, bool isInForce) {
   period_->SetInForce(isInForce);
 }
 
-bool HoldingsBar::HasPeriod() const {
-  return period_->InForce().has_value();
+void HoldingsBar::SetPeriod(const std::optional<DateRange>& inForce) {
+  if (inForce) period_->SetDates(*inForce);
+  period_->SetInForce(inForce.has_value());
+}
+
+std::optional<DateRange> HoldingsBar::Period() const {
+  return period_->InForce();
 }
 
 void HoldingsBar::SetAccounts(const std::vector<std::pair<std::int64_t, std::string>>& accounts) {

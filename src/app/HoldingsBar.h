@@ -41,7 +41,9 @@ class HoldingsBar : public QWidget {
   void AddCommand(QAction* command);
   // The days in its two fields, and whether returns are of these. Sends no signal.
   void SetPeriod(const DateRange& dates, bool isInForce);
-  [[nodiscard]] bool HasPeriod() const;
+  [[nodiscard]] std::optional<DateRange> Period() const;
+  // In force, or none where there are no days; what is in the fields then stays. Sends no signal.
+  void SetPeriod(const std::optional<DateRange>& inForce);
   // Offers these; what was chosen stays so as far as it is there. Sends no signal.
   void SetAccounts(const std::vector<std::pair<std::int64_t, std::string>>& accounts);
   void SetCurrencies(const std::vector<std::string>& codes);

@@ -14,6 +14,7 @@
 #include "invest/InvestDialogs.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "platform/Registry.h"
 #include "platform/Settings.h"
 
 #include <QAction>
@@ -27,6 +28,8 @@ namespace {
 
 // Below it the charts leave the rows too little room.
 constexpr int kRoomForCharts = 50 * kRhythm;
+// Whether the days are in force; the reports have a value of their own.
+constexpr std::string_view kSetDate = "SetHoldingsDate";
 
 std::vector<ListColumn> Columns(const Locale& locale) {
   const ListWidths widths(locale);
@@ -91,7 +94,7 @@ HoldingsView::HoldingsView(const ViewPlace& place, QWidget* parent)
   const auto guarded = [this](void (HoldingsView::*act)()) {
     return [this, act] { Place().host.Guard([this, act] { (this->*act)(); }); };
   };
-  const auto reload = [this] { Place().host.Guard([this] { Show(Place().host.Shown()); }); };
+  const auto reload = [this] { Place().host.ApplyFilter(); };
   connect(bar_, &HoldingsBar::Changed, this, reload);
   connect(bar_, &HoldingsBar::CurrencyChosen, this, guarded(&HoldingsView::FetchRates));
   connect(bar_, &HoldingsBar::MethodChosen, this, [this, reload] {
@@ -105,6 +108,10 @@ HoldingsView::HoldingsView(const ViewPlace& place, QWidget* parent)
   place.On(place.actions.mnuHoldingAction, this, [this] { ActOnShares(); });
 }
 
+void HoldingsView::Remember(ViewCommand& command) const {
+  command.holdings = bar_->Period();
+}
+
 void HoldingsView::LetGo() {
   list_ = {};
   charts_->Clear();
@@ -113,16 +120,18 @@ void HoldingsView::LetGo() {
 void HoldingsView::Restore(const Registry& registry) {
   ListView::Restore(registry);
   const Settings settings(Place().platform.registry);
-  bar_->SetPeriod(settings.Dates(Place().host.Today()), settings.IsOn(Setting::SetReportDate));
+  bar_->SetPeriod(settings.Dates(Place().host.Today()),
+                  registry.Read(Hive::CurrentUser, kSettingsKey, kSetDate) == "1");
 }
 
 void HoldingsView::Keep(std::map<std::string, std::string>& values) const {
   ListView::Keep(values);
-  values[std::string(InfoOf(Setting::SetReportDate).name)] = bar_->HasPeriod() ? "1" : "0";
+  values[std::string(kSetDate)] = bar_->Period() ? "1" : "0";
 }
 
-void HoldingsView::Show(const ViewCommand& /*command*/) {
+void HoldingsView::Show(const ViewCommand& command) {
   FillBar();
+  bar_->SetPeriod(command.holdings);
   bar_->SetToday(Place().host.Today());
   const HoldingsScope scope = bar_->Scope(Place().host.Today());
   period_ = *scope.period;

@@ -24,6 +24,8 @@ class HoldingsView : public ListView {
   HoldingsView(const ViewPlace& place, QWidget* parent);
 
   void Show(const ViewCommand& command) override;
+  // The days of the returns.
+  void Remember(ViewCommand& command) const override;
   void LetGo() override;
   // The days of its returns begin as those of the register, in force when they were.
   void Restore(const Registry& registry) override;

@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/SvgIcon.h"
 #include "controls/TableHead.h"
 #include "platform/TextCase.h"
 #include "store/sql/StoreError.h"
@@ -52,6 +53,15 @@ std::unique_ptr<ListRows> ReadyRows(std::vector<ListRow> rows) {
 ListModel::ListModel(std::vector<ListColumn> columns, QObject* parent)
     : QAbstractTableModel(parent), columns_(std::move(columns)) {}
 
+void ListModel::SetColumns(std::vector<ListColumn> columns) {
+  beginResetModel();
+  columns_ = std::move(columns);
+  rows_ = nullptr;
+  sort_ = {};
+  PutInOrder();
+  endResetModel();
+}
+
 void ListModel::SetRows(std::unique_ptr<ListRows> rows) {
   beginResetModel();
   rows_ = std::move(rows);
@@ -75,6 +85,10 @@ void ListModel::PutInOrder() {
     keys = rows_->SortKeys(static_cast<std::size_t>(sort_.column));
   }
   order_ = SortedRows(count, sort_, [&keys](std::size_t row) { return std::move(keys[row]); });
+  if (rows_ && sort_.column >= 0) {
+    std::ranges::stable_partition(order_,
+                                  [this](std::size_t row) { return !rows_->StaysBelow(row); });
+  }
   if (rows_ && !query_.IsEmpty()) KeepFitting();
 }
 
@@ -167,6 +181,9 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
       return {};
     case Qt::FontRole:
       if (cell.isStrong) return ScaledFont(0, QFont::DemiBold);
+      return {};
+    case Qt::DecorationRole:
+      if (column == 0 && row.icon != nullptr) return SvgIcon(QLatin1String(row.icon));
       return {};
     case Qt::ToolTipRole:
       return row.toolTip.isEmpty() ? cell.text : row.toolTip;

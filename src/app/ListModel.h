@@ -36,6 +36,7 @@ struct ListRow {
   QString toolTip;
   std::optional<double> amount = std::nullopt;  // that the row comes to, signed
   std::string currency = {};                    // of the amount: its code
+  const char* icon = nullptr;                   // before its first cell
 };
 
 // The rows of a list, counted from 0 in their own order. A long list makes them as they come into
@@ -47,6 +48,8 @@ class ListRows {
   [[nodiscard]] virtual qint64 Key(std::size_t row) const = 0;
   // What each row is sorted by in that column.
   [[nodiscard]] virtual std::vector<SortKey> SortKeys(std::size_t column) const = 0;
+  // Whether the row stands below all others in whatever order, as totals do.
+  [[nodiscard]] virtual bool StaysBelow(std::size_t /*row*/) const { return false; }
   // These rows, in the order given.
   [[nodiscard]] virtual std::vector<ListRow> Make(const std::vector<std::size_t>& rows) const = 0;
 };
@@ -60,6 +63,8 @@ class ListModel : public QAbstractTableModel {
  public:
   ListModel(std::vector<ListColumn> columns, QObject* parent);
 
+  // Other columns, without rows.
+  void SetColumns(std::vector<ListColumn> columns);
   // The rows are shown in the order that was last asked for; null for none.
   void SetRows(std::unique_ptr<ListRows> rows);
   void Sort(const SortState& sort);

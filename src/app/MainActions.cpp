@@ -16,6 +16,7 @@ MainActions::MainActions(QWidget* window) : QObject(window), window_(window) {
   MakeSchedules();
   MakeReference();
   MakeInvestments();
+  MakeReports();
   MakeViews();
   MakeViewOptions();
   MakeItems();
@@ -190,7 +191,7 @@ void MainActions::MakeViews() {
   auto* views = new QActionGroup(this);
   for (QAction* view :
        {mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees, mnuViewSchedules,
-        mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings}) {
+        mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings, mnuViewReports, mnuViewOverview}) {
     view->setCheckable(true);
     views->addAction(view);
   }
@@ -282,7 +283,7 @@ void MainActions::SetDataOpen(bool open) const {
         mnuViewReconcile,   mnuFilePassword,    mnuFileKey,          mnuToolsShares,
         mnuToolsLookup,     mnuInvestDownload,  mnuFilePassphrase,   mnuAccountNew,
         mnuToolsCurrencies, mnuFileSaveAs,      mnuFileBackup,       mnuFileArchive,
-        mnuFileTransfer,    mnuHelpWelcome}) {
+        mnuFileTransfer,    mnuHelpWelcome,     mnuViewReports,      mnuViewOverview}) {
     action->setEnabled(open);
   }
 }

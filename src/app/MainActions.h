@@ -6,6 +6,7 @@
 
 #include <array>
 #include <utility>
+#include <vector>
 
 class QAction;
 class QMenu;
@@ -122,6 +123,14 @@ class MainActions : public QObject {
   QAction* mnuHoldingEdit;
   QAction* mnuHoldingAction;
 
+  std::vector<QAction*> mnuReports;  // in the order of the catalogue
+  QAction* mnuReportCustom;
+  QAction* mnuReportSave;
+  QAction* mnuReportColumns;
+  QAction* mnuReportSheet;
+  QAction* mnuReportInto;
+  QAction* mnuReportExplain;
+
   QAction* mnuToolsCalculator;
   QAction* mnuToolsCurrency;
   QAction* mnuToolsKeywords;
@@ -141,6 +150,8 @@ class MainActions : public QObject {
   QAction* mnuViewInvestments;
   QAction* mnuViewInvestTrans;
   QAction* mnuViewHoldings;
+  QAction* mnuViewReports;
+  QAction* mnuViewOverview;
   QAction* mnuViewReminders;
   QAction* mnuViewRibbon;
   QAction* mnuRibbonAdd;  // what the view in front lists
@@ -189,6 +200,7 @@ class MainActions : public QObject {
   void FillTransactions(QMenu& transactions) const;
   void MakeHelp();
   void MakeFilters();
+  void MakeReports();
   QAction* Make(const char* name, const QString& text, const char* icon, const QString& tip,
                 const QKeySequence& shortcut = {});
   QAction* MakeTick(const char* name, const QString& text, const QString& tip);
@@ -199,6 +211,7 @@ class MainActions : public QObject {
   static QMenu* AddSubmenu(QMenu& menu, const char* name, const QString& text);
   void FillInvestMenu(QMenu& investments) const;
   void FillViewMenu(QMenu& view) const;
+  void FillReportMenu(QMenu& reports) const;
 
   QWidget* window_;
 };

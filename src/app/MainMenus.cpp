@@ -59,6 +59,7 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
   payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
+  FillReportMenu(*AddMenu(menus, "mnuReports", tr("&Reports")));
   QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
   tools->addActions({mnuToolsCalculator, mnuToolsCurrency, mnuToolsKeywords});
   tools->addSeparator();
@@ -106,9 +107,9 @@ void MainActions::FillInvestMenu(QMenu& investments) const {
 }
 
 void MainActions::FillViewMenu(QMenu& view) const {
-  view.addActions({mnuViewAccounts, mnuViewRegister, mnuViewCategories, mnuViewPayees,
-                   mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans, mnuViewHoldings,
-                   mnuViewReminders, mnuViewRibbon});
+  view.addActions({mnuViewOverview, mnuViewAccounts, mnuViewRegister, mnuViewCategories,
+                   mnuViewPayees, mnuViewSchedules, mnuViewInvestments, mnuViewInvestTrans,
+                   mnuViewHoldings, mnuViewReminders, mnuViewRibbon});
   view.addSeparator();
   view.addActions({mnuViewBack, mnuViewForward});
   view.addSeparator();
@@ -140,6 +141,7 @@ void MainActions::FillRibbon(ucRibbon& ribbon) const {
   ribbon.AddButton(mnuViewPayees);
   ribbon.AddButton(mnuViewSchedules);
   ribbon.AddButton(mnuViewInvestments);
+  ribbon.AddButton(mnuViewReports);
   ribbon.AddSeparator();
   ribbon.AddButton(mnuRibbonAdd);
   ribbon.AddButton(mnuTransAutofill);

@@ -55,10 +55,12 @@ class MainView {
 
   // The command that shows it ("PayeeShow"), and its entry in the View menu.
   [[nodiscard]] virtual std::string_view Name() const = 0;
+  // Whether that command shows it; a view may have several.
+  [[nodiscard]] virtual bool Answers(std::string_view command) const { return command == Name(); }
   [[nodiscard]] virtual QAction* Entry() const = 0;
   [[nodiscard]] virtual QWidget* Widget() = 0;
   [[nodiscard]] virtual QString Title() const = 0;
-  // What adds an item of the kind that it lists.
+  // What adds an item of the kind that it lists; null for a view that lists none.
   [[nodiscard]] virtual QAction* AddCommand() const = 0;
   // Its list, whose columns are sorted and widened from the View menu; null for a view without.
   [[nodiscard]] virtual SortedTable* Table() const = 0;

@@ -8,6 +8,8 @@
 #include "app/PayeesView.h"
 #include "app/ScheduleView.h"
 #include "app/TransactionShowView.h"
+#include "app/overview/OverviewView.h"
+#include "app/reports/ReportsView.h"
 
 namespace corvanta::inline app {
 
@@ -21,6 +23,8 @@ std::vector<MainView*> MakeMainViews(const ViewPlace& place, QWidget* parent) {
   views.push_back(new InvestmentsView(place, parent));
   views.push_back(new InvestmentTransView(place, parent));
   views.push_back(new HoldingsView(place, parent));
+  views.push_back(new ReportsView(place, parent));
+  views.push_back(new OverviewView(place, parent));
   return views;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/reports/ReportState.h"
 #include "ledger/Period.h"
 #include "ledger/RowFilter.h"
 #include "ledger/StatusFilter.h"
@@ -20,6 +21,10 @@ inline constexpr std::string_view kScheduleShow = "LoadSchedule";
 inline constexpr std::string_view kInvestmentShow = "InvestmentShow";
 inline constexpr std::string_view kInvestmentTransShow = "InvestmentTransShow";
 inline constexpr std::string_view kHoldingShow = "HoldingShow";
+inline constexpr std::string_view kReportShow = "LoadReport";
+inline constexpr std::string_view kReportSelected = "LoadReportSelected";
+inline constexpr std::string_view kReportChart = "LoadReportChart";
+inline constexpr std::string_view kOverviewShow = "OverviewShow";
 
 // What the main window shows: the view's command and its parameters. Issuing it again shows the
 // view as it was.
@@ -29,13 +34,16 @@ struct ViewCommand {
   bool uncleared = true;                 // the three ticks of the View menu
   bool cleared = true;
   bool reconciled = true;
-  std::optional<DateRange> dates = std::nullopt;  // of a register that keeps to a period
-  RowFilter rows = {};                            // the filter lists and the search text
+  std::optional<DateRange> dates = std::nullopt;     // of a register that keeps to a period
+  RowFilter rows = {};                               // the filter lists and the search text
+  std::optional<DateRange> holdings = std::nullopt;  // the days of the holdings' returns
+  ReportState report = {};                           // what the reports view shows
 
   [[nodiscard]] StatusFilter Filter() const { return {uncleared, cleared, reconciled}; }
   // Whether rows of the account may be hidden.
   [[nodiscard]] bool IsFiltered() const {
-    return dates.has_value() || uncleared != cleared || cleared != reconciled || !rows.IsEmpty();
+    return dates.has_value() || uncleared != cleared || cleared != reconciled || !rows.IsEmpty() ||
+           report.IsFiltered();
   }
   [[nodiscard]] std::optional<Period> RegisterPeriod() const {
     if (!dates) return std::nullopt;

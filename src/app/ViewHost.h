@@ -53,6 +53,8 @@ class ViewHost {
 
   // --- Going somewhere
 
+  // The view that the command asks for, as it asks; the former one can be gone back to.
+  virtual void Show(const ViewCommand& command) = 0;
   // The view with what was chosen in it before.
   virtual void ShowView(std::string_view name) = 0;
   // The account's register, which gets the keys.

@@ -56,18 +56,23 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   QStyleOptionViewItem cell = option;
   initStyleOption(&cell, index);
   const bool selected = (cell.state & QStyle::State_Selected) != 0;
-  const bool odd = (cell.features & QStyleOptionViewItem::Alternate) != 0;
   painter->save();
-  const QColor background = cell.palette.color(selected ? QPalette::Highlight
-                                               : odd    ? QPalette::AlternateBase
-                                                        : QPalette::Base);
-  painter->fillRect(cell.rect, background);
-  if (!selected && HasLines(cell)) DrawRowLine(*painter, cell, background);
+  DrawBackground(*painter, cell);
   painter->setFont(cell.font);
   painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
   DrawText(*painter, CellTextRect(cell.rect, index.column(), index.model()->columnCount()),
            cell.text, (cell.displayAlignment & Qt::AlignRight) != 0);
   painter->restore();
+}
+
+void ListDelegate::DrawBackground(QPainter& painter, const QStyleOptionViewItem& cell) {
+  const bool selected = (cell.state & QStyle::State_Selected) != 0;
+  const bool odd = (cell.features & QStyleOptionViewItem::Alternate) != 0;
+  const QColor background = cell.palette.color(selected ? QPalette::Highlight
+                                               : odd    ? QPalette::AlternateBase
+                                                        : QPalette::Base);
+  painter.fillRect(cell.rect, background);
+  if (!selected && HasLines(cell)) DrawRowLine(painter, cell, background);
 }
 
 QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

@@ -23,6 +23,8 @@ class ListDelegate : public QStyledItemDelegate {
 
  protected:
   void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
+  // Fills the cell as its row is filled, with the line below it where lists have lines.
+  static void DrawBackground(QPainter& painter, const QStyleOptionViewItem& cell);
   // The text of a cell in the painter's font and colour.
   static void DrawText(QPainter& painter, const QRect& place, const QString& text, bool isNumber);
 };

@@ -67,6 +67,8 @@ class DecliningPrompts : public Prompts {
 
 class EveryCommand : public testing::Test {
  protected:
+  static constexpr int kArrangedReport = 3;  // its rows are transactions
+
   EveryCommand() {
     PutDataFile(machine_, StoreContent::Sample);
     session_.Open(true);
@@ -112,7 +114,9 @@ class EveryCommand : public testing::Test {
   // The view with its first row chosen, whatever the command before has done.
   void Arrange(std::string_view view) {
     if (!window_->isVisible()) window_->show();
-    window_->Show({view, view == kTransactionShow ? 1 : 0});
+    ViewCommand command{view, view == kTransactionShow ? 1 : 0};
+    if (view == kReportSelected || view == kReportChart) command.report.report = kArrangedReport;
+    window_->Show(command);
     if (SortedTable* table = Table(); table != nullptr && table->model()->rowCount() > 0) {
       table->setFocus();
       table->ChooseRow(0);
@@ -229,6 +233,8 @@ class EveryCommand : public testing::Test {
     const QString name = action.objectName();
     if (name == "mnuAccountList") return window_->Shown().name == kAccountShow;
     if (name == "mnuViewWidths") return Table() == nullptr || Table()->Widths().isEmpty();
+    const QString shown = QStringLiteral("mnuReport%1").arg(kArrangedReport);
+    if (name == shown && window_->Shown().name == kReportSelected) return true;
     return action.isChecked() && action.actionGroup() != nullptr;
   }
 
@@ -257,7 +263,8 @@ class EveryCommand : public testing::Test {
 
 constexpr std::string_view kViews[] = {kTransactionShow,     kAccountShow,  kCategoryShow,
                                        kPayeeShow,           kScheduleShow, kInvestmentShow,
-                                       kInvestmentTransShow, kHoldingShow};
+                                       kInvestmentTransShow, kHoldingShow,  kReportShow,
+                                       kReportSelected,      kReportChart,  kOverviewShow};
 
 class EveryCommandIn : public EveryCommand, public testing::WithParamInterface<std::string_view> {};
 

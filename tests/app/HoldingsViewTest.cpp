@@ -96,11 +96,30 @@ TEST_F(HoldingsViewTest, ThePersonChoosesCostsAccountDaysAndWhatIsSoldOut) {
   EXPECT_EQ(Cell(0, "Investment"), "Bolt");
   Pick<QComboBox>("cmbHoldingsAccount", 0);
   const std::string all = Cell(0, "Time-Weighted");
-  WindowTest::Find<QCheckBox>("chkUnsetR").click();
+  WindowTest::Find<QCheckBox>("holdings_chkUnset").click();
   EXPECT_NE(Cell(0, "Time-Weighted"), all) << "of the last year alone";
   Trigger("mnuViewPayees");
   Trigger("mnuViewHoldings");
   EXPECT_EQ(List().model()->rowCount(), 2) << "as it was left";
+}
+
+TEST_F(HoldingsViewTest, GoingBackBringsItsDaysAgain) {
+  Start();
+  auto& tick = WindowTest::Find<QCheckBox>("holdings_chkUnset");
+  tick.click();
+  WindowTest::Find<QDateEdit>("holdings_dtpFrom").setDate(QDate(2026, 3, 1));
+  Trigger("mnuViewPayees");
+  Trigger("mnuViewHoldings");
+  EXPECT_TRUE(tick.isChecked());
+  tick.click();
+  Trigger("mnuViewPayees");
+  Trigger("mnuViewBack");
+  EXPECT_FALSE(tick.isChecked());
+  Trigger("mnuViewBack");
+  Trigger("mnuViewBack");
+  EXPECT_EQ(window_->Shown().name, kHoldingShow);
+  EXPECT_TRUE(tick.isChecked());
+  EXPECT_EQ(window_->Shown().holdings->start.ToIso(), "2026-03-01");
 }
 
 TEST_F(HoldingsViewTest, ACorporateActionIsOneStepBack) {

@@ -92,7 +92,8 @@ TEST_F(Start, AFirstStartMakesTheSampleFileAndShowsIt) {
   ASSERT_TRUE(start.Run());
   ASSERT_NE(MainWindow(), nullptr);
   EXPECT_TRUE(MainWindow()->isVisible());
-  EXPECT_EQ(MainWindow()->Shown(), (ViewCommand{kTransactionShow, 1}));
+  EXPECT_EQ(MainWindow()->Shown(), (ViewCommand{kOverviewShow}));
+  EXPECT_EQ(MainWindow()->Accounts().size(), 1U);
 }
 
 // Counts how often a widget is painted.

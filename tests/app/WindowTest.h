@@ -25,6 +25,8 @@ namespace corvanta {
 // The main window on a data file of its own, shown where nobody sees it.
 class WindowTest : public testing::Test {
  protected:
+  // Begins with the view that was left, as who has switched the overview off.
+  WindowTest() { machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "ShowOverview", "0"); }
   ~WindowTest() override {
     window_.reset();
     session_.Close();

@@ -1,0 +1,273 @@
+#include "app/overview/OverviewView.h"
+
+#include "app/LedgerSession.h"
+#include "app/MainActions.h"
+#include "app/ViewHeader.h"
+#include "app/search/SearchBox.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
+#include "platform/Registry.h"
+#include "reports/print/PrintTable.h"
+#include "reports/query/ReportCatalogue.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QHBoxLayout>
+#include <QScrollArea>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace corvanta::inline app {
+namespace {
+
+constexpr const char* kShowAtStart = "ShowOverview";
+constexpr int kTileWidth = 46 * kRhythm;
+constexpr int kMostColumns = 3;
+constexpr std::size_t kMostLines = 10;
+constexpr int kCashFlow = 2;
+constexpr int kBudgets = 4;
+
+}  // namespace
+
+bool BeginsWithOverview(const Registry& registry) {
+  return registry.Read(Hive::CurrentUser, kSettingsKey, kShowAtStart) != "0";
+}
+
+OverviewView::OverviewView(const ViewPlace& place, QWidget* parent)
+    : QWidget(parent),
+      place_(place),
+      header_(new ViewHeader(this)),
+      page_(new QWidget(this)),
+      columns_(new QHBoxLayout),
+      balances_(new OverviewTile("Balances", tr("Balances Today"), tr("Show the accounts"), page_)),
+      due_(new OverviewTile("Due", tr("Due"), tr("Show the schedules"), page_)),
+      month_(new OverviewTile("Month", tr("This Month"), tr("Show the cash flow by month"), page_)),
+      budget_(new OverviewTile("Budget", tr("Budget"), tr("Show this month's budget"), page_)),
+      worth_(new OverviewTile("Worth", tr("Net Worth"), tr("Show what it is made of"), page_)),
+      chkOverview_(new QCheckBox(tr("Begin &with this page"), page_)) {
+  setObjectName(QStringLiteral("pnlOverview"));
+  chkOverview_->setObjectName(QStringLiteral("chkOverview"));
+  chkOverview_->setToolTip(tr("Show it when the program starts"));
+  header_->Search().hide();
+  columns_->setSpacing(2 * kRhythm);
+  auto* rows = new QVBoxLayout(page_);
+  rows->setContentsMargins(2 * kRhythm, kRhythm, 2 * kRhythm, 2 * kRhythm);
+  rows->setSpacing(2 * kRhythm);
+  rows->addLayout(columns_);
+  rows->addWidget(chkOverview_);
+  rows->addStretch(1);
+  auto* scroll = new QScrollArea(this);
+  scroll->setWidgetResizable(true);
+  scroll->setFrameShape(QFrame::NoFrame);
+  scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  scroll->setFocusPolicy(Qt::NoFocus);
+  scroll->setWidget(page_);
+  auto* column = new QVBoxLayout(this);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(header_);
+  column->addWidget(scroll, 1);
+  ArrangeTiles(1);
+  Connect();
+  setFocusProxy(balances_->findChild<QWidget*>(QStringLiteral("cmdBalances")));
+}
+
+void OverviewView::Connect() {
+  const auto guarded = [this](OverviewTile* tile, const std::function<void()>& go) {
+    connect(tile, &OverviewTile::Chosen, this, [this, go] { place_.host.Guard(go); });
+  };
+  guarded(balances_, [this] { place_.actions.mnuViewAccounts->trigger(); });
+  guarded(due_, [this] { place_.actions.mnuViewSchedules->trigger(); });
+  guarded(month_, [this] {
+    ShowReport(kCashFlow, Period{overview_.lastMonth.from, overview_.thisMonth.to});
+  });
+  guarded(budget_, [this] { ShowReport(kBudgets, overview_.thisMonth); });
+  guarded(worth_, [this] { ShowNetWorth(); });
+}
+
+QAction* OverviewView::Entry() const {
+  return place_.actions.mnuViewOverview;
+}
+
+QAction* OverviewView::AddCommand() const {
+  return place_.actions.mnuTransAdd;
+}
+
+void OverviewView::ArrangeTiles(int columns) {
+  if (columns == columnCount_) return;
+  columnCount_ = columns;
+  while (QLayoutItem* former = columns_->takeAt(0)) {
+    while (QLayoutItem* item = former->layout()->takeAt(0)) delete item;
+    delete former;
+  }
+  // What is looked at first stands at the left and above.
+  const std::vector<OverviewTile*> tiles = {balances_, month_, due_, worth_, budget_};
+  std::vector<QVBoxLayout*> made;
+  for (int column = 0; column < columns; ++column) {
+    made.push_back(new QVBoxLayout);
+    made.back()->setSpacing(2 * kRhythm);
+    columns_->addLayout(made.back(), 1);
+  }
+  for (std::size_t tile = 0; tile < tiles.size(); ++tile) {
+    made[tile % made.size()]->addWidget(tiles[tile]);
+  }
+  for (QVBoxLayout* column : made) column->addStretch(1);
+}
+
+void OverviewView::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  ArrangeTiles(std::clamp(width() / kTileWidth, 1, kMostColumns));
+}
+
+void OverviewView::Show(const ViewCommand& /*command*/) {
+  const Date today = place_.host.Today();
+  overview_ = ReadOverview(place_.session.Ledger(), today, place_.session.Rates(), place_.platform);
+  header_->Show(tr("Overview"), ToQt(place_.platform.locale.FormatLongDate(today)));
+  balances_->Show(BalanceLines());
+  due_->Show(DueLines());
+  month_->Show(MonthLines());
+  budget_->Show(BudgetLines());
+  worth_->Show(WorthLines());
+}
+
+void OverviewView::LetGo() {
+  overview_ = {};
+  for (OverviewTile* tile : {balances_, due_, month_, budget_, worth_}) tile->Show({});
+}
+
+void OverviewView::Restore(const Registry& registry) {
+  chkOverview_->setChecked(BeginsWithOverview(registry));
+}
+
+void OverviewView::Keep(std::map<std::string, std::string>& values) const {
+  values[kShowAtStart] = chkOverview_->isChecked() ? "1" : "0";
+}
+
+OverviewTile::Cell OverviewView::Money(double amount, bool isStrong) const {
+  return {ToQt(place_.platform.locale.FormatNumber(amount)), amount < 0, isStrong};
+}
+
+std::vector<OverviewView::Line> OverviewView::BalanceLines() const {
+  std::vector<Line> lines;
+  for (const AccountRow& account : overview_.accounts) {
+    if (lines.size() == kMostLines) break;
+    lines.push_back({{{ToQt(account.account)},
+                      Money(account.balance),
+                      {ToQt(account.currency), false, false, true}},
+                     [this, id = account.accountId] {
+                       place_.host.Guard([this, id] { place_.host.OpenAccount(id); });
+                     }});
+  }
+  const std::size_t left = overview_.accounts.size() - lines.size();
+  if (left > 0) lines.push_back({{{tr("and %1 more").arg(left), false, false, true}}});
+  if (lines.empty()) lines.push_back({{{tr("There is no account yet"), false, false, true}}});
+  return lines;
+}
+
+std::vector<OverviewView::Line> OverviewView::DueLines() const {
+  std::vector<Line> lines;
+  const Locale& own = place_.platform.locale;
+  const auto add = [&](const std::vector<Reminder>& items, bool isOverdue) {
+    for (const Reminder& item : items) {
+      if (lines.size() == kMostLines || item.isReceiving) continue;
+      lines.push_back({{{ToQt(item.payee), false, isOverdue},
+                        {ToQt(own.FormatShortDate(item.date)), isOverdue, false, !isOverdue},
+                        Money(item.amount),
+                        {ToQt(item.currency), false, false, true}}});
+    }
+  };
+  add(overview_.due.overdue, true);
+  add(overview_.due.future, false);
+  if (lines.empty()) {
+    lines.push_back({{{tr("Nothing is due in the next two weeks"), false, false, true}}});
+  }
+  return lines;
+}
+
+std::vector<OverviewView::Line> OverviewView::MonthLines() const {
+  std::vector<Line> lines;
+  for (const Overview::Flow& flow : overview_.flows) {
+    lines.push_back({{{ToQt(flow.currency), false, false, true},
+                      {tr("this month"), false, false, true},
+                      {tr("last month"), false, false, true}}});
+    lines.push_back({{{tr("Income")}, Money(flow.income), Money(flow.lastIncome)}});
+    lines.push_back({{{tr("Expense")}, Money(flow.expense), Money(flow.lastExpense)}});
+    lines.push_back({{{tr("Left over"), false, true},
+                      Money(flow.income + flow.expense, true),
+                      Money(flow.lastIncome + flow.lastExpense, true)}});
+  }
+  if (lines.empty()) {
+    lines.push_back({{{tr("No transactions in this month and the last one"), false, false, true}}});
+  }
+  return lines;
+}
+
+std::vector<OverviewView::Line> OverviewView::BudgetLines() const {
+  std::vector<Line> lines;
+  for (const Overview::Plan& plan : overview_.plans) {
+    const double left = plan.actual - plan.budget;
+    const OverviewTile::Cell code{ToQt(plan.currency), false, false, true};
+    lines.push_back({{{tr("To be spent this month")}, Money(-plan.budget), code}});
+    lines.push_back({{{tr("Spent")}, Money(-plan.actual), code}});
+    lines.push_back(
+        {{{left < 0 ? tr("Too much") : tr("Left"), false, true}, Money(left, true), code}});
+  }
+  if (lines.empty()) {
+    lines.push_back({{{tr("No category has a budget"), false, false, true}}});
+  }
+  return lines;
+}
+
+std::vector<OverviewView::Line> OverviewView::WorthLines() const {
+  std::vector<Line> lines;
+  for (const Overview::Worth& worth : overview_.worths) {
+    const OverviewTile::Cell code{ToQt(worth.currency), false, false, true};
+    lines.push_back({{{tr("What you have")}, Money(worth.assets), code}});
+    if (worth.debts < 0) lines.push_back({{{tr("What you owe")}, Money(worth.debts), code}});
+    lines.push_back(
+        {{{tr("Net worth"), false, true}, Money(worth.assets + worth.debts, true), code}});
+  }
+  if (lines.empty()) lines.push_back({{{tr("There is no account yet"), false, false, true}}});
+  return lines;
+}
+
+void OverviewView::ShowReport(int number, const std::optional<Period>& days) {
+  ViewCommand command{kReportSelected};
+  command.report.report = number;
+  if (days) command.report.dates = DateRange{days->from, days->to};
+  place_.host.Show(command);
+  place_.host.FocusView();
+}
+
+// Month by month where there is such a report, or else by account.
+void OverviewView::ShowNetWorth() {
+  const auto& reports = ReportCatalogue();
+  const auto found = std::ranges::find_if(reports, [](const ReportInfo& report) {
+    return QLatin1String(report.name).contains(QLatin1String("Net Worth"));
+  });
+  ShowReport(found == reports.end() ? 1 : found->number, std::nullopt);
+}
+
+PrintTable OverviewView::Printed() const {
+  PrintTable table;
+  table.title = FromQt(tr("Overview"));
+  const int width = kTileWidth;
+  table.columns = {{std::string(), width},
+                   {std::string(), width / 2, PrintAlignment::Right},
+                   {std::string(), width / 2, PrintAlignment::Right},
+                   {std::string(), width / 4, PrintAlignment::Left}};
+  for (const OverviewTile* tile : {balances_, due_, month_, budget_, worth_}) {
+    table.rows.push_back({FromQt(tile->Heading())});
+    for (const OverviewTile::Line& line : tile->Lines()) {
+      std::vector<std::string> cells;
+      for (const OverviewTile::Cell& cell : line.cells) cells.push_back(FromQt(cell.text));
+      table.rows.push_back(std::move(cells));
+    }
+  }
+  return table;
+}
+
+}  // namespace corvanta::inline app

@@ -1,0 +1,213 @@
+#include "app/reports/ReportBar.h"
+
+#include "app/FilterChip.h"
+#include "app/PeriodBar.h"
+#include "controls/FlowLayout.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "ledger/InvestmentRecord.h"
+#include "ledger/ReferenceRecords.h"
+#include "reports/query/ReportCatalogue.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QLayout>
+#include <QMenu>
+#include <QSignalBlocker>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace corvanta::inline app {
+namespace {
+
+constexpr int kLongestCurrency = 22;  // characters
+
+QCheckBox* MakeTick(const QString& text, const char* name, const QString& tip, QWidget* parent) {
+  auto* tick = new QCheckBox(text, parent);
+  tick->setObjectName(QLatin1String(name));
+  tick->setToolTip(tip);
+  return tick;
+}
+
+// Whether the rows of the report are categories.
+bool HasSubCategories(int report) {
+  const ReportInfo* info = FindReport(report);
+  return info != nullptr && std::string_view(info->headers).starts_with("Category,");
+}
+
+// The register has the fields of the usual names.
+void Rename(const PeriodBar& period) {
+  const auto rename = [&period](const char* from, const char* to) {
+    period.findChild<QWidget*>(QLatin1String(from))->setObjectName(QLatin1String(to));
+  };
+  rename("dtpFrom", "DTPickSRep");
+  rename("dtpTo", "DTPickERep");
+  rename("chkUnset", "chkUnsetR");
+  rename("cmdPeriods", "cmdPeriodsR");
+}
+
+}  // namespace
+
+ReportBar::ReportBar(const Locale& locale, QWidget* parent)
+    : QWidget(parent),
+      period_(new PeriodBar(locale, this)),
+      chkTransfers_(MakeTick(tr("Leave out &transfers"), "chkTransfers",
+                             tr("Count no money that moves between accounts"), this)),
+      chkSubCategories_(MakeTick(tr("Su&b-categories"), "chkSubCategories",
+                                 tr("A row for each sub-category, or one for each category"),
+                                 this)),
+      chkDefaultCurrency_(MakeTick(tr("Con&vert into"), "chkDefaultCurrency",
+                                   tr("Convert the totals with today's exchange rates"), this)),
+      cmbCurrencyR_(new QComboBox(this)),
+      cmdActions_(new QToolButton(this)),
+      actions_(new QMenu(this)),
+      payments_(new FilterChip(this)) {
+  setObjectName(QStringLiteral("pnlReport"));
+  period_->layout()->setContentsMargins(0, 0, 0, 0);
+  Rename(*period_);
+  cmbCurrencyR_->setObjectName(QStringLiteral("cmbCurrencyR"));
+  cmbCurrencyR_->setAccessibleName(tr("The currency of the report"));
+  cmbCurrencyR_->setToolTip(cmbCurrencyR_->accessibleName());
+  // A long name must not widen the window.
+  cmbCurrencyR_->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+  cmbCurrencyR_->setMinimumContentsLength(kLongestCurrency);
+  MakeActions();
+  payments_->SetCaption(QStringLiteral("Payment"), tr("Payment types"));
+  payments_->hide();
+  Arrange();
+  connect(period_, &PeriodBar::Changed, this, &ReportBar::Changed);
+  for (QCheckBox* tick : {chkTransfers_, chkSubCategories_, chkDefaultCurrency_}) {
+    connect(tick, &QCheckBox::clicked, this, &ReportBar::Changed);
+  }
+  connect(cmbCurrencyR_, &QComboBox::activated, this, [this] {
+    // Another currency that nothing is converted into changes nothing.
+    if (chkDefaultCurrency_->isChecked()) Q_EMIT Changed();
+  });
+  connect(payments_, &FilterChip::Removed, this, [this] {
+    hasPayments_ = false;
+    Q_EMIT Changed();
+  });
+}
+
+void ReportBar::Arrange() {
+  auto* currency = new QWidget(this);
+  auto* pair = new QHBoxLayout(currency);
+  pair->setContentsMargins(0, 0, 0, 0);
+  pair->setSpacing(kRhythm);
+  pair->addWidget(chkDefaultCurrency_);
+  pair->addWidget(cmbCurrencyR_);
+  auto* line = new FlowLayout(this);
+  line->setContentsMargins(2 * kRhythm, 0, 2 * kRhythm, kRhythm);
+  line->setSpacing(kRhythm);
+  const std::vector<QWidget*> parts = {period_,           chkTransfers_, currency,
+                                       chkSubCategories_, cmdActions_,   payments_};
+  for (QWidget* part : parts) {
+    // Ticks stand in the middle of a row as the fields do.
+    part->setMinimumHeight(period_->sizeHint().height());
+    line->addWidget(part);
+  }
+}
+
+void ReportBar::MakeActions() {
+  cmdActions_->setObjectName(QStringLiteral("cmdActionFilter"));
+  cmdActions_->setToolTip(tr("Which investment transactions are counted"));
+  cmdActions_->setPopupMode(QToolButton::InstantPopup);
+  cmdActions_->setFocusPolicy(Qt::StrongFocus);
+  cmdActions_->setMenu(actions_);
+  for (const InvestActionName& name : kInvestActions) {
+    QAction* action = actions_->addAction(QLatin1String(name.name));
+    action->setCheckable(true);
+    connect(action, &QAction::triggered, this, [this] {
+      ShowActions();
+      Q_EMIT Changed();
+    });
+  }
+  ShowActions();
+}
+
+void ReportBar::ShowActions() {
+  QStringList names;
+  for (const QAction* action : actions_->actions()) {
+    if (action->isChecked()) names.append(action->text());
+  }
+  cmdActions_->setText(names.isEmpty() ? tr("All actions") : names.join(QStringLiteral(", ")));
+}
+
+void ReportBar::SetToday(Date today) {
+  period_->SetToday(today);
+}
+
+void ReportBar::SetDates(const DateRange& dates, bool isInForce) {
+  period_->SetDates(dates);
+  period_->SetInForce(isInForce);
+}
+
+bool ReportBar::HasDates() const {
+  return period_->InForce().has_value();
+}
+
+void ReportBar::SetCurrencies(const std::vector<CurrencyRecord>& all,
+                              const std::vector<std::string>& first) {
+  const QSignalBlocker quiet(cmbCurrencyR_);
+  const QVariant chosen = cmbCurrencyR_->currentData();
+  cmbCurrencyR_->clear();
+  const auto add = [this](const CurrencyRecord& currency) {
+    const QString code = ToQt(currency.currency);
+    const QString behind = QStringLiteral(" (%1)").arg(code);
+    QString text = ToQt(currency.description);
+    // Many a description has it already.
+    if (!text.endsWith(behind)) text += behind;
+    cmbCurrencyR_->addItem(text, code);
+  };
+  const auto isFirst = [&first](const CurrencyRecord& currency) {
+    return std::ranges::find(first, currency.currency) != first.end();
+  };
+  for (const CurrencyRecord& currency : all) {
+    if (isFirst(currency)) add(currency);
+  }
+  if (cmbCurrencyR_->count() > 0) cmbCurrencyR_->insertSeparator(cmbCurrencyR_->count());
+  for (const CurrencyRecord& currency : all) {
+    if (!isFirst(currency)) add(currency);
+  }
+  cmbCurrencyR_->setCurrentIndex(std::max(0, cmbCurrencyR_->findData(chosen)));
+}
+
+void ReportBar::Show(const ReportState& state, const QString& payments) {
+  if (state.dates) period_->SetDates(*state.dates);
+  period_->SetInForce(state.dates.has_value());
+  chkTransfers_->setChecked(state.withoutTransfers);
+  chkSubCategories_->setChecked(!state.foldsSubCategories);
+  constexpr int kTrades = 11;
+  chkSubCategories_->setVisible(HasSubCategories(state.report));
+  chkDefaultCurrency_->setChecked(state.converts);
+  if (const int at = cmbCurrencyR_->findData(ToQt(state.currency)); at >= 0) {
+    cmbCurrencyR_->setCurrentIndex(at);
+  }
+  for (QAction* action : actions_->actions()) {
+    action->setChecked(std::ranges::find(state.actions, FromQt(action->text())) !=
+                       state.actions.end());
+  }
+  ShowActions();
+  cmdActions_->setVisible(state.report == kTrades || !state.actions.empty());
+  hasPayments_ = !state.paymentTypes.empty();
+  payments_->Show(payments, payments);
+  layout()->invalidate();
+  updateGeometry();
+}
+
+void ReportBar::Read(ReportState& state) const {
+  state.dates = period_->InForce();
+  state.withoutTransfers = chkTransfers_->isChecked();
+  state.foldsSubCategories = !chkSubCategories_->isChecked();
+  state.converts = chkDefaultCurrency_->isChecked();
+  state.currency = FromQt(cmbCurrencyR_->currentData().toString());
+  state.actions.clear();
+  for (const QAction* action : actions_->actions()) {
+    if (action->isChecked()) state.actions.push_back(FromQt(action->text()));
+  }
+  if (!hasPayments_) state.paymentTypes.clear();
+}
+
+}  // namespace corvanta::inline app

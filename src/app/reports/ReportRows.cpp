@@ -1,0 +1,148 @@
+#include "app/reports/ReportRows.h"
+
+#include "app/ListWidths.h"
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Locale.h"
+#include "platform/TextCase.h"
+#include "reports/query/ReportTable.h"
+
+#include <algorithm>
+
+namespace corvanta::inline app {
+namespace {
+
+using Content = ReportColumn::Content;
+
+constexpr int kSmallestText = 10 * kRhythm;
+
+class ReportRows : public ListRows {
+ public:
+  ReportRows(const ReportTable& table, const Locale& locale, int decimals)
+      : table_(table), locale_(locale), decimals_(decimals), figure_(FigureColumn(table)) {}
+
+  [[nodiscard]] std::size_t Count() const override { return table_.rows.size(); }
+  [[nodiscard]] qint64 Key(std::size_t row) const override { return static_cast<qint64>(row) + 1; }
+  [[nodiscard]] bool StaysBelow(std::size_t row) const override {
+    return table_.rows[row].kind == ReportRowKind::Total;
+  }
+  [[nodiscard]] std::vector<SortKey> SortKeys(std::size_t column) const override {
+    std::vector<SortKey> keys;
+    keys.reserve(table_.rows.size());
+    for (const ReportRow& row : table_.rows) {
+      const ListCell cell = Cell(row, column);
+      keys.push_back(cell.number ? SortKey(*cell.number) : SortKey(FoldCase(FromQt(cell.text))));
+    }
+    return keys;
+  }
+  [[nodiscard]] std::vector<ListRow> Make(const std::vector<std::size_t>& rows) const override {
+    std::vector<ListRow> made;
+    made.reserve(rows.size());
+    for (const std::size_t row : rows) made.push_back(MakeRow(row));
+    return made;
+  }
+
+ private:
+  [[nodiscard]] ListRow MakeRow(std::size_t place) const {
+    const ReportRow& row = table_.rows[place];
+    ListRow made;
+    made.key = Key(place);
+    for (std::size_t column = 0; column < table_.columns.size(); ++column) {
+      made.cells.push_back(Cell(row, column));
+      made.cells.back().isStrong = row.kind == ReportRowKind::Total;
+    }
+    if (row.kind == ReportRowKind::Group) made.icon = "plus";
+    if (row.kind != ReportRowKind::Total) {
+      made.amount = AmountOf(row);
+      made.currency = row.currency;
+    }
+    return made;
+  }
+
+  // What the row adds to the chosen ones: a running balance is not what a transaction comes to.
+  [[nodiscard]] std::optional<double> AmountOf(const ReportRow& row) const {
+    const auto income = table_.Column("Income");
+    const auto expense = table_.Column("Expense");
+    if (row.transactionId != 0 && income && expense) {
+      return Cell(row, *income).number.value_or(0) + Cell(row, *expense).number.value_or(0);
+    }
+    return figure_ ? Cell(row, *figure_).number : std::nullopt;
+  }
+
+  [[nodiscard]] ListCell Cell(const ReportRow& row, std::size_t column) const {
+    if (column >= row.cells.size() || row.cells[column].IsNull()) return {};
+    const Value& value = row.cells[column];
+    const Content content = table_.columns[column].content;
+    if (value.IsText()) {
+      const auto day = content == Content::Date ? value.AsDate() : std::nullopt;
+      if (!day) return {ToQt(value.Text())};
+      return {ToQt(locale_.FormatShortDate(*day)), static_cast<double>(day->Serial())};
+    }
+    const double number = value.Double();
+    if (content == Content::Count) return {ToQt(locale_.FormatNumber(number, 0)), number};
+    if (content == Content::Quantity) {
+      return {ToQt(locale_.FormatNumber(number, decimals_)), number};
+    }
+    return {ToQt(locale_.FormatNumber(number)), number};
+  }
+
+  const ReportTable& table_;
+  const Locale& locale_;
+  int decimals_;
+  std::optional<std::size_t> figure_;
+};
+
+int SampleWidth(const ReportColumn& column, const ListWidths& widths) {
+  switch (column.content) {
+    case Content::Date:
+      return widths.Day();
+    case Content::Count:
+      return widths.Figure(99999, 0);
+    case Content::Quantity:
+      return widths.Figure(9999.99, 4);
+    case Content::Money:
+      return widths.Figure(-99999.99);
+    case Content::Text:
+      break;
+  }
+  return widths.Text(QStringLiteral("GBPGBP"));
+}
+
+}  // namespace
+
+std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, const Locale& locale) {
+  const ListWidths widths(locale);
+  std::vector<ListColumn> made;
+  for (const ReportColumn& column : columns) {
+    const QString title = ToQt(column.header);
+    const int own = std::max(SampleWidth(column, widths), widths.Text(title));
+    ListColumn shown{title, own, 0, column.HoldsNumbers()};
+    const bool isName = column.content == Content::Text && column.header != "Currency" &&
+                        column.header != "Status" && column.header != "Symbol";
+    if (isName) {
+      // Its totals say of which currency they are.
+      const int total = widths.Text(QStringLiteral("Total (GBP)")) + 2 * kRhythm;
+      // The first one says what the row is.
+      shown.stretch = made.empty() ? 3 : 2;
+      shown.width = std::max(own, widths.Text(QStringLiteral("A name of some length")));
+      shown.smallest = std::max(made.empty() ? total : kSmallestText, widths.Text(title));
+      if (column.header == "Ref") shown.width = shown.smallest;
+    }
+    made.push_back(shown);
+  }
+  return made;
+}
+
+std::unique_ptr<ListRows> RowsOf(const ReportTable& table, const Locale& locale, int decimals) {
+  return std::make_unique<ReportRows>(table, locale, decimals);
+}
+
+std::optional<std::size_t> FigureColumn(const ReportTable& table) {
+  std::optional<std::size_t> last;
+  for (std::size_t column = 0; column < table.columns.size(); ++column) {
+    if (table.columns[column].content == Content::Money) last = column;
+  }
+  return last;
+}
+
+}  // namespace corvanta::inline app

@@ -1,0 +1,54 @@
+#include "app/reports/ReportState.h"
+
+#include "app/ViewCommand.h"
+
+namespace corvanta::inline app {
+namespace {
+constexpr std::int64_t kNobody = -1;  // no row has it
+}
+
+void ReportState::DropFilters() {
+  actions.clear();
+  paymentTypes.clear();
+  emptied.clear();
+}
+
+ReportState ReportState::OfEverything() const {
+  ReportState all = *this;
+  all.DropFilters();
+  all.dates.reset();
+  all.withoutTransfers = false;
+  return all;
+}
+
+ReportState ReportState::Other(int number) const {
+  ReportState other = *this;
+  other.report = number;
+  other.DropFilters();
+  other.columns.clear();
+  other.widths.clear();
+  other.definition.clear();
+  return other;
+}
+
+ReportRequest RequestOf(const ViewCommand& command, bool withClosedAccounts) {
+  const ReportState& state = command.report;
+  ReportRequest request;
+  request.report = state.report;
+  request.filter = command.rows;
+  if (state.emptiedWith == command.rows) {
+    for (const FilterKind kind : state.emptied) request.filter.SetKeys(kind, {kNobody});
+  }
+  request.actions = state.actions;
+  request.paymentTypes = state.paymentTypes;
+  if (state.dates) request.range = Period{state.dates->start, state.dates->end};
+  request.status = command.Filter();
+  request.withClosedAccounts = withClosedAccounts;
+  request.withoutTransfers = state.withoutTransfers;
+  request.foldsSubCategories = state.foldsSubCategories;
+  request.currency = state.currency;
+  request.converts = state.converts && !state.currency.empty();
+  return request;
+}
+
+}  // namespace corvanta::inline app

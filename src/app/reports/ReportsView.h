@@ -1,0 +1,153 @@
+#pragma once
+
+#include "app/MainView.h"
+#include "app/ViewCommand.h"
+#include "app/ViewHost.h"
+#include "reports/query/ReportTable.h"
+
+#include <QWidget>
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+class QStackedWidget;
+class QTabBar;
+
+namespace corvanta::inline controls {
+class EmptyState;
+}
+
+namespace corvanta::inline reports {
+class ucReportChart;
+struct ReadDefinition;
+}  // namespace corvanta::inline reports
+
+namespace corvanta::inline app {
+
+class ListModel;
+class ListSearch;
+class ReportBar;
+class ReportList;
+class TotalsLine;
+class ViewHeader;
+
+// The view of "LoadReport", "LoadReportSelected" and "LoadReportChart": the list of reports, the
+// rows of the one that was chosen, and its chart, each behind a tab. A click on a row that stands
+// for others looks into it; a figure says what it is made of.
+class ReportsView : public QWidget, public MainView {
+  Q_OBJECT
+
+ public:
+  ReportsView(const ViewPlace& place, QWidget* parent);
+  ~ReportsView() override;
+
+  [[nodiscard]] std::string_view Name() const override { return kReportShow; }
+  [[nodiscard]] bool Answers(std::string_view command) const override;
+  [[nodiscard]] QAction* Entry() const override;
+  [[nodiscard]] QWidget* Widget() override { return this; }
+  [[nodiscard]] QString Title() const override;
+  [[nodiscard]] QAction* AddCommand() const override { return nullptr; }
+  // Null while the list of reports or a chart is shown.
+  [[nodiscard]] SortedTable* Table() const override {
+    return page_ == Page::Rows ? table_ : nullptr;
+  }
+  [[nodiscard]] FilterStrip* Strip() const override { return strip_; }
+  [[nodiscard]] SearchBox* Search() const override;
+
+  void Show(const ViewCommand& command) override;
+  // The report, its days and ticks.
+  void Remember(ViewCommand& command) const override;
+  [[nodiscard]] ViewSurroundings Surroundings() const override;
+  void Forget() override { isCurrent_ = false; }
+  void LetGo() override;
+  void ApplySettings() override { isCurrent_ = false; }
+  // The days of the register, in force when those of the reports were.
+  void Restore(const Registry& registry) override;
+  void Keep(std::map<std::string, std::string>& values) const override;
+
+  [[nodiscard]] bool Can(EditTask task) const override;
+  void Do(EditTask task) override;
+  void MarkCommands(bool isShown) override;
+  [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
+
+  [[nodiscard]] std::int64_t RowCount() const override;
+  [[nodiscard]] std::set<std::int64_t> ShownOf(
+      const std::vector<std::int64_t>& transactions) const override;
+  bool ChooseKey(std::int64_t key) override;
+
+ private:
+  enum class Page { List, Rows, Chart };
+
+  void Arrange();
+  void MakeTable();
+  void Connect();
+  void ConnectCommands();
+
+  // --- Showing
+
+  void ShowPage(Page page);
+  void ShowTabs();
+  void FillCurrencies();
+  void FillSaved();
+  // Works the report out, unless it stands there already.
+  void Run(const ViewCommand& command);
+  void Fill();
+  void FillColumns();
+  void ApplyColumns();
+  // Puts the widths that were set by hand away, before another report takes the columns.
+  void KeepWidths();
+  void ShowTotals();
+  [[nodiscard]] QString Details() const;
+  [[nodiscard]] QString PaymentNames() const;
+  // What is shown, with the shared filter and ticks, as the beginning of another command.
+  [[nodiscard]] ViewCommand Base() const;
+
+  // --- Commands (ReportsViewCommands.cpp)
+
+  void RunReport(int number);
+  void OpenSaved(const std::string& name);
+  void Open(const ReadDefinition& read);
+  void OpenCustom();
+  void SaveReport();
+  void PickColumns();
+  void ExportSheet();
+  // Opens the editor of the category that a row of a budget is of.
+  void EditBudget(std::size_t row);
+  void LookInto(std::size_t row);
+  void Explain(std::size_t row, std::size_t column);
+  void ExplainChosen();
+  void ShowInRegister(std::int64_t transactionId);
+  [[nodiscard]] std::vector<std::string> ShownColumns() const;
+  // The place among the report's rows; nullopt for none.
+  [[nodiscard]] std::optional<std::size_t> RowAt(const QModelIndex& index) const;
+
+  ViewPlace place_;
+  ViewHeader* header_;
+  FilterStrip* strip_;
+  ReportBar* bar_;
+  QTabBar* tabs_;
+  QStackedWidget* pages_;
+  ReportList* list_;
+  QStackedWidget* rowPages_;
+  SortedTable* table_;
+  EmptyState* empty_;
+  TotalsLine* totals_;
+  ListModel* model_;
+  ListSearch* search_;
+  ucReportChart* chart_;
+  ReportState state_;
+  ReportRequest request_;
+  ReportTable report_;
+  Page page_ = Page::List;
+  bool isCurrent_ = false;  // what stands there is the report as it would be worked out now
+  std::uint64_t readAt_ = 0;
+  int filled_ = 0;                                   // the report whose columns the list has
+  std::map<int, QString> widths_;                    // of each report's columns, set by hand
+  std::map<int, std::vector<std::string>> columns_;  // that were picked of each report
+  bool hasSavedWidths_ = false;                      // the list has those of a saved report
+};
+
+}  // namespace corvanta::inline app

@@ -1,0 +1,58 @@
+#include "reports/custom/ReportColumns.h"
+
+#include "platform/TextCase.h"
+
+#include <algorithm>
+
+namespace corvanta::inline reports {
+
+const std::vector<std::string>& AllReportColumns() {
+  static const std::vector<std::string> kColumns = SplitItems(
+      "Account,Action,Actual,April,August,Balance,Budget,Category,Commission,Currency,Date,"
+      "December,Description,Difference,Dividend,Expense,February,Gain,Income,January,July,June,"
+      "Last Price,March,May,Name,November,October,Payee,Payment,Payment Type,Price,Quantity,"
+      "Records,Ref,September,Shares,Status,Sub Category,Symbol,Total,Year/Month");
+  return kColumns;
+}
+
+std::vector<std::string> SplitItems(std::string_view list) {
+  std::vector<std::string> items;
+  while (!list.empty()) {
+    const std::size_t end = std::min(list.find(','), list.size());
+    const std::string_view item = Trim(list.substr(0, end));
+    if (!item.empty()) items.emplace_back(item);
+    list.remove_prefix(std::min(end + 1, list.size()));
+  }
+  return items;
+}
+
+std::string JoinItems(const std::vector<std::string>& items) {
+  std::string list;
+  for (const std::string& item : items) list += (list.empty() ? "" : ",") + item;
+  return list;
+}
+
+ColumnPicker::ColumnPicker(const std::vector<std::string>& current) {
+  for (const std::string& name : AllReportColumns()) {
+    ticks_.push_back(std::ranges::find(current, name) != current.end());
+  }
+}
+
+const std::string& ColumnPicker::Name(std::size_t column) const {
+  return AllReportColumns().at(column);
+}
+
+std::optional<Warning> ColumnPicker::Check() const {
+  if (std::ranges::find(ticks_, true) != ticks_.end()) return std::nullopt;
+  return Warning{"Pick Columns", "Please select at least one column for the report", "lvColumns"};
+}
+
+std::vector<std::string> ColumnPicker::Columns() const {
+  std::vector<std::string> columns;
+  for (std::size_t i = 0; i < ticks_.size(); ++i) {
+    if (ticks_[i]) columns.push_back(Name(i));
+  }
+  return columns;
+}
+
+}  // namespace corvanta::inline reports

@@ -1,0 +1,75 @@
+#include "reports/custom/ReportDefinitions.h"
+
+#include "platform/Registry.h"
+#include "platform/SettingsTable.h"
+#include "platform/TextCase.h"
+
+#include <algorithm>
+
+namespace corvanta::inline reports {
+namespace {
+
+constexpr std::string_view kItem = "Item";
+
+std::string PathOf(std::string_view key) {
+  return std::string(kReportsKey) + '\\' + std::string(key);
+}
+
+}  // namespace
+
+std::vector<ReportDefinitions::Listed> ReportDefinitions::All() const {
+  std::vector<Listed> all;
+  for (const std::string& key : registry_.SubKeys(Hive::CurrentUser, kReportsKey)) {
+    const auto value = registry_.Read(Hive::CurrentUser, PathOf(key), "Report");
+    const ReportLabel label = ReadReportLabel(value.value_or(std::string()));
+    if (!label.name.empty()) all.push_back({label.name, label.report});
+  }
+  std::ranges::stable_sort(
+      all, [](const Listed& a, const Listed& b) { return CompareFolded(a.name, b.name) < 0; });
+  return all;
+}
+
+std::optional<std::string> ReportDefinitions::KeyOf(std::string_view name) const {
+  std::optional<std::string> alike;
+  for (const std::string& key : registry_.SubKeys(Hive::CurrentUser, kReportsKey)) {
+    const auto value = registry_.Read(Hive::CurrentUser, PathOf(key), "Report");
+    const std::string own = ReadReportLabel(value.value_or(std::string())).name;
+    if (own.empty()) continue;
+    if (own == name) return key;
+    if (!alike && EqualFolded(own, name)) alike = key;
+  }
+  return alike;
+}
+
+std::optional<ReadDefinition> ReportDefinitions::Find(std::string_view name) const {
+  const std::optional<std::string> key = KeyOf(Trim(name));
+  if (!key) return std::nullopt;
+  std::map<std::string, std::string> values;
+  for (const std::string& value : DefinitionValueNames()) {
+    values[value] = registry_.Read(Hive::CurrentUser, PathOf(*key), value).value_or(std::string());
+  }
+  return DefinitionOf(values);
+}
+
+std::string ReportDefinitions::NewKey() const {
+  int highest = 0;
+  for (const std::string& key : registry_.SubKeys(Hive::CurrentUser, kReportsKey)) {
+    if (!EqualFolded(std::string_view(key).substr(0, kItem.size()), kItem)) continue;
+    const auto number = ReadWholeNumber(std::string_view(key).substr(kItem.size()));
+    highest = std::max(highest, number.value_or(0));
+  }
+  return std::string(kItem) + std::to_string(highest + 1);
+}
+
+void ReportDefinitions::Save(const ReportDefinition& definition) {
+  const std::optional<std::string> known = KeyOf(definition.name);
+  registry_.WriteAll(Hive::CurrentUser, PathOf(known ? *known : NewKey()), ValuesOf(definition));
+}
+
+bool ReportDefinitions::Delete(std::string_view name) {
+  const std::optional<std::string> key = KeyOf(Trim(name));
+  if (key) registry_.DeleteKey(Hive::CurrentUser, PathOf(*key));
+  return key.has_value();
+}
+
+}  // namespace corvanta::inline reports

@@ -1,0 +1,96 @@
+#include "app/WindowTest.h"
+#include "app/overview/OverviewTile.h"
+#include "app/overview/OverviewView.h"
+#include "store/sql/SqlText.h"
+#include "support/DialogTest.h"
+
+#include <QCheckBox>
+
+namespace corvanta {
+namespace {
+
+class OverviewViewTest : public DialogTest<WindowTest> {
+ protected:
+  void Start() {
+    OpenPurse();
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Card',2,17,0,0)");
+    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (500,'Baker',0)");
+    Run("UPDATE tblCategory SET Budget = 50, PeriodID = (Select Max(PeriodID) from tblPeriods "
+        "WHERE Period = 'm') WHERE CategoryID = 2");
+    const Date today = machine_.clock.Today();
+    Add(1, 1, today, 70);
+    Add(2, 2, today, -30);
+    Add(1, 2, today.AddMonths(-1), -10);
+    ShowWindow();
+    window_->resize(1400, 900);
+    Trigger("mnuViewOverview");
+  }
+  void Add(int account, int category, Date day, double amount) {
+    Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
+        "TransferID,[Date],[Amount],BankChk,BankRec) VALUES (" +
+        std::to_string(account) + "," + std::to_string(category) + ",1,500,0,0," + SqlDate(day) +
+        "," + std::to_string(amount) + ",0,0)");
+  }
+  // The lines of a tile, a blank between their cells.
+  std::vector<std::string> Lines(const char* tile) {
+    std::vector<std::string> lines;
+    for (const auto& line : WindowTest::Find<OverviewTile>(tile).Lines()) {
+      QStringList cells;
+      for (const auto& cell : line.cells) cells.append(cell.text);
+      lines.push_back(cells.join(' ').toStdString());
+    }
+    return lines;
+  }
+  using Texts = std::vector<std::string>;
+};
+
+TEST_F(OverviewViewTest, HowThingsStandIsSaidAndLeadsOn) {
+  Start();
+  EXPECT_EQ(Lines("tileBalances"), (Texts{"Card -30.00 GBP", "Purse 160.00 GBP"}));
+  EXPECT_EQ(Lines("tileMonth"), (Texts{"GBP this month last month", "Income 70.00 0.00",
+                                       "Expense -30.00 -10.00", "Left over 40.00 -10.00"}));
+  EXPECT_EQ(Lines("tileWorth"),
+            (Texts{"What you have 160.00 GBP", "What you owe -30.00 GBP", "Net worth 130.00 GBP"}));
+  ASSERT_EQ(Lines("tileBudget").size(), 3U);
+  EXPECT_EQ(Lines("tileBudget")[1], "Spent 30.00 GBP");
+  EXPECT_EQ(Lines("tileDue"), Texts{"Nothing is due in the next two weeks"});
+  Click(*window_, "cmdMonth");
+  EXPECT_EQ(window_->Shown().name, kReportSelected);
+  EXPECT_EQ(window_->Shown().report.report, 2);
+  EXPECT_EQ(window_->Shown().report.dates->start.Day(), 1);
+  Trigger("mnuViewBack");
+  EXPECT_EQ(window_->Shown().name, kOverviewShow);
+  Click(*window_, "cmdBudget");
+  EXPECT_EQ(window_->Shown().report.report, 4);
+  Trigger("mnuViewBack");
+  Click(*window_, "cmdDue");
+  EXPECT_EQ(window_->Shown().name, kScheduleShow);
+}
+
+TEST_F(OverviewViewTest, WhatIsDueStandsThere) {
+  OpenPurse();
+  AddRent(machine_.clock.Today().AddDays(3), -400, AddToAccount::No);
+  ShowWindow();
+  Trigger("mnuViewOverview");
+  ASSERT_EQ(Lines("tileDue").size(), 1U);
+  EXPECT_EQ(Lines("tileDue")[0].substr(0, 8), "Landlord");
+  EXPECT_NE(Lines("tileDue")[0].find("-400.00"), std::string::npos);
+}
+
+TEST_F(OverviewViewTest, TheProgramBeginsWithItUntilItIsSwitchedOff) {
+  OpenPurse();
+  machine_.registry.DeleteValue(Hive::CurrentUser, kSettingsKey, "ShowOverview");
+  ShowWindow();
+  EXPECT_EQ(window_->Shown().name, kOverviewShow);
+  auto& tick = WindowTest::Find<QCheckBox>("chkOverview");
+  EXPECT_TRUE(tick.isChecked());
+  tick.click();
+  Trigger("mnuViewPayees");
+  window_->close();
+  ShowWindow();
+  EXPECT_EQ(window_->Shown().name, kPayeeShow);
+}
+
+}  // namespace
+}  // namespace corvanta

@@ -1,0 +1,354 @@
+#include "app/LedgerSession.h"
+#include "app/WindowTest.h"
+#include "controls/ListTable.h"
+#include "controls/SortedTable.h"
+#include "platform/Settings.h"
+#include "reports/chart/ucReportChart.h"
+#include "reports/custom/ReportDefinitions.h"
+#include "support/DialogTest.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTabBar>
+#include <QToolButton>
+#include <QTreeWidget>
+
+namespace corvanta {
+namespace {
+
+class ReportsViewTest : public DialogTest<WindowTest> {
+ protected:
+  // Two accounts of pounds, a baker who is paid and a boss who pays.
+  void Start() {
+    OpenPurse();
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Bank',2,17,1000,0)");
+    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (500,'Baker',0)");
+    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (501,'Boss',0)");
+    Add(1, 2, 500, "#01/05/2026#,-20");
+    Add(1, 2, 500, "#02/05/2026#,-9");
+    Add(2, 1, 501, "#02/20/2026#,100");
+    ShowWindow();
+    window_->resize(1400, 900);
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  }
+  void Add(int account, int category, int payee, const std::string& values) {
+    Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
+        "TransferID,[Date],[Amount],BankChk,BankRec) VALUES (" +
+        std::to_string(account) + "," + std::to_string(category) + ",1," + std::to_string(payee) +
+        ",0,0," + values + ",0,0)");
+  }
+  template <typename Widget>
+  Widget& Get(const char* name) {
+    return WindowTest::Find<Widget>(name);
+  }
+  SortedTable& List() { return Get<SortedTable>("lvReportSelect"); }
+  QTabBar& Tabs() { return Get<QTabBar>("tbReport"); }
+  int Rows() { return List().model()->rowCount(); }
+  std::string Cell(int row, const char* head) {
+    const QAbstractItemModel& model = *List().model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+      if (model.headerData(column, Qt::Horizontal).toString() != QLatin1String(head)) continue;
+      return model.index(row, column).data().toString().toStdString();
+    }
+    return "no such column";
+  }
+  std::string Shown() { return Tabs().count() > 1 ? Tabs().tabText(1).toStdString() : "none"; }
+  // What the click leads to comes once the list is done with it.
+  void ClickRow(int row, int column = 0, Qt::KeyboardModifiers held = {},
+                const std::function<void(QDialog&)>& inDialog = {}) {
+    const QRect cell = List().visualRect(List().model()->index(row, column));
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, held, cell.center());
+    if (inDialog) InNextDialog(inDialog);
+    QApplication::processEvents();
+  }
+  // Of the columns that are shown.
+  std::vector<std::string> Headings() {
+    std::vector<std::string> shown;
+    for (int column = 0; column < List().model()->columnCount(); ++column) {
+      if (List().isColumnHidden(column)) continue;
+      shown.push_back(List().model()->headerData(column, Qt::Horizontal).toString().toStdString());
+    }
+    return shown;
+  }
+};
+
+TEST_F(ReportsViewTest, AReportIsChosenFromItsListAndStandsBehindItsTab) {
+  Start();
+  Trigger("mnuViewReports");
+  EXPECT_EQ(window_->Shown().name, kReportShow);
+  EXPECT_EQ(Tabs().count(), 1);
+  auto& list = Get<QTreeWidget>("tvReports");
+  QTreeWidgetItem& root = *list.topLevelItem(0);
+  EXPECT_EQ(root.text(0), "Corvanta Reports");
+  ASSERT_GE(root.childCount(), 11);
+  EXPECT_EQ(root.child(0)->text(0), "Account Summary");
+  EXPECT_EQ(root.child(10)->text(0), "Investment Transactions");
+  QTest::mouseClick(list.viewport(), Qt::LeftButton, {},
+                    list.visualItemRect(root.child(0)).center());
+  EXPECT_EQ(window_->Shown().name, kReportSelected);
+  ASSERT_EQ(Tabs().count(), 3);
+  EXPECT_EQ(Shown(), "Account Summary");
+  EXPECT_EQ(Tabs().currentIndex(), 1);
+  EXPECT_EQ(Tabs().tabText(2), "Charts");
+  EXPECT_EQ(Cell(0, "Account"), "Bank");
+  EXPECT_EQ(Cell(0, "Balance"), "1,100.00");
+  EXPECT_EQ(Cell(2, "Account"), "Total (GBP)");
+  Trigger("mnuReport11");
+  EXPECT_EQ(Tabs().count(), 2) << "it has no chart";
+  Trigger("mnuReport2");
+  EXPECT_EQ(Tabs().count(), 3);
+  Tabs().setCurrentIndex(2);
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+  Tabs().setCurrentIndex(0);
+  EXPECT_EQ(window_->Shown().name, kReportShow);
+  EXPECT_EQ(Tabs().count(), 3) << "the report stays";
+  Trigger("mnuViewBack");
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+}
+
+TEST_F(ReportsViewTest, AClickLooksIntoARowAndBackShowsTheReportAsItWas) {
+  Start();
+  Trigger("mnuReport1");
+  EXPECT_FALSE(Get<QAction>("mnuFilterNone").isEnabled());
+  EXPECT_FALSE(List().model()->index(0, 0).data(Qt::DecorationRole).isNull());
+  EXPECT_TRUE(List().model()->index(2, 0).data(Qt::DecorationRole).isNull());
+  ClickRow(2);
+  EXPECT_EQ(Shown(), "Account Summary") << "a total leads nowhere";
+  ClickRow(1);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QLabel>("lblAccountFilter").text(), "Purse");
+  EXPECT_EQ(Get<QLabel>("lblAccountFilter").property("tag"), "Yes");
+  EXPECT_TRUE(Get<QAction>("mnuFilterNone").isEnabled());
+  EXPECT_TRUE(Get<QPushButton>("cmdNoFilter").isEnabled());
+  EXPECT_EQ(Cell(0, "Payee"), "Baker");
+  Trigger("mnuViewBack");
+  EXPECT_EQ(Shown(), "Account Summary");
+  EXPECT_EQ(Get<QLabel>("lblAccountFilter").property("tag"), "No");
+  Trigger("mnuReport2");
+  EXPECT_EQ(Cell(1, "Year/Month"), "202602");
+  ClickRow(1);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_TRUE(Get<QCheckBox>("chkUnsetR").isChecked());
+  EXPECT_EQ(Get<QDateEdit>("DTPickSRep").date(), QDate(2026, 2, 1));
+  EXPECT_EQ(Get<QDateEdit>("DTPickERep").date(), QDate(2026, 2, 28));
+  Trigger("mnuViewBack");
+  EXPECT_FALSE(Get<QCheckBox>("chkUnsetR").isChecked());
+  Trigger("mnuReport9");
+  ClickRow(0);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_TRUE(Get<QAction>("mnuFilterNone").isEnabled()) << "by the payment type";
+  Trigger("mnuFilterNone");
+  EXPECT_TRUE(window_->Shown().report.paymentTypes.empty());
+  Trigger("mnuReport9");
+  EXPECT_TRUE(window_->Shown().report.paymentTypes.empty()) << "used once";
+}
+
+TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
+  Start();
+  Trigger("mnuReport7");
+  Tabs().setCurrentIndex(2);
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+  auto* chart = window_->findChild<ucReportChart*>();
+  ASSERT_NE(chart, nullptr);
+  EXPECT_TRUE(chart->isVisible());
+  EXPECT_FALSE(chart->Shown().IsEmpty());
+  Q_EMIT chart->RowChosen(0);
+  QApplication::processEvents();
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
+  Trigger("mnuViewBack");
+  EXPECT_EQ(window_->Shown().name, kReportChart);
+}
+
+TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
+  Start();
+  Trigger("mnuReport7");
+  ViewCommand some = window_->Shown();
+  some.report.columns = {"Payee", "Total"};
+  window_->Show(some);
+  const std::string path = machine_.folder.Path("payees.csv");
+  machine_.prompts.ExpectSaveFile("Save File As", path);
+  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+  Trigger("mnuReportSheet");
+  const std::string text = ReadFile(path);
+  EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
+  EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
+}
+
+TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
+  Start();
+  Trigger("mnuReport5");
+  Get<QCheckBox>("chkTransfers").click();
+  Get<QCheckBox>("chkUnsetR").click();
+  Get<QDateEdit>("DTPickSRep").setDate(QDate(2026, 2, 1));
+  EXPECT_TRUE(window_->Shown().report.withoutTransfers);
+  EXPECT_EQ(window_->Shown().report.dates->start.ToIso(), "2026-02-01");
+  Trigger("mnuReport7");
+  EXPECT_TRUE(Get<QCheckBox>("chkTransfers").isChecked()) << "the choices go along";
+  Get<QCheckBox>("chkTransfers").click();
+  Trigger("mnuViewPayees");
+  Trigger("mnuViewBack");
+  EXPECT_EQ(Shown(), "Spending by Payee");
+  EXPECT_FALSE(Get<QCheckBox>("chkTransfers").isChecked());
+  Trigger("mnuViewBack");
+  EXPECT_EQ(Shown(), "Spending by Category");
+  EXPECT_TRUE(Get<QCheckBox>("chkTransfers").isChecked());
+  EXPECT_FALSE(Get<QCheckBox>("chkSubCategories").isHidden());
+  Trigger("mnuViewAll");
+  EXPECT_FALSE(window_->Shown().report.withoutTransfers);
+  EXPECT_FALSE(window_->Shown().report.dates);
+  EXPECT_EQ(Shown(), "Spending by Category");
+}
+
+TEST_F(ReportsViewTest, TheDaysAreInForceAsTheyWereLeft) {
+  Settings(machine_.registry).SetOn(Setting::SetReportDate, true);
+  Start();
+  Trigger("mnuReport2");
+  EXPECT_TRUE(Get<QCheckBox>("chkUnsetR").isChecked());
+  EXPECT_EQ(Get<QDateEdit>("DTPickSRep").date(), WindowTest::Find<QDateEdit>("dtpFrom").date())
+      << "those of the register";
+  Get<QCheckBox>("chkUnsetR").click();
+  EXPECT_EQ(Rows(), 3) << "two months and their total";
+  window_->close();
+  EXPECT_EQ(WindowTest::Setting("SetReportDate"), "0");
+}
+
+TEST_F(ReportsViewTest, RowsSortByValueAboveTheirTotalsAndAreSearchedAndCopied) {
+  Start();
+  Trigger("mnuReport7");
+  ASSERT_EQ(Rows(), 3);
+  List().ChooseColumn(List().model()->columnCount() - 3);  // Expense or so
+  List().ChooseColumn(0);
+  EXPECT_EQ(Cell(0, "Payee"), "Baker");
+  List().ChooseColumn(0);
+  EXPECT_EQ(Cell(0, "Payee"), "Boss");
+  EXPECT_EQ(Cell(2, "Payee"), "Total (GBP)") << "in whatever order";
+  const int total = 4;
+  ASSERT_EQ(List().model()->headerData(total, Qt::Horizontal).toString(), "Total");
+  List().ChooseColumn(total);
+  EXPECT_EQ(Cell(0, "Total"), "-29.00");
+  EXPECT_EQ(Cell(1, "Total"), "100.00");
+  Trigger("mnuEditFind");
+  QTest::keyClicks(QApplication::focusWidget(), "boss");
+  EXPECT_EQ(Rows(), 1);
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+  EXPECT_EQ(Rows(), 3);
+  Trigger("mnuEditSelect");
+  Trigger("mnuEditCopy");
+  EXPECT_EQ(QApplication::clipboard()->text().section('\n', 0, 0),
+            "Payee\tRecords\tIncome\tExpense\tTotal\tCurrency");
+}
+
+TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
+  Start();
+  Trigger("mnuReport7");
+  InNextDialog([](QDialog& dialog) {
+    ASSERT_EQ(dialog.objectName(), "FrmColumns");
+    Click(dialog, "cmdDSelect");
+    auto& list = Find<QListWidget>(dialog, "lvColumns");
+    for (const char* name : {"Payee", "Total"}) {
+      list.findItems(QLatin1String(name), Qt::MatchExactly).front()->setCheckState(Qt::Checked);
+    }
+    Click(dialog, "cmdAccept");
+  });
+  Trigger("mnuReportColumns");
+  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
+  ClickRow(0);
+  Trigger("mnuViewBack");
+  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
+  ViewCommand filtered = window_->Shown();
+  filtered.rows.SetKeys(FilterKind::Payee, {500});
+  window_->Show(filtered);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", " Bread ");
+  Trigger("mnuReportSave");
+  const auto read = ReportDefinitions(machine_.registry).Find("Bread");
+  ASSERT_TRUE(read);
+  EXPECT_EQ(read->definition.report, 7);
+  EXPECT_EQ(read->definition.columns, (std::vector<std::string>{"Payee", "Total"}));
+  EXPECT_EQ(read->definition.widths.size(), 2U);
+  EXPECT_FALSE(read->definition.range);
+  Trigger("mnuFilterNone");
+  Trigger("mnuReport1");
+  EXPECT_EQ(Headings().size(), 5U);
+  InNextDialog([](QDialog& dialog) {
+    ASSERT_EQ(dialog.objectName(), "FrmReport");
+    Click(dialog, "cmdAccept");
+  });
+  Trigger("mnuReportCustom");
+  EXPECT_EQ(Shown(), "Spending by Payee");
+  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
+  EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
+  EXPECT_EQ(Cell(0, "Payee"), "Baker");
+  EXPECT_EQ(Rows(), 2);
+  // It stands in the list of reports, too.
+  auto& list = Get<QTreeWidget>("tvReports");
+  EXPECT_EQ(list.topLevelItem(1)->child(0)->text(0), "Bread");
+}
+
+TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
+  Start();
+  ReportDefinition gone;
+  gone.name = "Gone";
+  gone.report = 7;
+  gone.filter.SetKeys(FilterKind::Account, {77});
+  ReportDefinitions(machine_.registry).Save(gone);
+  InNextDialog([](QDialog& dialog) { Click(dialog, "cmdAccept"); });
+  machine_.prompts.ExpectTell("Open Custom Report", ScriptedPrompts::kAnyText);
+  Trigger("mnuReportCustom");
+  EXPECT_EQ(Shown(), "Spending by Payee");
+  EXPECT_EQ(Rows(), 0);
+  Trigger("mnuViewRefresh");
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(ReportDefinitions(machine_.registry).Find("Gone")->definition, gone);
+  Trigger("mnuReport7");
+  EXPECT_EQ(Rows(), 3) << "the report itself is of all";
+}
+
+TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
+  Start();
+  Trigger("mnuReport7");
+  ASSERT_EQ(Cell(0, "Payee"), "Baker");
+  List().setCurrentIndex(List().model()->index(0, 4));
+  InNextDialog([](QDialog& dialog) {
+    ASSERT_EQ(dialog.objectName(), "FrmExplain");
+    auto& list = Find<ListTable>(dialog, "lvExplain");
+    EXPECT_EQ(list.model()->rowCount(), 2);
+    EXPECT_TRUE(Find<QLabel>(dialog, "lblSum").text().contains("-29.00"));
+    QTest::keyClick(&list, Qt::Key_Return);
+  });
+  QTest::keyClick(&List(), Qt::Key_F8);
+  EXPECT_EQ(window_->Shown().name, kTransactionShow);
+  EXPECT_EQ(window_->Shown().accountId, 1);
+  Trigger("mnuViewBack");
+  EXPECT_EQ(Shown(), "Spending by Payee");
+  EXPECT_EQ(window_->Shown().name, kReportSelected);
+  // Ctrl and a click on the figure ask the same.
+  bool isAsked = false;
+  ClickRow(0, 4, Qt::ControlModifier,
+           [&](QDialog& dialog) { isAsked = dialog.objectName() == "FrmExplain"; });
+  EXPECT_TRUE(isAsked);
+  EXPECT_EQ(Shown(), "Spending by Payee");
+}
+
+TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
+  Start();
+  Trigger("mnuViewReports");
+  QTest::keyClick(&Get<QTreeWidget>("tvReports"), Qt::Key_Return);
+  EXPECT_EQ(Shown(), "Account Summary");
+  QTest::keyClick(&List(), Qt::Key_Down);
+  QTest::keyClick(&List(), Qt::Key_Return);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QLabel>("lblAccountFilter").text(), "Purse");
+  QTest::keyClick(&List(), Qt::Key_Return);
+  EXPECT_EQ(window_->Shown().name, kTransactionShow) << "the way ends at the transaction";
+}
+
+}  // namespace
+}  // namespace corvanta
