@@ -39,7 +39,7 @@ bool StartUp::Run() {
     if (!text.isEmpty()) splash.Say(text);
   });
   const Settings settings(platform_.Get().registry);
-  session_.OnDamage([&] { return RestoreByDialog(session_, platform_.Get(), &splash); });
+  session_.OnDamage(RoadsByDialog(session_, platform_.Get(), &splash));
   bool ready = false;
   RunCommand(prompts_, [&] {
     if (settings.IsOn(Setting::ShowTips)) FrmTips(platform_.Get(), &splash).exec();
