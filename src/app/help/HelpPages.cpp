@@ -17,13 +17,37 @@
 namespace corvanta::inline app {
 namespace {
 
-constexpr std::array<std::pair<std::string_view, std::string_view>, 13> kPages{{
+constexpr auto kPages = std::to_array<std::pair<std::string_view, std::string_view>>({
     {"FrmMain", "contents.md"},
     {"FrmWelcome", "contents.md"},
     {"FrmTips", "contents.md"},
-    {"FrmOptions", "options.md"},
-    {"FrmPassword", "password.md"},
-    {"FrmRecoveryKey", "password.md"},
+    {"FrmAbout", "contents.md"},
+    {"FrmMessage", "contents.md"},
+    {"FrmAccountTrans", "transactions.md"},
+    {"FrmAllocate", "transactions.md"},
+    {"FrmAccountAuto", "transactions.md"},
+    {"FrmAccountTransMulti", "transactions.md"},
+    {"FrmKeywordChoice", "transactions.md"},
+    {"FrmAttachments", "transactions.md"},
+    {"FrmSchedule", "schedules.md"},
+    {"FrmAccounts", "reference-data.md"},
+    {"FrmAccountTypes", "reference-data.md"},
+    {"FrmBanks", "reference-data.md"},
+    {"FrmCategory", "reference-data.md"},
+    {"FrmPayees", "reference-data.md"},
+    {"FrmPayments", "reference-data.md"},
+    {"FrmKeywords", "reference-data.md"},
+    {"FrmCurrencies", "reference-data.md"},
+    {"FrmList", "reference-data.md"},
+    {"FrmMerge", "reference-data.md"},
+    {"FrmReconcile", "reconciling.md"},
+    {"FrmImport", "importing.md"},
+    {"FrmFilter", "finding.md"},
+    {"FrmTextFilter", "finding.md"},
+    {"FrmPalette", "finding.md"},
+    {"FrmInvest", "investments.md"},
+    {"FrmInvestTrans", "investments.md"},
+    {"FrmCorporateAction", "investments.md"},
     {"FrmSources", "data-sources.md"},
     {"FrmSource", "data-sources.md"},
     {"FrmRates", "data-sources.md"},
@@ -31,7 +55,18 @@ constexpr std::array<std::pair<std::string_view, std::string_view>, 13> kPages{{
     {"FrmCurrency", "data-sources.md"},
     {"FrmHistory", "data-sources.md"},
     {"FrmPriceImport", "data-sources.md"},
-}};
+    {"FrmCalculator", "calculators.md"},
+    {"FrmLoan", "calculators.md"},
+    {"FrmPreview", "printing.md"},
+    {"FrmBackup", "safety.md"},
+    {"FrmRestore", "safety.md"},
+    {"FrmSalvage", "safety.md"},
+    {"FrmArchive", "safety.md"},
+    {"FrmOptions", "options.md"},
+    {"FrmPassword", "password.md"},
+    {"FrmPassphrase", "password.md"},
+    {"FrmRecoveryKey", "password.md"},
+});
 constexpr const char* kTitle = "Help";
 
 }  // namespace
