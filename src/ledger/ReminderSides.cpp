@@ -31,14 +31,14 @@ std::vector<ReminderSide> ReadReminderSides(Connection& store, Date last) {
   std::vector<ReminderSide> sides;
   for (; !rows.Eof(); rows.MoveNext()) {
     ReminderSide& side = sides.emplace_back();
-    side.scheduleId = rows.Int("ScheduleID");
-    side.from = rows.Day("DateFrom").value_or(Date());
-    side.period = rows.Text("Period");
-    side.payee = rows.Text("Payee");
-    side.amount = rows.Double("Amount");
-    side.description = rows.Text("sDes");
-    side.transferAccountId = rows.Int("TfrAccountID");
-    side.isReceiving = rows.Int("Tfrtype") == kReceiving;
+    side.scheduleId = rows.Int(0);
+    side.from = rows.Day(1).value_or(Date());
+    side.period = rows.Text(2);
+    side.payee = rows.Text(3);
+    side.amount = rows.Double(4);
+    side.description = rows.Text(5);
+    side.transferAccountId = rows.Int(6);
+    side.isReceiving = rows.Int(7) == kReceiving;
   }
   return sides;
 }
