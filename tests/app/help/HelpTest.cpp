@@ -5,7 +5,6 @@
 #include "support/DialogTest.h"
 
 #include <filesystem>
-#include <regex>
 #include <set>
 
 namespace corvanta {
@@ -31,13 +30,14 @@ TEST(HelpPages, AreOpenedByTheDesktopOrTheWayToThemIsTold) {
 
 // The names that the windows have in the source.
 std::set<std::string> WindowsIn(const std::filesystem::path& folder) {
-  static const std::regex name("\"(Frm[A-Z][A-Za-z]+)\"");
+  const std::string start = "\"Frm";
   std::set<std::string> names;
   for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
     if (!entry.is_regular_file()) continue;
     const std::string text = ReadFile(entry.path().string());
-    for (std::sregex_iterator found(text.begin(), text.end(), name), end; found != end; ++found) {
-      names.insert((*found)[1]);
+    for (std::size_t at = text.find(start); at != std::string::npos; at = text.find(start, at)) {
+      const std::size_t end = text.find('"', ++at);
+      names.insert(text.substr(at, end - at));
     }
   }
   return names;
@@ -48,6 +48,7 @@ TEST(HelpPages, EveryWindowHasOne) {
   const auto root = std::filesystem::path(QT_TESTCASE_SOURCEDIR).parent_path().parent_path();
   std::set<std::string> windows = WindowsIn(root / "src");
   EXPECT_GT(windows.size(), 40U);
+  windows.erase("Frm");        // what all names begin with
   windows.erase("FrmSplash");  // takes no keys
   for (const std::string& window : windows) {
     const std::string page(HelpPageOf(window));
