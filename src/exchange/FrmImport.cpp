@@ -155,6 +155,7 @@ void FrmImport::FitTo(QWidget& page) {
   if (least.width() > room.width() || least.height() > room.height()) {
     constexpr int kNarrow = kRhythm / 2;
     layout()->setContentsMargins(kNarrow, kNarrow, kNarrow, kNarrow);
+    layout()->activate();
   }
   QSize size = layout()->sizeHint();
   if (&page == csv_) size = size.expandedTo(kComfortable);
