@@ -1,6 +1,7 @@
 #include "app/ListColours.h"
 #include "controls/ListDelegate.h"
 #include "controls/ListTable.h"
+#include "controls/OutlinedStyle.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "controls/ucCalendar.h"
@@ -19,6 +20,17 @@
 
 namespace corvanta {
 namespace {
+
+TEST(OutlinedStyles, LetEmptyFieldsBeReadInTheDark) {
+  OutlinedStyle style;
+  QPalette palette(QColor(40, 44, 52));
+  palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  palette.setColor(QPalette::Text, QColor(240, 240, 240));
+  palette.setColor(QPalette::PlaceholderText, Qt::black);
+  style.polish(palette);
+  EXPECT_GT(palette.color(QPalette::PlaceholderText).lightness(), 128);
+  EXPECT_LT(palette.color(QPalette::PlaceholderText).lightness(), 240);
+}
 
 TEST(Calendar, MovesByKeyAndTurnsMonths) {
   ucCalendar calendar;
