@@ -6,6 +6,7 @@
 #include "app/SafetyCommands.h"
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
+#include "platform/PlatformError.h"
 #include "platform/Settings.h"
 #include "store/sql/StoreError.h"
 
@@ -39,6 +40,8 @@ bool StartUp::HandOver() {
     return QtWindowBell::Ring(opener_.Location().Path(), importPath_);
   } catch (const StoreError&) {
     return false;  // opening will say what is wrong
+  } catch (const PlatformError&) {
+    return false;
   }
 }
 
