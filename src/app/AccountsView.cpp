@@ -70,7 +70,8 @@ void AccountsView::Show(const ViewCommand& /*command*/) {
        Totals(accounts),
        {QStringLiteral("accounts"), tr("No accounts in this data file"),
         tr("Everything begins with an account: your bank account, your purse, a credit card. "
-           "Add the first one here.")});
+           "Add the first one here."),
+        Place().actions.mnuAccountNew});
 }
 
 ListRow AccountsView::RowOf(const AccountRow& account) const {

@@ -58,7 +58,8 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   setObjectName(QStringLiteral("FrmMain"));
   setWindowTitle(QStringLiteral("Corvanta Personal Finance"));
   setWindowIcon(ProgramIcon());
-  setMinimumSize(kSmallest, kSmallest * 3 / 4);
+  // A small screen at twice the size is no higher.
+  setMinimumSize(kSmallest, kSmallest / 2);
   setCentralWidget(MakeCentre());
   actions_->FillMenus(*menuBar());
   MakeStatusBar();

@@ -92,6 +92,10 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   [[nodiscard]] std::int64_t EntryAccount() const override;
   [[nodiscard]] Date Today() const override { return day_; }
 
+ Q_SIGNALS:
+  // The data file that is open for changes by now; empty for none.
+  void FileShown(const QString& path);
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   void changeEvent(QEvent* event) override;

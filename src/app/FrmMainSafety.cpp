@@ -19,6 +19,8 @@
 #include <QPointer>
 
 #include <filesystem>
+#include <optional>
+#include <string>
 
 namespace corvanta::inline app {
 namespace {
@@ -43,12 +45,21 @@ void FrmMain::ConnectSafety() {
   On(actions_->mnuFileSaveAs, [this] { SaveDataFile(); });
   On(actions_->mnuFileBackup, [this] { MakeBackup(); });
   On(actions_->mnuFileRestore, [this] { RestoreBackup(); });
+  On(actions_->mnuFileSalvage, [this] {
+    const auto path = SalvageByDialog(session_, platform_, this);
+    if (path && SwitchTo(*path)) Notice(tr("Opened %1").arg(ToQt(*path)));
+  });
   On(actions_->mnuFileArchive, [this] { ArchiveRows(); });
   On(actions_->mnuFileTransfer, [this] { WriteTransferFile(); });
   connect(actions_->mnuFileRecent, &QMenu::aboutToShow, this, &FrmMain::FillRecentMenu);
-  session_.OnDamage([window = QPointer<FrmMain>(this)] {
-    return window && RestoreByDialog(window->session_, window->platform_, window);
-  });
+  session_.OnDamage({[window = QPointer<FrmMain>(this)] {
+                       return window &&
+                              RestoreByDialog(window->session_, window->platform_, window);
+                     },
+                     [window = QPointer<FrmMain>(this)]() -> std::optional<std::string> {
+                       if (!window) return std::nullopt;
+                       return SalvageByDialog(window->session_, window->platform_, window);
+                     }});
 }
 
 bool FrmMain::SwitchTo(const std::string& path) {

@@ -210,6 +210,7 @@ void FrmMain::ShowFile() {
   // A long path must not make the window wide.
   fileName_->setText(fontMetrics().elidedText(shown, Qt::ElideMiddle, kFileWidth));
   fileName_->setToolTip(path);
+  Q_EMIT FileShown(session_.IsWritable() ? path : QString());
 }
 
 SortedTable* FrmMain::ShownTable() const {

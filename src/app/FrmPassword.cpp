@@ -147,8 +147,8 @@ void FrmPassword::MakeFields(bool isNew) {
   }
   chkShowPwd_->setObjectName(QStringLiteral("chkShowPwd"));
   chkEnableLogin_->setObjectName(QStringLiteral("chkEnableLogin"));
-  // Before the program a password that is kept is typed, not switched off in passing.
-  chkEnableLogin_->setVisible(setsOne);
+  // A password that is kept is typed, or changed; it is switched off on purpose alone.
+  chkEnableLogin_->setVisible(setsOne && isNew);
   chkEnableLogin_->setChecked(true);
   form->addRow(QString(), chkShowPwd_);
   form->addRow(QString(), chkEnableLogin_);

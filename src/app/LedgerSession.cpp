@@ -2,7 +2,6 @@
 
 #include "invest/WebRates.h"
 #include "ledger/PassphrasePrompt.h"
-#include "ledger/PromptedOpening.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/Login.h"
+#include "ledger/PromptedOpening.h"
 #include "ledger/RateSource.h"
 #include "ledger/SchedulePosting.h"
 #include "ledger/clsCorvanta.h"
@@ -34,8 +35,8 @@ class LedgerSession {
   // Called before what is open is closed: who holds on to rows of it must let them go.
   void OnClose(std::function<void()> notice) { onClose_ = std::move(notice); }
 
-  // Offered when a data file that is damaged is opened: true when it was restored.
-  void OnDamage(std::function<bool()> restore) { onDamage_ = std::move(restore); }
+  // Offered when a data file that is damaged is opened.
+  void OnDamage(DamageRoads roads) { onDamage_ = std::move(roads); }
 
   // Makes another data file the one to open: writes it into the settings, except where a path was
   // given for this run. Closes what is open. Throws PlatformError.
@@ -75,7 +76,7 @@ class LedgerSession {
   std::string path_;    // where it was
   std::string former_;  // what was chosen before
   std::function<void()> onClose_;
-  std::function<bool()> onDamage_;
+  DamageRoads onDamage_;
   std::optional<DataFile> file_;
   std::unique_ptr<clsCorvanta> ledger_;
   std::unique_ptr<RateSource> rates_;

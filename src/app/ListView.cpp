@@ -254,7 +254,8 @@ void ListView::ShowPage() {
                  tr("No row of this list has what is looked for. Escape shows all of them."),
                  nullptr);
   } else if (isEmpty) {
-    empty_->Show(nothing_.icon, nothing_.title, nothing_.text, traits_.add);
+    QAction* add = nothing_.command != nullptr ? nothing_.command : traits_.add;
+    empty_->Show(nothing_.icon, nothing_.title, nothing_.text, add);
   }
   pages_->setCurrentIndex(isEmpty ? 1 : 0);
   setFocusProxy(pages_->currentWidget());

@@ -93,6 +93,7 @@ class ListView : public QWidget, public MainView {
     QString icon;
     QString title;
     QString text;
+    QAction* command = nullptr;  // offered there in place of the list's own that adds
   };
   // The row that was chosen stays so, or the one that took its place. `count` says how many there
   // are, `figure` what they come to.

@@ -42,6 +42,7 @@ class MainActions : public QObject {
   QAction* mnuFileSaveAs;
   QAction* mnuFileBackup;
   QAction* mnuFileRestore;
+  QAction* mnuFileSalvage;
   QAction* mnuFileArchive;
   QAction* mnuFileTransfer;
   QAction* mnuFileValidate;

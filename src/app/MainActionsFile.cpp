@@ -50,6 +50,8 @@ void MainActions::MakeSafety() {
   mnuFileBackup = Make("mnuFileBackup", tr("&Backup..."), "", tr("Make a backup of the data file"));
   mnuFileRestore = Make("mnuFileRestore", tr("&Restore..."), "",
                         tr("Put a backup into the place of the data file"));
+  mnuFileSalvage = Make("mnuFileSalvage", tr("Sa&lvage..."), "",
+                        tr("Read what can still be read of a damaged data file into a new one"));
   mnuFileArchive = Make("mnuFileArchive", tr("&Archive..."), "",
                         tr("Move old transactions into a data file of their own"));
   mnuFileTransfer =

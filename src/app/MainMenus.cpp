@@ -26,7 +26,8 @@ void MainActions::FillMenus(QMenuBar& menus) const {
   file->addMenu(mnuFileRecent);
   file->addAction(mnuFileSaveAs);
   file->addSeparator();
-  file->addActions({mnuFileBackup, mnuFileRestore, mnuFileArchive, mnuFileTransfer});
+  file->addActions(
+      {mnuFileBackup, mnuFileRestore, mnuFileSalvage, mnuFileArchive, mnuFileTransfer});
   file->addSeparator();
   file->addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
   file->addSeparator();

@@ -19,10 +19,9 @@ int WidthBehindSplit(const RegisterRow& row) {
   return marks * (kMark + kMarkGap);
 }
 
-// As the columns stand in the list, the account behind the date and the balance last.
+// The date stands first and the balance last, and both always stand there.
 QRect TextOf(const QRect& cell, int column) {
-  const int place = column == RegisterModel::kAccount ? 1 : column;
-  return CellTextRect(cell, place, RegisterModel::kBalance + 1);
+  return CellTextRect(cell, column == RegisterModel::kDate, column == RegisterModel::kBalance);
 }
 
 // The head of an unfolded row; as high as a folded one.

@@ -40,7 +40,7 @@ std::vector<ListTable::Column> Columns(const Locale& locale, const QFontMetrics&
   const int few = text(QStringLiteral("Abc..."));
   std::vector<ListTable::Column> columns(RegisterModel::kColumns);
   // The last numbers say which column leaves first where there is no room.
-  columns[RegisterModel::kDate] = {date + kRhythm, 0, date - kRhythm / 2};
+  columns[RegisterModel::kDate] = {date + kRhythm, 0, date - kRhythm / 4};
   columns[RegisterModel::kPayee] = {text(QStringLiteral("A name of usual size")),
                                     4,
                                     text(QStringLiteral("Abcdefghij...")),

@@ -2,11 +2,11 @@
 
 #include "app/LedgerSession.h"
 #include "ledger/KeywordBook.h"
-#include "ledger/PromptedOpening.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "safety/FileStore.h"
 #include "safety/SafetyDialogs.h"
+#include "safety/SalvageEditor.h"
 
 #include <exception>
 
@@ -38,6 +38,21 @@ bool RestoreByDialog(LedgerSession& session, Platform& platform, QWidget* parent
   if (!missing.empty()) told += "\n" + missing;
   platform.prompts.Tell("Restore", told);
   return true;
+}
+
+std::optional<std::string> SalvageByDialog(LedgerSession& session, Platform& platform,
+                                           QWidget* parent) {
+  DataFileOpener& opener = session.Opener();
+  SalvageEditor editor(
+      opener.Passwords(), [&session](Connection& file) { return session.Passwords().Pass(file); },
+      platform, opener.AsWriter());
+  const std::string damaged = session.IsOpen() ? session.Path() : opener.Location().Path();
+  return OpenSalvage(editor, damaged, {platform, opener.AsWriter(), parent, {}});
+}
+
+DamageRoads RoadsByDialog(LedgerSession& session, Platform& platform, QWidget* parent) {
+  return {[&session, &platform, parent] { return RestoreByDialog(session, platform, parent); },
+          [&session, &platform, parent] { return SalvageByDialog(session, platform, parent); }};
 }
 
 void BackUpOnLeaving(LedgerSession& session, Platform& platform) noexcept {

@@ -6,8 +6,11 @@
 #include "app/SafetyCommands.h"
 #include "controls/CommandEdge.h"
 #include "controls/QtText.h"
+#include "platform/PlatformError.h"
 #include "platform/Settings.h"
+#include "store/sql/StoreError.h"
 
+#include <QApplication>
 #include <QTimer>
 
 #include <chrono>
@@ -17,6 +20,7 @@ namespace {
 constexpr const char* kHolder = "the Corvanta window";
 // A command that is writing is soon done; a person at the window is not kept waiting for long.
 constexpr std::chrono::milliseconds kPatience{1500};
+constexpr std::chrono::milliseconds kModalCheck{500};
 }  // namespace
 
 StartUp::StartUp(const StartOptions& options)
@@ -31,6 +35,36 @@ StartUp::StartUp(const StartOptions& options)
 
 StartUp::~StartUp() = default;
 
+bool StartUp::HandOver() {
+  try {
+    return QtWindowBell::Ring(opener_.Location().Path(), importPath_);
+  } catch (const StoreError&) {
+    return false;  // opening will say what is wrong
+  } catch (const PlatformError&) {
+    return false;
+  }
+}
+
+void StartUp::WatchBell() {
+  QObject::connect(window_.get(), &FrmMain::FileShown, &bell_,
+                   [this](const QString& path) { bell_.ListenFor(FromQt(path)); });
+  bell_.ListenFor(session_.IsWritable() ? session_.Path() : std::string());
+  QObject::connect(&bell_, &QtWindowBell::Rung, window_.get(),
+                   [this](const QString& path) { ComeForward(path); });
+}
+
+void StartUp::ComeForward(const QString& importPath) {
+  window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
+  window_->raise();
+  window_->activateWindow();
+  if (importPath.isEmpty()) return;
+  // A dialog that is open is finished first.
+  if (QApplication::activeModalWidget() == nullptr) {
+    return window_->BeginImport(FromQt(importPath));
+  }
+  QTimer::singleShot(kModalCheck, window_.get(), [this, importPath] { ComeForward(importPath); });
+}
+
 bool StartUp::Run() {
   FrmSplash splash;
   splash.Appear();
@@ -39,7 +73,7 @@ bool StartUp::Run() {
     if (!text.isEmpty()) splash.Say(text);
   });
   const Settings settings(platform_.Get().registry);
-  session_.OnDamage([&] { return RestoreByDialog(session_, platform_.Get(), &splash); });
+  session_.OnDamage(RoadsByDialog(session_, platform_.Get(), &splash));
   bool ready = false;
   RunCommand(prompts_, [&] {
     if (settings.IsOn(Setting::ShowTips)) FrmTips(platform_.Get(), &splash).exec();
@@ -59,6 +93,7 @@ bool StartUp::Run() {
   window_ = std::make_unique<FrmMain>(session_, platform_.Get(), progress_);
   prompts_.SetParent(window_.get());
   window_->Restore();
+  WatchBell();
   window_->show();
   if (!importPath_.empty()) window_->BeginImport(importPath_);
   // A file to be imported is a beginning of its own.

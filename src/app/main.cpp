@@ -19,6 +19,7 @@ constexpr int kMachineFailed = 4;
 int Start(const corvanta::StartOptions& options) {
   try {
     corvanta::StartUp start(options);
+    if (start.HandOver()) return 0;
     if (!start.Run()) return kNoDataFile;
     return QApplication::exec();
   } catch (const corvanta::PlatformError& error) {

@@ -23,6 +23,7 @@ Parser* ExportCommand::Declare(Parser& parser) {
   command->AddFlag("--force", force_, "Replace the file where it is there already");
   period_.Declare(*command);
   status_.Declare(*command);
+  filter_.Declare(*command);
   return command;
 }
 
@@ -39,9 +40,14 @@ ExitStatus ExportCommand::Run(Session& session) {
   clsCorvanta ledger(*file->connection, session.Machine());
   const std::optional<AccountRow> account = account_.Find(ledger, session);
   if (!account) return ExitStatus::Refused;
+  const std::optional<RowFilter> filter = filter_.Find(ledger, session);
+  if (!filter) return ExitStatus::Refused;
   const std::optional<Period> period = period_.Get();
-  const std::vector<RegisterRow> rows =
+  std::vector<RegisterRow> rows =
       ledger.Balances().Register(account->accountId, status_.Get(), period);
+  if (const auto keys = FilterArguments::KeysOf(ledger, *filter, account->accountId)) {
+    std::erase_if(rows, [&](const RegisterRow& row) { return !keys->Has(row.transactionId); });
+  }
   FileExport(ledger, session.Machine())
       .Write(account->accountId, rows, period, file_,
              force_ ? FormerFile::Replace : FormerFile::Refuse);

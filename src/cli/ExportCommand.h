@@ -3,6 +3,7 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Command.h"
+#include "cli/FilterArguments.h"
 
 #include <string>
 
@@ -19,6 +20,7 @@ class ExportCommand : public Command {
   std::string file_;
   AccountArgument account_;
   PeriodArguments period_;
+  FilterArguments filter_;
   StatusArgument status_;
   bool force_ = false;
 };

@@ -22,6 +22,7 @@ Parser* FindCommand::Declare(Parser& parser) {
       ->AddOption("--account", account_.name, "In that account alone: its name, or # and its key")
       ->Check(EmptyFault);
   period_.Declare(*command);
+  filter_.Declare(*command);
   return command;
 }
 
@@ -39,6 +40,9 @@ ExitStatus FindCommand::Run(Session& session) {
     if (!account) return ExitStatus::Refused;
     scope.accountId = account->accountId;
   }
+  const std::optional<RowFilter> filter = filter_.Find(ledger, session);
+  if (!filter) return ExitStatus::Refused;
+  const auto keys = FilterArguments::KeysOf(ledger, *filter, scope.accountId);
   const auto index = std::make_shared<SearchIndex>(ledger.Store());
   index->ReadAll();
   TransactionSearch search(index, query, scope);
@@ -55,6 +59,7 @@ ExitStatus FindCommand::Run(Session& session) {
                      {"Currency"}});
   for (const FoundRow& found : ReadFound(*index, search.Hits())) {
     const RegisterRow& row = found.row;
+    if (keys && !keys->Has(row.transactionId)) continue;
     const bool isKnown = found.account != nullptr;
     table.AddRow({row.transactionId, isKnown ? found.account->account : std::string(), row.date,
                   row.payee, row.category, row.reference, row.description, row.amount,

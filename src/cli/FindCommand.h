@@ -3,6 +3,7 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Command.h"
+#include "cli/FilterArguments.h"
 
 #include <string>
 
@@ -18,6 +19,7 @@ class FindCommand : public Command {
   std::string text_;
   AccountArgument account_;
   PeriodArguments period_;
+  FilterArguments filter_;
 };
 
 }  // namespace corvanta::inline cli

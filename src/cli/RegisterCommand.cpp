@@ -15,6 +15,7 @@ Parser* RegisterCommand::Declare(Parser& parser) {
   account_.Declare(*command);
   period_.Declare(*command);
   status_.Declare(*command);
+  filter_.Declare(*command);
   return command;
 }
 
@@ -24,6 +25,9 @@ ExitStatus RegisterCommand::Run(Session& session) {
   clsCorvanta ledger(*file->connection, session.Machine());
   const std::optional<AccountRow> account = account_.Find(ledger, session);
   if (!account) return ExitStatus::Refused;
+  const std::optional<RowFilter> filter = filter_.Find(ledger, session);
+  if (!filter) return ExitStatus::Refused;
+  const auto keys = FilterArguments::KeysOf(ledger, *filter, account->accountId);
 
   OutputTable table({{"ID", OutputKind::Integer},
                      {"Date", OutputKind::Date},
@@ -38,6 +42,7 @@ ExitStatus RegisterCommand::Run(Session& session) {
                      {"Balance", OutputKind::Money}});
   for (const RegisterRow& row :
        ledger.Balances().Register(account->accountId, status_.Get(), period_.Get())) {
+    if (keys && !keys->Has(row.transactionId)) continue;
     const bool isOut = row.amount < 0;
     table.AddRow({row.transactionId, row.date, row.payee, row.category, row.payment, row.reference,
                   row.description, row.status, isOut ? Value(row.amount) : Value(),

@@ -3,6 +3,7 @@
 #include "cli/AccountArgument.h"
 #include "cli/Arguments.h"
 #include "cli/Command.h"
+#include "cli/FilterArguments.h"
 
 namespace corvanta::inline cli {
 
@@ -15,6 +16,7 @@ class RegisterCommand : public Command {
  private:
   AccountArgument account_;
   PeriodArguments period_;
+  FilterArguments filter_;
   StatusArgument status_;
 };
 

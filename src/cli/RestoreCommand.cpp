@@ -64,6 +64,19 @@ std::vector<Value> RowOf(const AccountChange& change) {
           Count(change.changed)};
 }
 
+std::vector<Value> RowOf(const ListChange& change) {
+  return {change.what,
+          Count(change.now),
+          Count(change.then),
+          Value(),
+          Value(),
+          Value(),
+          Value(),
+          Count(change.added),
+          Count(change.removed),
+          Count(change.changed)};
+}
+
 }  // namespace
 
 Parser* RestoreCommand::Declare(Parser& parser) {
@@ -129,6 +142,7 @@ void RestoreCommand::Print(const RestorePlan& plan, Session& session) {
                      {"Gone", OutputKind::Integer},
                      {"Changed", OutputKind::Integer}});
   for (const AccountChange& change : plan.changes) table.AddRow(RowOf(change));
+  for (const ListChange& change : plan.lists) table.AddRow(RowOf(change));
   session.Print(table);
 }
 

@@ -5,24 +5,11 @@
 #include "cli/Parser.h"
 #include "cli/Session.h"
 #include "platform/Platform.h"
+#include "safety/SalvageEditor.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/backup/SalvageDataFile.h"
 
 namespace corvanta::inline cli {
-namespace {
-
-// "35, 40-47"; empty where nothing was lost.
-std::string TextOf(const std::vector<LostKeys>& lost) {
-  std::string text;
-  for (const LostKeys& keys : lost) {
-    if (!text.empty()) text += ", ";
-    text += std::to_string(keys.first);
-    if (keys.last != keys.first) text += "-" + std::to_string(keys.last);
-  }
-  return text;
-}
-
-}  // namespace
 
 Parser* SalvageCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand(
@@ -43,7 +30,7 @@ ExitStatus SalvageCommand::Run(Session& session) {
       SalvageDataFile({damaged, password, {}}, file_, session.Opener().AsWriter(), platform);
   OutputTable table({{"Table"}, {"Rows", OutputKind::Integer}, {"Keys lost"}});
   for (const SalvagedTable& each : tables) {
-    table.AddRow({each.table, each.rows, TextOf(each.lost)});
+    table.AddRow({each.table, each.rows, LostText(each.lost)});
   }
   session.Print(table);
   session.Tell("Salvage", "What can be read of " + damaged + " is in " + file_);

@@ -4,7 +4,9 @@
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 
+#include <QHeaderView>
 #include <QPainter>
+#include <QTableView>
 #include <QWidget>
 
 namespace corvanta::inline controls {
@@ -16,12 +18,28 @@ bool HasLines(const QStyleOptionViewItem& option) {
   return style != nullptr && style->styleHint(kListLines, &option, option.widget) != 0;
 }
 
+QRect TextRect(const QRect& cell, const QStyleOptionViewItem& option, const QModelIndex& index) {
+  const auto* list = qobject_cast<const QTableView*>(option.widget);
+  if (list != nullptr) return CellTextRect(cell, *list->horizontalHeader(), index.column());
+  return CellTextRect(cell, index.column() == 0,
+                      index.column() == index.model()->columnCount() - 1);
+}
+
 }  // namespace
 
-QRect CellTextRect(const QRect& cell, int column, int columns) {
-  const int left = column == 0 ? 2 * kRhythm : kRhythm;
-  const int right = column == columns - 1 ? 2 * kRhythm : kRhythm;
-  return cell.adjusted(left, 0, -right, 0);
+QRect CellTextRect(const QRect& cell, bool isFirst, bool isLast) {
+  return cell.adjusted(isFirst ? 2 * kRhythm : kRhythm, 0, isLast ? -2 * kRhythm : -kRhythm, 0);
+}
+
+QRect CellTextRect(const QRect& cell, const QHeaderView& head, int column) {
+  const auto isEdge = [&](int step) {
+    for (int place = head.visualIndex(column) + step; place >= 0 && place < head.count();
+         place += step) {
+      if (!head.isSectionHidden(head.logicalIndex(place))) return false;
+    }
+    return true;
+  };
+  return CellTextRect(cell, isEdge(-1), isEdge(1));
 }
 
 void DrawRowLine(QPainter& painter, const QStyleOptionViewItem& option, const QColor& background) {
@@ -60,8 +78,8 @@ void ListDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
   DrawBackground(*painter, cell);
   painter->setFont(cell.font);
   painter->setPen(cell.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
-  DrawText(*painter, CellTextRect(cell.rect, index.column(), index.model()->columnCount()),
-           cell.text, (cell.displayAlignment & Qt::AlignRight) != 0);
+  DrawText(*painter, TextRect(cell.rect, cell, index), cell.text,
+           (cell.displayAlignment & Qt::AlignRight) != 0);
   painter->restore();
 }
 
@@ -84,8 +102,7 @@ QSize ListDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelInd
       isNumber ? TabularWidth(metrics, cell.text) : metrics.horizontalAdvance(cell.text);
   // What the gaps leave of a cell.
   constexpr QRect kCell(0, 0, 1000, 1);
-  const int gaps =
-      kCell.width() - CellTextRect(kCell, index.column(), index.model()->columnCount()).width();
+  const int gaps = kCell.width() - TextRect(kCell, cell, index).width();
   return {text + gaps + 1, QStyledItemDelegate::sizeHint(option, index).height()};
 }
 

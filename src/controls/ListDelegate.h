@@ -2,10 +2,14 @@
 
 #include <QStyledItemDelegate>
 
+class QHeaderView;
+
 namespace corvanta::inline controls {
 
 // The place of a cell's text in a list: a gap on both sides, a wider one at the edges of the list.
-[[nodiscard]] QRect CellTextRect(const QRect& cell, int column, int columns);
+[[nodiscard]] QRect CellTextRect(const QRect& cell, bool isFirst, bool isLast);
+// The same for a column of the list with that head, as far as its columns are shown.
+[[nodiscard]] QRect CellTextRect(const QRect& cell, const QHeaderView& head, int column);
 
 // Draws the cells of a list: text, and numbers (what is aligned right) with even digits. The colour
 // is the item's own, the background that of the row.

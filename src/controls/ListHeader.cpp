@@ -32,7 +32,7 @@ void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalI
   const QString text = model()->headerData(logicalIndex, orientation()).toString();
   const QVariant own = model()->headerData(logicalIndex, orientation(), Qt::TextAlignmentRole);
   const Qt::Alignment alignment = own.isValid() ? own.value<Qt::Alignment>() : defaultAlignment();
-  QRect place = CellTextRect(rect, visualIndex(logicalIndex), count());
+  QRect place = CellTextRect(rect, *this, logicalIndex);
   painter->save();
   painter->fillRect(rect, palette().color(QPalette::Window));
   painter->setPen(Hairline(palette()));

@@ -9,9 +9,13 @@
 #include <QScrollBar>
 
 #include <algorithm>
+#include <cstdlib>
 #include <numeric>
 
 namespace corvanta::inline controls {
+namespace {
+constexpr int kWidest = 10000;
+}
 
 ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   setHorizontalHeader(new ListHeader(this));
@@ -70,8 +74,8 @@ QString ListTable::Widths() const {
   QStringList widths;
   bool isAny = false;
   for (const State& column : columns_) {
-    isAny = isAny || column.byHand > 0;
-    widths.append(QString::number(column.byHand));
+    isAny = isAny || column.byHand > 0 || column.isLeftOut;
+    widths.append(QString::number(column.isLeftOut ? -std::max(1, column.byHand) : column.byHand));
   }
   return isAny ? widths.join(u'|') : QString();
 }
@@ -82,13 +86,33 @@ void ListTable::SetWidths(const QString& widths) {
   for (const QString& part : parts) {
     bool isNumber = false;
     const int size = part.toInt(&isNumber);
-    sizes.push_back(isNumber ? size : -1);
+    sizes.push_back(isNumber ? size : kWidest);
   }
-  const bool fits =
-      sizes.size() == columns_.size() &&
-      std::all_of(sizes.begin(), sizes.end(), [](int size) { return size >= 0 && size < 10000; });
-  for (std::size_t i = 0; i < columns_.size(); ++i) columns_[i].byHand = fits ? sizes[i] : 0;
+  const auto isWidth = [](int size) { return std::abs(size) < kWidest; };
+  const bool fits = sizes.size() == columns_.size() && std::ranges::all_of(sizes, isWidth) &&
+                    std::ranges::any_of(sizes, [](int size) { return size >= 0; });
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const int size = fits ? sizes[i] : 0;
+    columns_[i].isLeftOut = size < 0;
+    columns_[i].byHand = size < -1 ? -size : std::max(0, size);
+  }
   FillWidth();
+}
+
+void ListTable::LeaveOut(int column, bool isOut) {
+  State& known = columns_.at(static_cast<std::size_t>(column));
+  if (known.isLeftOut == isOut || (isOut && known.isShown && ShownCount() == 1)) return;
+  known.isLeftOut = isOut;
+  FillWidth();
+}
+
+bool ListTable::IsLeftOut(int column) const {
+  return columns_.at(static_cast<std::size_t>(column)).isLeftOut;
+}
+
+std::size_t ListTable::ShownCount() const {
+  return static_cast<std::size_t>(std::ranges::count_if(
+      columns_, [](const State& column) { return column.isShown && !column.isLeftOut; }));
 }
 
 void ListTable::ShowColumn(int column, bool show) {
@@ -99,7 +123,7 @@ void ListTable::ShowColumn(int column, bool show) {
 }
 
 ColumnNeed ListTable::NeedOf(const State& column) const {
-  if (!column.isShown) return {};
+  if (!column.isShown || column.isLeftOut) return {};
   const Column& wish = column.wish;
   const int width = std::max(column.byHand > 0 ? column.byHand : wish.width, wish.smallest);
   return {width,       wish.stretch,      wish.smallest, wish.leaves,
@@ -149,6 +173,21 @@ void ListTable::Arrange(const std::vector<ColumnNeed>& needs) {
 void ListTable::resizeEvent(QResizeEvent* event) {
   QTableView::resizeEvent(event);
   FillWidth();
+}
+
+void ListTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
+  QModelIndex shown = index;
+  for (int column = 0; index.isValid() && isColumnHidden(shown.column()); ++column) {
+    if (column == model()->columnCount()) return;
+    shown = index.siblingAtColumn(column);
+  }
+  QTableView::scrollTo(shown, hint);
+}
+
+void ListTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  // What is hidden has no place, and would not be gone to.
+  if (isVisible() && current.isValid() && isColumnHidden(current.column())) scrollTo(current);
 }
 
 void ListTable::keyPressEvent(QKeyEvent* event) {

@@ -35,25 +35,35 @@ class ListTable : public QTableView {
   void SetNeed(int column, int width, int smallest);
 
   // The widths set by hand as one text, the numbers separated by "|", 0 for a column that was not
-  // set; empty where none was.
+  // set and below 0 for one that the person has left out; empty where there is neither.
   [[nodiscard]] QString Widths() const;
-  // Sets widths from such a text; one that does not fit the columns is ignored. An empty text lets
-  // all of them fill the width.
+  // Sets widths from such a text; one that does not fit the columns, or leaves none of them, is
+  // ignored. An empty text brings all of them back and lets them fill the width.
   void SetWidths(const QString& widths);
   // Shows or hides a column.
   void ShowColumn(int column, bool show);
+  // The same as the person's own choice, which is kept with the widths. The last one that is shown
+  // stays.
+  void LeaveOut(int column, bool isOut);
+  [[nodiscard]] bool IsLeftOut(int column) const;
+
+  // The keys work in the first column also while it is hidden.
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
  private:
   struct State {
     Column wish;
     int byHand = 0;
-    bool isShown = true;  // as long as there is room
+    bool isShown = true;     // as long as there is room
+    bool isLeftOut = false;  // by the person
   };
   [[nodiscard]] ColumnNeed NeedOf(const State& column) const;
+  [[nodiscard]] std::size_t ShownCount() const;
   void FillWidth();
   void ApplyWidth(int column, int before, int width);
   void Arrange(const std::vector<ColumnNeed>& needs);

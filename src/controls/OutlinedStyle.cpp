@@ -32,6 +32,14 @@ void DrawOutline(QPainter& painter, const QStyleOption& option, bool isRound) {
 
 }  // namespace
 
+void OutlinedStyle::polish(QPalette& palette) {
+  constexpr int kHalf = 128;
+  QProxyStyle::polish(palette);
+  if (!IsDark(palette) || palette.color(QPalette::PlaceholderText).lightness() >= kHalf) return;
+  palette.setColor(QPalette::PlaceholderText,
+                   Mixed(palette.color(QPalette::Text), palette.color(QPalette::Base), 0.6));
+}
+
 void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
                                   QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);

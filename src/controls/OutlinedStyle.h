@@ -16,6 +16,10 @@ class OutlinedStyle : public QProxyStyle {
   // Answers kListLines from now on.
   void SetListLines(bool draws) { drawsListLines_ = draws; }
 
+  using QProxyStyle::polish;
+  // A dark palette that has no colour of its own for what stands in empty fields gets one.
+  void polish(QPalette& palette) override;
+
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,

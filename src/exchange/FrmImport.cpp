@@ -148,8 +148,15 @@ void FrmImport::FitTo(QWidget& page) {
   // What was shown or hidden in the page is not yet known to the layouts around it.
   page.layout()->activate();
   pages_->updateGeometry();
+  layout()->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
   layout()->invalidate();
   layout()->activate();
+  const QSize least = layout()->totalMinimumSize();
+  if (least.width() > room.width() || least.height() > room.height()) {
+    constexpr int kNarrow = kRhythm / 2;
+    layout()->setContentsMargins(kNarrow, kNarrow, kNarrow, kNarrow);
+    layout()->activate();
+  }
   QSize size = layout()->sizeHint();
   if (&page == csv_) size = size.expandedTo(kComfortable);
   // The moment of an import is too short for a dialog that shrinks and grows again.

@@ -27,21 +27,33 @@ bool PromptedOpening::AgreesToCreate(const std::string& path) {
 }
 
 std::optional<std::string> PromptedOpening::OtherFile(const std::string& folder) {
+  if (salvaged_) return std::exchange(salvaged_, std::nullopt);
   return platform_.prompts.OpenFile({"Select File to Open", "Data Files", "*.dat", "dat", folder});
 }
 
 // What stands in the way may be gone when the person has looked after it.
 OpeningQuestions::Road PromptedOpening::AfterRefusal(const std::string& words, bool isFileFault) {
-  std::vector<std::string> roads{kOtherFile};
-  if (!isFileFault) roads.insert(roads.begin(), "Try again");
-  const bool canRestore = isFileFault && restore_;
-  if (canRestore) roads.insert(roads.begin(), "Restore a backup");
+  enum class Way { Again, Restore, Salvage, Other };
+  std::vector<Way> ways;
+  std::vector<std::string> names;
+  const auto offer = [&](bool isOpen, Way way, const char* name) {
+    if (!isOpen) return;
+    ways.push_back(way);
+    names.emplace_back(name);
+  };
+  offer(!isFileFault, Way::Again, "Try again");
+  offer(isFileFault && roads_.restore, Way::Restore, "Restore a backup");
+  offer(isFileFault && roads_.salvage, Way::Salvage, "Salvage what can be read");
+  offer(true, Way::Other, kOtherFile);
   for (;;) {
-    const std::optional<std::size_t> chosen = platform_.prompts.Choose(kTitle, words, roads);
-    if (chosen == roads.size() - 1) return Road::OtherFile;
-    if (chosen != 0U) return Road::Back;
-    // Whoever comes back without a backup may take another road.
-    if (!canRestore || restore_()) return Road::Again;
+    const std::optional<std::size_t> chosen = platform_.prompts.Choose(kTitle, words, names);
+    if (!chosen || *chosen >= ways.size()) return Road::Back;
+    const Way way = ways[*chosen];
+    if (way == Way::Again) return Road::Again;
+    if (way == Way::Other) return Road::OtherFile;
+    // Whoever comes back without a data file may take another road.
+    if (way == Way::Restore && roads_.restore()) return Road::Again;
+    if (way == Way::Salvage && (salvaged_ = roads_.salvage())) return Road::OtherFile;
   }
 }
 

@@ -3,6 +3,8 @@
 #include "store/datafile/opening/OpeningQuestions.h"
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <utility>
 
 namespace corvanta::inline platform {
@@ -11,13 +13,21 @@ struct Platform;
 
 namespace corvanta::inline ledger {
 
+// The roads out of a data file that is damaged, each after its own questions; an empty one is not
+// offered.
+struct DamageRoads {
+  // Puts a backup into its place: true when it did.
+  std::function<bool()> restore = {};
+  // Reads what can be read into a new data file, which is to be opened in its place; nullopt when
+  // there is none.
+  std::function<std::optional<std::string>()> salvage = {};
+};
+
 // Puts the questions of opening a data file to the person, through the prompts of the platform.
 class PromptedOpening : public OpeningQuestions {
  public:
-  // `restore` puts a backup into the place of a damaged data file, after its own questions: true
-  // when it did. Without it that road is not offered.
-  explicit PromptedOpening(Platform& platform, std::function<bool()> restore = {})
-      : platform_(platform), restore_(std::move(restore)) {}
+  explicit PromptedOpening(Platform& platform, DamageRoads roads = {})
+      : platform_(platform), roads_(std::move(roads)) {}
 
   [[nodiscard]] bool AgreesToCreate(const std::string& path) override;
   [[nodiscard]] std::optional<std::string> OtherFile(const std::string& folder) override;
@@ -31,7 +41,8 @@ class PromptedOpening : public OpeningQuestions {
   void Warn(const std::string& text);
 
   Platform& platform_;
-  std::function<bool()> restore_;
+  DamageRoads roads_;
+  std::optional<std::string> salvaged_;  // to be opened next
 };
 
 }  // namespace corvanta::inline ledger

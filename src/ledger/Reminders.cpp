@@ -1,5 +1,6 @@
 #include "ledger/Reminders.h"
 
+#include "ledger/ReminderSides.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/clsCorvanta.h"
@@ -10,30 +11,34 @@
 #include <algorithm>
 #include <tuple>
 #include <unordered_map>
+#include <unordered_set>
 
 namespace corvanta::inline ledger {
 namespace {
 
-Reminder OwnSide(const ScheduleDetails& schedule, Date due) {
+constexpr int kWeekend = 2;  // days by which a payment is booked before it is due, at most
+
+ReminderSide SideOf(const ScheduleDetails& schedule, bool isReceiving) {
+  return {schedule.scheduleId, schedule.dateFrom,    schedule.periodName,        schedule.payee,
+          schedule.amount,     schedule.description, schedule.transferAccountId, isReceiving};
+}
+
+Reminder ItemOf(const ReminderSide& side, const ScheduleDetails& schedule, Date due) {
   Reminder item;
-  item.scheduleId = schedule.scheduleId;
+  item.scheduleId = side.scheduleId;
   item.due = due;
   item.date = schedule.days.BookedOn(due);
   item.account = schedule.account;
   item.currency = schedule.currency;
-  item.payee = schedule.IsTransfer() ? schedule.transferAccount : schedule.payee;
-  item.description = schedule.description;
-  item.periodName = schedule.periodName;
-  item.amount = schedule.amount;
+  item.payee = side.transferAccountId != 0 ? schedule.transferAccount : side.payee;
+  item.description = side.description;
+  item.periodName = side.period;
+  item.amount = side.amount;
   item.waitsForRate = schedule.WaitsForRate(due);
-  return item;
-}
-
-Reminder ReceivingSide(const ScheduleDetails& schedule, Date due) {
-  Reminder item = OwnSide(schedule, due);
+  if (!side.isReceiving) return item;
   item.account = schedule.transferAccount;
   item.payee = schedule.account;
-  item.amount = -schedule.amount;
+  item.amount = -side.amount;
   item.isReceiving = true;
   // What arrives is known when the rate of that day is.
   item.needsRate = schedule.currency != schedule.transferCurrency;
@@ -60,31 +65,43 @@ class Collection {
   }
 
  private:
+  // The sides that may have something due. What the statement leaves out for a name that is gone,
+  // or a column that an old file never wrote, is due all the same.
+  [[nodiscard]] std::vector<ReminderSide> Sides() {
+    std::vector<ReminderSide> sides = ReadReminderSides(ledger_.Store(), until_.AddDays(kWeekend));
+    std::unordered_set<std::int64_t> read;
+    for (const ReminderSide& side : sides) read.insert(side.scheduleId);
+    for (const auto& [key, schedule] : schedules_) {
+      if (read.contains(key)) continue;
+      sides.push_back(SideOf(schedule, false));
+      if (schedule.IsTransfer()) sides.push_back(SideOf(schedule, true));
+    }
+    return sides;
+  }
+
   void AddPending() {
     const PostedBySchedule all = PostedOfAll(ledger_.Store());
     const PostedRows none;
-    for (const auto& [key, schedule] : schedules_) {
-      if (schedule.isFinished) continue;
-      const auto found = all.find(key);
+    for (const ReminderSide& side : Sides()) {
+      const auto schedule = schedules_.find(side.scheduleId);
+      if (schedule == schedules_.end() || schedule->second.isFinished) continue;
+      const auto found = all.find(side.scheduleId);
       const PostedRows& posted = found == all.end() ? none : found->second;
-      for (const Date due : PaymentsBookedUntil(schedule, until_)) {
-        if (!posted.Has(due)) AddPending(schedule, due);
+      for (const Date due : PaymentsBookedUntil(schedule->second, until_)) {
+        if (!posted.Has(due)) Add(ItemOf(side, schedule->second, due));
       }
     }
   }
 
-  void AddPending(const ScheduleDetails& schedule, Date due) {
-    const Date date = schedule.days.BookedOn(due);
-    if (date < today_ && !withOverdue_) return;
-    auto& group = date < today_ ? list_.overdue : list_.future;
-    group.push_back(OwnSide(schedule, due));
-    if (schedule.IsTransfer()) group.push_back(ReceivingSide(schedule, due));
-    if (date <= today_) ++list_.dueCount;
+  void Add(Reminder item) {
+    if (item.date < today_ && !withOverdue_) return;
+    if (item.date <= today_ && !item.isReceiving) ++list_.dueCount;
+    auto& group = item.date < today_ ? list_.overdue : list_.future;
+    group.push_back(std::move(item));
   }
 
   // The bank has not shown these yet.
   void AddPosted() {
-    constexpr int kWeekend = 2;  // as far as a payment is booked before it is due
     Recordset rows = ledger_.Store().OpenRecordset(
         "Select T.BankSch, T.ScheduleDate, T.TransactionID, T.Amount, A.Account, U.[Currency] "
         "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
@@ -99,7 +116,7 @@ class Collection {
       const auto schedule = schedules_.find(rows.Int(0));
       const auto due = rows.Day(1);
       if (schedule == schedules_.end() || !due) continue;
-      Reminder item = OwnSide(schedule->second, *due);
+      Reminder item = ItemOf(SideOf(schedule->second, false), schedule->second, *due);
       if ((item.date < today_ && !withOverdue_) || item.date > until_) continue;
       item.waitsForRate = false;
       item.transactionId = rows.Int(2);

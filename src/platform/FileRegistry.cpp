@@ -132,11 +132,12 @@ void FileRegistry::Write(Hive hive, std::string_view key, std::string_view name,
   Change(hive, [&](RegistryText& text) { return text.Write(key, name, value); });
 }
 
-void FileRegistry::WriteAll(Hive hive, std::string_view key,
-                            const std::map<std::string, std::string>& values) {
+void FileRegistry::WriteKeys(Hive hive, const RegistryKeys& keys) {
   Change(hive, [&](RegistryText& text) {
     bool isChanged = false;
-    for (const auto& [name, value] : values) isChanged |= text.Write(key, name, value);
+    for (const auto& [key, values] : keys) {
+      for (const auto& [name, value] : values) isChanged |= text.Write(key, name, value);
+    }
     return isChanged;
   });
 }

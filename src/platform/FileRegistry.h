@@ -24,8 +24,7 @@ class FileRegistry : public Registry {
                                                 std::string_view name) const override;
   void Write(Hive hive, std::string_view key, std::string_view name,
              std::string_view value) override;
-  void WriteAll(Hive hive, std::string_view key,
-                const std::map<std::string, std::string>& values) override;
+  void WriteKeys(Hive hive, const RegistryKeys& keys) override;
   [[nodiscard]] std::vector<std::string> ValueNames(Hive hive, std::string_view key) const override;
   [[nodiscard]] std::vector<std::string> SubKeys(Hive hive, std::string_view key) const override;
   void DeleteValue(Hive hive, std::string_view key, std::string_view name) override;

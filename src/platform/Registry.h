@@ -10,6 +10,9 @@ namespace corvanta::inline platform {
 
 enum class Hive { CurrentUser, LocalMachine };
 
+using RegistryValues = std::map<std::string, std::string>;   // by their names
+using RegistryKeys = std::map<std::string, RegistryValues>;  // by their keys
+
 // Settings as keys of string values. A key is a path with backslashes
 // ("Software\Corvanta 2.0\Settings"); keys and value names are matched without regard to case
 // (ASCII) and kept in the spelling first written.
@@ -24,9 +27,12 @@ class Registry {
   // Throws PlatformError when it cannot be written (the old settings stay as they were).
   virtual void Write(Hive hive, std::string_view key, std::string_view name,
                      std::string_view value) = 0;
-  // Several values of one key in one write: all of them or none.
-  virtual void WriteAll(Hive hive, std::string_view key,
-                        const std::map<std::string, std::string>& values) = 0;
+  // Several values of several keys in one write: all of them or none.
+  virtual void WriteKeys(Hive hive, const RegistryKeys& keys) = 0;
+  // The same of one key.
+  void WriteAll(Hive hive, std::string_view key, const RegistryValues& values) {
+    WriteKeys(hive, {{std::string(key), values}});
+  }
   // Value names of one key, and names of the keys directly below one, in order of first writing.
   [[nodiscard]] virtual std::vector<std::string> ValueNames(Hive hive,
                                                             std::string_view key) const = 0;

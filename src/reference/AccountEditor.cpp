@@ -38,6 +38,11 @@ AccountForm AccountEditor::New(std::int64_t like) {
     form.currencyId = other->currencyId;
     return form;
   }
+  const auto groups = ledger_.References().AccountGroups();
+  const auto first = std::ranges::min_element(groups, {}, &AccountGroupRecord::accountTypeId);
+  const bool isFirst = ledger_.Store().QueryValue("Select Count(*) from tblAccounts").Int() == 0;
+  // Who is new here need not find out which groups there are.
+  if (isFirst && first != groups.end()) form.accountGroup = first->accountType;
   const std::string own = platform_.locale.CurrencyCode();
   const auto currencies = ledger_.References().Currencies();
   const auto currency = std::find_if(

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kListWidth = 60 * kRhythm;
 constexpr int kListHeight = 11 * kRhythm;
-constexpr QSize kComfortable(110 * kRhythm, 64 * kRhythm);
+constexpr QSize kComfortable(122 * kRhythm, 64 * kRhythm);
 
 QLabel* Caption(const QString& text, QWidget& list, QWidget* parent) {
   auto* caption = new QLabel(text, parent);
@@ -39,16 +39,17 @@ FrmRestore::FrmRestore(RestoreEditor& editor, const SafetyPlace& place)
                                   {tr("File"), "Corvanta 2026-11-22 18-30.dat", 1, false, true},
                                   {tr("Folder"), "/media/someone/Backups", 2, false, true}},
                                  this)),
-      lvChanges_(new ucEntryList("lvChanges", tr("What would change"),
-                                 {{tr("Account"), "Current account at the bank", 3, false, true},
-                                  {tr("Changes"), "000 back, 000 go", 2},
-                                  {tr("Rows now"), "Rows now", 0, true},
-                                  {tr("Rows then"), "Rows then", 0, true},
-                                  {tr("Balance now"), "-000,000.00", 1, true},
-                                  {tr("Balance then"), "-000,000.00", 1, true},
-                                  {tr("From"), "00/00/0000", 0},
-                                  {tr("To"), "00/00/0000", 0}},
-                                 this)) {
+      lvChanges_(
+          new ucEntryList("lvChanges", tr("What would change"),
+                          {{tr("Account or List"), "Current account at the bank", 3, false, true},
+                           {tr("Changes"), "000 back, 000 go", 2},
+                           {tr("Rows now"), "Rows now", 0, true},
+                           {tr("Rows then"), "Rows then", 0, true},
+                           {tr("Balance now"), "-000,000.00", 1, true},
+                           {tr("Balance then"), "-000,000.00", 1, true},
+                           {tr("From"), "00/00/0000", 0},
+                           {tr("To"), "00/00/0000", 0}},
+                          this)) {
   setWindowTitle(tr("Restore"));
   MakeLists();
   auto* browse = MakeButton(tr("&Other File..."), "cmdBrowse");
@@ -125,17 +126,39 @@ void FrmRestore::ShowPlan() {
   cmdAccept_->setDefault(plan_.has_value());
   if (!plan_) return;
   for (const AccountChange& change : plan_->changes) lvChanges_->AddRow(CellsOf(change));
-  Note(plan_->IsChange() ? tr("Shown is %1.").arg(ToQt(plan_->path))
-                         : tr("The transactions are those of %1. What else it holds may differ.")
-                               .arg(ToQt(plan_->path)));
+  for (const ListChange& change : plan_->lists) lvChanges_->AddRow(CellsOf(change));
+  Note(plan_->IsChange()
+           ? tr("Shown is %1.").arg(ToQt(plan_->path))
+           : tr("The data file holds what %1 holds: nothing would change.").arg(ToQt(plan_->path)));
+}
+
+QString FrmRestore::CountText(std::size_t count) const {
+  return ToQt(place_.platform.locale.FormatNumber(static_cast<double>(count), 0));
+}
+
+QStringList FrmRestore::CountsOf(std::size_t added, std::size_t removed,
+                                 std::size_t changed) const {
+  QStringList what;
+  if (added > 0) what.append(tr("%1 back").arg(CountText(added)));
+  if (removed > 0) what.append(tr("%1 go").arg(CountText(removed)));
+  if (changed > 0) what.append(tr("%1 as before").arg(CountText(changed)));
+  return what;
+}
+
+QStringList FrmRestore::CellsOf(const ListChange& change) const {
+  return {ToQt(change.what),
+          CountsOf(change.added, change.removed, change.changed).join(tr(", ")),
+          CountText(change.now),
+          CountText(change.then),
+          QString(),
+          QString(),
+          QString(),
+          QString()};
 }
 
 QStringList FrmRestore::CellsOf(const AccountChange& change) const {
   const Locale& locale = place_.platform.locale;
-  const auto count = [&](std::size_t number) {
-    return ToQt(locale.FormatNumber(static_cast<double>(number), 0));
-  };
-  const auto rows = [&](const auto& state) { return state ? count(state->rows) : QString(); };
+  const auto rows = [&](const auto& state) { return state ? CountText(state->rows) : QString(); };
   const auto balance = [&](const auto& state) {
     return state ? ToQt(locale.FormatNumber(state->balance)) : QString();
   };
@@ -145,9 +168,7 @@ QStringList FrmRestore::CellsOf(const AccountChange& change) const {
   QStringList what;
   if (!change.now) what.append(tr("comes back"));
   if (!change.then) what.append(tr("goes"));
-  if (change.added > 0) what.append(tr("%1 back").arg(count(change.added)));
-  if (change.removed > 0) what.append(tr("%1 go").arg(count(change.removed)));
-  if (change.changed > 0) what.append(tr("%1 as before").arg(count(change.changed)));
+  what += CountsOf(change.added, change.removed, change.changed);
   const auto& shown = change.then ? change.then : change.now;
   return {ToQt(change.Name()), what.join(tr(", ")),  rows(change.now), rows(change.then),
           balance(change.now), balance(change.then), day(shown->from), day(shown->to)};

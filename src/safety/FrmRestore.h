@@ -29,6 +29,11 @@ class FrmRestore : public FormDialog {
   void Look(const std::string& path);
   void ShowPlan();
   [[nodiscard]] QStringList CellsOf(const AccountChange& change) const;
+  [[nodiscard]] QStringList CellsOf(const ListChange& change) const;
+  [[nodiscard]] QString CountText(std::size_t count) const;
+  // "3 back, 1 go", what is 0 left out.
+  [[nodiscard]] QStringList CountsOf(std::size_t added, std::size_t removed,
+                                     std::size_t changed) const;
   void Accept();
 
   SafetyPlace place_;

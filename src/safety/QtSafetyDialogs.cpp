@@ -1,6 +1,7 @@
 #include "safety/FrmArchive.h"
 #include "safety/FrmBackup.h"
 #include "safety/FrmRestore.h"
+#include "safety/FrmSalvage.h"
 #include "safety/SafetyDialogs.h"
 
 namespace corvanta::inline safety {
@@ -15,6 +16,13 @@ std::optional<RestorePlan> OpenRestore(RestoreEditor& editor, const SafetyPlace&
   FrmRestore form(editor, place);
   form.exec();
   return form.Decided();
+}
+
+std::optional<std::string> OpenSalvage(SalvageEditor& editor, const std::string& damaged,
+                                       const SafetyPlace& place) {
+  FrmSalvage form(editor, damaged, place);
+  form.exec();
+  return form.Wanted();
 }
 
 bool OpenArchive(clsCorvanta& ledger, const BackedFile& file, const SafetyPlace& place) {

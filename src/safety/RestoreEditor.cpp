@@ -35,10 +35,17 @@ std::unique_ptr<Connection> Present(const std::string& path, const std::string& 
   }
 }
 
+// What else changes, as a line; empty where nothing does.
+std::string ListsText(const RestorePlan& plan) {
+  std::string names;
+  for (const ListChange& change : plan.lists) names += (names.empty() ? "" : ", ") + change.what;
+  return names.empty() ? names : "Beside the transactions these change: " + names + ".\n";
+}
+
 }  // namespace
 
 bool RestorePlan::IsChange() const {
-  return std::ranges::any_of(changes, &AccountChange::IsChange);
+  return !lists.empty() || std::ranges::any_of(changes, &AccountChange::IsChange);
 }
 
 std::string RowsText(std::size_t count, const Platform& platform) {
@@ -127,7 +134,11 @@ std::optional<RestorePlan> RestoreEditor::Look(const std::string& path,
   const auto then = Connection::Open({path, *password, {}}, platform_.clock);
   if (!admits_(*then)) return std::nullopt;
   if (!then->Check().empty()) throw DamageOf(path);
-  return RestorePlan{path, *password, CompareFiles(now.get(), *then), now != nullptr,
+  return RestorePlan{path,
+                     *password,
+                     CompareFiles(now.get(), *then),
+                     CompareLists(now.get(), *then),
+                     now != nullptr,
                      !isKnown && !IsFromPassphrase(*password)};
 }
 
@@ -145,6 +156,7 @@ std::string RestoreEditor::QuestionOf(const RestorePlan& plan) const {
                      RowsText(removed, platform_) + (removed == 1 ? " goes, " : " go, ") +
                      RowsText(changed, platform_) +
                      (changed == 1 ? " reads as it did.\n" : " read as they did.\n");
+  text += ListsText(plan);
   const bool isThere = IdentityOf(dataFile_.Path()).has_value();
   if (isThere && !plan.isPresentRead) {
     text += "The present data file could not be read: what it holds beyond that is not shown. ";

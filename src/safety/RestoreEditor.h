@@ -2,6 +2,7 @@
 
 #include "ledger/Warning.h"
 #include "platform/Date.h"
+#include "safety/ListComparison.h"
 #include "safety/RestoreComparison.h"
 #include "store/datafile/DataFileLocation.h"
 #include "store/datafile/backup/Generations.h"
@@ -34,6 +35,7 @@ struct RestorePlan {
   std::string path;
   std::string password;                // that opens it
   std::vector<AccountChange> changes;  // of every account, also of those that stay as they are
+  std::vector<ListChange> lists;       // what else would change
   bool isPresentRead = false;          // so that it is known what would go
   bool losesPassphrase = false;        // it would open on this computer without being asked for one
 

@@ -1,4 +1,4 @@
-// Opens the windows of backup, restore and archive, each modal before its parent.
+// Opens the windows of backup, restore, salvage and archive, each modal before its parent.
 #pragma once
 
 #include "safety/Backup.h"
@@ -6,6 +6,7 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 
 class QWidget;
 
@@ -14,6 +15,8 @@ class clsCorvanta;
 }
 
 namespace corvanta::inline safety {
+
+class SalvageEditor;
 
 // What a dialog works with and stands before.
 struct SafetyPlace {
@@ -29,6 +32,11 @@ bool OpenBackup(const BackedFile& file, const SafetyPlace& place);
 // The restore dialog. What the person has decided to restore, after seeing what it changes; nullopt
 // for nothing. It is not done yet: the data file has to be closed for it.
 std::optional<RestorePlan> OpenRestore(RestoreEditor& editor, const SafetyPlace& place);
+
+// The salvage dialog, with that damaged file to begin with. The new data file that the person wants
+// to go on with; nullopt for none.
+std::optional<std::string> OpenSalvage(SalvageEditor& editor, const std::string& damaged,
+                                       const SafetyPlace& place);
 
 // The archive dialog. True when something was archived.
 bool OpenArchive(clsCorvanta& ledger, const BackedFile& file, const SafetyPlace& place);

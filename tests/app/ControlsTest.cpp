@@ -1,5 +1,7 @@
 #include "app/ListColours.h"
+#include "controls/ListDelegate.h"
 #include "controls/ListTable.h"
+#include "controls/OutlinedStyle.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "controls/ucCalendar.h"
@@ -18,6 +20,17 @@
 
 namespace corvanta {
 namespace {
+
+TEST(OutlinedStyles, LetEmptyFieldsBeReadInTheDark) {
+  OutlinedStyle style;
+  QPalette palette(QColor(40, 44, 52));
+  palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  palette.setColor(QPalette::Text, QColor(240, 240, 240));
+  palette.setColor(QPalette::PlaceholderText, Qt::black);
+  style.polish(palette);
+  EXPECT_GT(palette.color(QPalette::PlaceholderText).lightness(), 128);
+  EXPECT_LT(palette.color(QPalette::PlaceholderText).lightness(), 240);
+}
 
 TEST(Calendar, MovesByKeyAndTurnsMonths) {
   ucCalendar calendar;
@@ -111,10 +124,46 @@ TEST_F(Lists, ColumnsFillTheWidthBesideOneThatIsSizedByHand) {
   EXPECT_EQ(table_.columnWidth(1), 77);
 }
 
+TEST_F(Lists, AColumnThatIsLeftOutStaysOutAndTheLastOneIn) {
+  table_.setColumnWidth(1, 77);
+  table_.LeaveOut(0, true);
+  table_.LeaveOut(1, true);
+  table_.LeaveOut(2, true);
+  EXPECT_FALSE(table_.isColumnHidden(2));
+  EXPECT_EQ(table_.columnWidth(2), table_.viewport()->width());
+  const QString kept = table_.Widths();
+  EXPECT_EQ(kept, "-1|-77|0");
+  table_.SetWidths({});
+  EXPECT_FALSE(table_.isColumnHidden(0) || table_.isColumnHidden(1));
+  table_.SetWidths(kept);
+  EXPECT_TRUE(table_.isColumnHidden(0) && table_.isColumnHidden(1));
+  table_.LeaveOut(1, false);
+  EXPECT_EQ(table_.columnWidth(1), 77);
+}
+
+TEST_F(Lists, TheFirstColumnThatIsShownHasTheMarginOfTheList) {
+  const QHeaderView& head = *table_.horizontalHeader();
+  constexpr QRect kCell(0, 0, 100, 20);
+  const auto left = [&](int column) { return CellTextRect(kCell, head, column).left(); };
+  const int inner = left(1);
+  const int edge = left(0);
+  EXPECT_GT(edge, inner);
+  table_.LeaveOut(0, true);
+  EXPECT_EQ(left(1), edge);
+  EXPECT_EQ(left(2), inner);
+}
+
+TEST_F(Lists, TheKeysScrollAlsoWhileTheFirstColumnIsHidden) {
+  model_.setRowCount(200);
+  table_.LeaveOut(0, true);
+  table_.setCurrentIndex(model_.index(150, 0));
+  EXPECT_TRUE(table_.viewport()->rect().intersects(table_.visualRect(model_.index(150, 1))));
+}
+
 TEST_F(Lists, WidthsThatDoNotFitAreIgnored) {
   table_.SetWidths("50|60|70");
   EXPECT_EQ(table_.Widths(), "50|60|70");
-  for (const char* wrong : {"50|60", "50|60|x", "50|60|70|80", "-1|60|70", ""}) {
+  for (const char* wrong : {"50|60", "50|60|x", "50|60|70|80", "-10000|60|70", "-1|-1|-9", ""}) {
     table_.SetWidths(QLatin1String(wrong));
     EXPECT_EQ(table_.Widths(), "") << wrong;
   }

@@ -109,11 +109,19 @@ TEST_F(Dialogs, ANewPasswordIsTypedTwice) {
   EXPECT_EQ(Setting("Login"), "1");
 }
 
-TEST_F(Dialogs, ThePasswordIsSwitchedOffByWhoKnowsIt) {
+TEST_F(Dialogs, AChangeSwitchesThePasswordOffByItsOwnButtonAlone) {
   FrmPassword dialog(FrmPassword::Mode::Change, false, machine_.Get(), Actions(), nullptr);
   dialog.show();
-  Find<QCheckBox>(dialog, "chkEnableLogin").setChecked(false);
-  EXPECT_FALSE(Find<QLineEdit>(dialog, "txtNewPassword").isEnabled());
+  EXPECT_FALSE(Find<QCheckBox>(dialog, "chkEnableLogin").isVisible());
+  EXPECT_TRUE(Find<QCheckBox>(dialog, "chkEnableLogin").isChecked());
+  QTest::mouseClick(&Find<QPushButton>(dialog, "cmdDelete"), Qt::LeftButton);
+  EXPECT_EQ(dialog.result(), FrmPassword::kSwitchOff);
+  EXPECT_EQ(set_, "(none)");
+}
+
+TEST_F(Dialogs, ThePasswordIsSwitchedOffByWhoKnowsIt) {
+  FrmPassword dialog(FrmPassword::Mode::Delete, false, machine_.Get(), Actions(), nullptr);
+  dialog.show();
   machine_.prompts.ExpectTell("Password warning", "Incorrect password entered");
   QTest::keyClick(&dialog, Qt::Key_Return);
   EXPECT_EQ(set_, "(none)");

@@ -5,6 +5,7 @@
 #include "safety/FrmArchive.h"
 #include "safety/FrmBackup.h"
 #include "safety/FrmRestore.h"
+#include "safety/FrmSalvage.h"
 #include "safety/RecentFiles.h"
 #include "store/datafile/opening/TransferFile.h"
 
@@ -157,6 +158,50 @@ TEST_F(SafetyCommands, ADamagedFileLeadsToItsBackups) {
       std::ranges::find(shown, ScriptedPrompts::Kind::Choose, &ScriptedPrompts::Record::kind);
   ASSERT_NE(asked, shown.end());
   EXPECT_EQ(asked->answers.front(), "Restore a backup");
+}
+
+TEST_F(SafetyCommands, ADamagedFileIsSalvagedIntoANewOneThatOpens) {
+  OpenData();
+  session_.PostSchedules();
+  ShowWindow();
+  const std::int64_t rows = Rows();
+  session_.Close();
+  // Its last page alone, which holds none of the transactions' table.
+  std::string bytes = ReadFile(DataFilePath());
+  bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '?'));
+  machine_.folder.Write("data/Corvanta.dat", bytes);
+  const std::string salvaged = DataFolder() + "/Corvanta salvaged.dat";
+  InNext<FrmSalvage>([](FrmSalvage& form) {
+    Press(form, "cmdAccept");
+    Press(form, "cmdOpen");
+  });
+  Trigger("mnuFileSalvage");
+  EXPECT_EQ(dialogs_, 1);
+  ASSERT_TRUE(session_.IsOpen());
+  EXPECT_EQ(session_.Path(), salvaged);
+  EXPECT_EQ(Setting("DBPath"), salvaged);
+  EXPECT_LE(Rows(), rows);
+}
+
+TEST_F(SafetyCommands, TheMessageOfADamagedFileLeadsToSalvage) {
+  OpenData();
+  ShowWindow();
+  session_.Close();
+  std::string bytes = ReadFile(DataFilePath());
+  bytes.replace(16, 4080, std::string(4080, '?'));
+  machine_.folder.Write("data/Corvanta.dat", bytes);
+  // Not even its beginning can be read: that is told, and another road can be taken.
+  machine_.prompts.ExpectChoose("Open Data File", ScriptedPrompts::kAnyText, 1);
+  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  machine_.prompts.ExpectChoose("Open Data File", ScriptedPrompts::kAnyText, std::nullopt);
+  InNext<FrmSalvage>([](FrmSalvage& form) { Press(form, "cmdAccept"); });
+  EXPECT_FALSE(session_.Open(true));
+  EXPECT_EQ(dialogs_, 1);
+  const auto& shown = machine_.prompts.Shown();
+  const auto asked =
+      std::ranges::find(shown, ScriptedPrompts::Kind::Choose, &ScriptedPrompts::Record::kind);
+  ASSERT_NE(asked, shown.end());
+  EXPECT_EQ(asked->answers.at(1), "Salvage what can be read");
 }
 
 TEST_F(SafetyCommands, ArchivingShowsInTheWindowAndCanBeUndone) {

@@ -96,6 +96,20 @@ TEST_F(Start, AFirstStartMakesTheSampleFileAndShowsIt) {
   EXPECT_EQ(MainWindow()->Accounts().size(), 1U);
 }
 
+TEST_F(Start, ASecondOneOnTheSameFileBringsTheWindowForward) {
+  TurnBackEverywhere();
+  StartUp start(options_);
+  EXPECT_FALSE(start.HandOver());
+  ASSERT_TRUE(start.Run());
+  MainWindow()->showMinimized();
+  StartOptions named = options_;
+  named.dataPath = folder_.Path("data/Corvanta.dat");
+  EXPECT_TRUE(StartUp(named).HandOver());
+  EXPECT_TRUE(QTest::qWaitFor([] { return !MainWindow()->isMinimized(); }));
+  named.dataPath = folder_.Path("elsewhere");
+  EXPECT_FALSE(StartUp(named).HandOver());
+}
+
 // Counts how often a widget is painted.
 class Paints : public QObject {
  public:

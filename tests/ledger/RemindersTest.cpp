@@ -1,4 +1,5 @@
 #include "ledger/PostingTest.h"
+#include "ledger/ReminderSides.h"
 #include "ledger/Reminders.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRecord.h"
@@ -71,6 +72,32 @@ TEST_F(RemindersTest, TransfersStandForBothAccounts) {
   EXPECT_EQ(list.dueCount, 1U);
   Run("UPDATE tblAccounts SET CloseAccount = 1 WHERE AccountID = " + std::to_string(euros_));
   EXPECT_TRUE(Look().IsEmpty());
+}
+
+TEST_F(RemindersTest, BothSidesOfATransferComeInOneStatement) {
+  ScheduleRecord plan = Plan("m", "2026-11-20", 0, AddToAccount::No);
+  const std::int64_t plain = Save(plan);
+  plan.transferAccountId = euros_;
+  const std::int64_t transfer = Save(plan);
+  plan.dateFrom = Day("2026-12-24");
+  Save(plan);
+  const auto sides = ReadReminderSides(Db(), Day("2026-12-23"));
+  ASSERT_EQ(sides.size(), 3U);
+  EXPECT_EQ(sides[0].scheduleId, plain);
+  EXPECT_FALSE(sides[0].isReceiving);
+  EXPECT_EQ(sides[1].scheduleId, transfer);
+  EXPECT_FALSE(sides[1].isReceiving);
+  EXPECT_TRUE(sides[2].isReceiving);
+  EXPECT_EQ(sides[2].transferAccountId, euros_);
+  EXPECT_EQ(sides[2].from, Day("2026-11-20"));
+  EXPECT_EQ(sides[2].amount, -40);
+  EXPECT_EQ(sides[2].period, "Monthly");
+}
+
+TEST_F(RemindersTest, APaymentWhosePayeeIsGoneIsStillDue) {
+  Save(Plan("m", "2026-11-20", 0, AddToAccount::No));
+  Run("UPDATE tblSchedule SET PayeeID = 0, AllocatedItem = NULL");
+  EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-20 Bank -40"}));
 }
 
 TEST_F(RemindersTest, WhatWaitsForARateSaysSo) {

@@ -244,11 +244,13 @@ TEST_F(EditorRules, AnAccountBringsItsGroupAndBankAndOneUndoTakesAllBack) {
   const std::string before = Everything();
   EXPECT_EQ(editor.New().currencyId, 17) << "the pound, of a British locale";
   EXPECT_EQ(editor.New().bank, "none");
+  EXPECT_EQ(editor.New().accountGroup, "Bank Accounts") << "of the first one";
   AccountForm form = Account("Purse", "Pockets", "My Bank", 17);
   form.openingBalance = -12.5;
   form.closed = true;
   form = *editor.Load(editor.Save(form));
   EXPECT_EQ(form.accountGroup, "Pockets");
+  EXPECT_EQ(editor.New().accountGroup, "");
   EXPECT_EQ(form.bank, "My Bank");
   const AccountForm like = editor.New(form.accountId);
   EXPECT_EQ(like.accountGroup + '/' + like.bank, "Pockets/My Bank");

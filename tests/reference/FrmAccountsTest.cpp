@@ -63,6 +63,8 @@ TEST_F(Accounts, TheAccountsWarningsFocusTheirFields) {
     EXPECT_EQ(FocusOf(dialog), field) << text;
   };
   Type(dialog, "txtAccount", "Purse");
+  EXPECT_EQ(Find<PickBox>(dialog, "cmbAccountType").currentText(), "Bank Accounts");
+  Find<PickBox>(dialog, "cmbAccountType").clearEditText();
   refused("You need to enter an Account Group", "cmbAccountType");
   Type(dialog, "cmbAccountType", "Pockets");
   Find<PickBox>(dialog, "cmbCurrency").setEditText("no such money");
@@ -101,7 +103,7 @@ TEST_F(Accounts, EnterTakesACompletionAndThenSaves) {
   Show(dialog);
   Type(dialog, "txtAccount", "Purse");
   auto& groups = Find<PickBox>(dialog, "cmbAccountType");
-  groups.setFocus();
+  groups.setFocus(Qt::TabFocusReason);
   QTest::keyClicks(&groups, "sh acc");
   QWidget* popup = QApplication::activePopupWidget();
   ASSERT_NE(popup, nullptr) << "completes from the middle of a name";

@@ -47,6 +47,49 @@ class Restores : public SafetyTest {
   std::string made_;
 };
 
+TEST_F(Restores, TellWhatElseThanTransactionsChanges) {
+  const std::string path = store_.Path();
+  EXPECT_FALSE(Editor().Look(made_)->IsChange());
+  store_.Db().Execute("INSERT INTO tblKeywords ([Keyword]) VALUES ('Holiday')");
+  store_.Db().Execute("UPDATE tblPayees SET Description = 'corner shop' WHERE PayeeID = 1");
+  store_.Db().Execute("DELETE FROM tblSchedule");
+  store_.Db().Execute("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (1,#01/02/2026#,7)");
+  const auto plan = Editor().Look(made_);
+  ASSERT_TRUE(plan && plan->IsChange());
+  std::vector<std::string> told;
+  for (const ListChange& change : plan->lists) {
+    told.push_back(change.what + " " + std::to_string(change.added > 0 ? 1 : 0) +
+                   std::to_string(change.removed) + std::to_string(change.changed));
+  }
+  EXPECT_EQ(told, (std::vector<std::string>{"Payees 001", "Keywords 010", "Schedules 100",
+                                            "Prices 010"}));
+  EXPECT_NE(Editor().QuestionOf(*plan).find("Payees, Keywords, Schedules, Prices"),
+            std::string::npos);
+}
+
+TEST_F(Restores, ThinOutWhatTheyHaveKept) {
+  const std::string folder = std::filesystem::path(store_.Path()).parent_path().string() + "/";
+  const auto put = [&](const std::string& name) {
+    store_.platform.folder.Write("data/" + name, "former rows");
+  };
+  const std::string own = "Corvanta before the summer.dat";
+  for (const char* day : {"2026-01-03 10-00", "2026-01-20 10-00", "2026-11-10 09-00",
+                          "2026-11-10 11-00", "2026-11-20 10-00", "2026-11-20 10-00 2"}) {
+    put(std::string("Corvanta before ") + day + ".dat");
+  }
+  put(own);
+  Restore(made_);
+  std::vector<std::string> kept;
+  for (const std::string& name : NamesIn(folder)) {
+    if (name.find(" before ") != std::string::npos) kept.push_back(name);
+  }
+  EXPECT_EQ(kept,
+            (std::vector<std::string>{
+                "Corvanta before 2026-01-20 10-00.dat", "Corvanta before 2026-11-10 11-00.dat",
+                "Corvanta before 2026-11-20 10-00 2.dat", "Corvanta before 2026-11-20 10-00.dat",
+                "Corvanta before 2026-11-20 18-30.dat", own}));
+}
+
 // A backup of a file with a passphrase has it, too, and comes back with it.
 TEST_F(Restores, AskForThePassphraseOnceAndKeepIt) {
   const std::string password = NewPasswordFromPassphrase("a phrase of four words");

@@ -1,3 +1,4 @@
+#include "platform/PlatformError.h"
 #include "platform/SettingsTable.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/datafile/opening/clsCipher.h"
@@ -24,6 +25,16 @@ TEST(Cipher, ReadsBackAndRefusesDamage) {
   }
   EXPECT_NE(cipher.Encipher("secret"), line);
 }
+
+// Counts how often something is written.
+class CountingRegistry : public MemoryRegistry {
+ public:
+  void WriteKeys(Hive hive, const RegistryKeys& keys) override {
+    ++writes;
+    MemoryRegistry::WriteKeys(hive, keys);
+  }
+  int writes = 0;
+};
 
 class Transfer : public ::testing::Test {
  protected:
@@ -61,6 +72,20 @@ TEST_F(Transfer, CarriesPasswordAndSettingsToAnotherMachine) {
   EXPECT_EQ(Read(reports + "\\By month\\Columns", "Date"), "D");
   EXPECT_EQ(Read(kStocksKey, "Watch"), "MSF,BT-A.L");
   EXPECT_EQ(Read(kCurrencyKey, "GBP"), "1");
+}
+
+TEST_F(Transfer, SettingsWithAllTheirKeysAreWrittenAtOnce) {
+  const auto transfer = TransferFile::FromText(
+      clsCipher().Encipher("plain") +
+      "\n[SETTINGS]\nHeight=600\n[REPORTS]\nLast=1\n[REPORTS\\One]\nTitle=a\n[REPORTS\\Two]\n"
+      "Title=b\n[STOCKS]\nItem1=MSF\n");
+  CountingRegistry registry;
+  transfer->WriteSettings(registry);
+  EXPECT_EQ(registry.writes, 1);
+  EXPECT_EQ(registry.Read(Hive::CurrentUser, std::string(kReportsKey) + "\\Two", "Title"), "b");
+  EXPECT_EQ(registry.Read(Hive::CurrentUser, kStocksKey, "Item1"), "MSF");
+  registry.RefuseWrites(true);
+  EXPECT_THROW(transfer->WriteSettings(registry), PlatformError);
 }
 
 TEST_F(Transfer, ReaderPutsUpWithForeignLineEndsAndSections) {

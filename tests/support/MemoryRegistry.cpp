@@ -21,10 +21,11 @@ void MemoryRegistry::Write(Hive hive, std::string_view key, std::string_view nam
                            std::string_view value) {
   ToChange(hive).Write(key, name, value);
 }
-void MemoryRegistry::WriteAll(Hive hive, std::string_view key,
-                              const std::map<std::string, std::string>& values) {
+void MemoryRegistry::WriteKeys(Hive hive, const RegistryKeys& keys) {
   RegistryText& text = ToChange(hive);
-  for (const auto& [name, value] : values) text.Write(key, name, value);
+  for (const auto& [key, values] : keys) {
+    for (const auto& [name, value] : values) text.Write(key, name, value);
+  }
 }
 std::vector<std::string> MemoryRegistry::ValueNames(Hive hive, std::string_view key) const {
   return Of(hive).ValueNames(key);

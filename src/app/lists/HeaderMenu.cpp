@@ -37,11 +37,24 @@ HeaderMenu::HeaderMenu(SortedTable& table, std::vector<QAction*> choices,
   connect(head, &QWidget::customContextMenuRequested, this, &HeaderMenu::Show);
 }
 
+void HeaderMenu::AddTicks(QMenu& menu) {
+  QMenu* columns = menu.addMenu(tr("&Columns"));
+  columns->setObjectName(QStringLiteral("mnuColumns"));
+  for (int column = 0; column < table_.model()->columnCount(); ++column) {
+    QAction* tick = columns->addAction(Title(table_, column));
+    tick->setCheckable(true);
+    tick->setChecked(!table_.IsLeftOut(column));
+    connect(tick, &QAction::toggled, &table_,
+            [this, column](bool isShown) { table_.LeaveOut(column, !isShown); });
+  }
+}
+
 void HeaderMenu::Show(QPoint place) {
   const int column = table_.horizontalHeader()->logicalIndexAt(place);
   auto* menu = new QMenu(&table_);
   menu->setObjectName(QStringLiteral("mnuHeader"));
   menu->setAttribute(Qt::WA_DeleteOnClose);
+  if (choices_.empty()) AddTicks(*menu);
   for (QAction* choice : choices_) menu->addAction(choice);
   menu->addSeparator();
   if (column >= 0) {

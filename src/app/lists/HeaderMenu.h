@@ -5,6 +5,7 @@
 #include <vector>
 
 class QAction;
+class QMenu;
 class QPoint;
 
 namespace corvanta::inline controls {
@@ -23,12 +24,13 @@ class HeaderMenu : public QObject {
   Q_OBJECT
 
  public:
-  // `choices` are ticks of columns that may be hidden, `commands` work on the list as a whole. The
-  // table is the parent.
+  // `choices` are ticks of columns that may be hidden; without them each column has a tick of its
+  // own. `commands` work on the list as a whole. The table is the parent.
   HeaderMenu(SortedTable& table, std::vector<QAction*> choices, std::vector<QAction*> commands);
 
  private:
   void Show(QPoint place);
+  void AddTicks(QMenu& menu);
 
   SortedTable& table_;
   std::vector<QAction*> choices_;

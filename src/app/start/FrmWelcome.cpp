@@ -43,6 +43,7 @@ FrmWelcome::FrmWelcome(WelcomeActions actions, const QString& backup, QWidget* p
                      tr("It alone opens your data on another machine"));
   cmdBackup_ = AddWay("cmdBackup", "save", tr("Choose where &backups go"), QString());
   ShowBackup(backup);
+  page_->addStretch(1);
 
   auto* scroll = new QScrollArea(this);
   scroll->setFrameShape(QFrame::NoFrame);
@@ -62,7 +63,7 @@ FrmWelcome::FrmWelcome(WelcomeActions actions, const QString& backup, QWidget* p
   rows->addWidget(scroll, 1);
   rows->addWidget(note);
   rows->addWidget(buttons);
-  const int whole = content->sizeHint().height() + 14 * kRhythm;
+  const int whole = page_->totalHeightForWidth(kWidth + 2 * kRhythm) + 14 * kRhythm;
   resize(kWidth + 6 * kRhythm, std::min(whole, screen()->availableSize().height() - 6 * kRhythm));
 
   connect(account, &QPushButton::clicked, this, [this] { Leave(actions_.addAccount); });

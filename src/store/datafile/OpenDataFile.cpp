@@ -163,6 +163,7 @@ RestoredFile DataFileOpener::Restore(const std::string& backup, const std::strin
   restored.kept =
       RestoreDataFile(location, {backup, password, {}}, file.password, writer_, platform_);
   file.connection = OpenChecked(location.Path(), file.password, platform_);
+  ThinKeptFiles(location, platform_);
   return restored;
 }
 

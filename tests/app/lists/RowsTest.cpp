@@ -254,6 +254,26 @@ TEST_F(Rows, TheMenuOfAHeadChoosesColumnsAndTheirWidths) {
   EXPECT_FALSE(Table().Widths().isEmpty());
 }
 
+TEST_F(Rows, EveryOtherListHasATickForEachOfItsColumns) {
+  Start();
+  window_->ShowView(kPayeeShow);
+  auto& list = Find<SortedTable>("lvpayee");
+  QHeaderView& head = *list.horizontalHeader();
+  Q_EMIT head.customContextMenuRequested(QPoint(12, head.height() / 2));
+  QMenu& menu = Popup();
+  auto* columns = menu.findChild<QMenu*>("mnuColumns");
+  ASSERT_NE(columns, nullptr);
+  ASSERT_EQ(columns->actions().size(), list.model()->columnCount());
+  columns->actions().constFirst()->trigger();
+  menu.close();
+  EXPECT_TRUE(list.isColumnHidden(0));
+  const QString kept = list.Widths();
+  window_->close();
+  EXPECT_EQ(Setting("chP"), kept.toStdString());
+  ShowWindow().Restore();
+  EXPECT_TRUE(Find<SortedTable>("lvpayee").isColumnHidden(0));
+}
+
 TEST_F(Rows, TheMenuOfTheTreeIsAboutTheAccountBelowTheMouse) {
   Start();
   Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "

@@ -64,6 +64,21 @@ std::optional<DateTime> ChangeTime(const std::string& path) {
   return DateTime{*day, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec};
 }
 
+// Of "2026-11-22 18-30", which may have a number behind it.
+std::optional<DateTime> TimeIn(std::string_view text) {
+  constexpr std::size_t kDay = 10;
+  const auto day = Date::FromIso(text.substr(0, kDay));
+  const auto number = [&](std::size_t at) { return (text[at] - '0') * 10 + text[at + 1] - '0'; };
+  const int hours = number(kDay + 1);
+  const int minutes = number(kDay + 4);
+  if (!day || hours > 23 || minutes > 59) return std::nullopt;
+  return DateTime{*day, hours * 3600 + minutes * 60};
+}
+
+std::filesystem::path FolderOf(const std::filesystem::path& place) {
+  return place.has_parent_path() ? place.parent_path() : std::filesystem::path(".");
+}
+
 void SortNewestFirst(std::vector<Generation>& generations) {
   // Within one minute the place itself is the latest, and then the higher number.
   const auto rank = [](const Generation& generation) {
@@ -96,16 +111,34 @@ std::vector<Generation> FindGenerations(const GenerationsOf& backups) {
   const std::filesystem::path place(backups.place);
   const std::string stem = place.stem().string();
   std::error_code error;
-  const auto folder = place.has_parent_path() ? place.parent_path() : std::filesystem::path(".");
   const std::optional<FileIdentity> dataFile = IdentityOf(backups.dataFile);
-  for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-       entry.increment(error)) {
+  for (std::filesystem::directory_iterator entry(FolderOf(place), error), end;
+       !error && entry != end; entry.increment(error)) {
     const std::filesystem::path& path = entry->path();
     const bool isNamedSo =
         path.extension() == place.extension() && IsGenerationName(path.stem().string(), stem);
     if (!isNamedSo || IdentityOf(path.string()) == dataFile) continue;
     const auto made = ReadBackupTime(path.string(), backups.password, backups.dataFile);
     if (made) found.push_back({path.string(), *made});
+  }
+  SortNewestFirst(found);
+  return found;
+}
+
+std::vector<Generation> FindDatedFiles(const std::string& place) {
+  std::vector<Generation> found;
+  const std::filesystem::path path(place);
+  const std::string stem = path.stem().string();
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(FolderOf(path), error), end;
+       !error && entry != end; entry.increment(error)) {
+    const std::filesystem::path& each = entry->path();
+    const std::string name = each.stem().string();
+    const bool isNamedSo = each.extension() == path.extension() && name != stem &&
+                           IsGenerationName(name, stem) && !entry->is_directory(error);
+    if (!isNamedSo) continue;
+    const auto made = TimeIn(std::string_view(name).substr(stem.size() + 1));
+    if (made) found.push_back({each.string(), *made});
   }
   SortNewestFirst(found);
   return found;

@@ -32,6 +32,10 @@ struct GenerationsOf {
 // A free name beside the place that tells a day and a time: "Corvanta 2026-11-22 18-30.dat".
 [[nodiscard]] std::string FreeDatedPath(const std::string& place, DateTime made);
 
+// The files beside the place whose names FreeDatedPath has made for it, by the day and the time in
+// them, the newest first, whatever they hold.
+[[nodiscard]] std::vector<Generation> FindDatedFiles(const std::string& place);
+
 // Which of them are no longer needed, seen from that day: of the last day all stay, of the seven
 // days before it the last of each, of the month before it (31 days) the last of each week (Monday
 // to Sunday), of all time before it the last of each month. The newest of all always stays.

@@ -13,6 +13,7 @@
 #include "store/sql/StoreError.h"
 
 #include <algorithm>
+#include <exception>
 #include <filesystem>
 #include <functional>
 
@@ -27,16 +28,19 @@ void SettleJournal(const DataSource& dataFile) {
   if (HasJournal(dataFile.path)) ClearMarkQuietly(dataFile);
 }
 
+// The name of kept files without a day and a time.
+std::string KeptPlace(const DataFileLocation& location) {
+  const std::filesystem::path name(location.fileName);
+  return DataFileLocation{location.folder, name.stem().string() + kKept + name.extension().string()}
+      .Path();
+}
+
 std::string KeepAside(const DataFileLocation& location, const std::string& password,
                       Platform& platform) {
   const std::string path = location.Path();
   if (!IdentityOf(path).has_value()) return {};
   SettleJournal({path, password, {}});
-  const std::filesystem::path name(location.fileName);
-  const std::string place =
-      DataFileLocation{location.folder, name.stem().string() + kKept + name.extension().string()}
-          .Path();
-  const std::string kept = FreeDatedPath(place, platform.clock.Now());
+  const std::string kept = FreeDatedPath(KeptPlace(location), platform.clock.Now());
   MoveDataFile(path, kept, platform.files);
   return kept;
 }
@@ -79,6 +83,20 @@ std::string RestoreDataFile(const DataFileLocation& location, const DataSource& 
   }
   ClearMarkQuietly({location.Path(), password, {}});
   return kept;
+}
+
+std::size_t ThinKeptFiles(const DataFileLocation& location, Platform& platform) noexcept {
+  std::size_t removed = 0;
+  try {
+    const std::vector<Generation> kept = FindDatedFiles(KeptPlace(location));
+    for (const Generation& old : Superfluous(kept, platform.clock.Today())) {
+      RemoveDataFile(old.path, platform.files);
+      ++removed;
+    }
+  } catch (const std::exception&) {
+    // One too many is no harm: the next restore tries again.
+  }
+  return removed;
 }
 
 std::vector<std::string> FindKeptFiles(const DataFileLocation& location) {

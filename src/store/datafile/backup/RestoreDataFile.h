@@ -4,6 +4,7 @@
 #include "store/datafile/WriterLock.h"
 #include "store/sql/Connection.h"
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,11 @@ namespace corvanta::inline datafile {
 // StoreError and PlatformError; the data file is then as it was.
 std::string RestoreDataFile(const DataFileLocation& location, const DataSource& backup,
                             const std::string& password, const Writer& writer, Platform& platform);
+
+// Removes of the files that restoring has kept under their day and time those that are no longer
+// needed, as with backups (see Superfluous): the latest always stays. What cannot be removed stays,
+// too. Returns how many are gone.
+std::size_t ThinKeptFiles(const DataFileLocation& location, Platform& platform) noexcept;
 
 // The data files of that name that restoring has kept, the latest first.
 [[nodiscard]] std::vector<std::string> FindKeptFiles(const DataFileLocation& location);

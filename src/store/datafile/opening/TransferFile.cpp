@@ -7,7 +7,6 @@
 #include "store/datafile/opening/clsCipher.h"
 
 #include <algorithm>
-#include <map>
 #include <utility>
 
 namespace corvanta::inline datafile {
@@ -34,9 +33,9 @@ std::string WithoutMark(std::string_view text) {
   return std::string(text);
 }
 
-void WriteKey(const RegistryText& text, const std::string& section, const std::string& key,
-              Registry& registry) {
-  std::map<std::string, std::string> values;
+void CollectKey(const RegistryText& text, const std::string& section, const std::string& key,
+                RegistryKeys& keys) {
+  RegistryValues values;
   for (const std::string& name : text.ValueNames(section)) {
     if (EqualFolded(name, "DBPath")) continue;
     std::string value = text.Read(section, name).value_or("");
@@ -44,9 +43,9 @@ void WriteKey(const RegistryText& text, const std::string& section, const std::s
     if (EqualFolded(name, "Login") && !ReadCheck(value).value_or(false)) continue;
     values[name] = std::move(value);
   }
-  if (!values.empty()) registry.WriteAll(Hive::CurrentUser, key, values);
+  if (!values.empty()) keys[key] = std::move(values);
   for (const std::string& subKey : text.SubKeys(section)) {
-    WriteKey(text, section + "\\" + subKey, key + "\\" + subKey, registry);
+    CollectKey(text, section + "\\" + subKey, key + "\\" + subKey, keys);
   }
 }
 
@@ -75,10 +74,12 @@ std::optional<TransferFile> TransferFile::FromText(std::string_view text) {
 }
 
 void TransferFile::WriteSettings(Registry& registry) const {
+  RegistryKeys keys;
   for (const Section& section : kSections) {
-    WriteKey(settings, std::string(section.heading),
-             std::string(kProgramKey) + std::string(section.key), registry);
+    CollectKey(settings, std::string(section.heading),
+               std::string(kProgramKey) + std::string(section.key), keys);
   }
+  if (!keys.empty()) registry.WriteKeys(Hive::CurrentUser, keys);
 }
 
 void WriteTransferFile(const std::string& path, const std::string& password,

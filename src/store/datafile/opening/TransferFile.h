@@ -28,8 +28,8 @@ struct TransferFile {
   // nullopt when the text does not begin with a password. What else makes no sense is skipped.
   [[nodiscard]] static std::optional<TransferFile> FromText(std::string_view text);
 
-  // Writes the settings into the user's hive. The other machine's DBPath is left out: it means
-  // nothing here. Throws PlatformError.
+  // Writes the settings into the user's hive, all of them or none. The other machine's DBPath is
+  // left out: it means nothing here. Throws PlatformError.
   void WriteSettings(Registry& registry) const;
 };
 
