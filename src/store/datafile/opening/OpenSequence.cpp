@@ -15,6 +15,7 @@
 #include "store/datafile/opening/RecoverDataFile.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/datafile/schema/AccessPaths.h"
+#include "store/datafile/schema/KeptSums.h"
 #include "store/datafile/schema/SchemaCheck.h"
 #include "store/datafile/upgrade/RenewDataFile.h"
 #include "store/sql/StoreError.h"
@@ -48,6 +49,21 @@ void EnsureAccessPathsIfRoom(Connection& connection) {
   }
 }
 
+// The same holds for these; and another program that writes just now will have made them, or the
+// next start does.
+bool EnsureKeptSumsIfPossible(const Connection& connection, const DataSource& source,
+                              const Clock& clock) {
+  try {
+    return EnsureKeptSums(connection, source, clock);
+  } catch (const StoreError& error) {
+    const bool isOfPlace = error.Code() == StoreErrorCode::DiskFull ||
+                           error.Code() == StoreErrorCode::ReadOnly ||
+                           error.Code() == StoreErrorCode::Locked;
+    if (!isOfPlace) throw;
+    return false;
+  }
+}
+
 // When the program last started on this file. Nothing depends on it, so a disk that refuses it is
 // left to say so when something is entered.
 void StampStart(Connection& connection) {
@@ -62,10 +78,14 @@ void StampStart(Connection& connection) {
 
 std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::string& password,
                                         Platform& platform) {
-  std::unique_ptr<Connection> connection = Connection::Open({path, password, {}}, platform.clock);
+  const DataSource source{path, password, {}};
+  std::unique_ptr<Connection> connection = Connection::Open(source, platform.clock);
   CheckSchema(*connection);
   EnsureAccessPathsIfRoom(*connection);
-  return connection;
+  if (!EnsureKeptSumsIfPossible(*connection, source, platform.clock)) return connection;
+  // With the tables that were made for them in its catalog.
+  connection = nullptr;
+  return Connection::Open(source, platform.clock);
 }
 
 OpenSequence::OpenSequence(Platform& platform, const Writer& writer,
