@@ -48,7 +48,7 @@ KeptByAccount ReadKept(Connection& store, const std::string& account, const Stat
     Recordset gone = store.OpenRecordset(
         "Select DISTINCT U.AccountID from own_KeptCategories U LEFT JOIN tblCategory C ON "
         "U.CategoryID = C.CategoryID WHERE " +
-        account + "U.Entries <> 0 AND C.CategoryID IS NULL");
+        account + "C.CategoryID IS NULL");
     for (; !gone.Eof(); gone.MoveNext()) kept.toAddUp.insert(gone.Int(0));
   }
   Recordset rows = store.OpenRecordset(

@@ -65,7 +65,7 @@ TEST_F(KeptSumsFile, AFileThatHasNoneGetsThem) {
         "DROP TRIGGER \"own_KeptSums.added\"; DROP TRIGGER \"own_KeptSums.removed\"; DROP "
         "TRIGGER \"own_KeptSums.left\"; DROP TRIGGER \"own_KeptSums.joined\"; DROP TABLE "
         "own_KeptSums",
-        "DROP TRIGGER \"own_KeptCategories.left\"; CREATE TRIGGER \"own_KeptCategories.left\" "
+        "DROP TRIGGER \"own_KeptCategories.joined\"; CREATE TRIGGER \"own_KeptCategories.joined\" "
         "AFTER "
         "UPDATE ON tblTransactions BEGIN SELECT 1; END"}) {
     RunElsewhere(lost);
@@ -111,6 +111,20 @@ TEST_F(KeptSumsFile, ValidatingCountsThemAnew) {
     EXPECT_EQ(Db().QueryValue(kTotal).Int(), expected_) << wrong;
     EXPECT_EQ(Problems(Db()), std::vector<std::string>{}) << wrong;
   }
+}
+
+TEST_F(KeptSumsFile, ACategoryThatIsGoneAndUnusedIsForgottenAtTheNextOpening) {
+  const auto uses = [this] {
+    return Db().QueryValue("SELECT Count(*) FROM own_KeptCategories WHERE CategoryID > 7000").Int();
+  };
+  Db().Execute("UPDATE tblTransactions SET CategoryID = 7000 + TransactionID MOD 2 + 1");
+  Db().Execute("UPDATE tblTransactions SET CategoryID = 3 WHERE CategoryID = 7001");
+  EXPECT_GE(uses(), 2);
+  Reopen();
+  EXPECT_GE(uses(), 1) << "one is still in use";
+  EXPECT_EQ(
+      Db().QueryValue("SELECT Count(*) FROM own_KeptCategories WHERE CategoryID = 7001").Int(), 0);
+  EXPECT_EQ(Problems(Db()), std::vector<std::string>{});
 }
 
 TEST_F(KeptSumsFile, ASalvagedFileHasThoseOfItsRows) {

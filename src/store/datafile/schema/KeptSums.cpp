@@ -54,7 +54,7 @@ std::vector<Kept> MakeAllKept() {
             {"Odd", odd},
             {"Total", units("")},
             {"PaidIn", units(" AND @\"Amount\" > 0")}}},
-          {kCategoryUse, {account, {"CategoryID", "@\"CategoryID\""}}, {{"Entries", "1"}}}};
+          {kCategoryUse, {account, {"CategoryID", "@\"CategoryID\""}}, {}}};
 }
 
 const std::vector<Kept>& AllKept() {
@@ -105,13 +105,37 @@ std::string Update(const Kept& kept, const std::string& row, const char* sign) {
          Joined(kept.groups, " AND ", group) + "); ";
 }
 
+std::vector<Part> Columns(const Kept& kept) {
+  std::vector<Part> columns = kept.groups;
+  columns.insert(columns.end(), kept.figures.begin(), kept.figures.end());
+  return columns;
+}
+
+std::string Insert(const Kept& kept) {
+  return "INSERT INTO " + Quoted(kept.table) + " (" + Names(Columns(kept)) + ") ";
+}
+
+std::string InsertNew(const Kept& kept) {
+  const auto value = [](const Part& part) { return Of(part.value, "NEW."); };
+  return Insert(kept) + "SELECT " + Joined(Columns(kept), ", ", value);
+}
+
 // A group is made when its first row comes, and stays when its last one goes.
 std::string Add(const Kept& kept) {
-  const auto value = [](const Part& part) { return Of(part.value, "NEW."); };
-  return Update(kept, "NEW.", "+") + "INSERT INTO " + Quoted(kept.table) + " (" +
-         Names(kept.groups) + ", " + Names(kept.figures) + ") SELECT " +
-         Joined(kept.groups, ", ", value) + ", " + Joined(kept.figures, ", ", value) +
-         " WHERE changes() = 0; ";
+  if (kept.figures.empty()) return InsertNew(kept) + "; ";
+  return Update(kept, "NEW.", "+") + InsertNew(kept) + " WHERE changes() = 0; ";
+}
+
+// Of a group without figures only the first row is of interest: any other costs no more than a
+// look.
+std::string IsNew(const Kept& kept) {
+  const std::string counted = "NEW.\"AllocatedItem\" = 0";
+  if (!kept.figures.empty()) return counted;
+  const auto group = [](const Part& part) {
+    return Quoted(part.name) + " IS " + Of(part.value, "NEW.");
+  };
+  return counted + " AND NOT EXISTS (SELECT 1 FROM " + Quoted(kept.table) + " WHERE " +
+         Joined(kept.groups, " AND ", group) + ")";
 }
 
 // Name and text of the triggers. What stands before the dot says whose they are.
@@ -133,35 +157,27 @@ Triggers TriggersOf(const Kept& kept) {
                      Quoted(kCounted) + " WHEN " + condition + " BEGIN " + does + "END";
   };
   const std::string update = "UPDATE OF " + list;
-  const std::string isNew = "NEW.\"AllocatedItem\" = 0";
   const std::string isOld = "OLD.\"AllocatedItem\" = 0";
-  const std::string take = Update(kept, "OLD.", "-");
-  make("added", "INSERT", isNew, Add(kept));
-  make("removed", "DELETE", isOld, take);
-  make("left", update, isOld + " AND (" + differs + ")", take);
-  make("joined", update, isNew + " AND (" + differs + ")", Add(kept));
+  make("added", "INSERT", IsNew(kept), Add(kept));
+  make("joined", update, IsNew(kept) + " AND (" + differs + ")", Add(kept));
+  if (kept.figures.empty()) return triggers;
+  make("removed", "DELETE", isOld, Update(kept, "OLD.", "-"));
+  make("left", update, isOld + " AND (" + differs + ")", Update(kept, "OLD.", "-"));
   return triggers;
 }
 
 std::string CountedAnew(const Kept& kept) {
-  const auto group = [](const Part& part) { return Of(part.value, ""); };
-  const auto figure = [](const Part& part) {
-    return "sum(" + Of(part.value, "") + ") AS " + Quoted(part.name);
-  };
-  std::string places;
-  for (std::size_t i = 1; i <= kept.groups.size(); ++i) {
-    places += (i == 1 ? "" : ", ") + std::to_string(i);
+  std::string columns;
+  for (const Part& part : kept.groups) {
+    columns += (columns.empty() ? "" : ", ") + Of(part.value, "") + " AS " + Quoted(part.name);
   }
-  return "SELECT " +
-         Joined(kept.groups, ", ",
-                [&](const Part& part) { return group(part) + " AS " + Quoted(part.name); }) +
-         ", " + Joined(kept.figures, ", ", figure) + " FROM " + Quoted(kCounted) +
+  for (const Part& part : kept.figures) {
+    columns += ", sum(" + Of(part.value, "") + ") AS " + Quoted(part.name);
+  }
+  std::string places = "1";
+  for (std::size_t i = 2; i <= kept.groups.size(); ++i) places += ", " + std::to_string(i);
+  return "SELECT " + columns + " FROM " + Quoted(kCounted) +
          " WHERE \"AllocatedItem\" = 0 GROUP BY " + places;
-}
-
-std::string Insert(const Kept& kept) {
-  return "INSERT INTO " + Quoted(kept.table) + " (" + Names(kept.groups) + ", " +
-         Names(kept.figures) + ") ";
 }
 
 // Whether all triggers stand there as this version writes them. Where they do, the tables are
@@ -194,7 +210,7 @@ void Make(sqlite3* database, const Kept& kept, const std::string& file) {
   // back by itself.
   Run(database,
       "DROP TABLE IF EXISTS " + table + "; CREATE TABLE " + table + " (" +
-          Joined(kept.groups, ", ", column) + ", " + Joined(kept.figures, ", ", column) + ")",
+          Joined(Columns(kept), ", ", column) + ")",
       file);
   Run(database, Insert(kept) + CountedAnew(kept), file);
   Run(database,
@@ -220,17 +236,33 @@ std::string Differences(const std::string& rows, const std::string& others) {
 
 bool PutRight(sqlite3* database, const Kept& kept, const std::string& file) {
   const std::string table = Quoted(kept.table);
-  const std::string all = "SELECT " + Names(kept.groups) + ", " + Names(kept.figures) + " FROM ";
-  const std::string stored = all + table + " WHERE \"Entries\" <> 0";
+  // Groups that have no row any more are of no use.
+  if (!kept.figures.empty()) {
+    Run(database, "DELETE FROM " + table + " WHERE \"Entries\" = 0", file);
+  }
+  const std::string all = "SELECT " + Names(Columns(kept)) + " FROM ";
+  const std::string stored = all + table;
   const std::string counted = all + "temp.counted";
   Run(database, "CREATE TEMP TABLE counted AS " + CountedAnew(kept), file);
   const bool differs = QueryNumber(database, Differences(stored, counted), file) > 0 ||
                        QueryNumber(database, Differences(counted, stored), file) > 0;
-  // Groups without a row are of no use any more.
-  Run(database, "DELETE FROM " + table + (differs ? "" : " WHERE \"Entries\" = 0"), file);
-  if (differs) Run(database, Insert(kept) + counted, file);
+  if (differs) Run(database, "DELETE FROM " + table + "; " + Insert(kept) + counted, file);
   Run(database, "DROP TABLE temp.counted", file);
   return differs;
+}
+
+// Categories that are gone and that no entry has any more would have their accounts added up.
+void DropUnused(const DataSource& source, const Clock& clock) {
+  const std::string table = Quoted(kCategoryUse);
+  const std::string unused =
+      " FROM " + table +
+      " WHERE \"CategoryID\" NOT IN (SELECT \"CategoryID\" FROM \"tblCategory\") AND NOT EXISTS "
+      "(SELECT 1 FROM \"tblTransactions\" AS t WHERE t.\"AllocatedItem\" = 0 AND "
+      "t.\"AccountID\" = " +
+      table + ".\"AccountID\" AND t.\"CategoryID\" = " + table + ".\"CategoryID\")";
+  const std::string count = "SELECT count(*)" + unused;
+  if (QueryNumber(OpenUnchecked(source).get(), count, source.path) == 0) return;
+  Run(OpenFile(source, clock).get(), "DELETE" + unused, source.path);
 }
 
 }  // namespace
@@ -241,7 +273,10 @@ bool IsKeptSums(std::string_view table) {
 
 bool EnsureKeptSums(const Connection& connection, const DataSource& source, const Clock& clock) {
   if (!HasColumns(connection)) return false;
-  if (AreKept(OpenUnchecked(source).get(), source.path)) return false;
+  if (AreKept(OpenUnchecked(source).get(), source.path)) {
+    DropUnused(source, clock);
+    return false;
+  }
   const DatabaseHandle database = OpenFile(source, clock);
   Run(database.get(), "BEGIN IMMEDIATE", source.path);
   for (const Kept& kept : AllKept()) Make(database.get(), kept, source.path);

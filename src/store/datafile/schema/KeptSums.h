@@ -16,8 +16,9 @@ namespace corvanta::inline datafile {
 // currency. A sum of whole numbers depends on no order and has no noise. An amount that is no whole
 // number of units, to its last bit, is in no sum but counted in Odd: an account that has one is to
 // be added up row by row.
-// own_KeptCategories: by account and category how many entries there are, of whatever category, for
-// those whose category is gone count nowhere.
+// own_KeptCategories: the categories that entries of an account have, or have had since that was
+// looked up last; for entries whose category is gone count nowhere. An account with one that is
+// gone is to be added up row by row, too.
 //
 // Both are there together, or neither; a change of the table's layout takes them away until the
 // file is opened again.
