@@ -37,24 +37,12 @@ bool IsFileFault(const StoreError& error) {
          error.Code() == StoreErrorCode::Missing;
 }
 
-// Without these the program is slower, and without room, or where nothing may be written, it must
-// still show what there is.
-void EnsureAccessPathsIfRoom(Connection& connection) {
+// Without these the program is slower, and without room, where nothing may be written, or while
+// another program writes, it must still show what there is. True when something was made.
+template <typename Ensure>
+bool IfPossible(const Ensure& ensure) {
   try {
-    EnsureAccessPaths(connection);
-  } catch (const StoreError& error) {
-    const bool isOfPlace =
-        error.Code() == StoreErrorCode::DiskFull || error.Code() == StoreErrorCode::ReadOnly;
-    if (!isOfPlace) throw;
-  }
-}
-
-// The same holds for these; and another program that writes just now will have made them, or the
-// next start does.
-bool EnsureKeptSumsIfPossible(const Connection& connection, const DataSource& source,
-                              const Clock& clock) {
-  try {
-    return EnsureKeptSums(connection, source, clock);
+    return ensure();
   } catch (const StoreError& error) {
     const bool isOfPlace = error.Code() == StoreErrorCode::DiskFull ||
                            error.Code() == StoreErrorCode::ReadOnly ||
@@ -81,8 +69,10 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
   const DataSource source{path, password, {}};
   std::unique_ptr<Connection> connection = Connection::Open(source, platform.clock);
   CheckSchema(*connection);
-  EnsureAccessPathsIfRoom(*connection);
-  if (!EnsureKeptSumsIfPossible(*connection, source, platform.clock)) return connection;
+  IfPossible([&] { return EnsureAccessPaths(*connection), false; });
+  const bool isMade =
+      IfPossible([&] { return EnsureKeptSums(*connection, source, platform.clock); });
+  if (!isMade) return connection;
   // With the tables that were made for them in its catalog.
   connection = nullptr;
   return Connection::Open(source, platform.clock);
