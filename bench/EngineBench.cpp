@@ -105,10 +105,10 @@ void ImportThroughLibrary(benchmark::State& state) {
         database,
         "SELECT T.*, P.* FROM tblTransactions T JOIN tblPayees P ON T.PayeeID = P.PayeeID WHERE "
         "AccountID = ?1 AND Amount = ?2 AND Date = ?3 AND P.Investment = 0 AND AllocatedItem = 0");
-    RawStatement insert(
-        database,
-        "INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,Amount,Description,"
-        "Reference,Date,BankChk,BankRec,TransferID) VALUES (?1,?2,?3,?4,?5,?6,?7,?8,?9,?10,?11)");
+    RawStatement insert(database,
+                        "INSERT OR FAIL INTO tblTransactions "
+                        "(AccountID,CategoryID,PaymentID,PayeeID,Amount,Description,Reference,Date,"
+                        "BankChk,BankRec,TransferID) VALUES (?1,?2,?3,?4,?5,?6,?7,?8,?9,?10,?11)");
     RawStatement update(database,
                         "UPDATE tblTransactions SET TransferID = 0 WHERE TransferID = ?1");
     for (auto _ : state) {

@@ -63,12 +63,12 @@ void InsertThroughLibrary(benchmark::State& state) {
   const BenchStore store;
   sqlite3* database = store.OpenRaw();
   sqlite3_stmt* insert = nullptr;
-  sqlite3_prepare_v2(
-      database,
-      "INSERT INTO tblTransactions (AllocatedItem,Date,Amount,Description,Reference,BankChk,"
-      "BankRec,AccountID,CategoryID,PaymentID,PayeeID,Action,TransferID) VALUES "
-      "(0,?1,?2,?3,?4,0,0,1,?5,1,?6,0,0)",
-      -1, &insert, nullptr);
+  sqlite3_prepare_v2(database,
+                     "INSERT OR FAIL INTO tblTransactions "
+                     "(AllocatedItem,Date,Amount,Description,Reference,BankChk,"
+                     "BankRec,AccountID,CategoryID,PaymentID,PayeeID,Action,TransferID) VALUES "
+                     "(0,?1,?2,?3,?4,0,0,1,?5,1,?6,0,0)",
+                     -1, &insert, nullptr);
   const auto bind = [&](int number, const std::string& text) {
     sqlite3_bind_text(insert, number, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
   };

@@ -21,7 +21,7 @@ namespace corvanta {
 namespace {
 
 // Ordinary rows, of which one in forty has a keyword and one in twenty is of the second account.
-BenchStore& StoreOf(std::int64_t count) {
+BenchStore& FilterStore(std::int64_t count) {
   static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
   std::unique_ptr<BenchStore>& store = stores[count];
   if (store) return *store;
@@ -42,7 +42,7 @@ BenchStore& StoreOf(std::int64_t count) {
 // What the window does to show the chosen rows of the register that stands there, which is read
 // already (`isKept`), or of one that is gone to.
 void Filter(benchmark::State& state, const RowFilter& filter, bool isKept = true) {
-  BenchStore& store = StoreOf(state.range(0));
+  BenchStore& store = FilterStore(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
   const RegisterScope scope{1, {}, std::nullopt, filter};
@@ -118,7 +118,7 @@ void FilterByTextOnly(benchmark::State& state) {
 
 // The least that a text filter can cost: every row's own texts, compared by the library.
 void TextsThroughLibraryByHand(benchmark::State& state) {
-  sqlite3* database = StoreOf(state.range(0)).OpenRaw();
+  sqlite3* database = FilterStore(state.range(0)).OpenRaw();
   for (auto _ : state) {
     sqlite3_stmt* rows = nullptr;
     sqlite3_prepare_v2(database,
@@ -135,7 +135,7 @@ void TextsThroughLibraryByHand(benchmark::State& state) {
 
 // What opening the dialog reads, and a key typed in its search.
 void FilterDialogItems(benchmark::State& state) {
-  BenchStore& store = StoreOf(state.range(0));
+  BenchStore& store = FilterStore(state.range(0));
   const auto connection = store.Open();
   for (auto _ : state) {
     const FilterChoice choice(*connection, FilterKind::Payee, {20});

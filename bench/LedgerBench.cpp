@@ -17,8 +17,8 @@ namespace corvanta {
 namespace {
 
 // Filling a file takes longer than reading it, so each size is made once.
-BenchStore& StoreOf(int rows) {
-  static std::map<int, std::unique_ptr<BenchStore>> stores;
+BenchStore& LedgerStore(std::int64_t rows) {
+  static std::map<std::int64_t, std::unique_ptr<BenchStore>> stores;
   std::unique_ptr<BenchStore>& store = stores[rows];
   if (!store) {
     store = std::make_unique<BenchStore>();
@@ -26,7 +26,7 @@ BenchStore& StoreOf(int rows) {
     connection->Execute(
         "INSERT INTO tblAccounts ([Account],AccountTypeID,BankID,OpeningBalance,CurrencyId) "
         "VALUES ('Bench',1,0,100,17)");
-    store->AddTransactions(rows);
+    store->AddTransactions(static_cast<int>(rows));
   }
   return *store;
 }
@@ -91,7 +91,7 @@ constexpr const char* kUncleared =
     "1";
 
 void ReadRaw(benchmark::State& state, std::initializer_list<const char*> statements) {
-  sqlite3* database = StoreOf(static_cast<int>(state.range(0))).OpenRaw();
+  sqlite3* database = LedgerStore(state.range(0)).OpenRaw();
   {
     std::vector<std::unique_ptr<RawQuery>> queries;
     for (const char* sql : statements) {
@@ -106,7 +106,7 @@ void ReadRaw(benchmark::State& state, std::initializer_list<const char*> stateme
 
 template <typename Read>
 void ReadLedger(benchmark::State& state, const Read& read) {
-  BenchStore& store = StoreOf(static_cast<int>(state.range(0)));
+  BenchStore& store = LedgerStore(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
   for (auto _ : state) benchmark::DoNotOptimize(read(ledger));
@@ -141,14 +141,14 @@ void UnclearedThroughLedger(benchmark::State& state) {
 
 // One commit of the row that the ledger writes.
 void SaveThroughLibrary(benchmark::State& state) {
-  sqlite3* database = StoreOf(20000).OpenRaw();
+  sqlite3* database = LedgerStore(20000).OpenRaw();
   {
     RawQuery begin(database, "BEGIN IMMEDIATE");
-    RawQuery insert(
-        database,
-        "INSERT INTO tblTransactions (AllocatedItem,Date,Amount,Description,Reference,BankChk,"
-        "BankRec,AccountID,CategoryID,PaymentID,PayeeID,Action,TransferID) VALUES "
-        "(0,'2025-12-31',-12.5,'Saved','',0,0,1,9,2,20,0,0)");
+    RawQuery insert(database,
+                    "INSERT OR FAIL INTO tblTransactions "
+                    "(AllocatedItem,Date,Amount,Description,Reference,BankChk,"
+                    "BankRec,AccountID,CategoryID,PaymentID,PayeeID,Action,TransferID) VALUES "
+                    "(0,'2025-12-31',-12.5,'Saved','',0,0,1,9,2,20,0,0)");
     RawQuery commit(database, "COMMIT");
     for (auto _ : state) {
       begin.Run();
@@ -172,7 +172,7 @@ TransactionRecord Row() {
 }
 
 void Save(benchmark::State& state, bool withUndo) {
-  BenchStore& store = StoreOf(20000);
+  BenchStore& store = LedgerStore(20000);
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
   if (withUndo) ledger.Undo().Start();
@@ -191,7 +191,7 @@ void SaveThroughLedgerWithUndo(benchmark::State& state) {
 
 // What the processor does for one row, without waiting for the disk.
 void SaveManyInOneCommit(benchmark::State& state, bool withUndo) {
-  BenchStore& store = StoreOf(20000);
+  BenchStore& store = LedgerStore(20000);
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
   if (withUndo) ledger.Undo().Start();

@@ -7,6 +7,7 @@
 #include "ledger/RegisterRows.h"
 #include "ledger/Reminders.h"
 #include "ledger/clsCorvanta.h"
+#include "store/sql/SqlText.h"
 
 #include <benchmark/benchmark.h>
 
@@ -153,6 +154,34 @@ void SortByBalance(benchmark::State& state) {
   Switch(state, RegisterColumn::Balance, true);
 }
 
+// What the window does behind a save: the tree, and the end of the register.
+void ShowAfterASave(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  double amount = 1;
+  for (auto _ : state) {
+    amount = -amount;
+    connection->Execute("UPDATE tblTransactions SET [Amount] = " + SqlNumber(amount) +
+                        " WHERE TransactionID = 1000");
+    const AccountRow account = ledger.Accounts().Accounts(TreeOptions()).front();
+    RegisterRows rows(*connection, {account.accountId, {}}, account.openingBalance, account.sums);
+    benchmark::DoNotOptimize(rows.Entry(rows.Count() - 1));
+    benchmark::DoNotOptimize(rows.UnclearedCount());
+  }
+}
+
+// The figures and the last rows of one year, of cleared entries alone.
+void ShowAYear(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  const Period year{*Date::FromYmd(2024, 2, 10), *Date::FromYmd(2025, 2, 9)};
+  for (auto _ : state) {
+    RegisterRows rows(*connection, {1, {false, true, false}, year}, 0);
+    benchmark::DoNotOptimize(rows.Entry(rows.Count() - 1));
+  }
+}
+
 // What the window does while nothing else happens.
 void ReadToTheEnd(benchmark::State& state) {
   BenchStore& store = StoreOf(state.range(0));
@@ -198,6 +227,8 @@ BENCHMARK(SwitchSortedByPayee)->Apply(Sizes);
 BENCHMARK(SwitchSortedByDescription)->Apply(Sizes);
 BENCHMARK(SortByPayee)->Apply(Sizes);
 BENCHMARK(SortByBalance)->Apply(Sizes);
+BENCHMARK(ShowAfterASave)->Apply(Sizes);
+BENCHMARK(ShowAYear)->Apply(Sizes);
 BENCHMARK(ReadToTheEnd)->Apply(Sizes);
 BENCHMARK(RemindersThroughLedger)->Apply(Sizes);
 BENCHMARK(RegisterThroughLibrary)->Arg(100000)->Unit(benchmark::kMillisecond);

@@ -250,20 +250,6 @@ void HoldingsView::FetchRates() {
   Show(Place().host.Shown());
 }
 
-std::optional<RateAnswer> HoldingsView::KeptRates::Rate(const std::string& from,
-                                                        const std::string& to) {
-  const auto known = known_.find(from + to);
-  return known == known_.end() ? std::nullopt : std::optional(known->second);
-}
-
-void HoldingsView::KeptRates::Fetch(const std::vector<HoldingTotal>& totals, const std::string& to,
-                                    RateSource& rates) {
-  for (const HoldingTotal& total : totals) {
-    if (total.currency == to) continue;
-    if (const auto rate = rates.Rate(total.currency, to)) known_[total.currency + to] = *rate;
-  }
-}
-
 int HoldingsView::PlaceOf(std::int64_t key) const {
   const auto found = std::ranges::find(list_.holdings, key, KeyOf);
   return found == list_.holdings.end() ? -1 : static_cast<int>(found - list_.holdings.begin());

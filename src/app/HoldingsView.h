@@ -1,10 +1,8 @@
 #pragma once
 
+#include "app/KeptRates.h"
 #include "app/ListView.h"
 #include "invest/Holdings.h"
-#include "ledger/RateSource.h"
-
-#include <map>
 
 namespace corvanta::inline platform {
 class Locale;
@@ -43,17 +41,6 @@ class HoldingsView : public ListView {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  // Rates that were fetched when the person asked for them: reading the view again fetches none.
-  class KeptRates : public RateSource {
-   public:
-    [[nodiscard]] std::optional<RateAnswer> Rate(const std::string& from,
-                                                 const std::string& to) override;
-    void Fetch(const std::vector<HoldingTotal>& totals, const std::string& to, RateSource& rates);
-
-   private:
-    std::map<std::string, RateAnswer> known_;  // by both codes
-  };
-
   void FillBar();
   [[nodiscard]] ListRow RowOf(const Holding& holding) const;
   [[nodiscard]] QString Figure();

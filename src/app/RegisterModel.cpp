@@ -3,7 +3,6 @@
 #include "controls/QtText.h"
 #include "ledger/KeySet.h"
 #include "ledger/RegisterOrder.h"
-#include "ledger/TradeText.h"
 #include "platform/Locale.h"
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
@@ -20,7 +19,7 @@ constexpr int kPage = 64;
 }  // namespace
 
 RegisterModel::RegisterModel(const Locale& locale, QObject* parent)
-    : QAbstractTableModel(parent), locale_(locale), idle_(new QTimer(this)) {
+    : QAbstractTableModel(parent), locale_(locale), cells_(*this, locale), idle_(new QTimer(this)) {
   idle_->setObjectName(QStringLiteral("tmrRegister"));
   connect(idle_, &QTimer::timeout, this, &RegisterModel::ReadOn);
 }
@@ -241,84 +240,19 @@ QVariant RegisterModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   switch (role) {
     case Qt::DisplayRole:
-      return Text(index.row(), index.column());
+      return cells_.Text(index.row(), index.column());
     case Qt::TextAlignmentRole:
       return QVariant::fromValue(Qt::AlignVCenter |
                                  (IsMoney(index.column()) ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ToolTipRole:
     case Qt::AccessibleTextRole: {
-      const QString text = Text(index.row(), index.column());
-      const QString addition = Addition(index.row(), index.column());
+      const QString text = cells_.Text(index.row(), index.column());
+      const QString addition = cells_.Addition(index.row(), index.column());
       return addition.isEmpty() ? text : text + QStringLiteral(" (") + addition + u')';
     }
     default:
       return {};
   }
-}
-
-// Most columns are known without reading the row, so that a search passes over them quickly.
-QString RegisterModel::Text(int row, int column) const {
-  const RegisterEntry& entry = Entry(row);
-  if (entry.transactionId == 0) return {};
-  switch (column) {
-    case kDate:
-      return ToQt(locale_.FormatShortDate(entry.date));
-    case kPayee:
-      return PayeeText(row, entry);
-    case kCategory:
-      return CategoryText(row, entry);
-    case kPayment:
-      return ToQt(rows_->Names().Payment(entry.paymentId));
-    case kRef:
-      return ToQt(Row(row).reference);
-    case kDescription:
-      return ToQt(Row(row).description);
-    case kStatus:
-      return ToQt(entry.status);
-    case kPaidOut:
-      return entry.amount < 0 ? ToQt(locale_.FormatNumber(entry.amount)) : QString();
-    case kPaidIn:
-      return entry.amount < 0 ? QString() : ToQt(locale_.FormatNumber(entry.amount));
-    case kBalance:
-      return ToQt(locale_.FormatNumber(entry.balance));
-    case kAccount:
-      return ToQt(rows_->Names().Account(entry.accountId));
-    default:
-      return {};
-  }
-}
-
-QString RegisterModel::Addition(int row, int column) const {
-  if (column == kPayee) {
-    // Where there is little room, no other column says it.
-    const QString trade = ToQt(TradeText(Row(row), locale_));
-    QString marks = MarksText(Row(row), IsAhead(row));
-    for (const RegisterLine& line : Lines(Key(row))) {
-      const QString text = line.description.isEmpty() ? QString() : u' ' + line.description;
-      marks += QStringLiteral("; ") + line.category + text + u' ' + AmountText(line.amount);
-    }
-    return trade.isEmpty() || marks.isEmpty() ? trade + marks
-                                              : trade + QStringLiteral(", ") + marks;
-  }
-  if (column != kCategory) return {};
-  const QString category = CategoryName(Entry(row));
-  return category == Text(row, column) ? QString() : category;
-}
-
-QString RegisterModel::CategoryName(const RegisterEntry& entry) const {
-  const std::string* category = rows_->Names().Category(entry.categoryId);
-  return category == nullptr ? QString() : ToQt(*category);
-}
-
-QString RegisterModel::CategoryText(int row, const RegisterEntry& entry) const {
-  const bool isTrade = rows_->Names().IsInvestment(entry.payeeId);
-  const std::string trade = isTrade ? TradeText(Row(row), locale_) : std::string();
-  return trade.empty() ? CategoryName(entry) : ToQt(trade);
-}
-
-QString RegisterModel::PayeeText(int row, const RegisterEntry& entry) const {
-  if (entry.transferId != 0) return ToQt(Row(row).payee);
-  return ToQt(rows_->Names().Payee(entry.payeeId));
 }
 
 QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int role) const {
@@ -327,45 +261,7 @@ QVariant RegisterModel::headerData(int section, Qt::Orientation orientation, int
     return QVariant::fromValue(Qt::AlignVCenter | Qt::AlignRight);
   }
   if (role != Qt::DisplayRole) return {};
-  switch (section) {
-    case kDate:
-      return tr("Date");
-    case kPayee:
-      return tr("Payee");
-    case kCategory:
-      return tr("Category");
-    case kPayment:
-      return tr("Payment");
-    case kRef:
-      return tr("Ref");
-    case kDescription:
-      return tr("Description");
-    case kStatus:
-      return tr("Status");
-    case kPaidOut:
-      return tr("Paid Out");
-    case kPaidIn:
-      return tr("Paid In");
-    case kBalance:
-      return tr("Balance");
-    case kAccount:
-      return tr("Account");
-    default:
-      return {};
-  }
-}
-
-QString MarksText(const RegisterRow& row, bool isAhead) {
-  QStringList marks;
-  if (isAhead) marks.append(RegisterModel::tr("still to come"));
-  if (row.isSplit) marks.append(RegisterModel::tr("split"));
-  if (row.isTransfer) marks.append(RegisterModel::tr("transfer"));
-  if (row.scheduleId != 0) marks.append(RegisterModel::tr("from a schedule"));
-  if (row.hasAttachment) marks.append(RegisterModel::tr("file attached"));
-  if (!row.keywords.empty()) {
-    marks.append(RegisterModel::tr("keywords: %1").arg(ToQt(row.keywords)));
-  }
-  return marks.join(QStringLiteral(", "));
+  return RegisterCells::Title(section);
 }
 
 }  // namespace corvanta::inline app

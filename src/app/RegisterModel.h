@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/RegisterCells.h"
 #include "controls/ListSort.h"
 #include "ledger/RegisterRow.h"
 #include "ledger/RegisterRows.h"
@@ -77,6 +78,8 @@ class RegisterModel : public QAbstractTableModel {
   [[nodiscard]] const RegisterEntry& Entry(int row) const;
   // The row whole; valid until another one is asked for.
   [[nodiscard]] const RegisterRow& Row(int row) const;
+  // Names of what the rows refer to by key. Not without rows.
+  [[nodiscard]] const RegisterNames& Names() const { return rows_->Names(); }
   [[nodiscard]] std::int64_t Key(int row) const { return Entry(row).transactionId; }
   // The lines that are shown below that transaction; none for one that is folded.
   [[nodiscard]] const std::vector<RegisterLine>& Lines(std::int64_t transactionId) const;
@@ -111,13 +114,6 @@ class RegisterModel : public QAbstractTableModel {
   void Failed(const QString& reason);  // the data file refuses to be read; told once
 
  private:
-  [[nodiscard]] QString Text(int row, int column) const;
-  [[nodiscard]] QString PayeeText(int row, const RegisterEntry& entry) const;
-  // Of an investment transaction: what was done.
-  [[nodiscard]] QString CategoryText(int row, const RegisterEntry& entry) const;
-  [[nodiscard]] QString CategoryName(const RegisterEntry& entry) const;
-  // What is added to a cell's text where it is told in words; empty for nothing.
-  [[nodiscard]] QString Addition(int row, int column) const;
   void PutInOrder();
   void ReadOn();
   // The row's place among the rows by day, and the other way.
@@ -132,6 +128,7 @@ class RegisterModel : public QAbstractTableModel {
   };
 
   const Locale& locale_;
+  RegisterCells cells_;
   std::shared_ptr<RegisterRows> rows_;
   std::vector<std::uint32_t> order_;  // empty for rows that stand by day
   SortState sort_;
@@ -143,8 +140,5 @@ class RegisterModel : public QAbstractTableModel {
   mutable bool hasFailed_ = false;
   std::map<std::int64_t, std::vector<RegisterLine>> lines_;  // by their transactions
 };
-
-// What the marks of a row say, in words: "split, from a schedule"; empty for an ordinary row.
-[[nodiscard]] QString MarksText(const RegisterRow& row, bool isAhead);
 
 }  // namespace corvanta::inline app

@@ -24,7 +24,6 @@
 #include "reports/print/ReportDialogs.h"
 
 #include <QAction>
-#include <QTimer>
 
 #include <algorithm>
 #include <string>
@@ -136,7 +135,7 @@ void TransactionShowView::ShowRows(const AccountRow& account,
   register_->ShowAccount(account, rows);
   isShown_ = true;
   if (register_->IsEmpty() && shown.IsFiltered()) ShowHidden();
-  CountUncleared(rows);
+  uncleared_ = ToQt(UnclearedText(rows->UnclearedCount()));
 }
 
 void TransactionShowView::ShowFiltered(const ViewCommand& command) {
@@ -157,7 +156,7 @@ void TransactionShowView::ShowFiltered(const ViewCommand& command) {
   register_->ShowFiltered(accounts, rows);
   isShown_ = true;
   if (register_->IsEmpty()) ShowHidden();
-  CountUncleared(rows);
+  uncleared_ = ToQt(UnclearedText(rows->UnclearedCount()));
 }
 
 void TransactionShowView::ShowHidden() {
@@ -173,28 +172,6 @@ void TransactionShowView::ShowHidden() {
 RegisterScope TransactionShowView::Scope() const {
   const ViewCommand& shown = place_.host.Shown();
   return {account_, shown.Filter(), shown.RegisterPeriod(), shown.rows};
-}
-
-// Counting them reads all of the account's entries: of a long register that is done once the rows
-// stand there.
-void TransactionShowView::CountUncleared(const std::shared_ptr<RegisterRows>& rows) {
-  constexpr std::size_t kAtOnce = 20000;
-  constexpr int kDrawn = 100;  // milliseconds
-  if (rows->Count() < kAtOnce) {
-    uncleared_ = ToQt(UnclearedText(rows->UnclearedCount()));
-    return;
-  }
-  // They are let go where the data file is closed before that.
-  QTimer::singleShot(kDrawn, this, [this, waiting = std::weak_ptr(rows)] {
-    const auto still = waiting.lock();
-    const bool isShown = still != nullptr && place_.host.Shown().name == Name() &&
-                         account_ == still->Scope().accountId;
-    if (!isShown || !still->IsCurrent()) return;
-    place_.host.Guard([&] {
-      uncleared_ = ToQt(UnclearedText(still->UnclearedCount()));
-      place_.host.ShowSurroundings();
-    });
-  });
 }
 
 ViewSurroundings TransactionShowView::Surroundings() const {

@@ -78,7 +78,6 @@ class TransactionShowView : public QObject, public MainView {
   void ShowFiltered(const ViewCommand& command);
   // Says that the account's rows, or those of the filter's accounts, are hidden.
   void ShowHidden();
-  void CountUncleared(const std::shared_ptr<RegisterRows>& rows);
   // Of what is shown.
   [[nodiscard]] RegisterScope Scope() const;
   // Writes the shown columns into the settings.
@@ -95,7 +94,7 @@ class TransactionShowView : public QObject, public MainView {
   UnfoldedRows* unfolded_;
   std::int64_t account_ = 0;  // that is shown; 0 for none, as for several
   bool isShown_ = false;      // whether rows are, of whatever accounts
-  QString uncleared_;         // how many of its rows are; empty while that is not known
+  QString uncleared_;         // how many of its rows are
 };
 
 }  // namespace corvanta::inline app

@@ -8,8 +8,6 @@
 namespace corvanta::inline exchange {
 namespace {
 
-constexpr std::size_t kMaxSplits = 100000;
-
 constexpr std::array<std::string_view, 6> kBankTypes = {"!type:bank", "!type:cash",  "!type:ccard",
                                                         "!type:cc",   "!type:oth a", "!type:oth l"};
 constexpr std::array<std::string_view, 9> kListTypes = {
@@ -24,18 +22,6 @@ bool IsAmong(const Names& names, std::string_view name) {
 // The type of an account begins with a letter, but for "401(k)".
 bool IsAmountText(std::string_view value) {
   return !value.empty() && value.find_first_not_of("0123456789.,+- ") == std::string_view::npos;
-}
-
-// Brackets name an account, with a class behind them or a category before them.
-ImportCategory ReadQifCategory(std::string_view value) {
-  const std::size_t open = value.find('[');
-  const std::size_t close = value.rfind(']');
-  if (open == std::string_view::npos || close == std::string_view::npos || close < open) {
-    return ReadImportCategory(value);
-  }
-  ImportCategory transfer;
-  transfer.account = Trim(value.substr(open + 1, close - open - 1));
-  return transfer;
 }
 
 }  // namespace
@@ -59,8 +45,8 @@ void QifReader::Run(ImportSink& sink) {
 void QifReader::EndFile() {
   const bool isRecord = section_ == Section::Bank || section_ == Section::Investment;
   const bool isAccount = section_ == Section::Accounts && !isRecord_ && !account_.name.empty();
-  if ((isRecord && hasFields_) || isAccount) {
-    sink_->OnProblem(isAccount ? lines_.Number() : record_.line,
+  if ((isRecord && record_.HasFields()) || isAccount) {
+    sink_->OnProblem(isAccount ? lines_.Number() : record_.Line(),
                      "The file ends inside this entry, before its end mark; nothing of it was "
                      "imported. Fetch the whole file once more.");
   } else {
@@ -98,8 +84,10 @@ void QifReader::TypeHeader(const std::string& header, std::string_view line) {
     section_ = Section::Accounts;
   } else if (IsAmong(kBankTypes, header)) {
     section_ = Section::Bank;
+    record_ = QifRecord(QifRecord::Kind::Bank);
   } else if (header == "!type:invst") {
     section_ = Section::Investment;
+    record_ = QifRecord(QifRecord::Kind::Investment);
   } else if (header == "!type:security") {
     section_ = Section::Securities;
   } else if (IsAmong(kListTypes, header)) {
@@ -132,8 +120,7 @@ void QifReader::Field(char code, std::string_view value) {
       return SecurityField(code, value);
     case Section::Bank:
     case Section::Investment:
-      if (!hasFields_) record_.line = lines_.Number();
-      return section_ == Section::Bank ? BankField(code, value) : InvestmentField(code, value);
+      return record_.Field(code, value, lines_.Number(), *sink_);
     case Section::None:
       // Dates tell entries from the lines of any other file.
       if (code == 'D') ++unknownEntries_;
@@ -162,110 +149,6 @@ void QifReader::SecurityField(char code, std::string_view value) {
   if (code == 'S') securitySymbol_ = value;
 }
 
-ImportValue QifReader::ValueHere(std::string_view value) const {
-  return {std::string(value), lines_.Number()};
-}
-
-void QifReader::BankField(char code, std::string_view value) {
-  switch (code) {
-    case 'D':
-      record_.date = ValueHere(value);
-      break;
-    case 'T':
-      record_.amount = ValueHere(value);
-      break;
-    case 'U':
-      otherAmount_ = value;
-      break;
-    case 'P':
-      record_.payee = value;
-      break;
-    case 'M':
-      record_.memo = value;
-      break;
-    case 'N':
-      record_.reference = value;
-      break;
-    case 'L':
-      record_.category = ReadQifCategory(value);
-      break;
-    case 'S':
-    case 'E':
-    case '$':
-      SplitField(code, value);
-      break;
-    default:
-      return;
-  }
-  hasFields_ = hasFields_ || !value.empty();
-}
-
-void QifReader::SplitField(char code, std::string_view value) {
-  if (code == 'S') {
-    DropOpenSplit();
-    split_.category = ReadQifCategory(value);
-    splitIsOpen_ = true;
-  } else if (code == 'E') {
-    split_.memo = value;
-    splitIsOpen_ = true;
-  } else {
-    split_.amount = ValueHere(value);
-    if (record_.splits.size() <= kMaxSplits) record_.splits.push_back(std::move(split_));
-    split_ = ImportSplit();
-    splitIsOpen_ = false;
-  }
-}
-
-void QifReader::DropOpenSplit() {
-  if (splitIsOpen_) {
-    sink_->OnProblem(record_.line, "A split line without an amount was left out.");
-  }
-  split_ = ImportSplit();
-  splitIsOpen_ = false;
-}
-
-void QifReader::InvestmentField(char code, std::string_view value) {
-  switch (code) {
-    case 'D':
-      record_.date = ValueHere(value);
-      break;
-    case 'N':
-      record_.action = ToLower(value);
-      break;
-    case 'Y':
-      record_.security = value;
-      break;
-    case 'I':
-      record_.price = ValueHere(value);
-      break;
-    case 'Q':
-      record_.quantity = ValueHere(value);
-      break;
-    case 'T':
-      record_.amount = ValueHere(value);
-      break;
-    case 'U':
-    case '$':
-      if (otherAmount_.empty()) otherAmount_ = value;
-      break;
-    case 'O':
-      record_.commission = ValueHere(value);
-      break;
-    case 'P':
-      record_.payee = value;
-      break;
-    case 'M':
-      record_.memo = value;
-      break;
-    case 'L':
-      record_.category = ReadQifCategory(value);
-      break;
-    default:
-      return;
-  }
-  hasFields_ = hasFields_ || !value.empty();
-}
-
 void QifReader::EndEntry() {
   switch (section_) {
     case Section::Accounts:
@@ -277,7 +160,8 @@ void QifReader::EndEntry() {
       return;
     case Section::Bank:
     case Section::Investment:
-      return EndRecord();
+      goesOn_ = record_.End(lines_.Offset(), *sink_);
+      return;
     case Section::None:
     case Section::OtherList:
       return;
@@ -295,24 +179,6 @@ void QifReader::EndAccount() {
   }
   account_ = ImportAccount();
   isRecord_ = false;
-}
-
-void QifReader::EndRecord() {
-  DropOpenSplit();
-  if (hasFields_) {
-    record_.isInvestment = section_ == Section::Investment;
-    record_.offset = lines_.Offset();
-    if (record_.amount.text.empty()) record_.amount.text = otherAmount_;
-    if (record_.amount.line == 0) record_.amount.line = record_.line;
-    if (record_.splits.size() > kMaxSplits) {
-      sink_->OnProblem(record_.line, "The record has too many split lines; it was left out.");
-    } else {
-      goesOn_ = sink_->OnRecord(record_);
-    }
-  }
-  record_ = ImportRecord();
-  otherAmount_.clear();
-  hasFields_ = false;
 }
 
 }  // namespace corvanta::inline exchange

@@ -2,6 +2,7 @@
 
 #include "exchange/ImportRecord.h"
 #include "exchange/Lines.h"
+#include "exchange/QifRecord.h"
 
 #include <string>
 #include <string_view>
@@ -28,28 +29,17 @@ class QifReader {
   void Field(char code, std::string_view value);
   void AccountField(char code, std::string_view value);
   void SecurityField(char code, std::string_view value);
-  void BankField(char code, std::string_view value);
-  void InvestmentField(char code, std::string_view value);
-  void SplitField(char code, std::string_view value);
-  void DropOpenSplit();
   void EndEntry();
   void EndAccount();
-  void EndRecord();
   void EndSection();
   void EndFile();
-
-  [[nodiscard]] ImportValue ValueHere(std::string_view value) const;
 
   LineReader lines_;
   ImportSink* sink_ = nullptr;
   Section section_ = Section::None;
   bool goesOn_ = true;
 
-  ImportRecord record_;
-  bool hasFields_ = false;
-  ImportSplit split_;
-  bool splitIsOpen_ = false;           // a category or memo waits for its amount
-  std::string otherAmount_;            // stands in where the record has no amount of its own
+  QifRecord record_{QifRecord::Kind::Bank};
   bool isList_ = false;                // accounts are listed, not chosen
   std::vector<ImportAccount> listed_;  // in this block
   ImportAccount account_;

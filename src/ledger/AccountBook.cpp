@@ -1,7 +1,7 @@
 #include "ledger/AccountBook.h"
 
 #include "ledger/BalanceBook.h"
-#include "ledger/CategoryKeys.h"
+#include "ledger/EntrySums.h"
 #include "ledger/Money.h"
 #include "ledger/ReferenceTables.h"
 #include "ledger/ScheduleBook.h"
@@ -21,7 +21,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <unordered_map>
 
 namespace corvanta::inline ledger {
 namespace {
@@ -33,36 +32,6 @@ constexpr const char* kAccounts =
     "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID) "
     "LEFT JOIN tblBank B ON A.BankID = B.BankID "
     "Order by Y.AccountType, A.[Account], A.AccountID";
-
-using SumsByAccount = std::unordered_map<std::int64_t, EntrySums>;
-
-// Of all accounts at once: a statement per account would read the transactions as many times as
-// there are accounts. Whole entries are asked for in a form that does not lead the engine to the
-// index of split lines, where nearly every row is found: so it reads the sums in one pass. They are
-// added here, which takes a third of the time that grouping and joining the categories takes.
-SumsByAccount ReadAllSums(Connection& store, const TreeOptions& options) {
-  const std::string end = options.end ? "T.[Date] <= " + SqlEndOf(*options.end) + " AND " : "";
-  CategoryKeys categories(store);
-  SumsByAccount all;
-  EntrySums* sums = nullptr;
-  std::int64_t account = 0;
-  Recordset::Visit(store,
-                   "Select T.AccountID, T.CategoryID, T.[Amount] from tblTransactions T WHERE " +
-                       options.filter.Clause() + end + "NOT (T.AllocatedItem <> 0)",
-                   [&](const VisitedRow& row) {
-                     if (!categories.Has(row.Int(1))) return;
-                     // The rows of an account mostly stand together.
-                     if (sums == nullptr || account != row.Int(0)) {
-                       account = row.Int(0);
-                       sums = &all[account];
-                     }
-                     const double amount = row.Double(2);
-                     ++sums->count;
-                     sums->total += amount;
-                     (amount > 0 ? sums->paidIn : sums->paidOut) += amount;
-                   });
-  return all;
-}
 
 std::optional<std::int64_t> KeyOf(const std::string& text) {
   if (text.size() < 2 || text.front() != '#') return std::nullopt;

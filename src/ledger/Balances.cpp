@@ -3,13 +3,8 @@
 #include "ledger/AccountRow.h"
 #include "ledger/BalanceBook.h"
 #include "ledger/Money.h"
-#include "ledger/Period.h"
 #include "ledger/RegisterRows.h"
-#include "ledger/StatusFilter.h"
 #include "platform/Locale.h"
-#include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
-#include "store/sql/SqlText.h"
 
 namespace corvanta::inline ledger {
 namespace {
@@ -24,29 +19,6 @@ void AddTotal(std::vector<CurrencyTotal>& totals, const AccountRow& account) {
 }
 
 }  // namespace
-
-EntrySums ReadSums(Connection& store, std::int64_t accountId, const StatusFilter& filter,
-                   const std::optional<Date>& from, const std::optional<Date>& to) {
-  std::string days;
-  if (from) days += "t.[Date] >= " + SqlDate(*from) + " AND ";
-  if (to) days += "t.[Date] <= " + SqlEndOf(*to) + " AND ";
-  const Recordset row = store.OpenRecordset(
-      "Select Count(*), Sum(t.Amount), SUM(iif(t.Amount > 0,t.Amount,0)), "
-      "SUM(iif(t.Amount < 0,t.Amount,0)) from tblTransactions t INNER JOIN tblCategory c ON "
-      "t.CategoryID = c.CategoryID Where " +
-      filter.Clause() + days + "t.AllocatedItem = 0 AND t.AccountID = " + SqlNumber(accountId));
-  if (row.Eof()) return {};
-  return {row.Int(0), row.Double(1), row.Double(2), row.Double(3)};
-}
-
-std::int64_t UnclearedCount(Connection& store, std::int64_t accountId) {
-  return store
-      .QueryValue(
-          "Select Count(*) as RecCount From tblTransactions "
-          "Where AllocatedItem = 0 AND Bankchk = 0 AND AccountID =" +
-          SqlNumber(accountId))
-      .Int();
-}
 
 TotalsTexts TextsOf(const PeriodTotals& totals, const Locale& locale) {
   TotalsTexts texts;

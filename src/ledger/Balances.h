@@ -3,7 +3,7 @@
 
 #include "ledger/AccountRow.h"
 #include "ledger/BalanceBook.h"
-#include "ledger/StatusFilter.h"
+#include "ledger/EntrySums.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Date.h"
 
@@ -11,10 +11,6 @@
 #include <optional>
 #include <string>
 #include <vector>
-
-namespace corvanta::inline sql {
-class Connection;
-}
 
 namespace corvanta::inline platform {
 class Locale;
@@ -33,12 +29,6 @@ struct TotalsTexts {
   std::string paidOut = "Paid Out: ";
 };
 [[nodiscard]] TotalsTexts TextsOf(const PeriodTotals& totals, const Locale& locale);
-// What the account's shown rows of these days come to; all of them without a first or last day.
-[[nodiscard]] EntrySums ReadSums(Connection& store, std::int64_t accountId,
-                                 const StatusFilter& filter, const std::optional<Date>& from,
-                                 const std::optional<Date>& to);
-// As BalanceBook::UnclearedCount.
-[[nodiscard]] std::int64_t UnclearedCount(Connection& store, std::int64_t accountId);
 // "Number of Uncleared records = 3"
 [[nodiscard]] std::string UnclearedText(std::int64_t count);
 

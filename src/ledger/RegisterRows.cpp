@@ -1,16 +1,18 @@
 #include "ledger/RegisterRows.h"
 
 #include "ledger/AccountRow.h"
+#include "ledger/EntryReader.h"
+#include "ledger/EntrySums.h"
 #include "ledger/FilteredRegister.h"
 #include "ledger/KeyLists.h"
 #include "ledger/Money.h"
 #include "ledger/RegisterRow.h"
+#include "ledger/RowFinder.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
 #include <algorithm>
-#include <limits>
 #include <unordered_map>
 #include <utility>
 
@@ -24,80 +26,6 @@ std::string StoredDate(const std::string& stored) {
   const auto moment = DateTime::FromIso(stored);
   return moment ? SqlDate(*moment) : SqlText(stored);
 }
-
-constexpr const char* kEntries =
-    "Select T.TransactionID, T.[Date], T.[Amount], T.CategoryID, T.PayeeID, T.PaymentID, "
-    "T.TransferID, T.BankChk, T.BankRec from tblTransactions T WHERE ";
-enum Position { kId, kDate, kAmount, kCategory, kPayee, kPayment, kTransfer, kBankChk, kBankRec };
-
-// Makes entries of the rows of that statement.
-class EntryReader {
- public:
-  template <typename Row>
-  RegisterEntry Of(const Row& row) {
-    RegisterEntry entry;
-    entry.transactionId = static_cast<std::int32_t>(row.Int(kId));
-    entry.date = DayOf(row.Text(kDate));
-    entry.amount = row.Double(kAmount);
-    entry.categoryId = static_cast<std::int32_t>(row.Int(kCategory));
-    entry.payeeId = static_cast<std::int32_t>(row.Int(kPayee));
-    entry.paymentId = static_cast<std::int32_t>(row.Int(kPayment));
-    entry.transferId = static_cast<std::int32_t>(row.Int(kTransfer));
-    entry.status = StatusLetter(row.Int(kBankChk), row.Int(kBankRec));
-    return entry;
-  }
-  // The day read last, as it is stored.
-  [[nodiscard]] const std::string& StoredDay() const { return day_; }
-
- private:
-  // Neighbours mostly have the same day.
-  Date DayOf(std::string_view stored) {
-    if (stored != day_) {
-      day_ = stored;
-      date_ = Date::FromIso(stored.substr(0, 10)).value_or(Date());
-    }
-    return date_;
-  }
-
-  std::string day_;
-  Date date_;
-};
-
-// The rows of some transactions.
-class RowFinder {
- public:
-  explicit RowFinder(const RegisterRows& rows) {
-    const std::vector<RegisterEntry>& entries = rows.Entries();
-    std::int32_t most = 0;
-    for (const RegisterEntry& entry : entries) most = std::max(most, entry.transactionId);
-    const auto size = static_cast<std::size_t>(most) + 1;
-    constexpr std::size_t kLoose = 16;  // a long account's keys lie closer
-    if (size <= kLoose * entries.size()) dense_.resize(size, kNone);
-    std::size_t row = rows.Count();
-    for (const RegisterEntry& entry : entries) {
-      --row;
-      if (dense_.empty()) {
-        sparse_.emplace(entry.transactionId, row);
-      } else {
-        dense_[static_cast<std::size_t>(entry.transactionId)] = static_cast<std::uint32_t>(row);
-      }
-    }
-  }
-  [[nodiscard]] std::optional<std::size_t> Find(std::int64_t key) const {
-    if (dense_.empty()) {
-      const auto found = sparse_.find(key);
-      return found == sparse_.end() ? std::nullopt : std::optional(found->second);
-    }
-    const auto place = static_cast<std::size_t>(key);
-    if (place >= dense_.size() || dense_[place] == kNone) return std::nullopt;
-    return dense_[place];
-  }
-
- private:
-  static constexpr std::uint32_t kNone = std::numeric_limits<std::uint32_t>::max();
-  std::vector<std::uint32_t> dense_;
-  std::unordered_map<std::int64_t, std::size_t> sparse_;
-};
 
 }  // namespace
 
@@ -148,7 +76,7 @@ bool RegisterRows::IsCurrent() const {
 }
 
 std::string RegisterRows::EntriesStatement(Part part) const {
-  std::string sql = kEntries + EntryCondition(scope_);
+  std::string sql = EntryReader::kStatement + EntryCondition(scope_);
   const bool isFirst = entries_.empty();
   if (part == Part::Undated) {
     sql += " AND T.[Date] IS NULL";
@@ -186,8 +114,8 @@ std::size_t RegisterRows::ReadPart(Part part, std::size_t entries) {
   Recordset rows = store_.OpenRecordset(EntriesStatement(part));
   std::size_t read = 0;
   for (; read < entries && entries_.size() < count_ && !rows.Eof(); rows.MoveNext()) {
-    if (!categories.Has(rows.Int(kCategory))) continue;
-    if (rows.IsNull(kDate) && part != Part::Undated) break;
+    if (!categories.Has(rows.Int(EntryReader::kCategory))) continue;
+    if (rows.IsNull(EntryReader::kDate) && part != Part::Undated) break;
     entries_.push_back(reader.Of(rows));
     Settle(entries_.back(), entries_.size() == 1);
     ++read;
@@ -202,15 +130,17 @@ bool RegisterRows::ReadAtOnce() {
   std::vector<RegisterEntry> met;
   met.reserve(count_);
   bool isInOrder = true;
-  Recordset::Visit(store_, kEntries + EntryCondition(scope_), [&](const VisitedRow& row) {
-    if (!isInOrder || !categories.Has(row.Int(kCategory))) return;
-    // The access path of the account's rows has them by day and key.
-    if (!met.empty()) {
-      const int days = row.Text(kDate).compare(reader.StoredDay());
-      isInOrder = days > 0 || (days == 0 && row.Int(kId) > met.back().transactionId);
-    }
-    met.push_back(reader.Of(row));
-  });
+  Recordset::Visit(
+      store_, EntryReader::kStatement + EntryCondition(scope_), [&](const VisitedRow& row) {
+        if (!isInOrder || !categories.Has(row.Int(EntryReader::kCategory))) return;
+        // The access path of the account's rows has them by day and key.
+        if (!met.empty()) {
+          const int days = row.Text(EntryReader::kDate).compare(reader.StoredDay());
+          isInOrder =
+              days > 0 || (days == 0 && row.Int(EntryReader::kId) > met.back().transactionId);
+        }
+        met.push_back(reader.Of(row));
+      });
   if (!isInOrder || met.size() != count_) return false;
   if (!entries_.empty()) next_ = entries_.front().balance;
   std::ranges::reverse(met);

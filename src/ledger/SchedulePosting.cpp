@@ -1,21 +1,18 @@
 #include "ledger/SchedulePosting.h"
 
-#include "ledger/Money.h"
 #include "ledger/OccurrenceWriter.h"
+#include "ledger/PostingJob.h"
 #include "ledger/PostingRates.h"
 #include "ledger/ScheduleBook.h"
 #include "ledger/ScheduleRows.h"
 #include "ledger/ScheduleStart.h"
 #include "ledger/clsCorvanta.h"
-#include "platform/Clock.h"
-#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "platform/Settings.h"
 #include "platform/StatusWords.h"
 #include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
 #include "store/sql/StoreError.h"
 #include "store/sql/UndoLog.h"
 
@@ -42,24 +39,13 @@ class SchedulePosting::Impl {
     std::vector<Date> payments;  // up to the one that was asked for
     PostedRows posted;
   };
-  // What there is to write for one schedule.
-  struct Job {
-    ScheduleDetails schedule;
-    std::vector<Date> missing;
-    std::vector<Date> passed;  // those that the start moves behind
-    std::vector<double> otherAmounts;
-  };
 
   void Begin();
   [[nodiscard]] bool GoesOn();
-  [[nodiscard]] std::vector<std::int64_t> OpenSchedules();
-  [[nodiscard]] std::vector<Job> DueJobs();
-  [[nodiscard]] std::optional<Job> JobOf(std::int64_t scheduleId);
-  [[nodiscard]] bool IsAgreed(const std::vector<Job>& jobs);
-  void FetchRates(Job& job);
-  bool WriteAll(const std::vector<Job>& jobs);
-  bool WriteApart(const Job& job);
-  bool Write(const Job& job);
+  [[nodiscard]] std::vector<PostingJob> DueJobs();
+  bool WriteAll(const std::vector<PostingJob>& jobs);
+  bool WriteApart(const PostingJob& job);
+  bool Write(const PostingJob& job);
   void TellRefused();
   [[nodiscard]] OccurrenceResult Find(std::int64_t scheduleId, Date due, Found& found);
   [[nodiscard]] static std::vector<Date> PostedPrefix(const Found& found, Date justPosted);
@@ -91,14 +77,14 @@ bool SchedulePosting::Impl::GoesOn() {
 PostingResult SchedulePosting::Impl::PostAll() {
   Begin();
   const StatusWords status(platform_.progress, "Please wait updating scheduled records...");
-  std::vector<Job> jobs = DueJobs();
+  std::vector<PostingJob> jobs = DueJobs();
   if (result_.stopped) return result_;
-  if (!IsAgreed(jobs)) {
+  if (!IsAgreed(jobs, platform_)) {
     result_.declined = true;
     return result_;
   }
-  for (Job& job : jobs) {
-    FetchRates(job);
+  for (PostingJob& job : jobs) {
+    result_.waiting += FetchRates(job, rates_);
     if (!GoesOn()) return result_;
   }
   if (!WriteAll(jobs)) result_.occurrences = 0;
@@ -106,94 +92,24 @@ PostingResult SchedulePosting::Impl::PostAll() {
   return result_;
 }
 
-std::vector<std::int64_t> SchedulePosting::Impl::OpenSchedules() {
-  std::vector<std::int64_t> keys;
-  Recordset rows = store_.OpenRecordset(
-      "Select S.* from tblSchedule S INNER JOIN tblAccounts A ON S.AccountID = A.AccountID "
-      " Where CloseAccount <> 1 AND AllocatedItem = 0");
-  const int key = rows.FieldIndex("ScheduleID");
-  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(key));
-  return keys;
-}
-
-std::vector<SchedulePosting::Impl::Job> SchedulePosting::Impl::DueJobs() {
-  std::vector<Job> jobs;
-  for (const std::int64_t key : OpenSchedules()) {
-    if (auto job = JobOf(key)) jobs.push_back(std::move(*job));
+std::vector<PostingJob> SchedulePosting::Impl::DueJobs() {
+  std::vector<PostingJob> jobs;
+  for (const std::int64_t key : OpenSchedules(store_)) {
+    if (auto job = DuePayments(ledger_, key, movesDates_)) jobs.push_back(std::move(*job));
     ++result_.schedules;
     if (!GoesOn()) break;
   }
   return jobs;
 }
 
-std::optional<SchedulePosting::Impl::Job> SchedulePosting::Impl::JobOf(std::int64_t scheduleId) {
-  // It may have gone while window messages ran.
-  const auto schedule = ledger_.Schedules().ReadSchedule(scheduleId);
-  if (!schedule || schedule->isFinished || !HasOpenAccounts(*schedule)) return std::nullopt;
-  if (!schedule->automaticUntil) return std::nullopt;
-  // Every payment up to that day. The estimate of DueDates for a schedule without end may fall one
-  // short of it, and would grow again with each move of the start.
-  Job job{*schedule, PaymentsBookedUntil(*schedule, *schedule->automaticUntil), {}, {}};
-  if (movesDates_) job.passed = job.missing;
-  const PostedRows posted = PostedOf(store_, scheduleId);
-  std::erase_if(job.missing, [&](Date day) { return posted.Has(day); });
-  if (job.missing.empty() && job.passed.empty()) return std::nullopt;
-  return job;
-}
-
-// A clock that is set wrong, or a start that is, makes thousands.
-bool SchedulePosting::Impl::IsAgreed(const std::vector<Job>& jobs) {
-  constexpr std::size_t kMany = 300;
-  std::size_t count = 0;
-  std::optional<Date> last;
-  for (const Job& job : jobs) {
-    count += job.missing.size();
-    if (!job.missing.empty())
-      last = std::max(last.value_or(job.missing.back()), job.missing.back());
-  }
-  if (count <= kMany) return true;
-  const Locale& locale = platform_.locale;
-  return platform_.prompts.Ask("Post Schedules?",
-                               "There are " + locale.FormatNumber(static_cast<double>(count), 0) +
-                                   " scheduled payments to post, the last of them due on " +
-                                   locale.FormatShortDate(*last) + ". Today is " +
-                                   locale.FormatShortDate(platform_.clock.Today()) +
-                                   ", says the clock. Do you wish to post them all?",
-                               Icon::Warning);
-}
-
-// Fetching takes its time, and nothing is being written yet. What has no rate is not posted, and
-// the start stays before it.
-void SchedulePosting::Impl::FetchRates(Job& job) {
-  const ScheduleDetails& schedule = job.schedule;
-  const double amount = schedule.IsTransfer() ? -schedule.amount : 0;
-  job.otherAmounts.assign(job.missing.size(), amount);
-  if (!schedule.NeedsRate()) return;
-  std::vector<Date> posted;
-  job.otherAmounts.clear();
-  std::optional<Date> firstWithout;
-  for (const Date due : job.missing) {
-    const std::optional<double> rate = rates_.Rate(schedule.currency, schedule.transferCurrency);
-    if (rate) {
-      posted.push_back(due);
-      job.otherAmounts.push_back(RoundToCurrency(*rate * amount, schedule.transferCurrency));
-    } else if (!firstWithout) {
-      firstWithout = due;
-    }
-  }
-  result_.waiting += job.missing.size() - posted.size();
-  job.missing = std::move(posted);
-  if (firstWithout) std::erase_if(job.passed, [&](Date due) { return due >= *firstWithout; });
-}
-
 // As one step; false when the person stopped it, and nothing is written then.
-bool SchedulePosting::Impl::WriteAll(const std::vector<Job>& jobs) {
-  for (const Job& job : jobs) total_ += job.missing.size();
+bool SchedulePosting::Impl::WriteAll(const std::vector<PostingJob>& jobs) {
+  for (const PostingJob& job : jobs) total_ += job.missing.size();
   const UndoLog::Step step = ledger_.Undo().Begin("Post Schedules");
   Transaction all = store_.Begin();
   // Passes are cheap where nothing is due, so the time of the last one holds none back.
   store_.Execute("UPDATE tblVerification SET UpdateSchedule = Now();");
-  for (const Job& job : jobs) {
+  for (const PostingJob& job : jobs) {
     if (!WriteApart(job)) return false;
   }
   all.Commit();
@@ -202,7 +118,7 @@ bool SchedulePosting::Impl::WriteAll(const std::vector<Job>& jobs) {
 
 // A schedule whose rows the data file refuses must not keep the others from being posted for ever.
 // A disk that fails ends the pass.
-bool SchedulePosting::Impl::WriteApart(const Job& job) {
+bool SchedulePosting::Impl::WriteApart(const PostingJob& job) {
   const std::size_t before = result_.occurrences;
   try {
     Transaction one = store_.Begin();
@@ -219,7 +135,7 @@ bool SchedulePosting::Impl::WriteApart(const Job& job) {
   return true;
 }
 
-bool SchedulePosting::Impl::Write(const Job& job) {
+bool SchedulePosting::Impl::Write(const PostingJob& job) {
   constexpr std::size_t kBetweenYields = 64;
   OccurrenceWriter writer(ledger_, job.schedule);
   for (std::size_t next = 0; next < job.missing.size(); ++next) {
@@ -266,9 +182,9 @@ OccurrenceResult SchedulePosting::Impl::PostOne(std::int64_t scheduleId, Date du
   Found found;
   const OccurrenceResult result = Find(scheduleId, due, found);
   if (result != OccurrenceResult::Done) return result;
-  Job job{found.schedule, {due}, {}, {}};
+  PostingJob job{found.schedule, {due}, {}, {}};
   if (movesDates_) job.passed = PostedPrefix(found, due);
-  FetchRates(job);
+  (void)FetchRates(job, rates_);
   if (job.missing.empty()) return OccurrenceResult::NoRate;
   const UndoLog::Step step = ledger_.Undo().Begin("Post Schedule");
   Transaction one = store_.Begin();

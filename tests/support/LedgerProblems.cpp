@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <map>
 #include <set>
+#include <tuple>
 
 namespace corvanta {
 namespace {
@@ -70,6 +71,7 @@ class Inspection {
     CheckOccurrences();
     for (const Reference& reference : kReferences) CheckReference(reference);
     CheckContents();
+    CheckKeptSums();
     return problems_;
   }
 
@@ -102,6 +104,44 @@ class Inspection {
       if (named.erase(name) == 0) Add("own_AttachedFiles", contents.Int(0), "nothing names it");
     }
     for (const std::string& name : named) Add("tblAttachments", 0, name + " is gone");
+  }
+
+  // What the file keeps of its entries must be what they come to.
+  void CheckKeptSums() {
+    if (connection_.Table("own_KeptSums") == nullptr) return;
+    constexpr double kUnits = 10000;
+    using Group = std::tuple<std::int64_t, std::string, std::int64_t, std::int64_t>;
+    std::map<Group, std::vector<std::int64_t>> sums;
+    std::set<std::pair<std::int64_t, std::int64_t>> uses;
+    Recordset rows = connection_.OpenRecordset(
+        "SELECT AccountID, [Date], BankChk, BankRec, CategoryID, [Amount] FROM tblTransactions "
+        "WHERE AllocatedItem = 0");
+    for (; !rows.Eof(); rows.MoveNext()) {
+      const std::string month = rows.IsNull(1) ? "-" : std::string(rows.Text(1).substr(0, 7));
+      auto& sum = sums[{rows.Int(0), month, rows.Int(2), rows.Int(3)}];
+      const std::int64_t units = std::llround(rows.Double(5) * kUnits);
+      const bool isWhole =
+          static_cast<double>(units) / kUnits == rows.Double(5) && std::fabs(rows.Double(5)) < 1e10;
+      sum.resize(4);
+      ++sum[0];
+      sum[1] += isWhole ? 0 : 1;
+      sum[2] += isWhole ? units : 0;
+      sum[3] += isWhole && units > 0 ? units : 0;
+      uses.emplace(rows.Int(0), rows.Int(4));
+    }
+    Recordset kept = connection_.OpenRecordset(
+        "SELECT AccountID, YearMonth, BankChk, BankRec, Entries, Odd, Total, PaidIn FROM "
+        "own_KeptSums WHERE Entries <> 0 OR Odd <> 0 OR Total <> 0 OR PaidIn <> 0");
+    std::map<Group, std::vector<std::int64_t>> keptSums;
+    for (; !kept.Eof(); kept.MoveNext()) {
+      auto& sum = keptSums[{kept.Int(0), std::string(kept.Text(1)), kept.Int(2), kept.Int(3)}];
+      for (int figure = 4; figure < 8; ++figure) sum.push_back(kept.Int(figure));
+    }
+    if (keptSums != sums) problems_.emplace_back("own_KeptSums differs from the entries");
+    Recordset used =
+        connection_.OpenRecordset("SELECT AccountID, CategoryID FROM own_KeptCategories");
+    for (; !used.Eof(); used.MoveNext()) uses.erase({used.Int(0), used.Int(1)});
+    if (!uses.empty()) problems_.emplace_back("own_KeptCategories lacks some of the entries'");
   }
 
   void CheckTransfers(const std::map<std::int64_t, Row>& rows) {

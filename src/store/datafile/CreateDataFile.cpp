@@ -10,6 +10,7 @@
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/schema/AccessPaths.h"
 #include "store/datafile/schema/DefaultData.h"
+#include "store/datafile/schema/KeptSums.h"
 #include "store/datafile/schema/SampleData.h"
 #include "store/datafile/schema/Schema.h"
 #include "store/datafile/schema/SchemaCheck.h"
@@ -69,6 +70,7 @@ void Build(const DataSource& draft, const DataSource& compacted, const CopyMark&
   InsertRows(*connection, emptyFile, platform);
   CheckSchema(*connection);
   EnsureAccessPaths(*connection);
+  EnsureKeptSums(*connection, draft, platform.clock);
 }
 
 void RequireFree(const std::string& path) {

@@ -5,6 +5,7 @@
 #include "store/datafile/CreateDataFile.h"
 #include "store/datafile/DataFileLocation.h"
 #include "store/datafile/opening/FileSteps.h"
+#include "store/datafile/schema/KeptSums.h"
 #include "store/datafile/schema/Schema.h"
 #include "store/datafile/upgrade/Upgrade.h"
 #include "store/sql/Recordset.h"
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <optional>
 #include <set>
 
@@ -167,7 +169,8 @@ class TableSalvage {
 std::vector<std::string> TableNames(const std::vector<std::string>& own) {
   std::vector<std::string> names;
   for (const TableText& table : SchemaTables()) names.emplace_back(table.name);
-  names.insert(names.end(), own.begin(), own.end());
+  // What is counted of the rows is counted anew of those that were salvaged.
+  std::ranges::remove_copy_if(own, std::back_inserter(names), IsKeptSums);
   return names;
 }
 
@@ -267,6 +270,7 @@ std::vector<SalvagedTable> SalvageDataFile(const DataSource& damaged, const std:
   try {
     std::vector<SalvagedTable> tables = CopyRows(damaged, sound, platform.clock);
     MakeWhole(sound, platform.clock);
+    RecountKeptSums(sound, platform.clock);
     return tables;
   } catch (...) {
     RemoveDataFileQuietly(sound.path, platform.files);

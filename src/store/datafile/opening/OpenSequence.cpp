@@ -15,6 +15,7 @@
 #include "store/datafile/opening/RecoverDataFile.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/datafile/schema/AccessPaths.h"
+#include "store/datafile/schema/KeptSums.h"
 #include "store/datafile/schema/SchemaCheck.h"
 #include "store/datafile/upgrade/RenewDataFile.h"
 #include "store/sql/StoreError.h"
@@ -36,15 +37,18 @@ bool IsFileFault(const StoreError& error) {
          error.Code() == StoreErrorCode::Missing;
 }
 
-// Without these the program is slower, and without room, or where nothing may be written, it must
-// still show what there is.
-void EnsureAccessPathsIfRoom(Connection& connection) {
+// Without these the program is slower, and without room, where nothing may be written, or while
+// another program writes, it must still show what there is. True when something was made.
+template <typename Ensure>
+bool IfPossible(const Ensure& ensure) {
   try {
-    EnsureAccessPaths(connection);
+    return ensure();
   } catch (const StoreError& error) {
-    const bool isOfPlace =
-        error.Code() == StoreErrorCode::DiskFull || error.Code() == StoreErrorCode::ReadOnly;
+    const bool isOfPlace = error.Code() == StoreErrorCode::DiskFull ||
+                           error.Code() == StoreErrorCode::ReadOnly ||
+                           error.Code() == StoreErrorCode::Locked;
     if (!isOfPlace) throw;
+    return false;
   }
 }
 
@@ -62,10 +66,16 @@ void StampStart(Connection& connection) {
 
 std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::string& password,
                                         Platform& platform) {
-  std::unique_ptr<Connection> connection = Connection::Open({path, password, {}}, platform.clock);
+  const DataSource source{path, password, {}};
+  std::unique_ptr<Connection> connection = Connection::Open(source, platform.clock);
   CheckSchema(*connection);
-  EnsureAccessPathsIfRoom(*connection);
-  return connection;
+  IfPossible([&] { return EnsureAccessPaths(*connection), false; });
+  const bool isMade =
+      IfPossible([&] { return EnsureKeptSums(*connection, source, platform.clock); });
+  if (!isMade) return connection;
+  // With the tables that were made for them in its catalog.
+  connection = nullptr;
+  return Connection::Open(source, platform.clock);
 }
 
 OpenSequence::OpenSequence(Platform& platform, const Writer& writer,

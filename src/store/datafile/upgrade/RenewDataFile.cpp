@@ -7,6 +7,7 @@
 #include "store/datafile/Compact.h"
 #include "store/datafile/opening/CompactionTarget.h"
 #include "store/datafile/opening/FileSteps.h"
+#include "store/datafile/schema/KeptSums.h"
 #include "store/datafile/schema/SchemaCheck.h"
 #include "store/datafile/upgrade/Balances.h"
 #include "store/datafile/upgrade/Upgrade.h"
@@ -46,6 +47,7 @@ std::optional<std::string> FinishCopy(const DataSource& source, const DataSource
                      "The data file could not be upgraded and is as it was. " + *problem, {},
                      source.path);
   }
+  RecountKeptSums(copy, clock);
   // Tables that were written anew have left their old pages.
   ShrinkDatabase(copy, clock);
   if (!SameBalances(expected, VerifiedBalances(copy, clock))) {

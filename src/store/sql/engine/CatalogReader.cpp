@@ -88,11 +88,14 @@ void ReadIndexes(sqlite3* database, const std::string& file, TableDef& table) {
 
 }  // namespace
 
+// What is kept of another table's rows (own_Kept...) is there only as long as the file keeps it.
 Catalog ReadCatalog(sqlite3* database, const std::string& file) {
   std::vector<TableDef> tables;
   ForEachRow(database,
-             "SELECT name, sql FROM sqlite_master WHERE type = 'table' AND name NOT LIKE "
-             "'sqlite\\_%' ESCAPE '\\' ORDER BY rowid",
+             "SELECT name, sql FROM sqlite_master AS m WHERE type = 'table' AND name NOT LIKE "
+             "'sqlite\\_%' ESCAPE '\\' AND (name NOT LIKE 'own\\_Kept%' ESCAPE '\\' OR EXISTS "
+             "(SELECT 1 FROM sqlite_master WHERE type = 'trigger' AND name = m.name || '.added')) "
+             "ORDER BY rowid",
              file, [&](sqlite3_stmt* row) {
                TableDef table;
                table.name = ColumnText(row, 0);

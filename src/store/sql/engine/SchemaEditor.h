@@ -34,6 +34,7 @@ class SchemaEditor {
   // Writes the table under its new definition; `values` gives each column's value, read from the
   // old one, in order.
   void Rebuild(const TableDef& table, const std::vector<std::string>& values);
+  void DropKept(const std::string& table);
   [[nodiscard]] const TableDef& Find(const std::string& table) const;
 
   sqlite3* database_;

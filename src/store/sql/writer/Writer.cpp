@@ -8,7 +8,10 @@ namespace corvanta::jet {
 namespace {
 
 std::string WriteInsert(const Insert& insert) {
-  std::string sql = "INSERT INTO " + QuoteName(insert.table);
+  // A single row is refused before anything of it is written, and what triggers write has no rule
+  // that could refuse it; see Recordset.
+  const bool isOneRow = !insert.values.empty();
+  std::string sql = (isOneRow ? "INSERT OR FAIL INTO " : "INSERT INTO ") + QuoteName(insert.table);
   for (std::size_t i = 0; i < insert.columns.size(); ++i) {
     sql += (i == 0 ? " (" : ", ") + QuoteName(insert.columns[i]);
   }
