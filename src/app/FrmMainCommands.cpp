@@ -17,9 +17,9 @@
 #include "platform/Clock.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "platform/Spreadsheet.h"
 #include "reports/print/ReportDialogs.h"
 #include "reports/sheet/SheetExport.h"
-#include "reports/sheet/SheetTable.h"
 #include "store/sql/UndoLog.h"
 #include "tools/ToolDialogs.h"
 
@@ -105,7 +105,7 @@ void FrmMain::ConnectDialogs() {
   On(actions_->mnuFilePageSetup, [this] { OpenPageSetup({platform_, this}); });
   On(actions_->mnuFileSpreadsheet, [this] {
     if (view_ != nullptr) {
-      AskAndExportSheet(SheetOf(view_->Printed(), platform_.locale), platform_);
+      AskAndExportSheet(view_->Sheet(platform_.locale), platform_);
     }
   });
   On(actions_->mnuViewAccountTypes, [this] { ShowList(ListKind::AccountType); });

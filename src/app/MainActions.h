@@ -128,7 +128,6 @@ class MainActions : public QObject {
   QAction* mnuReportCustom;
   QAction* mnuReportSave;
   QAction* mnuReportColumns;
-  QAction* mnuReportSheet;
   QAction* mnuReportInto;
   QAction* mnuReportExplain;
 

@@ -46,8 +46,6 @@ void MainActions::MakeReports() {
                        tr("Save the report with its filters, columns and days under a name"));
   mnuReportColumns =
       Make("mnuReportColumns", tr("Pick C&olumns..."), "", tr("Choose the columns of the report"));
-  mnuReportSheet = Make("mnuReportSheet", tr("Export to Sprea&dsheet..."), "export",
-                        tr("Write the report into a file that spreadsheets open"));
   mnuReportInto = Make("mnuReportInto", tr("Loo&k Into"), "",
                        tr("Show what the chosen row of the report stands for (Enter)"));
   mnuReportExplain =
@@ -71,7 +69,7 @@ void MainActions::FillReportMenu(QMenu& reports) const {
     further->addAction(report);
   }
   reports.addSeparator();
-  reports.addActions({mnuReportCustom, mnuReportSave, mnuReportColumns, mnuReportSheet});
+  reports.addActions({mnuReportCustom, mnuReportSave, mnuReportColumns, mnuFileSpreadsheet});
   reports.addSeparator();
   reports.addActions({mnuReportInto, mnuReportExplain});
 }

@@ -18,8 +18,10 @@ class QAction;
 class QWidget;
 
 namespace corvanta::inline platform {
+class Locale;
 class Registry;
-}
+struct SpreadsheetTable;
+}  // namespace corvanta::inline platform
 
 namespace corvanta::inline controls {
 class SortedTable;
@@ -104,6 +106,8 @@ class MainView {
   // The account that commands on accounts are about; 0 for none.
   [[nodiscard]] virtual std::int64_t ChosenAccount() const { return 0; }
   [[nodiscard]] virtual PrintTable Printed() const = 0;
+  // The same for a spreadsheet, by the locale whose numbers and days it shows.
+  [[nodiscard]] virtual SpreadsheetTable Sheet(const Locale& locale) const;
   // What the chosen rows come to, for the status bar.
   [[nodiscard]] virtual ChosenTotals TotalsOfChosen() const { return {}; }
   // The ticks of columns that a person may hide.

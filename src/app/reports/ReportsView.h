@@ -71,6 +71,7 @@ class ReportsView : public QWidget, public MainView {
   void Do(EditTask task) override;
   void MarkCommands(bool isShown) override;
   [[nodiscard]] PrintTable Printed() const override;
+  [[nodiscard]] SpreadsheetTable Sheet(const Locale& locale) const override;
   [[nodiscard]] ChosenTotals TotalsOfChosen() const override;
 
   [[nodiscard]] std::int64_t RowCount() const override;
@@ -113,7 +114,6 @@ class ReportsView : public QWidget, public MainView {
   void OpenCustom();
   void SaveReport();
   void PickColumns();
-  void ExportSheet();
   // Opens the editor of the category that a row of a budget is of.
   void EditBudget(std::size_t row);
   void LookInto(std::size_t row);

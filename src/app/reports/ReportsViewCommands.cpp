@@ -24,7 +24,6 @@
 #include "reports/query/DrillDown.h"
 #include "reports/query/Explain.h"
 #include "reports/query/ReportCatalogue.h"
-#include "reports/sheet/SheetExport.h"
 #include "reports/sheet/SheetTable.h"
 #include "store/sql/Connection.h"
 
@@ -50,7 +49,6 @@ void ReportsView::ConnectCommands() {
   place_.On(actions.mnuReportCustom, this, [this] { OpenCustom(); });
   place_.On(actions.mnuReportSave, this, [this] { SaveReport(); });
   place_.On(actions.mnuReportColumns, this, [this] { PickColumns(); });
-  place_.On(actions.mnuReportSheet, this, [this] { ExportSheet(); });
   place_.On(actions.mnuReportExplain, this, [this] { ExplainChosen(); });
   place_.On(actions.mnuReportInto, this, [this] {
     if (const auto row = RowAt(table_->currentIndex())) LookInto(*row);
@@ -259,7 +257,8 @@ void ReportsView::PickColumns() {
 }
 
 // The columns that are shown, with numbers and days as such.
-void ReportsView::ExportSheet() {
+SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
+  if (page_ == Page::List) return MainView::Sheet(locale);
   const std::vector<std::string> shown = ShownColumns();
   ReportTable sheet = report_;
   for (std::size_t column = sheet.columns.size(); column-- > 0;) {
@@ -270,7 +269,7 @@ void ReportsView::ExportSheet() {
       if (column < row.cells.size()) row.cells.erase(row.cells.begin() + place);
     }
   }
-  AskAndExportSheet(SheetOf(sheet), place_.platform);
+  return SheetOf(sheet);
 }
 
 void ReportsView::EditBudget(std::size_t row) {
@@ -310,7 +309,6 @@ void ReportsView::MarkCommands(bool isShown) {
   const bool isAtRow = hasRows && RowAt(table_->currentIndex()).has_value();
   actions.mnuReportSave->setEnabled(isShown && isOpen && page_ != Page::List);
   actions.mnuReportColumns->setEnabled(hasRows);
-  actions.mnuReportSheet->setEnabled(isShown && isOpen && page_ != Page::List);
   actions.mnuReportExplain->setEnabled(isAtRow);
   actions.mnuReportInto->setEnabled(isAtRow);
 }

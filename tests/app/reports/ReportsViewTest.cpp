@@ -176,7 +176,7 @@ TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
   const std::string path = machine_.folder.Path("payees.csv");
   machine_.prompts.ExpectSaveFile("Save File As", path);
   machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
-  Trigger("mnuReportSheet");
+  Trigger("mnuFileSpreadsheet");
   const std::string text = ReadFile(path);
   EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
   EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
