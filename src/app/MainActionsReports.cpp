@@ -69,7 +69,7 @@ void MainActions::FillReportMenu(QMenu& reports) const {
     further->addAction(report);
   }
   reports.addSeparator();
-  reports.addActions({mnuReportCustom, mnuReportSave, mnuReportColumns, mnuFileSpreadsheet});
+  reports.addActions({mnuReportCustom, mnuReportSave, mnuReportColumns});
   reports.addSeparator();
   reports.addActions({mnuReportInto, mnuReportExplain});
 }
