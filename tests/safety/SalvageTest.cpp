@@ -86,7 +86,9 @@ TEST_F(Salvages, WhatTheDamageHoldsIsListedAndTheRestIsRead) {
     store_.platform.folder.Write("data/Corvanta.dat", before);
   }
   EXPECT_GT(readings.size(), 1U) << "some of the damage was in these rows";
-  EXPECT_GT(*readings.begin(), kRows / 2);
+  // Of two neighbouring pages one alone can be where the table begins, without which nobody knows
+  // where its rows are.
+  EXPECT_LE(std::ranges::count_if(readings, [](auto rows) { return rows < kRows / 2; }), 1);
 }
 
 TEST_F(Salvages, WithoutItsBeginningThereIsNoNewFile) {
