@@ -4,6 +4,7 @@
 #include "store/sql/StoreError.h"
 #include "support/LedgerProblems.h"
 
+#include <algorithm>
 #include <set>
 
 namespace corvanta {
