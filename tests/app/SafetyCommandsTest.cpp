@@ -8,6 +8,7 @@
 #include "safety/FrmSalvage.h"
 #include "safety/RecentFiles.h"
 #include "store/datafile/opening/TransferFile.h"
+#include "store/sql/Connection.h"
 
 #include <QMenu>
 #include <QPushButton>
@@ -165,8 +166,16 @@ TEST_F(SafetyCommands, ADamagedFileIsSalvagedIntoANewOneThatOpens) {
   session_.PostSchedules();
   ShowWindow();
   const std::int64_t rows = Rows();
+  {
+    Transaction all = session_.Ledger().Store().Begin();
+    for (int payee = 0; payee < 500; ++payee) {
+      Run("INSERT INTO tblPayees (Payee) VALUES ('A payee of many, " + std::to_string(payee) +
+          "')");
+    }
+    all.Commit();
+  }
   session_.Close();
-  // Its last page alone, which holds none of the transactions' table.
+  // Its last page alone, which holds payees.
   std::string bytes = ReadFile(DataFilePath());
   bytes.replace(bytes.size() - 4096, 4096, std::string(4096, '?'));
   machine_.folder.Write("data/Corvanta.dat", bytes);
