@@ -5,6 +5,7 @@
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
+#include "app/QtProgress.h"
 #include "app/ReminderCommands.h"
 #include "controls/QtText.h"
 #include "controls/WaitCursor.h"
@@ -28,13 +29,16 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPointer>
+#include <QTimer>
 #include <QUrl>
 
+#include <chrono>
 #include <limits>
 
 namespace corvanta::inline app {
 namespace {
 constexpr std::string_view kReindex = "Reindex";
+constexpr std::chrono::milliseconds kWhenBusy{500};
 
 bool Opens(const std::string& path, const std::string& password, Platform& platform) {
   try {
@@ -220,7 +224,12 @@ void FrmMain::BeginImport(const std::string& path) {
   QMetaObject::invokeMethod(
       this,
       [this, path] {
-        if (session_.IsOpen()) Guard([this, path] { ImportFile(path); });
+        // An operation that lets window messages through must not find other rows afterwards, and
+        // a dialog that is open is finished first.
+        const bool isFree = session_.IsOpen() && !progress_.IsBusy() &&
+                            QApplication::activeModalWidget() == nullptr;
+        if (isFree) return Guard([this, path] { ImportFile(path); });
+        QTimer::singleShot(kWhenBusy, this, [this, path] { BeginImport(path); });
       },
       Qt::QueuedConnection);
 }

@@ -81,6 +81,8 @@ void FrmMain::SaveLayout() {
 void FrmMain::closeEvent(QCloseEvent* event) {
   // A layout that cannot be kept must not keep the person from leaving.
   Guard([this] { SaveLayout(); });
+  // Whoever starts the program now is not sent to a window that goes.
+  Q_EMIT FileShown(QString());
   BackUpOnLeaving(session_, platform_);
   event->accept();
 }

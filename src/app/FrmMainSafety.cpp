@@ -64,8 +64,15 @@ void FrmMain::ConnectSafety() {
 
 bool FrmMain::SwitchTo(const std::string& path) {
   const bool wasOpen = session_.IsOpen();
+  // Whoever wants the file that is being left does not get the one that comes.
+  Q_EMIT FileShown(QString());
   BackUpOnLeaving(session_, platform_);
-  session_.Choose(path);
+  try {
+    session_.Choose(path);
+  } catch (...) {
+    ShowFile();
+    throw;
+  }
   if (Reopen(true)) {
     NoticePosted();
     return true;

@@ -10,7 +10,6 @@
 #include "platform/Settings.h"
 #include "store/sql/StoreError.h"
 
-#include <QApplication>
 #include <QTimer>
 
 #include <chrono>
@@ -20,7 +19,6 @@ namespace {
 constexpr const char* kHolder = "the Corvanta window";
 // A command that is writing is soon done; a person at the window is not kept waiting for long.
 constexpr std::chrono::milliseconds kPatience{1500};
-constexpr std::chrono::milliseconds kModalCheck{500};
 }  // namespace
 
 StartUp::StartUp(const StartOptions& options)
@@ -57,12 +55,7 @@ void StartUp::ComeForward(const QString& importPath) {
   window_->setWindowState(window_->windowState() & ~Qt::WindowMinimized);
   window_->raise();
   window_->activateWindow();
-  if (importPath.isEmpty()) return;
-  // A dialog that is open is finished first.
-  if (QApplication::activeModalWidget() == nullptr) {
-    return window_->BeginImport(FromQt(importPath));
-  }
-  QTimer::singleShot(kModalCheck, window_.get(), [this, importPath] { ComeForward(importPath); });
+  if (!importPath.isEmpty()) window_->BeginImport(FromQt(importPath));
 }
 
 bool StartUp::Run() {

@@ -5,6 +5,7 @@
 #include "cli/Parser.h"
 #include "cli/Session.h"
 #include "platform/Platform.h"
+#include "safety/FileStore.h"
 #include "safety/SalvageEditor.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/backup/SalvageDataFile.h"
@@ -34,6 +35,8 @@ ExitStatus SalvageCommand::Run(Session& session) {
   }
   session.Print(table);
   session.Tell("Salvage", "What can be read of " + damaged + " is in " + file_);
+  const std::string missing = RestoreFileStore(damaged, file_, platform.files);
+  if (!missing.empty()) session.Tell("Salvage", missing);
   return ExitStatus::Done;
 }
 

@@ -1,6 +1,7 @@
 // What the entries of accounts come to. The data file keeps it by month and status (see
 // store/datafile/schema/KeptSums.h), so that a sum of any length reads a few rows; where it does
-// not, the entries are added up. Both give the same, rounded to cents.
+// not, the entries are added up. Both come to the same but for the noise of adding up decimal
+// fractions, which is far below a cent.
 #pragma once
 
 #include "ledger/AccountRow.h"

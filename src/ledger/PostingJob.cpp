@@ -21,7 +21,7 @@ std::vector<std::int64_t> OpenSchedules(Connection& store) {
   std::vector<std::int64_t> keys;
   Recordset rows = store.OpenRecordset(
       "Select S.* from tblSchedule S INNER JOIN tblAccounts A ON S.AccountID = A.AccountID "
-      " Where CloseAccount <> 1 AND AllocatedItem = 0");
+      " Where Nz(CloseAccount, 0) <> 1 AND AllocatedItem = 0");
   const int key = rows.FieldIndex("ScheduleID");
   for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(key));
   return keys;

@@ -9,9 +9,10 @@
 #include "store/sql/SqlText.h"
 
 #include <algorithm>
+#include <set>
 #include <tuple>
 #include <unordered_map>
-#include <unordered_set>
+#include <utility>
 
 namespace corvanta::inline ledger {
 namespace {
@@ -69,12 +70,15 @@ class Collection {
   // or a column that an old file never wrote, is due all the same.
   [[nodiscard]] std::vector<ReminderSide> Sides() {
     std::vector<ReminderSide> sides = ReadReminderSides(ledger_.Store(), until_.AddDays(kWeekend));
-    std::unordered_set<std::int64_t> read;
-    for (const ReminderSide& side : sides) read.insert(side.scheduleId);
+    std::set<std::pair<std::int64_t, bool>> read;
+    for (const ReminderSide& side : sides) read.emplace(side.scheduleId, side.isReceiving);
     for (const auto& [key, schedule] : schedules_) {
-      if (read.contains(key)) continue;
-      sides.push_back(SideOf(schedule, false));
-      if (schedule.IsTransfer()) sides.push_back(SideOf(schedule, true));
+      for (const bool isReceiving : {false, true}) {
+        const bool isThere = !isReceiving || schedule.IsTransfer();
+        if (isThere && !read.contains({key, isReceiving})) {
+          sides.push_back(SideOf(schedule, isReceiving));
+        }
+      }
     }
     return sides;
   }

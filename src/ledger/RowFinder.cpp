@@ -9,10 +9,14 @@ namespace corvanta::inline ledger {
 RowFinder::RowFinder(const RegisterRows& rows) {
   const std::vector<RegisterEntry>& entries = rows.Entries();
   std::int32_t most = 0;
-  for (const RegisterEntry& entry : entries) most = std::max(most, entry.transactionId);
+  std::int32_t least = 0;  // a file that another program wrote may have keys below 0
+  for (const RegisterEntry& entry : entries) {
+    most = std::max(most, entry.transactionId);
+    least = std::min(least, entry.transactionId);
+  }
   const auto size = static_cast<std::size_t>(most) + 1;
   constexpr std::size_t kLoose = 16;  // a long account's keys lie closer
-  if (size <= kLoose * entries.size()) dense_.resize(size, kNone);
+  if (least >= 0 && size <= kLoose * entries.size()) dense_.resize(size, kNone);
   std::size_t row = rows.Count();
   for (const RegisterEntry& entry : entries) {
     --row;

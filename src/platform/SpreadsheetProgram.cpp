@@ -34,9 +34,7 @@ constexpr const char* kNotConverted =
 class WorkFolder {
  public:
   WorkFolder() {
-    std::error_code error;
-    const auto base = std::filesystem::temp_directory_path(error);
-    path_ = (error ? std::string("/tmp") : base.string()) + "/corvanta-sheet-XXXXXX";
+    path_ = Base() + "/corvanta-sheet-XXXXXX";
     if (::mkdtemp(path_.data()) == nullptr) throw SystemError("Cannot make", path_, errno);
   }
   ~WorkFolder() {
@@ -48,6 +46,17 @@ class WorkFolder {
   [[nodiscard]] std::string Path(const std::string& name) const { return path_ + "/" + name; }
 
  private:
+  // What this user's session has is in memory and ends with it: the rows are not left on a disk.
+  static std::string Base() {
+    const char* session = std::getenv("XDG_RUNTIME_DIR");
+    if (session != nullptr && *session == '/' && ::access(session, W_OK | X_OK) == 0) {
+      return session;
+    }
+    std::error_code error;
+    const auto base = std::filesystem::temp_directory_path(error);
+    return error ? std::string("/tmp") : base.string();
+  }
+
   std::string path_;
 };
 

@@ -22,6 +22,7 @@
 #include <fmt/ranges.h>
 
 #include <algorithm>
+#include <exception>
 #include <iterator>
 #include <map>
 
@@ -88,6 +89,19 @@ void RequireBalances(const std::map<std::int64_t, double>& expected,
                    {}, file);
 }
 
+// Whether the rows to be archived are still there. What cannot be read is taken to be gone.
+bool IsInDataFile(Connection& store, const ArchivePlan& plan) noexcept {
+  if (plan.keys.empty()) return true;
+  try {
+    return store
+               .QueryValue("Select Count(*) from tblTransactions Where TransactionID = " +
+                           SqlNumber(plan.keys.front()))
+               .Int() > 0;
+  } catch (const std::exception&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 void ArchiveWriter::Write(const ArchivePlan& plan, const std::string& path) {
@@ -97,7 +111,8 @@ void ArchiveWriter::Write(const ArchivePlan& plan, const std::string& path) {
     CopyFileStore(FileStoreOf(file_.path), FileStoreOf(path), OnOther::Refuse, platform_.files);
     TakeOut(plan);
   } catch (...) {
-    RemoveDataFileQuietly(path, platform_.files);
+    // Once the rows are taken out, the archive is where they are.
+    if (IsInDataFile(ledger_.Store(), plan)) RemoveDataFileQuietly(path, platform_.files);
     throw;
   }
 }

@@ -127,6 +127,10 @@ void FrmRestore::ShowPlan() {
   if (!plan_) return;
   for (const AccountChange& change : plan_->changes) lvChanges_->AddRow(CellsOf(change));
   for (const ListChange& change : plan_->lists) lvChanges_->AddRow(CellsOf(change));
+  if (plan_->losesPassword) {
+    return Note(
+        tr("Shown is %1. Afterwards nobody is asked for a password.").arg(ToQt(plan_->path)));
+  }
   Note(plan_->IsChange()
            ? tr("Shown is %1.").arg(ToQt(plan_->path))
            : tr("The data file holds what %1 holds: nothing would change.").arg(ToQt(plan_->path)));

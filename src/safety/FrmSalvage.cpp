@@ -84,15 +84,17 @@ void FrmSalvage::Salvage() {
     if (const auto warning = SalvageEditor::Check(form)) return Warn(*warning);
     lvTables_->Clear();
     const WaitCursor waiting;
-    const auto tables = editor_.Salvage(form);
-    if (!tables) return;
-    ShowTables(*tables);
+    const auto salvaged = editor_.Salvage(form);
+    if (!salvaged) return;
+    ShowTables(salvaged->tables);
     made_ = form.path;
     MarkChanged();
     cmdOpen_->setEnabled(true);
     cmdOpen_->setDefault(true);
     cmdOpen_->setFocus();
-    Note(ToQt(SalvagedText(*tables, place_.platform)));
+    Note(ToQt(SalvagedText(salvaged->tables, place_.platform)));
+    if (salvaged->missing.empty()) return;
+    place_.platform.prompts.Tell("Salvage", salvaged->missing, Icon::Warning);
   });
 }
 

@@ -49,15 +49,16 @@ int KeyOf(const Recordset& rows, const TableDef& table) {
   return 0;
 }
 
-// What is NULL in old files reads as what stands for it.
+// What is NULL in old files, or of a column that they have not got yet, reads as what stands for
+// it; and their columns may stand in another order.
 std::size_t HashOf(const Recordset& rows) {
-  std::string text;
+  std::size_t hash = 0;
   for (int field = 0; field < static_cast<int>(rows.Fields().size()); ++field) {
-    const std::string_view value = rows.Text(field);
-    if (value != "0" && value != "0.0") text += value;
-    text += '\n';
+    const std::string value(rows.Text(field));
+    if (value.empty() || value == "0" || value == "0.0") continue;
+    hash += std::hash<std::string>()(rows.Fields().at(field).name + '=' + value);
   }
-  return std::hash<std::string>()(text);
+  return hash;
 }
 
 Rows Read(Connection* file, const Kind& kind) {

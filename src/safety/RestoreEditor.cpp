@@ -1,5 +1,6 @@
 #include "safety/RestoreEditor.h"
 
+#include "ledger/LoginPassword.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -45,7 +46,7 @@ std::string ListsText(const RestorePlan& plan) {
 }  // namespace
 
 bool RestorePlan::IsChange() const {
-  return !lists.empty() || std::ranges::any_of(changes, &AccountChange::IsChange);
+  return losesPassword || !lists.empty() || std::ranges::any_of(changes, &AccountChange::IsChange);
 }
 
 std::string RowsText(std::size_t count, const Platform& platform) {
@@ -139,7 +140,8 @@ std::optional<RestorePlan> RestoreEditor::Look(const std::string& path,
                      CompareFiles(now.get(), *then),
                      CompareLists(now.get(), *then),
                      now != nullptr,
-                     !isKnown && !IsFromPassphrase(*password)};
+                     !isKnown && !IsFromPassphrase(*password),
+                     now && LoginPassword(*now).IsAsked() && !LoginPassword(*then).IsAsked()};
 }
 
 std::string RestoreEditor::QuestionOf(const RestorePlan& plan) const {
@@ -163,6 +165,9 @@ std::string RestoreEditor::QuestionOf(const RestorePlan& plan) const {
   }
   if (plan.losesPassphrase) {
     text += "Afterwards it opens on this computer without a passphrase; set one again. ";
+  }
+  if (plan.losesPassword) {
+    text += "Afterwards nobody is asked for a password; set one again. ";
   }
   if (isThere) {
     text += "The present data file is kept beside it and can be restored in turn. ";

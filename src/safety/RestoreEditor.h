@@ -38,6 +38,7 @@ struct RestorePlan {
   std::vector<ListChange> lists;       // what else would change
   bool isPresentRead = false;          // so that it is known what would go
   bool losesPassphrase = false;        // it would open on this computer without being asked for one
+  bool losesPassword = false;          // the present file asks for a password, that one does not
 
   [[nodiscard]] bool IsChange() const;
 };

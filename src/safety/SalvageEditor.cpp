@@ -4,6 +4,7 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
+#include "safety/FileStore.h"
 #include "store/datafile/FilePasswords.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/opening/FileSteps.h"
@@ -69,7 +70,7 @@ std::optional<Warning> SalvageEditor::Check(const SalvageForm& form) {
   return std::nullopt;
 }
 
-std::optional<std::vector<SalvagedTable>> SalvageEditor::Salvage(const SalvageForm& form) {
+std::optional<Salvaged> SalvageEditor::Salvage(const SalvageForm& form) {
   std::optional<std::string> typed;
   try {
     typed = passwords_.Of(form.damaged);
@@ -80,7 +81,10 @@ std::optional<std::vector<SalvagedTable>> SalvageEditor::Salvage(const SalvageFo
   const std::string password = typed ? *typed : FindInstallationPassword(platform_).value_or("");
   const auto sound = OpenIfSound(form.damaged, password, platform_);
   if (sound && !admits_(*sound)) return std::nullopt;
-  return SalvageDataFile({form.damaged, password, {}}, form.path, writer_, platform_);
+  Salvaged salvaged;
+  salvaged.tables = SalvageDataFile({form.damaged, password, {}}, form.path, writer_, platform_);
+  salvaged.missing = RestoreFileStore(form.damaged, form.path, platform_.files);
+  return salvaged;
 }
 
 std::string LostText(const std::vector<LostKeys>& lost) {

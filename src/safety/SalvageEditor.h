@@ -24,6 +24,11 @@ struct SalvageForm {
   std::string path;     // of the new one
 };
 
+struct Salvaged {
+  std::vector<SalvagedTable> tables;  // what became of every table
+  std::string missing;                // what is to be told of attached files; empty for nothing
+};
+
 // The rules of salvaging a damaged data file. Operations throw StoreError and PlatformError.
 class SalvageEditor {
  public:
@@ -36,9 +41,9 @@ class SalvageEditor {
   // For that data file, with a free name beside it for the new one; without a file nothing.
   [[nodiscard]] static SalvageForm Load(const std::string& damaged);
   [[nodiscard]] static std::optional<Warning> Check(const SalvageForm& form);
-  // Reads what can be read into the new file. What became of every table; nullopt when the person
-  // turned back at a password. The damaged file is only read.
-  [[nodiscard]] std::optional<std::vector<SalvagedTable>> Salvage(const SalvageForm& form);
+  // Reads what can be read into the new file, and brings the attached files beside it. nullopt when
+  // the person turned back at a password. The damaged file is only read.
+  [[nodiscard]] std::optional<Salvaged> Salvage(const SalvageForm& form);
 
  private:
   FilePasswords& passwords_;

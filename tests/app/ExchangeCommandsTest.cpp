@@ -58,6 +58,25 @@ TEST_F(ExchangeCommands, AFileThatIsDroppedIsImportedIntoTheRegister) {
   EXPECT_EQ(Rows(), 0) << "one step";
 }
 
+TEST_F(ExchangeCommands, AnImportWaitsForTheRunningOperation) {
+  Start();
+  progress_.SetStatus("Reading...");
+  window_->BeginImport(machine_.folder.Write("statement.qif", kStatement));
+  for (int round = 0; round < 3; ++round) (void)progress_.Yield();
+  EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+  progress_.SetStatus(std::string());
+  bool opened = false;
+  QTimer watch;
+  QObject::connect(&watch, &QTimer::timeout, [&opened] {
+    auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (form == nullptr) return;
+    opened = true;
+    form->done(QDialog::Rejected);
+  });
+  watch.start(1);
+  EXPECT_TRUE(QTest::qWaitFor([&opened] { return opened; }));
+}
+
 TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {
   Start();
   Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "

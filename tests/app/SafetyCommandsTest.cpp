@@ -123,6 +123,22 @@ TEST_F(SafetyCommands, ABackupIsMadeWhenTheFileIsLeft) {
   RemindOfFailedBackup(session_, machine_.Get());
 }
 
+TEST_F(SafetyCommands, NobodyIsSentToAWindowThatLeavesItsFile) {
+  OpenData();
+  ShowWindow();
+  QStringList shown;
+  QObject::connect(window_.get(), &FrmMain::FileShown, qApp,
+                   [&shown](const QString& path) { shown.append(path); });
+  const std::string second = machine_.folder.Path("Second.dat");
+  machine_.prompts.ExpectSaveFile("Create Data File", second);
+  Trigger("mnuFileNew");
+  ASSERT_GE(shown.size(), 2);
+  EXPECT_EQ(shown.first(), QString());
+  EXPECT_EQ(shown.last().toStdString(), second);
+  window_->close();
+  EXPECT_EQ(shown.last(), QString());
+}
+
 TEST_F(SafetyCommands, RestoringBringsTheRowsBackIntoTheWindow) {
   OpenData();
   session_.PostSchedules();

@@ -33,6 +33,13 @@ TEST_F(PostingTest, RowsCarryTheScheduleAndItsDate) {
   EXPECT_EQ(time.Text().substr(0, 10), "2026-11-21");
 }
 
+TEST_F(PostingTest, AnAccountOfAnOldFileThatDoesNotSayWhetherItIsClosedIsOpen) {
+  const std::int64_t schedule = Save(Plan("m", "2026-10-31", 2));
+  Db().Execute("UPDATE tblAccounts SET CloseAccount = NULL");
+  EXPECT_EQ(Pass().occurrences, 2U);
+  EXPECT_EQ(Posted(schedule), (Dates{"2026-10-31", "2026-11-30"}));
+}
+
 TEST_F(PostingTest, TheLookAheadAndTheChoiceDecideWhatIsPosted) {
   const std::int64_t ahead = Save(Plan("m", "2026-10-21"));
   const std::int64_t whenDue = Save(Plan("m", "2026-10-21", 0, AddToAccount::WhenDue));

@@ -8,6 +8,7 @@
 #include "ledger/RegisterRow.h"
 #include "ledger/RegisterRows.h"
 #include "ledger/RegisterShelf.h"
+#include "ledger/RowFinder.h"
 #include "ledger/StatusFilter.h"
 #include "platform/TextCase.h"
 #include "support/AccessPath.h"
@@ -69,6 +70,21 @@ void ExpectSame(const RegisterRow& row, const RegisterRow& expected) {
   EXPECT_EQ(row.amount, expected.amount);
   EXPECT_DOUBLE_EQ(row.balance, expected.balance);
   EXPECT_EQ(row.isTransfer, expected.isTransfer);
+}
+
+TEST_F(RegisterOnDemand, FindsRowsByTheirKeysAlsoThoseBelowZero) {
+  for (const std::int32_t odd : {-2, 3, 2000000000}) {
+    std::vector<RegisterEntry> entries(3);
+    entries[0].transactionId = 7;
+    entries[1].transactionId = odd;
+    entries[2].transactionId = 1;
+    const RegisterRows rows(Ledger().Store(), RegisterScope{1, {}}, entries, {}, entries.size());
+    const RowFinder finder(rows);
+    EXPECT_EQ(finder.Find(7), 2U) << odd;
+    EXPECT_EQ(finder.Find(odd), 1U) << odd;
+    EXPECT_EQ(finder.Find(1), 0U) << odd;
+    for (const std::int64_t other : {-1, 0, 2, 8}) EXPECT_FALSE(finder.Find(other)) << odd;
+  }
 }
 
 TEST_F(RegisterOnDemand, IsTheRegisterHoweverItIsReadAndFiltered) {

@@ -100,6 +100,18 @@ TEST_F(RemindersTest, APaymentWhosePayeeIsGoneIsStillDue) {
   EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-20 Bank -40"}));
 }
 
+// Whether an account is closed is not written in an old file.
+TEST_F(RemindersTest, EachSideOfATransferStandsThereByItself) {
+  ScheduleRecord plan = Plan("m", "2026-11-20", 0, AddToAccount::No);
+  plan.transferAccountId = euros_;
+  Save(plan);
+  const std::string unwritten = "UPDATE tblAccounts SET CloseAccount = NULL WHERE AccountID = ";
+  for (const std::int64_t account : {euros_, bank_}) {
+    Run(unwritten + std::to_string(account));
+    EXPECT_EQ(Texts(Look().overdue), (Dates{"2026-11-20 Bank -40", "2026-11-20 Euros 40"}));
+  }
+}
+
 TEST_F(RemindersTest, WhatWaitsForARateSaysSo) {
   ScheduleRecord plan = Plan("m", "2026-11-20", 0);
   plan.transferAccountId = euros_;

@@ -1,3 +1,4 @@
+#include "ledger/LoginPassword.h"
 #include "platform/Files.h"
 #include "safety/FileStore.h"
 #include "safety/RestoreEditor.h"
@@ -8,6 +9,10 @@
 #include "store/sql/StoreError.h"
 #include "support/DeafOpening.h"
 #include "support/LedgerProblems.h"
+
+#include <utime.h>
+
+#include <ctime>
 
 namespace corvanta {
 namespace {
@@ -39,6 +44,17 @@ class Restores : public SafetyTest {
     DataFileOpener opener(store_.platform.Get(), "a test");
     return opener.Restore(path, store_.Password());
   }
+  // At noon, by this machine's clock.
+  static void SetWritten(const std::string& path, int year, int month, int day) {
+    std::tm noon{};
+    noon.tm_year = year - 1900;
+    noon.tm_mon = month - 1;
+    noon.tm_mday = day;
+    noon.tm_hour = 12;
+    noon.tm_isdst = -1;
+    const utimbuf times{std::mktime(&noon), std::mktime(&noon)};
+    ASSERT_EQ(::utime(path.c_str(), &times), 0);
+  }
   std::int64_t Rows() { return store_.Number("Select Count(*) from tblTransactions"); }
 
   FilePasswords passwords_{store_.platform.Get()};
@@ -50,6 +66,9 @@ class Restores : public SafetyTest {
 TEST_F(Restores, TellWhatElseThanTransactionsChanges) {
   const std::string path = store_.Path();
   EXPECT_FALSE(Editor().Look(made_)->IsChange());
+  store_.Db().Execute("ALTER TABLE tblPayees ADD Colour INT DEFAULT 0");
+  store_.Db().Execute("UPDATE tblPayees SET Colour = 0");
+  EXPECT_FALSE(Editor().Look(made_)->IsChange()) << "a column that says nothing yet";
   store_.Db().Execute("INSERT INTO tblKeywords ([Keyword]) VALUES ('Holiday')");
   store_.Db().Execute("UPDATE tblPayees SET Description = 'corner shop' WHERE PayeeID = 1");
   store_.Db().Execute("DELETE FROM tblSchedule");
@@ -70,7 +89,7 @@ TEST_F(Restores, TellWhatElseThanTransactionsChanges) {
 TEST_F(Restores, ThinOutWhatTheyHaveKept) {
   const std::string folder = std::filesystem::path(store_.Path()).parent_path().string() + "/";
   const auto put = [&](const std::string& name) {
-    store_.platform.folder.Write("data/" + name, "former rows");
+    SetWritten(store_.platform.folder.Write("data/" + name, "former rows"), 2026, 1, 1);
   };
   const std::string own = "Corvanta before the summer.dat";
   for (const char* day : {"2026-01-03 10-00", "2026-01-20 10-00", "2026-11-10 09-00",
@@ -78,16 +97,23 @@ TEST_F(Restores, ThinOutWhatTheyHaveKept) {
     put(std::string("Corvanta before ") + day + ".dat");
   }
   put(own);
+  // Two that are data files of somebody's by now.
+  const std::string worked = "Corvanta before 2026-01-05 10-00.dat";
+  const std::string locked = "Corvanta before 2026-01-06 10-00.dat";
+  put(worked);
+  SetWritten(folder + worked, 2026, 1, 6);
+  put(locked);
+  const auto lock = WriterLock::Acquire(folder + locked, std::string("somebody"));
   Restore(made_);
   std::vector<std::string> kept;
   for (const std::string& name : NamesIn(folder)) {
-    if (name.find(" before ") != std::string::npos) kept.push_back(name);
+    if (name.starts_with("Corvanta before ")) kept.push_back(name);
   }
-  EXPECT_EQ(kept,
-            (std::vector<std::string>{
-                "Corvanta before 2026-01-20 10-00.dat", "Corvanta before 2026-11-10 11-00.dat",
-                "Corvanta before 2026-11-20 10-00 2.dat", "Corvanta before 2026-11-20 10-00.dat",
-                "Corvanta before 2026-11-20 18-30.dat", own}));
+  EXPECT_EQ(kept, (std::vector<std::string>{worked, locked, "Corvanta before 2026-01-20 10-00.dat",
+                                            "Corvanta before 2026-11-10 11-00.dat",
+                                            "Corvanta before 2026-11-20 10-00 2.dat",
+                                            "Corvanta before 2026-11-20 10-00.dat",
+                                            "Corvanta before 2026-11-20 18-30.dat", own}));
 }
 
 // A backup of a file with a passphrase has it, too, and comes back with it.
@@ -152,6 +178,17 @@ TEST_F(Restores, SayWhenAPassphraseIsLost) {
   ASSERT_TRUE(plan.has_value());
   EXPECT_TRUE(plan->losesPassphrase);
   EXPECT_NE(Editor().QuestionOf(*plan).find("without a passphrase"), std::string::npos);
+}
+
+TEST_F(Restores, SayWhenTheLoginPasswordIsLost) {
+  LoginPassword(store_.Db()).Set("open sesame");
+  const auto plan = Editor().Look(made_);
+  ASSERT_TRUE(plan && plan->IsChange());
+  EXPECT_NE(Editor().QuestionOf(*plan).find("nobody is asked for a password"), std::string::npos);
+  SetToday(2026, 11, 21, 18, 30);
+  const auto same = Editor().Look(backup_.Make(File(), {}).path);
+  ASSERT_TRUE(same.has_value());
+  EXPECT_FALSE(same->IsChange());
 }
 
 TEST_F(Restores, BringAttachedFilesBack) {

@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 #include "safety/SafetyTest.h"
+#include "safety/SalvageEditor.h"
+#include "store/datafile/FilePasswords.h"
 #include "store/datafile/backup/SalvageDataFile.h"
 #include "store/sql/StoreError.h"
 #include "support/LedgerProblems.h"
@@ -16,10 +18,10 @@ class Salvages : public SafetyTest {
     return SalvageDataFile({store_.Path(), store_.Password(), {}}, path_, writer_,
                            store_.platform.Get());
   }
-  // Whether all that entries name is there.
+  // Whether all that entries name is there, and what is kept of them is theirs.
   bool AreEntriesWhole() {
     const auto isOfEntry = [](const std::string& problem) {
-      return problem.starts_with("tblTransactions");
+      return problem.starts_with("tblTransactions") || problem.starts_with("own_Kept");
     };
     return std::ranges::none_of(LedgerProblems(*Connect(path_)), isOfEntry);
   }
@@ -44,6 +46,20 @@ TEST_F(Salvages, ASoundFileComesOutWhole) {
   EXPECT_EQ(NumberIn(path_, "Select Count(*) from tblTransactions"), 16);
   EXPECT_EQ(NumberIn(path_, "Select Count(*) from tblPayees"), payees);
   EXPECT_TRUE(Connect(path_)->Check().empty());
+}
+
+TEST_F(Salvages, AttachedFilesComeAlong) {
+  const std::string stored = store_.platform.folder.Path("data/FileStore");
+  store_.platform.files.CreateFolder(stored);
+  store_.platform.folder.Write("data/FileStore/bill.txt", "paid");
+  store_.Close();
+  FilePasswords passwords(store_.platform.Get());
+  SalvageEditor editor(
+      passwords, [](Connection&) { return true; }, store_.platform.Get(), writer_);
+  const auto salvaged = editor.Salvage({store_.Path(), store_.platform.folder.Path("New.dat")});
+  ASSERT_TRUE(salvaged.has_value());
+  EXPECT_EQ(salvaged->missing, "");
+  EXPECT_EQ(ReadFile(store_.platform.folder.Path("FileStore/bill.txt")), "paid");
 }
 
 TEST_F(Salvages, WhatTheDamageHoldsIsListedAndTheRestIsRead) {

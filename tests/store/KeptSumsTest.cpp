@@ -67,7 +67,12 @@ TEST_F(KeptSumsFile, AFileThatHasNoneGetsThem) {
         "own_KeptSums",
         "DROP TRIGGER \"own_KeptCategories.joined\"; CREATE TRIGGER \"own_KeptCategories.joined\" "
         "AFTER "
-        "UPDATE ON tblTransactions BEGIN SELECT 1; END"}) {
+        "UPDATE ON tblTransactions BEGIN SELECT 1; END",
+        // Of a later version, which has more of them.
+        "CREATE TRIGGER \"own_KeptSums.emptied\" AFTER DELETE ON tblTransactions BEGIN UPDATE "
+        "own_KeptSums SET Total = Total - 1; END; CREATE TRIGGER \"own_KeptCategories.again\" "
+        "AFTER UPDATE ON tblTransactions BEGIN UPDATE own_KeptSums SET Entries = Entries + 1; "
+        "END"}) {
     RunElsewhere(lost);
     if (std::string_view(lost).find(".added") != std::string_view::npos) {
       file_ = opener_.OpenExisting(false);

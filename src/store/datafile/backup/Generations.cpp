@@ -52,18 +52,6 @@ std::string Bucket(const Generation& generation, Date today) {
   return "m" + std::to_string(day.Year() * kMonthsAYear + day.Month());
 }
 
-// When the file was written last, by this machine's clock; nullopt where it does not say.
-std::optional<DateTime> ChangeTime(const std::string& path) {
-  struct stat status {};
-  std::tm local{};
-  if (::stat(path.c_str(), &status) != 0 || ::localtime_r(&status.st_mtime, &local) == nullptr) {
-    return std::nullopt;
-  }
-  const auto day = Date::FromYmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
-  if (!day) return std::nullopt;
-  return DateTime{*day, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec};
-}
-
 // Of "2026-11-22 18-30", which may have a number behind it.
 std::optional<DateTime> TimeIn(std::string_view text) {
   constexpr std::size_t kDay = 10;
@@ -152,6 +140,17 @@ std::vector<Generation> Superfluous(std::vector<Generation> generations, Date to
     if (!kept.insert(Bucket(generation, today)).second) superfluous.push_back(generation);
   }
   return superfluous;
+}
+
+std::optional<DateTime> ChangeTime(const std::string& path) {
+  struct stat status {};
+  std::tm local{};
+  if (::stat(path.c_str(), &status) != 0 || ::localtime_r(&status.st_mtime, &local) == nullptr) {
+    return std::nullopt;
+  }
+  const auto day = Date::FromYmd(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+  if (!day) return std::nullopt;
+  return DateTime{*day, local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec};
 }
 
 void MakeRoom(const GenerationsOf& backups, Files& files) {

@@ -4,6 +4,7 @@
 
 #include "platform/Date.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,9 @@ struct GenerationsOf {
 // days before it the last of each, of the month before it (31 days) the last of each week (Monday
 // to Sunday), of all time before it the last of each month. The newest of all always stays.
 [[nodiscard]] std::vector<Generation> Superfluous(std::vector<Generation> generations, Date today);
+
+// When the file was written last, by this machine's clock; nullopt where it does not say.
+[[nodiscard]] std::optional<DateTime> ChangeTime(const std::string& path);
 
 // Gives the backup that stands at the place another name, that of its day and time, so that the
 // place is free. What is no backup keeps its name with ".old" behind it. Throws PlatformError.

@@ -13,6 +13,7 @@
 #include "store/sql/StoreError.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <exception>
 #include <filesystem>
 #include <functional>
@@ -62,6 +63,25 @@ void RequireSame(const DataSource& backup, const DataSource& copy, const Clock& 
                    {}, backup.path);
 }
 
+// Whoever has opened a kept file, now or since it was put aside, has made it theirs: its name alone
+// says nothing of that.
+bool RemoveIfUnused(const Generation& kept, Files& files) noexcept {
+  constexpr int kDay = 24 * 60;
+  const auto minute = [](const DateTime& time) {
+    return std::int64_t{time.date.Serial()} * kDay + time.seconds / 60;
+  };
+  try {
+    const auto lock = WriterLock::Acquire(kept.path, std::string("a restore"));
+    const auto changed = ChangeTime(kept.path);
+    if (!changed || minute(*changed) > minute(kept.made) + 1) return false;
+    RemoveDataFile(kept.path, files);
+    return true;
+  } catch (const std::exception&) {
+    // One too many is no harm: the next restore tries again.
+    return false;
+  }
+}
+
 }  // namespace
 
 std::string RestoreDataFile(const DataFileLocation& location, const DataSource& backup,
@@ -90,11 +110,10 @@ std::size_t ThinKeptFiles(const DataFileLocation& location, Platform& platform) 
   try {
     const std::vector<Generation> kept = FindDatedFiles(KeptPlace(location));
     for (const Generation& old : Superfluous(kept, platform.clock.Today())) {
-      RemoveDataFile(old.path, platform.files);
-      ++removed;
+      if (RemoveIfUnused(old, platform.files)) ++removed;
     }
   } catch (const std::exception&) {
-    // One too many is no harm: the next restore tries again.
+    // Where the folder cannot be read, all of them stay.
   }
   return removed;
 }

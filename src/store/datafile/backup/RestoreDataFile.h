@@ -24,8 +24,9 @@ std::string RestoreDataFile(const DataFileLocation& location, const DataSource& 
                             const std::string& password, const Writer& writer, Platform& platform);
 
 // Removes of the files that restoring has kept under their day and time those that are no longer
-// needed, as with backups (see Superfluous): the latest always stays. What cannot be removed stays,
-// too. Returns how many are gone.
+// needed, as with backups (see Superfluous): the latest always stays. What somebody works in, or
+// has written to since it was put aside, and what cannot be removed, stays, too. Returns how many
+// are gone.
 std::size_t ThinKeptFiles(const DataFileLocation& location, Platform& platform) noexcept;
 
 // The data files of that name that restoring has kept, the latest first.

@@ -44,9 +44,9 @@ bool IfPossible(const Ensure& ensure) {
   try {
     return ensure();
   } catch (const StoreError& error) {
-    const bool isOfPlace = error.Code() == StoreErrorCode::DiskFull ||
-                           error.Code() == StoreErrorCode::ReadOnly ||
-                           error.Code() == StoreErrorCode::Locked;
+    const bool isOfPlace =
+        error.Code() == StoreErrorCode::DiskFull || error.Code() == StoreErrorCode::ReadOnly ||
+        error.Code() == StoreErrorCode::Io || error.Code() == StoreErrorCode::Locked;
     if (!isOfPlace) throw;
     return false;
   }

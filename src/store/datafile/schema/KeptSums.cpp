@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <string>
 #include <vector>
@@ -141,6 +142,12 @@ std::string IsNew(const Kept& kept) {
 // Name and text of the triggers. What stands before the dot says whose they are.
 using Triggers = std::map<std::string, std::string>;
 
+// What the names of its triggers begin with, also of those that a later version has and this one
+// has not.
+std::string StartOf(const Kept& kept) {
+  return std::string(kept.table) + ".";
+}
+
 Triggers TriggersOf(const Kept& kept) {
   std::string list;
   std::string differs;
@@ -152,7 +159,7 @@ Triggers TriggersOf(const Kept& kept) {
   Triggers triggers;
   const auto make = [&](const char* event, const std::string& when, const std::string& condition,
                         const std::string& does) {
-    const std::string name = std::string(kept.table) + "." + event;
+    const std::string name = StartOf(kept) + event;
     triggers[name] = "CREATE TRIGGER " + Quoted(name) + " AFTER " + when + " ON " +
                      Quoted(kCounted) + " WHEN " + condition + " BEGIN " + does + "END";
   };
@@ -180,8 +187,8 @@ std::string CountedAnew(const Kept& kept) {
          " WHERE \"AllocatedItem\" = 0 GROUP BY " + places;
 }
 
-// Whether all triggers stand there as this version writes them. Where they do, the tables are
-// theirs.
+// Whether all triggers stand there as this version writes them, and no others that would count the
+// same rows once more. Where they do, the tables are theirs.
 bool AreKept(sqlite3* database, const std::string& file) {
   Triggers stored;
   const StatementHandle rows =
@@ -192,6 +199,10 @@ bool AreKept(sqlite3* database, const std::string& file) {
   }
   return std::ranges::all_of(AllKept(), [&stored](const Kept& kept) {
     const Triggers wanted = TriggersOf(kept);
+    const auto count = std::ranges::count_if(stored, [start = StartOf(kept)](const auto& each) {
+      return each.first.starts_with(start);
+    });
+    if (count != std::ssize(wanted)) return false;
     return stored.contains(kept.table) && std::ranges::all_of(wanted, [&](const auto& trigger) {
              const auto found = stored.find(trigger.first);
              return found != stored.end() && found->second == trigger.second;
@@ -199,12 +210,20 @@ bool AreKept(sqlite3* database, const std::string& file) {
   });
 }
 
+std::vector<std::string> StoredTriggers(sqlite3* database, const std::string& file) {
+  std::vector<std::string> names;
+  const StatementHandle rows =
+      Prepare(database, "SELECT name FROM sqlite_master WHERE type = 'trigger'", file);
+  while (sqlite3_step(rows.get()) == SQLITE_ROW) names.push_back(ColumnText(rows.get(), 0));
+  return names;
+}
+
 void Make(sqlite3* database, const Kept& kept, const std::string& file) {
   const std::string table = Quoted(kept.table);
   const auto column = [](const Part& part) { return Quoted(part.name) + " " + part.type; };
   const Triggers triggers = TriggersOf(kept);
-  for (const auto& [name, text] : triggers) {
-    Run(database, "DROP TRIGGER IF EXISTS " + Quoted(name), file);
+  for (const std::string& name : StoredTriggers(database, file)) {
+    if (name.starts_with(StartOf(kept))) Run(database, "DROP TRIGGER " + Quoted(name), file);
   }
   // No key and no rule: a statement that changes many rows must need nothing that could be taken
   // back by itself.

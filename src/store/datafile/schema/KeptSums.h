@@ -22,6 +22,10 @@ namespace corvanta::inline datafile {
 //
 // Both are there together, or neither; a change of the table's layout takes them away until the
 // file is opened again.
+//
+// A version of the program that writes other triggers makes them and the tables anew. Figures of
+// another meaning or unit need a table of another name: who only reads goes by the table that is
+// there, whichever version has made it.
 inline constexpr const char* kEntrySums = "own_KeptSums";
 inline constexpr const char* kCategoryUse = "own_KeptCategories";
 inline constexpr std::int64_t kSumUnits = 10000;
