@@ -350,10 +350,18 @@ QString ReportsView::Details() const {
   QStringList details;
   if (!state_.definition.empty()) details.append(ToQt(state_.definition));
   const Locale& own = place_.platform.locale;
-  if (state_.dates) {
-    details.append(tr("%1 to %2")
-                       .arg(ToQt(own.FormatLongDate(state_.dates->start)),
-                            ToQt(own.FormatLongDate(state_.dates->end))));
+  const auto days = [&own](Date from, Date to) {
+    return tr("%1 to %2").arg(ToQt(own.FormatLongDate(from)), ToQt(own.FormatLongDate(to)));
+  };
+  if (report_.periods.size() > 1) {
+    const Period& now = report_.periods[0];
+    const Period& other = report_.periods[1];
+    details.append(
+        tr("%1, compared with %2").arg(days(now.from, now.to), days(other.from, other.to)));
+  } else if (!report_.periods.empty()) {
+    details.append(days(report_.periods[0].from, report_.periods[0].to));
+  } else if (state_.dates) {
+    details.append(days(state_.dates->start, state_.dates->end));
   } else {
     details.append(tr("All days"));
   }

@@ -39,6 +39,7 @@ namespace {
 constexpr int kBudgetReport = 4;
 constexpr int kBudgetOfMonth = 14;
 }  // namespace
+constexpr int kForecast = 15;
 
 void ReportsView::ConnectCommands() {
   const MainActions& actions = place_.actions;
@@ -105,6 +106,14 @@ void ReportsView::LookInto(std::size_t place) {
   const ReportRow row = report_.rows.at(place);
   const auto step = DrillDown(place_.session.Ledger(), request_, row);
   ViewCommand command = Base();
+  if (!(request_.filter == command.rows)) {
+    return place_.host.Notice(tr("What this report is of is not in this data file"));
+  }
+  ReportRequest of = request_;
+  // A forecast is of days that have no transactions yet.
+  const bool hasDays = !report_.periods.empty() && report_.report != kForecast;
+  if (hasDays) of.range = report_.periods.front();
+  const auto step = DrillDown(place_.session.Ledger(), of, row);
   if (step) {
     KeepWidths();
     const ReportRequest& into = step->request;

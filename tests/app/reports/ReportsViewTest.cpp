@@ -150,6 +150,29 @@ TEST_F(ReportsViewTest, AClickLooksIntoARowAndBackShowsTheReportAsItWas) {
   EXPECT_TRUE(window_->Shown().report.paymentTypes.empty()) << "used once";
 }
 
+TEST_F(ReportsViewTest, ABudgetOfTheMonthSaysWhichAndLeadsIntoItsDays) {
+  Start();
+  Run("UPDATE tblCategory SET Budget = 50, PeriodID = (Select Max(PeriodID) from tblPeriods "
+      "WHERE Period = 'm') WHERE CategoryID = 2");
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Abroad',2,(Select Min(CurrencyID) from tblCurrency),5,0)");
+  ViewCommand year{kReportSelected};
+  year.report.report = 14;
+  year.rows.SetKeys(FilterKind::Category, {2});
+  year.report.dates = DateRange{*Date::FromIso("2026-02-01"), *Date::FromIso("2026-02-28")};
+  // A currency that nothing is converted into.
+  year.report.currency = "USD";
+  window_->Show(year);
+  EXPECT_EQ(Cell(0, "Currency"), "GBP");
+  EXPECT_EQ(Cell(0, "Carried Over"), "-30.00") << "January's 50 less 20";
+  year.report.dates->start = *Date::FromIso("2025-03-01");
+  window_->Show(year);
+  ClickRow(0);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QDateEdit>("DTPickSRep").date(), QDate(2026, 2, 1));
+  EXPECT_EQ(Get<QDateEdit>("DTPickERep").date(), QDate(2026, 2, 28));
+}
+
 TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
   Start();
   Trigger("mnuReport7");

@@ -624,13 +624,15 @@ TEST_F(ReportProof, EveryFigureIsTheSumOfWhatItIsExplainedBy) {
 TEST_F(ReportProof, LookingIntoARowShowsTheRowsThatItIsMadeOf) {
   std::mt19937 random(7);
   WriteLedger(RandomLedger(random, 120), Store());
-  for (const int report : {1, 2, 5, 6}) {
+  for (const int report : {1, 2, 5, 6, 13, 14}) {
     ReportRequest request;
     request.report = report;
     request.foldsSubCategories = report == 6;
     const ReportTable table = Run(request);
     for (const ReportRow& row : table.rows) {
-      const std::optional<DrillStep> step = DrillDown(Ledger(), request, row);
+      ReportRequest of = request;
+      if (!table.periods.empty()) of.range = table.periods.front();
+      const std::optional<DrillStep> step = DrillDown(Ledger(), of, row);
       ASSERT_EQ(step.has_value(), row.kind == ReportRowKind::Group);
       if (!step) continue;
       EXPECT_EQ(step->request.report, 3);
@@ -640,9 +642,14 @@ TEST_F(ReportProof, LookingIntoARowShowsTheRowsThatItIsMadeOf) {
         if (each.kind == ReportRowKind::Total || each.currency != row.currency) continue;
         sum += each.cells[7].Double() + each.cells[8].Double();
       }
-      const std::size_t in = table.Column("Income").value_or(0);
-      const double figure = report == 6 ? row.cells[*table.Column("Total")].Double()
-                                        : row.cells[in].Double() + row.cells[in + 1].Double();
+      const auto figureOf = [&](const char* header) {
+        const auto column = table.Column(header);
+        return column ? row.cells[*column].Double() : 0;
+      };
+      const double figure = report == 6    ? figureOf("Total")
+                            : report == 13 ? figureOf("This Period")
+                            : report == 14 ? figureOf("Actual")
+                                           : figureOf("Income") + figureOf("Expense");
       EXPECT_NEAR(sum, figure, 1e-4) << report << " " << row.cells.front().Text();
     }
   }

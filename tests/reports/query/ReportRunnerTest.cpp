@@ -259,6 +259,12 @@ TEST_F(Reports, OfTheMonthsBudgetCarryOnWhatIsLeft) {
   EXPECT_EQ(table.rows[0].cells[3].Double(), -11) << "of January's 31 20 were spent";
   EXPECT_EQ(table.rows[0].cells[4].Double(), -30);
   EXPECT_EQ(table.rows[0].cells[5].Double(), 12) << "may still be spent";
+  machine_.clock.SetToday(*Date::FromIso("2026-02-10"));
+  request.range = Days("2026-01-01", "2026-12-31");
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-02-01", "2026-02-28"));
+  EXPECT_EQ(Show(request).rows[0].cells[5].Double(), 12) << "a year is of today's month";
+  Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
+  EXPECT_EQ(Show(request).rows[0].cells[3].Double(), 0) << "nothing was recorded in January";
 }
 
 TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
