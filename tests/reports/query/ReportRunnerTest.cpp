@@ -280,7 +280,7 @@ TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
   request.whatIf = {{*Date::FromIso("2026-03-04"), 1, -11}};
   const ReportTable table = Show(request);
   ASSERT_EQ(table.rows.size(), 9U) << "from tomorrow on";
-  const double average = -50.0 / 365;
+  const double average = -50.0 / 30;  // the account has been in use since January's last day
   const double expected[] = {-5, -7, -11, 0, 0, 0, 0, -5, 0};
   double balance = 50;
   for (std::size_t day = 0; day < table.rows.size(); ++day) {
@@ -293,6 +293,9 @@ TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
     }
     EXPECT_NEAR(sum, balance, 1e-4) << day;
   }
+  request.range = Days("2026-01-01", "2026-02-28");
+  EXPECT_EQ(Show(request).rows.size(), 92U) << "of days that are past nothing is to come";
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-03-02", "2026-06-01"));
 }
 
 }  // namespace
