@@ -553,6 +553,19 @@ class ReportProof : public LedgerTest {
            (request.withoutTransfers ? " without transfers" : "") +
            (request.withClosedAccounts ? " closed" : "");
   }
+  // Rows by name, and by category below each other, are in the order of the alphabet.
+  static void CheckOrder(const ReportTable& table) {
+    if (table.report < 5 || table.report > 9) return;
+    const bool isDivided = table.report < 7;
+    for (std::size_t i = 1; i < table.rows.size(); ++i) {
+      const Cells& first = table.rows[i - 1].cells;
+      const Cells& second = table.rows[i].cells;
+      if (table.rows[i].kind == ReportRowKind::Total) return;
+      int order = CompareFolded(first[0].Text(), second[0].Text());
+      if (order == 0 && isDivided) order = CompareFolded(first[1].Text(), second[1].Text());
+      EXPECT_LE(order, 0) << first[0].Text() << " stands before " << second[0].Text();
+    }
+  }
   // Row by row; where the order of rows is not the report's own, in any order.
   static void Compare(const ReportTable& table, std::vector<Cells> expected) {
     std::vector<Cells> rows;
@@ -561,6 +574,7 @@ class ReportProof : public LedgerTest {
       std::ranges::sort(rows, IsBefore);
       std::ranges::sort(expected, IsBefore);
     }
+    CheckOrder(table);
     ASSERT_EQ(rows.size(), expected.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
       EXPECT_TRUE(AreEqual(rows[i], expected[i]))
