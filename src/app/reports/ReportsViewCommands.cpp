@@ -10,6 +10,7 @@
 #include "app/reports/ReportsView.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/WaitCursor.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
 #include "platform/Platform.h"
@@ -154,8 +155,12 @@ void ReportsView::ExplainChosen() {
 }
 
 void ReportsView::Explain(std::size_t row, std::size_t column) {
-  const std::vector<ExplainedRow> made =
-      corvanta::Explain(place_.session.Ledger(), request_, report_, row, column, place_.platform);
+  std::vector<ExplainedRow> made;
+  {
+    const WaitCursor waiting;
+    made =
+        corvanta::Explain(place_.session.Ledger(), request_, report_, row, column, place_.platform);
+  }
   if (made.empty()) {
     return place_.host.Notice(tr("Nothing stands behind this figure that could be listed"));
   }
