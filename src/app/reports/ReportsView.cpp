@@ -257,7 +257,9 @@ void ReportsView::Run(const ViewCommand& command) {
   ViewCommand shown = command;
   shown.report = state_;
   const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
-  const ReportRequest request = RequestOf(shown, withClosed);
+  ReportRequest request = RequestOf(shown, withClosed);
+  // A currency that nothing is converted into must not move the budgets into it.
+  if (!request.converts) request.currency = place_.platform.locale.CurrencyCode();
   const std::uint64_t now = place_.session.Ledger().Store().Changes();
   if (isCurrent_ && readAt_ == now && request == request_) return ApplyColumns();
   const WaitCursor waiting;
