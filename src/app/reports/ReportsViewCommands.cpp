@@ -168,7 +168,8 @@ void ReportsView::Explain(std::size_t row, std::size_t column) {
   const QString name = of.cells.empty() ? QString() : ToQt(of.cells.front().Text());
   const QString title =
       tr("%1: %2 of %3").arg(ToQt(report_.name), ToQt(report_.columns[column].header), name);
-  FrmExplain dialog(title, made, of.currency, place_.platform, &place_.window);
+  FrmExplain dialog(title, made, report_.columns[column], of.currency, place_.platform,
+                    &place_.window);
   if (dialog.exec() == QDialog::Accepted) ShowInRegister(dialog.Transaction());
 }
 

@@ -373,5 +373,10 @@ TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   EXPECT_EQ(window_->Shown().name, kTransactionShow) << "the way ends at the transaction";
 }
 
+  // How many there are is no money.
+  std::string sum;
+  ClickRow(1, 1, Qt::ControlModifier,
+           [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
+  EXPECT_EQ(sum, "1 row makes 1");
 }  // namespace
 }  // namespace corvanta
