@@ -221,7 +221,8 @@ void ReportsView::SaveReport() {
   ReportDefinition definition;
   definition.name = name;
   definition.report = state_.report;
-  definition.filter = place_.host.Shown().rows;
+  // With what names nothing that is left, or it would be of everything.
+  definition.filter = request_.filter;
   definition.wholeCategories =
       WholeCategoriesOf(definition.filter, place_.session.Ledger().Store());
   definition.actions = state_.actions;

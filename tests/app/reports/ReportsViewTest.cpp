@@ -339,6 +339,12 @@ TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
   Trigger("mnuReport7");
   ASSERT_EQ(Cell(0, "Payee"), "Baker");
   List().setCurrentIndex(List().model()->index(0, 4));
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Still");
+  Trigger("mnuReportSave");
+  EXPECT_TRUE(ReportDefinitions(machine_.registry)
+                  .Find("Still")
+                  ->definition.filter.IsSet(FilterKind::Account))
+      << "or it would be of all";
   InNextDialog([](QDialog& dialog) {
     ASSERT_EQ(dialog.objectName(), "FrmExplain");
     auto& list = Find<ListTable>(dialog, "lvExplain");
