@@ -39,8 +39,8 @@ namespace {
 // The reports of the catalogue whose rows have a budget that can be changed.
 constexpr int kBudgetReport = 4;
 constexpr int kBudgetOfMonth = 14;
-}  // namespace
 constexpr int kForecast = 15;
+}  // namespace
 
 void ReportsView::ConnectCommands() {
   const MainActions& actions = place_.actions;
@@ -105,7 +105,6 @@ void ReportsView::RunReport(int number) {
 
 void ReportsView::LookInto(std::size_t place) {
   const ReportRow row = report_.rows.at(place);
-  const auto step = DrillDown(place_.session.Ledger(), request_, row);
   ViewCommand command = Base();
   if (!(request_.filter == command.rows)) {
     return place_.host.Notice(tr("What this report is of is not in this data file"));
@@ -272,11 +271,18 @@ void ReportsView::PickColumns() {
   place_.host.FocusView();
 }
 
-// The columns that are shown, with numbers and days as such.
+// The columns that are shown, with numbers and days as such, and the rows as they stand in the
+// list.
 SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
   if (page_ == Page::List) return MainView::Sheet(locale);
   const std::vector<std::string> shown = ShownColumns();
   ReportTable sheet = report_;
+  if (page_ == Page::Rows) {
+    sheet.rows.clear();
+    for (int row = 0; row < model_->rowCount(); ++row) {
+      sheet.rows.push_back(report_.rows.at(static_cast<std::size_t>(model_->Key(row)) - 1));
+    }
+  }
   for (std::size_t column = sheet.columns.size(); column-- > 0;) {
     if (std::ranges::find(shown, sheet.columns[column].header) != shown.end()) continue;
     const auto place = static_cast<std::ptrdiff_t>(column);

@@ -203,6 +203,15 @@ TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
   const std::string text = ReadFile(path);
   EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
   EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
+  // The rows are those of the list, in its order.
+  List().ChooseColumn(0);
+  List().ChooseColumn(0);
+  ASSERT_EQ(Cell(0, "Payee"), "Boss");
+  const std::string sorted = machine_.folder.Path("sorted.csv");
+  machine_.prompts.ExpectSaveFile("Save File As", sorted);
+  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileSpreadsheet");
+  EXPECT_LT(ReadFile(sorted).find("Boss"), ReadFile(sorted).find("Baker"));
 }
 
 TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
@@ -330,6 +339,12 @@ TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
   Trigger("mnuViewRefresh");
   EXPECT_EQ(Rows(), 0);
   EXPECT_EQ(ReportDefinitions(machine_.registry).Find("Gone")->definition, gone);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Still");
+  Trigger("mnuReportSave");
+  EXPECT_TRUE(ReportDefinitions(machine_.registry)
+                  .Find("Still")
+                  ->definition.filter.IsSet(FilterKind::Account))
+      << "or it would be of all";
   Trigger("mnuReport7");
   EXPECT_EQ(Rows(), 3) << "the report itself is of all";
 }
@@ -339,12 +354,6 @@ TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
   Trigger("mnuReport7");
   ASSERT_EQ(Cell(0, "Payee"), "Baker");
   List().setCurrentIndex(List().model()->index(0, 4));
-  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Still");
-  Trigger("mnuReportSave");
-  EXPECT_TRUE(ReportDefinitions(machine_.registry)
-                  .Find("Still")
-                  ->definition.filter.IsSet(FilterKind::Account))
-      << "or it would be of all";
   InNextDialog([](QDialog& dialog) {
     ASSERT_EQ(dialog.objectName(), "FrmExplain");
     auto& list = Find<ListTable>(dialog, "lvExplain");
@@ -364,6 +373,11 @@ TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
            [&](QDialog& dialog) { isAsked = dialog.objectName() == "FrmExplain"; });
   EXPECT_TRUE(isAsked);
   EXPECT_EQ(Shown(), "Spending by Payee");
+  // How many there are is no money.
+  std::string sum;
+  ClickRow(1, 1, Qt::ControlModifier,
+           [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
+  EXPECT_EQ(sum, "1 row makes 1");
 }
 
 TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
@@ -379,10 +393,5 @@ TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   EXPECT_EQ(window_->Shown().name, kTransactionShow) << "the way ends at the transaction";
 }
 
-  // How many there are is no money.
-  std::string sum;
-  ClickRow(1, 1, Qt::ControlModifier,
-           [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
-  EXPECT_EQ(sum, "1 row makes 1");
 }  // namespace
 }  // namespace corvanta
