@@ -264,11 +264,19 @@ void ReportsView::Run(const ViewCommand& command) {
   if (isCurrent_ && readAt_ == now && request == request_) return ApplyColumns();
   const WaitCursor waiting;
   isCurrent_ = false;
-  ReportTable report = corvanta::RunReport(place_.session.Ledger(), request, place_.session.Rates(),
-                                           place_.platform);
-  model_->SetRows(nullptr);  // they are of the table that goes
-  request_ = request;
-  report_ = std::move(report);
+  try {
+    ReportTable report = corvanta::RunReport(place_.session.Ledger(), request,
+                                             place_.session.Rates(), place_.platform);
+    model_->SetRows(nullptr);  // they are of the table that goes
+    request_ = request;
+    report_ = std::move(report);
+  } catch (...) {
+    // What stands there is of another report.
+    model_->SetRows(nullptr);
+    request_ = request;
+    report_ = {};
+    throw;
+  }
   readAt_ = now;
   isCurrent_ = true;
   Fill();
@@ -394,7 +402,8 @@ ViewSurroundings ReportsView::Surroundings() const {
   if (page_ == Page::List || !request_.converts) return {};
   QStringList rates;
   for (const ReportRate& rate : report_.rates) {
-    if (rate.currency == request_.currency) continue;
+    // One that is not known leaves the amounts as they are.
+    if (rate.rate == 1 || rate.currency == request_.currency) continue;
     rates.append(tr("1 %1 = %2 %3")
                      .arg(ToQt(rate.currency),
                           ToQt(place_.platform.locale.FormatNumber(rate.rate, 4)),
