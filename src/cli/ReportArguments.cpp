@@ -2,6 +2,7 @@
 
 #include "cli/AccountArgument.h"
 #include "cli/CloseNames.h"
+#include "cli/CurrencyArgument.h"
 #include "cli/InvestmentArgument.h"
 #include "cli/NamedItem.h"
 #include "cli/Parser.h"
@@ -150,6 +151,8 @@ bool ReportArguments::Fill(ReportRequest& request, clsCorvanta& ledger, Session&
     return false;
   }
   request.report = info->number;
+  std::int64_t currencyId = 0;
+  if (!currency_.empty() && !FindCurrency(ledger, currency_, currencyId, session)) return false;
   if (!FillNames(request, ledger, session)) return false;
   const Locale& locale = session.Machine().locale;
   if (!Trim(text_).empty()) request.filter.SetSearch(ReadSearchText(text_, textOnly_, locale));

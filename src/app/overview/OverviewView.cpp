@@ -9,6 +9,7 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Registry.h"
+#include "platform/Settings.h"
 #include "reports/print/PrintTable.h"
 #include "reports/query/ReportCatalogue.h"
 
@@ -124,7 +125,9 @@ void OverviewView::resizeEvent(QResizeEvent* event) {
 
 void OverviewView::Show(const ViewCommand& /*command*/) {
   const Date today = place_.host.Today();
-  overview_ = ReadOverview(place_.session.Ledger(), today, place_.session.Rates(), place_.platform);
+  const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
+  overview_ = ReadOverview(place_.session.Ledger(), today, withClosed, place_.session.Rates(),
+                           place_.platform);
   header_->Show(tr("Overview"), ToQt(place_.platform.locale.FormatLongDate(today)));
   balances_->Show(BalanceLines());
   due_->Show(DueLines());
@@ -238,6 +241,8 @@ void OverviewView::ShowReport(int number, const std::optional<Period>& days) {
   ViewCommand command{kReportSelected};
   command.report.report = number;
   if (days) command.report.dates = DateRange{days->from, days->to};
+  // As the tiles are worked out.
+  command.report.withoutTransfers = number == kCashFlow || number == kBudgets;
   place_.host.Show(command);
   place_.host.FocusView();
 }

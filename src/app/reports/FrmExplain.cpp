@@ -7,6 +7,7 @@
 #include "ledger/Money.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "platform/Settings.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -23,6 +24,15 @@ constexpr int kKeyRole = Qt::UserRole;
 constexpr int kWidth = 104 * kRhythm;
 constexpr int kHeight = 64 * kRhythm;
 constexpr int kRateDecimals = 4;
+constexpr int kMoneyDecimals = -1;  // as many as the locale has
+
+using Content = ReportColumn::Content;
+
+int DecimalsOf(const ReportColumn& column, const Platform& platform) {
+  if (column.content == Content::Count) return 0;
+  if (column.content != Content::Quantity) return kMoneyDecimals;
+  return Settings(platform.registry).InvestmentDecimals();
+}
 
 QStandardItem* Figure(const QString& text, double number, const QPalette& palette) {
   auto* item = new QStandardItem(text);
@@ -34,38 +44,43 @@ QStandardItem* Figure(const QString& text, double number, const QPalette& palett
 }  // namespace
 
 FrmExplain::FrmExplain(const QString& figure, const std::vector<ExplainedRow>& rows,
-                       const std::string& currency, Platform& platform, QWidget* parent)
+                       const ReportColumn& column, const std::string& currency, Platform& platform,
+                       QWidget* parent)
     : FormDialog(QStringLiteral("FrmExplain"), platform.prompts, parent),
       locale_(platform.locale),
+      isMoney_(column.content != Content::Count && column.header != "Quantity"),
+      decimals_(DecimalsOf(column, platform)),
       lvExplain_(new ListTable(this)),
       model_(new QStandardItemModel(this)),
       cmdRegister_(MakeButton(tr("Show in &Register"), "cmdAccept")) {
   setWindowTitle(tr("What the Figure Is Made Of"));
   auto* area = new QWidget(this);
-  auto* column = new QVBoxLayout(area);
-  column->setContentsMargins(0, 0, 0, 0);
-  column->setSpacing(kRhythm);
+  auto* lines = new QVBoxLayout(area);
+  lines->setContentsMargins(0, 0, 0, 0);
+  lines->setSpacing(kRhythm);
   auto* head = new QLabel(Breakable(figure), area);
   head->setObjectName(QStringLiteral("lblFigure"));
   head->setTextFormat(Qt::PlainText);
   head->setFont(ScaledFont(1, QFont::DemiBold));
   head->setWordWrap(true);
-  column->addWidget(head);
-  column->addWidget(lvExplain_, 1);
+  lines->addWidget(head);
+  lines->addWidget(lvExplain_, 1);
   auto* sum = new QLabel(area);
   sum->setObjectName(QStringLiteral("lblSum"));
   sum->setFont(ScaledFont(0, QFont::DemiBold));
   sum->setAlignment(Qt::AlignRight);
   sum->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  column->addWidget(sum);
+  lines->addWidget(sum);
   AddAbove(area);
   MakeList();
   Fill(rows, currency);
   double total = 0;
   for (const ExplainedRow& row : rows) total += row.contribution;
-  sum->setText(tr("%1 rows make %2 %3")
-                   .arg(locale().toString(static_cast<qulonglong>(rows.size())),
-                        ToQt(locale_.FormatNumber(RoundMoney(total))), ToQt(currency))
+  const QString made = Number(decimals_ == kMoneyDecimals ? RoundMoney(total) : total) +
+                       (isMoney_ ? QStringLiteral(" ") + ToQt(currency) : QString());
+  const auto count = static_cast<qulonglong>(rows.size());
+  sum->setText((count == 1 ? tr("1 row makes %1").arg(made)
+                           : tr("%1 rows make %2").arg(locale().toString(count), made))
                    .trimmed());
   cmdRegister_->setDefault(true);
   auto* close = MakeButton(tr("&Close"), "cmdCancel");
@@ -117,16 +132,15 @@ void FrmExplain::Fill(const std::vector<ExplainedRow>& rows, const std::string& 
     day->setData(static_cast<qlonglong>(row.transactionId), kKeyRole);
     auto* payee = new QStandardItem(ToQt(row.payee));
     if (row.transactionId == 0) payee->setForeground(MutedText(palette()));
-    model_->appendRow(
-        {day, new QStandardItem(ToQt(row.account)), payee,
-         Figure(ToQt(locale_.FormatNumber(row.amount)), row.amount, palette()),
-         new QStandardItem(ToQt(row.currency)),
-         Figure(ToQt(locale_.FormatNumber(row.rate, kRateDecimals)), 0, palette()),
-         new QStandardItem(row.sign < 0 ? QStringLiteral("−") : QStringLiteral("+")),
-         Figure(ToQt(locale_.FormatNumber(row.contribution)), row.contribution, palette())});
+    model_->appendRow({day, new QStandardItem(ToQt(row.account)), payee,
+                       Figure(Number(row.amount), row.amount, palette()),
+                       new QStandardItem(ToQt(row.currency)),
+                       Figure(ToQt(locale_.FormatNumber(row.rate, kRateDecimals)), 0, palette()),
+                       new QStandardItem(row.sign < 0 ? QStringLiteral("−") : QStringLiteral("+")),
+                       Figure(Number(row.contribution), row.contribution, palette())});
   }
   // Nothing is converted: the columns say nothing.
-  const bool isPlain = std::ranges::all_of(rows, [&](const ExplainedRow& row) {
+  const bool isPlain = !isMoney_ || std::ranges::all_of(rows, [&](const ExplainedRow& row) {
     return row.rate == 1 && (row.currency.empty() || row.currency == currency);
   });
   lvExplain_->ShowColumn(4, !isPlain);
@@ -135,6 +149,10 @@ void FrmExplain::Fill(const std::vector<ExplainedRow>& rows, const std::string& 
       6, std::ranges::any_of(rows, [](const ExplainedRow& row) { return row.sign < 0; }));
   if (!rows.empty()) lvExplain_->selectRow(0);
   cmdRegister_->setEnabled(Chosen() != 0);
+}
+
+QString FrmExplain::Number(double number) const {
+  return ToQt(locale_.FormatNumber(number, decimals_));
 }
 
 std::int64_t FrmExplain::Chosen() const {

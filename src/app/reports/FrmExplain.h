@@ -22,9 +22,11 @@ class FrmExplain : public FormDialog {
   Q_OBJECT
 
  public:
-  // `currency` is that of the figure; empty where it is not known.
+  // `column` is where the figure stands; `currency` is that of the row, empty where it is not
+  // known.
   FrmExplain(const QString& figure, const std::vector<ExplainedRow>& rows,
-             const std::string& currency, Platform& platform, QWidget* parent);
+             const ReportColumn& column, const std::string& currency, Platform& platform,
+             QWidget* parent);
 
   // The one to be shown in its register, once the dialog was accepted.
   [[nodiscard]] std::int64_t Transaction() const { return Chosen(); }
@@ -36,7 +38,11 @@ class FrmExplain : public FormDialog {
   [[nodiscard]] std::int64_t Chosen() const;
   void ShowRow();
 
+  [[nodiscard]] QString Number(double number) const;
+
   const Locale& locale_;
+  const bool isMoney_;  // or a price
+  const int decimals_;
   ListTable* lvExplain_;
   QStandardItemModel* model_;
   QPushButton* cmdRegister_;

@@ -171,7 +171,9 @@ void ReportBar::SetCurrencies(const std::vector<CurrencyRecord>& all,
   for (const CurrencyRecord& currency : all) {
     if (!isFirst(currency)) add(currency);
   }
-  cmbCurrencyR_->setCurrentIndex(std::max(0, cmbCurrencyR_->findData(chosen)));
+  // The separator is of no currency, as a first choice is.
+  const int at = chosen.isValid() ? cmbCurrencyR_->findData(chosen) : 0;
+  cmbCurrencyR_->setCurrentIndex(std::max(0, at));
 }
 
 void ReportBar::Show(const ReportState& state, const QString& payments) {

@@ -14,6 +14,8 @@ namespace {
 
 using Content = ReportColumn::Content;
 
+constexpr int kNetWorth = 12;
+constexpr int kForecast = 15;
 constexpr int kSmallestText = 10 * kRhythm;
 
 class ReportRows : public ListRows {
@@ -61,6 +63,8 @@ class ReportRows : public ListRows {
 
   // What the row adds to the chosen ones: a running balance is not what a transaction comes to.
   [[nodiscard]] std::optional<double> AmountOf(const ReportRow& row) const {
+    // What is held on different days is no sum.
+    if (table_.report == kNetWorth || table_.report == kForecast) return std::nullopt;
     const auto income = table_.Column("Income");
     const auto expense = table_.Column("Expense");
     if (row.transactionId != 0 && income && expense) {

@@ -257,16 +257,26 @@ void ReportsView::Run(const ViewCommand& command) {
   ViewCommand shown = command;
   shown.report = state_;
   const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
-  const ReportRequest request = RequestOf(shown, withClosed);
+  ReportRequest request = RequestOf(shown, withClosed);
+  // A currency that nothing is converted into must not move the budgets into it.
+  if (!request.converts) request.currency = place_.platform.locale.CurrencyCode();
   const std::uint64_t now = place_.session.Ledger().Store().Changes();
   if (isCurrent_ && readAt_ == now && request == request_) return ApplyColumns();
   const WaitCursor waiting;
   isCurrent_ = false;
-  ReportTable report = corvanta::RunReport(place_.session.Ledger(), request, place_.session.Rates(),
-                                           place_.platform);
-  model_->SetRows(nullptr);  // they are of the table that goes
-  request_ = request;
-  report_ = std::move(report);
+  try {
+    ReportTable report = corvanta::RunReport(place_.session.Ledger(), request,
+                                             place_.session.Rates(), place_.platform);
+    model_->SetRows(nullptr);  // they are of the table that goes
+    request_ = request;
+    report_ = std::move(report);
+  } catch (...) {
+    // What stands there is of another report.
+    model_->SetRows(nullptr);
+    request_ = request;
+    report_ = {};
+    throw;
+  }
   readAt_ = now;
   isCurrent_ = true;
   Fill();
@@ -350,10 +360,18 @@ QString ReportsView::Details() const {
   QStringList details;
   if (!state_.definition.empty()) details.append(ToQt(state_.definition));
   const Locale& own = place_.platform.locale;
-  if (state_.dates) {
-    details.append(tr("%1 to %2")
-                       .arg(ToQt(own.FormatLongDate(state_.dates->start)),
-                            ToQt(own.FormatLongDate(state_.dates->end))));
+  const auto days = [&own](Date from, Date to) {
+    return tr("%1 to %2").arg(ToQt(own.FormatLongDate(from)), ToQt(own.FormatLongDate(to)));
+  };
+  if (report_.periods.size() > 1) {
+    const Period& now = report_.periods[0];
+    const Period& other = report_.periods[1];
+    details.append(
+        tr("%1, compared with %2").arg(days(now.from, now.to), days(other.from, other.to)));
+  } else if (!report_.periods.empty()) {
+    details.append(days(report_.periods[0].from, report_.periods[0].to));
+  } else if (state_.dates) {
+    details.append(days(state_.dates->start, state_.dates->end));
   } else {
     details.append(tr("All days"));
   }
@@ -384,7 +402,8 @@ ViewSurroundings ReportsView::Surroundings() const {
   if (page_ == Page::List || !request_.converts) return {};
   QStringList rates;
   for (const ReportRate& rate : report_.rates) {
-    if (rate.currency == request_.currency) continue;
+    // One that is not known leaves the amounts as they are.
+    if (rate.rate == 1 || rate.currency == request_.currency) continue;
     rates.append(tr("1 %1 = %2 %3")
                      .arg(ToQt(rate.currency),
                           ToQt(place_.platform.locale.FormatNumber(rate.rate, 4)),

@@ -10,6 +10,7 @@
 #include "app/reports/ReportsView.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/WaitCursor.h"
 #include "ledger/TransactionBook.h"
 #include "ledger/TransactionRecord.h"
 #include "platform/Platform.h"
@@ -38,6 +39,7 @@ namespace {
 // The reports of the catalogue whose rows have a budget that can be changed.
 constexpr int kBudgetReport = 4;
 constexpr int kBudgetOfMonth = 14;
+constexpr int kForecast = 15;
 }  // namespace
 
 void ReportsView::ConnectCommands() {
@@ -103,8 +105,15 @@ void ReportsView::RunReport(int number) {
 
 void ReportsView::LookInto(std::size_t place) {
   const ReportRow row = report_.rows.at(place);
-  const auto step = DrillDown(place_.session.Ledger(), request_, row);
   ViewCommand command = Base();
+  if (!(request_.filter == command.rows)) {
+    return place_.host.Notice(tr("What this report is of is not in this data file"));
+  }
+  ReportRequest of = request_;
+  // A forecast is of days that have no transactions yet.
+  const bool hasDays = !report_.periods.empty() && report_.report != kForecast;
+  if (hasDays) of.range = report_.periods.front();
+  const auto step = DrillDown(place_.session.Ledger(), of, row);
   if (step) {
     KeepWidths();
     const ReportRequest& into = step->request;
@@ -145,8 +154,12 @@ void ReportsView::ExplainChosen() {
 }
 
 void ReportsView::Explain(std::size_t row, std::size_t column) {
-  const std::vector<ExplainedRow> made =
-      corvanta::Explain(place_.session.Ledger(), request_, report_, row, column, place_.platform);
+  std::vector<ExplainedRow> made;
+  {
+    const WaitCursor waiting;
+    made =
+        corvanta::Explain(place_.session.Ledger(), request_, report_, row, column, place_.platform);
+  }
   if (made.empty()) {
     return place_.host.Notice(tr("Nothing stands behind this figure that could be listed"));
   }
@@ -154,7 +167,8 @@ void ReportsView::Explain(std::size_t row, std::size_t column) {
   const QString name = of.cells.empty() ? QString() : ToQt(of.cells.front().Text());
   const QString title =
       tr("%1: %2 of %3").arg(ToQt(report_.name), ToQt(report_.columns[column].header), name);
-  FrmExplain dialog(title, made, of.currency, place_.platform, &place_.window);
+  FrmExplain dialog(title, made, report_.columns[column], of.currency, place_.platform,
+                    &place_.window);
   if (dialog.exec() == QDialog::Accepted) ShowInRegister(dialog.Transaction());
 }
 
@@ -206,7 +220,8 @@ void ReportsView::SaveReport() {
   ReportDefinition definition;
   definition.name = name;
   definition.report = state_.report;
-  definition.filter = place_.host.Shown().rows;
+  // With what names nothing that is left, or it would be of everything.
+  definition.filter = request_.filter;
   definition.wholeCategories =
       WholeCategoriesOf(definition.filter, place_.session.Ledger().Store());
   definition.actions = state_.actions;
@@ -256,11 +271,18 @@ void ReportsView::PickColumns() {
   place_.host.FocusView();
 }
 
-// The columns that are shown, with numbers and days as such.
+// The columns that are shown, with numbers and days as such, and the rows as they stand in the
+// list.
 SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
   if (page_ == Page::List) return MainView::Sheet(locale);
   const std::vector<std::string> shown = ShownColumns();
   ReportTable sheet = report_;
+  if (page_ == Page::Rows) {
+    sheet.rows.clear();
+    for (int row = 0; row < model_->rowCount(); ++row) {
+      sheet.rows.push_back(report_.rows.at(static_cast<std::size_t>(model_->Key(row)) - 1));
+    }
+  }
   for (std::size_t column = sheet.columns.size(); column-- > 0;) {
     if (std::ranges::find(shown, sheet.columns[column].header) != shown.end()) continue;
     const auto place = static_cast<std::ptrdiff_t>(column);

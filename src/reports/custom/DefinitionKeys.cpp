@@ -3,6 +3,7 @@
 #include "ledger/FilterChoice.h"
 #include "platform/Locale.h"
 #include "store/sql/Connection.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 
@@ -82,6 +83,15 @@ OpenedDefinition OpenDefinition(const ReadDefinition& read, Connection& store,
     if (existing.empty()) opened.emptied.push_back(kind);
     if (gone > 0) {
       opened.troubles.push_back(GoneText(kind, static_cast<std::size_t>(gone), existing.empty()));
+    }
+  }
+  if (std::string& currency = opened.definition.currency; !currency.empty()) {
+    const std::string query =
+        "Select Count(*) from tblCurrency WHERE Currency = " + SqlText(currency);
+    if (store.QueryValue(query).Int() == 0) {
+      opened.troubles.push_back("There is no currency \"" + currency +
+                                "\" in this data file. Amounts are not converted.");
+      currency.clear();
     }
   }
   filter.SetSearch(ReadSearchText(filter.Search().text, false, locale));

@@ -19,7 +19,7 @@ namespace corvanta::inline reports {
 // A saved report as it can be run now.
 struct OpenedDefinition {
   // Without the identifiers that the data file has no more; whole categories have brought their
-  // present sub-categories.
+  // present sub-categories. Without a currency that is none of the data file.
   ReportDefinition definition;
   // Lists of which nothing is left: the report has no rows.
   std::vector<FilterKind> emptied;

@@ -3,6 +3,8 @@
 #include "ledger/AccountBook.h"
 #include "ledger/PeriodPreset.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Locale.h"
+#include "platform/Platform.h"
 #include "reports/query/ReportRunner.h"
 
 #include <algorithm>
@@ -31,8 +33,13 @@ double FigureOf(const ReportTable& table, const ReportRow& row, const char* head
 
 class OverviewReader {
  public:
-  OverviewReader(clsCorvanta& ledger, Date today, RateSource& rates, Platform& platform)
-      : ledger_(ledger), today_(today), rates_(rates), platform_(platform) {
+  OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
+                 Platform& platform)
+      : ledger_(ledger),
+        today_(today),
+        withClosedAccounts_(withClosedAccounts),
+        rates_(rates),
+        platform_(platform) {
     read_.thisMonth = *DaysOf(PeriodPreset::ThisMonth, today);
     read_.lastMonth = *DaysOf(PeriodPreset::LastMonth, today);
   }
@@ -58,7 +65,10 @@ class OverviewReader {
     ReportRequest request;
     request.report = report;
     request.range = range;
+    request.withClosedAccounts = withClosedAccounts_;
     request.withoutTransfers = true;
+    // What budgets are in where several currencies are in use.
+    request.currency = platform_.locale.CurrencyCode();
     return RunReport(ledger_, request, rates_, platform_);
   }
 
@@ -92,6 +102,7 @@ class OverviewReader {
 
   clsCorvanta& ledger_;
   Date today_;
+  bool withClosedAccounts_;
   RateSource& rates_;
   Platform& platform_;
   Overview read_;
@@ -99,8 +110,9 @@ class OverviewReader {
 
 }  // namespace
 
-Overview ReadOverview(clsCorvanta& ledger, Date today, RateSource& rates, Platform& platform) {
-  return OverviewReader(ledger, today, rates, platform).Read();
+Overview ReadOverview(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
+                      Platform& platform) {
+  return OverviewReader(ledger, today, withClosedAccounts, rates, platform).Read();
 }
 
 }  // namespace corvanta::inline reports

@@ -50,8 +50,8 @@ struct Overview {
   Period lastMonth;
 };
 
-// Throws StoreError.
-[[nodiscard]] Overview ReadOverview(clsCorvanta& ledger, Date today, RateSource& rates,
-                                    Platform& platform);
+// Of months and budgets closed accounts count where they are asked for. Throws StoreError.
+[[nodiscard]] Overview ReadOverview(clsCorvanta& ledger, Date today, bool withClosedAccounts,
+                                    RateSource& rates, Platform& platform);
 
 }  // namespace corvanta::inline reports

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <map>
+#include <optional>
 #include <set>
 
 namespace corvanta::inline reports {
@@ -37,8 +38,10 @@ struct Outlook {
 };
 
 corvanta::Date EndOf(const ReportRun& run) {
-  if (run.request.range) return run.request.range->to;
-  return run.platform.clock.Today().AddMonths(3);
+  const corvanta::Date today = run.platform.clock.Today();
+  // Days that are past have nothing to come.
+  if (run.request.range && run.request.range->to > today) return run.request.range->to;
+  return today.AddMonths(3);
 }
 
 std::string RowsOf(std::int64_t account) {
@@ -49,6 +52,16 @@ std::string RowsOf(std::int64_t account) {
 
 double SumOf(const ReportRun& run, const std::string& rows) {
   return run.Store().QueryValue("SELECT SUM(Amount) " + rows).Double();
+}
+
+// For how many days, at most a year, the account has had transactions.
+int AgeOf(const ReportRun& run, std::int64_t account) {
+  const corvanta::Date today = run.platform.clock.Today();
+  const std::optional<corvanta::Date> first =
+      run.Store()
+          .QueryValue("SELECT Min(T.[Date]) " + RowsOf(account) + "<= " + SqlEndOf(today))
+          .AsDate();
+  return first ? std::min(kYear, today.Serial() - first->Serial() + 1) : kYear;
 }
 
 std::vector<Outlook> ReadOutlooks(const ReportRun& run) {
@@ -65,8 +78,8 @@ std::vector<Outlook> ReadOutlooks(const ReportRun& run) {
                        " AND " + SqlEndOf(today) +
                        " AND T.BankSch = 0 AND T.Action = 0 AND (T.TransferID = 0 or "
                        "isNull(T.TransferID))");
-    outlooks.push_back(
-        {account, account.balance, year / kYear, run.rates.RateOf(account.currency)});
+    outlooks.push_back({account, account.balance, year / AgeOf(run, account.accountId),
+                        run.rates.RateOf(account.currency)});
   }
   return outlooks;
 }
@@ -145,6 +158,7 @@ void BalanceForecast::Fill(const ReportRun& run, ReportTable& table) const {
   std::map<std::pair<corvanta::Date, std::int64_t>, double> sums;
   for (const Expected& each : expected) sums[{each.day, each.accountId}] += each.amount;
   const corvanta::Date end = EndOf(run);
+  table.periods = {Period{run.platform.clock.Today().AddDays(1), end}};
   for (const Outlook& outlook : outlooks) {
     double balance = outlook.balance;
     const std::string shown = run.rates.ShownIn(outlook.account.currency, outlook.rate);

@@ -4,11 +4,11 @@
 
 namespace corvanta::inline reports {
 
-// What each account will hold on the days to come, up to the range's end or for three months: what
-// is entered ahead and expected of the schedules, and the average of a day.
+// What each account will hold on the days to come, up to the range's end or, where that is past,
+// for three months: what is entered ahead and expected of the schedules, and the average of a day.
 //
 //   average  what the last 365 days brought or took, without transfers, trades and what came of
-//            schedules, / 365
+//            schedules, / 365, or the days since the account's first transaction
 //   balance  of the day before + entered + scheduled + average
 //
 // Payments that are overdue are expected on the first day. Of the filters accounts alone count.

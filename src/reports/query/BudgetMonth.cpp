@@ -6,7 +6,11 @@
 #include "reports/query/BudgetPlans.h"
 #include "reports/query/ReportSql.h"
 #include "reports/query/SpendingReport.h"
+#include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
+
+#include <algorithm>
+#include <optional>
 
 namespace corvanta::inline reports {
 namespace {
@@ -16,16 +20,20 @@ Period MonthFrom(corvanta::Date first) {
 }
 
 Period MonthOf(const ReportRun& run) {
-  const corvanta::Date day =
-      run.request.range ? run.request.range->from : run.platform.clock.Today();
+  const corvanta::Date today = run.platform.clock.Today();
+  const auto& range = run.request.range;
+  const corvanta::Date day = range ? std::clamp(today, range->from, range->to) : today;
   return MonthFrom(day.AddDays(1 - day.Day()));
 }
 
-// The months of the year before that one.
-std::vector<Period> MonthsBefore(const Period& month) {
+// The months of the year before that one, from the first that anything was recorded in.
+std::vector<Period> MonthsBefore(const ReportRun& run, const Period& month) {
+  const std::optional<corvanta::Date> first =
+      run.Store().QueryValue("SELECT Min([Date]) FROM tblTransactions").AsDate();
   std::vector<Period> months;
   for (int back = month.from.Month() - 1; back > 0; --back) {
-    months.push_back(MonthFrom(month.from.AddMonths(-back)));
+    const Period before = MonthFrom(month.from.AddMonths(-back));
+    if (first && *first <= before.to) months.push_back(before);
   }
   return months;
 }
@@ -40,7 +48,7 @@ std::vector<Line> LinesOf(const ReportRun& run, const std::string& home) {
   std::vector<Line> lines;
   const BudgetPlans now(run, month);
   for (const Plan& plan : now.All()) lines.push_back({plan, 0});
-  for (const Period& before : MonthsBefore(month)) {
+  for (const Period& before : MonthsBefore(run, month)) {
     std::size_t line = 0;
     // The categories are the same in all months.
     const BudgetPlans plans(run, before);
@@ -62,6 +70,7 @@ std::string ConditionsOf(const ReportRun& run, const Period& days) {
 }  // namespace
 
 void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
+  table.periods = {MonthOf(run)};
   const std::string home = run.rates.Home();
   for (const Line& line : LinesOf(run, home)) {
     const Plan& plan = line.plan;
@@ -113,7 +122,7 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   };
   if (header == "Plan" || isLeft) addPlans(month, isLeft ? -1 : 1);
   if (header == "Carried Over" || isLeft) {
-    for (const Period& before : MonthsBefore(month)) {
+    for (const Period& before : MonthsBefore(run, month)) {
       addPlans(before, isLeft ? -1 : 1);
       if (row.currency == run.rates.Home()) addRows(before, isLeft ? 1 : -1, true);
     }

@@ -6,8 +6,9 @@
 namespace corvanta::inline reports {
 
 // The budget of one month: what is planned of each category, what was left over or overspent in
-// the months of the year before it, what it came to, and what is left. The month is that of the
-// range's first day, and this month without a range.
+// the months of the year before it, what it came to, and what is left. Months that ended before the
+// first transaction leave nothing. The month is this one or, where the range has not got it, that
+// of the range's day that is next to today.
 //
 //   carried over = sum over the year's months before it of (plan - actual)
 //   left         = actual - plan - carried over

@@ -84,10 +84,14 @@ std::vector<ExplainedRow> BudgetReport::Explain(const ReportRun& run, const Repo
     return explained;
   }
   if (header != "Actual") return {};
+  const std::vector<EvidenceRow> all = ReadEvidence(run, EvidenceOf(run));
   for (const ReportRow& each : table.rows) {
     if (each.kind == ReportRowKind::Total || each.currency != row.currency) continue;
     if (each.part == kPlanned) continue;
-    for (ExplainedRow& part : Report::Explain(run, table, each, column)) explained.push_back(part);
+    for (const EvidenceRow& part : all) {
+      if (run.rates.ShownIn(part.currency) != row.currency || !IsOf(part, each, run)) continue;
+      explained.push_back(Explained(part, part.amount, run.rates.RateOf(part.currency)));
+    }
   }
   return explained;
 }

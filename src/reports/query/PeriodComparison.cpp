@@ -84,6 +84,7 @@ void AddPeriod(const ReportRun& run, const Period& period, Place place, RowFold&
 
 void PeriodComparison::Fill(const ReportRun& run, ReportTable& table) const {
   const TwoPeriods periods = PeriodsOf(run);
+  table.periods = {periods.now, periods.before};
   RowFold fold(table);
   AddPeriod(run, periods.now, kNow, fold);
   AddPeriod(run, periods.before, kBefore, fold);

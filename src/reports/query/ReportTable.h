@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ledger/Period.h"
 #include "store/sql/Value.h"
 
 #include <cstddef>
@@ -57,6 +58,9 @@ struct ReportTable {
   std::vector<ReportRow> rows;
   // Of every currency in use, so that what a figure is made of can be told with the same ones.
   std::vector<ReportRate> rates;
+  // The days that the figures are of where they are not those that were asked for; of a comparison
+  // the other ones behind them.
+  std::vector<Period> periods = {};
 
   // The place of the column of that header; nullopt when there is none.
   [[nodiscard]] std::optional<std::size_t> Column(std::string_view header) const {

@@ -59,13 +59,25 @@ TEST_F(OverviewViewTest, HowThingsStandIsSaidAndLeadsOn) {
   EXPECT_EQ(window_->Shown().name, kReportSelected);
   EXPECT_EQ(window_->Shown().report.report, 2);
   EXPECT_EQ(window_->Shown().report.dates->start.Day(), 1);
+  EXPECT_TRUE(window_->Shown().report.withoutTransfers) << "as the tile";
   Trigger("mnuViewBack");
   EXPECT_EQ(window_->Shown().name, kOverviewShow);
   Click(*window_, "cmdBudget");
   EXPECT_EQ(window_->Shown().report.report, 4);
+  EXPECT_TRUE(window_->Shown().report.withoutTransfers);
   Trigger("mnuViewBack");
   Click(*window_, "cmdDue");
   EXPECT_EQ(window_->Shown().name, kScheduleShow);
+}
+
+TEST_F(OverviewViewTest, BudgetsAreInTheCurrencyOfThePerson) {
+  Start();
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Abroad',2,(Select Min(CurrencyID) from tblCurrency),5,0)");
+  Trigger("mnuViewRefresh");
+  ASSERT_EQ(Lines("tileBalances").size(), 3U);
+  ASSERT_EQ(Lines("tileBudget").size(), 3U);
+  EXPECT_EQ(Lines("tileBudget")[1], "Spent 30.00 GBP");
 }
 
 TEST_F(OverviewViewTest, WhatIsDueStandsThere) {

@@ -150,6 +150,29 @@ TEST_F(ReportsViewTest, AClickLooksIntoARowAndBackShowsTheReportAsItWas) {
   EXPECT_TRUE(window_->Shown().report.paymentTypes.empty()) << "used once";
 }
 
+TEST_F(ReportsViewTest, ABudgetOfTheMonthSaysWhichAndLeadsIntoItsDays) {
+  Start();
+  Run("UPDATE tblCategory SET Budget = 50, PeriodID = (Select Max(PeriodID) from tblPeriods "
+      "WHERE Period = 'm') WHERE CategoryID = 2");
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Abroad',2,(Select Min(CurrencyID) from tblCurrency),5,0)");
+  ViewCommand year{kReportSelected};
+  year.report.report = 14;
+  year.rows.SetKeys(FilterKind::Category, {2});
+  year.report.dates = DateRange{*Date::FromIso("2026-02-01"), *Date::FromIso("2026-02-28")};
+  // A currency that nothing is converted into.
+  year.report.currency = "USD";
+  window_->Show(year);
+  EXPECT_EQ(Cell(0, "Currency"), "GBP");
+  EXPECT_EQ(Cell(0, "Carried Over"), "-30.00") << "January's 50 less 20";
+  year.report.dates->start = *Date::FromIso("2025-03-01");
+  window_->Show(year);
+  ClickRow(0);
+  EXPECT_EQ(Shown(), "Account Transactions");
+  EXPECT_EQ(Get<QDateEdit>("DTPickSRep").date(), QDate(2026, 2, 1));
+  EXPECT_EQ(Get<QDateEdit>("DTPickERep").date(), QDate(2026, 2, 28));
+}
+
 TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
   Start();
   Trigger("mnuReport7");
@@ -180,6 +203,15 @@ TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
   const std::string text = ReadFile(path);
   EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
   EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
+  // The rows are those of the list, in its order.
+  List().ChooseColumn(0);
+  List().ChooseColumn(0);
+  ASSERT_EQ(Cell(0, "Payee"), "Boss");
+  const std::string sorted = machine_.folder.Path("sorted.csv");
+  machine_.prompts.ExpectSaveFile("Save File As", sorted);
+  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileSpreadsheet");
+  EXPECT_LT(ReadFile(sorted).find("Boss"), ReadFile(sorted).find("Baker"));
 }
 
 TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
@@ -307,6 +339,12 @@ TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
   Trigger("mnuViewRefresh");
   EXPECT_EQ(Rows(), 0);
   EXPECT_EQ(ReportDefinitions(machine_.registry).Find("Gone")->definition, gone);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Still");
+  Trigger("mnuReportSave");
+  EXPECT_TRUE(ReportDefinitions(machine_.registry)
+                  .Find("Still")
+                  ->definition.filter.IsSet(FilterKind::Account))
+      << "or it would be of all";
   Trigger("mnuReport7");
   EXPECT_EQ(Rows(), 3) << "the report itself is of all";
 }
@@ -335,6 +373,11 @@ TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
            [&](QDialog& dialog) { isAsked = dialog.objectName() == "FrmExplain"; });
   EXPECT_TRUE(isAsked);
   EXPECT_EQ(Shown(), "Spending by Payee");
+  // How many there are is no money.
+  std::string sum;
+  ClickRow(1, 1, Qt::ControlModifier,
+           [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
+  EXPECT_EQ(sum, "1 row makes 1");
 }
 
 TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {

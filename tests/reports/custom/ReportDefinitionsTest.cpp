@@ -221,6 +221,12 @@ TEST_F(DefinitionKeysTest, WhatIsGoneIsToldAndLeftOutOfThisRunAlone) {
   EXPECT_EQ(opened.troubles[1],
             "One keyword that it names is not in this data file any more. It names no other "
             "keyword, so nothing is shown.");
+  some.currency = "GBP";
+  EXPECT_EQ(Open(some).definition.currency, "GBP");
+  some.currency = "QQQ";
+  EXPECT_EQ(Open(some).definition.currency, "");
+  EXPECT_EQ(Open(some).troubles.back(),
+            "There is no currency \"QQQ\" in this data file. Amounts are not converted.");
   EXPECT_NE(TroubleText(opened).find("stays as it is until you save it again"), std::string::npos);
 }
 

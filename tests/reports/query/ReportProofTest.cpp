@@ -553,6 +553,19 @@ class ReportProof : public LedgerTest {
            (request.withoutTransfers ? " without transfers" : "") +
            (request.withClosedAccounts ? " closed" : "");
   }
+  // Rows by name, and by category below each other, are in the order of the alphabet.
+  static void CheckOrder(const ReportTable& table) {
+    if (table.report < 5 || table.report > 9) return;
+    const bool isDivided = table.report < 7;
+    for (std::size_t i = 1; i < table.rows.size(); ++i) {
+      const Cells& first = table.rows[i - 1].cells;
+      const Cells& second = table.rows[i].cells;
+      if (table.rows[i].kind == ReportRowKind::Total) return;
+      int order = CompareFolded(first[0].Text(), second[0].Text());
+      if (order == 0 && isDivided) order = CompareFolded(first[1].Text(), second[1].Text());
+      EXPECT_LE(order, 0) << first[0].Text() << " stands before " << second[0].Text();
+    }
+  }
   // Row by row; where the order of rows is not the report's own, in any order.
   static void Compare(const ReportTable& table, std::vector<Cells> expected) {
     std::vector<Cells> rows;
@@ -561,6 +574,7 @@ class ReportProof : public LedgerTest {
       std::ranges::sort(rows, IsBefore);
       std::ranges::sort(expected, IsBefore);
     }
+    CheckOrder(table);
     ASSERT_EQ(rows.size(), expected.size());
     for (std::size_t i = 0; i < rows.size(); ++i) {
       EXPECT_TRUE(AreEqual(rows[i], expected[i]))
@@ -624,13 +638,15 @@ TEST_F(ReportProof, EveryFigureIsTheSumOfWhatItIsExplainedBy) {
 TEST_F(ReportProof, LookingIntoARowShowsTheRowsThatItIsMadeOf) {
   std::mt19937 random(7);
   WriteLedger(RandomLedger(random, 120), Store());
-  for (const int report : {1, 2, 5, 6}) {
+  for (const int report : {1, 2, 5, 6, 13, 14}) {
     ReportRequest request;
     request.report = report;
     request.foldsSubCategories = report == 6;
     const ReportTable table = Run(request);
     for (const ReportRow& row : table.rows) {
-      const std::optional<DrillStep> step = DrillDown(Ledger(), request, row);
+      ReportRequest of = request;
+      if (!table.periods.empty()) of.range = table.periods.front();
+      const std::optional<DrillStep> step = DrillDown(Ledger(), of, row);
       ASSERT_EQ(step.has_value(), row.kind == ReportRowKind::Group);
       if (!step) continue;
       EXPECT_EQ(step->request.report, 3);
@@ -640,9 +656,14 @@ TEST_F(ReportProof, LookingIntoARowShowsTheRowsThatItIsMadeOf) {
         if (each.kind == ReportRowKind::Total || each.currency != row.currency) continue;
         sum += each.cells[7].Double() + each.cells[8].Double();
       }
-      const std::size_t in = table.Column("Income").value_or(0);
-      const double figure = report == 6 ? row.cells[*table.Column("Total")].Double()
-                                        : row.cells[in].Double() + row.cells[in + 1].Double();
+      const auto figureOf = [&](const char* header) {
+        const auto column = table.Column(header);
+        return column ? row.cells[*column].Double() : 0;
+      };
+      const double figure = report == 6    ? figureOf("Total")
+                            : report == 13 ? figureOf("This Period")
+                            : report == 14 ? figureOf("Actual")
+                                           : figureOf("Income") + figureOf("Expense");
       EXPECT_NEAR(sum, figure, 1e-4) << report << " " << row.cells.front().Text();
     }
   }

@@ -259,6 +259,12 @@ TEST_F(Reports, OfTheMonthsBudgetCarryOnWhatIsLeft) {
   EXPECT_EQ(table.rows[0].cells[3].Double(), -11) << "of January's 31 20 were spent";
   EXPECT_EQ(table.rows[0].cells[4].Double(), -30);
   EXPECT_EQ(table.rows[0].cells[5].Double(), 12) << "may still be spent";
+  machine_.clock.SetToday(*Date::FromIso("2026-02-10"));
+  request.range = Days("2026-01-01", "2026-12-31");
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-02-01", "2026-02-28"));
+  EXPECT_EQ(Show(request).rows[0].cells[5].Double(), 12) << "a year is of today's month";
+  Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
+  EXPECT_EQ(Show(request).rows[0].cells[3].Double(), 0) << "nothing was recorded in January";
 }
 
 TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
@@ -274,7 +280,7 @@ TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
   request.whatIf = {{*Date::FromIso("2026-03-04"), 1, -11}};
   const ReportTable table = Show(request);
   ASSERT_EQ(table.rows.size(), 9U) << "from tomorrow on";
-  const double average = -50.0 / 365;
+  const double average = -50.0 / 30;  // the account has been in use since January's last day
   const double expected[] = {-5, -7, -11, 0, 0, 0, 0, -5, 0};
   double balance = 50;
   for (std::size_t day = 0; day < table.rows.size(); ++day) {
@@ -287,6 +293,9 @@ TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
     }
     EXPECT_NEAR(sum, balance, 1e-4) << day;
   }
+  request.range = Days("2026-01-01", "2026-02-28");
+  EXPECT_EQ(Show(request).rows.size(), 92U) << "of days that are past nothing is to come";
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-03-02", "2026-06-01"));
 }
 
 }  // namespace
