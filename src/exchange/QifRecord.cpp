@@ -33,29 +33,36 @@ void QifRecord::Field(char code, std::string_view value, std::size_t line, Impor
   }
 }
 
-void QifRecord::BankField(char code, const ImportValue& here, ImportSink& sink) {
-  const std::string& value = here.text;
+bool QifRecord::SharedField(char code, const ImportValue& here) {
   switch (code) {
     case 'D':
       record_.date = here;
-      break;
+      return true;
     case 'T':
       record_.amount = here;
-      break;
+      return true;
+    case 'P':
+      record_.payee = here.text;
+      return true;
+    case 'M':
+      record_.memo = here.text;
+      return true;
+    case 'L':
+      record_.category = ReadQifCategory(here.text);
+      return true;
+    default:
+      return false;
+  }
+}
+
+void QifRecord::BankField(char code, const ImportValue& here, ImportSink& sink) {
+  const std::string& value = here.text;
+  switch (code) {
     case 'U':
       otherAmount_ = value;
       break;
-    case 'P':
-      record_.payee = value;
-      break;
-    case 'M':
-      record_.memo = value;
-      break;
     case 'N':
       record_.reference = value;
-      break;
-    case 'L':
-      record_.category = ReadQifCategory(value);
       break;
     case 'S':
     case 'E':
@@ -63,7 +70,7 @@ void QifRecord::BankField(char code, const ImportValue& here, ImportSink& sink) 
       SplitField(code, here, sink);
       break;
     default:
-      return;
+      if (!SharedField(code, here)) return;
   }
   hasFields_ = hasFields_ || !value.empty();
 }
@@ -95,9 +102,6 @@ void QifRecord::DropOpenSplit(ImportSink& sink) {
 void QifRecord::InvestmentField(char code, const ImportValue& here) {
   const std::string& value = here.text;
   switch (code) {
-    case 'D':
-      record_.date = here;
-      break;
     case 'N':
       record_.action = ToLower(value);
       break;
@@ -110,9 +114,6 @@ void QifRecord::InvestmentField(char code, const ImportValue& here) {
     case 'Q':
       record_.quantity = here;
       break;
-    case 'T':
-      record_.amount = here;
-      break;
     case 'U':
     case '$':
       if (otherAmount_.empty()) otherAmount_ = value;
@@ -120,17 +121,8 @@ void QifRecord::InvestmentField(char code, const ImportValue& here) {
     case 'O':
       record_.commission = here;
       break;
-    case 'P':
-      record_.payee = value;
-      break;
-    case 'M':
-      record_.memo = value;
-      break;
-    case 'L':
-      record_.category = ReadQifCategory(value);
-      break;
     default:
-      return;
+      if (!SharedField(code, here)) return;
   }
   hasFields_ = hasFields_ || !value.empty();
 }

@@ -25,6 +25,8 @@ class QifRecord {
   bool End(std::size_t offset, ImportSink& sink);
 
  private:
+  // What records of banks and of investments write alike; false for any other field.
+  bool SharedField(char code, const ImportValue& here);
   void BankField(char code, const ImportValue& here, ImportSink& sink);
   void InvestmentField(char code, const ImportValue& here);
   void SplitField(char code, const ImportValue& here, ImportSink& sink);
