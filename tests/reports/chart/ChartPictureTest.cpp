@@ -1,5 +1,4 @@
 #include "platform/Files.h"
-#include "platform/RoundScale.h"
 #include "reports/chart/ChartFile.h"
 #include "reports/chart/ChartPicture.h"
 #include "reports/chart/ReportRows.h"
@@ -102,17 +101,6 @@ TEST(ReportPrint, AReportIsPrintedAsTheLocaleWritesIt) {
   EXPECT_EQ(table.rows[1][2], "5,000.00");
   EXPECT_EQ(table.totals, std::set<std::size_t>{3});
   for (const PrintColumn& column : table.columns) EXPECT_GT(column.width, 0);
-}
-
-TEST(RoundScale, MarksCanBeCountedWith) {
-  EXPECT_EQ(ScaleOf(0, 200, 5).Marks(), (std::vector<double>{0, 50, 100, 150, 200}));
-  const RoundScale small = ScaleOf(-0.013, 0.02, 5);
-  EXPECT_EQ(small.decimals, 2);
-  EXPECT_LE(small.low, -0.013);
-  EXPECT_GE(small.high, 0.02);
-  const RoundScale none = ScaleOf(7, 7, 5);
-  EXPECT_LT(none.low, 7);
-  EXPECT_GT(none.high, 7);
 }
 
 }  // namespace
