@@ -89,12 +89,12 @@ ListRow AccountsView::RowOf(const AccountRow& account) const {
           ToQt(account.description)};
 }
 
-QString AccountsView::Totals(const std::vector<AccountRow>& accounts) const {
+QStringList AccountsView::Totals(const std::vector<AccountRow>& accounts) const {
   QStringList parts;
   for (const CurrencyTotal& total : TotalsByCurrency(accounts)) {
     parts.append(ToQt(total.Caption() + ": " + locale_.FormatNumber(total.total)));
   }
-  return parts.join(QStringLiteral("    "));
+  return parts;
 }
 
 }  // namespace corvanta::inline app

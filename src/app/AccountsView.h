@@ -30,7 +30,7 @@ class AccountsView : public ReferenceView {
 
  private:
   [[nodiscard]] ListRow RowOf(const AccountRow& account) const;
-  [[nodiscard]] QString Totals(const std::vector<AccountRow>& accounts) const;
+  [[nodiscard]] QStringList Totals(const std::vector<AccountRow>& accounts) const;
 
   const Locale& locale_;
 };

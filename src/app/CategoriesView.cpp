@@ -72,7 +72,7 @@ void CategoriesView::Show(const ViewCommand& /*command*/) {
   }
   const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("What money is earned by and spent on, and how much is planned for it"),
-       count == 1 ? tr("1 category") : tr("%1 categories").arg(locale().toString(count)), QString(),
+       count == 1 ? tr("1 category") : tr("%1 categories").arg(locale().toString(count)), {},
        {QStringLiteral("categories"), tr("No categories in this data file"),
         tr("Categories say what money is earned by and spent on. Add the first one here.")});
 }

@@ -142,7 +142,7 @@ void HoldingsView::Show(const ViewCommand& command) {
   charts_->setVisible(!rows.empty() && height() >= kRoomForCharts);
   Fill(std::move(rows),
        tr("What is held of each investment, and what it has earned: a year, where it was one"),
-       count == 1 ? tr("1 holding") : tr("%1 holdings").arg(locale().toString(count)), Figure(),
+       count == 1 ? tr("1 holding") : tr("%1 holdings").arg(locale().toString(count)), Figures(),
        {QStringLiteral("investments"), tr("No investments are held"),
         tr("Enter what you have bought: units, price and day. What it is worth, and what it has "
            "earned, stands here then.")});
@@ -212,7 +212,7 @@ QString HoldingsView::FigureOf(const HoldingTotal& total) const {
   return text;
 }
 
-QString HoldingsView::Figure() {
+QStringList HoldingsView::Figures() {
   const std::string code = bar_->Currency();
   QStringList parts;
   if (!code.empty()) {
@@ -223,10 +223,10 @@ QString HoldingsView::Figure() {
     if (!without.isEmpty()) {
       parts.last() += tr(" without %1").arg(without.join(QStringLiteral(", ")));
     }
-    return parts.first();
+    return parts;
   }
   for (const HoldingTotal& total : list_.totals) parts.append(FigureOf(total));
-  return parts.join(QStringLiteral("    "));
+  return parts;
 }
 
 void HoldingsView::ShowCharts() {

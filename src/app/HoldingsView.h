@@ -43,7 +43,7 @@ class HoldingsView : public ListView {
  private:
   void FillBar();
   [[nodiscard]] ListRow RowOf(const Holding& holding) const;
-  [[nodiscard]] QString Figure();
+  [[nodiscard]] QStringList Figures();
   [[nodiscard]] QString FigureOf(const HoldingTotal& total) const;
   void ShowCharts();
   void FetchRates();

@@ -85,13 +85,12 @@ void InvestmentTransView::Show(const ViewCommand& command) {
   const auto count = static_cast<qulonglong>(rows->Count());
   if (count == 0 && rows->HasHidden()) {
     return Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
-                QString(), QString(),
+                QString(), {},
                 {QStringLiteral("trades"), tr("All investment transactions are hidden"),
                  tr("The filters above the list choose none of them.")});
   }
   Fill(std::move(rows), tr("What was bought, sold and paid out, in all accounts"),
-       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)),
-       QString(),
+       count == 1 ? tr("1 transaction") : tr("%1 transactions").arg(locale().toString(count)), {},
        {QStringLiteral("trades"), tr("No investment transactions"),
         tr("Enter what you buy and sell, and the dividends that you get. Those of a status that "
            "is not ticked in the View menu are not shown.")});

@@ -101,8 +101,7 @@ void InvestmentsView::Show(const ViewCommand& /*command*/) {
   }
   const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("Shares and funds, with the latest price of one"),
-       count == 1 ? tr("1 investment") : tr("%1 investments").arg(locale().toString(count)),
-       QString(),
+       count == 1 ? tr("1 investment") : tr("%1 investments").arg(locale().toString(count)), {},
        {QStringLiteral("investments"), tr("No investments yet"),
         tr("Add what you hold, or would like to: its name, its symbol and where its price comes "
            "from. What you buy and sell of it is entered as investment transactions.")});

@@ -216,8 +216,8 @@ QString ListView::ChosenText() const {
 }
 
 void ListView::Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
-                    const QString& figure, const Nothing& nothing) {
-  Fill(ReadyRows(std::move(rows)), details, count, figure, nothing);
+                    const QStringList& figures, const Nothing& nothing) {
+  Fill(ReadyRows(std::move(rows)), details, count, figures, nothing);
 }
 
 void ListView::Empty() {
@@ -225,9 +225,9 @@ void ListView::Empty() {
 }
 
 void ListView::Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
-                    const QString& figure, const Nothing& nothing) {
+                    const QStringList& figures, const Nothing& nothing) {
   header_->Show(traits_.title, details);
-  totals_->Show(count, figure, false);
+  totals_->Show(count, figures, false);
   totals_->setVisible(rows->Count() > 0);
   nothing_ = nothing;
   const std::int64_t chosen = ChosenKey();

@@ -96,12 +96,12 @@ class ListView : public QWidget, public MainView {
     QAction* command = nullptr;  // offered there in place of the list's own that adds
   };
   // The row that was chosen stays so, or the one that took its place. `count` says how many there
-  // are, `figure` what they come to.
+  // are, `figures` what they come to.
   void Fill(std::vector<ListRow> rows, const QString& details, const QString& count,
-            const QString& figure, const Nothing& nothing);
+            const QStringList& figures, const Nothing& nothing);
   // The same with rows that are made as they come into sight.
   void Fill(std::unique_ptr<ListRows> rows, const QString& details, const QString& count,
-            const QString& figure, const Nothing& nothing);
+            const QStringList& figures, const Nothing& nothing);
   // Holds no rows any longer.
   void Empty();
 

@@ -37,7 +37,7 @@ void PayeesView::Show(const ViewCommand& /*command*/) {
   }
   const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("Who pays you, and whom you pay"),
-       count == 1 ? tr("1 payee") : tr("%1 payees").arg(locale().toString(count)), QString(),
+       count == 1 ? tr("1 payee") : tr("%1 payees").arg(locale().toString(count)), {},
        {QStringLiteral("payees"), tr("No payees yet"),
         tr("Payees are remembered as you enter transactions. You can also add them here.")});
 }

@@ -198,6 +198,11 @@ void RegisterView::GoToToday() {
 PrintTable RegisterView::Printed() const {
   PrintTable printed = PrintTableOf(*table_, FromQt(Title()));
   if (totals_->isVisibleTo(this)) printed.summaries = totals_->Printed();
+  if (const auto days = Period()) {
+    printed.subject = FromQt(tr("%1 to %2")
+                                 .arg(ToQt(locale_.FormatLongDate(days->start)),
+                                      ToQt(locale_.FormatLongDate(days->end))));
+  }
   return printed;
 }
 

@@ -118,7 +118,7 @@ void ScheduleView::Show(const ViewCommand& /*command*/) {
   }
   const auto count = static_cast<qulonglong>(rows.size());
   Fill(std::move(rows), tr("What is paid again and again, the next due first"),
-       count == 1 ? tr("1 schedule") : tr("%1 schedules").arg(locale().toString(count)), QString(),
+       count == 1 ? tr("1 schedule") : tr("%1 schedules").arg(locale().toString(count)), {},
        {QStringLiteral("schedule"), tr("No schedules yet"),
         tr("Rent, salary, a monthly saving: say once when it comes, and it stands in the account "
            "in time.")});

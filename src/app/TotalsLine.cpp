@@ -11,7 +11,6 @@
 #include <QEvent>
 #include <QGridLayout>
 #include <QPainter>
-#include <QStringList>
 
 #include <algorithm>
 
@@ -55,9 +54,10 @@ TotalsLine::TotalsLine(QWidget* parent)
   Arrange();
 }
 
-void TotalsLine::Show(const QString& rows, const QString& figure, bool negative) {
+void TotalsLine::Show(const QString& rows, const QStringList& figures, bool negative) {
   rowsText_ = rows;
-  figureText_ = figure;
+  figures_ = figures;
+  figureText_ = figures.join(QStringLiteral("    "));
   Colour(*figure_, negative);
   ShowTips();
   Arrange();
@@ -75,13 +75,13 @@ void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Loc
   Colour(*others_[1], totals.paidOut.value_or(0) < 0);
   Colour(*others_[2], totals.thisPeriod.value_or(0) < 0);
   hasOthers_ = true;
-  Show(rows, ToQt(texts.balance), totals.balance.value_or(0) < 0);
+  Show(rows, QStringList{ToQt(texts.balance)}, totals.balance.value_or(0) < 0);
 }
 
 void TotalsLine::ShowTips() {
   QStringList lines{rowsText_};
   for (const QLabel* label : others_) lines.append(label->text());
-  lines.append(figureText_);
+  lines.append(figures_);
   lines.removeAll(QString());
   setToolTip(lines.join(u'\n'));
 }
@@ -92,7 +92,7 @@ std::vector<PrintSummary> TotalsLine::Printed() const {
     if (!figure.isEmpty()) lines.push_back({{}, FromQt(figure)});
   };
   for (const QLabel* label : others_) add(label->text());
-  add(figureText_);
+  for (const QString& figure : figures_) add(figure);
   if (lines.empty() && !rowsText_.isEmpty()) lines.emplace_back();
   if (!lines.empty()) lines.front().left = FromQt(rowsText_);
   return lines;

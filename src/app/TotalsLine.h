@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QWidget>
 
 #include <array>
@@ -31,14 +32,15 @@ class TotalsLine : public QWidget {
  public:
   explicit TotalsLine(QWidget* parent);
 
-  // One figure. `negative` gives it the colour for what is below zero.
-  void Show(const QString& rows, const QString& figure, bool negative);
+  // What the rows come to, such as a figure of each currency. `negative` gives them the colour for
+  // what is below zero.
+  void Show(const QString& rows, const QStringList& figures, bool negative);
   // The four figures of a register. Where it is filtered, all but the balance are of the rows that
   // the filter has chosen, which the third one says.
   void Show(const QString& rows, const PeriodTotals& totals, const Locale& money,
             bool isFiltered = false);
 
-  // All of it, as it is printed below the list.
+  // All of it, each figure in a line of its own, as it is printed below the list.
   [[nodiscard]] std::vector<PrintSummary> Printed() const;
 
   [[nodiscard]] QSize minimumSizeHint() const override;
@@ -62,7 +64,8 @@ class TotalsLine : public QWidget {
   QLabel* rows_;
   QString rowsText_;
   QLabel* figure_;  // the balance
-  QString figureText_;
+  QStringList figures_;
+  QString figureText_;             // all of them
   std::array<QLabel*, 3> others_;  // paid in, paid out, this period
   bool hasOthers_ = false;
   Form form_ = Form::OneRow;

@@ -192,7 +192,8 @@ TEST_F(EntryCommands, WhatIsShownBecomesASpreadsheet) {
     const std::string text = ReadFile(path);
     return std::pair(text.substr(0, text.find(',')), std::ranges::count(text, '\n'));
   };
-  EXPECT_EQ(written(), std::pair(std::string("Date"), Rows() + 1L)) << "the register";
+  // The head, the rows, their number and the four figures below them.
+  EXPECT_EQ(written(), std::pair(std::string("Date"), 1L + Rows() + 5L)) << "the register";
   Trigger("mnuViewPayees");
   EXPECT_EQ(written().first, "Payee");
 }

@@ -353,7 +353,7 @@ void ReportsView::ShowTotals() {
   const auto count = std::ranges::count_if(
       report_.rows, [](const ReportRow& row) { return row.kind != ReportRowKind::Total; });
   totals_->Show(count == 1 ? tr("1 row") : tr("%1 rows").arg(locale().toString(qlonglong(count))),
-                QString(), false);
+                {}, false);
 }
 
 QString ReportsView::Details() const {
@@ -444,8 +444,16 @@ void ReportsView::Keep(std::map<std::string, std::string>& values) const {
 }
 
 PrintTable ReportsView::Printed() const {
-  if (page_ == Page::Chart) return chart_->Printed();
-  return PrintTableOf(*table_, FromQt(Title()));
+  PrintTable printed =
+      page_ == Page::Chart ? chart_->Printed() : PrintTableOf(*table_, FromQt(Title()));
+  printed.subject = FromQt(Subject());
+  if (page_ == Page::Rows) printed.summaries = totals_->Printed();
+  return printed;
+}
+
+QString ReportsView::Subject() const {
+  const QString rates = Surroundings().status;
+  return rates.isEmpty() ? Details() : Details() + QStringLiteral("  ·  ") + rates;
 }
 
 std::int64_t ReportsView::RowCount() const {

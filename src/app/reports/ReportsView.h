@@ -102,6 +102,8 @@ class ReportsView : public QWidget, public MainView {
   void KeepWidths();
   void ShowTotals();
   [[nodiscard]] QString Details() const;
+  // On paper: which days and rows these are, and the rates they were converted at.
+  [[nodiscard]] QString Subject() const;
   [[nodiscard]] QString PaymentNames() const;
   // What is shown, with the shared filter and ticks, as the beginning of another command.
   [[nodiscard]] ViewCommand Base() const;

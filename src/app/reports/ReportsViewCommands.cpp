@@ -3,6 +3,7 @@
 #include "app/LedgerSession.h"
 #include "app/ListModel.h"
 #include "app/MainActions.h"
+#include "app/TotalsLine.h"
 #include "app/lists/RowsText.h"
 #include "app/reports/FrmExplain.h"
 #include "app/reports/ReportBar.h"
@@ -22,6 +23,7 @@
 #include "reports/custom/FrmColumns.h"
 #include "reports/custom/FrmReport.h"
 #include "reports/custom/ReportEditor.h"
+#include "reports/print/PrintTable.h"
 #include "reports/query/DrillDown.h"
 #include "reports/query/Explain.h"
 #include "reports/query/ReportCatalogue.h"
@@ -291,7 +293,11 @@ SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
       if (column < row.cells.size()) row.cells.erase(row.cells.begin() + place);
     }
   }
-  return SheetOf(sheet);
+  SpreadsheetTable table = SheetOf(sheet);
+  std::vector<PrintSummary> below = totals_->Printed();
+  below.push_back({FromQt(Subject()), {}});
+  AddSummaries(table, below, locale);
+  return table;
 }
 
 void ReportsView::EditBudget(std::size_t row) {

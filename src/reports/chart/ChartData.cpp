@@ -241,7 +241,7 @@ void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& row
       chart.kind = ChartKind::Stacked;
       return AddMonths(chart, rows);
     case 10:
-      return sorted({{"Total", Total}, {"Gain", Income}});
+      return sorted({{"Total", Total}, {"Gain", Other}});
     case 11:
       return;
     case 13:

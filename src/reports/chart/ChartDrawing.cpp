@@ -221,7 +221,8 @@ void ChartDrawing::DrawUprightNames() {
     if (!chart_.areDays && i % step != 0) continue;
     const std::string text = CategoryText(chart_, i, locale_);
     const double width = surface_.TextWidth(text);
-    const double left = CategoryAt(i) - width / 2;
+    // The first day stands at the edge, where the lowest mark has its text.
+    const double left = std::max(CategoryAt(i) - width / 2, plot_.x);
     if (left < free || left + width > area_.x + area_.width + kGap) continue;
     surface_.Print(left, plot_.y + plot_.height + kGap / 2, text);
     free = left + width + kGap;

@@ -75,13 +75,17 @@ double LVPrint::RowHeight(std::size_t lines) const {
   return static_cast<double>(lines) * lineHeight_ + 2 * kRowPadding;
 }
 
-double LVPrint::SummaryHeight() const {
-  return static_cast<double>(table_.summaries.size()) * RowHeight(1);
+double LVPrint::SummaryHeight() {
+  return static_cast<double>(WrapSummaries().size()) * RowHeight(1);
 }
 
-std::vector<std::string> LVPrint::Wrap(std::string_view text, std::size_t column, LongWord words) {
-  return WrapText(text, widths_[column] - kGutter, words,
+std::vector<std::string> LVPrint::Wrap(std::string_view text, double width, LongWord words) {
+  return WrapText(text, width, words,
                   [this](std::string_view piece) { return surface_.TextWidth(piece); });
+}
+
+double LVPrint::RoomIn(std::size_t column) const {
+  return widths_[column] - kGutter;
 }
 
 LVPrint::WrappedRow LVPrint::WrapRow(std::size_t row) {
@@ -93,7 +97,7 @@ LVPrint::WrappedRow LVPrint::WrapRow(std::size_t row) {
     // Part of a number would be read as another number.
     const bool isNumber = table_.columns[column].alignment == PrintAlignment::Right;
     auto& lines = wrapped[column];
-    lines = Wrap(cells[column], column, isNumber ? LongWord::Marked : LongWord::Broken);
+    lines = Wrap(cells[column], RoomIn(column), isNumber ? LongWord::Marked : LongWord::Broken);
     if (lines.size() > mostLines_) {
       lines.resize(mostLines_);
       lines.back() = kDoesNotFit;
@@ -107,7 +111,7 @@ LVPrint::WrappedRow LVPrint::WrapHeaders() {
   WrappedRow wrapped(widths_.size());
   for (std::size_t column = 0; column < widths_.size(); ++column) {
     if (widths_[column] == 0) continue;
-    wrapped[column] = Wrap(table_.columns[column].header, column, LongWord::Broken);
+    wrapped[column] = Wrap(table_.columns[column].header, RoomIn(column));
   }
   return wrapped;
 }
@@ -116,15 +120,40 @@ std::vector<std::string> LVPrint::WrapTitle() {
   surface_.SetFont(font_);
   const double width = surface_.ScaleWidth() - surface_.TextWidth("PAGE 99999") - kGutter;
   surface_.SetFont(titleFont_);
-  return WrapText(table_.title, width, LongWord::Broken,
-                  [this](std::string_view piece) { return surface_.TextWidth(piece); });
+  return Wrap(table_.title, width);
+}
+
+std::vector<std::string> LVPrint::WrapSubject() {
+  if (table_.subject.empty()) return {};
+  surface_.SetFont(font_);
+  return Wrap(table_.subject, surface_.ScaleWidth());
+}
+
+std::vector<PrintSummary> LVPrint::WrapSummaries() {
+  surface_.SetFont(headerFont_);
+  const auto wrap = [this](const std::string& text, double width) {
+    return text.empty() ? std::vector<std::string>{} : Wrap(text, width);
+  };
+  const double width = surface_.ScaleWidth() - kGutter;
+  std::vector<PrintSummary> lines;
+  for (const PrintSummary& summary : table_.summaries) {
+    const bool isBoth = !summary.left.empty() && !summary.right.empty();
+    const double half = isBoth ? (width - kGutter) / 2 : width;
+    std::vector<std::string> left = wrap(summary.left, half);
+    std::vector<std::string> right = wrap(summary.right, half);
+    const std::size_t count = std::max({left.size(), right.size(), std::size_t{1}});
+    left.resize(count);
+    right.resize(count);
+    for (std::size_t i = 0; i < count; ++i) lines.push_back({left[i], right[i]});
+  }
+  return lines;
 }
 
 void LVPrint::Paginate() {
   // A bold letter may be the higher one.
   lineHeight_ = std::max(LineHeight(font_), LineHeight(headerFont_));
   top_ = static_cast<double>(WrapTitle().size()) * LineHeight(titleFont_) + kTitleSpace +
-         lineHeight_ + kHeadingSpace +
+         static_cast<double>(1 + WrapSubject().size()) * lineHeight_ + kHeadingSpace +
          static_cast<double>(MostLines(WrapHeaders())) * LineHeight(headerFont_) + kHeaderPadding;
   const double room = surface_.ScaleHeight() - top_;
   mostLines_ = static_cast<std::size_t>(
@@ -185,8 +214,9 @@ void LVPrint::DrawPicture() {
 }
 
 void LVPrint::DrawSummaries() {
+  const std::vector<PrintSummary> lines = WrapSummaries();
   surface_.SetFont(headerFont_);
-  for (const PrintSummary& summary : table_.summaries) {
+  for (const PrintSummary& summary : lines) {
     const double y = currentY_ + kRowPadding;
     surface_.Print(kGutter / 2, y, summary.left);
     surface_.Print(surface_.ScaleWidth() - kGutter / 2 - surface_.TextWidth(summary.right), y,
@@ -207,6 +237,7 @@ bool LVPrint::Print(const PageNotice& notice) {
 
 void LVPrint::DrawHeading(int page) {
   const std::vector<std::string> title = WrapTitle();
+  const std::vector<std::string> subject = WrapSubject();
   surface_.SetForeColor(kBlack);
   const double titleHeight = LineHeight(titleFont_);
   for (const std::string& line : title) {
@@ -215,6 +246,10 @@ void LVPrint::DrawHeading(int page) {
   }
   currentY_ += kTitleSpace;
   surface_.SetFont(font_);
+  for (const std::string& line : subject) {
+    surface_.Print(0, currentY_, line);
+    currentY_ += lineHeight_;
+  }
   const std::string number = "PAGE " + std::to_string(page);
   surface_.Print(0, currentY_, date_);
   surface_.Print(surface_.ScaleWidth() - surface_.TextWidth(number), currentY_, number);
@@ -254,7 +289,7 @@ void LVPrint::DrawCell(const std::vector<std::string>& lines, std::size_t column
   const double lineHeight = surface_.TextHeight("A");
   double y = currentY_;
   for (const std::string& line : lines) {
-    const double free = widths_[column] - kGutter - surface_.TextWidth(line);
+    const double free = RoomIn(column) - surface_.TextWidth(line);
     double x = left + kGutter / 2;
     if (table_.columns[column].alignment == PrintAlignment::Right) x += free;
     if (table_.columns[column].alignment == PrintAlignment::Centre) x += free / 2;

@@ -46,15 +46,20 @@ class LVPrint {
   void SetWidths();
   void SetFontSize();
   void Paginate();
-  [[nodiscard]] std::vector<std::string> Wrap(std::string_view text, std::size_t column,
-                                              LongWord words);
+  // In the font in force.
+  [[nodiscard]] std::vector<std::string> Wrap(std::string_view text, double width,
+                                              LongWord words = LongWord::Broken);
+  [[nodiscard]] double RoomIn(std::size_t column) const;
   [[nodiscard]] bool HasPicture() const { return table_.picture != nullptr; }
   [[nodiscard]] bool IsTotal(std::size_t row) const { return table_.totals.contains(row); }
   [[nodiscard]] WrappedRow WrapRow(std::size_t row);
   [[nodiscard]] WrappedRow WrapHeaders();
   [[nodiscard]] std::vector<std::string> WrapTitle();
+  [[nodiscard]] std::vector<std::string> WrapSubject();
+  // Each line of the summaries that a page has, none wider than the page.
+  [[nodiscard]] std::vector<PrintSummary> WrapSummaries();
   [[nodiscard]] double RowHeight(std::size_t lines) const;
-  [[nodiscard]] double SummaryHeight() const;
+  [[nodiscard]] double SummaryHeight();
   // Where the page begins that the row does not fit on any more.
   [[nodiscard]] std::size_t FirstOfNextPage(std::size_t row) const;
   [[nodiscard]] double LineHeight(const PrintFont& font);

@@ -39,7 +39,8 @@ struct PrintArea {
 // Draws something that is no list into that part.
 using PrintPicture = std::function<void(PrintSurface& surface, const PrintArea& area)>;
 
-// A line below the rows, such as what they come to.
+// A line below the rows: what they are on the left ("14 transactions"), what they come to on the
+// right ("Balance: 614.49").
 struct PrintSummary {
   std::string left;
   std::string right;
@@ -48,6 +49,7 @@ struct PrintSummary {
 // A list as it is printed: its columns from left to right and its rows from top to bottom.
 struct PrintTable {
   std::string title = "Corvanta Printout";
+  std::string subject = {};  // below the title: which days and rows these are; empty for nothing
   std::vector<PrintColumn> columns;
   // A row may have fewer cells than there are columns; the others are empty.
   std::vector<std::vector<std::string>> rows;

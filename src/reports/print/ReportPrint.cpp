@@ -12,12 +12,16 @@
 namespace corvanta::inline reports {
 namespace {
 
-// About as a list on the screen would have it.
+// About as a list on the screen would have it. Digits are wider than most letters.
 constexpr int kPixelsOfCharacter = 7;
+constexpr int kPixelsOfDigit = 8;
 constexpr int kPixelsOfBold = 9;
 constexpr int kEdges = 14;
 constexpr std::size_t kFewest = 6;
 constexpr std::size_t kMost = 32;
+constexpr std::size_t kLongestWord = 20;
+// In letters that are small and yet legible; what is wider would lose figures.
+constexpr int kWidestLandscape = 1350;
 // What fits on upright paper in letters of the usual size.
 constexpr int kWidestPortrait = 800;
 constexpr int kMostDecimals = 6;
@@ -48,12 +52,70 @@ std::string CellText(const ReportTable& report, const ReportRow& row, std::size_
   return locale.FormatNumber(value.Double(), CurrencyDecimals(row.currency));
 }
 
-int WidthOf(const PrintTable& table, std::size_t column) {
-  std::size_t longest = kFewest;
-  for (const auto& cells : table.rows) longest = std::max(longest, TextLength(cells[column]));
-  const int cells = static_cast<int>(std::min(longest, kMost)) * kPixelsOfCharacter;
-  const int header = static_cast<int>(TextLength(table.columns[column].header)) * kPixelsOfBold;
-  return std::max(cells, header) + kEdges;
+std::size_t LongestWord(const std::string& text) {
+  std::size_t longest = 0;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find(' ', at), text.size());
+    longest = std::max(longest, TextLength(text.substr(at, end - at)));
+    at = end + 1;
+  }
+  return longest;
+}
+
+// What a column needs: so that no figure and no usual word is divided, and so that few cells are.
+struct ColumnNeed {
+  int least = 0;
+  int wished = 0;
+};
+
+ColumnNeed NeedOf(const PrintTable& table, std::size_t column) {
+  const bool isNumber = table.columns[column].alignment == PrintAlignment::Right;
+  const std::string& header = table.columns[column].header;
+  ColumnNeed need{static_cast<int>(LongestWord(header)) * kPixelsOfBold,
+                  static_cast<int>(TextLength(header)) * kPixelsOfBold};
+  for (std::size_t row = 0; row < table.rows.size(); ++row) {
+    const std::string& text = table.rows[row][column];
+    const int digit = table.totals.contains(row) ? kPixelsOfBold : kPixelsOfDigit;
+    const std::size_t word = isNumber ? TextLength(text) : LongestWord(text);
+    need.least = std::max(need.least,
+                          static_cast<int>(isNumber ? word : std::min(word, kLongestWord)) * digit);
+    const int whole = static_cast<int>(std::min(std::max(TextLength(text), kFewest), kMost));
+    need.wished = std::max(need.wished, whole * kPixelsOfCharacter);
+  }
+  need.wished = std::max(need.wished, need.least);
+  return {need.least + kEdges, need.wished + kEdges};
+}
+
+// What is too wide for a page in legible letters is taken from the columns that can wrap.
+void SetWidths(PrintTable& table) {
+  std::vector<ColumnNeed> needs;
+  int least = 0;
+  int wished = 0;
+  for (std::size_t column = 0; column < table.columns.size(); ++column) {
+    needs.push_back(NeedOf(table, column));
+    least += needs.back().least;
+    wished += needs.back().wished;
+  }
+  const double share = wished <= kWidestLandscape || wished == least
+                           ? 1
+                           : std::max(0.0, static_cast<double>(kWidestLandscape - least) /
+                                               static_cast<double>(wished - least));
+  for (std::size_t column = 0; column < table.columns.size(); ++column) {
+    const ColumnNeed& need = needs[column];
+    table.columns[column].width =
+        need.least + static_cast<int>(std::lround((need.wished - need.least) * share));
+  }
+  if (wished > kWidestPortrait) table.orientation = PrintOrientation::Landscape;
+}
+
+// The days that the figures are of, of a comparison both.
+std::string SubjectOf(const ReportTable& report, const Locale& locale) {
+  std::string subject;
+  for (const Period& period : report.periods) {
+    if (!subject.empty()) subject += ", compared with ";
+    subject += locale.FormatLongDate(period.from) + " to " + locale.FormatLongDate(period.to);
+  }
+  return subject;
 }
 
 }  // namespace
@@ -61,6 +123,7 @@ int WidthOf(const PrintTable& table, std::size_t column) {
 PrintTable PrintTableOf(const ReportTable& report, const Locale& locale) {
   PrintTable table;
   table.title = report.name;
+  table.subject = SubjectOf(report, locale);
   for (const ReportColumn& column : report.columns) {
     table.columns.push_back(
         {column.header, 0, column.HoldsNumbers() ? PrintAlignment::Right : PrintAlignment::Left});
@@ -73,12 +136,7 @@ PrintTable PrintTableOf(const ReportTable& report, const Locale& locale) {
     }
     table.rows.push_back(std::move(cells));
   }
-  int width = 0;
-  for (std::size_t column = 0; column < table.columns.size(); ++column) {
-    table.columns[column].width = WidthOf(table, column);
-    width += table.columns[column].width;
-  }
-  if (width > kWidestPortrait) table.orientation = PrintOrientation::Landscape;
+  SetWidths(table);
   return table;
 }
 

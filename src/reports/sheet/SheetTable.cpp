@@ -97,7 +97,76 @@ class ListColumnReader {
   SpreadsheetKind kind_ = SpreadsheetKind::Text;
 };
 
+// A figure with its name before it.
+struct NamedFigure {
+  std::string name;
+  double value = 0;
+  int decimals = 0;
+};
+
+std::optional<NamedFigure> FigureOf(const std::string& text, const Locale& locale) {
+  const std::size_t at = text.rfind(": ");
+  if (at == std::string::npos) return std::nullopt;
+  const std::string number = text.substr(at + 2);
+  const auto value = locale.ParseNumber(number);
+  if (!value) return std::nullopt;
+  std::string name = text.substr(0, at);
+  while (name.ends_with(' ')) name.pop_back();
+  return NamedFigure{name, *value, DecimalsOf(number, locale.DecimalSeparator())};
+}
+
+// Behind the first column, which has the name; nullopt where no column has amounts.
+std::optional<std::size_t> ColumnFor(const SpreadsheetTable& table, const std::string& name) {
+  std::optional<std::size_t> last;
+  for (std::size_t i = 1; i < table.columns.size(); ++i) {
+    if (table.columns[i].kind != SpreadsheetKind::Money) continue;
+    if (table.columns[i].header == name) return i;
+    last = i;
+  }
+  return last;
+}
+
+SpreadsheetRow SummaryRow(const SpreadsheetTable& table, const std::string& text,
+                          const Locale& locale) {
+  SpreadsheetRow row{std::vector<SpreadsheetCell>(table.columns.size()), 0, true};
+  row.cells.front() = text;
+  const auto figure = FigureOf(text, locale);
+  const auto column = figure ? ColumnFor(table, figure->name) : std::nullopt;
+  if (!column) return row;
+  row.cells.front() = figure->name;
+  row.cells[*column] = figure->value;
+  row.decimals = figure->decimals;
+  return row;
+}
+
+// The currency of each row: what its column says, and of a total what stands between brackets.
+std::vector<std::string> CurrenciesOf(const SpreadsheetTable& table, std::size_t column) {
+  std::vector<std::string> currencies;
+  for (const SpreadsheetRow& row : table.rows) {
+    const auto* text = std::get_if<std::string>(&row.cells[row.isTotal ? 0 : column]);
+    std::string code = text == nullptr ? std::string() : *text;
+    if (row.isTotal) {
+      const std::size_t open = code.rfind('(');
+      code = open != std::string::npos && code.ends_with(')')
+                 ? code.substr(open + 1, code.size() - open - 2)
+                 : std::string();
+    }
+    currencies.push_back(std::move(code));
+  }
+  return currencies;
+}
+
 }  // namespace
+
+void AddSummaries(SpreadsheetTable& table, const std::vector<PrintSummary>& summaries,
+                  const Locale& locale) {
+  if (table.columns.empty()) return;
+  for (const PrintSummary& summary : summaries) {
+    for (const std::string& text : {summary.left, summary.right}) {
+      if (!text.empty()) table.rows.push_back(SummaryRow(table, text, locale));
+    }
+  }
+}
 
 SpreadsheetTable SheetOf(const ReportTable& report) {
   SpreadsheetTable table;
@@ -139,7 +208,15 @@ SpreadsheetTable SheetOf(const PrintTable& list, const Locale& locale) {
     }
     table.rows.push_back(std::move(line));
   }
-  AddSums(table, std::nullopt, {});
+  AddSummaries(table, list.summaries, locale);
+  const auto currency =
+      std::ranges::find(table.columns, std::string("Currency"), &SpreadsheetColumn::header);
+  if (currency == table.columns.end()) {
+    AddSums(table, std::nullopt, {});
+  } else {
+    const auto column = static_cast<std::size_t>(currency - table.columns.begin());
+    AddSums(table, column, CurrenciesOf(table, column));
+  }
   return table;
 }
 

@@ -145,6 +145,12 @@ TEST(ChartData, ColoursOfAChartDiffer) {
     const ChartData chart = BuildChart(CashFlowReport());
     EXPECT_NE(ChartColour(chart.series[0], 0, isDark), ChartColour(chart.series[1], 1, isDark));
     EXPECT_NE(ChartColour(chart.series[0], 0, isDark), ChartColour(chart.series[2], 2, isDark));
+    ReportTable gains = ReportOf(10, "Investment Gains and Losses",
+                                 {TextColumn("Name"), MoneyColumn("Total"), MoneyColumn("Gain")});
+    AddGroup(gains, "EUR", {"Acme", 100.0, 20.0});
+    const ChartData worth = BuildChart(gains);
+    ASSERT_EQ(worth.series.size(), 2U);
+    EXPECT_NE(ChartColour(worth.series[0], 0, isDark), ChartColour(worth.series[1], 1, isDark));
   }
 }
 

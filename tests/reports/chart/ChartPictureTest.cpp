@@ -1,5 +1,4 @@
 #include "platform/Files.h"
-#include "platform/RoundScale.h"
 #include "reports/chart/ChartFile.h"
 #include "reports/chart/ChartPicture.h"
 #include "reports/chart/ReportRows.h"
@@ -104,15 +103,45 @@ TEST(ReportPrint, AReportIsPrintedAsTheLocaleWritesIt) {
   for (const PrintColumn& column : table.columns) EXPECT_GT(column.width, 0);
 }
 
-TEST(RoundScale, MarksCanBeCountedWith) {
-  EXPECT_EQ(ScaleOf(0, 200, 5).Marks(), (std::vector<double>{0, 50, 100, 150, 200}));
-  const RoundScale small = ScaleOf(-0.013, 0.02, 5);
-  EXPECT_EQ(small.decimals, 2);
-  EXPECT_LE(small.low, -0.013);
-  EXPECT_GE(small.high, 0.02);
-  const RoundScale none = ScaleOf(7, 7, 5);
-  EXPECT_LT(none.low, 7);
-  EXPECT_GT(none.high, 7);
+// Letters as wide as those of a usual typeface, whose bold digits are the widest.
+class InkSurface : public RecordingSurface {
+ public:
+  using RecordingSurface::RecordingSurface;
+  void SetFont(const PrintFont& font) override {
+    RecordingSurface::SetFont(font);
+    em_ = font.size * (font.isBold ? 0.7 : 0.64) * 25.4 / 72;
+  }
+  [[nodiscard]] double TextWidth(std::string_view text) override {
+    return RecordingSurface::TextWidth(text) * em_;
+  }
+
+ private:
+  double em_ = 0;
+};
+
+TEST(ReportPrint, NoFigureIsLostOnAWidePage) {
+  const FixedLocale locale;
+  ReportTable report = ReportOf(
+      3, "Account Transactions",
+      {TextColumn("Account"), TextColumn("Payee"), TextColumn("Category"), TextColumn("Ref"),
+       TextColumn("Description"), TextColumn("Status"), MoneyColumn("Income"),
+       MoneyColumn("Expense"), MoneyColumn("Balance"), TextColumn("Currency")});
+  const std::string name = "A name of many words that goes on and on beyond a line";
+  ReportRow row;
+  row.currency = "EUR";
+  row.cells = {name, name,       name,        "676861", name + name,
+               "C",  1234567.89, -7654321.01, 88009.74, "EUR"};
+  report.rows = {row, row};
+  report.rows.back().kind = ReportRowKind::Total;
+  const PrintTable table = PrintTableOf(report, locale);
+  EXPECT_EQ(table.orientation, PrintOrientation::Landscape);
+  InkSurface surface(267, 180);
+  LVPrint(table, "today", surface).Print();
+  for (const auto& page : surface.Pages()) {
+    for (const auto& text : page.texts) EXPECT_NE(text.text, "* * *");
+  }
+  EXPECT_NE(surface.Find(0, "676861"), nullptr) << "a reference is not divided";
+  EXPECT_NE(surface.Find(0, "-7,654,321.01"), nullptr);
 }
 
 }  // namespace

@@ -183,6 +183,32 @@ TEST(LVPrint, WhatTheRowsComeToStandsBelowTheLastOne) {
   EXPECT_GT(surface.Find(last, "-5.00")->y, sum->y);
 }
 
+TEST(LVPrint, LongLinesAroundTheRowsAreWrappedAndNeverCut) {
+  PrintTable table = TableOf(5);
+  table.subject =
+      "1 January 2026 to 31 December 2026, and the rates that all of it was converted at";
+  std::string figures = "Total (EUR): 1,234,567.00";
+  for (const char* code : {"GBP", "JPY", "USD", "CHF", "SEK"}) {
+    figures += std::string("  Total (") + code + "): 7,654,321.00";
+  }
+  table.summaries = {{"5 payees with a very long word about what they are in this list", figures}};
+  for (const double height : {80.0, 100.0, 300.0}) {
+    RecordingSurface surface(100, height);
+    LVPrint(table, kDate, surface).Print();
+    std::string all;
+    for (const auto& page : surface.Pages()) {
+      for (const auto& text : page.texts) {
+        EXPECT_GE(text.x, 0) << text.text;
+        EXPECT_LE(text.x + text.width, 100) << text.text;
+        EXPECT_LE(text.y + 5, height) << text.text;
+        all += text.text + " ";
+      }
+    }
+    EXPECT_NE(all.find("converted at"), std::string::npos);
+    EXPECT_NE(all.find("(SEK):"), std::string::npos);
+  }
+}
+
 TEST(LVPrint, APictureHasTheFirstPage) {
   PrintTable table = TableOf(3);
   table.title = "Spending by Payee";

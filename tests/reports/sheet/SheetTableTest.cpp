@@ -1,8 +1,7 @@
 #include "platform/Locale.h"
-#include "platform/SpreadsheetProgram.h"
+#include "platform/Spreadsheet.h"
 #include "reports/print/PrintTable.h"
 #include "reports/query/ReportTable.h"
-#include "reports/sheet/SheetExport.h"
 #include "reports/sheet/SheetTable.h"
 #include "support/FixedLocale.h"
 #include "support/TemporaryFolder.h"
@@ -159,21 +158,36 @@ TEST(SheetTable, AListIsReadAsTheLocaleWritesIt) {
   EXPECT_NE(SumAt(sheet, 2, 2), nullptr);
 }
 
-// What other programs make of it, where one is installed.
-TEST(SheetTable, SpreadsheetProgramsOpenIt) {
-  const SpreadsheetProgram program(ProgramFolders());
-  if (!program.IsInstalled()) GTEST_SKIP() << "no spreadsheet program";
-  ReportTable report = Summary();
-  report.columns.push_back(Column("Date", ReportColumn::Content::Date));
-  report.rows[0].cells.push_back(Value("2026-11-21"));
-  WorkbookSpreadsheet spreadsheet;
-  const std::string workbook = spreadsheet.Render(SheetOf(report), SpreadsheetForm::Xlsx);
-  const std::string read = program.Convert(workbook, "csv");
-  EXPECT_TRUE(Holds(read, "Giro,2,10.25,110.5,EUR,")) << read;
-  EXPECT_TRUE(Holds(read, "=1+1,3,500,900,JPY")) << read;
-  EXPECT_TRUE(Holds(read, "Total (EUR),6,10.35,999,EUR")) << read;
-  EXPECT_TRUE(
-      spreadsheet.Render(SheetOf(report), SpreadsheetForm::Xls).starts_with("\xD0\xCF\x11\xE0"));
+TEST(SheetTable, WhatStandsBelowAListFollowsItsRows) {
+  const FixedLocale locale;
+  PrintTable list;
+  list.columns = {{"Account", 90},
+                  {"Currency", 90},
+                  {"Opening", 90, PrintAlignment::Right},
+                  {"Balance", 90, PrintAlignment::Right}};
+  list.rows = {{"Bank", "EUR", "1.00", "1,200.50"},
+               {"Purse", "EUR", "2.00", "34.00"},
+               {"Yen", "JPY", "3", "500"}};
+  list.summaries = {{"3 accounts", "Total (EUR): 1,234.50"},
+                    {"", "Total (JPY): 500"},
+                    {"", "Opening : 6.00"},
+                    {"", "Total (EUR): 5.00, gain 2.00"}};
+  const SpreadsheetTable sheet = SheetOf(list, locale);
+  ASSERT_EQ(sheet.rows.size(), 8U);
+  const auto name = [&](std::size_t row) {
+    return std::get<std::string>(sheet.rows[row].cells.front());
+  };
+  EXPECT_EQ(name(3), "3 accounts");
+  EXPECT_EQ(name(4), "Total (EUR)");
+  ASSERT_NE(SumAt(sheet, 4, 3), nullptr);
+  EXPECT_EQ(SumAt(sheet, 4, 3)->only->text, "EUR");
+  EXPECT_EQ(SumAt(sheet, 5, 3)->value, 500);
+  EXPECT_EQ(sheet.rows[4].decimals, 2);
+  EXPECT_EQ(sheet.rows[5].decimals, 0);
+  EXPECT_EQ(name(6), "Opening");
+  EXPECT_NE(SumAt(sheet, 6, 2), nullptr) << "in the column of that name";
+  EXPECT_EQ(name(7), "Total (EUR): 5.00, gain 2.00") << "what is no figure stays as it is";
+  for (std::size_t row = 3; row < sheet.rows.size(); ++row) EXPECT_TRUE(sheet.rows[row].isTotal);
 }
 
 }  // namespace
