@@ -209,6 +209,12 @@ class MainActions : public QObject {
   QAction* InViews(QAction* action) const;
   QMenu* AddMenu(QMenuBar& menus, const char* name, const QString& text) const;
   static QMenu* AddSubmenu(QMenu& menu, const char* name, const QString& text);
+  void FillFileMenu(QMenu& file) const;
+  void FillEditMenu(QMenu& edit) const;
+  void FillAccountMenu(QMenu& accounts) const;
+  void FillScheduleMenu(QMenu& schedules) const;
+  void FillToolMenu(QMenu& tools) const;
+  void FillHelpMenu(QMenu& help) const;
   void FillInvestMenu(QMenu& investments) const;
   void FillViewMenu(QMenu& view) const;
   void FillReportMenu(QMenu& reports) const;

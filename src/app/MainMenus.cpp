@@ -21,60 +21,77 @@ QMenu* MainActions::AddSubmenu(QMenu& menu, const char* name, const QString& tex
 }
 
 void MainActions::FillMenus(QMenuBar& menus) const {
-  QMenu* file = AddMenu(menus, "mnuFile", tr("&File"));
-  file->addActions({mnuFileNew, mnuFileOpen});
-  file->addMenu(mnuFileRecent);
-  file->addAction(mnuFileSaveAs);
-  file->addSeparator();
-  file->addActions(
-      {mnuFileBackup, mnuFileRestore, mnuFileSalvage, mnuFileArchive, mnuFileTransfer});
-  file->addSeparator();
-  file->addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
-  file->addSeparator();
-  file->addActions({mnuFileImport, mnuFileExport, mnuFileSpreadsheet});
-  file->addSeparator();
-  file->addActions({mnuFilePrint, mnuFilePreview, mnuFilePageSetup});
-  file->addSeparator();
-  file->addAction(mnuFileOptions);
-  file->addSeparator();
-  file->addAction(mnuFileExit);
-  QMenu* edit = AddMenu(menus, "mnuEdit", tr("&Edit"));
-  edit->addActions({mnuEditUndo, mnuEditRedo});
-  edit->addSeparator();
-  edit->addActions({mnuEditInsert, mnuEditDetails});
-  edit->addSeparator();
-  edit->addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
-  edit->addSeparator();
-  edit->addActions({mnuEditFind, mnuEditGoTo});
-  QMenu* accounts = AddMenu(menus, "mnuAccounts", tr("&Accounts"));
-  accounts->addActions({mnuAccountNew, mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
-  accounts->addSeparator();
-  accounts->addAction(mnuAccountList);
+  FillFileMenu(*AddMenu(menus, "mnuFile", tr("&File")));
+  FillEditMenu(*AddMenu(menus, "mnuEdit", tr("&Edit")));
+  FillAccountMenu(*AddMenu(menus, "mnuAccounts", tr("&Accounts")));
   FillTransactions(*AddMenu(menus, "mnuTransactions", tr("&Transactions")));
-  QMenu* schedules = AddMenu(menus, "mnuSchedule", tr("&Schedule"));
-  schedules->addActions({mnuScheduleAdd, mnuScheduleEdit, mnuScheduleDelete});
-  schedules->addSeparator();
-  schedules->addActions({mnuScheduleCopy, mnuSchedulePaste});
-  QMenu* categories = AddMenu(menus, "mnuCategories", tr("&Categories"));
-  categories->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
-  QMenu* payees = AddMenu(menus, "mnuPayees", tr("&Payees"));
-  payees->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
+  FillScheduleMenu(*AddMenu(menus, "mnuSchedule", tr("&Schedule")));
+  AddMenu(menus, "mnuCategories", tr("&Categories"))
+      ->addActions({mnuCategoryAdd, mnuCategoryEdit, mnuCategoryDelete});
+  AddMenu(menus, "mnuPayees", tr("&Payees"))
+      ->addActions({mnuPayeeNew, mnuPayeeEdit, mnuPayeeDelete});
   FillInvestMenu(*AddMenu(menus, "mnuInvestments", tr("&Investments")));
   FillReportMenu(*AddMenu(menus, "mnuReports", tr("&Reports")));
-  QMenu* tools = AddMenu(menus, "mnuTools", tr("T&ools"));
-  tools->addActions({mnuToolsCalculator, mnuToolsCurrency, mnuToolsKeywords});
-  tools->addSeparator();
-  tools->addActions({mnuToolsLoan, mnuToolsMortgage});
-  tools->addSeparator();
-  tools->addActions(
-      {mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources, mnuToolsCurrencies});
+  FillToolMenu(*AddMenu(menus, "mnuTools", tr("T&ools")));
   FillViewMenu(*AddMenu(menus, "mnuView", tr("&View")));
-  QMenu* help = AddMenu(menus, "mnuHelp", tr("&Help"));
-  help->addActions({mnuHelpContents, mnuHelpPage});
-  help->addSeparator();
-  help->addActions({mnuHelpWelcome, mnuHelpTips});
-  help->addSeparator();
-  help->addAction(mnuHelpAbout);
+  FillHelpMenu(*AddMenu(menus, "mnuHelp", tr("&Help")));
+}
+
+void MainActions::FillFileMenu(QMenu& file) const {
+  file.addActions({mnuFileNew, mnuFileOpen});
+  file.addMenu(mnuFileRecent);
+  file.addAction(mnuFileSaveAs);
+  file.addSeparator();
+  file.addActions({mnuFileBackup, mnuFileRestore, mnuFileSalvage, mnuFileArchive, mnuFileTransfer});
+  file.addSeparator();
+  file.addActions({mnuFileValidate, mnuFilePassword, mnuFilePassphrase, mnuFileKey});
+  file.addSeparator();
+  file.addActions({mnuFileImport, mnuFileExport, mnuFileSpreadsheet});
+  file.addSeparator();
+  file.addActions({mnuFilePrint, mnuFilePreview, mnuFilePageSetup});
+  file.addSeparator();
+  file.addAction(mnuFileOptions);
+  file.addSeparator();
+  file.addAction(mnuFileExit);
+}
+
+void MainActions::FillEditMenu(QMenu& edit) const {
+  edit.addActions({mnuEditUndo, mnuEditRedo});
+  edit.addSeparator();
+  edit.addActions({mnuEditInsert, mnuEditDetails});
+  edit.addSeparator();
+  edit.addActions({mnuEditCopy, mnuEditPaste, mnuEditDelete, mnuEditSelect});
+  edit.addSeparator();
+  edit.addActions({mnuEditFind, mnuEditGoTo});
+}
+
+void MainActions::FillAccountMenu(QMenu& accounts) const {
+  accounts.addActions({mnuAccountNew, mnuAccountAdd, mnuAccountEdit, mnuAccountDelete});
+  accounts.addSeparator();
+  accounts.addAction(mnuAccountList);
+}
+
+void MainActions::FillScheduleMenu(QMenu& schedules) const {
+  schedules.addActions({mnuScheduleAdd, mnuScheduleEdit, mnuScheduleDelete});
+  schedules.addSeparator();
+  schedules.addActions({mnuScheduleCopy, mnuSchedulePaste});
+}
+
+void MainActions::FillToolMenu(QMenu& tools) const {
+  tools.addActions({mnuToolsCalculator, mnuToolsCurrency, mnuToolsKeywords});
+  tools.addSeparator();
+  tools.addActions({mnuToolsLoan, mnuToolsMortgage});
+  tools.addSeparator();
+  tools.addActions(
+      {mnuToolsShares, mnuToolsLookup, mnuToolsRates, mnuToolsSources, mnuToolsCurrencies});
+}
+
+void MainActions::FillHelpMenu(QMenu& help) const {
+  help.addActions({mnuHelpContents, mnuHelpPage});
+  help.addSeparator();
+  help.addActions({mnuHelpWelcome, mnuHelpTips});
+  help.addSeparator();
+  help.addAction(mnuHelpAbout);
 }
 
 void MainActions::FillTransactions(QMenu& transactions) const {

@@ -8,6 +8,8 @@
 #include "ledger/clsCorvanta.h"
 #include "safety/ArchiveEditor.h"
 
+#include <filesystem>
+
 namespace corvanta::inline cli {
 
 Parser* ArchiveCommand::Declare(Parser& parser) {
@@ -37,7 +39,7 @@ ExitStatus ArchiveCommand::Run(Session& session) {
   ArchiveEditor editor(ledger, {file->connection->Path(), file->password}, session.Machine(),
                        session.Opener().AsWriter());
   ArchiveForm form = editor.Load();
-  form.path = file_;
+  form.path = std::filesystem::absolute(file_).string();
   form.before = Date::FromIso(before_);
   form.onlyReconciled = onlyReconciled_;
   if (!TakeAccounts(ledger, session, form)) return ExitStatus::Refused;

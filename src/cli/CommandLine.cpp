@@ -191,62 +191,86 @@ void CommandLine::DeclareOptions(Parser& parser) {
       ->Check(WaitFault);
 }
 
+template <typename Declared, typename... Arguments>
+void CommandLine::Declare(Parser& parser, Arguments... arguments) {
+  auto command = std::make_unique<Declared>(arguments...);
+  Parser* declared = command->Declare(parser);
+  commands_.emplace_back(declared, std::move(command));
+}
+
+// In the order in which the help lists them.
 void CommandLine::DeclareCommands(Parser& parser) {
   commands_.clear();
-  const auto add = [&](std::unique_ptr<Command> command) {
-    Parser* declared = command->Declare(parser);
-    commands_.emplace_back(declared, std::move(command));
-  };
-  add(std::make_unique<NewCommand>());
-  add(std::make_unique<ValidateCommand>());
-  add(std::make_unique<SqlCommand>());
-  add(std::make_unique<SettingsCommand>());
-  add(std::make_unique<KeyCommand>());
-  add(std::make_unique<PasswordCommand>());
-  add(std::make_unique<PassphraseCommand>());
-  add(std::make_unique<BackupCommand>());
-  add(std::make_unique<RestoreCommand>());
-  add(std::make_unique<TransferCommand>());
-  add(std::make_unique<ArchiveCommand>());
-  add(std::make_unique<SalvageCommand>());
-  add(std::make_unique<AccountsCommand>());
-  add(std::make_unique<BalanceCommand>());
-  add(std::make_unique<RegisterCommand>());
-  add(std::make_unique<FindCommand>());
-  add(std::make_unique<AddCommand>());
-  add(std::make_unique<EditCommand>());
-  add(std::make_unique<SplitCommand>());
-  add(std::make_unique<MultiEditCommand>());
-  add(std::make_unique<AutofillCommand>());
-  add(std::make_unique<ScheduleCommand>());
-  add(std::make_unique<PostCommand>());
-  add(std::make_unique<RemindersCommand>());
-  add(std::make_unique<WatchCommand>());
-  add(std::make_unique<ReconcileCommand>());
-  add(std::make_unique<SetStatusCommand>());
-  add(std::make_unique<DeleteCommand>());
-  add(std::make_unique<AttachCommand>());
-  add(std::make_unique<CategoryCommand>());
-  add(std::make_unique<EditorCommand<PayeeRecord>>("payee", "Payee"));
-  add(std::make_unique<EditorCommand<PaymentRecord>>("payment", "Payment"));
-  add(std::make_unique<EditorCommand<BankRecord>>("bank", "Bank"));
-  add(std::make_unique<EditorCommand<AccountGroupRecord>>("group", "Group"));
-  add(std::make_unique<EditorCommand<CurrencyRecord>>("currency", "Currency"));
-  add(std::make_unique<KeywordCommand>());
-  add(std::make_unique<InvestCommand>());
-  add(std::make_unique<MergeCommand>());
-  add(std::make_unique<ImportCommand>());
-  add(std::make_unique<ExportCommand>());
-  add(std::make_unique<PriceCommand>());
-  add(std::make_unique<DownloadCommand>());
-  add(std::make_unique<RateCommand>());
-  add(std::make_unique<SourceCommand>());
-  add(std::make_unique<HoldingsCommand>());
-  add(std::make_unique<ReportCommand>());
-  add(std::make_unique<ExplainCommand>());
-  add(std::make_unique<LoanCommand>(LoanMode::Loan));
-  add(std::make_unique<LoanCommand>(LoanMode::Mortgage));
-  add(std::make_unique<CompletionCommand>());
+  DeclareFiles(parser);
+  DeclareEntries(parser);
+  DeclareLists(parser);
+  DeclareExchange(parser);
+  DeclareReports(parser);
+}
+
+void CommandLine::DeclareFiles(Parser& parser) {
+  Declare<NewCommand>(parser);
+  Declare<ValidateCommand>(parser);
+  Declare<SqlCommand>(parser);
+  Declare<SettingsCommand>(parser);
+  Declare<KeyCommand>(parser);
+  Declare<PasswordCommand>(parser);
+  Declare<PassphraseCommand>(parser);
+  Declare<BackupCommand>(parser);
+  Declare<RestoreCommand>(parser);
+  Declare<TransferCommand>(parser);
+  Declare<ArchiveCommand>(parser);
+  Declare<SalvageCommand>(parser);
+}
+
+void CommandLine::DeclareEntries(Parser& parser) {
+  Declare<AccountsCommand>(parser);
+  Declare<BalanceCommand>(parser);
+  Declare<RegisterCommand>(parser);
+  Declare<FindCommand>(parser);
+  Declare<AddCommand>(parser);
+  Declare<EditCommand>(parser);
+  Declare<SplitCommand>(parser);
+  Declare<MultiEditCommand>(parser);
+  Declare<AutofillCommand>(parser);
+  Declare<ScheduleCommand>(parser);
+  Declare<PostCommand>(parser);
+  Declare<RemindersCommand>(parser);
+  Declare<WatchCommand>(parser);
+  Declare<ReconcileCommand>(parser);
+  Declare<SetStatusCommand>(parser);
+  Declare<DeleteCommand>(parser);
+  Declare<AttachCommand>(parser);
+}
+
+void CommandLine::DeclareLists(Parser& parser) {
+  Declare<CategoryCommand>(parser);
+  Declare<EditorCommand<PayeeRecord>>(parser, "payee", "Payee");
+  Declare<EditorCommand<PaymentRecord>>(parser, "payment", "Payment");
+  Declare<EditorCommand<BankRecord>>(parser, "bank", "Bank");
+  Declare<EditorCommand<AccountGroupRecord>>(parser, "group", "Group");
+  Declare<EditorCommand<CurrencyRecord>>(parser, "currency", "Currency");
+  Declare<KeywordCommand>(parser);
+  Declare<InvestCommand>(parser);
+  Declare<MergeCommand>(parser);
+}
+
+void CommandLine::DeclareExchange(Parser& parser) {
+  Declare<ImportCommand>(parser);
+  Declare<ExportCommand>(parser);
+  Declare<PriceCommand>(parser);
+  Declare<DownloadCommand>(parser);
+  Declare<RateCommand>(parser);
+  Declare<SourceCommand>(parser);
+}
+
+void CommandLine::DeclareReports(Parser& parser) {
+  Declare<HoldingsCommand>(parser);
+  Declare<ReportCommand>(parser);
+  Declare<ExplainCommand>(parser);
+  Declare<LoanCommand>(parser, LoanMode::Loan);
+  Declare<LoanCommand>(parser, LoanMode::Mortgage);
+  Declare<CompletionCommand>(parser);
 }
 
 ExitStatus CommandLine::RunChosen() {

@@ -30,6 +30,14 @@ class CommandLine {
   [[nodiscard]] std::string UsageFault(const Parser& parser, const UsageError& error) const;
   void DeclareOptions(Parser& parser);
   void DeclareCommands(Parser& parser);
+  void DeclareFiles(Parser& parser);
+  void DeclareEntries(Parser& parser);
+  void DeclareLists(Parser& parser);
+  void DeclareExchange(Parser& parser);
+  void DeclareReports(Parser& parser);
+  // Makes the command of that kind and has it say its arguments.
+  template <typename Declared, typename... Arguments>
+  void Declare(Parser& parser, Arguments... arguments);
   ExitStatus Report(const std::string& title, const std::string& text, ExitStatus status);
 
   std::ostream& out_;

@@ -169,10 +169,11 @@ std::string FishCompletion(const std::string& program, const Places& places) {
     for (const CompletionWord& word : place.words) {
       const std::string rule =
           fmt::format("complete -c {} -n {}", program, Fish(at + ' ' + Fish(place.command)));
+      // Where a command is to be chosen files are in the way.
       const std::string option = word.word.starts_with("--")
                                      ? "-l " + word.word.substr(2)
                                      : (word.word.starts_with('-') ? "-s " + word.word.substr(1)
-                                                                   : "-a " + Fish(word.word));
+                                                                   : "-f -a " + Fish(word.word));
       rules += fmt::format("{} {}{} -d {}\n", rule, option, word.takesValue ? " -r" : "",
                            Fish(word.meaning));
     }

@@ -58,6 +58,7 @@ void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptio
 int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* more) const {
   if (hint == kListLines) return drawsListLines_ ? 1 : 0;
+  if (hint == SH_LineEdit_PasswordCharacter) return '*';
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 

@@ -9,6 +9,7 @@
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "safety/RestoreEditor.h"
+#include "safety/WholePath.h"
 #include "store/datafile/opening/FileSteps.h"
 
 #include <filesystem>
@@ -50,6 +51,7 @@ std::optional<Warning> ArchiveEditor::Check(const ArchiveForm& form) const {
   if (Trim(form.path).empty()) {
     return Warning{kTitle, "You need to enter an Archive file", "txtArchive"};
   }
+  if (auto fault = WholePathFault(form.path, "archive file", kTitle, "txtArchive")) return fault;
   if (IdentityOf(form.path).has_value()) {
     return Warning{kTitle,
                    "There is a file " + form.path + " already. Enter another name for the archive.",

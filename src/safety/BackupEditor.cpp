@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
+#include "safety/WholePath.h"
 #include "store/datafile/backup/BackupMark.h"
 #include "store/datafile/opening/FileSteps.h"
 
@@ -31,6 +32,7 @@ std::optional<Warning> BackupEditor::Check(const BackupForm& form) const {
   if (Trim(form.path).empty()) {
     return Warning{kTitle, "You need to enter a Backup file", kField};
   }
+  if (auto fault = WholePathFault(form.path, "backup file", kTitle, kField)) return fault;
   if (FolderExists(form.path)) {
     return Warning{kTitle, "This is a folder. Enter the name of a file in it.", kField};
   }

@@ -5,6 +5,7 @@
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
 #include "safety/FileStore.h"
+#include "safety/WholePath.h"
 #include "store/datafile/FilePasswords.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/opening/FileSteps.h"
@@ -58,6 +59,7 @@ std::optional<Warning> SalvageEditor::Check(const SalvageForm& form) {
   if (Trim(form.path).empty()) {
     return Warning{kTitle, "You need to enter a name for the new Data file", kTargetField};
   }
+  if (auto fault = WholePathFault(form.path, "new Data file", kTitle, kTargetField)) return fault;
   if (FolderExists(form.path)) {
     return Warning{kTitle, "This is a folder. Enter the name of a file in it.", kTargetField};
   }

@@ -2,6 +2,7 @@
 #include "app/FrmPassword.h"
 #include "app/FrmRecoveryKey.h"
 #include "app/FrmTips.h"
+#include "controls/OutlinedStyle.h"
 #include "ledger/PasswordTries.h"
 #include "platform/Files.h"
 #include "platform/SettingsTable.h"
@@ -186,6 +187,11 @@ TEST_F(Dialogs, ThePasswordIsShownOnlyOnDemand) {
   EXPECT_EQ(typed.echoMode(), QLineEdit::Normal);
   Find<QCheckBox>(dialog, "chkShowPwd").setChecked(false);
   EXPECT_EQ(typed.echoMode(), QLineEdit::Password);
+  OutlinedStyle style;
+  typed.setStyle(&style);
+  QTest::keyClicks(&typed, QStringLiteral("abc"));
+  EXPECT_EQ(typed.displayText(), "***");
+  typed.setStyle(nullptr);
   QTest::keyClick(&typed, Qt::Key_Escape);
   EXPECT_EQ(dialog.result(), QDialog::Rejected);
 }

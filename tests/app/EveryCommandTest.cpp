@@ -1,6 +1,7 @@
-// Walks every entry of every menu and every button of the ribbon, in every view: there is a dialog,
-// a question, another view or another effect behind each. What is added to the menus is walked,
-// too; where it shows nothing by itself, Prepare() sets the scene for it.
+// Walks every entry of every menu, of the menus of lists and of their heads, and every button of
+// the ribbon, in every view: there is a dialog, a question, another view or another effect behind
+// each. What is added to the menus is walked, too; where it shows nothing by itself, Prepare() sets
+// the scene for it.
 #include "app/FrmMain.h"
 #include "app/LedgerSession.h"
 #include "app/QtProgress.h"
@@ -28,6 +29,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <set>
 
 namespace corvanta {
@@ -222,6 +224,52 @@ class EveryCommand : public testing::Test {
     const std::vector<QAction*> entries = Entries();
     return place < entries.size() ? entries[place] : nullptr;
   }
+  // A menu that a right click opens, and its entries as they stand while it is open.
+  struct Popup {
+    std::vector<QAction*> entries;
+    std::shared_ptr<QMenu> menu;  // where it is made anew whenever it opens
+  };
+  // The menu of the list's first row, or of its second head.
+  Popup Open(SortedTable& table, bool isHead) {
+    Popup popup;
+    QWidget* place = isHead ? static_cast<QWidget*>(table.horizontalHeader()) : &table;
+    if (place->contextMenuPolicy() == Qt::ActionsContextMenu) {
+      for (QAction* action : place->actions()) {
+        if (!action->isSeparator()) popup.entries.push_back(action);
+      }
+      return popup;
+    }
+    closer_.stop();
+    const QHeaderView& head = *table.horizontalHeader();
+    QPoint at = table.visualRect(table.model()->index(0, 0)).center();
+    if (isHead) at = QPoint(head.sectionViewportPosition(head.logicalIndex(1)) + 8, 8);
+    Q_EMIT place->customContextMenuRequested(at);
+    if (auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget())) {
+      if (menu->testAttribute(Qt::WA_DeleteOnClose)) popup.menu.reset(menu);
+      menu->setAttribute(Qt::WA_DeleteOnClose, false);
+      Collect(*menu, popup.entries);
+      menu->close();
+    }
+    closer_.start(0);
+    return popup;
+  }
+  // Does what a click on the entry of that number does, and says whether anything came of it.
+  void ExpectEffect(std::string_view view, bool isHead, std::size_t place) {
+    Arrange(view);
+    Prepare(NameOf(*Open(*Table(), isHead).entries.at(place)), view);
+    const Popup popup = Open(*Table(), isHead);
+    ASSERT_LT(place, popup.entries.size());
+    QAction& entry = *popup.entries[place];
+    const std::string name = NameOf(entry).toStdString();
+    if (CanBeChosen(entry)) {
+      const QString before = Seen();
+      entry.trigger();
+      QApplication::processEvents();
+      EXPECT_TRUE(Seen() != before) << name << " does nothing in " << view;
+      // A column that was hidden comes back.
+      if (popup.menu && entry.isCheckable()) entry.trigger();
+    }
+  }
   static QString NameOf(const QAction& action) {
     return action.objectName().isEmpty() ? action.text() : action.objectName();
   }
@@ -307,6 +355,36 @@ TEST_P(EveryCommandIn, TheRibbonDoesSomething) {
     QTest::mouseClick(button, Qt::LeftButton);
     QApplication::processEvents();
     EXPECT_TRUE(Seen() != before) << name.toStdString() << " does nothing in " << view;
+  }
+}
+
+TEST_P(EveryCommandIn, TheMenusOfItsListDoSomething) {
+  const std::string_view view = GetParam();
+  for (const bool isHead : {false, true}) {
+    Arrange(view);
+    if (Table() == nullptr) return;
+    const std::size_t count = Open(*Table(), isHead).entries.size();
+    EXPECT_GT(count, 2U) << (isHead ? "of the head" : "of a row");
+    for (std::size_t place = 0; place < count && !HasFatalFailure(); ++place) {
+      ExpectEffect(view, isHead, place);
+    }
+    for (const std::string& trouble : prompts_.troubles) ADD_FAILURE() << trouble;
+  }
+}
+
+TEST_P(EveryCommandIn, TheHeadsOfItsColumnsSort) {
+  Arrange(GetParam());
+  SortedTable* table = Table();
+  if (table == nullptr) return;
+  QHeaderView& head = *table->horizontalHeader();
+  for (int column = 0; column < head.count(); ++column) {
+    if (head.isSectionHidden(column)) continue;
+    const QPoint middle(head.sectionViewportPosition(column) + head.sectionSize(column) / 2,
+                        head.height() / 2);
+    const SortState before = table->Sorted();
+    QTest::mouseClick(head.viewport(), Qt::LeftButton, {}, middle);
+    EXPECT_EQ(table->Sorted().column, column);
+    EXPECT_NE(table->Sorted(), before) << column;
   }
 }
 

@@ -308,6 +308,33 @@ TEST_F(FilterInWindow, ThePanelOpensByKeysAndItsButtonsOpenTheDialogs) {
   EXPECT_EQ(Get<QAction>("mnuFilterText").toolTip(), "Search Text Filter");
 }
 
+TEST_F(FilterInWindow, EachDialogHasItsModeAndCaption) {
+  Start();
+  struct Named {
+    const char* piece;
+    const char* mode;
+    const char* caption;
+  };
+  for (const Named& named : {Named{"Account", "ACCOUNT", "Filter By Accounts"},
+                             Named{"Category", "CATEGORY", "Filter By Category"},
+                             Named{"Payee", "PAYEE", "Filter By Payees"},
+                             Named{"Investment", "INVESTMENT", "Filter By Investment"},
+                             Named{"Keyword", "KEYWORD", "Filter By Keyword"}}) {
+    const std::string piece = named.piece;
+    int opened = 0;
+    const auto look = [&](QDialog& dialog) {
+      ++opened;
+      EXPECT_EQ(dialog.windowTitle(), named.caption);
+      EXPECT_EQ(dialog.property("mode").toString(), named.mode);
+    };
+    InNextDialog(look);
+    Trigger(("mnuFilter" + piece).c_str());
+    InNextDialog(look);
+    Get<QPushButton>(("cmd" + piece + "Filter").c_str()).click();
+    EXPECT_EQ(opened, 2) << piece;
+  }
+}
+
 TEST_F(FilterInWindow, UsualPeriodsAreOneChoiceAway) {
   Start();
   auto& bar = *View().findChild<PeriodBar*>();

@@ -243,6 +243,21 @@ TEST_P(Looks, KeywordsFilesAndSumsHaveRoom) {
   EXPECT_EQ(checked_, 3);
 }
 
+TEST_P(Looks, FiltersBackupsAndArchivesHaveRoomAlsoWithLongNames) {
+  Start();
+  const std::string name(90, 'W');
+  Run("UPDATE tblAccounts SET [Account] = '" + name + "' WHERE AccountID = 1");
+  Run("UPDATE tblPayees SET [Payee] = '" + name + "' WHERE PayeeID = 1");
+  Run("UPDATE tblCategory SET [Category] = '" + name + "' WHERE CategoryID = 1");
+  for (const char* command :
+       {"mnuFilterAccount", "mnuFilterCategory", "mnuFilterPayee", "mnuFilterInvestment",
+        "mnuFilterKeyword", "mnuFilterText", "mnuEditGoTo", "mnuFileBackup", "mnuFileRestore",
+        "mnuFileSalvage", "mnuFileArchive", "mnuToolsCurrencies"}) {
+    Open(command);
+  }
+  EXPECT_EQ(checked_, 12);
+}
+
 TEST_P(Looks, PasswordsAndTheKeyHaveRoom) {
   using Mode = FrmPassword::Mode;
   for (const auto& [mode, isNew] :

@@ -1,6 +1,8 @@
 #include "app/SafetyCommands.h"
 #include "app/WindowTest.h"
+#include "controls/DateField.h"
 #include "controls/ListTable.h"
+#include "controls/SortedTable.h"
 #include "platform/Files.h"
 #include "safety/FrmArchive.h"
 #include "safety/FrmBackup.h"
@@ -231,15 +233,35 @@ TEST_F(SafetyCommands, TheMessageOfADamagedFileLeadsToSalvage) {
 
 TEST_F(SafetyCommands, ArchivingShowsInTheWindowAndCanBeUndone) {
   OpenData();
+  session_.PostSchedules();
   ShowWindow();
+  window_->Show({kTransactionShow, 1});
   const std::int64_t rows = Rows();
+  const double balance = window_->Accounts().front().balance;
   InNext<FrmArchive>([this](FrmArchive& form) {
     machine_.prompts.ExpectTell("Archive", ScriptedPrompts::kAnyText);
     Press(form, "cmdAccept");
   });
   Trigger("mnuFileArchive");
-  EXPECT_EQ(dialogs_, 1);
-  EXPECT_EQ(Rows(), rows) << "nothing is as old as that";
+  EXPECT_EQ(Rows(), rows) << "nothing is as old as the day that is offered";
+  InNext<FrmArchive>([this](FrmArchive& form) {
+    form.findChild<DateField*>(QStringLiteral("dtBefore"))
+        ->SetDay(machine_.clock.Today().AddDays(-7));
+    machine_.prompts.ExpectAsk("Archive", ScriptedPrompts::kAnyText, true);
+    machine_.prompts.ExpectTell("Archive", ScriptedPrompts::kAnyText);
+    Press(form, "cmdAccept");
+  });
+  Trigger("mnuFileArchive");
+  EXPECT_EQ(dialogs_, 2);
+  const std::int64_t left = Rows();
+  EXPECT_LT(left, rows);
+  auto& list = Find<SortedTable>("lvbank");
+  const int shown = list.model()->rowCount();
+  EXPECT_NEAR(window_->Accounts().front().balance, balance, 0.001);
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Rows(), rows);
+  EXPECT_GT(list.model()->rowCount(), shown);
+  EXPECT_NEAR(window_->Accounts().front().balance, balance, 0.001);
 }
 
 TEST_F(SafetyCommands, ATransferFileIsWrittenWhereItDoesNoHarm) {

@@ -46,6 +46,12 @@ TEST_F(BackupWindow, RefusesTheDataFileItselfAndKeepsWhatWasTyped) {
   Click(*form, "cmdAccept");
   EXPECT_EQ(FocusOf(*form), "txtBackup");
   EXPECT_TRUE(form->isVisible());
+  Type(*form, "txtBackup", "Mine.dat");
+  prompts.ExpectTell(
+      "Backup", "You need to enter the whole path of the backup file, or select it with Browse");
+  Click(*form, "cmdAccept");
+  EXPECT_EQ(FocusOf(*form), "txtBackup");
+  EXPECT_FALSE(FileExists("Mine.dat")) << "wherever the program stands";
   Type(*form, "txtBackup", "/not/there/Mine.dat");
   prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
   Click(*form, "cmdAccept");

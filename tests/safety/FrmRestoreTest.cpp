@@ -93,6 +93,11 @@ TEST_F(RestoreWindow, TheArchiveFollowsItsFields) {
   Click(form, "cmdAccept");
   QTest::keyClick(&accounts, Qt::Key_Space);
   EXPECT_EQ(Cells(accounts, 0).at(1), rows);
+  Type(form, "txtArchive", "Mine.dat");
+  prompts.ExpectTell(
+      "Archive", "You need to enter the whole path of the archive file, or select it with Browse");
+  Click(form, "cmdAccept");
+  EXPECT_EQ(FocusOf(form), "txtArchive");
   const std::string path = store_.platform.folder.Path("data/Mine.dat");
   Type(form, "txtArchive", QString::fromStdString(path));
   prompts.ExpectAsk("Archive", ScriptedPrompts::kAnyText, true);

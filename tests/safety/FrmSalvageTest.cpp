@@ -51,6 +51,8 @@ TEST_F(SalvageWindow, SaysWhatIsMissingAndWritesOverNothing) {
   refuses("You need to select the damaged Data file");
   Find<QLineEdit>(form, "txtDamaged").setText(QString::fromStdString(store_.Path()));
   refuses("You need to enter a name for the new Data file");
+  Find<QLineEdit>(form, "txtSalvaged").setText("Mine.dat");
+  refuses("You need to enter the whole path of the new Data file, or select it with Browse");
   Find<QLineEdit>(form, "txtSalvaged").setText(QString::fromStdString(store_.Path()));
   refuses(ScriptedPrompts::kAnyText);
   EXPECT_GT(store_.Number("Select Count(*) from tblTransactions"), 0);

@@ -1,14 +1,18 @@
 // The sums that a data file keeps of its entries, through its life.
+#include "platform/Files.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/datafile/backup/SalvageDataFile.h"
 #include "store/datafile/schema/KeptSums.h"
 #include "store/sql/Connection.h"
+#include "store/sql/StoreError.h"
 #include "store/sql/engine/OpenFile.h"
 #include "store/sql/engine/Sqlite.h"
 #include "support/LedgerProblems.h"
 #include "support/TestPlatform.h"
 
 #include <gtest/gtest.h>
+
+#include <filesystem>
 
 namespace corvanta {
 namespace {
@@ -132,15 +136,43 @@ TEST_F(KeptSumsFile, ACategoryThatIsGoneAndUnusedIsForgottenAtTheNextOpening) {
   EXPECT_EQ(Problems(Db()), std::vector<std::string>{});
 }
 
+// Rows before a damaged page are read more than once on the way around it.
 TEST_F(KeptSumsFile, ASalvagedFileHasThoseOfItsRows) {
+  constexpr int kRows = 500;
+  constexpr std::size_t kPage = 4096;
+  {
+    Transaction all = Db().Begin();
+    for (int row = 0; row < kRows; ++row) {
+      Db().Execute(
+          "INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
+          "[Amount],[Date],Description) VALUES (1,1,1,1,0,1,#01/02/2026#,'Filling the pages')");
+    }
+    all.Commit();
+  }
   RunElsewhere("UPDATE own_KeptSums SET Total = 77");
+  const std::string whole = ReadFile(source_.path);
   const std::string path = machine_.folder.Path("Salvaged.dat");
-  (void)SalvageDataFile(source_, path, Writer{"a test", {}}, machine_.Get());
-  Close();
-  opener_.SetDataPath(path);
-  file_ = opener_.OpenExisting(true);
-  EXPECT_EQ(Db().QueryValue(kTotal).Int(), expected_);
-  EXPECT_EQ(Problems(Db()), std::vector<std::string>{});
+  int found = 0;
+  for (std::size_t page = whole.size() / kPage; page-- > 1 && found < 2;) {
+    std::string damaged = whole;
+    damaged.replace(page * kPage, kPage, std::string(kPage, '?'));
+    machine_.folder.Write("data/Corvanta.dat", damaged);
+    std::int64_t lost = 0;
+    try {
+      for (const SalvagedTable& table :
+           SalvageDataFile(source_, path, Writer{"a test", {}}, machine_.Get())) {
+        if (table.table == "tblTransactions") lost = std::ssize(table.lost);
+      }
+    } catch (const StoreError&) {
+      continue;  // the list of the tables stood there
+    }
+    const auto salvaged = Connection::Open({path, source_.password, {}}, machine_.clock);
+    ASSERT_NE(salvaged->Table(kEntrySums), nullptr);
+    EXPECT_EQ(Problems(*salvaged), std::vector<std::string>{}) << page;
+    std::filesystem::remove(path);
+    if (lost > 0) ++found;
+  }
+  EXPECT_EQ(found, 2) << "some of the damage was in these rows";
 }
 
 }  // namespace

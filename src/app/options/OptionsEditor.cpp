@@ -7,6 +7,7 @@
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
 #include "safety/FileStore.h"
+#include "safety/WholePath.h"
 
 #include <array>
 #include <filesystem>
@@ -68,12 +69,7 @@ std::optional<Warning> OptionsEditor::Check(const OptionsForm& form) const {
   const std::string path(Trim(form.at(Setting::Backup)));
   if (path.empty()) return std::nullopt;
   if (IsDataFile(path)) return Warning{kOptionsSelection, kSameFile, "txtBackup"};
-  if (!std::filesystem::path(path).is_absolute()) {
-    return Warning{kOptionsSelection,
-                   "You need to enter the whole path of the backup file, or select it with Browse",
-                   "txtBackup"};
-  }
-  return std::nullopt;
+  return WholePathFault(path, "backup file", kOptionsSelection, "txtBackup");
 }
 
 void OptionsEditor::Save(const OptionsForm& form) {

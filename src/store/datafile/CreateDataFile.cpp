@@ -83,21 +83,37 @@ void RequireFree(const std::string& path) {
 
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
                     Platform& platform, const Writer& writer) {
+  const CopyMark mark = MarkOf("new " + location.fileName);
+  const DataSource draft = DraftDataFile(location, mark, password, emptyFile, platform, writer);
+  InstallDraft(draft, location.Path(), platform);
+}
+
+DataSource DraftDataFile(const DataFileLocation& location, const CopyMark& mark,
+                         const std::string& password, bool emptyFile, Platform& platform,
+                         const Writer& writer) {
   const CompactionTarget target(location, writer);
   target.Clear(password, platform);
-  const CopyMark mark = MarkOf("new " + location.fileName);
-  const DataSource draft{FreeDraftPath(location, mark, password, platform), password, {}};
+  DataSource draft{FreeDraftPath(location, mark, password, platform), password, {}};
   const DataSource compacted{target.Path(), password, {}};
   try {
     Build(draft, compacted, mark, emptyFile, platform);
-    RequireFree(location.Path());
-    InstallDataFile(draft.path, location.Path(), platform.files);
-    ClearMarkQuietly({location.Path(), password, {}});
+    return draft;
   } catch (...) {
     RemoveDataFileQuietly(draft.path, platform.files);
     RemoveDataFileQuietly(compacted.path, platform.files);
     throw;
   }
+}
+
+void InstallDraft(const DataSource& draft, const std::string& path, Platform& platform) {
+  try {
+    RequireFree(path);
+    InstallDataFile(draft.path, path, platform.files);
+  } catch (...) {
+    RemoveDataFileQuietly(draft.path, platform.files);
+    throw;
+  }
+  ClearMarkQuietly({path, draft.password, {}});
 }
 
 }  // namespace corvanta::inline datafile

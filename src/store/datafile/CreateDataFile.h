@@ -2,6 +2,8 @@
 
 #include "store/datafile/DataFileLocation.h"
 #include "store/datafile/WriterLock.h"
+#include "store/sql/Connection.h"
+#include "store/sql/engine/CopyMark.h"
 
 #include <string>
 
@@ -18,5 +20,15 @@ namespace corvanta::inline datafile {
 // the disk refuses.
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
                     Platform& platform, const Writer& writer = {});
+
+// The same up to where the file would get its own name: returns it as it stands beside that, with
+// the mark, so that more can be done to it before. What the program leaves behind when it is killed
+// is removed by the next draft with that mark.
+[[nodiscard]] DataSource DraftDataFile(const DataFileLocation& location, const CopyMark& mark,
+                                       const std::string& password, bool emptyFile,
+                                       Platform& platform, const Writer& writer);
+// Gives a draft the name that it was made for, which must be free still; the draft is removed where
+// it cannot have it. Throws StoreError and PlatformError.
+void InstallDraft(const DataSource& draft, const std::string& path, Platform& platform);
 
 }  // namespace corvanta::inline datafile

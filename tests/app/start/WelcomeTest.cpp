@@ -108,6 +108,20 @@ TEST_F(Welcome, AFileOfAnotherIsNotTakenForTheSample) {
   EXPECT_EQ(session_.Path(), DataFolder() + "/Sample 2.dat");
 }
 
+TEST_F(Welcome, AFileOfABankIsImportedIntoAFileOfOnesOwn) {
+  Start(false);
+  machine_.prompts.ExpectChoose("Welcome", ScriptedPrompts::kAnyText, 0);
+  QString shown;
+  InNextDialog([&](QDialog& page) {
+    InNextDialog([&](QDialog& next) { shown = next.objectName(); });
+    Press(page, "cmdImport");
+  });
+  Trigger("mnuHelpWelcome");
+  EXPECT_EQ(shown, "FrmImport");
+  EXPECT_EQ(session_.Path(), DataFilePath());
+  EXPECT_EQ(Accounts(), 0);
+}
+
 TEST_F(Welcome, KeyAndBackupLeadBackToThePage) {
   Start(true);
   const std::string path = machine_.folder.Path("backup.dat");

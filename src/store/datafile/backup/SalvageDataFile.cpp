@@ -248,6 +248,8 @@ void MakeWhole(const DataSource& sound, const Clock& clock) {
   file->Execute(
       "UPDATE tblTransactions SET TransferID = 0 WHERE TransferID <> 0 AND TransferID NOT IN "
       "(Select TransactionID from tblTransactions)");
+  // The upgrade has taken away what was counted while rows were written, some of them twice.
+  EnsureKeptSums(*file, sound, clock);
 }
 
 }  // namespace
@@ -265,17 +267,19 @@ std::vector<SalvagedTable> SalvageDataFile(const DataSource& damaged, const std:
                      {}, path);
   }
   const auto lock = WriterLock::Acquire(path, writer);
-  CreateDataFile(location, damaged.password, true, platform, writer);
-  const DataSource sound{location.Path(), damaged.password, {}};
+  // Until all is there nothing has that name that could be taken for what was salvaged.
+  const CopyMark mark = MarkOf("salvage " + location.fileName);
+  const DataSource draft = DraftDataFile(location, mark, damaged.password, true, platform, writer);
+  std::vector<SalvagedTable> tables;
   try {
-    std::vector<SalvagedTable> tables = CopyRows(damaged, sound, platform.clock);
-    MakeWhole(sound, platform.clock);
-    RecountKeptSums(sound, platform.clock);
-    return tables;
+    tables = CopyRows(damaged, draft, platform.clock);
+    MakeWhole(draft, platform.clock);
   } catch (...) {
-    RemoveDataFileQuietly(sound.path, platform.files);
+    RemoveDataFileQuietly(draft.path, platform.files);
     throw;
   }
+  InstallDraft(draft, path, platform);
+  return tables;
 }
 
 }  // namespace corvanta::inline datafile

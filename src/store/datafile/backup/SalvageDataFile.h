@@ -30,8 +30,9 @@ struct SalvagedTable {
 // free, row by row around the damage. What has lost what it belongs to is made whole: lines without
 // their entry go, the other half of a lost transfer becomes an ordinary row, and a lost name that
 // rows need is made anew ("Salvaged 12"). The damaged file is
-// only read. Returns every table, in the order of the schema. Throws StoreError, Damaged where not
-// even the file's beginning can be read, and PlatformError; there is no new file then.
+// only read; the new one gets its name when it is whole. Returns every table, in the order of the
+// schema. Throws StoreError, Damaged where not even the file's beginning can be read, and
+// PlatformError; there is no new file then.
 std::vector<SalvagedTable> SalvageDataFile(const DataSource& damaged, const std::string& path,
                                            const Writer& writer, Platform& platform);
 
