@@ -23,6 +23,8 @@
 #include <QStackedWidget>
 #include <QStandardItemModel>
 
+#include <algorithm>
+
 namespace corvanta::inline notes {
 FrmAttachments::FrmAttachments(std::int64_t transactionId, const NotePlace& place)
     : FormDialog(QStringLiteral("FrmAttachments"), place.platform.prompts, place.parent),

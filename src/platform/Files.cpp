@@ -22,7 +22,8 @@ std::string FolderOf(const std::string& path) {
 }
 
 void SyncPath(const std::string& path, int flags) {
-  const FileHandle file(::open(path.c_str(), flags | O_CLOEXEC));
+  // Without waiting, as somebody's pipe may be what is moved out of the way.
+  const FileHandle file(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK));
   if (!file.IsOpen()) throw SystemError("Cannot open", path, errno);
   // Some file systems know no syncing of folders; they say so with EINVAL.
   if (::fsync(file.Get()) != 0 && errno != EINVAL) throw SystemError("Cannot save", path, errno);

@@ -23,8 +23,8 @@ namespace {
 
 constexpr std::size_t kLongestSheetName = 31;
 constexpr std::size_t kLongestCell = 32767;
-constexpr std::size_t kMostXlsRows = 65536;
-constexpr std::size_t kMostXlsColumns = 256;
+constexpr std::size_t kMaxXlsRows = 65536;
+constexpr std::size_t kMaxXlsColumns = 256;
 constexpr double kNarrowestColumn = 8;
 constexpr double kWidestColumn = 60;
 
@@ -246,7 +246,7 @@ std::string WorkbookSpreadsheet::Render(const SpreadsheetTable& table, Spreadshe
     throw PlatformError("The list is too large for a spreadsheet. Narrow it and try again.");
   }
   if (form == SpreadsheetForm::Xlsx) return RenderXlsx(table);
-  if (!Fits(table, kMostXlsRows, kMostXlsColumns)) {
+  if (!Fits(table, kMaxXlsRows, kMaxXlsColumns)) {
     throw PlatformError(
         "The list is too large for an .xls file. Choose a name that ends in .xlsx instead.");
   }

@@ -170,6 +170,15 @@ TEST_F(ScheduleEditorTest, ANewCategoryIsAskedFor) {
   EXPECT_EQ(Everything(), before);
 }
 
+TEST_F(ScheduleEditorTest, ACategoryMayBeTypedAsListsShowIt) {
+  ScheduleForm form = Expense();
+  form.category = "shopping : food";
+  form.subCategory = "";
+  const ScheduleDetails stored = Stored(editor_.Save(form));
+  EXPECT_EQ(stored.category, "Shopping");
+  EXPECT_EQ(stored.subCategory, "Food");
+}
+
 TEST_F(ScheduleEditorTest, FrequencyAndNumber) {
   ScheduleForm form = Expense();
   form.number = 12;

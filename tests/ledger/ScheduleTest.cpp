@@ -433,6 +433,44 @@ TEST_F(Schedule, ForecastsOfATransferStayWhereItsOtherHalfWasTouched) {
   EXPECT_EQ(twin("2027-03-10").amount, 50);
 }
 
+// Each half is the person's as soon as anything in it is.
+TEST_F(Schedule, AForecastWhoseOtherHalfIsDifferentInAnyFieldStays) {
+  LookAhead("1 Month");
+  const std::int64_t purse = AddAccount("Purse", 0, kPounds);
+  struct Case {
+    const char* field;
+    std::string change;
+  };
+  const auto key = [](std::int64_t value) { return std::to_string(value); };
+  const std::vector<Case> cases = {
+      {"account", "AccountID = " + key(purse)},
+      {"category", "CategoryID = " + key(category_)},
+      {"payment type", "PaymentID = " + key(ledger_.References().FindOrCreatePayment("Cash"))},
+      {"payee", "PayeeID = " + key(ledger_.References().FindOrCreatePayee("Baker"))},
+      {"amount", "[Amount] = 41"},
+      {"reference", "Reference = 'R2'"},
+      {"description", "Description = 'mine'"},
+      {"date", "[Date] = #12/11/2026#"},
+      {"cleared", "BankChk = 1"},
+      {"reconciled", "BankRec = 1"}};
+  for (const Case& row : cases) {
+    ScheduleRecord plan = Plan("m", "2026-12-10", 1);
+    plan.transferAccountId = savings_;
+    const std::int64_t schedule = Save(plan);
+    Pass();
+    const std::int64_t forecast = RowOf(schedule, "2026-12-10");
+    Run("UPDATE tblTransactions SET " + row.change +
+        " WHERE TransactionID = " + key(Column("TransferID", forecast)));
+    ScheduleRecord dearer = *ledger_.Schedules().ReadSchedule(schedule);
+    dearer.amount = -50;
+    ledger_.Schedules().SaveSchedule(dearer);
+    EXPECT_EQ(Amount(forecast), -40) << row.field;
+    // Of the halves that were made unequal none is left for what is checked at the end.
+    ledger_.Schedules().DeleteSchedule(schedule, true);
+    ASSERT_FALSE(Exists(forecast)) << row.field;
+  }
+}
+
 TEST_F(Schedule, AChangedLineReachesTheForecasts) {
   const std::int64_t schedule = Save(Plan("m", "2026-11-15", 0));
   SaveLine(schedule, -10);

@@ -1,3 +1,4 @@
+#include "platform/FileBeginning.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "support/TemporaryFolder.h"
@@ -31,6 +32,14 @@ TEST(Files, ReadsNothingButOrdinaryFiles) {
     }
   }
   EXPECT_EQ(ReadFile(folder.Path("link")), "text");
+  EXPECT_EQ(ReadBeginning(folder.Path("link"), 2), "te");
+  EXPECT_EQ(ReadBeginning(folder.Path("link"), 9), "text");
+  for (const std::string& path :
+       {pipe, folder.Path("device"), folder.Path(), folder.Path("none")}) {
+    EXPECT_EQ(ReadBeginning(path, 9), "") << path;
+  }
+  SystemFiles().Replace(pipe, folder.Path("moved"));
+  EXPECT_TRUE(std::filesystem::is_fifo(folder.Path("moved")));
 }
 
 TEST(Files, WritesAndReplacesLeavingNothingBeside) {

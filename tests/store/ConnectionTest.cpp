@@ -168,6 +168,8 @@ TEST_F(ConnectionFile, ForeignAndDamagedFilesAreToldApart) {
   EXPECT_EQ(Refusal({source_.path, "another", ""}), StoreErrorCode::OtherInstallation);
   EXPECT_EQ(Refusal({folder_.Path("none.dat"), "secret", ""}), StoreErrorCode::Missing);
   EXPECT_FALSE(FileExists(folder_.Path("none.dat")));
+  ASSERT_EQ(mkfifo(folder_.Path("pipe.dat").c_str(), 0600), 0);
+  EXPECT_EQ(Refusal({folder_.Path("pipe.dat"), "secret", ""}), StoreErrorCode::NotADataFile);
   EXPECT_EQ(Bytes(), whole);
   EXPECT_NO_THROW((void)Connection::Open(source_, clock_));
 }

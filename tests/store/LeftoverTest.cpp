@@ -10,6 +10,7 @@
 #include "support/TemporaryStore.h"
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <filesystem>
 
@@ -106,6 +107,11 @@ TEST_F(Leftovers, WhatSomebodyElseHasPutThereIsKept) {
   EXPECT_NE(At(In("third.dat")).CreateNew(true).connection, nullptr);
   EXPECT_EQ(ReadFile(In("third.dat.new")), before);
   EXPECT_EQ(ReadFile(In("Corvanta.000.old2")), before);
+
+  ASSERT_EQ(mkfifo(In("Corvanta.000").c_str(), 0600), 0);
+  platform.prompts.ExpectTell("Open Data File", ScriptedPrompts::kAnyText);
+  EXPECT_NE(At(data).Validate().connection, nullptr);
+  EXPECT_TRUE(std::filesystem::is_fifo(In("Corvanta.000.old3")));
 
   std::filesystem::create_directory(In("Corvanta.000"));
   EXPECT_EQ(RefusalOf([&] { (void)At(data).Validate(); }), StoreErrorCode::Sql);

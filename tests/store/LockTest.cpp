@@ -4,11 +4,13 @@
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
 #include <filesystem>
 
 namespace corvanta {
@@ -106,6 +108,30 @@ TEST(Lock, ExcludesEachOfManyThatComeAndGo) {
     ::wait(&status);
     EXPECT_EQ(WEXITSTATUS(status), 0);
   }
+}
+
+// Its holder's name is a courtesy; what is on a full disk must still be opened and shown.
+TEST(Lock, ADiskWithoutRoomForItsNameKeepsNobodyOut) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  const pid_t child = ::fork();
+  if (child == 0) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    const rlimit none{0, 0};
+    if (::setrlimit(RLIMIT_FSIZE, &none) != 0) ::_exit(2);
+    try {
+      const auto lock = WriterLock::Acquire(path, "a test");
+      std::string text;
+      const bool isHeld = RefusalOf(path, &text) == StoreErrorCode::Locked;
+      ::_exit(isHeld && text.find("in use by another program.") != std::string::npos ? 0 : 1);
+    } catch (const StoreError&) {
+      ::_exit(3);
+    }
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFEXITED(status));
+  EXPECT_EQ(WEXITSTATUS(status), 0);
 }
 
 TEST(Lock, MissingFolderIsNamed) {

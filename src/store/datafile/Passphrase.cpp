@@ -1,5 +1,6 @@
 #include "store/datafile/Passphrase.h"
 
+#include "platform/FileBeginning.h"
 #include "platform/PlatformError.h"
 #include "platform/Sodium.h"
 #include "platform/TextCase.h"
@@ -9,7 +10,6 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 
 namespace corvanta::inline datafile {
 namespace {
@@ -32,9 +32,10 @@ void SetCheck(Salt& salt) {
 
 std::optional<Salt> SaltOf(const std::string& path) {
   StartSodium();
-  std::ifstream file(path, std::ios::binary);
   Salt salt{};
-  if (!file.read(reinterpret_cast<char*>(salt.data()), salt.size())) return std::nullopt;
+  const std::string beginning = ReadBeginning(path, salt.size());
+  if (beginning.size() < salt.size()) return std::nullopt;
+  std::ranges::copy(beginning, salt.begin());
   Salt expected = salt;
   SetCheck(expected);
   return expected == salt ? std::optional(salt) : std::nullopt;

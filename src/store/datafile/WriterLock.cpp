@@ -77,12 +77,12 @@ bool IsStillNamed(int descriptor, const std::string& path) {
          held.st_ino == named.st_ino && held.st_dev == named.st_dev;
 }
 
-void WriteHolder(int descriptor, const std::string& holder, const std::string& dataFilePath) {
+// A courtesy to others: on a full disk the name finds no room, and what is on it must still be
+// shown.
+void WriteHolder(int descriptor, const std::string& holder) {
   const std::string text = holder + "\n" + std::to_string(::getpid()) + "\n" + HostName() + "\n";
-  const bool isWritten =
-      ::ftruncate(descriptor, 0) == 0 &&
-      ::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size());
-  if (!isWritten) ThrowOpenError(errno, dataFilePath);
+  if (::ftruncate(descriptor, 0) != 0) return;
+  [[maybe_unused]] const ssize_t written = ::pwrite(descriptor, text.data(), text.size(), 0);
 }
 
 std::string Refusal(LockedName name, const std::string& holder) {
@@ -150,7 +150,7 @@ std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const W
                        {}, path);
     }
     if (!IsStillNamed(file.Get(), lockPath)) continue;
-    WriteHolder(file.Get(), writer.name, path);
+    WriteHolder(file.Get(), writer.name);
     return std::unique_ptr<WriterLock>(new WriterLock(lockPath, std::move(file)));
   }
 }

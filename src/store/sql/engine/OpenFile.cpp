@@ -1,5 +1,6 @@
 #include "store/sql/engine/OpenFile.h"
 
+#include "platform/FileBeginning.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "store/sql/FailureText.h"
@@ -11,33 +12,18 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <array>
 #include <bitset>
-#include <fstream>
+#include <string_view>
 
 namespace corvanta::inline sql {
 namespace {
 
-struct Beginning {
-  std::array<unsigned char, kPageSize> bytes{};
-  std::size_t size = 0;  // read, at most a page
-};
-
-Beginning ReadBeginning(const std::string& path) {
-  Beginning beginning;
-  std::ifstream file(path, std::ios::binary);
-  file.read(reinterpret_cast<char*>(beginning.bytes.data()), kPageSize);
-  beginning.size = static_cast<std::size_t>(file.gcount());
-  return beginning;
-}
-
 // An enciphered page looks like chance: nearly every byte value occurs. Texts, tables and plain
 // databases do not.
-bool LooksEnciphered(const Beginning& beginning) {
+bool LooksEnciphered(const std::string& beginning) {
   std::bitset<256> seen;
-  for (std::size_t i = 0; i < beginning.size; ++i) seen.set(beginning.bytes[i]);
-  return beginning.size == kPageSize && seen.count() > 200;
+  for (const char byte : beginning) seen.set(static_cast<unsigned char>(byte));
+  return beginning.size() == kPageSize && seen.count() > 200;
 }
 
 // `happened` is the sentence that the words for the code follow.
@@ -46,10 +32,18 @@ bool LooksEnciphered(const Beginning& beginning) {
   throw StoreError(code, path + "\n" + FailureText(code, happened), {}, path);
 }
 
+// The library would wait for ever for what somebody writes into a pipe.
+void RequireOrdinary(const std::string& path) {
+  struct stat status {};
+  if (stat(path.c_str(), &status) != 0 || S_ISREG(status.st_mode)) return;
+  Refuse(StoreErrorCode::NotADataFile, "This is a pipe or a device, and no file.", path);
+}
+
 void CheckBefore(const std::string& path) {
   if (!FileExists(path)) {
     Refuse(StoreErrorCode::Missing, "This data file does not exist.", path);
   }
+  RequireOrdinary(path);
 }
 
 // What may not be written can be looked at all the same; a change is refused when it comes.
@@ -60,10 +54,10 @@ int FlagsFor(const std::string& path) {
 // The answer "not a database" stands for a wrong key, another kind of file and a damaged first
 // page.
 [[noreturn]] void RefuseUnreadable(const std::string& path, const FileKey& key) {
-  const Beginning beginning = ReadBeginning(path);
+  const std::string beginning = ReadBeginning(path, kPageSize);
   const auto& salt = key.Salt();
-  const bool beginsSo = beginning.size >= salt.size() &&
-                        std::equal(salt.begin(), salt.end(), beginning.bytes.begin());
+  const bool beginsSo = beginning.starts_with(
+      std::string_view(reinterpret_cast<const char*>(salt.data()), salt.size()));
   if (beginsSo && key.IsSaltNamed()) {
     Refuse(StoreErrorCode::WrongPassphrase,
            "This passphrase does not open the data file (unless it is damaged at its beginning).",
@@ -86,6 +80,7 @@ void MakeOwnerOnly(const std::string& path) {
 }
 
 DatabaseHandle OpenHandle(const DataSource& source, int flags) {
+  RequireOrdinary(source.path);
   sqlite3* raw = nullptr;
   // One thread uses a connection, so the library need not lock it for every value that is read.
   const int result = sqlite3_open_v2(source.path.c_str(), &raw, flags | SQLITE_OPEN_NOMUTEX,
