@@ -24,6 +24,15 @@ class ListSheets : public WindowTest {
     Trigger("mnuFileSpreadsheet");
     return machine_.spreadsheet.Rendered().back().table;
   }
+  // As they are exported for other programs.
+  SpreadsheetTable ExportedTransactions() {
+    Trigger("mnuViewRegister");
+    machine_.prompts.ExpectSaveFile(ScriptedPrompts::kAnyText, machine_.folder.Path("out.xlsx"));
+    machine_.prompts.ExpectAsk(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText, true);
+    machine_.prompts.ExpectTell(ScriptedPrompts::kAnyText, ScriptedPrompts::kAnyText);
+    Trigger("mnuFileExport");
+    return machine_.spreadsheet.Rendered().back().table;
+  }
   std::string ExportedText(const char* entry) {
     Trigger(entry);
     const std::string path = machine_.folder.Path("list.csv");
@@ -103,6 +112,9 @@ TEST_F(ListSheets, EveryListIsReadAsItIsWritten) {
     EXPECT_FALSE(tables[name].rows.empty()) << name;
     workbooks[name] = spreadsheet.Render(WithoutResults(tables[name]), SpreadsheetForm::Xlsx);
   }
+  tables["export.xlsx"] = ExportedTransactions();
+  EXPECT_FALSE(tables["export.xlsx"].rows.empty());
+  workbooks["export.xlsx"] = spreadsheet.Render(tables["export.xlsx"], SpreadsheetForm::Xlsx);
   const auto read = ReadByOffice(workbooks);
   ASSERT_EQ(read.size(), workbooks.size());
   for (const auto& [name, rows] : read) ExpectSame(rows, tables[name], name);

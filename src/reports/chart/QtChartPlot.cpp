@@ -8,6 +8,8 @@
 #include "reports/chart/ChartLook.h"
 
 #include <QFontMetrics>
+#include <QGraphicsLayout>
+#include <QMargins>
 #include <QtCharts/QBarLegendMarker>
 #include <QtCharts/QBarSeries>
 #include <QtCharts/QBarSet>
@@ -63,6 +65,9 @@ QAbstractBarSeries* MakeBars(ChartKind kind, QChart& chart) {
 
 QtChartPlot::QtChartPlot(const Locale& locale, QChart& chart) : locale_(locale), chart_(chart) {
   chart_.setBackgroundRoundness(0);
+  // The page around it has margins of its own.
+  chart_.layout()->setContentsMargins(0, 0, 0, 0);
+  chart_.setMargins(QMargins(2 * kRhythm, kRhythm, 3 * kRhythm, kRhythm));
   chart_.legend()->setAlignment(Qt::AlignBottom);
   chart_.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
 }

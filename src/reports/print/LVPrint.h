@@ -20,7 +20,8 @@ namespace corvanta::inline reports {
 // a row that it is the total of. A picture has the first page.
 //
 // The columns share the width of the page as they share that of the screen. Where the page is
-// narrower than the list was, the letters shrink with it, down to a size that can still be read.
+// narrower than the list was, the letters shrink with it, down to a size that can still be read;
+// from there on columns with room to spare give way to those whose figures have too little.
 class LVPrint {
  public:
   // Called before each page; false ends the printing.
@@ -45,6 +46,9 @@ class LVPrint {
 
   void SetWidths();
   void SetFontSize();
+  void MakeRoomForFigures();
+  // What a column needs so that none of its figures and usual words is divided.
+  [[nodiscard]] double NeedOf(std::size_t column);
   void Paginate();
   // In the font in force.
   [[nodiscard]] std::vector<std::string> Wrap(std::string_view text, double width,

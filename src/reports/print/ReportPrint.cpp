@@ -3,6 +3,7 @@
 #include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
+#include "reports/print/TextWrap.h"
 #include "reports/query/ReportTable.h"
 
 #include <algorithm>
@@ -52,14 +53,8 @@ std::string CellText(const ReportTable& report, const ReportRow& row, std::size_
   return locale.FormatNumber(value.Double(), CurrencyDecimals(row.currency));
 }
 
-std::size_t LongestWord(const std::string& text) {
-  std::size_t longest = 0;
-  for (std::size_t at = 0; at < text.size();) {
-    const std::size_t end = std::min(text.find(' ', at), text.size());
-    longest = std::max(longest, TextLength(text.substr(at, end - at)));
-    at = end + 1;
-  }
-  return longest;
+std::size_t LongestWordOf(const std::string& text) {
+  return TextLength(std::string(LongestWord(text)));
 }
 
 // What a column needs: so that no figure and no usual word is divided, and so that few cells are.
@@ -71,12 +66,12 @@ struct ColumnNeed {
 ColumnNeed NeedOf(const PrintTable& table, std::size_t column) {
   const bool isNumber = table.columns[column].alignment == PrintAlignment::Right;
   const std::string& header = table.columns[column].header;
-  ColumnNeed need{static_cast<int>(LongestWord(header)) * kPixelsOfBold,
+  ColumnNeed need{static_cast<int>(LongestWordOf(header)) * kPixelsOfBold,
                   static_cast<int>(TextLength(header)) * kPixelsOfBold};
   for (std::size_t row = 0; row < table.rows.size(); ++row) {
     const std::string& text = table.rows[row][column];
     const int digit = table.totals.contains(row) ? kPixelsOfBold : kPixelsOfDigit;
-    const std::size_t word = isNumber ? TextLength(text) : LongestWord(text);
+    const std::size_t word = isNumber ? TextLength(text) : LongestWordOf(text);
     need.least = std::max(need.least,
                           static_cast<int>(isNumber ? word : std::min(word, kLongestWord)) * digit);
     const int whole = static_cast<int>(std::min(std::max(TextLength(text), kFewest), kMost));

@@ -101,6 +101,17 @@ class Wrapper {
 
 }  // namespace
 
+std::string_view LongestWord(std::string_view text) {
+  constexpr std::string_view kEnds = " \t\r\n";
+  std::string_view longest;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find_first_of(kEnds, at), text.size());
+    if (end - at > longest.size()) longest = text.substr(at, end - at);
+    at = end + 1;
+  }
+  return longest;
+}
+
 std::vector<std::string> WrapText(std::string_view text, double width, LongWord words,
                                   const TextMeasure& measure) {
   Wrapper wrapper(width, words, measure);

@@ -22,4 +22,7 @@ inline constexpr std::string_view kDoesNotFit = "* * *";
 [[nodiscard]] std::vector<std::string> WrapText(std::string_view text, double width, LongWord words,
                                                 const TextMeasure& measure);
 
+// The longest piece between blanks and line ends, by its bytes; empty for none.
+[[nodiscard]] std::string_view LongestWord(std::string_view text);
+
 }  // namespace corvanta::inline reports

@@ -249,6 +249,30 @@ TEST(LVPrint, LettersShrinkWithTheListButStayReadable) {
   EXPECT_DOUBLE_EQ(size(5000), 6);
 }
 
+// As a list is printed that filled a large screen: most of its width is its texts'.
+TEST(LVPrint, FiguresOfAVeryWideListAreNotLost) {
+  PrintTable table;
+  table.columns = {{"Date", 90},
+                   {"Payee", 1800},
+                   {"Mark", 30, PrintAlignment::Centre},
+                   {"Balance", 90, PrintAlignment::Right},
+                   {"Hidden", 0, PrintAlignment::Right}};
+  table.rows = {{"21/11/2026", "A payee of some words", "x", "-12,345,678.00", "1"},
+                {"Total", "", "", "123,456,789.00"}};
+  table.totals = {1};
+  RecordingSurface surface(180, 100);
+  LVPrint print(table, kDate, surface);
+  print.Print();
+  for (const char* text : {"21/11/2026", "-12,345,678.00", "123,456,789.00", "x"}) {
+    EXPECT_NE(surface.Find(0, text), nullptr) << text;
+  }
+  EXPECT_EQ(surface.Find(0, "* * *"), nullptr);
+  double all = 0;
+  for (const double width : print.PrintedWidths()) all += width;
+  EXPECT_NEAR(all, 180, 1e-9);
+  EXPECT_EQ(print.PrintedWidths()[4], 0);
+}
+
 TEST(LVPrint, TenTimesTheRowsAreMeasuredTenTimes) {
   const auto measured = [](std::size_t rows) {
     RecordingSurface surface(180, 260);

@@ -38,5 +38,11 @@ TEST(TextWrap, ANumberThatIsTooLongIsMarked) {
   EXPECT_EQ(Wrapped("1,234.56", 8, LongWord::Marked), Lines{"1,234.56"});
 }
 
+TEST(TextWrap, TheLongestWordStandsBetweenBlanks) {
+  EXPECT_EQ(LongestWord("a bcd\nef"), "bcd");
+  EXPECT_EQ(LongestWord("lonely"), "lonely");
+  EXPECT_EQ(LongestWord("  "), "");
+}
+
 }  // namespace
 }  // namespace corvanta
