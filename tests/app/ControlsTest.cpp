@@ -2,13 +2,17 @@
 #include "controls/ListDelegate.h"
 #include "controls/ListTable.h"
 #include "controls/OutlinedStyle.h"
+#include "controls/RibbonButton.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "controls/ucCalendar.h"
+#include "controls/ucRibbon.h"
 #include "platform/Settings.h"
 #include "support/MemoryRegistry.h"
 
 #include <QAccessible>
+#include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
@@ -17,6 +21,9 @@
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
 
 namespace corvanta {
 namespace {
@@ -89,6 +96,29 @@ TEST(Calendar, GoesToTodayAndToAnotherYear) {
   EXPECT_FALSE(calendar.ArrowRect(false).intersects(calendar.YearRect(false)));
   auto* told = QAccessible::queryAccessibleInterface(&calendar);
   EXPECT_EQ(told->text(QAccessible::Value), calendar.Describe(QDate(2026, 11, 21)));
+}
+
+TEST(Ribbon, GivesUpTheAirBesideItsNamesBeforeTheNames) {
+  ucRibbon ribbon;
+  std::array<QAction, 4> actions;
+  for (QAction& action : actions) {
+    action.setObjectName(QStringLiteral("mnu"));
+    action.setText(QStringLiteral("Investments"));
+    ribbon.AddButton(&action);
+  }
+  ribbon.show();
+  const auto* button = ribbon.findChild<RibbonButton*>();
+  const int name = button->fontMetrics().horizontalAdvance(button->text());
+  std::vector<int> widths;
+  for (int width = 1000; width > 100; width -= 4) {
+    ribbon.resize(width, ribbon.height());
+    QApplication::processEvents();
+    if (widths.empty() || widths.back() != button->width()) widths.push_back(button->width());
+  }
+  ASSERT_GE(widths.size(), 3U);
+  EXPECT_GT(widths[0], widths[1]);
+  EXPECT_GT(widths[1], name) << "with its name, in less room";
+  EXPECT_LT(widths[2], name) << "as an icon";
 }
 
 class Lists : public testing::Test {
