@@ -16,8 +16,11 @@
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
+#include <QImage>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QStandardItemModel>
+#include <QStyleOption>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -37,6 +40,23 @@ TEST(OutlinedStyles, LetEmptyFieldsBeReadInTheDark) {
   style.polish(palette);
   EXPECT_GT(palette.color(QPalette::PlaceholderText).lightness(), 128);
   EXPECT_LT(palette.color(QPalette::PlaceholderText).lightness(), 240);
+}
+
+TEST(OutlinedStyles, OutlineABoxWhetherOrNotItHasTheKeys) {
+  constexpr int kSide = 16;
+  const OutlinedStyle style;
+  QStyleOptionButton box;
+  box.rect = QRect(0, 0, kSide, kSide);
+  box.palette = QPalette(QColor(42, 46, 50));
+  box.palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  for (const QStyle::State keys : {QStyle::State_None, QStyle::State_HasFocus}) {
+    box.state = QStyle::State_Enabled | QStyle::State_Off | keys;
+    QImage image(kSide, kSide, QImage::Format_RGB32);
+    image.fill(box.palette.color(QPalette::Window));
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, nullptr);
+    EXPECT_GT(image.pixelColor(kSide / 2, 0).lightness(), 100) << static_cast<int>(keys);
+  }
 }
 
 TEST(Calendar, MovesByKeyAndTurnsMonths) {
