@@ -22,6 +22,7 @@ FilterPanel::FilterPanel(QWidget* parent)
   rows->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
   rows->setHorizontalSpacing(2 * kRhythm);
   rows->setVerticalSpacing(kRhythm / 2);
+  rows->setColumnMinimumWidth(0, cmdNoFilter_->sizeHint().width() + 2 * kRhythm);
   rows->setColumnStretch(1, 1);
   AddRow(*rows, FilterPiece::Account, tr("A&ccounts..."));
   AddRow(*rows, FilterPiece::Category, tr("Ca&tegories..."));

@@ -204,7 +204,9 @@ void FrmMain::ImportFile(const std::string& path) {
   Reload();
   const bool isShown =
       shown_.accountId == result.accountId && !shown_.rows.IsSet(FilterKind::Account);
-  if (result.accountId != 0 && !isShown) ShowAccount(result.accountId);
+  if (result.accountId == 0 || isShown) return;
+  ShowAccount(result.accountId);
+  FocusView();
 }
 
 void FrmMain::dragEnterEvent(QDragEnterEvent* event) {

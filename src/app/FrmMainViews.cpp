@@ -200,7 +200,9 @@ std::int64_t FrmMain::ChosenAccount() const {
 
 std::int64_t FrmMain::EntryAccount() const {
   const std::int64_t chosen = ChosenAccount();
-  return chosen != 0 ? chosen : account_;
+  if (chosen != 0) return chosen;
+  // One that was just made nobody has looked at yet.
+  return account_ != 0 || accounts_.empty() ? account_ : accounts_.front().accountId;
 }
 
 void FrmMain::ShowFile() {

@@ -3,6 +3,7 @@
 #include "app/FrmMessage.h"
 #include "controls/LongText.h"
 #include "controls/QtText.h"
+#include "controls/Style.h"
 #include "platform/PlatformError.h"
 #include "platform/Registry.h"
 #include "platform/SettingsTable.h"
@@ -15,6 +16,7 @@
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QScreen>
 
 namespace corvanta::inline app {
 namespace {
@@ -40,6 +42,13 @@ void Fill(QMessageBox& box, const std::string& title, const std::string& text, I
   box.setTextFormat(Qt::PlainText);
   box.setText(Breakable(ToQt(text)));
   box.setIcon(BoxIcon(icon));
+}
+
+// The library's own dialog asks for more room than a small screen has.
+void FitScreen(QDialog& dialog) {
+  constexpr QSize kFrame(2 * kRhythm, 5 * kRhythm);
+  const QSize room = dialog.screen()->availableSize() - kFrame;
+  dialog.resize(dialog.sizeHint().boundedTo(room));
 }
 
 }  // namespace
@@ -134,6 +143,7 @@ std::optional<std::string> QtPrompts::AskFile(const FileQuestion& question, bool
   dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
   dialog.setDefaultSuffix(ToQt(question.defaultExtension));
+  FitScreen(dialog);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   const QString path = dialog.selectedFiles().constFirst();
   KeepFolder(QFileInfo(path).absolutePath());

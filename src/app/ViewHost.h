@@ -79,7 +79,8 @@ class ViewHost {
   [[nodiscard]] virtual bool AreAccountsCurrent() const = 0;
   // The account that the view in front has chosen; 0 for none.
   [[nodiscard]] virtual std::int64_t ChosenAccount() const = 0;
-  // That one, or else the one last looked at: it gets what is entered. 0 without any account.
+  // That one, or else the one last looked at, or the first: it gets what is entered. 0 without any
+  // account.
   [[nodiscard]] virtual std::int64_t EntryAccount() const = 0;
   // The day that the views are of.
   [[nodiscard]] virtual Date Today() const = 0;

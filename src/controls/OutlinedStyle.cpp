@@ -8,9 +8,12 @@
 namespace corvanta::inline controls {
 namespace {
 
-// The style's own outline shows where the keyboard is.
-bool NeedsOutline(const QStyleOption& option) {
-  return IsDark(option.palette) && (option.state & QStyle::State_HasFocus) == 0;
+// The style's own outline shows where the keyboard is: of a field always, of a box only once a key
+// has moved there.
+bool NeedsOutline(const QStyleOption& option, bool isField) {
+  if (!IsDark(option.palette)) return false;
+  if ((option.state & QStyle::State_HasFocus) == 0) return true;
+  return !isField && (option.state & QStyle::State_KeyboardFocusChange) == 0;
 }
 
 void DrawOutline(QPainter& painter, const QStyleOption& option, bool isRound) {
@@ -44,21 +47,23 @@ void OutlinedStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* 
                                   QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   const bool isRound = element == PE_IndicatorRadioButton;
-  const bool isSquare = element == PE_IndicatorCheckBox || element == PE_FrameLineEdit;
-  if ((isRound || isSquare) && NeedsOutline(*option)) DrawOutline(*painter, *option, isRound);
+  const bool isField = element == PE_FrameLineEdit;
+  if (!isRound && !isField && element != PE_IndicatorCheckBox) return;
+  if (NeedsOutline(*option, isField)) DrawOutline(*painter, *option, isRound);
 }
 
 void OutlinedStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                        QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawComplexControl(control, option, painter, widget);
   const bool isField = control == CC_ComboBox || control == CC_SpinBox;
-  if (isField && NeedsOutline(*option)) DrawOutline(*painter, *option, false);
+  if (isField && NeedsOutline(*option, true)) DrawOutline(*painter, *option, false);
 }
 
 int OutlinedStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                              QStyleHintReturn* more) const {
   if (hint == kListLines) return drawsListLines_ ? 1 : 0;
   if (hint == SH_LineEdit_PasswordCharacter) return '*';
+  if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 0;
   return QProxyStyle::styleHint(hint, option, widget, more);
 }
 

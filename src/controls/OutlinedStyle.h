@@ -8,7 +8,8 @@ namespace corvanta::inline controls {
 inline constexpr auto kListLines = static_cast<QStyle::StyleHint>(QStyle::SH_CustomBase + 1);
 
 // The desktop's style, with an outline around boxes, options and fields where a dark palette would
-// leave them without one. What is typed in secret is shown as "*".
+// leave them without one. What is typed in secret is shown as "*", and the buttons
+// of messages have words alone, as all others.
 class OutlinedStyle : public QProxyStyle {
   Q_OBJECT
 

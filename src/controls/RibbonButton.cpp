@@ -40,22 +40,29 @@ void RibbonButton::ApplyState() {
   update();
 }
 
-void RibbonButton::SetCompact(bool compact) {
-  if (isCompact_ == compact) return;
-  isCompact_ = compact;
+void RibbonButton::SetRoom(Room room) {
+  if (room_ == room) return;
+  room_ = room;
   updateGeometry();
   update();
 }
 
 QSize RibbonButton::sizeHint() const {
-  const QSize full = FullSize();
-  return isCompact_ ? QSize(kIcon + 2 * kRhythm, full.height()) : full;
+  return {WidthIn(room_), kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
 }
 
-QSize RibbonButton::FullSize() const {
+int RibbonButton::WidthIn(Room room) const {
+  constexpr int kSmallest = kIcon + 2 * kRhythm;
   const int text = fontMetrics().horizontalAdvance(this->text());
-  return {std::max(7 * kRhythm, text + 2 * kRhythm),
-          kRhythm + kIcon + kGap + fontMetrics().height() + kRhythm};
+  switch (room) {
+    case Room::Ample:
+      return std::max(7 * kRhythm, text + 2 * kRhythm);
+    case Room::Tight:
+      return std::max(kSmallest, text + kRhythm);
+    case Room::Icon:
+      break;
+  }
+  return kSmallest;
 }
 
 // What the name says in brackets at its end: the icon alone would hide it.
@@ -92,12 +99,13 @@ void RibbonButton::paintEvent(QPaintEvent*) {
     painter.setBrush(Mixed(accent, window, isDown() ? 0.22 : 0.12));
     painter.drawRoundedRect(rect().adjusted(1, 1, -1, -1), 4, 4);
   }
-  const int top = isCompact_ ? (height() - kIcon) / 2 : kRhythm;
+  const bool isBare = room_ == Room::Icon;
+  const int top = isBare ? (height() - kIcon) / 2 : kRhythm;
   const QRect picture((width() - kIcon) / 2, top, kIcon, kIcon);
   icon().paint(&painter, picture, Qt::AlignCenter, isEnabled() ? QIcon::Normal : QIcon::Disabled);
   painter.setPen(isEnabled() ? palette().color(QPalette::WindowText)
                              : palette().color(QPalette::Disabled, QPalette::WindowText));
-  if (isCompact_) {
+  if (isBare) {
     DrawCount(painter, picture);
   } else {
     painter.drawText(QRect(0, picture.bottom() + kGap, width(), fontMetrics().height() + 2),

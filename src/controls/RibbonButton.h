@@ -14,9 +14,12 @@ class RibbonButton : public QAbstractButton {
  public:
   RibbonButton(QAction* action, QWidget* parent);
 
-  // Without its name, which the tool tip still says.
-  void SetCompact(bool compact);
-  [[nodiscard]] QSize FullSize() const;
+  // How much room there is for a button: for its name with some air, for its name, or for its icon
+  // alone, while the tool tip still says the name.
+  enum class Room { Ample, Tight, Icon };
+
+  void SetRoom(Room room);
+  [[nodiscard]] int WidthIn(Room room) const;
 
   [[nodiscard]] QSize sizeHint() const override;
   [[nodiscard]] QSize minimumSizeHint() const override { return sizeHint(); }
@@ -29,7 +32,7 @@ class RibbonButton : public QAbstractButton {
   void DrawCount(QPainter& painter, const QRect& picture) const;
 
   QAction* action_;
-  bool isCompact_ = false;
+  Room room_ = Room::Ample;
 };
 
 }  // namespace corvanta::inline controls

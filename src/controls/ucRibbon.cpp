@@ -181,21 +181,25 @@ bool ucRibbon::eventFilter(QObject* watched, QEvent* event) {
   return QWidget::eventFilter(watched, event);
 }
 
-int ucRibbon::FullWidth() const {
-  int width = 2 * kRhythm;
-  for (int place = 0; place < buttons_->count(); ++place) {
-    const QWidget* widget = buttons_->itemAt(place)->widget();
-    if (widget == nullptr || widget->isHidden()) continue;
-    const auto* button = qobject_cast<const RibbonButton*>(widget);
-    width += (button != nullptr ? button->FullSize().width() : widget->minimumWidth()) +
-             buttons_->spacing();
-  }
-  return width;
-}
-
 void ucRibbon::Arrange() {
-  const bool isCompact = FullWidth() > width() - fold_->width();
-  for (RibbonButton* button : findChildren<RibbonButton*>()) button->SetCompact(isCompact);
+  using Room = RibbonButton::Room;
+  const auto widthIn = [this](Room room) {
+    int width = 2 * kRhythm;
+    for (int place = 0; place < buttons_->count(); ++place) {
+      const QWidget* widget = buttons_->itemAt(place)->widget();
+      if (widget == nullptr || widget->isHidden()) continue;
+      const auto* button = qobject_cast<const RibbonButton*>(widget);
+      width += button != nullptr ? button->WidthIn(room) : widget->minimumWidth();
+      width += buttons_->spacing();
+    }
+    return width;
+  };
+  const int there = width() - fold_->width();
+  Room room = Room::Icon;
+  for (const Room wanted : {Room::Tight, Room::Ample}) {
+    if (widthIn(wanted) <= there) room = wanted;
+  }
+  for (RibbonButton* button : findChildren<RibbonButton*>()) button->SetRoom(room);
 }
 
 QSize ucRibbon::minimumSizeHint() const {

@@ -42,9 +42,8 @@ class ucRibbon : public QWidget {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  // Gives the buttons as much room as there is for all of them.
   void Arrange();
-  // Of the buttons side by side with their names.
-  [[nodiscard]] int FullWidth() const;
   // From the left, those that can be pressed now.
   [[nodiscard]] std::vector<QAbstractButton*> Stops() const;
   // The button that the Tab key comes to; it stays one that can be pressed.

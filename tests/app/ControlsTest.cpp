@@ -2,21 +2,31 @@
 #include "controls/ListDelegate.h"
 #include "controls/ListTable.h"
 #include "controls/OutlinedStyle.h"
+#include "controls/RibbonButton.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"
 #include "controls/ucCalendar.h"
+#include "controls/ucRibbon.h"
 #include "platform/Settings.h"
 #include "support/MemoryRegistry.h"
 
 #include <QAccessible>
+#include <QAction>
+#include <QApplication>
 #include <QDir>
 #include <QFile>
 #include <QHeaderView>
+#include <QImage>
+#include <QPainter>
 #include <QSignalSpy>
 #include <QStandardItemModel>
+#include <QStyleOption>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <array>
+#include <vector>
 
 namespace corvanta {
 namespace {
@@ -30,6 +40,23 @@ TEST(OutlinedStyles, LetEmptyFieldsBeReadInTheDark) {
   style.polish(palette);
   EXPECT_GT(palette.color(QPalette::PlaceholderText).lightness(), 128);
   EXPECT_LT(palette.color(QPalette::PlaceholderText).lightness(), 240);
+}
+
+TEST(OutlinedStyles, OutlineABoxWhetherOrNotItHasTheKeys) {
+  constexpr int kSide = 16;
+  const OutlinedStyle style;
+  QStyleOptionButton box;
+  box.rect = QRect(0, 0, kSide, kSide);
+  box.palette = QPalette(QColor(42, 46, 50));
+  box.palette.setColor(QPalette::Base, QColor(27, 30, 32));
+  for (const QStyle::State keys : {QStyle::State_None, QStyle::State_HasFocus}) {
+    box.state = QStyle::State_Enabled | QStyle::State_Off | keys;
+    QImage image(kSide, kSide, QImage::Format_RGB32);
+    image.fill(box.palette.color(QPalette::Window));
+    QPainter painter(&image);
+    style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, &painter, nullptr);
+    EXPECT_GT(image.pixelColor(kSide / 2, 0).lightness(), 100) << static_cast<int>(keys);
+  }
 }
 
 TEST(Calendar, MovesByKeyAndTurnsMonths) {
@@ -89,6 +116,29 @@ TEST(Calendar, GoesToTodayAndToAnotherYear) {
   EXPECT_FALSE(calendar.ArrowRect(false).intersects(calendar.YearRect(false)));
   auto* told = QAccessible::queryAccessibleInterface(&calendar);
   EXPECT_EQ(told->text(QAccessible::Value), calendar.Describe(QDate(2026, 11, 21)));
+}
+
+TEST(Ribbon, GivesUpTheAirBesideItsNamesBeforeTheNames) {
+  ucRibbon ribbon;
+  std::array<QAction, 4> actions;
+  for (QAction& action : actions) {
+    action.setObjectName(QStringLiteral("mnu"));
+    action.setText(QStringLiteral("Investments"));
+    ribbon.AddButton(&action);
+  }
+  ribbon.show();
+  const auto* button = ribbon.findChild<RibbonButton*>();
+  const int name = button->fontMetrics().horizontalAdvance(button->text());
+  std::vector<int> widths;
+  for (int width = 1000; width > 100; width -= 4) {
+    ribbon.resize(width, ribbon.height());
+    QApplication::processEvents();
+    if (widths.empty() || widths.back() != button->width()) widths.push_back(button->width());
+  }
+  ASSERT_GE(widths.size(), 3U);
+  EXPECT_GT(widths[0], widths[1]);
+  EXPECT_GT(widths[1], name) << "with its name, in less room";
+  EXPECT_LT(widths[2], name) << "as an icon";
 }
 
 class Lists : public testing::Test {

@@ -90,6 +90,17 @@ TEST_F(EntryCommands, AnEntryThatThePeriodHidesBringsTheKeysToTheRegisterAsWell)
   EXPECT_TRUE(window_->findChild<RegisterView*>()->isAncestorOf(window_->focusWidget()));
 }
 
+TEST_F(EntryCommands, TheFirstAccountGetsWhatIsEnteredBeforeItWasLookedAt) {
+  OpenData(true);
+  ShowWindow();
+  window_->Show({kPayeeShow});
+  EXPECT_EQ(window_->EntryAccount(), 0);
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Purse',2,17,100,0)");
+  Trigger("mnuViewRefresh");
+  EXPECT_EQ(window_->EntryAccount(), 1);
+}
+
 TEST_F(EntryCommands, EnterEditsOneRowAndSeveralTogether) {
   Start();
   Table().selectRow(2);

@@ -104,6 +104,7 @@ TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {
   import("Purse");
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 1}));
   EXPECT_EQ(Rows(), 2);
+  EXPECT_EQ(window_->focusWidget()->objectName(), "lvbank");
 }
 
 TEST_F(ExchangeCommands, WhatCanBeBrowsedCanBeDropped) {
