@@ -46,7 +46,7 @@ FrmHistory::FrmHistory(const InvestPlace& place, std::int64_t investmentId)
   import->setToolTip(tr("Bring in the prices of a CSV file"));
   connect(import, &QPushButton::clicked, this, &FrmHistory::Import);
   MakeCommands(tr("Fetch the latest price and store it as today's"), {import});
-  connect(lvHistory_, &ucEntryList::ChoiceChanged, this, &FrmHistory::TakeChosen);
+  connect(lvHistory_, &ucEntryList::ChoiceChanged, this, &FrmHistory::ShowChosen);
   connect(lvHistory_, &ucEntryList::DeletePressed, this, &FrmHistory::Delete);
   Run([this] { Fill(); });
   KeepContents();
@@ -91,7 +91,7 @@ std::vector<std::int64_t> FrmHistory::ChosenKeys() const {
   return keys;
 }
 
-void FrmHistory::TakeChosen() {
+void FrmHistory::ShowChosen() {
   const std::vector<std::size_t> chosen = lvHistory_->ChosenRows();
   AllowDelete(!chosen.empty());
   if (chosen.empty()) return;

@@ -30,7 +30,7 @@ class FrmHistory : public QtEntryListDialog {
   void MakeFields();
   // Reads the list anew; the price of that day is chosen, or none.
   void Fill(std::optional<Date> chosen = std::nullopt);
-  void TakeChosen();
+  void ShowChosen();
   void New() override;
   void Accept() override;
   void Delete() override;

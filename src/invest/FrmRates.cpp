@@ -43,7 +43,7 @@ FrmRates::FrmRates(const InvestPlace& place)
   AddAbove(lvRates_);
   MakeFields();
   MakeCommands(tr("Fetch today's rate between the two currencies"));
-  connect(lvRates_, &ucEntryList::ChoiceChanged, this, &FrmRates::TakeChosen);
+  connect(lvRates_, &ucEntryList::ChoiceChanged, this, &FrmRates::ShowChosen);
   connect(lvRates_, &ucEntryList::DeletePressed, this, &FrmRates::Delete);
   Run([this] { Fill(); });
   KeepContents();
@@ -75,7 +75,7 @@ void FrmRates::Fill(std::int64_t chosen) {
   }
 }
 
-void FrmRates::TakeChosen() {
+void FrmRates::ShowChosen() {
   const std::vector<std::size_t> chosen = lvRates_->ChosenRows();
   AllowDelete(!chosen.empty());
   if (chosen.empty()) return;

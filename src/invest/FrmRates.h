@@ -24,7 +24,7 @@ class FrmRates : public QtEntryListDialog {
   void MakeFields();
   // Reads the list anew; the rate of that key is chosen, or none.
   void Fill(std::int64_t chosen = 0);
-  void TakeChosen();
+  void ShowChosen();
   void New() override;
   void Accept() override;
   void Delete() override;

@@ -54,7 +54,8 @@ void RequireOrdinary(const FileHandle& file, const std::string& path) {
 // Removes the file unless it was kept: a failed write leaves nothing behind.
 class TemporaryFile {
  public:
-  explicit TemporaryFile(const std::string& target) : path_(target + ".tmp.XXXXXX") {
+  explicit TemporaryFile(const std::string& target)
+      : target_(target), path_(target + ".tmp.XXXXXX") {
     file_ = FileHandle(::mkostemp(path_.data(), O_CLOEXEC));
     if (!file_.IsOpen()) throw SystemError("Cannot create a file beside", target, errno);
   }
@@ -65,8 +66,9 @@ class TemporaryFile {
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
   void WriteAndSync(std::string_view text) {
-    WriteFully(file_.Get(), text, path_);
-    if (::fsync(file_.Get()) != 0 || !file_.Close()) throw SystemError("Cannot save", path_, errno);
+    WriteFully(file_.Get(), text, target_);
+    if (::fsync(file_.Get()) != 0 || !file_.Close())
+      throw SystemError("Cannot save", target_, errno);
   }
   void MoveOver(const std::string& target) {
     if (std::rename(path_.c_str(), target.c_str()) != 0) {
@@ -92,6 +94,7 @@ class TemporaryFile {
     return PlatformError("There is a file " + target + " already. It was left as it is.");
   }
 
+  std::string target_;  // whose name a person knows
   std::string path_;
   FileHandle file_;
   bool kept_ = false;

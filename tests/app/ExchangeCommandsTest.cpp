@@ -74,7 +74,7 @@ TEST_F(ExchangeCommands, AnImportWaitsForTheRunningOperation) {
     form->done(QDialog::Rejected);
   });
   watch.start(1);
-  EXPECT_TRUE(QTest::qWaitFor([&opened] { return opened; }));
+  EXPECT_TRUE(QTest::qWaitFor([&opened] { return opened; }, 30000));
 }
 
 TEST_F(ExchangeCommands, TheWindowGoesToTheAccountOfTheImportedRows) {

@@ -4,9 +4,11 @@
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <csignal>
 #include <filesystem>
 
 namespace corvanta {
@@ -101,6 +103,26 @@ TEST(Files, ANewFileReplacesNothing) {
   std::filesystem::create_symlink("nothing.txt", link);
   EXPECT_THROW(files.WriteNew(link, "x"), PlatformError);
   EXPECT_EQ(FilesIn(folder.Path()), 2U);
+}
+
+TEST(Files, AWriteThatFindsNoRoomNamesTheFileThatWasMeant) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Path("a.txt");
+  const auto former = std::signal(SIGXFSZ, SIG_IGN);
+  rlimit limit{};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &limit), 0);
+  const rlimit none{0, limit.rlim_max};
+  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &none), 0);
+  std::string told;
+  try {
+    SystemFiles().WriteAtomically(path, "one");
+  } catch (const PlatformError& error) {
+    told = error.what();
+  }
+  ::setrlimit(RLIMIT_FSIZE, &limit);
+  std::signal(SIGXFSZ, former);
+  EXPECT_TRUE(told.starts_with("Cannot write " + path + ":")) << told;
+  EXPECT_EQ(FilesIn(folder.Path()), 0U);
 }
 
 TEST(Files, RemovesWhatIsThere) {

@@ -15,7 +15,7 @@ namespace corvanta::inline ledger {
 namespace {
 
 // A row's words are marked in the bits of one number.
-constexpr std::size_t kMostWords = 32;
+constexpr std::size_t kMaxWords = 32;
 
 struct FieldName {
   SearchField field;
@@ -104,7 +104,7 @@ SearchQuery::SearchQuery(std::string_view text, const Locale& locale) {
       return;
     }
   }
-  while (!rest.empty() && words_.size() < kMostWords) AddWord(TakeWord(rest), locale);
+  while (!rest.empty() && words_.size() < kMaxWords) AddWord(TakeWord(rest), locale);
 }
 
 void SearchQuery::AddWord(std::string_view typed, const Locale& locale) {

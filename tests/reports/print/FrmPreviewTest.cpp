@@ -122,7 +122,7 @@ TEST_F(FrmPreviewTest, TheSizeOfThePageCanBeChosen) {
   Find<QComboBox>("cmbZoom").setCurrentText("Page width");
   const double narrow = page->Zoom();
   form_->resize(form_->width() + 200, form_->height());
-  EXPECT_TRUE(QTest::qWaitFor([&] { return page->Zoom() > narrow; }));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return page->Zoom() > narrow; }, 60000));
 }
 
 TEST_F(FrmPreviewTest, LandscapeLaysThePagesOutAnew) {

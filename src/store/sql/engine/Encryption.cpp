@@ -71,6 +71,9 @@ void ApplyKey(sqlite3* database, const FileKey& key, const std::string& file) {
   const std::string& text = key.Text();
   const int result = sqlite3_key(database, text.data(), static_cast<int>(text.size()));
   if (result != SQLITE_OK) throw ErrorOf(database, result, {}, file);
+  // Newer libraries write to standard error what a person is told in words by whoever opens. The
+  // first key of a program sets it going, so that what was said before is forgotten.
+  Run(database, "PRAGMA cipher_log_level = NONE", file);
   SetPageFormat(database, "main", file);
 }
 

@@ -89,8 +89,6 @@ DatabaseHandle OpenHandle(const DataSource& source, int flags) {
   if (result != SQLITE_OK) throw ErrorOf(raw, result, {}, source.path);
   sqlite3_extended_result_codes(raw, 1);
   sqlite3_busy_timeout(raw, 4000);
-  // Newer libraries write to standard error what a person is told in words by whoever opens.
-  Run(raw, "PRAGMA cipher_log_level = NONE", source.path);
   return database;
 }
 
