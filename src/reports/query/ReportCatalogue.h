@@ -26,6 +26,7 @@ struct ReportInfo {
 [[nodiscard]] const std::vector<ReportInfo>& ReportCatalogue();
 inline constexpr int kStandardReports = 11;
 inline constexpr int kBudgetOfMonth = 14;
+inline constexpr int kBalanceForecast = 15;
 inline constexpr std::size_t kPlanColumn = 2;  // of the budget of a month
 // nullptr when there is none of that number.
 [[nodiscard]] const ReportInfo* FindReport(int number);
