@@ -15,7 +15,6 @@
 #include "cli/DownloadCommand.h"
 #include "cli/EditCommand.h"
 #include "cli/EditorCommand.h"
-#include "cli/ExplainCommand.h"
 #include "cli/ExportCommand.h"
 #include "cli/FindCommand.h"
 #include "cli/HoldingsCommand.h"
@@ -36,7 +35,6 @@
 #include "cli/ReconcileCommand.h"
 #include "cli/RegisterCommand.h"
 #include "cli/RemindersCommand.h"
-#include "cli/ReportCommand.h"
 #include "cli/RestoreCommand.h"
 #include "cli/SalvageCommand.h"
 #include "cli/ScheduleCommand.h"
@@ -49,6 +47,10 @@
 #include "cli/TransferCommand.h"
 #include "cli/ValidateCommand.h"
 #include "cli/WatchCommand.h"
+#include "cli/reports/BudgetCommand.h"
+#include "cli/reports/ExplainCommand.h"
+#include "cli/reports/ForecastCommand.h"
+#include "cli/reports/ReportCommand.h"
 #include "ledger/ReferenceRecords.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/PlatformError.h"
@@ -268,6 +270,8 @@ void CommandLine::DeclareReports(Parser& parser) {
   Declare<HoldingsCommand>(parser);
   Declare<ReportCommand>(parser);
   Declare<ExplainCommand>(parser);
+  Declare<BudgetCommand>(parser);
+  Declare<ForecastCommand>(parser);
   Declare<LoanCommand>(parser, LoanMode::Loan);
   Declare<LoanCommand>(parser, LoanMode::Mortgage);
   Declare<CompletionCommand>(parser);

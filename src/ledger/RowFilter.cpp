@@ -1,6 +1,6 @@
 #include "ledger/RowFilter.h"
 
-#include "platform/Locale.h"
+#include "ledger/search/SearchQuery.h"
 #include "platform/TextCase.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
@@ -73,12 +73,13 @@ std::string SearchClause(const SearchText& search) {
 
 }  // namespace
 
+// Where the text is no number of the locale, it may be one with the other decimal mark.
 SearchText ReadSearchText(std::string_view typed, bool isTextOnly, const Locale& locale) {
   SearchText search;
   search.text = Trim(typed);
   search.isTextOnly = isTextOnly;
-  const auto amount = locale.ParseNumber(search.text);
-  if (amount && std::isfinite(*amount)) search.amount = std::abs(*amount);
+  const std::vector<SoughtAmount> amounts = SoughtAmounts(search.text, locale);
+  if (!amounts.empty()) search.amount = amounts.front().value;
   return search;
 }
 

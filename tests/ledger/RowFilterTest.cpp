@@ -175,6 +175,8 @@ TEST_F(FilteredRows, AreThoseWithTheTextHoweverAnAmountIsWritten) {
   EXPECT_EQ(Shown(Text("12.5")), "1");
   EXPECT_EQ(Shown(Text("12.50")), "1");
   EXPECT_EQ(Shown(Text("-12.50")), "1");
+  EXPECT_EQ(Shown(Text("12,50")), "1") << "by the other decimal mark, too";
+  EXPECT_EQ(Shown(Text("1,250")), "") << "which groups here, and is no decimal mark then";
   // Signs that stand for others are looked for as they are.
   EXPECT_EQ(Shown(Text("100% _[x]")), "4");
   EXPECT_EQ(Shown(Text("0%")), "4");

@@ -241,23 +241,10 @@ void ReportsView::SaveReport() {
   place_.host.Notice(tr("Saved as \"%1\"").arg(ToQt(name)));
 }
 
-// In the order of the alphabet; what cannot be picked is shown always and stands behind.
 std::vector<std::string> ReportsView::ShownColumns() const {
   std::vector<std::string> headers;
   for (const ReportColumn& column : report_.columns) headers.push_back(column.header);
-  const auto has = [](const std::vector<std::string>& list, const std::string& name) {
-    return std::ranges::find(list, name) != list.end();
-  };
-  const bool isAll = std::ranges::none_of(
-      state_.columns, [&](const std::string& name) { return has(headers, name); });
-  std::vector<std::string> shown;
-  for (const std::string& name : AllReportColumns()) {
-    if (has(headers, name) && (isAll || has(state_.columns, name))) shown.push_back(name);
-  }
-  for (const std::string& name : headers) {
-    if (!has(AllReportColumns(), name)) shown.push_back(name);
-  }
-  return shown;
+  return corvanta::ShownColumns(headers, state_.columns);
 }
 
 void ReportsView::PickColumns() {

@@ -1,10 +1,19 @@
 #include "reports/custom/ReportColumns.h"
 
 #include "platform/TextCase.h"
+#include "reports/query/ReportTable.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvanta::inline reports {
+namespace {
+
+bool Has(const std::vector<std::string>& list, const std::string& name) {
+  return std::ranges::find(list, name) != list.end();
+}
+
+}  // namespace
 
 const std::vector<std::string>& AllReportColumns() {
   static const std::vector<std::string> kColumns = SplitItems(
@@ -13,6 +22,36 @@ const std::vector<std::string>& AllReportColumns() {
       "Last Price,March,May,Name,November,October,Payee,Payment,Payment Type,Price,Quantity,"
       "Records,Ref,September,Shares,Status,Sub Category,Symbol,Total,Year/Month");
   return kColumns;
+}
+
+std::vector<std::string> ShownColumns(const std::vector<std::string>& headers,
+                                      const std::vector<std::string>& picked) {
+  const bool isAll =
+      std::ranges::none_of(picked, [&](const std::string& name) { return Has(headers, name); });
+  std::vector<std::string> shown;
+  for (const std::string& name : AllReportColumns()) {
+    if (Has(headers, name) && (isAll || Has(picked, name))) shown.push_back(name);
+  }
+  for (const std::string& name : headers) {
+    if (!Has(AllReportColumns(), name)) shown.push_back(name);
+  }
+  return shown;
+}
+
+ReportTable OnlyColumns(ReportTable report, const std::vector<std::string>& columns) {
+  std::vector<std::size_t> kept;
+  for (std::size_t i = 0; i < report.columns.size(); ++i) {
+    if (Has(columns, report.columns[i].header)) kept.push_back(i);
+  }
+  if (kept.empty() || kept.size() == report.columns.size()) return report;
+  const auto keep = [&kept](auto& items) {
+    auto former = std::move(items);
+    items.clear();
+    for (const std::size_t place : kept) items.push_back(std::move(former.at(place)));
+  };
+  keep(report.columns);
+  for (ReportRow& row : report.rows) keep(row.cells);
+  return report;
 }
 
 std::vector<std::string> SplitItems(std::string_view list) {
@@ -34,7 +73,7 @@ std::string JoinItems(const std::vector<std::string>& items) {
 
 ColumnPicker::ColumnPicker(const std::vector<std::string>& current) {
   for (const std::string& name : AllReportColumns()) {
-    ticks_.push_back(std::ranges::find(current, name) != current.end());
+    ticks_.push_back(Has(current, name));
   }
 }
 

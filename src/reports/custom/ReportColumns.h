@@ -11,8 +11,17 @@
 
 namespace corvanta::inline reports {
 
+struct ReportTable;
+
 // The headings of the columns of all reports, in the order of the alphabet.
 [[nodiscard]] const std::vector<std::string>& AllReportColumns();
+
+// Which of a report's headings are shown where those are picked, in the order of the alphabet; all
+// of them where none of it is picked. What cannot be picked is shown always and stands behind.
+[[nodiscard]] std::vector<std::string> ShownColumns(const std::vector<std::string>& headers,
+                                                    const std::vector<std::string>& picked);
+// The report with those of its columns alone, in their order; whole where none of them is its own.
+[[nodiscard]] ReportTable OnlyColumns(ReportTable report, const std::vector<std::string>& columns);
 
 // Items of a text that are separated by ",", and joined so again.
 [[nodiscard]] std::vector<std::string> SplitItems(std::string_view list);

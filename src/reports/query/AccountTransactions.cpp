@@ -88,7 +88,9 @@ void AccountTransactions::Fill(const ReportRun& run, ReportTable& table) const {
   AppendTotals(table, {"Income", "Expense"});
   const std::size_t column = table.Column("Balance").value();
   for (ReportRow& row : table.rows) {
-    if (row.kind == ReportRowKind::Total) row.cells[column] = *balanceOf.at(row.currency);
+    if (row.kind != ReportRowKind::Total) continue;
+    const auto known = balanceOf.find(row.currency);
+    row.cells[column] = known == balanceOf.end() ? unknown : *known->second;
   }
 }
 

@@ -5,6 +5,7 @@
 #include "ledger/Money.h"
 #include "ledger/RateBook.h"
 #include "ledger/ScheduleBook.h"
+#include "ledger/ScheduleRows.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "store/sql/Connection.h"
@@ -14,7 +15,6 @@
 #include <algorithm>
 #include <map>
 #include <optional>
-#include <set>
 
 namespace corvanta::inline reports {
 namespace {
@@ -105,26 +105,16 @@ double ArrivingOf(const ReportRun& run, const ScheduleDetails& schedule) {
   return rate ? -schedule.amount * rate->rate : 0;
 }
 
-std::set<corvanta::Date> PostedOf(const ReportRun& run, std::int64_t schedule) {
-  std::set<corvanta::Date> posted;
-  Recordset rows = run.Store().OpenRecordset(
-      "Select ScheduleDate from tblTransactions WHERE BankSch = " + SqlNumber(schedule));
-  for (; !rows.Eof(); rows.MoveNext()) {
-    if (const auto day = rows.Day(0)) posted.insert(*day);
-  }
-  return posted;
-}
-
+// What is overdue and has no row yet is expected on the first day.
 void AddScheduled(const ReportRun& run, std::vector<Expected>& expected) {
   const corvanta::Date first = run.platform.clock.Today().AddDays(1);
-  const corvanta::Date end = EndOf(run);
+  const PostedBySchedule posted = PostedOfAll(run.Store());
   for (const ScheduleDetails& schedule : run.ledger.Schedules().Schedules()) {
     if (schedule.isFinished || !schedule.nextDue) continue;
-    const std::set<corvanta::Date> posted = PostedOf(run, schedule.scheduleId);
-    for (const corvanta::Date due : run.ledger.Schedules().DueDates(schedule.scheduleId, end)) {
-      if (due < *schedule.nextDue || posted.contains(due)) continue;
+    const auto rows = posted.find(schedule.scheduleId);
+    for (const corvanta::Date due : PaymentsBookedUntil(schedule, EndOf(run))) {
+      if (rows != posted.end() && rows->second.Has(due)) continue;
       const corvanta::Date day = std::max(first, schedule.days.BookedOn(due));
-      if (day > end) continue;
       expected.push_back({schedule.accountId, day, 0, schedule.payee, schedule.amount});
       if (!schedule.IsTransfer()) continue;
       expected.push_back(
@@ -140,7 +130,8 @@ std::vector<Expected> ReadExpected(const ReportRun& run, const std::vector<Outlo
   AddScheduled(run, expected);
   const corvanta::Date first = run.platform.clock.Today().AddDays(1);
   for (const WhatIf& each : run.request.whatIf) {
-    expected.push_back({each.accountId, std::max(first, each.day), 0, "What if", each.amount});
+    expected.push_back({each.accountId, std::max(first, each.day), 0,
+                        each.text.empty() ? "What if" : each.text, each.amount});
   }
   std::ranges::stable_sort(expected, {}, &Expected::day);
   return expected;

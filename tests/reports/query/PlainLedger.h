@@ -51,6 +51,21 @@ struct PlainLedger {
     double shares = 0, price = 0, dividend = 0, commission = 0;
     std::string description;
     std::set<std::int64_t> keywords;
+    std::int64_t schedule = 0;  // whose payment it is
+    Date scheduleDay = {};      // the day that was due
+  };
+  struct Schedule {
+    std::int64_t id, account, transferAccount;  // 0: no transfer
+    double amount;
+    Date from;
+    int days;   // from one payment to the next; 0: a month
+    int times;  // 0 without end
+    std::set<Date> posted;
+
+    // The day of its payment of that number, from 0.
+    [[nodiscard]] Date Due(int number) const {
+      return days == 0 ? from.AddMonths(number) : from.AddDays(days * number);
+    }
   };
 
   std::vector<Account> accounts;
@@ -59,6 +74,7 @@ struct PlainLedger {
   std::map<std::int64_t, std::string> payments;
   std::vector<Row> rows;  // by day and key
   std::set<std::int64_t> parents;
+  std::vector<Schedule> schedules;
 
   [[nodiscard]] const Account& AccountOf(const Row& row) const;
   [[nodiscard]] const Category& CategoryOf(const Row& row) const;
@@ -66,7 +82,7 @@ struct PlainLedger {
 };
 
 // Accounts in several currencies, one of them closed; two years of plain rows, splits, transfers
-// and trades; keywords on some of them.
+// and trades; keywords on some of them; schedules, some of whose payments have a row.
 [[nodiscard]] PlainLedger RandomLedger(std::mt19937& random, int entries);
 // In place of what the data file holds.
 void WriteLedger(const PlainLedger& ledger, Connection& store);

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/Command.h"
-#include "cli/ReportArguments.h"
+#include "cli/reports/ReportArguments.h"
 
 #include <string>
 

@@ -1,19 +1,20 @@
-#include "cli/ExplainCommand.h"
+#include "cli/reports/ExplainCommand.h"
 
 #include "cli/CloseNames.h"
 #include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
 #include "cli/TransactionsArgument.h"
-#include "invest/WebRates.h"
+#include "cli/reports/ShownReport.h"
 #include "ledger/Money.h"
-#include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"
 #include "reports/query/Explain.h"
-#include "reports/query/ReportRunner.h"
 
 #include <charconv>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace corvanta::inline cli {
 namespace {
@@ -34,36 +35,8 @@ std::optional<std::size_t> FindColumn(const ReportTable& report, const std::stri
   return std::nullopt;
 }
 
-}  // namespace
-
-Parser* ExplainCommand::Declare(Parser& parser) {
-  Parser* command =
-      parser.AddCommand("explain", "List the rows that a figure of a report is made of");
-  arguments_.Declare(*command, true);
-  command->AddOption("--row", row_, "The figure's row as the report shows it, from 1")
-      ->Required()
-      ->Check(KeyFault);
-  command->AddOption("--column", column_, "The header of its column")->Required();
-  return command;
-}
-
-ExitStatus ExplainCommand::Run(Session& session) {
-  const std::optional<DataFile> file = session.Open(Access::Read);
-  if (!file) return ExitStatus::Refused;
-  clsCorvanta ledger(*file->connection, session.Machine());
-  ReportRequest request;
-  if (!arguments_.Fill(request, ledger, session)) return ExitStatus::Refused;
-  WebRates rates(ledger, session.Machine());
-  const ReportTable report = RunReport(ledger, request, rates, session.Machine());
-  std::size_t row = 0;
-  std::from_chars(row_.data(), row_.data() + row_.size(), row);
-  if (row < 1 || row > report.rows.size()) {
-    return session.Refuse(kTitle, "The report has no row " + row_ + ": it has " +
-                                      std::to_string(report.rows.size()) + ".");
-  }
-  const std::optional<std::size_t> column = FindColumn(report, column_, session);
-  if (!column) return ExitStatus::Refused;
-
+// The rows and, behind them, their sum.
+void PrintRows(const std::vector<ExplainedRow>& rows, Session& session) {
   OutputTable table({{"ID", OutputKind::Integer},
                      {"Date", OutputKind::Date},
                      {"Account"},
@@ -74,8 +47,7 @@ ExitStatus ExplainCommand::Run(Session& session) {
                      {"Sign", OutputKind::Integer},
                      {"Contribution", OutputKind::Number}});
   double sum = 0;
-  for (const ExplainedRow& each :
-       Explain(ledger, request, report, row - 1, *column, session.Machine())) {
+  for (const ExplainedRow& each : rows) {
     sum += each.contribution;
     table.AddRow({each.transactionId == 0 ? Value() : Value(each.transactionId),
                   each.date ? Value(*each.date) : Value(), each.account, each.payee,
@@ -85,6 +57,38 @@ ExitStatus ExplainCommand::Run(Session& session) {
   table.AddRow(
       {Value(), Value(), Value(), "Total", Value(), Value(), Value(), Value(), RoundMoney(sum)});
   session.Print(table);
+}
+
+}  // namespace
+
+Parser* ExplainCommand::Declare(Parser& parser) {
+  Parser* command =
+      parser.AddCommand("explain", "List the rows that a figure of a report is made of");
+  arguments_.DeclareReport(*command, true);
+  arguments_.DeclareFilters(*command);
+  command->AddOption("--row", row_, "The figure's row as the report shows it, from 1")
+      ->Required()
+      ->Check(KeyFault);
+  command->AddOption("--column", column_, "The header of its column")->Required();
+  return command;
+}
+
+ExitStatus ExplainCommand::Run(Session& session) {
+  const auto shown = ShownReport::Run(session, [&](ReportRequest& request, clsCorvanta& ledger) {
+    return arguments_.FillReport(request, session) && arguments_.Apply(request, ledger, session);
+  });
+  if (!shown) return ExitStatus::Refused;
+  const ReportTable& report = shown->Table();
+  std::size_t row = 0;
+  std::from_chars(row_.data(), row_.data() + row_.size(), row);
+  if (row < 1 || row > report.rows.size()) {
+    return session.Refuse(kTitle, "The report has no row " + row_ + ": it has " +
+                                      std::to_string(report.rows.size()) + ".");
+  }
+  const std::optional<std::size_t> column = FindColumn(report, column_, session);
+  if (!column) return ExitStatus::Refused;
+  PrintRows(Explain(shown->Ledger(), shown->Request(), report, row - 1, *column, session.Machine()),
+            session);
   return ExitStatus::Done;
 }
 

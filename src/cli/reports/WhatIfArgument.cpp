@@ -1,0 +1,89 @@
+#include "cli/reports/WhatIfArgument.h"
+
+#include "cli/AccountArgument.h"
+#include "cli/Arguments.h"
+#include "cli/Parser.h"
+#include "cli/Session.h"
+#include "ledger/clsCorvanta.h"
+
+namespace corvanta::inline cli {
+namespace {
+
+struct Parts {
+  std::string day;
+  std::string account;  // may have colons of its own
+  std::string amount;   // empty where none was found
+  std::string text;
+};
+
+std::vector<std::string> ItemsOf(const std::string& text) {
+  std::vector<std::string> items(1);
+  for (const char sign : text) {
+    if (sign == ':') {
+      items.emplace_back();
+    } else {
+      items.back() += sign;
+    }
+  }
+  return items;
+}
+
+// The amount is the last item that is a number: the account stands before it, the text behind it.
+Parts PartsOf(const std::string& typed) {
+  const std::vector<std::string> items = ItemsOf(typed);
+  std::size_t amount = items.size() - 1;
+  while (amount > 0 && !NumberFault(items[amount]).empty()) --amount;
+  Parts parts{items.front(), {}, {}, {}};
+  if (amount == 0) return parts;
+  parts.amount = items[amount];
+  const auto join = [&items](std::size_t from, std::size_t to) {
+    std::string text;
+    for (std::size_t i = from; i < to; ++i) text += (i == from ? "" : ":") + items[i];
+    return text;
+  };
+  parts.account = join(1, amount);
+  parts.text = join(amount + 1, items.size());
+  return parts;
+}
+
+std::string Fault(const std::string& typed) {
+  const Parts parts = PartsOf(typed);
+  const std::string fault = DateFault(parts.day);
+  if (parts.amount.empty()) return "'" + typed + "' is not of the form DATE:ACCOUNT:AMOUNT[:TEXT]";
+  return fault;
+}
+
+}  // namespace
+
+void WhatIfArgument::Declare(Parser& command) {
+  command
+      .AddOption("--what-if", payments_,
+                 "In a forecast also that payment, which is not stored; may be given several times")
+      ->Repeated()
+      ->TypeName("DATE:ACCOUNT:AMOUNT[:TEXT]")
+      ->Check(Fault);
+}
+
+bool WhatIfArgument::Apply(ReportRequest& request, clsCorvanta& ledger, Session& session) const {
+  const std::vector<std::int64_t>& kept = request.filter.Keys(FilterKind::Account);
+  for (const std::string& payment : payments_) {
+    const Parts parts = PartsOf(payment);
+    WhatIf made{Date::FromIso(parts.day).value_or(Date()), 0, NumberOf(parts.amount), parts.text};
+    if (!parts.account.empty()) {
+      const auto account = AccountArgument{parts.account}.Find(ledger, session);
+      if (!account) return false;
+      made.accountId = account->accountId;
+    } else if (kept.size() == 1) {
+      made.accountId = kept.front();
+    } else {
+      session.Tell("Account", "Say which account \"" + payment +
+                                  "\" is of (DATE:ACCOUNT:AMOUNT), or keep the forecast to one "
+                                  "account with --account.");
+      return false;
+    }
+    request.whatIf.push_back(std::move(made));
+  }
+  return true;
+}
+
+}  // namespace corvanta::inline cli

@@ -1,0 +1,42 @@
+#include "reports/custom/DefinitionRequest.h"
+
+#include "platform/TextCase.h"
+#include "reports/custom/ReportColumns.h"
+#include "reports/query/ReportCatalogue.h"
+
+namespace corvanta::inline reports {
+namespace {
+constexpr std::int64_t kNobody = -1;  // no row has it
+}
+
+ReportRequest MakeRequest(const OpenedDefinition& opened) {
+  const ReportDefinition& definition = opened.definition;
+  ReportRequest request;
+  request.report = definition.report;
+  request.filter = definition.filter;
+  for (const FilterKind kind : opened.emptied) request.filter.SetKeys(kind, {kNobody});
+  request.actions = definition.actions;
+  request.range = definition.range;
+  request.currency = definition.currency;
+  request.converts = !definition.currency.empty();
+  return request;
+}
+
+ReportDefinition MakeDefinition(const std::string& name, const ReportRequest& request,
+                                const std::vector<std::string>& columns, Connection& store) {
+  ReportDefinition definition;
+  definition.name = Trim(name);
+  definition.report = request.report;
+  definition.filter = request.filter;
+  definition.wholeCategories = WholeCategoriesOf(request.filter, store);
+  definition.actions = request.actions;
+  if (const ReportInfo* info = FindReport(request.report)) {
+    definition.columns = ShownColumns(SplitItems(info->headers), columns);
+  }
+  definition.widths.resize(definition.columns.size());
+  definition.range = request.range;
+  if (request.converts) definition.currency = request.currency;
+  return definition;
+}
+
+}  // namespace corvanta::inline reports
