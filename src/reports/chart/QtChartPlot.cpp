@@ -1,0 +1,294 @@
+#include "reports/chart/QtChartPlot.h"
+
+#include "controls/QtText.h"
+#include "controls/Style.h"
+#include "platform/Date.h"
+#include "platform/Locale.h"
+#include "platform/RoundScale.h"
+#include "reports/chart/ChartLook.h"
+
+#include <QFontMetrics>
+#include <QtCharts/QBarLegendMarker>
+#include <QtCharts/QBarSeries>
+#include <QtCharts/QBarSet>
+#include <QtCharts/QCategoryAxis>
+#include <QtCharts/QChart>
+#include <QtCharts/QHorizontalBarSeries>
+#include <QtCharts/QLegend>
+#include <QtCharts/QLineSeries>
+#include <QtCharts/QStackedBarSeries>
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <utility>
+
+namespace corvanta::inline reports {
+namespace {
+
+constexpr int kWidestName = 22 * kRhythm;
+constexpr int kBesideCategories = 12 * kRhythm;  // what the other axis takes of the width
+constexpr int kSteps = 5;
+constexpr double kBarShare = 0.72;
+constexpr double kLineWidth = 2;
+constexpr std::size_t kMostMarked = 60;  // points of a line that are shown as such
+constexpr std::array kStrokes = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
+
+double SerialOf(const std::string& day) {
+  return static_cast<double>(Date::FromIso(day).value_or(Date()).Serial());
+}
+
+// The library takes equal labels for one.
+QString Unlike(QString label, QCategoryAxis& axis) {
+  while (axis.categoriesLabels().contains(label)) label += QChar(0x200B);
+  return label;
+}
+
+QCategoryAxis* MakeAxis(double low, double high) {
+  auto* axis = new QCategoryAxis;
+  axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
+  axis->setRange(low, high);
+  // Where there is little room the library would leave nothing of a label.
+  axis->setTruncateLabels(false);
+  return axis;
+}
+
+QAbstractBarSeries* MakeBars(ChartKind kind, QChart& chart) {
+  if (kind == ChartKind::Bars) return new QHorizontalBarSeries(&chart);
+  if (kind == ChartKind::Stacked) return new QStackedBarSeries(&chart);
+  return new QBarSeries(&chart);
+}
+
+}  // namespace
+
+QtChartPlot::QtChartPlot(const Locale& locale, QChart& chart) : locale_(locale), chart_(chart) {
+  chart_.setBackgroundRoundness(0);
+  chart_.legend()->setAlignment(Qt::AlignBottom);
+  chart_.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
+}
+
+void QtChartPlot::Clear() {
+  chart_.removeAllSeries();
+  for (QAbstractAxis* axis : chart_.axes()) {
+    chart_.removeAxis(axis);
+    delete axis;
+  }
+  shown_.clear();
+  bars_ = nullptr;
+  categories_ = nullptr;
+  values_ = nullptr;
+}
+
+void QtChartPlot::Show(ChartData chartData, int width) {
+  Clear();
+  data_ = std::move(chartData);
+  if (data_.IsEmpty()) return;
+  shown_.resize(data_.series.size());
+  AddBars();
+  AddLines();
+  AddAxes();
+  LabelCategories(width);
+  // Bars that lie are counted from below.
+  chart_.legend()->setReverseMarkers(LiesAcross());
+}
+
+int QtChartPlot::IndexOf(std::size_t category) const {
+  const auto index = static_cast<int>(category);
+  return LiesAcross() ? static_cast<int>(data_.categories.size()) - 1 - index : index;
+}
+
+std::size_t QtChartPlot::CategoryOf(int index) const {
+  return static_cast<std::size_t>(
+      LiesAcross() ? static_cast<int>(data_.categories.size()) - 1 - index : index);
+}
+
+double QtChartPlot::AlongAxis(std::size_t category) const {
+  return data_.areDays ? SerialOf(data_.categories[category]) : IndexOf(category);
+}
+
+void QtChartPlot::AddBars() {
+  if (data_.kind == ChartKind::Lines) return;
+  bars_ = MakeBars(data_.kind, chart_);
+  bars_->setBarWidth(kBarShare);
+  for (std::size_t place = 0; place < data_.series.size(); ++place) {
+    const std::size_t series = LiesAcross() ? data_.series.size() - 1 - place : place;
+    if (!data_.series[series].isLine) AddBarSet(series);
+  }
+  chart_.addSeries(bars_);
+}
+
+void QtChartPlot::AddBarSet(std::size_t series) {
+  const auto& points = data_.series[series].points;
+  auto* set = new QBarSet(ToQt(SeriesText(data_, series)), bars_);
+  for (int index = 0; index < static_cast<int>(points.size()); ++index) {
+    const auto& point = points[CategoryOf(index)];
+    set->append(point ? point->value : 0);
+  }
+  connect(set, &QBarSet::hovered, this, [this, series](bool isOver, int index) {
+    Q_EMIT Hovered({series, CategoryOf(index)}, isOver);
+  });
+  connect(set, &QBarSet::clicked, this, [this, series](int index) {
+    Q_EMIT Clicked({series, CategoryOf(index)});
+  });
+  shown_[series].bars = set;
+  bars_->append(set);
+}
+
+void QtChartPlot::AddLines() {
+  for (std::size_t i = 0; i < data_.series.size(); ++i) {
+    if (data_.series[i].isLine || data_.kind == ChartKind::Lines) AddLine(i);
+  }
+}
+
+void QtChartPlot::AddLine(std::size_t series) {
+  auto* line = new QLineSeries(&chart_);
+  line->setName(ToQt(SeriesText(data_, series)));
+  const auto& points = data_.series[series].points;
+  QList<QPointF> places;
+  for (std::size_t category = 0; category < points.size(); ++category) {
+    if (points[category]) places.append({AlongAxis(category), points[category]->value});
+  }
+  line->replace(places);
+  line->setPointsVisible(points.size() <= kMostMarked);
+  connect(line, &QLineSeries::hovered, this, [this, series](const QPointF& point, bool isOver) {
+    Q_EMIT Hovered(NearestOf(series, point), isOver);
+  });
+  connect(line, &QLineSeries::clicked, this,
+          [this, series](const QPointF& point) { Q_EMIT Clicked(NearestOf(series, point)); });
+  shown_[series].line = line;
+  chart_.addSeries(line);
+}
+
+void QtChartPlot::AddAxes() {
+  const ChartRange range = RangeOf(data_);
+  const RoundScale scale = ScaleOf(range.low, range.high, kSteps);
+  values_ = MakeAxis(scale.low, scale.high);
+  for (const double mark : scale.Marks()) {
+    values_->append(ToQt(locale_.FormatNumber(mark, scale.decimals)), mark);
+  }
+  // Bars need half of their room on either side.
+  const std::size_t last = data_.categories.size() - 1;
+  const double first = std::min(AlongAxis(0), AlongAxis(last));
+  const double end = std::max(AlongAxis(0), AlongAxis(last));
+  const double around = data_.areDays ? (end > first ? 0 : 1) : 0.5;
+  categories_ = MakeAxis(first - around, end + around);
+  categories_->setGridLineVisible(false);
+  chart_.addAxis(values_, LiesAcross() ? Qt::AlignBottom : Qt::AlignLeft);
+  chart_.addAxis(categories_, LiesAcross() ? Qt::AlignLeft : Qt::AlignBottom);
+  for (QAbstractSeries* series : chart_.series()) {
+    series->attachAxis(values_);
+    series->attachAxis(categories_);
+  }
+}
+
+std::size_t QtChartPlot::LabelStep(int width) const {
+  if (LiesAcross()) return 1;
+  const QFontMetrics metrics(ScaledFont(-1));
+  int widest = 1;
+  for (std::size_t i = 0; i < data_.categories.size(); ++i) {
+    const QString text = ToQt(CategoryText(data_, i, locale_));
+    widest = std::max(widest, metrics.horizontalAdvance(text) + 2 * kRhythm);
+  }
+  const int most = std::max(1, (width - kBesideCategories) / widest);
+  return (data_.categories.size() - 1) / static_cast<std::size_t>(most) + 1;
+}
+
+void QtChartPlot::LabelCategories(int width) {
+  if (categories_ == nullptr) return;
+  for (const QString& label : categories_->categoriesLabels()) categories_->remove(label);
+  const QFontMetrics metrics(ScaledFont(-1));
+  const std::size_t count = data_.categories.size();
+  const double room = (categories_->max() - categories_->min()) / static_cast<double>(count) *
+                      static_cast<double>(LabelStep(width)) * 0.99;
+  double free = -HUGE_VAL;
+  for (std::size_t index = 0; index < count; ++index) {
+    // They are given from the lowest position up.
+    const std::size_t category = LiesAcross() ? count - 1 - index : index;
+    const double position = AlongAxis(category);
+    if (!LiesAcross() && position < free) continue;
+    const QString text = metrics.elidedText(ToQt(CategoryText(data_, category, locale_)),
+                                            Qt::ElideRight, kWidestName);
+    categories_->append(Unlike(text, *categories_), position);
+    free = position + room;
+  }
+}
+
+void QtChartPlot::Colour(const QPalette& colours) {
+  chart_.setBackgroundBrush(colours.color(QPalette::Window));
+  chart_.legend()->setLabelBrush(colours.color(QPalette::WindowText));
+  chart_.legend()->setFont(ScaledFont(-1));
+  for (QAbstractAxis* axis : chart_.axes()) {
+    axis->setLabelsBrush(colours.color(QPalette::WindowText));
+    axis->setLabelsFont(ScaledFont(-1));
+    axis->setGridLinePen(QPen(Hairline(colours), 1));
+    axis->setLinePen(QPen(Hairline(colours), 1));
+  }
+  ColourSeries(colours);
+  ColourLegend();
+}
+
+void QtChartPlot::ColourSeries(const QPalette& colours) {
+  const QColor chosen = colours.color(QPalette::WindowText);
+  for (std::size_t i = 0; i < shown_.size(); ++i) {
+    const QColor colour = QColor::fromRgb(ChartColour(data_.series[i], i, IsDark(colours)));
+    if (QBarSet* bars = shown_[i].bars) {
+      bars->setBrush(colour);
+      bars->setPen(QPen(colours.color(QPalette::Window), 1));
+      bars->setSelectedColor(Mixed(colour, chosen, 0.5));
+    }
+    if (QXYSeries* line = shown_[i].line) {
+      line->setPen(QPen(colour, kLineWidth, kStrokes.at(i % kStrokes.size())));
+      line->setSelectedColor(chosen);
+    }
+  }
+}
+
+// The library leaves the marks of bars that have a selection without a colour.
+void QtChartPlot::ColourLegend() {
+  if (bars_ == nullptr) return;
+  for (QLegendMarker* marker : chart_.legend()->markers(bars_)) {
+    const QBarSet* bars = static_cast<QBarLegendMarker*>(marker)->barset();
+    marker->setShape(QLegend::MarkerShapeRectangle);
+    marker->setBrush(bars->brush());
+    marker->setPen(Qt::NoPen);
+  }
+}
+
+ChartPlace QtChartPlot::NearestOf(std::size_t series, const QPointF& point) const {
+  ChartPlace nearest{series, 0};
+  double least = HUGE_VAL;
+  const auto& points = data_.series[series].points;
+  for (std::size_t category = 0; category < points.size(); ++category) {
+    const double distance = std::abs(AlongAxis(category) - point.x());
+    if (!points[category] || distance >= least) continue;
+    least = distance;
+    nearest.category = category;
+  }
+  return nearest;
+}
+
+void QtChartPlot::Mark(const ChartPlace& place, bool isMarked) {
+  const Shown& shown = shown_[place.series];
+  if (shown.bars != nullptr) {
+    const int index = IndexOf(place.category);
+    isMarked ? shown.bars->selectBar(index) : shown.bars->deselectBar(index);
+  }
+  if (shown.line == nullptr) return;
+  shown.line->deselectAllPoints();
+  if (!isMarked) return;
+  int index = 0;
+  const auto& points = data_.series[place.series].points;
+  for (std::size_t i = 0; i < place.category; ++i) index += points[i] ? 1 : 0;
+  shown.line->selectPoint(index);
+}
+
+QPointF QtChartPlot::PositionOf(const ChartPlace& place) const {
+  const auto& point = data_.series[place.series].points[place.category];
+  const double value = point ? point->value : 0;
+  const double along = AlongAxis(place.category);
+  QAbstractSeries* series = bars_;
+  if (QXYSeries* line = shown_[place.series].line) series = line;
+  return chart_.mapToPosition(LiesAcross() ? QPointF(value, along) : QPointF(along, value), series);
+}
+
+}  // namespace corvanta::inline reports
