@@ -84,6 +84,7 @@ constexpr std::array kSettings{
     SettingInfo{Setting::PrintPaper, "PrintPaper", Text, "", "Paper that is printed on", {}},
     SettingInfo{Setting::PrintOrientation, "PrintOrientation", Choice, "As Fits the List", "How the paper lies", kOrientationChoices},
     SettingInfo{Setting::PrintMargins, "PrintMargins", Widths, "", "Margins of a page in tenths of a millimetre", {}},
+    SettingInfo{Setting::CarryBudget, "CarryBudget", Check, "1", "The budget of a month carries over what was left", {}},
 };
 // clang-format on
 

@@ -74,6 +74,7 @@ enum class Setting {
   PrintPaper,
   PrintOrientation,
   PrintMargins,
+  CarryBudget,
 };
 
 enum class SettingKind {

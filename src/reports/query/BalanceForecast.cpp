@@ -140,7 +140,8 @@ std::vector<Expected> ReadExpected(const ReportRun& run, const std::vector<Outlo
   AddScheduled(run, expected);
   const corvanta::Date first = run.platform.clock.Today().AddDays(1);
   for (const WhatIf& each : run.request.whatIf) {
-    expected.push_back({each.accountId, std::max(first, each.day), 0, "What if", each.amount});
+    expected.push_back({each.accountId, std::max(first, each.day), 0,
+                        each.text.empty() ? "What if" : each.text, each.amount});
   }
   std::ranges::stable_sort(expected, {}, &Expected::day);
   return expected;

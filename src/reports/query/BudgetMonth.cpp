@@ -31,6 +31,7 @@ std::vector<Period> MonthsBefore(const ReportRun& run, const Period& month) {
   const std::optional<corvanta::Date> first =
       run.Store().QueryValue("SELECT Min([Date]) FROM tblTransactions").AsDate();
   std::vector<Period> months;
+  if (!run.request.carriesOver) return months;
   for (int back = month.from.Month() - 1; back > 0; --back) {
     const Period before = MonthFrom(month.from.AddMonths(-back));
     if (first && *first <= before.to) months.push_back(before);
@@ -83,7 +84,10 @@ void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
       if (plan.hasBudget) row.part = "planned";
       table.rows.push_back(std::move(row));
     };
-    if (plan.hasBudget || plan.actual.contains(home)) add(home, plan.budget, line.carried);
+    const bool isEmpty = plan.actual.empty() && run.request.withAllCategories;
+    if (plan.hasBudget || isEmpty || plan.actual.contains(home)) {
+      add(home, plan.budget, line.carried);
+    }
     for (const auto& [currency, actual] : plan.actual) {
       if (currency != home) add(currency, 0, 0);
     }

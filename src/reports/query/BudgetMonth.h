@@ -7,8 +7,8 @@ namespace corvanta::inline reports {
 
 // The budget of one month: what is planned of each category, what was left over or overspent in
 // the months of the year before it, what it came to, and what is left. Months that ended before the
-// first transaction leave nothing. The month is this one or, where the range has not got it, that
-// of the range's day that is next to today.
+// first transaction leave nothing, and none does where nothing is to be carried over. The month is
+// this one or, where the range has not got it, that of the range's day that is next to today.
 //
 //   carried over = sum over the year's months before it of (plan - actual)
 //   left         = actual - plan - carried over

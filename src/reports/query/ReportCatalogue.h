@@ -2,6 +2,7 @@
 
 #include "reports/query/ReportTable.h"
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -24,6 +25,8 @@ struct ReportInfo {
 // ones and those behind them.
 [[nodiscard]] const std::vector<ReportInfo>& ReportCatalogue();
 inline constexpr int kStandardReports = 11;
+inline constexpr int kBudgetOfMonth = 14;
+inline constexpr std::size_t kPlanColumn = 2;  // of the budget of a month
 // nullptr when there is none of that number.
 [[nodiscard]] const ReportInfo* FindReport(int number);
 // By its name, in whatever case, or its number as digits; nullptr when there is none.

@@ -16,7 +16,8 @@ namespace corvanta::inline reports {
 struct WhatIf {
   Date day;
   std::int64_t accountId = 0;
-  double amount = 0;  // in the account's currency, money out negative
+  double amount = 0;      // in the account's currency, money out negative
+  std::string text = {};  // what it is; empty: "What if"
   bool operator==(const WhatIf&) const = default;
 };
 
@@ -38,6 +39,10 @@ struct ReportRequest {
   bool converts = false;            // amounts into the report currency
 
   std::vector<WhatIf> whatIf;  // of a forecast alone
+  // Of the budget of a month alone: whether what was left in the months before it counts, and
+  // whether categories without a plan and without an amount have rows, too.
+  bool carriesOver = true;
+  bool withAllCategories = false;
 
   bool operator==(const ReportRequest&) const = default;
 };
