@@ -8,6 +8,10 @@
 class QGridLayout;
 class QLabel;
 
+namespace corvanta::inline controls {
+class MoneyLabel;
+}
+
 namespace corvanta::inline ledger {
 struct PeriodTotals;
 }
@@ -61,9 +65,9 @@ class TotalsLine : public QWidget {
   QGridLayout* grid_;
   QLabel* rows_;
   QString rowsText_;
-  QLabel* figure_;  // the balance
+  MoneyLabel* figure_;  // the balance
   QString figureText_;
-  std::array<QLabel*, 3> others_;  // paid in, paid out, this period
+  std::array<MoneyLabel*, 3> others_;  // paid in, paid out, this period
   bool hasOthers_ = false;
   Form form_ = Form::OneRow;
 };
