@@ -169,7 +169,7 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
       // Its totals say of which currency they are.
       const int total = QFontMetrics(ScaledFont(0, QFont::DemiBold))
                             .horizontalAdvance(QStringLiteral("Total (GBP)")) +
-                        5 * kRhythm;
+                        3 * kRhythm;
       // The first one says what the row is.
       shown.stretch = made.empty() ? 3 : 2;
       shown.width = std::max(own, widths.Text(QStringLiteral("A name of some length")));
