@@ -169,7 +169,7 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
       // Its totals say of which currency they are.
       const int total = QFontMetrics(ScaledFont(0, QFont::DemiBold))
                             .horizontalAdvance(QStringLiteral("Total (GBP)")) +
-                        3 * kRhythm;
+                        4 * kRhythm;
       // The first one says what the row is.
       shown.stretch = made.empty() ? 3 : 2;
       shown.width = std::max(own, widths.Text(QStringLiteral("A name of some length")));
@@ -191,7 +191,10 @@ std::vector<ListColumn> FittedColumns(const ReportTable& table, const Locale& lo
     const int title = widths.Text(column.title);
     const Content content = table.columns[place].content;
     if (column.isNumber) {
-      column.width = std::max(title, WidestFigure(table, place, locale, decimals));
+      const int figure = WidestFigure(table, place, locale, decimals);
+      column.width = std::max(title, figure);
+      // What a title has at its sides can be spared, of a figure nothing.
+      column.smallest = std::max(title - kRhythm, figure);
     } else if (content == Content::Text) {
       const int sign = place == 0 ? 2 * kRhythm : 0;
       column.width =

@@ -79,7 +79,7 @@ void ReportsView::Fill() {
   for (std::size_t column = 0; column < fitted.size(); ++column) {
     const ListColumn& need = fitted[column];
     table_->SetNeed(static_cast<int>(column), need.width,
-                    need.stretch > 0 ? need.smallest : need.width);
+                    need.smallest > 0 ? need.smallest : need.width);
   }
   ApplyColumns();
   search_->ShowFound();
