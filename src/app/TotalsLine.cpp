@@ -1,5 +1,6 @@
 #include "app/TotalsLine.h"
 
+#include "controls/MoneyLabel.h"
 #include "controls/MutedLabel.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
@@ -20,20 +21,14 @@ namespace {
 constexpr int kGap = 3 * kRhythm;
 constexpr int kSmallest = 12 * kRhythm;
 
-void Colour(QLabel& label, bool negative) {
-  QPalette own;
-  if (negative) own.setColor(QPalette::WindowText, MoneyOutColour(label.parentWidget()->palette()));
-  label.setPalette(own);
-}
-
 }  // namespace
 
 TotalsLine::TotalsLine(QWidget* parent)
     : QWidget(parent),
       grid_(new QGridLayout(this)),
       rows_(new MutedLabel(this)),
-      figure_(new QLabel(this)),
-      others_{new QLabel(this), new QLabel(this), new QLabel(this)} {
+      figure_(new MoneyLabel(this)),
+      others_{new MoneyLabel(this), new MoneyLabel(this), new MoneyLabel(this)} {
   rows_->setObjectName(QStringLiteral("lblRows"));
   figure_->setObjectName(QStringLiteral("lblBalance"));
   figure_->setFont(ScaledFont(0, QFont::DemiBold));
@@ -58,7 +53,7 @@ void TotalsLine::Show(const QString& rows, const QStringList& figures, bool nega
   rowsText_ = rows;
   figures_ = figures;
   figureText_ = figures.join(QStringLiteral("    "));
-  Colour(*figure_, negative);
+  figure_->SetNegative(negative);
   ShowTips();
   Arrange();
 }
@@ -72,8 +67,8 @@ void TotalsLine::Show(const QString& rows, const PeriodTotals& totals, const Loc
   if (isFiltered && totals.thisPeriod) {
     others_[2]->setText(tr("These Rows: %1").arg(ToQt(money.FormatNumber(*totals.thisPeriod))));
   }
-  Colour(*others_[1], totals.paidOut.value_or(0) < 0);
-  Colour(*others_[2], totals.thisPeriod.value_or(0) < 0);
+  others_[1]->SetNegative(totals.paidOut.value_or(0) < 0);
+  others_[2]->SetNegative(totals.thisPeriod.value_or(0) < 0);
   hasOthers_ = true;
   Show(rows, QStringList{ToQt(texts.balance)}, totals.balance.value_or(0) < 0);
 }

@@ -9,6 +9,10 @@
 class QGridLayout;
 class QLabel;
 
+namespace corvanta::inline controls {
+class MoneyLabel;
+}
+
 namespace corvanta::inline ledger {
 struct PeriodTotals;
 }
@@ -63,10 +67,10 @@ class TotalsLine : public QWidget {
   QGridLayout* grid_;
   QLabel* rows_;
   QString rowsText_;
-  QLabel* figure_;  // the balance
+  MoneyLabel* figure_;  // the balance
   QStringList figures_;
-  QString figureText_;             // all of them
-  std::array<QLabel*, 3> others_;  // paid in, paid out, this period
+  QString figureText_;                 // all of them
+  std::array<MoneyLabel*, 3> others_;  // paid in, paid out, this period
   bool hasOthers_ = false;
   Form form_ = Form::OneRow;
 };

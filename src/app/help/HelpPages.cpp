@@ -60,6 +60,7 @@ constexpr auto kPages = std::to_array<std::pair<std::string_view, std::string_vi
     {"FrmReport", "reports.md"},
     {"FrmColumns", "reports.md"},
     {"FrmExplain", "reports.md"},
+    {"FrmWhatIf", "reports.md"},
     {"FrmPreview", "printing.md"},
     {"FrmPageSetup", "printing.md"},
     {"FrmBackup", "safety.md"},

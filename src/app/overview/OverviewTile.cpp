@@ -1,5 +1,6 @@
 #include "app/overview/OverviewTile.h"
 
+#include "controls/MoneyLabel.h"
 #include "controls/MutedLabel.h"
 #include "controls/Style.h"
 
@@ -17,17 +18,19 @@ namespace {
 constexpr int kMargin = 2 * kRhythm;
 constexpr int kSmallestName = 10 * kRhythm;
 
+QLabel* MakeEmpty(const OverviewTile::Cell& cell, QWidget* parent) {
+  if (cell.isMuted) return new MutedLabel(parent);
+  auto* label = new MoneyLabel(parent);
+  label->SetNegative(cell.isNegative);
+  return label;
+}
+
 QLabel* MakeLabel(const OverviewTile::Cell& cell, bool isFigure, QWidget* parent) {
-  auto* label = cell.isMuted ? new MutedLabel(parent) : new QLabel(parent);
+  QLabel* label = MakeEmpty(cell, parent);
   label->setTextFormat(Qt::PlainText);
   label->setText(cell.text);
   label->setToolTip(cell.text);
   if (cell.isStrong) label->setFont(ScaledFont(0, QFont::DemiBold));
-  if (cell.isNegative) {
-    QPalette own;
-    own.setColor(QPalette::WindowText, MoneyOutColour(parent->palette()));
-    label->setPalette(own);
-  }
   if (isFigure) {
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return label;

@@ -28,8 +28,6 @@ constexpr const char* kShowAtStart = "ShowOverview";
 constexpr int kTileWidth = 46 * kRhythm;
 constexpr int kMostColumns = 3;
 constexpr std::size_t kMostLines = 10;
-constexpr int kCashFlow = 2;
-constexpr int kBudgets = 4;
 
 }  // namespace
 

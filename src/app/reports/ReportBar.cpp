@@ -2,22 +2,27 @@
 
 #include "app/FilterChip.h"
 #include "app/PeriodBar.h"
+#include "app/ViewHost.h"
+#include "app/reports/WhatIfBar.h"
 #include "controls/FlowLayout.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "ledger/InvestmentRecord.h"
 #include "ledger/ReferenceRecords.h"
+#include "platform/Platform.h"
 #include "reports/query/ReportCatalogue.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
-#include <QLayout>
+#include <QHBoxLayout>
 #include <QMenu>
 #include <QSignalBlocker>
 #include <QToolButton>
+#include <QVBoxLayout>
 
 #include <algorithm>
+#include <array>
 
 namespace corvanta::inline app {
 namespace {
@@ -38,21 +43,37 @@ bool HasSubCategories(int report) {
 }
 
 // The register has the fields of the usual names.
-void Rename(const PeriodBar& period) {
-  const auto rename = [&period](const char* from, const char* to) {
-    period.findChild<QWidget*>(QLatin1String(from))->setObjectName(QLatin1String(to));
+void Rename(const PeriodBar& period, const std::array<const char*, 4>& names) {
+  constexpr std::array kUsual = {"dtpFrom", "dtpTo", "chkUnset", "cmdPeriods"};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    period.findChild<QWidget*>(QLatin1String(kUsual.at(i)))
+        ->setObjectName(QLatin1String(names.at(i)));
+  }
+}
+
+// The period that a comparison sets beside the other one.
+PeriodBar* MakeOther(const Locale& locale, QWidget* parent) {
+  auto* other = new PeriodBar(locale, parent);
+  other->layout()->setContentsMargins(0, 0, 0, 0);
+  auto* tick = other->findChild<QCheckBox*>(QStringLiteral("chkUnset"));
+  tick->setText(ReportBar::tr("Compare &with"));
+  tick->setToolTip(
+      ReportBar::tr("Compare with these days; otherwise with as many just before the others"));
+  const auto say = [other](const char* name, const QString& text) {
+    other->findChild<QWidget*>(QLatin1String(name))->setAccessibleName(text);
   };
-  rename("dtpFrom", "DTPickSRep");
-  rename("dtpTo", "DTPickERep");
-  rename("chkUnset", "chkUnsetR");
-  rename("cmdPeriods", "cmdPeriodsR");
+  say("dtpFrom", ReportBar::tr("First day of the other period"));
+  say("dtpTo", ReportBar::tr("Last day of the other period"));
+  Rename(*other, {"DTPickSOther", "DTPickEOther", "chkOther", "cmdPeriodsOther"});
+  return other;
 }
 
 }  // namespace
 
-ReportBar::ReportBar(const Locale& locale, QWidget* parent)
+ReportBar::ReportBar(const ViewPlace& place, QWidget* parent)
     : QWidget(parent),
-      period_(new PeriodBar(locale, this)),
+      period_(new PeriodBar(place.platform.locale, this)),
+      other_(MakeOther(place.platform.locale, this)),
       chkTransfers_(MakeTick(tr("Leave out &transfers"), "chkTransfers",
                              tr("Count no money that moves between accounts"), this)),
       chkSubCategories_(MakeTick(tr("Su&b-categories"), "chkSubCategories",
@@ -63,10 +84,16 @@ ReportBar::ReportBar(const Locale& locale, QWidget* parent)
       cmbCurrencyR_(new QComboBox(this)),
       cmdActions_(new QToolButton(this)),
       actions_(new QMenu(this)),
-      payments_(new FilterChip(this)) {
+      chkCarry_(MakeTick(tr("Carr&y on what is left"), "chkCarry",
+                         tr("Count what was left over, or overspent, in the months of the year "
+                            "before this one"),
+                         this)),
+      payments_(new FilterChip(this)),
+      whatIf_(new WhatIfBar(place, this)),
+      line_(new FlowLayout(nullptr)) {
   setObjectName(QStringLiteral("pnlReport"));
   period_->layout()->setContentsMargins(0, 0, 0, 0);
-  Rename(*period_);
+  Rename(*period_, {"DTPickSRep", "DTPickERep", "chkUnsetR", "cmdPeriodsR"});
   cmbCurrencyR_->setObjectName(QStringLiteral("cmbCurrencyR"));
   cmbCurrencyR_->setAccessibleName(tr("The currency of the report"));
   cmbCurrencyR_->setToolTip(cmbCurrencyR_->accessibleName());
@@ -78,6 +105,9 @@ ReportBar::ReportBar(const Locale& locale, QWidget* parent)
   payments_->hide();
   Arrange();
   connect(period_, &PeriodBar::Changed, this, &ReportBar::Changed);
+  connect(other_, &PeriodBar::Changed, this, &ReportBar::Changed);
+  connect(whatIf_, &WhatIfBar::Changed, this, &ReportBar::Changed);
+  connect(chkCarry_, &QCheckBox::clicked, this, &ReportBar::CarryChosen);
   for (QCheckBox* tick : {chkTransfers_, chkSubCategories_, chkDefaultCurrency_}) {
     connect(tick, &QCheckBox::clicked, this, &ReportBar::Changed);
   }
@@ -98,15 +128,18 @@ void ReportBar::Arrange() {
   pair->setSpacing(kRhythm);
   pair->addWidget(chkDefaultCurrency_);
   pair->addWidget(cmbCurrencyR_);
-  auto* line = new FlowLayout(this);
-  line->setContentsMargins(2 * kRhythm, 0, 2 * kRhythm, kRhythm);
-  line->setSpacing(kRhythm);
-  const std::vector<QWidget*> parts = {period_,           chkTransfers_, currency,
-                                       chkSubCategories_, cmdActions_,   payments_};
+  line_->setSpacing(kRhythm);
+  auto* lines = new QVBoxLayout(this);
+  lines->setContentsMargins(2 * kRhythm, 0, 2 * kRhythm, kRhythm);
+  lines->setSpacing(kRhythm);
+  lines->addLayout(line_);
+  lines->addWidget(whatIf_);
+  const std::vector<QWidget*> parts = {period_,           other_,    chkTransfers_, currency,
+                                       chkSubCategories_, chkCarry_, cmdActions_,   payments_};
   for (QWidget* part : parts) {
     // Ticks stand in the middle of a row as the fields do.
     part->setMinimumHeight(period_->sizeHint().height());
-    line->addWidget(part);
+    line_->addWidget(part);
   }
 }
 
@@ -137,6 +170,7 @@ void ReportBar::ShowActions() {
 
 void ReportBar::SetToday(Date today) {
   period_->SetToday(today);
+  other_->SetToday(today);
 }
 
 void ReportBar::SetDates(const DateRange& dates, bool isInForce) {
@@ -181,8 +215,13 @@ void ReportBar::Show(const ReportState& state, const QString& payments) {
   period_->SetInForce(state.dates.has_value());
   chkTransfers_->setChecked(state.withoutTransfers);
   chkSubCategories_->setChecked(!state.foldsSubCategories);
-  constexpr int kTrades = 11;
   chkSubCategories_->setVisible(HasSubCategories(state.report));
+  other_->setVisible(state.report == kTwoPeriods);
+  if (state.otherDates) other_->SetDates(*state.otherDates);
+  other_->SetInForce(state.otherDates.has_value());
+  chkCarry_->setVisible(state.report == kBudgetOfMonth);
+  whatIf_->setVisible(state.report == kBalanceForecast);
+  whatIf_->Show(state.whatIf);
   chkDefaultCurrency_->setChecked(state.converts);
   if (const int at = cmbCurrencyR_->findData(ToQt(state.currency)); at >= 0) {
     cmbCurrencyR_->setCurrentIndex(at);
@@ -192,15 +231,26 @@ void ReportBar::Show(const ReportState& state, const QString& payments) {
                        state.actions.end());
   }
   ShowActions();
-  cmdActions_->setVisible(state.report == kTrades || !state.actions.empty());
+  cmdActions_->setVisible(state.report == kInvestmentTransactions || !state.actions.empty());
   hasPayments_ = !state.paymentTypes.empty();
   payments_->Show(payments, payments);
+  line_->invalidate();
   layout()->invalidate();
   updateGeometry();
 }
 
+void ReportBar::ShowOtherDays(const DateRange& days) {
+  if (!other_->InForce()) other_->SetDates(days);
+}
+
+void ReportBar::ShowCarries(bool carriesOver) {
+  chkCarry_->setChecked(carriesOver);
+}
+
 void ReportBar::Read(ReportState& state) const {
   state.dates = period_->InForce();
+  state.otherDates = other_->InForce();
+  state.whatIf = whatIf_->Payments();
   state.withoutTransfers = chkTransfers_->isChecked();
   state.foldsSubCategories = !chkSubCategories_->isChecked();
   state.converts = chkDefaultCurrency_->isChecked();

@@ -12,18 +12,20 @@ class QComboBox;
 class QMenu;
 class QToolButton;
 
-namespace corvanta::inline ledger {
-struct CurrencyRecord;
+namespace corvanta::inline controls {
+class FlowLayout;
 }
 
-namespace corvanta::inline platform {
-class Locale;
+namespace corvanta::inline ledger {
+struct CurrencyRecord;
 }
 
 namespace corvanta::inline app {
 
 class FilterChip;
 class PeriodBar;
+class WhatIfBar;
+struct ViewPlace;
 
 // What a person chooses of a report beside the filter: its days, the currency that it converts
 // into, and what it leaves out.
@@ -31,7 +33,7 @@ class ReportBar : public QWidget {
   Q_OBJECT
 
  public:
-  ReportBar(const Locale& locale, QWidget* parent);
+  ReportBar(const ViewPlace& place, QWidget* parent);
 
   // What the usual periods are counted from.
   void SetToday(Date today);
@@ -44,11 +46,16 @@ class ReportBar : public QWidget {
 
   // Shows the choices of that state; `payments` names its payment types. Sends no signal.
   void Show(const ReportState& state, const QString& payments);
+  // The days that a comparison sets beside those of the report while none are chosen.
+  void ShowOtherDays(const DateRange& days);
+  // Whether the budget of a month counts what was left before it. Sends no signal.
+  void ShowCarries(bool carriesOver);
   // Puts the choices into the state.
   void Read(ReportState& state) const;
 
  Q_SIGNALS:
   void Changed();
+  void CarryChosen(bool carriesOver);
 
  private:
   void MakeActions();
@@ -56,13 +63,17 @@ class ReportBar : public QWidget {
   void Arrange();
 
   PeriodBar* period_;
+  PeriodBar* other_;
   QCheckBox* chkTransfers_;
   QCheckBox* chkSubCategories_;
   QCheckBox* chkDefaultCurrency_;
   QComboBox* cmbCurrencyR_;
   QToolButton* cmdActions_;
   QMenu* actions_;
+  QCheckBox* chkCarry_;
   FilterChip* payments_;
+  WhatIfBar* whatIf_;
+  FlowLayout* line_;
   bool hasPayments_ = false;
 };
 

@@ -3,9 +3,13 @@
 #include "app/ListWidths.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "controls/TabularText.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportTable.h"
+
+#include <QFontMetrics>
 
 #include <algorithm>
 
@@ -14,9 +18,9 @@ namespace {
 
 using Content = ReportColumn::Content;
 
-constexpr int kNetWorth = 12;
-constexpr int kForecast = 15;
 constexpr int kSmallestText = 10 * kRhythm;
+constexpr int kWidestText = 60 * kRhythm;
+constexpr std::size_t kMeasured = 500;
 
 class ReportRows : public ListRows {
  public:
@@ -64,7 +68,7 @@ class ReportRows : public ListRows {
   // What the row adds to the chosen ones: a running balance is not what a transaction comes to.
   [[nodiscard]] std::optional<double> AmountOf(const ReportRow& row) const {
     // What is held on different days is no sum.
-    if (table_.report == kNetWorth || table_.report == kForecast) return std::nullopt;
+    if (table_.report == kNetWorth || table_.report == kBalanceForecast) return std::nullopt;
     const auto income = table_.Column("Income");
     const auto expense = table_.Column("Expense");
     if (row.transactionId != 0 && income && expense) {
@@ -112,6 +116,43 @@ int SampleWidth(const ReportColumn& column, const ListWidths& widths) {
   return widths.Text(QStringLiteral("GBPGBP"));
 }
 
+// Totals are written stronger.
+QFontMetrics MetricsOf(const ReportRow& row) {
+  return QFontMetrics(
+      ScaledFont(0, row.kind == ReportRowKind::Total ? QFont::DemiBold : QFont::Normal));
+}
+
+// What the longest of the figures takes, which is the smallest or the largest of them.
+int WidestFigure(const ReportTable& table, std::size_t column, const Locale& locale, int decimals) {
+  double least = 0;
+  double most = 0;
+  for (const ReportRow& row : table.rows) {
+    if (column >= row.cells.size() || row.cells[column].IsNull()) continue;
+    if (row.cells[column].IsText()) continue;
+    least = std::min(least, row.cells[column].Double());
+    most = std::max(most, row.cells[column].Double());
+  }
+  const Content content = table.columns[column].content;
+  const int shown = content == Content::Count ? 0 : content == Content::Quantity ? decimals : -1;
+  const QFontMetrics metrics(ScaledFont(0, QFont::DemiBold));
+  const auto width = [&](double figure) {
+    return TabularWidth(metrics, ToQt(locale.FormatNumber(figure, shown)));
+  };
+  return std::max(width(least), width(most)) + 3 * kRhythm;
+}
+
+int WidestText(const ReportTable& table, std::size_t column) {
+  const std::size_t step = table.rows.size() / kMeasured + 1;
+  int widest = 0;
+  const auto measure = [&](const ReportRow& row) {
+    if (column >= row.cells.size() || !row.cells[column].IsText()) return;
+    widest = std::max(widest, MetricsOf(row).horizontalAdvance(ToQt(row.cells[column].Text())));
+  };
+  for (std::size_t row = 0; row < table.rows.size(); row += step) measure(table.rows[row]);
+  measure(table.rows.back());
+  return widest + 3 * kRhythm;
+}
+
 }  // namespace
 
 std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, const Locale& locale) {
@@ -125,7 +166,9 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
                         column.header != "Status" && column.header != "Symbol";
     if (isName) {
       // Its totals say of which currency they are.
-      const int total = widths.Text(QStringLiteral("Total (GBP)")) + 2 * kRhythm;
+      const int total = QFontMetrics(ScaledFont(0, QFont::DemiBold))
+                            .horizontalAdvance(QStringLiteral("Total (GBP)")) +
+                        4 * kRhythm;
       // The first one says what the row is.
       shown.stretch = made.empty() ? 3 : 2;
       shown.width = std::max(own, widths.Text(QStringLiteral("A name of some length")));
@@ -135,6 +178,30 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
     made.push_back(shown);
   }
   return made;
+}
+
+std::vector<ListColumn> FittedColumns(const ReportTable& table, const Locale& locale,
+                                      int decimals) {
+  std::vector<ListColumn> columns = ColumnsOf(table.columns, locale);
+  if (table.rows.empty()) return columns;
+  const ListWidths widths(locale);
+  for (std::size_t place = 0; place < columns.size(); ++place) {
+    ListColumn& column = columns[place];
+    const int title = widths.Text(column.title);
+    const Content content = table.columns[place].content;
+    if (column.isNumber) {
+      const int figure = WidestFigure(table, place, locale, decimals);
+      column.width = std::max(title, figure);
+      // What a title has at its sides can be spared, of a figure nothing.
+      column.smallest = std::max(title - kRhythm, figure);
+    } else if (content == Content::Text) {
+      const int sign = place == 0 ? 2 * kRhythm : 0;
+      column.width =
+          std::clamp(WidestText(table, place) + sign, title, std::max(title, kWidestText));
+      column.smallest = std::min(column.smallest, column.width);
+    }
+  }
+  return columns;
 }
 
 std::unique_ptr<ListRows> RowsOf(const ReportTable& table, const Locale& locale, int decimals) {

@@ -22,6 +22,11 @@ namespace corvanta::inline app {
 // The columns of a report, figures at the right.
 [[nodiscard]] std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns,
                                                 const Locale& locale);
+// The same as wide as what stands in them: figures in whole, texts up to a length, and where there
+// is too little room texts give way, those that take the most first. Of a long report texts are
+// measured here and there.
+[[nodiscard]] std::vector<ListColumn> FittedColumns(const ReportTable& table, const Locale& locale,
+                                                    int decimals);
 // Its rows, whose keys are their numbers, from 1. `decimals` is how many prices and quantities
 // have. Rows of totals stay below the others in whatever order. The table must outlive the rows.
 [[nodiscard]] std::unique_ptr<ListRows> RowsOf(const ReportTable& table, const Locale& locale,

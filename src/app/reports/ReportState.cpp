@@ -1,11 +1,12 @@
 #include "app/reports/ReportState.h"
 
 #include "app/ViewCommand.h"
+#include "reports/query/ReportCatalogue.h"
 
 namespace corvanta::inline app {
 namespace {
 constexpr std::int64_t kNobody = -1;  // no row has it
-}
+}  // namespace
 
 void ReportState::DropFilters() {
   actions.clear();
@@ -17,6 +18,7 @@ ReportState ReportState::OfEverything() const {
   ReportState all = *this;
   all.DropFilters();
   all.dates.reset();
+  all.otherDates.reset();
   all.withoutTransfers = false;
   return all;
 }
@@ -42,6 +44,12 @@ ReportRequest RequestOf(const ViewCommand& command, bool withClosedAccounts) {
   request.actions = state.actions;
   request.paymentTypes = state.paymentTypes;
   if (state.dates) request.range = Period{state.dates->start, state.dates->end};
+  if (state.otherDates && state.report == kTwoPeriods) {
+    request.otherRange = Period{state.otherDates->start, state.otherDates->end};
+  }
+  if (state.report == kBalanceForecast) request.whatIf = state.whatIf;
+  // So that all of them can be planned.
+  request.withAllCategories = state.report == kBudgetOfMonth;
   request.status = command.Filter();
   request.withClosedAccounts = withClosedAccounts;
   request.withoutTransfers = state.withoutTransfers;

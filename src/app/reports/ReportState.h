@@ -18,6 +18,8 @@ struct ViewCommand;
 struct ReportState {
   int report = 0;                               // its number; 0: the list of reports alone
   std::optional<DateRange> dates;               // the days that it keeps to
+  std::optional<DateRange> otherDates = {};     // that a comparison sets beside them
+  std::vector<WhatIf> whatIf = {};              // that a forecast counts; stored nowhere
   std::vector<std::string> actions;             // names of investment actions
   std::vector<std::int64_t> paymentTypes = {};  // that a row of a report has led to
   bool withoutTransfers = false;

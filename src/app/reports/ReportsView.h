@@ -28,6 +28,7 @@ namespace corvanta::inline app {
 
 class ListModel;
 class ListSearch;
+class PlanCells;
 class ReportBar;
 class ReportList;
 class TotalsLine;
@@ -91,8 +92,20 @@ class ReportsView : public QWidget, public MainView {
 
   void ShowPage(Page page);
   void ShowTabs();
+
+  // --- Choices (ReportsViewChoices.cpp)
+
+  void ShowChoices();
   void FillCurrencies();
-  void FillSaved();
+  [[nodiscard]] QString PaymentNames() const;
+  [[nodiscard]] QString Details() const;
+  // On paper: which days and rows these are, and the rates they were converted at.
+  [[nodiscard]] QString Subject() const;
+  // What is shown, with the shared filter and ticks, as the beginning of another command.
+  [[nodiscard]] ViewCommand Base() const;
+
+  // --- Rows and columns (ReportsViewRows.cpp)
+
   // Works the report out, unless it stands there already.
   void Run(const ViewCommand& command);
   void Fill();
@@ -100,31 +113,37 @@ class ReportsView : public QWidget, public MainView {
   void ApplyColumns();
   // Puts the widths that were set by hand away, before another report takes the columns.
   void KeepWidths();
+  [[nodiscard]] std::vector<std::string> ShownColumns() const;
+  void PickColumns();
   void ShowTotals();
-  [[nodiscard]] QString Details() const;
-  // On paper: which days and rows these are, and the rates they were converted at.
-  [[nodiscard]] QString Subject() const;
-  [[nodiscard]] QString PaymentNames() const;
-  // What is shown, with the shared filter and ticks, as the beginning of another command.
-  [[nodiscard]] ViewCommand Base() const;
+
+  // --- Saved reports (ReportsViewSaved.cpp)
+
+  void FillSaved();
+  void OpenCustom();
+  void OpenSaved(const std::string& name);
+  void Open(const ReadDefinition& read);
+  void SaveReport();
+
+  // --- Figures (ReportsViewFigures.cpp)
+
+  // The place among the report's rows; nullopt for none.
+  [[nodiscard]] std::optional<std::size_t> RowAt(const QModelIndex& index) const;
+  void LookInto(std::size_t row);
+  // The row that the list or the chart is at.
+  void LookIntoChosen();
+  void ShowInRegister(std::int64_t transactionId);
+  void ExplainChosen();
+  void ExplainInChart();
+  void Explain(std::size_t row, std::size_t column);
+  // What the figures of these rows in that column are made of together; `name` is what they are of.
+  void Explain(const std::vector<std::size_t>& rows, std::size_t column, const QString& name);
 
   // --- Commands (ReportsViewCommands.cpp)
 
   void RunReport(int number);
-  void OpenSaved(const std::string& name);
-  void Open(const ReadDefinition& read);
-  void OpenCustom();
-  void SaveReport();
-  void PickColumns();
   // Opens the editor of the category that a row of a budget is of.
   void EditBudget(std::size_t row);
-  void LookInto(std::size_t row);
-  void Explain(std::size_t row, std::size_t column);
-  void ExplainChosen();
-  void ShowInRegister(std::int64_t transactionId);
-  [[nodiscard]] std::vector<std::string> ShownColumns() const;
-  // The place among the report's rows; nullopt for none.
-  [[nodiscard]] std::optional<std::size_t> RowAt(const QModelIndex& index) const;
 
   ViewPlace place_;
   ViewHeader* header_;
@@ -143,6 +162,7 @@ class ReportsView : public QWidget, public MainView {
   ReportState state_;
   ReportRequest request_;
   ReportTable report_;
+  PlanCells* plans_;
   Page page_ = Page::List;
   bool isCurrent_ = false;  // what stands there is the report as it would be worked out now
   std::uint64_t readAt_ = 0;

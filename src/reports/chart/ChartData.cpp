@@ -54,7 +54,7 @@ double Measured(double figure, Measure measure, int direction) {
 
 ChartSeries SeriesOf(const SeriesRule& rule) {
   ChartSeries series;
-  series.name = rule.header;
+  series.name = series.header = rule.header;
   series.role = rule.role;
   series.isLine = rule.isLine;
   return series;
@@ -125,6 +125,7 @@ void AddMonths(ChartData& chart, const ChartRows& rows) {
   }
   if (bars.empty()) return;
   for (const std::string_view month : kMonths) chart.categories.emplace_back(month.substr(0, 3));
+  chart.headers.assign(kMonths.begin(), kMonths.end());
   for (const ChartBar& bar : SortedAndGathered(std::move(bars), kMostParts)) {
     ChartSeries series;
     series.name = bar.name;
@@ -146,7 +147,7 @@ void AddDays(ChartData& chart, const ChartRows& rows, const std::vector<std::str
   const std::size_t step = days.size() / kMostPoints + 1;
   for (const std::string& header : headers) {
     ChartSeries series;
-    series.name = header;
+    series.name = series.header = header;
     series.role = header == headers.front() ? ChartRole::Total : ChartRole::Other;
     chart.series.push_back(std::move(series));
   }
@@ -180,6 +181,7 @@ void AddAccounts(ChartData& chart, const ChartRows& rows, const char* header) {
   for (const auto& [account, rowOfDay] : accounts) {
     ChartSeries series;
     series.name = account;
+    series.header = header;
     for (const std::string& day : chart.categories) {
       series.points.emplace_back();
       const auto row = rowOfDay.find(day);

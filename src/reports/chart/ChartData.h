@@ -25,10 +25,12 @@ struct ChartPoint {
   double figure = 0;  // what the report says, with its sign
   // Of the report, where the point leads; nullopt for several of them gathered.
   std::optional<std::size_t> row;
+  std::vector<std::size_t> gathered = {};  // those rows
 };
 
 struct ChartSeries {
   std::string name;
+  std::string header = {};  // of the report's column that its figures stand in
   ChartRole role = ChartRole::Other;
   bool isLine = false;  // over the bars of the others
   // One to each category; nullopt where there is nothing.
@@ -42,6 +44,8 @@ struct ChartData {
   // Along the axis; days as ISO dates where `areDays`.
   std::vector<std::string> categories;
   bool areDays = false;
+  // Where each category is a column of the report: the headers of those.
+  std::vector<std::string> headers = {};
   std::vector<ChartSeries> series;
 
   [[nodiscard]] bool IsEmpty() const { return categories.empty() || series.empty(); }

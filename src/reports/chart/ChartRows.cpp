@@ -56,8 +56,10 @@ std::vector<ChartBar> SortedAndGathered(std::vector<ChartBar> bars, std::size_t 
   rest.name = "Others (" + std::to_string(bars.size() - most + 1) + ")";
   for (std::size_t i = most - 1; i < bars.size(); ++i) {
     for (std::size_t point = 0; point < rest.points.size(); ++point) {
-      rest.points[point].value += bars[i].points[point].value;
-      rest.points[point].figure += bars[i].points[point].figure;
+      const ChartPoint& each = bars[i].points[point];
+      rest.points[point].value += each.value;
+      rest.points[point].figure += each.figure;
+      if (each.row) rest.points[point].gathered.push_back(*each.row);
     }
   }
   bars.resize(most - 1);

@@ -4,9 +4,12 @@
 #include "controls/Style.h"
 #include "reports/chart/ChartLook.h"
 
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QCursor>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QToolTip>
 
 #include <algorithm>
@@ -28,12 +31,13 @@ ucChartView::ucChartView(const Locale& locale, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   setRenderHint(QPainter::Antialiasing);
   connect(&plot_, &QtChartPlot::Hovered, this, &ucChartView::Hover);
-  connect(&plot_, &QtChartPlot::Clicked, this, &ucChartView::Activate);
+  connect(&plot_, &QtChartPlot::Clicked, this, &ucChartView::Click);
   Colour();
 }
 
 void ucChartView::Show(ChartData chartData) {
   current_.reset();
+  pointed_.reset();
   plot_.Show(std::move(chartData), width());
   setAccessibleName(ToQt(Data().title));
   setAccessibleDescription(ToQt(ChartText(Data(), locale_)));
@@ -56,7 +60,9 @@ void ucChartView::resizeEvent(QResizeEvent* event) {
 }
 
 void ucChartView::Hover(const ChartPlace& place, bool isOver) {
+  pointed_.reset();
   if (!isOver) return QToolTip::hideText();
+  pointed_ = place;
   QToolTip::showText(QCursor::pos(), ToQt(PointText(Data(), place.series, place.category, locale_)),
                      this);
 }
@@ -64,6 +70,19 @@ void ucChartView::Hover(const ChartPlace& place, bool isOver) {
 void ucChartView::Activate(const ChartPlace& place) {
   const auto& point = Data().series[place.series].points[place.category];
   if (point && point->row) Q_EMIT RowChosen(*point->row);
+}
+
+void ucChartView::Click(const ChartPlace& place) {
+  if ((QApplication::keyboardModifiers() & Qt::ControlModifier) == 0) return Activate(place);
+  GoTo(place);
+  Q_EMIT FigureAsked();
+}
+
+// Its commands are about the point that it was opened over, wherever the mouse goes then.
+void ucChartView::contextMenuEvent(QContextMenuEvent* event) {
+  if (pointed_) GoTo(*pointed_);
+  if (actions().isEmpty()) return QChartView::contextMenuEvent(event);
+  QMenu::exec(actions(), event->globalPos(), nullptr, this);
 }
 
 QString ucChartView::CurrentText() const {
@@ -77,6 +96,7 @@ void ucChartView::MarkCurrent(bool isMarked) {
 
 void ucChartView::GoTo(const ChartPlace& place) {
   MarkCurrent(false);
+  pointed_.reset();
   current_ = place;
   MarkCurrent(true);
   setAccessibleDescription(CurrentText());

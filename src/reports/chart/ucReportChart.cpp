@@ -37,6 +37,7 @@ ucReportChart::ucReportChart(Platform& platform, QWidget* parent)
   MakeHead();
   setFocusProxy(chart_);
   connect(chart_, &ucChartView::RowChosen, this, &ucReportChart::RowChosen);
+  connect(chart_, &ucChartView::FigureAsked, this, &ucReportChart::FigureAsked);
   ShowCurrency();
 }
 
@@ -90,6 +91,15 @@ void ucReportChart::ShowCurrency() {
 
 const ChartData& ucReportChart::Shown() const {
   return chart_->Data();
+}
+
+std::optional<ChartFigure> ucReportChart::Chosen() const {
+  const std::optional<ChartPlace> place = chart_->Chosen();
+  return place ? FigureAt(chart_->Data(), place->series, place->category) : std::nullopt;
+}
+
+void ucReportChart::AddCommands(const QList<QAction*>& commands) {
+  chart_->addActions(commands);
 }
 
 PrintTable ucReportChart::Printed() const {

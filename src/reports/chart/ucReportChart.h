@@ -1,11 +1,13 @@
 #pragma once
 
 #include "reports/chart/ChartData.h"
+#include "reports/chart/ChartFigure.h"
 #include "reports/print/PrintTable.h"
 #include "reports/query/ReportTable.h"
 
 #include <QWidget>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -36,12 +38,18 @@ class ucReportChart : public QWidget {
   // Holds no rows any longer.
   void Clear() { Show({}); }
   [[nodiscard]] const ChartData& Shown() const;
+  // The figures behind the point that the mouse or the keys are at; nullopt for none.
+  [[nodiscard]] std::optional<ChartFigure> Chosen() const;
+  // The commands of the chart's own menu.
+  void AddCommands(const QList<QAction*>& commands);
   // For the preview and the printer.
   [[nodiscard]] PrintTable Printed() const;
 
  Q_SIGNALS:
   // A bar or a point was chosen that stands for that row of the report.
   void RowChosen(std::size_t row);
+  // What the point that is chosen is made of is asked for.
+  void FigureAsked();
 
  private:
   void MakeHead();

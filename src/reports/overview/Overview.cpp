@@ -5,6 +5,7 @@
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
 
 #include <algorithm>
@@ -12,8 +13,6 @@
 namespace corvanta::inline reports {
 namespace {
 
-constexpr int kCashFlow = 2;
-constexpr int kBudgets = 4;
 constexpr int kDaysAhead = 14;
 
 // The entry of that currency, made where there is none.

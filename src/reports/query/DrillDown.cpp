@@ -3,6 +3,7 @@
 #include "ledger/CategoryPath.h"
 #include "ledger/FilterChoice.h"
 #include "ledger/clsCorvanta.h"
+#include "reports/query/ReportCatalogue.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
@@ -11,9 +12,6 @@
 
 namespace corvanta::inline reports {
 namespace {
-
-constexpr int kAccountTransactions = 3;
-constexpr int kInvestmentTransactions = 11;
 
 std::int64_t KeyOf(const ReportRow& row) {
   std::int64_t key = 0;

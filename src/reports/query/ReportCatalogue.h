@@ -25,6 +25,12 @@ struct ReportInfo {
 // ones and those behind them.
 [[nodiscard]] const std::vector<ReportInfo>& ReportCatalogue();
 inline constexpr int kStandardReports = 11;
+inline constexpr int kCashFlow = 2;
+inline constexpr int kAccountTransactions = 3;
+inline constexpr int kBudgets = 4;
+inline constexpr int kInvestmentTransactions = 11;
+inline constexpr int kNetWorth = 12;
+inline constexpr int kTwoPeriods = 13;
 inline constexpr int kBudgetOfMonth = 14;
 inline constexpr int kBalanceForecast = 15;
 inline constexpr std::size_t kPlanColumn = 2;  // of the budget of a month

@@ -1,6 +1,7 @@
 #include "app/WindowTest.h"
 #include "app/overview/OverviewTile.h"
 #include "app/overview/OverviewView.h"
+#include "controls/Style.h"
 #include "store/sql/SqlText.h"
 #include "support/DialogTest.h"
 
@@ -68,6 +69,31 @@ TEST_F(OverviewViewTest, HowThingsStandIsSaidAndLeadsOn) {
   Trigger("mnuViewBack");
   Click(*window_, "cmdDue");
   EXPECT_EQ(window_->Shown().name, kScheduleShow);
+}
+
+TEST_F(OverviewViewTest, MoneyOutCanBeReadAfterThePaletteHasChanged) {
+  Start();
+  const auto colourOf = [this](const char* text) {
+    for (const QLabel* label :
+         WindowTest::Find<OverviewTile>("tileMonth").findChildren<QLabel*>()) {
+      if (label->text() == QLatin1String(text) && label->isVisible()) {
+        return label->palette().color(QPalette::WindowText);
+      }
+    }
+    return QColor();
+  };
+  const QColor light = colourOf("-30.00");
+  ASSERT_TRUE(light.isValid());
+  EXPECT_EQ(light, MoneyOutColour(window_->palette()));
+  QPalette dark;
+  dark.setColor(QPalette::Window, QColor(30, 30, 34));
+  dark.setColor(QPalette::Base, QColor(30, 30, 34));
+  dark.setColor(QPalette::WindowText, Qt::white);
+  dark.setColor(QPalette::Text, Qt::white);
+  window_->setPalette(dark);
+  EXPECT_NE(colourOf("-30.00"), light);
+  EXPECT_EQ(colourOf("-30.00"), MoneyOutColour(dark));
+  EXPECT_EQ(colourOf("70.00"), QColor(Qt::white)) << "what is no money out is as all texts";
 }
 
 TEST_F(OverviewViewTest, BudgetsAreInTheCurrencyOfThePerson) {

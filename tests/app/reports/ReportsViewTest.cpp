@@ -173,6 +173,35 @@ TEST_F(ReportsViewTest, ABudgetOfTheMonthSaysWhichAndLeadsIntoItsDays) {
   EXPECT_EQ(Get<QDateEdit>("DTPickERep").date(), QDate(2026, 2, 28));
 }
 
+TEST_F(ReportsViewTest, TwoPeriodsAreChosenApart) {
+  Start();
+  Trigger("mnuReport12");
+  EXPECT_FALSE(Get<QCheckBox>("chkOther").isVisible()) << "of the comparison alone";
+  ViewCommand compared{kReportSelected};
+  compared.report.report = 13;
+  compared.report.dates = DateRange{*Date::FromIso("2026-02-01"), *Date::FromIso("2026-02-28")};
+  window_->Show(compared);
+  auto& tick = Get<QCheckBox>("chkOther");
+  ASSERT_TRUE(tick.isVisible());
+  EXPECT_EQ(Get<QDateEdit>("DTPickSOther").date(), QDate(2026, 1, 4)) << "as long, before it";
+  EXPECT_EQ(Get<QDateEdit>("DTPickEOther").date(), QDate(2026, 1, 31));
+  const auto otherExpense = [this] {
+    for (int row = 0; row < Rows(); ++row) {
+      if (Cell(row, "This Period") == "-9.00") return Cell(row, "Other Period");
+    }
+    return std::string("no such row");
+  };
+  EXPECT_EQ(otherExpense(), "-20.00");
+  tick.click();
+  Get<QDateEdit>("DTPickSOther").setDate(QDate(2026, 1, 10));
+  EXPECT_EQ(otherExpense(), "0.00");
+  EXPECT_EQ(window_->Shown().report.otherDates->start.ToIso(), "2026-01-10");
+  Trigger("mnuReport7");
+  Trigger("mnuViewBack");
+  EXPECT_TRUE(tick.isChecked()) << "it is shown again as it was";
+  EXPECT_EQ(otherExpense(), "0.00");
+}
+
 TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
   Start();
   Trigger("mnuReport7");
@@ -378,6 +407,73 @@ TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
   ClickRow(1, 1, Qt::ControlModifier,
            [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
   EXPECT_EQ(sum, "1 row makes 1");
+}
+
+TEST_F(ReportsViewTest, APointOfAChartSaysWhatItIsMadeOf) {
+  Start();
+  for (int payee = 600; payee < 620; ++payee) {
+    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (" + std::to_string(payee) +
+        ",'Shop " + std::to_string(payee) + "',0)");
+    Add(1, 2, payee, "#03/05/2026#,-1");
+  }
+  Trigger("mnuReport7");
+  Tabs().setCurrentIndex(2);
+  auto& chart = Get<QWidget>("chartReport");
+  ASSERT_TRUE(chart.hasFocus()) << "the keys are on the chart";
+  const auto sum = [&] {
+    std::string said;
+    window_->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    InNextDialog([&](QDialog& dialog) {
+      said = Find<QLabel>(dialog, "lblFigure").text().toStdString() + ": " +
+             Find<QLabel>(dialog, "lblSum").text().toStdString();
+    });
+    QTest::keyClick(&chart, Qt::Key_F8);
+    std::erase_if(said, [](char c) { return c < ' ' || c > '~'; });
+    return said;
+  };
+  EXPECT_EQ(sum(), "Spending by Payee: Expense of Baker: 2 rows make -29.00 GBP");
+  QTest::keyClick(&chart, Qt::Key_End);
+  EXPECT_EQ(sum(), "Spending by Payee: Expense of Others (10): 10 rows make -10.00 GBP");
+  // Of a stacked chart the columns of the report stand along the axis.
+  Trigger("mnuReport8");
+  Tabs().setCurrentIndex(2);
+  QTest::keyClick(&chart, Qt::Key_Home);
+  QTest::keyClick(&chart, Qt::Key_Right);
+  EXPECT_EQ(sum(), "Monthly Spending by Payee: February of Baker: 1 row makes -9.00 GBP");
+  QTest::keyClick(&chart, Qt::Key_Return);
+  QApplication::processEvents();
+  EXPECT_EQ(Shown(), "Account Transactions");
+}
+
+TEST_F(ReportsViewTest, FiguresHaveTheirRoomAndTextsShareWhatIsLeft) {
+  Start();
+  const QString name = "A shop with a name that is longer than any column of a list can be made";
+  Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (502,'" + name.toStdString() +
+      "',0)");
+  Add(1, 2, 502, "#02/21/2026#,-123456789.01");
+  window_->resize(1366, 768);
+  Trigger("mnuReport3");
+  QApplication::processEvents();
+  const QAbstractItemModel& model = *List().model();
+  int payee = 0;
+  for (int column = 0; column < model.columnCount(); ++column) {
+    const std::string head = model.headerData(column, Qt::Horizontal).toString().toStdString();
+    if (head == "Payee") payee = column;
+    if (head != "Expense" && head != "Balance") continue;
+    for (int row = 0; row < Rows(); ++row) {
+      const QModelIndex cell = model.index(row, column);
+      QFont font = List().font();
+      if (const QVariant own = cell.data(Qt::FontRole); own.isValid()) font = own.value<QFont>();
+      EXPECT_GE(List().columnWidth(column),
+                QFontMetrics(font).horizontalAdvance(cell.data().toString()))
+          << qPrintable(cell.data().toString());
+    }
+  }
+  EXPECT_LE(List().horizontalHeader()->length(), List().viewport()->width());
+  const int reference = payee + 2;
+  EXPECT_GT(List().columnWidth(payee), List().columnWidth(reference)) << "by what they hold";
+  EXPECT_EQ(model.index(3, payee).data(Qt::ToolTipRole).toString(), name);
 }
 
 TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {

@@ -1,0 +1,165 @@
+#include "app/LedgerSession.h"
+#include "app/WindowTest.h"
+#include "controls/SortedTable.h"
+#include "platform/Settings.h"
+#include "support/DialogTest.h"
+
+#include <QCheckBox>
+#include <QLineEdit>
+
+namespace corvanta {
+namespace {
+
+class PlanCellsTest : public DialogTest<WindowTest> {
+ protected:
+  // The categories "Alpha", "Beta:One" and "Beta:Two", of which the first is planned.
+  void Start() {
+    OpenPurse();
+    Run("DELETE FROM tblCategory WHERE CategoryID > 2");
+    const auto add = [this](int key, const char* names, const char* budget) {
+      Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+          "(" +
+          std::to_string(key) + "," + names + ",-1," + budget + ")");
+    };
+    add(50, "'Alpha',''", "40,(Select Max(PeriodID) from tblPeriods WHERE Period = 'm')");
+    add(51, "'Beta','One'", "0,0");
+    add(52, "'Beta','Two'", "0,0");
+    ShowWindow();
+    window_->resize(1400, 900);
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    Page(false);
+  }
+  void Page(bool folds) {
+    ViewCommand page{kReportSelected};
+    page.report.report = 14;
+    page.report.foldsSubCategories = folds;
+    page.rows.SetKeys(FilterKind::Category, {50, 51, 52});
+    window_->Show(page);
+    window_->FocusView();
+  }
+  SortedTable& List() { return WindowTest::Find<SortedTable>("lvReportSelect"); }
+  std::string Plan(int row) {
+    return List().model()->index(row, 2).data().toString().toStdString();
+  }
+  // The one that is open; null for none.
+  QLineEdit* Field() {
+    for (auto* field : List().findChildren<QLineEdit*>("txtPlan")) {
+      if (field->isVisible()) return field;
+    }
+    return nullptr;
+  }
+  void Key(int key) {
+    ASSERT_NE(Field(), nullptr);
+    QTest::keyClick(Field(), static_cast<Qt::Key>(key));
+    QApplication::processEvents();
+  }
+  double Budget(int category) {
+    return session_.Ledger()
+        .Store()
+        .QueryValue("Select Budget from tblCategory WHERE CategoryID = " + std::to_string(category))
+        .Double();
+  }
+};
+
+TEST_F(PlanCellsTest, AmountsAreTypedFromRowToRow) {
+  Start();
+  ASSERT_EQ(Plan(0), "-40.00");
+  List().setCurrentIndex(List().model()->index(0, 2));
+  QTest::keyClick(&List(), Qt::Key_5);
+  ASSERT_NE(Field(), nullptr);
+  EXPECT_EQ(Field()->text(), "5") << "it takes the place of what stood there";
+  QTest::keyClicks(Field(), "0+2");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Plan(0), "-52.00");
+  ASSERT_NE(Field(), nullptr) << "and on with the next row";
+  EXPECT_EQ(List().currentIndex().row(), 1);
+  QTest::keyClicks(Field(), "30");
+  Key(Qt::Key_Up);
+  EXPECT_EQ(Plan(1), "-30.00");
+  EXPECT_EQ(List().currentIndex().row(), 0);
+  EXPECT_EQ(Field()->text(), "52.00");
+  QTest::keyClicks(Field(), "99");
+  Key(Qt::Key_Escape);
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(Plan(0), "-52.00") << "what was typed is taken back";
+  EXPECT_TRUE(List().hasFocus());
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Budget(51), 0);
+  Trigger("mnuEditUndo");
+  EXPECT_EQ(Plan(0), "-40.00");
+}
+
+TEST_F(PlanCellsTest, WhatIsNoAmountIsRefusedInWordsAndStays) {
+  Start();
+  List().setCurrentIndex(List().model()->index(0, 2));
+  QTest::keyClick(&List(), Qt::Key_F2);
+  ASSERT_NE(Field(), nullptr);
+  EXPECT_EQ(Field()->selectedText(), "40.00");
+  QTest::keyClicks(Field(), "(5");
+  machine_.prompts.ExpectTell("Save Warning", "You need to enter a valid Budget");
+  Key(Qt::Key_Return);
+  ASSERT_NE(Field(), nullptr);
+  EXPECT_EQ(Field()->text(), "(5");
+  EXPECT_TRUE(Field()->hasFocus());
+  EXPECT_EQ(Budget(50), 40);
+  // Away from the page it cannot stay, which is said.
+  machine_.prompts.ExpectTell("Save Warning", "\"(5\" is no amount and was not planned");
+  Trigger("mnuViewRefresh");
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(Budget(50), 40);
+}
+
+TEST_F(PlanCellsTest, AClickElsewhereSavesWhatWasTyped) {
+  Start();
+  const auto click = [this](int row, int column) {
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                      List().visualRect(List().model()->index(row, column)).center());
+    QApplication::processEvents();
+  };
+  click(0, 2);
+  ASSERT_NE(Field(), nullptr) << "a click on a plan edits it";
+  EXPECT_EQ(window_->Shown().report.report, 14);
+  QTest::keyClicks(Field(), "12");
+  click(1, 2);
+  EXPECT_EQ(Budget(50), 12);
+  EXPECT_EQ(Plan(0), "-12.00");
+}
+
+TEST_F(PlanCellsTest, APlanOfSeveralSubCategoriesIsNotEdited) {
+  Start();
+  Page(true);
+  List().setCurrentIndex(List().model()->index(1, 2));
+  QTest::keyClick(&List(), Qt::Key_7);
+  EXPECT_EQ(Field(), nullptr);
+  List().setCurrentIndex(List().model()->index(0, 2));
+  QTest::keyClick(&List(), Qt::Key_7);
+  ASSERT_NE(Field(), nullptr);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Budget(50), 7);
+  EXPECT_EQ(Field(), nullptr) << "no other row can be";
+}
+
+TEST_F(PlanCellsTest, WhatIsLeftIsCarriedOnOrNot) {
+  Start();
+  auto& carry = WindowTest::Find<QCheckBox>("chkCarry");
+  EXPECT_TRUE(carry.isVisible());
+  EXPECT_TRUE(carry.isChecked());
+  Run("INSERT INTO tblTransactions "
+      "(AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,TransferID,"
+      "[Date],[Amount],BankChk,BankRec) VALUES (1,50,1,1,0,0,#01/05/" +
+      std::to_string(machine_.clock.Today().Year()) + "#,-10,0,0)");
+  Trigger("mnuViewRefresh");
+  const auto carried = [this] {
+    return List().model()->index(0, 3).data().toString().toStdString();
+  };
+  EXPECT_NE(carried(), "0.00");
+  carry.click();
+  EXPECT_EQ(carried(), "0.00");
+  EXPECT_FALSE(Settings(machine_.registry).IsOn(Setting::CarryBudget));
+  Trigger("mnuReport1");
+  EXPECT_FALSE(carry.isVisible());
+}
+
+}  // namespace
+}  // namespace corvanta
