@@ -3,6 +3,9 @@
 #include "BenchStore.h"
 #include "ledger/RateSource.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "reports/overview/Overview.h"
 #include "reports/query/Explain.h"
 #include "reports/query/ReportRunner.h"
 
@@ -151,6 +154,37 @@ void QueryByHand(benchmark::State& state) {
   sqlite3_close(database);
 }
 
+// What the overview at the start waits for: what is kept, and behind the first drawing the rest.
+void OverviewAtOnce(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  NoRates rates;
+  const Date today = store.Machine().clock.Today();
+  for (auto _ : state) {
+    OverviewReader reader(ledger, today, false, rates, store.Machine());
+    reader.ReadStanding();
+    benchmark::DoNotOptimize(reader.Read().accounts.size());
+  }
+}
+
+void OverviewRest(benchmark::State& state) {
+  BenchStore& store = StoreOf(state.range(0));
+  const auto connection = store.Open();
+  clsCorvanta ledger(*connection, store.Machine());
+  NoRates rates;
+  const Date today = store.Machine().clock.Today();
+  for (auto _ : state) {
+    OverviewReader reader(ledger, today, false, rates, store.Machine());
+    while (reader.ReadNext()) {
+    }
+    benchmark::DoNotOptimize(reader.Read().flows.size());
+  }
+}
+
+void Sizes(benchmark::internal::Benchmark* benchmark) {
+  benchmark->Arg(100000)->Arg(1000000)->Unit(benchmark::kMillisecond);
+}
 void Reports(benchmark::internal::Benchmark* benchmark) {
   benchmark->ArgsProduct({{100000, 1000000}, benchmark::CreateDenseRange(1, 15, 1)})
       ->Unit(benchmark::kMillisecond);
@@ -159,6 +193,8 @@ void Reports(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(RunOneReport)->Apply(Reports);
 BENCHMARK(QueryByHand)->Apply(Reports);
 BENCHMARK(ExplainLastRow)->Apply(Reports);
+BENCHMARK(OverviewAtOnce)->Apply(Sizes);
+BENCHMARK(OverviewRest)->Apply(Sizes);
 
 }  // namespace
 }  // namespace corvanta

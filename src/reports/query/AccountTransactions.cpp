@@ -11,6 +11,8 @@
 namespace corvanta::inline reports {
 namespace {
 
+constexpr std::size_t kDay = 10;  // a stored moment begins with its day, as it is shown
+
 std::string OfAccounts(const ReportRun& run) {
   if (!run.request.filter.IsSet(FilterKind::Account)) return {};
   return " AND A.AccountID IN (" + run.request.filter.List(FilterKind::Account) + ") ";
@@ -74,7 +76,7 @@ void AccountTransactions::Fill(const ReportRun& run, ReportTable& table) const {
     std::vector<Value> cells;
     cells.reserve(table.columns.size());
     cells.emplace_back(rows.Text(0));
-    cells.push_back(day ? Value(*day) : Value());
+    cells.push_back(day ? Value(rows.Text(4).substr(0, kDay)) : Value());
     cells.emplace_back(rows.Text(14));
     cells.emplace_back(CategoryPath(std::string(rows.Text(11)), std::string(rows.Text(12))));
     cells.emplace_back(rows.Text(6));
