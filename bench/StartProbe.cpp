@@ -1,12 +1,18 @@
 // Starts and ends as soon as something is drawn, for the script "start" to time from outside:
 //   corvanta-start-probe empty            an empty window of Qt
 //   corvanta-start-probe window FOLDER    the program on the data file in FOLDER, up to its list
+//   corvanta-start-probe overview FOLDER  the same, up to the overview
+//   corvanta-start-probe whole FOLDER     the same, up to all figures of the overview
 //   corvanta-start-probe fill FOLDER N    makes that data file with N transactions
 #include "app/StartOptions.h"
 #include "app/StartUp.h"
+#include "app/overview/OverviewView.h"
 #include "controls/SvgIcon.h"
 #include "platform/ConsolePrompts.h"
+#include "platform/Platform.h"
 #include "platform/Progress.h"
+#include "platform/Registry.h"
+#include "platform/Settings.h"
 #include "platform/SystemPlatform.h"
 #include "store/datafile/OpenDataFile.h"
 #include "store/sql/SqlText.h"
@@ -19,27 +25,46 @@
 #include <cstdlib>
 #include <iostream>
 #include <string>
+#include <utility>
 
 namespace {
 
 using namespace corvanta;
 
-// Ends the program behind the first drawing of the widget looked for.
+void Quit() {
+  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+// Ends the program behind the first drawing of what the mode waits for.
 class FirstPaint : public QObject {
  public:
-  explicit FirstPaint(bool listOnly) : listOnly_(listOnly) {}
+  explicit FirstPaint(std::string mode) : mode_(std::move(mode)) {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
-    if (event->type() != QEvent::Paint) return false;
-    const auto* list = qobject_cast<QAbstractItemView*>(object->parent());
-    const bool wanted = !listOnly_ || (list != nullptr && list->objectName() == "lvbank" &&
-                                       list->model()->rowCount() > 0);
-    if (wanted) QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    if (event->type() == QEvent::Paint && IsWanted(object)) Quit();
     return false;
   }
 
  private:
-  bool listOnly_;
+  bool IsWanted(QObject* object) {
+    if (mode_ == "empty") return true;
+    if (mode_ == "window") {
+      const auto* list = qobject_cast<QAbstractItemView*>(object->parent());
+      return list != nullptr && list->objectName() == "lvbank" && list->model()->rowCount() > 0;
+    }
+    if (object->objectName() != "tileBalances") return false;
+    if (mode_ == "overview") return true;
+    // The rest comes behind it.
+    for (; object != nullptr; object = object->parent()) {
+      const auto* view = qobject_cast<OverviewView*>(object);
+      if (view != nullptr && !isAwaited_)
+        isAwaited_ = connect(view, &OverviewView::ReadWhole, Quit);
+    }
+    return false;
+  }
+
+  std::string mode_;
+  bool isAwaited_ = false;
 };
 
 void Fill(const std::string& folder, int count) {
@@ -62,6 +87,14 @@ void Fill(const std::string& folder, int count) {
   rows.Commit();
 }
 
+// Whether the program begins with the overview, as the person has left it.
+void BeginWith(const std::string& folder, const char* overview) {
+  SilentProgress progress;
+  ConsolePrompts prompts({}, std::cerr);
+  SystemPlatform platform({folder + "/profile", {}, {}}, prompts, progress);
+  platform.Get().registry.Write(Hive::CurrentUser, kSettingsKey, "ShowOverview", overview);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -72,7 +105,7 @@ int main(int argc, char** argv) {
     return 0;
   }
   QApplication application(argc, argv);
-  FirstPaint paint(mode == "window");
+  FirstPaint paint(mode);
   application.installEventFilter(&paint);
   if (mode == "empty") {
     QMainWindow window;
@@ -81,6 +114,7 @@ int main(int argc, char** argv) {
     return QApplication::exec();
   }
   InitPictures();
+  BeginWith(folder, mode == "window" ? "0" : "1");
   StartOptions options;
   options.profileFolder = folder + "/profile";
   options.dataPath = folder + "/data";

@@ -17,7 +17,7 @@
 namespace corvanta::inline ledger {
 namespace {
 
-constexpr int kWeekend = 2;  // days by which a payment is booked before it is due, at most
+constexpr int kWeekend = 2;  // days by which a payment is booked before or after it is due, at most
 
 ReminderSide SideOf(const ScheduleDetails& schedule, bool isReceiving) {
   return {schedule.scheduleId, schedule.dateFrom,    schedule.periodName,        schedule.payee,
@@ -106,19 +106,23 @@ class Collection {
 
   // The bank has not shown these yet.
   void AddPosted() {
+    // Of all accounts at once, by the index of schedules, to which their keys lead: account by
+    // account the engine would go through the rows of each.
+    const std::string from =
+        withOverdue_ ? "" : "AND ScheduleDate >=" + SqlDate(today_.AddDays(-kWeekend));
     Recordset rows = ledger_.Store().OpenRecordset(
-        "Select T.BankSch, T.ScheduleDate, T.TransactionID, T.Amount, A.Account, U.[Currency] "
-        "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
-        " INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch) "
+        "Select T.ScheduleDate as [MinDate], T.BankSch, T.TransactionID, T.Amount, A.Account, "
+        "U.[Currency] "
+        "from (tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
+        " INNER JOIN tblSchedule S ON S.ScheduleId = T.BankSch "
         "LEFT JOIN tblCurrency U ON A.CurrencyId = U.CurrencyID "
-        "WHERE NOT (T.AllocatedItem <> 0) AND T.BankChk = 0 AND T.BankSch > 0 AND A.CloseAccount "
-        "<> 1 "
-        "AND ScheduleDate <= " +
-        SqlDate(until_.AddDays(kWeekend)) + " Order By T.ScheduleDate ASC, T.TransactionID");
+        "WHERE T.AllocatedItem = 0 AND T.BankChk = 0 AND T.BankSch > 0 AND CloseAccount <> 1 " +
+        from + " AND ScheduleDate <=" + SqlDate(until_.AddDays(kWeekend)) +
+        " Order By T.ScheduleDate ASC, T.TransactionID");
     std::unordered_map<std::int64_t, std::size_t> oldest;
     for (; !rows.Eof(); rows.MoveNext()) {
-      const auto schedule = schedules_.find(rows.Int(0));
-      const auto due = rows.Day(1);
+      const auto due = rows.Day("MinDate");
+      const auto schedule = schedules_.find(rows.Int("BankSch"));
       if (schedule == schedules_.end() || !due) continue;
       Reminder item = ItemOf(SideOf(schedule->second, false), schedule->second, *due);
       if ((item.date < today_ && !withOverdue_) || item.date > until_) continue;

@@ -156,6 +156,19 @@ TEST_F(RemindersTest, OverdueItemsCanBeLeftOut) {
   EXPECT_EQ(list.dueCount, 1U) << "today's";
 }
 
+// Due before today, and booked behind the weekend.
+TEST_F(RemindersTest, APostedPaymentThatIsStillToComeIsNotOverdue) {
+  ScheduleRecord plan = Plan("m", "2026-11-21");
+  plan.days.weekend = WeekendRule::After;
+  Save(plan);
+  Pass();
+  for (const bool withOverdue : {true, false}) {
+    const ReminderList list = Reminders(ledger_, Day("2026-11-22"), Day("2026-11-28"), withOverdue);
+    EXPECT_TRUE(list.overdue.empty());
+    EXPECT_EQ(Texts(list.future), (Dates{"2026-11-21 Bank -40*1"}));
+  }
+}
+
 TEST_F(RemindersTest, NothingOfFinishedSchedules) {
   const std::int64_t once = Save(Plan("1d", "2026-11-20", 1, AddToAccount::No));
   EXPECT_EQ(Look().dueCount, 1U);

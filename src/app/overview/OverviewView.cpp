@@ -12,11 +12,14 @@
 #include "platform/Settings.h"
 #include "reports/print/PrintTable.h"
 #include "reports/query/ReportCatalogue.h"
+#include "store/sql/Connection.h"
 
 #include <QAction>
 #include <QCheckBox>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QScrollArea>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -28,6 +31,7 @@ constexpr const char* kShowAtStart = "ShowOverview";
 constexpr int kTileWidth = 46 * kRhythm;
 constexpr int kMostColumns = 3;
 constexpr std::size_t kMostLines = 10;
+constexpr int kPause = 20;  // milliseconds, which belong to everything else
 
 }  // namespace
 
@@ -46,10 +50,14 @@ OverviewView::OverviewView(const ViewPlace& place, QWidget* parent)
       month_(new OverviewTile("Month", tr("This Month"), tr("Show the cash flow by month"), page_)),
       budget_(new OverviewTile("Budget", tr("Budget"), tr("Show this month's budget"), page_)),
       worth_(new OverviewTile("Worth", tr("Net Worth"), tr("Show what it is made of"), page_)),
-      chkOverview_(new QCheckBox(tr("Begin &with this page"), page_)) {
+      chkOverview_(new QCheckBox(tr("Begin &with this page"), page_)),
+      rest_(new QTimer(this)) {
   setObjectName(QStringLiteral("pnlOverview"));
   chkOverview_->setObjectName(QStringLiteral("chkOverview"));
   chkOverview_->setToolTip(tr("Show it when the program starts"));
+  rest_->setObjectName(QStringLiteral("tmrOverview"));
+  rest_->setSingleShot(true);
+  page_->installEventFilter(this);
   header_->Search().hide();
   columns_->setSpacing(2 * kRhythm);
   auto* rows = new QVBoxLayout(page_);
@@ -75,15 +83,16 @@ OverviewView::OverviewView(const ViewPlace& place, QWidget* parent)
 }
 
 void OverviewView::Connect() {
+  connect(rest_, &QTimer::timeout, this, &OverviewView::ReadOn);
   const auto guarded = [this](OverviewTile* tile, const std::function<void()>& go) {
     connect(tile, &OverviewTile::Chosen, this, [this, go] { place_.host.Guard(go); });
   };
   guarded(balances_, [this] { place_.actions.mnuViewAccounts->trigger(); });
   guarded(due_, [this] { place_.actions.mnuViewSchedules->trigger(); });
   guarded(month_, [this] {
-    ShowReport(kCashFlow, Period{overview_.lastMonth.from, overview_.thisMonth.to});
+    ShowReport(kCashFlow, Period{Now().lastMonth.from, Now().thisMonth.to});
   });
-  guarded(budget_, [this] { ShowReport(kBudgets, overview_.thisMonth); });
+  guarded(budget_, [this] { ShowReport(kBudgets, Now().thisMonth); });
   guarded(worth_, [this] { ShowNetWorth(); });
 }
 
@@ -124,18 +133,54 @@ void OverviewView::resizeEvent(QResizeEvent* event) {
 void OverviewView::Show(const ViewCommand& /*command*/) {
   const Date today = place_.host.Today();
   const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
-  overview_ = ReadOverview(place_.session.Ledger(), today, withClosed, place_.session.Rates(),
-                           place_.platform);
+  rest_->stop();
+  reader_ = std::make_unique<OverviewReader>(place_.session.Ledger(), today, withClosed,
+                                             place_.session.Rates(), place_.platform);
+  reader_->ReadStanding();
   header_->Show(tr("Overview"), ToQt(place_.platform.locale.FormatLongDate(today)));
   balances_->Show(BalanceLines());
   due_->Show(DueLines());
-  month_->Show(MonthLines());
-  budget_->Show(BudgetLines());
   worth_->Show(WorthLines());
+  // What was there before stays until its time comes.
+  for (OverviewTile* tile : {month_, budget_}) {
+    if (tile->Lines().empty()) tile->Show({{{{tr("Adding up ..."), false, false, true}}}});
+  }
+  hasFailed_ = false;
+  page_->update();
+}
+
+// What has not been drawn yet can be drawn first.
+bool OverviewView::eventFilter(QObject* object, QEvent* event) {
+  const bool isRead = reader_ == nullptr || reader_->HasPlans() || hasFailed_;
+  if (object == page_ && event->type() == QEvent::Paint && !isRead && !rest_->isActive()) {
+    rest_->start(0);
+  }
+  return QWidget::eventFilter(object, event);
+}
+
+void OverviewView::ReadOn() {
+  // As long as something is being changed it can wait.
+  if (place_.session.Ledger().Store().InTransaction()) return rest_->start(kPause);
+  OverviewTile* const tile = reader_->HasFlows() ? budget_ : month_;
+  hasFailed_ = true;
+  place_.host.Guard([this] {
+    reader_->ReadNext();
+    hasFailed_ = false;
+  });
+  if (hasFailed_) return tile->Show({{{{tr("Could not be read"), false, false, true}}}});
+  tile->Show(tile == month_ ? MonthLines() : BudgetLines());
+  page_->update();
+  if (reader_->HasPlans()) Q_EMIT ReadWhole();
+}
+
+const Overview& OverviewView::Now() const {
+  static const Overview kNone;
+  return reader_ == nullptr ? kNone : reader_->Read();
 }
 
 void OverviewView::LetGo() {
-  overview_ = {};
+  rest_->stop();
+  reader_.reset();
   for (OverviewTile* tile : {balances_, due_, month_, budget_, worth_}) tile->Show({});
 }
 
@@ -153,7 +198,7 @@ OverviewTile::Cell OverviewView::Money(double amount, bool isStrong) const {
 
 std::vector<OverviewView::Line> OverviewView::BalanceLines() const {
   std::vector<Line> lines;
-  for (const AccountRow& account : overview_.accounts) {
+  for (const AccountRow& account : Now().accounts) {
     if (lines.size() == kMostLines) break;
     lines.push_back({{{ToQt(account.account)},
                       Money(account.balance),
@@ -162,7 +207,7 @@ std::vector<OverviewView::Line> OverviewView::BalanceLines() const {
                        place_.host.Guard([this, id] { place_.host.OpenAccount(id); });
                      }});
   }
-  const std::size_t left = overview_.accounts.size() - lines.size();
+  const std::size_t left = Now().accounts.size() - lines.size();
   if (left > 0) lines.push_back({{{tr("and %1 more").arg(left), false, false, true}}});
   if (lines.empty()) lines.push_back({{{tr("There is no account yet"), false, false, true}}});
   return lines;
@@ -180,8 +225,8 @@ std::vector<OverviewView::Line> OverviewView::DueLines() const {
                         {ToQt(item.currency), false, false, true}}});
     }
   };
-  add(overview_.due.overdue, true);
-  add(overview_.due.future, false);
+  add(Now().due.overdue, true);
+  add(Now().due.future, false);
   if (lines.empty()) {
     lines.push_back({{{tr("Nothing is due in the next two weeks"), false, false, true}}});
   }
@@ -190,7 +235,7 @@ std::vector<OverviewView::Line> OverviewView::DueLines() const {
 
 std::vector<OverviewView::Line> OverviewView::MonthLines() const {
   std::vector<Line> lines;
-  for (const Overview::Flow& flow : overview_.flows) {
+  for (const Overview::Flow& flow : Now().flows) {
     lines.push_back({{{ToQt(flow.currency), false, false, true},
                       {tr("this month"), false, false, true},
                       {tr("last month"), false, false, true}}});
@@ -208,7 +253,7 @@ std::vector<OverviewView::Line> OverviewView::MonthLines() const {
 
 std::vector<OverviewView::Line> OverviewView::BudgetLines() const {
   std::vector<Line> lines;
-  for (const Overview::Plan& plan : overview_.plans) {
+  for (const Overview::Plan& plan : Now().plans) {
     const double left = plan.actual - plan.budget;
     const OverviewTile::Cell code{ToQt(plan.currency), false, false, true};
     lines.push_back({{{tr("To be spent this month")}, Money(-plan.budget), code}});
@@ -224,7 +269,7 @@ std::vector<OverviewView::Line> OverviewView::BudgetLines() const {
 
 std::vector<OverviewView::Line> OverviewView::WorthLines() const {
   std::vector<Line> lines;
-  for (const Overview::Worth& worth : overview_.worths) {
+  for (const Overview::Worth& worth : Now().worths) {
     const OverviewTile::Cell code{ToQt(worth.currency), false, false, true};
     lines.push_back({{{tr("What you have")}, Money(worth.assets), code}});
     if (worth.debts < 0) lines.push_back({{{tr("What you owe")}, Money(worth.debts), code}});

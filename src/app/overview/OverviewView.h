@@ -8,10 +8,11 @@
 
 #include <QWidget>
 
-#include <array>
+#include <memory>
 
 class QCheckBox;
 class QHBoxLayout;
+class QTimer;
 
 namespace corvanta::inline app {
 
@@ -53,13 +54,22 @@ class OverviewView : public QWidget, public MainView {
   }
   bool ChooseKey(std::int64_t /*key*/) override { return false; }
 
+ Q_SIGNALS:
+  // All parts are of the data that were asked for last.
+  void ReadWhole();
+
  protected:
   void resizeEvent(QResizeEvent* event) override;
+  bool eventFilter(QObject* object, QEvent* event) override;
 
  private:
   using Line = OverviewTile::Line;
 
   void Connect();
+  // Shows another piece of what is not read yet, so that nothing waits for all of it.
+  void ReadOn();
+  // What is read by now.
+  [[nodiscard]] const Overview& Now() const;
   void ArrangeTiles(int columns);
   [[nodiscard]] std::vector<Line> BalanceLines() const;
   [[nodiscard]] std::vector<Line> DueLines() const;
@@ -82,7 +92,9 @@ class OverviewView : public QWidget, public MainView {
   OverviewTile* budget_;
   OverviewTile* worth_;
   QCheckBox* chkOverview_;
-  Overview overview_;
+  QTimer* rest_;
+  std::unique_ptr<OverviewReader> reader_;
+  bool hasFailed_ = false;
 };
 
 }  // namespace corvanta::inline app

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
+#include "store/sql/Connection.h"
 
 #include <algorithm>
 
@@ -30,88 +31,81 @@ double FigureOf(const ReportTable& table, const ReportRow& row, const char* head
   return column && *column < row.cells.size() ? row.cells[*column].Double() : 0;
 }
 
-class OverviewReader {
- public:
-  OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
-                 Platform& platform)
-      : ledger_(ledger),
-        today_(today),
-        withClosedAccounts_(withClosedAccounts),
-        rates_(rates),
-        platform_(platform) {
-    read_.thisMonth = *DaysOf(PeriodPreset::ThisMonth, today);
-    read_.lastMonth = *DaysOf(PeriodPreset::LastMonth, today);
-  }
-
-  Overview Read() {
-    TreeOptions options;
-    options.includeClosed = false;
-    options.valuation = true;
-    options.end = today_;
-    read_.accounts = ledger_.Accounts().Accounts(options);
-    read_.due = Reminders(ledger_, today_, today_.AddDays(kDaysAhead));
-    for (const AccountRow& account : read_.accounts) {
-      Overview::Worth& worth = Of(read_.worths, account.currency);
-      (account.balance < 0 ? worth.debts : worth.assets) += account.balance;
-    }
-    ReadFlows();
-    ReadPlans();
-    return std::move(read_);
-  }
-
- private:
-  ReportTable Run(int report, const Period& range) {
-    ReportRequest request;
-    request.report = report;
-    request.range = range;
-    request.withClosedAccounts = withClosedAccounts_;
-    request.withoutTransfers = true;
-    // What budgets are in where several currencies are in use.
-    request.currency = platform_.locale.CurrencyCode();
-    return RunReport(ledger_, request, rates_, platform_);
-  }
-
-  void ReadFlows() {
-    const ReportTable now = Run(kCashFlow, read_.thisMonth);
-    for (const ReportRow& row : now.rows) {
-      if (row.kind == ReportRowKind::Total) continue;
-      Overview::Flow& flow = Of(read_.flows, row.currency);
-      flow.income += FigureOf(now, row, "Income");
-      flow.expense += FigureOf(now, row, "Expense");
-    }
-    const ReportTable before = Run(kCashFlow, read_.lastMonth);
-    for (const ReportRow& row : before.rows) {
-      if (row.kind == ReportRowKind::Total) continue;
-      Overview::Flow& flow = Of(read_.flows, row.currency);
-      flow.lastIncome += FigureOf(before, row, "Income");
-      flow.lastExpense += FigureOf(before, row, "Expense");
-    }
-  }
-
-  void ReadPlans() {
-    const ReportTable table = Run(kBudgets, read_.thisMonth);
-    for (const ReportRow& row : table.rows) {
-      const double budget = FigureOf(table, row, "Budget");
-      if (row.kind == ReportRowKind::Total || budget >= 0) continue;
-      Overview::Plan& plan = Of(read_.plans, row.currency);
-      plan.budget += budget;
-      plan.actual += FigureOf(table, row, "Actual");
-    }
-  }
-
-  clsCorvanta& ledger_;
-  Date today_;
-  bool withClosedAccounts_;
-  RateSource& rates_;
-  Platform& platform_;
-  Overview read_;
-};
+// How the reports write a month.
+std::string MonthKey(Date day) {
+  return std::to_string(day.Year() * 100 + day.Month());
+}
 
 }  // namespace
 
-Overview ReadOverview(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
-                      Platform& platform) {
-  return OverviewReader(ledger, today, withClosedAccounts, rates, platform).Read();
+OverviewReader::OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts,
+                               RateSource& rates, Platform& platform)
+    : ledger_(ledger),
+      today_(today),
+      withClosedAccounts_(withClosedAccounts),
+      rates_(rates),
+      platform_(platform) {
+  read_.thisMonth = *DaysOf(PeriodPreset::ThisMonth, today);
+  read_.lastMonth = *DaysOf(PeriodPreset::LastMonth, today);
+}
+
+void OverviewReader::ReadStanding() {
+  TreeOptions options;
+  options.includeClosed = false;
+  options.valuation = true;
+  options.end = today_;
+  read_.accounts = ledger_.Accounts().Accounts(options);
+  read_.due = Reminders(ledger_, today_, today_.AddDays(kDaysAhead));
+  for (const AccountRow& account : read_.accounts) {
+    Overview::Worth& worth = Of(read_.worths, account.currency);
+    (account.balance < 0 ? worth.debts : worth.assets) += account.balance;
+  }
+}
+
+bool OverviewReader::ReadNext() {
+  if (HasPlans()) return false;
+  HasFlows() ? ReadPlans() : ReadFlows();
+  ++pieces_;
+  return !HasPlans();
+}
+
+ReportTable OverviewReader::Run(int report, const Period& range) const {
+  ReportRequest request;
+  request.report = report;
+  request.range = range;
+  request.withClosedAccounts = withClosedAccounts_;
+  request.withoutTransfers = true;
+  // What budgets are in where several currencies are in use.
+  request.currency = platform_.locale.CurrencyCode();
+  return RunReport(ledger_, request, rates_, platform_);
+}
+
+// Both months in one run, which has a row for each.
+void OverviewReader::ReadFlows() {
+  const ReportTable table = Run(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to});
+  const std::string now = MonthKey(read_.thisMonth.from);
+  for (const ReportRow& row : table.rows) {
+    if (row.kind == ReportRowKind::Total) continue;
+    Overview::Flow& flow = Of(read_.flows, row.currency);
+    const bool isNow = row.groupKey == now;
+    (isNow ? flow.income : flow.lastIncome) += FigureOf(table, row, "Income");
+    (isNow ? flow.expense : flow.lastExpense) += FigureOf(table, row, "Expense");
+  }
+}
+
+void OverviewReader::ReadPlans() {
+  // Most people plan nothing, and need not wait for what nothing is compared with.
+  const Value budgets =
+      ledger_.Store().QueryValue("Select Count(*) from tblCategory WHERE Budget <> 0");
+  if (budgets.Int() == 0) return;
+  const ReportTable table = Run(kBudgets, read_.thisMonth);
+  for (const ReportRow& row : table.rows) {
+    const double budget = FigureOf(table, row, "Budget");
+    if (row.kind == ReportRowKind::Total || budget >= 0) continue;
+    Overview::Plan& plan = Of(read_.plans, row.currency);
+    plan.budget += budget;
+    plan.actual += FigureOf(table, row, "Actual");
+  }
 }
 
 }  // namespace corvanta::inline reports

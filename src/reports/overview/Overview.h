@@ -19,6 +19,8 @@ struct Platform;
 
 namespace corvanta::inline reports {
 
+struct ReportTable;
+
 // How things stand, each sum in its own currency: nothing is converted and nothing is fetched.
 struct Overview {
   // What came in and went out of one currency in two months.
@@ -50,8 +52,36 @@ struct Overview {
   Period lastMonth;
 };
 
-// Of months and budgets closed accounts count where they are asked for. Throws StoreError.
-[[nodiscard]] Overview ReadOverview(clsCorvanta& ledger, Date today, bool withClosedAccounts,
-                                    RateSource& rates, Platform& platform);
+// Reads the overview of a day, piece by piece: what the file keeps sums of is there at once, the
+// figures of the two months and of the budgets go through the transactions. Of these closed
+// accounts count where they are asked for.
+class OverviewReader {
+ public:
+  OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
+                 Platform& platform);
+
+  // Accounts, what is due, what all is worth. Throws StoreError, as the next.
+  void ReadStanding();
+  // The next piece of the rest: the months, then the plans. False once there is none left.
+  bool ReadNext();
+
+  // As far as it is read.
+  [[nodiscard]] const Overview& Read() const { return read_; }
+  [[nodiscard]] bool HasFlows() const { return pieces_ > 0; }
+  [[nodiscard]] bool HasPlans() const { return pieces_ > 1; }
+
+ private:
+  [[nodiscard]] ReportTable Run(int report, const Period& range) const;
+  void ReadFlows();
+  void ReadPlans();
+
+  clsCorvanta& ledger_;
+  Date today_;
+  bool withClosedAccounts_;
+  RateSource& rates_;
+  Platform& platform_;
+  Overview read_;
+  int pieces_ = 0;
+};
 
 }  // namespace corvanta::inline reports

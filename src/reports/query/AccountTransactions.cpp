@@ -11,6 +11,8 @@
 namespace corvanta::inline reports {
 namespace {
 
+constexpr std::size_t kDay = 10;  // a stored moment begins with its day, as it is shown
+
 std::string OfAccounts(const ReportRun& run) {
   if (!run.request.filter.IsSet(FilterKind::Account)) return {};
   return " AND A.AccountID IN (" + run.request.filter.List(FilterKind::Account) + ") ";
@@ -70,18 +72,20 @@ void AccountTransactions::Fill(const ReportRun& run, ReportTable& table) const {
     double& balance = known == balanceOf.end() ? unknown : *known->second;
     balance = RoundMoney(balance + income + expense);
     const auto day = rows.Day(4);
-    std::vector<Value> cells = {
-        rows.Text(0),
-        day ? Value(*day) : Value(),
-        rows.Text(14),
-        CategoryPath(std::string(rows.Text(11)), std::string(rows.Text(12))),
-        rows.Text(6),
-        rows.Text(7),
-        StatusLetter(rows.Int(8), rows.Int(9)),
-        RoundMoney(income),
-        RoundMoney(expense),
-        balance,
-        currency};
+    // One by one: a list in braces would copy each text once more.
+    std::vector<Value> cells;
+    cells.reserve(table.columns.size());
+    cells.emplace_back(rows.Text(0));
+    cells.push_back(day ? Value(rows.Text(4).substr(0, kDay)) : Value());
+    cells.emplace_back(rows.Text(14));
+    cells.emplace_back(CategoryPath(std::string(rows.Text(11)), std::string(rows.Text(12))));
+    cells.emplace_back(rows.Text(6));
+    cells.emplace_back(rows.Text(7));
+    cells.emplace_back(StatusLetter(rows.Int(8), rows.Int(9)));
+    cells.emplace_back(RoundMoney(income));
+    cells.emplace_back(RoundMoney(expense));
+    cells.emplace_back(balance);
+    cells.emplace_back(currency);
     table.rows.push_back(
         {ReportRowKind::Plain, {}, {}, rows.Int(1), std::move(currency), std::move(cells)});
   }

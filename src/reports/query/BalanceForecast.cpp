@@ -59,7 +59,8 @@ int AgeOf(const ReportRun& run, std::int64_t account) {
   const corvanta::Date today = run.platform.clock.Today();
   const std::optional<corvanta::Date> first =
       run.Store()
-          .QueryValue("SELECT Min(T.[Date]) " + RowsOf(account) + "<= " + SqlEndOf(today))
+          .QueryValue("SELECT TOP 1 T.[Date] " + RowsOf(account) + "<= " + SqlEndOf(today) +
+                      " Order by T.[Date]")
           .AsDate();
   return first ? std::min(kYear, today.Serial() - first->Serial() + 1) : kYear;
 }

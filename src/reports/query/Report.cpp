@@ -138,6 +138,8 @@ ReportRow TotalRow(const ReportTable& table, const std::string& caption,
 }
 
 void AppendTotals(ReportTable& table, const std::vector<std::string>& headers) {
+  std::vector<std::size_t> columns;
+  for (const std::string& header : headers) columns.push_back(table.Column(header).value());
   std::vector<ReportRow> totals;
   for (const ReportRow& row : table.rows) {
     if (row.kind == ReportRowKind::Total) continue;
@@ -148,8 +150,7 @@ void AppendTotals(ReportTable& table, const std::vector<std::string>& headers) {
     if (total == nullptr) {
       total = &totals.emplace_back(TotalRow(table, TotalCaption(row.currency), row.currency));
     }
-    for (const std::string& header : headers) {
-      const std::size_t column = table.Column(header).value();
+    for (const std::size_t column : columns) {
       total->cells[column] = Sum(total->cells[column], row.cells[column]);
     }
   }

@@ -3,10 +3,14 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/engine/OpenFile.h"
+#include "store/sql/engine/Sqlite.h"
 #include "support/FixedClock.h"
+#include "support/StatementLog.h"
 #include "support/TemporaryFolder.h"
 
 #include <gtest/gtest.h>
+#include <sqlcipher/sqlite3.h>
 
 #include <string>
 
@@ -438,6 +442,91 @@ TEST_F(Dialect, TheSchemaCanBeChanged) {
   EXPECT_EQ(connection_->Table("tblPlain")->primaryKeyName, "PK_Plain");
   connection_->Execute("DROP TABLE tblPlain");
   EXPECT_EQ(connection_->TableNames(), (std::vector<std::string>{"tblGroups", "tblItems"}));
+}
+
+TEST_F(Dialect, GroupsAreWhatTheirRowsComeTo) {
+  Add("Bread", "#03/04/2025#", 2.5);
+  Add("bread", "#04/01/2025#", 4);
+  Add("\xC3\x84pfel", "#03/09/2026#", 1);
+  Add("\xC3\xA4pfel", "NULL", 0.25);
+  connection_->Execute("INSERT INTO tblItems (Name,GroupID) VALUES (NULL,2)");
+  connection_->Execute("UPDATE tblItems SET Amount = NULL WHERE Name IS NULL");
+  const std::string rows = " FROM tblItems i WHERE i.ItemID > 0 GROUP BY ";
+  const auto of = [&](const std::string& value, const std::string& groups) {
+    return Column("SELECT " + value + rows + groups);
+  };
+  EXPECT_EQ(of("Name", "Name"), "NULL|Bread|\xC3\x84pfel") << "in their order";
+  EXPECT_EQ(of("Count(*)", "Name"), "1|2|2");
+  EXPECT_EQ(of("Count(Amount)", "Name"), "0|2|2");
+  EXPECT_EQ(of("SUM(Amount)", "Name"), "NULL|6.5|1.25");
+  EXPECT_EQ(of("SUM(ItemID)", "Name"), "5|3|7") << "whole";
+  EXPECT_EQ(of("Min(Amount) & '-' & Max(Amount)", "Name"), "-|2.5-4|0.25-1");
+  EXPECT_EQ(of("Max(Name)", "GroupID"), "\xC3\x84pfel|NULL");
+  EXPECT_EQ(of("AVG(Amount)", "Name"), "NULL|3.25|0.625");
+  EXPECT_EQ(of("Month(Date)", "Month(Date), GroupID"), "NULL|NULL|3|4");
+  EXPECT_EQ(of("iif(Month(Date)=3,SUM(Amount),0)", "Month(Date)"), "0|3.5|0");
+  EXPECT_EQ(of("Year(Date)", "Year(Date) ORDER BY Year(Date) DESC"), "2026|2025|NULL");
+  EXPECT_EQ(of("Name", "Name ORDER BY SUM(Amount) DESC"), "Bread|\xC3\x84pfel|NULL");
+  EXPECT_EQ(of("Count(*) AS [Number]", "Name ORDER BY [Number] DESC, Name DESC"), "2|2|1");
+  EXPECT_EQ(Column("SELECT TOP 1 SUM(Amount)" + rows + "Name ORDER BY Name DESC"), "1.25");
+  EXPECT_EQ(Column("SELECT SUM(Amount) FROM tblItems WHERE ItemID > 99 GROUP BY Name"), "");
+  // What belongs to no group, or is asked of them, is left to the library.
+  EXPECT_EQ(of("SUM(Amount)", "Name HAVING SUM(Amount) > 2"), "6.5");
+  EXPECT_EQ(of("Max(ItemID) & Name", "GroupID, Name"), "2Bread|4\xC3\x84pfel|5");
+  EXPECT_EQ(of("(SELECT g.Name FROM tblGroups g WHERE g.GroupID = i.GroupID)", "GroupID"),
+            "First|Empty");
+}
+
+TEST_F(Dialect, GroupsOfOneStatementAreReadSideBySide) {
+  Add("a", "NULL", 1);
+  Add("b", "NULL", 2);
+  const auto open = [&](const char* least) {
+    return connection_->OpenRecordset(std::string("SELECT Name, SUM(Amount) FROM tblItems WHERE ") +
+                                      "Amount >= " + least + " GROUP BY Name");
+  };
+  Recordset first = open("1.5");
+  Recordset second = open("0.5");
+  EXPECT_EQ(first.Text(0), "b");
+  EXPECT_EQ(second.Text(0), "a");
+  connection_->Execute("DELETE FROM tblItems");
+  second.MoveNext();
+  EXPECT_EQ(second.Double(1), 2);
+  EXPECT_TRUE(open("0.5").Eof());
+}
+
+// The library takes every value for a rare one, but most rows have a zero where they point nowhere.
+TEST(DialectIndexes, ZerosAreLookedUpOnlyBehindAnotherColumn) {
+  StatementLog log;
+  const TemporaryFolder folder;
+  const FixedClock clock;
+  const DataSource source{folder.Path() + "/test.dat", "secret", ""};
+  const auto connection = Connection::Create(source, clock);
+  connection->Execute(
+      "CREATE TABLE tblParts (PartID Counter, Parent INT DEFAULT 0, Box INT DEFAULT 0, Weight "
+      "DOUBLE, CONSTRAINT PK_Parts PRIMARY KEY(PartID))");
+  connection->Execute("CREATE INDEX Parent ON tblParts (Parent)");
+  connection->EnsureAccessPath({"tblParts", "fast_Parts", "\"Box\", \"Parent\", \"Weight\""});
+  connection->Execute("INSERT INTO tblParts (Parent,Box,Weight) VALUES (0,3,1)");
+  connection->Execute("INSERT INTO tblParts (Parent,Box,Weight) VALUES (7,3,2)");
+  const auto plan = [&](const std::string& condition) {
+    log.Clear();
+    double sum = 0;
+    for (Recordset rows =
+             connection->OpenRecordset("SELECT Weight FROM tblParts P WHERE " + condition);
+         !rows.Eof(); rows.MoveNext()) {
+      sum += rows.Double(0);
+    }
+    const DatabaseHandle database = OpenFile(source, clock);
+    const StatementHandle steps =
+        Prepare(database.get(), "EXPLAIN QUERY PLAN " + log.With({"SELECT"}).front(), source.path);
+    sqlite3_step(steps.get());
+    return std::to_string(static_cast<int>(sum)) + ColumnText(steps.get(), 3);
+  };
+  EXPECT_EQ(plan("P.Parent = 0").find('('), std::string::npos) << "goes through the rows";
+  EXPECT_EQ(plan("P.Parent = 0 AND P.Weight > 0").front(), '1');
+  EXPECT_NE(plan("P.Parent = 7").find("Parent (Parent=?)"), std::string::npos);
+  EXPECT_NE(plan("P.Box = 3 AND P.Parent = 0").find("(Box=? AND Parent=?)"), std::string::npos);
+  EXPECT_EQ(plan("P.Box = 3 AND P.Parent = 0").front(), '1');
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "store/sql/binder/QueryBinder.h"
 
 #include "platform/TextCase.h"
+#include "store/sql/binder/IndexUse.h"
 #include "store/sql/lexer/Lexer.h"
 
 namespace corvanta::jet {
@@ -19,7 +20,10 @@ class SelectBinder {
     }
     BindItems();
     NameColumns();
-    if (select_.where) binder_.Bind(*select_.where);
+    if (select_.where) {
+      binder_.Bind(*select_.where);
+      KeepZerosOffIndexes(*select_.where);
+    }
     for (const ExprPtr& key : select_.groupBy) binder_.Bind(*key);
     if (select_.having) binder_.Bind(*select_.having);
   }

@@ -11,8 +11,9 @@ Connection::Impl::Impl(DatabaseHandle database, std::string path)
     : path_(std::move(path)),
       database_(std::move(database)),
       visits_(database_.get()),
+      groups_(database_.get()),
       catalog_(ReadCatalog(database_.get(), path_)),
-      statements_(database_.get(), catalog_, path_) {}
+      statements_(database_.get(), groups_, catalog_, path_) {}
 
 Connection::Impl::~Impl() {
   if (watch_ != nullptr) watch_->Closing();

@@ -3,6 +3,7 @@
 
 #include "store/sql/Catalog.h"
 #include "store/sql/Connection.h"
+#include "store/sql/engine/GroupTable.h"
 #include "store/sql/engine/StatementCache.h"
 #include "store/sql/engine/VisitFunction.h"
 
@@ -56,6 +57,7 @@ class Connection::Impl {
   std::string path_;
   DatabaseHandle database_;
   VisitFunction visits_;
+  GroupTable groups_;
   Catalog catalog_;
   StatementCache statements_;
   std::vector<std::function<void()>> listeners_;

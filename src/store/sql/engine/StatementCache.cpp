@@ -2,9 +2,12 @@
 
 #include "store/sql/binder/Binder.h"
 #include "store/sql/parser/Parser.h"
+#include "store/sql/writer/FoldWriter.h"
 #include "store/sql/writer/Writer.h"
 
 #include <sqlcipher/sqlite3.h>
+
+#include <optional>
 
 namespace corvanta::inline sql {
 namespace {
@@ -36,14 +39,15 @@ PreparedUse::~PreparedUse() {
 
 PreparedUse StatementCache::Acquire(ReadStatement& statement, bool keep) {
   PreparedUse use(Ready(statement, statement.key, false));
-  Bind(*use, statement, keep);
+  Bind(use->handle.get(), statement, keep);
+  if (use->groups) FoldRows(*use, statement);
   return use;
 }
 
 PreparedUse StatementCache::AcquireVisit(ReadStatement& statement) {
   PreparedUse use(Ready(statement, std::string(kVisit) + ' ' + statement.key, true));
   // The visitor may run statements of its own.
-  Bind(*use, statement, true);
+  Bind(use->handle.get(), statement, true);
   return use;
 }
 
@@ -97,34 +101,59 @@ std::shared_ptr<Prepared> StatementCache::Translate(ReadStatement& statement, bo
   jet::Bind({statement.sql, catalog_, statement.parameters, statement.numbers}, *statement.tree);
   auto prepared = std::make_shared<Prepared>();
   prepared->table = jet::TableOf(*statement.tree);
-  if (const auto* select = std::get_if<std::unique_ptr<jet::Select>>(statement.tree.get())) {
+  const auto* select = std::get_if<std::unique_ptr<jet::Select>>(statement.tree.get());
+  if (select != nullptr) {
     for (const jet::BoundColumn& column : (*select)->columns) {
       const bool counter = column.kind == ColumnKind::Counter;
       prepared->fields.push_back({column.name, counter ? ColumnKind::Integer : column.kind});
     }
   }
-  const std::string sql = jet::WriteStatement(*statement.tree);
-  prepared->handle =
-      Prepare(database_, isVisit ? VisitText(sql, prepared->fields.size()) : sql, file_);
+  if (isVisit || select == nullptr || !Fold(**select, *prepared)) {
+    const std::string sql = jet::WriteStatement(*statement.tree);
+    prepared->handle =
+        Prepare(database_, isVisit ? VisitText(sql, prepared->fields.size()) : sql, file_);
+  }
   statement.tree.reset();
   return prepared;
 }
 
-void StatementCache::Bind(Prepared& prepared, const ReadStatement& statement, bool keep) {
+bool StatementCache::Fold(jet::Select& select, Prepared& prepared) {
+  const auto query = jet::WriteFolded(select, GroupTable::kColumns);
+  if (!query) return false;
+  prepared.groups = std::make_unique<GroupTable::Entry>(groups_, *query);
+  prepared.rows = Prepare(database_, prepared.groups->Rows(), file_);
+  prepared.handle = Prepare(database_, prepared.groups->Result(), file_);
+  return true;
+}
+
+void StatementCache::FoldRows(Prepared& prepared, const ReadStatement& statement) {
+  prepared.groups->Clear();
+  sqlite3_stmt* const rows = prepared.rows.get();
+  Bind(rows, statement, false);
+  int result = SQLITE_ROW;
+  while (result == SQLITE_ROW) result = sqlite3_step(rows);
+  std::optional<StoreError> error;
+  if (result != SQLITE_DONE) error = ErrorOf(database_, result, prepared.key, file_);
+  sqlite3_reset(rows);
+  sqlite3_clear_bindings(rows);
+  if (error) throw *error;
+}
+
+void StatementCache::Bind(sqlite3_stmt* handle, const ReadStatement& statement, bool keep) {
   int number = 0;
   const auto lifetime = keep ? SQLITE_TRANSIENT : SQLITE_STATIC;
   for (const jet::Parameter& parameter : statement.parameters) {
     ++number;
     switch (parameter.kind) {
       case jet::ParameterKind::Integer:
-        sqlite3_bind_int64(prepared.handle.get(), number, parameter.integer);
+        sqlite3_bind_int64(handle, number, parameter.integer);
         break;
       case jet::ParameterKind::Number:
-        sqlite3_bind_double(prepared.handle.get(), number, parameter.number);
+        sqlite3_bind_double(handle, number, parameter.number);
         break;
       case jet::ParameterKind::Text:
       case jet::ParameterKind::Date:
-        sqlite3_bind_text(prepared.handle.get(), number, parameter.text.data(),
+        sqlite3_bind_text(handle, number, parameter.text.data(),
                           static_cast<int>(parameter.text.size()), lifetime);
         break;
     }

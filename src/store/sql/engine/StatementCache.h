@@ -1,6 +1,7 @@
 #pragma once
 
 #include "store/sql/Recordset.h"
+#include "store/sql/engine/GroupTable.h"
 #include "store/sql/engine/Sqlite.h"
 #include "store/sql/engine/StatementReader.h"
 
@@ -18,6 +19,8 @@ inline constexpr const char* kVisit = "corvanta_visit";
 
 // A statement that the library has prepared, and what its rows look like.
 struct Prepared {
+  std::unique_ptr<GroupTable::Entry> groups;  // of a grouped query that is folded
+  StatementHandle rows;                       // of one: hands all rows over
   StatementHandle handle;
   std::vector<FieldDef> fields;
   std::string table;  // the one table read or written
@@ -43,8 +46,9 @@ class PreparedUse {
 // Statements ready to run, found by what they do, apart from their values.
 class StatementCache {
  public:
-  StatementCache(sqlite3* database, const Catalog& catalog, const std::string& file)
-      : database_(database), catalog_(catalog), file_(file) {}
+  StatementCache(sqlite3* database, GroupTable& groups, const Catalog& catalog,
+                 const std::string& file)
+      : database_(database), groups_(groups), catalog_(catalog), file_(file) {}
 
   [[nodiscard]] ReadStatement Read(std::string_view sql) { return reader_.Read(sql); }
   // The statement bound to its values and ready to step; it must be no definition. Texts are copied
@@ -65,9 +69,13 @@ class StatementCache {
   [[nodiscard]] std::shared_ptr<Prepared> Ready(ReadStatement& statement, const std::string& key,
                                                 bool isVisit);
   [[nodiscard]] std::shared_ptr<Prepared> Translate(ReadStatement& statement, bool isVisit);
-  static void Bind(Prepared& prepared, const ReadStatement& statement, bool keep);
+  [[nodiscard]] bool Fold(jet::Select& select, Prepared& prepared);
+  // Adds up what the result of a folded query is read from.
+  void FoldRows(Prepared& prepared, const ReadStatement& statement);
+  static void Bind(sqlite3_stmt* handle, const ReadStatement& statement, bool keep);
 
   sqlite3* database_;
+  GroupTable& groups_;
   const Catalog& catalog_;
   const std::string& file_;
   StatementReader reader_;

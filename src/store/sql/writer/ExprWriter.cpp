@@ -55,6 +55,13 @@ Written WriteLiteral(const Expr& expr) {
   return {std::move(number), Precedence::Atom};
 }
 
+// A sign keeps the library from looking for the column in an index.
+Written WriteColumn(const Expr& expr) {
+  const std::string name = QuoteName(expr.qualifier) + "." + QuoteName(expr.name);
+  if (expr.offIndexes) return {"+" + name, Precedence::Collate};
+  return {name, Precedence::Atom};
+}
+
 Written WriteChain(const Expr& expr, Precedence precedence, const char* sign) {
   const Precedence right = precedence == Precedence::Or ? Precedence::And : Precedence::Not;
   return {Parenthesised(Write(*expr.args[0]), precedence) + sign +
@@ -226,7 +233,7 @@ Written Write(const Expr& expr) {
     case ExprKind::Literal:
       return WriteLiteral(expr);
     case ExprKind::Column:
-      return {QuoteName(expr.qualifier) + "." + QuoteName(expr.name), Precedence::Atom};
+      return WriteColumn(expr);
     case ExprKind::Not:
       return {"NOT " + Parenthesised(Write(*expr.args[0]), Precedence::Not), Precedence::Not};
     case ExprKind::Negate:

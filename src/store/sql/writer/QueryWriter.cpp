@@ -5,7 +5,6 @@
 #include "store/sql/writer/Quote.h"
 
 namespace corvanta::jet {
-namespace {
 
 std::string WriteItems(const Select& select, bool foldTexts) {
   std::string sql;
@@ -20,7 +19,14 @@ std::string WriteItems(const Select& select, bool foldTexts) {
   return sql;
 }
 
-std::string WriteFilters(const Select& select, std::string where) {
+std::string WriteRows(const Select& select) {
+  WrittenSources sources;
+  std::string sql;
+  if (select.from) {
+    sources = WriteFrom(*select.from);
+    sql += " FROM " + sources.sql;
+  }
+  std::string where = std::move(sources.filters);
   if (select.where) {
     const Written condition = Write(*select.where);
     if (where.empty()) {
@@ -29,24 +35,7 @@ std::string WriteFilters(const Select& select, std::string where) {
       where += " AND " + Parenthesised(condition, Precedence::Not);
     }
   }
-  std::string sql = where.empty() ? std::string() : " WHERE " + where;
-  for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
-    sql += (i == 0 ? " GROUP BY " : ", ") + WriteSortKey(*select.groupBy[i]);
-  }
-  if (select.having) sql += " HAVING " + Write(*select.having).sql;
-  return sql;
-}
-
-// Without ORDER BY and TOP, which belong to a whole union.
-std::string WriteBody(const Select& select, bool inUnion) {
-  std::string sql = select.distinct ? "SELECT DISTINCT " : "SELECT ";
-  sql += WriteItems(select, inUnion || select.distinct);
-  WrittenSources sources;
-  if (select.from) {
-    sources = WriteFrom(*select.from);
-    sql += " FROM " + sources.sql;
-  }
-  return sql + WriteFilters(select, std::move(sources.filters));
+  return where.empty() ? sql : sql + " WHERE " + where;
 }
 
 std::string WriteOrder(const Select& select) {
@@ -62,6 +51,19 @@ std::string WriteOrder(const Select& select) {
     }
     if (item.descending) sql += " DESC";
   }
+  return sql;
+}
+
+namespace {
+
+// Without ORDER BY and TOP, which belong to a whole union.
+std::string WriteBody(const Select& select, bool inUnion) {
+  std::string sql = select.distinct ? "SELECT DISTINCT " : "SELECT ";
+  sql += WriteItems(select, inUnion || select.distinct) + WriteRows(select);
+  for (std::size_t i = 0; i < select.groupBy.size(); ++i) {
+    sql += (i == 0 ? " GROUP BY " : ", ") + WriteSortKey(*select.groupBy[i]);
+  }
+  if (select.having) sql += " HAVING " + Write(*select.having).sql;
   return sql;
 }
 
