@@ -111,6 +111,7 @@ void FrmPalette::showEvent(QShowEvent* event) {
 
 void FrmPalette::Fill() {
   shown_ = palette_.Find(FromQt(text_->text()));
+  list_->clearSpans();
   model_->removeRows(0, model_->rowCount());
   for (const PaletteItem& item : shown_) {
     auto* name = new QStandardItem(NameText(item));
@@ -119,6 +120,8 @@ void FrmPalette::Fill() {
     detail->setToolTip(ToQt(item.detail));
     detail->setForeground(MutedText(QGuiApplication::palette()));
     model_->appendRow({name, detail});
+    // What was typed, in words, may be long.
+    if (detail->text().isEmpty()) list_->setSpan(model_->rowCount() - 1, 0, 1, 2);
   }
   if (!shown_.empty()) list_->selectRow(0);
 }

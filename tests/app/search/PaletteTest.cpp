@@ -173,6 +173,19 @@ TEST_F(PaletteInWindow, GoesToADayAndRunsCommands) {
   GoTo("view: cat");
   EXPECT_EQ(chosen_, "View: Categories");
   EXPECT_EQ(window_->Shown().name, kCategoryShow);
+  // What is looked for as it is typed has the whole line, as often as something else is typed.
+  InNextDialog([](QDialog& dialog) {
+    auto& box = DialogTest::Find<QLineEdit>(dialog, "txtGoTo");
+    auto& list = DialogTest::Find<ListTable>(dialog, "lvGoTo");
+    for (const char* text : {"nothing has these words", "purse"}) {
+      box.setText(QLatin1String(text));
+      const int last = list.model()->rowCount() - 1;
+      EXPECT_TRUE(list.model()->index(last, 0).data().toString().contains(QLatin1String(text)));
+      EXPECT_EQ(list.columnSpan(last, 0), 2) << text;
+    }
+    EXPECT_EQ(list.columnSpan(0, 0), 1) << "an account has something beside it";
+  });
+  Trigger("mnuEditGoTo");
   // Escape does nothing, and the box can be left that way.
   InNextDialog([](QDialog& dialog) {
     EXPECT_EQ(dialog.objectName(), "FrmPalette");
