@@ -30,7 +30,10 @@ bool SavedReportArgument::Save(const ReportRequest& request,
     return false;
   }
   const ReportDefinition definition = MakeDefinition(name_, request, columns, ledger.Store());
-  return EditorOf(session).Save(definition, replaces ? definition.name : std::string());
+  const std::string replaced = replaces ? definition.name : std::string();
+  if (!EditorOf(session).Save(definition, replaced)) return false;
+  session.Tell("Report", "Saved as \"" + definition.name + "\"");
+  return true;
 }
 
 bool SavedReportArgument::Open(ReportRequest& request, std::vector<std::string>& columns,
@@ -48,7 +51,9 @@ bool SavedReportArgument::Open(ReportRequest& request, std::vector<std::string>&
 
 bool SavedReportArgument::Delete(Session& session) const {
   const std::optional<std::string> name = Find(session);
-  return name && EditorOf(session).Delete(*name);
+  if (!name || !EditorOf(session).Delete(*name)) return false;
+  session.Tell("Report", "\"" + *name + "\" was deleted");
+  return true;
 }
 
 std::optional<std::string> SavedReportArgument::Find(Session& session) const {

@@ -1,14 +1,10 @@
 // What is particular to reports beside their figures: lists, rates, ranges and the way into a row.
-#include "ledger/LedgerTest.h"
-#include "ledger/RateBook.h"
 #include "reports/query/BudgetPlans.h"
 #include "reports/query/DrillDown.h"
-#include "reports/query/Explain.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportClause.h"
 #include "reports/query/ReportRunner.h"
-#include "store/sql/SqlText.h"
-#include "support/ScriptedRates.h"
+#include "reports/query/ReportsTest.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -80,49 +76,6 @@ TEST(ReportBudgets, CountTheDaysOfAPeriod) {
   EXPECT_EQ(PeriodDays("", january), std::nullopt);
   EXPECT_EQ(PeriodDays("3x", january), std::nullopt);
 }
-
-class Reports : public LedgerTest {
- protected:
-  Reports() {
-    AddAccount(1, "Bank", 1, 100, Currency("EUR"));
-    AddAccount(2, "Dollars", 1, 10, Currency("USD"));
-    AddTransaction(1, 1, "01/31/2026 18:30:00", "-20");
-    AddTransaction(2, 1, "02/01/2026", "-30");
-    AddTransaction(3, 2, "02/02/2026", "500");
-    Run("INSERT INTO tblPayees (PayeeID,Payee) VALUES (1,'Grocer')");
-  }
-  int Currency(const std::string& code) {
-    return static_cast<int>(
-        Store()
-            .QueryValue("Select CurrencyID from tblCurrency WHERE Currency = " + SqlText(code))
-            .Int());
-  }
-  static Period Days(const char* from, const char* to) {
-    return {*Date::FromIso(from), *Date::FromIso(to)};
-  }
-  ReportTable Show(const ReportRequest& request) {
-    return RunReport(Ledger(), request, rates_, machine_.Get());
-  }
-  ReportTable Show(int report) {
-    ReportRequest request;
-    request.report = report;
-    return Show(request);
-  }
-  static std::string Text(const ReportRow& row) {
-    std::string text;
-    for (const Value& cell : row.cells) text += cell.Text() + "|";
-    return text;
-  }
-  static ReportRequest Converted(int report) {
-    ReportRequest request;
-    request.report = report;
-    request.currency = "EUR";
-    request.converts = true;
-    return request;
-  }
-
-  ScriptedRates rates_;
-};
 
 TEST_F(Reports, WithoutARateStayInTheirCurrencyAndSayWhy) {
   machine_.prompts.ExpectTell("Download Currency for Report", "Could not connect to website");
@@ -232,70 +185,6 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_EQ(step->label, "Fund");
   EXPECT_FALSE(into(1, 2)) << "a total";
   EXPECT_FALSE(into(3, 0)) << "has no group";
-}
-
-TEST_F(Reports, OfNetWorthUseTheRateOfTheDay) {
-  rates_.Answer(0.5);
-  Ledger().Rates().Keep({0, "USD", "EUR", *Date::FromIso("2026-02-20"), 0.25, "x"});
-  ReportRequest request = Converted(12);
-  request.range = Days("2026-01-01", "2026-12-31");
-  const ReportTable table = Show(request);
-  ASSERT_EQ(table.rows.size(), 12U);
-  EXPECT_EQ(Text(table.rows[0]), "202601|85|0|85|EUR|") << "today's, as none was known";
-  EXPECT_EQ(Text(table.rows[1]), "202602|177.5|0|177.5|EUR|");
-  EXPECT_EQ(Text(table.rows[11]), "202612|305|0|305|EUR|");
-}
-
-TEST_F(Reports, OfTheMonthsBudgetCarryOnWhatIsLeft) {
-  Run("UPDATE tblCategory SET Budget = 31, PeriodID = 6, [Type] = -1 WHERE CategoryID = 9");
-  ReportRequest request = Converted(14);
-  request.converts = false;
-  request.filter.SetKeys(FilterKind::Category, {9});
-  request.filter.SetKeys(FilterKind::Account, {1});
-  request.range = Days("2026-02-01", "2026-02-28");
-  const ReportTable table = Show(request);
-  ASSERT_EQ(table.rows.size(), 2U);
-  EXPECT_EQ(table.rows[0].cells[2].Double(), -31);
-  EXPECT_EQ(table.rows[0].cells[3].Double(), -11) << "of January's 31 20 were spent";
-  EXPECT_EQ(table.rows[0].cells[4].Double(), -30);
-  EXPECT_EQ(table.rows[0].cells[5].Double(), 12) << "may still be spent";
-  machine_.clock.SetToday(*Date::FromIso("2026-02-10"));
-  request.range = Days("2026-01-01", "2026-12-31");
-  EXPECT_EQ(Show(request).periods.front(), Days("2026-02-01", "2026-02-28"));
-  EXPECT_EQ(Show(request).rows[0].cells[5].Double(), 12) << "a year is of today's month";
-  Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
-  EXPECT_EQ(Show(request).rows[0].cells[3].Double(), 0) << "nothing was recorded in January";
-}
-
-TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
-  machine_.clock.SetToday(*Date::FromIso("2026-03-01"));
-  AddTransaction(4, 1, "03/03/2026", "-7");
-  Run("INSERT INTO tblSchedule (ScheduleID,AccountID,CategoryID,PaymentID,PayeeID,PeriodID,"
-      "TfrAccountID,[Amount],DateFrom,NoTimes,AllocatedItem) VALUES (1,1,9,1,1,3,0,-5,#03/02/2026#,"
-      "2,0)");
-  ReportRequest request;
-  request.report = 15;
-  request.filter.SetKeys(FilterKind::Account, {1});
-  request.range = Days("2026-01-01", "2026-03-10");
-  request.whatIf = {{*Date::FromIso("2026-03-04"), 1, -11}};
-  const ReportTable table = Show(request);
-  ASSERT_EQ(table.rows.size(), 9U) << "from tomorrow on";
-  const double average = -50.0 / 30;  // the account has been in use since January's last day
-  const double expected[] = {-5, -7, -11, 0, 0, 0, 0, -5, 0};
-  double balance = 50;
-  for (std::size_t day = 0; day < table.rows.size(); ++day) {
-    balance += expected[day] + average;
-    EXPECT_NEAR(table.rows[day].cells[2].Double(), expected[day], 1e-6) << day;
-    EXPECT_NEAR(table.rows[day].cells[4].Double(), balance, 1e-4) << day;
-    double sum = 0;
-    for (const ExplainedRow& each : Explain(Ledger(), request, table, day, 4, machine_.Get())) {
-      sum += each.contribution;
-    }
-    EXPECT_NEAR(sum, balance, 1e-4) << day;
-  }
-  request.range = Days("2026-01-01", "2026-02-28");
-  EXPECT_EQ(Show(request).rows.size(), 92U) << "of days that are past nothing is to come";
-  EXPECT_EQ(Show(request).periods.front(), Days("2026-03-02", "2026-06-01"));
 }
 
 }  // namespace

@@ -1,0 +1,100 @@
+// What is particular to the reports behind the eleven.
+#include "ledger/RateBook.h"
+#include "reports/query/Explain.h"
+#include "reports/query/ReportsTest.h"
+
+namespace corvanta {
+namespace {
+
+TEST_F(Reports, OfNetWorthUseTheRateOfTheDay) {
+  rates_.Answer(0.5);
+  Ledger().Rates().Keep({0, "USD", "EUR", *Date::FromIso("2026-02-20"), 0.25, "x"});
+  ReportRequest request = Converted(12);
+  request.range = Days("2026-01-01", "2026-12-31");
+  const ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 12U);
+  EXPECT_EQ(Text(table.rows[0]), "202601|85|0|85|EUR|") << "today's, as none was known";
+  EXPECT_EQ(Text(table.rows[1]), "202602|177.5|0|177.5|EUR|");
+  EXPECT_EQ(Text(table.rows[11]), "202612|305|0|305|EUR|");
+}
+
+TEST_F(Reports, OfTheMonthsBudgetCarryOnWhatIsLeft) {
+  Run("UPDATE tblCategory SET Budget = 31, PeriodID = 6, [Type] = -1 WHERE CategoryID = 9");
+  ReportRequest request = Converted(14);
+  request.converts = false;
+  request.filter.SetKeys(FilterKind::Category, {9});
+  request.filter.SetKeys(FilterKind::Account, {1});
+  request.range = Days("2026-02-01", "2026-02-28");
+  const ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 2U);
+  EXPECT_EQ(table.rows[0].cells[2].Double(), -31);
+  EXPECT_EQ(table.rows[0].cells[3].Double(), -11) << "of January's 31 20 were spent";
+  EXPECT_EQ(table.rows[0].cells[4].Double(), -30);
+  EXPECT_EQ(table.rows[0].cells[5].Double(), 12) << "may still be spent";
+  machine_.clock.SetToday(*Date::FromIso("2026-02-10"));
+  request.range = Days("2026-01-01", "2026-12-31");
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-02-01", "2026-02-28"));
+  EXPECT_EQ(Show(request).rows[0].cells[5].Double(), 12) << "a year is of today's month";
+  Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
+  EXPECT_EQ(Show(request).rows[0].cells[3].Double(), 0) << "nothing was recorded in January";
+}
+
+TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
+  machine_.clock.SetToday(*Date::FromIso("2026-03-01"));
+  AddTransaction(4, 1, "03/03/2026", "-7");
+  Run("INSERT INTO tblSchedule (ScheduleID,AccountID,CategoryID,PaymentID,PayeeID,PeriodID,"
+      "TfrAccountID,[Amount],DateFrom,NoTimes,AllocatedItem) VALUES (1,1,9,1,1,3,0,-5,#03/02/2026#,"
+      "2,0)");
+  ReportRequest request;
+  request.report = 15;
+  request.filter.SetKeys(FilterKind::Account, {1});
+  request.range = Days("2026-01-01", "2026-03-10");
+  request.whatIf = {{*Date::FromIso("2026-03-04"), 1, -11}};
+  const ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 9U) << "from tomorrow on";
+  const double average = -50.0 / 30;  // the account has been in use since January's last day
+  const double expected[] = {-5, -7, -11, 0, 0, 0, 0, -5, 0};
+  double balance = 50;
+  for (std::size_t day = 0; day < table.rows.size(); ++day) {
+    balance += expected[day] + average;
+    EXPECT_NEAR(table.rows[day].cells[2].Double(), expected[day], 1e-6) << day;
+    EXPECT_NEAR(table.rows[day].cells[4].Double(), balance, 1e-4) << day;
+    double sum = 0;
+    for (const ExplainedRow& each : Explain(Ledger(), request, table, day, 4, machine_.Get())) {
+      sum += each.contribution;
+    }
+    EXPECT_NEAR(sum, balance, 1e-4) << day;
+  }
+  request.range = Days("2026-01-01", "2026-02-28");
+  EXPECT_EQ(Show(request).rows.size(), 92U) << "of days that are past nothing is to come";
+  EXPECT_EQ(Show(request).periods.front(), Days("2026-03-02", "2026-06-01"));
+}
+
+TEST_F(Reports, ForecastTheLastPaymentsOfAScheduleWithoutEnd) {
+  machine_.clock.SetToday(*Date::FromIso("2026-03-01"));
+  Run("DELETE FROM tblTransactions");
+  Run("INSERT INTO tblSchedule (ScheduleID,AccountID,CategoryID,PaymentID,PayeeID,PeriodID,"
+      "TfrAccountID,[Amount],DateFrom,NoTimes,AllocatedItem) VALUES (1,1,9,1,1,6,0,-5,#03/15/2026#,"
+      "0,0)");
+  ReportRequest request;
+  request.report = 15;
+  request.filter.SetKeys(FilterKind::Account, {1});
+  request.range = Days("2026-03-01", "2027-09-15");
+  EXPECT_EQ(Show(request).rows.back().cells[4].Double(), 100 - 19 * 5);
+}
+
+TEST_F(Reports, OfTwoPeriodsTakeTheOtherOneAsItIsSaid) {
+  ReportRequest request;
+  request.report = 13;
+  request.filter.SetKeys(FilterKind::Account, {1});
+  request.range = Days("2026-02-01", "2026-02-28");
+  request.otherRange = Days("2026-01-31", "2026-02-01");
+  const ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 2U);
+  EXPECT_EQ(table.rows[0].cells[2].Double(), -30);
+  EXPECT_EQ(table.rows[0].cells[3].Double(), -50) << "also where both have a day in common";
+  EXPECT_EQ(table.periods.back(), *request.otherRange);
+}
+
+}  // namespace
+}  // namespace corvanta
