@@ -7,8 +7,6 @@ namespace corvanta::inline controls {
 // A label with an amount, in the colour of money out while it is below zero; the colour follows the
 // palette from light to dark.
 class MoneyLabel : public QLabel {
-  Q_OBJECT
-
  public:
   using QLabel::QLabel;
 

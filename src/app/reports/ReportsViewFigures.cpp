@@ -91,7 +91,8 @@ void ReportsView::ExplainChosen() {
 
 void ReportsView::ExplainInChart() {
   const auto figure = isCurrent_ ? chart_->Chosen() : std::nullopt;
-  if (!figure) return place_.host.Notice(tr("Go to a point of the chart first"));
+  if (!figure)
+    return place_.host.Notice(tr("Go to the point of the chart that is to be explained"));
   const auto column = report_.Column(figure->header);
   if (!column) return;
   if (figure->rows.size() == 1) return Explain(figure->rows.front(), *column);
