@@ -86,6 +86,11 @@ std::string Names(const std::vector<ScheduleDetails>& schedules, const Locale& l
   return names;
 }
 
+// Where there is none nobody needs to go through the transactions for what is held.
+bool HasInvestments(Connection& store) {
+  return !store.QueryValue("Select TOP 1 PayeeID from tblPayees WHERE Investment = 1").IsNull();
+}
+
 }  // namespace
 
 std::vector<AccountRow> AccountBook::Accounts(const StatusFilter& filter, bool includeClosed) {
@@ -97,7 +102,7 @@ std::vector<AccountRow> AccountBook::Accounts(const StatusFilter& filter, bool i
 
 std::vector<AccountRow> AccountBook::Accounts(const TreeOptions& options) {
   std::vector<AccountRow> accounts = ReadAccounts(core_.store, options);
-  if (!options.valuation) return accounts;
+  if (!options.valuation || !HasInvestments(core_.store)) return accounts;
   for (AccountRow& account : accounts) {
     account.balance =
         RoundMoney(account.balance + ledger_.Balances().HoldingsValue(account.accountId));

@@ -502,12 +502,12 @@ TEST(DialectIndexes, ZerosAreLookedUpOnlyBehindAnotherColumn) {
   const DataSource source{folder.Path() + "/test.dat", "secret", ""};
   const auto connection = Connection::Create(source, clock);
   connection->Execute(
-      "CREATE TABLE tblParts (PartID Counter, Parent INT DEFAULT 0, Box INT DEFAULT 0, Weight "
+      "CREATE TABLE tblParts (PartID Counter, Parent INT DEFAULT 0, BoxID INT DEFAULT 0, Weight "
       "DOUBLE, CONSTRAINT PK_Parts PRIMARY KEY(PartID))");
   connection->Execute("CREATE INDEX Parent ON tblParts (Parent)");
-  connection->EnsureAccessPath({"tblParts", "fast_Parts", "\"Box\", \"Parent\", \"Weight\""});
-  connection->Execute("INSERT INTO tblParts (Parent,Box,Weight) VALUES (0,3,1)");
-  connection->Execute("INSERT INTO tblParts (Parent,Box,Weight) VALUES (7,3,2)");
+  connection->EnsureAccessPath({"tblParts", "fast_Parts", "\"BoxID\", \"Parent\", \"Weight\""});
+  connection->Execute("INSERT INTO tblParts (Parent,BoxID,Weight) VALUES (0,3,1)");
+  connection->Execute("INSERT INTO tblParts (Parent,BoxID,Weight) VALUES (7,3,2)");
   const auto plan = [&](const std::string& condition) {
     log.Clear();
     double sum = 0;
@@ -525,8 +525,9 @@ TEST(DialectIndexes, ZerosAreLookedUpOnlyBehindAnotherColumn) {
   EXPECT_EQ(plan("P.Parent = 0").find('('), std::string::npos) << "goes through the rows";
   EXPECT_EQ(plan("P.Parent = 0 AND P.Weight > 0").front(), '1');
   EXPECT_NE(plan("P.Parent = 7").find("Parent (Parent=?)"), std::string::npos);
-  EXPECT_NE(plan("P.Box = 3 AND P.Parent = 0").find("(Box=? AND Parent=?)"), std::string::npos);
-  EXPECT_EQ(plan("P.Box = 3 AND P.Parent = 0").front(), '1');
+  EXPECT_NE(plan("P.BoxID = 3 AND P.Parent = 0").find("(BoxID=? AND Parent=?)"), std::string::npos);
+  EXPECT_EQ(plan("P.BoxID = 3 AND P.Parent = 0").front(), '1');
+  EXPECT_NE(plan("P.BoxID = 1 AND P.Parent = 0").find("(BoxID=? AND Parent=?)"), std::string::npos);
 }
 
 }  // namespace

@@ -1,5 +1,8 @@
 #include "store/sql/binder/IndexUse.h"
 
+#include "platform/TextCase.h"
+
+#include <string_view>
 #include <vector>
 
 namespace corvanta::jet {
@@ -16,10 +19,17 @@ bool IsZeroed(const Expr& term) {
          IsZero(*term.args[1]);
 }
 
-// A column that must have one value, which is looked up by it.
+// A column that must have one value, which is looked up by it. A 1 may be a mark as well, but not
+// where the column is a key, whose names end so.
 bool IsLookedUp(const Expr& term) {
-  return term.args[0]->kind == ExprKind::Column && term.args[1]->kind == ExprKind::Literal &&
-         term.args[1]->parameter > 0;
+  const Expr& column = *term.args[0];
+  const Expr& value = *term.args[1];
+  if (column.kind != ExprKind::Column || value.kind != ExprKind::Literal) return false;
+  if (value.parameter > 0) return true;
+  constexpr std::size_t kEnd = 2;
+  const std::string& name = column.name;
+  return !IsZero(value) && name.size() > kEnd &&
+         EqualFolded(std::string_view(name).substr(name.size() - kEnd), "ID");
 }
 
 // The comparisons with "=" that all rows must meet.
