@@ -70,7 +70,10 @@ ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSou
                       Platform& platform) {
   const ReportInfo& info = InfoOf(request.report);
   ReportTable table{info.number, info.name, ColumnsOf(info), {}, {}};
-  if (request.range && request.range->to < request.range->from) return table;
+  if (request.range) {
+    table.periods = {*request.range};
+    if (request.range->to < request.range->from) return table;
+  }
   const std::unique_ptr<Report> report = MakeReport(request.report);
   const ReportClause clause(request);
   AskedRates asked(request, source, platform.prompts);

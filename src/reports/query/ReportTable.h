@@ -58,8 +58,8 @@ struct ReportTable {
   std::vector<ReportRow> rows;
   // Of every currency in use, so that what a figure is made of can be told with the same ones.
   std::vector<ReportRate> rates;
-  // The days that the figures are of where they are not those that were asked for; of a comparison
-  // the other ones behind them.
+  // The days that the figures are of; none where they are of all. Of a comparison the other ones
+  // stand behind them.
   std::vector<Period> periods = {};
 
   // The place of the column of that header; nullopt when there is none.
