@@ -1,7 +1,7 @@
 // A QIF file imported into an empty file, and again, beside the same rows through the library.
 // CORVANTA_BENCH_LARGE=1 in the environment adds a file of 400,000 records.
 #include "BenchStore.h"
-#include "exchange/FileImport.h"
+#include "exchange/import/FileImport.h"
 #include "ledger/clsCorvanta.h"
 
 #include <benchmark/benchmark.h>

@@ -1,14 +1,14 @@
 // Each filter of the register at the sizes that it must be quick at, beside the library reading the
 // same rows by hand.
 #include "BenchStore.h"
-#include "ledger/AccountBook.h"
-#include "ledger/AccountRow.h"
-#include "ledger/FilterChoice.h"
-#include "ledger/FilteredRegister.h"
-#include "ledger/RegisterRows.h"
-#include "ledger/RegisterShelf.h"
-#include "ledger/RowFilter.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/AccountRow.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/FilterChoice.h"
+#include "ledger/register/FilteredRegister.h"
+#include "ledger/register/RegisterRows.h"
+#include "ledger/register/RegisterShelf.h"
+#include "ledger/register/RowFilter.h"
 
 #include <benchmark/benchmark.h>
 

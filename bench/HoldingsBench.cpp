@@ -1,7 +1,7 @@
 // The holdings of a large portfolio: 200 investments with 50,000 rows and 500,000 prices, beside
 // the same rows and latest prices through the library.
 #include "BenchStore.h"
-#include "invest/Holdings.h"
+#include "invest/holdings/Holdings.h"
 #include "ledger/clsCorvanta.h"
 #include "store/sql/SqlText.h"
 

@@ -1,12 +1,12 @@
 // The sums of an account and the saving of a transaction, beside the same work through the library.
 // CORVANTA_BENCH_LARGE=1 in the environment adds a file of a million transactions.
 #include "BenchStore.h"
-#include "ledger/BalanceBook.h"
-#include "ledger/Balances.h"
-#include "ledger/Period.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/BalanceBook.h"
+#include "ledger/register/Balances.h"
+#include "ledger/register/Period.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 
 #include <benchmark/benchmark.h>
 

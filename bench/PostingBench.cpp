@@ -1,11 +1,11 @@
 // The posting of 200 monthly schedules over ten years into a file of 100,000 transactions, beside
 // the same rows through the library.
 #include "BenchStore.h"
-#include "ledger/RateSource.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/SchedulePosting.h"
-#include "ledger/ScheduleRecord.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/RateSource.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/schedules/SchedulePosting.h"
+#include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Clock.h"
 #include "platform/Settings.h"
 #include "support/AgreeingPlatform.h"

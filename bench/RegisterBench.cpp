@@ -1,12 +1,12 @@
 // Reading the register and the balances of a large file, beside the same rows through the library.
 #include "BenchStore.h"
-#include "ledger/AccountBook.h"
-#include "ledger/AccountRow.h"
-#include "ledger/BalanceBook.h"
-#include "ledger/RegisterOrder.h"
-#include "ledger/RegisterRows.h"
-#include "ledger/Reminders.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/AccountRow.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/BalanceBook.h"
+#include "ledger/register/RegisterOrder.h"
+#include "ledger/register/RegisterRows.h"
+#include "ledger/schedules/Reminders.h"
 #include "store/sql/SqlText.h"
 
 #include <benchmark/benchmark.h>

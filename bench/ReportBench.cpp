@@ -1,8 +1,8 @@
 // Each report over many rows, beside its queries by hand through the library alone, and what one of
 // its figures is made of.
 #include "BenchStore.h"
-#include "ledger/RateSource.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/RateSource.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "reports/overview/Overview.h"

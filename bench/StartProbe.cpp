@@ -4,9 +4,9 @@
 //   corvanta-start-probe overview FOLDER  the same, up to the overview
 //   corvanta-start-probe whole FOLDER     the same, up to all figures of the overview
 //   corvanta-start-probe fill FOLDER N    makes that data file with N transactions
-#include "app/StartOptions.h"
-#include "app/StartUp.h"
 #include "app/overview/OverviewView.h"
+#include "app/start/StartOptions.h"
+#include "app/start/StartUp.h"
 #include "controls/SvgIcon.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"

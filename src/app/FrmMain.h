@@ -4,7 +4,7 @@
 #include "app/ViewHost.h"
 #include "app/search/Palette.h"
 #include "controls/QuietEnd.h"
-#include "ledger/AccountRow.h"
+#include "ledger/accounts/AccountRow.h"
 #include "platform/Settings.h"
 #include "reference/ReferenceDialogs.h"
 

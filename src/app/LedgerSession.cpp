@@ -1,7 +1,7 @@
 #include "app/LedgerSession.h"
 
-#include "invest/WebRates.h"
-#include "ledger/PassphrasePrompt.h"
+#include "invest/rates/WebRates.h"
+#include "ledger/secrets/PassphrasePrompt.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 

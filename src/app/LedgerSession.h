@@ -1,10 +1,10 @@
 #pragma once
 
-#include "app/Login.h"
-#include "ledger/PromptedOpening.h"
-#include "ledger/RateSource.h"
-#include "ledger/SchedulePosting.h"
+#include "app/secrets/Login.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/RateSource.h"
+#include "ledger/schedules/SchedulePosting.h"
+#include "ledger/secrets/PromptedOpening.h"
 #include "store/datafile/OpenDataFile.h"
 
 #include <cstddef>

@@ -1,14 +1,14 @@
 #include "app/MainViews.h"
 
-#include "app/AccountsView.h"
-#include "app/CategoriesView.h"
-#include "app/HoldingsView.h"
-#include "app/InvestmentTransView.h"
-#include "app/InvestmentsView.h"
-#include "app/PayeesView.h"
-#include "app/ScheduleView.h"
-#include "app/TransactionShowView.h"
+#include "app/investments/HoldingsView.h"
+#include "app/investments/InvestmentTransView.h"
+#include "app/investments/InvestmentsView.h"
+#include "app/lists/AccountsView.h"
+#include "app/lists/CategoriesView.h"
+#include "app/lists/PayeesView.h"
+#include "app/lists/ScheduleView.h"
 #include "app/overview/OverviewView.h"
+#include "app/register/TransactionShowView.h"
 #include "app/reports/ReportsView.h"
 
 namespace corvanta::inline app {

@@ -1,7 +1,7 @@
 #include "app/SafetyCommands.h"
 
 #include "app/LedgerSession.h"
-#include "ledger/KeywordBook.h"
+#include "ledger/transactions/KeywordBook.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "safety/FileStore.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/PromptedOpening.h"
+#include "ledger/secrets/PromptedOpening.h"
 
 #include <optional>
 #include <string>

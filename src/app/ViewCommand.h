@@ -1,10 +1,10 @@
 #pragma once
 
 #include "app/reports/ReportState.h"
-#include "ledger/Period.h"
-#include "ledger/RowFilter.h"
-#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/Period.h"
+#include "ledger/register/RowFilter.h"
+#include "ledger/register/StatusFilter.h"
 #include "platform/Settings.h"
 
 #include <cstdint>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/AccountRow.h"
+#include "ledger/accounts/AccountRow.h"
 #include "platform/Date.h"
 
 #include <cstdint>

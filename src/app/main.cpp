@@ -1,5 +1,5 @@
-#include "app/StartOptions.h"
-#include "app/StartUp.h"
+#include "app/start/StartOptions.h"
+#include "app/start/StartUp.h"
 #include "controls/CommandEdge.h"
 #include "controls/OutlinedStyle.h"
 #include "controls/SvgIcon.h"

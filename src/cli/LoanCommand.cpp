@@ -1,9 +1,9 @@
 #include "cli/LoanCommand.h"
 
-#include "cli/Arguments.h"
-#include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/Arguments.h"
+#include "cli/output/OutputTable.h"
 #include "platform/Decimal.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"

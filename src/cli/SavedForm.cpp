@@ -1,6 +1,6 @@
 #include "cli/SavedForm.h"
 
-#include "cli/OutputTable.h"
+#include "cli/output/OutputTable.h"
 
 #include <ostream>
 

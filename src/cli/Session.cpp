@@ -1,9 +1,9 @@
 #include "cli/Session.h"
 
-#include "cli/OutputTable.h"
-#include "cli/TableWriter.h"
-#include "ledger/LoginPassword.h"
-#include "ledger/PassphrasePrompt.h"
+#include "cli/output/OutputTable.h"
+#include "cli/output/TableWriter.h"
+#include "ledger/secrets/LoginPassword.h"
+#include "ledger/secrets/PassphrasePrompt.h"
 #include "platform/ConsolePrompts.h"
 #include "platform/Platform.h"
 #include "platform/ShownText.h"

@@ -2,7 +2,7 @@
 
 #include "cli/ExitStatus.h"
 #include "cli/GlobalOptions.h"
-#include "ledger/LoginGate.h"
+#include "ledger/secrets/LoginGate.h"
 #include "store/datafile/OpenDataFile.h"
 
 #include <functional>

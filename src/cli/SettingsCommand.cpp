@@ -1,10 +1,10 @@
 #include "cli/SettingsCommand.h"
 
-#include "cli/Arguments.h"
-#include "cli/CloseNames.h"
-#include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/Arguments.h"
+#include "cli/arguments/CloseNames.h"
+#include "cli/output/OutputTable.h"
 #include "platform/Clock.h"
 #include "platform/Opener.h"
 #include "platform/Platform.h"

@@ -1,5 +1,5 @@
 #include "cli/CommandLine.h"
-#include "cli/TerminalBuffer.h"
+#include "cli/output/TerminalBuffer.h"
 
 #include <unistd.h>
 

@@ -1,13 +1,13 @@
 #include "entry/EntryEditor.h"
 
 #include "entry/EntryRules.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/CurrencyOf.h"
 #include "ledger/Money.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ScheduleRecord.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/accounts/CurrencyOf.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/schedules/ScheduleRecord.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 

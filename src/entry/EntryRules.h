@@ -2,8 +2,8 @@
 #pragma once
 
 #include "entry/EntryForm.h"
-#include "ledger/ClosedAccounts.h"
 #include "ledger/Warning.h"
+#include "ledger/accounts/ClosedAccounts.h"
 
 #include <cstdint>
 #include <optional>

@@ -8,7 +8,7 @@
 #include "controls/PickItems.h"
 #include "controls/QtText.h"
 #include "entry/ucCategoryBoxes.h"
-#include "ledger/CurrencyOf.h"
+#include "ledger/accounts/CurrencyOf.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"

@@ -8,7 +8,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "entry/ucCategoryBoxes.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "ledger/BulkChange.h"
 #include "ledger/Keys.h"
-#include "ledger/TransactionStatus.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/transactions/BulkChange.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -3,9 +3,9 @@
 #include "entry/EntryEditor.h"
 #include "entry/StoredRow.h"
 #include "entry/TransactionForm.h"
-#include "ledger/ScheduleDates.h"
-#include "ledger/ScheduleRecord.h"
 #include "ledger/Warning.h"
+#include "ledger/schedules/ScheduleDates.h"
+#include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Date.h"
 
 #include <cstddef>

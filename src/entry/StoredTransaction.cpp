@@ -1,7 +1,7 @@
 #include "entry/StoredTransaction.h"
 
-#include "ledger/TransactionBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/transactions/TransactionBook.h"
 
 #include <cmath>
 

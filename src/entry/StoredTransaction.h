@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entry/TransactionForm.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/transactions/TransactionRecord.h"
 
 #include <cstdint>
 #include <optional>

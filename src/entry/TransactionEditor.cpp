@@ -1,10 +1,10 @@
 #include "entry/TransactionEditor.h"
 
 #include "entry/EntryRules.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "platform/ArithmeticText.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"

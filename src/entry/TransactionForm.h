@@ -1,7 +1,7 @@
 #pragma once
 
 #include "entry/EntryForm.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "platform/Date.h"
 
 #include <cstddef>

@@ -3,7 +3,7 @@
 #include "controls/CommandEdge.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "ledger/CategoryPath.h"
+#include "ledger/reference/CategoryPath.h"
 
 #include <QLineEdit>
 

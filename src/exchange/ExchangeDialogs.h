@@ -1,9 +1,9 @@
 // Opens what brings files in and out, each modal before its parent.
 #pragma once
 
-#include "ledger/Period.h"
-#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/Period.h"
+#include "ledger/register/StatusFilter.h"
 
 #include <cstdint>
 #include <optional>

@@ -1,9 +1,9 @@
 #include "invest/InvestEditor.h"
 
-#include "invest/LookUpPage.h"
-#include "ledger/InvestmentBook.h"
-#include "ledger/PriceBook.h"
+#include "invest/prices/LookUpPage.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/InvestmentBook.h"
+#include "ledger/investments/PriceBook.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/InvestmentRecord.h"
 #include "ledger/Warning.h"
+#include "ledger/investments/InvestmentRecord.h"
 #include "reference/Deletion.h"
 
 #include <cstdint>

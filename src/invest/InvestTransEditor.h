@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ledger/InvestmentRecord.h"
-#include "ledger/TransactionStatus.h"
 #include "ledger/Warning.h"
+#include "ledger/investments/InvestmentRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "platform/Date.h"
 
 #include <cstdint>

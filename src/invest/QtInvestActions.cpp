@@ -1,6 +1,6 @@
 #include "invest/QtInvestActions.h"
 
-#include "ledger/InvestmentRecord.h"
+#include "ledger/investments/InvestmentRecord.h"
 
 #include <QComboBox>
 

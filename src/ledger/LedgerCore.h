@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/ClosedAccounts.h"
 #include "ledger/Keys.h"
+#include "ledger/accounts/ClosedAccounts.h"
 #include "store/sql/UndoLog.h"
 #include "store/sql/Value.h"
 

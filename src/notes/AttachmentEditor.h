@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ledger/AttachedFiles.h"
 #include "ledger/Warning.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/transactions/AttachedFiles.h"
 
 #include <cstdint>
 #include <optional>

@@ -7,7 +7,7 @@
 #include "controls/LongText.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/KeywordBook.h"
+#include "ledger/transactions/KeywordBook.h"
 #include "notes/ucPicture.h"
 #include "platform/Platform.h"
 

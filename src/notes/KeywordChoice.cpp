@@ -1,10 +1,10 @@
 #include "notes/KeywordChoice.h"
 
-#include "ledger/ClosedAccounts.h"
-#include "ledger/KeywordBook.h"
-#include "ledger/ReferenceRecords.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/accounts/ClosedAccounts.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/transactions/KeywordBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceEditor.h"
 

@@ -1,8 +1,8 @@
 #include "notes/QtNoteButtons.h"
 
 #include "controls/QtText.h"
-#include "ledger/KeywordBook.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/transactions/KeywordBook.h"
 
 #include <QCoreApplication>
 #include <QPushButton>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/CurrencyOf.h"
 #include "ledger/Warning.h"
+#include "ledger/accounts/CurrencyOf.h"
 #include "platform/Date.h"
 
 #include <cstddef>

@@ -1,9 +1,9 @@
 #include "reference/AccountEditor.h"
 
-#include "ledger/AccountBook.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"

@@ -1,8 +1,8 @@
 #include "reference/CategoryEditor.h"
 
-#include "ledger/CategoryBook.h"
-#include "ledger/CategoryPath.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/CategoryPath.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"

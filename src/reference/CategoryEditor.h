@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/ReferenceRecords.h"
 #include "ledger/Warning.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "reference/Deletion.h"
 
 #include <cstdint>

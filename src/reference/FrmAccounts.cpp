@@ -3,9 +3,9 @@
 #include "controls/AmountEdit.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
 

@@ -3,10 +3,10 @@
 #include "controls/AmountEdit.h"
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
 

@@ -2,7 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/ReferenceTables.h"
+#include "ledger/reference/ReferenceTables.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
 #include "reference/ReferenceWords.h"

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "controls/EditorDialog.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "reference/ReferenceEditor.h"
 
 #include <vector>

@@ -1,8 +1,8 @@
 #include "reference/ListEditor.h"
 
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceTables.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceTables.h"
 #include "reference/ReferenceEditor.h"
 
 namespace corvanta::inline reference {

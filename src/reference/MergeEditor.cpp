@@ -1,9 +1,9 @@
 #include "reference/MergeEditor.h"
 
-#include "ledger/CategoryBook.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Prompts.h"
 #include "reference/CategoryEditor.h"
 

@@ -1,5 +1,5 @@
-#include "ledger/ReferenceRecords.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reference/AccountEditor.h"
 #include "reference/CategoryEditor.h"

@@ -1,9 +1,9 @@
 #include "reference/ReferenceEditor.h"
 
-#include "ledger/RateBook.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceTables.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/RateBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceTables.h"
 #include "platform/TextCase.h"
 #include "reference/ReferenceWords.h"
 #include "reference/RowOf.h"

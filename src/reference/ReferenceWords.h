@@ -1,7 +1,7 @@
 // What the named rows and their texts are called where a person meets them.
 #pragma once
 
-#include "ledger/ReferenceRecords.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "reference/MergeEditor.h"
 
 #include <optional>

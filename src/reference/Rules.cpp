@@ -1,7 +1,7 @@
 #include "reference/Rules.h"
 
-#include "ledger/ReferenceBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceBook.h"
 #include "platform/TextCase.h"
 
 namespace corvanta::inline reference {

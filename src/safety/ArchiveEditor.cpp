@@ -1,6 +1,6 @@
 #include "safety/ArchiveEditor.h"
 
-#include "ledger/AccountBook.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ledger/InvestmentRecord.h"
-#include "ledger/ScheduleRecord.h"
 #include "ledger/Warning.h"
+#include "ledger/investments/InvestmentRecord.h"
+#include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Date.h"
 
 #include <cstddef>

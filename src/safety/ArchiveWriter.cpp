@@ -1,10 +1,10 @@
 #include "safety/ArchiveWriter.h"
 
-#include "ledger/InvestmentBook.h"
 #include "ledger/KeyLists.h"
-#include "ledger/RowLinks.h"
-#include "ledger/ScheduleStart.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/InvestmentBook.h"
+#include "ledger/schedules/ScheduleStart.h"
+#include "ledger/transactions/RowLinks.h"
 #include "platform/Platform.h"
 #include "platform/StatusWords.h"
 #include "safety/FileStore.h"

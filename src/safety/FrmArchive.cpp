@@ -4,7 +4,7 @@
 #include "controls/ListTable.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/AccountBook.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"

@@ -1,6 +1,6 @@
 #include "safety/RestoreEditor.h"
 
-#include "ledger/LoginPassword.h"
+#include "ledger/secrets/LoginPassword.h"
 #include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"

@@ -1,5 +1,5 @@
-#include "app/AccountTree.h"
 #include "app/WindowTest.h"
+#include "app/tree/AccountTree.h"
 
 #include <QSignalSpy>
 

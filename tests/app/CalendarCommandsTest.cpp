@@ -1,5 +1,5 @@
-#include "app/RegisterModel.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
 #include "controls/DateField.h"
 #include "controls/SortedTable.h"
 #include "controls/ucCalendar.h"

@@ -1,4 +1,4 @@
-#include "app/ListColours.h"
+#include "app/lists/ListColours.h"
 #include "controls/ListDelegate.h"
 #include "controls/ListTable.h"
 #include "controls/OutlinedStyle.h"

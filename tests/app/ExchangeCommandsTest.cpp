@@ -1,6 +1,6 @@
 #include "app/WindowTest.h"
 #include "controls/SortedTable.h"
-#include "ledger/ReferenceBook.h"
+#include "ledger/reference/ReferenceBook.h"
 #include "platform/Files.h"
 #include "support/DialogTest.h"
 #include "support/LedgerProblems.h"

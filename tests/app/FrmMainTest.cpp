@@ -1,6 +1,6 @@
 #include "app/FrmMain.h"
-#include "app/RegisterModel.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
 #include "controls/ListTable.h"
 #include "controls/ucCalendar.h"
 

@@ -1,11 +1,11 @@
 // Nothing is cramped: on a small screen, or one of 1080 lines at 200 %, with usual and large
 // letters, every window has room for what it says.
-#include "app/FrmPassphrase.h"
-#include "app/FrmPassword.h"
-#include "app/FrmRecoveryKey.h"
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
+#include "app/secrets/FrmPassphrase.h"
+#include "app/secrets/FrmPassword.h"
+#include "app/secrets/FrmRecoveryKey.h"
 #include "controls/FormDialog.h"
 #include "controls/SortedTable.h"
 #include "store/datafile/InstallationKey.h"

@@ -1,5 +1,5 @@
-#include "app/ReferenceView.h"
 #include "app/WindowTest.h"
+#include "app/lists/ReferenceView.h"
 #include "controls/SortedTable.h"
 
 #include <QDialog>

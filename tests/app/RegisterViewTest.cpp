@@ -1,7 +1,7 @@
 // The register in the window: its columns, its filters, its order, and whose the keys are.
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "controls/EmptyState.h"
 #include "controls/SortedTable.h"
 #include "support/DialogTest.h"

@@ -1,6 +1,6 @@
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "controls/SortedTable.h"
 #include "support/DialogTest.h"
 #include "support/LedgerProblems.h"

@@ -1,4 +1,4 @@
-#include "app/StartOptions.h"
+#include "app/start/StartOptions.h"
 
 #include <gtest/gtest.h>
 

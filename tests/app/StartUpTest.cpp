@@ -1,8 +1,8 @@
 #include "app/FrmMain.h"
-#include "app/FrmPassword.h"
-#include "app/FrmSplash.h"
-#include "app/StartUp.h"
-#include "ledger/LoginPassword.h"
+#include "app/secrets/FrmPassword.h"
+#include "app/start/FrmSplash.h"
+#include "app/start/StartUp.h"
+#include "ledger/secrets/LoginPassword.h"
 #include "platform/Settings.h"
 #include "support/TemporaryFolder.h"
 

@@ -1,6 +1,6 @@
-#include "app/TotalsLine.h"
-#include "ledger/BalanceBook.h"
-#include "ledger/Balances.h"
+#include "app/register/TotalsLine.h"
+#include "ledger/register/BalanceBook.h"
+#include "ledger/register/Balances.h"
 #include "reports/print/PrintTable.h"
 #include "support/FixedLocale.h"
 

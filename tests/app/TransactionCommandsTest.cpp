@@ -1,11 +1,11 @@
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "controls/SortedTable.h"
-#include "ledger/StatusBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/StatusBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "support/LedgerProblems.h"
 
 #include <QCheckBox>

@@ -1,6 +1,6 @@
 #include "entry/AllocationEditor.h"
 #include "entry/EntryTest.h"
-#include "ledger/ScheduleBook.h"
+#include "ledger/schedules/ScheduleBook.h"
 
 namespace corvanta {
 namespace {

@@ -1,10 +1,10 @@
 #include "entry/AutofillEditor.h"
 #include "entry/EntryTest.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 namespace corvanta {
 namespace {

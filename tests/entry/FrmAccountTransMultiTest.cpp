@@ -1,8 +1,8 @@
 #include "entry/FrmAccountTransMulti.h"
 #include "entry/FrmEntryTest.h"
 #include "ledger/Keys.h"
-#include "ledger/StatusBook.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/StatusBook.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 #include <QRadioButton>
 

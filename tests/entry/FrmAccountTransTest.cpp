@@ -1,9 +1,9 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "platform/Settings.h"
 
 #include <QRadioButton>

@@ -1,7 +1,7 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmAllocate.h"
 #include "entry/FrmEntryTest.h"
-#include "ledger/TransactionBook.h"
+#include "ledger/transactions/TransactionBook.h"
 
 #include <QTableView>
 

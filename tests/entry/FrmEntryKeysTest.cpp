@@ -1,7 +1,7 @@
 #include "entry/FrmAccountTrans.h"
 #include "entry/FrmEntryTest.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 
 #include <QAbstractButton>
 

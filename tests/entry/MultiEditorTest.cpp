@@ -1,9 +1,9 @@
 #include "entry/EntryTest.h"
 #include "entry/MultiEditor.h"
-#include "ledger/BulkChange.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/BulkChange.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 namespace corvanta {
 namespace {

@@ -1,9 +1,9 @@
 #include "entry/EntryTest.h"
 #include "entry/TransactionEditor.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 namespace corvanta {
 namespace {

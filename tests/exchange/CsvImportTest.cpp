@@ -1,6 +1,6 @@
-#include "exchange/CsvRows.h"
 #include "exchange/ExchangeTest.h"
-#include "exchange/ImportEditor.h"
+#include "exchange/csv/CsvRows.h"
+#include "exchange/import/ImportEditor.h"
 
 namespace corvanta {
 namespace {

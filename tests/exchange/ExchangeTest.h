@@ -1,9 +1,9 @@
 #pragma once
 
-#include "exchange/FileImport.h"
-#include "ledger/AccountBook.h"
-#include "ledger/ReferenceRecords.h"
+#include "exchange/import/FileImport.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/IcuLocale.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"

@@ -1,9 +1,9 @@
 #include "controls/QtText.h"
 #include "exchange/ExchangeDialogs.h"
 #include "exchange/ExchangeTest.h"
-#include "exchange/FrmImport.h"
-#include "ledger/BalanceBook.h"
-#include "ledger/Period.h"
+#include "exchange/import/FrmImport.h"
+#include "ledger/register/BalanceBook.h"
+#include "ledger/register/Period.h"
 #include "support/DialogTest.h"
 
 #include <QAbstractItemView>

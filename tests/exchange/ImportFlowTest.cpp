@@ -1,10 +1,10 @@
 // What happens around the records: duplicates, stops, undo, faulty files.
 #include "exchange/ExchangeTest.h"
-#include "exchange/FileText.h"
-#include "exchange/ImportEditor.h"
-#include "ledger/AccountBook.h"
-#include "ledger/InvestmentBook.h"
-#include "ledger/InvestmentRecord.h"
+#include "exchange/import/ImportEditor.h"
+#include "exchange/text/FileText.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/investments/InvestmentBook.h"
+#include "ledger/investments/InvestmentRecord.h"
 #include "support/FaultVfs.h"
 
 #include <sys/stat.h>

@@ -1,6 +1,6 @@
 #include "exchange/ExchangeTest.h"
-#include "exchange/OfxText.h"
-#include "ledger/AccountBook.h"
+#include "exchange/ofx/OfxText.h"
+#include "ledger/accounts/AccountBook.h"
 
 #include <algorithm>
 

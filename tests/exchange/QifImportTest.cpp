@@ -1,5 +1,5 @@
 #include "exchange/ExchangeTest.h"
-#include "ledger/InvestmentBook.h"
+#include "ledger/investments/InvestmentBook.h"
 
 namespace corvanta {
 namespace {

@@ -1,6 +1,6 @@
-#include "exchange/DateStyle.h"
-#include "exchange/Encoding.h"
 #include "exchange/ExchangeTest.h"
+#include "exchange/text/DateStyle.h"
+#include "exchange/text/Encoding.h"
 #include "platform/IcuLocale.h"
 #include "platform/NumberStyle.h"
 

@@ -1,8 +1,8 @@
 // Any text is read to its end as CSV, by a mapping that its first bytes choose and by the one that
 // is proposed for it.
 #include "ReaderFuzz.h"
-#include "exchange/CsvPreview.h"
-#include "exchange/CsvReader.h"
+#include "exchange/csv/CsvPreview.h"
+#include "exchange/csv/CsvReader.h"
 
 namespace {
 

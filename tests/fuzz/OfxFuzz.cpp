@@ -1,6 +1,6 @@
 // Any text is read to its end as OFX.
 #include "ReaderFuzz.h"
-#include "exchange/OfxReader.h"
+#include "exchange/ofx/OfxReader.h"
 
 #include <cstdint>
 

@@ -1,6 +1,6 @@
 // Any text is read to its end as QIF.
 #include "ReaderFuzz.h"
-#include "exchange/QifReader.h"
+#include "exchange/qif/QifReader.h"
 
 #include <cstdint>
 

@@ -1,7 +1,7 @@
 #include "ReaderFuzz.h"
 
-#include "exchange/DateStyle.h"
-#include "exchange/Encoding.h"
+#include "exchange/text/DateStyle.h"
+#include "exchange/text/Encoding.h"
 #include "platform/TextCase.h"
 
 #include <cmath>

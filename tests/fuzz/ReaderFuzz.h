@@ -1,7 +1,7 @@
 // What the fuzz targets of the file formats share.
 #pragma once
 
-#include "exchange/ImportRecord.h"
+#include "exchange/import/ImportRecord.h"
 #include "platform/IcuLocale.h"
 #include "platform/NumberStyle.h"
 

@@ -1,4 +1,4 @@
-#include "invest/AnswerReader.h"
+#include "invest/prices/AnswerReader.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
-#include "invest/CorporateAction.h"
-#include "invest/Holdings.h"
 #include "invest/HoldingsTest.h"
-#include "ledger/BalanceBook.h"
+#include "invest/holdings/CorporateAction.h"
+#include "invest/holdings/Holdings.h"
+#include "ledger/register/BalanceBook.h"
 #include "store/sql/UndoLog.h"
 #include "support/LedgerProblems.h"
 

@@ -1,4 +1,4 @@
-#include "invest/CurrencyConverter.h"
+#include "invest/rates/CurrencyConverter.h"
 #include "platform/IcuLocale.h"
 #include "support/FixedLocale.h"
 #include "support/ScriptedRates.h"

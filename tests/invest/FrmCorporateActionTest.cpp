@@ -1,8 +1,8 @@
 #include "controls/ChoiceRow.h"
 #include "controls/ListTable.h"
 #include "controls/PickBox.h"
-#include "invest/FrmCorporateAction.h"
 #include "invest/HoldingsTest.h"
+#include "invest/holdings/FrmCorporateAction.h"
 #include "support/DialogTest.h"
 #include "support/ScriptedRates.h"
 

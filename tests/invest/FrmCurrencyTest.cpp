@@ -1,6 +1,6 @@
 #include "controls/PickBox.h"
-#include "invest/FrmCurrency.h"
 #include "invest/InvestTest.h"
+#include "invest/rates/FrmCurrency.h"
 #include "support/ScriptedRates.h"
 
 #include <QApplication>

@@ -3,7 +3,7 @@
 #include "controls/PickBox.h"
 #include "invest/FrmInvestTrans.h"
 #include "invest/InvestEditorTest.h"
-#include "ledger/ClosedAccounts.h"
+#include "ledger/accounts/ClosedAccounts.h"
 #include "support/DialogTest.h"
 
 #include <QComboBox>

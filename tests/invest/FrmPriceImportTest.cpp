@@ -1,8 +1,8 @@
 #include "controls/ListTable.h"
-#include "exchange/SavedMappings.h"
-#include "invest/FrmHistory.h"
+#include "exchange/csv/SavedMappings.h"
 #include "invest/InvestTest.h"
-#include "ledger/PriceBook.h"
+#include "invest/prices/FrmHistory.h"
+#include "ledger/investments/PriceBook.h"
 #include "support/DialogTest.h"
 #include "support/ScriptedRates.h"
 

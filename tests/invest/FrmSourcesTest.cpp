@@ -1,9 +1,9 @@
 #include "controls/ListTable.h"
-#include "invest/FrmRates.h"
-#include "invest/FrmSource.h"
-#include "invest/FrmSources.h"
 #include "invest/InvestTest.h"
-#include "ledger/RateBook.h"
+#include "invest/prices/FrmSource.h"
+#include "invest/prices/FrmSources.h"
+#include "invest/rates/FrmRates.h"
+#include "ledger/investments/RateBook.h"
 #include "support/DialogTest.h"
 #include "support/ScriptedRates.h"
 

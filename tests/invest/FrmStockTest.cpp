@@ -1,7 +1,7 @@
 #include "controls/ListTable.h"
 #include "controls/PickBox.h"
-#include "invest/FrmStock.h"
 #include "invest/InvestTest.h"
+#include "invest/prices/FrmStock.h"
 #include "platform/Settings.h"
 #include "support/DialogTest.h"
 #include "support/ScriptedRates.h"

@@ -1,8 +1,8 @@
 #include "invest/HoldingsTest.h"
 
-#include "ledger/BalanceBook.h"
 #include "ledger/Money.h"
-#include "ledger/RateSource.h"
+#include "ledger/investments/RateSource.h"
+#include "ledger/register/BalanceBook.h"
 #include "platform/Settings.h"
 #include "support/LedgerProblems.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "invest/Holdings.h"
-#include "ledger/InvestmentBook.h"
+#include "invest/holdings/Holdings.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/InvestmentBook.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 #include "support/TemporaryStore.h"

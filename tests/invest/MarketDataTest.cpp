@@ -1,5 +1,5 @@
 #include "invest/InvestTest.h"
-#include "invest/MarketData.h"
+#include "invest/prices/MarketData.h"
 #include "platform/Download.h"
 #include "platform/IcuLocale.h"
 #include "support/HttpServer.h"

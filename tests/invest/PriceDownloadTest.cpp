@@ -1,7 +1,7 @@
 #include "invest/InvestTest.h"
-#include "invest/PriceDownload.h"
-#include "ledger/PriceBook.h"
-#include "ledger/RateBook.h"
+#include "invest/prices/PriceDownload.h"
+#include "ledger/investments/PriceBook.h"
+#include "ledger/investments/RateBook.h"
 #include "platform/IcuLocale.h"
 
 namespace corvanta {

@@ -1,4 +1,4 @@
-#include "invest/PriceFile.h"
+#include "invest/prices/PriceFile.h"
 #include "platform/IcuLocale.h"
 #include "support/FixedLocale.h"
 

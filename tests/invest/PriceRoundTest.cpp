@@ -1,5 +1,5 @@
 #include "invest/InvestTest.h"
-#include "invest/PriceRound.h"
+#include "invest/prices/PriceRound.h"
 #include "store/sql/UndoLog.h"
 
 namespace corvanta {

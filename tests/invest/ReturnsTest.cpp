@@ -1,4 +1,4 @@
-#include "invest/Returns.h"
+#include "invest/holdings/Returns.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "invest/InvestTest.h"
-#include "invest/SourceEditor.h"
-#include "invest/SourcePresets.h"
-#include "ledger/RateBook.h"
+#include "invest/prices/SourceEditor.h"
+#include "invest/prices/SourcePresets.h"
+#include "ledger/investments/RateBook.h"
 
 namespace corvanta {
 namespace {

@@ -1,6 +1,6 @@
 #include "invest/InvestTest.h"
-#include "invest/WebRates.h"
-#include "ledger/RateBook.h"
+#include "invest/rates/WebRates.h"
+#include "ledger/investments/RateBook.h"
 #include "platform/Download.h"
 
 namespace corvanta {

@@ -1,5 +1,5 @@
-#include "ledger/AccountBook.h"
 #include "ledger/RecordsTest.h"
+#include "ledger/accounts/AccountBook.h"
 
 namespace corvanta {
 namespace {

@@ -1,7 +1,7 @@
-#include "ledger/AccountBook.h"
-#include "ledger/AccountRow.h"
 #include "ledger/LedgerTest.h"
-#include "ledger/StatusFilter.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/AccountRow.h"
+#include "ledger/register/StatusFilter.h"
 
 namespace corvanta {
 namespace {

@@ -1,6 +1,6 @@
-#include "ledger/AttachedFiles.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/TransactionPaste.h"
+#include "ledger/transactions/AttachedFiles.h"
+#include "ledger/transactions/TransactionPaste.h"
 #include "platform/Files.h"
 #include "platform/PlatformError.h"
 #include "store/datafile/upgrade/OrphanCleanup.h"

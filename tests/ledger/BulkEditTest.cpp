@@ -1,13 +1,13 @@
-#include "ledger/BulkChange.h"
-#include "ledger/BulkEditor.h"
-#include "ledger/CategoryBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/StatusBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionPaste.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/transactions/BulkChange.h"
+#include "ledger/transactions/BulkEditor.h"
+#include "ledger/transactions/StatusBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionPaste.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 namespace corvanta {
 namespace {

@@ -1,7 +1,7 @@
 // What the data file keeps of its entries must be what adding them up gives, whatever was done.
-#include "ledger/EntrySums.h"
 #include "ledger/LedgerTest.h"
 #include "ledger/Money.h"
+#include "ledger/register/EntrySums.h"
 #include "store/datafile/schema/KeptSums.h"
 #include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"

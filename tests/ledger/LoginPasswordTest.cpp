@@ -1,6 +1,6 @@
 #include "ledger/LedgerTest.h"
-#include "ledger/LoginGate.h"
-#include "ledger/LoginPassword.h"
+#include "ledger/secrets/LoginGate.h"
+#include "ledger/secrets/LoginPassword.h"
 #include "platform/Settings.h"
 
 namespace corvanta {

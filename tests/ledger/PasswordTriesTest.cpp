@@ -1,4 +1,4 @@
-#include "ledger/PasswordTries.h"
+#include "ledger/secrets/PasswordTries.h"
 #include "support/FixedClock.h"
 
 #include <gtest/gtest.h>

@@ -1,9 +1,9 @@
-#include "ledger/KeywordBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionPaste.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/transactions/KeywordBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionPaste.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "store/sql/UndoLog.h"
 
 namespace corvanta {

@@ -1,6 +1,6 @@
 // A pass that dies on its way and runs again comes to what one pass would have come to.
 #include "ledger/PostingTest.h"
-#include "ledger/ScheduleRecord.h"
+#include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Files.h"
 #include "support/FaultVfs.h"
 

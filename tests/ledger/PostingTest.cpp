@@ -1,12 +1,12 @@
 #include "ledger/PostingTest.h"
 
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/ScheduleDates.h"
-#include "ledger/ScheduleRecord.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/schedules/ScheduleDates.h"
+#include "ledger/schedules/ScheduleRecord.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 
 #include <random>
 

@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ledger/Period.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/SchedulePosting.h"
-#include "ledger/ScheduleRecord.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/register/Period.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/schedules/SchedulePosting.h"
+#include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Settings.h"
 #include "support/AgreeingPlatform.h"
 #include "support/ScriptedRates.h"

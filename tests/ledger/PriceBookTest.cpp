@@ -1,6 +1,6 @@
-#include "ledger/PriceBook.h"
-#include "ledger/RateBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/investments/PriceBook.h"
+#include "ledger/investments/RateBook.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
 #include "support/TemporaryStore.h"

@@ -1,11 +1,11 @@
-#include "ledger/AccountBook.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/KeywordBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ReferenceRecords.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/TransactionBook.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/transactions/KeywordBook.h"
+#include "ledger/transactions/TransactionBook.h"
 #include "store/sql/StoreError.h"
 
 namespace corvanta {

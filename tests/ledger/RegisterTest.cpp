@@ -1,8 +1,8 @@
-#include "ledger/AccountBook.h"
-#include "ledger/BalanceBook.h"
-#include "ledger/KeywordBook.h"
 #include "ledger/LedgerTest.h"
-#include "ledger/Period.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/register/BalanceBook.h"
+#include "ledger/register/Period.h"
+#include "ledger/transactions/KeywordBook.h"
 
 namespace corvanta {
 namespace {

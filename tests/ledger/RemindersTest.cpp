@@ -1,10 +1,10 @@
 #include "ledger/PostingTest.h"
-#include "ledger/ReminderSides.h"
-#include "ledger/Reminders.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/ScheduleRecord.h"
-#include "ledger/ScheduleRows.h"
-#include "ledger/StatusBook.h"
+#include "ledger/schedules/ReminderSides.h"
+#include "ledger/schedules/Reminders.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/schedules/ScheduleRecord.h"
+#include "ledger/schedules/ScheduleRows.h"
+#include "ledger/transactions/StatusBook.h"
 
 namespace corvanta {
 namespace {

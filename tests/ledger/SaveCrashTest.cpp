@@ -1,8 +1,8 @@
 // A program that dies in the middle of an operation leaves all of it or nothing.
-#include "ledger/AccountBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "platform/Files.h"
 #include "support/FaultVfs.h"
 

@@ -1,5 +1,5 @@
 // The due dates of schedules beside a calendar that counts day by day.
-#include "ledger/ScheduleDates.h"
+#include "ledger/schedules/ScheduleDates.h"
 
 #include <gtest/gtest.h>
 

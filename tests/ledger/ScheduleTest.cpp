@@ -1,15 +1,15 @@
 // Reading, writing and deleting schedules.
-#include "ledger/AccountBook.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/Period.h"
 #include "ledger/PostingTest.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/ScheduleDates.h"
-#include "ledger/ScheduleRecord.h"
-#include "ledger/StatusBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/register/Period.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/schedules/ScheduleDates.h"
+#include "ledger/schedules/ScheduleRecord.h"
+#include "ledger/transactions/StatusBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 
 #include <functional>
 

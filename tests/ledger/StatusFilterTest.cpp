@@ -1,5 +1,5 @@
-#include "ledger/StatusFilter.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/StatusFilter.h"
 
 #include <gtest/gtest.h>
 

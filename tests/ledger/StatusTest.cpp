@@ -1,9 +1,9 @@
 #include "ledger/RecordsTest.h"
-#include "ledger/ScheduleBook.h"
-#include "ledger/StatusBook.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/schedules/ScheduleBook.h"
+#include "ledger/transactions/StatusBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 
 namespace corvanta {
 namespace {

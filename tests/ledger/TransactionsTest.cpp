@@ -1,8 +1,8 @@
-#include "ledger/KeywordBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransactionStatus.h"
+#include "ledger/transactions/KeywordBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransactionStatus.h"
 #include "store/sql/StoreError.h"
 
 namespace corvanta {

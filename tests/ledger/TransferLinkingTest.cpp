@@ -1,8 +1,8 @@
-#include "ledger/CategoryBook.h"
 #include "ledger/RecordsTest.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
-#include "ledger/TransferLinking.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
+#include "ledger/transactions/TransferLinking.h"
 
 namespace corvanta {
 namespace {

@@ -1,4 +1,4 @@
-#include "ledger/TransactionBook.h"
+#include "ledger/transactions/TransactionBook.h"
 #include "notes/AttachmentEditor.h"
 #include "notes/NotesTest.h"
 #include "platform/Files.h"

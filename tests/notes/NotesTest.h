@@ -1,9 +1,9 @@
 #pragma once
 
-#include "ledger/AccountBook.h"
-#include "ledger/KeywordBook.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/transactions/KeywordBook.h"
 #include "platform/Settings.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"

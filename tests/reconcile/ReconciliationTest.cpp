@@ -1,5 +1,5 @@
 #include "ledger/RecordsTest.h"
-#include "ledger/TransactionBook.h"
+#include "ledger/transactions/TransactionBook.h"
 #include "platform/IcuLocale.h"
 #include "reconcile/Reconciliation.h"
 #include "support/RecordingProgress.h"

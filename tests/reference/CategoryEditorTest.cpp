@@ -1,4 +1,4 @@
-#include "ledger/ReferenceBook.h"
+#include "ledger/reference/ReferenceBook.h"
 #include "reference/CategoryEditor.h"
 #include "reference/ReferenceTest.h"
 

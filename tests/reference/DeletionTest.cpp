@@ -1,6 +1,6 @@
 // Deleting and merging through the editors and the list.
-#include "ledger/KeywordBook.h"
-#include "ledger/ReferenceBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/transactions/KeywordBook.h"
 #include "reference/AccountEditor.h"
 #include "reference/ListEditor.h"
 #include "reference/MergeEditor.h"

@@ -1,6 +1,6 @@
 #include "controls/PickBox.h"
-#include "ledger/AccountBook.h"
-#include "ledger/ReferenceBook.h"
+#include "ledger/accounts/AccountBook.h"
+#include "ledger/reference/ReferenceBook.h"
 #include "reference/FrmAccounts.h"
 #include "reference/FrmReferenceTest.h"
 

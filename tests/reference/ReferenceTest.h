@@ -1,12 +1,12 @@
 #pragma once
 
-#include "ledger/AccountBook.h"
-#include "ledger/CategoryBook.h"
-#include "ledger/ReferenceRecords.h"
-#include "ledger/TransactionBook.h"
-#include "ledger/TransactionRecord.h"
 #include "ledger/Warning.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceRecords.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"

@@ -1,6 +1,6 @@
 // Attached files, kept in each of the three ways, through everything that makes a data file.
-#include "ledger/KeywordBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/transactions/KeywordBook.h"
 #include "platform/Files.h"
 #include "safety/ArchiveWriter.h"
 #include "safety/SafetyTest.h"

@@ -1,4 +1,4 @@
-#include "ledger/LoginPassword.h"
+#include "ledger/secrets/LoginPassword.h"
 #include "platform/Files.h"
 #include "safety/FileStore.h"
 #include "safety/RestoreEditor.h"

@@ -1,6 +1,6 @@
 // Data files that a passphrase opens.
-#include "ledger/PassphrasePrompt.h"
-#include "ledger/PromptedOpening.h"
+#include "ledger/secrets/PassphrasePrompt.h"
+#include "ledger/secrets/PromptedOpening.h"
 #include "platform/Files.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/OpenDataFile.h"

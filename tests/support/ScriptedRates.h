@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/RateSource.h"
+#include "ledger/investments/RateSource.h"
 
 #include <string>
 #include <vector>

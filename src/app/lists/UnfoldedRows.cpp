@@ -2,13 +2,13 @@
 
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
-#include "app/RegisterDelegate.h"
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/ViewCommand.h"
+#include "app/register/RegisterDelegate.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
-#include "ledger/TransactionBook.h"
+#include "ledger/transactions/TransactionBook.h"
 
 #include <QAction>
 #include <QHeaderView>

@@ -1,6 +1,6 @@
 #include "app/options/ucColourButton.h"
 
-#include "app/ListColours.h"
+#include "app/lists/ListColours.h"
 #include "controls/Style.h"
 
 #include <QColorDialog>

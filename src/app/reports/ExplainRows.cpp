@@ -1,6 +1,6 @@
 #include "app/reports/ExplainRows.h"
 
-#include "app/ListWidths.h"
+#include "app/lists/ListWidths.h"
 #include "controls/QtText.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"

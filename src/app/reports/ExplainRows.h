@@ -1,7 +1,7 @@
 // What a figure is made of as the rows of a list.
 #pragma once
 
-#include "app/ListModel.h"
+#include "app/lists/ListModel.h"
 #include "reports/query/Explain.h"
 
 #include <memory>

@@ -1,6 +1,6 @@
 #include "app/reports/FrmExplain.h"
 
-#include "app/ListModel.h"
+#include "app/lists/ListModel.h"
 #include "app/reports/ExplainRows.h"
 #include "app/search/ListSearch.h"
 #include "app/search/SearchBox.h"

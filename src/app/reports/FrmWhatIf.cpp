@@ -6,7 +6,7 @@
 #include "controls/PickBox.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/AccountRow.h"
+#include "ledger/accounts/AccountRow.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 

@@ -1,7 +1,7 @@
 #include "app/reports/PlanCells.h"
 
 #include "app/LedgerSession.h"
-#include "app/ListModel.h"
+#include "app/lists/ListModel.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "platform/Locale.h"

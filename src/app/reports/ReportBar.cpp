@@ -1,14 +1,14 @@
 #include "app/reports/ReportBar.h"
 
-#include "app/FilterChip.h"
-#include "app/PeriodBar.h"
 #include "app/ViewHost.h"
+#include "app/filter/FilterChip.h"
+#include "app/filter/PeriodBar.h"
 #include "app/reports/WhatIfBar.h"
 #include "controls/FlowLayout.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/InvestmentRecord.h"
-#include "ledger/ReferenceRecords.h"
+#include "ledger/investments/InvestmentRecord.h"
+#include "ledger/reference/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reports/query/ReportCatalogue.h"
 

@@ -1,6 +1,6 @@
 #include "app/reports/ReportRows.h"
 
-#include "app/ListWidths.h"
+#include "app/lists/ListWidths.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "controls/TabularText.h"

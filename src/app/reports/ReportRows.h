@@ -1,7 +1,7 @@
 // A report as the rows of a list.
 #pragma once
 
-#include "app/ListModel.h"
+#include "app/lists/ListModel.h"
 
 #include <cstddef>
 #include <memory>

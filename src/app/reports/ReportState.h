@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/RowFilter.h"
+#include "ledger/register/RowFilter.h"
 #include "platform/Settings.h"
 #include "reports/query/ReportRequest.h"
 

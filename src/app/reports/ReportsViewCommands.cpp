@@ -1,9 +1,9 @@
 // What the commands of the reports view do.
 #include "app/LedgerSession.h"
-#include "app/ListModel.h"
 #include "app/MainActions.h"
-#include "app/TotalsLine.h"
+#include "app/lists/ListModel.h"
 #include "app/lists/RowsText.h"
+#include "app/register/TotalsLine.h"
 #include "app/reports/PlanCells.h"
 #include "app/reports/ReportBar.h"
 #include "app/reports/ReportsView.h"

@@ -1,9 +1,9 @@
 // How the rows of a report come into its list, and the columns that it shows.
 #include "app/LedgerSession.h"
-#include "app/ListModel.h"
 #include "app/MainActions.h"
-#include "app/TotalsLine.h"
 #include "app/WindowLayout.h"
+#include "app/lists/ListModel.h"
+#include "app/register/TotalsLine.h"
 #include "app/reports/ReportBar.h"
 #include "app/reports/ReportRows.h"
 #include "app/reports/ReportsView.h"

@@ -1,11 +1,11 @@
 #include "app/reports/WhatIfBar.h"
 
-#include "app/FilterChip.h"
+#include "app/filter/FilterChip.h"
 #include "app/reports/FrmWhatIf.h"
 #include "controls/FlowLayout.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/AccountRow.h"
+#include "ledger/accounts/AccountRow.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 

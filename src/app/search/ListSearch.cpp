@@ -1,6 +1,6 @@
 #include "app/search/ListSearch.h"
 
-#include "app/ListModel.h"
+#include "app/lists/ListModel.h"
 #include "app/search/SearchBox.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"

@@ -1,9 +1,9 @@
 #include "app/search/RegisterSearch.h"
 
 #include "app/LedgerSession.h"
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/ViewCommand.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "app/search/HitsModel.h"
 #include "app/search/HitsTable.h"
 #include "app/search/SearchBox.h"

@@ -1,10 +1,10 @@
 #include "cli/reports/ExplainCommand.h"
 
-#include "cli/CloseNames.h"
-#include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
-#include "cli/TransactionsArgument.h"
+#include "cli/arguments/CloseNames.h"
+#include "cli/arguments/TransactionsArgument.h"
+#include "cli/output/OutputTable.h"
 #include "cli/reports/ShownReport.h"
 #include "ledger/Money.h"
 #include "platform/Platform.h"

@@ -1,8 +1,8 @@
 #include "cli/reports/ForecastCommand.h"
 
-#include "cli/Arguments.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/Arguments.h"
 #include "cli/reports/ShownReport.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "cli/Arguments.h"
+#include "cli/arguments/Arguments.h"
 #include "cli/reports/WhatIfArgument.h"
 #include "reports/query/ReportRequest.h"
 

@@ -1,8 +1,8 @@
 #include "cli/reports/ReportCommand.h"
 
-#include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/output/OutputTable.h"
 #include "cli/reports/ShownReport.h"
 #include "platform/Platform.h"
 #include "reports/custom/ReportColumns.h"

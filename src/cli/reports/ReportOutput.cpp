@@ -1,9 +1,9 @@
 #include "cli/reports/ReportOutput.h"
 
-#include "cli/OutputTable.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
-#include "cli/TableWriter.h"
+#include "cli/output/OutputTable.h"
+#include "cli/output/TableWriter.h"
 #include "platform/ExportWords.h"
 #include "platform/Files.h"
 #include "platform/Platform.h"

@@ -1,8 +1,8 @@
 #include "cli/reports/SavedReportArgument.h"
 
-#include "cli/CloseNames.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/CloseNames.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"

@@ -1,7 +1,7 @@
 #include "cli/reports/ShownReport.h"
 
 #include "cli/Session.h"
-#include "invest/WebRates.h"
+#include "invest/rates/WebRates.h"
 #include "platform/Platform.h"
 #include "reports/query/ReportRunner.h"
 

@@ -1,9 +1,9 @@
 #include "cli/reports/WhatIfArgument.h"
 
-#include "cli/AccountArgument.h"
-#include "cli/Arguments.h"
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/AccountArgument.h"
+#include "cli/arguments/Arguments.h"
 #include "ledger/clsCorvanta.h"
 
 namespace corvanta::inline cli {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/RegisterNames.h"
+#include "ledger/register/RegisterNames.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,6 +1,6 @@
 #include "ledger/search/TransactionSearch.h"
 
-#include "ledger/RegisterReader.h"
+#include "ledger/register/RegisterReader.h"
 #include "ledger/search/SearchIndex.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"

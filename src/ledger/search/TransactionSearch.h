@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/Period.h"
-#include "ledger/RegisterRow.h"
+#include "ledger/register/Period.h"
+#include "ledger/register/RegisterRow.h"
 #include "ledger/search/SearchQuery.h"
 #include "platform/Date.h"
 

@@ -1,10 +1,10 @@
 #include "reports/budget/BudgetEditor.h"
 
-#include "ledger/CategoryBook.h"
 #include "ledger/Money.h"
-#include "ledger/ReferenceBook.h"
-#include "ledger/ScheduleDates.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryBook.h"
+#include "ledger/reference/ReferenceBook.h"
+#include "ledger/schedules/ScheduleDates.h"
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
 #include "reports/query/ReportCatalogue.h"

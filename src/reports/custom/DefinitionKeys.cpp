@@ -1,6 +1,6 @@
 #include "reports/custom/DefinitionKeys.h"
 
-#include "ledger/FilterChoice.h"
+#include "ledger/register/FilterChoice.h"
 #include "platform/Locale.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"

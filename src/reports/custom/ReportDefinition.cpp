@@ -1,6 +1,6 @@
 #include "reports/custom/ReportDefinition.h"
 
-#include "ledger/InvestmentRecord.h"
+#include "ledger/investments/InvestmentRecord.h"
 #include "platform/SettingsTable.h"
 #include "platform/TextCase.h"
 #include "reports/custom/ReportColumns.h"

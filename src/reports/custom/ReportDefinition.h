@@ -1,7 +1,7 @@
 #pragma once
 
-#include "ledger/Period.h"
-#include "ledger/RowFilter.h"
+#include "ledger/register/Period.h"
+#include "ledger/register/RowFilter.h"
 
 #include <cstdint>
 #include <map>

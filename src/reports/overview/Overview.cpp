@@ -1,8 +1,8 @@
 #include "reports/overview/Overview.h"
 
-#include "ledger/AccountBook.h"
-#include "ledger/PeriodPreset.h"
+#include "ledger/accounts/AccountBook.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/register/PeriodPreset.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/query/ReportCatalogue.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ledger/AccountRow.h"
-#include "ledger/Period.h"
-#include "ledger/Reminders.h"
+#include "ledger/accounts/AccountRow.h"
+#include "ledger/register/Period.h"
+#include "ledger/schedules/Reminders.h"
 #include "platform/Date.h"
 
 #include <string>

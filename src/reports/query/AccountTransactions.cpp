@@ -1,8 +1,8 @@
 #include "reports/query/AccountTransactions.h"
 
-#include "ledger/CategoryPath.h"
 #include "ledger/Money.h"
-#include "ledger/RegisterReader.h"
+#include "ledger/reference/CategoryPath.h"
+#include "ledger/register/RegisterReader.h"
 #include "reports/query/ReportSql.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"

@@ -1,6 +1,6 @@
 #include "reports/query/BudgetPlans.h"
 
-#include "ledger/ScheduleDates.h"
+#include "ledger/schedules/ScheduleDates.h"
 #include "platform/TextCase.h"
 #include "reports/query/ReportSql.h"
 #include "store/sql/Connection.h"

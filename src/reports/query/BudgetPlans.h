@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/Period.h"
+#include "ledger/register/Period.h"
 #include "reports/query/Report.h"
 
 #include <map>

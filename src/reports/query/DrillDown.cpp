@@ -1,8 +1,8 @@
 #include "reports/query/DrillDown.h"
 
-#include "ledger/CategoryPath.h"
-#include "ledger/FilterChoice.h"
 #include "ledger/clsCorvanta.h"
+#include "ledger/reference/CategoryPath.h"
+#include "ledger/register/FilterChoice.h"
 #include "reports/query/ReportCatalogue.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"

@@ -1,7 +1,7 @@
 #include "reports/query/InvestmentTransactions.h"
 
-#include "ledger/InvestmentRecord.h"
 #include "ledger/Money.h"
+#include "ledger/investments/InvestmentRecord.h"
 #include "reports/query/InvestmentGains.h"
 #include "reports/query/ReportSql.h"
 #include "store/sql/Connection.h"

@@ -1,7 +1,7 @@
 #include "reports/query/NetWorth.h"
 
 #include "ledger/Money.h"
-#include "ledger/RateBook.h"
+#include "ledger/investments/RateBook.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"

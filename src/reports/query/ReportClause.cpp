@@ -1,6 +1,6 @@
 #include "reports/query/ReportClause.h"
 
-#include "ledger/InvestmentRecord.h"
+#include "ledger/investments/InvestmentRecord.h"
 #include "platform/TextCase.h"
 #include "store/sql/SqlText.h"
 

@@ -1,6 +1,6 @@
 #include "reports/query/ReportRates.h"
 
-#include "ledger/RateSource.h"
+#include "ledger/investments/RateSource.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reports/query/ReportRequest.h"

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "ledger/Period.h"
-#include "ledger/RowFilter.h"
-#include "ledger/StatusFilter.h"
+#include "ledger/register/Period.h"
+#include "ledger/register/RowFilter.h"
+#include "ledger/register/StatusFilter.h"
 #include "platform/Date.h"
 
 #include <cstdint>

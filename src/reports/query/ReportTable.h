@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/Period.h"
+#include "ledger/register/Period.h"
 #include "store/sql/Value.h"
 
 #include <cstddef>

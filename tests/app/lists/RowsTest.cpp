@@ -1,12 +1,12 @@
 // What a person does with rows and columns: unfolding split rows, sums and copies of the chosen
 // ones, and the menus of heads and of the account tree.
-#include "app/AccountTree.h"
-#include "app/RegisterDelegate.h"
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
 #include "app/lists/ChosenTotals.h"
 #include "app/lists/HeaderMenu.h"
+#include "app/register/RegisterDelegate.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
+#include "app/tree/AccountTree.h"
 #include "controls/SortedTable.h"
 #include "platform/IcuLocale.h"
 

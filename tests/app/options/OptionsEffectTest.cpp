@@ -1,6 +1,6 @@
 // Every option is changed in the dialog, by its widgets, and is seen to act in the window.
-#include "app/RegisterModel.h"
 #include "app/options/OptionsTest.h"
+#include "app/register/RegisterModel.h"
 #include "controls/ucCalendar.h"
 #include "notes/AttachmentEditor.h"
 #include "platform/Files.h"

@@ -1,9 +1,9 @@
 #pragma once
 
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
 #include "app/options/FrmOptions.h"
 #include "app/options/ucColourButton.h"
+#include "app/register/RegisterView.h"
 #include "controls/EmptyState.h"
 #include "controls/OutlinedStyle.h"
 #include "controls/SortedTable.h"

@@ -1,6 +1,6 @@
-#include "app/FilterChip.h"
 #include "app/LedgerSession.h"
 #include "app/WindowTest.h"
+#include "app/filter/FilterChip.h"
 #include "app/reports/WhatIfForm.h"
 #include "controls/SortedTable.h"
 #include "support/DialogTest.h"

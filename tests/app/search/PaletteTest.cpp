@@ -1,6 +1,6 @@
 // What the one box for everything offers, and what it does.
-#include "app/RegisterModel.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
 #include "app/search/FrmPalette.h"
 #include "app/search/Palette.h"
 #include "controls/ListTable.h"

@@ -1,7 +1,7 @@
 // Finding rows from the box in the head of the register, and narrowing the other lists.
-#include "app/RegisterModel.h"
-#include "app/RegisterView.h"
 #include "app/WindowTest.h"
+#include "app/register/RegisterModel.h"
+#include "app/register/RegisterView.h"
 #include "app/search/SearchBox.h"
 #include "controls/EmptyState.h"
 #include "controls/ListTable.h"

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/RateSource.h"
+#include "ledger/investments/RateSource.h"
 #include "reports/query/ReportRequest.h"
 #include "store/sql/Connection.h"
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ledger/Period.h"
+#include "ledger/register/Period.h"
 #include "reports/query/PlainLedger.h"
 #include "reports/query/ReportRequest.h"
 #include "store/sql/Value.h"

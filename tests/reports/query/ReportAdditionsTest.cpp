@@ -1,5 +1,5 @@
 // What is particular to the reports behind the eleven.
-#include "ledger/RateBook.h"
+#include "ledger/investments/RateBook.h"
 #include "reports/query/Explain.h"
 #include "reports/query/ReportsTest.h"
 

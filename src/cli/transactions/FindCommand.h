@@ -1,0 +1,25 @@
+#pragma once
+
+#include "cli/Command.h"
+#include "cli/arguments/AccountArgument.h"
+#include "cli/arguments/Arguments.h"
+#include "cli/arguments/FilterArguments.h"
+
+#include <string>
+
+namespace corvanta::inline cli {
+
+// find TEXT: the transactions of all accounts, or of one, in which the text stands.
+class FindCommand : public Command {
+ public:
+  Parser* Declare(Parser& parser) override;
+  ExitStatus Run(Session& session) override;
+
+ private:
+  std::string text_;
+  AccountArgument account_;
+  PeriodArguments period_;
+  FilterArguments filter_;
+};
+
+}  // namespace corvanta::inline cli

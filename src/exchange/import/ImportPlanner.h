@@ -1,0 +1,66 @@
+#pragma once
+
+#include "exchange/import/DuplicateIndex.h"
+#include "exchange/import/ImportContext.h"
+#include "exchange/import/ImportJob.h"
+#include "exchange/import/ImportNames.h"
+#include "exchange/import/ImportRecord.h"
+#include "exchange/import/RecordValues.h"
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace corvanta::inline exchange {
+
+// What becomes of a record.
+enum class Fate : char { Book, Skip, LeaveOut };
+
+// Settles what becomes of each record of a file before the first is written, so that no question is
+// asked inside a write. Changes nothing.
+class ImportPlanner : public ImportSink {
+ public:
+  explicit ImportPlanner(const ImportContext& context);
+
+  void OnAccount(const ImportAccount& account) override;
+  void OnSecurity(const std::string&, const std::string&) override {}
+  // False once the import stops; the summary says why. Throws PlatformError where a question has no
+  // answer.
+  [[nodiscard]] bool OnRecord(ImportRecord& record) override;
+  void OnProblem(std::size_t line, const std::string& text) override;
+
+  // In the file's order, up to where the import stops.
+  [[nodiscard]] const std::vector<Fate>& Fates() const { return fates_; }
+  // How many are to be booked.
+  [[nodiscard]] std::size_t Booked() const { return booked_; }
+  // Whether the person stopped it, which ends the import as a whole.
+  [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
+
+ private:
+  bool Stop(const std::string& why);
+  bool Cancel();
+  bool Settle(Fate fate);
+  // nullopt where the person cancels.
+  [[nodiscard]] std::optional<Fate> FateOf(const ImportRecord& record, const RecordValues& values);
+  [[nodiscard]] Fate FateOfHolding(const ImportRecord& record, const RecordValues& values);
+  [[nodiscard]] std::optional<Fate> FateOfCash(const ImportRecord& record,
+                                               const RecordValues& values);
+  [[nodiscard]] std::vector<DuplicateIndex::Candidate*> CandidatesOf(const ImportRecord& record,
+                                                                     const RecordValues& values);
+  [[nodiscard]] std::optional<bool> AskWhetherToBook(const ImportRecord& record,
+                                                     const DuplicateIndex::Candidate& candidate);
+  [[nodiscard]] DuplicateIndex& Former();
+
+  ImportContext context_;
+  DuplicateAnswer duplicates_;
+  const ImportTarget* chosen_;   // by the person
+  const ImportTarget* current_;  // of the records that follow
+  bool isNew_ = false;           // they go into an account that is yet to be made
+  std::map<std::int64_t, DuplicateIndex> former_;
+  std::vector<Fate> fates_;
+  std::size_t booked_ = 0;
+  bool isCancelled_ = false;
+};
+
+}  // namespace corvanta::inline exchange
