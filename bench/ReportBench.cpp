@@ -142,7 +142,8 @@ void QueryByHand(benchmark::State& state) {
       sqlite3_stmt* rows = nullptr;
       if (sqlite3_prepare_v2(database, sql, -1, &rows, &sql) != SQLITE_OK) {
         state.SkipWithError(sqlite3_errmsg(database));
-        break;
+        sqlite3_close(database);
+        return;
       }
       while (sqlite3_step(rows) == SQLITE_ROW) {
         for (int i = 0; i < sqlite3_column_count(rows); ++i) sum += sqlite3_column_double(rows, i);

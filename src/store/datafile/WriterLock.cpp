@@ -82,7 +82,10 @@ bool IsStillNamed(int descriptor, const std::string& path) {
 void WriteHolder(int descriptor, const std::string& holder) {
   const std::string text = holder + "\n" + std::to_string(::getpid()) + "\n" + HostName() + "\n";
   if (::ftruncate(descriptor, 0) != 0) return;
-  [[maybe_unused]] const ssize_t written = ::pwrite(descriptor, text.data(), text.size(), 0);
+  if (::pwrite(descriptor, text.data(), text.size(), 0) == static_cast<ssize_t>(text.size()))
+    return;
+  // Half a name would be taken for one.
+  [[maybe_unused]] const int emptied = ::ftruncate(descriptor, 0);
 }
 
 std::string Refusal(LockedName name, const std::string& holder) {

@@ -48,6 +48,10 @@ const IndexDef* TableDef::Index(std::string_view index) const {
   return FindNamed(indexes, index);
 }
 
+bool TableDef::HasAccessPath(std::string_view path) const {
+  return FindNamed(accessPaths, path) != nullptr;
+}
+
 const TableDef* Catalog::Find(std::string_view table) const {
   return FindNamed(tables_, table);
 }

@@ -52,10 +52,13 @@ struct TableDef {
   std::string primaryKeyName;  // empty when the table has no primary key
   std::vector<std::string> primaryKey;
   std::vector<IndexDef> indexes;
+  // What else the rows can be found by, which is not shown.
+  std::vector<IndexDef> accessPaths;
 
   // The column or index of that name (without regard to case), or nullptr.
   [[nodiscard]] const ColumnDef* Column(std::string_view column) const;
   [[nodiscard]] const IndexDef* Index(std::string_view index) const;
+  [[nodiscard]] bool HasAccessPath(std::string_view path) const;
 };
 
 // The tables of one data file.

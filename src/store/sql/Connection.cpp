@@ -127,6 +127,9 @@ void Connection::EnsureAccessPath(const AccessPath& path) {
   const std::string sql = CreateText(path);
   // A table of an old layout may lack the column; it is then merely slower.
   const int result = sqlite3_exec(impl_->Database(), sql.c_str(), nullptr, nullptr, nullptr);
+  if (result == SQLITE_OK && !impl_->Tables().Find(path.table)->HasAccessPath(path.name)) {
+    impl_->ReloadCatalog();
+  }
   if (result == SQLITE_OK || result == SQLITE_ERROR) return;
   throw ErrorOf(impl_->Database(), result, sql, Path());
 }

@@ -470,7 +470,11 @@ TEST_F(Dialect, GroupsAreWhatTheirRowsComeTo) {
   EXPECT_EQ(of("Count(*) AS [Number]", "Name ORDER BY [Number] DESC, Name DESC"), "2|2|1");
   EXPECT_EQ(Column("SELECT TOP 1 SUM(Amount)" + rows + "Name ORDER BY Name DESC"), "1.25");
   EXPECT_EQ(Column("SELECT SUM(Amount) FROM tblItems WHERE ItemID > 99 GROUP BY Name"), "");
-  // What belongs to no group, or is asked of them, is left to the library.
+  // What belongs to no group, or is asked of them, is left to the library; so is what it compares
+  // with values of another kind.
+  EXPECT_EQ(of("iif(GroupID='2',1,0) & SUM(ItemID)", "GroupID"), "010|15");
+  EXPECT_EQ(of("iif(GroupID IN ('2','3'),1,0)", "GroupID"), "0|1");
+  EXPECT_EQ(of("SUM(ItemID)", "ItemID"), "1|2|3|4|5");
   EXPECT_EQ(of("SUM(Amount)", "Name HAVING SUM(Amount) > 2"), "6.5");
   EXPECT_EQ(of("Max(ItemID) & Name", "GroupID, Name"), "2Bread|4\xC3\x84pfel|5");
   EXPECT_EQ(of("(SELECT g.Name FROM tblGroups g WHERE g.GroupID = i.GroupID)", "GroupID"),
@@ -527,7 +531,12 @@ TEST(DialectIndexes, ZerosAreLookedUpOnlyBehindAnotherColumn) {
   EXPECT_NE(plan("P.Parent = 7").find("Parent (Parent=?)"), std::string::npos);
   EXPECT_NE(plan("P.BoxID = 3 AND P.Parent = 0").find("(BoxID=? AND Parent=?)"), std::string::npos);
   EXPECT_EQ(plan("P.BoxID = 3 AND P.Parent = 0").front(), '1');
-  EXPECT_NE(plan("P.BoxID = 1 AND P.Parent = 0").find("(BoxID=? AND Parent=?)"), std::string::npos);
+  for (const char* box : {"P.BoxID = 1", "P.BoxID = 0", "P.BoxID IN (3,4)"}) {
+    const std::string condition = std::string(box) + " AND P.Parent = 0";
+    EXPECT_NE(plan(condition).find("(BoxID=? AND Parent=?)"), std::string::npos) << box;
+  }
+  EXPECT_EQ(plan("P.Weight IN (1,2) AND P.Parent = 0").find('('), std::string::npos);
+  EXPECT_NE(plan("P.PartID = 0").find("(rowid=?)"), std::string::npos) << "a row's own key";
 }
 
 }  // namespace

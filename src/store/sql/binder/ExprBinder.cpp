@@ -132,6 +132,7 @@ void ExprBinder::BindColumn(Expr& expr) const {
       expr.qualifier = found.source->name;
       expr.name = found.column->name;
       expr.type = found.column->type;
+      expr.isCounter = found.column->kind == ColumnKind::Counter;
       return;
     case Scope::Result::Ambiguous:
       Fail(expr, "several tables of the statement have a column " + expr.name +

@@ -1,58 +1,68 @@
 #include "store/sql/binder/IndexUse.h"
 
-#include "platform/TextCase.h"
-
-#include <string_view>
+#include <algorithm>
 #include <vector>
 
 namespace corvanta::jet {
 namespace {
 
-bool IsZero(const Expr& expr) {
-  return expr.kind == ExprKind::Literal && expr.parameter == 0 &&
-         expr.token.kind == TokenKind::Number && expr.token.text == "0";
-}
-
 bool IsZeroed(const Expr& term) {
-  const Expr& column = *term.args[0];
-  return column.kind == ExprKind::Column && column.type == ValueType::Integer &&
-         IsZero(*term.args[1]);
-}
-
-// A column that must have one value, which is looked up by it. A 1 may be a mark as well, but not
-// where the column is a key, whose names end so.
-bool IsLookedUp(const Expr& term) {
+  if (term.kind != ExprKind::Binary) return false;
   const Expr& column = *term.args[0];
   const Expr& value = *term.args[1];
-  if (column.kind != ExprKind::Column || value.kind != ExprKind::Literal) return false;
-  if (value.parameter > 0) return true;
-  constexpr std::size_t kEnd = 2;
-  const std::string& name = column.name;
-  return !IsZero(value) && name.size() > kEnd &&
-         EqualFolded(std::string_view(name).substr(name.size() - kEnd), "ID");
+  return column.type == ValueType::Integer && !column.isCounter && value.parameter == 0 &&
+         value.token.kind == TokenKind::Number && value.token.text == "0";
 }
 
-// The comparisons with "=" that all rows must meet.
-void Collect(Expr& expr, std::vector<Expr*>& equalities) {
-  if (expr.kind != ExprKind::Binary) return;
-  if (expr.op == Word::And) {
-    Collect(*expr.args[0], equalities);
-    Collect(*expr.args[1], equalities);
-  } else if (expr.op == Word::Equal) {
-    equalities.push_back(&expr);
+bool IsLiteral(const ExprPtr& expr) {
+  return expr->kind == ExprKind::Literal;
+}
+
+// The columns that all rows must have one of some values in: "column = value", "column IN (...)".
+void Collect(Expr& expr, std::vector<Expr*>& terms) {
+  if (expr.kind == ExprKind::Binary && expr.op == Word::And) {
+    Collect(*expr.args[0], terms);
+    Collect(*expr.args[1], terms);
+    return;
   }
+  const bool isEqual = expr.kind == ExprKind::Binary && expr.op == Word::Equal;
+  const bool isIn = expr.kind == ExprKind::In && !expr.negated && !expr.select;
+  if ((isEqual || isIn) && expr.args.size() > 1 && expr.args[0]->kind == ExprKind::Column &&
+      std::all_of(expr.args.begin() + 1, expr.args.end(), IsLiteral)) {
+    terms.push_back(&expr);
+  }
+}
+
+// Whether the index finds rows by both columns: by the one that it begins with, narrowed down by
+// the other.
+bool FindsByBoth(const IndexDef& index, const std::string& first, const std::string& other) {
+  return !index.columns.empty() && index.columns.front() == first &&
+         std::ranges::find(index.columns, other) != index.columns.end();
+}
+
+bool FindsByBoth(const TableDef& table, const std::string& a, const std::string& b) {
+  const auto finds = [&](const IndexDef& index) {
+    return FindsByBoth(index, a, b) || FindsByBoth(index, b, a);
+  };
+  return std::ranges::any_of(table.indexes, finds) || std::ranges::any_of(table.accessPaths, finds);
 }
 
 }  // namespace
 
-void KeepZerosOffIndexes(Expr& condition) {
-  std::vector<Expr*> equalities;
-  Collect(condition, equalities);
-  for (const Expr* term : equalities) {
-    if (IsLookedUp(*term)) return;
-  }
-  for (const Expr* term : equalities) {
-    if (IsZeroed(*term)) term->args[0]->offIndexes = true;
+void KeepZerosOffIndexes(Expr& condition, const TablesByName& tables) {
+  std::vector<Expr*> terms;
+  Collect(condition, terms);
+  for (const Expr* term : terms) {
+    if (!IsZeroed(*term)) continue;
+    Expr& column = *term->args[0];
+    const auto table = tables.find(column.qualifier);
+    const bool narrows =
+        table != tables.end() && std::ranges::any_of(terms, [&](const Expr* other) {
+          const Expr& by = *other->args[0];
+          return other != term && by.qualifier == column.qualifier && by.name != column.name &&
+                 FindsByBoth(*table->second, by.name, column.name);
+        });
+    column.offIndexes = !narrows;
   }
 }
 

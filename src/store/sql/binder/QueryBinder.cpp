@@ -22,7 +22,9 @@ class SelectBinder {
     NameColumns();
     if (select_.where) {
       binder_.Bind(*select_.where);
-      KeepZerosOffIndexes(*select_.where);
+      TablesByName tables;
+      if (select_.from) CollectTables(*select_.from, tables);
+      KeepZerosOffIndexes(*select_.where, tables);
     }
     for (const ExprPtr& key : select_.groupBy) binder_.Bind(*key);
     if (select_.having) binder_.Bind(*select_.having);
@@ -66,6 +68,16 @@ class SelectBinder {
     if (table == nullptr) FailAt(context_.sql, source.offset, "there is no table " + source.table);
     source.table = table->name;
     return SourceOf(*table, source.alias);
+  }
+
+  void CollectTables(const Source& source, TablesByName& tables) const {
+    if (source.left) {
+      CollectTables(*source.left, tables);
+      CollectTables(*source.right, tables);
+    } else if (!source.query) {
+      const std::string& name = source.alias.empty() ? source.table : source.alias;
+      tables.emplace(name, context_.catalog.Find(source.table));
+    }
   }
 
   void BindConditions(Source& source) {

@@ -76,13 +76,15 @@ void ReadIndexes(sqlite3* database, const std::string& file, TableDef& table) {
       database, "PRAGMA index_list(" + QuoteText(table.name) + ")", file, [&](sqlite3_stmt* row) {
         const std::string stored = ColumnText(row, 1);
         const std::string prefix = table.name + ".";
-        if (!stored.starts_with(prefix)) return;
+        const bool isPath = stored.starts_with(kAccessPathPrefix);
+        if (!isPath && !stored.starts_with(prefix)) return;
         IndexDef index;
-        index.name = stored.substr(prefix.size());
+        index.name = isPath ? stored : stored.substr(prefix.size());
         index.unique = sqlite3_column_int(row, 2) != 0;
         ForEachRow(database, "PRAGMA index_info(" + QuoteText(stored) + ")", file,
                    [&](sqlite3_stmt* part) { index.columns.push_back(ColumnText(part, 2)); });
-        table.indexes.insert(table.indexes.begin(), std::move(index));
+        auto& indexes = isPath ? table.accessPaths : table.indexes;
+        indexes.insert(indexes.begin(), std::move(index));
       });
 }
 

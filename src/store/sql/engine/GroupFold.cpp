@@ -74,9 +74,10 @@ GroupFold::GroupFold(std::size_t keys, std::vector<FoldKind> folds)
     : keys_(keys), folds_(std::move(folds)) {}
 
 void GroupFold::Clear() {
-  groups_.clear();
-  places_.clear();
-  foldedPlaces_.clear();
+  // With what they have taken of the memory.
+  groups_ = {};
+  places_ = {};
+  foldedPlaces_ = {};
 }
 
 std::size_t GroupFold::PlaceOf(sqlite3_value** values) {

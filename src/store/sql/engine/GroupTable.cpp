@@ -39,11 +39,17 @@ struct Cursor : sqlite3_vtab_cursor {
 };
 
 int Connect(sqlite3* database, void* table, int, const char* const*, sqlite3_vtab** made, char**) {
-  std::string columns;
-  for (std::size_t i = 0; i < GroupTable::kColumns; ++i) columns += "c" + std::to_string(i) + ", ";
-  const int result =
-      sqlite3_declare_vtab(database, ("CREATE TABLE x(" + columns + "number HIDDEN)").c_str());
-  if (result != SQLITE_OK) return result;
+  try {
+    std::string columns;
+    for (std::size_t i = 0; i < GroupTable::kColumns; ++i) {
+      columns += "c" + std::to_string(i) + ", ";
+    }
+    const int result =
+        sqlite3_declare_vtab(database, ("CREATE TABLE x(" + columns + "number HIDDEN)").c_str());
+    if (result != SQLITE_OK) return result;
+  } catch (...) {
+    return SQLITE_NOMEM;
+  }
   auto* groups = new (std::nothrow) Groups();
   if (groups == nullptr) return SQLITE_NOMEM;
   groups->table = static_cast<const GroupTable*>(table);
@@ -156,22 +162,22 @@ GroupTable::GroupTable(sqlite3* database) {
 }
 
 GroupFold* GroupTable::Find(std::int64_t number) const {
-  const auto fold = folds_.find(number);
-  return fold == folds_.end() ? nullptr : fold->second;
+  const auto fold = folds_->find(number);
+  return fold == folds_->end() ? nullptr : fold->second;
 }
 
 GroupTable::Entry::Entry(GroupTable& table, const jet::FoldedQuery& query)
-    : table_(table), number_(++table.last_), fold_(query.keys, query.folds) {
+    : folds_(table.folds_), number_(++table.last_), fold_(query.keys, query.folds) {
   const std::string number = std::to_string(number_);
   rows_ = std::string("SELECT ") + kFold + "(" + number;
   for (const std::string& value : query.values) rows_ += ", " + value;
   rows_ += ")" + query.rows;
   result_ = "SELECT " + query.items + " FROM " + kGroups + "(" + number + ") AS g" + query.order;
-  table_.folds_[number_] = &fold_;
+  folds_->emplace(number_, &fold_);
 }
 
 GroupTable::Entry::~Entry() {
-  table_.folds_.erase(number_);
+  folds_->erase(number_);
 }
 
 }  // namespace corvanta::inline sql

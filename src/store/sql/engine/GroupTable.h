@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <map>
+#include <memory>
 #include <string>
 
 namespace corvanta::inline sql {
@@ -13,6 +14,7 @@ namespace corvanta::inline sql {
 // in no stored schema. A fold is told from others by its number.
 class GroupTable {
  public:
+  using Folds = std::map<std::int64_t, GroupFold*>;
   // So many columns a fold can have at most.
   static constexpr std::size_t kColumns = 60;
 
@@ -20,7 +22,7 @@ class GroupTable {
   GroupTable(const GroupTable&) = delete;
   GroupTable& operator=(const GroupTable&) = delete;
 
-  // The fold is known under its number as long as it lives; the table must outlive it.
+  // The fold is known under its number as long as it lives, which may be longer than the table.
   class Entry {
    public:
     Entry(GroupTable& table, const jet::FoldedQuery& query);
@@ -34,7 +36,7 @@ class GroupTable {
     void Clear() { fold_.Clear(); }
 
    private:
-    GroupTable& table_;
+    std::shared_ptr<Folds> folds_;
     std::int64_t number_;
     GroupFold fold_;
     std::string rows_;
@@ -45,7 +47,7 @@ class GroupTable {
   [[nodiscard]] GroupFold* Find(std::int64_t number) const;
 
  private:
-  std::map<std::int64_t, GroupFold*> folds_;
+  std::shared_ptr<Folds> folds_ = std::make_shared<Folds>();
   std::int64_t last_ = 0;
 };
 

@@ -169,18 +169,19 @@ void SchemaEditor::Drop(const jet::DropTable& drop) {
   Run(database_, "DROP TABLE IF EXISTS " + QuoteName(name), file_);
 }
 
-// A table that triggers keep up to date of another one's rows (own_KeptNAME by "own_KeptNAME.event") goes
-// with them: nobody could trust it after that. The next opening makes both anew.
+// A table that triggers keep up to date of another one's rows (own_KeptNAME by
+// "own_KeptNAME.event") goes with them: nobody could trust it after that. The next opening makes
+// both anew.
 void SchemaEditor::DropKept(const std::string& table) {
   const std::string named = QuoteText(table);
   std::vector<std::pair<std::string, std::string>> kept;
   {
-    const StatementHandle rows =
-        Prepare(database_,
-                "SELECT name, substr(name, 1, instr(name, '.') - 1) AS kept FROM sqlite_master "
-                "WHERE type = 'trigger' AND name LIKE 'own\\_Kept%.%' ESCAPE '\\' AND (tbl_name = " +
-                    named + " OR kept = " + named + ")",
-                file_);
+    const StatementHandle rows = Prepare(
+        database_,
+        "SELECT name, substr(name, 1, instr(name, '.') - 1) AS kept FROM sqlite_master "
+        "WHERE type = 'trigger' AND name LIKE 'own\\_Kept%.%' ESCAPE '\\' AND (tbl_name = " +
+            named + " OR kept = " + named + ")",
+        file_);
     while (sqlite3_step(rows.get()) == SQLITE_ROW) {
       kept.emplace_back(ColumnText(rows.get(), 0), ColumnText(rows.get(), 1));
     }

@@ -34,6 +34,7 @@ PreparedUse::~PreparedUse() {
   if (!prepared_) return;
   sqlite3_reset(prepared_->handle.get());
   sqlite3_clear_bindings(prepared_->handle.get());
+  if (prepared_->groups) prepared_->groups->Clear();
   prepared_->inUse = false;
 }
 

@@ -41,6 +41,7 @@ struct Expr {
   ExprKind kind = ExprKind::Null;
   Word op = Word::None;
   bool negated = false;
+  bool isCounter = false;            // of a Column, once bound: its table's own key
   bool offIndexes = false;           // of a Column, once bound: no index is to find it
   ValueType type = ValueType::Null;  // of its value, once bound
   std::uint16_t height = 1;          // of the tree below it

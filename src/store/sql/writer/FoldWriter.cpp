@@ -41,6 +41,27 @@ bool HasFold(const Expr& expr) {
   return CountFolds(expr) > 0;
 }
 
+bool IsTextual(ValueType type) {
+  return type == ValueType::Text || type == ValueType::Date;
+}
+
+bool Compares(const Expr& expr) {
+  return expr.kind == ExprKind::Between || expr.kind == ExprKind::In ||
+         (expr.kind == ExprKind::Binary && expr.op >= Word::Equal && expr.op <= Word::GreaterEqual);
+}
+
+// A column of the groups has no type for the library, which would compare a text with a number as
+// what they are, where a stored column takes the other for its own kind.
+bool ComparesAcross(const Expr& expr) {
+  if (!Compares(expr)) return false;
+  const ValueType first = AsValue(expr.args[0]->type);
+  return std::ranges::any_of(expr.args, [&](const ExprPtr& arg) {
+    const ValueType type = AsValue(arg->type);
+    return type != ValueType::Null && first != ValueType::Null &&
+           IsTextual(type) != IsTextual(first);
+  });
+}
+
 // Puts columns of the groups in the place of a group's keys and of what is folded.
 class Folder {
  public:
@@ -48,7 +69,8 @@ class Folder {
 
   // False where the key cannot be one.
   bool AddKey(const Expr& key) {
-    if (key.type == ValueType::Bool || key.select || HasFold(key)) return false;
+    // A key of the rows has a group for each of them, in their order.
+    if (key.type == ValueType::Bool || key.isCounter || key.select || HasFold(key)) return false;
     query_.values.push_back(WriteValue(key).sql);
     ++query_.keys;
     return true;
@@ -59,7 +81,7 @@ class Folder {
     if (expr.select || expr.kind == ExprKind::AllColumns) return false;
     if (KeyOf(expr)) return true;
     if (FoldOf(expr)) return expr.args.empty() || !HasFold(*expr.args[0]);
-    if (expr.kind == ExprKind::Column) return false;
+    if (expr.kind == ExprKind::Column || ComparesAcross(expr)) return false;
     return std::ranges::all_of(expr.args, [this](const ExprPtr& arg) { return Fits(*arg); });
   }
 
