@@ -203,5 +203,31 @@ TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   EXPECT_EQ(window_->Shown().name, kTransactionShow) << "the way ends at the transaction";
 }
 
+TEST_F(ReportsViewTest, TabGoesThroughTheChoicesAsTheyStand) {
+  Start();
+  ViewCommand command{kReportSelected};
+  const auto stops = [&](int report) {
+    command.report.report = report;
+    window_->Show(command);
+    QStringList names;
+    const auto& bar = Get<QWidget>("pnlReport");
+    QWidget* at = &Get<QCheckBox>("chkUnsetR");
+    for (; bar.isAncestorOf(at) && names.size() < 20; at = at->nextInFocusChain()) {
+      const bool isStop = at->isVisible() && !at->isWindow() && at->focusPolicy() != Qt::NoFocus &&
+                          bar.isAncestorOf(at) && !at->objectName().startsWith("qt_");
+      if (isStop) names.append(at->objectName());
+    }
+    return names.join(' ').toStdString();
+  };
+  EXPECT_EQ(stops(13),
+            "chkUnsetR DTPickSRep DTPickERep cmdPeriodsR chkOther DTPickSOther DTPickEOther "
+            "cmdPeriodsOther chkTransfers chkDefaultCurrency cmbCurrencyR chkSubCategories");
+  command.report.whatIf = {{window_->Today().AddDays(3), 1, -5, "One"},
+                           {window_->Today().AddDays(3), 1, -6, "Two"}};
+  EXPECT_EQ(stops(15),
+            "chkUnsetR DTPickSRep DTPickERep cmdPeriodsR chkTransfers chkDefaultCurrency "
+            "cmbCurrencyR cmdWhatIf pceWhatIf0 pceWhatIf1");
+}
+
 }  // namespace
 }  // namespace corvanta
