@@ -1,7 +1,9 @@
 #include "app/reports/ReportsViewTest.h"
 #include "reports/custom/ReportDefinitions.h"
 
+#include <QDateEdit>
 #include <QListWidget>
+#include <QStatusBar>
 #include <QTreeWidget>
 
 namespace corvanta {
@@ -76,6 +78,31 @@ TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
       << "or it would be of all";
   Trigger("mnuReport7");
   EXPECT_EQ(Rows(), 3) << "the report itself is of all";
+}
+
+TEST_F(ReportsViewTest, WhatASavedReportDoesNotKeepIsSaidAndLeftBehind) {
+  Start();
+  ViewCommand compared{kReportSelected};
+  compared.report.report = 13;
+  compared.report.dates = DateRange{*Date::FromIso("2026-02-01"), *Date::FromIso("2026-02-28")};
+  window_->Show(compared);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Plain");
+  Trigger("mnuReportSave");
+  EXPECT_EQ(window_->statusBar()->currentMessage(), "Saved as \"Plain\"");
+  compared.report.otherDates =
+      DateRange{*Date::FromIso("2026-01-10"), *Date::FromIso("2026-01-20")};
+  compared.report.withoutTransfers = true;
+  window_->Show(compared);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Rich");
+  Trigger("mnuReportSave");
+  EXPECT_EQ(window_->statusBar()->currentMessage(),
+            "Saved as \"Rich\". A saved report does not keep: Compare with, Leave out transfers");
+  // What is opened is compared with the days before its own, not with those of another one.
+  InNextDialog([](QDialog& dialog) { Click(dialog, "cmdAccept"); });
+  Trigger("mnuReportCustom");
+  EXPECT_EQ(window_->Shown().report.definition, "Plain");
+  EXPECT_FALSE(window_->Shown().report.otherDates);
+  EXPECT_EQ(Get<QDateEdit>("DTPickSOther").date(), QDate(2026, 1, 4));
 }
 
 }  // namespace
