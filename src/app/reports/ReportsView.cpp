@@ -198,7 +198,14 @@ void ReportsView::ShowTabs() {
 
 void ReportsView::ShowPage(Page page) {
   const bool isList = page == Page::List;
-  if (!isList) header_->Show(ToQt(report_.name), Details());
+  if (!isList) {
+    QString details = Details();
+    // It is of the screen alone: nobody types on paper.
+    if (report_.report == kBudgetOfMonth && page == Page::Rows) {
+      details += QStringLiteral("  ·  ") + tr("type over a plan to change it");
+    }
+    header_->Show(ToQt(report_.name), details);
+  }
   if (isList) {
     header_->Show(tr("Reports"), tr("Choose what you want to know"));
     if (state_.report != 0) list_->Choose(state_.report);

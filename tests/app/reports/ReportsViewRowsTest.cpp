@@ -32,6 +32,20 @@ TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
   EXPECT_LT(ReadFile(sorted).find("Boss"), ReadFile(sorted).find("Baker"));
 }
 
+TEST_F(ReportsViewTest, ASpreadsheetDoesNotSayHowAPlanIsTyped) {
+  Start();
+  Run("UPDATE tblCategory SET Budget = 50, PeriodID = (Select Max(PeriodID) from tblPeriods "
+      "WHERE Period = 'm') WHERE CategoryID = 2");
+  Trigger("mnuReport14");
+  const std::string path = machine_.folder.Path("plans.csv");
+  machine_.prompts.ExpectSaveFile("Save File As", path);
+  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
+  Trigger("mnuFileSpreadsheet");
+  const std::string text = ReadFile(path);
+  EXPECT_NE(text.find(" to "), std::string::npos) << "its days: " << text;
+  EXPECT_EQ(text.find("type over a plan"), std::string::npos) << text;
+}
+
 TEST_F(ReportsViewTest, RowsSortByValueAboveTheirTotalsAndAreSearchedAndCopied) {
   Start();
   Trigger("mnuReport7");
