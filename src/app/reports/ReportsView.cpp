@@ -164,8 +164,8 @@ SearchBox* ReportsView::Search() const {
 }
 
 void ReportsView::Show(const ViewCommand& command) {
-  state_ = command.report;
   plans_->Finish();
+  state_ = command.report;
   FillSaved();
   ShowChoices();
   const ReportInfo* info = FindReport(state_.report);
@@ -229,6 +229,7 @@ void ReportsView::Remember(ViewCommand& command) const {
 }
 
 void ReportsView::LetGo() {
+  plans_->Finish();
   model_->SetRows(nullptr);
   chart_->Clear();
   report_ = {};
