@@ -71,15 +71,18 @@ class OverviewView : public QWidget, public MainView {
   // What is read by now.
   [[nodiscard]] const Overview& Now() const;
   void ArrangeTiles(int columns);
+
+  // --- What the tiles say (OverviewViewLines.cpp)
+
   [[nodiscard]] std::vector<Line> BalanceLines() const;
   [[nodiscard]] std::vector<Line> DueLines() const;
   [[nodiscard]] std::vector<Line> MonthLines() const;
   [[nodiscard]] std::vector<Line> BudgetLines() const;
   [[nodiscard]] std::vector<Line> WorthLines() const;
   [[nodiscard]] OverviewTile::Cell Money(double amount, bool isStrong = false) const;
+
   // A report of these days; nullopt: of all.
   void ShowReport(int number, const std::optional<Period>& days);
-  void ShowNetWorth();
 
   ViewPlace place_;
   ViewHeader* header_;

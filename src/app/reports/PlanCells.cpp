@@ -75,6 +75,7 @@ PlanCells::PlanCells(SortedTable& table, ListModel& model, const ViewPlace& plac
       report_(report),
       request_(request) {
   table_.installEventFilter(this);
+  place_.window.installEventFilter(this);
 }
 
 const ReportRow& PlanCells::RowAt(int listRow) const {
@@ -107,7 +108,13 @@ int PlanCells::NextOf(int listRow, int by) const {
 }
 
 void PlanCells::Edit(const QModelIndex& index) {
+  // What is being typed there is not begun anew.
+  if (field_) return field_->setFocus(Qt::OtherFocusReason);
   if (!IsPlan(index.siblingAtColumn(kPlan))) return;
+  if (!place_.session.IsWritable()) {
+    return place_.host.Notice(
+        tr("The data file is read-only: plans can be looked at, not changed"));
+  }
   const auto plan = PlanOf(index.row());
   if (plan) return Open(index.row(), *plan);
   place_.host.Notice(
@@ -123,9 +130,11 @@ void PlanCells::EditLater(const QModelIndex& index) {
       this,
       [this, index = QPersistentModelIndex(index), key = RowAt(index.row()).groupKey] {
         // What was typed elsewhere is still to be mended.
-        if (field_) return;
-        const int row = index.isValid() ? index.row() : RowOf(key);
-        if (row >= 0) place_.host.Guard([&] { Edit(model_.index(row, kPlan)); });
+        if (field_ || !place_.session.IsOpen()) return;
+        place_.host.Guard([&] {
+          const int row = index.isValid() ? index.row() : RowOf(key);
+          if (row >= 0) Edit(model_.index(row, kPlan));
+        });
       },
       Qt::QueuedConnection);
 }
@@ -149,11 +158,13 @@ void PlanCells::Open(int listRow, double plan) {
   key_ = row.groupKey;
   plan_ = plan;
   isSaved_ = true;
+  isTold_ = false;
   const std::string sub = row.cells.at(1).Text();
   const std::string name = row.cells.front().Text() + (sub.empty() ? sub : ":" + sub);
   field_->setAccessibleName(tr("The plan of %1 for a month").arg(ToQt(name)));
   field_->setToolTip(field_->accessibleName());
   field_->SetAmount(plan);
+  cell_ = index;
   table_.setIndexWidget(index, field_);
   connect(field_, &PlanField::Entered, this,
           [this](int by) { place_.host.Guard([this, by] { GoOn(by); }); });
@@ -172,7 +183,9 @@ void PlanCells::Close() {
   field_ = nullptr;
   field->disconnect(this);
   field->hide();
-  // It may be in the middle of its key.
+  // The list would bring one back that it does not know to be gone. It may be in the middle of its
+  // key, so it goes later.
+  if (cell_.isValid()) table_.setIndexWidget(cell_, nullptr);
   field->deleteLater();
 }
 
@@ -180,8 +193,7 @@ void PlanCells::TakeKeys() {
   table_.setFocus(Qt::OtherFocusReason);
 }
 
-bool PlanCells::Save(bool tells) {
-  const std::optional<double> amount = field_->Amount();
+bool PlanCells::Save(std::optional<double> amount, bool tells) {
   if (amount == plan_) return true;
   BudgetEditor editor(place_.session.Ledger());
   BudgetForm form;
@@ -201,7 +213,7 @@ bool PlanCells::Save(bool tells) {
 }
 
 void PlanCells::GoOn(int by) {
-  if (!Save(true)) {
+  if (!Save(field_->Amount(), true)) {
     if (field_) field_->setFocus();
     return;
   }
@@ -223,17 +235,16 @@ void PlanCells::GoOn(int by) {
 // What was typed is saved at once, before the list may show something else; the list is read again
 // when it is done with the click that led away.
 void PlanCells::Leave() {
-  bool isDone = false;
-  place_.host.Guard([&] { isDone = Save(false); });
+  std::optional<bool> isDone;  // nullopt: it failed, which has been told
+  place_.host.Guard([&] { isDone = Save(field_->Amount(), false); });
+  isTold_ = !isDone;
   QMetaObject::invokeMethod(
       this,
       [this, isDone, field = field_] {
         if (!field || field != field_) return;
-        if (!isDone) {
-          const bool isMended = Save(true);
-          if (!isMended && field_) field_->setFocus();
-          return;
-        }
+        isTold_ = false;
+        if (!isDone) return field->setFocus();
+        if (!*isDone) return Mend();
         const bool isOld = !isSaved_;
         Close();
         isSaved_ = true;
@@ -242,17 +253,31 @@ void PlanCells::Leave() {
       Qt::QueuedConnection);
 }
 
+void PlanCells::Mend() {
+  bool isMended = false;
+  place_.host.Guard([&] { isMended = Save(field_->Amount(), true); });
+  if (!isMended && field_) field_->setFocus();
+}
+
 void PlanCells::Finish() {
   if (!field_) return;
   const QString typed = field_->text();
-  if (!Save(false)) {
-    place_.platform.prompts.Tell("Save Warning",
-                                 FromQt(tr("\"%1\" is no amount and was not planned").arg(typed)));
-  }
+  const std::optional<double> amount = field_->Amount();
+  // It goes even where nothing can be saved: whoever is told could not leave it otherwise.
   Close();
+  if (isTold_) return;
+  std::optional<bool> isDone;  // as above
+  place_.host.Guard([&] { isDone = Save(amount, false); });
+  if (isDone != false) return;
+  place_.platform.prompts.Tell("Save Warning",
+                               FromQt(tr("\"%1\" is no amount and was not planned").arg(typed)));
 }
 
 bool PlanCells::eventFilter(QObject* watched, QEvent* event) {
+  if (watched == &place_.window) {
+    if (event->type() == QEvent::Close) Finish();
+    return false;
+  }
   if (event->type() == QEvent::KeyPress && report_.report == kBudgetOfMonth) {
     const auto& key = *static_cast<QKeyEvent*>(event);
     const QModelIndex index = table_.currentIndex();

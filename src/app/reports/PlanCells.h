@@ -5,6 +5,7 @@
 
 #include <QModelIndex>
 #include <QObject>
+#include <QPersistentModelIndex>
 #include <QPointer>
 
 #include <cstddef>
@@ -55,15 +56,17 @@ class PlanCells : public QObject {
 
   // Whether a plan of a category stands in that cell.
   [[nodiscard]] bool IsPlan(const QModelIndex& index) const;
-  // Begins in the row of the cell; says why where its plan cannot be edited.
+  // Begins in the row of the cell; says why where its plan cannot be edited. A field that is open
+  // gets the keys instead.
   void Edit(const QModelIndex& index);
   // The same once the list is done with the click on that cell.
   void EditLater(const QModelIndex& index);
-  // The list is to show something else: saves what was typed, or says that it could not be.
+  // The list is to show something else, or nothing: saves what was typed, or says that it could not
+  // be. No field is open afterwards.
   void Finish();
 
  protected:
-  // Keys of the list.
+  // Keys of the list, and the end of the window.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
@@ -78,8 +81,11 @@ class PlanCells : public QObject {
   void Close();
   void GoOn(int by);
   void Leave();
-  // Whether nothing is left to be mended. With `tells` what is refused is said.
-  bool Save(bool tells);
+  // Says what is wrong with what was left, which gets the keys back.
+  void Mend();
+  // Whether nothing is left to be mended in the amount that was typed (nullopt: it is none). With
+  // `tells` what is refused is said. Throws StoreError.
+  bool Save(std::optional<double> amount, bool tells);
   // The keys are in the list.
   void TakeKeys();
 
@@ -89,9 +95,11 @@ class PlanCells : public QObject {
   const ReportTable& report_;
   const ReportRequest& request_;
   QPointer<PlanField> field_;
-  std::string key_;      // of the category that is edited
-  double plan_ = 0;      // as it was
-  bool isSaved_ = true;  // and the list shows it
+  QPersistentModelIndex cell_;  // that it stands over
+  std::string key_;             // of the category that is edited
+  double plan_ = 0;             // as it was
+  bool isSaved_ = true;         // and the list shows it
+  bool isTold_ = false;         // it cannot be saved, which the person has just been told
 };
 
 }  // namespace corvanta::inline app

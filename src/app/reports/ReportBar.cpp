@@ -68,6 +68,24 @@ PeriodBar* MakeOther(const Locale& locale, QWidget* parent) {
   return other;
 }
 
+// The keys go through the parts as they stand, whichever was made first.
+void OrderTabs(const std::vector<QWidget*>& parts, WhatIfBar& whatIf) {
+  std::vector<QWidget*> stops;
+  const auto add = [&stops](QWidget* widget) {
+    if (!widget->isWindow() && widget->focusPolicy() != Qt::NoFocus) stops.push_back(widget);
+  };
+  std::vector<QWidget*> all = parts;
+  all.push_back(&whatIf);
+  for (QWidget* part : all) {
+    add(part);
+    if (part->focusPolicy() != Qt::NoFocus) continue;
+    for (auto* field : part->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) add(field);
+  }
+  for (std::size_t stop = 1; stop < stops.size(); ++stop) {
+    QWidget::setTabOrder(stops[stop - 1], stops[stop]);
+  }
+}
+
 }  // namespace
 
 ReportBar::ReportBar(const ViewPlace& place, QWidget* parent)
@@ -141,6 +159,7 @@ void ReportBar::Arrange() {
     part->setMinimumHeight(period_->sizeHint().height());
     line_->addWidget(part);
   }
+  OrderTabs(parts, *whatIf_);
 }
 
 void ReportBar::MakeActions() {

@@ -1,12 +1,10 @@
 #include "app/reports/ReportState.h"
 
 #include "app/ViewCommand.h"
+#include "reports/custom/DefinitionRequest.h"
 #include "reports/query/ReportCatalogue.h"
 
 namespace corvanta::inline app {
-namespace {
-constexpr std::int64_t kNobody = -1;  // no row has it
-}  // namespace
 
 void ReportState::DropFilters() {
   actions.clear();
@@ -38,9 +36,7 @@ ReportRequest RequestOf(const ViewCommand& command, bool withClosedAccounts) {
   ReportRequest request;
   request.report = state.report;
   request.filter = command.rows;
-  if (state.emptiedWith == command.rows) {
-    for (const FilterKind kind : state.emptied) request.filter.SetKeys(kind, {kNobody});
-  }
+  if (state.emptiedWith == command.rows) LeaveNobody(request.filter, state.emptied);
   request.actions = state.actions;
   request.paymentTypes = state.paymentTypes;
   if (state.dates) request.range = Period{state.dates->start, state.dates->end};

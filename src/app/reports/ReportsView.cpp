@@ -164,8 +164,8 @@ SearchBox* ReportsView::Search() const {
 }
 
 void ReportsView::Show(const ViewCommand& command) {
-  state_ = command.report;
   plans_->Finish();
+  state_ = command.report;
   FillSaved();
   ShowChoices();
   const ReportInfo* info = FindReport(state_.report);
@@ -198,7 +198,14 @@ void ReportsView::ShowTabs() {
 
 void ReportsView::ShowPage(Page page) {
   const bool isList = page == Page::List;
-  if (!isList) header_->Show(ToQt(report_.name), Details());
+  if (!isList) {
+    QString details = Details();
+    // It is of the screen alone: nobody types on paper.
+    if (report_.report == kBudgetOfMonth && page == Page::Rows) {
+      details += QStringLiteral("  ·  ") + tr("type over a plan to change it");
+    }
+    header_->Show(ToQt(report_.name), details);
+  }
   if (isList) {
     header_->Show(tr("Reports"), tr("Choose what you want to know"));
     if (state_.report != 0) list_->Choose(state_.report);
@@ -222,6 +229,7 @@ void ReportsView::Remember(ViewCommand& command) const {
 }
 
 void ReportsView::LetGo() {
+  plans_->Finish();
   model_->SetRows(nullptr);
   chart_->Clear();
   report_ = {};

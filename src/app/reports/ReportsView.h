@@ -124,6 +124,8 @@ class ReportsView : public QWidget, public MainView {
   void OpenSaved(const std::string& name);
   void Open(const ReadDefinition& read);
   void SaveReport();
+  // What was chosen that a saved report has no place for.
+  [[nodiscard]] QStringList NotSaved() const;
 
   // --- Figures (ReportsViewFigures.cpp)
 

@@ -9,7 +9,6 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/budget/BudgetEditor.h"
-#include "reports/query/ReportCatalogue.h"
 
 #include <algorithm>
 #include <utility>
@@ -61,9 +60,6 @@ QString ReportsView::Details() const {
     details.append(days(state_.dates->start, state_.dates->end));
   } else {
     details.append(tr("All days"));
-  }
-  if (report_.report == kBudgetOfMonth && page_ == Page::Rows) {
-    details.append(tr("type over a plan to change it"));
   }
   if (!state_.emptied.empty()) details.append(tr("what it is of is not in this data file"));
   return details.join(QStringLiteral("  ·  "));

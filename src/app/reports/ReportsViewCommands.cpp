@@ -5,13 +5,13 @@
 #include "app/lists/RowsText.h"
 #include "app/register/TotalsLine.h"
 #include "app/reports/PlanCells.h"
-#include "app/reports/ReportBar.h"
 #include "app/reports/ReportsView.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "platform/Platform.h"
 #include "reference/ReferenceDialogs.h"
 #include "reports/chart/ucReportChart.h"
+#include "reports/custom/ReportColumns.h"
 #include "reports/print/PrintTable.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/sheet/SheetTable.h"
@@ -20,12 +20,9 @@
 #include <QApplication>
 #include <QClipboard>
 
-#include <algorithm>
+#include <utility>
 
 namespace corvanta::inline app {
-namespace {
-// The reports of the catalogue whose rows have a budget that can be changed.
-}  // namespace
 
 void ReportsView::ConnectCommands() {
   const MainActions& actions = place_.actions;
@@ -88,7 +85,6 @@ void ReportsView::RunReport(int number) {
 // list.
 SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
   if (page_ == Page::List) return MainView::Sheet(locale);
-  const std::vector<std::string> shown = ShownColumns();
   ReportTable sheet = report_;
   if (page_ == Page::Rows) {
     sheet.rows.clear();
@@ -96,15 +92,7 @@ SpreadsheetTable ReportsView::Sheet(const Locale& locale) const {
       sheet.rows.push_back(report_.rows.at(static_cast<std::size_t>(model_->Key(row)) - 1));
     }
   }
-  for (std::size_t column = sheet.columns.size(); column-- > 0;) {
-    if (std::ranges::find(shown, sheet.columns[column].header) != shown.end()) continue;
-    const auto place = static_cast<std::ptrdiff_t>(column);
-    sheet.columns.erase(sheet.columns.begin() + place);
-    for (ReportRow& row : sheet.rows) {
-      if (column < row.cells.size()) row.cells.erase(row.cells.begin() + place);
-    }
-  }
-  SpreadsheetTable table = SheetOf(sheet);
+  SpreadsheetTable table = SheetOf(OnlyColumns(std::move(sheet), ShownColumns()));
   std::vector<PrintSummary> below = totals_->Printed();
   below.push_back({FromQt(Subject()), {}});
   AddSummaries(table, below, locale);

@@ -8,6 +8,7 @@
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reports/custom/DefinitionKeys.h"
+#include "reports/custom/DefinitionRequest.h"
 #include "reports/custom/FrmReport.h"
 #include "reports/custom/ReportEditor.h"
 
@@ -48,6 +49,7 @@ void ReportsView::Open(const ReadDefinition& read) {
   state.widths = definition.widths;
   state.definition = definition.name;
   state.dates.reset();
+  state.otherDates.reset();
   if (definition.range) state.dates = DateRange{definition.range->from, definition.range->to};
   state.converts = !definition.currency.empty();
   if (state.converts) state.currency = definition.currency;
@@ -67,26 +69,34 @@ void ReportsView::SaveReport() {
   if (const auto warning = ReportEditor::CheckName(name)) {
     return place_.platform.prompts.Tell(warning->title, warning->text);
   }
-  ReportDefinition definition;
-  definition.name = name;
-  definition.report = state_.report;
   // With what names nothing that is left, or it would be of everything.
-  definition.filter = request_.filter;
-  definition.wholeCategories =
-      WholeCategoriesOf(definition.filter, place_.session.Ledger().Store());
-  definition.actions = state_.actions;
-  definition.columns = ShownColumns();
-  for (const std::string& column : definition.columns) {
-    const auto place = report_.Column(column);
-    definition.widths.push_back(place ? table_->columnWidth(static_cast<int>(*place)) : 0);
+  ReportDefinition definition =
+      MakeDefinition(name, request_, ShownColumns(), place_.session.Ledger().Store());
+  for (std::size_t column = 0; column < definition.columns.size(); ++column) {
+    const auto place = report_.Column(definition.columns[column]);
+    if (place) definition.widths[column] = table_->columnWidth(static_cast<int>(*place));
   }
-  if (state_.dates) definition.range = Period{state_.dates->start, state_.dates->end};
-  if (state_.converts) definition.currency = state_.currency;
   ReportEditor editor(place_.platform.registry, place_.platform.prompts);
   if (!editor.Save(definition, state_.definition)) return;
+  const QStringList lost = NotSaved();
   state_.definition = name;
   place_.host.ApplyFilter();
-  place_.host.Notice(tr("Saved as \"%1\"").arg(ToQt(name)));
+  const QString saved = tr("Saved as \"%1\"").arg(ToQt(name));
+  place_.host.Notice(
+      lost.isEmpty()
+          ? saved
+          : tr("%1. A saved report does not keep: %2").arg(saved, lost.join(QStringLiteral(", "))));
+}
+
+QStringList ReportsView::NotSaved() const {
+  QStringList lost;
+  if (request_.otherRange) lost.append(tr("Compare with"));
+  if (!request_.whatIf.empty()) lost.append(tr("What If"));
+  if (request_.withoutTransfers) lost.append(tr("Leave out transfers"));
+  const bool isOfCategories = !report_.columns.empty() && report_.columns[0].header == "Category";
+  if (request_.foldsSubCategories && isOfCategories) lost.append(tr("Sub-categories"));
+  if (!request_.paymentTypes.empty()) lost.append(tr("Payment types"));
+  return lost;
 }
 
 }  // namespace corvanta::inline app

@@ -23,7 +23,7 @@ WhatIfBar::WhatIfBar(const ViewPlace& place, QWidget* parent)
     : QWidget(parent),
       place_(place),
       line_(new FlowLayout(this)),
-      cmdWhatIf_(new QPushButton(tr("What &If..."), this)) {
+      cmdWhatIf_(new QPushButton(tr("&What If..."), this)) {
   setObjectName(QStringLiteral("pnlWhatIf"));
   cmdWhatIf_->setObjectName(QStringLiteral("cmdWhatIf"));
   cmdWhatIf_->setToolTip(tr("Count a payment as if it were expected. It is not stored."));
@@ -63,6 +63,7 @@ void WhatIfBar::AddChip(std::size_t number) {
     remove->setToolTip(tr("Count it no longer (Delete)"));
   }
   line_->addWidget(chip);
+  setTabOrder(chips_.empty() ? static_cast<QWidget*>(cmdWhatIf_) : chips_.back(), chip);
   chips_.push_back(chip);
   connect(chip, &QAbstractButton::clicked, this,
           [this, number] { place_.host.Guard([this, number] { Ask(number); }); });
@@ -73,11 +74,12 @@ QString WhatIfBar::TextOf(const WhatIf& payment) const {
   const Locale& own = place_.platform.locale;
   const auto& accounts = place_.host.Accounts();
   const auto account = std::ranges::find(accounts, payment.accountId, &AccountRow::accountId);
-  const QString name = account == accounts.end() ? QString() : ToQt(account->account);
-  const QString code = account == accounts.end() ? QString() : ToQt(account->currency);
-  const QString text = tr("%1, %2 %3, %4")
-                           .arg(ToQt(own.FormatShortDate(payment.day)),
-                                ToQt(own.FormatNumber(payment.amount)), code, name);
+  const QString day = ToQt(own.FormatShortDate(payment.day));
+  const QString amount = ToQt(own.FormatNumber(payment.amount));
+  const QString text =
+      account == accounts.end()
+          ? tr("%1, %2, an account that is gone").arg(day, amount)
+          : tr("%1, %2 %3, %4").arg(day, amount, ToQt(account->currency), ToQt(account->account));
   return payment.text.empty() ? text : ToQt(payment.text) + QStringLiteral(", ") + text;
 }
 

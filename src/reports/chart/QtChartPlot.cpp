@@ -280,9 +280,10 @@ void QtChartPlot::Mark(const ChartPlace& place, bool isMarked) {
   }
   if (shown.line == nullptr) return;
   shown.line->deselectAllPoints();
-  if (!isMarked) return;
-  int index = 0;
   const auto& points = data_.series[place.series].points;
+  if (!isMarked || !points[place.category]) return;
+  // The line has no points where there are none.
+  int index = 0;
   for (std::size_t i = 0; i < place.category; ++i) index += points[i] ? 1 : 0;
   shown.line->selectPoint(index);
 }

@@ -5,8 +5,10 @@
 #include "reports/query/ReportCatalogue.h"
 
 namespace corvanta::inline reports {
-namespace {
-constexpr std::int64_t kNobody = -1;  // no row has it
+
+void LeaveNobody(RowFilter& filter, const std::vector<FilterKind>& emptied) {
+  constexpr std::int64_t kNobody = -1;  // no row has it
+  for (const FilterKind kind : emptied) filter.SetKeys(kind, {kNobody});
 }
 
 ReportRequest MakeRequest(const OpenedDefinition& opened) {
@@ -14,7 +16,7 @@ ReportRequest MakeRequest(const OpenedDefinition& opened) {
   ReportRequest request;
   request.report = definition.report;
   request.filter = definition.filter;
-  for (const FilterKind kind : opened.emptied) request.filter.SetKeys(kind, {kNobody});
+  LeaveNobody(request.filter, opened.emptied);
   request.actions = definition.actions;
   request.range = definition.range;
   request.currency = definition.currency;

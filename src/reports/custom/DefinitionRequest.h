@@ -9,6 +9,9 @@
 
 namespace corvanta::inline reports {
 
+// Of those lists of the filter no row is any more.
+void LeaveNobody(RowFilter& filter, const std::vector<FilterKind>& emptied);
+
 // With every status, without closed accounts. Of a list of which the data file has nothing any more
 // no row is, instead of all.
 [[nodiscard]] ReportRequest MakeRequest(const OpenedDefinition& opened);

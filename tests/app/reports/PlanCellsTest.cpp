@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QTabBar>
 
 namespace corvanta {
 namespace {
@@ -52,6 +53,18 @@ class PlanCellsTest : public DialogTest<WindowTest> {
   void Key(int key) {
     ASSERT_NE(Field(), nullptr);
     QTest::keyClick(Field(), static_cast<Qt::Key>(key));
+    QApplication::processEvents();
+  }
+  // Begins in the first row, with that typed over what stands there.
+  void Begin(const char* typed) {
+    List().setCurrentIndex(List().model()->index(0, 2));
+    QTest::keyClick(&List(), Qt::Key_F2);
+    ASSERT_NE(Field(), nullptr);
+    QTest::keyClicks(Field(), typed);
+  }
+  void ClickCell(int row, int column) {
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
+                      List().visualRect(List().model()->index(row, column)).center());
     QApplication::processEvents();
   }
   double Budget(int category) {
@@ -105,25 +118,72 @@ TEST_F(PlanCellsTest, WhatIsNoAmountIsRefusedInWordsAndStays) {
   EXPECT_EQ(Budget(50), 40);
   // Away from the page it cannot stay, which is said.
   machine_.prompts.ExpectTell("Save Warning", "\"(5\" is no amount and was not planned");
+  List().setFocus(Qt::MouseFocusReason);
   Trigger("mnuViewRefresh");
+  QApplication::processEvents();
   EXPECT_EQ(Field(), nullptr);
   EXPECT_EQ(Budget(50), 40);
 }
 
 TEST_F(PlanCellsTest, AClickElsewhereSavesWhatWasTyped) {
   Start();
-  const auto click = [this](int row, int column) {
-    QTest::mouseClick(List().viewport(), Qt::LeftButton, {},
-                      List().visualRect(List().model()->index(row, column)).center());
-    QApplication::processEvents();
-  };
-  click(0, 2);
+  ClickCell(0, 2);
   ASSERT_NE(Field(), nullptr) << "a click on a plan edits it";
   EXPECT_EQ(window_->Shown().report.report, 14);
   QTest::keyClicks(Field(), "12");
-  click(1, 2);
+  ClickCell(1, 2);
   EXPECT_EQ(Budget(50), 12);
   EXPECT_EQ(Plan(0), "-12.00");
+}
+
+TEST_F(PlanCellsTest, AskedForAgainTheFieldKeepsWhatWasTyped) {
+  Start();
+  Begin("61");
+  QTest::keyClick(Field(), Qt::Key_F2);
+  ASSERT_NE(Field(), nullptr);
+  EXPECT_EQ(Field()->text(), "61");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Budget(50), 61);
+}
+
+TEST_F(PlanCellsTest, WhoeverEndsLosesNothingThatWasTyped) {
+  Start();
+  Begin("62");
+  window_->close();
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(Budget(50), 62);
+  window_->show();
+  window_->activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  Page(false);
+  Begin("63");
+  // The data file goes between the two halves of a click elsewhere.
+  List().setFocus(Qt::MouseFocusReason);
+  session_.Close();
+  QApplication::processEvents();
+  EXPECT_EQ(Field(), nullptr);
+  ASSERT_TRUE(session_.Open(true));
+  EXPECT_EQ(Budget(50), 63);
+}
+
+TEST_F(PlanCellsTest, WhatCannotBeWrittenIsToldOnceAndCanBeLeft) {
+  Start();
+  Begin("64");
+  Run("DROP TABLE tblPeriods");
+  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  ClickCell(1, 2);
+  ASSERT_NE(Field(), nullptr) << "it stays to be tried again";
+  EXPECT_TRUE(Field()->hasFocus());
+  EXPECT_EQ(Field()->text(), "64.00");
+  EXPECT_TRUE(machine_.prompts.AllMet());
+  // A tab leads away: the keys go first, then the page.
+  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  List().setFocus(Qt::MouseFocusReason);
+  WindowTest::Find<QTabBar>("tbReport").setCurrentIndex(0);
+  QApplication::processEvents();
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(window_->Shown().name, kReportShow);
+  EXPECT_EQ(Budget(50), 40);
 }
 
 TEST_F(PlanCellsTest, APlanOfSeveralSubCategoriesIsNotEdited) {
@@ -145,15 +205,20 @@ TEST_F(PlanCellsTest, WhatIsLeftIsCarriedOnOrNot) {
   auto& carry = WindowTest::Find<QCheckBox>("chkCarry");
   EXPECT_TRUE(carry.isVisible());
   EXPECT_TRUE(carry.isChecked());
+  Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (500,'Baker',0)");
   Run("INSERT INTO tblTransactions "
       "(AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,TransferID,"
-      "[Date],[Amount],BankChk,BankRec) VALUES (1,50,1,1,0,0,#01/05/" +
+      "[Date],[Amount],BankChk,BankRec) VALUES (1,50,1,500,0,0,#01/05/" +
       std::to_string(machine_.clock.Today().Year()) + "#,-10,0,0)");
   Trigger("mnuViewRefresh");
   const auto carried = [this] {
     return List().model()->index(0, 3).data().toString().toStdString();
   };
-  EXPECT_NE(carried(), "0.00");
+  // January's 40 less 10, and 40 of each month after it.
+  const int months = machine_.clock.Today().Month() - 1;
+  ASSERT_GT(months, 0);
+  const QString left = QStringLiteral("-%1.00").arg(months * 40 - 10);
+  EXPECT_EQ(carried(), left.toStdString());
   carry.click();
   EXPECT_EQ(carried(), "0.00");
   EXPECT_FALSE(Settings(machine_.registry).IsOn(Setting::CarryBudget));

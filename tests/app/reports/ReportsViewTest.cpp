@@ -1,83 +1,16 @@
+#include "app/reports/ReportsViewTest.h"
+
 #include "app/LedgerSession.h"
-#include "app/WindowTest.h"
-#include "controls/ListTable.h"
-#include "controls/SortedTable.h"
 #include "platform/Settings.h"
 #include "reports/chart/ucReportChart.h"
-#include "reports/custom/ReportDefinitions.h"
-#include "support/DialogTest.h"
 
 #include <QCheckBox>
-#include <QClipboard>
-#include <QComboBox>
 #include <QDateEdit>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTabBar>
-#include <QToolButton>
+#include <QPushButton>
 #include <QTreeWidget>
 
 namespace corvanta {
 namespace {
-
-class ReportsViewTest : public DialogTest<WindowTest> {
- protected:
-  // Two accounts of pounds, a baker who is paid and a boss who pays.
-  void Start() {
-    OpenPurse();
-    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
-        "VALUES ('Bank',2,17,1000,0)");
-    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (500,'Baker',0)");
-    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (501,'Boss',0)");
-    Add(1, 2, 500, "#01/05/2026#,-20");
-    Add(1, 2, 500, "#02/05/2026#,-9");
-    Add(2, 1, 501, "#02/20/2026#,100");
-    ShowWindow();
-    window_->resize(1400, 900);
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-  }
-  void Add(int account, int category, int payee, const std::string& values) {
-    Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
-        "TransferID,[Date],[Amount],BankChk,BankRec) VALUES (" +
-        std::to_string(account) + "," + std::to_string(category) + ",1," + std::to_string(payee) +
-        ",0,0," + values + ",0,0)");
-  }
-  template <typename Widget>
-  Widget& Get(const char* name) {
-    return WindowTest::Find<Widget>(name);
-  }
-  SortedTable& List() { return Get<SortedTable>("lvReportSelect"); }
-  QTabBar& Tabs() { return Get<QTabBar>("tbReport"); }
-  int Rows() { return List().model()->rowCount(); }
-  std::string Cell(int row, const char* head) {
-    const QAbstractItemModel& model = *List().model();
-    for (int column = 0; column < model.columnCount(); ++column) {
-      if (model.headerData(column, Qt::Horizontal).toString() != QLatin1String(head)) continue;
-      return model.index(row, column).data().toString().toStdString();
-    }
-    return "no such column";
-  }
-  std::string Shown() { return Tabs().count() > 1 ? Tabs().tabText(1).toStdString() : "none"; }
-  // What the click leads to comes once the list is done with it.
-  void ClickRow(int row, int column = 0, Qt::KeyboardModifiers held = {},
-                const std::function<void(QDialog&)>& inDialog = {}) {
-    const QRect cell = List().visualRect(List().model()->index(row, column));
-    QTest::mouseClick(List().viewport(), Qt::LeftButton, held, cell.center());
-    if (inDialog) InNextDialog(inDialog);
-    QApplication::processEvents();
-  }
-  // Of the columns that are shown.
-  std::vector<std::string> Headings() {
-    std::vector<std::string> shown;
-    for (int column = 0; column < List().model()->columnCount(); ++column) {
-      if (List().isColumnHidden(column)) continue;
-      shown.push_back(List().model()->headerData(column, Qt::Horizontal).toString().toStdString());
-    }
-    return shown;
-  }
-};
 
 TEST_F(ReportsViewTest, AReportIsChosenFromItsListAndStandsBehindItsTab) {
   Start();
@@ -219,30 +152,6 @@ TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
   EXPECT_EQ(window_->Shown().name, kReportChart);
 }
 
-TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
-  Start();
-  Trigger("mnuReport7");
-  ViewCommand some = window_->Shown();
-  some.report.columns = {"Payee", "Total"};
-  window_->Show(some);
-  const std::string path = machine_.folder.Path("payees.csv");
-  machine_.prompts.ExpectSaveFile("Save File As", path);
-  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
-  Trigger("mnuFileSpreadsheet");
-  const std::string text = ReadFile(path);
-  EXPECT_EQ(text.substr(0, text.find('\r')), "Payee,Total");
-  EXPECT_NE(text.find("Baker,-29"), std::string::npos) << text;
-  // The rows are those of the list, in its order.
-  List().ChooseColumn(0);
-  List().ChooseColumn(0);
-  ASSERT_EQ(Cell(0, "Payee"), "Boss");
-  const std::string sorted = machine_.folder.Path("sorted.csv");
-  machine_.prompts.ExpectSaveFile("Save File As", sorted);
-  machine_.prompts.ExpectTell("File Export", ScriptedPrompts::kAnyText);
-  Trigger("mnuFileSpreadsheet");
-  EXPECT_LT(ReadFile(sorted).find("Boss"), ReadFile(sorted).find("Baker"));
-}
-
 TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
   Start();
   Trigger("mnuReport5");
@@ -281,201 +190,6 @@ TEST_F(ReportsViewTest, TheDaysAreInForceAsTheyWereLeft) {
   EXPECT_EQ(WindowTest::Setting("SetReportDate"), "0");
 }
 
-TEST_F(ReportsViewTest, RowsSortByValueAboveTheirTotalsAndAreSearchedAndCopied) {
-  Start();
-  Trigger("mnuReport7");
-  ASSERT_EQ(Rows(), 3);
-  List().ChooseColumn(List().model()->columnCount() - 3);  // Expense or so
-  List().ChooseColumn(0);
-  EXPECT_EQ(Cell(0, "Payee"), "Baker");
-  List().ChooseColumn(0);
-  EXPECT_EQ(Cell(0, "Payee"), "Boss");
-  EXPECT_EQ(Cell(2, "Payee"), "Total (GBP)") << "in whatever order";
-  const int total = 4;
-  ASSERT_EQ(List().model()->headerData(total, Qt::Horizontal).toString(), "Total");
-  List().ChooseColumn(total);
-  EXPECT_EQ(Cell(0, "Total"), "-29.00");
-  EXPECT_EQ(Cell(1, "Total"), "100.00");
-  Trigger("mnuEditFind");
-  QTest::keyClicks(QApplication::focusWidget(), "boss");
-  EXPECT_EQ(Rows(), 1);
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-  EXPECT_EQ(Rows(), 3);
-  Trigger("mnuEditSelect");
-  Trigger("mnuEditCopy");
-  EXPECT_EQ(QApplication::clipboard()->text().section('\n', 0, 0),
-            "Payee\tRecords\tIncome\tExpense\tTotal\tCurrency");
-}
-
-TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
-  Start();
-  Trigger("mnuReport7");
-  InNextDialog([](QDialog& dialog) {
-    ASSERT_EQ(dialog.objectName(), "FrmColumns");
-    Click(dialog, "cmdDSelect");
-    auto& list = Find<QListWidget>(dialog, "lvColumns");
-    for (const char* name : {"Payee", "Total"}) {
-      list.findItems(QLatin1String(name), Qt::MatchExactly).front()->setCheckState(Qt::Checked);
-    }
-    Click(dialog, "cmdAccept");
-  });
-  Trigger("mnuReportColumns");
-  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
-  ClickRow(0);
-  Trigger("mnuViewBack");
-  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
-  ViewCommand filtered = window_->Shown();
-  filtered.rows.SetKeys(FilterKind::Payee, {500});
-  window_->Show(filtered);
-  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", " Bread ");
-  Trigger("mnuReportSave");
-  const auto read = ReportDefinitions(machine_.registry).Find("Bread");
-  ASSERT_TRUE(read);
-  EXPECT_EQ(read->definition.report, 7);
-  EXPECT_EQ(read->definition.columns, (std::vector<std::string>{"Payee", "Total"}));
-  EXPECT_EQ(read->definition.widths.size(), 2U);
-  EXPECT_FALSE(read->definition.range);
-  Trigger("mnuFilterNone");
-  Trigger("mnuReport1");
-  EXPECT_EQ(Headings().size(), 5U);
-  InNextDialog([](QDialog& dialog) {
-    ASSERT_EQ(dialog.objectName(), "FrmReport");
-    Click(dialog, "cmdAccept");
-  });
-  Trigger("mnuReportCustom");
-  EXPECT_EQ(Shown(), "Spending by Payee");
-  EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
-  EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
-  EXPECT_EQ(Cell(0, "Payee"), "Baker");
-  EXPECT_EQ(Rows(), 2);
-  // It stands in the list of reports, too.
-  auto& list = Get<QTreeWidget>("tvReports");
-  EXPECT_EQ(list.topLevelItem(1)->child(0)->text(0), "Bread");
-}
-
-TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
-  Start();
-  ReportDefinition gone;
-  gone.name = "Gone";
-  gone.report = 7;
-  gone.filter.SetKeys(FilterKind::Account, {77});
-  ReportDefinitions(machine_.registry).Save(gone);
-  InNextDialog([](QDialog& dialog) { Click(dialog, "cmdAccept"); });
-  machine_.prompts.ExpectTell("Open Custom Report", ScriptedPrompts::kAnyText);
-  Trigger("mnuReportCustom");
-  EXPECT_EQ(Shown(), "Spending by Payee");
-  EXPECT_EQ(Rows(), 0);
-  Trigger("mnuViewRefresh");
-  EXPECT_EQ(Rows(), 0);
-  EXPECT_EQ(ReportDefinitions(machine_.registry).Find("Gone")->definition, gone);
-  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Still");
-  Trigger("mnuReportSave");
-  EXPECT_TRUE(ReportDefinitions(machine_.registry)
-                  .Find("Still")
-                  ->definition.filter.IsSet(FilterKind::Account))
-      << "or it would be of all";
-  Trigger("mnuReport7");
-  EXPECT_EQ(Rows(), 3) << "the report itself is of all";
-}
-
-TEST_F(ReportsViewTest, AFigureSaysWhatItIsMadeOfAndLeadsToTheRegister) {
-  Start();
-  Trigger("mnuReport7");
-  ASSERT_EQ(Cell(0, "Payee"), "Baker");
-  List().setCurrentIndex(List().model()->index(0, 4));
-  InNextDialog([](QDialog& dialog) {
-    ASSERT_EQ(dialog.objectName(), "FrmExplain");
-    auto& list = Find<ListTable>(dialog, "lvExplain");
-    EXPECT_EQ(list.model()->rowCount(), 2);
-    EXPECT_TRUE(Find<QLabel>(dialog, "lblSum").text().contains("-29.00"));
-    QTest::keyClick(&list, Qt::Key_Return);
-  });
-  QTest::keyClick(&List(), Qt::Key_F8);
-  EXPECT_EQ(window_->Shown().name, kTransactionShow);
-  EXPECT_EQ(window_->Shown().accountId, 1);
-  Trigger("mnuViewBack");
-  EXPECT_EQ(Shown(), "Spending by Payee");
-  EXPECT_EQ(window_->Shown().name, kReportSelected);
-  // Ctrl and a click on the figure ask the same.
-  bool isAsked = false;
-  ClickRow(0, 4, Qt::ControlModifier,
-           [&](QDialog& dialog) { isAsked = dialog.objectName() == "FrmExplain"; });
-  EXPECT_TRUE(isAsked);
-  EXPECT_EQ(Shown(), "Spending by Payee");
-  // How many there are is no money.
-  std::string sum;
-  ClickRow(1, 1, Qt::ControlModifier,
-           [&](QDialog& dialog) { sum = Find<QLabel>(dialog, "lblSum").text().toStdString(); });
-  EXPECT_EQ(sum, "1 row makes 1");
-}
-
-TEST_F(ReportsViewTest, APointOfAChartSaysWhatItIsMadeOf) {
-  Start();
-  for (int payee = 600; payee < 620; ++payee) {
-    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (" + std::to_string(payee) +
-        ",'Shop " + std::to_string(payee) + "',0)");
-    Add(1, 2, payee, "#03/05/2026#,-1");
-  }
-  Trigger("mnuReport7");
-  Tabs().setCurrentIndex(2);
-  auto& chart = Get<QWidget>("chartReport");
-  ASSERT_TRUE(chart.hasFocus()) << "the keys are on the chart";
-  const auto sum = [&] {
-    std::string said;
-    window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
-    InNextDialog([&](QDialog& dialog) {
-      said = Find<QLabel>(dialog, "lblFigure").text().toStdString() + ": " +
-             Find<QLabel>(dialog, "lblSum").text().toStdString();
-    });
-    QTest::keyClick(&chart, Qt::Key_F8);
-    std::erase_if(said, [](char c) { return c < ' ' || c > '~'; });
-    return said;
-  };
-  EXPECT_EQ(sum(), "Spending by Payee: Expense of Baker: 2 rows make -29.00 GBP");
-  QTest::keyClick(&chart, Qt::Key_End);
-  EXPECT_EQ(sum(), "Spending by Payee: Expense of Others (10): 10 rows make -10.00 GBP");
-  // Of a stacked chart the columns of the report stand along the axis.
-  Trigger("mnuReport8");
-  Tabs().setCurrentIndex(2);
-  QTest::keyClick(&chart, Qt::Key_Home);
-  QTest::keyClick(&chart, Qt::Key_Right);
-  EXPECT_EQ(sum(), "Monthly Spending by Payee: February of Baker: 1 row makes -9.00 GBP");
-  QTest::keyClick(&chart, Qt::Key_Return);
-  QApplication::processEvents();
-  EXPECT_EQ(Shown(), "Account Transactions");
-}
-
-TEST_F(ReportsViewTest, FiguresHaveTheirRoomAndTextsShareWhatIsLeft) {
-  Start();
-  const QString name = "A shop with a name that is longer than any column of a list can be made";
-  Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (502,'" + name.toStdString() +
-      "',0)");
-  Add(1, 2, 502, "#02/21/2026#,-123456789.01");
-  window_->resize(1366, 768);
-  Trigger("mnuReport3");
-  QApplication::processEvents();
-  const QAbstractItemModel& model = *List().model();
-  int payee = 0;
-  for (int column = 0; column < model.columnCount(); ++column) {
-    const std::string head = model.headerData(column, Qt::Horizontal).toString().toStdString();
-    if (head == "Payee") payee = column;
-    if (head != "Expense" && head != "Balance") continue;
-    for (int row = 0; row < Rows(); ++row) {
-      const QModelIndex cell = model.index(row, column);
-      QFont font = List().font();
-      if (const QVariant own = cell.data(Qt::FontRole); own.isValid()) font = own.value<QFont>();
-      EXPECT_GE(List().columnWidth(column),
-                QFontMetrics(font).horizontalAdvance(cell.data().toString()))
-          << qPrintable(cell.data().toString());
-    }
-  }
-  EXPECT_LE(List().horizontalHeader()->length(), List().viewport()->width());
-  const int reference = payee + 2;
-  EXPECT_GT(List().columnWidth(payee), List().columnWidth(reference)) << "by what they hold";
-  EXPECT_EQ(model.index(3, payee).data(Qt::ToolTipRole).toString(), name);
-}
-
 TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   Start();
   Trigger("mnuViewReports");
@@ -487,6 +201,32 @@ TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   EXPECT_EQ(Get<QLabel>("lblAccountFilter").text(), "Purse");
   QTest::keyClick(&List(), Qt::Key_Return);
   EXPECT_EQ(window_->Shown().name, kTransactionShow) << "the way ends at the transaction";
+}
+
+TEST_F(ReportsViewTest, TabGoesThroughTheChoicesAsTheyStand) {
+  Start();
+  ViewCommand command{kReportSelected};
+  const auto stops = [&](int report) {
+    command.report.report = report;
+    window_->Show(command);
+    QStringList names;
+    const auto& bar = Get<QWidget>("pnlReport");
+    QWidget* at = &Get<QCheckBox>("chkUnsetR");
+    for (; bar.isAncestorOf(at) && names.size() < 20; at = at->nextInFocusChain()) {
+      const bool isStop = at->isVisible() && !at->isWindow() && at->focusPolicy() != Qt::NoFocus &&
+                          bar.isAncestorOf(at) && !at->objectName().startsWith("qt_");
+      if (isStop) names.append(at->objectName());
+    }
+    return names.join(' ').toStdString();
+  };
+  EXPECT_EQ(stops(13),
+            "chkUnsetR DTPickSRep DTPickERep cmdPeriodsR chkOther DTPickSOther DTPickEOther "
+            "cmdPeriodsOther chkTransfers chkDefaultCurrency cmbCurrencyR chkSubCategories");
+  command.report.whatIf = {{window_->Today().AddDays(3), 1, -5, "One"},
+                           {window_->Today().AddDays(3), 1, -6, "Two"}};
+  EXPECT_EQ(stops(15),
+            "chkUnsetR DTPickSRep DTPickERep cmdPeriodsR chkTransfers chkDefaultCurrency "
+            "cmbCurrencyR cmdWhatIf pceWhatIf0 pceWhatIf1");
 }
 
 }  // namespace

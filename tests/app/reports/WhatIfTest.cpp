@@ -69,6 +69,16 @@ TEST_F(WhatIfTest, APaymentCountsAsLongAsItStandsThere) {
   EXPECT_EQ(FocusOf(*window_), "cmdWhatIf");
 }
 
+TEST_F(WhatIfTest, APaymentOfAnAccountThatIsGoneSaysSo) {
+  Start();
+  ViewCommand forecast{kReportSelected};
+  forecast.report.report = 15;
+  forecast.report.whatIf = {{window_->Today().AddDays(3), 77, -5, {}}};
+  window_->Show(forecast);
+  const QString text = WindowTest::Find<FilterChip>("pceWhatIf0").text();
+  EXPECT_TRUE(text.endsWith("-5.00, an account that is gone")) << qPrintable(text);
+}
+
 TEST_F(WhatIfTest, NonsenseIsRefusedInWordsAndStays) {
   Start();
   InNextDialog([this](QDialog& dialog) {

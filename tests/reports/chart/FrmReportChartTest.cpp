@@ -1,4 +1,5 @@
 #include "platform/Files.h"
+#include "reports/chart/QtChartPlot.h"
 #include "reports/chart/ReportRows.h"
 #include "reports/chart/ucChartView.h"
 #include "reports/chart/ucReportChart.h"
@@ -9,9 +10,11 @@
 #include <QSignalSpy>
 #include <QTest>
 #include <QtCharts/QBarSet>
+#include <QtCharts/QChart>
 #include <QtCharts/QHorizontalBarSeries>
 #include <QtCharts/QLegend>
 #include <QtCharts/QLegendMarker>
+#include <QtCharts/QXYSeries>
 
 #include <gtest/gtest.h>
 
@@ -78,6 +81,23 @@ TEST_F(FrmReportChartTest, AClickOnABarLeadsToItsRow) {
       chart_->chart()->mapToPosition({1.5, 2}, chart_->chart()->series().constFirst());
   QTest::mouseClick(chart_->viewport(), Qt::LeftButton, {}, bar.toPoint());
   EXPECT_EQ(Chosen(), std::vector<std::size_t>{2});
+}
+
+TEST_F(FrmReportChartTest, ALineWithAGapMarksNoOtherPoint) {
+  QChart chart;
+  QtChartPlot plot(machine_.locale, chart);
+  ChartData data;
+  data.kind = ChartKind::Lines;
+  data.categories = {"A", "B", "C"};
+  data.series.emplace_back();
+  data.series.front().points = {ChartPoint{1, 1, {}}, std::nullopt, ChartPoint{3, 3, {}}};
+  plot.Show(data, 600);
+  const auto* line = qobject_cast<QXYSeries*>(chart.series().constFirst());
+  ASSERT_NE(line, nullptr);
+  plot.Mark({0, 2}, true);
+  EXPECT_EQ(line->selectedPoints(), QList<int>{1});
+  plot.Mark({0, 1}, true);
+  EXPECT_TRUE(line->selectedPoints().isEmpty());
 }
 
 TEST_F(FrmReportChartTest, EachCurrencyHasItsChart) {
