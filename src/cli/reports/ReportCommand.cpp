@@ -112,12 +112,15 @@ void ReportCommand::TellNotSaved(Session& session) const {
 
 ExitStatus ReportCommand::RunOpen(Session& session) {
   std::vector<std::string> columns;
+  std::string name;
   const auto shown = ShownReport::Run(session, [&](ReportRequest& request, clsCorvanta& ledger) {
-    return saved_.Open(request, columns, ledger, session) &&
+    return saved_.Open(request, columns, name, ledger, session) &&
            arguments_.Apply(request, ledger, session) &&
            arguments_.FillColumns(request.report, columns, session);
   });
-  return shown ? output_.Write(shown->Table(), columns, session) : ExitStatus::Refused;
+  if (!shown) return ExitStatus::Refused;
+  shown->SetSavedName(name);
+  return output_.Write(shown->Table(), columns, session);
 }
 
 ExitStatus ReportCommand::RunDelete(Session& session) {

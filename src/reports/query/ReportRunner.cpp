@@ -81,6 +81,7 @@ ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSou
                           [&asked](const std::string& code) { return asked.Rate(code); });
   asked.TellTroubles();
   for (const CurrencyUse& use : rates.Uses()) table.rates.push_back({use.currency, use.rate});
+  if (request.converts) table.convertedInto = request.currency;
   report->Fill({ledger, platform, request, clause, rates, rates.Expression()}, table);
   return table;
 }
