@@ -68,7 +68,10 @@ ExitStatus ReportCommand::Run(Session& session) {
   if (!output_.MayWrite(session)) return ExitStatus::Refused;
   if (save_->Parsed()) return RunSave(session);
   if (open_->Parsed()) return RunOpen(session);
-  if (list_->Parsed() || !arguments_.HasReport()) return PrintList(session);
+  if (list_->Parsed() || !arguments_.HasReport()) {
+    if (!output_.IsFile()) return PrintList(session);
+    return session.Refuse("Report", "--out is of one report: say which, by its name or number.");
+  }
   return RunNamed(session);
 }
 
@@ -106,8 +109,8 @@ ExitStatus ReportCommand::RunSave(Session& session) {
 void ReportCommand::TellNotSaved(Session& session) const {
   const std::vector<std::string> options = arguments_.NotSaved();
   if (options.empty()) return;
-  session.Tell("Save Custom Report",
-               "A saved report does not keep " + Listed(options) + ": give them when you open it.");
+  session.Tell("Save Custom Report", "A saved report does not keep " + Listed(options) +
+                                         ": give that again when you open it.");
 }
 
 ExitStatus ReportCommand::RunOpen(Session& session) {
