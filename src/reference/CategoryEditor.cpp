@@ -3,6 +3,7 @@
 #include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/reference/CategoryPath.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reference/RowOf.h"
@@ -16,7 +17,7 @@ namespace {
 constexpr int kExpense = -1;
 
 std::optional<Warning> CheckBudget(const CategoryForm& form) {
-  if (!form.budget) {
+  if (!form.budget || !(std::abs(*form.budget) <= kLargestAmount)) {
     return Warning{kSaveWarning, "You need to enter a valid Budget", "txtBudget"};
   }
   if (*form.budget == 0) return std::nullopt;

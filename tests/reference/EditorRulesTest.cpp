@@ -102,6 +102,7 @@ TEST_F(EditorRules, OfCategoriesHoldInTheirOrder) {
         kSave,
         "You need to enter a valid Budget",
         "txtBudget"},
+       {{0, "Car", "", -1, 1e14, 5, {}}, kSave, "You need to enter a valid Budget", "txtBudget"},
        {{0, "Car", "", 0, 5, 0, {}},
         kSave,
         "You need to enter a Budget Type, when setting a budget",

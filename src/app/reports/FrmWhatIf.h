@@ -1,7 +1,7 @@
 #pragma once
 
-#include "app/reports/WhatIfForm.h"
 #include "controls/FormDialog.h"
+#include "reports/query/WhatIfForm.h"
 
 #include <optional>
 #include <vector>

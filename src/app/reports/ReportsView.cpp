@@ -23,6 +23,7 @@
 #include "reports/budget/BudgetEditor.h"
 #include "reports/chart/ucReportChart.h"
 #include "reports/print/ReportDialogs.h"
+#include "reports/print/ReportPrint.h"
 #include "reports/query/ReportCatalogue.h"
 
 #include <QAction>
@@ -251,7 +252,7 @@ PrintTable ReportsView::Printed() const {
 
 QString ReportsView::Subject() const {
   const QString rates = Surroundings().status;
-  return rates.isEmpty() ? Details() : Details() + QStringLiteral("  ·  ") + rates;
+  return rates.isEmpty() ? Details() : Details() + QString::fromUtf8(kBetweenDetails) + rates;
 }
 
 std::int64_t ReportsView::RowCount() const {

@@ -9,6 +9,7 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/budget/BudgetEditor.h"
+#include "reports/print/ReportPrint.h"
 
 #include <algorithm>
 #include <utility>
@@ -45,39 +46,17 @@ QString ReportsView::PaymentNames() const {
 QString ReportsView::Details() const {
   QStringList details;
   if (!state_.definition.empty()) details.append(ToQt(state_.definition));
-  const Locale& own = place_.platform.locale;
-  const auto days = [&own](Date from, Date to) {
-    return tr("%1 to %2").arg(ToQt(own.FormatLongDate(from)), ToQt(own.FormatLongDate(to)));
-  };
-  if (report_.periods.size() > 1) {
-    const Period& now = report_.periods[0];
-    const Period& other = report_.periods[1];
-    details.append(
-        tr("%1, compared with %2").arg(days(now.from, now.to), days(other.from, other.to)));
-  } else if (!report_.periods.empty()) {
-    details.append(days(report_.periods[0].from, report_.periods[0].to));
-  } else if (state_.dates) {
-    details.append(days(state_.dates->start, state_.dates->end));
-  } else {
-    details.append(tr("All days"));
-  }
+  std::vector<Period> periods = report_.periods;
+  if (periods.empty() && state_.dates) periods = {{state_.dates->start, state_.dates->end}};
+  details.append(ToQt(DaysText(periods, place_.platform.locale)));
   if (!state_.emptied.empty()) details.append(tr("what it is of is not in this data file"));
-  return details.join(QStringLiteral("  ·  "));
+  return details.join(QString::fromUtf8(kBetweenDetails));
 }
 
 // At which rates the figures were converted.
 ViewSurroundings ReportsView::Surroundings() const {
-  if (page_ == Page::List || !request_.converts) return {};
-  QStringList rates;
-  for (const ReportRate& rate : report_.rates) {
-    // One that is not known leaves the amounts as they are.
-    if (rate.rate == 1 || rate.currency == request_.currency) continue;
-    rates.append(tr("1 %1 = %2 %3")
-                     .arg(ToQt(rate.currency),
-                          ToQt(place_.platform.locale.FormatNumber(rate.rate, 4)),
-                          ToQt(request_.currency)));
-  }
-  return {0, {}, rates.join(QStringLiteral("  "))};
+  if (page_ == Page::List) return {};
+  return {0, {}, ToQt(RatesText(report_, place_.platform.locale))};
 }
 
 ViewCommand ReportsView::Base() const {

@@ -5,13 +5,20 @@
 #include "cli/arguments/Arguments.h"
 #include "cli/arguments/NamedItem.h"
 #include "cli/reports/ShownReport.h"
+#include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/reference/CategoryPath.h"
+#include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/budget/BudgetEditor.h"
+#include "reports/query/Report.h"
 #include "reports/query/ReportCatalogue.h"
+#include "reports/query/ReportClause.h"
+#include "reports/query/ReportRates.h"
+#include "reports/query/ReportRunner.h"
+#include "store/sql/Connection.h"
 
 #include <cmath>
 #include <optional>
@@ -40,20 +47,33 @@ std::optional<NamedItem> FindCategory(clsCorvanta& ledger, const std::string& ty
   return FindItem(items, typed, "Category", "category", session);
 }
 
+// What the report says its plans are in.
+std::string PlanCurrency(clsCorvanta& ledger, const std::string& own) {
+  ReportRequest request;
+  request.report = kBudgetOfMonth;
+  request.currency = own;
+  const ReportClause clause(request);
+  const ReportRates rates(ledger.Store(), MakeReport(request.report)->Currencies(clause), own,
+                          [](const std::string&) { return 1.0; });
+  return rates.Home();
+}
+
 }  // namespace
 
 Parser* BudgetCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand("budget", "Show the budget of a month; plan a category");
   command->AllowCommand();
-  set_ = command->AddCommand("set", "Plan a category by the month, from now on");
+  set_ = command->AddCommand("set", "Plan a category by the month, for every month");
   set_->AddOption("category", category_, "Category, or Category:SubCategory")->Required();
   set_->AddOption("amount", amount_, "How much a month")->Required()->Check(NumberFault);
   clear_ = command->AddCommand("clear", "Plan nothing of a category any more");
   clear_->AddOption("category", category_, "Category, or Category:SubCategory")->Required();
-  command->AddOption("--month", month_, "The month (default: this one)")
-      ->TypeName("YYYY-MM")
-      ->Check(MonthFault);
+  Argument* month = command->AddOption("--month", month_, "The month (default: this one)")
+                        ->TypeName("YYYY-MM")
+                        ->Check(MonthFault);
   arguments_.DeclareFilters(*command);
+  arguments_.ExcludeFirstDay(*month);
+  arguments_.ExcludeLastDay(*month);
   arguments_.DeclareColumns(*command);
   output_.Declare(*command);
   return command;
@@ -81,12 +101,16 @@ ExitStatus BudgetCommand::RunPlan(Session& session) {
   const auto category = FindCategory(ledger, category_, session);
   if (!category) return ExitStatus::Refused;
   BudgetEditor editor(ledger);
-  const BudgetForm form{category->key, clear_->Parsed() ? 0 : NumberOf(amount_)};
+  const Locale& own = session.Machine().locale;
+  const std::string code = PlanCurrency(ledger, own.CurrencyCode());
+  const double typed = clear_->Parsed() ? 0 : NumberOf(amount_);
+  const BudgetForm form{category->key, RoundToCurrency(typed, code)};
   if (const auto warning = editor.Check(form)) return session.Refuse(warning->title, warning->text);
   const bool isChanged = editor.Save(form);
-  const std::string amount = session.Machine().locale.FormatNumber(std::abs(*form.amount), 2);
-  const std::string plan = *form.amount == 0 ? "no plan" : "a plan of " + amount + " a month";
-  session.Tell(kTitle, "\"" + category->name + "\" has " + plan + (isChanged ? "" : " already"));
+  const double amount = std::abs(*form.amount);
+  const std::string plan = "a plan of " + own.FormatNumber(amount, CurrencyDecimals(code)) + " " +
+                           code + " a month" + (isChanged ? "" : " already");
+  session.Tell(kTitle, "\"" + category->name + "\" has " + (amount == 0 ? "no plan" : plan));
   return ExitStatus::Done;
 }
 

@@ -14,10 +14,11 @@ namespace corvanta::inline cli {
 
 Parser* ForecastCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand("forecast", "Show the balances of the days to come");
-  command->AddOption("--until", until_, "Its last day (default: in three months)")
-      ->TypeName("YYYY-MM-DD")
-      ->Check(DateFault);
+  Argument* until = command->AddOption("--until", until_, "Its last day (default: in three months)")
+                        ->TypeName("YYYY-MM-DD")
+                        ->Check(DateFault);
   arguments_.DeclareFilters(*command);
+  arguments_.ExcludeLastDay(*until);
   arguments_.DeclareColumns(*command);
   output_.Declare(*command);
   return command;
@@ -34,9 +35,9 @@ ExitStatus ForecastCommand::Run(Session& session) {
   std::vector<std::string> columns;
   const auto shown = ShownReport::Run(session, [&](ReportRequest& request, clsCorvanta& ledger) {
     request.report = kBalanceForecast;
-    if (!arguments_.Apply(request, ledger, session)) return false;
     if (until) request.range = Period{today, *until};
-    return arguments_.FillColumns(request.report, columns, session);
+    return arguments_.Apply(request, ledger, session) &&
+           arguments_.FillColumns(request.report, columns, session);
   });
   return shown ? output_.Write(shown->Table(), columns, session) : ExitStatus::Refused;
 }

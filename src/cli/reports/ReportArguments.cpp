@@ -138,12 +138,20 @@ void ReportArguments::DeclareNames(Parser& command) {
 
 void ReportArguments::DeclareDays(Parser& command) {
   const auto add = [&command](const char* name, std::string& value, const char* text) {
-    command.AddOption(name, value, text)->TypeName("YYYY-MM-DD")->Check(DateFault);
+    return command.AddOption(name, value, text)->TypeName("YYYY-MM-DD")->Check(DateFault);
   };
-  add("--from", period_.from, "First day");
-  add("--to", period_.to, "Last day");
+  from_ = add("--from", period_.from, "First day");
+  to_ = add("--to", period_.to, "Last day");
   add("--other-from", otherPeriod_.from, "First day of the period that another one is set beside");
   add("--other-to", otherPeriod_.to, "Last day of it");
+}
+
+void ReportArguments::ExcludeFirstDay(Argument& other) const {
+  other.Excludes(from_);
+}
+
+void ReportArguments::ExcludeLastDay(Argument& other) const {
+  other.Excludes(to_);
 }
 
 bool ReportArguments::FillReport(ReportRequest& request, Session& session) const {
@@ -159,13 +167,14 @@ bool ReportArguments::FillReport(ReportRequest& request, Session& session) const
 }
 
 bool ReportArguments::Apply(ReportRequest& request, clsCorvanta& ledger, Session& session) const {
-  if (!ApplyCurrency(request, ledger, session) || !ApplyNames(request, ledger, session)) {
+  if (!CheckReport(request.report, session) || !ApplyCurrency(request, ledger, session) ||
+      !ApplyNames(request, ledger, session)) {
     return false;
   }
   if (!Trim(text_).empty()) {
     request.filter.SetSearch(ReadSearchText(text_, textOnly_, session.Machine().locale));
   }
-  if (!ApplyDays(request, ledger, session)) return false;
+  if (!ApplyDays(request, ledger, session) || !CheckForecast(request, session)) return false;
   ApplySwitches(request, session);
   return whatIf_.Apply(request, ledger, session);
 }
@@ -268,26 +277,6 @@ bool ReportArguments::FillColumns(int report, std::vector<std::string>& columns,
     columns.push_back(*same);
   }
   return true;
-}
-
-std::vector<std::string> ReportArguments::NotSaved() const {
-  const std::pair<bool, const char*> options[] = {
-      {!paymentTypes_.empty(), "--payment-type"},
-      {textOnly_, "--text-only"},
-      {otherPeriod_.Get().has_value(), "--other-from and --other-to"},
-      {!status_.letters.empty(), "--status"},
-      {closed_, "--closed"},
-      {withoutTransfers_, "--no-transfers"},
-      {fold_, "--fold"},
-      {carries_, "--carry"},
-      {carriesNot_, "--no-carry"},
-      {allCategories_, "--all-categories"},
-      {whatIf_.IsGiven(), "--what-if"}};
-  std::vector<std::string> given;
-  for (const auto& [isGiven, name] : options) {
-    if (isGiven) given.emplace_back(name);
-  }
-  return given;
 }
 
 }  // namespace corvanta::inline cli

@@ -13,6 +13,7 @@ class clsCorvanta;
 
 namespace corvanta::inline cli {
 
+class Argument;
 class Parser;
 class Session;
 
@@ -24,6 +25,10 @@ class ReportArguments {
   // All that it is kept to.
   void DeclareFilters(Parser& command);
   void DeclareColumns(Parser& command);
+  // What says the days in a way of its own cannot be given together with --from or --to. After
+  // DeclareFilters.
+  void ExcludeFirstDay(Argument& other) const;
+  void ExcludeLastDay(Argument& other) const;
 
   [[nodiscard]] bool HasReport() const { return !report_.empty(); }
   // False, told, when there is no such report.
@@ -50,6 +55,13 @@ class ReportArguments {
   [[nodiscard]] bool ApplyDays(ReportRequest& request, clsCorvanta& ledger, Session& session) const;
   void ApplySwitches(ReportRequest& request, Session& session) const;
 
+  // --- Checks (ReportArgumentsChecks.cpp)
+
+  // False, told, when something was given that counts in another report alone.
+  [[nodiscard]] bool CheckReport(int report, Session& session) const;
+  // False, told, when the days of a forecast go on for too long.
+  [[nodiscard]] bool CheckForecast(const ReportRequest& request, Session& session) const;
+
   std::string report_;
   std::vector<std::string> accounts_;
   std::vector<std::string> categories_;
@@ -61,6 +73,8 @@ class ReportArguments {
   std::string text_;
   bool textOnly_ = false;
   PeriodArguments period_;
+  Argument* from_ = nullptr;
+  Argument* to_ = nullptr;
   PeriodArguments otherPeriod_;
   StatusArgument status_;
   bool closed_ = false;

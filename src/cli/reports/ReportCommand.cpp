@@ -68,7 +68,10 @@ ExitStatus ReportCommand::Run(Session& session) {
   if (!output_.MayWrite(session)) return ExitStatus::Refused;
   if (save_->Parsed()) return RunSave(session);
   if (open_->Parsed()) return RunOpen(session);
-  if (list_->Parsed() || !arguments_.HasReport()) return PrintList(session);
+  if (list_->Parsed() || !arguments_.HasReport()) {
+    if (!output_.IsFile()) return PrintList(session);
+    return session.Refuse("Report", "--out is of one report: say which, by its name or number.");
+  }
   return RunNamed(session);
 }
 
@@ -106,18 +109,21 @@ ExitStatus ReportCommand::RunSave(Session& session) {
 void ReportCommand::TellNotSaved(Session& session) const {
   const std::vector<std::string> options = arguments_.NotSaved();
   if (options.empty()) return;
-  session.Tell("Save Custom Report",
-               "A saved report does not keep " + Listed(options) + ": give them when you open it.");
+  session.Tell("Save Custom Report", "A saved report does not keep " + Listed(options) +
+                                         ": give that again when you open it.");
 }
 
 ExitStatus ReportCommand::RunOpen(Session& session) {
   std::vector<std::string> columns;
+  std::string name;
   const auto shown = ShownReport::Run(session, [&](ReportRequest& request, clsCorvanta& ledger) {
-    return saved_.Open(request, columns, ledger, session) &&
+    return saved_.Open(request, columns, name, ledger, session) &&
            arguments_.Apply(request, ledger, session) &&
            arguments_.FillColumns(request.report, columns, session);
   });
-  return shown ? output_.Write(shown->Table(), columns, session) : ExitStatus::Refused;
+  if (!shown) return ExitStatus::Refused;
+  shown->SetSavedName(name);
+  return output_.Write(shown->Table(), columns, session);
 }
 
 ExitStatus ReportCommand::RunDelete(Session& session) {

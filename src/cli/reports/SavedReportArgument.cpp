@@ -37,15 +37,16 @@ bool SavedReportArgument::Save(const ReportRequest& request,
 }
 
 bool SavedReportArgument::Open(ReportRequest& request, std::vector<std::string>& columns,
-                               clsCorvanta& ledger, Session& session) const {
-  const std::optional<std::string> name = Find(session);
-  if (!name) return false;
-  const std::optional<ReadDefinition> read = EditorOf(session).Open(*name);
+                               std::string& name, clsCorvanta& ledger, Session& session) const {
+  const std::optional<std::string> found = Find(session);
+  if (!found) return false;
+  const std::optional<ReadDefinition> read = EditorOf(session).Open(*found);
   if (!read) return false;
   const OpenedDefinition opened = OpenDefinition(*read, ledger.Store(), session.Machine().locale);
   if (!opened.troubles.empty()) session.Tell("Open Custom Report", TroubleText(opened));
   request = MakeRequest(opened);
   columns = opened.definition.columns;
+  name = *found;
   return true;
 }
 

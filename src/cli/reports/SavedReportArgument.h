@@ -29,10 +29,10 @@ class SavedReportArgument {
   // PlatformError.
   [[nodiscard]] bool Save(const ReportRequest& request, const std::vector<std::string>& columns,
                           bool replaces, clsCorvanta& ledger, Session& session) const;
-  // Fills the request and the columns with what is saved; what of it the data file has no more is
-  // told. False, told, when it cannot be opened. Throws StoreError.
+  // Fills the request and the columns with what is saved, and the name as it was saved; what of it
+  // the data file has no more is told. False, told, when it cannot be opened. Throws StoreError.
   [[nodiscard]] bool Open(ReportRequest& request, std::vector<std::string>& columns,
-                          clsCorvanta& ledger, Session& session) const;
+                          std::string& name, clsCorvanta& ledger, Session& session) const;
   // Asks first. False when it is there still, which has been told where there is none of the name.
   [[nodiscard]] bool Delete(Session& session) const;
 

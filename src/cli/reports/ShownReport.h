@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <string>
 
 namespace corvanta::inline cli {
 
@@ -25,6 +26,8 @@ class ShownReport {
   [[nodiscard]] clsCorvanta& Ledger() { return ledger_; }
   [[nodiscard]] const ReportRequest& Request() const { return request_; }
   [[nodiscard]] const ReportTable& Table() const { return table_; }
+  // It was opened under that name.
+  void SetSavedName(const std::string& name) { table_.savedName = name; }
 
  private:
   ShownReport(DataFile file, Session& session);

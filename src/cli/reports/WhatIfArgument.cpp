@@ -4,7 +4,12 @@
 #include "cli/Session.h"
 #include "cli/arguments/AccountArgument.h"
 #include "cli/arguments/Arguments.h"
+#include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
+#include "platform/Clock.h"
+#include "platform/Platform.h"
+#include "platform/TextCase.h"
+#include "reports/query/WhatIfForm.h"
 
 namespace corvanta::inline cli {
 namespace {
@@ -66,22 +71,29 @@ void WhatIfArgument::Declare(Parser& command) {
 
 bool WhatIfArgument::Apply(ReportRequest& request, clsCorvanta& ledger, Session& session) const {
   const std::vector<std::int64_t>& kept = request.filter.Keys(FilterKind::Account);
+  const Date today = session.Machine().clock.Today();
   for (const std::string& payment : payments_) {
     const Parts parts = PartsOf(payment);
-    WhatIf made{Date::FromIso(parts.day).value_or(Date()), 0, NumberOf(parts.amount), parts.text};
-    if (!parts.account.empty()) {
-      const auto account = AccountArgument{parts.account}.Find(ledger, session);
-      if (!account) return false;
-      made.accountId = account->accountId;
-    } else if (kept.size() == 1) {
-      made.accountId = kept.front();
-    } else {
+    if (parts.account.empty() && kept.size() != 1) {
       session.Tell("Account", "Say which account \"" + payment +
                                   "\" is of (DATE:ACCOUNT:AMOUNT), or keep the forecast to one "
                                   "account with --account.");
       return false;
     }
-    request.whatIf.push_back(std::move(made));
+    const std::string name =
+        parts.account.empty() ? "#" + std::to_string(kept.front()) : parts.account;
+    const auto account = AccountArgument{name}.Find(ledger, session);
+    if (!account) return false;
+    const WhatIf made{Date::FromIso(parts.day).value_or(Date()), account->accountId,
+                      RoundToCurrency(NumberOf(parts.amount), account->currency),
+                      std::string(Trim(parts.text))};
+    std::optional<Warning> warning = CheckWhatIf(FormOf(made), today);
+    if (!warning) warning = CheckCounts(made, *account, request, today);
+    if (warning) {
+      session.Tell(warning->title, "\"" + payment + "\": " + warning->text);
+      return false;
+    }
+    request.whatIf.push_back(made);
   }
   return true;
 }

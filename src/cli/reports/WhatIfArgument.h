@@ -21,7 +21,8 @@ class WhatIfArgument {
  public:
   void Declare(Parser& command);
   [[nodiscard]] bool IsGiven() const { return !payments_.empty(); }
-  // Adds them to the request, whose filter is set; false, told, when an account is not there.
+  // Adds them to the request, whose filter and days are set; false, told, when one is none that its
+  // forecast can count.
   // Throws StoreError.
   [[nodiscard]] bool Apply(ReportRequest& request, clsCorvanta& ledger, Session& session) const;
 

@@ -5,6 +5,7 @@
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/schedules/ScheduleDates.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Settings.h"
 #include "platform/TextCase.h"
 #include "reports/query/ReportCatalogue.h"
@@ -45,7 +46,7 @@ std::optional<BudgetForm> BudgetEditor::Load(const ReportRequest& request, const
 }
 
 std::optional<Warning> BudgetEditor::Check(const BudgetForm& form) {
-  if (!form.amount || !std::isfinite(*form.amount)) {
+  if (!form.amount || !(std::abs(*form.amount) <= kLargestAmount)) {
     return Warning{kSaveWarning, "You need to enter a valid Budget", kField};
   }
   if (!Category(form.categoryId)) {

@@ -27,8 +27,8 @@ struct BudgetForm {
   std::optional<double> amount = 0;
 };
 
-// The rules behind the plans on the page of a month's budget. A plan holds for every month: it is
-// the category's budget, which is for each month from then on, whatever its period was. Operations
+// The rules behind the plans on the page of a month's budget. A plan holds for every month of
+// the year, those before it, too: it is the category's budget, whatever its period was. Operations
 // throw StoreError.
 class BudgetEditor {
  public:

@@ -2,6 +2,7 @@
 
 #include "ledger/Money.h"
 #include "reports/chart/ChartRows.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportTable.h"
 
 #include <algorithm>
@@ -222,36 +223,36 @@ void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& row
   };
   const SeriesRule expense{"Expense", Expense, Measure::MoneyOut};
   switch (report.report) {
-    case 1:
+    case kAccountSummary:
       return sorted({{"Balance", Total}});
-    case 2:
+    case kCashFlow:
       return AddRows(chart, rows,
                      std::vector<SeriesRule>{
                          {"Income", Income}, expense, {"Total", Total, Measure::AsItStands, true}});
-    case 3:
+    case kAccountTransactions:
       chart.kind = ChartKind::Lines;
       return AddDays(chart, rows, {"Balance"});
-    case 4:
+    case kBudgets:
       return sorted(
           {{"Budget", Budget, Measure::WithFirst}, {"Actual", Total, Measure::WithFirst}});
-    case 5:
-    case 7:
-    case 9:
+    case kSpendingByCategory:
+    case kSpendingByPayee:
+    case kSpendingByPaymentType:
       return sorted({expense});
-    case 6:
-    case 8:
+    case kMonthlySpendingByCategory:
+    case kMonthlySpendingByPayee:
       chart.kind = ChartKind::Stacked;
       return AddMonths(chart, rows);
-    case 10:
+    case kInvestmentGains:
       return sorted({{"Total", Total}, {"Gain", Other}});
-    case 11:
+    case kInvestmentTransactions:
       return;
-    case 13:
+    case kTwoPeriods:
       return sorted({{"This Period", Total, Measure::WithFirst},
                      {"Other Period", Budget, Measure::WithFirst}});
-    case 14:
+    case kBudgetOfMonth:
       return sorted({{"Plan", Budget, Measure::WithFirst}, {"Actual", Total, Measure::WithFirst}});
-    case 15:
+    case kBalanceForecast:
       return AddAccounts(chart, rows, "Balance");
     default:
       return AddByColumns(chart, report, rows);

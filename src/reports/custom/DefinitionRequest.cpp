@@ -33,7 +33,7 @@ ReportDefinition MakeDefinition(const std::string& name, const ReportRequest& re
   definition.wholeCategories = WholeCategoriesOf(request.filter, store);
   definition.actions = request.actions;
   if (const ReportInfo* info = FindReport(request.report)) {
-    definition.columns = ShownColumns(SplitItems(info->headers), columns);
+    definition.columns = columns.empty() ? ShownColumns(SplitItems(info->headers), {}) : columns;
   }
   definition.widths.resize(definition.columns.size());
   definition.range = request.range;

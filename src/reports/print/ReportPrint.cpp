@@ -103,17 +103,38 @@ void SetWidths(PrintTable& table) {
   if (wished > kWidestPortrait) table.orientation = PrintOrientation::Landscape;
 }
 
-// The days that the figures are of, of a comparison both.
 std::string SubjectOf(const ReportTable& report, const Locale& locale) {
   std::string subject;
-  for (const Period& period : report.periods) {
-    if (!subject.empty()) subject += ", compared with ";
-    subject += locale.FormatLongDate(period.from) + " to " + locale.FormatLongDate(period.to);
+  for (const std::string& part :
+       {report.savedName, DaysText(report.periods, locale), RatesText(report, locale)}) {
+    if (!part.empty()) subject += (subject.empty() ? "" : kBetweenDetails) + part;
   }
   return subject;
 }
 
 }  // namespace
+
+std::string DaysText(const std::vector<Period>& periods, const Locale& locale) {
+  if (periods.empty()) return "All days";
+  std::string text;
+  for (const Period& period : periods) {
+    if (!text.empty()) text += ", compared with ";
+    text += locale.FormatLongDate(period.from) + " to " + locale.FormatLongDate(period.to);
+  }
+  return text;
+}
+
+std::string RatesText(const ReportTable& report, const Locale& locale) {
+  std::string text;
+  if (report.convertedInto.empty()) return text;
+  for (const ReportRate& rate : report.rates) {
+    // One that is not known leaves the amounts as they are.
+    if (rate.rate == 1 || rate.currency == report.convertedInto) continue;
+    text += (text.empty() ? "" : "  ") + ("1 " + rate.currency) + " = " +
+            locale.FormatNumber(rate.rate, 4) + " " + report.convertedInto;
+  }
+  return text;
+}
 
 PrintTable PrintTableOf(const ReportTable& report, const Locale& locale) {
   PrintTable table;

@@ -20,6 +20,7 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr int kYear = 365;
+constexpr int kMostMonths = 120;
 
 // Something that is to come.
 struct Expected {
@@ -38,10 +39,7 @@ struct Outlook {
 };
 
 corvanta::Date EndOf(const ReportRun& run) {
-  const corvanta::Date today = run.platform.clock.Today();
-  // Days that are past have nothing to come.
-  if (run.request.range && run.request.range->to > today) return run.request.range->to;
-  return today.AddMonths(3);
+  return BalanceForecast::EndOf(run.request, run.platform.clock.Today());
 }
 
 std::string RowsOf(std::int64_t account) {
@@ -144,12 +142,22 @@ std::string KeyOf(const Outlook& outlook) {
 
 }  // namespace
 
+corvanta::Date BalanceForecast::Farthest(corvanta::Date today) {
+  return today.AddMonths(kMostMonths);
+}
+
+corvanta::Date BalanceForecast::EndOf(const ReportRequest& request, corvanta::Date today) {
+  // Days that are past have nothing to come.
+  if (!request.range || request.range->to <= today) return today.AddMonths(3);
+  return std::min(request.range->to, Farthest(today));
+}
+
 void BalanceForecast::Fill(const ReportRun& run, ReportTable& table) const {
   const std::vector<Outlook> outlooks = ReadOutlooks(run);
   const std::vector<Expected> expected = ReadExpected(run, outlooks);
   std::map<std::pair<corvanta::Date, std::int64_t>, double> sums;
   for (const Expected& each : expected) sums[{each.day, each.accountId}] += each.amount;
-  const corvanta::Date end = EndOf(run);
+  const corvanta::Date end = EndOf(run.request, run.platform.clock.Today());
   table.periods = {Period{run.platform.clock.Today().AddDays(1), end}};
   for (const Outlook& outlook : outlooks) {
     double balance = outlook.balance;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Date.h"
 #include "reports/query/Report.h"
 
 namespace corvanta::inline reports {
@@ -14,6 +15,11 @@ namespace corvanta::inline reports {
 // Payments that are overdue are expected on the first day. Of the filters accounts alone count.
 class BalanceForecast : public Report {
  public:
+  // The day that its days may reach up to: each has a row for every account.
+  [[nodiscard]] static Date Farthest(Date today);
+  // The last day of the forecast of that request, never behind the farthest one.
+  [[nodiscard]] static Date EndOf(const ReportRequest& request, Date today);
+
   void Fill(const ReportRun& run, ReportTable& table) const override;
   [[nodiscard]] std::vector<ExplainedRow> Explain(const ReportRun& run, const ReportTable& table,
                                                   const ReportRow& row,

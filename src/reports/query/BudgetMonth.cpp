@@ -47,16 +47,16 @@ struct Line {
 std::vector<Line> LinesOf(const ReportRun& run, const std::string& home) {
   const Period month = MonthOf(run);
   std::vector<Line> lines;
-  const BudgetPlans now(run, month);
+  const BudgetPlans now(run, std::vector<Period>{month});
   for (const Plan& plan : now.All()) lines.push_back({plan, 0});
-  for (const Period& before : MonthsBefore(run, month)) {
-    std::size_t line = 0;
-    // The categories are the same in all months.
-    const BudgetPlans plans(run, before);
-    for (const Plan& plan : plans.All()) {
-      if (plan.hasBudget) lines.at(line).carried += plan.budget - plan.ActualIn(home);
-      ++line;
-    }
+  const std::vector<Period> before = MonthsBefore(run, month);
+  if (before.empty()) return lines;
+  std::size_t line = 0;
+  // The categories are the same in all months.
+  const BudgetPlans past(run, before);
+  for (const Plan& plan : past.All()) {
+    if (plan.hasBudget) lines.at(line).carried = plan.budget - plan.ActualIn(home);
+    ++line;
   }
   return lines;
 }
@@ -117,7 +117,7 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   };
   const auto addPlans = [&](const Period& days, int sign) {
     if (row.currency != run.rates.Home()) return;
-    const BudgetPlans plans(run, days);
+    const BudgetPlans plans(run, std::vector<Period>{days});
     for (const Plan& plan : plans.All()) {
       if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
       explained.push_back(Beside("Plan for " + days.from.ToIso().substr(0, 7), plan.category,

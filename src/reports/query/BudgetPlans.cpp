@@ -7,6 +7,7 @@
 #include "store/sql/Recordset.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace corvanta::inline reports {
 
@@ -15,14 +16,15 @@ double Plan::ActualIn(const std::string& currency) const {
   return amount == actual.end() ? 0 : amount->second;
 }
 
-BudgetPlans::BudgetPlans(const ReportRun& run) : BudgetPlans(run, DaysOf(run), run.request.range) {}
+BudgetPlans::BudgetPlans(const ReportRun& run)
+    : BudgetPlans(run, std::vector<Days>{DaysOf(run)}, run.request.range) {}
 
-BudgetPlans::BudgetPlans(const ReportRun& run, const Period& period)
-    : BudgetPlans(run, {period.from, DateDiff("d", period.from, period.to.AddDays(1))}, period) {}
+BudgetPlans::BudgetPlans(const ReportRun& run, const std::vector<Period>& periods)
+    : BudgetPlans(run, DaysOf(periods), Period{periods.front().from, periods.back().to}) {}
 
-BudgetPlans::BudgetPlans(const ReportRun& run, const Days& days,
+BudgetPlans::BudgetPlans(const ReportRun& run, std::vector<Days> days,
                          const std::optional<Period>& period)
-    : run_(run), days_(days) {
+    : run_(run), days_(std::move(days)) {
   ReadBudgets();
   ReadActual(period);
 }
@@ -43,6 +45,14 @@ BudgetPlans::Days BudgetPlans::DaysOf(const ReportRun& run) {
   return {row.Day("FirstDay").value_or(corvanta::Date()), static_cast<int>(row.Int("TotalDays"))};
 }
 
+std::vector<BudgetPlans::Days> BudgetPlans::DaysOf(const std::vector<Period>& periods) {
+  std::vector<Days> days;
+  for (const Period& period : periods) {
+    days.push_back({period.from, DateDiff("d", period.from, period.to.AddDays(1))});
+  }
+  return days;
+}
+
 // Sub-categories may be planned for other periods than their category, so each is taken for itself
 // before they are folded.
 void BudgetPlans::ReadBudgets() {
@@ -60,9 +70,12 @@ void BudgetPlans::ReadBudgets() {
     const double budget = rows.Double("Budget");
     if (budget == 0) continue;
     plan.hasBudget = true;
-    const auto period = PeriodDays(rows.Text("Period"), days_.start);
-    // A budget without a period is meant for as long as the report is.
-    plan.budget += period ? budget * days_.count / *period : budget;
+    const std::string code = rows.Text("Period");
+    for (const Days& days : days_) {
+      const auto period = PeriodDays(code, days.start);
+      // A budget without a period is meant for as long as the report is.
+      plan.budget += period ? budget * days.count / *period : budget;
+    }
   }
 }
 

@@ -35,8 +35,9 @@ class BudgetPlans {
  public:
   // For the days of the report, or where all are shown those that its accounts have rows of.
   explicit BudgetPlans(const ReportRun& run);
-  // For those days.
-  BudgetPlans(const ReportRun& run, const Period& period);
+  // For all of those periods together, of which there is one at least and each follows the one
+  // before it: what is planned is worked out for each by itself.
+  BudgetPlans(const ReportRun& run, const std::vector<Period>& periods);
 
   // By category and sub-category.
   [[nodiscard]] const std::vector<Plan>& All() const { return plans_; }
@@ -46,14 +47,15 @@ class BudgetPlans {
     corvanta::Date start;
     int count = 0;
   };
-  BudgetPlans(const ReportRun& run, const Days& days, const std::optional<Period>& period);
+  BudgetPlans(const ReportRun& run, std::vector<Days> days, const std::optional<Period>& period);
   [[nodiscard]] static Days DaysOf(const ReportRun& run);
+  [[nodiscard]] static std::vector<Days> DaysOf(const std::vector<Period>& periods);
   void ReadBudgets();
   [[nodiscard]] Plan& PlanOf(Recordset& rows);
   void ReadActual(const std::optional<Period>& period);
 
   const ReportRun& run_;
-  Days days_;
+  std::vector<Days> days_;
   std::vector<Plan> plans_;
   std::unordered_map<std::int64_t, std::size_t> placeOf_;
 };

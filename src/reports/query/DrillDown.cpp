@@ -108,25 +108,25 @@ std::optional<DrillStep> DrillDown(clsCorvanta& ledger, const ReportRequest& req
   };
   const DrillStep transactions = Into(request, kAccountTransactions);
   switch (request.report) {
-    case 1:
-    case 15:
+    case kAccountSummary:
+    case kBalanceForecast:
       return WithFilter(transactions, FilterKind::Account, {key},
                         FirstForty(NameOf(store, "Account", "tblAccounts", "AccountID", key)));
-    case 2:
-    case 12:
+    case kCashFlow:
+    case kNetWorth:
       return IntoMonth(request, row);
-    case 4:
-    case 5:
-    case 6:
-    case 13:
-    case 14:
+    case kBudgets:
+    case kSpendingByCategory:
+    case kMonthlySpendingByCategory:
+    case kTwoPeriods:
+    case kBudgetOfMonth:
       return IntoCategory(store, request, key);
-    case 7:
-    case 8:
+    case kSpendingByPayee:
+    case kMonthlySpendingByPayee:
       return WithFilter(transactions, FilterKind::Payee, {key}, FilterLabel({payee(key)}));
-    case 9:
+    case kSpendingByPaymentType:
       return IntoPayment(store, request, key);
-    case 10:
+    case kInvestmentGains:
       return WithFilter(transactions, FilterKind::Investment, {key}, FirstForty(payee(key)));
     case kInvestmentTransactions: {
       const std::int64_t investment =

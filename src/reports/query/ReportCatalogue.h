@@ -25,9 +25,16 @@ struct ReportInfo {
 // ones and those behind them.
 [[nodiscard]] const std::vector<ReportInfo>& ReportCatalogue();
 inline constexpr int kStandardReports = 11;
+inline constexpr int kAccountSummary = 1;
 inline constexpr int kCashFlow = 2;
 inline constexpr int kAccountTransactions = 3;
 inline constexpr int kBudgets = 4;
+inline constexpr int kSpendingByCategory = 5;
+inline constexpr int kMonthlySpendingByCategory = 6;
+inline constexpr int kSpendingByPayee = 7;
+inline constexpr int kMonthlySpendingByPayee = 8;
+inline constexpr int kSpendingByPaymentType = 9;
+inline constexpr int kInvestmentGains = 10;
 inline constexpr int kInvestmentTransactions = 11;
 inline constexpr int kNetWorth = 12;
 inline constexpr int kTwoPeriods = 13;

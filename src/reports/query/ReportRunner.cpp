@@ -31,35 +31,35 @@ const ReportInfo& InfoOf(int number) {
 
 std::unique_ptr<Report> MakeReport(int number) {
   switch (number) {
-    case 1:
+    case kAccountSummary:
       return std::make_unique<AccountSummary>();
-    case 2:
+    case kCashFlow:
       return std::make_unique<MonthlyCashFlow>();
-    case 3:
+    case kAccountTransactions:
       return std::make_unique<AccountTransactions>();
-    case 4:
+    case kBudgets:
       return std::make_unique<BudgetReport>();
-    case 5:
+    case kSpendingByCategory:
       return std::make_unique<SpendingReport>(SpendingBy::Category);
-    case 6:
+    case kMonthlySpendingByCategory:
       return std::make_unique<MonthlyReport>(SpendingBy::Category);
-    case 7:
+    case kSpendingByPayee:
       return std::make_unique<SpendingReport>(SpendingBy::Payee);
-    case 8:
+    case kMonthlySpendingByPayee:
       return std::make_unique<MonthlyReport>(SpendingBy::Payee);
-    case 9:
+    case kSpendingByPaymentType:
       return std::make_unique<SpendingReport>(SpendingBy::PaymentType);
-    case 10:
+    case kInvestmentGains:
       return std::make_unique<InvestmentGains>();
-    case 11:
+    case kInvestmentTransactions:
       return std::make_unique<InvestmentTransactions>();
-    case 12:
+    case kNetWorth:
       return std::make_unique<NetWorth>();
-    case 13:
+    case kTwoPeriods:
       return std::make_unique<PeriodComparison>();
-    case 14:
+    case kBudgetOfMonth:
       return std::make_unique<BudgetMonth>();
-    case 15:
+    case kBalanceForecast:
       return std::make_unique<BalanceForecast>();
     default:
       throw std::invalid_argument("no report of that number");
@@ -81,6 +81,7 @@ ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSou
                           [&asked](const std::string& code) { return asked.Rate(code); });
   asked.TellTroubles();
   for (const CurrencyUse& use : rates.Uses()) table.rates.push_back({use.currency, use.rate});
+  if (request.converts) table.convertedInto = request.currency;
   report->Fill({ledger, platform, request, clause, rates, rates.Expression()}, table);
   return table;
 }

@@ -61,6 +61,8 @@ struct ReportTable {
   // The days that the figures are of; none where they are of all. Of a comparison the other ones
   // stand behind them.
   std::vector<Period> periods = {};
+  std::string convertedInto = {};  // the report currency's code; empty where nothing is converted
+  std::string savedName = {};      // of the saved report that it was opened as; empty for none
 
   // The place of the column of that header; nullopt when there is none.
   [[nodiscard]] std::optional<std::size_t> Column(std::string_view header) const {

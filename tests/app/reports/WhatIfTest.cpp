@@ -1,7 +1,6 @@
 #include "app/LedgerSession.h"
 #include "app/WindowTest.h"
 #include "app/filter/FilterChip.h"
-#include "app/reports/WhatIfForm.h"
 #include "controls/SortedTable.h"
 #include "support/DialogTest.h"
 
@@ -94,27 +93,6 @@ TEST_F(WhatIfTest, NonsenseIsRefusedInWordsAndStays) {
   });
   Press("cmdWhatIf");
   EXPECT_EQ(Expected(), "0.00 100.00");
-}
-
-TEST_F(WhatIfTest, WhatIsAcceptedLiesAheadAndComesToSomething) {
-  const Date today = *Date::FromIso("2026-11-22");
-  WhatIfForm form;
-  form.day = today.AddDays(1);
-  form.accountId = 3;
-  form.amount = 12.5;
-  form.text = " Lamp ";
-  EXPECT_FALSE(CheckWhatIf(form, today));
-  EXPECT_EQ(WhatIfOf(form), (WhatIf{today.AddDays(1), 3, -12.5, "Lamp"}));
-  EXPECT_EQ(WhatIfOf(FormOf(WhatIfOf(form))), WhatIfOf(form));
-  form.day = today;
-  EXPECT_EQ(CheckWhatIf(form, today)->field, "dtWhatIf");
-  form.day = today.AddDays(1);
-  for (const double amount : {0.0, -5.0, 1e14}) {
-    form.amount = amount;
-    EXPECT_EQ(CheckWhatIf(form, today)->field, "txtWhatIfAmount") << amount;
-  }
-  form.accountId = 0;
-  EXPECT_EQ(CheckWhatIf(form, today)->field, "cmbWhatIfAccount");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
 #include "ledger/LedgerTest.h"
+#include "platform/ArithmeticText.h"
 #include "platform/Settings.h"
 #include "reports/budget/BudgetEditor.h"
 #include "reports/query/Explain.h"
@@ -87,8 +88,8 @@ TEST_F(BudgetEditors, TakeOneStepBackAtATime) {
 
 TEST_F(BudgetEditors, RefuseWhatIsNoPlan) {
   const double infinite = std::numeric_limits<double>::infinity();
-  for (const BudgetForm& form :
-       {BudgetForm{9, std::nullopt}, BudgetForm{9, infinite}, BudgetForm{9, std::nan("")}}) {
+  for (const BudgetForm& form : {BudgetForm{9, std::nullopt}, BudgetForm{9, infinite},
+                                 BudgetForm{9, std::nan("")}, BudgetForm{9, 2 * kLargestAmount}}) {
     const auto warning = editor_.Check(form);
     ASSERT_TRUE(warning);
     EXPECT_EQ(warning->text, "You need to enter a valid Budget");

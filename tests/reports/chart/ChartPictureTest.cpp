@@ -103,6 +103,21 @@ TEST(ReportPrint, AReportIsPrintedAsTheLocaleWritesIt) {
   for (const PrintColumn& column : table.columns) EXPECT_GT(column.width, 0);
 }
 
+TEST(ReportPrint, PaperSaysWhatTheReportIsOf) {
+  const FixedLocale locale;
+  ReportTable report = PayeeReport(1);
+  EXPECT_EQ(PrintTableOf(report, locale).subject, "All days");
+  const Period month{*Date::FromIso("2026-11-01"), *Date::FromIso("2026-11-30")};
+  report.periods = {month};
+  const std::string days = DaysText(report.periods, locale);
+  EXPECT_EQ(days, locale.FormatLongDate(month.from) + " to " + locale.FormatLongDate(month.to));
+  report.rates = {{"EUR", 1}, {"USD", 0.85}, {"JPY", 1}};
+  EXPECT_EQ(PrintTableOf(report, locale).subject, days) << "nothing is converted";
+  report.convertedInto = "EUR";
+  report.savedName = "Mine";
+  EXPECT_EQ(PrintTableOf(report, locale).subject, "Mine  ·  " + days + "  ·  1 USD = 0.8500 EUR");
+}
+
 // Letters as wide as those of a usual typeface, whose bold digits are the widest.
 class InkSurface : public RecordingSurface {
  public:

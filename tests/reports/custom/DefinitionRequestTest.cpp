@@ -1,5 +1,6 @@
 #include "reports/custom/DefinitionRequest.h"
 #include "reports/custom/ReportColumns.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportTable.h"
 #include "support/TemporaryStore.h"
 
@@ -29,6 +30,14 @@ TEST(DefinitionRequests, KeepWhatASavedReportHolds) {
   EXPECT_EQ(saved.columns, (Names{"Category", "Currency", "Expense", "Income", "Records",
                                   "Sub Category", "Total"}));
   EXPECT_EQ(MakeRequest({saved, {}, {}}), request) << "and comes back as it was";
+}
+
+TEST(DefinitionRequests, KeepThePickedColumnsAlone) {
+  TemporaryStore store;
+  ReportRequest request;
+  request.report = kBudgetOfMonth;
+  const Names picked = {"Category", "Plan"};
+  EXPECT_EQ(MakeDefinition("Plans", request, picked, store.Db()).columns, picked);
 }
 
 TEST(DefinitionRequests, OfWhatIsGoneHaveNoRows) {

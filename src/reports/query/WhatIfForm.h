@@ -9,7 +9,11 @@
 #include <optional>
 #include <string>
 
-namespace corvanta::inline app {
+namespace corvanta::inline ledger {
+struct AccountRow;
+}
+
+namespace corvanta::inline reports {
 
 inline constexpr int kLongestWhatIf = 100;  // characters of its text
 
@@ -27,5 +31,9 @@ struct WhatIfForm {
 // What CheckWhatIf accepts.
 [[nodiscard]] WhatIf WhatIfOf(const WhatIfForm& form);
 [[nodiscard]] WhatIfForm FormOf(const WhatIf& payment);
+// Why what CheckWhatIf accepts, a payment of that account, would count nowhere in the forecast of
+// the request.
+[[nodiscard]] std::optional<Warning> CheckCounts(const WhatIf& payment, const AccountRow& account,
+                                                 const ReportRequest& request, Date today);
 
-}  // namespace corvanta::inline app
+}  // namespace corvanta::inline reports
