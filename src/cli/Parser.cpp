@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <ostream>
+#include <stdexcept>
 #include <utility>
 
 namespace corvanta::inline cli {
@@ -14,6 +15,14 @@ std::vector<Argument> Handles(const std::vector<CLI::Option*>& options) {
   arguments.reserve(options.size());
   for (CLI::Option* option : options) arguments.emplace_back(*option);
   return arguments;
+}
+
+// Without dashes: not every version of the library tells a place from an option of the same name.
+std::vector<std::string> BareNames(const CLI::Option& option) {
+  std::vector<std::string> names = option.get_lnames();
+  names.insert(names.end(), option.get_snames().begin(), option.get_snames().end());
+  if (names.empty()) names.push_back(option.get_name(true));
+  return names;
 }
 
 }  // namespace
@@ -120,6 +129,9 @@ void Parser::AllowCommand() {
 }
 
 Argument* Parser::Keep(CLI::Option* option) {
+  for (const std::string& name : BareNames(*option)) {
+    if (!names_.insert(name).second) throw std::logic_error("Two arguments are called " + name);
+  }
   arguments_.push_back(std::make_unique<Argument>(*option));
   return arguments_.back().get();
 }

@@ -7,6 +7,7 @@
 #include <iosfwd>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -126,6 +127,7 @@ class Parser {
   CLI::App* app_;
   std::vector<std::unique_ptr<Parser>> commands_;
   std::vector<std::unique_ptr<Argument>> arguments_;
+  std::set<std::string> names_;  // of the arguments, without dashes
 };
 
 }  // namespace corvanta::inline cli

@@ -15,7 +15,7 @@ namespace corvanta::inline cli {
 
 Parser* FindCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand("find", "Find transactions by what stands in them");
-  command->AddOption("text", text_, "Words and amounts, all of which a transaction must have")
+  command->AddOption("words", words_, "Words and amounts, all of which a transaction must have")
       ->Required()
       ->Check(EmptyFault);
   command
@@ -30,7 +30,7 @@ ExitStatus FindCommand::Run(Session& session) {
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  const SearchQuery query(text_, session.Machine().locale);
+  const SearchQuery query(words_, session.Machine().locale);
   if (query.IsEmpty()) {
     return session.Refuse("Find", "There is nothing to look for: give a word or an amount.");
   }

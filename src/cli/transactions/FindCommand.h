@@ -16,7 +16,7 @@ class FindCommand : public Command {
   ExitStatus Run(Session& session) override;
 
  private:
-  std::string text_;
+  std::string words_;
   AccountArgument account_;
   PeriodArguments period_;
   FilterArguments filter_;
