@@ -45,9 +45,11 @@ std::optional<ReadDefinition> ReportDefinitions::Find(std::string_view name) con
   const std::optional<std::string> key = KeyOf(Trim(name));
   if (!key) return std::nullopt;
   std::map<std::string, std::string> values;
-  for (const std::string& value : DefinitionValueNames()) {
+  const auto read = [&](const std::string& value) {
     values[value] = registry_.Read(Hive::CurrentUser, PathOf(*key), value).value_or(std::string());
-  }
+  };
+  for (const std::string& value : DefinitionValueNames()) read(value);
+  read(kFurtherValue);
   return DefinitionOf(values);
 }
 
@@ -63,7 +65,11 @@ std::string ReportDefinitions::NewKey() const {
 
 void ReportDefinitions::Save(const ReportDefinition& definition) {
   const std::optional<std::string> known = KeyOf(definition.name);
-  registry_.WriteAll(Hive::CurrentUser, PathOf(known ? *known : NewKey()), ValuesOf(definition));
+  const std::string path = PathOf(known ? *known : NewKey());
+  RegistryValues values = ValuesOf(definition);
+  // Those of the former one go in the same write.
+  if (registry_.Read(Hive::CurrentUser, path, kFurtherValue)) values.try_emplace(kFurtherValue);
+  registry_.WriteAll(Hive::CurrentUser, path, values);
 }
 
 bool ReportDefinitions::Delete(std::string_view name) {
