@@ -129,7 +129,7 @@ class DefinitionReader {
       const char* end = item.data() + item.size();
       const auto [rest, error] = std::from_chars(item.data(), end, key);
       if (error == std::errc() && rest == end) {
-        keys.push_back(key);
+        if (std::ranges::find(keys, key) == keys.end()) keys.push_back(key);
       } else {
         Note("Among its " + std::string(words) + " stands " + Quoted(item) +
              ", which is no identifier. It was left out.");

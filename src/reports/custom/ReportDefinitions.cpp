@@ -5,6 +5,8 @@
 #include "platform/TextCase.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 
 namespace corvanta::inline reports {
 namespace {
@@ -54,11 +56,14 @@ std::optional<ReadDefinition> ReportDefinitions::Find(std::string_view name) con
 }
 
 std::string ReportDefinitions::NewKey() const {
-  int highest = 0;
+  std::int64_t highest = 0;
   for (const std::string& key : registry_.SubKeys(Hive::CurrentUser, kReportsKey)) {
     if (!EqualFolded(std::string_view(key).substr(0, kItem.size()), kItem)) continue;
-    const auto number = ReadWholeNumber(std::string_view(key).substr(kItem.size()));
-    highest = std::max(highest, number.value_or(0));
+    const std::string_view number = std::string_view(key).substr(kItem.size());
+    std::int64_t own = 0;
+    const auto [end, fault] = std::from_chars(number.data(), number.data() + number.size(), own);
+    const bool isWhole = fault == std::errc() && end == number.data() + number.size();
+    if (isWhole) highest = std::max(highest, own);
   }
   return std::string(kItem) + std::to_string(highest + 1);
 }
