@@ -238,6 +238,11 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_EQ(step->request.range, Days("2026-01-01", "2026-01-31"));
   step = into(7, 0);
   ASSERT_TRUE(step);
+  EXPECT_EQ(step->label, "Fund");
+  EXPECT_EQ(step->filter, FilterKind::Investment) << "it is no payee that could be chosen";
+  step = into(7, 1);
+  ASSERT_TRUE(step);
+  EXPECT_EQ(step->label, "Grocer");
   EXPECT_EQ(step->filter, FilterKind::Payee);
   step = into(9, 0);
   ASSERT_TRUE(step && step->setsPaymentTypes);
@@ -274,7 +279,7 @@ TEST_F(Reports, LookIntoTheirRows) {
   for (std::size_t row = 0; row < rows.size(); ++row) {
     EXPECT_EQ(into(4, row).has_value(), rows[row].kind == ReportRowKind::Group) << Text(rows[row]);
   }
-  step = into(8, 0);
+  step = into(8, 1);
   ASSERT_TRUE(step);
   EXPECT_EQ(step->filter, FilterKind::Payee);
   // What has gone since the report was made leads nowhere.
