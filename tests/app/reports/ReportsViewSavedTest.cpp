@@ -1,4 +1,5 @@
 #include "app/reports/ReportsViewTest.h"
+#include "platform/SettingsTable.h"
 #include "reports/custom/ReportDefinitions.h"
 
 #include <QCheckBox>
@@ -41,6 +42,8 @@ TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
   Trigger("mnuFilterNone");
   Trigger("mnuReport1");
   EXPECT_EQ(Headings().size(), 5U);
+  machine_.registry.Write(Hive::CurrentUser, std::string(kReportsKey) + "\\Item1", "Widths",
+                          "333,111");
   InNextDialog([](QDialog& dialog) {
     ASSERT_EQ(dialog.objectName(), "FrmReport");
     Click(dialog, "cmdAccept");
@@ -48,6 +51,7 @@ TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
   Trigger("mnuReportCustom");
   EXPECT_EQ(Shown(), "Spending by Payee");
   EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
+  EXPECT_EQ(List().columnWidth(4), 111) << "as the report has it; names take what is left";
   EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
   EXPECT_EQ(Cell(0, "Payee"), "Baker");
   EXPECT_EQ(Rows(), 2);
