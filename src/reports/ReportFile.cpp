@@ -1,11 +1,13 @@
 #include "reports/ReportFile.h"
 
+#include "platform/ExportWords.h"
 #include "platform/Platform.h"
-#include "platform/PlatformError.h"
+#include "platform/Prompts.h"
 #include "platform/TextCase.h"
 #include "reports/chart/ChartFile.h"
 #include "reports/print/PrintDocument.h"
 #include "reports/print/ReportPrint.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportTable.h"
 #include "reports/sheet/SheetExport.h"
 #include "reports/sheet/SheetTable.h"
@@ -13,12 +15,19 @@
 namespace corvanta::inline reports {
 namespace {
 
-std::string ChartOf(const ReportTable& report, PictureForm form, const Platform& platform) {
+std::optional<std::string> ChartOf(const ReportTable& report, PictureForm form,
+                                   Platform& platform) {
   const ChartData chart = BuildChart(report);
   if (chart.IsEmpty()) {
-    throw PlatformError(
-        "The report has no chart, or no rows to draw one of. Nothing was written. Choose a name "
-        "that ends in .pdf or .xlsx instead.");
+    const ReportInfo* info = FindReport(report.report);
+    const bool hasChart = info != nullptr && info->hasChart;
+    platform.prompts.Tell(
+        kFileExportWarning,
+        hasChart ? "The report has no rows that a chart could be drawn of. Nothing was written."
+                 : "The report \"" + report.name +
+                       "\" has no chart. Nothing was written. Choose a name that ends in .pdf or "
+                       ".xlsx instead.");
+    return std::nullopt;
   }
   return ChartBytes(chart, form, platform.locale);
 }

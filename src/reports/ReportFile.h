@@ -19,8 +19,8 @@ enum class ReportForm { Csv, Xls, Xlsx, Pdf, Svg, Png };
 [[nodiscard]] std::optional<ReportForm> ReportFormOf(std::string_view path);
 
 // The bytes of such a file: the rows as a table or as pages, or for .svg and .png the chart of the
-// currency that most rows are in. nullopt when the person stopped the printing. Throws
-// PlatformError, also for the chart of a report that has none.
+// first currency that has one. nullopt when the person stopped the printing, and, told, for the
+// chart of a report that has none or no rows. Throws PlatformError.
 [[nodiscard]] std::optional<std::string> ReportBytes(const ReportTable& report, ReportForm form,
                                                      Platform& platform);
 

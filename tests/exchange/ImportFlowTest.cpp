@@ -199,6 +199,24 @@ TEST_F(LoneHalves, AreCompletedInOneStepThatCanBeTakenBack) {
   EXPECT_EQ(ledger_.Undo().UndoName(), "File Import");
 }
 
+// A file that comes again brings nothing twice, but what it names can still be completed.
+TEST_F(LoneHalves, OfAnEarlierImportAreCompletedByTheSameFileAgain) {
+  const std::string file =
+      "D13/2/2020\nT-10\nPMove\nL[Savings]\n^\nD14/2/2020\nT20\nPMove\nL[Savings]\n^\n";
+  // That one was found to be none.
+  ledger_.Store().Execute("UPDATE tblTransactions SET CategoryID = 2 WHERE [Amount] = 20");
+  ImportSummary again = ImportBank(file);
+  EXPECT_EQ(again.duplicates, 2U);
+  EXPECT_EQ(again.loneHalves, 1U);
+  ImportEditor editor(ledger_, Machine().Get());
+  EXPECT_EQ(editor.CompleteTransfers(again), 1U);
+  EXPECT_EQ(Rows("Savings"), Texts{"2020-02-13|Transfer|Credit|10||note"});
+  again = ImportBank(file);
+  EXPECT_EQ(again.loneHalves, 0U);
+  EXPECT_TRUE(again.completable.empty());
+  EXPECT_EQ(again.duplicates, 2U) << "each half still answers for its record";
+}
+
 // The question's own cancel, before anything was written: the former step stays.
 TEST_F(ImportFlow, CancellingTheFirstQuestionLeavesEarlierStepsAlone) {
   ImportBank(kThree);

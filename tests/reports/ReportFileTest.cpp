@@ -1,4 +1,3 @@
-#include "platform/PlatformError.h"
 #include "reports/ReportFile.h"
 #include "reports/chart/ReportRows.h"
 #include "support/TestPlatform.h"
@@ -33,9 +32,17 @@ TEST(ReportFile, TheNameSaysWhatIsMadeOfAReport) {
 
 TEST(ReportFile, WhatHasNoChartSaysSo) {
   TestPlatform machine;
-  const ReportTable report =
+  ReportTable report =
       ReportOf(11, "Investment Transactions", {TextColumn("Account"), MoneyColumn("Total")});
-  EXPECT_THROW((void)ReportBytes(report, ReportForm::Svg, machine.Get()), PlatformError);
+  machine.prompts.ExpectTell("File Export Warning",
+                             "The report \"Investment Transactions\" has no chart. Nothing was "
+                             "written. Choose a name that ends in .pdf or .xlsx instead.");
+  EXPECT_FALSE(ReportBytes(report, ReportForm::Svg, machine.Get()));
+  report.report = 2;
+  machine.prompts.ExpectTell(
+      "File Export Warning",
+      "The report has no rows that a chart could be drawn of. Nothing was written.");
+  EXPECT_FALSE(ReportBytes(report, ReportForm::Png, machine.Get()));
   EXPECT_TRUE(ReportBytes(report, ReportForm::Pdf, machine.Get()));
 }
 

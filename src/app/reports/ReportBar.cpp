@@ -36,12 +36,6 @@ QCheckBox* MakeTick(const QString& text, const char* name, const QString& tip, Q
   return tick;
 }
 
-// Whether the rows of the report are categories.
-bool HasSubCategories(int report) {
-  const ReportInfo* info = FindReport(report);
-  return info != nullptr && std::string_view(info->headers).starts_with("Category,");
-}
-
 // The register has the fields of the usual names.
 void Rename(const PeriodBar& period, const std::array<const char*, 4>& names) {
   constexpr std::array kUsual = {"dtpFrom", "dtpTo", "chkUnset", "cmdPeriods"};

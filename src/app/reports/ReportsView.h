@@ -132,6 +132,8 @@ class ReportsView : public QWidget, public MainView {
   // The place among the report's rows; nullopt for none.
   [[nodiscard]] std::optional<std::size_t> RowAt(const QModelIndex& index) const;
   void LookInto(std::size_t row);
+  // Whether looking into the row narrows what is shown.
+  [[nodiscard]] bool LeadsOn(const ReportRow& row) const;
   // The row that the list or the chart is at.
   void LookIntoChosen();
   void ShowInRegister(std::int64_t transactionId);

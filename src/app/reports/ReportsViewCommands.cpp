@@ -58,8 +58,9 @@ void ReportsView::ConnectCommands() {
     const bool explains = (held & Qt::ControlModifier) != 0;
     if (explains && !report_.columns[column].HoldsNumbers()) return;
     if (!explains && plans_->IsPlan(index)) return plans_->EditLater(index);
-    // A row of one transaction is chosen by a click, and opened by two.
-    if (!explains && report_.rows[*row].kind != ReportRowKind::Group) return;
+    // A row of one transaction that leads to no narrower report is chosen by a click, and opened
+    // by two.
+    if (!explains && !LeadsOn(report_.rows[*row])) return;
     // The list is in the middle of its click: its rows must not go yet.
     QMetaObject::invokeMethod(
         this,

@@ -27,6 +27,12 @@ std::optional<std::size_t> ReportsView::RowAt(const QModelIndex& index) const {
   return row < report_.rows.size() ? std::optional(row) : std::nullopt;
 }
 
+// A transaction of an investment leads to all of that one, unless they are what is shown.
+bool ReportsView::LeadsOn(const ReportRow& row) const {
+  if (row.kind != ReportRowKind::Plain) return row.kind == ReportRowKind::Group;
+  return !row.groupKey.empty() && request_.filter.Keys(FilterKind::Investment).size() != 1;
+}
+
 void ReportsView::LookInto(std::size_t place) {
   const ReportRow row = report_.rows.at(place);
   ViewCommand command = Base();

@@ -11,6 +11,7 @@
 #include "reports/custom/DefinitionRequest.h"
 #include "reports/custom/FrmReport.h"
 #include "reports/custom/ReportEditor.h"
+#include "reports/query/ReportCatalogue.h"
 
 #include <utility>
 
@@ -50,6 +51,13 @@ void ReportsView::Open(const ReadDefinition& read) {
   state.definition = definition.name;
   state.dates.reset();
   state.otherDates.reset();
+  state.paymentTypes = definition.paymentTypes;
+  state.withoutTransfers = definition.withoutTransfers;
+  // The choice of a report of payees says nothing about categories.
+  if (HasSubCategories(definition.report)) state.foldsSubCategories = definition.foldsSubCategories;
+  if (definition.otherRange) {
+    state.otherDates = DateRange{definition.otherRange->from, definition.otherRange->to};
+  }
   if (definition.range) state.dates = DateRange{definition.range->from, definition.range->to};
   state.converts = !definition.currency.empty();
   if (state.converts) state.currency = definition.currency;
@@ -90,12 +98,7 @@ void ReportsView::SaveReport() {
 
 QStringList ReportsView::NotSaved() const {
   QStringList lost;
-  if (request_.otherRange) lost.append(tr("Compare with"));
   if (!request_.whatIf.empty()) lost.append(tr("What If"));
-  if (request_.withoutTransfers) lost.append(tr("Leave out transfers"));
-  const bool isOfCategories = !report_.columns.empty() && report_.columns[0].header == "Category";
-  if (request_.foldsSubCategories && isOfCategories) lost.append(tr("Sub-categories"));
-  if (!request_.paymentTypes.empty()) lost.append(tr("Payment types"));
   return lost;
 }
 

@@ -40,19 +40,13 @@ bool ReportArguments::CheckForecast(const ReportRequest& request, Session& sessi
 }
 
 std::vector<std::string> ReportArguments::NotSaved() const {
-  const std::pair<bool, const char*> options[] = {
-      {!paymentTypes_.empty(), "--payment-type"},
-      {textOnly_, "--text-only"},
-      {otherPeriod_.Get().has_value(), "--other-from and --other-to"},
-      {!status_.letters.empty(), "--status"},
-      {closed_, "--closed"},
-      {withoutTransfers_, "--no-transfers"},
-      {fold_, "--fold"},
-      {carries_, "--carry"},
-      {carriesNot_, "--no-carry"},
-      {allCategories_, "--all-categories"},
-      {!currency_.empty() && !converts_, "--currency"},
-      {whatIf_.IsGiven(), "--what-if"}};
+  const std::pair<bool, const char*> options[] = {{!status_.letters.empty(), "--status"},
+                                                  {closed_, "--closed"},
+                                                  {carries_, "--carry"},
+                                                  {carriesNot_, "--no-carry"},
+                                                  {allCategories_, "--all-categories"},
+                                                  {!currency_.empty() && !converts_, "--currency"},
+                                                  {whatIf_.IsGiven(), "--what-if"}};
   std::vector<std::string> given;
   for (const auto& [isGiven, name] : options) {
     if (isGiven) given.emplace_back(name);

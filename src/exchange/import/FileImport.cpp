@@ -95,8 +95,11 @@ bool FileImport::Book(ImportKind kind, std::string_view text, const ImportContex
   }
   context.summary.shortened = context.names.Shortened();
   context.summary.transfers = static_cast<std::size_t>(ledger_.Transfers().LinkImportedTransfers());
+  // A half that an earlier import has left alone can be completed by this one.
+  std::vector<std::int64_t> halves = importer.Halves();
+  halves.insert(halves.end(), plan.KnownHalves().begin(), plan.KnownHalves().end());
   TransferCompletion completion(ledger_);
-  const std::vector<std::int64_t> lone = completion.LoneHalves(importer.Halves());
+  const std::vector<std::int64_t> lone = completion.LoneHalves(halves);
   context.summary.loneHalves = lone.size();
   context.summary.completable = completion.Completable(lone);
   all.Commit();

@@ -105,9 +105,7 @@ std::optional<Fate> ImportPlanner::FateOfCash(const ImportRecord& record,
                                               const RecordValues& values) {
   if (record.isBankId) {
     for (DuplicateIndex::Candidate* row : Former().Find(values.date, values.amount)) {
-      if (row->reference != record.reference) continue;
-      row->isTaken = true;
-      return Fate::Skip;
+      if (row->reference == record.reference) return SkipFor(record, *row);
     }
   }
   const std::vector<DuplicateIndex::Candidate*> candidates = CandidatesOf(record, values);
@@ -118,7 +116,13 @@ std::optional<Fate> ImportPlanner::FateOfCash(const ImportRecord& record,
     if (!books) return std::nullopt;
     if (*books) return Fate::Book;
   }
-  candidate.isTaken = true;
+  return SkipFor(record, candidate);
+}
+
+Fate ImportPlanner::SkipFor(const ImportRecord& record, DuplicateIndex::Candidate& row) {
+  row.isTaken = true;
+  const bool isTransfer = !record.category.account.empty() && record.splits.empty();
+  if (isTransfer) knownHalves_.push_back(row.transactionId);
   return Fate::Skip;
 }
 

@@ -7,6 +7,8 @@
 #include "exchange/import/ImportRecord.h"
 #include "exchange/import/RecordValues.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -34,6 +36,8 @@ class ImportPlanner : public ImportSink {
   [[nodiscard]] const std::vector<Fate>& Fates() const { return fates_; }
   // How many are to be booked.
   [[nodiscard]] std::size_t Booked() const { return booked_; }
+  // The rows of the ledger that answer for records of transfers, in whatever state they are now.
+  [[nodiscard]] const std::vector<std::int64_t>& KnownHalves() const { return knownHalves_; }
   // Whether the person stopped it, which ends the import as a whole.
   [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
 
@@ -50,6 +54,8 @@ class ImportPlanner : public ImportSink {
                                                                      const RecordValues& values);
   [[nodiscard]] std::optional<bool> AskWhetherToBook(const ImportRecord& record,
                                                      const DuplicateIndex::Candidate& candidate);
+  // The row answers for the record.
+  [[nodiscard]] Fate SkipFor(const ImportRecord& record, DuplicateIndex::Candidate& row);
   [[nodiscard]] DuplicateIndex& Former();
 
   ImportContext context_;
@@ -59,6 +65,7 @@ class ImportPlanner : public ImportSink {
   bool isNew_ = false;           // they go into an account that is yet to be made
   std::map<std::int64_t, DuplicateIndex> former_;
   std::vector<Fate> fates_;
+  std::vector<std::int64_t> knownHalves_;
   std::size_t booked_ = 0;
   bool isCancelled_ = false;
 };

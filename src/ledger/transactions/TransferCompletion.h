@@ -22,7 +22,7 @@ class TransferCompletion {
 
   explicit TransferCompletion(clsCorvanta& ledger) : ledger_(ledger) {}
 
-  // Those of the rows that are no halves of a transfer yet.
+  // Those of the rows that name another account and are no halves of a transfer yet.
   [[nodiscard]] std::vector<std::int64_t> LoneHalves(Keys transactionIds);
   // Those of them whose other half can be made: an ordinary row, and an open account of the same
   // currency in which it goes.

@@ -290,6 +290,10 @@ ChartData BuildChart(const ReportTable& report, std::string_view currency) {
 
 ChartData BuildChart(const ReportTable& report) {
   const std::vector<std::string> currencies = ChartCurrencies(report);
+  for (const std::string& currency : currencies) {
+    ChartData chart = BuildChart(report, currency);
+    if (!chart.IsEmpty()) return chart;
+  }
   return BuildChart(report, currencies.empty() ? std::string() : currencies.front());
 }
 

@@ -58,7 +58,7 @@ struct ChartData {
 // on one axis. Small ones of a long list are gathered in the last bar. Without rows, or for a
 // report without a chart, an empty one.
 [[nodiscard]] ChartData BuildChart(const ReportTable& report, std::string_view currency);
-// Of the first currency.
+// Of the first currency that has something to draw: nothing may have been spent in one of them.
 [[nodiscard]] ChartData BuildChart(const ReportTable& report);
 
 }  // namespace corvanta::inline reports

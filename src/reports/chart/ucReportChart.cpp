@@ -70,7 +70,7 @@ void ucReportChart::Show(const ReportTable& report) {
   report_ = report;
   const std::vector<std::string> currencies = ChartCurrencies(report_);
   const bool isKnown = std::ranges::find(currencies, currency_) != currencies.end();
-  if (!isKnown) currency_ = currencies.empty() ? std::string() : currencies.front();
+  if (!isKnown) currency_ = BuildChart(report_).currency;
   {
     const QSignalBlocker quiet(cmbChartCurrency_);
     cmbChartCurrency_->clear();

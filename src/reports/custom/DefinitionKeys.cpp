@@ -24,8 +24,7 @@ KindWords WordsOf(FilterKind kind) {
   return kWords[static_cast<std::size_t>(kind)];
 }
 
-std::string GoneText(FilterKind kind, std::size_t count, bool isAll) {
-  const KindWords words = WordsOf(kind);
+std::string GoneText(const KindWords& words, std::size_t count, bool isAll) {
   std::string text = count == 1
                          ? std::string("One ") + words.one + " that it names is"
                          : std::to_string(count) + ' ' + words.several + " that it names are";
@@ -67,6 +66,18 @@ std::vector<std::int64_t> NamedKeys(FilterKind kind, const ReportDefinition& def
   return keys;
 }
 
+// They stay as they are: where none of them is left, no row has one.
+void NotePaymentTypes(OpenedDefinition& opened, Connection& store) {
+  const std::vector<std::int64_t>& keys = opened.definition.paymentTypes;
+  if (keys.empty()) return;
+  const std::string query =
+      "Select Count(*) from tblPayments WHERE PaymentID IN (" + JoinKeys(keys) + ")";
+  const auto left = static_cast<std::size_t>(store.QueryValue(query).Int());
+  if (left == keys.size()) return;
+  opened.troubles.push_back(
+      GoneText({"payment type", "payment types"}, keys.size() - left, left == 0));
+}
+
 }  // namespace
 
 OpenedDefinition OpenDefinition(const ReadDefinition& read, Connection& store,
@@ -82,7 +93,8 @@ OpenedDefinition OpenDefinition(const ReadDefinition& read, Connection& store,
         std::ranges::count_if(named, [&](std::int64_t key) { return !Has(existing, key); });
     if (existing.empty()) opened.emptied.push_back(kind);
     if (gone > 0) {
-      opened.troubles.push_back(GoneText(kind, static_cast<std::size_t>(gone), existing.empty()));
+      opened.troubles.push_back(
+          GoneText(WordsOf(kind), static_cast<std::size_t>(gone), existing.empty()));
     }
   }
   if (std::string& currency = opened.definition.currency; !currency.empty()) {
@@ -94,7 +106,8 @@ OpenedDefinition OpenDefinition(const ReadDefinition& read, Connection& store,
       currency.clear();
     }
   }
-  filter.SetSearch(ReadSearchText(filter.Search().text, false, locale));
+  NotePaymentTypes(opened, store);
+  filter.SetSearch(ReadSearchText(filter.Search().text, filter.Search().isTextOnly, locale));
   return opened;
 }
 

@@ -21,6 +21,10 @@ ReportRequest MakeRequest(const OpenedDefinition& opened) {
   request.range = definition.range;
   request.currency = definition.currency;
   request.converts = !definition.currency.empty();
+  request.otherRange = definition.otherRange;
+  request.paymentTypes = definition.paymentTypes;
+  request.withoutTransfers = definition.withoutTransfers;
+  request.foldsSubCategories = definition.foldsSubCategories;
   return request;
 }
 
@@ -38,6 +42,10 @@ ReportDefinition MakeDefinition(const std::string& name, const ReportRequest& re
   definition.widths.resize(definition.columns.size());
   definition.range = request.range;
   if (request.converts) definition.currency = request.currency;
+  definition.otherRange = request.otherRange;
+  definition.paymentTypes = request.paymentTypes;
+  definition.withoutTransfers = request.withoutTransfers;
+  definition.foldsSubCategories = request.foldsSubCategories && HasSubCategories(request.report);
   return definition;
 }
 

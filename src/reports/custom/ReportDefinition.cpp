@@ -14,6 +14,7 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr char kMark = '#';
+constexpr int kWidest = 10000;  // pixels of a column
 
 // The value that each list of the filter is kept in, and how it is called.
 struct ListValue {
@@ -54,6 +55,35 @@ std::string DaysText(const std::optional<Period>& range) {
   return kMark + range->from.ToIso() + kMark + range->to.ToIso();
 }
 
+// nullopt for a text that is not of that form.
+std::optional<Period> ReadDaysText(std::string_view text) {
+  const std::size_t second = text.starts_with(kMark) ? text.find(kMark, 1) : text.npos;
+  if (second == text.npos) return std::nullopt;
+  const auto from = Date::FromIso(Trim(text.substr(1, second - 1)));
+  const auto to = Date::FromIso(Trim(text.substr(second + 1)));
+  return from && to ? std::optional(Period{*from, *to}) : std::nullopt;
+}
+
+// The choices of the further value.
+constexpr std::string_view kCompare = "Compare";
+constexpr std::string_view kPayment = "Payment";
+constexpr std::string_view kTransfers = "Transfers";
+constexpr std::string_view kSubCategories = "SubCategories";
+constexpr std::string_view kTextOnly = "TextOnly";
+
+std::string FurtherOf(const ReportDefinition& definition) {
+  std::string text;
+  const auto add = [&text](std::string_view name, const std::string& value) {
+    if (!value.empty()) text += (text.empty() ? "" : ";") + std::string(name) + '=' + value;
+  };
+  add(kCompare, DaysText(definition.otherRange));
+  add(kPayment, JoinKeys(definition.paymentTypes));
+  add(kTransfers, definition.withoutTransfers ? "0" : "");
+  add(kSubCategories, definition.foldsSubCategories ? "0" : "");
+  add(kTextOnly, definition.filter.HasText() && definition.filter.Search().isTextOnly ? "1" : "");
+  return text;
+}
+
 // Reads the values one after the other and notes what it cannot read.
 class DefinitionReader {
  public:
@@ -72,6 +102,7 @@ class DefinitionReader {
     ReadColumns();
     ReadDays();
     ReadCurrency();
+    ReadFurther();
     made.report = label.report != 0 ? label.report : ReportByWords();
     if (made.report == 0) {
       Note(
@@ -89,13 +120,16 @@ class DefinitionReader {
   void Note(const std::string& trouble) { read_.troubles.push_back(trouble); }
 
   [[nodiscard]] std::vector<std::int64_t> Keys(const char* name, const char* words) {
+    return KeysIn(Value(name), words);
+  }
+  [[nodiscard]] std::vector<std::int64_t> KeysIn(std::string_view list, const char* words) {
     std::vector<std::int64_t> keys;
-    for (const std::string& item : SplitItems(Value(name))) {
+    for (const std::string& item : SplitItems(list)) {
       std::int64_t key = 0;
       const char* end = item.data() + item.size();
       const auto [rest, error] = std::from_chars(item.data(), end, key);
       if (error == std::errc() && rest == end) {
-        keys.push_back(key);
+        if (std::ranges::find(keys, key) == keys.end()) keys.push_back(key);
       } else {
         Note("Among its " + std::string(words) + " stands " + Quoted(item) +
              ", which is no identifier. It was left out.");
@@ -120,31 +154,58 @@ class DefinitionReader {
     const std::vector<std::string> columns = SplitItems(Value("Columns"));
     const std::vector<std::string> widths = SplitItems(Value("Widths"));
     for (std::size_t i = 0; i < columns.size(); ++i) {
-      const auto width = i < widths.size() ? ReadWholeNumber(widths[i]) : std::optional(0);
+      auto width = i < widths.size() ? ReadWholeNumber(widths[i]) : std::optional(0);
+      if (width && (*width < 0 || *width >= kWidest)) width.reset();
       if (!IsReportColumn(columns[i])) {
         Note("No report has a column " + Quoted(columns[i]) + ". It was left out.");
         continue;
       }
-      if (!width) Note("The width of the column " + Quoted(columns[i]) + " is no number.");
+      if (!width) Note("The width of the column " + Quoted(columns[i]) + " is none.");
       made.columns.push_back(columns[i]);
       made.widths.push_back(width.value_or(0));
     }
   }
 
   void ReadDays() {
-    std::string_view text = Trim(Value("Date"));
+    const std::string_view text = Trim(Value("Date"));
     if (text.empty()) return;
-    const std::size_t second = text.front() == kMark ? text.find(kMark, 1) : text.npos;
-    if (second != text.npos) {
-      const auto from = Date::FromIso(Trim(text.substr(1, second - 1)));
-      const auto to = Date::FromIso(Trim(text.substr(second + 1)));
-      if (from && to) {
-        read_.definition.range = Period{*from, *to};
-        return;
-      }
-    }
+    read_.definition.range = ReadDaysText(text);
+    if (read_.definition.range) return;
     Note("Its days " + Quoted(text) +
          " cannot be read: they are written like #2026-01-01#2026-12-31. It shows all days.");
+  }
+
+  void ReadFurther() {
+    std::string_view rest = Value(kFurtherValue);
+    while (!rest.empty()) {
+      const std::size_t end = std::min(rest.find(';'), rest.size());
+      const std::string_view item = Trim(rest.substr(0, end));
+      rest.remove_prefix(std::min(end + 1, rest.size()));
+      if (item.empty() || ReadChoice(item)) continue;
+      Note("What it says in " + Quoted(item) + " cannot be read. It was left out.");
+    }
+  }
+  bool ReadChoice(std::string_view item) {
+    ReportDefinition& made = read_.definition;
+    const std::size_t mark = std::min(item.find('='), item.size());
+    const std::string_view name = Trim(item.substr(0, mark));
+    const std::string_view value = Trim(item.substr(std::min(mark + 1, item.size())));
+    const auto isOn = ReadCheck(value);
+    if (name == kPayment) {
+      made.paymentTypes = KeysIn(value, "payment types");
+    } else if (name == kCompare) {
+      made.otherRange = ReadDaysText(value);
+      return made.otherRange.has_value();
+    } else if (name == kTransfers && isOn) {
+      made.withoutTransfers = !*isOn;
+    } else if (name == kSubCategories && isOn) {
+      made.foldsSubCategories = !*isOn;
+    } else if (name == kTextOnly && isOn) {
+      made.filter.SetSearch({made.filter.Search().text, *isOn});
+    } else {
+      return false;
+    }
+    return true;
   }
 
   // The code alone, or what stands in the list of currencies: "Pound (GBP)".
@@ -198,6 +259,8 @@ std::map<std::string, std::string> ValuesOf(const ReportDefinition& definition) 
   values["Widths"] = JoinItems(widths);
   values["Date"] = DaysText(definition.range);
   values["Currency"] = definition.currency;
+  const std::string further = FurtherOf(definition);
+  if (!further.empty()) values[kFurtherValue] = further;
   return values;
 }
 

@@ -26,12 +26,20 @@ struct ReportDefinition {
   std::vector<int> widths;           // theirs, in pixels; 0 for one that fills what is left
   std::optional<Period> range;       // the days it keeps to
   std::string currency;              // the code that it converts into; empty: it does not
+  // Choices that the thirteen values have no place for. That the text is kept to the rows
+  // themselves is one of them, too.
+  std::optional<Period> otherRange = {};        // that a comparison sets beside the days
+  std::vector<std::int64_t> paymentTypes = {};  // their keys; none: all
+  bool withoutTransfers = false;
+  bool foldsSubCategories = false;
 
   bool operator==(const ReportDefinition&) const = default;
 };
 
 // The thirteen values that a definition is kept as. Beside the name stands the report's number
-// ("Food#5"); the days are "#2026-01-01#2026-12-31"; lists are separated by commas.
+// ("Food#5"); the days are "#2026-01-01#2026-12-31"; lists are separated by commas. Where there are
+// choices without a place among them, a further value holds these:
+// "Compare=#2025-01-01#2025-12-31;Payment=1,3;Transfers=0;SubCategories=0;TextOnly=1".
 [[nodiscard]] std::map<std::string, std::string> ValuesOf(const ReportDefinition& definition);
 
 // A definition that was read, and what of its values could not be, in sentences for a person.
@@ -51,6 +59,8 @@ struct ReportLabel {
 };
 [[nodiscard]] ReportLabel ReadReportLabel(std::string_view value);
 
+// What the choices beside the thirteen values are kept in.
+inline constexpr const char* kFurtherValue = "Further";
 // The names of the thirteen values.
 [[nodiscard]] const std::vector<std::string>& DefinitionValueNames();
 

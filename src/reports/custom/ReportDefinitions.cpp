@@ -5,6 +5,8 @@
 #include "platform/TextCase.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 
 namespace corvanta::inline reports {
 namespace {
@@ -45,25 +47,34 @@ std::optional<ReadDefinition> ReportDefinitions::Find(std::string_view name) con
   const std::optional<std::string> key = KeyOf(Trim(name));
   if (!key) return std::nullopt;
   std::map<std::string, std::string> values;
-  for (const std::string& value : DefinitionValueNames()) {
+  const auto read = [&](const std::string& value) {
     values[value] = registry_.Read(Hive::CurrentUser, PathOf(*key), value).value_or(std::string());
-  }
+  };
+  for (const std::string& value : DefinitionValueNames()) read(value);
+  read(kFurtherValue);
   return DefinitionOf(values);
 }
 
 std::string ReportDefinitions::NewKey() const {
-  int highest = 0;
+  std::int64_t highest = 0;
   for (const std::string& key : registry_.SubKeys(Hive::CurrentUser, kReportsKey)) {
     if (!EqualFolded(std::string_view(key).substr(0, kItem.size()), kItem)) continue;
-    const auto number = ReadWholeNumber(std::string_view(key).substr(kItem.size()));
-    highest = std::max(highest, number.value_or(0));
+    const std::string_view number = std::string_view(key).substr(kItem.size());
+    std::int64_t own = 0;
+    const auto [end, fault] = std::from_chars(number.data(), number.data() + number.size(), own);
+    const bool isWhole = fault == std::errc() && end == number.data() + number.size();
+    if (isWhole) highest = std::max(highest, own);
   }
   return std::string(kItem) + std::to_string(highest + 1);
 }
 
 void ReportDefinitions::Save(const ReportDefinition& definition) {
   const std::optional<std::string> known = KeyOf(definition.name);
-  registry_.WriteAll(Hive::CurrentUser, PathOf(known ? *known : NewKey()), ValuesOf(definition));
+  const std::string path = PathOf(known ? *known : NewKey());
+  RegistryValues values = ValuesOf(definition);
+  // Those of the former one go in the same write.
+  if (registry_.Read(Hive::CurrentUser, path, kFurtherValue)) values.try_emplace(kFurtherValue);
+  registry_.WriteAll(Hive::CurrentUser, path, values);
 }
 
 bool ReportDefinitions::Delete(std::string_view name) {

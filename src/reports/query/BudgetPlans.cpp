@@ -10,6 +10,48 @@
 #include <utility>
 
 namespace corvanta::inline reports {
+namespace {
+
+// The budgets of categories, each with its period, and those of whole categories, which take the
+// period that comes last in the alphabet.
+constexpr const char* kEachBudget =
+    "Select CategoryID, Category, SubCategory, SUM(Type*Budget) as Budget, Period FROM tblCategory "
+    "C LEFT JOIN tblPeriods Per  ON C.PeriodId = Per.PeriodID ";
+constexpr const char* kEachOrder =
+    " Group by CategoryID, Category, SubCategory, Period Order by Category, SubCategory";
+constexpr const char* kWholeBudget =
+    "Select Max(CategoryID) as CategoryID, Category, '' as SubCategory, SUM(Type*Budget) as "
+    "Budget, Max(Period) as Period FROM tblCategory C LEFT JOIN tblPeriods Per  ON C.PeriodId = "
+    "Per.PeriodID ";
+constexpr const char* kWholeOrder = " Group by Category Order by Category";
+
+// Whether of each whole category that period is the one of all that is planned in it. Otherwise 80
+// a month and 600 a year would be 680 a year.
+bool HaveOnePeriodEach(Connection& store, const std::string& some) {
+  struct Periods {
+    std::optional<std::string> planned;
+    std::string last;
+  };
+  std::unordered_map<std::string, Periods> periods;
+  Recordset rows = store.OpenRecordset(
+      "Select Category, Budget, Period FROM tblCategory C LEFT JOIN tblPeriods Per  ON C.PeriodId "
+      "= Per.PeriodID " +
+      some);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    Periods& own = periods[FoldCase(rows.Text("Category"))];
+    const std::string period = rows.Text("Period");
+    own.last = std::max(own.last, period);
+    if (rows.Double("Budget") == 0) continue;
+    if (own.planned.value_or(period) != period) return false;
+    own.planned = period;
+  }
+  return std::ranges::all_of(periods, [](const auto& each) {
+    const Periods& own = each.second;
+    return own.planned.value_or(own.last) == own.last;
+  });
+}
+
+}  // namespace
 
 double Plan::ActualIn(const std::string& currency) const {
   const auto amount = actual.find(currency);
@@ -53,17 +95,16 @@ std::vector<BudgetPlans::Days> BudgetPlans::DaysOf(const std::vector<Period>& pe
   return days;
 }
 
-// Sub-categories may be planned for other periods than their category, so each is taken for itself
+// Where sub-categories are planned for other periods than their category, each is taken for itself
 // before they are folded.
 void BudgetPlans::ReadBudgets() {
   const std::string some =
       run_.request.filter.IsSet(FilterKind::Category)
           ? "WHERE CategoryID IN (" + run_.request.filter.List(FilterKind::Category) + ")"
           : std::string();
-  Recordset rows = run_.Store().OpenRecordset(
-      "Select CategoryID, Category, SubCategory, SUM(Type*Budget) as Budget, Period FROM "
-      "tblCategory C LEFT JOIN tblPeriods Per  ON C.PeriodId = Per.PeriodID " +
-      some + " Group by CategoryID, Category, SubCategory, Period Order by Category, SubCategory");
+  const bool isWhole = run_.request.foldsSubCategories && HaveOnePeriodEach(run_.Store(), some);
+  Recordset rows = run_.Store().OpenRecordset(isWhole ? kWholeBudget + some + kWholeOrder
+                                                      : kEachBudget + some + kEachOrder);
   for (; !rows.Eof(); rows.MoveNext()) {
     Plan& plan = PlanOf(rows);
     placeOf_[rows.Int("CategoryID")] = static_cast<std::size_t>(&plan - plans_.data());
@@ -76,6 +117,20 @@ void BudgetPlans::ReadBudgets() {
       // A budget without a period is meant for as long as the report is.
       plan.budget += period ? budget * days.count / *period : budget;
     }
+  }
+  if (isWhole) PlaceSubCategories(some);
+}
+
+void BudgetPlans::PlaceSubCategories(const std::string& some) {
+  std::unordered_map<std::string, std::size_t> places;
+  for (std::size_t place = 0; place < plans_.size(); ++place) {
+    places[FoldCase(plans_[place].category)] = place;
+  }
+  Recordset rows =
+      run_.Store().OpenRecordset("Select CategoryID, Category FROM tblCategory C " + some);
+  for (; !rows.Eof(); rows.MoveNext()) {
+    const auto place = places.find(FoldCase(rows.Text("Category")));
+    if (place != places.end()) placeOf_[rows.Int("CategoryID")] = place->second;
   }
 }
 

@@ -51,6 +51,8 @@ class BudgetPlans {
   [[nodiscard]] static Days DaysOf(const ReportRun& run);
   [[nodiscard]] static std::vector<Days> DaysOf(const std::vector<Period>& periods);
   void ReadBudgets();
+  // Where whole categories were read: which of them each category is of.
+  void PlaceSubCategories(const std::string& some);
   [[nodiscard]] Plan& PlanOf(Recordset& rows);
   void ReadActual(const std::optional<Period>& period);
 

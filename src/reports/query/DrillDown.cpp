@@ -106,6 +106,11 @@ std::optional<DrillStep> DrillDown(clsCorvanta& ledger, const ReportRequest& req
   const auto payee = [&store](std::int64_t id) {
     return NameOf(store, "Payee", "tblPayees", "PayeeID", id);
   };
+  // An investment stands among the payees of transactions, but not among those of the filter.
+  const auto isInvestment = [&store](std::int64_t id) {
+    const std::string query = "Select Investment from tblPayees WHERE PayeeID = " + SqlNumber(id);
+    return store.QueryValue(query).Int() == 1;
+  };
   const DrillStep transactions = Into(request, kAccountTransactions);
   switch (request.report) {
     case kAccountSummary:
@@ -123,7 +128,9 @@ std::optional<DrillStep> DrillDown(clsCorvanta& ledger, const ReportRequest& req
       return IntoCategory(store, request, key);
     case kSpendingByPayee:
     case kMonthlySpendingByPayee:
-      return WithFilter(transactions, FilterKind::Payee, {key}, FilterLabel({payee(key)}));
+      return WithFilter(transactions,
+                        isInvestment(key) ? FilterKind::Investment : FilterKind::Payee, {key},
+                        FilterLabel({payee(key)}));
     case kSpendingByPaymentType:
       return IntoPayment(store, request, key);
     case kInvestmentGains:

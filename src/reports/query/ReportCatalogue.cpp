@@ -90,6 +90,11 @@ const ReportInfo* FindReport(std::string_view nameOrNumber) {
   return nullptr;
 }
 
+bool HasSubCategories(int report) {
+  const ReportInfo* info = FindReport(report);
+  return info != nullptr && std::string_view(info->headers).starts_with("Category,");
+}
+
 std::vector<ReportColumn> ColumnsOf(const ReportInfo& report) {
   const std::vector<std::string> headers = Split(report.headers);
   const std::vector<std::string> types = Split(report.types);

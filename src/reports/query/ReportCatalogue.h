@@ -45,6 +45,8 @@ inline constexpr std::size_t kPlanColumn = 2;  // of the budget of a month
 [[nodiscard]] const ReportInfo* FindReport(int number);
 // By its name, in whatever case, or its number as digits; nullptr when there is none.
 [[nodiscard]] const ReportInfo* FindReport(std::string_view nameOrNumber);
+// Whether its rows are categories, which may be folded.
+[[nodiscard]] bool HasSubCategories(int report);
 // A column for every header of the list; the lists' last item, which is empty, is none.
 [[nodiscard]] std::vector<ReportColumn> ColumnsOf(const ReportInfo& report);
 // "January" to "December".

@@ -1,6 +1,8 @@
 #include "app/reports/ReportsViewTest.h"
+#include "platform/SettingsTable.h"
 #include "reports/custom/ReportDefinitions.h"
 
+#include <QCheckBox>
 #include <QDateEdit>
 #include <QListWidget>
 #include <QStatusBar>
@@ -40,6 +42,8 @@ TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
   Trigger("mnuFilterNone");
   Trigger("mnuReport1");
   EXPECT_EQ(Headings().size(), 5U);
+  machine_.registry.Write(Hive::CurrentUser, std::string(kReportsKey) + "\\Item1", "Widths",
+                          "333,111");
   InNextDialog([](QDialog& dialog) {
     ASSERT_EQ(dialog.objectName(), "FrmReport");
     Click(dialog, "cmdAccept");
@@ -47,6 +51,7 @@ TEST_F(ReportsViewTest, AReportIsSavedWithAllThatWasChosenAndOpenedAgain) {
   Trigger("mnuReportCustom");
   EXPECT_EQ(Shown(), "Spending by Payee");
   EXPECT_EQ(Headings(), (std::vector<std::string>{"Payee", "Total"}));
+  EXPECT_EQ(List().columnWidth(4), 111) << "as the report has it; names take what is left";
   EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
   EXPECT_EQ(Cell(0, "Payee"), "Baker");
   EXPECT_EQ(Rows(), 2);
@@ -80,7 +85,7 @@ TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
   EXPECT_EQ(Rows(), 3) << "the report itself is of all";
 }
 
-TEST_F(ReportsViewTest, WhatASavedReportDoesNotKeepIsSaidAndLeftBehind) {
+TEST_F(ReportsViewTest, ASavedReportBringsItsOtherChoicesAndNoneOfAnotherOne) {
   Start();
   ViewCommand compared{kReportSelected};
   compared.report.report = 13;
@@ -95,14 +100,34 @@ TEST_F(ReportsViewTest, WhatASavedReportDoesNotKeepIsSaidAndLeftBehind) {
   window_->Show(compared);
   machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Rich");
   Trigger("mnuReportSave");
-  EXPECT_EQ(window_->statusBar()->currentMessage(),
-            "Saved as \"Rich\". A saved report does not keep: Compare with, Leave out transfers");
+  EXPECT_EQ(window_->statusBar()->currentMessage(), "Saved as \"Rich\"");
   // What is opened is compared with the days before its own, not with those of another one.
   InNextDialog([](QDialog& dialog) { Click(dialog, "cmdAccept"); });
   Trigger("mnuReportCustom");
   EXPECT_EQ(window_->Shown().report.definition, "Plain");
   EXPECT_FALSE(window_->Shown().report.otherDates);
   EXPECT_EQ(Get<QDateEdit>("DTPickSOther").date(), QDate(2026, 1, 4));
+  EXPECT_FALSE(Get<QCheckBox>("chkTransfers").isChecked());
+  InNextDialog([](QDialog& dialog) {
+    QTest::keyClick(&Find<QWidget>(dialog, "lvReports"), Qt::Key_Down);
+    Click(dialog, "cmdAccept");
+  });
+  Trigger("mnuReportCustom");
+  EXPECT_EQ(window_->Shown().report.definition, "Rich");
+  EXPECT_EQ(window_->Shown().report.otherDates, compared.report.otherDates);
+  EXPECT_TRUE(Get<QCheckBox>("chkTransfers").isChecked());
+}
+
+TEST_F(ReportsViewTest, WhatASavedReportDoesNotKeepIsSaid) {
+  Start();
+  ViewCommand expected{kReportSelected};
+  expected.report.report = 15;
+  expected.report.whatIf = {{*Date::FromIso("2026-12-24"), 1, -11}};
+  window_->Show(expected);
+  machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", "Future");
+  Trigger("mnuReportSave");
+  EXPECT_EQ(window_->statusBar()->currentMessage(),
+            "Saved as \"Future\". A saved report does not keep: What If");
 }
 
 }  // namespace

@@ -30,6 +30,7 @@ TEST(ChartData, TheLargestComeFirstAndTheSmallOnesAreGathered) {
   EXPECT_FALSE(points.back()->row);
   EXPECT_EQ(BuildChart(report, "USD").categories, Names{"Landlord"});
   EXPECT_TRUE(BuildChart(report, "GBP").IsEmpty());
+  EXPECT_EQ(BuildChart(PayeeReport(0)).currency, "USD") << "no euros were spent";
 }
 
 TEST(ChartData, MonthsStandInTheirOrder) {

@@ -18,6 +18,9 @@ TEST(DefinitionRequests, KeepWhatASavedReportHolds) {
   request.filter.SetKeys(FilterKind::Account, {1});
   request.filter.SetSearch({"food"});
   request.actions = {"Buy"};
+  request.paymentTypes = {2};
+  request.withoutTransfers = true;
+  request.foldsSubCategories = true;
   request.range = Period{*Date::FromIso("2026-01-01"), *Date::FromIso("2026-12-31")};
   request.currency = "GBP";
   const ReportDefinition plain = MakeDefinition(" Mine ", request, {"Total"}, store.Db());

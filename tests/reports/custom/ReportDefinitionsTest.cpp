@@ -85,6 +85,71 @@ TEST_F(ReportDefinitionsTest, ThirteenValuesHoldAReportAndGiveItBack) {
   EXPECT_EQ(definitions_.Find("Plain")->definition, Named("Plain", 2));
 }
 
+TEST_F(ReportDefinitionsTest, AFurtherValueHoldsWhatTheOthersHaveNoPlaceFor) {
+  ReportDefinition rich = Food();
+  rich.otherRange = Period{*Date::FromIso("2025-01-01"), *Date::FromIso("2025-12-31")};
+  rich.paymentTypes = {1, 3};
+  rich.withoutTransfers = true;
+  rich.foldsSubCategories = true;
+  rich.filter.SetSearch({"bread; milk=2", true});
+  definitions_.Save(rich);
+  EXPECT_EQ(Value("Item1", "Further"),
+            "Compare=#2025-01-01#2025-12-31;Payment=1,3;Transfers=0;SubCategories=0;TextOnly=1");
+  EXPECT_EQ(definitions_.Find("Food")->definition, rich);
+  // The thirteen are what they were, and nothing of the former stays.
+  definitions_.Save(Food());
+  EXPECT_EQ(Value("Item1", "Further"), "");
+  EXPECT_EQ(definitions_.Find("Food")->definition, Food());
+  Write("Item1", "Further", "Transfers=maybe; Colour=red;; Payment=1,x,1;SubCategories=0");
+  const ReadDefinition read = *definitions_.Find("Food");
+  ASSERT_EQ(read.troubles.size(), 3U);
+  EXPECT_EQ(read.troubles[0],
+            "What it says in \"Transfers=maybe\" cannot be read. It was left out.");
+  EXPECT_NE(read.troubles[1].find("\"Colour=red\""), std::string::npos);
+  EXPECT_NE(read.troubles[2].find("\"x\", which is no identifier"), std::string::npos);
+  EXPECT_EQ(read.definition.paymentTypes, std::vector<std::int64_t>{1});
+  EXPECT_TRUE(read.definition.foldsSubCategories);
+}
+
+// Each value missing, empty, and of a kind that it cannot be: the report opens all the same.
+TEST_F(ReportDefinitionsTest, NoValueCanKeepAReportFromBeingRead) {
+  const std::string nonsense[] = {"",
+                                  ",",
+                                  ",,,",
+                                  "#",
+                                  "##",
+                                  "#1#",
+                                  "-1",
+                                  "1;2",
+                                  "'",
+                                  "%",
+                                  "|",
+                                  std::string(10000, '9'),
+                                  std::string(10000, ','),
+                                  "\xD7\x90",
+                                  "a\nb",
+                                  "((((",
+                                  "(",
+                                  "1e300",
+                                  "0x10",
+                                  "NULL"};
+  for (const std::string& name : DefinitionValueNames()) {
+    std::map<std::string, std::string> values = ValuesOf(Food());
+    values.erase(name);
+    EXPECT_EQ(DefinitionOf(values).definition.report, name == "Report" ? 0 : 5) << name;
+    for (const std::string& value : nonsense) {
+      values[name] = value;
+      const ReadDefinition read = DefinitionOf(values);
+      const auto& made = read.definition;
+      EXPECT_EQ(made.columns.size(), made.widths.size());
+      for (const int width : made.widths) EXPECT_TRUE(width >= 0 && width < 10000) << value;
+      EXPECT_TRUE(name == "Report" || made.report == 5) << name << ' ' << value;
+      // What was read is what is saved again.
+      EXPECT_EQ(DefinitionOf(ValuesOf(made)).definition.filter, made.filter);
+    }
+  }
+}
+
 TEST_F(ReportDefinitionsTest, ANameIsWrittenOverInItsPlaceAndNumbersOnlyRise) {
   definitions_.Save(Named("One"));
   definitions_.Save(Named("Two"));
@@ -105,6 +170,12 @@ TEST_F(ReportDefinitionsTest, ANameIsWrittenOverInItsPlaceAndNumbersOnlyRise) {
   ASSERT_EQ(all.size(), 6U);
   EXPECT_EQ(all.front().name, "Five");
   EXPECT_EQ(all.front().report, 3);
+  // Higher than anybody saves reports.
+  Write("Item2147483647", "Report", "Last#3");
+  definitions_.Save(Named("Eight"));
+  definitions_.Save(Named("Nine"));
+  EXPECT_EQ(Value("Item2147483648", "Report"), "Eight#1");
+  EXPECT_EQ(Value("Item2147483649", "Report"), "Nine#1");
   // What cannot be written leaves what is there.
   machine_.registry.RefuseWrites(true);
   EXPECT_THROW(definitions_.Save(Named("One", 9)), PlatformError);
@@ -185,7 +256,11 @@ TEST_F(ReportDefinitionsTest, AnotherReportOfTheNameIsReplacedOnlyWhenThePersonS
 }
 
 TEST(ReportColumns, ThePickerTicksExactNamesAndGivesThemInItsOrder) {
-  EXPECT_EQ(AllReportColumns().size(), 42U);
+  EXPECT_EQ(JoinItems(AllReportColumns()),
+            "Account,Action,Actual,April,August,Balance,Budget,Category,Commission,Currency,Date,"
+            "December,Description,Difference,Dividend,Expense,February,Gain,Income,January,July,"
+            "June,Last Price,March,May,Name,November,October,Payee,Payment,Payment Type,Price,"
+            "Quantity,Records,Ref,September,Shares,Status,Sub Category,Symbol,Total,Year/Month");
   ColumnPicker picker({"Total", "Category", "payee"});
   EXPECT_EQ(picker.Columns(), (std::vector<std::string>{"Category", "Total"}));
   for (std::size_t i = 0; i < picker.Count(); ++i) picker.Tick(i, false);
@@ -227,6 +302,10 @@ TEST_F(DefinitionKeysTest, WhatIsGoneIsToldAndLeftOutOfThisRunAlone) {
   EXPECT_EQ(Open(some).definition.currency, "");
   EXPECT_EQ(Open(some).troubles.back(),
             "There is no currency \"QQQ\" in this data file. Amounts are not converted.");
+  some.paymentTypes = {1, 999};
+  EXPECT_EQ(Open(some).troubles.back(),
+            "One payment type that it names is not in this data file any more.");
+  EXPECT_EQ(Open(some).definition.paymentTypes.size(), 2U) << "of the other no row is";
   EXPECT_NE(TroubleText(opened).find("stays as it is until you save it again"), std::string::npos);
 }
 

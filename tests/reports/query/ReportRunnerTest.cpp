@@ -12,6 +12,51 @@
 namespace corvanta {
 namespace {
 
+// The lists go as they stand to saved reports, paper and spreadsheets.
+TEST(ReportCatalogue, HasElevenStandardReports) {
+  struct Standard {
+    const char* name;
+    const char* headers;
+    const char* types;
+  };
+  const Standard standards[] = {
+      {"Account Summary", "Account,Income,Expense,Balance,Currency,", ",N,N,N,,"},
+      {"Monthly Cash Flow", "Year/Month,Income,Expense,Total,Currency,", ",N,N,N,,"},
+      {"Account Transactions",
+       "Account,Date,Payee,Category,Ref,Description,Status,Income,Expense,Balance,Currency",
+       ",D,,,,,,N,N,N,"},
+      {"Budget Report", "Category,Sub Category,Budget,Actual,Difference,Currency,", ",,N,N,N,,"},
+      {"Spending by Category", "Category,Sub Category,Records,Income,Expense,Total,Currency,",
+       ",,N,N,N,N,,"},
+      {"Monthly Spending by Category",
+       "Category,Sub Category,January,February,March,April,May,June,July,August,September,October,"
+       "November,December,Total,Currency,",
+       ",,N,N,N,N,N,N,N,N,N,N,N,N,N,,"},
+      {"Spending by Payee", "Payee,Records,Income,Expense,Total,Currency,", ",N,N,N,N,,"},
+      {"Monthly Spending by Payee",
+       "Payee,January,February,March,April,May,June,July,August,September,October,November,"
+       "December,Total,Currency,",
+       ",,N,N,N,N,N,N,N,N,N,N,N,N,N,,"},
+      {"Spending by Payment Type", "Payment Type,Records,Income,Expense,Total,Currency,",
+       ",N,N,N,N,,"},
+      {"Investment Gains and Losses",
+       "Name,Symbol,Currency,Description,Last Price,Quantity,Total,Gain,", ",,,,N,N,N,N,"},
+      {"Investment Transactions",
+       "Account,Date,Action,Symbol,Description,Dividend,Price,Quantity,Commission,Total,Currency,",
+       ",D,,,,N,N,N,N,N,,"}};
+  EXPECT_STREQ(kReportRoot, "Corvanta Reports");
+  int number = 0;
+  for (const Standard& standard : standards) {
+    const ReportInfo* info = FindReport(++number);
+    ASSERT_NE(info, nullptr);
+    EXPECT_STREQ(info->name, standard.name);
+    EXPECT_STREQ(info->headers, standard.headers);
+    EXPECT_STREQ(info->types, standard.types);
+    EXPECT_EQ(info->hasChart, number != 11) << standard.name;
+  }
+  EXPECT_EQ(number, kStandardReports);
+}
+
 TEST(ReportCatalogue, SplitsItsListsIntoColumns) {
   const auto columns = ColumnsOf(*FindReport(5));
   ASSERT_EQ(columns.size(), 7U) << "what stands behind the last comma is no column";
@@ -60,6 +105,28 @@ TEST(ReportClauses, StandInTheirOrder) {
   EXPECT_EQ(ReportClause(all).Where(Payments::Joined), " WHERE 1 > 0  ");
   EXPECT_EQ(ReportClause(all).AccountCondition(), "");
   EXPECT_EQ(ReportClause(all).WithKeywords("x"), "x") << "no join without a keyword";
+  all.filter.SetSearch({"O'Neil 5%"});
+  EXPECT_EQ(ReportClause(all).Where(Payments::Joined),
+            " WHERE 1 > 0 AND (T.Amount like '%O''Neil 5[%]%' OR T.Description like '%O''Neil "
+            "5[%]%' OR t.Reference like '%O''Neil 5[%]%' OR PP.PAYEE like '%O''Neil 5[%]%' OR "
+            "C.CATEGORY like '%O''Neil 5[%]%' OR C.SUBCATEGORY like '%O''Neil 5[%]%')  ");
+  all.filter.SetSearch({});
+  struct Ticks {
+    StatusFilter status;
+    const char* clause;
+  };
+  const Ticks ticks[] = {{{true, false, false}, " WHERE BankChk = 0 AND BankRec = 0  "},
+                         {{false, true, false}, " WHERE BankChk = 1 AND BankRec = 0  "},
+                         {{false, false, true}, " WHERE BankRec = 1  "},
+                         {{true, true, false}, " WHERE BankRec = 0  "},
+                         {{true, false, true}, " WHERE NOT(BankChk = 1 AND BankRec = 0)  "},
+                         {{false, true, true}, " WHERE NOT(BankChk = 0 AND BankRec = 0)  "},
+                         {{false, false, false}, " WHERE 1 > 0  "}};
+  for (const Ticks& each : ticks) {
+    all.status = each.status;
+    EXPECT_EQ(ReportClause(all).Where(Payments::Joined), each.clause);
+  }
+  all.status = {};
   all.actions = {"Lend"};
   all.range = request.range;
   EXPECT_EQ(ReportClause(all).WhereUntil(ReportClause(all).DayBefore(), Payments::NotJoined),
@@ -171,6 +238,11 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_EQ(step->request.range, Days("2026-01-01", "2026-01-31"));
   step = into(7, 0);
   ASSERT_TRUE(step);
+  EXPECT_EQ(step->label, "Fund");
+  EXPECT_EQ(step->filter, FilterKind::Investment) << "it is no payee that could be chosen";
+  step = into(7, 1);
+  ASSERT_TRUE(step);
+  EXPECT_EQ(step->label, "Grocer");
   EXPECT_EQ(step->filter, FilterKind::Payee);
   step = into(9, 0);
   ASSERT_TRUE(step && step->setsPaymentTypes);
@@ -185,6 +257,66 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_EQ(step->label, "Fund");
   EXPECT_FALSE(into(1, 2)) << "a total";
   EXPECT_FALSE(into(3, 0)) << "has no group";
+  EXPECT_FALSE(into(11, 1)) << "the total of an investment";
+  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+      "(900,'Zoo','Feed',-1,80,6)");
+  AddTransaction(5, 1, "05/05/2026", "-7", "CategoryID = 900");
+  for (const int report : {4, 5, 6}) {
+    const auto rows = Show(report).rows;
+    const auto zoo = std::ranges::find(rows, "900", &ReportRow::groupKey);
+    ASSERT_NE(zoo, rows.end()) << report;
+    step = into(report, static_cast<std::size_t>(zoo - rows.begin()));
+    ASSERT_TRUE(step) << report;
+    EXPECT_EQ(step->request.report, 3);
+    EXPECT_EQ(step->filter, FilterKind::Category);
+    EXPECT_EQ(step->label, "Zoo:Feed");
+    const ReportTable inside = Show(step->request);
+    ASSERT_EQ(inside.rows.size(), 2U) << report;
+    EXPECT_EQ(inside.rows[0].transactionId, 5);
+    EXPECT_EQ(inside.rows[0].cells[3].Text(), "Zoo:Feed");
+  }
+  const auto rows = Show(4).rows;
+  for (std::size_t row = 0; row < rows.size(); ++row) {
+    EXPECT_EQ(into(4, row).has_value(), rows[row].kind == ReportRowKind::Group) << Text(rows[row]);
+  }
+  step = into(8, 1);
+  ASSERT_TRUE(step);
+  EXPECT_EQ(step->filter, FilterKind::Payee);
+  // What has gone since the report was made leads nowhere.
+  const ReportRow gone = Show(5).rows.front();
+  Run("DELETE FROM tblCategory WHERE CategoryID = " + gone.groupKey);
+  ReportRequest request;
+  request.report = 5;
+  EXPECT_FALSE(DrillDown(Ledger(), request, gone));
+}
+
+TEST_F(Reports, FoldBudgetsByThePeriodOfEach) {
+  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+      "(900,'Zoo','Feed',-1,80,6)");
+  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+      "(901,'zoo','Visit',-1,600,11)");
+  AddTransaction(4, 1, "05/05/2026", "-7", "CategoryID = 900");
+  AddTransaction(5, 1, "05/06/2026", "-2", "CategoryID = 901");
+  ReportRequest request;
+  request.report = 4;
+  request.currency = "EUR";
+  request.foldsSubCategories = true;
+  request.range = Days("2026-01-01", "2026-12-31");
+  request.filter.SetKeys(FilterKind::Category, {900, 901});
+  const auto planned = [&] {
+    const ReportTable table = Show(request);
+    EXPECT_EQ(table.rows.size(), 3U);
+    EXPECT_EQ(table.rows[0].groupKey, "901");
+    EXPECT_EQ(table.rows[0].cells[1].Text(), "");
+    EXPECT_EQ(table.rows[0].cells[3].Double(), -9);
+    EXPECT_EQ(table.rows[1].cells[3].Double(), 0) << "nothing is without a plan";
+    return table.rows[0].cells[2].Double();
+  };
+  EXPECT_NEAR(planned(), -80.0 * 365 / 31 - 600, 1e-4);
+  Run("UPDATE tblCategory SET PeriodID = 6 WHERE CategoryID = 901");
+  EXPECT_NEAR(planned(), -680.0 * 365 / 31, 1e-4) << "all by the month";
+  Run("UPDATE tblCategory SET Budget = 0, PeriodID = 11 WHERE CategoryID = 901");
+  EXPECT_NEAR(planned(), -80.0 * 365 / 31, 1e-4) << "whatever the period of what is not planned";
 }
 
 }  // namespace

@@ -223,6 +223,20 @@ TEST_F(ReportStatements, OfBudgets) {
   request_.status = {};
   request_.filter.SetKeys(FilterKind::Account, {});
   Expect(4, {budgets + "WHERE CategoryID IN (9,10) " + order});
+  const std::string whole =
+      "Select Max(CategoryID) as CategoryID, Category, '' as SubCategory, SUM(Type*Budget) as "
+      "Budget, Max(Period) as Period FROM tblCategory C LEFT JOIN tblPeriods Per ON C.PeriodId = "
+      "Per.PeriodID WHERE CategoryID IN (9,10)  Group by Category Order by Category";
+  Run("UPDATE tblCategory SET Budget = 80, PeriodID = 6 WHERE CategoryID IN (9,10)");
+  request_.foldsSubCategories = true;
+  Expect(4, {whole});
+  Run("UPDATE tblCategory SET Budget = 600, PeriodID = 11 WHERE CategoryID = 10");
+  Expect(4, {budgets + "WHERE CategoryID IN (9,10) " + order});
+  // A period that comes later, of what is not planned, would be taken for the others, too.
+  Run("UPDATE tblCategory SET Budget = 0 WHERE CategoryID = 10");
+  Expect(4, {budgets + "WHERE CategoryID IN (9,10) " + order});
+  Run("UPDATE tblCategory SET PeriodID = 4 WHERE CategoryID = 10");
+  Expect(4, {whole});
 }
 
 TEST_F(ReportStatements, OfInvestments) {
@@ -237,6 +251,60 @@ TEST_F(ReportStatements, OfInvestments) {
               investments + " Order By P.Payee"});
   request_.filter.SetKeys(FilterKind::Investment, {9});
   Expect(10, {investments + "AND P.PayeeID IN (9) Order By P.Payee"});
+  request_.filter.SetKeys(FilterKind::Investment, {});
+  const std::string joined =
+      "FROM (((tblPayees AS PP INNER JOIN (tblPayments AS P INNER JOIN (tblCategory AS C INNER "
+      "JOIN tblTransactions AS T ON C.CategoryID = T.CategoryID) ON P.PaymentID = T.PaymentID) ON "
+      "PP.PayeeID = T.PayeeID) INNER JOIN tblAccounts AS A ON T.AccountID = A.AccountID) INNER "
+      "JOIN tblCurrency AS CU ON A.CurrencyId = CU.CurrencyID) ";
+  Expect(11, {"SELECT T.TransactionID, PP.Symbol, T.Dividend,T.Price,T.Shares,T.Commission, "
+              "Amount, T.Date, T.Action, T.Description, C.Category, P.Payment, PP.Payee, "
+              "A.Account, CU.Currency,{X} AS Exchange, PP.PayeeID " +
+              joined +
+              "{F}AND PP.Investment = 1 Order By PP.Payee, PP.PayeeID, [DATE], "
+              "T.TransactionID"});
+}
+
+TEST_F(ReportStatements, OfTheDaysAndAmountsOfBudgets) {
+  Expect(4, {std::string("SELECT SUM(AMOUNT) as sAmount, CU.Currency, {X} AS Exchange, "
+                         "C.CategoryID ") +
+             kFiveJoined + "{F}" + kLines + " GROUP BY Currency, {X}, C.CategoryID"});
+  request_.range.reset();
+  Expect(4, {"SELECT DateDiff('d',Min(T.Date), Max(T.Date)) As TotalDays, Min(T.Date) As FirstDay "
+             "FROM tblTransactions AS T INNER JOIN tblAccounts AS A ON T.AccountID = A.AccountID "
+             "WHERE A.AccountID IN (1) "});
+}
+
+// A keyword is joined by the transactions that have it, each once, and a split that has it itself
+// is shown whole.
+TEST_F(ReportStatements, OfKeywords) {
+  request_.filter.SetKeys(FilterKind::Keyword, {5, 6});
+  const std::string linked =
+      "(Select TransactionID, Min(KeywordID) as KeywordID from tblKeywordLink WHERE KeywordID in "
+      "(5,6) Group by TransactionID) K";
+  const std::string having = "(K.KeywordID IN (5,6)) ";
+  const std::string conditions =
+      " WHERE BankRec = 0 AND CloseAccount <> 1 AND [Date] Between #01/01/2026# AND #01/31/2026 "
+      "23:59:59# AND (T.AccountID IN (1)) AND " +
+      having;
+  const std::string own = "(Select TransactionID from tblKeywordLink WHERE KeywordID in (5,6))";
+  Expect(
+      3,
+      {std::string("SELECT A.Account, T.TransactionID, iif(Amount < 0,Amount,0) as [Expense], "
+                   "iif(Amount >= 0,Amount,0) as [Income], T.Date, T.Action, T.Reference, "
+                   "T.Description, T.BankChk, T.BankRec, T.TransferId, C.Category, C.SubCategory, "
+                   "P.Payment, PP.Payee, CU.Currency, {X} AS Exchange ") +
+       kFiveJoined + "LEFT JOIN " + linked + " ON K.TransactionId = T.TransactionID " + conditions +
+       "AND T.TransactionId NOT IN (select distinct AllocatedItem from tblTransactions "
+       "WHERE AllocatedItem <> 0 AND AllocatedItem NOT IN " +
+       own + ") AND (isNull(T.AllocatedItem) or T.AllocatedItem NOT IN " + own +
+       ") Order by [DATE], T.TransactionID"});
+  std::string joined = kMonthJoined;
+  joined.replace(0, std::string("From ").size(), "From " + linked + " RIGHT JOIN (");
+  Expect(8, {MonthColumns() + "PP.PayeeID, PP.Payee, T.TransferID, CC.Currency, {X} AS Exchange " +
+             joined + ") ON T.TransactionId = K.TransactionID " + conditions +
+             "AND T.AllocatedItem = 0 GROUP BY MONTH(Date), PP.PayeeID, Payee, Currency, "
+             "{X},TransferID ORDER BY Payee, Currency "});
 }
 
 }  // namespace
