@@ -171,6 +171,7 @@ TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
   EXPECT_EQ(Shown(), "Spending by Category");
   EXPECT_TRUE(Get<QCheckBox>("chkTransfers").isChecked());
   EXPECT_FALSE(Get<QCheckBox>("chkSubCategories").isHidden());
+  EXPECT_TRUE(Get<QCheckBox>("chkSubCategories").isChecked()) << "unless they are folded";
   Trigger("mnuViewAll");
   EXPECT_FALSE(window_->Shown().report.withoutTransfers);
   EXPECT_FALSE(window_->Shown().report.dates);
