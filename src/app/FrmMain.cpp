@@ -1,5 +1,6 @@
 #include "app/FrmMain.h"
 
+#include "app/ChangeFollower.h"
 #include "app/EntryCommands.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
@@ -71,6 +72,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectDialogs();
   ConnectSettings();
   ConnectSearch();
+  new ChangeFollower(*this, [this] { Reload(); });
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);
