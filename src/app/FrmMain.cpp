@@ -7,6 +7,7 @@
 #include "app/MainView.h"
 #include "app/MainViews.h"
 #include "app/QtProgress.h"
+#include "app/TabStops.h"
 #include "app/filter/FilterCommands.h"
 #include "app/reminders/ReminderCommands.h"
 #include "app/reminders/RemindersPanel.h"
@@ -107,6 +108,10 @@ QWidget* FrmMain::MakeCentre() {
   rows->addWidget(ribbon_);
   rows->addWidget(columns_, 1);
   return page;
+}
+
+bool FrmMain::focusNextPrevChild(bool next) {
+  return GoToStop(*this, next);
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {

@@ -230,5 +230,26 @@ TEST_F(ReportsViewTest, TabGoesThroughTheChoicesAsTheyStand) {
             "cmbCurrencyR cmdWhatIf pceWhatIf0 pceWhatIf1");
 }
 
+// Nothing between the tree and the list is passed by, and the way back is the same.
+TEST_F(ReportsViewTest, TabReachesEveryFieldOfTheWindowInBothDirections) {
+  Start();
+  Trigger("mnuReport5");
+  const auto walk = [&](Qt::Key key) {
+    QStringList names;
+    Get<QWidget>("tvAccounts").setFocus();
+    do {
+      names.append(QApplication::focusWidget()->objectName());
+      QTest::keyClick(QApplication::focusWidget(), key);
+    } while (names.size() < 99 && QApplication::focusWidget()->objectName() != "tvAccounts");
+    return names;
+  };
+  const QStringList onward = walk(Qt::Key_Tab);
+  for (const char* stop : {"ucCalendar", "txtFind", "cmdFilter", "chkUnsetR", "cmbCurrencyR",
+                           "chkSubCategories", "tbReport", "lvReportSelect"}) {
+    EXPECT_TRUE(onward.contains(QLatin1String(stop))) << stop;
+  }
+  EXPECT_EQ(walk(Qt::Key_Backtab).size(), onward.size());
+}
+
 }  // namespace
 }  // namespace corvanta
