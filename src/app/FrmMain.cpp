@@ -1,11 +1,13 @@
 #include "app/FrmMain.h"
 
+#include "app/ChangeFollower.h"
 #include "app/EntryCommands.h"
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/MainView.h"
 #include "app/MainViews.h"
 #include "app/QtProgress.h"
+#include "app/TabStops.h"
 #include "app/filter/FilterCommands.h"
 #include "app/reminders/ReminderCommands.h"
 #include "app/reminders/RemindersPanel.h"
@@ -71,6 +73,7 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectDialogs();
   ConnectSettings();
   ConnectSearch();
+  new ChangeFollower(*this, [this] { Reload(); });
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);
@@ -105,6 +108,10 @@ QWidget* FrmMain::MakeCentre() {
   rows->addWidget(ribbon_);
   rows->addWidget(columns_, 1);
   return page;
+}
+
+bool FrmMain::focusNextPrevChild(bool next) {
+  return GoToStop(*this, next);
 }
 
 void FrmMain::resizeEvent(QResizeEvent* event) {

@@ -102,6 +102,7 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   void resizeEvent(QResizeEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
 
  private:
   QWidget* MakeCentre();

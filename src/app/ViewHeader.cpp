@@ -1,10 +1,12 @@
 #include "app/ViewHeader.h"
 
 #include "app/search/SearchBox.h"
+#include "controls/Elider.h"
 #include "controls/MutedLabel.h"
 #include "controls/Style.h"
 
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -18,6 +20,8 @@ ViewHeader::ViewHeader(QWidget* parent)
     : QWidget(parent),
       title_(new QLabel(this)),
       details_(new MutedLabel(this)),
+      titleText_(new Elider(*title_)),
+      detailsText_(new Elider(*details_)),
       search_(new SearchBox(this)) {
   title_->setObjectName(QStringLiteral("lblTitle"));
   title_->setFont(ScaledFont(2, QFont::DemiBold));
@@ -30,43 +34,36 @@ ViewHeader::ViewHeader(QWidget* parent)
   column->setSpacing(kRhythm / 4);
   column->addWidget(title_);
   column->addWidget(details_);
-  auto* line = new QHBoxLayout(this);
-  line->setContentsMargins(2 * kRhythm, kRhythm + kRhythm / 2, 2 * kRhythm, kRhythm);
-  line->setSpacing(kRhythm);
-  line->addLayout(column, 1);
-  line->addWidget(search_);
+  line_ = new QHBoxLayout(this);
+  line_->setContentsMargins(2 * kRhythm, kRhythm + kRhythm / 2, 2 * kRhythm, kRhythm);
+  line_->setSpacing(kRhythm);
+  line_->addLayout(column, 1);
+  line_->addWidget(search_);
 }
 
 QString ViewHeader::Title() const {
-  return name_;
+  return titleText_->Text();
 }
 
 int ViewHeader::WantedWidth() const {
   const int usual = kUsualName * title_->fontMetrics().averageCharWidth();
-  return std::min(title_->fontMetrics().horizontalAdvance(name_), usual) + 5 * kRhythm +
+  return std::min(title_->fontMetrics().horizontalAdvance(Title()), usual) + 5 * kRhythm +
          search_->minimumSizeHint().width();
 }
 
 void ViewHeader::Show(const QString& title, const QString& details) {
-  name_ = title;
-  text_ = details;
+  titleText_->SetText(title);
+  detailsText_->SetText(details);
   title_->setToolTip(title);
   details_->setToolTip(details);
-  Elide();
 }
 
-void ViewHeader::Elide() {
-  const auto fit = [](QLabel& label, const QString& text) {
-    const int width = std::max(label.contentsRect().width(), 1);
-    label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, width));
-  };
-  fit(*title_, name_);
-  fit(*details_, text_);
-}
-
-void ViewHeader::resizeEvent(QResizeEvent* event) {
-  QWidget::resizeEvent(event);
-  Elide();
+void ViewHeader::AddBeside(QWidget& button) {
+  if (const auto* field = search_->findChild<QLineEdit*>()) {
+    button.setMinimumHeight(field->sizeHint().height());
+  }
+  line_->addSpacing(kRhythm);
+  line_->addWidget(&button, 0, Qt::AlignTop);
 }
 
 }  // namespace corvanta::inline app

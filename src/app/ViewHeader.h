@@ -2,7 +2,12 @@
 
 #include <QWidget>
 
+class QHBoxLayout;
 class QLabel;
+
+namespace corvanta::inline controls {
+class Elider;
+}
 
 namespace corvanta::inline app {
 
@@ -17,20 +22,18 @@ class ViewHeader : public QWidget {
   void Show(const QString& title, const QString& details);
   [[nodiscard]] QString Title() const;
   [[nodiscard]] SearchBox& Search() const { return *search_; }
+  // Puts a button at the end, on the line of the box.
+  void AddBeside(QWidget& button);
   // What the title and the box need, the title up to a usual name's length.
   [[nodiscard]] int WantedWidth() const;
 
- protected:
-  void resizeEvent(QResizeEvent* event) override;
-
  private:
-  void Elide();
-
-  QString name_;
-  QString text_;
   QLabel* title_;
   QLabel* details_;
+  Elider* titleText_;
+  Elider* detailsText_;
   SearchBox* search_;
+  QHBoxLayout* line_;
 };
 
 }  // namespace corvanta::inline app

@@ -1,5 +1,6 @@
 #include "controls/FormDialog.h"
 
+#include "controls/ChangeNotice.h"
 #include "controls/CommandEdge.h"
 #include "controls/LongText.h"
 #include "controls/MutedLabel.h"
@@ -194,6 +195,11 @@ void FormDialog::FocusOn(QWidget& field) {
 void FormDialog::FocusOn(const std::string& name) {
   if (name.empty()) return;
   if (auto* field = findChild<QWidget*>(ToQt(name))) FocusOn(*field);
+}
+
+void FormDialog::MarkChanged() {
+  isChanged_ = true;
+  TellBehind(*this);
 }
 
 void FormDialog::Note(const QString& text) {

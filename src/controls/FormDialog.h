@@ -77,7 +77,8 @@ class FormDialog : public QuietEnd<QDialog> {
   // The same for the field of that name, where there is one.
   void FocusOn(const std::string& name);
 
-  void MarkChanged() { isChanged_ = true; }
+  // The lists behind follow it.
+  void MarkChanged();
   // A line above the buttons that says what has happened; empty for none.
   void Note(const QString& text);
   // Runs a command of the dialog; what the data file refuses is told, and the fields stay.

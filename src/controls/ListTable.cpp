@@ -110,6 +110,12 @@ bool ListTable::IsLeftOut(int column) const {
   return columns_.at(static_cast<std::size_t>(column)).isLeftOut;
 }
 
+int ListTable::WantedWidth(int column) const {
+  if (!isColumnHidden(column)) return columnWidth(column);
+  const auto place = static_cast<std::size_t>(column);
+  return place < columns_.size() ? NeedOf(columns_[place]).width : 0;
+}
+
 std::size_t ListTable::ShownCount() const {
   return static_cast<std::size_t>(std::ranges::count_if(
       columns_, [](const State& column) { return column.isShown && !column.isLeftOut; }));

@@ -46,6 +46,9 @@ class ListTable : public QTableView {
   // stays.
   void LeaveOut(int column, bool isOut);
   [[nodiscard]] bool IsLeftOut(int column) const;
+  // What a column is wide, or would be if there were room for it, in pixels; 0 for one that is not
+  // wanted.
+  [[nodiscard]] int WantedWidth(int column) const;
 
   // The keys work in the first column also while it is hidden.
   void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

@@ -3,6 +3,7 @@
 #include "controls/QtText.h"
 #include "controls/Style.h"
 #include "platform/Date.h"
+#include "platform/DayMarks.h"
 #include "platform/Locale.h"
 #include "platform/RoundScale.h"
 
@@ -128,17 +129,22 @@ QCategoryAxis* Plot::AxisOf(double from, double to, bool isDay, int steps) const
   auto* axis = new QCategoryAxis;
   axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
   axis->setRange(from, to);
-  const double step =
-      isDay ? std::max(1.0, std::ceil((to - from) / steps)) : RoundStep(to - from, steps);
+  if (isDay) {
+    const auto day = [](double serial) {
+      return Date::FromSerial(static_cast<std::int32_t>(serial));
+    };
+    for (const Date& mark : DayMarks(day(from), day(to), static_cast<std::size_t>(steps))) {
+      axis->append(ToQt(locale_.FormatShortDate(mark)), mark.Serial());
+    }
+    return axis;
+  }
+  const double step = RoundStep(to - from, steps);
   const int decimals = std::max(0, static_cast<int>(-std::floor(std::log10(step))));
   // Counted, as adding up a fraction would drift.
-  const double first = isDay ? from : std::ceil(from / step) * step;
+  const double first = std::ceil(from / step) * step;
   for (int i = 0; first + i * step <= to + step / 1000; ++i) {
     const double value = first + i * step;
-    const std::string label =
-        isDay ? locale_.FormatShortDate(Date::FromSerial(static_cast<std::int32_t>(value)))
-              : locale_.FormatNumber(value, decimals);
-    axis->append(ToQt(label), value);
+    axis->append(ToQt(locale_.FormatNumber(value, decimals)), value);
   }
   return axis;
 }

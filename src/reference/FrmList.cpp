@@ -1,5 +1,6 @@
 #include "reference/FrmList.h"
 
+#include "controls/ChangeNotice.h"
 #include "controls/CommandEdge.h"
 #include "controls/EmptyState.h"
 #include "controls/ListTable.h"
@@ -183,6 +184,7 @@ void FrmList::OpenEditor(std::int64_t key) {
         OpenReferenceEditor(WordsOf(editor_.Kind()).editor, key, {platform_, ledger_, this});
     if (!result.isChanged) return;
     isChanged_ = true;
+    TellBehind(*this);
     Fill(result.savedKey != 0 ? result.savedKey : key);
   });
 }
@@ -197,6 +199,7 @@ void FrmList::Delete() {
     lblNote_->setVisible(!deletion.kept.empty());
     if (!deletion.isChanged) return;
     isChanged_ = true;
+    TellBehind(*this);
     Fill(0);
   });
 }

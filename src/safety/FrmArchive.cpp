@@ -89,10 +89,15 @@ void FrmArchive::MakeList() {
   // The lists' own delegate draws no ticks.
   lvAccounts_->setItemDelegateForColumn(kAccount, new QStyledItemDelegate(lvAccounts_));
   lvAccounts_->setMinimumSize(kListWidth, kListHeight);
+  const int money =
+      fontMetrics().horizontalAdvance(QStringLiteral("-9,999,999.99")) + 2 * kRhythm;
   std::vector<ListTable::Column> columns{{20 * kRhythm, 3, 12 * kRhythm}};
   for (int column = kRows; column < kColumns; ++column) {
     const QString title = model_->horizontalHeaderItem(column)->text();
-    columns.push_back({fontMetrics().horizontalAdvance(title) + 4 * kRhythm, 1, 9 * kRhythm});
+    const int own = fontMetrics().horizontalAdvance(title) + 4 * kRhythm;
+    // No figure in smaller letters than the others.
+    const int figure = column < kOpening ? 9 * kRhythm : money;
+    columns.push_back({std::max(own, figure), 1, figure});
   }
   lvAccounts_->SetColumns(columns);
   AddAbove(lvAccounts_);

@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kListWidth = 60 * kRhythm;
 constexpr int kListHeight = 11 * kRhythm;
-constexpr QSize kComfortable(122 * kRhythm, 64 * kRhythm);
+constexpr QSize kComfortable(131 * kRhythm, 64 * kRhythm);
 
 QLabel* Caption(const QString& text, QWidget& list, QWidget* parent) {
   auto* caption = new QLabel(text, parent);

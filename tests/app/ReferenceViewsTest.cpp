@@ -72,6 +72,27 @@ TEST_F(ReferenceViews, APayeeIsAddedEditedAndDeleted) {
   EXPECT_GE(RowOf(table, "Miller & Son"), 0);
 }
 
+// The dialog stays for the next one; who looks behind it sees what was saved.
+TEST_F(ReferenceViews, TheListBehindFollowsEachSave) {
+  Start("mnuViewPayees");
+  auto& table = Table("lvpayee");
+  const int count = table.model()->rowCount();
+  int behind = 0;
+  QTimer::singleShot(0, qApp, [&] {
+    auto* form = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    ASSERT_NE(form, nullptr);
+    QTest::keyClicks(form->findChild<QLineEdit*>("txtPayee"), "Behind the Dialog");
+    QTest::mouseClick(form->findChild<QPushButton*>("cmdAccept"), Qt::LeftButton);
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(form->isVisible());
+    behind = table.model()->rowCount();
+    form->reject();
+  });
+  Trigger("mnuPayeeNew");
+  EXPECT_EQ(behind, count + 1);
+  EXPECT_EQ(table.currentIndex().row(), RowOf(table, "Behind the Dialog"));
+}
+
 TEST_F(ReferenceViews, APayeeInUseStays) {
   Start("mnuViewPayees");
   auto& table = Table("lvpayee");

@@ -114,5 +114,22 @@ TEST(TotalsLine, OneLongFigureEndsInDots) {
   EXPECT_EQ(line.Printed().size(), 2U) << "each in a line of its own";
 }
 
+TEST(TotalsLine, FiguresOfManyCurrenciesAreWholeInSomeRows) {
+  QWidget window;
+  TotalsLine line(&window);
+  window.resize(1300, 200);
+  window.show();
+  const QStringList figures = {"Total (EUR): -110,960.00", "Total (USD): 21,590.35",
+                               "Total (JPY): 446,804.00", "Total (GBP): 17,503.50"};
+  line.Show(QStringLiteral("10 accounts"), figures, false);
+  auto& label = *line.findChild<QLabel*>("lblBalance");
+  line.resize(460, 100);
+  QCoreApplication::processEvents();
+  for (const QString& figure : figures) EXPECT_TRUE(label.text().contains(figure));
+  EXPECT_GT(label.text().count(u'\n'), 0);
+  EXPECT_GE(label.width(), label.sizeHint().width());
+  EXPECT_EQ(line.findChild<QLabel*>("lblRows")->text(), "10 accounts");
+}
+
 }  // namespace
 }  // namespace corvanta

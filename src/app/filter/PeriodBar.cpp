@@ -114,8 +114,9 @@ void PeriodBar::SetInForce(bool inForce) {
 
 void PeriodBar::SetBelow(bool isBelow) {
   layout()->setSpacing(isBelow ? kRhythm / 2 : kRhythm);
-  layout()->setContentsMargins(isBelow ? 2 * kRhythm : kRhythm, isBelow ? 0 : kRhythm, 2 * kRhythm,
-                               kRhythm);
+  // Beside the head of the view it stands on the line of its box.
+  layout()->setContentsMargins(isBelow ? 2 * kRhythm : kRhythm, isBelow ? 0 : kRhythm * 3 / 2,
+                               2 * kRhythm, kRhythm);
 }
 
 void PeriodBar::AddTool(QWidget* tool) {

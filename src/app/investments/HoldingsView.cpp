@@ -27,7 +27,7 @@ namespace corvanta::inline app {
 namespace {
 
 // Below it the charts leave the rows too little room.
-constexpr int kRoomForCharts = 50 * kRhythm;
+constexpr int kRoomForCharts = 58 * kRhythm;
 // Whether the days are in force; the reports have a value of their own.
 constexpr std::string_view kSetDate = "SetHoldingsDate";
 

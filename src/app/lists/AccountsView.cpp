@@ -16,9 +16,10 @@ std::vector<ListColumn> Columns(const Locale& locale) {
   const auto text = [&](const QString& sample) { return widths.Text(sample); };
   const QString opening = AccountsView::tr("Opening Balance");
   const int money = widths.Figure(-999999.99);
-  return {{AccountsView::tr("Account"), text(QStringLiteral("An account's name")), 4},
+  const int name = text(QStringLiteral("The name of an account"));
+  return {{AccountsView::tr("Account"), name, 4, false, 0, name},
           {AccountsView::tr("Group"), text(QStringLiteral("Investment Accounts")), 2, false, 4},
-          {AccountsView::tr("Bank"), text(QStringLiteral("A bank's name")), 3, false, 1},
+          {AccountsView::tr("Bank"), text(QStringLiteral("A bank's name")), 2, false, 1},
           {AccountsView::tr("Number"), text(QStringLiteral("1234567890")), 1, false, 2},
           {AccountsView::tr("Currency"), text(QStringLiteral("Currency")), 0, false, 5},
           {opening, std::max(money, text(opening)), 0, true, 3},

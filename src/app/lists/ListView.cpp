@@ -20,7 +20,6 @@
 #include <QAction>
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QHBoxLayout>
 #include <QStackedWidget>
 #include <QToolButton>
 #include <QVBoxLayout>
@@ -94,12 +93,7 @@ void ListView::Arrange() {
 
 void ListView::AddStrip(FilterStrip& strip) {
   auto* column = static_cast<QVBoxLayout*>(layout());
-  auto* head = new QHBoxLayout;
-  column->removeWidget(header_);
-  head->addWidget(header_, 1);
-  head->addWidget(strip.Button());
-  head->addSpacing(2 * kRhythm);
-  column->insertLayout(0, head);
+  header_->AddBeside(*strip.Button());
   column->insertWidget(1, &strip);
 }
 

@@ -1,5 +1,6 @@
 #include "app/overview/OverviewTile.h"
 
+#include "controls/Elider.h"
 #include "controls/MoneyLabel.h"
 #include "controls/MutedLabel.h"
 #include "controls/Style.h"
@@ -38,6 +39,7 @@ QLabel* MakeLabel(const OverviewTile::Cell& cell, bool isFigure, QWidget* parent
   // A long name gives way to the figures.
   label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   label->setMinimumWidth(kSmallestName);
+  (new Elider(*label))->SetText(cell.text);
   return label;
 }
 
@@ -86,13 +88,14 @@ void OverviewTile::Show(const std::vector<Line>& lines) {
 }
 
 QWidget* OverviewTile::MakeLink(const Line& line) {
-  auto* link =
-      new QPushButton(QString(line.cells.front().text).replace(u'&', QStringLiteral("&&")), body_);
+  auto* link = new QPushButton(body_);
   link->setFlat(true);
   link->setCursor(Qt::PointingHandCursor);
   link->setStyleSheet(QStringLiteral("text-align: left; padding: 1px;"));
   link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   link->setMinimumWidth(kSmallestName);
+  link->setAccessibleName(line.cells.front().text);
+  (new Elider(*link))->SetText(line.cells.front().text);
   link->setToolTip(line.cells.front().text);
   connect(link, &QPushButton::clicked, this, [go = line.go] { go(); });
   return link;

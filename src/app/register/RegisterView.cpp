@@ -181,7 +181,7 @@ void RegisterView::LetGo() {
 void RegisterView::PlacePeriod() {
   const bool isBelow = header_->WantedWidth() + period_->sizeHint().width() > width();
   head_->setDirection(isBelow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
-  head_->setAlignment(period_, isBelow ? Qt::AlignLeft : Qt::Alignment());
+  head_->setAlignment(period_, isBelow ? Qt::AlignLeft : Qt::AlignTop);
   period_->SetBelow(isBelow);
 }
 

@@ -20,6 +20,8 @@ namespace {
 
 constexpr int kGap = 3 * kRhythm;
 constexpr int kSmallest = 12 * kRhythm;
+constexpr int kMostRows = 3;
+constexpr QLatin1String kBetween("    ");
 
 }  // namespace
 
@@ -52,7 +54,7 @@ TotalsLine::TotalsLine(QWidget* parent)
 void TotalsLine::Show(const QString& rows, const QStringList& figures, bool negative) {
   rowsText_ = rows;
   figures_ = figures;
-  figureText_ = figures.join(QStringLiteral("    "));
+  figureText_ = figures.join(kBetween);
   figure_->SetNegative(negative);
   ShowTips();
   Arrange();
@@ -121,15 +123,33 @@ TotalsLine::Form TotalsLine::Fitting() const {
   return Form::FigureAlone;
 }
 
+// Without the figures of a register: as many of its own in a row as have room, in a few rows.
+QString TotalsLine::Wrapped(int room) const {
+  QStringList rows;
+  for (const QString& figure : figures_) {
+    const QString longer = rows.isEmpty() ? figure : rows.last() + kBetween + figure;
+    const bool fits = figure_->fontMetrics().horizontalAdvance(longer) <= room;
+    if (rows.isEmpty() || (!fits && rows.size() < kMostRows)) {
+      rows.append(figure);
+    } else {
+      rows.last() = longer;
+    }
+  }
+  return rows.join(u'\n');
+}
+
 void TotalsLine::Elide() {
   const auto elided = [](const QLabel& label, const QString& text, int width) {
-    const QString shown = label.fontMetrics().elidedText(text, Qt::ElideRight, width);
-    return shown == QStringLiteral("…") ? QString() : shown;
+    QStringList shown;
+    for (const QString& row : text.split(u'\n')) {
+      shown.append(label.fontMetrics().elidedText(row, Qt::ElideRight, width));
+    }
+    return shown == QStringList{QStringLiteral("…")} ? QString() : shown.join(u'\n');
   };
   const QString rows = elided(*rows_, rowsText_, rows_->width());
   if (rows != rows_->text()) rows_->setText(rows);
   const int room = std::max(0, width() - 4 * kRhythm - 1 - kGap);
-  const QString figure = elided(*figure_, figureText_, room);
+  const QString figure = elided(*figure_, hasOthers_ ? figureText_ : Wrapped(room), room);
   if (figure != figure_->text()) figure_->setText(figure);
 }
 
@@ -152,7 +172,8 @@ void TotalsLine::Arrange() {
   others_[0]->setVisible(hasOthers_ && hasAll);
   others_[1]->setVisible(hasOthers_ && hasAll);
   others_[2]->setVisible(hasOthers_ && form_ != Form::FigureAlone);
-  grid_->addWidget(rows_, 0, 0);
+  // Above the figures it has the row for itself.
+  grid_->addWidget(rows_, 0, 0, 1, isOne || hasOthers_ ? 1 : 6);
   grid_->addWidget(others_[0], 0, isOne ? 2 : 4);
   grid_->addWidget(others_[1], 0, isOne ? 3 : 5);
   const bool isAbove = form_ == Form::PeriodAndFigure;

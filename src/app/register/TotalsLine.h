@@ -28,8 +28,8 @@ struct PrintSummary;
 namespace corvanta::inline app {
 
 // The line under a list: how many rows it has, and what they come to. Where it is too narrow for
-// all figures they stand in two rows, then those leave that matter least: a figure that is cut
-// would be another one. The tool tip has all of them.
+// all figures they stand in two rows, or a few, then those leave that matter least: a figure that
+// is cut would be another one. The tool tip has all of them.
 class TotalsLine : public QWidget {
   Q_OBJECT
 
@@ -59,6 +59,7 @@ class TotalsLine : public QWidget {
   [[nodiscard]] int WidthOf(Form form) const;
   // The first form that has room.
   [[nodiscard]] Form Fitting() const;
+  [[nodiscard]] QString Wrapped(int room) const;
   void ShowTips();
   void Arrange();
   // What does not fit ends in dots: the rows' number, and where nothing else is left the figure.

@@ -115,6 +115,7 @@ ReportBar::ReportBar(const ViewPlace& place, QWidget* parent)
   MakeActions();
   payments_->SetCaption(QStringLiteral("Payment"), tr("Payment types"));
   payments_->hide();
+  chkSubCategories_->setChecked(true);
   Arrange();
   connect(period_, &PeriodBar::Changed, this, &ReportBar::Changed);
   connect(other_, &PeriodBar::Changed, this, &ReportBar::Changed);

@@ -30,7 +30,8 @@ void ReportDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option
     cell.rect.setLeft(cell.rect.left() + kIndent);
     ListDelegate::paint(painter, cell, index);
     const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
-    const bool isChosen = (sign.state & QStyle::State_Selected) != 0;
+    // A choice that has no keys is as pale as the list.
+    const bool isChosen = (sign.state & QStyle::State_Selected) != 0 && HasKeys(option);
     const QRect place(option.rect.left() + kRhythm / 2, option.rect.center().y() - kSign / 2 + 1,
                       kSign, kSign);
     icon.paint(painter, place, Qt::AlignCenter, isChosen ? QIcon::Selected : QIcon::Normal);

@@ -12,13 +12,15 @@
 #include <QFontMetrics>
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace corvanta::inline app {
 namespace {
 
 using Content = ReportColumn::Content;
 
-constexpr int kSmallestText = 10 * kRhythm;
+constexpr int kSmallestText = 14 * kRhythm;
 constexpr int kWidestText = 60 * kRhythm;
 constexpr std::size_t kMeasured = 500;
 
@@ -100,6 +102,38 @@ class ReportRows : public ListRows {
   std::optional<std::size_t> figure_;
 };
 
+// Where there is no room, which columns are missed least; the rows say without them what they are.
+struct Leaver {
+  std::string_view header;
+  int place;
+};
+constexpr int kEmptyLeaves = 1;
+constexpr std::array kLeavers = {Leaver{"Ref", 2},          Leaver{"Status", 3},
+                                 Leaver{"Description", 4},  Leaver{"Records", 5},
+                                 Leaver{"Symbol", 6},       Leaver{"Commission", 7},
+                                 Leaver{"Carried Over", 8}, Leaver{"Category", 10}};
+constexpr int kOneCurrencyLeaves = 9;
+
+int LeavesOf(const ReportColumn& column, bool isFirst) {
+  if (isFirst) return 0;
+  const auto found = std::ranges::find(kLeavers, column.header, &Leaver::header);
+  return found == kLeavers.end() ? 0 : found->place;
+}
+
+// Whether no row has a text there.
+bool IsEmpty(const ReportTable& table, std::size_t column) {
+  return std::ranges::none_of(table.rows, [column](const ReportRow& row) {
+    return column < row.cells.size() && row.cells[column].IsText() &&
+           !row.cells[column].Text().empty();
+  });
+}
+
+bool HasOneCurrency(const ReportTable& table) {
+  return std::ranges::all_of(table.rows, [&table](const ReportRow& row) {
+    return row.currency == table.rows.front().currency;
+  });
+}
+
 int SampleWidth(const ReportColumn& column, const ListWidths& widths) {
   switch (column.content) {
     case Content::Date:
@@ -161,7 +195,7 @@ std::vector<ListColumn> ColumnsOf(const std::vector<ReportColumn>& columns, cons
   for (const ReportColumn& column : columns) {
     const QString title = ToQt(column.header);
     const int own = std::max(SampleWidth(column, widths), widths.Text(title));
-    ListColumn shown{title, own, 0, column.HoldsNumbers()};
+    ListColumn shown{title, own, 0, column.HoldsNumbers(), LeavesOf(column, made.empty())};
     const bool isName = column.content == Content::Text && column.header != "Currency" &&
                         column.header != "Status" && column.header != "Symbol";
     if (isName) {
@@ -199,6 +233,10 @@ std::vector<ListColumn> FittedColumns(const ReportTable& table, const Locale& lo
       column.width =
           std::clamp(WidestText(table, place) + sign, title, std::max(title, kWidestText));
       column.smallest = std::min(column.smallest, column.width);
+      if (place > 0 && IsEmpty(table, place)) column.leaves = kEmptyLeaves;
+      if (table.columns[place].header == "Currency" && HasOneCurrency(table)) {
+        column.leaves = kOneCurrencyLeaves;
+      }
     }
   }
   return columns;

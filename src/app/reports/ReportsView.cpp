@@ -99,10 +99,7 @@ void ReportsView::Arrange() {
   pages_->addWidget(list_);
   pages_->addWidget(rowPages_);
   pages_->addWidget(chart_);
-  auto* head = new QHBoxLayout;
-  head->addWidget(header_, 1);
-  head->addWidget(strip_->Button());
-  head->addSpacing(2 * kRhythm);
+  header_->AddBeside(*strip_->Button());
   auto* tabs = new QHBoxLayout;
   tabs->setContentsMargins(2 * kRhythm, 0, 2 * kRhythm, 0);
   tabs->addWidget(tabs_);
@@ -110,7 +107,7 @@ void ReportsView::Arrange() {
   auto* column = new QVBoxLayout(this);
   column->setContentsMargins(0, 0, 0, 0);
   column->setSpacing(0);
-  column->addLayout(head);
+  column->addWidget(header_);
   column->addWidget(strip_);
   column->addWidget(bar_);
   column->addLayout(tabs);

@@ -11,6 +11,7 @@
 #include <cstdint>
 #include <optional>
 #include <string_view>
+#include <vector>
 
 class QStackedWidget;
 class QTabBar;
@@ -27,6 +28,7 @@ struct ReadDefinition;
 namespace corvanta::inline app {
 
 class ListModel;
+struct ListColumn;
 class ListSearch;
 class PlanCells;
 class ReportBar;
@@ -110,6 +112,7 @@ class ReportsView : public QWidget, public MainView {
   void Run(const ViewCommand& command);
   void Fill();
   void FillColumns();
+  void FitColumns(const std::vector<ListColumn>& columns);
   void ApplyColumns();
   // Puts the widths that were set by hand away, before another report takes the columns.
   void KeepWidths();

@@ -11,6 +11,7 @@
 #include "controls/EmptyState.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
+#include "controls/Style.h"
 #include "controls/WaitCursor.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
@@ -29,6 +30,8 @@
 
 namespace corvanta::inline app {
 namespace {
+
+constexpr int kLeastName = 9 * kRhythm;
 
 // The settings have a value for each report.
 std::string WidthsName(int report) {
@@ -75,12 +78,7 @@ void ReportsView::Fill() {
   const int decimals = Settings(place_.platform.registry).InvestmentDecimals();
   if (filled_ != report_.report) FillColumns();
   model_->SetRows(RowsOf(report_, place_.platform.locale, decimals));
-  const std::vector<ListColumn> fitted = FittedColumns(report_, place_.platform.locale, decimals);
-  for (std::size_t column = 0; column < fitted.size(); ++column) {
-    const ListColumn& need = fitted[column];
-    table_->SetNeed(static_cast<int>(column), need.width,
-                    need.smallest > 0 ? need.smallest : need.width);
-  }
+  FitColumns(FittedColumns(report_, place_.platform.locale, decimals));
   ApplyColumns();
   search_->ShowFound();
   ShowTotals();
@@ -93,15 +91,25 @@ void ReportsView::FillColumns() {
   KeepWidths();
   table_->SetSorted({});
   model_->SetColumns(ColumnsOf(report_.columns, place_.platform.locale));
-  std::vector<ListTable::Column> widths;
-  for (const ListColumn& column : model_->Columns()) {
-    widths.push_back(
-        {column.width, column.stretch, column.stretch > 0 ? column.smallest : column.width});
-  }
-  table_->SetColumns(std::move(widths));
+  FitColumns(model_->Columns());
   filled_ = report_.report;
   table_->SetWidths(widths_[filled_]);
   hasSavedWidths_ = false;
+}
+
+// Widths that were set by hand stay.
+void ReportsView::FitColumns(const std::vector<ListColumn>& columns) {
+  const QString byHand = table_->Widths();
+  std::vector<ListTable::Column> wishes;
+  for (const ListColumn& column : columns) {
+    // Rather than that a figure is out of sight, names are cut shorter still.
+    const int least = column.stretch > 0 ? std::min(column.smallest, kLeastName) : 0;
+    wishes.push_back({column.width, column.stretch,
+                      column.smallest > 0 ? column.smallest : column.width, column.leaves, false,
+                      least});
+  }
+  table_->SetColumns(std::move(wishes));
+  table_->SetWidths(byHand);
 }
 
 void ReportsView::ApplyColumns() {

@@ -16,7 +16,7 @@
 
 namespace corvanta::inline app {
 namespace {
-constexpr int kChipWidth = 64 * kRhythm;
+constexpr int kChipWidth = 96 * kRhythm;
 }
 
 WhatIfBar::WhatIfBar(const ViewPlace& place, QWidget* parent)

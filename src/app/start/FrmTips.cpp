@@ -30,11 +30,6 @@ FrmTips::FrmTips(Platform& platform, QWidget* parent, const QString& file)
   setObjectName(QStringLiteral("FrmTips"));
   setWindowTitle(tr("Tip of the Day"));
   shown_ = platform.clock.Today().Serial() % tips_.size();
-  auto* picture = new QLabel(this);
-  picture->setPixmap(SvgIcon(QStringLiteral("tips")).pixmap(kPicture, kPicture));
-  picture->setAlignment(Qt::AlignTop);
-  auto* title = new QLabel(tr("Did you know..."), this);
-  title->setFont(ScaledFont(1, QFont::DemiBold));
   lblTip_->setObjectName(QStringLiteral("lblTip"));
   lblTip_->setTextFormat(Qt::PlainText);
   lblTip_->setWordWrap(true);
@@ -47,7 +42,25 @@ FrmTips::FrmTips(Platform& platform, QWidget* parent, const QString& file)
   auto* next = buttons->addButton(tr("&Next Tip"), QDialogButtonBox::ActionRole);
   next->setObjectName(QStringLiteral("cmdNext"));
   buttons->button(QDialogButtonBox::Close)->setObjectName(QStringLiteral("cmdClose"));
+  Arrange(*buttons);
+  connect(next, &QPushButton::clicked, this, [this] {
+    shown_ = (shown_ + 1) % tips_.size();
+    ShowTip();
+  });
+  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+  connect(chkLoadTipsAtStartup_, &QCheckBox::toggled, this, [this](bool show) {
+    RunCommand(platform_.prompts,
+               [&] { Settings(platform_.registry).SetOn(Setting::ShowTips, show); });
+  });
+  ShowTip();
+}
 
+void FrmTips::Arrange(QDialogButtonBox& buttons) {
+  auto* picture = new QLabel(this);
+  picture->setPixmap(SvgIcon(QStringLiteral("tips")).pixmap(kPicture, kPicture));
+  picture->setAlignment(Qt::AlignTop);
+  auto* title = new QLabel(tr("Did you know..."), this);
+  title->setFont(ScaledFont(1, QFont::DemiBold));
   auto* text = new QVBoxLayout;
   text->setSpacing(kRhythm);
   text->addWidget(title);
@@ -60,23 +73,13 @@ FrmTips::FrmTips(Platform& platform, QWidget* parent, const QString& file)
   bottom->setSpacing(2 * kRhythm);
   bottom->addWidget(chkLoadTipsAtStartup_);
   bottom->addStretch();
-  bottom->addWidget(buttons);
+  bottom->addWidget(&buttons);
   auto* page = new QVBoxLayout(this);
   page->setContentsMargins(2 * kRhythm, 2 * kRhythm, 2 * kRhythm, 2 * kRhythm);
   page->setSpacing(2 * kRhythm);
   page->addLayout(top, 1);
   page->addLayout(bottom);
   page->setSizeConstraint(QLayout::SetFixedSize);
-  connect(next, &QPushButton::clicked, this, [this] {
-    shown_ = (shown_ + 1) % tips_.size();
-    ShowTip();
-  });
-  connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-  connect(chkLoadTipsAtStartup_, &QCheckBox::toggled, this, [this](bool show) {
-    RunCommand(platform_.prompts,
-               [&] { Settings(platform_.registry).SetOn(Setting::ShowTips, show); });
-  });
-  ShowTip();
 }
 
 void FrmTips::ShowTip() {

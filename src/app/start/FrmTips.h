@@ -6,6 +6,7 @@
 #include <QStringList>
 
 class QCheckBox;
+class QDialogButtonBox;
 class QLabel;
 
 namespace corvanta::inline platform {
@@ -23,6 +24,7 @@ class FrmTips : public QuietEnd<QDialog> {
   FrmTips(Platform& platform, QWidget* parent, const QString& file = QString());
 
  private:
+  void Arrange(QDialogButtonBox& buttons);
   void ShowTip();
 
   Platform& platform_;

@@ -16,7 +16,6 @@
 namespace corvanta::inline reports {
 namespace {
 
-constexpr std::size_t kMostBars = 12;
 constexpr std::size_t kMostParts = 6;
 // More than a screen has columns shows nothing more.
 constexpr std::size_t kMostPoints = 1000;
@@ -89,7 +88,8 @@ void AddRows(ChartData& chart, const ChartRows& rows, std::span<const SeriesRule
 }
 
 // The largest rows first, each with a bar of every rule; those with nothing are left out.
-void AddSorted(ChartData& chart, const ChartRows& rows, std::span<const SeriesRule> rules) {
+void AddSorted(ChartData& chart, const ChartRows& rows, std::span<const SeriesRule> rules,
+               std::size_t mostBars) {
   std::vector<ChartBar> bars;
   for (const std::size_t row : rows.Rows()) {
     ChartBar bar{rows.Name(row), {}};
@@ -103,7 +103,7 @@ void AddSorted(ChartData& chart, const ChartRows& rows, std::span<const SeriesRu
     if (hasAny) bars.push_back(std::move(bar));
   }
   for (const SeriesRule& rule : rules) chart.series.push_back(SeriesOf(rule));
-  for (const ChartBar& bar : SortedAndGathered(std::move(bars), kMostBars)) {
+  for (const ChartBar& bar : SortedAndGathered(std::move(bars), mostBars)) {
     chart.categories.push_back(bar.name);
     for (std::size_t i = 0; i < rules.size(); ++i) {
       chart.series[i].points.push_back(Rounded(bar.points[i]));
@@ -194,7 +194,8 @@ void AddAccounts(ChartData& chart, const ChartRows& rows, const char* header) {
 }
 
 // Reports behind the standard ones say by their columns what they are of.
-void AddByColumns(ChartData& chart, const ReportTable& report, const ChartRows& rows) {
+void AddByColumns(ChartData& chart, const ReportTable& report, const ChartRows& rows,
+                  std::size_t mostBars) {
   const std::vector<std::string> headers = rows.MoneyHeaders();
   if (headers.empty()) return;
   if (report.Column("Date")) {
@@ -211,15 +212,16 @@ void AddByColumns(ChartData& chart, const ReportTable& report, const ChartRows& 
   if (areMonths) {
     AddRows(chart, rows, rules);
   } else {
-    AddSorted(chart, rows, rules);
+    AddSorted(chart, rows, rules, mostBars);
   }
 }
 
-void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& rows) {
+void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& rows,
+               std::size_t mostBars) {
   using enum ChartRole;
   const auto sorted = [&](const std::vector<SeriesRule>& rules) {
     chart.kind = ChartKind::Bars;
-    AddSorted(chart, rows, rules);
+    AddSorted(chart, rows, rules, mostBars);
   };
   const SeriesRule expense{"Expense", Expense, Measure::MoneyOut};
   switch (report.report) {
@@ -255,7 +257,7 @@ void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& row
     case kBalanceForecast:
       return AddAccounts(chart, rows, "Balance");
     default:
-      return AddByColumns(chart, report, rows);
+      return AddByColumns(chart, report, rows, mostBars);
   }
 }
 
@@ -279,11 +281,11 @@ std::vector<std::string> ChartCurrencies(const ReportTable& report) {
   return currencies;
 }
 
-ChartData BuildChart(const ReportTable& report, std::string_view currency) {
+ChartData BuildChart(const ReportTable& report, std::string_view currency, std::size_t mostBars) {
   ChartData chart;
   chart.title = report.name;
   chart.currency = currency;
-  AddSeries(chart, report, ChartRows(report, currency));
+  AddSeries(chart, report, ChartRows(report, currency), mostBars);
   if (chart.categories.empty()) chart.series.clear();
   return chart;
 }

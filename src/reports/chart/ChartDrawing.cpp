@@ -1,6 +1,7 @@
 #include "reports/chart/ChartDrawing.h"
 
 #include "platform/Date.h"
+#include "platform/DayMarks.h"
 #include "platform/Locale.h"
 #include "reports/chart/ChartLook.h"
 
@@ -37,6 +38,10 @@ PrintFont FontOf(double size, bool isBold) {
 
 std::array<PrintPoint, 4> Box(double x1, double y1, double x2, double y2) {
   return {{{x1, y1}, {x2, y1}, {x2, y2}, {x1, y2}}};
+}
+
+Date DayOf(const std::string& iso) {
+  return Date::FromIso(iso).value_or(Date());
 }
 
 RoundScale ScaleFor(const ChartData& chart) {
@@ -93,16 +98,15 @@ double ChartDrawing::Slot() const {
   return length / static_cast<double>(chart_.categories.size());
 }
 
+double ChartDrawing::DayAt(Date day) const {
+  const double first = DayOf(chart_.categories.front()).Serial();
+  const double length = DayOf(chart_.categories.back()).Serial() - first;
+  const double share = length > 0 ? (day.Serial() - first) / length : 0.5;
+  return plot_.x + share * plot_.width;
+}
+
 double ChartDrawing::CategoryAt(std::size_t category) const {
-  if (chart_.areDays) {
-    const auto serial = [&](const std::string& day) {
-      return static_cast<double>(Date::FromIso(day).value_or(Date()).Serial());
-    };
-    const double first = serial(chart_.categories.front());
-    const double length = serial(chart_.categories.back()) - first;
-    const double share = length > 0 ? (serial(chart_.categories[category]) - first) / length : 0.5;
-    return plot_.x + share * plot_.width;
-  }
+  if (chart_.areDays) return DayAt(DayOf(chart_.categories[category]));
   const double middle = (static_cast<double>(category) + 0.5) * Slot();
   return LiesAcross() ? plot_.y + middle : plot_.x + middle;
 }
@@ -208,25 +212,39 @@ void ChartDrawing::DrawCategories() {
   }
 }
 
-// Every one of them, or every second, or third: as many as do not run into each other.
-void ChartDrawing::DrawUprightNames() {
+double ChartDrawing::WidestCategory() const {
   double widest = 0;
   for (std::size_t i = 0; i < chart_.categories.size(); ++i) {
     widest = std::max(widest, surface_.TextWidth(CategoryText(chart_, i, locale_)));
   }
-  const auto step =
-      std::max(std::size_t{1}, static_cast<std::size_t>(std::ceil((widest + kGap) / Slot())));
-  double free = area_.x;
-  for (std::size_t i = 0; i < chart_.categories.size(); ++i) {
-    if (!chart_.areDays && i % step != 0) continue;
-    const std::string text = CategoryText(chart_, i, locale_);
-    const double width = surface_.TextWidth(text);
-    // The first day stands at the edge, where the lowest mark has its text.
-    const double left = std::max(CategoryAt(i) - width / 2, plot_.x);
-    if (left < free || left + width > area_.x + area_.width + kGap) continue;
-    surface_.Print(left, plot_.y + plot_.height + kGap / 2, text);
-    free = left + width + kGap;
+  return widest;
+}
+
+// Every one of them, or every second, or third: as many as do not run into each other.
+void ChartDrawing::DrawUprightNames() {
+  free_ = area_.x;
+  const double widest = WidestCategory() + kGap;
+  if (chart_.areDays) {
+    const auto most = static_cast<std::size_t>(std::max(1.0, plot_.width / widest));
+    for (const Date& day :
+         DayMarks(DayOf(chart_.categories.front()), DayOf(chart_.categories.back()), most)) {
+      DrawUprightName(locale_.FormatShortDate(day), DayAt(day));
+    }
+    return;
   }
+  const auto step = std::max(std::size_t{1}, static_cast<std::size_t>(std::ceil(widest / Slot())));
+  for (std::size_t i = 0; i < chart_.categories.size(); i += step) {
+    DrawUprightName(CategoryText(chart_, i, locale_), CategoryAt(i));
+  }
+}
+
+void ChartDrawing::DrawUprightName(const std::string& text, double at) {
+  const double width = surface_.TextWidth(text);
+  // The first one stands at the edge, where the lowest mark has its text.
+  const double left = std::max(at - width / 2, plot_.x);
+  if (left < free_ || left + width > area_.x + area_.width + kGap) return;
+  surface_.Print(left, plot_.y + plot_.height + kGap / 2, text);
+  free_ = left + width + kGap;
 }
 
 void ChartDrawing::DrawBars() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Date.h"
 #include "platform/RoundScale.h"
 #include "reports/chart/ChartData.h"
 #include "reports/print/PrintSurface.h"
@@ -31,6 +32,8 @@ class ChartDrawing {
   // Where a value, and the middle of a category, stand on the page.
   [[nodiscard]] double ValueAt(double value) const;
   [[nodiscard]] double CategoryAt(std::size_t category) const;
+  [[nodiscard]] double DayAt(Date day) const;
+  [[nodiscard]] double WidestCategory() const;
   // The room that a category has along its axis.
   [[nodiscard]] double Slot() const;
 
@@ -40,6 +43,7 @@ class ChartDrawing {
   void DrawMarks();
   void DrawCategories();
   void DrawUprightNames();
+  void DrawUprightName(const std::string& text, double at);
   void DrawBars();
   void DrawBar(double middle, double thickness, double from, double to, std::uint32_t colour);
   void DrawLines();
@@ -52,6 +56,7 @@ class ChartDrawing {
   PrintArea plot_;
   RoundScale scale_;
   double lineHeight_;
+  double free_ = 0;  // of the names below the plot: where the next one may begin
 };
 
 }  // namespace corvanta::inline reports

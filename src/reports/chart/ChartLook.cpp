@@ -1,6 +1,5 @@
 #include "reports/chart/ChartLook.h"
 
-#include "platform/CurrencyDecimals.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
 
@@ -90,7 +89,7 @@ std::string PointText(const ChartData& chart, std::size_t series, std::size_t ca
   const auto& point = chart.series.at(series).points.at(category);
   const std::string what = CategoryText(chart, category, locale) + ", " + chart.series[series].name;
   if (!point) return what;
-  const std::string figure = locale.FormatNumber(point->figure, CurrencyDecimals(chart.currency));
+  const std::string figure = locale.FormatNumber(point->figure);
   return what + ": " + figure + (chart.currency.empty() ? "" : " " + chart.currency);
 }
 

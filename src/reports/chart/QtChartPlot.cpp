@@ -4,13 +4,9 @@
 #include "controls/Style.h"
 #include "platform/Date.h"
 #include "platform/Locale.h"
-#include "platform/RoundScale.h"
 #include "reports/chart/ChartLook.h"
 
-#include <QFontMetrics>
 #include <QGraphicsLayout>
-#include <QMargins>
-#include <QtCharts/QBarLegendMarker>
 #include <QtCharts/QBarSeries>
 #include <QtCharts/QBarSet>
 #include <QtCharts/QCategoryAxis>
@@ -28,31 +24,12 @@
 namespace corvanta::inline reports {
 namespace {
 
-constexpr int kWidestName = 22 * kRhythm;
-constexpr int kBesideCategories = 12 * kRhythm;  // what the other axis takes of the width
-constexpr int kSteps = 5;
-constexpr double kBarShare = 0.72;
 constexpr double kLineWidth = 2;
 constexpr std::size_t kMostMarked = 60;  // points of a line that are shown as such
 constexpr std::array kStrokes = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
 
 double SerialOf(const std::string& day) {
   return static_cast<double>(Date::FromIso(day).value_or(Date()).Serial());
-}
-
-// The library takes equal labels for one.
-QString Unlike(QString label, QCategoryAxis& axis) {
-  while (axis.categoriesLabels().contains(label)) label += QChar(0x200B);
-  return label;
-}
-
-QCategoryAxis* MakeAxis(double low, double high) {
-  auto* axis = new QCategoryAxis;
-  axis->setLabelsPosition(QCategoryAxis::AxisLabelsPositionOnValue);
-  axis->setRange(low, high);
-  // Where there is little room the library would leave nothing of a label.
-  axis->setTruncateLabels(false);
-  return axis;
 }
 
 QAbstractBarSeries* MakeBars(ChartKind kind, QChart& chart) {
@@ -63,13 +40,16 @@ QAbstractBarSeries* MakeBars(ChartKind kind, QChart& chart) {
 
 }  // namespace
 
+Qt::PenStyle StrokeOf(std::size_t series) {
+  return kStrokes.at(series % kStrokes.size());
+}
+
 QtChartPlot::QtChartPlot(const Locale& locale, QChart& chart) : locale_(locale), chart_(chart) {
   chart_.setBackgroundRoundness(0);
   // The page around it has margins of its own.
   chart_.layout()->setContentsMargins(0, 0, 0, 0);
-  chart_.setMargins(QMargins(2 * kRhythm, kRhythm, 3 * kRhythm, kRhythm));
-  chart_.legend()->setAlignment(Qt::AlignBottom);
-  chart_.legend()->setMarkerShape(QLegend::MarkerShapeFromSeries);
+  // The library's own legend cuts the names.
+  chart_.legend()->hide();
 }
 
 void QtChartPlot::Clear() {
@@ -84,7 +64,7 @@ void QtChartPlot::Clear() {
   values_ = nullptr;
 }
 
-void QtChartPlot::Show(ChartData chartData, int width) {
+void QtChartPlot::Show(ChartData chartData, const QSize& room) {
   Clear();
   data_ = std::move(chartData);
   if (data_.IsEmpty()) return;
@@ -92,9 +72,7 @@ void QtChartPlot::Show(ChartData chartData, int width) {
   AddBars();
   AddLines();
   AddAxes();
-  LabelCategories(width);
-  // Bars that lie are counted from below.
-  chart_.legend()->setReverseMarkers(LiesAcross());
+  Fit(room);
 }
 
 int QtChartPlot::IndexOf(std::size_t category) const {
@@ -114,7 +92,6 @@ double QtChartPlot::AlongAxis(std::size_t category) const {
 void QtChartPlot::AddBars() {
   if (data_.kind == ChartKind::Lines) return;
   bars_ = MakeBars(data_.kind, chart_);
-  bars_->setBarWidth(kBarShare);
   for (std::size_t place = 0; place < data_.series.size(); ++place) {
     const std::size_t series = LiesAcross() ? data_.series.size() - 1 - place : place;
     if (!data_.series[series].isLine) AddBarSet(series);
@@ -164,64 +141,8 @@ void QtChartPlot::AddLine(std::size_t series) {
   chart_.addSeries(line);
 }
 
-void QtChartPlot::AddAxes() {
-  const ChartRange range = RangeOf(data_);
-  const RoundScale scale = ScaleOf(range.low, range.high, kSteps);
-  values_ = MakeAxis(scale.low, scale.high);
-  for (const double mark : scale.Marks()) {
-    values_->append(ToQt(locale_.FormatNumber(mark, scale.decimals)), mark);
-  }
-  // Bars need half of their room on either side.
-  const std::size_t last = data_.categories.size() - 1;
-  const double first = std::min(AlongAxis(0), AlongAxis(last));
-  const double end = std::max(AlongAxis(0), AlongAxis(last));
-  const double around = data_.areDays ? (end > first ? 0 : 1) : 0.5;
-  categories_ = MakeAxis(first - around, end + around);
-  categories_->setGridLineVisible(false);
-  chart_.addAxis(values_, LiesAcross() ? Qt::AlignBottom : Qt::AlignLeft);
-  chart_.addAxis(categories_, LiesAcross() ? Qt::AlignLeft : Qt::AlignBottom);
-  for (QAbstractSeries* series : chart_.series()) {
-    series->attachAxis(values_);
-    series->attachAxis(categories_);
-  }
-}
-
-std::size_t QtChartPlot::LabelStep(int width) const {
-  if (LiesAcross()) return 1;
-  const QFontMetrics metrics(ScaledFont(-1));
-  int widest = 1;
-  for (std::size_t i = 0; i < data_.categories.size(); ++i) {
-    const QString text = ToQt(CategoryText(data_, i, locale_));
-    widest = std::max(widest, metrics.horizontalAdvance(text) + 2 * kRhythm);
-  }
-  const int most = std::max(1, (width - kBesideCategories) / widest);
-  return (data_.categories.size() - 1) / static_cast<std::size_t>(most) + 1;
-}
-
-void QtChartPlot::LabelCategories(int width) {
-  if (categories_ == nullptr) return;
-  for (const QString& label : categories_->categoriesLabels()) categories_->remove(label);
-  const QFontMetrics metrics(ScaledFont(-1));
-  const std::size_t count = data_.categories.size();
-  const double room = (categories_->max() - categories_->min()) / static_cast<double>(count) *
-                      static_cast<double>(LabelStep(width)) * 0.99;
-  double free = -HUGE_VAL;
-  for (std::size_t index = 0; index < count; ++index) {
-    // They are given from the lowest position up.
-    const std::size_t category = LiesAcross() ? count - 1 - index : index;
-    const double position = AlongAxis(category);
-    if (!LiesAcross() && position < free) continue;
-    const QString text = metrics.elidedText(ToQt(CategoryText(data_, category, locale_)),
-                                            Qt::ElideRight, kWidestName);
-    categories_->append(Unlike(text, *categories_), position);
-    free = position + room;
-  }
-}
-
 void QtChartPlot::Colour(const QPalette& colours) {
   chart_.setBackgroundBrush(colours.color(QPalette::Window));
-  chart_.legend()->setLabelBrush(colours.color(QPalette::WindowText));
-  chart_.legend()->setFont(ScaledFont(-1));
   for (QAbstractAxis* axis : chart_.axes()) {
     axis->setLabelsBrush(colours.color(QPalette::WindowText));
     axis->setLabelsFont(ScaledFont(-1));
@@ -229,7 +150,6 @@ void QtChartPlot::Colour(const QPalette& colours) {
     axis->setLinePen(QPen(Hairline(colours), 1));
   }
   ColourSeries(colours);
-  ColourLegend();
 }
 
 void QtChartPlot::ColourSeries(const QPalette& colours) {
@@ -242,20 +162,9 @@ void QtChartPlot::ColourSeries(const QPalette& colours) {
       bars->setSelectedColor(Mixed(colour, chosen, 0.5));
     }
     if (QXYSeries* line = shown_[i].line) {
-      line->setPen(QPen(colour, kLineWidth, kStrokes.at(i % kStrokes.size())));
+      line->setPen(QPen(colour, kLineWidth, StrokeOf(i)));
       line->setSelectedColor(chosen);
     }
-  }
-}
-
-// The library leaves the marks of bars that have a selection without a colour.
-void QtChartPlot::ColourLegend() {
-  if (bars_ == nullptr) return;
-  for (QLegendMarker* marker : chart_.legend()->markers(bars_)) {
-    const QBarSet* bars = static_cast<QBarLegendMarker*>(marker)->barset();
-    marker->setShape(QLegend::MarkerShapeRectangle);
-    marker->setBrush(bars->brush());
-    marker->setPen(Qt::NoPen);
   }
 }
 

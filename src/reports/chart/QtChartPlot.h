@@ -13,6 +13,7 @@ class QCategoryAxis;
 class QChart;
 class QPalette;
 class QPointF;
+class QSize;
 class QXYSeries;
 
 namespace corvanta::inline platform {
@@ -27,6 +28,9 @@ struct ChartPlace {
   std::size_t category = 0;
 };
 
+// How the line of a series is drawn, so that it is told apart without colour.
+[[nodiscard]] Qt::PenStyle StrokeOf(std::size_t series);
+
 // A report's chart as the library draws it: bars, lines and axes, where on it each point stands,
 // and which point the mouse is over. It knows nothing of keys and rows.
 class QtChartPlot : public QObject {
@@ -36,13 +40,14 @@ class QtChartPlot : public QObject {
   // Both outlive it.
   QtChartPlot(const Locale& locale, QChart& chart);
 
-  // Takes the place of what was drawn; `width` in pixels is what the chart has.
-  void Show(ChartData chartData, int width);
+  // Takes the place of what was drawn; `room` in pixels is what the chart has.
+  void Show(ChartData chartData, const QSize& room);
   [[nodiscard]] const ChartData& Data() const { return data_; }
   // Whether the categories stand one below the other.
   [[nodiscard]] bool LiesAcross() const { return data_.kind == ChartKind::Bars; }
-  // As many labels of categories as have room in that width without running into each other.
-  void LabelCategories(int width);
+  // As many labels of categories as have room without running into each other, and bars that are
+  // no thicker than bars are.
+  void Fit(const QSize& room);
   void Colour(const QPalette& colours);
   // Shows a point as the chosen one, or no longer.
   void Mark(const ChartPlace& place, bool isMarked);
@@ -74,8 +79,12 @@ class QtChartPlot : public QObject {
   void AddAxes();
   // Every how many categories a label has room; 1 for each of them.
   [[nodiscard]] std::size_t LabelStep(int width) const;
+  void LabelCategories(int width);
+  void LabelDays(int width);
+  [[nodiscard]] int WidestCategory() const;
+  void FitBars(const QSize& room);
+  void FitMargins();
   void ColourSeries(const QPalette& colours);
-  void ColourLegend();
 
   const Locale& locale_;
   QChart& chart_;

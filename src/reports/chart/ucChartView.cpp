@@ -19,7 +19,7 @@
 namespace corvanta::inline reports {
 namespace {
 
-constexpr QSize kLeast(36 * kRhythm, 24 * kRhythm);
+constexpr QSize kLeast(36 * kRhythm, 14 * kRhythm);
 
 }  // namespace
 
@@ -38,7 +38,7 @@ ucChartView::ucChartView(const Locale& locale, QWidget* parent)
 void ucChartView::Show(ChartData chartData) {
   current_.reset();
   pointed_.reset();
-  plot_.Show(std::move(chartData), width());
+  plot_.Show(std::move(chartData), size());
   setAccessibleName(ToQt(Data().title));
   setAccessibleDescription(ToQt(ChartText(Data(), locale_)));
   Colour();
@@ -56,7 +56,7 @@ void ucChartView::changeEvent(QEvent* event) {
 
 void ucChartView::resizeEvent(QResizeEvent* event) {
   QChartView::resizeEvent(event);
-  plot_.LabelCategories(width());
+  plot_.Fit(size());
 }
 
 void ucChartView::Hover(const ChartPlace& place, bool isOver) {

@@ -6,9 +6,11 @@
 #include "controls/Style.h"
 #include "platform/Platform.h"
 #include "reports/chart/ChartFile.h"
+#include "reports/chart/ucChartLegend.h"
 #include "reports/chart/ucChartView.h"
 
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -19,6 +21,9 @@
 #include <algorithm>
 
 namespace corvanta::inline reports {
+namespace {
+constexpr std::size_t kFewestBars = 4;
+}
 
 ucReportChart::ucReportChart(Platform& platform, QWidget* parent)
     : QWidget(parent),
@@ -27,12 +32,19 @@ ucReportChart::ucReportChart(Platform& platform, QWidget* parent)
       lblChartCurrency_(new QLabel(tr("Amounts &in:"), this)),
       cmdSaveChart_(new QPushButton(tr("Sa&ve Chart..."), this)),
       pages_(new QStackedWidget(this)),
-      chart_(new ucChartView(platform.locale, this)) {
+      chart_(new ucChartView(platform.locale, this)),
+      legend_(new ucChartLegend(this)) {
   auto* empty = new EmptyState(this);
   empty->Show(QStringLiteral("find"), tr("Nothing to draw"),
               tr("No row of the report has an amount. Choose another period or another filter."),
               nullptr);
-  pages_->addWidget(chart_);
+  auto* drawn = new QWidget(pages_);
+  auto* column = new QVBoxLayout(drawn);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(0);
+  column->addWidget(chart_, 1);
+  column->addWidget(legend_);
+  pages_->addWidget(drawn);
   pages_->addWidget(empty);
   MakeHead();
   setFocusProxy(chart_);
@@ -83,10 +95,29 @@ void ucReportChart::Show(const ReportTable& report) {
 }
 
 void ucReportChart::ShowCurrency() {
-  chart_->Show(BuildChart(report_, currency_));
+  bars_ = MostBars();
+  chart_->Show(BuildChart(report_, currency_, bars_));
+  legend_->Show(chart_->Data());
   const bool isEmpty = chart_->Data().IsEmpty();
   cmdSaveChart_->setEnabled(!isEmpty);
   pages_->setCurrentIndex(isEmpty ? 1 : 0);
+}
+
+std::size_t ucReportChart::MostBars() const {
+  const QFontMetrics metrics(ScaledFont(-1));
+  // The marks and the legend stand below.
+  const int room = pages_->height() / (metrics.height() + kRhythm / 4) - 4;
+  return std::clamp(static_cast<std::size_t>(std::max(0, room)), kFewestBars, kMostBars);
+}
+
+void ucReportChart::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  layout()->activate();
+  if (MostBars() != bars_) ShowCurrency();
+}
+
+ChartData ucReportChart::Whole() const {
+  return BuildChart(report_, currency_);
 }
 
 const ChartData& ucReportChart::Shown() const {
@@ -103,11 +134,11 @@ void ucReportChart::AddCommands(const QList<QAction*>& commands) {
 }
 
 PrintTable ucReportChart::Printed() const {
-  return PrintTableOf(chart_->Data(), platform_.locale);
+  return PrintTableOf(Whole(), platform_.locale);
 }
 
 void ucReportChart::Save() {
-  RunCommand(platform_.prompts, [this] { AskAndSaveChart(chart_->Data(), platform_); });
+  RunCommand(platform_.prompts, [this] { AskAndSaveChart(Whole(), platform_); });
 }
 
 }  // namespace corvanta::inline reports

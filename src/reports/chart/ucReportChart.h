@@ -7,6 +7,7 @@
 
 #include <QWidget>
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,6 +23,7 @@ struct Platform;
 
 namespace corvanta::inline reports {
 
+class ucChartLegend;
 class ucChartView;
 
 // The page "Charts" of a report: its chart, of one currency at a time where it has several, which
@@ -51,7 +53,14 @@ class ucReportChart : public QWidget {
   // What the point that is chosen is made of is asked for.
   void FigureAsked();
 
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
+  // As many bars as have room for a name each.
+  [[nodiscard]] std::size_t MostBars() const;
+  // All of it, whatever has room on the screen.
+  [[nodiscard]] ChartData Whole() const;
   void MakeHead();
   void ShowCurrency();
   void Save();
@@ -64,6 +73,8 @@ class ucReportChart : public QWidget {
   QPushButton* cmdSaveChart_;
   QStackedWidget* pages_;
   ucChartView* chart_;
+  ucChartLegend* legend_;
+  std::size_t bars_ = kMostBars;
 };
 
 }  // namespace corvanta::inline reports

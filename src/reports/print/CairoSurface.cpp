@@ -186,7 +186,14 @@ void CairoSurface::Print(double x, double y, std::string_view text) {
   cairo_move_to(context, (canvas_->printable.x + x) * kPointsPerMillimetre,
                 (canvas_->printable.y + y) * kPointsPerMillimetre);
   canvas_->SetText(text);
-  pango_cairo_show_layout(context, canvas_->layout.get());
+  // Letters as shapes: not every program that shows such a picture knows letters that are drawn
+  // once and referred to.
+  if (cairo_surface_get_type(cairo_get_target(context)) == CAIRO_SURFACE_TYPE_SVG) {
+    pango_cairo_layout_path(context, canvas_->layout.get());
+    cairo_fill(context);
+  } else {
+    pango_cairo_show_layout(context, canvas_->layout.get());
+  }
   cairo_new_path(context);
 }
 

@@ -131,6 +131,7 @@ void FrmPreview::MakePageBar(QBoxLayout& page) {
 void FrmPreview::MakePaper(QBoxLayout& page) {
   scroll_ = new QScrollArea(this);
   scroll_->setFrameShape(QFrame::NoFrame);
+  scroll_->setAccessibleName(tr("The page"));
   scroll_->setAlignment(Qt::AlignCenter);
   scroll_->setBackgroundRole(QPalette::Mid);
   scroll_->setMinimumSize(40 * kRhythm, 30 * kRhythm);

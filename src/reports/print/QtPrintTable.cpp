@@ -1,3 +1,4 @@
+#include "controls/ListTable.h"
 #include "controls/QtText.h"
 #include "reports/print/ReportDialogs.h"
 
@@ -50,13 +51,20 @@ bool HasText(const QAbstractItemModel& model, int column) {
   return false;
 }
 
+// Paper has room for columns that the window has none for.
+int WidthOf(const QTableView& list, int column) {
+  const auto* fitted = qobject_cast<const ListTable*>(&list);
+  return fitted != nullptr ? fitted->WantedWidth(column)
+                           : list.horizontalHeader()->sectionSize(column);
+}
+
 // As they stand from left to right.
 std::vector<int> ShownColumns(const QTableView& list) {
   std::vector<int> columns;
   const QHeaderView& header = *list.horizontalHeader();
   for (int position = 0; position < header.count(); ++position) {
     const int column = header.logicalIndex(position);
-    if (header.isSectionHidden(column) || header.sectionSize(column) <= 0) continue;
+    if (WidthOf(list, column) <= 0) continue;
     if (HasText(*list.model(), column)) columns.push_back(column);
   }
   return columns;
@@ -84,7 +92,7 @@ PrintTable PrintTableOf(const QTableView& list, const std::string& title) {
   const std::vector<int> columns = ShownColumns(list);
   int width = 0;
   for (const int column : columns) {
-    const int size = list.horizontalHeader()->sectionSize(column);
+    const int size = WidthOf(list, column);
     width += size;
     table.columns.push_back(
         {FromQt(model->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString()), size,

@@ -1,6 +1,5 @@
 #include "reports/print/ReportPrint.h"
 
-#include "platform/CurrencyDecimals.h"
 #include "platform/Locale.h"
 #include "platform/TextCase.h"
 #include "reports/print/TextWrap.h"
@@ -27,19 +26,32 @@ constexpr int kWidestLandscape = 1350;
 constexpr int kWidestPortrait = 800;
 constexpr int kMostDecimals = 6;
 
-// As many decimals as the number has.
-std::string QuantityText(double number, const Locale& locale) {
+// As many decimals as the number needs.
+int DecimalsOf(double number) {
   int decimals = 0;
   double scale = 1;
   while (decimals < kMostDecimals && std::abs(std::round(number * scale) / scale - number) > 1e-9) {
     scale *= 10;
     ++decimals;
   }
-  return locale.FormatNumber(number, decimals);
+  return decimals;
+}
+
+// The same for all of a column, so that they stand below each other.
+int DecimalsOf(const ReportTable& report, std::size_t column) {
+  if (report.columns[column].content != ReportColumn::Content::Quantity) return 0;
+  int decimals = 0;
+  for (const ReportRow& row : report.rows) {
+    if (column >= row.cells.size() || row.cells[column].IsNull()) continue;
+    if (!row.cells[column].IsText()) {
+      decimals = std::max(decimals, DecimalsOf(row.cells[column].Double()));
+    }
+  }
+  return decimals;
 }
 
 std::string CellText(const ReportTable& report, const ReportRow& row, std::size_t column,
-                     const Locale& locale) {
+                     int decimals, const Locale& locale) {
   if (column >= row.cells.size() || row.cells[column].IsNull()) return {};
   const Value& value = row.cells[column];
   const ReportColumn& info = report.columns[column];
@@ -48,9 +60,10 @@ std::string CellText(const ReportTable& report, const ReportRow& row, std::size_
     return day ? locale.FormatShortDate(*day) : value.Text();
   }
   if (!info.HoldsNumbers() || value.IsText()) return value.Text();
-  if (info.content == ReportColumn::Content::Count) return locale.FormatNumber(value.Double(), 0);
-  if (info.content == ReportColumn::Content::Quantity) return QuantityText(value.Double(), locale);
-  return locale.FormatNumber(value.Double(), CurrencyDecimals(row.currency));
+  // Money is shown as everywhere on the screen.
+  const bool isMoney = info.content == ReportColumn::Content::Money;
+  return isMoney ? locale.FormatNumber(value.Double())
+                 : locale.FormatNumber(value.Double(), decimals);
 }
 
 std::size_t LongestWordOf(const std::string& text) {
@@ -140,15 +153,17 @@ PrintTable PrintTableOf(const ReportTable& report, const Locale& locale) {
   PrintTable table;
   table.title = report.name;
   table.subject = SubjectOf(report, locale);
+  std::vector<int> decimals;
   for (const ReportColumn& column : report.columns) {
     table.columns.push_back(
         {column.header, 0, column.HoldsNumbers() ? PrintAlignment::Right : PrintAlignment::Left});
+    decimals.push_back(DecimalsOf(report, decimals.size()));
   }
   for (const ReportRow& row : report.rows) {
     if (row.kind == ReportRowKind::Total) table.totals.insert(table.rows.size());
     std::vector<std::string> cells;
     for (std::size_t column = 0; column < report.columns.size(); ++column) {
-      cells.push_back(CellText(report, row, column, locale));
+      cells.push_back(CellText(report, row, column, decimals[column], locale));
     }
     table.rows.push_back(std::move(cells));
   }

@@ -1,12 +1,20 @@
+#include "app/reports/ReportsView.h"
 #include "app/reports/ReportsViewTest.h"
 #include "platform/Files.h"
+#include "reports/print/PrintTable.h"
 
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
 
+#include <algorithm>
+
 namespace corvanta {
 namespace {
+
+bool Has(const std::vector<std::string>& headings, const char* head) {
+  return std::ranges::find(headings, head) != headings.end();
+}
 
 TEST_F(ReportsViewTest, ASpreadsheetHasTheColumnsThatAreShown) {
   Start();
@@ -70,6 +78,21 @@ TEST_F(ReportsViewTest, RowsSortByValueAboveTheirTotalsAndAreSearchedAndCopied) 
   Trigger("mnuEditCopy");
   EXPECT_EQ(QApplication::clipboard()->text().section('\n', 0, 0),
             "Payee\tRecords\tIncome\tExpense\tTotal\tCurrency");
+}
+
+TEST_F(ReportsViewTest, WhatIsEmptyLeavesBeforeNamesAreCutAndIsPrintedAllTheSame) {
+  Start();
+  Run("UPDATE tblTransactions SET Description = 'what it was for, told at some length'");
+  Trigger("mnuReport3");
+  EXPECT_TRUE(Has(Headings(), "Ref")) << "there is room for it";
+  window_->resize(1000, 640);
+  QApplication::processEvents();
+  EXPECT_FALSE(Has(Headings(), "Ref")) << "no row has one";
+  for (const char* head : {"Account", "Date", "Payee", "Income", "Expense", "Balance"}) {
+    EXPECT_TRUE(Has(Headings(), head)) << head;
+  }
+  const PrintTable printed = static_cast<MainView&>(Get<ReportsView>("pnlReports")).Printed();
+  EXPECT_EQ(printed.columns.size(), 11U) << "paper has room for all of them";
 }
 
 TEST_F(ReportsViewTest, FiguresHaveTheirRoomAndTextsShareWhatIsLeft) {

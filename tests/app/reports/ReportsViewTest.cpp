@@ -171,6 +171,7 @@ TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
   EXPECT_EQ(Shown(), "Spending by Category");
   EXPECT_TRUE(Get<QCheckBox>("chkTransfers").isChecked());
   EXPECT_FALSE(Get<QCheckBox>("chkSubCategories").isHidden());
+  EXPECT_TRUE(Get<QCheckBox>("chkSubCategories").isChecked()) << "unless they are folded";
   Trigger("mnuViewAll");
   EXPECT_FALSE(window_->Shown().report.withoutTransfers);
   EXPECT_FALSE(window_->Shown().report.dates);
@@ -227,6 +228,27 @@ TEST_F(ReportsViewTest, TabGoesThroughTheChoicesAsTheyStand) {
   EXPECT_EQ(stops(15),
             "chkUnsetR DTPickSRep DTPickERep cmdPeriodsR chkTransfers chkDefaultCurrency "
             "cmbCurrencyR cmdWhatIf pceWhatIf0 pceWhatIf1");
+}
+
+// Nothing between the tree and the list is passed by, and the way back is the same.
+TEST_F(ReportsViewTest, TabReachesEveryFieldOfTheWindowInBothDirections) {
+  Start();
+  Trigger("mnuReport5");
+  const auto walk = [&](Qt::Key key) {
+    QStringList names;
+    Get<QWidget>("tvAccounts").setFocus();
+    do {
+      names.append(QApplication::focusWidget()->objectName());
+      QTest::keyClick(QApplication::focusWidget(), key);
+    } while (names.size() < 99 && QApplication::focusWidget()->objectName() != "tvAccounts");
+    return names;
+  };
+  const QStringList onward = walk(Qt::Key_Tab);
+  for (const char* stop : {"ucCalendar", "txtFind", "cmdFilter", "chkUnsetR", "cmbCurrencyR",
+                           "chkSubCategories", "tbReport", "lvReportSelect"}) {
+    EXPECT_TRUE(onward.contains(QLatin1String(stop))) << stop;
+  }
+  EXPECT_EQ(walk(Qt::Key_Backtab).size(), onward.size());
 }
 
 }  // namespace

@@ -96,8 +96,8 @@ TEST(ReportPrint, AReportIsPrintedAsTheLocaleWritesIt) {
   const PrintTable table = PrintTableOf(report, locale);
   EXPECT_EQ(table.title, "Spending by Payee");
   EXPECT_EQ(table.columns[3].alignment, PrintAlignment::Right);
-  EXPECT_EQ(table.rows[0],
-            (std::vector<std::string>{"Payee 1", "1", "0", "-1,235", "-1", "EUR", "1.625"}));
+  EXPECT_EQ(table.rows[0], (std::vector<std::string>{"Payee 1", "1", "0.00", "-1,234.50", "-1.00",
+                                                     "EUR", "1.625"}));
   EXPECT_EQ(table.rows[1][2], "5,000.00");
   EXPECT_EQ(table.totals, std::set<std::size_t>{3});
   for (const PrintColumn& column : table.columns) EXPECT_GT(column.width, 0);

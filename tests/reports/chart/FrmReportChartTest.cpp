@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 #include "reports/chart/QtChartPlot.h"
 #include "reports/chart/ReportRows.h"
+#include "reports/chart/ucChartLegend.h"
 #include "reports/chart/ucChartView.h"
 #include "reports/chart/ucReportChart.h"
 #include "support/TestPlatform.h"
@@ -12,8 +13,6 @@
 #include <QtCharts/QBarSet>
 #include <QtCharts/QChart>
 #include <QtCharts/QHorizontalBarSeries>
-#include <QtCharts/QLegend>
-#include <QtCharts/QLegendMarker>
 #include <QtCharts/QXYSeries>
 
 #include <gtest/gtest.h>
@@ -91,7 +90,7 @@ TEST_F(FrmReportChartTest, ALineWithAGapMarksNoOtherPoint) {
   data.categories = {"A", "B", "C"};
   data.series.emplace_back();
   data.series.front().points = {ChartPoint{1, 1, {}}, std::nullopt, ChartPoint{3, 3, {}}};
-  plot.Show(data, 600);
+  plot.Show(data, {600, 400});
   const auto* line = qobject_cast<QXYSeries*>(chart.series().constFirst());
   ASSERT_NE(line, nullptr);
   plot.Mark({0, 2}, true);
@@ -137,10 +136,6 @@ TEST_F(FrmReportChartTest, ItIsSavedAndPrintedAsItIsShown) {
 
 TEST_F(FrmReportChartTest, ColoursFollowThePalette) {
   Show(CashFlowReport());
-  for (QLegendMarker* marker : chart_->chart()->legend()->markers()) {
-    if (marker->type() != QLegendMarker::LegendMarkerTypeBar) continue;
-    EXPECT_EQ(marker->brush().style(), Qt::SolidPattern) << qPrintable(marker->label());
-  }
   const QImage light = chart_->grab().toImage();
   QPalette dark;
   for (const auto role : {QPalette::Window, QPalette::Base})
@@ -150,6 +145,43 @@ TEST_F(FrmReportChartTest, ColoursFollowThePalette) {
   const QImage other = chart_->grab().toImage();
   EXPECT_EQ(other.pixelColor(2, 2), QColor(30, 30, 34));
   EXPECT_NE(light.pixelColor(2, 2), other.pixelColor(2, 2));
+}
+
+TEST_F(FrmReportChartTest, TheLegendNamesAllInAsManyRowsAsTheyNeed) {
+  Show(PayeeReport(3));
+  auto* legend = page_.findChild<ucChartLegend*>("pnlLegend");
+  ASSERT_NE(legend, nullptr);
+  EXPECT_EQ(legend->Names(), QStringList{"Expense (EUR)"});
+  Show(CashFlowReport());
+  EXPECT_EQ(legend->Names(), (QStringList{"EUR:", "Income", "Expense", "Total"}));
+  const int one = legend->heightForWidth(2000);
+  EXPECT_GT(legend->heightForWidth(160), one) << "no name is cut where there is another row";
+  EXPECT_GE(legend->height(), legend->heightForWidth(legend->width()));
+}
+
+TEST_F(FrmReportChartTest, ALowChartHasFewerBarsAndANameForEach) {
+  Show(PayeeReport(20));
+  ASSERT_EQ(page_.Shown().categories.size(), 12U);
+  page_.resize(800, 240);
+  QCoreApplication::processEvents();
+  const std::vector<std::string>& few = page_.Shown().categories;
+  ASSERT_LT(few.size(), 12U);
+  EXPECT_EQ(few.front(), "Payee 20");
+  EXPECT_TRUE(few.back().starts_with("Others (")) << few.back();
+  EXPECT_GT(chart_->chart()->plotArea().height() / static_cast<double>(few.size()),
+            chart_->fontMetrics().height() - 4);
+  page_.resize(800, 500);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(page_.Shown().categories.size(), 12U) << "as soon as there is room";
+}
+
+TEST_F(FrmReportChartTest, OneBarAloneIsNoWall) {
+  Show(PayeeReport(1));
+  const auto* bars = qobject_cast<QAbstractBarSeries*>(chart_->chart()->series().constFirst());
+  ASSERT_NE(bars, nullptr);
+  EXPECT_LT(bars->barWidth() * chart_->chart()->plotArea().height(), 80);
+  const double last = chart_->chart()->plotArea().right();
+  EXPECT_LT(last + 20, chart_->width()) << "the last number has room for its half";
 }
 
 }  // namespace

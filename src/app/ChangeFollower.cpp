@@ -1,0 +1,23 @@
+#include "app/ChangeFollower.h"
+
+#include "controls/ChangeNotice.h"
+
+#include <QApplication>
+#include <QWidget>
+
+#include <utility>
+
+namespace corvanta::inline app {
+
+ChangeFollower::ChangeFollower(QWidget& window, std::function<void()> reload)
+    : QObject(&window), reload_(std::move(reload)) {
+  window.installEventFilter(this);
+}
+
+bool ChangeFollower::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() != DataChangeEvent()) return QObject::eventFilter(watched, event);
+  if (QApplication::activeModalWidget() != nullptr) reload_();
+  return true;
+}
+
+}  // namespace corvanta::inline app
