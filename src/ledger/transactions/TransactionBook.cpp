@@ -22,7 +22,12 @@ std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
   }
   if (record.allocatedItem != 0 && !InheritFromParent(record)) return 0;
   core_.closed.RequireOpen(record.accountId);
-  if (!rows_.CanBeTwin(record.transferId, record.transactionId)) record.transferId = 0;
+  if (const auto twin = rows_.ReadTwin(record.transferId, record.transactionId)) {
+    // Becoming a half changes it, and the row that it was a half with before.
+    core_.closed.RequireOpenHalves(*twin);
+  } else {
+    record.transferId = 0;
+  }
   record.transactionId = rows_.WriteRow(record);
   if (record.allocatedItem != 0) {
     rows_.SumLines(record.allocatedItem);

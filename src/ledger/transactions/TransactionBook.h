@@ -48,7 +48,6 @@ class TransactionBook : public TransactionReader {
 
  private:
   [[nodiscard]] bool InheritFromParent(TransactionRecord& line);
-  [[nodiscard]] bool InheritFromParent(ScheduleRecord& line);
 
   TransactionRows rows_;
   clsCorvanta& ledger_;
