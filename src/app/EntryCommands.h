@@ -13,7 +13,6 @@ namespace corvanta::inline app {
 struct ViewPlace;
 
 inline constexpr const char* kAddItem = "Add Item";
-inline constexpr const char* kAmendItem = "Amend Item";
 
 // The full editor on a new transaction, of that day or of today.
 void AddTransaction(const ViewPlace& place, std::optional<Date> day = std::nullopt);

@@ -58,7 +58,7 @@ void FrmMain::NoticePosted() {
 }
 
 void FrmMain::On(QAction* action, const std::function<void()>& command) {
-  connect(action, &QAction::triggered, this, [this, command] { Guard(command); });
+  place_.On(action, this, command);
 }
 
 void FrmMain::ConnectEdit() {

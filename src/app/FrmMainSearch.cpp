@@ -113,9 +113,7 @@ void FrmMain::AddNames(std::vector<PaletteItem>& items) const {
     items.push_back({PaletteKind::Payee, payee.payee, payee.description, payee.payeeId});
   }
   for (const CategoryRecord& category : ledger.Categories().Categories()) {
-    const std::string& sub = category.subCategory;
-    items.push_back({PaletteKind::Category,
-                     sub.empty() ? category.category : category.category + ":" + sub,
+    items.push_back({PaletteKind::Category, CategoryPath(category.category, category.subCategory),
                      category.description, category.categoryId});
   }
 }

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "app/reports/ReportState.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/RowFilter.h"
 #include "ledger/register/StatusFilter.h"

@@ -82,16 +82,12 @@ ExitStatus StatusOf(StoreErrorCode code) {
 
 // A descriptor that is not open now could become the data file's before the password is read.
 std::string DescriptorFault(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() < 10 &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-  if (!isNumber) return "'" + text + "' is no file descriptor";
+  if (!IsWholeNumber(text, 9)) return "'" + text + "' is no file descriptor";
   return ::fcntl(std::stoi(text), F_GETFD) < 0 ? "descriptor " + text + " is not open" : "";
 }
 
 std::string WaitFault(const std::string& text) {
-  const bool isNumber =
-      !text.empty() && text.size() < 6 && text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber ? "" : "'" + text + "' is no number of seconds";
+  return IsWholeNumber(text, 5) ? "" : "'" + text + "' is no number of seconds";
 }
 
 std::string AnswerFault(const std::string& text) {

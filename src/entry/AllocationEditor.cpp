@@ -94,7 +94,7 @@ std::optional<Warning> AllocationEditor::Check(AllocationForm line) {
   if (auto warning = FirstBroken(kRules, line)) return warning;
   if (auto warning = CheckTexts(ledger_, Table(), line)) return warning;
   if (!IsSchedule() && ledger_.Transactions().ReachesClosedAccount({{parent_.key}})) {
-    return Warning{"Amend Item", kAccountClosed, {}};
+    return Warning{kAmendItem, kAccountClosed, {}};
   }
   return std::nullopt;
 }

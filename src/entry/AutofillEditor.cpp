@@ -68,7 +68,7 @@ std::optional<Warning> AutofillEditor::Check(const AutofillForm& form) {
   }
   if (*form.amount < 0) return fails(kSignedAmount, "txtAmount");
   if (*form.amount > kLargestAmount) return fails(kInvalidAmount, "txtAmount");
-  const char* title = form.transactionId == 0 ? "Add Item" : "Amend Item";
+  const char* title = form.transactionId == 0 ? "Add Item" : kAmendItem;
   return CheckOpenAccount(ledger_, form.accountId, title, "");
 }
 
@@ -101,8 +101,7 @@ TransactionForm AutofillEditor::Details(const AutofillForm& form, const std::str
   details.type = form.type;
   const auto knownPayee = RowOf(ledger_.References().Payees(), &PayeeRecord::payeeId, form.payeeId);
   if (knownPayee || !payee.empty()) details.payee = knownPayee ? knownPayee->payee : payee;
-  const auto known =
-      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto known = ledger_.Categories().ReadCategory(form.categoryId);
   if (!known && category.empty()) return details;
   const CategoryName name =
       known ? CategoryName{known->category, known->subCategory} : CategoryOf(ledger_, category);

@@ -4,7 +4,6 @@
 #include "entry/AllocationEditor.h"
 #include "entry/TransactionForm.h"
 #include "ledger/Keys.h"
-#include "ledger/clsCorvanta.h"
 #include "platform/Date.h"
 
 #include <cstdint>
@@ -18,8 +17,9 @@ struct Platform;
 }
 
 namespace corvanta::inline ledger {
+class clsCorvanta;
 class RateSource;
-}
+}  // namespace corvanta::inline ledger
 
 namespace corvanta::inline entry {
 

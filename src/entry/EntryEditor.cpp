@@ -16,7 +16,6 @@ namespace {
 
 constexpr const char* kTransferPayee = "Transfer";
 constexpr const char* kAllocateWarning = "Allocate Item Warning";
-constexpr const char* kAmendItem = "Amend Item";
 
 }  // namespace
 

@@ -24,9 +24,8 @@ const char* TextOf(EntryType type) {
 }
 
 int SignOf(EntryType type) {
-  int factor = type == EntryType::Income ? 1 : type == EntryType::Expense ? -1 : 0;
-  if (type == EntryType::Transfer) factor = -1;
-  return factor;
+  if (type == EntryType::None) return 0;
+  return type == EntryType::Income ? 1 : -1;
 }
 
 EntryType TypeOf(bool isTransfer, double amount) {

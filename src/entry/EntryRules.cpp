@@ -10,7 +10,6 @@
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
-#include "reference/RowOf.h"
 #include "reference/Rules.h"
 
 #include <algorithm>
@@ -75,8 +74,7 @@ bool AgreeToCategory(clsCorvanta& ledger, Prompts& prompts, const std::string& c
   const std::string main(Trim(category));
   const std::string sub(Trim(subCategory));
   // A new sub-category is of its main category's kind.
-  const auto parent = RowOf(ledger.Categories().Categories(), &CategoryRecord::categoryId,
-                            ledger.Categories().FindCategory(main, {}));
+  const auto parent = ledger.Categories().ReadCategory(ledger.Categories().FindCategory(main, {}));
   const bool isIncome = (parent ? parent->type : type) > 0;
   return prompts.Ask("Add Category?", "The category '" + CategoryPath(main, sub) +
                                           "' does not exist. Do you wish to add it as an " +

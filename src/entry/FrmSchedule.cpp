@@ -10,6 +10,7 @@
 #include "entry/QtOutlookText.h"
 #include "entry/ScheduleOutlook.h"
 #include "entry/ucCategoryBoxes.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/reference/ReferenceRecords.h"
 #include "platform/Clock.h"

@@ -2,6 +2,7 @@
 
 #include "entry/EntryForm.h"
 #include "entry/EntryRules.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/transactions/BulkEditor.h"
@@ -12,13 +13,11 @@
 #include "reference/Deletion.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
-#include "store/sql/SqlText.h"
 #include "store/sql/UndoLog.h"
 
 namespace corvanta::inline entry {
 namespace {
 
-constexpr const char* kAmendItem = "Amend Item";
 constexpr const char* kUpdating = "Please wait updating records...";
 
 constexpr EntryRule kRules[] = {
@@ -41,19 +40,6 @@ EntryForm NamesOf(clsCorvanta& ledger, const MultiEditForm& form) {
   return names;
 }
 
-// Whether a closed account holds one of them.
-bool AreClosed(clsCorvanta& ledger, Keys keys) {
-  std::string list;
-  for (const std::int64_t key : keys) list += (list.empty() ? "" : ",") + SqlNumber(key);
-  return ledger.Store()
-             .QueryValue(
-                 "Select Count(*) from tblTransactions T INNER JOIN tblAccounts A ON "
-                 "T.AccountID = A.AccountID WHERE A.CloseAccount <> 0 AND "
-                 "T.TransactionID IN (" +
-                 list + ")")
-             .Int() > 0;
-}
-
 }  // namespace
 
 std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, Keys keys) {
@@ -66,7 +52,9 @@ std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, Keys keys) 
                    "cmbType"};
   }
   if (auto warning = FirstBroken(kRules, names)) return warning;
-  if (AreClosed(ledger_, keys)) return Warning{kAmendItem, kAccountClosed, {}};
+  if (ledger_.Transactions().AreInClosedAccount(keys)) {
+    return Warning{kAmendItem, kAccountClosed, {}};
+  }
   return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
 }
 

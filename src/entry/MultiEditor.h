@@ -2,7 +2,6 @@
 
 #include "ledger/Keys.h"
 #include "ledger/Warning.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/transactions/BulkChange.h"
 #include "ledger/transactions/TransactionStatus.h"
 
@@ -10,6 +9,10 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 struct Platform;

@@ -43,10 +43,10 @@ constexpr EntryRule kRules[] = {
 std::optional<Warning> CheckRow(const StoredTransaction& stored) {
   if (stored.row.action != 0) {
     return Warning{
-        "Amend Item", "This is an investment transaction, it is amended with its investment", {}};
+        kAmendItem, "This is an investment transaction, it is amended with its investment", {}};
   }
   if (!stored.IsClosed()) return std::nullopt;
-  return Warning{"Amend Item", kAccountClosed, {}};
+  return Warning{kAmendItem, kAccountClosed, {}};
 }
 
 }  // namespace

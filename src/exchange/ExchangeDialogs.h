@@ -1,7 +1,6 @@
 // Opens what brings files in and out, each modal before its parent.
 #pragma once
 
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/StatusFilter.h"
 
@@ -11,6 +10,10 @@
 #include <vector>
 
 class QWidget;
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 struct Platform;

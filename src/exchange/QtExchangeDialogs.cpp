@@ -3,6 +3,7 @@
 #include "exchange/export/FileExport.h"
 #include "exchange/import/FrmImport.h"
 #include "ledger/accounts/AccountBook.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/register/BalanceBook.h"
 #include "ledger/register/RegisterRow.h"
 #include "platform/Platform.h"

@@ -24,8 +24,6 @@
 namespace corvanta::inline invest {
 namespace {
 
-constexpr const char* kAmendItem = "Amend Item";
-
 // On which side of the total the commission is: it adds to the cost (-1) or lessens what comes in.
 int SignOf(std::optional<InvestAction> action) {
   if (action == InvestAction::Buy || action == InvestAction::ReinvestDividend) return -1;

@@ -1,6 +1,7 @@
 #include "notes/AttachmentEditor.h"
 
 #include "ledger/accounts/ClosedAccounts.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/transactions/KeywordBook.h"
 #include "ledger/transactions/TransactionBook.h"
@@ -61,12 +62,12 @@ bool AttachmentEditor::IsClosed() {
 
 bool AttachmentEditor::RefuseClosed() {
   if (!IsClosed()) return false;
-  platform_.prompts.Tell("Amend Item", kAccountClosed);
+  platform_.prompts.Tell(kAmendItem, kAccountClosed);
   return true;
 }
 
 std::optional<Warning> AttachmentEditor::CheckAdd(const std::string& path, AttachmentMode mode) {
-  if (IsClosed()) return Warning{"Amend Item", kAccountClosed, {}};
+  if (IsClosed()) return Warning{kAmendItem, kAccountClosed, {}};
   if (!FileExists(path)) return Warning{kTitle, "There is no file \"" + path + "\".", {}};
   if (mode == AttachmentMode::Inside) return std::nullopt;
   for (const AttachmentRecord& row : Attachments()) {

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "ledger/Warning.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/transactions/AttachedFiles.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 struct Platform;

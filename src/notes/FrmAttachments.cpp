@@ -7,6 +7,7 @@
 #include "controls/LongText.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/transactions/KeywordBook.h"
 #include "notes/ucPicture.h"
 #include "platform/Platform.h"
@@ -168,7 +169,7 @@ void FrmAttachments::ShowPicture() {
   AttachedFiles files = place_.ledger.Notes().Files();
   const auto size = row == nullptr ? std::nullopt : files.SizeOf(*row);
   bool isShown = false;
-  if (size && *size <= kMostInside) {
+  if (size && *size <= kMaxInside) {
     const std::string bytes = files.Content(*row);
     isShown = picture_->Show(QByteArray(bytes.data(), static_cast<qsizetype>(bytes.size())),
                              ToQt(row->file));

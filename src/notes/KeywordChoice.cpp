@@ -1,6 +1,7 @@
 #include "notes/KeywordChoice.h"
 
 #include "ledger/accounts/ClosedAccounts.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceRecords.h"
 #include "ledger/transactions/KeywordBook.h"
 #include "ledger/transactions/TransactionBook.h"
@@ -15,7 +16,7 @@ namespace corvanta::inline notes {
 std::optional<Warning> KeywordChoice::CheckOpen() {
   for (const std::int64_t key : keys_) {
     const auto row = ledger_.Transactions().ReadTransaction(key);
-    if (row && row->accountClosed) return Warning{"Amend Item", kAccountClosed, {}};
+    if (row && row->accountClosed) return Warning{kAmendItem, kAccountClosed, {}};
   }
   return std::nullopt;
 }

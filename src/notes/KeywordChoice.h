@@ -2,13 +2,16 @@
 
 #include "ledger/Keys.h"
 #include "ledger/Warning.h"
-#include "ledger/clsCorvanta.h"
 
 #include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 struct Platform;

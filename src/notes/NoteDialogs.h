@@ -3,11 +3,14 @@
 #pragma once
 
 #include "ledger/Keys.h"
-#include "ledger/clsCorvanta.h"
 
 #include <cstdint>
 
 class QWidget;
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 struct Platform;

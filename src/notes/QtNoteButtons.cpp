@@ -1,6 +1,7 @@
 #include "notes/QtNoteButtons.h"
 
 #include "controls/QtText.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceRecords.h"
 #include "ledger/transactions/KeywordBook.h"
 

@@ -1,11 +1,13 @@
 // The two buttons with which the editors of transactions lead to what belongs to the row.
 #pragma once
 
-#include "ledger/clsCorvanta.h"
-
 #include <cstdint>
 
 class QPushButton;
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline notes {
 

@@ -9,7 +9,7 @@
 namespace corvanta::inline notes {
 namespace {
 // A photograph of today is larger than any screen; a file that pretends to be huge is not read.
-constexpr int kMostPixels = 2400;
+constexpr int kMaxPixels = 2400;
 }  // namespace
 
 ucPicture::ucPicture(QWidget* parent) : QWidget(parent) {
@@ -23,8 +23,8 @@ bool ucPicture::Show(const QByteArray& bytes, const QString& name) {
   QImageReader reader(&source);
   reader.setDecideFormatFromContent(true);
   reader.setAutoTransform(true);
-  if (const QSize size = reader.size(); size.width() > kMostPixels || size.height() > kMostPixels) {
-    reader.setScaledSize(size.scaled(kMostPixels, kMostPixels, Qt::KeepAspectRatio));
+  if (const QSize size = reader.size(); size.width() > kMaxPixels || size.height() > kMaxPixels) {
+    reader.setScaledSize(size.scaled(kMaxPixels, kMaxPixels, Qt::KeepAspectRatio));
   }
   picture_ = QPixmap::fromImage(reader.read());
   setAccessibleName(picture_.isNull() ? QString() : tr("Picture of %1").arg(name));

@@ -5,7 +5,6 @@
 #include "controls/LongText.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "reconcile/QtReconcileModel.h"

@@ -1,6 +1,7 @@
 #include "reference/AccountEditor.h"
 
 #include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/ReservedNames.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/reference/ReferenceRecords.h"
@@ -17,15 +18,13 @@
 namespace corvanta::inline reference {
 namespace {
 
-constexpr std::string_view kTransferMark = "account:";
-constexpr std::string_view kEveryAccount = "<Import All Accounts Automatically>";
-
 bool IsNoBank(std::string_view bank) {
   return Trim(bank).empty() || EqualFolded(Trim(bank), kNoBank);
 }
 
 bool IsReserved(std::string_view name) {
-  return FoldCase(Trim(name)).starts_with(kTransferMark) || EqualFolded(Trim(name), kEveryAccount);
+  return FoldCase(Trim(name)).starts_with(FoldCase(kTransferMark)) ||
+         EqualFolded(Trim(name), kEveryAccount);
 }
 
 }  // namespace

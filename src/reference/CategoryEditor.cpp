@@ -6,7 +6,6 @@
 #include "platform/ArithmeticText.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
-#include "reference/RowOf.h"
 #include "reference/Rules.h"
 #include "store/sql/Connection.h"
 #include "store/sql/UndoLog.h"
@@ -47,7 +46,7 @@ std::string FullName(const CategoryRecord& category) {
 }
 
 std::optional<CategoryForm> CategoryEditor::Load(std::int64_t key) {
-  const auto row = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, key);
+  const auto row = ledger_.Categories().ReadCategory(key);
   if (!row) return std::nullopt;
   return CategoryForm{row->categoryId, row->category, row->subCategory, row->type,
                       row->budget,     row->periodId, row->description};
@@ -70,8 +69,7 @@ std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
                                  {{"Description", form.description, "txtDescription"}})) {
     return warning;
   }
-  const auto former =
-      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto former = ledger_.Categories().ReadCategory(form.categoryId);
   const std::string name = CategoryPath(form.category, std::string(Trim(form.subCategory)));
   for (const char* fixed : {"Credit", "Debit"}) {
     if (!former || !former->subCategory.empty()) break;
@@ -91,8 +89,8 @@ std::optional<Warning> CategoryEditor::Check(CategoryForm form) {
 int CategoryEditor::TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former) {
   if (form.type != 0) return form.type;
   if (former) return former->type;
-  const auto main = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId,
-                          ledger_.Categories().FindCategory(form.category, {}));
+  const auto main =
+      ledger_.Categories().ReadCategory(ledger_.Categories().FindCategory(form.category, {}));
   return main ? main->type : kExpense;
 }
 
@@ -119,11 +117,10 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   TrimText(form.subCategory);
   TrimText(form.description);
   ApplyPath(ledger_, form);
-  const auto former =
-      RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId, form.categoryId);
+  const auto former = ledger_.Categories().ReadCategory(form.categoryId);
   const bool isMain = form.subCategory.empty();
-  const auto main = RowOf(ledger_.Categories().Categories(), &CategoryRecord::categoryId,
-                          ledger_.Categories().FindCategory(form.category, {}));
+  const auto main =
+      ledger_.Categories().ReadCategory(ledger_.Categories().FindCategory(form.category, {}));
   // A sub-category stands under its main category in that one's spelling.
   if (!isMain && main && main->categoryId != form.categoryId) form.category = main->category;
   const bool isRenamed = former && former->category != form.category;
@@ -142,16 +139,22 @@ std::int64_t CategoryEditor::Save(CategoryForm form) {
   CategoryRecord record{form.categoryId,         form.category, form.subCategory, type,
                         form.budget.value_or(0), form.periodId, form.description};
   const std::int64_t key = ledger_.Categories().SaveCategory(record);
-  // Behind the row, for it may have been the main category itself until now.
-  if (!isMain && (!former || isRenamed || former->subCategory.empty())) {
-    ledger_.Categories().FindOrCreateCategory(form.category, {}, type);
-  }
-  // Sub-categories of a main category that became one itself keep a main category of their own.
-  if (!isMain && former && former->subCategory.empty() && HasSubCategories(former->category)) {
-    ledger_.Categories().FindOrCreateCategory(former->category, {}, former->type);
-  }
+  if (!isMain) KeepMainCategories(record, former);
   all.Commit();
   return key;
+}
+
+void CategoryEditor::KeepMainCategories(const CategoryRecord& saved,
+                                        const std::optional<CategoryRecord>& former) {
+  const bool isRenamed = former && former->category != saved.category;
+  // Behind the row, for it may have been the main category itself until now.
+  if (!former || isRenamed || former->subCategory.empty()) {
+    ledger_.Categories().FindOrCreateCategory(saved.category, {}, saved.type);
+  }
+  // Sub-categories of a main category that became one itself keep a main category of their own.
+  if (former && former->subCategory.empty() && HasSubCategories(former->category)) {
+    ledger_.Categories().FindOrCreateCategory(former->category, {}, former->type);
+  }
 }
 
 Deletion CategoryEditor::Delete(std::int64_t key) {

@@ -51,6 +51,9 @@ class CategoryEditor {
 
  private:
   [[nodiscard]] int TypeOf(const CategoryForm& form, const std::optional<CategoryRecord>& former);
+  // Makes the main categories that the saved sub-category, and those that stood below it when it
+  // was a main category itself, need.
+  void KeepMainCategories(const CategoryRecord& saved, const std::optional<CategoryRecord>& former);
   [[nodiscard]] bool HasSubCategories(const std::string& name);
   [[nodiscard]] bool Clashes(const std::string& oldName, const std::string& newName);
 

@@ -1,4 +1,3 @@
-#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceRecords.h"
 #include "platform/Platform.h"
 #include "reference/AccountEditor.h"

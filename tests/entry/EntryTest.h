@@ -12,6 +12,7 @@
 #include "ledger/transactions/TransactionRecord.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
+#include "support/Contents.h"
 #include "support/LedgerProblems.h"
 #include "support/ScriptedRates.h"
 #include "support/TemporaryStore.h"
@@ -87,17 +88,8 @@ class EntryTest : public testing::Test {
   }
   // All that entries can write, as one text.
   [[nodiscard]] std::string Everything() {
-    std::string all;
-    for (const char* table :
-         {"tblTransactions", "tblSchedule", "tblCategory", "tblPayees", "tblPayments"}) {
-      Recordset rows = store_.Db().OpenRecordset(table);
-      for (; !rows.Eof(); rows.MoveNext()) {
-        for (int field = 0; field < static_cast<int>(rows.Fields().size()); ++field) {
-          all += std::string(rows.Text(field)) + "|";
-        }
-      }
-    }
-    return all;
+    return ContentsOf(
+        store_.Db(), {"tblTransactions", "tblSchedule", "tblCategory", "tblPayees", "tblPayments"});
   }
   // One rule after the other: a row breaks its own and some that come later.
   struct Broken {

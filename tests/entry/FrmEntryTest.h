@@ -47,6 +47,28 @@ class FrmEntryTest : public DialogTest<EntryTest> {
     EXPECT_EQ(FocusOf(dialog), field) << text;
     EXPECT_TRUE(dialog.isVisible()) << text;
   }
+  // The rules on payment types, payees and categories, in their order, of a form without any;
+  // `account` stands between the first two, which the caller fills in and tests there.
+  template <typename Account>
+  void ExpectNamesNeeded(const QDialog& form, const Account& account) {
+    const QString tooLong(101, u'x');
+    ExpectRefused(form, "You need to enter a Payment Type", "cmbPayment");
+    Put(form, "cmbPayment", tooLong);
+    ExpectRefused(form, "Payment Type must be less than 100 characters long", "cmbPayment");
+    Put(form, "cmbPayment", "Card");
+    account();
+    ExpectRefused(form, "You need to select a Payee", "cmbPayee");
+    Put(form, "cmbPayee", tooLong);
+    ExpectRefused(form, "Payee must be less than 100 characters long", "cmbPayee");
+    Put(form, "cmbPayee", "Baker");
+    ExpectRefused(form, "You need to enter a Category", "cmbCategory");
+    Put(form, "cmbCategory", tooLong);
+    ExpectRefused(form, "Category must be less than 100 characters long", "cmbCategory");
+    Put(form, "cmbCategory", "Shopping");
+    Put(form, "cmbSubCategory", tooLong);
+    ExpectRefused(form, "Sub Category must be less than 100 characters long", "cmbSubCategory");
+    Put(form, "cmbSubCategory", {});
+  }
   // In the field that has the focus, followed by the key that leaves it.
   static void Keys(QDialog& dialog, const QString& text, Qt::Key then = Qt::Key_Tab) {
     QTest::keyClicks(dialog.focusWidget(), text);

@@ -60,6 +60,7 @@ TEST_F(ClosedAccount, EveryTopicLeavesItAsItIs) {
   const auto [open, twin] = AddTransfer(bank_, savings_, 10);
   const std::int64_t elsewhere = Add(bank_, -3);
   const std::int64_t keyword = ledger_.Notes().FindOrCreateKeyword("Holiday");
+  const std::int64_t kept = ledger_.Notes().Files().AddRow({0, row, "kept.pdf", "/kept.pdf", ""});
   CloseAccount(savings_);
   const std::vector<std::int64_t> keys = {elsewhere, row};
   const auto save = [&](std::int64_t key, std::int64_t account) {
@@ -76,6 +77,19 @@ TEST_F(ClosedAccount, EveryTopicLeavesItAsItIs) {
            {"a new row", [&] { save(0, savings_); }},
            {"an edit", [&] { save(row, savings_); }},
            {"moving it out", [&] { save(row, bank_); }},
+           {"making it half of a transfer",
+            [&] {
+              TransactionRecord other = Row(bank_, 5);
+              other.transferId = row;
+              ledger_.Transactions().SaveTransaction(other);
+            }},
+           {"taking its other half away",
+            [&] {
+              TransactionRecord other = Row(bank_, 10);
+              other.transactionId = elsewhere;
+              other.transferId = open;
+              ledger_.Transactions().SaveTransaction(other);
+            }},
            {"moving one in", [&] { save(elsewhere, savings_); }},
            {"the other half", [&] { save(open, bank_); }},
            {"deleting", [&] { ledger_.Transactions().DeleteTransactions(keys); }},
@@ -95,8 +109,9 @@ TEST_F(ClosedAccount, EveryTopicLeavesItAsItIs) {
            {"a file",
             [&] {
               AttachmentRecord file{0, row, "a.pdf", "/a.pdf", ""};
-              ledger_.Notes().AddAttachment(file);
+              ledger_.Notes().Files().AddRow(file);
             }},
+           {"taking a file away", [&] { ledger_.Notes().DeleteAttachment(kept); }},
            {"a purchase", [&] {
               InvestmentTransaction bought;
               bought.accountId = savings_;

@@ -9,6 +9,7 @@
 #include "ledger/schedules/ScheduleRecord.h"
 #include "platform/Settings.h"
 #include "support/AgreeingPlatform.h"
+#include "support/Contents.h"
 #include "support/ScriptedRates.h"
 
 #include <string>
@@ -106,19 +107,7 @@ class PostingTest : public RecordsTest {
     return read->dateFrom.ToIso() + " x" + std::to_string(read->noTimes) + " posted " +
            std::to_string(read->posted) + (read->isFinished ? " finished" : "");
   }
-  std::string Contents() {
-    std::string text;
-    for (const char* table : {"tblTransactions", "tblSchedule"}) {
-      Recordset rows = Db().OpenRecordset(table);
-      for (; !rows.Eof(); rows.MoveNext()) {
-        for (int i = 0; i < static_cast<int>(rows.Fields().size()); ++i) {
-          text.append(rows.Text(i)).append("|");
-        }
-        text += "\n";
-      }
-    }
-    return text;
-  }
+  std::string Contents() { return ContentsOf(Db(), {"tblTransactions", "tblSchedule"}); }
 
   using Dates = std::vector<std::string>;
   ScriptedRates rates_;

@@ -110,7 +110,7 @@ class RecordsTest : public testing::Test {
   void LinkAndAttach(std::int64_t transaction) {
     ledger_.Notes().LinkKeyword(ledger_.Notes().FindOrCreateKeyword("Holiday"), transaction);
     AttachmentRecord file{0, transaction, "bill.pdf", "/home/me/bill.pdf", ""};
-    ledger_.Notes().AddAttachment(file);
+    ledger_.Notes().Files().AddRow(file);
   }
   std::int64_t AddSchedule(std::int64_t account, double amount, std::int64_t other = 0,
                            std::int64_t parent = 0) {

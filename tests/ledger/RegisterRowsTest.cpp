@@ -115,7 +115,9 @@ TEST_F(RegisterOnDemand, IsTheRegisterHoweverItIsReadAndFiltered) {
 }
 
 TEST_F(RegisterOnDemand, TakesTheSumsThatTheTreeHasReadAlready) {
-  for (const AccountRow& account : Ledger().Accounts().Accounts(TreeOptions())) {
+  const std::vector<AccountRow> accounts = Ledger().Accounts().Accounts(TreeOptions());
+  ASSERT_FALSE(accounts.empty());
+  for (const AccountRow& account : accounts) {
     const RegisterScope scope{account.accountId, {}};
     RegisterRows rows(Ledger().Store(), scope, account.openingBalance, account.sums);
     EXPECT_EQ(rows.Count(), Whole(scope).size());

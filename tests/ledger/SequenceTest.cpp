@@ -174,7 +174,7 @@ class Sequence : public RecordsTest, public testing::WithParamInterface<unsigned
     const Key keyword = Pick(keywords_);
     if (Below(2) == 0) {
       AttachmentRecord file{0, key, "f", "p", "s"};
-      ledger_.Notes().AddAttachment(file);
+      ledger_.Notes().Files().AddRow(file);
       model_.files.insert(key);
       return;
     }

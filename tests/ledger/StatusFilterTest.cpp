@@ -1,4 +1,3 @@
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/StatusFilter.h"
 
 #include <gtest/gtest.h>

@@ -70,12 +70,15 @@ TEST_F(TransferLinking, AmountsOfNothingArePairedWithinACurrencyAlone) {
   EXPECT_EQ(Column("TransferID", out), in);
 }
 
-TEST_F(TransferLinking, ARowOfAClosedAccountIsNoTwin) {
+TEST_F(TransferLinking, ARowOfAClosedAccountIsNoHalf) {
+  const std::int64_t out = AddImported(savings_, -7, "Bank");
+  AddImported(bank_, 7, "");
   AddImported(bank_, -25, "Savings");
   const std::int64_t in = AddImported(savings_, 25, "");
   CloseAccount(savings_);
   EXPECT_EQ(ledger_.Transfers().LinkImportedTransfers(), 0);
   EXPECT_EQ(Column("TransferID", in), 0);
+  EXPECT_EQ(CategoryOf(out), "Account:Bank");
 }
 
 TEST_F(TransferLinking, ARowWithoutATwinIsLeftAsItIs) {

@@ -7,6 +7,7 @@
 #include "ledger/transactions/TransactionRecord.h"
 #include "store/sql/StoreError.h"
 #include "store/sql/UndoLog.h"
+#include "support/Contents.h"
 
 #include <algorithm>
 
@@ -20,20 +21,9 @@ class Undoing : public RecordsTest {
   UndoLog& Log() { return ledger_.Undo(); }
   // Every row of every table that can be undone, as text.
   std::string Contents() {
-    std::string text;
-    for (const char* table :
-         {"tblAccounts", "tblAccountType", "tblBank", "tblCategory", "tblPayees", "tblPayments",
-          "tblKeywords", "tblKeywordLink", "tblAttachments", "tblSchedule", "tblTransactions"}) {
-      Recordset rows = Db().OpenRecordset(std::string("SELECT * FROM ") + table);
-      for (; !rows.Eof(); rows.MoveNext()) {
-        text += table;
-        for (int i = 0; i < static_cast<int>(rows.Fields().size()); ++i) {
-          text += rows.IsNull(i) ? "|NULL" : "|" + std::string(rows.Text(i));
-        }
-        text += "\n";
-      }
-    }
-    return text;
+    return ContentsOf(Db(), {"tblAccounts", "tblAccountType", "tblBank", "tblCategory", "tblPayees",
+                             "tblPayments", "tblKeywords", "tblKeywordLink", "tblAttachments",
+                             "tblSchedule", "tblTransactions"});
   }
 };
 

@@ -78,7 +78,7 @@ TEST_F(Attachments, WhatCannotBeAttachedIsRefused) {
   Prompt().ExpectTell("Attachment", "There is no file \"" + gone + "\".");
   EXPECT_FALSE(editor_.AddFile(gone));
   editor_.Keep(AttachmentMode::Inside);
-  EXPECT_THROW(editor_.AddFile(PutFile("big", std::string(kMostInside + 1, 'x'))), std::exception);
+  EXPECT_THROW(editor_.AddFile(PutFile("big", std::string(kMaxInside + 1, 'x'))), std::exception);
   EXPECT_EQ(Count("tblAttachments"), 0);
   EXPECT_EQ(Count("own_AttachedFiles"), 0);
 }

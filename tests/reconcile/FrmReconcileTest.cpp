@@ -8,6 +8,7 @@
 #include "reconcile/FrmReconcile.h"
 #include "reconcile/QtReconcileModel.h"
 #include "reconcile/ReconcileDialogs.h"
+#include "support/Contents.h"
 #include "support/ScriptedRates.h"
 
 #include <QApplication>
@@ -99,16 +100,7 @@ class Balancing : public RecordsTest {
                       QPoint(head->sectionViewportPosition(column) + 12, head->height() / 2));
   }
   std::string Label(const char* name) { return FromQt(Find<QLabel>(name).text()); }
-  std::string Everything() {
-    std::string text;
-    Recordset rows = Db().OpenRecordset("tblTransactions");
-    for (; !rows.Eof(); rows.MoveNext()) {
-      for (int i = 0; i < static_cast<int>(rows.Fields().size()); ++i) {
-        text.append(rows.Text(i)).append("|");
-      }
-    }
-    return text;
-  }
+  std::string Everything() { return ContentsOf(Db(), {"tblTransactions"}); }
   // Rows of 40 out, 15.50 in and 9 out, each on a later day.
   void AddThree() {
     out_ = Add(bank_, -40, "2026-11-01");

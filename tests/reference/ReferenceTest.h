@@ -10,6 +10,7 @@
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
+#include "support/Contents.h"
 #include "support/LedgerProblems.h"
 #include "support/TemporaryStore.h"
 
@@ -59,17 +60,8 @@ class ReferenceTest : public testing::Test {
   }
   // All that the editors can write, as one text.
   [[nodiscard]] std::string Everything() {
-    std::string all;
-    for (const char* table : {"tblAccounts", "tblAccountType", "tblBank", "tblCategory",
-                              "tblPayees", "tblPayments", "tblKeywords", "tblTransactions"}) {
-      Recordset rows = Store().OpenRecordset(table);
-      for (; !rows.Eof(); rows.MoveNext()) {
-        for (int field = 0; field < static_cast<int>(rows.Fields().size()); ++field) {
-          all += std::string(rows.Text(field)) + "|";
-        }
-      }
-    }
-    return all;
+    return ContentsOf(Store(), {"tblAccounts", "tblAccountType", "tblBank", "tblCategory",
+                                "tblPayees", "tblPayments", "tblKeywords", "tblTransactions"});
   }
 
   TemporaryStore store_{StoreContent::Default};

@@ -74,7 +74,7 @@ class Archives : public SafetyTest {
       db.Execute("INSERT INTO own_AttachedFiles (FileID,Content) VALUES (" + std::to_string(file) +
                  ",'bytes')");
       AttachmentRecord row{0, transaction, "a.pdf", "", "inside:" + std::to_string(file)};
-      ledger_.Notes().AddAttachment(row);
+      ledger_.Notes().Files().AddRow(row);
     }
   }
   std::pair<std::int64_t, std::int64_t> AddTransfer(const char* day) {
@@ -118,7 +118,7 @@ TEST_F(Archives, RowsMoveWithAllThatBelongsToThemAndBalancesStay) {
   KeywordRecord word{0, "Holiday"};
   ledger_.Notes().SaveKeyword(word);
   AttachmentRecord bill{0, split, "bill.pdf", "/bills/bill.pdf", ""};
-  ledger_.Notes().AddAttachment(bill);
+  ledger_.Notes().Files().AddRow(bill);
   for (const std::int64_t key : {split, late}) ledger_.Notes().LinkKeyword(word.keywordId, key);
   KeepInside({{split, 1}, {late, 2}});
   const double opening = ledger_.Accounts().ReadAccount(1)->openingBalance;

@@ -93,9 +93,4 @@ void ExpectSound(Connection& connection) {
   EXPECT_NEAR(balances.at(1), 314.49, 0.001);
 }
 
-std::string FaultName(Fault fault) {
-  constexpr const char* kNames[] = {"IoError", "DiskFull", "Exit", "TornWrite", "DropUnsynced"};
-  return kNames[static_cast<int>(fault)];
-}
-
 }  // namespace corvanta

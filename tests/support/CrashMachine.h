@@ -73,6 +73,4 @@ class CrashMachine {
 // That the file holds all of the sample data.
 void ExpectSound(Connection& connection);
 
-[[nodiscard]] std::string FaultName(Fault fault);
-
 }  // namespace corvanta

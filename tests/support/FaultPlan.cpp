@@ -75,4 +75,9 @@ void FaultPlan::UndoUnsynced() {
   for (const auto& [path, bytes] : deleted_) std::ofstream(path, std::ios::binary) << bytes;
 }
 
+std::string FaultName(Fault fault) {
+  constexpr const char* kNames[] = {"IoError", "DiskFull", "Exit", "TornWrite", "DropUnsynced"};
+  return kNames[static_cast<int>(fault)];
+}
+
 }  // namespace corvanta

@@ -14,6 +14,8 @@ enum class Fault {
   DropUnsynced  // what was not synced is undone, as by a loss of power, then the process ends
 };
 
+[[nodiscard]] std::string FaultName(Fault fault);
+
 // Counts the operations that change the disk and says which of them goes wrong. What a process
 // that ends here returns is kFaultExit.
 class FaultPlan {

@@ -32,11 +32,12 @@ std::optional<FilterKind> KindOf(FilterPiece piece) {
 }
 
 QString Joined(const std::vector<std::string>& names) {
-  constexpr int kMost = 30;  // what a tool tip can still show
+  constexpr int kMaxShown = 30;  // what a tool tip can still show
   QStringList lines;
   for (const std::string& name : names) {
-    if (lines.size() == kMost) {
-      lines.append(FilterCommands::tr("and %1 more").arg(static_cast<int>(names.size()) - kMost));
+    if (lines.size() == kMaxShown) {
+      lines.append(
+          FilterCommands::tr("and %1 more").arg(static_cast<int>(names.size()) - kMaxShown));
       break;
     }
     lines.append(ToQt(name));

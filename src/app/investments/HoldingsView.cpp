@@ -3,10 +3,10 @@
 #include "app/LedgerSession.h"
 #include "app/MainActions.h"
 #include "app/ViewCommand.h"
+#include "app/investments/HoldingRows.h"
 #include "app/investments/HoldingsBar.h"
 #include "app/investments/HoldingsCharts.h"
 #include "app/investments/InvestmentsView.h"
-#include "app/lists/ListWidths.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/Style.h"
@@ -31,50 +31,12 @@ constexpr int kRoomForCharts = 58 * kRhythm;
 // Whether the days are in force; the reports have a value of their own.
 constexpr std::string_view kSetDate = "SetHoldingsDate";
 
-std::vector<ListColumn> Columns(const Locale& locale) {
-  const ListWidths widths(locale);
-  const auto text = [&](const QString& sample) { return widths.Text(sample); };
-  const int money = widths.Figure(-99999.99);
-  const int price = widths.Figure(9999.99, 4);
-  const auto amount = [&](const QString& title, int leaves) {
-    return ListColumn{title, std::max(money, text(title)), 0, true, leaves};
-  };
-  return {
-      {HoldingsView::tr("Account"), text(QStringLiteral("An account")), 2, false, 3},
-      {HoldingsView::tr("Investment"), text(QStringLiteral("An investment's name")), 4, false, 0,
-       text(QStringLiteral("An investment"))},
-      {HoldingsView::tr("Symbol"), text(QStringLiteral("SYMBOL")), 0, false, 2},
-      {HoldingsView::tr("Units"), price, 0, true},
-      {HoldingsView::tr("Average Cost"), std::max(price, text(HoldingsView::tr("Average Cost"))), 0,
-       true, 8},
-      {HoldingsView::tr("Price"), price, 0, true, 10},
-      {HoldingsView::tr("Price Date"), widths.Day(), 0, false, 1},
-      amount(HoldingsView::tr("Value"), 0),
-      {HoldingsView::tr("Share"), text(QStringLiteral("100.0 %")), 0, true, 4},
-      amount(HoldingsView::tr("Not Realised"), 9),
-      amount(HoldingsView::tr("Realised"), 6),
-      amount(HoldingsView::tr("Dividends"), 5),
-      {HoldingsView::tr("Money-Weighted"), text(HoldingsView::tr("Money-Weighted")), 0, true, 7},
-      {HoldingsView::tr("Time-Weighted"), text(HoldingsView::tr("Time-Weighted")), 0, true, 5}};
-}
-
 ListTraits Traits(const ViewPlace& place) {
   const MainActions& actions = place.actions;
   return {kHoldingShow, actions.mnuViewHoldings,      "lvholding",
-          "chHoldings", HoldingsView::tr("Holdings"), Columns(place.platform.locale),
+          "chHoldings", HoldingsView::tr("Holdings"), HoldingColumns(place.platform.locale),
           {},           actions.mnuHoldingAdd,        actions.mnuHoldingEdit,
           nullptr};
-}
-
-// Of one account and one investment.
-std::int64_t KeyOf(const Holding& holding) {
-  constexpr int kHalf = 32;
-  return (holding.accountId << kHalf) | holding.payeeId;
-}
-
-ListCell Percent(const std::optional<double>& part, const Locale& locale) {
-  if (!part) return {};
-  return {HoldingsView::tr("%1 %").arg(ToQt(locale.FormatNumber(*part * 100, 1))), *part};
 }
 
 }  // namespace
@@ -137,7 +99,10 @@ void HoldingsView::Show(const ViewCommand& command) {
   period_ = *scope.period;
   list_ = ReadHoldings(Place().session.Ledger(), scope);
   std::vector<ListRow> rows;
-  for (const Holding& holding : list_.holdings) rows.push_back(RowOf(holding));
+  const int decimals = Settings(Place().platform.registry).InvestmentDecimals();
+  for (const Holding& holding : list_.holdings) {
+    rows.push_back(HoldingRow(holding, locale_, decimals));
+  }
   const auto count = static_cast<qulonglong>(rows.size());
   charts_->setVisible(!rows.empty() && height() >= kRoomForCharts);
   Fill(std::move(rows),
@@ -166,52 +131,6 @@ void HoldingsView::FillBar() {
   bar_->SetCurrencies({codes.begin(), codes.end()});
 }
 
-ListRow HoldingsView::RowOf(const Holding& holding) const {
-  const int decimals = Settings(Place().platform.registry).InvestmentDecimals();
-  const auto money = [this](double amount) {
-    return ListCell{ToQt(locale_.FormatNumber(amount)), amount};
-  };
-  const auto exact = [this, decimals](double amount) {
-    return ListCell{ToQt(locale_.FormatNumber(amount, decimals)), amount};
-  };
-  const auto& price = holding.price;
-  const auto& weighted = holding.earned.timeWeighted;
-  ListCell none{tr("none"), -1, false, true};
-  return {
-      KeyOf(holding),
-      {{ToQt(holding.account)},
-       {ToQt(holding.investment)},
-       {ToQt(holding.symbol)},
-       exact(holding.units),
-       exact(holding.averageCost),
-       price ? exact(price->price) : none,
-       price ? ListCell{ToQt(locale_.FormatShortDate(price->date)),
-                        static_cast<double>(price->date.Serial())}
-             : ListCell{},
-       money(holding.value),
-       Percent(holding.share, locale_),
-       money(holding.unrealised),
-       money(holding.realised),
-       money(holding.dividends),
-       Percent(holding.earned.moneyWeighted, locale_),
-       Percent(weighted ? std::optional(weighted->annual.value_or(weighted->whole)) : std::nullopt,
-               locale_)},
-      tr("%1 in %2, cost %3 %4")
-          .arg(ToQt(holding.investment), ToQt(holding.account),
-               ToQt(locale_.FormatNumber(holding.cost)), ToQt(holding.currency))};
-}
-
-QString HoldingsView::FigureOf(const HoldingTotal& total) const {
-  QString text = tr("Total (%1): %2, gain %3")
-                     .arg(ToQt(total.currency), ToQt(locale_.FormatNumber(total.value)),
-                          ToQt(locale_.FormatNumber(total.unrealised)));
-  if (total.earned.moneyWeighted) {
-    text +=
-        tr(", %1 % a year").arg(ToQt(locale_.FormatNumber(*total.earned.moneyWeighted * 100, 1)));
-  }
-  return text;
-}
-
 QStringList HoldingsView::Figures() {
   const std::string code = bar_->Currency();
   QStringList parts;
@@ -219,25 +138,25 @@ QStringList HoldingsView::Figures() {
     const ConvertedTotal sum = Converted(list_.totals, code, rates_);
     QStringList without;
     for (const std::string& missing : sum.missing) without.append(ToQt(missing));
-    parts.append(FigureOf(sum.total));
+    parts.append(HoldingFigure(sum.total, locale_));
     if (!without.isEmpty()) {
       parts.last() += tr(" without %1").arg(without.join(QStringLiteral(", ")));
     }
     return parts;
   }
-  for (const HoldingTotal& total : list_.totals) parts.append(FigureOf(total));
+  for (const HoldingTotal& total : list_.totals) parts.append(HoldingFigure(total, locale_));
   return parts;
 }
 
 void HoldingsView::ShowCharts() {
   if (list_.holdings.empty()) return charts_->Clear();
-  const int chosen = PlaceOf(ChosenKey());
-  const auto at = static_cast<std::size_t>(std::max(chosen, 0));
-  const Holding& holding = list_.holdings[at];
-  const HoldingTrack* track = &list_.tracks[at];
+  const Holding* chosen = Find(ChosenKey());
+  const Holding& holding = chosen == nullptr ? list_.holdings.front() : *chosen;
+  const HoldingTrack* track =
+      &list_.tracks[static_cast<std::size_t>(&holding - list_.holdings.data())];
   const QString name = ToQt(holding.investment);
   charts_->ShowPrices(name, *track, period_);
-  if (chosen >= 0) return charts_->ShowValue(name, {&track, 1}, period_);
+  if (chosen != nullptr) return charts_->ShowValue(name, {&track, 1}, period_);
   charts_->ShowValue(tr("all in %1").arg(ToQt(holding.currency)),
                      list_.TracksOf(holding.currencyId), period_);
 }
@@ -250,14 +169,14 @@ void HoldingsView::FetchRates() {
   Show(Place().host.Shown());
 }
 
-int HoldingsView::PlaceOf(std::int64_t key) const {
-  const auto found = std::ranges::find(list_.holdings, key, KeyOf);
-  return found == list_.holdings.end() ? -1 : static_cast<int>(found - list_.holdings.begin());
+const Holding* HoldingsView::Find(std::int64_t key) const {
+  const auto found = std::ranges::find(list_.holdings, key, HoldingKey);
+  return found == list_.holdings.end() ? nullptr : &*found;
 }
 
 std::int64_t HoldingsView::ChosenAccount() const {
-  const int chosen = PlaceOf(ChosenKey());
-  return chosen < 0 ? 0 : list_.holdings[static_cast<std::size_t>(chosen)].accountId;
+  const Holding* chosen = Find(ChosenKey());
+  return chosen == nullptr ? 0 : chosen->accountId;
 }
 
 void HoldingsView::MarkCommands(bool isShown) {
@@ -267,31 +186,26 @@ void HoldingsView::MarkCommands(bool isShown) {
 
 void HoldingsView::Add() {
   InvestTransRequest request;
-  if (const int chosen = PlaceOf(CommandKey()); chosen >= 0) {
-    const Holding& holding = list_.holdings[static_cast<std::size_t>(chosen)];
-    request.accountId = holding.accountId;
-    request.investmentId = holding.payeeId;
+  if (const Holding* chosen = Find(CommandKey())) {
+    request.accountId = chosen->accountId;
+    request.investmentId = chosen->payeeId;
   }
   if (OpenInvestTrans(request, InvestHere(Place())).isChanged) Place().host.Reload();
 }
 
 void HoldingsView::Edit(std::int64_t key) {
-  const int chosen = PlaceOf(key);
-  if (chosen < 0) return;
-  const std::int64_t payee = list_.holdings[static_cast<std::size_t>(chosen)].payeeId;
-  if (OpenInvest(payee, InvestHere(Place())).isChanged) Place().host.Reload();
+  const Holding* holding = Find(key);
+  if (holding == nullptr) return;
+  if (OpenInvest(holding->payeeId, InvestHere(Place())).isChanged) Place().host.Reload();
 }
 
 void HoldingsView::Open(std::int64_t key) {
-  const int chosen = PlaceOf(key);
-  if (chosen < 0) return;
-  Place().host.OpenAccount(list_.holdings[static_cast<std::size_t>(chosen)].accountId);
+  if (const Holding* holding = Find(key)) Place().host.OpenAccount(holding->accountId);
 }
 
 void HoldingsView::ActOnShares() {
-  const int chosen = PlaceOf(CommandKey());
-  const std::int64_t payee =
-      chosen < 0 ? 0 : list_.holdings[static_cast<std::size_t>(chosen)].payeeId;
+  const Holding* chosen = Find(CommandKey());
+  const std::int64_t payee = chosen == nullptr ? 0 : chosen->payeeId;
   if (OpenCorporateAction(payee, InvestHere(Place())).isChanged) Place().host.Reload();
 }
 

@@ -42,14 +42,12 @@ class HoldingsView : public ListView {
 
  private:
   void FillBar();
-  [[nodiscard]] ListRow RowOf(const Holding& holding) const;
   [[nodiscard]] QStringList Figures();
-  [[nodiscard]] QString FigureOf(const HoldingTotal& total) const;
   void ShowCharts();
   void FetchRates();
   void ActOnShares();
-  // The place of that row among the holdings; -1 when there is none.
-  [[nodiscard]] int PlaceOf(std::int64_t key) const;
+  // What that row shows; null when there is none. The list holds it until it is read anew.
+  [[nodiscard]] const Holding* Find(std::int64_t key) const;
 
   const Locale& locale_;
   HoldingsBar* bar_;

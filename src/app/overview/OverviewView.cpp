@@ -29,7 +29,7 @@ namespace {
 
 constexpr const char* kShowAtStart = "ShowOverview";
 constexpr int kTileWidth = 46 * kRhythm;
-constexpr int kMostColumns = 3;
+constexpr int kMaxColumns = 3;
 constexpr int kPause = 20;  // milliseconds, which belong to everything else
 
 }  // namespace
@@ -126,7 +126,7 @@ void OverviewView::ArrangeTiles(int columns) {
 
 void OverviewView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  ArrangeTiles(std::clamp(width() / kTileWidth, 1, kMostColumns));
+  ArrangeTiles(std::clamp(width() / kTileWidth, 1, kMaxColumns));
 }
 
 void OverviewView::Show(const ViewCommand& /*command*/) {

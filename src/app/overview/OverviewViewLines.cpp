@@ -6,7 +6,7 @@
 
 namespace corvanta::inline app {
 namespace {
-constexpr std::size_t kMostLines = 10;
+constexpr std::size_t kMaxLines = 10;
 }
 
 OverviewTile::Cell OverviewView::Money(double amount, bool isStrong) const {
@@ -16,7 +16,7 @@ OverviewTile::Cell OverviewView::Money(double amount, bool isStrong) const {
 std::vector<OverviewView::Line> OverviewView::BalanceLines() const {
   std::vector<Line> lines;
   for (const AccountRow& account : Now().accounts) {
-    if (lines.size() == kMostLines) break;
+    if (lines.size() == kMaxLines) break;
     lines.push_back({{{ToQt(account.account)},
                       Money(account.balance),
                       {ToQt(account.currency), false, false, true}},
@@ -35,7 +35,7 @@ std::vector<OverviewView::Line> OverviewView::DueLines() const {
   const Locale& own = place_.platform.locale;
   const auto add = [&](const std::vector<Reminder>& items, bool isOverdue) {
     for (const Reminder& item : items) {
-      if (lines.size() == kMostLines || item.isReceiving) continue;
+      if (lines.size() == kMaxLines || item.isReceiving) continue;
       lines.push_back({{{ToQt(item.payee), false, isOverdue},
                         {ToQt(own.FormatShortDate(item.date)), isOverdue, false, !isOverdue},
                         Money(item.amount),

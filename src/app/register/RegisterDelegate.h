@@ -1,7 +1,6 @@
 #pragma once
 
 #include "controls/ListDelegate.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/RegisterRow.h"
 
 #include <QColor>

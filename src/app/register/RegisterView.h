@@ -2,7 +2,6 @@
 
 #include "app/register/RegisterDelegate.h"
 #include "ledger/accounts/AccountRow.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/StatusFilter.h"
 #include "platform/Settings.h"

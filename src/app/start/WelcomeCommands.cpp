@@ -12,7 +12,7 @@
 #include "platform/Registry.h"
 #include "platform/Settings.h"
 #include "store/datafile/OpenDataFile.h"
-#include "store/sql/Connection.h"
+#include "store/datafile/schema/SampleData.h"
 #include "store/sql/StoreError.h"
 
 #include <QAction>
@@ -61,15 +61,7 @@ void WelcomeCommands::Open() {
 }
 
 bool WelcomeCommands::IsSample() const {
-  if (!place_.session.IsOpen()) return false;
-  Connection& store = place_.session.Ledger().Store();
-  constexpr const char* kCount = "Select Count(*) from tblAccounts";
-  const std::int64_t samples =
-      store
-          .QueryValue(std::string(kCount) +
-                      " Where [Description] = 'This is a sample account, and can be deleted'")
-          .Int();
-  return samples == 1 && store.QueryValue(kCount).Int() == 1;
+  return place_.session.IsOpen() && HoldsSampleAlone(place_.session.Ledger().Store());
 }
 
 bool WelcomeCommands::IsReadyForOwn() {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "ledger/accounts/AccountRow.h"
-#include "ledger/clsCorvanta.h"
 
 #include <QSet>
 #include <QTreeWidget>

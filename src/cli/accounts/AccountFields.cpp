@@ -4,7 +4,6 @@
 #include "cli/Session.h"
 #include "cli/arguments/Arguments.h"
 #include "cli/arguments/CurrencyArgument.h"
-#include "ledger/clsCorvanta.h"
 
 namespace corvanta::inline cli {
 

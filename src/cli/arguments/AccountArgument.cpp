@@ -5,6 +5,7 @@
 #include "cli/arguments/CloseNames.h"
 #include "ledger/accounts/AccountBook.h"
 #include "ledger/accounts/AccountRow.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/register/StatusFilter.h"
 
 #include <vector>

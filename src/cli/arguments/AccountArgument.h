@@ -1,10 +1,13 @@
 #pragma once
 
 #include "ledger/accounts/AccountRow.h"
-#include "ledger/clsCorvanta.h"
 
 #include <optional>
 #include <string>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline cli {
 

@@ -48,6 +48,11 @@ std::function<std::string(std::string&)> OneOf(std::vector<std::string> words) {
   };
 }
 
+bool IsWholeNumber(std::string_view text, std::size_t maxDigits) {
+  return !text.empty() && text.size() <= maxDigits &&
+         text.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
 std::string EmptyFault(const std::string& text) {
   return text.empty() ? "it may not be empty" : std::string();
 }

@@ -1,13 +1,14 @@
 // Forms of arguments that several commands share. A wrong one is wrong usage.
 #pragma once
 
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/StatusFilter.h"
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace corvanta::inline cli {
@@ -35,6 +36,8 @@ struct StatusArgument {
 // The check of an argument that is one of a few words (in any case); it puts the word in place as
 // it stands in the list.
 [[nodiscard]] std::function<std::string(std::string&)> OneOf(std::vector<std::string> words);
+// Whether the text is a whole number, without a sign, of that many digits at the most.
+[[nodiscard]] bool IsWholeNumber(std::string_view text, std::size_t maxDigits);
 // What is wrong with an argument that may not be empty; empty when nothing is. An unset variable of
 // a script must not lead to the user's own file.
 [[nodiscard]] std::string EmptyFault(const std::string& text);

@@ -4,7 +4,6 @@
 #include "cli/Session.h"
 #include "cli/arguments/AccountArgument.h"
 #include "cli/arguments/Arguments.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryPath.h"
 
 namespace corvanta::inline cli {

@@ -2,7 +2,9 @@
 
 #include "cli/Parser.h"
 #include "cli/Session.h"
+#include "cli/arguments/Arguments.h"
 #include "ledger/accounts/ClosedAccounts.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/transactions/TransactionBook.h"
 #include "platform/Platform.h"
 #include "reference/Deletion.h"
@@ -18,8 +20,7 @@ constexpr std::size_t kMaxDigits = 10;
 }  // namespace
 
 std::string KeyFault(const std::string& text) {
-  const bool isKey = !text.empty() && text.size() <= kMaxDigits && text.front() != '0' &&
-                     text.find_first_not_of("0123456789") == std::string::npos;
+  const bool isKey = IsWholeNumber(text, kMaxDigits) && text.front() != '0';
   return isKey ? "" : "'" + text + "' is no key of a transaction";
 }
 
@@ -70,7 +71,7 @@ bool RefuseClosed(const std::vector<TransactionDetails>& rows, Session& session)
 
 bool RefuseClosed(bool isClosed, Session& session) {
   if (isClosed) {
-    session.Tell("Amend Item", kAccountClosed);
+    session.Tell(kAmendItem, kAccountClosed);
   }
   return isClosed;
 }

@@ -1,13 +1,16 @@
 #pragma once
 
 #include "cli/ExitStatus.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/transactions/TransactionRecord.h"
 
 #include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline cli {
 

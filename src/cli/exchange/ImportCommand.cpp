@@ -24,9 +24,7 @@ std::string SeparatorFault(const std::string& text) {
 }
 
 std::string RowsFault(const std::string& text) {
-  const bool isNumber = !text.empty() && text.size() <= 4 &&
-                        text.find_first_not_of("0123456789") == std::string::npos;
-  return isNumber ? "" : "'" + text + "' is no number of rows";
+  return IsWholeNumber(text, 4) ? "" : "'" + text + "' is no number of rows";
 }
 
 std::string EncodingFault(const std::string& text) {
@@ -57,33 +55,42 @@ Parser* ImportCommand::Declare(Parser& parser) {
       ->Correct(OneOf({"use", "ignore"}));
   command->AddFlag("--complete-transfers", completesTransfers_,
                    "Make the other half of transfers of which the file holds one half only");
-  command->AddOption("--duplicates", duplicates_, "What to do with duplicates: skip or import")
+  DeclareAnswers(*command);
+  DeclareStyle(*command);
+  DeclareCsv(*command);
+  return command;
+}
+
+void ImportCommand::DeclareAnswers(Parser& command) {
+  command.AddOption("--duplicates", duplicates_, "What to do with duplicates: skip or import")
       ->TypeName("ANSWER")
       ->Correct(OneOf({"skip", "import"}));
   command
-      ->AddOption("--incomplete", incomplete_,
-                  "What to do with the records before a fault that stops the import: keep or drop")
+      .AddOption("--incomplete", incomplete_,
+                 "What to do with the records before a fault that stops the import: keep or drop")
       ->TypeName("ANSWER")
       ->Correct(OneOf({"keep", "drop"}));
+}
+
+// How dates, amounts and texts stand in the file.
+void ImportCommand::DeclareStyle(Parser& command) {
   command
-      ->AddOption("--order", order_,
-                  "Order of the dates: Day/Month/Year, Month/Day/Year or Year/Month/Day (default: "
-                  "as the file shows)")
+      .AddOption("--order", order_,
+                 "Order of the dates: Day/Month/Year, Month/Day/Year or Year/Month/Day (default: "
+                 "as the file shows)")
       ->TypeName("ORDER")
       ->Correct(OneOf({"Day/Month/Year", "Month/Day/Year", "Year/Month/Day"}));
   command
-      ->AddOption("--decimal", decimal_,
-                  "Mark before decimals: point or comma (default: as the file shows)")
+      .AddOption("--decimal", decimal_,
+                 "Mark before decimals: point or comma (default: as the file shows)")
       ->TypeName("MARK")
       ->Correct(OneOf({"point", "comma"}));
   command
-      ->AddOption("--encoding", encoding_,
-                  "Encoding of the file's text, such as UTF-8, windows-1250 or shift_jis (default: "
-                  "as the file shows)")
+      .AddOption("--encoding", encoding_,
+                 "Encoding of the file's text, such as UTF-8, windows-1250 or shift_jis (default: "
+                 "as the file shows)")
       ->TypeName("NAME")
       ->Check(EncodingFault);
-  DeclareCsv(*command);
-  return command;
 }
 
 void ImportCommand::DeclareCsv(Parser& command) {

@@ -24,6 +24,8 @@ class ImportCommand : public Command {
   ExitStatus Run(Session& session) override;
 
  private:
+  void DeclareAnswers(Parser& command);
+  void DeclareStyle(Parser& command);
   void DeclareCsv(Parser& command);
   [[nodiscard]] std::optional<Warning> Check(ImportEditor& editor, ImportForm& form) const;
   // Puts the choices for a CSV file into the form; a warning where one makes no sense.

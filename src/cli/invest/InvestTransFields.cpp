@@ -5,7 +5,6 @@
 #include "cli/arguments/Arguments.h"
 #include "cli/arguments/EntryArguments.h"
 #include "cli/arguments/InvestmentArgument.h"
-#include "ledger/clsCorvanta.h"
 
 #include <algorithm>
 #include <vector>

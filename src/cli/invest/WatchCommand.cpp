@@ -98,6 +98,14 @@ ExitStatus WatchCommand::Delete(StockLookup& lookup, Session& session) const {
   return lookup.Delete({&entry->number, 1}) ? ExitStatus::Done : ExitStatus::Refused;
 }
 
+std::optional<std::int64_t> WatchCommand::FindSource(StockLookup& lookup, Session& session) const {
+  std::vector<NamedItem> sources;
+  for (const WatchSource& row : lookup.Sources()) sources.push_back({row.dataId, row.name});
+  if (source_.empty()) return sources.empty() ? 0 : sources.front().key;
+  const auto source = FindItem(sources, source_, lookup.Caption(), "data source", session);
+  return source ? std::optional(source->key) : std::nullopt;
+}
+
 ExitStatus WatchCommand::Download(StockLookup& lookup, clsCorvanta& ledger,
                                   Session& session) const {
   LookupForm form{0, lookup.Currency()};
@@ -107,15 +115,9 @@ ExitStatus WatchCommand::Download(StockLookup& lookup, clsCorvanta& ledger,
     if (!code) return ExitStatus::Refused;
     form.currency = code->name;
   }
-  std::vector<NamedItem> sources;
-  for (const WatchSource& row : lookup.Sources()) sources.push_back({row.dataId, row.name});
-  if (!source_.empty()) {
-    const auto source = FindItem(sources, source_, lookup.Caption(), "data source", session);
-    if (!source) return ExitStatus::Refused;
-    form.dataId = source->key;
-  } else if (!sources.empty()) {
-    form.dataId = sources.front().key;
-  }
+  const std::optional<std::int64_t> source = FindSource(lookup, session);
+  if (!source) return ExitStatus::Refused;
+  form.dataId = *source;
   const std::vector<WatchEntry> entries = lookup.Entries();
   std::vector<std::string> symbols;
   for (const std::string& symbol : symbols_) {

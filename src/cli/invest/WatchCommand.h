@@ -3,6 +3,8 @@
 #include "cli/Command.h"
 #include "invest/WatchList.h"
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -33,6 +35,8 @@ class WatchCommand : public Command {
   void DeclareList(Parser& command, Parsers& parsers);
   ExitStatus Add(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
   ExitStatus Delete(StockLookup& lookup, Session& session) const;
+  // The source that is asked for, or the first; 0 where there is none, nullopt when it was refused.
+  [[nodiscard]] std::optional<std::int64_t> FindSource(StockLookup& lookup, Session& session) const;
   ExitStatus Download(StockLookup& lookup, clsCorvanta& ledger, Session& session) const;
 
   Parsers stocks_;

@@ -5,7 +5,6 @@
 #include "cli/arguments/AccountArgument.h"
 #include "cli/arguments/Arguments.h"
 #include "ledger/Money.h"
-#include "ledger/clsCorvanta.h"
 #include "platform/Clock.h"
 #include "platform/Platform.h"
 #include "platform/TextCase.h"

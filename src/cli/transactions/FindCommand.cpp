@@ -12,6 +12,31 @@
 #include <memory>
 
 namespace corvanta::inline cli {
+namespace {
+
+// `keys` are those that the filter lets pass; nullopt lets all.
+OutputTable TableOf(const std::vector<FoundRow>& rows, const std::optional<KeySet>& keys) {
+  OutputTable table({{"ID", OutputKind::Integer},
+                     {"Account"},
+                     {"Date", OutputKind::Date},
+                     {"Payee"},
+                     {"Category"},
+                     {"Ref"},
+                     {"Description"},
+                     {"Amount", OutputKind::Money},
+                     {"Currency"}});
+  for (const FoundRow& found : rows) {
+    const RegisterRow& row = found.row;
+    if (keys && !keys->Has(row.transactionId)) continue;
+    const bool isKnown = found.account != nullptr;
+    table.AddRow({row.transactionId, isKnown ? found.account->account : std::string(), row.date,
+                  row.payee, row.category, row.reference, row.description, row.amount,
+                  isKnown ? found.account->currency : std::string()});
+  }
+  return table;
+}
+
+}  // namespace
 
 Parser* FindCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand("find", "Find transactions by what stands in them");
@@ -47,25 +72,7 @@ ExitStatus FindCommand::Run(Session& session) {
   index->ReadAll();
   TransactionSearch search(index, query, scope);
   search.Finish();
-
-  OutputTable table({{"ID", OutputKind::Integer},
-                     {"Account"},
-                     {"Date", OutputKind::Date},
-                     {"Payee"},
-                     {"Category"},
-                     {"Ref"},
-                     {"Description"},
-                     {"Amount", OutputKind::Money},
-                     {"Currency"}});
-  for (const FoundRow& found : ReadFound(*index, search.Hits())) {
-    const RegisterRow& row = found.row;
-    if (keys && !keys->Has(row.transactionId)) continue;
-    const bool isKnown = found.account != nullptr;
-    table.AddRow({row.transactionId, isKnown ? found.account->account : std::string(), row.date,
-                  row.payee, row.category, row.reference, row.description, row.amount,
-                  isKnown ? found.account->currency : std::string()});
-  }
-  session.Print(table);
+  session.Print(TableOf(ReadFound(*index, search.Hits()), keys));
   return ExitStatus::Done;
 }
 

@@ -5,6 +5,7 @@
 #include "cli/arguments/Arguments.h"
 #include "cli/arguments/EntryArguments.h"
 #include "entry/MultiEditor.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryPath.h"
 #include "ledger/transactions/BulkChange.h"
 

@@ -2,6 +2,7 @@
 
 #include "exchange/text/Encoding.h"
 #include "ledger/Money.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryPath.h"
 #include "ledger/transactions/TransactionBook.h"
 #include "ledger/transactions/TransactionRecord.h"

@@ -1,13 +1,16 @@
 // The texts of exported files.
 #pragma once
 
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/RegisterRow.h"
 
 #include <functional>
 #include <optional>
 #include <span>
 #include <string>
+
+namespace corvanta::inline ledger {
+class clsCorvanta;
+}
 
 namespace corvanta::inline platform {
 class Locale;

@@ -2,6 +2,7 @@
 
 #include "ledger/accounts/AccountBook.h"
 #include "ledger/accounts/CurrencyOf.h"
+#include "ledger/clsCorvanta.h"
 #include "ledger/reference/ReferenceBook.h"
 #include "ledger/reference/ReferenceRecords.h"
 #include "ledger/register/Period.h"

@@ -8,6 +8,7 @@
 #include "ledger/accounts/AccountBook.h"
 #include "ledger/accounts/AccountRow.h"
 #include "ledger/accounts/ClosedAccounts.h"
+#include "ledger/accounts/ReservedNames.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/register/StatusFilter.h"
 #include "ledger/transactions/TransferCompletion.h"
@@ -24,7 +25,6 @@
 namespace corvanta::inline exchange {
 namespace {
 
-constexpr const char* kEveryAccount = "<Import All Accounts Automatically>";
 constexpr int kMaxSkipped = 10000;
 
 Warning Say(const std::string& text, const char* field) {
@@ -102,7 +102,7 @@ ImportEditor::ImportEditor(clsCorvanta& ledger, Platform& platform)
     : ledger_(ledger), platform_(platform), mappings_(platform.registry) {}
 
 std::vector<ImportAccountChoice> ImportEditor::Accounts() {
-  std::vector<ImportAccountChoice> choices{{0, kEveryAccount}};
+  std::vector<ImportAccountChoice> choices{{0, std::string(kEveryAccount)}};
   for (const AccountRow& account : ledger_.Accounts().Accounts(StatusFilter{}, false)) {
     choices.push_back({account.accountId, account.account});
   }

@@ -1,6 +1,7 @@
 #include "exchange/import/ImportNames.h"
 
 #include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/ReservedNames.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/investments/InvestmentBook.h"
 #include "ledger/reference/CategoryBook.h"
@@ -20,7 +21,6 @@ namespace {
 
 constexpr std::size_t kLongestName = 255;
 constexpr std::size_t kLongestNumber = 50;
-constexpr const char* kTransferMark = "Account:";
 
 // No name holds a line end, so that the two cannot run into each other.
 std::string CategoryKey(std::string_view category, std::string_view subCategory) {
@@ -160,7 +160,7 @@ std::int64_t ImportNames::Category(const ImportCategory& category, double amount
   std::string main = category.category;
   std::string sub = category.subCategory;
   if (!category.account.empty()) {
-    main = kTransferMark + category.account;
+    main = std::string(kTransferMark) + category.account;
     sub.clear();
   }
   if (main.empty()) {

@@ -1,5 +1,6 @@
 #include "exchange/import/ImportRecord.h"
 
+#include "ledger/accounts/ReservedNames.h"
 #include "platform/TextCase.h"
 
 #include <unicode/brkiter.h>
@@ -67,7 +68,6 @@ void CutNames(ImportRecord& record) {
 }
 
 ImportCategory ReadImportCategory(std::string_view text) {
-  constexpr std::string_view kTransferMark = "Account:";
   ImportCategory result;
   // The category of a transfer that has not found its other half, as an export carries it.
   if (EqualFolded(text.substr(0, kTransferMark.size()), kTransferMark)) {

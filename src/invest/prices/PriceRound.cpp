@@ -17,12 +17,13 @@ constexpr const char* kNoAnswer = "The service does not answer.";
 
 // "Acme, Bolt and 3 more"
 std::string Names(const std::vector<std::string>& names) {
-  constexpr std::size_t kMost = 3;
+  constexpr std::size_t kMaxShown = 3;
   std::string text;
-  for (std::size_t i = 0; i < std::min(kMost, names.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(kMaxShown, names.size()); ++i) {
     text += (i == 0 ? "" : ", ") + names[i];
   }
-  if (names.size() > kMost) text += " and " + std::to_string(names.size() - kMost) + " more";
+  if (names.size() > kMaxShown)
+    text += " and " + std::to_string(names.size() - kMaxShown) + " more";
   return text;
 }
 
@@ -71,7 +72,7 @@ void PriceRound::DownloadOne(const Asked& asked, const Stored& stored, Result& r
 }
 
 std::string RemarksText(const std::vector<PriceRound::Remark>& remarks) {
-  constexpr std::size_t kMostLines = 8;
+  constexpr std::size_t kMaxLines = 8;
   std::vector<std::pair<std::string, std::vector<std::string>>> groups;
   for (const PriceRound::Remark& remark : remarks) {
     auto group = std::ranges::find(groups, remark.why, [](const auto& each) { return each.first; });
@@ -79,11 +80,11 @@ std::string RemarksText(const std::vector<PriceRound::Remark>& remarks) {
     group->second.push_back(remark.asked.investment);
   }
   std::string text;
-  for (std::size_t i = 0; i < std::min(kMostLines, groups.size()); ++i) {
+  for (std::size_t i = 0; i < std::min(kMaxLines, groups.size()); ++i) {
     text += Names(groups[i].second) + ": " + groups[i].first + "\n";
   }
-  if (groups.size() > kMostLines) {
-    text += "... and " + std::to_string(groups.size() - kMostLines) + " other reasons\n";
+  if (groups.size() > kMaxLines) {
+    text += "... and " + std::to_string(groups.size() - kMaxLines) + " other reasons\n";
   }
   return text;
 }

@@ -14,6 +14,8 @@ namespace corvanta::inline ledger {
 struct RowLinks;
 
 inline constexpr const char* kAccountClosed = "This Account is closed, Items cannot be amended";
+// The title under which it is told of an item that is there.
+inline constexpr const char* kAmendItem = "Amend Item";
 
 // Which accounts are closed, for the topics that write rows: every one of them asks here before it
 // changes a row. Operations throw StoreError; the Require operations in the words of
@@ -24,6 +26,8 @@ class ClosedAccounts {
 
   // False for an account that is not there.
   [[nodiscard]] bool Has(std::int64_t accountId);
+  // Whether a closed account holds one of the rows.
+  [[nodiscard]] bool Hold(Keys transactionIds);
   // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
   [[nodiscard]] bool AreReachedBy(Keys transactionIds);
   void RequireOpen(std::int64_t accountId);

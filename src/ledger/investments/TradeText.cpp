@@ -7,13 +7,13 @@
 
 namespace corvanta::inline ledger {
 namespace {
-constexpr int kMostDecimals = 9;
+constexpr int kMaxDecimals = 9;
 }
 
 std::string TradeText(const RegisterRow& row, const Locale& locale) {
   std::string text = ActionName(row.action);
   const auto figure = [&](double value, int least) {
-    return locale.FormatNumber(value, NeededDecimals(value, least, kMostDecimals));
+    return locale.FormatNumber(value, NeededDecimals(value, least, kMaxDecimals));
   };
   if (text.empty() || row.shares == 0) return text;
   text += ' ' + figure(row.shares, 0);

@@ -13,18 +13,28 @@ namespace {
 
 constexpr const char* kMainCategory = " AND (SubCategory = '' OR IsNull(SubCategory))";
 
+CategoryRecord RecordOf(const Recordset& row) {
+  return {row.Int("CategoryID"),   row.Text("Category"),
+          row.Text("SubCategory"), static_cast<int>(row.Int("Type")),
+          row.Double("Budget"),    row.Int("PeriodID"),
+          row.Text("Description")};
+}
+
 }  // namespace
 
 std::vector<CategoryRecord> CategoryBook::Categories() {
   std::vector<CategoryRecord> categories;
   Recordset rows = core_.store.OpenRecordset(
       "Select * from tblCategory Order by Category, SubCategory, CategoryID");
-  for (; !rows.Eof(); rows.MoveNext()) {
-    categories.push_back({rows.Int("CategoryID"), rows.Text("Category"), rows.Text("SubCategory"),
-                          static_cast<int>(rows.Int("Type")), rows.Double("Budget"),
-                          rows.Int("PeriodID"), rows.Text("Description")});
-  }
+  for (; !rows.Eof(); rows.MoveNext()) categories.push_back(RecordOf(rows));
   return categories;
+}
+
+std::optional<CategoryRecord> CategoryBook::ReadCategory(std::int64_t categoryId) {
+  if (categoryId == 0) return std::nullopt;
+  const Recordset row = core_.store.OpenRecordset("Select * from tblCategory Where CategoryID = " +
+                                                  SqlNumber(categoryId));
+  return row.Eof() ? std::nullopt : std::optional(RecordOf(row));
 }
 
 std::int64_t CategoryBook::FindCategory(const std::string& category,

@@ -4,6 +4,7 @@
 #include "ledger/reference/ReferenceRecords.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,8 @@ class CategoryBook {
   explicit CategoryBook(LedgerCore& core) : core_(core) {}
 
   [[nodiscard]] std::vector<CategoryRecord> Categories();
+  // nullopt when there is none of that key.
+  [[nodiscard]] std::optional<CategoryRecord> ReadCategory(std::int64_t categoryId);
   // A missing main category is made along with its sub-category; `type` (1 income, -1 expense) is
   // of a row that is made. A new sub-category is of its main category's type.
   std::int64_t FindOrCreateCategory(const std::string& category, const std::string& subCategory,

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "ledger/accounts/AccountRow.h"
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/BalanceBook.h"
 #include "ledger/register/EntrySums.h"
 #include "platform/Date.h"

@@ -1,7 +1,6 @@
 // How the rows of a register are asked for and read.
 #pragma once
 
-#include "ledger/clsCorvanta.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/RegisterNames.h"
 #include "ledger/register/RegisterRow.h"

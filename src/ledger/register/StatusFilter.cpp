@@ -1,7 +1,5 @@
 #include "ledger/register/StatusFilter.h"
 
-#include "ledger/clsCorvanta.h"
-
 namespace corvanta::inline ledger {
 
 std::string StatusFilter::Clause() const {

@@ -39,7 +39,6 @@ class ScheduleBook : public ScheduleReader {
   void DetachFromSchedule(std::int64_t transactionId);
 
  private:
-  [[nodiscard]] bool InheritFromParent(TransactionRecord& line);
   std::int64_t CopySchedule(std::int64_t sourceId, std::int64_t parentId);
   void DeletePostedRows(std::int64_t scheduleId);
   bool SumScheduleLines(std::int64_t scheduleId);

@@ -53,7 +53,6 @@ class TransactionSearch {
   // Looks through so many rows more; true when the search has ended.
   bool GoOn(std::size_t rows);
   void Finish();
-  [[nodiscard]] bool IsDone() const { return isDone_; }
   // The oldest first, those of a day by key; once it has ended.
   [[nodiscard]] const std::vector<SearchHit>& Hits() const { return hits_; }
 

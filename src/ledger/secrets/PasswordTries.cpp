@@ -10,7 +10,7 @@ namespace {
 constexpr int kFreeTries = 3;
 constexpr std::int64_t kFirstPause = 5;      // seconds
 constexpr std::int64_t kLongestPause = 300;  // seconds
-constexpr int kMostDoublings = 6;
+constexpr int kMaxDoublings = 6;
 constexpr std::int64_t kDay = 86400;
 
 std::int64_t SecondsBetween(const DateTime& from, const DateTime& to) {
@@ -26,7 +26,7 @@ void PasswordTries::CountWrong() {
 
 std::int64_t PasswordTries::Pause() const {
   if (wrong_ < kFreeTries) return 0;
-  const int doublings = std::min(wrong_ - kFreeTries, kMostDoublings);
+  const int doublings = std::min(wrong_ - kFreeTries, kMaxDoublings);
   return std::min(kFirstPause << doublings, kLongestPause);
 }
 

@@ -153,7 +153,7 @@ std::size_t AttachedFiles::CountMissing() {
 }
 
 std::string AttachedFiles::Content(const AttachmentRecord& row) {
-  if (ModeOf(row) != AttachmentMode::Inside) return ReadFile(PathOf(row), kMostInFolder);
+  if (ModeOf(row) != AttachmentMode::Inside) return ReadFile(PathOf(row), kMaxInFolder);
   const std::int64_t key = ContentKey(row);
   if (key == 0) throw Gone();
   const Recordset content = core_.store.OpenRecordset(
@@ -178,7 +178,7 @@ std::int64_t AttachedFiles::Attach(std::int64_t transactionId, const std::string
   // Where the copy came from is only told.
   if (record.path.size() > kLongestPath) record.path.clear();
   if (mode == AttachmentMode::Inside) {
-    const std::string bytes = ReadFile(record.path.empty() ? path : record.path, kMostInside);
+    const std::string bytes = ReadFile(record.path.empty() ? path : record.path, kMaxInside);
     const UndoLog::Step step = core_.undo.Begin("Attach File");
     Transaction all = core_.store.Begin();
     record.store = StoreInside(bytes);
@@ -196,6 +196,7 @@ std::int64_t AttachedFiles::Attach(std::int64_t transactionId, const std::string
 }
 
 std::int64_t AttachedFiles::AddRow(const AttachmentRecord& record) {
+  core_.closed.RequireOpenOf(record.transactionId);
   const UndoLog::Step step = core_.undo.Begin("Attach File");
   return core_.SaveRow("tblAttachments", "AttachmentID", 0,
                        {{"TransactionID", record.transactionId},
@@ -205,10 +206,10 @@ std::int64_t AttachedFiles::AddRow(const AttachmentRecord& record) {
 }
 
 std::string AttachedFiles::CopyToFolder(const std::string& path) {
-  constexpr int kMostOfAName = 10000;
-  const std::string bytes = ReadFile(path, kMostInFolder);
+  constexpr int kMaxOfAName = 10000;
+  const std::string bytes = ReadFile(path, kMaxInFolder);
   core_.platform.files.CreateFolder(Folder());
-  for (int number = 1; number < kMostOfAName; ++number) {
+  for (int number = 1; number < kMaxOfAName; ++number) {
     const std::string name = NumberedName(path, number);
     const std::string copy = Folder() + '/' + name;
     std::error_code error;

@@ -20,8 +20,8 @@ enum class AttachmentMode { Path, Folder, Inside };
 inline constexpr const char* kFileStore = "FileStore";
 // The largest files that are taken, in bytes. What is inside the data file is copied whenever that
 // is, so there the limit is lower.
-inline constexpr std::size_t kMostInside = 32U << 20U;
-inline constexpr std::size_t kMostInFolder = 1U << 30U;
+inline constexpr std::size_t kMaxInside = 32U << 20U;
+inline constexpr std::size_t kMaxInFolder = 1U << 30U;
 
 [[nodiscard]] AttachmentMode ModeOf(const AttachmentRecord& row);
 
@@ -60,6 +60,8 @@ class AttachedFiles {
   // Attaches the file as one step that can be undone; returns the key of its row. Refused, as a
   // PlatformError, for what is no ordinary file and for one that is too large.
   std::int64_t Attach(std::int64_t transactionId, const std::string& path, AttachmentMode mode);
+  // The row as it is, whose file lies where it says; returns its key.
+  std::int64_t AddRow(const AttachmentRecord& record);
   // Puts other bytes in the place of a file inside the data file. Rows that were copied from this
   // one keep the former.
   void Replace(std::int64_t attachmentId, std::string_view bytes);
@@ -75,7 +77,6 @@ class AttachedFiles {
   [[nodiscard]] std::int64_t ContentKey(const AttachmentRecord& row) const;
   [[nodiscard]] std::string CopyToFolder(const std::string& path);
   [[nodiscard]] std::string StoreInside(std::string_view bytes);
-  std::int64_t AddRow(const AttachmentRecord& record);
 
   LedgerCore& core_;
 };

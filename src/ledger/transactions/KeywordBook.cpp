@@ -79,17 +79,10 @@ std::vector<AttachmentRecord> KeywordBook::AttachmentsOf(std::int64_t transactio
   return Files().Of(transactionId);
 }
 
-std::int64_t KeywordBook::AddAttachment(AttachmentRecord& record) {
-  core_.closed.RequireOpenOf(record.transactionId);
-  const UndoLog::Step step = core_.undo.Begin("Attach File");
-  return record.attachmentId = core_.SaveRow("tblAttachments", "AttachmentID", 0,
-                                             {{"TransactionID", record.transactionId},
-                                              {"AttachmentFile", record.file},
-                                              {"AttachmentPath", record.path},
-                                              {"AttachmentStore", record.store}});
-}
-
 void KeywordBook::DeleteAttachment(std::int64_t attachmentId) {
+  const auto row = Files().Find(attachmentId);
+  if (!row) return;
+  core_.closed.RequireOpenOf(row->transactionId);
   const UndoLog::Step step = core_.undo.Begin("Remove Attachment");
   Transaction all = core_.store.Begin();
   Files().DeleteRows("AttachmentID =" + SqlNumber(attachmentId));

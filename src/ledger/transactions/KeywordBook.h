@@ -36,8 +36,6 @@ class KeywordBook {
   // Those that other programs have open.
   [[nodiscard]] OpenedAttachments& Opened();
   [[nodiscard]] std::vector<AttachmentRecord> AttachmentsOf(std::int64_t transactionId);
-  // A row as it is; a file is attached by Files().
-  std::int64_t AddAttachment(AttachmentRecord& record);
   // A copy beside the data file stays: the row may come back.
   void DeleteAttachment(std::int64_t attachmentId);
   void DeleteAttachments(std::int64_t transactionId);

@@ -56,7 +56,7 @@ std::vector<std::string> OpenedAttachments::TakeBack() {
 bool OpenedAttachments::TakeBack(Edited& copy) {
   // A program that is just writing the file anew has it away for a moment.
   if (!FileExists(copy.path)) return false;
-  std::string bytes = ReadFile(copy.path, kMostInside);
+  std::string bytes = ReadFile(copy.path, kMaxInside);
   if (bytes == copy.bytes) return false;
   files_.Replace(copy.attachmentId, bytes);
   copy.bytes = std::move(bytes);

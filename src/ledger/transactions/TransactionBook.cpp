@@ -14,15 +14,20 @@ namespace corvanta::inline ledger {
 std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Transaction");
   Transaction all = core_.store.Begin();
+  std::int64_t former = 0;  // its other half so far
   if (record.transactionId != 0) {
     const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
     if (!old) return 0;
     core_.closed.RequireOpenHalves(*old);
     record.allocatedItem = old->allocatedItem;
+    former = old->transferId;
   }
   if (record.allocatedItem != 0 && !InheritFromParent(record)) return 0;
   core_.closed.RequireOpen(record.accountId);
-  if (!rows_.CanBeTwin(record.transferId, record.transactionId)) record.transferId = 0;
+  const std::optional<RowLinks> twin = rows_.ReadTwin(record.transferId, record.transactionId);
+  if (!twin) record.transferId = 0;
+  // Becoming a half changes it, and the row that it was a half with before.
+  if (twin && record.transferId != former) core_.closed.RequireOpenHalves(*twin);
   record.transactionId = rows_.WriteRow(record);
   if (record.allocatedItem != 0) {
     rows_.SumLines(record.allocatedItem);
@@ -110,6 +115,10 @@ bool TransactionBook::DeleteTransactions(Keys transactionIds) {
   const UndoLog::Step step =
       core_.undo.Begin(transactionIds.size() == 1 ? "Delete Transaction" : "Delete Transactions");
   return core_.ForEachRow(transactionIds, [this](std::int64_t key) { DeleteTransaction(key); });
+}
+
+bool TransactionBook::AreInClosedAccount(Keys transactionIds) {
+  return core_.closed.Hold(transactionIds);
 }
 
 bool TransactionBook::ReachesClosedAccount(Keys transactionIds) {

@@ -9,11 +9,11 @@
 
 namespace corvanta::inline ledger {
 
-// A key that names no whole row would leave a transfer that points into nothing.
-bool TransactionRows::CanBeTwin(std::int64_t twin, std::int64_t key) {
-  if (twin == 0 || twin == key) return false;
-  const std::optional<RowLinks> row = ReadLinks(core_.store, twin);
-  return row && row->allocatedItem == 0;
+std::optional<RowLinks> TransactionRows::ReadTwin(std::int64_t twin, std::int64_t key) {
+  if (twin == 0 || twin == key) return std::nullopt;
+  std::optional<RowLinks> row = ReadLinks(core_.store, twin);
+  if (row && row->allocatedItem != 0) row.reset();
+  return row;
 }
 
 std::int64_t TransactionRows::WriteRow(const TransactionRecord& record) {
@@ -83,7 +83,6 @@ void TransactionRows::LinesFollow(const TransactionRecord& parent) {
                       lines);
 }
 
-// A row with its lines; whatever still names it as its other half becomes an ordinary row.
 void TransactionRows::DeleteWhole(std::int64_t transactionId) {
   const std::string key = SqlNumber(transactionId);
   DeleteRows("AllocatedItem  = " + key);

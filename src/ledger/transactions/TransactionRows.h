@@ -1,9 +1,11 @@
 #pragma once
 
 #include "ledger/LedgerCore.h"
+#include "ledger/transactions/RowLinks.h"
 #include "ledger/transactions/TransactionRecord.h"
 
 #include <cstdint>
+#include <optional>
 #include <string>
 
 namespace corvanta::inline ledger {
@@ -15,9 +17,9 @@ class TransactionRows {
  public:
   explicit TransactionRows(LedgerCore& core) : core_(core) {}
 
-  // Whether a row can be the other half of the one with this key: a key that names no whole row
-  // would leave a transfer that points into nothing.
-  [[nodiscard]] bool CanBeTwin(std::int64_t twin, std::int64_t key);
+  // The row that is to be the other half of the one with this key; nullopt for one that cannot be:
+  // a key that names no whole row would leave a transfer that points into nothing.
+  [[nodiscard]] std::optional<RowLinks> ReadTwin(std::int64_t twin, std::int64_t key);
   // A new row for the key 0; returns the key.
   std::int64_t WriteRow(const TransactionRecord& record);
   // Makes the two rows halves of one transfer, which keep no lines; with the twin 0 the row ceases

@@ -1,6 +1,7 @@
 #include "ledger/transactions/TransferCompletion.h"
 
 #include "ledger/accounts/AccountBook.h"
+#include "ledger/accounts/ReservedNames.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/reference/ReferenceBook.h"
@@ -11,15 +12,8 @@
 
 #include <algorithm>
 #include <iterator>
-#include <string>
-#include <string_view>
 
 namespace corvanta::inline ledger {
-namespace {
-
-constexpr std::string_view kMark = "Account:";
-
-}  // namespace
 
 std::vector<std::int64_t> TransferCompletion::LoneHalves(Keys transactionIds) {
   std::vector<std::int64_t> lone;
@@ -41,9 +35,10 @@ std::int64_t TransferCompletion::OtherAccountOf(std::int64_t transactionId) {
   const auto row = ledger_.Transactions().ReadTransaction(transactionId);
   const bool isOrdinary = row && row->transferId == 0 && !row->hasLines &&
                           row->allocatedItem == 0 && row->action == 0 && !row->accountClosed;
-  if (!isOrdinary || !row->category.starts_with(kMark)) return 0;
+  if (!isOrdinary || !row->category.starts_with(kTransferMark)) return 0;
   const auto [other, isNew] = named_.try_emplace(row->category, 0);
-  if (isNew) other->second = ledger_.Accounts().OtherAccount(row->category.substr(kMark.size()), 0);
+  if (isNew)
+    other->second = ledger_.Accounts().OtherAccount(row->category.substr(kTransferMark.size()), 0);
   const std::optional<AccountRecord>& own = Account(row->accountId);
   const std::optional<AccountRecord>& account = Account(other->second);
   if (!own || !account || account->closed || other->second == row->accountId) return 0;

@@ -157,7 +157,7 @@ int TransferLinking::LinkImportedTransfers() {
   Partners partners(core_, imported);
   int pairs = 0;
   for (const Half& half : imported) {
-    if (partners.IsSplit(half.transactionId)) continue;
+    if (partners.IsSplit(half.transactionId) || core_.closed.Has(half.accountId)) continue;
     const Half* partner = partners.Take(half);
     if (partner == nullptr) continue;
     link(half, partner->transactionId);

@@ -1,5 +1,6 @@
 #include "store/datafile/schema/SampleData.h"
 
+#include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 
 #include <string_view>
@@ -8,6 +9,9 @@ namespace corvanta::inline datafile {
 namespace {
 
 using Statements = std::vector<std::string>;
+
+// Of the account, which is known by it.
+constexpr std::string_view kDescription = "This is a sample account, and can be deleted";
 
 constexpr std::string_view kPayments[] = {
     "(2,'Cash','Cash Transaction')",      "(3,'Direct Debit','Direct Debit Transaction')",
@@ -72,7 +76,7 @@ void AddAccount(Statements& statements, const std::string& currency) {
       "INSERT INTO tblAccounts (AccountID,[Account],AccountNo,AccountTypeID,BankID,OpeningBalance,"
       "CurrencyId,Description,CloseAccount) VALUES (1,'Sample Bank "
       "Account','12345678',1,1,500.00," +
-      currency + ",'This is a sample account, and can be deleted',0);");
+      currency + "," + SqlText(kDescription) + ",0);");
 }
 
 void AddPayees(Statements& statements, const std::string& currency) {
@@ -133,6 +137,12 @@ std::vector<std::string> SampleDataStatements(Date today, std::int64_t currencyI
   }
   AddSchedules(statements, today);
   return statements;
+}
+
+bool HoldsSampleAlone(Connection& store) {
+  const std::string count = "Select Count(*) from tblAccounts";
+  return store.QueryValue(count + " Where [Description] = " + SqlText(kDescription)).Int() == 1 &&
+         store.QueryValue(count).Int() == 1;
 }
 
 }  // namespace corvanta::inline datafile
