@@ -172,13 +172,13 @@ void TotalsLine::Arrange() {
   others_[0]->setVisible(hasOthers_ && hasAll);
   others_[1]->setVisible(hasOthers_ && hasAll);
   others_[2]->setVisible(hasOthers_ && form_ != Form::FigureAlone);
-  // Above the figures it has the row for itself.
-  grid_->addWidget(rows_, 0, 0, 1, isOne || hasOthers_ ? 1 : 6);
+  grid_->addWidget(rows_, 0, 0);
   grid_->addWidget(others_[0], 0, isOne ? 2 : 4);
   grid_->addWidget(others_[1], 0, isOne ? 3 : 5);
   const bool isAbove = form_ == Form::PeriodAndFigure;
   grid_->addWidget(others_[2], isOne || isAbove ? 0 : 1, isAbove ? 5 : 4);
-  grid_->addWidget(figure_, isOne ? 0 : 1, 5);
+  // Without others it has a row for itself.
+  grid_->addWidget(figure_, isOne ? 0 : 1, isOne || hasOthers_ ? 5 : 0);
   Elide();
   grid_->activate();
   Elide();
@@ -186,7 +186,8 @@ void TotalsLine::Arrange() {
 
 void TotalsLine::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  if (Fitting() == form_) return Elide();
+  // Rows of figures are others in another room.
+  if (Fitting() == form_ && hasOthers_) return Elide();
   Arrange();
   updateGeometry();
 }
