@@ -150,11 +150,6 @@ Argument* Parser::AddOption(const std::string& names, int& value, const std::str
   return Add(names, value, meaning);
 }
 
-Argument* Parser::AddOption(const std::string& names, std::int64_t& value,
-                            const std::string& meaning) {
-  return Add(names, value, meaning);
-}
-
 Argument* Parser::AddOption(const std::string& names, std::optional<std::string>& value,
                             const std::string& meaning) {
   return Add(names, value, meaning);

@@ -82,7 +82,6 @@ class Parser {
 
   Argument* AddOption(const std::string& names, std::string& value, const std::string& meaning);
   Argument* AddOption(const std::string& names, int& value, const std::string& meaning);
-  Argument* AddOption(const std::string& names, std::int64_t& value, const std::string& meaning);
   Argument* AddOption(const std::string& names, std::optional<std::string>& value,
                       const std::string& meaning);
   Argument* AddOption(const std::string& names, std::optional<int>& value,

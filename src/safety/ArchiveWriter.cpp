@@ -109,7 +109,7 @@ void ArchiveWriter::Write(const ArchivePlan& plan, const std::string& path) {
   WriteArchive(plan, path);
   try {
     CopyFileStore(FileStoreOf(file_.path), FileStoreOf(path), OnOther::Refuse, platform_.files);
-    TakeOut(plan);
+    RemoveRows(plan);
   } catch (...) {
     // Once the rows are taken out, the archive is where they are.
     if (IsInDataFile(ledger_.Store(), plan)) RemoveDataFileQuietly(path, platform_.files);
@@ -133,7 +133,7 @@ void ArchiveWriter::WriteArchive(const ArchivePlan& plan, const std::string& pat
   draft.Install(false);
 }
 
-void ArchiveWriter::TakeOut(const ArchivePlan& plan) {
+void ArchiveWriter::RemoveRows(const ArchivePlan& plan) {
   Connection& store = ledger_.Store();
   const auto before = AccountBalances(store);
   const UndoLog::Step step = ledger_.Undo().Begin("Archive");

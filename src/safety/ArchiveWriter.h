@@ -23,7 +23,7 @@ class ArchiveWriter {
 
  private:
   void WriteArchive(const ArchivePlan& plan, const std::string& path);
-  void TakeOut(const ArchivePlan& plan);
+  void RemoveRows(const ArchivePlan& plan);
 
   clsCorvanta& ledger_;
   BackedFile file_;

@@ -61,7 +61,7 @@ FrmRestore::FrmRestore(RestoreEditor& editor, const SafetyPlace& place)
   connect(browse, &QPushButton::clicked, this, &FrmRestore::Browse);
   connect(cmdAccept_, &QPushButton::clicked, this, &FrmRestore::Accept);
   connect(cancel, &QPushButton::clicked, this, &QDialog::reject);
-  connect(lvBackups_, &ucEntryList::ChoiceChanged, this, &FrmRestore::TakeChosen);
+  connect(lvBackups_, &ucEntryList::ChoiceChanged, this, &FrmRestore::LookAtChosen);
   Run([this] { FillSources(); });
   resize(sizeHint().expandedTo(kComfortable).boundedTo(screen()->availableSize()));
   lvBackups_->setFocus();
@@ -98,7 +98,7 @@ void FrmRestore::FillSources() {
   if (sources_.empty()) Note(tr("No backup of this data file was found. Choose one elsewhere."));
 }
 
-void FrmRestore::TakeChosen() {
+void FrmRestore::LookAtChosen() {
   const std::vector<std::size_t> chosen = lvBackups_->ChosenRows();
   if (!chosen.empty()) Look(sources_.at(chosen.front()).path);
 }

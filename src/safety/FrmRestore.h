@@ -23,7 +23,7 @@ class FrmRestore : public FormDialog {
  private:
   void MakeLists();
   void FillSources();
-  void TakeChosen();
+  void LookAtChosen();
   void Browse();
   // Looks into a file and shows what it would change.
   void Look(const std::string& path);

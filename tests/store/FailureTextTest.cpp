@@ -43,20 +43,6 @@ TEST(FailureText, TheLibrarysWordsStandBesideTheProgramsOwn) {
             "was changed. Validate the data file and try again.");
 }
 
-TEST(FailureText, WhatWasKeptIsToldInPlaceOfNothing) {
-  const StoreError full(StoreErrorCode::DiskFull, FailureText(StoreErrorCode::DiskFull), "INSERT",
-                        "home.dat");
-  const StoreError kept = WithSafe(full, "12 of 40 rows were added.");
-  EXPECT_STREQ(kept.what(),
-               "The disk is full. 12 of 40 rows were added. Free some space and try again.");
-  EXPECT_EQ(kept.Code(), full.Code());
-  EXPECT_EQ(kept.Statement(), full.Statement());
-  EXPECT_EQ(kept.File(), full.File());
-  EXPECT_EQ(FailureText(kept), kept.what());
-  EXPECT_STREQ(WithSafe(StoreError(StoreErrorCode::Io, "The lamp is out."), "All is kept.").what(),
-               "The lamp is out. All is kept.");
-}
-
 TEST(FailureText, WhatNobodyForesawIsToldInWords) {
   const std::string text = FailureText(std::runtime_error("a number is missing"));
   EXPECT_NE(text.find("(a number is missing)."), std::string::npos) << text;

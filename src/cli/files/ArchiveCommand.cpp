@@ -42,7 +42,7 @@ ExitStatus ArchiveCommand::Run(Session& session) {
   form.path = std::filesystem::absolute(file_).string();
   form.before = Date::FromIso(before_);
   form.onlyReconciled = onlyReconciled_;
-  if (!TakeAccounts(ledger, session, form)) return ExitStatus::Refused;
+  if (!FindAccounts(ledger, session, form)) return ExitStatus::Refused;
   if (const auto warning = editor.Check(form)) {
     return session.Refuse(warning->title, warning->text);
   }
@@ -51,7 +51,7 @@ ExitStatus ArchiveCommand::Run(Session& session) {
   return editor.Save(form) ? ExitStatus::Done : ExitStatus::Refused;
 }
 
-bool ArchiveCommand::TakeAccounts(clsCorvanta& ledger, Session& session, ArchiveForm& form) const {
+bool ArchiveCommand::FindAccounts(clsCorvanta& ledger, Session& session, ArchiveForm& form) const {
   if (accounts_.empty()) return true;
   form.accounts.clear();
   for (const std::string& name : accounts_) {

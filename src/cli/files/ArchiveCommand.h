@@ -24,7 +24,7 @@ class ArchiveCommand : public Command {
 
  private:
   // False where an account is not there, which has been told.
-  bool TakeAccounts(clsCorvanta& ledger, Session& session, ArchiveForm& form) const;
+  bool FindAccounts(clsCorvanta& ledger, Session& session, ArchiveForm& form) const;
   static void Print(const ArchivePlan& plan, Session& session);
 
   std::string file_;

@@ -35,7 +35,7 @@ bool CsvRows::IsAtSeparator() const {
   return !separator_.empty() && text_.substr(at_).starts_with(separator_);
 }
 
-void CsvRows::TakeLineEnd() {
+void CsvRows::SkipLineEnd() {
   if (at_ >= text_.size()) return;
   const bool isPair = text_.substr(at_).starts_with("\r\n");
   at_ += isPair ? 2 : 1;
@@ -63,7 +63,7 @@ bool CsvRows::ReadQuoted(std::string& cell) {
       return true;
     } else if (IsLineEnd(c)) {
       value += '\n';
-      TakeLineEnd();
+      SkipLineEnd();
     } else {
       value += c;
       ++at_;
@@ -101,7 +101,7 @@ bool CsvRows::Next(CsvRow& row) {
     if (IsAtEnd()) break;
     at_ += separator_.size();
   }
-  TakeLineEnd();
+  SkipLineEnd();
   row.offset = at_;
   return true;
 }

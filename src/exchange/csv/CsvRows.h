@@ -37,7 +37,7 @@ class CsvRows {
   void ReadPlain(std::string& cell);
   [[nodiscard]] bool IsAtSeparator() const;
   [[nodiscard]] bool IsAtEnd() const;
-  void TakeLineEnd();
+  void SkipLineEnd();
 
   std::string_view text_;
   std::string_view separator_;

@@ -8,36 +8,24 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cmath>
 #include <unordered_set>
 
 namespace corvanta::inline ledger {
 namespace {
 
-// The names of the parts in the text form, and the columns that the lists are of.
-struct KindWords {
-  std::string_view name;
-  const char* column;
-};
-constexpr std::array<KindWords, kFilterKinds.size()> kWords = {{{"Account", "T.AccountID"},
-                                                                {"Category", "T.CategoryID"},
-                                                                {"Payee", "T.PayeeID"},
-                                                                {"Investment", "T.PayeeID"},
-                                                                {"Keyword", "K.KeywordID"}}};
-constexpr std::string_view kAmount = "Amount";
-constexpr std::string_view kText = "Text";
-constexpr std::string_view kTextOnly = "TextOnly";
+// The columns that the lists are of.
+constexpr std::array<const char*, kFilterKinds.size()> kColumns = {
+    "T.AccountID", "T.CategoryID", "T.PayeeID", "T.PayeeID", "K.KeywordID"};
 
 std::size_t PlaceOf(FilterKind kind) {
   return static_cast<std::size_t>(kind);
 }
 
-template <typename Number>
-std::optional<Number> ReadNumber(std::string_view text) {
-  Number number{};
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+std::optional<std::int64_t> ReadKey(std::string_view text) {
+  std::int64_t key = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), key);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
+  return key;
 }
 
 // What stands before the first mark; the text is what stands behind it.
@@ -92,7 +80,7 @@ std::string JoinKeys(const std::vector<std::int64_t>& keys) {
 std::vector<std::int64_t> SplitKeys(std::string_view list) {
   std::vector<std::int64_t> keys;
   while (!list.empty()) {
-    if (const auto key = ReadNumber<std::int64_t>(Trim(CutAt(list, ',')))) keys.push_back(*key);
+    if (const auto key = ReadKey(Trim(CutAt(list, ',')))) keys.push_back(*key);
   }
   return keys;
 }
@@ -122,46 +110,11 @@ bool RowFilter::IsEmpty() const {
   return !HasText() && std::ranges::none_of(kFilterKinds, [&](FilterKind k) { return IsSet(k); });
 }
 
-std::string RowFilter::ToText() const {
-  std::string text;
-  const auto add = [&text](std::string_view name, const std::string& value) {
-    if (!value.empty()) text += (text.empty() ? "" : ";") + std::string(name) + '=' + value;
-  };
-  for (const FilterKind kind : kFilterKinds) add(kWords.at(PlaceOf(kind)).name, List(kind));
-  if (!HasText()) return text;
-  if (search_.amount) add(kAmount, SqlNumber(*search_.amount));
-  // Last, as it may hold any sign.
-  add(search_.isTextOnly ? kTextOnly : kText, search_.text);
-  return text;
-}
-
-RowFilter RowFilter::FromText(std::string_view text) {
-  RowFilter filter;
-  SearchText search;
-  while (!text.empty()) {
-    const std::string_view name = text.substr(0, text.find('='));
-    if (name == kText || name == kTextOnly) {
-      search.text = Trim(text.substr(std::min(name.size() + 1, text.size())));
-      search.isTextOnly = name == kTextOnly;
-      break;
-    }
-    std::string_view value = CutAt(text, ';');
-    CutAt(value, '=');
-    if (name == kAmount) search.amount = ReadNumber<double>(value);
-    for (const FilterKind kind : kFilterKinds) {
-      if (name == kWords.at(PlaceOf(kind)).name) filter.SetList(kind, value);
-    }
-  }
-  if (search.amount && !std::isfinite(*search.amount)) search.amount.reset();
-  if (!search.text.empty()) filter.SetSearch(search);
-  return filter;
-}
-
 std::string RowFilter::Clause() const {
   std::string clause;
   for (const FilterKind kind : kFilterKinds) {
     if (!IsSet(kind)) continue;
-    clause += std::string("(") + kWords.at(PlaceOf(kind)).column + " IN (" + List(kind) + ")) AND ";
+    clause += std::string("(") + kColumns.at(PlaceOf(kind)) + " IN (" + List(kind) + ")) AND ";
   }
   return HasText() ? clause + SearchClause(search_) : clause;
 }

@@ -58,10 +58,6 @@ class RowFilter {
   [[nodiscard]] bool HasText() const { return !search_.text.empty(); }
   [[nodiscard]] bool IsEmpty() const;
 
-  // The whole filter as one line, and from it; what cannot be read of it filters nothing.
-  [[nodiscard]] std::string ToText() const;
-  [[nodiscard]] static RowFilter FromText(std::string_view text);
-
   // The conditions, each with " AND " behind it; empty without any. They speak of tblTransactions
   // as T, tblKeywordLink as K, and for a text of tblPayees as PP and tblCategory as C.
   [[nodiscard]] std::string Clause() const;

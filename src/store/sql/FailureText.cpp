@@ -79,15 +79,4 @@ std::string FailureText(const std::exception& error) {
                 "Try again, and when it fails again close the program and start it anew.");
 }
 
-StoreError WithSafe(const StoreError& error, const std::string& safe) {
-  std::string text = FailureText(error);
-  const std::size_t place = text.find(kNothingChanged);
-  if (place == std::string::npos) {
-    text += " " + safe;
-  } else {
-    text.replace(place, kNothingChanged.size(), safe);
-  }
-  return StoreError(error.Code(), text, error.Statement(), error.File());
-}
-
 }  // namespace corvanta::inline sql

@@ -17,8 +17,4 @@ namespace corvanta::inline sql {
 // Of an error that nobody foresaw.
 [[nodiscard]] std::string FailureText(const std::exception& error);
 
-// The error of a change that was kept in part: `safe` is a sentence that says which part, and
-// stands where it was told that nothing was changed.
-[[nodiscard]] StoreError WithSafe(const StoreError& error, const std::string& safe);
-
 }  // namespace corvanta::inline sql
