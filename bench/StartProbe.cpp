@@ -99,7 +99,7 @@ void BeginWith(const std::string& folder, const char* overview) {
   ConsolePrompts prompts({}, std::cerr);
   SystemPlatform platform({folder + "/profile", {}, {}}, prompts, progress);
   platform.Get().registry.Write(Hive::CurrentUser, kSettingsKey, "ShowOverview", overview);
-  Settings(platform.Get().registry).SetText(Setting::View, std::string(kAccountShow));
+  Settings(platform.Get().registry).SetText(Setting::View, std::string(kTransactionShow));
 }
 
 }  // namespace
