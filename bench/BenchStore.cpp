@@ -32,7 +32,7 @@ sqlite3* BenchStore::OpenRaw() const {
 void BenchStore::AddTransactions(int count) {
   const auto connection = Open();
   Transaction rows = connection->Begin();
-  const Date first = *Date::FromYmd(2016, 1, 1);
+  const Date first = *Date::FromYmd(2016, 12, 1);
   for (int i = 0; i < count; ++i) {
     const Date date = first.AddDays(static_cast<std::int32_t>(i * 3650LL / count));
     connection->Execute(

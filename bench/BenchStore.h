@@ -24,7 +24,8 @@ class BenchStore {
   // The library's handle with the key and settings that the engine uses; the caller closes it.
   [[nodiscard]] sqlite3* OpenRaw() const;
   [[nodiscard]] Platform& Machine() { return platform_.Get(); }
-  // Ordinary rows in account 1, spread over ten years, one payee in three hundred.
+  // Ordinary rows in account 1, spread over the ten years up to a week from today, one payee in
+  // three hundred.
   void AddTransactions(int count);
 
  private:

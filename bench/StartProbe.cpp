@@ -4,6 +4,7 @@
 //   corvanta-start-probe overview FOLDER  the same, up to the overview
 //   corvanta-start-probe whole FOLDER     the same, up to all figures of the overview
 //   corvanta-start-probe fill FOLDER N    makes that data file with N transactions
+#include "app/ViewCommand.h"
 #include "app/overview/OverviewView.h"
 #include "app/start/StartOptions.h"
 #include "app/start/StartUp.h"
@@ -31,21 +32,25 @@ namespace {
 
 using namespace corvanta;
 
-void Quit() {
-  QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
-}
-
 // Ends the program behind the first drawing of what the mode waits for.
 class FirstPaint : public QObject {
  public:
   explicit FirstPaint(std::string mode) : mode_(std::move(mode)) {}
 
   bool eventFilter(QObject* object, QEvent* event) override {
-    if (event->type() == QEvent::Paint && IsWanted(object)) Quit();
+    if (event->type() == QEvent::Paint && IsWanted(object)) End();
     return false;
   }
 
+  // Runs the program until then; what was drawn on the way there has no event loop to end.
+  int Await() const { return isOver_ ? 0 : QApplication::exec(); }
+
  private:
+  void End() {
+    isOver_ = true;
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+  }
+
   bool IsWanted(QObject* object) {
     if (mode_ == "empty") return true;
     if (mode_ == "window") {
@@ -58,13 +63,14 @@ class FirstPaint : public QObject {
     for (; object != nullptr; object = object->parent()) {
       const auto* view = qobject_cast<OverviewView*>(object);
       if (view != nullptr && !isAwaited_)
-        isAwaited_ = connect(view, &OverviewView::ReadWhole, Quit);
+        isAwaited_ = connect(view, &OverviewView::ReadWhole, this, &FirstPaint::End);
     }
     return false;
   }
 
   std::string mode_;
   bool isAwaited_ = false;
+  bool isOver_ = false;
 };
 
 void Fill(const std::string& folder, int count) {
@@ -87,12 +93,13 @@ void Fill(const std::string& folder, int count) {
   rows.Commit();
 }
 
-// Whether the program begins with the overview, as the person has left it.
+// Whether the program begins with the overview, or with the list of an account.
 void BeginWith(const std::string& folder, const char* overview) {
   SilentProgress progress;
   ConsolePrompts prompts({}, std::cerr);
   SystemPlatform platform({folder + "/profile", {}, {}}, prompts, progress);
   platform.Get().registry.Write(Hive::CurrentUser, kSettingsKey, "ShowOverview", overview);
+  Settings(platform.Get().registry).SetText(Setting::View, std::string(kTransactionShow));
 }
 
 }  // namespace
@@ -111,7 +118,7 @@ int main(int argc, char** argv) {
     QMainWindow window;
     window.resize(1280, 800);
     window.show();
-    return QApplication::exec();
+    return paint.Await();
   }
   InitPictures();
   BeginWith(folder, mode == "window" ? "0" : "1");
@@ -119,5 +126,5 @@ int main(int argc, char** argv) {
   options.profileFolder = folder + "/profile";
   options.dataPath = folder + "/data";
   StartUp start(options);
-  return start.Run() ? QApplication::exec() : 1;
+  return start.Run() ? paint.Await() : 1;
 }

@@ -60,6 +60,16 @@ TEST_F(KeptSumsFile, AreThereFromTheBeginningAndNotInTheCatalog) {
   for (const std::string& table : Db().TableNames()) EXPECT_FALSE(IsKeptSums(table)) << table;
 }
 
+// The index is of the rows that move shares alone.
+TEST_F(KeptSumsFile, AFileWithoutThePathOfItsTradesGetsIt) {
+  const std::string paths =
+      "SELECT count(*) FROM sqlite_master WHERE name = 'fast_Trades' AND sql LIKE '%WHERE%<> 0'";
+  EXPECT_EQ(QueryNumber(OpenUnchecked(source_).get(), paths, source_.path), 1);
+  RunElsewhere("DROP INDEX fast_Trades");
+  Reopen();
+  EXPECT_EQ(QueryNumber(OpenUnchecked(source_).get(), paths, source_.path), 1);
+}
+
 TEST_F(KeptSumsFile, AFileThatHasNoneGetsThem) {
   for (const char* lost :
        {"DROP TRIGGER \"own_KeptSums.added\"; UPDATE tblTransactions SET Amount = Amount + 1; "

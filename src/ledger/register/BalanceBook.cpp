@@ -127,7 +127,7 @@ double BalanceBook::HoldingsValue(std::int64_t accountId, const std::string& con
         "SELECT SUM(iif(T.Action = 2 OR T.Action = 6, -1 * Shares, Shares)) as Total, T.PayeeID "
         "from ((tblTransactions T INNER JOIN tblAccounts A ON A.AccountID = T.AccountID) "
         "INNER JOIN tblPayees P ON P.PayeeID = T.PayeeID) WHERE  P.Investment = 1 "
-        "AND A.AccountID=" +
+        "AND T.Shares <> 0 AND A.AccountID=" +
         SqlNumber(accountId) + condition + " Group By T.PayeeID ");
     for (; !rows.Eof(); rows.MoveNext()) held.emplace_back(rows.Double(0), rows.Int(1));
   }

@@ -98,33 +98,43 @@ class RowTexts {
     for (std::size_t i = 0; i < sizeof(head); ++i) {
       head = head << 8U | (i < folded.size() ? static_cast<unsigned char>(folded[i]) : 0U);
     }
-    cells_.push_back({head, all_.size(), folded.size(), row});
+    cells_.push_back({head, all_.size(), static_cast<std::uint32_t>(folded.size()),
+                      static_cast<std::uint32_t>(row)});
     all_ += folded;
   }
 
   // Writes the texts' ranks, from 1, to their rows.
   void RankInto(Keys& keys) {
-    std::ranges::sort(cells_, [this](const Cell& a, const Cell& b) { return Compare(a, b) < 0; });
-    std::uint64_t rank = 1;
-    for (std::size_t i = 0; i < cells_.size(); ++i) {
-      if (i > 0 && Compare(cells_[i - 1], cells_[i]) != 0) ++rank;
-      keys[cells_[i].row] = rank;
+    Keys heads;
+    heads.reserve(cells_.size());
+    for (const Cell& cell : cells_) heads.push_back(cell.head);
+    Order order = SortedByKeys(heads);
+    std::uint64_t rank = 0;
+    for (auto first = order.begin(); first != order.end();) {
+      const auto end = std::find_if(
+          first, order.end(), [&](std::uint32_t cell) { return heads[cell] != heads[*first]; });
+      std::sort(first, end, [this](std::uint32_t a, std::uint32_t b) { return Rest(a) < Rest(b); });
+      for (auto cell = first; cell != end; ++cell) {
+        if (cell == first || Rest(*cell) != Rest(*std::prev(cell))) ++rank;
+        keys[cells_[*cell].row] = rank;
+      }
+      first = end;
     }
   }
 
  private:
   struct Cell {
-    std::uint64_t head;  // its first bytes, by which most comparisons are decided
+    std::uint64_t head;  // its first bytes, by which nearly all are brought in order
     std::size_t start;
-    std::size_t length;
-    std::size_t row;
+    std::uint32_t length;
+    std::uint32_t row;
   };
-  [[nodiscard]] int Compare(const Cell& a, const Cell& b) const {
-    if (a.head != b.head) return a.head < b.head ? -1 : 1;
-    return TextOf(a).compare(TextOf(b));
-  }
-  [[nodiscard]] std::string_view TextOf(const Cell& cell) const {
-    return std::string_view(all_).substr(cell.start, cell.length);
+  // The bytes behind the head. A text that ends within it has none, and its head is that of no
+  // longer one unless that goes on with zeros, which no text does.
+  [[nodiscard]] std::string_view Rest(std::uint32_t cell) const {
+    const Cell& of = cells_[cell];
+    const std::string_view text = std::string_view(all_).substr(of.start, of.length);
+    return text.substr(std::min(sizeof(of.head), text.size()));
   }
 
   std::string all_;

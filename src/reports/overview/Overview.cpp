@@ -8,6 +8,7 @@
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
 #include "store/sql/Connection.h"
+#include "store/sql/Recordset.h"
 
 #include <algorithm>
 
@@ -69,10 +70,21 @@ bool OverviewReader::ReadNext() {
   return !HasPlans();
 }
 
-ReportTable OverviewReader::Run(int report, const Period& range) const {
+// Leaves nothing out, but whole entries are found by named accounts and their days.
+RowFilter OverviewReader::AllAccounts() const {
+  std::vector<std::int64_t> keys;
+  Recordset rows = ledger_.Store().OpenRecordset("Select AccountID from tblAccounts");
+  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
+  RowFilter filter;
+  filter.SetKeys(FilterKind::Account, keys);
+  return filter;
+}
+
+ReportTable OverviewReader::Run(int report, const Period& range, const RowFilter& filter) const {
   ReportRequest request;
   request.report = report;
   request.range = range;
+  request.filter = filter;
   request.withClosedAccounts = withClosedAccounts_;
   request.withoutTransfers = true;
   // What budgets are in where several currencies are in use.
@@ -82,7 +94,8 @@ ReportTable OverviewReader::Run(int report, const Period& range) const {
 
 // Both months in one run, which has a row for each.
 void OverviewReader::ReadFlows() {
-  const ReportTable table = Run(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to});
+  const ReportTable table =
+      Run(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to}, AllAccounts());
   const std::string now = MonthKey(read_.thisMonth.from);
   for (const ReportRow& row : table.rows) {
     if (row.kind == ReportRowKind::Total) continue;
@@ -98,7 +111,7 @@ void OverviewReader::ReadPlans() {
   const Value budgets =
       ledger_.Store().QueryValue("Select Count(*) from tblCategory WHERE Budget <> 0");
   if (budgets.Int() == 0) return;
-  const ReportTable table = Run(kBudgets, read_.thisMonth);
+  const ReportTable table = Run(kBudgets, read_.thisMonth, {});
   for (const ReportRow& row : table.rows) {
     const double budget = FigureOf(table, row, "Budget");
     if (row.kind == ReportRowKind::Total || budget >= 0) continue;

@@ -2,6 +2,7 @@
 
 #include "ledger/accounts/AccountRow.h"
 #include "ledger/register/Period.h"
+#include "ledger/register/RowFilter.h"
 #include "ledger/schedules/Reminders.h"
 #include "platform/Date.h"
 
@@ -71,7 +72,8 @@ class OverviewReader {
   [[nodiscard]] bool HasPlans() const { return pieces_ > 1; }
 
  private:
-  [[nodiscard]] ReportTable Run(int report, const Period& range) const;
+  [[nodiscard]] RowFilter AllAccounts() const;
+  [[nodiscard]] ReportTable Run(int report, const Period& range, const RowFilter& filter) const;
   void ReadFlows();
   void ReadPlans();
 

@@ -94,6 +94,10 @@ bool AccountSummary::IsOf(const EvidenceRow& evidence, const ReportRow& row,
   return SqlNumber(evidence.accountId) == row.groupKey;
 }
 
+std::string AccountSummary::Narrowed(const ReportRow& row, const ReportRun& /*run*/) const {
+  return " AND A.AccountID = " + row.groupKey;
+}
+
 std::vector<ExplainedRow> AccountSummary::Explain(const ReportRun& run, const ReportTable& table,
                                                   const ReportRow& row, std::size_t column) const {
   if (table.columns.at(column).header != "Balance") return Report::Explain(run, table, row, column);
@@ -109,8 +113,9 @@ std::vector<ExplainedRow> AccountSummary::Explain(const ReportRun& run, const Re
   }
   std::optional<corvanta::Date> end;
   if (run.request.range) end = run.request.range->to;
-  const Sources sources{run.clause.WithKeywords(kMovementTables),
-                        run.clause.WhereUntil(end, ReportClause::Payments::NotJoined) + kWholeOnly};
+  Sources sources{run.clause.WithKeywords(kMovementTables),
+                  run.clause.WhereUntil(end, ReportClause::Payments::NotJoined) + kWholeOnly};
+  if (row.kind != ReportRowKind::Total) sources.conditions += Narrowed(row, run);
   for (const EvidenceRow& evidence : ReadEvidence(run, sources)) {
     if (!isWanted(SqlNumber(evidence.accountId), evidence.currency)) continue;
     explained.push_back(Explained(evidence, evidence.amount, run.rates.RateOf(evidence.currency)));

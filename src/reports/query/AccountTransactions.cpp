@@ -8,14 +8,79 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
+#include <algorithm>
+#include <deque>
+#include <unordered_map>
+#include <utility>
+
 namespace corvanta::inline reports {
 namespace {
 
 constexpr std::size_t kDay = 10;  // a stored moment begins with its day, as it is shown
 
+// A row as it is met, which has no balance yet.
+struct MetRow {
+  std::string moment;  // as it is stored
+  double change = 0;   // what it adds to the balance
+  ReportRow row;
+};
+
+// They are too large to be moved whenever there are more of them.
+using MetRows = std::deque<MetRow>;
+
+MetRow Met(const ReportRun& run, const VisitedRow& row) {
+  const double rate = row.Double(16);
+  const double expense = row.Double(2) * rate;
+  const double income = row.Double(3) * rate;
+  MetRow met{std::string(row.Text(4)), income + expense, {}};
+  met.row.transactionId = row.Int(1);
+  met.row.currency = run.rates.ShownIn(std::string(row.Text(15)), rate);
+  // One by one: a list in braces would copy each text once more.
+  std::vector<Value>& cells = met.row.cells;
+  constexpr std::size_t kCells = 11;
+  cells.reserve(kCells);
+  const std::string_view day = std::string_view(met.moment).substr(0, kDay);
+  cells.emplace_back(row.Text(0));
+  cells.push_back(corvanta::Date::FromIso(day) ? Value(day) : Value());
+  cells.emplace_back(row.Text(14));
+  cells.emplace_back(CategoryPath(std::string(row.Text(11)), std::string(row.Text(12))));
+  cells.emplace_back(row.Text(6));
+  cells.emplace_back(row.Text(7));
+  cells.emplace_back(StatusLetter(row.Int(8), row.Int(9)));
+  cells.emplace_back(RoundMoney(income));
+  cells.emplace_back(RoundMoney(expense));
+  cells.emplace_back();
+  cells.emplace_back(met.row.currency);
+  return met;
+}
+
 std::string OfAccounts(const ReportRun& run) {
   if (!run.request.filter.IsSet(FilterKind::Account)) return {};
   return " AND A.AccountID IN (" + run.request.filter.List(FilterKind::Account) + ") ";
+}
+
+// As the statement asks for, which is visited in any order: the library would carry every text of
+// every row through its sorting, where here they stand still and are in order already, mostly.
+void BringInOrder(MetRows& rows) {
+  const auto isBefore = [](const MetRow& first, const MetRow& second) {
+    const int order = first.moment.compare(second.moment);
+    return order == 0 ? first.row.transactionId < second.row.transactionId : order < 0;
+  };
+  if (!std::ranges::is_sorted(rows, isBefore)) std::ranges::sort(rows, isBefore);
+}
+
+MetRows ReadRows(const ReportRun& run, const Report::Sources& sources) {
+  MetRows rows;
+  Recordset::Visit(
+      run.Store(),
+      "SELECT A.Account, T.TransactionID, iif(Amount < 0,Amount,0) as [Expense],  iif(Amount >= "
+      "0,Amount,0) as [Income], T.Date, T.Action, T.Reference, T.Description, T.BankChk, "
+      "T.BankRec, T.TransferId, C.Category, C.SubCategory, P.Payment, PP.Payee, CU.Currency, " +
+          run.exchange + " AS Exchange FROM " + sources.tables + sources.conditions +
+          " Order by [DATE], T.TransactionID",
+      [&](const VisitedRow& row) { rows.push_back(Met(run, row)); });
+  BringInOrder(rows);
+  return rows;
 }
 
 }  // namespace
@@ -55,46 +120,23 @@ void AccountTransactions::Fill(const ReportRun& run, ReportTable& table) const {
   std::vector<Opening> balances = Openings(run);
   std::unordered_map<std::string, double*> balanceOf;
   for (Opening& opening : balances) balanceOf[opening.currency] = &opening.balance;
-  const Sources sources = EvidenceOf(run);
-  Recordset rows = run.Store().OpenRecordset(
-      "SELECT A.Account, T.TransactionID, iif(Amount < 0,Amount,0) as [Expense],  iif(Amount >= "
-      "0,Amount,0) as [Income], T.Date, T.Action, T.Reference, T.Description, T.BankChk, "
-      "T.BankRec, T.TransferId, C.Category, C.SubCategory, P.Payment, PP.Payee, CU.Currency, " +
-      run.exchange + " AS Exchange FROM " + sources.tables + sources.conditions +
-      " Order by [DATE], T.TransactionID");
   double unknown = 0;
-  for (; !rows.Eof(); rows.MoveNext()) {
-    const double rate = rows.Double(16);
-    const double expense = rows.Double(2) * rate;
-    const double income = rows.Double(3) * rate;
-    std::string currency = run.rates.ShownIn(std::string(rows.Text(15)), rate);
+  const auto balanceIn = [&](const std::string& currency) -> double& {
     const auto known = balanceOf.find(currency);
-    double& balance = known == balanceOf.end() ? unknown : *known->second;
-    balance = RoundMoney(balance + income + expense);
-    const auto day = rows.Day(4);
-    // One by one: a list in braces would copy each text once more.
-    std::vector<Value> cells;
-    cells.reserve(table.columns.size());
-    cells.emplace_back(rows.Text(0));
-    cells.push_back(day ? Value(rows.Text(4).substr(0, kDay)) : Value());
-    cells.emplace_back(rows.Text(14));
-    cells.emplace_back(CategoryPath(std::string(rows.Text(11)), std::string(rows.Text(12))));
-    cells.emplace_back(rows.Text(6));
-    cells.emplace_back(rows.Text(7));
-    cells.emplace_back(StatusLetter(rows.Int(8), rows.Int(9)));
-    cells.emplace_back(RoundMoney(income));
-    cells.emplace_back(RoundMoney(expense));
-    cells.emplace_back(balance);
-    cells.emplace_back(currency);
-    table.rows.push_back(
-        {ReportRowKind::Plain, {}, {}, rows.Int(1), std::move(currency), std::move(cells)});
+    return known == balanceOf.end() ? unknown : *known->second;
+  };
+  const std::size_t column = table.Column("Balance").value();
+  MetRows rows = ReadRows(run, EvidenceOf(run));
+  table.rows.reserve(rows.size() + balances.size());
+  for (MetRow& met : rows) {
+    double& balance = balanceIn(met.row.currency);
+    balance = RoundMoney(balance + met.change);
+    met.row.cells[column] = balance;
+    table.rows.push_back(std::move(met.row));
   }
   AppendTotals(table, {"Income", "Expense"});
-  const std::size_t column = table.Column("Balance").value();
   for (ReportRow& row : table.rows) {
-    if (row.kind != ReportRowKind::Total) continue;
-    const auto known = balanceOf.find(row.currency);
-    row.cells[column] = known == balanceOf.end() ? unknown : *known->second;
+    if (row.kind == ReportRowKind::Total) row.cells[column] = balanceIn(row.currency);
   }
 }
 
@@ -106,6 +148,10 @@ Report::Sources AccountTransactions::EvidenceOf(const ReportRun& run) const {
 bool AccountTransactions::IsOf(const EvidenceRow& evidence, const ReportRow& row,
                                const ReportRun& /*run*/) const {
   return evidence.transactionId == row.transactionId;
+}
+
+std::string AccountTransactions::Narrowed(const ReportRow& row, const ReportRun& /*run*/) const {
+  return " AND T.TransactionID = " + SqlNumber(row.transactionId);
 }
 
 std::vector<ExplainedRow> AccountTransactions::Explain(const ReportRun& run,
@@ -128,7 +174,11 @@ std::vector<ExplainedRow> AccountTransactions::Explain(const ReportRun& run,
         Beside("Opening balances", {}, use.currency, use.opening / use.rate, use.rate));
   }
   if (run.clause.DayBefore()) add(ReadEvidence(run, Before(run)));
-  add(ReadEvidence(run, EvidenceOf(run)));
+  Sources sources = EvidenceOf(run);
+  const auto day = row.cells[table.Column("Date").value()].AsDate();
+  // What has no day stands before all others.
+  if (day) sources.conditions += " AND (T.[Date] <= " + SqlEndOf(*day) + " OR IsNull(T.[Date]))";
+  add(ReadEvidence(run, sources));
   return explained;
 }
 

@@ -28,37 +28,14 @@ Period MonthOf(const ReportRun& run) {
 
 // The months of the year before that one, from the first that anything was recorded in.
 std::vector<Period> MonthsBefore(const ReportRun& run, const Period& month) {
-  const std::optional<corvanta::Date> first =
-      run.Store().QueryValue("SELECT Min([Date]) FROM tblTransactions").AsDate();
   std::vector<Period> months;
   if (!run.request.carriesOver) return months;
+  const std::optional<corvanta::Date> first = FirstDayOf(run);
   for (int back = month.from.Month() - 1; back > 0; --back) {
     const Period before = MonthFrom(month.from.AddMonths(-back));
     if (first && *first <= before.to) months.push_back(before);
   }
   return months;
-}
-
-struct Line {
-  Plan plan;
-  double carried = 0;  // in the home currency
-};
-
-std::vector<Line> LinesOf(const ReportRun& run, const std::string& home) {
-  const Period month = MonthOf(run);
-  std::vector<Line> lines;
-  const BudgetPlans now(run, std::vector<Period>{month});
-  for (const Plan& plan : now.All()) lines.push_back({plan, 0});
-  const std::vector<Period> before = MonthsBefore(run, month);
-  if (before.empty()) return lines;
-  std::size_t line = 0;
-  // The categories are the same in all months.
-  const BudgetPlans past(run, before);
-  for (const Plan& plan : past.All()) {
-    if (plan.hasBudget) lines.at(line).carried = plan.budget - plan.ActualIn(home);
-    ++line;
-  }
-  return lines;
 }
 
 std::string ConditionsOf(const ReportRun& run, const Period& days) {
@@ -73,8 +50,10 @@ std::string ConditionsOf(const ReportRun& run, const Period& days) {
 void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
   table.periods = {MonthOf(run)};
   const std::string home = run.rates.Home();
-  for (const Line& line : LinesOf(run, home)) {
-    const Plan& plan = line.plan;
+  const Period month = table.periods.front();
+  const BudgetPlans plans(run, month, MonthsBefore(run, month));
+  for (const Plan& plan : plans.All()) {
+    const double left = plan.hasBudget ? plan.pastBudget - plan.PastActualIn(home) : 0;
     const auto add = [&](const std::string& currency, double planned, double carried) {
       const double actual = plan.ActualIn(currency);
       ReportRow row =
@@ -86,7 +65,7 @@ void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
     };
     const bool isEmpty = plan.actual.empty() && run.request.withAllCategories;
     if (plan.hasBudget || isEmpty || plan.actual.contains(home)) {
-      add(home, plan.budget, line.carried);
+      add(home, plan.budget, left);
     }
     for (const auto& [currency, actual] : plan.actual) {
       if (currency != home) add(currency, 0, 0);
@@ -103,7 +82,8 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   const Period month = MonthOf(run);
   std::vector<ExplainedRow> explained;
   const auto addRows = [&](const Period& days, int sign, bool isPlanned) {
-    const Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(run, days)};
+    Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(run, days)};
+    if (!isTotal) sources.conditions += OnlyCategory(row, run);
     for (const EvidenceRow& evidence : ReadEvidence(run, sources)) {
       if (run.rates.ShownIn(evidence.currency) != row.currency) continue;
       for (const ReportRow& each : table.rows) {
@@ -117,7 +97,7 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   };
   const auto addPlans = [&](const Period& days, int sign) {
     if (row.currency != run.rates.Home()) return;
-    const BudgetPlans plans(run, std::vector<Period>{days});
+    const BudgetPlans plans(run, days);
     for (const Plan& plan : plans.All()) {
       if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
       explained.push_back(Beside("Plan for " + days.from.ToIso().substr(0, 7), plan.category,

@@ -5,6 +5,7 @@
 #include "reports/query/ReportSql.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <algorithm>
 #include <utility>
@@ -53,22 +54,35 @@ bool HaveOnePeriodEach(Connection& store, const std::string& some) {
 
 }  // namespace
 
-double Plan::ActualIn(const std::string& currency) const {
-  const auto amount = actual.find(currency);
-  return amount == actual.end() ? 0 : amount->second;
+namespace {
+
+double AmountIn(const std::map<std::string, double>& amounts, const std::string& currency) {
+  const auto amount = amounts.find(currency);
+  return amount == amounts.end() ? 0 : amount->second;
 }
 
-BudgetPlans::BudgetPlans(const ReportRun& run)
-    : BudgetPlans(run, std::vector<Days>{DaysOf(run)}, run.request.range) {}
+}  // namespace
 
-BudgetPlans::BudgetPlans(const ReportRun& run, const std::vector<Period>& periods)
-    : BudgetPlans(run, DaysOf(periods), Period{periods.front().from, periods.back().to}) {}
+double Plan::ActualIn(const std::string& currency) const {
+  return AmountIn(actual, currency);
+}
 
-BudgetPlans::BudgetPlans(const ReportRun& run, std::vector<Days> days,
-                         const std::optional<Period>& period)
-    : run_(run), days_(std::move(days)) {
+double Plan::PastActualIn(const std::string& currency) const {
+  return AmountIn(pastActual, currency);
+}
+
+BudgetPlans::BudgetPlans(const ReportRun& run) : run_(run), days_(DaysOf(run)) {
   ReadBudgets();
-  ReadActual(period);
+  ReadActual(run.request.range, std::nullopt);
+}
+
+BudgetPlans::BudgetPlans(const ReportRun& run, const Period& period,
+                         const std::vector<Period>& past)
+    : run_(run), days_(DaysOf(period)) {
+  for (const Period& each : past) past_.push_back(DaysOf(each));
+  ReadBudgets();
+  const Period whole{past.empty() ? period.from : past.front().from, period.to};
+  ReadActual(whole, past.empty() ? std::nullopt : std::optional(period.from));
 }
 
 BudgetPlans::Days BudgetPlans::DaysOf(const ReportRun& run) {
@@ -87,12 +101,8 @@ BudgetPlans::Days BudgetPlans::DaysOf(const ReportRun& run) {
   return {row.Day("FirstDay").value_or(corvanta::Date()), static_cast<int>(row.Int("TotalDays"))};
 }
 
-std::vector<BudgetPlans::Days> BudgetPlans::DaysOf(const std::vector<Period>& periods) {
-  std::vector<Days> days;
-  for (const Period& period : periods) {
-    days.push_back({period.from, DateDiff("d", period.from, period.to.AddDays(1))});
-  }
-  return days;
+BudgetPlans::Days BudgetPlans::DaysOf(const Period& period) {
+  return {period.from, DateDiff("d", period.from, period.to.AddDays(1))};
 }
 
 // Where sub-categories are planned for other periods than their category, each is taken for itself
@@ -112,11 +122,13 @@ void BudgetPlans::ReadBudgets() {
     if (budget == 0) continue;
     plan.hasBudget = true;
     const std::string code = rows.Text("Period");
-    for (const Days& days : days_) {
+    const auto planned = [&](const Days& days) {
       const auto period = PeriodDays(code, days.start);
       // A budget without a period is meant for as long as the report is.
-      plan.budget += period ? budget * days.count / *period : budget;
-    }
+      return period ? budget * days.count / *period : budget;
+    };
+    plan.budget += planned(days_);
+    for (const Days& days : past_) plan.pastBudget += planned(days);
   }
   if (isWhole) PlaceSubCategories(some);
 }
@@ -148,20 +160,25 @@ Plan& BudgetPlans::PlanOf(Recordset& rows) {
   return plan;
 }
 
-void BudgetPlans::ReadActual(const std::optional<Period>& period) {
+void BudgetPlans::ReadActual(const std::optional<Period>& period,
+                             const std::optional<corvanta::Date>& since) {
   ReportRequest request = run_.request;
   request.range = period;
+  const std::string isPast = since ? ", IIF([Date] < " + SqlDate(*since) + ",1,0)" : std::string();
   Recordset rows = run_.Store().OpenRecordset(
       "SELECT SUM(AMOUNT) as sAmount, CU.Currency, " + run_.exchange +
-      " AS Exchange, C.CategoryID FROM " + run_.clause.WithKeywords(kFiveTables) +
+      " AS Exchange, C.CategoryID" + isPast + " FROM " + run_.clause.WithKeywords(kFiveTables) +
       ReportClause(request).Where(ReportClause::Payments::Joined) +
       ReportClause::WithoutSplitParents() + " GROUP BY Currency, " + run_.exchange +
-      ", C.CategoryID");
+      ", C.CategoryID" + isPast);
+  constexpr int kIsPast = 4;
   for (; !rows.Eof(); rows.MoveNext()) {
     const auto place = placeOf_.find(rows.Int("CategoryID"));
     if (place == placeOf_.end()) continue;
+    Plan& plan = plans_[place->second];
     const double rate = rows.Double("Exchange");
-    plans_[place->second].actual[run_.rates.ShownIn(rows.Text("Currency"), rate)] +=
+    const bool isOfPast = since && rows.Int(kIsPast) == 1;
+    (isOfPast ? plan.pastActual : plan.actual)[run_.rates.ShownIn(rows.Text("Currency"), rate)] +=
         rows.Double("sAmount") * rate;
   }
 }

@@ -23,9 +23,12 @@ struct Plan {
   double budget = 0;  // for the days asked for
   bool hasBudget = false;
   std::map<std::string, double> actual = {};  // by the currency it is shown in
+  double pastBudget = 0;                      // the same for the past that was asked for
+  std::map<std::string, double> pastActual = {};
 
   // 0 where nothing is of that currency.
   [[nodiscard]] double ActualIn(const std::string& currency) const;
+  [[nodiscard]] double PastActualIn(const std::string& currency) const;
 };
 
 // What was planned of each category for some days, and what it came to.
@@ -35,9 +38,9 @@ class BudgetPlans {
  public:
   // For the days of the report, or where all are shown those that its accounts have rows of.
   explicit BudgetPlans(const ReportRun& run);
-  // For all of those periods together, of which there is one at least and each follows the one
-  // before it: what is planned is worked out for each by itself.
-  BudgetPlans(const ReportRun& run, const std::vector<Period>& periods);
+  // For one period and a past, the periods before it without a gap, each of which is planned for
+  // by itself. The rows of both are gone through once.
+  BudgetPlans(const ReportRun& run, const Period& period, const std::vector<Period>& past = {});
 
   // By category and sub-category.
   [[nodiscard]] const std::vector<Plan>& All() const { return plans_; }
@@ -47,17 +50,18 @@ class BudgetPlans {
     corvanta::Date start;
     int count = 0;
   };
-  BudgetPlans(const ReportRun& run, std::vector<Days> days, const std::optional<Period>& period);
   [[nodiscard]] static Days DaysOf(const ReportRun& run);
-  [[nodiscard]] static std::vector<Days> DaysOf(const std::vector<Period>& periods);
+  [[nodiscard]] static Days DaysOf(const Period& period);
   void ReadBudgets();
   // Where whole categories were read: which of them each category is of.
   void PlaceSubCategories(const std::string& some);
   [[nodiscard]] Plan& PlanOf(Recordset& rows);
-  void ReadActual(const std::optional<Period>& period);
+  // `since`: what is before it is of the past.
+  void ReadActual(const std::optional<Period>& period, const std::optional<corvanta::Date>& since);
 
   const ReportRun& run_;
-  std::vector<Days> days_;
+  Days days_;
+  std::vector<Days> past_;
   std::vector<Plan> plans_;
   std::unordered_map<std::int64_t, std::size_t> placeOf_;
 };

@@ -61,6 +61,10 @@ bool BudgetReport::IsOf(const EvidenceRow& evidence, const ReportRow& row,
   return IsOfCategory(evidence, row, run);
 }
 
+std::string BudgetReport::Narrowed(const ReportRow& row, const ReportRun& run) const {
+  return OnlyCategory(row, run);
+}
+
 std::vector<ExplainedRow> BudgetReport::Explain(const ReportRun& run, const ReportTable& table,
                                                 const ReportRow& row, std::size_t column) const {
   const std::string& header = table.columns.at(column).header;

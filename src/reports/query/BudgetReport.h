@@ -18,6 +18,7 @@ class BudgetReport : public Report {
   [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
   [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                           const ReportRun& run) const override;
+  [[nodiscard]] std::string Narrowed(const ReportRow& row, const ReportRun& run) const override;
 };
 
 // The row of what was spent without a plan.

@@ -117,11 +117,17 @@ bool InvestmentGains::IsOf(const EvidenceRow& evidence, const ReportRow& row,
   return SqlNumber(evidence.payeeId) == row.groupKey;
 }
 
+std::string InvestmentGains::Narrowed(const ReportRow& row, const ReportRun& /*run*/) const {
+  return " AND PP.PayeeID = " + row.groupKey;
+}
+
 std::vector<ExplainedRow> InvestmentGains::Explain(const ReportRun& run, const ReportTable& table,
                                                    const ReportRow& row, std::size_t column) const {
   const std::string& header = table.columns.at(column).header;
   const bool isTotal = row.kind == ReportRowKind::Total;
-  const std::vector<EvidenceRow> evidence = ReadEvidence(run, EvidenceOf(run));
+  Sources sources = EvidenceOf(run);
+  if (!isTotal) sources.conditions += Narrowed(row, run);
+  const std::vector<EvidenceRow> evidence = ReadEvidence(run, sources);
   std::vector<ExplainedRow> explained;
   for (const Investment& each : ReadInvestments(run)) {
     if (run.rates.ShownIn(each.currency, each.rate) != row.currency) continue;

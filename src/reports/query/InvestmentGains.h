@@ -23,6 +23,7 @@ class InvestmentGains : public Report {
   [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
   [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                           const ReportRun& run) const override;
+  [[nodiscard]] std::string Narrowed(const ReportRow& row, const ReportRun& run) const override;
 };
 
 // 1 where the action's shares come, -1 where they go.

@@ -93,6 +93,12 @@ bool InvestmentTransactions::IsOf(const EvidenceRow& evidence, const ReportRow& 
   return evidence.transactionId == row.transactionId;
 }
 
+// A total has its investment's key.
+std::string InvestmentTransactions::Narrowed(const ReportRow& row, const ReportRun& /*run*/) const {
+  if (row.kind == ReportRowKind::Total) return " AND PP.PayeeID = " + row.part;
+  return " AND T.TransactionID = " + SqlNumber(row.transactionId);
+}
+
 std::vector<ExplainedRow> InvestmentTransactions::Explain(const ReportRun& run,
                                                           const ReportTable& table,
                                                           const ReportRow& row,
@@ -100,7 +106,9 @@ std::vector<ExplainedRow> InvestmentTransactions::Explain(const ReportRun& run,
   const std::string& header = table.columns.at(column).header;
   const bool isTotal = row.kind == ReportRowKind::Total;
   std::vector<ExplainedRow> explained;
-  for (const EvidenceRow& part : ReadEvidence(run, EvidenceOf(run))) {
+  Sources sources = EvidenceOf(run);
+  sources.conditions += Narrowed(row, run);
+  for (const EvidenceRow& part : ReadEvidence(run, sources)) {
     if (run.rates.ShownIn(part.currency) != row.currency) continue;
     if (isTotal ? SqlNumber(part.payeeId) != row.part : !IsOf(part, row, run)) continue;
     const double rate = run.rates.RateOf(part.currency);

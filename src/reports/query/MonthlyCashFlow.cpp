@@ -4,6 +4,7 @@
 #include "reports/query/ReportSql.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 namespace corvanta::inline reports {
 namespace {
@@ -47,6 +48,16 @@ bool MonthlyCashFlow::IsOf(const EvidenceRow& evidence, const ReportRow& row,
                            const ReportRun& /*run*/) const {
   const int month = evidence.date.Year() * 100 + evidence.date.Month();
   return std::to_string(month) == row.groupKey;
+}
+
+std::string MonthlyCashFlow::Narrowed(const ReportRow& row, const ReportRun& /*run*/) const {
+  constexpr std::size_t kYear = 4;
+  if (row.groupKey.size() <= kYear) return {};
+  const auto first = corvanta::Date::FromIso(row.groupKey.substr(0, kYear) + "-" +
+                                             row.groupKey.substr(kYear) + "-01");
+  if (!first) return {};
+  return " AND [Date] Between " + SqlDate(*first) + " AND " +
+         SqlEndOf(first->AddMonths(1).AddDays(-1));
 }
 
 }  // namespace corvanta::inline reports

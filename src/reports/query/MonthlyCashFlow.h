@@ -13,6 +13,7 @@ class MonthlyCashFlow : public Report {
   [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
   [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                           const ReportRun& run) const override;
+  [[nodiscard]] std::string Narrowed(const ReportRow& row, const ReportRun& run) const override;
 };
 
 }  // namespace corvanta::inline reports

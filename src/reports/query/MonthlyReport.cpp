@@ -94,4 +94,8 @@ bool MonthlyReport::IsOf(const EvidenceRow& evidence, const ReportRow& row,
   return SqlNumber(evidence.payeeId) == row.groupKey;
 }
 
+std::string MonthlyReport::Narrowed(const ReportRow& row, const ReportRun& run) const {
+  return by_ == SpendingBy::Category ? OnlyCategory(row, run) : " AND PP.PayeeID = " + row.groupKey;
+}
+
 }  // namespace corvanta::inline reports

@@ -17,6 +17,7 @@ class MonthlyReport : public Report {
   [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
   [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                           const ReportRun& run) const override;
+  [[nodiscard]] std::string Narrowed(const ReportRow& row, const ReportRun& run) const override;
 
  private:
   SpendingBy by_;

@@ -33,9 +33,7 @@ std::vector<MonthPoint> MonthsOf(const ReportRun& run) {
     first = run.request.range->from;
     last = run.request.range->to;
   } else {
-    const Recordset row =
-        run.Store().OpenRecordset("Select Min([Date]) as FirstDay from tblTransactions");
-    first = row.Day("FirstDay").value_or(last);
+    first = FirstDayOf(run).value_or(last);
   }
   std::vector<MonthPoint> months;
   for (corvanta::Date month = first.AddDays(1 - first.Day()); month <= last;

@@ -104,7 +104,8 @@ std::vector<ExplainedRow> PeriodComparison::Explain(const ReportRun& run,
   const TwoPeriods periods = PeriodsOf(run);
   std::vector<ExplainedRow> explained;
   const auto add = [&](const Period& period, int sign) {
-    const Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(In(run, period))};
+    Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(In(run, period))};
+    if (row.kind != ReportRowKind::Total) sources.conditions += OnlyCategory(row, run);
     for (const EvidenceRow& evidence : ReadEvidence(run, sources)) {
       if (run.rates.ShownIn(evidence.currency) != row.currency) continue;
       if (row.kind != ReportRowKind::Total && !IsOfCategory(evidence, row, run)) continue;

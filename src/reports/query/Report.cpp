@@ -5,6 +5,7 @@
 #include "reports/query/ReportCatalogue.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
+#include "store/sql/SqlText.h"
 
 #include <utility>
 
@@ -33,6 +34,10 @@ Report::Sources Report::EvidenceOf(const ReportRun& /*run*/) const {
 bool Report::IsOf(const EvidenceRow& /*evidence*/, const ReportRow& /*row*/,
                   const ReportRun& /*run*/) const {
   return false;
+}
+
+std::string Report::Narrowed(const ReportRow& /*row*/, const ReportRun& /*run*/) const {
+  return {};
 }
 
 std::vector<EvidenceRow> Report::ReadEvidence(const ReportRun& run, const Sources& sources) {
@@ -95,7 +100,9 @@ std::vector<ExplainedRow> Report::Explain(const ReportRun& run, const ReportTabl
                                           const ReportRow& row, std::size_t column) const {
   std::vector<ExplainedRow> explained;
   const std::string& header = table.columns.at(column).header;
-  for (const EvidenceRow& evidence : ReadEvidence(run, EvidenceOf(run))) {
+  Sources sources = EvidenceOf(run);
+  if (row.kind != ReportRowKind::Total) sources.conditions += Narrowed(row, run);
+  for (const EvidenceRow& evidence : ReadEvidence(run, sources)) {
     if (run.rates.ShownIn(evidence.currency) != row.currency || !IsUnder(evidence, header))
       continue;
     if (row.kind != ReportRowKind::Total && !IsOf(evidence, row, run)) continue;
@@ -104,6 +111,26 @@ std::vector<ExplainedRow> Report::Explain(const ReportRun& run, const ReportTabl
                                                         run.rates.RateOf(evidence.currency)));
   }
   return explained;
+}
+
+// By account, each of whose first days is found at once; a line has the day of its whole.
+std::optional<corvanta::Date> FirstDayOf(const ReportRun& run) {
+  std::vector<std::int64_t> accounts;
+  {
+    Recordset rows = run.Store().OpenRecordset("Select AccountID from tblAccounts");
+    for (; !rows.Eof(); rows.MoveNext()) accounts.push_back(rows.Int(0));
+  }
+  std::optional<corvanta::Date> first;
+  for (const std::int64_t account : accounts) {
+    const auto day = run.Store()
+                         .QueryValue(
+                             "Select Top 1 T.[Date] from tblTransactions T WHERE "
+                             "T.AllocatedItem = 0 AND T.[Date] > '' AND T.AccountID = " +
+                             SqlNumber(account) + " Order by T.[Date]")
+                         .AsDate();
+    if (day && (!first || *day < *first)) first = day;
+  }
+  return first;
 }
 
 void RowFold::Add(ReportRow row, const std::string& group) {

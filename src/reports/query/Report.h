@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -82,6 +83,9 @@ class Report {
   [[nodiscard]] virtual Sources EvidenceOf(const ReportRun& run) const;
   [[nodiscard]] virtual bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                                   const ReportRun& run) const;
+  // "AND ...": as much of that as a statement can ask for, so that it need not read the rows of all
+  // the others; empty where it can ask for nothing. It may let through what is not of the row.
+  [[nodiscard]] virtual std::string Narrowed(const ReportRow& row, const ReportRun& run) const;
 
   // The rows of these sources, by date and key.
   [[nodiscard]] static std::vector<EvidenceRow> ReadEvidence(const ReportRun& run,
@@ -95,6 +99,9 @@ class Report {
                                            const std::string& currency, double amount, double rate,
                                            int sign = 1);
 };
+
+// The day of the first transaction; nullopt without any. Throws StoreError.
+[[nodiscard]] std::optional<corvanta::Date> FirstDayOf(const ReportRun& run);
 
 // The report of that number of the catalogue.
 [[nodiscard]] std::unique_ptr<Report> MakeReport(int number);

@@ -92,6 +92,17 @@ bool SpendingReport::IsOf(const EvidenceRow& evidence, const ReportRow& row,
   return SqlNumber(evidence.paymentId) == row.groupKey;
 }
 
+std::string SpendingReport::Narrowed(const ReportRow& row, const ReportRun& run) const {
+  if (by_ == SpendingBy::Category) return OnlyCategory(row, run);
+  return (by_ == SpendingBy::Payee ? " AND PP.PayeeID = " : " AND P.PaymentID = ") + row.groupKey;
+}
+
+std::string OnlyCategory(const ReportRow& row, const ReportRun& run) {
+  if (!run.request.foldsSubCategories) return " AND C.CategoryID = " + row.groupKey;
+  const std::string name = row.cells.front().Text();
+  return name.empty() ? std::string() : " AND C.Category = " + SqlText(name);
+}
+
 bool IsOfCategory(const EvidenceRow& evidence, const ReportRow& row, const ReportRun& run) {
   if (!run.request.foldsSubCategories) return SqlNumber(evidence.categoryId) == row.groupKey;
   return EqualFolded(evidence.category, row.cells.front().Text());

@@ -17,6 +17,7 @@ class SpendingReport : public Report {
   [[nodiscard]] Sources EvidenceOf(const ReportRun& run) const override;
   [[nodiscard]] bool IsOf(const EvidenceRow& evidence, const ReportRow& row,
                           const ReportRun& run) const override;
+  [[nodiscard]] std::string Narrowed(const ReportRow& row, const ReportRun& run) const override;
 
  private:
   SpendingBy by_;
@@ -26,6 +27,8 @@ class SpendingReport : public Report {
 // sub-categories are folded.
 [[nodiscard]] bool IsOfCategory(const EvidenceRow& evidence, const ReportRow& row,
                                 const ReportRun& run);
+// "AND ...": the same for the statement.
+[[nodiscard]] std::string OnlyCategory(const ReportRow& row, const ReportRun& run);
 // Split lines where figures are by category, whole entries else.
 [[nodiscard]] std::string SpendingRows(SpendingBy by);
 

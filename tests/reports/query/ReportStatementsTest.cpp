@@ -85,8 +85,8 @@ class ReportStatements : protected Logged, public LedgerTest {
     request_.range = Period{*Date::FromIso("2026-01-01"), *Date::FromIso("2026-01-31")};
     code_ = Store().QueryValue("Select Currency from tblCurrency WHERE CurrencyID = 17").Text();
   }
-  // As the library gets it.
-  std::string Translated(std::string statement) {
+  // As the library gets it, row by row or to be visited.
+  std::string Translated(std::string statement, bool isVisited) {
     const std::string head = " WHERE BankRec = 0 AND CloseAccount <> 1 AND ";
     statement = Replaced(statement, "{F}",
                          head +
@@ -96,7 +96,11 @@ class ReportStatements : protected Logged, public LedgerTest {
                          head + "(T.AccountID IN (1)) AND T.[DATE] <= #12/31/2025 23:59:59# ");
     statement = Replaced(statement, "{X}", "IIF(Currency=" + SqlText(code_) + ",1,1 )");
     log_.Clear();
-    { const Recordset rows = Store().OpenRecordset(statement); }
+    if (isVisited) {
+      Recordset::Visit(Store(), statement, [](const VisitedRow&) {});
+    } else {
+      const Recordset rows = Store().OpenRecordset(statement);
+    }
     const std::vector<std::string> sent = Sent();
     return sent.empty() ? std::string() : sent.back();
   }
@@ -117,10 +121,10 @@ class ReportStatements : protected Logged, public LedgerTest {
     return sent;
   }
   // Whether the report sends each of the statements.
-  void Expect(int report, const std::vector<std::string>& statements) {
+  void Expect(int report, const std::vector<std::string>& statements, bool isVisited = false) {
     request_.report = report;
     for (const std::string& statement : statements) {
-      const std::string wanted = Translated(statement);
+      const std::string wanted = Translated(statement, isVisited);
       log_.Clear();
       static_cast<void>(RunReport(Ledger(), request_, rates_, machine_.Get()));
       const std::vector<std::string> sent = Sent();
@@ -172,13 +176,15 @@ TEST_F(ReportStatements, OfAccounts) {
              "AS A ON T.AccountID = A.AccountID) INNER JOIN tblPayees AS PP ON T.PayeeId = "
              "PP.PayeeID) INNER JOIN tblCurrency AS CU ON A.CurrencyId = CU.CurrencyID) INNER JOIN "
              "tblPayments AS P ON T.PaymentID = P.PaymentID) {B} AND T.AllocatedItem = 0 AND "
-             "A.AccountID IN (1) GROUP BY Currency,{X}",
-             std::string(
-                 "SELECT A.Account, T.TransactionID, iif(Amount < 0,Amount,0) as [Expense], "
-                 "iif(Amount >= 0,Amount,0) as [Income], T.Date, T.Action, T.Reference, "
-                 "T.Description, T.BankChk, T.BankRec, T.TransferId, C.Category, C.SubCategory, "
-                 "P.Payment, PP.Payee, CU.Currency, {X} AS Exchange ") +
-                 kFiveJoined + "{F}" + kLines + " Order by [DATE], T.TransactionID"});
+             "A.AccountID IN (1) GROUP BY Currency,{X}"});
+  Expect(
+      3,
+      {std::string("SELECT A.Account, T.TransactionID, iif(Amount < 0,Amount,0) as [Expense], "
+                   "iif(Amount >= 0,Amount,0) as [Income], T.Date, T.Action, T.Reference, "
+                   "T.Description, T.BankChk, T.BankRec, T.TransferId, C.Category, C.SubCategory, "
+                   "P.Payment, PP.Payee, CU.Currency, {X} AS Exchange ") +
+       kFiveJoined + "{F}" + kLines + " Order by [DATE], T.TransactionID"},
+      true);
 }
 
 TEST_F(ReportStatements, OfSpending) {

@@ -470,6 +470,10 @@ TEST_F(Dialect, GroupsAreWhatTheirRowsComeTo) {
   EXPECT_EQ(of("Count(*) AS [Number]", "Name ORDER BY [Number] DESC, Name DESC"), "2|2|1");
   EXPECT_EQ(Column("SELECT TOP 1 SUM(Amount)" + rows + "Name ORDER BY Name DESC"), "1.25");
   EXPECT_EQ(Column("SELECT SUM(Amount) FROM tblItems WHERE ItemID > 99 GROUP BY Name"), "");
+  const std::string joined = " FROM tblItems i INNER JOIN tblGroups g ON i.GroupID = g.GroupID ";
+  EXPECT_EQ(Column("SELECT SUM(Amount)" + joined + "GROUP BY g.GroupID, g.Name ORDER BY g.Name"),
+            "NULL|7.75")
+      << "by the key of one of several tables";
   // What belongs to no group, or is asked of them, is left to the library; so is what it compares
   // with values of another kind.
   EXPECT_EQ(of("iif(GroupID='2',1,0) & SUM(ItemID)", "GroupID"), "010|15");

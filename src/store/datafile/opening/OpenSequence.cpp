@@ -70,6 +70,7 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
   std::unique_ptr<Connection> connection = Connection::Open(source, platform.clock);
   CheckSchema(*connection);
   IfPossible([&] { return EnsureAccessPaths(*connection), false; });
+  IfPossible([&] { return EnsureTradePath(*connection, source, platform.clock), false; });
   const bool isMade =
       IfPossible([&] { return EnsureKeptSums(*connection, source, platform.clock); });
   if (!isMade) return connection;

@@ -1,8 +1,11 @@
 #include "store/datafile/schema/AccessPaths.h"
 
 #include "store/sql/Connection.h"
+#include "store/sql/engine/OpenFile.h"
+#include "store/sql/engine/Sqlite.h"
 
 #include <array>
+#include <string>
 
 namespace corvanta::inline datafile {
 namespace {
@@ -44,6 +47,10 @@ constexpr std::array kOwnTables = {
              "CREATE TABLE own_AttachedFiles (FileID Counter, Bytes INT DEFAULT 0, Content MEMO, "
              "CONSTRAINT PK_AttachedFiles PRIMARY KEY(FileID))"}};
 
+// A statement reaches it by asking for Shares <> 0.
+constexpr const char* kTrades = "fast_Trades";
+constexpr std::array kTradeColumns = {"AccountID", "PayeeID", "Action", "Shares"};
+
 }  // namespace
 
 void EnsureAccessPaths(Connection& connection) {
@@ -53,6 +60,20 @@ void EnsureAccessPaths(Connection& connection) {
     }
   }
   for (const AccessPath& path : kAccessPaths) connection.EnsureAccessPath(path);
+}
+
+void EnsureTradePath(const Connection& connection, const DataSource& source, const Clock& clock) {
+  const TableDef* const table = connection.Table("tblTransactions");
+  if (table == nullptr || table->HasAccessPath(kTrades)) return;
+  std::string columns;
+  for (const char* column : kTradeColumns) {
+    if (table->Column(column) == nullptr) return;
+    columns += (columns.empty() ? "\"" : ", \"") + std::string(column) + '"';
+  }
+  Run(OpenFile(source, clock).get(),
+      std::string("CREATE INDEX IF NOT EXISTS \"") + kTrades + "\" ON \"tblTransactions\" (" +
+          columns + ") WHERE \"Shares\" <> 0",
+      source.path);
 }
 
 }  // namespace corvanta::inline datafile

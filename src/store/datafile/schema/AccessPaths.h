@@ -2,6 +2,11 @@
 
 namespace corvanta::inline sql {
 class Connection;
+struct DataSource;
+}  // namespace corvanta::inline sql
+
+namespace corvanta::inline platform {
+class Clock;
 }
 
 namespace corvanta::inline datafile {
@@ -9,5 +14,9 @@ namespace corvanta::inline datafile {
 // Makes what the schema does not name but the program needs: its access paths and the tables of its
 // own, whose names begin with own_. Throws StoreError.
 void EnsureAccessPaths(Connection& connection);
+
+// Makes the index of the rows that move shares, and of no others: they are few among many, and what
+// an account holds is asked for after every change. `connection` must be idle. Throws StoreError.
+void EnsureTradePath(const Connection& connection, const DataSource& source, const Clock& clock);
 
 }  // namespace corvanta::inline datafile

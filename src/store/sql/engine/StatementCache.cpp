@@ -102,13 +102,15 @@ std::shared_ptr<Prepared> StatementCache::Translate(ReadStatement& statement, bo
   jet::Bind({statement.sql, catalog_, statement.parameters, statement.numbers}, *statement.tree);
   auto prepared = std::make_shared<Prepared>();
   prepared->table = jet::TableOf(*statement.tree);
-  const auto* select = std::get_if<std::unique_ptr<jet::Select>>(statement.tree.get());
+  auto* select = std::get_if<std::unique_ptr<jet::Select>>(statement.tree.get());
   if (select != nullptr) {
     for (const jet::BoundColumn& column : (*select)->columns) {
       const bool counter = column.kind == ColumnKind::Counter;
       prepared->fields.push_back({column.name, counter ? ColumnKind::Integer : column.kind});
     }
   }
+  // A visit has no order, which the library would work out for nothing.
+  if (isVisit && select != nullptr && !(*select)->top) (*select)->orderBy.clear();
   if (isVisit || select == nullptr || !Fold(**select, *prepared)) {
     const std::string sql = jet::WriteStatement(*statement.tree);
     prepared->handle =

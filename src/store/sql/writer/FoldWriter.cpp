@@ -68,9 +68,10 @@ class Folder {
   explicit Folder(FoldedQuery& query) : query_(query) {}
 
   // False where the key cannot be one.
-  bool AddKey(const Expr& key) {
-    // A key of the rows has a group for each of them, in their order.
-    if (key.type == ValueType::Bool || key.isCounter || key.select || HasFold(key)) return false;
+  bool AddKey(const Expr& key, bool isOfOneTable) {
+    // A key of the rows has a group for each of them, in their order; joined to others it has many.
+    if (key.isCounter && isOfOneTable) return false;
+    if (key.type == ValueType::Bool || key.select || HasFold(key)) return false;
     query_.values.push_back(WriteValue(key).sql);
     ++query_.keys;
     return true;
@@ -140,12 +141,13 @@ std::optional<FoldedQuery> WriteFolded(Select& select, std::size_t mostValues) {
   if (!IsGrouped(select)) return std::nullopt;
   FoldedQuery query;
   Folder folder(query);
+  const bool isOfOneTable = !select.from->left;
   std::string sorted;
   for (const ExprPtr& key : select.groupBy) {
     // Behind what is asked for groups stand by their keys, as where the library groups.
     sorted += ", " + std::string(kGroups) + ".c" + std::to_string(query.keys);
     if (AsValue(key->type) == ValueType::Text) sorted.append(" COLLATE ").append(kCollation);
-    if (!folder.AddKey(*key)) return std::nullopt;
+    if (!folder.AddKey(*key, isOfOneTable)) return std::nullopt;
   }
   std::vector<Expr*> parts;
   for (const SelectItem& item : select.items) parts.push_back(item.expr.get());
