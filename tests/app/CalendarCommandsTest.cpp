@@ -17,8 +17,7 @@ class CalendarCommands : public DialogTest<WindowTest> {
     OpenPurse();
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   ucCalendar& Calendar() { return WindowTest::Find<ucCalendar>("ucCalendar"); }
   const RegisterModel& Model() {

@@ -30,8 +30,7 @@ class EntryCommands : public DialogTest<WindowTest> {
     }
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     Table().setFocus();
   }
   void TearDown() override {

@@ -42,8 +42,7 @@ class FilterInWindow : public DialogTest<WindowTest> {
     AddRow(1, "11/20/2026", 20, "Chandler", "refund");
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   std::int64_t KeyOf(const std::string& payee) {
     return session_.Ledger()

@@ -31,8 +31,7 @@ class InvestmentViews : public WindowTest {
   void Start(const char* view) {
     OpenData();
     ShowWindow();
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     Trigger(view);
   }
   SortedTable& List() { return Find<SortedTable>("lvinvest"); }

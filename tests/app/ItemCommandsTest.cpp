@@ -160,8 +160,7 @@ TEST_F(ItemCommands, TheRibbonIsOneStopAndFoldsForTheNextStart) {
     }
     return names.join(u' ').toStdString();
   };
-  window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  BringForward();
   auto& first = WindowTest::Find<QAbstractButton>("rbmnuViewAccounts");
   first.setFocus();
   EXPECT_EQ(stops(), "rbmnuViewAccounts");

@@ -68,8 +68,7 @@ class Looks : public DialogTest<WindowTest>, public testing::WithParamInterface<
     Run("UPDATE tblTransactions SET [Amount] = 123456.78 WHERE TransactionID = 1");
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   void Check(QDialog& dialog) {
     ++checked_;

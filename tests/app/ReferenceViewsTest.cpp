@@ -18,8 +18,7 @@ class ReferenceViews : public WindowTest {
   void Start(const char* view) {
     OpenData();
     ShowWindow();
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     Trigger(view);
   }
   SortedTable& Table(const char* name) { return Find<SortedTable>(name); }

@@ -25,8 +25,7 @@ class RegisterInWindow : public DialogTest<WindowTest> {
         "VALUES ('Purse',2,17,5,0)");
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   template <typename Widget>
   Widget& Get(const char* name) {

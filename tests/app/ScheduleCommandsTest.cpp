@@ -23,8 +23,7 @@ class ScheduleCommands : public DialogTest<WindowTest> {
     OpenPurse();
     ShowWindow();
     Trigger("mnuViewReminders");
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   void TearDown() override {
     if (!session_.IsOpen()) return;

@@ -32,8 +32,7 @@ class TransactionCommands : public WindowTest {
         "VALUES ('Purse',2,17,5,0)");
     machine_.registry.Write(Hive::CurrentUser, kSettingsKey, "Investment", "0");
     ShowWindow();
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     Table().setFocus();
   }
   SortedTable& Table() { return Find<SortedTable>("lvbank"); }

@@ -70,6 +70,11 @@ class WindowTest : public testing::Test {
     window_->show();
     return *window_;
   }
+  // The window gets the keys.
+  void BringForward() {
+    window_->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  }
 
   // The widget or action of that name, which must be there.
   template <typename Widget>

@@ -30,7 +30,9 @@ TEST(FormDialog, NoChoiceOfARowIsCutInALargeFont) {
   form.show();
   form.resize(form.minimumSizeHint());
   QCoreApplication::processEvents();
-  for (const auto* button : form.findChildren<QRadioButton*>()) {
+  const auto buttons = form.findChildren<QRadioButton*>();
+  ASSERT_FALSE(buttons.isEmpty());
+  for (const auto* button : buttons) {
     EXPECT_GE(button->width(), button->sizeHint().width()) << qPrintable(button->text());
   }
 }

@@ -62,8 +62,7 @@ TEST_F(HelpKey, OpensThePageOfTheDialogInFrontAndOfTheWindow) {
   const QtHelpKey key(machine_.Get());
   OpenData(true);
   ShowWindow();
-  window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  BringForward();
   const auto says = [this](const char* words) {
     EXPECT_NE(machine_.prompts.Shown().back().text.find(words), std::string::npos) << words;
   };
@@ -74,8 +73,7 @@ TEST_F(HelpKey, OpensThePageOfTheDialogInFrontAndOfTheWindow) {
     says("options.md");
   });
   Trigger("mnuFileOptions");
-  window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  BringForward();
   machine_.prompts.ExpectTell("Help", ScriptedPrompts::kAnyText);
   QTest::keyClick(window_.get(), Qt::Key_F1);
   says("contents.md");

@@ -43,8 +43,7 @@ class Rows : public WindowTest {
     ShowWindow();
     window_->resize(1500, 800);
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   // Of the third transaction, which is of 45.46.
   void AddLine(const std::string& amount, const std::string& description) {

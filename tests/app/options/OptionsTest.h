@@ -32,8 +32,7 @@ class OptionsWindow : public DialogTest<WindowTest> {
     ShowWindow();
     window_->resize(1400, 900);
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   // Opens the dialog, does that in it and accepts.
   void Change(const std::function<void(QDialog&)>& change) {

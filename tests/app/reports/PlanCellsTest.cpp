@@ -27,8 +27,7 @@ class PlanCellsTest : public DialogTest<WindowTest> {
     add(52, "'Beta','Two'", "0,0");
     ShowWindow();
     window_->resize(1400, 900);
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     Page(false);
   }
   void Page(bool folds) {
@@ -153,8 +152,7 @@ TEST_F(PlanCellsTest, WhoeverEndsLosesNothingThatWasTyped) {
   EXPECT_EQ(Field(), nullptr);
   EXPECT_EQ(Budget(50), 62);
   window_->show();
-  window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  BringForward();
   Page(false);
   Begin("63");
   // The data file goes between the two halves of a click elsewhere.

@@ -49,8 +49,7 @@ TEST_F(ReportsViewTest, APointOfAChartSaysWhatItIsMadeOf) {
   ASSERT_TRUE(chart.hasFocus()) << "the keys are on the chart";
   const auto sum = [&] {
     std::string said;
-    window_->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     InNextDialog([&](QDialog& dialog) {
       said = Find<QLabel>(dialog, "lblFigure").text().toStdString() + ": " +
              Find<QLabel>(dialog, "lblSum").text().toStdString();

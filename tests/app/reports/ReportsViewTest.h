@@ -27,8 +27,7 @@ class ReportsViewTest : public DialogTest<WindowTest> {
     Add(2, 1, 501, "#02/20/2026#,100");
     ShowWindow();
     window_->resize(1400, 900);
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   void Add(int account, int category, int payee, const std::string& values) {
     Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"

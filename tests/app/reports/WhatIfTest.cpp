@@ -15,8 +15,7 @@ class WhatIfTest : public DialogTest<WindowTest> {
     OpenPurse();
     ShowWindow();
     window_->resize(1400, 900);
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     ViewCommand forecast{kReportSelected};
     forecast.report.report = 15;
     window_->Show(forecast);

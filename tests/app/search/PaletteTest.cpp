@@ -102,13 +102,11 @@ class PaletteInWindow : public DialogTest<WindowTest> {
     }
     ShowWindow();
     window_->ShowView(kPayeeShow);
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   // Opens the box, types, moves and presses Enter.
   void GoTo(const QString& text, int down = 0) {
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
     QWidget* focus = window_->focusWidget();
     ASSERT_NE(focus, nullptr);
     InNextDialog([&](QDialog& dialog) {

@@ -31,8 +31,7 @@ class Finding : public WindowTest {
     Run("UPDATE tblTransactions SET Description = 'for the Grocer' WHERE TransactionID IN (1, 9)");
     ShowWindow();
     window_->Show({kTransactionShow, 1});
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   // Of the view in front.
   template <typename Widget>
@@ -264,8 +263,7 @@ TEST_F(Finding, ALongRegisterIsSearchedAsItIsRead) {
   Run("UPDATE tblTransactions SET Description = 'needle' WHERE TransactionID IN (5, 20000)");
   ShowWindow();
   window_->Show({kTransactionShow, 1});
-  window_->activateWindow();
-  ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+  BringForward();
   Type("needle");
   ASSERT_TRUE(QTest::qWaitFor([&] { return Found().ends_with(" of 2"); }, 60000)) << Found();
   Press(Qt::Key_Return);

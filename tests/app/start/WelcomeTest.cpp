@@ -13,8 +13,7 @@ class Welcome : public DialogTest<WindowTest> {
   void Start(bool empty) {
     OpenData(empty);
     ShowWindow();
-    window_->activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(window_.get()));
+    BringForward();
   }
   static void Press(QDialog& page, const char* way) {
     QTest::mouseClick(&Find<QCommandLinkButton>(page, way), Qt::LeftButton);
