@@ -20,7 +20,7 @@ namespace {
 
 constexpr int kGap = 3 * kRhythm;
 constexpr int kSmallest = 12 * kRhythm;
-constexpr int kMostRows = 3;
+constexpr int kMaxRows = 3;
 constexpr QLatin1String kBetween("    ");
 
 }  // namespace
@@ -129,7 +129,7 @@ QString TotalsLine::Wrapped(int room) const {
   for (const QString& figure : figures_) {
     const QString longer = rows.isEmpty() ? figure : rows.last() + kBetween + figure;
     const bool fits = figure_->fontMetrics().horizontalAdvance(longer) <= room;
-    if (rows.isEmpty() || (!fits && rows.size() < kMostRows)) {
+    if (rows.isEmpty() || (!fits && rows.size() < kMaxRows)) {
       rows.append(figure);
     } else {
       rows.last() = longer;

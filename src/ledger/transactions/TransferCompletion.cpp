@@ -19,7 +19,7 @@ std::vector<std::int64_t> TransferCompletion::LoneHalves(Keys transactionIds) {
   std::vector<std::int64_t> lone;
   std::ranges::copy_if(transactionIds, std::back_inserter(lone), [&](std::int64_t key) {
     const auto row = ledger_.Transactions().ReadTransaction(key);
-    return row && row->transferId == 0 && row->category.starts_with(kMark);
+    return row && row->transferId == 0 && row->category.starts_with(kTransferMark);
   });
   return lone;
 }
