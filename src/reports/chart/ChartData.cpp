@@ -16,9 +16,9 @@
 namespace corvanta::inline reports {
 namespace {
 
-constexpr std::size_t kMostParts = 6;
+constexpr std::size_t kMaxParts = 6;
 // More than a screen has columns shows nothing more.
-constexpr std::size_t kMostPoints = 1000;
+constexpr std::size_t kMaxPoints = 1000;
 
 constexpr std::array kMonths = {"January",   "February", "March",    "April",
                                 "May",       "June",     "July",     "August",
@@ -127,7 +127,7 @@ void AddMonths(ChartData& chart, const ChartRows& rows) {
   if (bars.empty()) return;
   for (const std::string_view month : kMonths) chart.categories.emplace_back(month.substr(0, 3));
   chart.headers.assign(kMonths.begin(), kMonths.end());
-  for (const ChartBar& bar : SortedAndGathered(std::move(bars), kMostParts)) {
+  for (const ChartBar& bar : SortedAndGathered(std::move(bars), kMaxParts)) {
     ChartSeries series;
     series.name = bar.name;
     for (std::size_t i = 1; i < bar.points.size(); ++i) {
@@ -145,7 +145,7 @@ void AddDays(ChartData& chart, const ChartRows& rows, const std::vector<std::str
     const std::string day = rows.Text(row, "Date").substr(0, 10);
     if (!day.empty()) days.insert_or_assign(day, row);
   }
-  const std::size_t step = days.size() / kMostPoints + 1;
+  const std::size_t step = days.size() / kMaxPoints + 1;
   for (const std::string& header : headers) {
     ChartSeries series;
     series.name = series.header = header;

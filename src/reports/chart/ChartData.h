@@ -52,7 +52,7 @@ struct ChartData {
 };
 
 // Bars that lie below each other: more would be too many to read.
-inline constexpr std::size_t kMostBars = 12;
+inline constexpr std::size_t kMaxBars = 12;
 
 // The currencies that amounts of the report are in, that of the most rows first.
 [[nodiscard]] std::vector<std::string> ChartCurrencies(const ReportTable& report);
@@ -61,7 +61,7 @@ inline constexpr std::size_t kMostBars = 12;
 // on one axis. Small ones of a long list are gathered in the last bar, so that
 // there are no more than `mostBars`. Without rows, or for a report without a chart, an empty one.
 [[nodiscard]] ChartData BuildChart(const ReportTable& report, std::string_view currency,
-                                   std::size_t mostBars = kMostBars);
+                                   std::size_t mostBars = kMaxBars);
 // Of the first currency that has something to draw: nothing may have been spent in one of them.
 [[nodiscard]] ChartData BuildChart(const ReportTable& report);
 

@@ -25,7 +25,7 @@ constexpr double kWidestNames = 0.35;  // of the width
 constexpr double kBarShare = 0.72;     // of a category's room
 constexpr double kThickestBar = 14;
 constexpr int kSteps = 5;
-constexpr std::size_t kMostMarkers = 40;
+constexpr std::size_t kMaxMarkers = 40;
 constexpr std::array kStrokes = {PrintStroke::Solid, PrintStroke::Dashed, PrintStroke::Dotted,
                                  PrintStroke::DashDotted};
 
@@ -292,7 +292,7 @@ void ChartDrawing::DrawLines() {
     }
     surface_.SetForeColor(ChartColour(series, i, false));
     if (points.size() > 1) surface_.Path(points, kLineThickness, kStrokes.at(i % kStrokes.size()));
-    if (points.size() > kMostMarkers) continue;
+    if (points.size() > kMaxMarkers) continue;
     for (const PrintPoint& point : points) DrawMarker(point.x, point.y, i);
   }
 }

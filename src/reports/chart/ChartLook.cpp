@@ -20,7 +20,7 @@ constexpr std::size_t kBlue = 0;
 constexpr std::size_t kOrange = 1;
 constexpr std::size_t kGrey = 5;
 
-constexpr std::size_t kMostSpoken = 30;
+constexpr std::size_t kMaxSpoken = 30;
 
 // The height of the bar that is made of all series.
 ChartRange StackedRange(const ChartData& chart) {
@@ -99,7 +99,7 @@ std::string ChartText(const ChartData& chart, const Locale& locale) {
   for (std::size_t category = 0; category < chart.categories.size(); ++category) {
     for (std::size_t series = 0; series < chart.series.size(); ++series) {
       if (!chart.series[series].points[category]) continue;
-      if (spoken++ == kMostSpoken) return text + "; ...";
+      if (spoken++ == kMaxSpoken) return text + "; ...";
       text += "; " + PointText(chart, series, category, locale);
     }
   }

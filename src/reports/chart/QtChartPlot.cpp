@@ -25,7 +25,7 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr double kLineWidth = 2;
-constexpr std::size_t kMostMarked = 60;  // points of a line that are shown as such
+constexpr std::size_t kMaxMarked = 60;  // points of a line that are shown as such
 constexpr std::array kStrokes = {Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine};
 
 double SerialOf(const std::string& day) {
@@ -131,7 +131,7 @@ void QtChartPlot::AddLine(std::size_t series) {
     if (points[category]) places.append({AlongAxis(category), points[category]->value});
   }
   line->replace(places);
-  line->setPointsVisible(points.size() <= kMostMarked);
+  line->setPointsVisible(points.size() <= kMaxMarked);
   connect(line, &QLineSeries::hovered, this, [this, series](const QPointF& point, bool isOver) {
     Q_EMIT Hovered(NearestOf(series, point), isOver);
   });

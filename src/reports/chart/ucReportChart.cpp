@@ -107,7 +107,7 @@ std::size_t ucReportChart::MostBars() const {
   const QFontMetrics metrics(ScaledFont(-1));
   // The marks and the legend stand below.
   const int room = pages_->height() / (metrics.height() + kRhythm / 4) - 4;
-  return std::clamp(static_cast<std::size_t>(std::max(0, room)), kFewestBars, kMostBars);
+  return std::clamp(static_cast<std::size_t>(std::max(0, room)), kFewestBars, kMaxBars);
 }
 
 void ucReportChart::resizeEvent(QResizeEvent* event) {

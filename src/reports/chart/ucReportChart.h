@@ -74,7 +74,7 @@ class ucReportChart : public QWidget {
   QStackedWidget* pages_;
   ucChartView* chart_;
   ucChartLegend* legend_;
-  std::size_t bars_ = kMostBars;
+  std::size_t bars_ = kMaxBars;
 };
 
 }  // namespace corvanta::inline reports

@@ -19,7 +19,7 @@ constexpr double kPointsPerMillimetre = 72 / 25.4;
 constexpr double kPointsPerInch = 72;
 constexpr const char* kUsualFont = "Sans";
 // Lists repeat their names; measuring is most of what a page costs.
-constexpr std::size_t kMostRemembered = 20000;
+constexpr std::size_t kMaxRemembered = 20000;
 
 template <auto Release>
 struct Releaser {
@@ -171,7 +171,7 @@ double CairoSurface::TextWidth(std::string_view text) {
   int width = 0;
   pango_layout_get_size(canvas_->layout.get(), &width, nullptr);
   const double millimetres = static_cast<double>(width) / PANGO_SCALE / kPointsPerMillimetre;
-  if (widths.size() >= kMostRemembered) widths.clear();
+  if (widths.size() >= kMaxRemembered) widths.clear();
   widths.emplace(text, millimetres);
   return millimetres;
 }

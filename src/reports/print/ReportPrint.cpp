@@ -17,20 +17,20 @@ constexpr int kPixelsOfCharacter = 7;
 constexpr int kPixelsOfDigit = 8;
 constexpr int kPixelsOfBold = 9;
 constexpr int kEdges = 14;
-constexpr std::size_t kFewest = 6;
-constexpr std::size_t kMost = 32;
+constexpr std::size_t kMinLetters = 6;
+constexpr std::size_t kMaxLetters = 32;
 constexpr std::size_t kLongestWord = 20;
 // In letters that are small and yet legible; what is wider would lose figures.
 constexpr int kWidestLandscape = 1350;
 // What fits on upright paper in letters of the usual size.
 constexpr int kWidestPortrait = 800;
-constexpr int kMostDecimals = 6;
+constexpr int kMaxDecimals = 6;
 
 // As many decimals as the number needs.
 int DecimalsOf(double number) {
   int decimals = 0;
   double scale = 1;
-  while (decimals < kMostDecimals && std::abs(std::round(number * scale) / scale - number) > 1e-9) {
+  while (decimals < kMaxDecimals && std::abs(std::round(number * scale) / scale - number) > 1e-9) {
     scale *= 10;
     ++decimals;
   }
@@ -87,7 +87,8 @@ ColumnNeed NeedOf(const PrintTable& table, std::size_t column) {
     const std::size_t word = isNumber ? TextLength(text) : LongestWordOf(text);
     need.least = std::max(need.least,
                           static_cast<int>(isNumber ? word : std::min(word, kLongestWord)) * digit);
-    const int whole = static_cast<int>(std::min(std::max(TextLength(text), kFewest), kMost));
+    const int whole =
+        static_cast<int>(std::min(std::max(TextLength(text), kMinLetters), kMaxLetters));
     need.wished = std::max(need.wished, whole * kPixelsOfCharacter);
   }
   need.wished = std::max(need.wished, need.least);

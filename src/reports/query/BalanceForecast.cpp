@@ -20,7 +20,7 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr int kYear = 365;
-constexpr int kMostMonths = 120;
+constexpr int kMaxMonths = 120;
 
 // Something that is to come.
 struct Expected {
@@ -143,7 +143,7 @@ std::string KeyOf(const Outlook& outlook) {
 }  // namespace
 
 corvanta::Date BalanceForecast::Farthest(corvanta::Date today) {
-  return today.AddMonths(kMostMonths);
+  return today.AddMonths(kMaxMonths);
 }
 
 corvanta::Date BalanceForecast::EndOf(const ReportRequest& request, corvanta::Date today) {

@@ -42,7 +42,7 @@ void AppendText(std::string& bytes, std::string_view text) {
 }
 
 void Append(std::string& bytes, sqlite3_value* value) {
-  constexpr double kMostExact = 9007199254740992.0;
+  constexpr double kMaxExact = 9007199254740992.0;
   switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
       bytes += 'n';
@@ -51,7 +51,7 @@ void Append(std::string& bytes, sqlite3_value* value) {
       return AppendNumber(bytes, 'i', static_cast<std::int64_t>(sqlite3_value_int64(value)));
     case SQLITE_FLOAT: {
       const double number = sqlite3_value_double(value);
-      const bool isWhole = std::trunc(number) == number && std::abs(number) < kMostExact;
+      const bool isWhole = std::trunc(number) == number && std::abs(number) < kMaxExact;
       if (isWhole) return AppendNumber(bytes, 'i', static_cast<std::int64_t>(number));
       return AppendNumber(bytes, 'd', number);
     }
