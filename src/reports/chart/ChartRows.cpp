@@ -1,5 +1,6 @@
 #include "reports/chart/ChartRows.h"
 
+#include "ledger/reference/CategoryPath.h"
 #include "reports/query/ReportTable.h"
 
 #include <algorithm>
@@ -32,9 +33,8 @@ std::string ChartRows::Text(std::size_t row, std::string_view header) const {
 
 std::string ChartRows::Name(std::size_t row) const {
   const auto& cells = report_.rows[row].cells;
-  std::string name = cells.empty() ? std::string() : cells.front().Text();
-  const std::string sub = Text(row, "Sub Category");
-  return sub.empty() ? name : name + ":" + sub;
+  return CategoryPath(cells.empty() ? std::string() : cells.front().Text(),
+                      Text(row, "Sub Category"));
 }
 
 std::vector<std::string> ChartRows::MoneyHeaders() const {
