@@ -83,7 +83,8 @@ class ReportProof : public LedgerTest {
     });
   }
   static std::string Told(const ReportRequest& request) {
-    return "report " + std::to_string(request.report) + " " + request.filter.ToText() +
+    return "report " + std::to_string(request.report) + " " + request.filter.Tables() +
+           request.filter.Clause() +
            (request.range ? " " + request.range->from.ToIso() + " " + request.range->to.ToIso()
                           : "") +
            (request.converts ? " converted" : "") + (request.foldsSubCategories ? " folded" : "") +
