@@ -170,7 +170,7 @@ void PlanCells::Open(int listRow, double plan) {
           [this](int by) { place_.host.Guard([this, by] { GoOn(by); }); });
   connect(field_, &PlanField::TakenBack, this, [this] {
     Close();
-    TakeKeys();
+    FocusTable();
   });
   connect(field_, &PlanField::Left, this, &PlanCells::Leave);
   field_->setFocus();
@@ -189,7 +189,7 @@ void PlanCells::Close() {
   field->deleteLater();
 }
 
-void PlanCells::TakeKeys() {
+void PlanCells::FocusTable() {
   table_.setFocus(Qt::OtherFocusReason);
 }
 
@@ -221,7 +221,7 @@ void PlanCells::GoOn(int by) {
   const int next = NextOf(row, by);
   const std::string key = next < 0 ? key_ : RowAt(next).groupKey;
   Close();
-  TakeKeys();
+  FocusTable();
   if (!isSaved_) place_.host.Reload();
   isSaved_ = true;
   // The rows are others now.

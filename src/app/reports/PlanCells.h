@@ -86,8 +86,8 @@ class PlanCells : public QObject {
   // Whether nothing is left to be mended in the amount that was typed (nullopt: it is none). With
   // `tells` what is refused is said. Throws StoreError.
   bool Save(std::optional<double> amount, bool tells);
-  // The keys are in the list.
-  void TakeKeys();
+  // The keys belong to the list again.
+  void FocusTable();
 
   SortedTable& table_;
   ListModel& model_;

@@ -113,7 +113,7 @@ OpenSequence::Outcome OpenSequence::Attempt() {
   PrepareFolder();
   if (isReadOnly_) return OpenToLookAt();
   const bool isRequested = TakeReindex();
-  const bool hasTransfer = TakeTransferFile();
+  const bool hasTransfer = AdoptTransferFile();
   const bool isDue = isRequested || filePassword_ != password_;
   const bool renews = isDue && FileExists(location_.Path());
   file_.isRenewed = renews && Renew();
@@ -188,7 +188,7 @@ bool OpenSequence::TakeReindex() {
 }
 
 // True when the transfer file beside the data file opens it; its settings are taken over then.
-bool OpenSequence::TakeTransferFile() {
+bool OpenSequence::AdoptTransferFile() {
   const std::string path = location_.TransferPath();
   if (!FileExists(path) || !FileExists(location_.Path())) return false;
   const std::optional<TransferFile> transfer = ReadTransferFile(path);

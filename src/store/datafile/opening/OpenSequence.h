@@ -39,7 +39,7 @@ class OpenSequence {
   [[nodiscard]] Outcome OpenToLookAt();
   void Create();
   [[nodiscard]] bool TakeReindex();
-  [[nodiscard]] bool TakeTransferFile();
+  [[nodiscard]] bool AdoptTransferFile();
   // False when the file could not be renewed and stays as it was, which has been told.
   bool Renew();
   [[nodiscard]] Outcome OpenIt();
