@@ -171,8 +171,10 @@ bool ReportArguments::Apply(ReportRequest& request, clsCorvanta& ledger, Session
       !ApplyNames(request, ledger, session)) {
     return false;
   }
-  if (!Trim(text_).empty()) {
-    request.filter.SetSearch(ReadSearchText(text_, textOnly_, session.Machine().locale));
+  const bool isTyped = !Trim(text_).empty();
+  const std::string text = isTyped ? text_ : request.filter.Search().text;
+  if (isTyped || (textOnly_ && !text.empty())) {
+    request.filter.SetSearch(ReadSearchText(text, textOnly_, session.Machine().locale));
   }
   if (!ApplyDays(request, ledger, session) || !CheckForecast(request, session)) return false;
   ApplySwitches(request, session);

@@ -42,7 +42,7 @@ ReportDefinition MakeDefinition(const std::string& name, const ReportRequest& re
   definition.widths.resize(definition.columns.size());
   definition.range = request.range;
   if (request.converts) definition.currency = request.currency;
-  definition.otherRange = request.otherRange;
+  if (request.report == kTwoPeriods) definition.otherRange = request.otherRange;
   definition.paymentTypes = request.paymentTypes;
   definition.withoutTransfers = request.withoutTransfers;
   definition.foldsSubCategories = request.foldsSubCategories && HasSubCategories(request.report);

@@ -195,6 +195,7 @@ class DefinitionReader {
       made.paymentTypes = KeysIn(value, "payment types");
     } else if (name == kCompare) {
       made.otherRange = ReadDaysText(value);
+      if (made.otherRange && made.otherRange->to < made.otherRange->from) made.otherRange.reset();
       return made.otherRange.has_value();
     } else if (name == kTransfers && isOn) {
       made.withoutTransfers = !*isOn;

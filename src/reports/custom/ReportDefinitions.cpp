@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstdint>
+#include <limits>
 
 namespace corvanta::inline reports {
 namespace {
@@ -63,7 +64,8 @@ std::string ReportDefinitions::NewKey() const {
     std::int64_t own = 0;
     const auto [end, fault] = std::from_chars(number.data(), number.data() + number.size(), own);
     const bool isWhole = fault == std::errc() && end == number.data() + number.size();
-    if (isWhole) highest = std::max(highest, own);
+    // One that has no number behind it is left where it is.
+    if (isWhole && own < std::numeric_limits<std::int64_t>::max()) highest = std::max(highest, own);
   }
   return std::string(kItem) + std::to_string(highest + 1);
 }

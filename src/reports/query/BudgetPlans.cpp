@@ -26,29 +26,33 @@ constexpr const char* kWholeBudget =
     "Per.PeriodID ";
 constexpr const char* kWholeOrder = " Group by Category Order by Category";
 
-// Whether of each whole category that period is the one of all that is planned in it. Otherwise 80
-// a month and 600 a year would be 680 a year.
+// Whether of each whole category that period is the one of all that is planned in it, and the sum
+// shows that something is. Otherwise 80 a month and 600 a year would be 680 a year.
 bool HaveOnePeriodEach(Connection& store, const std::string& some) {
   struct Periods {
     std::optional<std::string> planned;
     std::string last;
+    double total = 0;
   };
   std::unordered_map<std::string, Periods> periods;
   Recordset rows = store.OpenRecordset(
-      "Select Category, Budget, Period FROM tblCategory C LEFT JOIN tblPeriods Per  ON C.PeriodId "
-      "= Per.PeriodID " +
+      "Select Category, Type*Budget as Planned, Period FROM tblCategory C LEFT JOIN tblPeriods Per "
+      " ON C.PeriodId = Per.PeriodID " +
       some);
   for (; !rows.Eof(); rows.MoveNext()) {
     Periods& own = periods[FoldCase(rows.Text("Category"))];
     const std::string period = rows.Text("Period");
     own.last = std::max(own.last, period);
-    if (rows.Double("Budget") == 0) continue;
+    const double planned = rows.Double("Planned");
+    if (planned == 0) continue;
     if (own.planned.value_or(period) != period) return false;
     own.planned = period;
+    own.total += planned;
   }
   return std::ranges::all_of(periods, [](const auto& each) {
     const Periods& own = each.second;
-    return own.planned.value_or(own.last) == own.last;
+    // What cancels out is planned all the same, which its sum does not tell.
+    return !own.planned || (*own.planned == own.last && own.total != 0);
   });
 }
 

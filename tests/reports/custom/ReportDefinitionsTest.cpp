@@ -109,6 +109,10 @@ TEST_F(ReportDefinitionsTest, AFurtherValueHoldsWhatTheOthersHaveNoPlaceFor) {
   EXPECT_NE(read.troubles[2].find("\"x\", which is no identifier"), std::string::npos);
   EXPECT_EQ(read.definition.paymentTypes, std::vector<std::int64_t>{1});
   EXPECT_TRUE(read.definition.foldsSubCategories);
+  // Days that end before they begin are none.
+  Write("Item1", "Further", "Compare=#2026-12-31#2026-01-01");
+  EXPECT_EQ(definitions_.Find("Food")->troubles.size(), 1U);
+  EXPECT_FALSE(definitions_.Find("Food")->definition.otherRange);
 }
 
 // Each value missing, empty, and of a kind that it cannot be: the report opens all the same.
@@ -176,6 +180,11 @@ TEST_F(ReportDefinitionsTest, ANameIsWrittenOverInItsPlaceAndNumbersOnlyRise) {
   definitions_.Save(Named("Nine"));
   EXPECT_EQ(Value("Item2147483648", "Report"), "Eight#1");
   EXPECT_EQ(Value("Item2147483649", "Report"), "Nine#1");
+  Write("Item9223372036854775807", "Report", "End#3");
+  definitions_.Save(Named("Ten"));
+  definitions_.Save(Named("Eleven"));
+  EXPECT_EQ(Value("Item2147483650", "Report"), "Ten#1");
+  EXPECT_EQ(Value("Item2147483651", "Report"), "Eleven#1");
   // What cannot be written leaves what is there.
   machine_.registry.RefuseWrites(true);
   EXPECT_THROW(definitions_.Save(Named("One", 9)), PlatformError);

@@ -5,6 +5,7 @@
 #include "reports/query/ReportClause.h"
 #include "reports/query/ReportRunner.h"
 #include "reports/query/ReportsTest.h"
+#include "store/sql/Recordset.h"
 
 #include <algorithm>
 #include <stdexcept>
@@ -290,6 +291,27 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_FALSE(DrillDown(Ledger(), request, gone));
 }
 
+// The statement is read in any order.
+TEST_F(Reports, ShowTransactionsByDayAndKey) {
+  AddTransaction(40, 1, "05/05/2026 18:30:00", "-1", "CategoryID = 1");
+  AddTransaction(41, 2, "05/05/2026 09:00:00", "-2", "CategoryID = 1");
+  AddTransaction(42, 1, "05/05/2026", "-3", "CategoryID = 1");
+  AddTransaction(43, 2, "01/02/1999", "-4", "CategoryID = 1");
+  AddTransaction(44, 1, "05/05/2026 09:00:00", "-5", "CategoryID = 1");
+  std::vector<std::int64_t> wanted;
+  Recordset rows = Store().OpenRecordset(
+      "SELECT T.TransactionID FROM tblTransactions T WHERE T.TransactionID NOT IN (SELECT "
+      "AllocatedItem FROM tblTransactions WHERE AllocatedItem <> 0) Order by [DATE], "
+      "T.TransactionID");
+  for (; !rows.Eof(); rows.MoveNext()) wanted.push_back(rows.Int(0));
+  std::vector<std::int64_t> shown;
+  for (const ReportRow& row : Show(3).rows) {
+    if (row.kind == ReportRowKind::Plain) shown.push_back(row.transactionId);
+  }
+  ASSERT_EQ(std::ranges::count(wanted, 41), 1);
+  EXPECT_EQ(shown, wanted);
+}
+
 TEST_F(Reports, FoldBudgetsByThePeriodOfEach) {
   Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
       "(900,'Zoo','Feed',-1,80,6)");
@@ -317,6 +339,8 @@ TEST_F(Reports, FoldBudgetsByThePeriodOfEach) {
   EXPECT_NEAR(planned(), -680.0 * 365 / 31, 1e-4) << "all by the month";
   Run("UPDATE tblCategory SET Budget = 0, PeriodID = 11 WHERE CategoryID = 901");
   EXPECT_NEAR(planned(), -80.0 * 365 / 31, 1e-4) << "whatever the period of what is not planned";
+  Run("UPDATE tblCategory SET [Type] = 1, Budget = 80, PeriodID = 6 WHERE CategoryID = 901");
+  EXPECT_NEAR(planned(), 0, 1e-4) << "what comes and goes in equal parts is planned, too";
 }
 
 }  // namespace

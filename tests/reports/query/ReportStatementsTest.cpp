@@ -304,7 +304,8 @@ TEST_F(ReportStatements, OfKeywords) {
        "AND T.TransactionId NOT IN (select distinct AllocatedItem from tblTransactions "
        "WHERE AllocatedItem <> 0 AND AllocatedItem NOT IN " +
        own + ") AND (isNull(T.AllocatedItem) or T.AllocatedItem NOT IN " + own +
-       ") Order by [DATE], T.TransactionID"});
+       ") Order by [DATE], T.TransactionID"},
+      true);
   std::string joined = kMonthJoined;
   joined.replace(0, std::string("From ").size(), "From " + linked + " RIGHT JOIN (");
   Expect(8, {MonthColumns() + "PP.PayeeID, PP.Payee, T.TransferID, CC.Currency, {X} AS Exchange " +

@@ -38,9 +38,10 @@ bool IsFileFault(const StoreError& error) {
 }
 
 // Without these the program is slower, and without room, where nothing may be written, or while
-// another program writes, it must still show what there is. True when something was made.
+// another program writes, it must still show what there is. True when something was made; nullopt
+// when it was refused, as whatever comes after it would be, each with a wait of its own.
 template <typename Ensure>
-bool IfPossible(const Ensure& ensure) {
+std::optional<bool> IfPossible(const Ensure& ensure) {
   try {
     return ensure();
   } catch (const StoreError& error) {
@@ -48,7 +49,7 @@ bool IfPossible(const Ensure& ensure) {
         error.Code() == StoreErrorCode::DiskFull || error.Code() == StoreErrorCode::ReadOnly ||
         error.Code() == StoreErrorCode::Io || error.Code() == StoreErrorCode::Locked;
     if (!isOfPlace) throw;
-    return false;
+    return std::nullopt;
   }
 }
 
@@ -69,11 +70,13 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
   const DataSource source{path, password, {}};
   std::unique_ptr<Connection> connection = Connection::Open(source, platform.clock);
   CheckSchema(*connection);
-  IfPossible([&] { return EnsureAccessPaths(*connection), false; });
-  IfPossible([&] { return EnsureTradePath(*connection, source, platform.clock), false; });
-  const bool isMade =
+  const bool isWritable =
+      IfPossible([&] { return EnsureAccessPaths(*connection), true; }) &&
+      IfPossible([&] { return EnsureTradePath(*connection, source, platform.clock), true; });
+  if (!isWritable) return connection;
+  const auto isMade =
       IfPossible([&] { return EnsureKeptSums(*connection, source, platform.clock); });
-  if (!isMade) return connection;
+  if (!isMade.value_or(false)) return connection;
   // With the tables that were made for them in its catalog.
   connection = nullptr;
   return Connection::Open(source, platform.clock);
