@@ -2,14 +2,19 @@
 
 #include "exchange/import/FileSurvey.h"
 #include "exchange/import/ImportSummary.h"
+#include "ledger/accounts/ReservedNames.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/investments/InvestmentRecord.h"
+#include "ledger/transactions/TransactionBook.h"
+#include "ledger/transactions/TransactionRecord.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Progress.h"
 #include "platform/Prompts.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
+
+#include <algorithm>
 
 namespace corvanta::inline exchange {
 namespace {
@@ -110,7 +115,10 @@ std::optional<Fate> ImportPlanner::FateOfCash(const ImportRecord& record,
   }
   const std::vector<DuplicateIndex::Candidate*> candidates = CandidatesOf(record, values);
   if (candidates.empty() || duplicates_ == DuplicateAnswer::Import) return Fate::Book;
-  DuplicateIndex::Candidate& candidate = *candidates.front();
+  const auto fitting = std::ranges::find_if(
+      candidates, [&](const auto* row) { return IsSameTransfer(record, *row); });
+  DuplicateIndex::Candidate& candidate =
+      fitting == candidates.end() ? *candidates.front() : **fitting;
   if (duplicates_ == DuplicateAnswer::Ask) {
     const std::optional<bool> books = AskWhetherToBook(record, candidate);
     if (!books) return std::nullopt;
@@ -121,9 +129,26 @@ std::optional<Fate> ImportPlanner::FateOfCash(const ImportRecord& record,
 
 Fate ImportPlanner::SkipFor(const ImportRecord& record, DuplicateIndex::Candidate& row) {
   row.isTaken = true;
-  const bool isTransfer = !record.category.account.empty() && record.splits.empty();
-  if (isTransfer) knownHalves_.push_back(row.transactionId);
+  if (IsSameTransfer(record, row)) knownHalves_.push_back(row.transactionId);
   return Fate::Skip;
+}
+
+// A row that names another account than the record would have its other half made there, of which
+// this file says nothing.
+bool ImportPlanner::IsSameTransfer(const ImportRecord& record,
+                                   const DuplicateIndex::Candidate& row) const {
+  const std::string& named = record.category.account;
+  if (named.empty() || !record.splits.empty()) return false;
+  TransactionBook& book = context_.ledger.Transactions();
+  const auto known = book.ReadTransaction(row.transactionId);
+  if (!known) return false;
+  const ImportTarget* other = context_.names.FindAccount({named, {}, {}, {}});
+  if (known->transferId != 0) {
+    const auto half = book.ReadTransaction(known->transferId);
+    return half && other != nullptr && half->accountId == other->accountId;
+  }
+  const std::string& account = other != nullptr ? other->name : named;
+  return NameKey(known->category) == NameKey(std::string(kTransferMark) + account);
 }
 
 std::optional<bool> ImportPlanner::AskWhetherToBook(const ImportRecord& record,

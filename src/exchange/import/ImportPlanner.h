@@ -36,7 +36,8 @@ class ImportPlanner : public ImportSink {
   [[nodiscard]] const std::vector<Fate>& Fates() const { return fates_; }
   // How many are to be booked.
   [[nodiscard]] std::size_t Booked() const { return booked_; }
-  // The rows of the ledger that answer for records of transfers, in whatever state they are now.
+  // The rows of the ledger that answer for records of transfers with the same other account, in
+  // whatever state they are now.
   [[nodiscard]] const std::vector<std::int64_t>& KnownHalves() const { return knownHalves_; }
   // Whether the person stopped it, which ends the import as a whole.
   [[nodiscard]] bool IsCancelled() const { return isCancelled_; }
@@ -56,6 +57,9 @@ class ImportPlanner : public ImportSink {
                                                      const DuplicateIndex::Candidate& candidate);
   // The row answers for the record.
   [[nodiscard]] Fate SkipFor(const ImportRecord& record, DuplicateIndex::Candidate& row);
+  // Whether the record is a transfer, and the row one with the account that it names.
+  [[nodiscard]] bool IsSameTransfer(const ImportRecord& record,
+                                    const DuplicateIndex::Candidate& row) const;
   [[nodiscard]] DuplicateIndex& Former();
 
   ImportContext context_;
