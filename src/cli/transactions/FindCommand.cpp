@@ -36,11 +36,18 @@ OutputTable TableOf(const std::vector<FoundRow>& rows, const std::optional<KeySe
   return table;
 }
 
+std::string JoinWords(const std::vector<std::string>& words) {
+  std::string text;
+  for (const std::string& word : words) text += (text.empty() ? "" : " ") + word;
+  return text;
+}
+
 }  // namespace
 
 Parser* FindCommand::Declare(Parser& parser) {
   Parser* command = parser.AddCommand("find", "Find transactions by what stands in them");
   command->AddOption("words", words_, "Words and amounts, all of which a transaction must have")
+      ->Several()
       ->Required()
       ->Check(EmptyFault);
   command
@@ -55,7 +62,7 @@ ExitStatus FindCommand::Run(Session& session) {
   const std::optional<DataFile> file = session.Open(Access::Read);
   if (!file) return ExitStatus::Refused;
   clsCorvanta ledger(*file->connection, session.Machine());
-  const SearchQuery query(words_, session.Machine().locale);
+  const SearchQuery query(JoinWords(words_), session.Machine().locale);
   if (query.IsEmpty()) {
     return session.Refuse("Find", "There is nothing to look for: give a word or an amount.");
   }

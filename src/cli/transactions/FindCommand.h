@@ -6,17 +6,18 @@
 #include "cli/arguments/FilterArguments.h"
 
 #include <string>
+#include <vector>
 
 namespace corvanta::inline cli {
 
-// find TEXT: the transactions of all accounts, or of one, in which the text stands.
+// find WORDS: the transactions of all accounts, or of one, in which all of the words stand.
 class FindCommand : public Command {
  public:
   Parser* Declare(Parser& parser) override;
   ExitStatus Run(Session& session) override;
 
  private:
-  std::string words_;
+  std::vector<std::string> words_;
   AccountArgument account_;
   PeriodArguments period_;
   FilterArguments filter_;
