@@ -133,7 +133,8 @@ QCategoryAxis* Plot::AxisOf(double from, double to, bool isDay, int steps) const
     const auto day = [](double serial) {
       return Date::FromSerial(static_cast<std::int32_t>(serial));
     };
-    for (const Date& mark : DayMarks(day(from), day(to), static_cast<std::size_t>(steps))) {
+    // One at each end of a step.
+    for (const Date& mark : DayMarks(day(from), day(to), static_cast<std::size_t>(steps) + 1)) {
       axis->append(ToQt(locale_.FormatShortDate(mark)), mark.Serial());
     }
     return axis;

@@ -5,7 +5,7 @@
 namespace corvanta::inline platform {
 namespace {
 
-constexpr std::array kDays = {1, 7, 14};
+constexpr std::array kDays = {1, 2, 3, 7, 14};
 constexpr std::array kMonths = {1, 3, 6, 12, 24, 60, 120, 240, 600, 1200};
 constexpr int kMonthsOfYear = 12;
 
