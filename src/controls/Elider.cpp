@@ -18,6 +18,8 @@ Elider::Elider(QWidget& shown) : QObject(&shown), shown_(shown) {
 
 void Elider::SetText(const QString& text) {
   text_ = text;
+  // A voice has room for all of it.
+  shown_.setAccessibleName(text);
   Fit();
 }
 

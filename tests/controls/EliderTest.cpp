@@ -27,6 +27,8 @@ TEST(Elider, ATextFollowsItsRoomAndIsWholeAgain) {
   EXPECT_TRUE(label->text().endsWith(u'…')) << qPrintable(label->text());
   EXPECT_LE(label->fontMetrics().horizontalAdvance(label->text()), label->width());
   EXPECT_TRUE(button->text().endsWith(u'…')) << qPrintable(button->text());
+  EXPECT_EQ(label->accessibleName(), name) << "read out whole";
+  EXPECT_EQ(button->accessibleName(), name);
   window.resize(1600, 40);
   QCoreApplication::processEvents();
   EXPECT_EQ(label->text(), name);

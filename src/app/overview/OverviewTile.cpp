@@ -94,7 +94,6 @@ QWidget* OverviewTile::MakeLink(const Line& line) {
   link->setStyleSheet(QStringLiteral("text-align: left; padding: 1px;"));
   link->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   link->setMinimumWidth(kSmallestName);
-  link->setAccessibleName(line.cells.front().text);
   (new Elider(*link))->SetText(line.cells.front().text);
   link->setToolTip(line.cells.front().text);
   connect(link, &QPushButton::clicked, this, [go = line.go] { go(); });
