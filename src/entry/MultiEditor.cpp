@@ -52,7 +52,7 @@ std::optional<Warning> MultiEditor::Check(const MultiEditForm& form, Keys keys) 
                    "cmbType"};
   }
   if (auto warning = FirstBroken(kRules, names)) return warning;
-  if (ledger_.Transactions().AreInClosedAccount(keys)) {
+  if (ledger_.Transactions().ReachesClosedAccount(keys)) {
     return Warning{kAmendItem, kAccountClosed, {}};
   }
   return CheckOpenAccount(ledger_, form.accountId, kAmendItem, "cmbAccount");
