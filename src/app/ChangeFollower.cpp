@@ -3,6 +3,7 @@
 #include "controls/ChangeNotice.h"
 
 #include <QApplication>
+#include <QCoreApplication>
 #include <QWidget>
 
 #include <utility>
@@ -16,6 +17,8 @@ ChangeFollower::ChangeFollower(QWidget& window, std::function<void()> reload)
 
 bool ChangeFollower::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() != DataChangeEvent()) return QObject::eventFilter(watched, event);
+  // Reading takes all that has been told until now.
+  QCoreApplication::removePostedEvents(watched, DataChangeEvent());
   if (QApplication::activeModalWidget() != nullptr) reload_();
   return true;
 }

@@ -73,7 +73,9 @@ FrmMain::FrmMain(LedgerSession& session, Platform& platform, QtProgress& progres
   ConnectDialogs();
   ConnectSettings();
   ConnectSearch();
-  new ChangeFollower(*this, [this] { Reload(); });
+  new ChangeFollower(*this, [this] {
+    if (view_ == nullptr || view_->FollowsDialogs()) Reload();
+  });
   setTabOrder(tree_, calendar_);
   setTabOrder(calendar_, pages_);
   setTabOrder(pages_, reminders_);

@@ -73,6 +73,8 @@ class MainView {
   [[nodiscard]] virtual SearchBox* Search() const { return nullptr; }
   // Shows its own rows, where those that were found elsewhere stand in their place.
   virtual void ShowOwn() {}
+  // Whether it is read again while a dialog before it stays open: not where that asks the network.
+  [[nodiscard]] virtual bool FollowsDialogs() const { return true; }
   // Whether it shows the rows of one account, which its command names.
   [[nodiscard]] virtual bool IsOfAccount() const { return false; }
 

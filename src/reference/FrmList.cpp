@@ -184,7 +184,6 @@ void FrmList::OpenEditor(std::int64_t key) {
         OpenReferenceEditor(WordsOf(editor_.Kind()).editor, key, {platform_, ledger_, this});
     if (!result.isChanged) return;
     isChanged_ = true;
-    TellBehind(*this);
     Fill(result.savedKey != 0 ? result.savedKey : key);
   });
 }

@@ -58,6 +58,9 @@ class ReportsView : public QWidget, public MainView {
   }
   [[nodiscard]] FilterStrip* Strip() const override { return strip_; }
   [[nodiscard]] SearchBox* Search() const override;
+  [[nodiscard]] bool FollowsDialogs() const override {
+    return page_ == Page::List || !request_.converts;
+  }
 
   void Show(const ViewCommand& command) override;
   // The report, its days and ticks.

@@ -1,6 +1,7 @@
 #include "app/reports/ReportsViewTest.h"
 
 #include "app/LedgerSession.h"
+#include "app/reports/ReportsView.h"
 #include "platform/Settings.h"
 #include "reports/chart/ucReportChart.h"
 
@@ -150,6 +151,18 @@ TEST_F(ReportsViewTest, TheChartIsOfTheSameRowsAndLeadsWhereTheyLead) {
   EXPECT_EQ(Get<QLabel>("lblPayeeFilter").text(), "Baker");
   Trigger("mnuViewBack");
   EXPECT_EQ(window_->Shown().name, kReportChart);
+}
+
+TEST_F(ReportsViewTest, OneThatConvertsWaitsUntilTheDialogBeforeItHasClosed) {
+  Start();
+  Trigger("mnuReport7");
+  const MainView& view = Get<ReportsView>("pnlReports");
+  EXPECT_TRUE(view.FollowsDialogs());
+  Get<QCheckBox>("chkDefaultCurrency").click();
+  ASSERT_TRUE(window_->Shown().report.converts);
+  EXPECT_FALSE(view.FollowsDialogs()) << "each time the rates would be asked for";
+  Tabs().setCurrentIndex(0);
+  EXPECT_TRUE(view.FollowsDialogs()) << "the list of reports asks nothing";
 }
 
 TEST_F(ReportsViewTest, WhatIsChosenIsRememberedInEverySlot) {
