@@ -132,8 +132,9 @@ ColumnNeed ListTable::NeedOf(const State& column) const {
   if (!column.isShown || column.isLeftOut) return {};
   const Column& wish = column.wish;
   const int width = std::max(column.byHand > 0 ? column.byHand : wish.width, wish.smallest);
-  return {width,       wish.stretch,      wish.smallest, wish.leaves,
-          wish.isLast, column.byHand > 0, wish.least};
+  // What the person has given a width is meant to be seen.
+  const int leaves = column.byHand > 0 ? 0 : wish.leaves;
+  return {width, wish.stretch, wish.smallest, leaves, wish.isLast, column.byHand > 0, wish.least};
 }
 
 void ListTable::FillWidth() {
@@ -143,16 +144,17 @@ void ListTable::FillWidth() {
 }
 
 // A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
-// and those behind it make room as far as they can. A list that was wider than its room before may
-// stay as wide.
+// and those behind it make room as far as they can, but none comes or leaves under the mouse. A
+// list that was wider than its room before may stay as wide.
 void ListTable::ApplyWidth(int column, int before, int width) {
   const auto taken = static_cast<std::size_t>(column);
   if (taken >= columns_.size()) return;
   std::vector<ColumnNeed> needs;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
-    needs.push_back(NeedOf(columns_[i]));
-    if (i < taken)
-      needs[i] = {isColumnHidden(static_cast<int>(i)) ? 0 : columnWidth(static_cast<int>(i))};
+    const int place = static_cast<int>(i);
+    const int shown = isColumnHidden(place) ? 0 : columnWidth(place);
+    needs.push_back(i < taken || shown == 0 ? ColumnNeed{shown} : NeedOf(columns_[i]));
+    needs[i].leaves = 0;
   }
   const int smallest = std::max(needs[taken].smallest, horizontalHeader()->minimumSectionSize());
   needs[taken] = {std::max(width, smallest)};

@@ -191,6 +191,20 @@ TEST_F(Lists, AColumnThatIsLeftOutStaysOutAndTheLastOneIn) {
   EXPECT_EQ(table_.columnWidth(1), 77);
 }
 
+TEST_F(Lists, NoColumnLeavesUnderTheMouseAndNoneThatHasAWidthOfItsOwn) {
+  model_.setColumnCount(4);
+  table_.SetColumns({{100, 1, 100}, {100, 0, 100, 1}, {100, 0, 100, 2}, {100, 0, 100, 3}});
+  table_.resize(360, 200);
+  ASSERT_TRUE(table_.isColumnHidden(1));
+  table_.setColumnWidth(0, 300);
+  EXPECT_FALSE(table_.isColumnHidden(2) || table_.isColumnHidden(3));
+  EXPECT_TRUE(table_.isColumnHidden(1));
+  EXPECT_EQ(Total(), table_.viewport()->width());
+  table_.SetWidths(QStringLiteral("0|90|0|0"));
+  EXPECT_FALSE(table_.isColumnHidden(1)) << "it was given a width";
+  EXPECT_TRUE(table_.isColumnHidden(2));
+}
+
 TEST_F(Lists, TheFirstColumnThatIsShownHasTheMarginOfTheList) {
   const QHeaderView& head = *table_.horizontalHeader();
   constexpr QRect kCell(0, 0, 100, 20);

@@ -115,6 +115,7 @@ class ReportsView : public QWidget, public MainView {
   void Run(const ViewCommand& command);
   void Fill();
   void FillColumns();
+  void FitToRows();
   void FitColumns(const std::vector<ListColumn>& columns);
   void ApplyColumns();
   // Puts the widths that were set by hand away, before another report takes the columns.
@@ -179,6 +180,7 @@ class ReportsView : public QWidget, public MainView {
   int filled_ = 0;                                   // the report whose columns the list has
   std::map<int, QString> widths_;                    // of each report's columns, set by hand
   std::map<int, std::vector<std::string>> columns_;  // that were picked of each report
+  bool arePicked_ = false;                           // the columns, so that none of them leaves
   bool hasSavedWidths_ = false;                      // the list has those of a saved report
 };
 

@@ -53,7 +53,10 @@ void ReportsView::Run(const ViewCommand& command) {
   if (!request.converts) request.currency = place_.platform.locale.CurrencyCode();
   request.carriesOver = CarriesBudgetOver(place_.platform.registry);
   const std::uint64_t now = place_.session.Ledger().Store().Changes();
-  if (isCurrent_ && readAt_ == now && request == request_) return ApplyColumns();
+  if (isCurrent_ && readAt_ == now && request == request_) {
+    if (arePicked_ == state_.columns.empty()) FitToRows();
+    return ApplyColumns();
+  }
   const WaitCursor waiting;
   isCurrent_ = false;
   try {
@@ -78,7 +81,7 @@ void ReportsView::Fill() {
   const int decimals = Settings(place_.platform.registry).InvestmentDecimals();
   if (filled_ != report_.report) FillColumns();
   model_->SetRows(RowsOf(report_, place_.platform.locale, decimals));
-  FitColumns(FittedColumns(report_, place_.platform.locale, decimals));
+  FitToRows();
   ApplyColumns();
   search_->ShowFound();
   ShowTotals();
@@ -97,16 +100,22 @@ void ReportsView::FillColumns() {
   hasSavedWidths_ = false;
 }
 
+void ReportsView::FitToRows() {
+  const int decimals = Settings(place_.platform.registry).InvestmentDecimals();
+  FitColumns(FittedColumns(report_, place_.platform.locale, decimals));
+}
+
 // Widths that were set by hand stay.
 void ReportsView::FitColumns(const std::vector<ListColumn>& columns) {
   const QString byHand = table_->Widths();
+  arePicked_ = !state_.columns.empty();
   std::vector<ListTable::Column> wishes;
   for (const ListColumn& column : columns) {
     // Rather than that a figure is out of sight, names are cut shorter still.
     const int least = column.stretch > 0 ? std::min(column.smallest, kLeastName) : 0;
     wishes.push_back({column.width, column.stretch,
-                      column.smallest > 0 ? column.smallest : column.width, column.leaves, false,
-                      least});
+                      column.smallest > 0 ? column.smallest : column.width,
+                      arePicked_ ? 0 : column.leaves, false, least});
   }
   table_->SetColumns(std::move(wishes));
   table_->SetWidths(byHand);
