@@ -225,7 +225,8 @@ void FrmMain::FillSortMenu() {
   SortedTable* table = ShownTable();
   if (table == nullptr) return;
   for (int column = 0; column < table->model()->columnCount(); ++column) {
-    if (table->isColumnHidden(column)) continue;
+    // Also by one that there is no room for now.
+    if (table->WantedWidth(column) <= 0) continue;
     QAction* entry = menu.addAction(table->model()->headerData(column, Qt::Horizontal).toString());
     entry->setCheckable(true);
     entry->setChecked(table->Sorted().column == column);

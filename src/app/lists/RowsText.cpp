@@ -1,5 +1,7 @@
 #include "app/lists/RowsText.h"
 
+#include "controls/ListTable.h"
+
 #include <QHeaderView>
 #include <QStringList>
 #include <QTableView>
@@ -29,13 +31,13 @@ std::vector<int> ChosenRowsOf(const QTableView& list) {
   return rows;
 }
 
-QString RowsAsText(const QTableView& list, const std::vector<int>& rows) {
+QString RowsAsText(const ListTable& list, const std::vector<int>& rows) {
   const QAbstractItemModel& model = *list.model();
   std::vector<int> columns;
   QStringList headings;
   for (int place = 0; place < model.columnCount(); ++place) {
     const int column = list.horizontalHeader()->logicalIndex(place);
-    if (list.isColumnHidden(column)) continue;
+    if (list.WantedWidth(column) <= 0) continue;
     columns.push_back(column);
     headings.append(Cell(model.headerData(column, Qt::Horizontal).toString()));
   }

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QHeaderView>
+#include <QMenu>
 
 #include <algorithm>
 
@@ -93,6 +94,20 @@ TEST_F(ReportsViewTest, WhatIsEmptyLeavesBeforeNamesAreCutAndIsPrintedAllTheSame
   }
   const PrintTable printed = static_cast<MainView&>(Get<ReportsView>("pnlReports")).Printed();
   EXPECT_EQ(printed.columns.size(), 11U) << "paper has room for all of them";
+  Trigger("mnuEditSelect");
+  Trigger("mnuEditCopy");
+  EXPECT_TRUE(QApplication::clipboard()->text().section('\n', 0, 0).contains("\tRef\t"));
+  QMenu& sorts = *Get<QAction>("mnuViewSort").menu();
+  Q_EMIT sorts.aboutToShow();
+  EXPECT_EQ(sorts.actions().size(), 11) << "it can be sorted by";
+  ViewCommand picked = window_->Shown();
+  picked.report.columns = Headings();
+  picked.report.columns.emplace_back("Ref");
+  window_->Show(picked);
+  EXPECT_TRUE(Has(Headings(), "Ref")) << "it was asked for";
+  picked.report.columns.clear();
+  window_->Show(picked);
+  EXPECT_FALSE(Has(Headings(), "Ref"));
 }
 
 TEST_F(ReportsViewTest, FiguresHaveTheirRoomAndTextsShareWhatIsLeft) {
