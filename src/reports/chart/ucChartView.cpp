@@ -2,6 +2,7 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "reports/chart/ChartFigure.h"
 #include "reports/chart/ChartLook.h"
 
 #include <QApplication>
@@ -20,6 +21,17 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr QSize kLeast(36 * kRhythm, 14 * kRhythm);
+
+std::optional<ChartPlace> PlaceOf(const ChartData& chart, const ChartFigure& wanted) {
+  for (std::size_t series = 0; series < chart.series.size(); ++series) {
+    for (std::size_t category = 0; category < chart.categories.size(); ++category) {
+      const std::optional<ChartFigure> figure = FigureAt(chart, series, category);
+      if (!figure || figure->rows != wanted.rows || figure->header != wanted.header) continue;
+      return ChartPlace{series, category};
+    }
+  }
+  return std::nullopt;
+}
 
 }  // namespace
 
@@ -42,6 +54,17 @@ void ucChartView::Show(ChartData chartData) {
   setAccessibleName(ToQt(Data().title));
   setAccessibleDescription(ToQt(ChartText(Data(), locale_)));
   Colour();
+}
+
+void ucChartView::ShowAgain(ChartData chartData) {
+  const auto former =
+      current_ ? FigureAt(Data(), current_->series, current_->category) : std::nullopt;
+  Show(std::move(chartData));
+  if (!former) return;
+  current_ = PlaceOf(Data(), *former);
+  if (!current_) return;
+  MarkCurrent(hasFocus());
+  setAccessibleDescription(CurrentText());
 }
 
 void ucChartView::Colour() {

@@ -24,6 +24,9 @@ class ucChartView : public QChartView {
   ucChartView(const Locale& locale, QWidget* parent);
 
   void Show(ChartData chartData);
+  // The same figures with more or fewer of them gathered: the keys stay at the point that they have
+  // gone to, as long as it is there.
+  void ShowAgain(ChartData chartData);
   [[nodiscard]] const ChartData& Data() const { return plot_.Data(); }
   // What the keys have gone to: the point in words; empty for none.
   [[nodiscard]] QString CurrentText() const;

@@ -97,6 +97,10 @@ void ucReportChart::Show(const ReportTable& report) {
 void ucReportChart::ShowCurrency() {
   bars_ = MostBars();
   chart_->Show(BuildChart(report_, currency_, bars_));
+  ShowBeside();
+}
+
+void ucReportChart::ShowBeside() {
   legend_->Show(chart_->Data());
   const bool isEmpty = chart_->Data().IsEmpty();
   cmdSaveChart_->setEnabled(!isEmpty);
@@ -113,7 +117,10 @@ std::size_t ucReportChart::MostBars() const {
 void ucReportChart::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
   layout()->activate();
-  if (MostBars() != bars_) ShowCurrency();
+  if (MostBars() == bars_) return;
+  bars_ = MostBars();
+  chart_->ShowAgain(BuildChart(report_, currency_, bars_));
+  ShowBeside();
 }
 
 ChartData ucReportChart::Whole() const {

@@ -63,6 +63,8 @@ class ucReportChart : public QWidget {
   [[nodiscard]] ChartData Whole() const;
   void MakeHead();
   void ShowCurrency();
+  // What stands beside the chart follows it.
+  void ShowBeside();
   void Save();
 
   Platform& platform_;

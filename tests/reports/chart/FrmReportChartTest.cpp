@@ -162,17 +162,26 @@ TEST_F(FrmReportChartTest, TheLegendNamesAllInAsManyRowsAsTheyNeed) {
 TEST_F(FrmReportChartTest, ALowChartHasFewerBarsAndANameForEach) {
   Show(PayeeReport(20));
   ASSERT_EQ(page_.Shown().categories.size(), 12U);
+  Press(Qt::Key_Down);
+  const QString chosen = chart_->CurrentText();
   page_.resize(800, 240);
   QCoreApplication::processEvents();
   const std::vector<std::string>& few = page_.Shown().categories;
   ASSERT_LT(few.size(), 12U);
   EXPECT_EQ(few.front(), "Payee 20");
   EXPECT_TRUE(few.back().starts_with("Others (")) << few.back();
+  EXPECT_EQ(chart_->CurrentText(), chosen) << "it is drawn still";
+  EXPECT_EQ(chart_->accessibleDescription(), chosen);
   EXPECT_GT(chart_->chart()->plotArea().height() / static_cast<double>(few.size()),
             chart_->fontMetrics().height() - 4);
   page_.resize(800, 500);
   QCoreApplication::processEvents();
   EXPECT_EQ(page_.Shown().categories.size(), 12U) << "as soon as there is room";
+  Press(Qt::Key_End);
+  ASSERT_FALSE(chart_->CurrentText().isEmpty());
+  page_.resize(800, 240);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(chart_->CurrentText(), "") << "others are gathered now";
 }
 
 TEST_F(FrmReportChartTest, OneBarAloneIsNoWall) {
