@@ -36,11 +36,6 @@ bool ClosedAccounts::IsReachedBy(const RowLinks& row) {
   return Has(row.accountId) || (row.transferId != 0 && Has(AccountOf(row.transferId)));
 }
 
-bool ClosedAccounts::Hold(Keys transactionIds) {
-  return std::ranges::any_of(transactionIds,
-                             [this](std::int64_t key) { return Has(AccountOf(key)); });
-}
-
 bool ClosedAccounts::AreReachedBy(Keys transactionIds) {
   return std::ranges::any_of(transactionIds, [this](std::int64_t key) {
     const std::optional<RowLinks> row = ReadLinks(store_, key);

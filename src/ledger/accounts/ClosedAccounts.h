@@ -26,8 +26,6 @@ class ClosedAccounts {
 
   // False for an account that is not there.
   [[nodiscard]] bool Has(std::int64_t accountId);
-  // Whether a closed account holds one of the rows.
-  [[nodiscard]] bool Hold(Keys transactionIds);
   // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
   [[nodiscard]] bool AreReachedBy(Keys transactionIds);
   void RequireOpen(std::int64_t accountId);

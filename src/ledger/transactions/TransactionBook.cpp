@@ -117,10 +117,6 @@ bool TransactionBook::DeleteTransactions(Keys transactionIds) {
   return core_.ForEachRow(transactionIds, [this](std::int64_t key) { DeleteTransaction(key); });
 }
 
-bool TransactionBook::AreInClosedAccount(Keys transactionIds) {
-  return core_.closed.Hold(transactionIds);
-}
-
 bool TransactionBook::ReachesClosedAccount(Keys transactionIds) {
   return core_.closed.AreReachedBy(transactionIds);
 }

@@ -36,8 +36,6 @@ class TransactionBook : public TransactionReader {
   // Deletes the row, its split lines and its other half, with what is linked and attached to them.
   // Of a line: its parent's amount follows.
   void DeleteTransaction(std::int64_t transactionId);
-  // Whether one of the rows is in a closed account.
-  [[nodiscard]] bool AreInClosedAccount(Keys transactionIds);
   // Whether one of the rows, or the other half of a transfer among them, is in a closed account.
   [[nodiscard]] bool ReachesClosedAccount(Keys transactionIds);
   // All of them or none, as every change of several rows here: nothing when the person asks to stop

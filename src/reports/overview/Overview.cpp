@@ -5,6 +5,7 @@
 #include "ledger/register/PeriodPreset.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
+#include "platform/Settings.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
 #include "store/sql/Connection.h"
@@ -53,11 +54,13 @@ OverviewReader::OverviewReader(clsCorvanta& ledger, Date today, bool withClosedA
 void OverviewReader::ReadStanding() {
   TreeOptions options;
   options.includeClosed = false;
-  options.valuation = true;
   options.end = today_;
+  // As the tree beside them shows them; what all is worth counts what is held in any case.
+  options.valuation = Settings(platform_.registry).IsOn(Setting::Investment);
   read_.accounts = ledger_.Accounts().Accounts(options);
   read_.due = Reminders(ledger_, today_, today_.AddDays(kDaysAhead));
-  for (const AccountRow& account : read_.accounts) {
+  options.valuation = true;
+  for (const AccountRow& account : ledger_.Accounts().Accounts(options)) {
     Overview::Worth& worth = Of(read_.worths, account.currency);
     (account.balance < 0 ? worth.debts : worth.assets) += account.balance;
   }

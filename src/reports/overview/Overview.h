@@ -44,7 +44,7 @@ struct Overview {
     double debts = 0;   // negative
   };
 
-  std::vector<AccountRow> accounts;  // those that are open
+  std::vector<AccountRow> accounts;  // those that are open, with balances as in the tree
   ReminderList due;                  // what is overdue, and the next two weeks
   std::vector<Flow> flows;
   std::vector<Plan> plans;

@@ -2,6 +2,7 @@
 #include "app/overview/OverviewTile.h"
 #include "app/overview/OverviewView.h"
 #include "controls/Style.h"
+#include "platform/Settings.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
 #include "support/DialogTest.h"
@@ -53,6 +54,24 @@ class OverviewViewTest : public DialogTest<WindowTest> {
   }
   using Texts = std::vector<std::string>;
 };
+
+// Beside the tree no account has another balance than there.
+TEST_F(OverviewViewTest, WhatIsHeldIsWorthSomethingAndInBalancesAsInTheTree) {
+  Start();
+  Run("INSERT INTO tblPayees (PayeeID,Payee,Investment,CurrencyID) VALUES (501,'Fund',1,17)");
+  const std::string today = SqlDate(machine_.clock.Today());
+  Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (501," + today + ",3)");
+  Run("INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,"
+      "TransferID,[Date],[Amount],BankChk,BankRec,[Action],Shares) VALUES (1,2,1,501,0,0," +
+      today + ",-20,0,0,1,10)");
+  LookAt("mnuViewRefresh");
+  EXPECT_EQ(Lines("tileBalances"), (Texts{"Card -30.00 GBP", "Purse 140.00 GBP"}));
+  EXPECT_EQ(Lines("tileWorth")[0], "What you have 170.00 GBP");
+  Settings(machine_.registry).SetOn(Setting::Investment, true);
+  LookAt("mnuViewRefresh");
+  EXPECT_EQ(Lines("tileBalances"), (Texts{"Card -30.00 GBP", "Purse 170.00 GBP"}));
+  EXPECT_EQ(Lines("tileWorth")[0], "What you have 170.00 GBP");
+}
 
 TEST_F(OverviewViewTest, HowThingsStandIsSaidAndLeadsOn) {
   Start();
