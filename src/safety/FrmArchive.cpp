@@ -89,8 +89,7 @@ void FrmArchive::MakeList() {
   // The lists' own delegate draws no ticks.
   lvAccounts_->setItemDelegateForColumn(kAccount, new QStyledItemDelegate(lvAccounts_));
   lvAccounts_->setMinimumSize(kListWidth, kListHeight);
-  const int money =
-      fontMetrics().horizontalAdvance(QStringLiteral("-9,999,999.99")) + 2 * kRhythm;
+  const int money = fontMetrics().horizontalAdvance(QStringLiteral("-9,999,999.99")) + 2 * kRhythm;
   std::vector<ListTable::Column> columns{{20 * kRhythm, 3, 12 * kRhythm}};
   for (int column = kRows; column < kColumns; ++column) {
     const QString title = model_->horizontalHeaderItem(column)->text();
