@@ -256,7 +256,11 @@ TEST_F(Dialect, DeeplyNestedComparisonsOfTextsAreNoWork) {
   std::string right = "Name";
   for (int i = 0; i < 20; ++i) right = "Right(" + right + ", 5)";
   EXPECT_EQ(Column("SELECT ItemID FROM tblItems WHERE " + right + " = 'x'"), "1");
+  // Older releases of the library have a stack of 100, newer ones one that grows.
   for (int i = 0; i < 100; ++i) right = "Right(" + right + ", 5)";
+  const std::string deep = Column("SELECT ItemID FROM tblItems WHERE " + right + " = 'x'");
+  EXPECT_TRUE(deep == "1" || deep.find("too deeply") != std::string::npos) << deep;
+  for (int i = 0; i < 1000; ++i) right = "Right(" + right + ", 5)";
   EXPECT_NE(Column("SELECT ItemID FROM tblItems WHERE " + right + " = 'x'").find("too deeply"),
             std::string::npos);
   std::string chain = "Name";
