@@ -3,8 +3,11 @@
 #include <CLI/CLI.hpp>
 
 #include <algorithm>
+#include <charconv>
 #include <ostream>
 #include <stdexcept>
+#include <string>
+#include <system_error>
 #include <utility>
 
 namespace corvanta::inline cli {
@@ -48,8 +51,15 @@ Argument* Argument::Correct(const std::function<std::string(std::string&)>& faul
 }
 
 Argument* Argument::Range(int least, int most) {
-  option_->check(CLI::Range(least, most));
-  return this;
+  // What the library's own check says is not the same in all of its versions.
+  return Check([least, most](const std::string& text) -> std::string {
+    int number = 0;
+    const char* end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, number);
+    if (error == std::errc() && last == end && number >= least && number <= most) return {};
+    return "'" + text + "' is no number from " + std::to_string(least) + " to " +
+           std::to_string(most);
+  });
 }
 
 Argument* Argument::Needs(Argument* other) {

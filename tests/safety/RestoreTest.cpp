@@ -292,7 +292,7 @@ TEST_F(Restores, RefuseDamageAndLeaveTheDataFileAlone) {
   std::string bytes = ReadFile(made_);
   for (std::size_t at = 4096 * 5; at < 4096 * 6; ++at) bytes[at] = static_cast<char>(at);
   const std::string bad = store_.platform.folder.Write("bad.dat", bytes);
-  EXPECT_THROW(Editor().Look(bad), StoreError);
+  EXPECT_THROW((void)Editor().Look(bad), StoreError);
   const std::string before = ReadFile(store_.Path());
   EXPECT_THROW(Restore(bad), StoreError);
   EXPECT_THROW(Restore(store_.platform.folder.Path("none.dat")), StoreError);
@@ -322,7 +322,7 @@ TEST_F(Restores, OfAnotherInstallationNeedItsKey) {
   const auto plan = Editor().Look(brought);
   ASSERT_TRUE(plan.has_value());
   EXPECT_EQ(plan->password, foreign);
-  EXPECT_THROW(Editor().Look(brought, std::string(64, '0')), StoreError);
+  EXPECT_THROW((void)Editor().Look(brought, std::string(64, '0')), StoreError);
   DataFileOpener opener(store_.platform.Get(), "a test");
   const RestoredFile restored = opener.Restore(brought, plan->password);
   EXPECT_NE(restored.file.password, foreign) << "it is protected with this installation's";
