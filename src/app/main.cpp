@@ -1,5 +1,6 @@
 #include "app/start/StartOptions.h"
 #include "app/start/StartUp.h"
+#include "app/start/TerminalMessages.h"
 #include "controls/CommandEdge.h"
 #include "controls/OutlinedStyle.h"
 #include "controls/SvgIcon.h"
@@ -42,9 +43,10 @@ corvanta::StartOptions ReadOptions(int argc, char** argv) {
 int main(int argc, char** argv) {
   QCoreApplication::setApplicationName(QStringLiteral("corvanta"));
   QCoreApplication::setApplicationVersion(QStringLiteral(CORVANTA_VERSION));
+  corvanta::TellTerminalWhatIsNoted();
   const corvanta::StartOptions options = ReadOptions(argc, argv);
   if (options.error) {
-    std::fprintf(stderr, "Wrong usage: %s\n", qUtf8Printable(*options.error));
+    corvanta::TellTerminal("Wrong usage: " + options.error->toStdString());
     return kWrongUsage;
   }
   if (options.answer) {

@@ -1,0 +1,28 @@
+#include "app/start/TerminalMessages.h"
+
+#include "platform/ShownText.h"
+
+#include <QString>
+#include <QtGlobal>
+
+#include <cstdio>
+#include <string>
+
+namespace corvanta::inline app {
+namespace {
+
+void Tell(QtMsgType type, const QMessageLogContext& context, const QString& message) {
+  TellTerminal(qFormatLogMessage(type, context, message).toStdString());
+}
+
+}  // namespace
+
+void TellTerminal(std::string_view line) {
+  std::fputs((ShownText(line) + '\n').c_str(), stderr);
+}
+
+void TellTerminalWhatIsNoted() {
+  qInstallMessageHandler(Tell);
+}
+
+}  // namespace corvanta::inline app
