@@ -35,6 +35,7 @@ struct EntryForm {
   [[nodiscard]] bool IsTransfer() const { return type == EntryType::Transfer; }
   // With the sign of its type, never -0.
   [[nodiscard]] double SignedAmount() const { return SignOf(type) * amount.value_or(0) + 0.0; }
+  bool operator==(const EntryForm&) const = default;
 };
 
 // Sets the type; a transfer without a category is of the category "Credit", which it loses again

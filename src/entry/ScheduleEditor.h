@@ -33,6 +33,8 @@ struct ScheduleForm : EntryForm {
   // As it was loaded.
   int posted = 0;           // of the payments from dateFrom on
   bool isFinished = false;  // the last payment is posted or skipped
+
+  bool operator==(const ScheduleForm&) const = default;
 };
 
 // The rules behind the editor of scheduled transactions. Posting is another matter: run a pass

@@ -17,6 +17,8 @@ struct Arrival {
   double amountTo = 0;
   std::string from;  // the currencies' codes
   std::string to;
+
+  bool operator==(const Arrival&) const = default;
 };
 
 // A transaction as its editor shows it. A transfer reads from its From half to its To half,
@@ -38,6 +40,8 @@ struct TransactionForm : EntryForm {
   bool isToHalf = false;        // the row that is edited is the To half of its transfer
   std::int64_t transferId = 0;  // the half of the transfer that is not edited
   std::int64_t scheduleId = 0;  // the schedule that posted the row
+
+  bool operator==(const TransactionForm&) const = default;
 };
 
 }  // namespace corvanta::inline entry

@@ -37,6 +37,8 @@ struct InvestTransForm {
   double total = 0;
   TransactionStatus status = TransactionStatus::Uncleared;
   std::string description;
+
+  bool operator==(const InvestTransForm&) const = default;
 };
 
 // Which figures an action has; the others are 0.

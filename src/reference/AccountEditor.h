@@ -30,6 +30,8 @@ struct AccountForm {
   std::optional<double> openingBalance = 0;  // nullopt for a text that is no number
   std::string description;
   bool closed = false;
+
+  bool operator==(const AccountForm&) const = default;
 };
 
 // The rules behind the editor of accounts. Operations throw StoreError.

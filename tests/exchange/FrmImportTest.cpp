@@ -314,6 +314,14 @@ TEST_F(Importing, AFileOfAnotherAccountIsAskedAbout) {
   EXPECT_FALSE(IsVisible("cmbOwner"));
 }
 
+TEST_F(Importing, AMereListOfAccountsShowsTheNewOnes) {
+  OpenText("list.qif", "!Account\nNBank\n^\nNCard\nTCCard\n^\n", bank_);
+  Press("cmdAccept");
+  EXPECT_EQ(Label("lblSummary"), "list.qif was imported");
+  EXPECT_EQ(Find<QLabel>(*form_, "lblIntoAccount").accessibleName(), "   New account Card 0");
+  CloseSummary();
+}
+
 TEST_F(Importing, AFileThatNamesAnAccountGoesThereWhereThatIsChosen) {
   const std::int64_t savings = AddAccount("Savings");
   OpenText("list.qif", "!Account\nNsavings\n^\n" + std::string(kQif), bank_);

@@ -97,7 +97,7 @@ TEST_F(ImportFlow, ProgressAndCancel) {
     const ImportSummary summary = ImportBank(more);
     EXPECT_EQ(summary.outcome, ImportOutcome::Dropped);
     EXPECT_EQ(summary.stop, "The import was cancelled.");
-    EXPECT_TRUE(summary.BookedNothing());
+    EXPECT_TRUE(summary.BroughtNothing());
     EXPECT_EQ(Amounts("Mine"), (Texts{"-1", "-2", "-3"}));
   }
   EXPECT_EQ(Count("tblPayees"), payees) << "nothing of it stays";

@@ -87,19 +87,20 @@ ExitStatus AccountsCommand::Add(clsCorvanta& ledger, Session& session) const {
 ExitStatus AccountsCommand::Edit(const AccountRow& account, AccountEditor& editor,
                                  clsCorvanta& ledger, Session& session) const {
   std::optional<AccountForm> form = editor.Load(account.accountId);
+  const AccountForm loaded = *form;
   form->account = newName_.value_or(form->account);
   if (!edited_.Fill(*form, ledger, session)) return ExitStatus::Refused;
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell(kTitle, "\"" + account.account + "\" changed");
-  return ExitStatus::Done;
+  return SaveChanges(editor, loaded, *form, kTitle, '"' + account.account + '"', session);
 }
 
 ExitStatus AccountsCommand::Close(const AccountRow& account, AccountEditor& editor,
                                   Session& session) const {
   std::optional<AccountForm> form = editor.Load(account.accountId);
+  const bool isSo = form->closed == close_->Parsed();
   form->closed = close_->Parsed();
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell(kTitle, "\"" + account.account + (form->closed ? "\" is closed" : "\" is open"));
+  if (!isSo && !SaveChecked(editor, *form, session)) return ExitStatus::Refused;
+  session.Tell(kTitle, '"' + account.account + "\" is " + (form->closed ? "closed" : "open") +
+                           (isSo ? " already" : ""));
   return ExitStatus::Done;
 }
 

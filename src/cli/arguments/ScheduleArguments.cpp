@@ -88,6 +88,15 @@ bool ScheduleArguments::FillPlan(ScheduleForm& form, ScheduleEditor& editor, cls
   if (start_) form.dateFrom = Date::FromIso(*start_).value_or(form.dateFrom);
   if (number_) form.number = *number_;
   FillDays(form.days);
+  if (form.days.isMonthEnd && !editor.IsMonthly(form.periodId)) {
+    if (monthEnd_) {
+      session.Refuse(kTitle,
+                     "Only payments of a frequency in months, such as Monthly, can be due on the "
+                     "last day of their month.");
+      return false;
+    }
+    form.days.isMonthEnd = false;  // of the frequency that it had
+  }
   if (automatic_) {
     form.addToAccount = *automatic_ == "no"    ? AddToAccount::No
                         : *automatic_ == "due" ? AddToAccount::WhenDue

@@ -192,7 +192,7 @@ ExitStatus ImportCommand::Import(ImportEditor& editor, const ImportForm& form,
     editor.Finish(summary);
   }
   const bool isDone = summary.outcome == ImportOutcome::Complete &&
-                      (!summary.BookedNothing() || summary.duplicates > 0);
+                      (!summary.BroughtNothing() || summary.duplicates > 0);
   return isDone ? ExitStatus::Done : ExitStatus::Refused;
 }
 

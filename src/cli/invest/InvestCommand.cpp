@@ -88,11 +88,10 @@ ExitStatus InvestCommand::Edit(clsCorvanta& ledger, Session& session) const {
   if (!item) return ExitStatus::Refused;
   InvestEditor editor(ledger, session.Machine());
   std::optional<InvestmentRecord> form = editor.Load(item->key);
+  const InvestmentRecord loaded = *form;
   form->investment = newName_.value_or(form->investment);
   if (!edited_.Fill(*form, ledger, session)) return ExitStatus::Refused;
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell(kTitle, "\"" + item->name + "\" changed");
-  return ExitStatus::Done;
+  return SaveChanges(editor, loaded, *form, kTitle, '"' + item->name + '"', session);
 }
 
 ExitStatus InvestCommand::Delete(clsCorvanta& ledger, Session& session) const {

@@ -129,10 +129,9 @@ ExitStatus InvestTransactions::Edit(clsCorvanta& ledger, Session& session) const
     return session.Refuse(warning->title, warning->text);
   }
   std::optional<InvestTransForm> form = editor.Load(key);
+  const InvestTransForm loaded = *form;
   if (!edited_.Fill(*form, editor, ledger, session)) return ExitStatus::Refused;
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell(kTitle, "Transaction " + std::to_string(key) + " changed");
-  return ExitStatus::Done;
+  return SaveChanges(editor, loaded, *form, kTitle, "Transaction " + std::to_string(key), session);
 }
 
 ExitStatus InvestTransactions::Delete(clsCorvanta& ledger, Session& session) const {

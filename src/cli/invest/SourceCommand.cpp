@@ -148,6 +148,7 @@ std::optional<SourceRow> SourceCommand::Find(SourceEditor& editor, Session& sess
 }
 
 ExitStatus SourceCommand::Save(SourceEditor& editor, SourceRow row, Session& session) const {
+  const SourceRow loaded = row;
   if (newName_) row.name = *newName_;
   if (type_ && !add_->Parsed()) row.type = *type_ == "rates" ? kCurrencySource : kStockSource;
   if (address_) row.url = *address_;
@@ -162,13 +163,12 @@ ExitStatus SourceCommand::Save(SourceEditor& editor, SourceRow row, Session& ses
     if (!key) return ExitStatus::Refused;
     row.ownKey = *key;
   }
+  if (!add_->Parsed()) {
+    return SaveChanges(editor, loaded, row, kTitle, '"' + row.name + '"', session);
+  }
   const auto saved = SaveChecked(editor, row, session);
   if (!saved) return ExitStatus::Refused;
-  if (add_->Parsed()) {
-    PrintKey(*saved, session);
-  } else {
-    session.Tell(kTitle, "\"" + row.name + "\" changed");
-  }
+  PrintKey(*saved, session);
   return ExitStatus::Done;
 }
 

@@ -55,6 +55,10 @@ ExitStatus ReferenceCommand::RunAdd(clsCorvanta& ledger, Session& session) {
 
 ExitStatus ReferenceCommand::RunRename(clsCorvanta& ledger, Session& session) {
   const std::optional<NamedItem> item = Find(ledger, session, name_);
+  if (item && item->name == newName_) {
+    session.Tell(words_.title, '"' + item->name + "\" is called that already");
+    return ExitStatus::Done;
+  }
   if (!item || !Rename(ledger, session, item->key, newName_)) return ExitStatus::Refused;
   session.Tell(words_.title, "\"" + item->name + "\" is now \"" + newName_ + "\"");
   return ExitStatus::Done;

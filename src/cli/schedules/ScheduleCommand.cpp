@@ -152,11 +152,11 @@ ExitStatus ScheduleCommand::Edit(clsCorvanta& ledger, Session& session) const {
   if (!row) return ExitStatus::Refused;
   ScheduleEditor editor(ledger, session.Machine());
   std::optional<ScheduleForm> form = editor.Load(row->scheduleId);
+  const ScheduleForm loaded = *form;
   if (!type_.empty()) ScheduleEditor::ChooseType(*form, EntryTypeOf(type_));
   if (!edited_.Fill(*form, editor, ledger, session)) return ExitStatus::Refused;
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell(kTitle, "Schedule " + std::to_string(row->scheduleId) + " changed");
-  return ExitStatus::Done;
+  return SaveChanges(editor, loaded, *form, kTitle, "Schedule " + std::to_string(row->scheduleId),
+                     session);
 }
 
 ExitStatus ScheduleCommand::Split(clsCorvanta& ledger, Session& session) const {

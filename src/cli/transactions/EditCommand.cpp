@@ -43,11 +43,11 @@ ExitStatus EditCommand::Run(Session& session) {
     return session.Refuse(warning->title, warning->text);
   }
   std::optional<TransactionForm> form = editor.Load(row.transactionId);
+  const TransactionForm loaded = *form;
   if (!type_.empty()) TransactionEditor::ChooseType(*form, EntryTypeOf(type_));
   if (!arguments_.Fill(*form, ledger, session)) return ExitStatus::Refused;
-  if (!SaveChecked(editor, *form, session)) return ExitStatus::Refused;
-  session.Tell("Edit", "Transaction " + std::to_string(row.transactionId) + " changed");
-  return ExitStatus::Done;
+  return SaveChanges(editor, loaded, *form, "Edit",
+                     "Transaction " + std::to_string(row.transactionId), session);
 }
 
 }  // namespace corvanta::inline cli

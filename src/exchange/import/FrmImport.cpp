@@ -132,7 +132,7 @@ void FrmImport::ShowPage(QWidget* page) {
   }
   pages_->setCurrentWidget(page);
   buttons_->setVisible(page != progress_);
-  cmdBack_->setVisible(page == csv_ || (page == outcome_ && summary_.BookedNothing()));
+  cmdBack_->setVisible(page == csv_ || (page == outcome_ && summary_.BroughtNothing()));
   cmdAccept_->setVisible(page == file_);
   cmdAcceptCSV_->setVisible(page == csv_);
   cmdClose_->setVisible(page == outcome_);
@@ -253,7 +253,7 @@ void FrmImport::CompleteTransfers() {
 void FrmImport::ShowOutcome(const ImportSummary& summary) {
   const bool isInVain = summary.outcome == ImportOutcome::Refused ||
                         summary.outcome == ImportOutcome::Dropped ||
-                        (summary.BookedNothing() && !summary.stop.empty());
+                        (summary.BroughtNothing() && !summary.stop.empty());
   if (isInVain) {
     ReturnFrom(summary);
     editor_.Finish(summary);

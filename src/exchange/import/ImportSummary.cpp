@@ -13,7 +13,7 @@ void AddCount(std::string& text, const std::string& what, std::size_t count) {
 
 std::string Headline(const ImportSummary& summary) {
   if (summary.outcome == ImportOutcome::Dropped) return "Nothing was imported.\n";
-  if (summary.BookedNothing()) return "Nothing was imported from this file.\n";
+  if (summary.BroughtNothing()) return "Nothing was imported from this file.\n";
   return {};
 }
 
@@ -22,6 +22,11 @@ std::string Headline(const ImportSummary& summary) {
 void ImportSummary::AddProblem(std::size_t line, std::string text) {
   ++problemCount;
   if (problems.size() < kMaxKept) problems.push_back({line, std::move(text)});
+}
+
+bool ImportSummary::BroughtNothing() const {
+  return imported + investments == 0 &&
+         std::ranges::none_of(accounts, [](const ImportedAccount& each) { return each.isNew; });
 }
 
 std::int64_t ImportSummary::AccountToShow(std::int64_t preferred) const {
@@ -38,6 +43,8 @@ std::string ImportSummary::Text(std::size_t mostProblems) const {
     AddCount(text, "Transactions imported", imported);
     AddCount(text, "Investment transactions imported", investments);
     for (const ImportedAccount& account : accounts) {
+      if (account.transactions == 0)
+        text += "New account without transactions: " + account.name + "\n";
       AddCount(text, (account.isNew ? "Into the new account " : "Into ") + account.name,
                account.transactions);
     }

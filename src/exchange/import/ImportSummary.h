@@ -24,7 +24,7 @@ enum class ImportOutcome {
   Refused    // nothing was read
 };
 
-// An account that records of the file went into.
+// An account that records of the file went into, or that was made because the file lists it.
 struct ImportedAccount {
   std::int64_t accountId = 0;
   std::string name;
@@ -52,7 +52,8 @@ struct ImportSummary {
   std::vector<ImportProblem> problems;  // the first of them
 
   void AddProblem(std::size_t line, std::string text);
-  [[nodiscard]] bool BookedNothing() const { return imported + investments == 0; }
+  // Whether neither a transaction nor an account came out of the file.
+  [[nodiscard]] bool BroughtNothing() const;
   // Whether anything of the ledger is other than before.
   [[nodiscard]] bool HasChanged() const {
     return outcome == ImportOutcome::Complete || outcome == ImportOutcome::Kept;

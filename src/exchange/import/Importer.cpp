@@ -39,11 +39,13 @@ void Importer::OnAccount(const ImportAccount& account) {
     if (!account.number.empty()) context_.names.SetNumber(chosen_->accountId, account.number);
   } else {
     current_ = context_.names.FindOrCreateAccount(account);
+    if (current_->isNew) InSummary(*current_);
   }
 }
 
 void Importer::OnListedAccount(const ImportAccount& account) {
-  context_.names.FindOrCreateAccount(account);
+  const ImportTarget* listed = context_.names.FindOrCreateAccount(account);
+  if (listed->isNew) InSummary(*listed);
 }
 
 void Importer::OnSecurity(const std::string& name, const std::string& symbol) {
@@ -60,7 +62,7 @@ bool Importer::OnRecord(ImportRecord& record) {
     } else {
       Book(record, values);
     }
-    CountInAccount();
+    ++InSummary(*current_).transactions;
   }
   context_.platform.progress.SetStep(record.offset, context_.size);
   isCancelled_ = !context_.platform.progress.Yield();
@@ -115,11 +117,11 @@ void Importer::BookHolding(const ImportRecord& record, const RecordValues& value
   ++context_.summary.investments;
 }
 
-void Importer::CountInAccount() {
+ImportedAccount& Importer::InSummary(const ImportTarget& account) {
   std::vector<ImportedAccount>& accounts = context_.summary.accounts;
-  const auto [place, isFirst] = places_.try_emplace(current_->accountId, accounts.size());
-  if (isFirst) accounts.push_back({current_->accountId, current_->name, 0, current_->isNew});
-  ++accounts[place->second].transactions;
+  const auto [place, isFirst] = places_.try_emplace(account.accountId, accounts.size());
+  if (isFirst) accounts.push_back({account.accountId, account.name, 0, account.isNew});
+  return accounts[place->second];
 }
 
 }  // namespace corvanta::inline exchange

@@ -15,6 +15,8 @@
 
 namespace corvanta::inline exchange {
 
+struct ImportedAccount;
+
 // Books the records of a file as its plan says, inside the transaction of its caller.
 class Importer : public ImportSink {
  public:
@@ -39,7 +41,8 @@ class Importer : public ImportSink {
   // The category with the other account as the ledger spells it. The own one is no transfer but an
   // opening balance.
   [[nodiscard]] ImportCategory CategoryOf(const ImportCategory& category) const;
-  void CountInAccount();
+  // The account's line in the summary.
+  ImportedAccount& InSummary(const ImportTarget& account);
 
   ImportContext context_;
   const std::vector<Fate>& fates_;

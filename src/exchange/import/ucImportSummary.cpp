@@ -28,7 +28,7 @@ constexpr int kMaxRows = 10;
 constexpr int kWidestList = 84 * kRhythm;
 
 QString Headline(const ImportSummary& summary, const QString& file) {
-  if (summary.BookedNothing()) {
+  if (summary.BroughtNothing()) {
     return ucImportSummary::tr("Nothing was imported from %1").arg(file);
   }
   return summary.outcome == ImportOutcome::Complete
@@ -143,10 +143,10 @@ void ucImportSummary::AddAccounts() {
     }
     const QString name = fontMetrics().elidedText(ToQt(account.name), Qt::ElideMiddle,
                                                   kLongestName * fontMetrics().averageCharWidth());
-    QLabel* caption = AddFigure(
-        "lblIntoAccount",
-        account.isNew ? tr("   Into the new account %1").arg(name) : tr("   Into %1").arg(name),
-        account.transactions);
+    const QString text = account.transactions == 0 ? tr("   New account %1")
+                         : account.isNew           ? tr("   Into the new account %1")
+                                                   : tr("   Into %1");
+    QLabel* caption = AddFigure("lblIntoAccount", text.arg(name), account.transactions);
     caption->setToolTip(ToQt(account.name));
   }
   if (rest > 0) {

@@ -32,6 +32,8 @@ struct SourceRow {
   AnswerKind kind = AnswerKind::Line;
   std::string field;   // the column's name, or the pointer
   std::string ownKey;  // the person's own with the service, which no message shows
+
+  bool operator==(const SourceRow&) const = default;
 };
 
 }  // namespace corvanta::inline invest

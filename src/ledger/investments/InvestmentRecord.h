@@ -86,6 +86,8 @@ struct InvestmentRecord {
   std::int64_t dataId = 0;            // its source of quotes
   double conversion = 1;  // times a quote gives the price: 0.01 for quotes in hundredths
   std::string description;
+
+  bool operator==(const InvestmentRecord&) const = default;
 };
 
 // An investment with what lists show of it.
