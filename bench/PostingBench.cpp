@@ -95,7 +95,8 @@ void InsertRows(sqlite3* database, Date from) {
   sqlite3_stmt* insert = nullptr;
   sqlite3_prepare_v2(
       database,
-      "INSERT INTO tblTransactions (AccountID,CategoryID,PaymentID,PayeeID,Amount,Reference,"
+      "INSERT OR FAIL INTO tblTransactions "
+      "(AccountID,CategoryID,PaymentID,PayeeID,Amount,Reference,"
       "Description,BankChk,BankRec,Action,AllocatedItem,TransferID,BankSch,Date,ScheduleDate) "
       "VALUES (1,9,2,20,-12.5,'','Posted',0,0,0,0,0,?1,?2,?2)",
       -1, &insert, nullptr);
