@@ -545,6 +545,11 @@ TEST(DialectIndexes, ZerosAreLookedUpOnlyBehindAnotherColumn) {
   }
   EXPECT_EQ(plan("P.Weight IN (1,2) AND P.Parent = 0").find('('), std::string::npos);
   EXPECT_NE(plan("P.PartID = 0").find("(rowid=?)"), std::string::npos) << "a row's own key";
+  const std::string choice = "(P.Parent = 0 OR IsNull(P.Parent))";
+  EXPECT_EQ(plan(choice + " AND P.Weight > 0").find('('), std::string::npos);
+  EXPECT_EQ(plan(choice + " AND P.Weight > 0").front(), '1');
+  EXPECT_NE(plan(choice + " AND P.BoxID = 3").find("(BoxID=?)"), std::string::npos);
+  EXPECT_NE(plan("P.Parent = 7 OR IsNull(P.Parent)").find("Parent=?"), std::string::npos);
 }
 
 }  // namespace

@@ -33,6 +33,22 @@ void Collect(Expr& expr, std::vector<Expr*>& terms) {
   }
 }
 
+// Where one of several may hold, nearly all rows come by the one that asks for 0.
+void KeepOff(Expr& expr) {
+  if (IsZeroed(expr)) {
+    expr.args[0]->offIndexes = true;
+  } else if (expr.kind == ExprKind::Binary && (expr.op == Word::And || expr.op == Word::Or)) {
+    for (const ExprPtr& arg : expr.args) KeepOff(*arg);
+  }
+}
+
+void KeepChoicesOff(Expr& expr) {
+  if (expr.kind != ExprKind::Binary) return;
+  if (expr.op == Word::Or) return KeepOff(expr);
+  if (expr.op != Word::And) return;
+  for (const ExprPtr& arg : expr.args) KeepChoicesOff(*arg);
+}
+
 // Whether the index finds rows by both columns: by the one that it begins with, narrowed down by
 // the other.
 bool FindsByBoth(const IndexDef& index, const std::string& first, const std::string& other) {
@@ -50,6 +66,7 @@ bool FindsByBoth(const TableDef& table, const std::string& a, const std::string&
 }  // namespace
 
 void KeepZerosOffIndexes(Expr& condition, const TablesByName& tables) {
+  KeepChoicesOff(condition);
   std::vector<Expr*> terms;
   Collect(condition, terms);
   for (const Expr* term : terms) {

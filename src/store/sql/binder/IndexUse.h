@@ -16,6 +16,7 @@ using TablesByName = std::map<std::string, const TableDef*>;
 // takes every value for a rare one, so in a bound condition each whole-number column that must be 0
 // is marked to be kept off the indexes. It is left as it is where it narrows down what an index
 // finds by another column that the condition compares with values, and where it is a row's own key.
+// One that is a choice among others ("Parent = 0 OR ...") is marked in any case.
 void KeepZerosOffIndexes(Expr& condition, const TablesByName& tables);
 
 }  // namespace corvanta::jet
