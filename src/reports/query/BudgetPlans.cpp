@@ -26,6 +26,19 @@ constexpr const char* kWholeBudget =
     "Per.PeriodID ";
 constexpr const char* kWholeOrder = " Group by Category Order by Category";
 
+// All rows in parts that are found by their days: whole entries, lines, and what nobody has said of
+// which it is. Key 0 is no account's; a list must not be empty.
+std::vector<std::string> PartsByDay(Connection& store) {
+  std::vector<std::int64_t> accounts = AccountKeys(store);
+  accounts.push_back(0);
+  return {"AND T.AllocatedItem = 0 AND T.AccountID IN (" + JoinKeys(accounts) + ") ",
+          "AND T.AllocatedItem <> 0 ", "AND IsNull(T.AllocatedItem) "};
+}
+
+// As WithoutSplitParents says; few rows are looked up faster than all parents are gathered.
+constexpr const char* kNoParent =
+    "AND (Select Count(*) from tblTransactions L WHERE L.AllocatedItem = T.TransactionID) = 0";
+
 // Whether of each whole category that period is the one of all that is planned in it, and the sum
 // shows that something is. Otherwise 80 a month and 600 a year would be 680 a year.
 bool HaveOnePeriodEach(Connection& store, const std::string& some) {
@@ -168,13 +181,20 @@ void BudgetPlans::ReadActual(const std::optional<Period>& period,
                              const std::optional<corvanta::Date>& since) {
   ReportRequest request = run_.request;
   request.range = period;
+  const std::string where = ReportClause(request).Where(ReportClause::Payments::Joined);
+  if (!request.isOfFewDays) return AddActual(where + ReportClause::WithoutSplitParents(), since);
+  for (const std::string& part : PartsByDay(run_.Store())) {
+    AddActual(where + part + kNoParent, since);
+  }
+}
+
+void BudgetPlans::AddActual(const std::string& conditions,
+                            const std::optional<corvanta::Date>& since) {
   const std::string isPast = since ? ", IIF([Date] < " + SqlDate(*since) + ",1,0)" : std::string();
   Recordset rows = run_.Store().OpenRecordset(
       "SELECT SUM(AMOUNT) as sAmount, CU.Currency, " + run_.exchange +
       " AS Exchange, C.CategoryID" + isPast + " FROM " + run_.clause.WithKeywords(kFiveTables) +
-      ReportClause(request).Where(ReportClause::Payments::Joined) +
-      ReportClause::WithoutSplitParents() + " GROUP BY Currency, " + run_.exchange +
-      ", C.CategoryID" + isPast);
+      conditions + " GROUP BY Currency, " + run_.exchange + ", C.CategoryID" + isPast);
   constexpr int kIsPast = 4;
   for (; !rows.Eof(); rows.MoveNext()) {
     const auto place = placeOf_.find(rows.Int("CategoryID"));

@@ -58,6 +58,7 @@ class BudgetPlans {
   [[nodiscard]] Plan& PlanOf(Recordset& rows);
   // `since`: what is before it is of the past.
   void ReadActual(const std::optional<Period>& period, const std::optional<corvanta::Date>& since);
+  void AddActual(const std::string& conditions, const std::optional<corvanta::Date>& since);
 
   const ReportRun& run_;
   Days days_;

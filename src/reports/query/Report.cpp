@@ -113,15 +113,17 @@ std::vector<ExplainedRow> Report::Explain(const ReportRun& run, const ReportTabl
   return explained;
 }
 
+std::vector<std::int64_t> AccountKeys(Connection& store) {
+  std::vector<std::int64_t> keys;
+  Recordset rows = store.OpenRecordset("Select AccountID from tblAccounts");
+  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
+  return keys;
+}
+
 // By account, each of whose first days is found at once; a line has the day of its whole.
 std::optional<corvanta::Date> FirstDayOf(const ReportRun& run) {
-  std::vector<std::int64_t> accounts;
-  {
-    Recordset rows = run.Store().OpenRecordset("Select AccountID from tblAccounts");
-    for (; !rows.Eof(); rows.MoveNext()) accounts.push_back(rows.Int(0));
-  }
   std::optional<corvanta::Date> first;
-  for (const std::int64_t account : accounts) {
+  for (const std::int64_t account : AccountKeys(run.Store())) {
     const auto day = run.Store()
                          .QueryValue(
                              "Select Top 1 T.[Date] from tblTransactions T WHERE "

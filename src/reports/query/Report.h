@@ -100,6 +100,10 @@ class Report {
                                            int sign = 1);
 };
 
+// The keys of all accounts: whole entries of named accounts are found by their days. Throws
+// StoreError.
+[[nodiscard]] std::vector<std::int64_t> AccountKeys(Connection& store);
+
 // The day of the first transaction; nullopt without any. Throws StoreError.
 [[nodiscard]] std::optional<corvanta::Date> FirstDayOf(const ReportRun& run);
 

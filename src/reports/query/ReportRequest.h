@@ -37,6 +37,8 @@ struct ReportRequest {
   bool foldsSubCategories = false;  // a category with all that is below it is one
   std::string currency;             // the report currency's code; empty: none
   bool converts = false;            // amounts into the report currency
+  // The range has few of the rows, so that they are found by their days. The figures are the same.
+  bool isOfFewDays = false;
 
   std::vector<WhatIf> whatIf;  // of a forecast alone
   // Of the budget of a month alone: whether what was left in the months before it counts, and

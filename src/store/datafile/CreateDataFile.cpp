@@ -70,7 +70,7 @@ void Build(const DataSource& draft, const DataSource& compacted, const CopyMark&
   InsertRows(*connection, emptyFile, platform);
   CheckSchema(*connection);
   EnsureAccessPaths(*connection);
-  EnsureTradePath(*connection, draft, platform.clock);
+  EnsurePartPaths(*connection, draft, platform.clock);
   EnsureKeptSums(*connection, draft, platform.clock);
 }
 

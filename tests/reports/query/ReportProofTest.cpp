@@ -89,7 +89,7 @@ class ReportProof : public LedgerTest {
                           : "") +
            (request.converts ? " converted" : "") + (request.foldsSubCategories ? " folded" : "") +
            (request.withoutTransfers ? " without transfers" : "") +
-           (request.withClosedAccounts ? " closed" : "");
+           (request.withClosedAccounts ? " closed" : "") + (request.isOfFewDays ? " by day" : "");
   }
   // Rows by name, and by category below each other, are in the order of the alphabet.
   static void CheckOrder(const ReportTable& table) {
@@ -131,7 +131,8 @@ TEST_F(ReportProof, EveryCellIsWhatTheRowsComeTo) {
   WriteLedger(plain, Store());
   for (int round = 0; round < 30; ++round) {
     for (const ReportInfo& info : ReportCatalogue()) {
-      const ReportRequest request = RandomRequest(random, plain, info.number);
+      ReportRequest request = RandomRequest(random, plain, info.number);
+      request.isOfFewDays = round % 2 == 1;
       const ReportTable table = Run(request);
       SCOPED_TRACE(Told(request));
       Compare(table, WorkOut({plain, request, rates_, machine_.clock.Today()}));

@@ -72,7 +72,7 @@ std::unique_ptr<Connection> OpenChecked(const std::string& path, const std::stri
   CheckSchema(*connection);
   const bool isWritable =
       IfPossible([&] { return EnsureAccessPaths(*connection), true; }) &&
-      IfPossible([&] { return EnsureTradePath(*connection, source, platform.clock), true; });
+      IfPossible([&] { return EnsurePartPaths(*connection, source, platform.clock), true; });
   if (!isWritable) return connection;
   const auto isMade =
       IfPossible([&] { return EnsureKeptSums(*connection, source, platform.clock); });

@@ -5,6 +5,7 @@
 #include "store/sql/engine/Sqlite.h"
 
 #include <array>
+#include <span>
 #include <string>
 
 namespace corvanta::inline datafile {
@@ -47,9 +48,31 @@ constexpr std::array kOwnTables = {
              "CREATE TABLE own_AttachedFiles (FileID Counter, Bytes INT DEFAULT 0, Content MEMO, "
              "CONSTRAINT PK_AttachedFiles PRIMARY KEY(FileID))"}};
 
-// A statement reaches it by asking for Shares <> 0.
-constexpr const char* kTrades = "fast_Trades";
+// Of the few rows that a condition holds for. A statement reaches it by asking for `column` <> 0.
+struct PartPath {
+  const char* name;
+  const char* column;
+  std::span<const char* const> columns;
+};
+// What accounts hold, and the lines of splits by their days.
 constexpr std::array kTradeColumns = {"AccountID", "PayeeID", "Action", "Shares"};
+constexpr std::array kLineColumns = {"Date", "AccountID"};
+constexpr std::array kPartPaths = {PartPath{"fast_Trades", "Shares", kTradeColumns},
+                                   PartPath{"fast_Lines", "AllocatedItem", kLineColumns}};
+
+void EnsurePartPath(const PartPath& path, const TableDef& table, const DataSource& source,
+                    const Clock& clock) {
+  if (table.HasAccessPath(path.name) || table.Column(path.column) == nullptr) return;
+  std::string columns;
+  for (const char* column : path.columns) {
+    if (table.Column(column) == nullptr) return;
+    columns += (columns.empty() ? "\"" : ", \"") + std::string(column) + '"';
+  }
+  Run(OpenFile(source, clock).get(),
+      std::string("CREATE INDEX IF NOT EXISTS \"") + path.name + "\" ON \"tblTransactions\" (" +
+          columns + ") WHERE \"" + path.column + "\" <> 0",
+      source.path);
+}
 
 }  // namespace
 
@@ -62,18 +85,10 @@ void EnsureAccessPaths(Connection& connection) {
   for (const AccessPath& path : kAccessPaths) connection.EnsureAccessPath(path);
 }
 
-void EnsureTradePath(const Connection& connection, const DataSource& source, const Clock& clock) {
+void EnsurePartPaths(const Connection& connection, const DataSource& source, const Clock& clock) {
   const TableDef* const table = connection.Table("tblTransactions");
-  if (table == nullptr || table->HasAccessPath(kTrades)) return;
-  std::string columns;
-  for (const char* column : kTradeColumns) {
-    if (table->Column(column) == nullptr) return;
-    columns += (columns.empty() ? "\"" : ", \"") + std::string(column) + '"';
-  }
-  Run(OpenFile(source, clock).get(),
-      std::string("CREATE INDEX IF NOT EXISTS \"") + kTrades + "\" ON \"tblTransactions\" (" +
-          columns + ") WHERE \"Shares\" <> 0",
-      source.path);
+  if (table == nullptr) return;
+  for (const PartPath& path : kPartPaths) EnsurePartPath(path, *table, source, clock);
 }
 
 }  // namespace corvanta::inline datafile

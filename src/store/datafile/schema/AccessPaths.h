@@ -15,8 +15,8 @@ namespace corvanta::inline datafile {
 // own, whose names begin with own_. Throws StoreError.
 void EnsureAccessPaths(Connection& connection);
 
-// Makes the index of the rows that move shares, and of no others: they are few among many, and what
-// an account holds is asked for after every change. `connection` must be idle. Throws StoreError.
-void EnsureTradePath(const Connection& connection, const DataSource& source, const Clock& clock);
+// Makes the indexes of the rows that move shares and of the lines of splits, and of no others: they
+// are few among many. `connection` must be idle. Throws StoreError.
+void EnsurePartPaths(const Connection& connection, const DataSource& source, const Clock& clock);
 
 }  // namespace corvanta::inline datafile
