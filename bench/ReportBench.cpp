@@ -179,7 +179,7 @@ void OverviewAtOnce(benchmark::State& state) {
   NoRates rates;
   const Date today = store.Machine().clock.Today();
   for (auto _ : state) {
-    OverviewReader reader(ledger, today, false, rates, store.Machine());
+    OverviewReader reader(ledger, today, false, store.Machine());
     reader.ReadStanding();
     benchmark::DoNotOptimize(reader.Read().accounts.size());
   }
@@ -192,7 +192,7 @@ void OverviewRest(benchmark::State& state) {
   NoRates rates;
   const Date today = store.Machine().clock.Today();
   for (auto _ : state) {
-    OverviewReader reader(ledger, today, false, rates, store.Machine());
+    OverviewReader reader(ledger, today, false, store.Machine());
     while (reader.ReadNext()) {
     }
     benchmark::DoNotOptimize(reader.Read().flows.size());

@@ -133,8 +133,8 @@ void OverviewView::Show(const ViewCommand& /*command*/) {
   const Date today = place_.host.Today();
   const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
   rest_->stop();
-  reader_ = std::make_unique<OverviewReader>(place_.session.Ledger(), today, withClosed,
-                                             place_.session.Rates(), place_.platform);
+  reader_ =
+      std::make_unique<OverviewReader>(place_.session.Ledger(), today, withClosed, place_.platform);
   reader_->ReadStanding();
   header_->Show(tr("Overview"), ToQt(place_.platform.locale.FormatLongDate(today)));
   balances_->Show(BalanceLines());
@@ -197,6 +197,10 @@ void OverviewView::ShowReport(int number, const std::optional<Period>& days) {
   if (days) command.report.dates = DateRange{days->from, days->to};
   // As the tiles are worked out.
   command.report.withoutTransfers = number == kCashFlow || number == kBudgets;
+  if (number == kBudgets && Now().arePlansConverted) {
+    command.report.converts = true;
+    command.report.currency = Now().plans.front().currency;
+  }
   place_.host.Show(command);
   place_.host.FocusView();
 }

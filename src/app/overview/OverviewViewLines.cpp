@@ -71,12 +71,19 @@ std::vector<OverviewView::Line> OverviewView::MonthLines() const {
 std::vector<OverviewView::Line> OverviewView::BudgetLines() const {
   std::vector<Line> lines;
   for (const Overview::Plan& plan : Now().plans) {
-    const double left = plan.actual - plan.budget;
     const OverviewTile::Cell code{ToQt(plan.currency), false, false, true};
+    if (plan.budget == 0) {
+      lines.push_back({{{tr("Spent besides, no rate known")}, Money(-plan.actual), code}});
+      continue;
+    }
+    const double left = plan.actual - plan.budget;
     lines.push_back({{{tr("To be spent this month")}, Money(-plan.budget), code}});
     lines.push_back({{{tr("Spent")}, Money(-plan.actual), code}});
     lines.push_back(
         {{{left < 0 ? tr("Too much") : tr("Left"), false, true}, Money(left, true), code}});
+  }
+  if (Now().arePlansConverted) {
+    lines.push_back({{{tr("Other currencies at the last known rates"), false, false, true}}});
   }
   if (lines.empty()) {
     lines.push_back({{{tr("No category has a budget"), false, false, true}}});

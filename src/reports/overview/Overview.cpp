@@ -6,12 +6,14 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Settings.h"
+#include "reports/overview/KnownRates.h"
+#include "reports/query/Report.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
 #include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
 
 #include <algorithm>
+#include <set>
 
 namespace corvanta::inline reports {
 namespace {
@@ -41,12 +43,8 @@ std::string MonthKey(Date day) {
 }  // namespace
 
 OverviewReader::OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts,
-                               RateSource& rates, Platform& platform)
-    : ledger_(ledger),
-      today_(today),
-      withClosedAccounts_(withClosedAccounts),
-      rates_(rates),
-      platform_(platform) {
+                               Platform& platform)
+    : ledger_(ledger), today_(today), withClosedAccounts_(withClosedAccounts), platform_(platform) {
   read_.thisMonth = *DaysOf(PeriodPreset::ThisMonth, today);
   read_.lastMonth = *DaysOf(PeriodPreset::LastMonth, today);
 }
@@ -73,32 +71,35 @@ bool OverviewReader::ReadNext() {
   return !HasPlans();
 }
 
-// Leaves nothing out, but whole entries are found by named accounts and their days.
-RowFilter OverviewReader::AllAccounts() const {
-  std::vector<std::int64_t> keys;
-  Recordset rows = ledger_.Store().OpenRecordset("Select AccountID from tblAccounts");
-  for (; !rows.Eof(); rows.MoveNext()) keys.push_back(rows.Int(0));
-  RowFilter filter;
-  filter.SetKeys(FilterKind::Account, keys);
-  return filter;
-}
-
-ReportTable OverviewReader::Run(int report, const Period& range, const RowFilter& filter) const {
+ReportRequest OverviewReader::RequestOf(int report, const Period& range) const {
   ReportRequest request;
   request.report = report;
   request.range = range;
-  request.filter = filter;
+  request.isOfFewDays = true;
   request.withClosedAccounts = withClosedAccounts_;
   request.withoutTransfers = true;
-  // What budgets are in where several currencies are in use.
   request.currency = platform_.locale.CurrencyCode();
-  return RunReport(ledger_, request, rates_, platform_);
+  return request;
+}
+
+ReportTable OverviewReader::Run(const ReportRequest& request) const {
+  KnownRates rates(ledger_, today_);
+  return RunReport(ledger_, request, rates, platform_);
+}
+
+std::string OverviewReader::Home(const ReportRequest& request) const {
+  const ReportClause clause(request);
+  const std::string currencies = MakeReport(request.report)->Currencies(clause);
+  const auto asIs = [](const std::string&) { return 1.0; };
+  return ReportRates(ledger_.Store(), currencies, request.currency, asIs).Home();
 }
 
 // Both months in one run, which has a row for each.
 void OverviewReader::ReadFlows() {
-  const ReportTable table =
-      Run(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to}, AllAccounts());
+  ReportRequest request = RequestOf(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to});
+  // It leaves nothing out.
+  request.filter.SetKeys(FilterKind::Account, AccountKeys(ledger_.Store()));
+  const ReportTable table = Run(request);
   const std::string now = MonthKey(read_.thisMonth.from);
   for (const ReportRow& row : table.rows) {
     if (row.kind == ReportRowKind::Total) continue;
@@ -114,14 +115,23 @@ void OverviewReader::ReadPlans() {
   const Value budgets =
       ledger_.Store().QueryValue("Select Count(*) from tblCategory WHERE Budget <> 0");
   if (budgets.Int() == 0) return;
-  const ReportTable table = Run(kBudgets, read_.thisMonth, {});
+  ReportRequest request = RequestOf(kBudgets, read_.thisMonth);
+  request.currency = Home(request);
+  request.converts = true;
+  const ReportTable table = Run(request);
+  std::set<std::string> spending;  // the keys of what is planned
   for (const ReportRow& row : table.rows) {
+    if (row.kind == ReportRowKind::Total) continue;
     const double budget = FigureOf(table, row, "Budget");
-    if (row.kind == ReportRowKind::Total || budget >= 0) continue;
+    if (budget < 0) spending.insert(row.groupKey);
+    if (!spending.contains(row.groupKey)) continue;
     Overview::Plan& plan = Of(read_.plans, row.currency);
     plan.budget += budget;
     plan.actual += FigureOf(table, row, "Actual");
   }
+  read_.arePlansConverted =
+      !read_.plans.empty() &&
+      std::ranges::any_of(table.rates, [](const ReportRate& each) { return each.rate != 1; });
 }
 
 }  // namespace corvanta::inline reports

@@ -2,7 +2,6 @@
 
 #include "ledger/accounts/AccountRow.h"
 #include "ledger/register/Period.h"
-#include "ledger/register/RowFilter.h"
 #include "ledger/schedules/Reminders.h"
 #include "platform/Date.h"
 
@@ -10,9 +9,8 @@
 #include <vector>
 
 namespace corvanta::inline ledger {
-class RateSource;
 class clsCorvanta;
-}  // namespace corvanta::inline ledger
+}
 
 namespace corvanta::inline platform {
 struct Platform;
@@ -20,9 +18,11 @@ struct Platform;
 
 namespace corvanta::inline reports {
 
+struct ReportRequest;
 struct ReportTable;
 
-// How things stand, each sum in its own currency: nothing is converted and nothing is fetched.
+// How things stand, each sum in its own currency. Only what budgets came to is converted into
+// theirs, by the rates that the file has: nothing is fetched.
 struct Overview {
   // What came in and went out of one currency in two months.
   struct Flow {
@@ -32,7 +32,8 @@ struct Overview {
     double lastIncome = 0;
     double lastExpense = 0;
   };
-  // What this month's budgets plan and what became of it.
+  // What this month's budgets plan and what became of it. Behind the currency of the budgets stand
+  // those that no rate is known of, which nothing is planned in.
   struct Plan {
     std::string currency;
     double budget = 0;  // of the categories that spend, negative
@@ -48,18 +49,18 @@ struct Overview {
   ReminderList due;                  // what is overdue, and the next two weeks
   std::vector<Flow> flows;
   std::vector<Plan> plans;
+  bool arePlansConverted = false;  // amounts of other currencies are among those of the plans
   std::vector<Worth> worths;
   Period thisMonth;  // whole ones
   Period lastMonth;
 };
 
 // Reads the overview of a day, piece by piece: what the file keeps sums of is there at once, the
-// figures of the two months and of the budgets go through the transactions. Of these closed
-// accounts count where they are asked for.
+// figures of the two months and of the budgets go through the transactions of their days. Of these
+// closed accounts count where they are asked for.
 class OverviewReader {
  public:
-  OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts, RateSource& rates,
-                 Platform& platform);
+  OverviewReader(clsCorvanta& ledger, Date today, bool withClosedAccounts, Platform& platform);
 
   // Accounts, what is due, what all is worth. Throws StoreError, as the next.
   void ReadStanding();
@@ -72,15 +73,16 @@ class OverviewReader {
   [[nodiscard]] bool HasPlans() const { return pieces_ > 1; }
 
  private:
-  [[nodiscard]] RowFilter AllAccounts() const;
-  [[nodiscard]] ReportTable Run(int report, const Period& range, const RowFilter& filter) const;
+  [[nodiscard]] ReportRequest RequestOf(int report, const Period& range) const;
+  [[nodiscard]] ReportTable Run(const ReportRequest& request) const;
+  // What budgets are in.
+  [[nodiscard]] std::string Home(const ReportRequest& request) const;
   void ReadFlows();
   void ReadPlans();
 
   clsCorvanta& ledger_;
   Date today_;
   bool withClosedAccounts_;
-  RateSource& rates_;
   Platform& platform_;
   Overview read_;
   int pieces_ = 0;

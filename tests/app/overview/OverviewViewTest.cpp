@@ -2,6 +2,7 @@
 #include "app/overview/OverviewTile.h"
 #include "app/overview/OverviewView.h"
 #include "controls/Style.h"
+#include "ledger/investments/RateBook.h"
 #include "platform/Settings.h"
 #include "store/sql/Connection.h"
 #include "store/sql/SqlText.h"
@@ -131,6 +132,32 @@ TEST_F(OverviewViewTest, BudgetsAreInTheCurrencyOfThePerson) {
   ASSERT_EQ(Lines("tileBalances").size(), 3U);
   ASSERT_EQ(Lines("tileBudget").size(), 3U);
   EXPECT_EQ(Lines("tileBudget")[1], "Spent 30.00 GBP");
+}
+
+TEST_F(OverviewViewTest, WhatIsSpentInAnotherCurrencyCounts) {
+  Start();
+  Run("UPDATE tblCategory SET Budget = 0 WHERE CategoryID <> 2");
+  Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+      "VALUES ('Abroad',2,(Select CurrencyID from tblCurrency WHERE Currency = 'EUR'),5,0)");
+  Add(3, 2, machine_.clock.Today(), -24);
+  Add(3, 3, machine_.clock.Today(), -7);  // is not planned
+  LookAt("mnuViewRefresh");
+  EXPECT_EQ(Lines("tileBudget"),
+            (Texts{"To be spent this month 50.00 GBP", "Spent 30.00 GBP", "Left 20.00 GBP",
+                   "Spent besides, no rate known 24.00 EUR"}));
+  // That of a later day is none yet.
+  RateBook& rates = session_.Ledger().Rates();
+  rates.Keep({0, "EUR", "GBP", machine_.clock.Today().AddDays(-9), 0.75, kEnteredRate});
+  rates.Keep({0, "EUR", "GBP", machine_.clock.Today().AddDays(1), 9, kEnteredRate});
+  LookAt("mnuViewRefresh");
+  EXPECT_EQ(Lines("tileBudget"),
+            (Texts{"To be spent this month 50.00 GBP", "Spent 48.00 GBP", "Left 2.00 GBP",
+                   "Other currencies at the last known rates"}));
+  // The report asks for rates of today.
+  machine_.prompts.ExpectTell("Download Currency for Report", ScriptedPrompts::kAnyText);
+  Click(*window_, "cmdBudget");
+  EXPECT_TRUE(window_->Shown().report.converts);
+  EXPECT_EQ(window_->Shown().report.currency, "GBP");
 }
 
 // What goes through the transactions lets the window be drawn first.
