@@ -9,37 +9,108 @@
 #include "store/sql/SqlText.h"
 
 #include <algorithm>
-#include <deque>
-#include <unordered_map>
+#include <compare>
+#include <iterator>
+#include <numeric>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 namespace corvanta::inline reports {
 namespace {
 
 constexpr std::size_t kDay = 10;  // a stored moment begins with its day, as it is shown
 
-// A row as it is met, which has no balance yet.
-struct MetRow {
-  std::string moment;  // as it is stored
-  double change = 0;   // what it adds to the balance
-  ReportRow row;
+// The rows as they are met, which have no balances yet. They stand still: there may be a million.
+class MetRows {
+ public:
+  struct Row {
+    double change = 0;  // what it adds to the balance
+    ReportRow row;
+  };
+
+  // `moment`: as it is stored.
+  Row& Add(std::string_view moment, std::int64_t transactionId) {
+    if (keys_.size() % kPage == 0) pages_.emplace_back().reserve(kPage);
+    keys_.push_back({std::string(moment), transactionId});
+    Row& row = pages_.back().emplace_back();
+    row.row.transactionId = transactionId;
+    return row;
+  }
+  [[nodiscard]] std::size_t Count() const { return keys_.size(); }
+  [[nodiscard]] Row& At(std::size_t place) { return pages_[place / kPage][place % kPage]; }
+
+  // The places by moment and key, as the statement asks for, which is visited in any order: the
+  // library would carry every text of every row through its sorting. Most rows are in order
+  // already, so that runs of them are found and merged.
+  [[nodiscard]] std::vector<std::size_t> InOrder() const {
+    std::vector<std::size_t> places(keys_.size());
+    std::iota(places.begin(), places.end(), std::size_t{0});
+    std::vector<std::size_t> ends = Runs();
+    while (ends.size() > 1) {
+      places = MergedPairs(places, ends);
+      std::size_t pairs = 0;
+      for (std::size_t run = 1; run < ends.size(); run += 2) ends[pairs++] = ends[run];
+      if (ends.size() % 2 == 1) ends[pairs++] = ends.back();
+      ends.resize(pairs);
+    }
+    return places;
+  }
+
+ private:
+  struct Key {
+    std::string moment;
+    std::int64_t transactionId = 0;
+    auto operator<=>(const Key&) const = default;
+  };
+
+  // Where those end that follow each other in order.
+  [[nodiscard]] std::vector<std::size_t> Runs() const {
+    std::vector<std::size_t> ends;
+    for (std::size_t next = 1; next < keys_.size(); ++next) {
+      if (keys_[next] < keys_[next - 1]) ends.push_back(next);
+    }
+    if (!keys_.empty()) ends.push_back(keys_.size());
+    return ends;
+  }
+
+  // The first run with the second, the third with the fourth ...
+  [[nodiscard]] std::vector<std::size_t> MergedPairs(const std::vector<std::size_t>& places,
+                                                     const std::vector<std::size_t>& ends) const {
+    const auto isBefore = [this](std::size_t one, std::size_t other) {
+      return keys_[one] < keys_[other];
+    };
+    std::vector<std::size_t> merged;
+    merged.reserve(places.size());
+    auto begin = places.begin();
+    for (std::size_t run = 0; run < ends.size(); run += 2) {
+      const auto middle = places.begin() + static_cast<std::ptrdiff_t>(ends[run]);
+      const std::size_t last = std::min(run + 1, ends.size() - 1);
+      const auto end = places.begin() + static_cast<std::ptrdiff_t>(ends[last]);
+      std::merge(begin, middle, middle, end, std::back_inserter(merged), isBefore);
+      begin = end;
+    }
+    return merged;
+  }
+
+  static constexpr std::size_t kPage = 1024;
+  std::vector<std::vector<Row>> pages_;
+  std::vector<Key> keys_;
 };
 
-// They are too large to be moved whenever there are more of them.
-using MetRows = std::deque<MetRow>;
-
-MetRow Met(const ReportRun& run, const VisitedRow& row) {
+void Meet(const ReportRun& run, const VisitedRow& row, MetRows& rows) {
   const double rate = row.Double(16);
   const double expense = row.Double(2) * rate;
   const double income = row.Double(3) * rate;
-  MetRow met{std::string(row.Text(4)), income + expense, {}};
-  met.row.transactionId = row.Int(1);
+  const std::string_view moment = row.Text(4);
+  MetRows::Row& met = rows.Add(moment, row.Int(1));
+  met.change = income + expense;
   met.row.currency = run.rates.ShownIn(std::string(row.Text(15)), rate);
   // One by one: a list in braces would copy each text once more.
   std::vector<Value>& cells = met.row.cells;
   constexpr std::size_t kCells = 11;
   cells.reserve(kCells);
-  const std::string_view day = std::string_view(met.moment).substr(0, kDay);
+  const std::string_view day = moment.substr(0, kDay);
   cells.emplace_back(row.Text(0));
   cells.push_back(corvanta::Date::FromIso(day) ? Value(day) : Value());
   cells.emplace_back(row.Text(14));
@@ -51,22 +122,11 @@ MetRow Met(const ReportRun& run, const VisitedRow& row) {
   cells.emplace_back(RoundMoney(expense));
   cells.emplace_back();
   cells.emplace_back(met.row.currency);
-  return met;
 }
 
 std::string OfAccounts(const ReportRun& run) {
   if (!run.request.filter.IsSet(FilterKind::Account)) return {};
   return " AND A.AccountID IN (" + run.request.filter.List(FilterKind::Account) + ") ";
-}
-
-// As the statement asks for, which is visited in any order: the library would carry every text of
-// every row through its sorting, where here they stand still and are in order already, mostly.
-void BringInOrder(MetRows& rows) {
-  const auto isBefore = [](const MetRow& first, const MetRow& second) {
-    const int order = first.moment.compare(second.moment);
-    return order == 0 ? first.row.transactionId < second.row.transactionId : order < 0;
-  };
-  if (!std::ranges::is_sorted(rows, isBefore)) std::ranges::sort(rows, isBefore);
 }
 
 MetRows ReadRows(const ReportRun& run, const Report::Sources& sources) {
@@ -78,8 +138,7 @@ MetRows ReadRows(const ReportRun& run, const Report::Sources& sources) {
       "T.BankRec, T.TransferId, C.Category, C.SubCategory, P.Payment, PP.Payee, CU.Currency, " +
           run.exchange + " AS Exchange FROM " + sources.tables + sources.conditions +
           " Order by [DATE], T.TransactionID",
-      [&](const VisitedRow& row) { rows.push_back(Met(run, row)); });
-  BringInOrder(rows);
+      [&](const VisitedRow& row) { Meet(run, row, rows); });
   return rows;
 }
 
@@ -118,17 +177,16 @@ std::vector<AccountTransactions::Opening> AccountTransactions::Openings(const Re
 
 void AccountTransactions::Fill(const ReportRun& run, ReportTable& table) const {
   std::vector<Opening> balances = Openings(run);
-  std::unordered_map<std::string, double*> balanceOf;
-  for (Opening& opening : balances) balanceOf[opening.currency] = &opening.balance;
   double unknown = 0;
   const auto balanceIn = [&](const std::string& currency) -> double& {
-    const auto known = balanceOf.find(currency);
-    return known == balanceOf.end() ? unknown : *known->second;
+    const auto known = std::ranges::find(balances, currency, &Opening::currency);
+    return known == balances.end() ? unknown : known->balance;
   };
   const std::size_t column = table.Column("Balance").value();
   MetRows rows = ReadRows(run, EvidenceOf(run));
-  table.rows.reserve(rows.size() + balances.size());
-  for (MetRow& met : rows) {
+  table.rows.reserve(rows.Count() + balances.size());
+  for (const std::size_t place : rows.InOrder()) {
+    MetRows::Row& met = rows.At(place);
     double& balance = balanceIn(met.row.currency);
     balance = RoundMoney(balance + met.change);
     met.row.cells[column] = balance;
