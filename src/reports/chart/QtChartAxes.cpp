@@ -24,6 +24,7 @@ namespace corvanta::inline reports {
 namespace {
 
 constexpr int kWidestName = 22 * kRhythm;
+constexpr int kNamePart = 6;                     // of a wide chart that much more
 constexpr int kBesideCategories = 12 * kRhythm;  // what the other axis takes of the width
 constexpr int kSteps = 5;
 constexpr double kBarShare = 0.72;
@@ -46,8 +47,17 @@ QCategoryAxis* MakeAxis(double low, double high) {
 
 }  // namespace
 
+int ChartTextStep(const QSize& room) {
+  constexpr QSize kLarge(150 * kRhythm, 75 * kRhythm);
+  constexpr QSize kVeryLarge(250 * kRhythm, 125 * kRhythm);
+  const auto holds = [&room](const QSize& size) { return size.boundedTo(room) == size; };
+  return holds(kVeryLarge) ? 1 : holds(kLarge) ? 0 : -1;
+}
+
 void QtChartPlot::Fit(const QSize& room) {
   if (data_.IsEmpty()) return;
+  textStep_ = ChartTextStep(room);
+  for (QAbstractAxis* axis : chart_.axes()) axis->setLabelsFont(ScaledFont(textStep_));
   FitMargins();
   FitBars(room);
   data_.areDays ? LabelDays(room.width()) : LabelCategories(room.width());
@@ -55,7 +65,7 @@ void QtChartPlot::Fit(const QSize& room) {
 
 // The last text below the plot stands in the middle of its mark.
 void QtChartPlot::FitMargins() {
-  const QFontMetrics metrics(ScaledFont(-1));
+  const QFontMetrics metrics(ScaledFont(textStep_));
   const int last = LiesAcross() ? metrics.horizontalAdvance(values_->categoriesLabels().constLast())
                                 : WidestCategory();
   chart_.setMargins(
@@ -95,7 +105,7 @@ void QtChartPlot::AddAxes() {
 }
 
 int QtChartPlot::WidestCategory() const {
-  const QFontMetrics metrics(ScaledFont(-1));
+  const QFontMetrics metrics(ScaledFont(textStep_));
   int widest = 1;
   for (std::size_t i = 0; i < data_.categories.size(); ++i) {
     widest = std::max(widest, metrics.horizontalAdvance(ToQt(CategoryText(data_, i, locale_))));
@@ -124,7 +134,8 @@ void QtChartPlot::LabelDays(int width) {
 
 void QtChartPlot::LabelCategories(int width) {
   for (const QString& label : categories_->categoriesLabels()) categories_->remove(label);
-  const QFontMetrics metrics(ScaledFont(-1));
+  const QFontMetrics metrics(ScaledFont(textStep_));
+  const int widest = std::max(kWidestName, width / kNamePart);
   const std::size_t count = data_.categories.size();
   const double room = (categories_->max() - categories_->min()) / static_cast<double>(count) *
                       static_cast<double>(LabelStep(width)) * 0.99;
@@ -134,8 +145,8 @@ void QtChartPlot::LabelCategories(int width) {
     const std::size_t category = LiesAcross() ? count - 1 - index : index;
     const double position = AlongAxis(category);
     if (!LiesAcross() && position < free) continue;
-    const QString text = metrics.elidedText(ToQt(CategoryText(data_, category, locale_)),
-                                            Qt::ElideRight, kWidestName);
+    const QString text =
+        metrics.elidedText(ToQt(CategoryText(data_, category, locale_)), Qt::ElideRight, widest);
     categories_->append(Unlike(text, *categories_), position);
     free = position + room;
   }

@@ -145,7 +145,7 @@ void QtChartPlot::Colour(const QPalette& colours) {
   chart_.setBackgroundBrush(colours.color(QPalette::Window));
   for (QAbstractAxis* axis : chart_.axes()) {
     axis->setLabelsBrush(colours.color(QPalette::WindowText));
-    axis->setLabelsFont(ScaledFont(-1));
+    axis->setLabelsFont(ScaledFont(textStep_));
     axis->setGridLinePen(QPen(Hairline(colours), 1));
     axis->setLinePen(QPen(Hairline(colours), 1));
   }

@@ -31,6 +31,10 @@ struct ChartPlace {
 // How the line of a series is drawn, so that it is told apart without colour.
 [[nodiscard]] Qt::PenStyle StrokeOf(std::size_t series);
 
+// The step of the type scale for the texts of a chart that has so much room, in pixels: on a large
+// one small letters would be lost.
+[[nodiscard]] int ChartTextStep(const QSize& room);
+
 // A report's chart as the library draws it: bars, lines and axes, where on it each point stands,
 // and which point the mouse is over. It knows nothing of keys and rows.
 class QtChartPlot : public QObject {
@@ -90,6 +94,7 @@ class QtChartPlot : public QObject {
   QChart& chart_;
   ChartData data_;
   std::vector<Shown> shown_;
+  int textStep_ = -1;
   QAbstractBarSeries* bars_ = nullptr;
   QCategoryAxis* categories_ = nullptr;
   QCategoryAxis* values_ = nullptr;

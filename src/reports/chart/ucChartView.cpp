@@ -2,7 +2,6 @@
 
 #include "controls/QtText.h"
 #include "controls/Style.h"
-#include "reports/chart/ChartFigure.h"
 #include "reports/chart/ChartLook.h"
 
 #include <QApplication>
@@ -14,6 +13,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <utility>
 
@@ -22,15 +22,24 @@ namespace {
 
 constexpr QSize kLeast(36 * kRhythm, 14 * kRhythm);
 
+// The point that stands for those rows or, where they are gathered otherwise, for most of them.
 std::optional<ChartPlace> PlaceOf(const ChartData& chart, const ChartFigure& wanted) {
+  std::optional<ChartPlace> best;
+  std::ptrdiff_t most = 0;
   for (std::size_t series = 0; series < chart.series.size(); ++series) {
     for (std::size_t category = 0; category < chart.categories.size(); ++category) {
       const std::optional<ChartFigure> figure = FigureAt(chart, series, category);
-      if (!figure || figure->rows != wanted.rows || figure->header != wanted.header) continue;
-      return ChartPlace{series, category};
+      if (!figure || figure->header != wanted.header) continue;
+      if (figure->rows == wanted.rows) return ChartPlace{series, category};
+      const auto shared = std::ranges::count_if(figure->rows, [&wanted](std::size_t row) {
+        return std::ranges::find(wanted.rows, row) != wanted.rows.end();
+      });
+      if (shared <= most) continue;
+      most = shared;
+      best = ChartPlace{series, category};
     }
   }
-  return std::nullopt;
+  return best;
 }
 
 }  // namespace
@@ -49,6 +58,7 @@ ucChartView::ucChartView(const Locale& locale, QWidget* parent)
 
 void ucChartView::Show(ChartData chartData) {
   current_.reset();
+  wanted_.reset();
   pointed_.reset();
   plot_.Show(std::move(chartData), size());
   setAccessibleName(ToQt(Data().title));
@@ -57,11 +67,11 @@ void ucChartView::Show(ChartData chartData) {
 }
 
 void ucChartView::ShowAgain(ChartData chartData) {
-  const auto former =
-      current_ ? FigureAt(Data(), current_->series, current_->category) : std::nullopt;
+  const std::optional<ChartFigure> wanted = wanted_;
   Show(std::move(chartData));
-  if (!former) return;
-  current_ = PlaceOf(Data(), *former);
+  if (!wanted) return;
+  wanted_ = wanted;
+  current_ = PlaceOf(Data(), *wanted);
   if (!current_) return;
   MarkCurrent(hasFocus());
   setAccessibleDescription(CurrentText());
@@ -121,6 +131,7 @@ void ucChartView::GoTo(const ChartPlace& place) {
   MarkCurrent(false);
   pointed_.reset();
   current_ = place;
+  wanted_ = FigureAt(Data(), place.series, place.category);
   MarkCurrent(true);
   setAccessibleDescription(CurrentText());
   ShowCurrentTip();

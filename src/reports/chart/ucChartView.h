@@ -1,6 +1,7 @@
 #pragma once
 
 #include "reports/chart/ChartData.h"
+#include "reports/chart/ChartFigure.h"
 #include "reports/chart/QtChartPlot.h"
 
 #include <QtCharts/QChartView>
@@ -25,7 +26,7 @@ class ucChartView : public QChartView {
 
   void Show(ChartData chartData);
   // The same figures with more or fewer of them gathered: the keys stay at the point that they have
-  // gone to, as long as it is there.
+  // gone to, or at the one that it is gathered in until it stands alone again.
   void ShowAgain(ChartData chartData);
   [[nodiscard]] const ChartData& Data() const { return plot_.Data(); }
   // What the keys have gone to: the point in words; empty for none.
@@ -59,6 +60,7 @@ class ucChartView : public QChartView {
   const Locale& locale_;
   QtChartPlot plot_;
   std::optional<ChartPlace> current_;
+  std::optional<ChartFigure> wanted_;  // what the keys were sent to
   std::optional<ChartPlace> pointed_;  // under the mouse
 };
 

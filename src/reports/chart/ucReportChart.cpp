@@ -6,6 +6,7 @@
 #include "controls/Style.h"
 #include "platform/Platform.h"
 #include "reports/chart/ChartFile.h"
+#include "reports/chart/QtChartPlot.h"
 #include "reports/chart/ucChartLegend.h"
 #include "reports/chart/ucChartView.h"
 
@@ -108,7 +109,7 @@ void ucReportChart::ShowBeside() {
 }
 
 std::size_t ucReportChart::MostBars() const {
-  const QFontMetrics metrics(ScaledFont(-1));
+  const QFontMetrics metrics(ScaledFont(ChartTextStep(pages_->size())));
   // The marks and the legend stand below.
   const int room = pages_->height() / (metrics.height() + kRhythm / 4) - 4;
   return std::clamp(static_cast<std::size_t>(std::max(0, room)), kFewestBars, kMaxBars);
@@ -116,6 +117,7 @@ std::size_t ucReportChart::MostBars() const {
 
 void ucReportChart::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
+  legend_->setFont(ScaledFont(ChartTextStep(pages_->size())));
   layout()->activate();
   if (MostBars() == bars_) return;
   bars_ = MostBars();

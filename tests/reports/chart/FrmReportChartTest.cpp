@@ -177,11 +177,38 @@ TEST_F(FrmReportChartTest, ALowChartHasFewerBarsAndANameForEach) {
   page_.resize(800, 500);
   QCoreApplication::processEvents();
   EXPECT_EQ(page_.Shown().categories.size(), 12U) << "as soon as there is room";
+  const auto resizedTo = [this](int height) {
+    page_.resize(800, height);
+    QCoreApplication::processEvents();
+    return chart_->CurrentText();
+  };
   Press(Qt::Key_End);
-  ASSERT_FALSE(chart_->CurrentText().isEmpty());
-  page_.resize(800, 240);
+  const QString others = chart_->CurrentText();
+  ASSERT_TRUE(others.startsWith("Others (9)")) << others.toStdString();
+  const QString more = resizedTo(240);
+  EXPECT_TRUE(more.startsWith("Others (")) << more.toStdString();
+  EXPECT_NE(more, others);
+  EXPECT_EQ(resizedTo(500), others);
+  Press(Qt::Key_Up);
+  EXPECT_EQ(chart_->CurrentText(), "Payee 10, Expense: -10.00 EUR");
+  EXPECT_EQ(resizedTo(240), more) << "it is among them";
+  EXPECT_EQ(resizedTo(500), "Payee 10, Expense: -10.00 EUR") << "and alone again";
+}
+
+TEST_F(FrmReportChartTest, ALargeChartHasLargerLetters) {
+  Show(CashFlowReport());
+  const auto letters = [this] {
+    return chart_->chart()->axes(Qt::Vertical).constFirst()->labelsFont().pointSizeF();
+  };
+  const auto* legend = page_.findChild<ucChartLegend*>("pnlLegend");
+  const double small = letters();
+  page_.resize(2400, 1300);
   QCoreApplication::processEvents();
-  EXPECT_EQ(chart_->CurrentText(), "") << "others are gathered now";
+  EXPECT_GT(letters(), small);
+  EXPECT_DOUBLE_EQ(legend->font().pointSizeF(), letters());
+  page_.resize(800, 500);
+  QCoreApplication::processEvents();
+  EXPECT_DOUBLE_EQ(letters(), small);
 }
 
 TEST_F(FrmReportChartTest, OneBarAloneIsNoWall) {
