@@ -8,6 +8,7 @@
 #include "app/MainViews.h"
 #include "app/QtProgress.h"
 #include "app/TabStops.h"
+#include "app/WindowLayout.h"
 #include "app/filter/FilterCommands.h"
 #include "app/reminders/ReminderCommands.h"
 #include "app/reminders/RemindersPanel.h"
@@ -39,7 +40,6 @@
 
 namespace corvanta::inline app {
 namespace {
-constexpr int kLeftWidth = 34 * kRhythm;
 constexpr int kSmallest = 80 * kRhythm;
 // The columns beside the view give way before it has less than this part of the window.
 constexpr double kCentrePart = 0.55;
@@ -103,6 +103,7 @@ QWidget* FrmMain::MakeCentre() {
   columns_->setStretchFactor(2, 0);
   columns_->setCollapsible(1, false);
   columns_->setCollapsible(2, false);
+  connect(columns_, &QSplitter::splitterMoved, this, [this] { areColumnsByHand_ = true; });
   columns_->setSizes({kLeftWidth, 3 * kLeftWidth, kLeftWidth});
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);
@@ -119,6 +120,7 @@ bool FrmMain::focusNextPrevChild(bool next) {
 void FrmMain::resizeEvent(QResizeEvent* event) {
   pages_->setMinimumWidth(static_cast<int>(kCentrePart * width()));
   QMainWindow::resizeEvent(event);
+  FitTree();
 }
 
 void FrmMain::MakeViews() {

@@ -173,6 +173,8 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   // --- Layout
 
   void FoldReminders(bool fold);
+  // Names and balances of the accounts have their room, as far as there is some to spare.
+  void FitTree();
   void FoldRibbon(bool fold);
   void SaveLayout();
 
@@ -232,7 +234,8 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   RemindersPanel* reminders_ = nullptr;
   ReminderCommands* reminderCommands_ = nullptr;
   std::unique_ptr<WelcomeCommands> welcome_;
-  int remindersRoom_ = 0;  // by which the window has grown for them
+  bool areColumnsByHand_ = false;  // the person has moved an edge between them
+  int remindersRoom_ = 0;          // by which the window has grown for them
   QLabel* chosen_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;

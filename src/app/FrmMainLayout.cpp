@@ -8,6 +8,7 @@
 #include "app/overview/OverviewView.h"
 #include "app/reminders/ReminderCommands.h"
 #include "app/reminders/RemindersPanel.h"
+#include "app/tree/AccountTree.h"
 #include "controls/QtText.h"
 #include "controls/SortedTable.h"
 #include "controls/ucRibbon.h"
@@ -22,6 +23,10 @@
 #include <algorithm>
 
 namespace corvanta::inline app {
+namespace {
+// What the accounts may take of the window for their names.
+constexpr double kTreePart = 0.27;
+}  // namespace
 
 void FrmMain::Restore() {
   WindowLayout layout;
@@ -31,7 +36,10 @@ void FrmMain::Restore() {
   });
   setGeometry(PlaceOnScreen(layout, screen()->availableGeometry()));
   if (layout.maximised) setWindowState(windowState() | Qt::WindowMaximized);
-  if (layout.columns.size() == columns_->count()) columns_->setSizes(layout.columns);
+  // At that width they stood before anyone moved them.
+  areColumnsByHand_ =
+      layout.columns.size() == columns_->count() && layout.columns.front() != kLeftWidth;
+  if (areColumnsByHand_) columns_->setSizes(layout.columns);
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
   actions_->mnuViewReminders->setChecked(layout.showsReminders);
   reminders_->setVisible(layout.showsReminders);
@@ -65,7 +73,7 @@ void FrmMain::SaveLayout() {
   const bool normal = !isMaximized() && !isFullScreen() && !isMinimized();
   layout.place = normal ? geometry() : normalGeometry();
   layout.maximised = isMaximized();
-  layout.columns = columns_->sizes();
+  layout.columns = areColumnsByHand_ ? columns_->sizes() : QList<int>();
   layout.leftRows = leftRows_->sizes();
   if (session_.IsOpen()) {
     layout.view = ToQt(shown_.name);
@@ -91,6 +99,18 @@ void FrmMain::changeEvent(QEvent* event) {
   QMainWindow::changeEvent(event);
   if (event->type() != QEvent::PaletteChange) return;
   Guard([this] { ApplySettings(); });
+}
+
+void FrmMain::FitTree() {
+  QList<int> sizes = columns_->sizes();
+  // Folded away, it stays so.
+  if (areColumnsByHand_ || sizes.front() == 0) return;
+  const int most = std::max(kLeftWidth, static_cast<int>(kTreePart * width()));
+  const int more = std::clamp(tree_->WantedWidth(), kLeftWidth, most) - sizes.front();
+  if (more == 0) return;
+  sizes[0] += more;
+  sizes[1] -= more;
+  columns_->setSizes(sizes);
 }
 
 void FrmMain::FoldRibbon(bool fold) {

@@ -185,6 +185,7 @@ void FrmMain::ReadAccounts() {
     countedAt_ = session_.Ledger().Store().Changes();
   }
   tree_->SetAccounts(accounts_);
+  FitTree();
   for (MainView* view : views_) view->ApplyAccounts();
   ShowFile();
   actions_->SetDataOpen(session_.IsOpen());

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/ListSort.h"
+#include "controls/Style.h"
 
 #include <QList>
 #include <QRect>
@@ -16,12 +17,15 @@ class Registry;
 
 namespace corvanta::inline app {
 
+// What the left column is wide at least, where nobody has moved its edge.
+inline constexpr int kLeftWidth = 34 * kRhythm;
+
 // How the main window was left: where it stood, how its areas were divided, what it showed.
 struct WindowLayout {
   QRect place;  // without the frame, not maximised; of width 0 where nothing was kept
   bool hasPosition = false;
   bool maximised = false;
-  QList<int> columns;   // widths of the three columns; empty for their first division
+  QList<int> columns;   // widths of the three columns; empty where nobody has moved them
   QList<int> leftRows;  // heights in the left column
   QString view;         // the command last shown
   qint64 account = 0;

@@ -3,6 +3,7 @@
 #include "app/register/RegisterModel.h"
 #include "controls/ListTable.h"
 #include "controls/ucCalendar.h"
+#include "support/DragMouse.h"
 
 #include <QHeaderView>
 #include <QMenu>
@@ -164,7 +165,7 @@ TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {
   window_->setGeometry(30, 20, 760, 590);
   window_->Show({kTransactionShow, 2});
   Find<ListTable>("lvbank").horizontalHeader()->resizeSection(RegisterModel::kPayee, 122);
-  Find<QSplitter>("spColumns").setSizes({201, 559, 0});
+  DragMouse(*Find<QSplitter>("spColumns").handle(1), {0, 50}, {-40, 50});
   const QList<int> columns = Find<QSplitter>("spColumns").sizes();
   window_->close();
   EXPECT_EQ(Setting("Width"), "760");

@@ -85,6 +85,11 @@ void AccountTree::ShareWidth() {
                           std::min(sizeHintForColumn(kAmount), std::max(room - name, room / 3)));
 }
 
+int AccountTree::WantedWidth() const {
+  const int beside = width() - viewport()->width();
+  return sizeHintForColumn(kName) + sizeHintForColumn(kAmount) + beside;
+}
+
 void AccountTree::resizeEvent(QResizeEvent* event) {
   QTreeWidget::resizeEvent(event);
   ShareWidth();

@@ -34,6 +34,8 @@ class AccountTree : public QTreeWidget {
   [[nodiscard]] static qint64 AccountOf(const QTreeWidgetItem* item);
   // Chooses an account, or none for 0; sends no signal.
   void Choose(std::int64_t accountId);
+  // The width, in pixels, at which no name and no balance in sight is cut.
+  [[nodiscard]] int WantedWidth() const;
 
  Q_SIGNALS:
   void AccountChosen(qint64 accountId);
