@@ -75,7 +75,10 @@ void FrmMain::ConnectViews() {
   // The keys of a view work at once, without a way to it.
   for (const MainView* view : views_) {
     On(view->Entry(), [this, view] {
-      ShowView(view->Name());
+      ViewCommand command = CommandOf(*view, account_);
+      // The entry says which of its pages it is.
+      command.name = view->Name();
+      Show(command);
       FocusView();
     });
   }

@@ -204,6 +204,24 @@ TEST_F(ReportsViewTest, TheDaysAreInForceAsTheyWereLeft) {
   EXPECT_EQ(WindowTest::Setting("SetReportDate"), "0");
 }
 
+TEST_F(ReportsViewTest, TheReportListIsShownFromWhereverOneIsAndKnowsTheReport) {
+  Start();
+  BringForward();
+  Trigger("mnuReport2");
+  for (const char* from : {"mnuReport2", "mnuViewPayees"}) {
+    Trigger(from);
+    QTest::keyClick(window_.get(), Qt::Key_9, Qt::ControlModifier);
+    EXPECT_EQ(window_->Shown().name, kReportShow) << from;
+    auto& list = Get<QTreeWidget>("tvReports");
+    EXPECT_TRUE(list.hasFocus()) << from;
+    EXPECT_EQ(list.currentItem()->text(0), "Monthly Cash Flow") << from;
+    EXPECT_EQ(Tabs().tabText(1), "Monthly Cash Flow") << from;
+  }
+  QTest::keyClick(&Get<QTreeWidget>("tvReports"), Qt::Key_Return);
+  EXPECT_EQ(window_->Shown().name, kReportSelected);
+  EXPECT_EQ(Shown(), "Monthly Cash Flow");
+}
+
 TEST_F(ReportsViewTest, TheKeyboardGoesAllTheWay) {
   Start();
   Trigger("mnuViewReports");
