@@ -29,6 +29,7 @@ namespace {
 
 constexpr const char* kShowAtStart = "ShowOverview";
 constexpr int kTileWidth = 46 * kRhythm;
+constexpr int kWidestTile = 80 * kRhythm;  // a name and its amount are read together
 constexpr int kMaxColumns = 3;
 constexpr int kPause = 20;  // milliseconds, which belong to everything else
 
@@ -126,7 +127,10 @@ void OverviewView::ArrangeTiles(int columns) {
 
 void OverviewView::resizeEvent(QResizeEvent* event) {
   QWidget::resizeEvent(event);
-  ArrangeTiles(std::clamp(width() / kTileWidth, 1, kMaxColumns));
+  const int columns = std::clamp(width() / kTileWidth, 1, kMaxColumns);
+  ArrangeTiles(columns);
+  const int most = columns * (kWidestTile + 2 * kRhythm) + 2 * kRhythm;
+  columns_->setContentsMargins(0, 0, std::max(0, width() - most), 0);
 }
 
 void OverviewView::Show(const ViewCommand& /*command*/) {

@@ -76,7 +76,8 @@ FrmPreview::FrmPreview(PrintTable table, const PrintPlace& place)
   LayOut();
   ShowPage(1);
   const QSize room = QGuiApplication::primaryScreen()->availableSize();
-  resize(QSize(kWidth, kHeight).boundedTo(room * 0.9));
+  // On a large screen a page is looked at, not its outline.
+  resize(QSize(kWidth, kHeight).expandedTo(room * 0.6).boundedTo(room * 0.9));
 }
 
 void FrmPreview::MakePageBar(QBoxLayout& page) {

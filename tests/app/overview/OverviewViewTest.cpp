@@ -99,6 +99,22 @@ TEST_F(OverviewViewTest, HowThingsStandIsSaidAndLeadsOn) {
   EXPECT_EQ(window_->Shown().name, kScheduleShow);
 }
 
+TEST_F(OverviewViewTest, AWideWindowTearsNoNameFromItsFigure) {
+  OpenData();
+  ShowWindow();
+  Trigger("mnuViewOverview");
+  for (const int width : {700, 1366, 3840}) {
+    window_->resize(width, 1000);
+    QCoreApplication::processEvents();
+    const auto tiles = window_->findChildren<OverviewTile*>();
+    ASSERT_FALSE(tiles.isEmpty());
+    for (const OverviewTile* tile : tiles) {
+      EXPECT_LT(tile->width(), 700) << width;
+      EXPECT_GT(tile->width(), 300) << width;
+    }
+  }
+}
+
 TEST_F(OverviewViewTest, MoneyOutCanBeReadAfterThePaletteHasChanged) {
   Start();
   const auto colourOf = [this](const char* text) {
