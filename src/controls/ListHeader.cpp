@@ -26,6 +26,11 @@ void ListHeader::paintEvent(QPaintEvent* event) {
     painter.drawLine(0, viewport()->height() - 1, viewport()->width(), viewport()->height() - 1);
   }
   QHeaderView::paintEvent(event);
+  QPainter painter(viewport());
+  for (const int column : Frozen()) {
+    const int left = sectionViewportPosition(column) + FrozenShift();
+    paintSection(&painter, QRect(left, 0, sectionSize(column), viewport()->height()), column);
+  }
 }
 
 void ListHeader::paintSection(QPainter* painter, const QRect& rect, int logicalIndex) const {

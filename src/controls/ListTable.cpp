@@ -41,9 +41,7 @@ ListTable::ListTable(QWidget* parent) : QTableView(parent) {
   // Where there is no room for all that can neither give way nor leave, figures at the end stay in
   // sight.
   connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, [this](int, int most) {
-    const bool hasFigures =
-        std::ranges::any_of(columns_, [](const State& column) { return column.wish.isLast; });
-    if (hasFigures) horizontalScrollBar()->setValue(most);
+    if (HasLast()) horizontalScrollBar()->setValue(most);
   });
 }
 
@@ -101,13 +99,21 @@ void ListTable::SetWidths(const QString& widths) {
 
 void ListTable::LeaveOut(int column, bool isOut) {
   State& known = columns_.at(static_cast<std::size_t>(column));
-  if (known.isLeftOut == isOut || (isOut && known.isShown && ShownCount() == 1)) return;
+  const bool isLast = isOut && known.isShown && ShownCount() == 1;
+  if ((isOut && known.isLeftOut) || isLast) return;
+  if (!isOut && !known.isLeftOut && !isColumnHidden(column)) return;
   known.isLeftOut = isOut;
+  // A width of its own keeps it from leaving again.
+  if (!isOut && known.byHand == 0 && known.wish.leaves > 0) known.byHand = known.wish.width;
   FillWidth();
 }
 
 bool ListTable::IsLeftOut(int column) const {
   return columns_.at(static_cast<std::size_t>(column)).isLeftOut;
+}
+
+bool ListTable::IsOffered(int column) const {
+  return columns_.at(static_cast<std::size_t>(column)).isShown;
 }
 
 int ListTable::WantedWidth(int column) const {
@@ -128,6 +134,10 @@ void ListTable::ShowColumn(int column, bool show) {
   FillWidth();
 }
 
+bool ListTable::HasLast() const {
+  return std::ranges::any_of(columns_, [](const State& column) { return column.wish.isLast; });
+}
+
 ColumnNeed ListTable::NeedOf(const State& column) const {
   if (!column.isShown || column.isLeftOut) return {};
   const Column& wish = column.wish;
@@ -137,6 +147,16 @@ ColumnNeed ListTable::NeedOf(const State& column) const {
   return {width, wish.stretch, wish.smallest, leaves, wish.isLast, column.byHand > 0, wish.least};
 }
 
+// Of a column that makes room while another one is dragged. It gives no more than it will have once
+// the list fills its width anew: columns would leave for the rest.
+ColumnNeed ListTable::KeptNeedOf(const State& column, int shown) const {
+  ColumnNeed need = NeedOf(column);
+  need.leaves = 0;
+  need.least = 0;
+  if (need.smallest > 0) need.smallest = std::min(need.isLast ? need.width : need.smallest, shown);
+  return need;
+}
+
 void ListTable::FillWidth() {
   std::vector<ColumnNeed> needs;
   for (const State& column : columns_) needs.push_back(NeedOf(column));
@@ -144,26 +164,37 @@ void ListTable::FillWidth() {
 }
 
 // A column is being dragged: those before it stay as they are, so that its edge follows the mouse,
-// and those behind it make room as far as they can, but none comes or leaves under the mouse. A
-// list that was wider than its room before may stay as wide.
+// and those behind it make room as far as they can, but none comes or leaves under the mouse. In a
+// list that scrolls they need not; but where figures are to stay in sight it gets no wider.
 void ListTable::ApplyWidth(int column, int before, int width) {
   const auto taken = static_cast<std::size_t>(column);
   if (taken >= columns_.size()) return;
+  const int former = horizontalHeader()->length() - width + before;
+  const bool scrolls = former > viewport()->width() && !HasLast();
   std::vector<ColumnNeed> needs;
   for (std::size_t i = 0; i < columns_.size(); ++i) {
     const int place = static_cast<int>(i);
     const int shown = isColumnHidden(place) ? 0 : columnWidth(place);
-    needs.push_back(i < taken || shown == 0 ? ColumnNeed{shown} : NeedOf(columns_[i]));
-    needs[i].leaves = 0;
+    const bool gives = i >= taken && shown > 0 && !scrolls;
+    needs.push_back(gives ? KeptNeedOf(columns_[i], shown) : ColumnNeed{shown});
+    needs[i].isByHand = needs[i].isByHand || !gives;
   }
-  const int smallest = std::max(needs[taken].smallest, horizontalHeader()->minimumSectionSize());
+  const int own = NeedOf(columns_[taken]).smallest;
+  const int smallest = std::max(own, horizontalHeader()->minimumSectionSize());
   needs[taken] = {std::max(width, smallest)};
+  needs[taken].isByHand = true;
   const std::vector<int> widths = FitColumns(needs, viewport()->width());
-  const int allowed = std::max(horizontalHeader()->length() - width + before, viewport()->width());
+  const int allowed = scrolls ? kWidest : std::max(former, viewport()->width());
   const int excess = std::accumulate(widths.begin(), widths.end(), -allowed);
   needs[taken].width = std::max(needs[taken].width - std::max(0, excess), smallest);
   columns_[taken].byHand = needs[taken].width;
   Arrange(needs);
+  if (scrolls && horizontalHeader()->length() < viewport()->width()) return FillWidth();
+  for (std::size_t i = taken + 1; i < columns_.size(); ++i) {
+    const int place = static_cast<int>(i);
+    if (!isColumnHidden(place))
+      columns_[i].byHand = std::min(columns_[i].byHand, columnWidth(place));
+  }
 }
 
 void ListTable::Arrange(const std::vector<ColumnNeed>& needs) {
@@ -189,7 +220,7 @@ void ListTable::scrollTo(const QModelIndex& index, ScrollHint hint) {
     if (column == model()->columnCount()) return;
     shown = index.siblingAtColumn(column);
   }
-  QTableView::scrollTo(shown, hint);
+  ScrollTo(shown, hint);
 }
 
 void ListTable::currentChanged(const QModelIndex& current, const QModelIndex& previous) {

@@ -205,6 +205,51 @@ TEST_F(Lists, NoColumnLeavesUnderTheMouseAndNoneThatHasAWidthOfItsOwn) {
   EXPECT_TRUE(table_.isColumnHidden(2));
 }
 
+TEST_F(Lists, WhatStaysWhileAColumnIsDraggedStaysWhenTheWindowIsResized) {
+  const auto resized = [this](int width) {
+    table_.resize(width, 200);
+    QStringList hidden;
+    for (int column = 0; column < model_.columnCount(); ++column) {
+      if (table_.isColumnHidden(column)) hidden.append(QString::number(column));
+    }
+    return hidden.join(u' ').toStdString();
+  };
+  model_.setColumnCount(4);
+  // A text, one that may leave, and figures that give way last.
+  table_.SetColumns({{100, 1, 60}, {100, 0, 100, 1}, {100, 0, 60, 0, true}, {100, 0, 60, 0, true}});
+  table_.resize(420, 200);
+  table_.setColumnWidth(0, 200);
+  EXPECT_EQ(resized(421), "") << "the figures gave nothing that they would want back";
+  // One that has a width of its own makes room for another and keeps what is left.
+  table_.SetColumns({{100, 0, 60}, {100, 0, 100, 1}, {100, 0, 60}});
+  model_.setColumnCount(3);
+  table_.SetWidths(QStringLiteral("100|0|220"));
+  table_.resize(420, 200);
+  table_.setColumnWidth(0, 200);
+  EXPECT_EQ(resized(421), "");
+  EXPECT_EQ(table_.columnWidth(0), 200);
+  // Names are cut no shorter than they are kept.
+  table_.SetColumns({{100, 0, 60}, {160, 1, 120, 0, false, 40}, {100, 0, 100, 1}});
+  table_.resize(360, 200);
+  table_.setColumnWidth(0, 180);
+  EXPECT_EQ(resized(361), "");
+}
+
+TEST_F(Lists, AColumnThatIsAskedForLeavesNoMore) {
+  model_.setColumnCount(4);
+  table_.SetColumns({{100, 1, 60}, {100, 0, 100, 1}, {100, 0, 100, 2}, {100, 0, 100}});
+  table_.resize(290, 200);
+  ASSERT_TRUE(table_.isColumnHidden(1) && !table_.isColumnHidden(2));
+  table_.LeaveOut(1, false);
+  EXPECT_FALSE(table_.isColumnHidden(1));
+  EXPECT_TRUE(table_.isColumnHidden(2)) << "the next one makes room for it";
+  const QString kept = table_.Widths();
+  table_.SetWidths({});
+  EXPECT_TRUE(table_.isColumnHidden(1));
+  table_.SetWidths(kept);
+  EXPECT_FALSE(table_.isColumnHidden(1)) << "it is found again so";
+}
+
 TEST_F(Lists, TheFirstColumnThatIsShownHasTheMarginOfTheList) {
   const QHeaderView& head = *table_.horizontalHeader();
   constexpr QRect kCell(0, 0, 100, 20);
@@ -261,6 +306,24 @@ TEST(Columns, AnIndispensableTextGivesWayFurtherWithTheFigures) {
   EXPECT_EQ(FitColumns(columns, 199), (Widths{109, 0, 90})) << "the optional one leaves before";
   EXPECT_EQ(FitColumns(columns, 160), (Widths{70, 0, 90}));
   EXPECT_EQ(FitColumns(columns, 110), (Widths{30, 0, 80}));
+}
+
+TEST(Columns, AVeryWideListKeepsItsFiguresNearTheirNames) {
+  const std::vector<ColumnNeed> columns = {{100, 1, 70}, {100, 0, 100}, {200, 0, 200}};
+  using Widths = std::vector<int>;
+  EXPECT_EQ(FitColumns(columns, 800), (Widths{500, 100, 200}));
+  EXPECT_EQ(FitColumns(columns, 1600), (Widths{500, 500, 600}));
+}
+
+TEST(Columns, NamesCanBeReadWhereTheFiguresScroll) {
+  std::vector<ColumnNeed> columns = {{100, 3, 70}, {90, 2, 80}, {90, 0, 90}, {90, 0, 90}};
+  columns[0].least = columns[1].least = 40;
+  using Widths = std::vector<int>;
+  EXPECT_EQ(FitColumns(columns, 260), (Widths{40, 40, 90, 90}));
+  EXPECT_EQ(FitColumns(columns, 259), (Widths{70, 80, 90, 90})) << "it is wider anyway";
+  columns.insert(columns.end(), 6, {90, 0, 90});
+  EXPECT_EQ(FitColumns(columns, 540), (Widths{100, 80, 90, 90, 90, 90, 90, 90, 90, 90}));
+  EXPECT_EQ(FitColumns(columns, 600), (Widths{100, 90, 90, 90, 90, 90, 90, 90, 90, 90}));
 }
 
 TEST(Columns, FiguresLeaveTogetherAndAfterAllOthers) {

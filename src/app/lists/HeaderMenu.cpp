@@ -1,5 +1,6 @@
 #include "app/lists/HeaderMenu.h"
 
+#include "controls/ListHeader.h"
 #include "controls/SortedTable.h"
 
 #include <QAction>
@@ -41,16 +42,18 @@ void HeaderMenu::AddTicks(QMenu& menu) {
   QMenu* columns = menu.addMenu(tr("&Columns"));
   columns->setObjectName(QStringLiteral("mnuColumns"));
   for (int column = 0; column < table_.model()->columnCount(); ++column) {
+    if (!table_.IsOffered(column)) continue;
     QAction* tick = columns->addAction(Title(table_, column));
     tick->setCheckable(true);
-    tick->setChecked(!table_.IsLeftOut(column));
+    // One that there is no room for can be asked for.
+    tick->setChecked(!table_.isColumnHidden(column));
     connect(tick, &QAction::toggled, &table_,
             [this, column](bool isShown) { table_.LeaveOut(column, !isShown); });
   }
 }
 
 void HeaderMenu::Show(QPoint place) {
-  const int column = table_.horizontalHeader()->logicalIndexAt(place);
+  const int column = table_.Head().ColumnAt(place);
   auto* menu = new QMenu(&table_);
   menu->setObjectName(QStringLiteral("mnuHeader"));
   menu->setAttribute(Qt::WA_DeleteOnClose);

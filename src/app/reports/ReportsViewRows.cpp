@@ -118,6 +118,8 @@ void ReportsView::FitColumns(const std::vector<ListColumn>& columns) {
                       arePicked_ ? 0 : column.leaves, false, least});
   }
   table_->SetColumns(std::move(wishes));
+  // A sub-category is no name without its category.
+  table_->SetNames(columns.size() > 1 && columns[1].title == QLatin1String("Sub Category") ? 2 : 1);
   table_->SetWidths(byHand);
 }
 
