@@ -1,6 +1,7 @@
 #include "app/FrmMain.h"
 #include "app/WindowTest.h"
 #include "app/register/RegisterModel.h"
+#include "app/tree/AccountTree.h"
 #include "controls/ListTable.h"
 #include "controls/ucCalendar.h"
 #include "support/DragMouse.h"
@@ -179,6 +180,30 @@ TEST_F(MainWindow, IsFoundAgainAsItWasLeft) {
   EXPECT_EQ(window_->Shown(), (ViewCommand{kTransactionShow, 2}));
   EXPECT_EQ(Find<ListTable>("lvbank").Widths().split(u'|').value(1), "122");
   EXPECT_EQ(Find<QSplitter>("spColumns").sizes(), columns);
+}
+
+TEST_F(MainWindow, TheAccountsHaveRoomForTheirNamesUntilTheEdgeIsMoved) {
+  OpenPurse();
+  ShowWindow();
+  window_->resize(1366, 740);
+  QCoreApplication::processEvents();
+  const auto left = [this] { return Find<QSplitter>("spColumns").sizes().front(); };
+  const int narrow = left();
+  Run("UPDATE tblAccounts SET [Account] = 'Savings for the Holidays by the Sea'");
+  window_->Reload();
+  QCoreApplication::processEvents();
+  EXPECT_GT(left(), narrow);
+  EXPECT_GE(left(), Find<AccountTree>("tvAccounts").WantedWidth());
+  Run("UPDATE tblAccounts SET [Account] = '" + std::string(100, 'M') + "'");
+  window_->Reload();
+  QCoreApplication::processEvents();
+  EXPECT_LT(left(), 1366 / 3) << "the view keeps its own";
+  DragMouse(*Find<QSplitter>("spColumns").handle(1), {0, 50}, {-90, 50});
+  const int own = left();
+  window_->Reload();
+  window_->resize(1400, 740);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(left(), own);
 }
 
 TEST_F(MainWindow, SettingsThatMakeNoSenseDoNotKeepItFromStarting) {
