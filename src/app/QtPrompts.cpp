@@ -96,11 +96,11 @@ std::optional<std::size_t> QtPrompts::Choose(const std::string& title, const std
 }
 
 std::optional<std::string> QtPrompts::AskText(const std::string& title, const std::string& text,
-                                              bool secret) {
+                                              bool secret, const std::string& typed) {
   bool accepted = false;
-  const QString answer =
-      QInputDialog::getText(Parent(), ToQt(title), ToQt(text),
-                            secret ? QLineEdit::Password : QLineEdit::Normal, {}, &accepted);
+  const QString answer = QInputDialog::getText(Parent(), ToQt(title), ToQt(text),
+                                               secret ? QLineEdit::Password : QLineEdit::Normal,
+                                               ToQt(typed), &accepted);
   if (!accepted) return std::nullopt;
   return FromQt(answer);
 }

@@ -26,7 +26,8 @@ class QtPrompts : public Prompts {
   [[nodiscard]] std::optional<std::size_t> Choose(const std::string& title, const std::string& text,
                                                   const std::vector<std::string>& answers) override;
   [[nodiscard]] std::optional<std::string> AskText(const std::string& title,
-                                                   const std::string& text, bool secret) override;
+                                                   const std::string& text, bool secret,
+                                                   const std::string& typed) override;
   [[nodiscard]] std::optional<std::string> OpenFile(const FileQuestion& question) override;
   [[nodiscard]] std::optional<std::string> SaveFile(const FileQuestion& question) override;
 

@@ -55,7 +55,8 @@ std::optional<std::size_t> ConsolePrompts::Choose(const std::string& title, cons
 }
 
 std::optional<std::string> ConsolePrompts::AskText(const std::string& title,
-                                                   const std::string& text, bool secret) {
+                                                   const std::string& text, bool secret,
+                                                   const std::string& /*typed*/) {
   if (!secret) Refuse(title, text);
   if (answers_.secretDescriptor >= 0) return ReadSecretLine(answers_.secretDescriptor);
   if (::isatty(STDIN_FILENO) == 0) Refuse(title, text);

@@ -43,7 +43,8 @@ class ConsolePrompts : public Prompts {
   // Secrets are typed at the terminal, unseen, or come from the descriptor; nullopt at its end. A
   // signal that ends or stops the program while one is typed leaves the terminal as it was.
   [[nodiscard]] std::optional<std::string> AskText(const std::string& title,
-                                                   const std::string& text, bool secret) override;
+                                                   const std::string& text, bool secret,
+                                                   const std::string& typed) override;
   [[nodiscard]] std::optional<std::string> OpenFile(const FileQuestion& question) override;
   [[nodiscard]] std::optional<std::string> SaveFile(const FileQuestion& question) override;
 

@@ -31,9 +31,11 @@ class Prompts {
       const std::string& title, const std::string& text,
       const std::vector<std::string>& answers) = 0;
   // A line of text; nullopt when the person cancels. A secret is not shown while it is typed.
+  // `typed` stands in the line at first: what was typed and could not be taken is not lost.
   [[nodiscard]] virtual std::optional<std::string> AskText(const std::string& title,
                                                            const std::string& text,
-                                                           bool secret = false) = 0;
+                                                           bool secret = false,
+                                                           const std::string& typed = {}) = 0;
   // A file that exists, or a path to write to (an existing one has been confirmed); nullopt when
   // the person cancels.
   [[nodiscard]] virtual std::optional<std::string> OpenFile(const FileQuestion& question) = 0;

@@ -50,7 +50,8 @@ class DecliningPrompts : public Prompts {
     ++count;
     return std::nullopt;
   }
-  std::optional<std::string> AskText(const std::string&, const std::string&, bool) override {
+  std::optional<std::string> AskText(const std::string&, const std::string&, bool,
+                                     const std::string&) override {
     ++count;
     return std::nullopt;
   }

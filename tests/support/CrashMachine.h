@@ -28,7 +28,8 @@ class DeafPrompts : public Prompts {
     told.push_back(text);
     return std::nullopt;
   }
-  std::optional<std::string> AskText(const std::string&, const std::string&, bool) override {
+  std::optional<std::string> AskText(const std::string&, const std::string&, bool,
+                                     const std::string&) override {
     return std::nullopt;
   }
   std::optional<std::string> OpenFile(const FileQuestion&) override { return std::nullopt; }

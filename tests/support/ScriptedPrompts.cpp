@@ -76,30 +76,31 @@ ScriptedPrompts::Expectation ScriptedPrompts::Meet(Record record) {
 }
 
 void ScriptedPrompts::Tell(const std::string& title, const std::string& text, Icon icon) {
-  Meet({Kind::Tell, title, text, icon, {}, {}});
+  Meet({Kind::Tell, title, text, icon, {}, {}, {}});
 }
 
 bool ScriptedPrompts::Ask(const std::string& title, const std::string& text, Icon icon) {
-  return Meet({Kind::Ask, title, text, icon, {}, {}}).yes;
+  return Meet({Kind::Ask, title, text, icon, {}, {}, {}}).yes;
 }
 
 std::optional<std::size_t> ScriptedPrompts::Choose(const std::string& title,
                                                    const std::string& text,
                                                    const std::vector<std::string>& answers) {
-  return Meet({Kind::Choose, title, text, Icon::Question, answers, {}}).choice;
+  return Meet({Kind::Choose, title, text, Icon::Question, answers, {}, {}}).choice;
 }
 
 std::optional<std::string> ScriptedPrompts::AskText(const std::string& title,
-                                                    const std::string& text, bool) {
-  return Meet({Kind::AskText, title, text, Icon::Question, {}, {}}).typed;
+                                                    const std::string& text, bool,
+                                                    const std::string& typed) {
+  return Meet({Kind::AskText, title, text, Icon::Question, {}, {}, typed}).typed;
 }
 
 std::optional<std::string> ScriptedPrompts::OpenFile(const FileQuestion& question) {
-  return Meet({Kind::OpenFile, question.title, {}, Icon::Question, {}, question}).typed;
+  return Meet({Kind::OpenFile, question.title, {}, Icon::Question, {}, question, {}}).typed;
 }
 
 std::optional<std::string> ScriptedPrompts::SaveFile(const FileQuestion& question) {
-  return Meet({Kind::SaveFile, question.title, {}, Icon::Question, {}, question}).typed;
+  return Meet({Kind::SaveFile, question.title, {}, Icon::Question, {}, question, {}}).typed;
 }
 
 }  // namespace corvanta

@@ -22,6 +22,7 @@ class ScriptedPrompts : public Prompts {
     Icon icon = Icon::Information;
     std::vector<std::string> answers;  // of Choose
     FileQuestion file;                 // of OpenFile and SaveFile
+    std::string typed;                 // of AskText: what stands there at first
   };
 
   ScriptedPrompts() = default;
@@ -48,8 +49,8 @@ class ScriptedPrompts : public Prompts {
   [[nodiscard]] std::optional<std::size_t> Choose(const std::string& title, const std::string& text,
                                                   const std::vector<std::string>& answers) override;
   [[nodiscard]] std::optional<std::string> AskText(const std::string& title,
-                                                   const std::string& text,
-                                                   bool secret = false) override;
+                                                   const std::string& text, bool secret = false,
+                                                   const std::string& typed = {}) override;
   [[nodiscard]] std::optional<std::string> OpenFile(const FileQuestion& question) override;
   [[nodiscard]] std::optional<std::string> SaveFile(const FileQuestion& question) override;
 

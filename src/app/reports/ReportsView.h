@@ -131,6 +131,8 @@ class ReportsView : public QWidget, public MainView {
   void OpenSaved(const std::string& name);
   void Open(const ReadDefinition& read);
   void SaveReport();
+  // False where the name is another report's, which the person keeps.
+  [[nodiscard]] bool SaveUnder(const std::string& name);
   // What was chosen that a saved report has no place for.
   [[nodiscard]] QStringList NotSaved() const;
 

@@ -71,12 +71,22 @@ void ReportsView::Open(const ReadDefinition& read) {
 }
 
 void ReportsView::SaveReport() {
-  const auto typed = place_.platform.prompts.AskText("Save Custom Report", "Name of the report:");
-  if (!typed) return;
-  const std::string name(Trim(*typed));
-  if (const auto warning = ReportEditor::CheckName(name)) {
-    return place_.platform.prompts.Tell(warning->title, warning->text);
+  Prompts& prompts = place_.platform.prompts;
+  std::string name;
+  for (;;) {
+    const auto typed = prompts.AskText("Save Custom Report", "Name of the report:", false, name);
+    if (!typed) return;
+    name = Trim(*typed);
+    const auto warning = ReportEditor::CheckName(name);
+    if (warning) {
+      prompts.Tell(warning->title, warning->text);
+    } else if (SaveUnder(name)) {
+      return;
+    }
   }
+}
+
+bool ReportsView::SaveUnder(const std::string& name) {
   // With what names nothing that is left, or it would be of everything.
   ReportDefinition definition =
       MakeDefinition(name, request_, ShownColumns(), place_.session.Ledger().Store());
@@ -85,7 +95,7 @@ void ReportsView::SaveReport() {
     if (place) definition.widths[column] = table_->columnWidth(static_cast<int>(*place));
   }
   ReportEditor editor(place_.platform.registry, place_.platform.prompts);
-  if (!editor.Save(definition, state_.definition)) return;
+  if (!editor.Save(definition, state_.definition)) return false;
   const QStringList lost = NotSaved();
   state_.definition = name;
   place_.host.ApplyFilter();
@@ -94,6 +104,7 @@ void ReportsView::SaveReport() {
       lost.isEmpty()
           ? saved
           : tr("%1. A saved report does not keep: %2").arg(saved, lost.join(QStringLiteral(", "))));
+  return true;
 }
 
 QStringList ReportsView::NotSaved() const {

@@ -65,17 +65,27 @@ bool ucSavedMappings::MayReplace(const std::string& name) {
 
 void ucSavedMappings::SaveAs() {
   RunCommand(prompts_, [this] {
-    const auto name = prompts_.AskText(title_, "Name of the mapping:");
-    if (!name || !MayReplace(*name)) return;
-    if (const auto warning = save_(*name)) {
-      prompts_.Tell(warning->title, warning->text);
-      if (auto* field = window()->findChild<QWidget*>(ToQt(warning->field))) field->setFocus();
-      return;
+    std::string name;
+    for (;;) {
+      const auto typed = prompts_.AskText(title_, "Name of the mapping:", false, name);
+      if (!typed) return;
+      name = *typed;
+      if (MayReplace(name) && SaveUnder(name)) return;
     }
-    const QString saved = ToQt(*name).trimmed();
-    ShowNames(FromQt(saved));
-    Q_EMIT Noted(tr("The mapping “%1” was saved.").arg(saved));
   });
+}
+
+bool ucSavedMappings::SaveUnder(const std::string& name) {
+  if (const auto warning = save_(name)) {
+    prompts_.Tell(warning->title, warning->text);
+    if (warning->field == "cmbMapping") return false;
+    if (auto* field = window()->findChild<QWidget*>(ToQt(warning->field))) field->setFocus();
+    return true;
+  }
+  const QString saved = ToQt(name).trimmed();
+  ShowNames(FromQt(saved));
+  Q_EMIT Noted(tr("The mapping “%1” was saved.").arg(saved));
+  return true;
 }
 
 void ucSavedMappings::Delete() {

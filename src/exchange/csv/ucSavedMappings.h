@@ -48,6 +48,8 @@ class ucSavedMappings : public QWidget {
   void Delete();
   // Whether there is none of that name, or the person lets it go.
   [[nodiscard]] bool MayReplace(const std::string& name);
+  // False where the name will not do; what else is wrong is told and shown.
+  [[nodiscard]] bool SaveUnder(const std::string& name);
 
   SavedMappings& mappings_;
   Prompts& prompts_;

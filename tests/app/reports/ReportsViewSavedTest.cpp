@@ -85,6 +85,30 @@ TEST_F(ReportsViewTest, ASavedReportOfWhatIsGoneSaysSoAndShowsNoOtherRows) {
   EXPECT_EQ(Rows(), 3) << "the report itself is of all";
 }
 
+TEST_F(ReportsViewTest, ANameThatCannotBeTakenIsNotLost) {
+  Start();
+  Trigger("mnuReport7");
+  const auto expectName = [this](std::optional<std::string> name) {
+    machine_.prompts.ExpectText("Save Custom Report", "Name of the report:", std::move(name));
+  };
+  expectName("Mine");
+  Trigger("mnuReportSave");
+  Trigger("mnuReport5");
+  const std::string tooLong(101, 'x');
+  expectName(tooLong);
+  machine_.prompts.ExpectTell("Save Warning", ScriptedPrompts::kAnyText);
+  expectName("mine");
+  machine_.prompts.ExpectAsk("Save Custom Report", ScriptedPrompts::kAnyText, false);
+  expectName(std::nullopt);
+  Trigger("mnuReportSave");
+  std::vector<std::string> stood;
+  for (const auto& shown : machine_.prompts.Shown()) {
+    if (shown.kind == ScriptedPrompts::Kind::AskText) stood.push_back(shown.typed);
+  }
+  EXPECT_EQ(stood, (std::vector<std::string>{"", "", tooLong, "mine"}));
+  EXPECT_EQ(ReportDefinitions(machine_.registry).Find("Mine")->definition.report, 7);
+}
+
 TEST_F(ReportsViewTest, ASavedReportBringsItsOtherChoicesAndNoneOfAnotherOne) {
   Start();
   ViewCommand compared{kReportSelected};
