@@ -1,9 +1,12 @@
+#include "platform/FileHandle.h"
 #include "platform/Files.h"
 #include "store/datafile/WriterLock.h"
 #include "store/sql/StoreError.h"
 #include "support/TemporaryFolder.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -12,9 +15,12 @@
 #include <chrono>
 #include <csignal>
 #include <filesystem>
+#include <functional>
 
 namespace corvanta {
 namespace {
+
+constexpr unsigned kPerson = 65534;  // nobody
 
 StoreErrorCode RefusalOf(const std::string& path, std::string* text = nullptr) {
   try {
@@ -86,14 +92,21 @@ TEST(Lock, DiesWithItsHolder) {
 
 TEST(Lock, ExcludesEachOfManyThatComeAndGo) {
   const TemporaryFolder folder;
+  ::chmod(folder.Path().c_str(), 0777);
   const std::string path = folder.Write("home.dat", "");
+  ::chmod(path.c_str(), 0666);
+  const std::string lockPath = folder.Path(".home.dat.lock");
   const std::string marker = folder.Path("inside");
   constexpr int kWriters = 4;
   for (int writer = 0; writer < kWriters; ++writer) {
     if (::fork() != 0) continue;
+    if (::geteuid() == 0 && ::setuid(kPerson) != 0) ::_exit(3);
     for (int round = 0; round < 300; ++round) {
+      // One that another user's killed program has left comes between.
+      const FileHandle left(::open(lockPath.c_str(), O_CREAT | O_EXCL | O_RDONLY, 0444));
       try {
         const auto lock = WriterLock::Acquire(path, "a writer");
+        if (round % 3 == 0) ::chmod(lockPath.c_str(), 0444);
         // Made by one that has the lock, gone before it lets go: nobody else may see it.
         if (::mkdir(marker.c_str(), 0700) != 0) ::_exit(1);
         ::rmdir(marker.c_str());
@@ -107,6 +120,82 @@ TEST(Lock, ExcludesEachOfManyThatComeAndGo) {
     int status = 0;
     ::wait(&status);
     EXPECT_EQ(WEXITSTATUS(status), 0);
+  }
+}
+
+// Runs as a person who is no administrator, in a process of its own, and returns its answer. Some
+// tests are run by the administrator, who may do all and so shows nothing.
+int AsAPerson(const std::function<int()>& work) {
+  const pid_t child = ::fork();
+  if (child == 0) {
+    const bool isPerson = ::geteuid() != 0 || (::setgid(kPerson) == 0 && ::setuid(kPerson) == 0);
+    ::_exit(isPerson ? work() : 99);
+  }
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return WIFEXITED(status) ? WEXITSTATUS(status) : 98;
+}
+
+struct Shared {
+  Shared() {
+    ::chmod(folder.Path().c_str(), 0777);
+    ::chmod(path.c_str(), 0666);
+  }
+  // What a killed program of another user leaves, which may be read at most.
+  void Leave(mode_t mode) const {
+    folder.Write(".home.dat.lock", "a program that crashed\n1\n");
+    ::chmod(lock.c_str(), mode);
+  }
+
+  TemporaryFolder folder;
+  std::string path = folder.Write("home.dat", "");
+  std::string lock = folder.Path(".home.dat.lock");
+};
+
+TEST(Lock, WhatAnotherUsersProgramLeftBarsNobody) {
+  const Shared shared;
+  shared.Leave(0444);
+  EXPECT_EQ(AsAPerson([&] {
+              const auto held = WriterLock::Acquire(shared.path, "a person");
+              std::string text;
+              const bool isHeld = RefusalOf(shared.path, &text) == StoreErrorCode::Locked;
+              return isHeld && text.find("in use by a person (") != std::string::npos ? 0 : 1;
+            }),
+            0);
+  EXPECT_FALSE(FileExists(shared.lock));
+  // While it is held it is as good as any.
+  shared.Leave(0444);
+  const FileHandle holder(::open(shared.lock.c_str(), O_RDONLY | O_CLOEXEC));
+  ASSERT_EQ(::flock(holder.Get(), LOCK_EX), 0);
+  EXPECT_EQ(AsAPerson([&] { return RefusalOf(shared.path) == StoreErrorCode::Locked ? 0 : 1; }), 0);
+}
+
+TEST(Lock, OneThatCannotBeReadIsNamed) {
+  const Shared shared;
+  shared.Leave(0000);
+  EXPECT_EQ(
+      AsAPerson([&] {
+        std::string text;
+        const bool isLocked = RefusalOf(shared.path, &text) == StoreErrorCode::Locked;
+        return isLocked && text.find("remove the file " + shared.lock) != std::string::npos ? 0 : 1;
+      }),
+      0);
+}
+
+TEST(Lock, WhoMayWriteTheDataFileMayLockIt) {
+  const TemporaryFolder folder;
+  const std::string path = folder.Write("home.dat", "");
+  for (const mode_t mode : {0600, 0660, 0640, 0666}) {
+    ::chmod(path.c_str(), mode);
+    const bool isGiven = ::geteuid() == 0 && ::chown(path.c_str(), kPerson, kPerson) == 0;
+    const auto lock = WriterLock::Acquire(path, "a test");
+    struct stat status {};
+    ASSERT_EQ(::stat(folder.Path(".home.dat.lock").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0222U, mode & 0222U);
+    if (isGiven) {
+      EXPECT_EQ(status.st_uid, kPerson);
+      EXPECT_EQ(status.st_gid, kPerson);
+    }
   }
 }
 

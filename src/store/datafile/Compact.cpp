@@ -23,8 +23,8 @@ namespace {
 // where the source is read-only.
 void MakeEmpty(const DataSource& source, const DataSource& target) {
   struct stat status {};
-  const mode_t mode =
-      stat(source.path.c_str(), &status) == 0 ? (status.st_mode & 0777) | 0600 : 0600;
+  const bool isKnown = stat(source.path.c_str(), &status) == 0;
+  const mode_t mode = isKnown ? (status.st_mode & 0777) | 0600 : 0600;
   const int descriptor = open(target.path.c_str(), O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, mode);
   if (descriptor < 0 && (errno == ENOSPC || errno == EDQUOT)) {
     throw ErrorOf(nullptr, SQLITE_FULL, {}, target.path);
@@ -35,6 +35,9 @@ void MakeEmpty(const DataSource& source, const DataSource& target) {
                          std::string(std::strerror(errno)) + ").",
                      {}, source.path);
   }
+  // An administrator's copy of somebody's file stays that person's. Anybody else may not give files
+  // away, and keeps what he made.
+  if (isKnown && fchown(descriptor, status.st_uid, status.st_gid) != 0) errno = 0;
   close(descriptor);
 }
 

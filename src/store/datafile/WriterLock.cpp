@@ -21,14 +21,6 @@
 namespace corvanta::inline datafile {
 namespace {
 
-// Beside the data file itself, wherever a link to it stands: two names of one file share one lock.
-std::string LockPath(const std::string& dataFilePath) {
-  std::error_code ignored;
-  std::filesystem::path file = std::filesystem::weakly_canonical(dataFilePath, ignored);
-  if (file.empty()) file = dataFilePath;
-  return (file.parent_path() / ("." + file.filename().string() + ".lock")).string();
-}
-
 std::string HostName() {
   std::array<char, 256> name{};
   if (::gethostname(name.data(), name.size() - 1) != 0) return {};
@@ -88,11 +80,64 @@ void WriteHolder(int descriptor, const std::string& holder) {
   [[maybe_unused]] const int emptied = ::ftruncate(descriptor, 0);
 }
 
+// Who may write the data file may lock it, also where another user has left the file behind. To
+// lock it, reading it is enough: it is opened to all where its owner cannot be the data file's.
+// `model` is what may be written: the data file, or the folder where there is none yet.
+void ShareWithWriters(int descriptor, const std::string& model) {
+  struct stat own {};
+  struct stat other {};
+  if (::fstat(descriptor, &own) != 0 || ::stat(model.c_str(), &other) != 0) return;
+  constexpr uid_t kSame = static_cast<uid_t>(-1);
+  const bool isOwner = own.st_uid == other.st_uid || ::fchown(descriptor, other.st_uid, kSame) == 0;
+  const bool isGroup = own.st_gid == other.st_gid || ::fchown(descriptor, kSame, other.st_gid) == 0;
+  mode_t mode = S_IRUSR | S_IWUSR;
+  if ((other.st_mode & S_IWGRP) != 0) mode |= isGroup ? S_IRGRP | S_IWGRP : S_IRGRP | S_IROTH;
+  if ((other.st_mode & S_IWOTH) != 0) mode |= S_IRGRP | S_IROTH | S_IWOTH;
+  if (!isOwner) mode |= S_IRGRP | S_IROTH;
+  // Where the file system knows no such rights, the file is as it came.
+  [[maybe_unused]] const int isShared = ::fchmod(descriptor, mode);
+}
+
+struct LockFile {
+  FileHandle file;
+  bool isReadOnly = false;  // another user's, and to be locked, not written
+  int error = 0;            // why it is not open
+};
+
+LockFile OpenLockFile(const std::string& path, const std::string& model) {
+  constexpr int kFlags = O_CLOEXEC | O_NOFOLLOW;
+  for (;;) {
+    // Without O_CREAT, with which some folders open no file of another user.
+    LockFile lock{FileHandle(::open(path.c_str(), O_RDWR | kFlags))};
+    if (!lock.file.IsOpen() && errno == EACCES) {
+      lock = {FileHandle(::open(path.c_str(), O_RDONLY | kFlags)), true};
+    }
+    if (!lock.file.IsOpen() && errno == ENOENT) {
+      lock = {FileHandle(::open(path.c_str(), O_RDWR | O_CREAT | O_EXCL | kFlags, 0600))};
+      if (lock.file.IsOpen()) ShareWithWriters(lock.file.Get(), model);
+      if (!lock.file.IsOpen() && errno == EEXIST) continue;
+    }
+    if (!lock.file.IsOpen()) lock.error = errno;
+    return lock;
+  }
+}
+
 std::string Refusal(LockedName name, const std::string& holder) {
   if (name == LockedName::DataFile) {
     return "The data file is in use by " + holder + ".";
   }
   return "Another data file of this folder is being made or validated by " + holder + ".";
+}
+
+// A lock file that cannot even be read, as no program of now leaves it: whether somebody holds it
+// cannot be known.
+[[noreturn]] void ThrowOthers(LockedName name, const std::string& lockPath,
+                              const std::string& path) {
+  throw StoreError(
+      StoreErrorCode::Locked,
+      FailureText(StoreErrorCode::Locked, Refusal(name, "another user of this computer")) +
+          " Where nobody has it open, remove the file " + lockPath + " that was left behind.",
+      {}, path);
 }
 
 // The wait for a lock, in short pauses. What counts is the time that was waited through, so that
@@ -122,6 +167,13 @@ class Turn {
 
 }  // namespace
 
+std::string WriterLock::PathOf(const std::string& dataFile) {
+  std::error_code ignored;
+  std::filesystem::path file = std::filesystem::weakly_canonical(dataFile, ignored);
+  if (file.empty()) file = dataFile;
+  return (file.parent_path() / ("." + file.filename().string() + ".lock")).string();
+}
+
 std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const Writer& writer,
                                                 LockedName name) {
   if (name == LockedName::DataFile && IsReadOnly(path)) {
@@ -130,31 +182,34 @@ std::unique_ptr<WriterLock> WriterLock::Acquire(const std::string& path, const W
         path + "\n" + FailureText(StoreErrorCode::ReadOnly, "This data file is read-only."), {},
         path);
   }
-  const std::string lockPath = LockPath(path);
+  const std::string lockPath = PathOf(path);
+  const std::string folder = std::filesystem::path(lockPath).parent_path().string();
+  const bool isOfFile = name == LockedName::DataFile && FileExists(path);
   Turn turn(writer.patience);
   for (;;) {
-    FileHandle file(::open(lockPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600));
-    if (!file.IsOpen()) {
-      const int error = errno;
-      // The folder can be written by several people, and one of them is writing.
-      const bool isOthers = error == EACCES && ::access(lockPath.c_str(), F_OK) == 0;
-      if (!isOthers) ThrowOpenError(error, path);
-      throw StoreError(
-          StoreErrorCode::Locked,
-          FailureText(StoreErrorCode::Locked, Refusal(name, "another user of this computer")), {},
-          path);
+    LockFile lock = OpenLockFile(lockPath, isOfFile ? path : folder);
+    if (lock.error != 0) {
+      const bool isOthers = lock.error == EACCES && ::access(lockPath.c_str(), F_OK) == 0;
+      if (!isOthers) ThrowOpenError(lock.error, path);
+      if (turn.Wait()) continue;
+      ThrowOthers(name, lockPath, path);
     }
-    if (::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+    const int descriptor = lock.file.Get();
+    if (::flock(descriptor, LOCK_EX | LOCK_NB) != 0) {
       if (errno == EINTR) continue;
+      if (errno == EBADF && lock.isReadOnly) ThrowOthers(name, lockPath, path);
       if (errno != EWOULDBLOCK) ThrowOpenError(errno, path);
       if (turn.Wait()) continue;
       throw StoreError(StoreErrorCode::Locked,
-                       FailureText(StoreErrorCode::Locked, Refusal(name, ReadHolder(file.Get()))),
+                       FailureText(StoreErrorCode::Locked, Refusal(name, ReadHolder(descriptor))),
                        {}, path);
     }
-    if (!IsStillNamed(file.Get(), lockPath)) continue;
-    WriteHolder(file.Get(), writer.name);
-    return std::unique_ptr<WriterLock>(new WriterLock(lockPath, std::move(file)));
+    if (!IsStillNamed(descriptor, lockPath)) continue;
+    // Left behind by a killed program of another user. Whoever holds it may remove it, and makes
+    // one that bears a name; where the folder forbids that, it is as good without.
+    if (lock.isReadOnly && ::unlink(lockPath.c_str()) == 0) continue;
+    if (!lock.isReadOnly) WriteHolder(descriptor, writer.name);
+    return std::unique_ptr<WriterLock>(new WriterLock(lockPath, std::move(lock.file)));
   }
 }
 

@@ -36,6 +36,9 @@ class WriterLock {
                                              LockedName name = LockedName::DataFile);
   // The same without waiting.
   static std::unique_ptr<WriterLock> Acquire(const std::string& path, const std::string& holder);
+  // The name of the locked file: beside the data file itself, wherever a link to it stands, so that
+  // two names of one file share one lock.
+  [[nodiscard]] static std::string PathOf(const std::string& dataFile);
   ~WriterLock();
   WriterLock(const WriterLock&) = delete;
   WriterLock& operator=(const WriterLock&) = delete;
