@@ -63,7 +63,9 @@ ExitStatus KeyCommand::Use(Session& session) const {
   const DataFile file =
       session.Opener().UseKey(file_, [&](Connection& opened) { return session.Admits(opened); });
   if (!file.connection) return ExitStatus::Refused;
-  session.Tell(kTitle, "The data file now opens on this installation: " + file.connection->Path());
+  session.Tell(kTitle, (file.isRenewed ? "The data file now opens on this installation: "
+                                       : "The data file opens on this installation already: ") +
+                           file.connection->Path());
   return ExitStatus::Done;
 }
 

@@ -181,18 +181,23 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   const std::string oldPassword = KeyPassword(keyOrPath, location.Path());
   DataFile file;
   file.lock = WriterLock::Acquire(location.Path(), writer_);
-  if (!OpensWith(location.Path(), oldPassword, platform_)) {
+  // One that was killed at its end has done it all.
+  const std::optional<std::string> own = FindInstallationPassword(platform_);
+  const bool isOwn = own && OpensWith(location.Path(), *own, platform_);
+  if (!isOwn && !OpensWith(location.Path(), oldPassword, platform_)) {
     throw StoreError(StoreErrorCode::OtherInstallation,
                      "This key does not open the data file " + location.Path() +
                          ". The file is as it was. Use the key of the installation that wrote it.",
                      {}, location.Path());
   }
-  if (admits && !admits(*Connection::Open({location.Path(), oldPassword, {}}, platform_.clock))) {
+  const std::string& present = isOwn ? *own : oldPassword;
+  if (admits && !admits(*Connection::Open({location.Path(), present, {}}, platform_.clock))) {
     return {};
   }
   file.password = InstallationPassword(platform_);
-  if (oldPassword != file.password) {
-    RenewDataFile(location, {oldPassword, file.password, UpgradeFailure::Keep}, writer_, platform_);
+  file.isRenewed = present != file.password;
+  if (file.isRenewed) {
+    RenewDataFile(location, {present, file.password, UpgradeFailure::Keep}, writer_, platform_);
   }
   file.connection = OpenChecked(location.Path(), file.password, platform_);
   return file;
