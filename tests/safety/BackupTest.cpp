@@ -9,6 +9,8 @@
 #include "store/sql/StoreError.h"
 #include "support/LedgerProblems.h"
 
+#include <fstream>
+
 namespace corvanta {
 namespace {
 
@@ -218,6 +220,23 @@ TEST_F(Backups, ByCommandNothingElseIsWrittenOver) {
   EXPECT_EQ(ReadFile(letter), "Dear bank");
   const auto lock = WriterLock::Acquire(mine, "the Corvanta window");
   EXPECT_THROW(backup_.MakeAt(File(), mine, {}), StoreError) << "somebody works on it";
+}
+
+// A command on the backup was killed before its first change was on disk.
+TEST_F(Backups, AJournalBesideTheFormerOneBarsNoBackup) {
+  const std::string place = backup_.Make(File(), {}).path;
+  const std::string journal = place + "-journal";
+  const std::string mine = store_.platform.folder.Path("mine.dat");
+  backup_.MakeAt(File(), mine, {});
+  for (const std::string& path : {journal, mine + "-journal"}) {
+    std::ofstream(path) << std::string(8192, '\0');
+  }
+  SetToday(2026, 12, 1);
+  EXPECT_NO_THROW(backup_.Make(File(), {}));
+  EXPECT_FALSE(FileExists(journal));
+  EXPECT_EQ(backup_.Generations(File()).size(), 2U) << "the former one is known still";
+  EXPECT_NO_THROW(backup_.MakeAt(File(), mine, {}));
+  EXPECT_FALSE(FileExists(mine + "-journal"));
 }
 
 TEST_F(Backups, ATransferFileIsWrittenOnRequestAndNeverBesideTheFile) {

@@ -4,6 +4,7 @@
 #include "store/datafile/CreateDataFile.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/OpenDataFile.h"
+#include "store/datafile/opening/DraftFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/sql/StoreError.h"
 #include "support/DeafOpening.h"
@@ -12,6 +13,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace corvanta {
@@ -34,6 +36,15 @@ class Leftovers : public ::testing::Test {
     CompactDatabase({data, Password(), {}}, {In("Corvanta.000"), Password(), {}}, platform.clock,
                     platform.files, MarkOf(name));
     return ReadFile(In("Corvanta.000"));
+  }
+  using Names = std::vector<std::string>;
+  Names NamesIn(const std::string& folder) const {
+    Names names;
+    for (const auto& each : std::filesystem::directory_iterator(platform.folder.Path(folder))) {
+      names.push_back(each.path().filename().string());
+    }
+    std::ranges::sort(names);
+    return names;
   }
   std::int64_t Transactions(const std::string& path) {
     return Connection::Open({path, Password(), {}}, platform.clock)
@@ -155,6 +166,47 @@ TEST_F(Leftovers, ACopyWithoutItsDataFileIsNeverRemoved) {
   platform.prompts.ExpectTell("Open Data File", ScriptedPrompts::kAnyText);
   EXPECT_NE(At(In("second.dat")).CreateNew(true).connection, nullptr);
   EXPECT_EQ(ReadFile(In("Corvanta.000.old")), copy);
+}
+
+// What is left of compacting a neighbour that is there all the same is no more than a rest.
+TEST_F(Leftovers, ACopyOfANeighbourGoesWithoutAWord) {
+  EXPECT_NE(At(In("second.dat")).CreateNew(true).connection, nullptr);
+  const std::string second = ReadFile(In("second.dat"));
+  PutCopyOf("second.dat");
+  EXPECT_NE(At(data).Validate().connection, nullptr);
+  EXPECT_EQ(NamesIn("data"), (Names{"Corvanta.dat", "second.dat"}));
+  EXPECT_EQ(ReadFile(In("second.dat")), second);
+  // A folder of that name is no data file.
+  std::filesystem::create_directory(In("third.dat"));
+  const std::string copy = PutCopyOf("third.dat");
+  platform.prompts.ExpectTell("Open Data File", ScriptedPrompts::kAnyText);
+  EXPECT_NE(At(data).Validate().connection, nullptr);
+  EXPECT_EQ(ReadFile(In("Corvanta.000.old")), copy);
+}
+
+TEST_F(Leftovers, DraftsOfNamesThatAreNotUsedAgainGo) {
+  const auto put = [&](const std::string& name, const CopyMark& mark) {
+    CompactDatabase({data, Password(), {}}, {In(name), Password(), {}}, platform.clock,
+                    platform.files, mark);
+  };
+  put("gone.dat.new", DraftMark("gone.dat"));
+  put("gone.dat.new2", DraftMark("gone.dat"));
+  put("begun.dat.new", DraftMark("begun.dat"));
+  put("a copy.dat.new", {});
+  put("other.dat.new", DraftMark("another.dat"));
+  Put("void.dat.new", "");
+  Put("void.dat.new-journal", std::string(512, '\0'));
+  Put("empty.new", "");
+  Put("notes.new", "my own notes");
+  {
+    const auto isMaking = WriterLock::Acquire(In("begun.dat"), "a test");
+    EXPECT_NE(At(In("second.dat")).CreateNew(true).connection, nullptr);
+    EXPECT_EQ(NamesIn("data"),
+              (Names{".begun.dat.lock", "Corvanta.dat", "a copy.dat.new", "begun.dat.new",
+                     "empty.new", "notes.new", "other.dat.new", "second.dat"}));
+  }
+  EXPECT_NE(At(In("third.dat")).CreateNew(true).connection, nullptr);
+  EXPECT_FALSE(FileExists(In("begun.dat.new")));
 }
 
 TEST_F(Leftovers, AJournalWithNothingInItBarsNothing) {

@@ -84,17 +84,16 @@ void RequireFree(const std::string& path) {
 
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
                     Platform& platform, const Writer& writer) {
-  const CopyMark mark = MarkOf("new " + location.fileName);
-  const DataSource draft = DraftDataFile(location, mark, password, emptyFile, platform, writer);
+  const DataSource draft = DraftDataFile(location, password, emptyFile, platform, writer);
   InstallDraft(draft, location.Path(), platform);
 }
 
-DataSource DraftDataFile(const DataFileLocation& location, const CopyMark& mark,
-                         const std::string& password, bool emptyFile, Platform& platform,
-                         const Writer& writer) {
+DataSource DraftDataFile(const DataFileLocation& location, const std::string& password,
+                         bool emptyFile, Platform& platform, const Writer& writer) {
+  const CopyMark mark = DraftMark(location.fileName);
   const CompactionTarget target(location, writer);
   target.Clear(password, platform);
-  DataSource draft{FreeDraftPath(location, mark, password, platform), password, {}};
+  DataSource draft{FreeDraftPath(location, mark, password, writer, platform), password, {}};
   const DataSource compacted{target.Path(), password, {}};
   try {
     Build(draft, compacted, mark, emptyFile, platform);

@@ -21,10 +21,10 @@ namespace corvanta::inline datafile {
 void CreateDataFile(const DataFileLocation& location, const std::string& password, bool emptyFile,
                     Platform& platform, const Writer& writer = {});
 
-// The same up to where the file would get its own name: returns it as it stands beside that, with
-// the mark, so that more can be done to it before. What the program leaves behind when it is killed
-// is removed by the next draft with that mark.
-[[nodiscard]] DataSource DraftDataFile(const DataFileLocation& location, const CopyMark& mark,
+// The same up to where the file would get its own name: returns it as it stands beside that, so
+// that more can be done to it before. What the program leaves behind when it is killed is removed
+// by the next draft in that folder.
+[[nodiscard]] DataSource DraftDataFile(const DataFileLocation& location,
                                        const std::string& password, bool emptyFile,
                                        Platform& platform, const Writer& writer);
 // Gives a draft the name that it was made for, which must be free still; the draft is removed where

@@ -19,6 +19,8 @@ std::string WholePath(const std::string& path) {
   return whole.empty() ? path : whole.string();
 }
 
+}  // namespace
+
 std::optional<CopyMark> MarkIn(const std::string& path, const std::string& password) {
   if (!FileExists(path)) return std::nullopt;
   try {
@@ -28,8 +30,6 @@ std::optional<CopyMark> MarkIn(const std::string& path, const std::string& passw
     return std::nullopt;
   }
 }
-
-}  // namespace
 
 CopyMark BackupMark(const std::string& dataFile, DateTime made) {
   CopyMark mark = MarkOf("backup of " + WholePath(dataFile));

@@ -15,6 +15,9 @@ namespace corvanta::inline datafile {
 // When a backup with that mark was made.
 [[nodiscard]] DateTime BackupTime(const CopyMark& mark);
 
+// The mark that a file carries; nullopt where there is none that the password opens.
+[[nodiscard]] std::optional<CopyMark> MarkIn(const std::string& path, const std::string& password);
+
 // When the file was made, where it is a backup of this data file; nullopt for any other file, and
 // for what cannot be opened with the password.
 [[nodiscard]] std::optional<DateTime> ReadBackupTime(const std::string& path,

@@ -33,12 +33,16 @@ void RequireOther(const std::string& source, const std::string& place) {
 
 DataFileDraft::DataFileDraft(const DataSource& source, const std::string& place,
                              const CopyMark& mark, const Writer& writer, Platform& platform)
-    : platform_(platform), place_(place) {
+    : platform_(platform),
+      place_(place),
+      mark_(mark) {
   RequireOther(source.path, place);
   lock_ = WriterLock::Acquire(place, writer);
-  copy_ = {FreeDraftPath(LocationOf(place), mark, source.password, platform), source.password, {}};
+  SettleJournalQuietly({place, source.password, {}});
+  const DataFileLocation location = LocationOf(place);
+  copy_ = {FreeDraftPath(location, mark, source.password, writer, platform), source.password, {}};
   try {
-    CopyAll(source, mark);
+    CopyAll(source, DraftMark(location.fileName));
   } catch (...) {
     RemoveDataFileQuietly(copy_.path, platform.files);
     throw;
@@ -66,6 +70,7 @@ void DataFileDraft::CopyAll(const DataSource& source, const CopyMark& mark) {
 }
 
 void DataFileDraft::Install(bool keepsMark) {
+  if (keepsMark) ChangeMark(copy_, mark_);
   InstallDataFile(copy_.path, place_, platform_.files);
   isInstalled_ = true;
   if (!keepsMark) ClearMarkQuietly({place_, copy_.password, {}});

@@ -19,8 +19,9 @@ namespace corvanta::inline datafile {
 class DataFileDraft {
  public:
   // The source may be open in this program: it is only read, through the library. Every page of it
-  // is read before, so that damage is not copied. Refused with Locked while another program works
-  // on what stands at `place`. `mark` tells whose the copy is.
+  // is read before, so that damage is not copied. Refused with FileRefused where `place` is the
+  // source itself or another file that the program lives on, and with Locked while another program
+  // works on what stands at `place`. `mark` is what the installed copy tells of itself.
   DataFileDraft(const DataSource& source, const std::string& place, const CopyMark& mark,
                 const Writer& writer, Platform& platform);
   // Removes the copy where it was not installed.
@@ -30,7 +31,7 @@ class DataFileDraft {
 
   // Where the copy is, to be changed before it is installed.
   [[nodiscard]] const DataSource& Copy() const { return copy_; }
-  // Puts the copy into its place. With `keepsMark` it goes on to tell whose it is.
+  // Puts the copy into its place. With `keepsMark` it carries the mark from then on.
   void Install(bool keepsMark);
 
  private:
@@ -38,6 +39,7 @@ class DataFileDraft {
 
   Platform& platform_;
   std::string place_;
+  CopyMark mark_;
   std::unique_ptr<WriterLock> lock_;
   DataSource copy_;
   bool isInstalled_ = false;

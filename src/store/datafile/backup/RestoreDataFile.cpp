@@ -23,12 +23,6 @@ namespace {
 
 constexpr const char* kKept = " before";
 
-// A journal that a killed program has left belongs to the file that is put aside: it is settled
-// first. Of a file that cannot be opened it goes along.
-void SettleJournal(const DataSource& dataFile) {
-  if (HasJournal(dataFile.path)) ClearMarkQuietly(dataFile);
-}
-
 // The name of kept files without a day and a time.
 std::string KeptPlace(const DataFileLocation& location) {
   const std::filesystem::path name(location.fileName);
@@ -40,7 +34,8 @@ std::string KeepAside(const DataFileLocation& location, const std::string& passw
                       Platform& platform) {
   const std::string path = location.Path();
   if (!IdentityOf(path).has_value()) return {};
-  SettleJournal({path, password, {}});
+  // It belongs to the file that is put aside. Of one that cannot be opened it goes along.
+  SettleJournalQuietly({path, password, {}});
   const std::string kept = FreeDatedPath(KeptPlace(location), platform.clock.Now());
   MoveDataFile(path, kept, platform.files);
   return kept;

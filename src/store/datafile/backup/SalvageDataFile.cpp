@@ -268,8 +268,7 @@ std::vector<SalvagedTable> SalvageDataFile(const DataSource& damaged, const std:
   }
   const auto lock = WriterLock::Acquire(path, writer);
   // Until all is there nothing has that name that could be taken for what was salvaged.
-  const CopyMark mark = MarkOf("salvage " + location.fileName);
-  const DataSource draft = DraftDataFile(location, mark, damaged.password, true, platform, writer);
+  const DataSource draft = DraftDataFile(location, damaged.password, true, platform, writer);
   std::vector<SalvagedTable> tables;
   try {
     tables = CopyRows(damaged, draft, platform.clock);

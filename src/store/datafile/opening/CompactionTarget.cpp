@@ -3,6 +3,7 @@
 #include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
+#include "store/datafile/backup/BackupMark.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/sql/Connection.h"
 #include "store/sql/StoreError.h"
@@ -41,6 +42,20 @@ Leftover ExamineContent(const DataSource& source, const CopyMark& mark, const Cl
     if (ReadMark(database.get(), source.path) == mark) return Leftover::Own;
   }
   return HasRows(*Connection::Open(source, clock)) ? Leftover::Foreign : Leftover::Empty;
+}
+
+// The whole copy of a data file that is there all the same: its program was killed before the copy
+// could take its place.
+bool IsRestOfNeighbour(const std::string& path, const std::string& password) {
+  const std::optional<CopyMark> mark = MarkIn(path, password);
+  if (!mark || *mark == CopyMark{}) return false;
+  std::error_code error;
+  for (std::filesystem::directory_iterator entry(std::filesystem::path(path).parent_path(), error),
+       end;
+       !error && entry != end; entry.increment(error)) {
+    if (MarkOf(entry->path().filename().string()) == *mark) return FileExists(entry->path());
+  }
+  return false;
 }
 
 DataFileLocation Canonical(const DataFileLocation& location) {
@@ -84,7 +99,9 @@ CompactionTarget::CompactionTarget(const DataFileLocation& location, const Write
 void CompactionTarget::Clear(const std::string& password, Platform& platform) const {
   const Leftover found = Examine(path_, password, mark_, platform);
   // A copy without its data file may be all that is left of it.
-  const bool isRest = found == Leftover::Own && FileExists(dataFile_);
+  const bool isRest = found == Leftover::Own
+                          ? FileExists(dataFile_)
+                          : found == Leftover::Foreign && IsRestOfNeighbour(path_, password);
   if (found == Leftover::None || found == Leftover::Empty || isRest) {
     RemoveDataFile(path_, platform.files);
     return;
@@ -99,7 +116,8 @@ void CompactionTarget::Clear(const std::string& password, Platform& platform) co
   const std::string kept = SetAside(path_, ".old", platform.files);
   platform.prompts.Tell("Open Data File",
                         "The file " + path_ + " is not a copy of " + dataFile_ +
-                            " that compacting it has left behind. It is kept as " + kept + ".",
+                            " that compacting it has left behind. It is kept as " + kept +
+                            ". Delete it when you do not need it.",
                         Icon::Warning);
 }
 

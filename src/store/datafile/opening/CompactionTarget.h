@@ -36,8 +36,9 @@ class CompactionTarget {
 
   [[nodiscard]] const std::string& Path() const { return path_; }
   [[nodiscard]] const CopyMark& Mark() const { return mark_; }
-  // Makes the name free: removes what this program has left behind of this data file, and sets
-  // aside and tells what it does not know. Throws StoreError and PlatformError.
+  // Makes the name free: removes what this program has left behind of this data file or of
+  // another one that is there, and sets aside and tells what it does not know. Throws StoreError
+  // and PlatformError.
   void Clear(const std::string& password, Platform& platform) const;
 
  private:

@@ -2,6 +2,9 @@
 
 #include "platform/Files.h"
 #include "store/sql/StoreError.h"
+#include "store/sql/engine/CopyMark.h"
+#include "store/sql/engine/OpenFile.h"
+#include "store/sql/engine/Sqlite.h"
 
 #include <sys/stat.h>
 
@@ -46,6 +49,23 @@ void RemoveDataFileQuietly(const std::string& path, Files& files) noexcept {
     RemoveDataFile(path, files);
   } catch (const std::exception&) {
     // What is left is removed before the next use of the name.
+  }
+}
+
+void SettleJournal(const DataSource& source) {
+  if (!HasJournal(source.path)) return;
+  const DatabaseHandle database = OpenUnchecked(source);
+  Run(database.get(), "PRAGMA synchronous = EXTRA; BEGIN IMMEDIATE", source.path);
+  // Anything that is written will do: here what stands there already.
+  WriteMark(database.get(), "main", ReadMark(database.get(), source.path), source.path);
+  Run(database.get(), "COMMIT", source.path);
+}
+
+void SettleJournalQuietly(const DataSource& source) noexcept {
+  try {
+    SettleJournal(source);
+  } catch (const StoreError&) {
+    // Whoever wants to put another file in its place is refused then.
   }
 }
 

@@ -9,6 +9,10 @@ namespace corvanta::inline platform {
 class Files;
 }
 
+namespace corvanta::inline sql {
+struct DataSource;
+}
+
 namespace corvanta::inline datafile {
 
 // Which file stands under a name: what is equal is one file.
@@ -32,6 +36,13 @@ void RemoveDataFileQuietly(const std::string& path, Files& files) noexcept;
 
 // True while changes that are not finished lie in a file beside it.
 [[nodiscard]] bool HasJournal(const std::string& path);
+
+// A program that was killed leaves a journal: what it had begun is taken back and the journal gone,
+// also one in which there is nothing yet, and which nobody takes away but the next that writes.
+// Whoever calls this holds the file's writer lock. Throws StoreError.
+void SettleJournal(const DataSource& source);
+// The same where a file that cannot be opened may keep its journal.
+void SettleJournalQuietly(const DataSource& source) noexcept;
 
 // Gives a whole file the name of the data file, in one step over the old one. Throws
 // StoreError(Io) while a journal with unfinished changes of the old one lies beside it (it would

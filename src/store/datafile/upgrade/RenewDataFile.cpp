@@ -31,12 +31,6 @@ std::optional<std::string> UpgradeCopy(const DataSource& copy, const Clock& cloc
   return problem.has_value() && isRepaired ? UpgradeAndCleanUp(*connection) : problem;
 }
 
-// A program that was killed before its first change was safe leaves a journal in which there is
-// nothing, and which nobody takes away but the next that writes.
-void ClearUnfinishedJournal(const DataSource& source) {
-  if (HasJournal(source.path)) ClearMark(source);
-}
-
 // Makes the copy all that the data file is to be. Returns what kept it from being upgraded.
 std::optional<std::string> FinishCopy(const DataSource& source, const DataSource& copy,
                                       const Balances& expected, UpgradeFailure onFailure,
@@ -67,7 +61,7 @@ std::optional<std::string> RenewDataFile(const DataFileLocation& location, const
   const CompactionTarget target(location, writer);
   const DataSource source{location.Path(), renewal.oldPassword, {}};
   const DataSource copy{target.Path(), renewal.newPassword, {}};
-  ClearUnfinishedJournal(source);
+  SettleJournal(source);
   const std::optional<FileIdentity> sourceFile = IdentityOf(source.path);
   const Balances balances = VerifiedBalances(source, platform.clock);
   target.Clear(renewal.newPassword, platform);

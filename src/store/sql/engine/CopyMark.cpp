@@ -42,11 +42,15 @@ void CreateMarked(const DataSource& source, const Clock& clock, const CopyMark& 
   (void)CreateFile(source, clock, mark);
 }
 
-void ClearMark(const DataSource& source) {
+void ChangeMark(const DataSource& source, const CopyMark& mark) {
   const DatabaseHandle database = OpenUnchecked(source);
   Run(database.get(), "PRAGMA synchronous = EXTRA; BEGIN IMMEDIATE", source.path);
-  WriteMark(database.get(), "main", {}, source.path);
+  WriteMark(database.get(), "main", mark, source.path);
   Run(database.get(), "COMMIT", source.path);
+}
+
+void ClearMark(const DataSource& source) {
+  ChangeMark(source, {});
 }
 
 void ClearMarkQuietly(const DataSource& source) noexcept {

@@ -36,6 +36,9 @@ void WriteMark(sqlite3* database, const std::string& schema, const CopyMark& mar
 // Creates an empty data file that carries the mark from its first moment; the path must be free.
 // Throws StoreError.
 void CreateMarked(const DataSource& source, const Clock& clock, const CopyMark& mark);
+// Gives a file that mark in the place of its own. Throws StoreError, Locked while somebody else is
+// writing.
+void ChangeMark(const DataSource& source, const CopyMark& mark);
 // Takes the mark from a file. As this writes to it, a journal that a killed program has left behind
 // unfinished is gone afterwards, too. Throws StoreError, Locked while somebody else is writing.
 void ClearMark(const DataSource& source);
