@@ -145,7 +145,7 @@ void FrmMain::WriteTransferFile() {
       {"Save Transfer File As", "Transfer Files", "*.tfr", "tfr", std::string()});
   // It opens the data file for whoever has both.
   if (!path || !session_.Passwords().Confirm(session_.Ledger().Store())) return;
-  WriteTransfer(*path, session_.Path(), session_.Password(), platform_);
+  WriteTransfer(*path, session_.Path(), session_.Password(), FormerFile::Replace, platform_);
   Notice(tr("The key and the settings are written into %1").arg(ToQt(*path)));
 }
 

@@ -123,6 +123,8 @@ ExitStatus CommandLine::Run(std::vector<std::string> arguments) {
     return Report("Refused", refusal.what(), ExitStatus::Refused);
   } catch (const StoreError& error) {
     return Report("Data File", FailureText(error), StatusOf(error.Code()));
+  } catch (const FileRefused& error) {
+    return Report("File", error.what(), ExitStatus::Refused);
   } catch (const PlatformError& error) {
     return Report("System", error.what(), ExitStatus::MachineFailed);
   } catch (const std::exception& error) {

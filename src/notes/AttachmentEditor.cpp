@@ -143,7 +143,7 @@ bool AttachmentEditor::SaveAs(const AttachmentRecord& row) {
   const auto path = platform_.prompts.SaveFile(
       {"Save Attachment", "All Supported Files", "*.*", ending, std::string()});
   if (!path) return false;
-  platform_.files.WriteAtomically(*path, ledger_.Notes().Files().Content(row));
+  platform_.files.Save(*path, ledger_.Notes().Files().Content(row), FormerFile::Replace);
   return true;
 }
 

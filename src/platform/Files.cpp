@@ -1,6 +1,7 @@
 #include "platform/Files.h"
 
 #include "platform/FileHandle.h"
+#include "platform/FileIdentity.h"
 #include "platform/PlatformError.h"
 
 #include <fcntl.h>
@@ -82,16 +83,16 @@ class TemporaryFile {
       kept_ = true;
     } else if (errno == EINVAL || errno == ENOSYS) {
       // The file system knows no such renaming; another name for the file does the same.
-      if (::link(path_.c_str(), target.c_str()) != 0) throw NotNew(target, errno);
+      if (::link(path_.c_str(), target.c_str()) != 0) ThrowNotNew(target, errno);
     } else {
-      throw NotNew(target, errno);
+      ThrowNotNew(target, errno);
     }
   }
 
  private:
-  static PlatformError NotNew(const std::string& target, int code) {
-    if (code != EEXIST) return SystemError("Cannot write", target, code);
-    return PlatformError("There is a file " + target + " already. It was left as it is.");
+  [[noreturn]] static void ThrowNotNew(const std::string& target, int code) {
+    if (code != EEXIST) throw SystemError("Cannot write", target, code);
+    throw FileRefused("There is a file " + target + " already. It was left as it is.");
   }
 
   std::string target_;  // whose name a person knows
@@ -124,6 +125,15 @@ std::string TargetOf(const std::string& path) {
 }
 
 }  // namespace
+
+void Files::Save(const std::string& path, std::string_view text, FormerFile former) {
+  own_.RequireOther(path);
+  if (former == FormerFile::Replace) {
+    WriteAtomically(path, text);
+  } else {
+    WriteNew(path, text);
+  }
+}
 
 void SystemFiles::Replace(const std::string& from, const std::string& to) {
   SyncPath(from, O_RDONLY);
@@ -167,6 +177,12 @@ void SystemFiles::WriteNew(const std::string& path, std::string_view text) {
   file.WriteAndSync(text);
   file.MoveTo(path);
   SyncFolder(FolderOf(path));
+}
+
+std::optional<FileIdentity> IdentityOf(const std::string& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  return FileIdentity{status.st_dev, status.st_ino};
 }
 
 bool FileExists(const std::string& path) {

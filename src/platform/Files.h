@@ -1,10 +1,15 @@
 // Files and folders, with the promises that a data file needs.
 #pragma once
 
+#include "platform/OwnFiles.h"
+
 #include <string>
 #include <string_view>
 
 namespace corvanta::inline platform {
+
+// What becomes of a file that has the name already.
+enum class FormerFile { Replace, Refuse };
 
 // Replacing, removing and creating files so that a loss of power leaves the old or the new state.
 // An interface, so that a test can stop the program between any two of its steps.
@@ -27,6 +32,15 @@ class Files {
   // The same where nothing of that name is. Throws PlatformError, and leaves it, where something
   // is.
   virtual void WriteNew(const std::string& path, std::string_view text) = 0;
+
+  // Writes, in one of these two ways, a file whose name a person chose. Throws FileRefused,
+  // whatever was agreed to, where the name leads to one of the program's own files.
+  void Save(const std::string& path, std::string_view text, FormerFile former);
+  // Those files. Whoever makes a file in another way than by Save asks them before.
+  [[nodiscard]] OwnFiles& Own() { return own_; }
+
+ private:
+  OwnFiles own_;
 };
 
 class SystemFiles : public Files {

@@ -12,6 +12,12 @@ class PlatformError : public std::runtime_error {
   explicit PlatformError(const std::string& message) : std::runtime_error(message) {}
 };
 
+// A file that the program does not write, by its own rules: the disk has nothing to do with it.
+class FileRefused : public PlatformError {
+ public:
+  using PlatformError::PlatformError;
+};
+
 // "<what> <path>: <the system's own words for the error number>.", that nothing was changed, and
 // what to do next. `code` is an errno.
 [[nodiscard]] PlatformError SystemError(const std::string& what, const std::string& path, int code);

@@ -15,6 +15,10 @@ std::string ProfileFolder(const std::string& wanted) {
   return std::filesystem::absolute(wanted).lexically_normal().string();
 }
 
+std::string SettingsPath(const std::string& profileFolder) {
+  return (std::filesystem::path(profileFolder) / "registry.txt").string();
+}
+
 SystemClock ClockOf(const std::optional<Date>& fixedToday) {
   return fixedToday ? SystemClock(*fixedToday) : SystemClock();
 }
@@ -26,8 +30,8 @@ SystemPlatform::SystemPlatform(const SystemPlatformOptions& options, Prompts& pr
     : clock_(ClockOf(options.fixedToday)),
       locale_(options.localeName),
       profileFolder_(ProfileFolder(options.profileFolder)),
-      registry_((std::filesystem::path(profileFolder_) / "registry.txt").string(), kMachineRegistry,
-                files_),
+      registry_(SettingsPath(profileFolder_), kMachineRegistry, files_),
+      settings_(files_.Own().Keep({{SettingsPath(profileFolder_), "where the settings are kept"}})),
       platform_{registry_, locale_,   clock_,  machine_,     files_,         prompts,
                 progress,  download_, opener_, spreadsheet_, profileFolder_, DefaultDataFolder()} {}
 

@@ -39,6 +39,7 @@ class SystemPlatform {
   WorkbookSpreadsheet spreadsheet_;
   std::string profileFolder_;
   FileRegistry registry_;
+  KeptFiles settings_;
   Platform platform_;
 };
 

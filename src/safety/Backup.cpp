@@ -43,6 +43,21 @@ std::string FailureName(const BackedFile& file) {
   return fmt::format("{} {:016x}", kFailed, std::hash<std::string>{}(file.path));
 }
 
+std::string TransferBeside(const std::string& backup) {
+  return DataFileLocation::FromPath(backup).TransferPath();
+}
+
+// Known before anything is written, so that there is no backup without its transfer file.
+void RequireFreeTransfer(const BackedFile& file, const std::string& backup,
+                         const BackupWishes& wishes) {
+  if (!wishes.withTransfer) return;
+  const std::string transfer = TransferBeside(backup);
+  if (IsFreeForTransfer(transfer, file.password)) return;
+  throw FileRefused("There is a file " + transfer +
+                    " already that is no transfer file of this data file. Nothing was backed up. "
+                    "Choose another name for the backup, or move the file away.");
+}
+
 }  // namespace
 
 std::string Backup::PlaceOf(const std::string& dataFile) const {
@@ -92,8 +107,8 @@ void Backup::AddRest(const BackedFile& file, const BackupWishes& wishes, BackupR
                                    OnOther::KeepOld, platform_.files);
     }
     if (wishes.withTransfer) {
-      const std::string transfer = DataFileLocation::FromPath(result.path).TransferPath();
-      WriteTransfer(transfer, file.path, file.password, platform_);
+      WriteTransfer(TransferBeside(result.path), file.path, file.password, FormerFile::Refuse,
+                    platform_);
     }
   } catch (const std::exception& error) {
     throw PlatformError("The data file is backed up as " + result.path +
@@ -105,6 +120,7 @@ BackupResult Backup::Make(const BackedFile& file, const BackupWishes& wishes) {
   try {
     BackupResult result{PlaceOf(file.path)};
     const std::filesystem::path folder = std::filesystem::path(result.path).parent_path();
+    RequireFreeTransfer(file, result.path, wishes);
     // A disk that is not there must not be taken for a folder that is.
     if (folder == DefaultFolder(file.path)) platform_.files.CreateFolder(folder.string());
     Write(file, result.path, true);
@@ -135,6 +151,7 @@ BackupResult Backup::MakeAt(const BackedFile& file, const std::string& path,
 
 BackupResult Backup::MakeOver(const BackedFile& file, const std::string& path,
                               const BackupWishes& wishes) {
+  RequireFreeTransfer(file, path, wishes);
   BackupResult result{path};
   Write(file, path, false);
   AddRest(file, wishes, result);

@@ -29,8 +29,9 @@ bool CopyOne(const fs::path& from, const fs::path& to, OnOther onOther, Files& f
     throw PlatformError("There is another file of that name already: " + to.string() +
                         ". It was left as it is. Choose a folder without attached files.");
   }
+  files.Own().RequireOther(to.string());
   if (isThere) (void)SetAside(to.string(), ".old", files);
-  files.WriteAtomically(to.string(), content);
+  files.Save(to.string(), content, FormerFile::Refuse);
   if (ReadFile(to.string(), kLargest) == content) return true;
   throw PlatformError("The copy of the attached file " + from.string() +
                       " is not as it was written. Check the disk and try again.");

@@ -1,6 +1,7 @@
 #include "safety/Transfer.h"
 
 #include "platform/Platform.h"
+#include "platform/PlatformError.h"
 #include "store/datafile/Passphrase.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/TransferFile.h"
@@ -10,8 +11,19 @@
 
 namespace corvanta::inline safety {
 
+bool IsFreeForTransfer(const std::string& path, const std::string& password) {
+  if (!IdentityOf(path).has_value()) return true;
+  constexpr std::size_t kLargest = 16U << 20U;
+  try {
+    const auto transfer = TransferFile::FromText(ReadFile(path, kLargest));
+    return transfer.has_value() && transfer->password == password;
+  } catch (const PlatformError&) {
+    return false;
+  }
+}
+
 void WriteTransfer(const std::string& path, const std::string& dataFile,
-                   const std::string& password, Platform& platform) {
+                   const std::string& password, FormerFile former, Platform& platform) {
   if (IsFromPassphrase(password)) {
     throw StoreError(
         StoreErrorCode::Sql,
@@ -29,7 +41,9 @@ void WriteTransfer(const std::string& path, const std::string& dataFile,
                      "Nothing was written. Choose a folder elsewhere.",
                      {}, path);
   }
-  WriteTransferFile(path, password, platform.registry, platform.files);
+  const bool isReplaced = former == FormerFile::Replace || IsFreeForTransfer(path, password);
+  WriteTransferFile(path, password, platform.registry, platform.files,
+                    isReplaced ? FormerFile::Replace : FormerFile::Refuse);
 }
 
 }  // namespace corvanta::inline safety

@@ -9,6 +9,7 @@
 #include "safety/FrmRestore.h"
 #include "safety/FrmSalvage.h"
 #include "safety/RecentFiles.h"
+#include "store/datafile/InstallationKey.h"
 #include "store/datafile/opening/TransferFile.h"
 #include "store/sql/Connection.h"
 
@@ -17,6 +18,8 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <filesystem>
+#include <tuple>
 
 namespace corvanta {
 namespace {
@@ -275,6 +278,26 @@ TEST_F(SafetyCommands, ATransferFileIsWrittenWhereItDoesNoHarm) {
   machine_.prompts.ExpectSaveFile("Save Transfer File As", path);
   Trigger("mnuFileTransfer");
   EXPECT_EQ(TransferFile::FromText(ReadFile(path))->password, session_.Password());
+}
+
+TEST_F(SafetyCommands, NothingIsSavedOverTheDataFileOrTheKey) {
+  OpenData();
+  ShowWindow();
+  const std::string folder = machine_.folder.Path("usb");
+  machine_.files.CreateFolder(folder);
+  const std::string key = ReadFile(InstallationKeyPath(machine_.Get()));
+  std::filesystem::create_symlink(session_.Path(), folder + "/link.tfr");
+  for (const auto& [command, question, path] :
+       {std::tuple("mnuFileTransfer", "Save Transfer File As", folder + "/link.tfr"),
+        std::tuple("mnuFileTransfer", "Save Transfer File As", InstallationKeyPath(machine_.Get())),
+        std::tuple("mnuFileSaveAs", "Save Data File As", DataFolder() + "/Corvanta.dat")}) {
+    machine_.prompts.ExpectSaveFile(question, path);
+    machine_.prompts.ExpectTell("Corvanta Personal Finance", ScriptedPrompts::kAnyText);
+    Trigger(command);
+    EXPECT_NE(machine_.prompts.Shown().back().text.find("Choose another name."), std::string::npos);
+  }
+  EXPECT_EQ(ReadFile(InstallationKeyPath(machine_.Get())), key);
+  EXPECT_NE(Connection::Open({session_.Path(), session_.Password(), {}}, machine_.clock), nullptr);
 }
 
 TEST_F(SafetyCommands, WithoutAnOpenFileTheWaysToOneRemain) {

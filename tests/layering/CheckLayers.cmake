@@ -1,7 +1,8 @@
 # cmake -DSOURCES=<folder with the layout of src/> -P CheckLayers.cmake
 # Fails, naming file and line, on an include that goes against the direction of the layers, on a
 # window's header in the engine, on a Qt header outside the windows, on a window that does not end
-# quietly, on a name outside its room's namespace, and on a table's name in the engine of the store.
+# quietly, on a name outside its room's namespace, on a table's name in the engine of the store, and on
+# a file that is written past the guard of the program's own files.
 
 cmake_minimum_required(VERSION 3.22)
 
@@ -121,6 +122,12 @@ function(check_file path)
   file(STRINGS "${path}" outside REGEX "^namespace corvanta {")
   if(outside)
     message(SEND_ERROR "  ${relative}: what a room declares is in the room's namespace")
+  endif()
+  if(NOT relative MATCHES "^(platform/|store/datafile/InstallationKey.cpp)")
+    file(STRINGS "${path}" writers REGEX "(WriteAtomically|WriteNew)\\(")
+    foreach(line IN LISTS writers)
+      message(SEND_ERROR "  ${relative}: ${line}\n  what a person names is written by Save")
+    endforeach()
   endif()
   file(STRINGS "${path}" windows REGEX "public Q(Dialog|MainWindow) ")
   foreach(line IN LISTS windows)

@@ -203,7 +203,7 @@ TEST_F(Backups, AttachedFilesGoAlongAndOlderContentIsKept) {
 TEST_F(Backups, ByCommandNothingElseIsWrittenOver) {
   const std::string letter = store_.platform.folder.Write("letter.dat", "Dear bank");
   EXPECT_THROW(backup_.MakeAt(File(), letter, {}), StoreError);
-  EXPECT_THROW(backup_.MakeAt(File(), store_.Path(), {}), StoreError);
+  EXPECT_THROW(backup_.MakeAt(File(), store_.Path(), {}), FileRefused);
   EXPECT_EQ(ReadFile(letter), "Dear bank");
   const std::string mine = store_.platform.folder.Path("mine.dat");
   backup_.MakeAt(File(), mine, {});
@@ -239,10 +239,26 @@ TEST_F(Backups, AJournalBesideTheFormerOneBarsNoBackup) {
   EXPECT_FALSE(FileExists(mine + "-journal"));
 }
 
+TEST_F(Backups, ATransferFileReplacesNothingButItsLike) {
+  const std::string place = store_.platform.folder.Path("usb");
+  store_.platform.files.CreateFolder(place);
+  const std::string transfer = place + "/Corvanta.tfr";
+  std::ofstream(transfer) << "mine";
+  EXPECT_THROW(backup_.MakeAt(File(), place + "/Corvanta.dat", {false, true}), FileRefused);
+  EXPECT_EQ(NamesIn(place), Names{"Corvanta.tfr"}) << "and there is no half of a backup";
+  EXPECT_THROW(WriteTransfer(transfer, store_.Path(), store_.Password(), FormerFile::Refuse,
+                             store_.platform.Get()),
+               FileRefused);
+  EXPECT_EQ(ReadFile(transfer), "mine");
+  WriteTransfer(transfer, store_.Path(), store_.Password(), FormerFile::Replace,
+                store_.platform.Get());
+  EXPECT_NO_THROW(backup_.MakeAt(File(), place + "/Corvanta.dat", {false, true}));
+}
+
 TEST_F(Backups, ATransferFileIsWrittenOnRequestAndNeverBesideTheFile) {
   Set("Height", "600");
   EXPECT_THROW(WriteTransfer(store_.platform.folder.Path("data/My.tfr"), store_.Path(),
-                             store_.Password(), store_.platform.Get()),
+                             store_.Password(), FormerFile::Replace, store_.platform.Get()),
                StoreError);
   EXPECT_FALSE(FileExists(store_.platform.folder.Path("data/My.tfr")));
   const std::string place = store_.platform.folder.Path("usb");

@@ -184,7 +184,8 @@ TEST_P(SafetyCommandCrash, Transfer) {
   const Task transfer = [&](Platform& platform) {
     const BackedFile file = FileOn(platform);
     platform.files.CreateFolder(platform.profileFolder + "/usb");
-    WriteTransfer(path(platform.profileFolder), file.path, file.password, platform);
+    WriteTransfer(path(platform.profileFolder), file.path, file.password, FormerFile::Refuse,
+                  platform);
     Backup(platform, kWriter)
         .MakeAt(file, platform.profileFolder + "/usb/Corvanta.dat", {false, true});
   };

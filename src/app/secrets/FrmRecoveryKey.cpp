@@ -123,7 +123,7 @@ void FrmRecoveryKey::Save() {
   RunCommand(platform_.prompts, [this] {
     const auto path = platform_.prompts.SaveFile(
         {"Save Recovery Key", "Text Files", "*.txt", "txt", std::string()});
-    if (path) platform_.files.WriteAtomically(*path, FromQt(key_) + "\n");
+    if (path) platform_.files.Save(*path, FromQt(key_) + "\n", FormerFile::Replace);
   });
 }
 

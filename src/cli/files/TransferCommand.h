@@ -14,6 +14,7 @@ class TransferCommand : public Command {
 
  private:
   std::string file_;
+  bool force_ = false;
 };
 
 }  // namespace corvanta::inline cli

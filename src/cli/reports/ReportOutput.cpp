@@ -97,11 +97,7 @@ ExitStatus ReportOutput::Write(const ReportTable& report, const std::vector<std:
   }
   const auto bytes = BytesOf(report, columns, path_, machine);
   if (!bytes) return ExitStatus::Refused;
-  if (force_) {
-    machine.files.WriteAtomically(path_, *bytes);
-  } else {
-    machine.files.WriteNew(path_, *bytes);
-  }
+  machine.files.Save(path_, *bytes, force_ ? FormerFile::Replace : FormerFile::Refuse);
   machine.prompts.Tell(kFileExport, kFileExportComplete);
   return ExitStatus::Done;
 }

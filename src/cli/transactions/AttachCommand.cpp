@@ -201,12 +201,15 @@ ExitStatus AttachCommand::Save(clsCorvanta& ledger, std::int64_t transactionId,
                                Session& session) const {
   const auto row = TheFile(ledger, transactionId, session);
   if (!row) return ExitStatus::Refused;
+  Platform& machine = session.Machine();
   const std::string bytes = ledger.Notes().Files().Content(*row);
-  if (FileExists(file_) &&
-      !session.Machine().prompts.Ask("Save Attachment", "Replace the file \"" + file_ + "\"?")) {
+  // What is refused in any case is not asked about.
+  machine.files.Own().RequireOther(file_);
+  const bool isThere = FileExists(file_);
+  if (isThere && !machine.prompts.Ask("Save Attachment", "Replace the file \"" + file_ + "\"?")) {
     return ExitStatus::Refused;
   }
-  session.Machine().files.WriteAtomically(file_, bytes);
+  machine.files.Save(file_, bytes, isThere ? FormerFile::Replace : FormerFile::Refuse);
   session.Tell(kTitle, "\"" + row->file + "\" saved");
   return ExitStatus::Done;
 }

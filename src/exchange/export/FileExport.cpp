@@ -11,7 +11,6 @@
 #include "platform/Clock.h"
 #include "platform/CurrencyDecimals.h"
 #include "platform/ExportWords.h"
-#include "platform/Files.h"
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
@@ -92,11 +91,7 @@ void FileExport::Write(std::int64_t accountId, ExportRows rows, const std::optio
                        const std::string& path, FormerFile former) {
   const ExportKind kind = ExportKindOf(path).value_or(ExportKind::Csv);
   const std::string content = Content(accountId, rows, period, kind);
-  if (former == FormerFile::Replace) {
-    platform_.files.WriteAtomically(path, content);
-  } else {
-    platform_.files.WriteNew(path, content);
-  }
+  platform_.files.Save(path, content, former);
   platform_.prompts.Tell(kFileExport, kind == ExportKind::Qif ? path + "\r\n" + kFileExportComplete
                                                               : kFileExportComplete);
 }

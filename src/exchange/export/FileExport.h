@@ -4,6 +4,7 @@
 #include "ledger/Warning.h"
 #include "ledger/register/Period.h"
 #include "ledger/register/RegisterRow.h"
+#include "platform/Files.h"
 #include "platform/Spreadsheet.h"
 
 #include <functional>
@@ -19,9 +20,6 @@ struct Platform;
 namespace corvanta::inline exchange {
 
 enum class ExportKind { Csv, Xls, Xlsx, Ofx, Qif };
-
-// What becomes of a file that has the name already.
-enum class FormerFile { Replace, Refuse };
 
 // By the file name's extension; nullopt for any other.
 [[nodiscard]] std::optional<ExportKind> ExportKindOf(std::string_view path);

@@ -214,7 +214,7 @@ std::string AttachedFiles::CopyToFolder(const std::string& path) {
     const std::string copy = Folder() + '/' + name;
     std::error_code error;
     if (fs::symlink_status(copy, error).type() != fs::file_type::not_found) continue;
-    core_.platform.files.WriteNew(copy, bytes);
+    core_.platform.files.Save(copy, bytes, FormerFile::Refuse);
     return InFolder(name);
   }
   throw PlatformError("The folder " + Folder() +

@@ -39,7 +39,7 @@ bool AskAndSaveChart(const ChartData& chart, Platform& platform) {
     platform.prompts.Tell(kFileExportWarning, kNeedsExtension, Icon::Warning);
     return false;
   }
-  platform.files.WriteAtomically(*path, ChartBytes(chart, *form, platform.locale));
+  platform.files.Save(*path, ChartBytes(chart, *form, platform.locale), FormerFile::Replace);
   return true;
 }
 

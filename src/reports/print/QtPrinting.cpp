@@ -58,8 +58,8 @@ bool SavePdf(const PrintTable& table, Platform& platform, const PageSetup& setup
   writer.setPageLayout(PageLayoutOf(setup, table.orientation));
   if (!PrintPages(writer, table, platform)) return false;
   const QByteArray& bytes = document.data();
-  platform.files.WriteAtomically(*path,
-                                 {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  platform.files.Save(*path, {bytes.constData(), static_cast<std::size_t>(bytes.size())},
+                      FormerFile::Replace);
   return true;
 }
 

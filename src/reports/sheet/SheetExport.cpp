@@ -74,7 +74,7 @@ std::optional<Warning> CheckSheetFile(std::string_view path) {
 
 void ExportSheet(const SpreadsheetTable& table, const std::string& path, Platform& platform) {
   const SheetForm form = SheetFormOf(path).value_or(SheetForm::Csv);
-  platform.files.WriteAtomically(path, SheetBytes(table, form, platform));
+  platform.files.Save(path, SheetBytes(table, form, platform), FormerFile::Replace);
   platform.prompts.Tell(kFileExport, std::string(kFileExportComplete) + "\r\n");
 }
 

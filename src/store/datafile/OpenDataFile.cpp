@@ -8,6 +8,7 @@
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/Passphrase.h"
 #include "store/datafile/backup/RestoreDataFile.h"
+#include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/opening/KeyRecovery.h"
 #include "store/datafile/opening/OpenSequence.h"
 #include "store/datafile/opening/RecoverDataFile.h"
@@ -55,6 +56,11 @@ std::unique_ptr<WriterLock> LockExisting(const DataFileLocation& location,
   return lock;
 }
 
+void OpenInto(DataFile& file, const DataFileLocation& location, Platform& platform) {
+  file.kept = KeepDataFile(location.Path(), platform.files);
+  file.connection = OpenChecked(location.Path(), file.password, platform);
+}
+
 std::string KeyPassword(const std::string& keyOrPath, const std::string& dataFile) {
   const bool isFile = FileExists(keyOrPath);
   const std::optional<std::string> password =
@@ -71,7 +77,11 @@ std::string KeyPassword(const std::string& keyOrPath, const std::string& dataFil
 }  // namespace
 
 DataFileOpener::DataFileOpener(Platform& platform, std::string holder)
-    : platform_(platform), writer_{std::move(holder), {}}, passwords_(platform) {}
+    : platform_(platform),
+      writer_{std::move(holder), {}},
+      passwords_(platform),
+      key_(platform.files.Own().Keep(
+          {{InstallationKeyPath(platform), "the key of this installation"}})) {}
 
 void DataFileOpener::SetDataPath(std::string path) {
   dataPath_ = std::move(path);
@@ -105,6 +115,7 @@ DataFile DataFileOpener::OpenExisting(bool forWriting) {
     RequireDataFile(location);
   }
   file.password = typed ? *typed : OwnPassword(location.Path(), platform_);
+  file.kept = KeepDataFile(location.Path(), platform_.files);
   file.connection = forWriting
                         ? OpenChecked(location.Path(), file.password, platform_)
                         : Connection::Open({location.Path(), file.password, {}}, platform_.clock);
@@ -116,6 +127,7 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
     platform_.registry.Write(Hive::CurrentUser, kSettingsKey, "DBPath", platform_.dataFolder);
   }
   const DataFileLocation location = Location();
+  platform_.files.Own().RequireOther(location.Path());
   platform_.files.CreateFolder(location.folder);
   DataFile file;
   file.lock = WriterLock::Acquire(location.Path(), writer_);
@@ -130,7 +142,7 @@ DataFile DataFileOpener::CreateNew(bool emptyFile) {
   }
   file.password = InstallationPassword(platform_);
   CreateDataFile(location, file.password, emptyFile, platform_, writer_);
-  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  OpenInto(file, location, platform_);
   return file;
 }
 
@@ -142,7 +154,7 @@ DataFile DataFileOpener::Validate() {
   file.password = typed ? *typed : OwnPassword(location.Path(), platform_);
   RenewDataFile(location, {file.password, file.password, UpgradeFailure::Refuse}, writer_,
                 platform_);
-  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  OpenInto(file, location, platform_);
   return file;
 }
 
@@ -162,7 +174,7 @@ RestoredFile DataFileOpener::Restore(const std::string& backup, const std::strin
   file.password = isPassphrase ? password : known ? *known : InstallationPassword(platform_);
   restored.kept =
       RestoreDataFile(location, {backup, password, {}}, file.password, writer_, platform_);
-  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  OpenInto(file, location, platform_);
   ThinKeptFiles(location, platform_);
   return restored;
 }
@@ -199,7 +211,7 @@ DataFile DataFileOpener::UseKey(const std::string& keyOrPath,
   if (file.isRenewed) {
     RenewDataFile(location, {present, file.password, UpgradeFailure::Keep}, writer_, platform_);
   }
-  file.connection = OpenChecked(location.Path(), file.password, platform_);
+  OpenInto(file, location, platform_);
   return file;
 }
 

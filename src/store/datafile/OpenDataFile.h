@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/OwnFiles.h"
 #include "store/datafile/DataFileLocation.h"
 #include "store/datafile/FilePasswords.h"
 #include "store/datafile/WriterLock.h"
@@ -24,6 +25,7 @@ struct RestoredFile;
 // An open data file and, where it may be written, the right to do so.
 struct DataFile {
   std::unique_ptr<WriterLock> lock;  // null when it was opened for reading only
+  KeptFiles kept;                    // nothing else is written over it
   std::unique_ptr<Connection> connection;
   std::string password;    // has opened it: what its recovery key is made from
   bool isRenewed = false;  // compacted, upgraded and checked on the way
@@ -64,10 +66,10 @@ class DataFileOpener {
   [[nodiscard]] DataFile Validate();
   // Opens a data file of another installation with its key, the text of a recovery key or the path
   // of a transfer file, saved key or key file, and protects it with this installation's password,
-  // which is drawn where there is none. Throws
-  // StoreError(OtherInstallation) when the key does not fit; the file is then as it was.
-  // `admits` is asked, where there is one, before anything is changed; when it says no, nothing is
-  // opened and the result is empty.
+  // which is drawn where there is none. A file that this installation's key opens already needs no
+  // other: it is opened as it is, and not renewed. Throws StoreError(OtherInstallation) when
+  // neither key fits; the file is then as it was. `admits` is asked, where there is one, before
+  // anything is changed; when it says no, nothing is opened and the result is empty.
   [[nodiscard]] DataFile UseKey(const std::string& keyOrPath,
                                 const std::function<bool(Connection&)>& admits = {});
 
@@ -95,6 +97,7 @@ class DataFileOpener {
   Writer writer_;
   std::optional<std::string> dataPath_;
   FilePasswords passwords_;
+  KeptFiles key_;  // of the installation
 };
 
 // A data file that was restored.

@@ -20,23 +20,15 @@ DataFileLocation LocationOf(const std::string& place) {
   return {folder.empty() ? "." : folder, path.filename().string()};
 }
 
-void RequireOther(const std::string& source, const std::string& place) {
-  const std::optional<FileIdentity> identity = IdentityOf(place);
-  if (!identity || identity != IdentityOf(source)) return;
-  throw StoreError(StoreErrorCode::Sql,
-                   "This is the data file itself: " + place +
-                       ". Nothing was changed. Choose another name for the copy.",
-                   {}, source);
-}
-
 }  // namespace
 
 DataFileDraft::DataFileDraft(const DataSource& source, const std::string& place,
                              const CopyMark& mark, const Writer& writer, Platform& platform)
     : platform_(platform),
       place_(place),
-      mark_(mark) {
-  RequireOther(source.path, place);
+      mark_(mark),
+      kept_(KeepDataFile(source.path, platform.files)) {
+  platform_.files.Own().RequireOther(place);
   lock_ = WriterLock::Acquire(place, writer);
   SettleJournalQuietly({place, source.password, {}});
   const DataFileLocation location = LocationOf(place);

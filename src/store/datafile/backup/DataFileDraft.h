@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/OwnFiles.h"
 #include "store/datafile/WriterLock.h"
 #include "store/sql/Connection.h"
 #include "store/sql/engine/CopyMark.h"
@@ -40,6 +41,7 @@ class DataFileDraft {
   Platform& platform_;
   std::string place_;
   CopyMark mark_;
+  KeptFiles kept_;
   std::unique_ptr<WriterLock> lock_;
   DataSource copy_;
   bool isInstalled_ = false;

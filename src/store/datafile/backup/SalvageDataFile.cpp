@@ -1,5 +1,6 @@
 #include "store/datafile/backup/SalvageDataFile.h"
 
+#include "platform/Files.h"
 #include "platform/Platform.h"
 #include "platform/StatusWords.h"
 #include "store/datafile/CreateDataFile.h"
@@ -260,6 +261,8 @@ std::vector<SalvagedTable> SalvageDataFile(const DataSource& damaged, const std:
   const std::filesystem::path place(path);
   const std::string folder = place.parent_path().string();
   const DataFileLocation location{folder.empty() ? "." : folder, place.filename().string()};
+  const KeptFiles kept = KeepDataFile(damaged.path, platform.files);
+  platform.files.Own().RequireOther(path);
   if (IdentityOf(path).has_value()) {
     throw StoreError(StoreErrorCode::Sql,
                      "There is a file " + path +

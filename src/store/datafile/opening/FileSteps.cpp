@@ -1,14 +1,15 @@
 #include "store/datafile/opening/FileSteps.h"
 
 #include "platform/Files.h"
+#include "store/datafile/DataFileLocation.h"
+#include "store/datafile/WriterLock.h"
 #include "store/sql/StoreError.h"
 #include "store/sql/engine/CopyMark.h"
 #include "store/sql/engine/OpenFile.h"
 #include "store/sql/engine/Sqlite.h"
 
-#include <sys/stat.h>
-
 #include <exception>
+#include <filesystem>
 
 namespace corvanta::inline datafile {
 namespace {
@@ -19,10 +20,18 @@ std::string JournalOf(const std::string& path) {
 
 }  // namespace
 
-std::optional<FileIdentity> IdentityOf(const std::string& path) {
-  struct stat status {};
-  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
-  return FileIdentity{status.st_dev, status.st_ino};
+KeptFiles KeepDataFile(const std::string& path, Files& files) {
+  std::error_code ignored;
+  const std::filesystem::path whole = std::filesystem::weakly_canonical(path, ignored);
+  const DataFileLocation place{whole.parent_path().string(), whole.filename().string()};
+  const std::string copy = place.CompactionPath();
+  const std::string needed = "a name that the data file in use needs for itself";
+  return files.Own().Keep({{path, "the data file in use"},
+                           {JournalOf(place.Path()), needed},
+                           {WriterLock::PathOf(path), needed},
+                           {copy, needed},
+                           {JournalOf(copy), needed},
+                           {WriterLock::PathOf(copy), needed}});
 }
 
 void RequireStillThere(const std::string& path, const std::optional<FileIdentity>& identity) {

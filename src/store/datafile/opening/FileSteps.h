@@ -1,7 +1,9 @@
 // Steps on whole data files that nobody has open.
 #pragma once
 
-#include <cstdint>
+#include "platform/FileIdentity.h"
+#include "platform/OwnFiles.h"
+
 #include <optional>
 #include <string>
 
@@ -15,16 +17,9 @@ struct DataSource;
 
 namespace corvanta::inline datafile {
 
-// Which file stands under a name: what is equal is one file.
-struct FileIdentity {
-  std::uint64_t device = 0;
-  std::uint64_t number = 0;
-
-  [[nodiscard]] bool operator==(const FileIdentity& other) const = default;
-};
-
-// nullopt where nothing stands.
-[[nodiscard]] std::optional<FileIdentity> IdentityOf(const std::string& path);
+// Makes a data file, and the names beside it that belong to it, the program's own: no other file
+// is written there.
+[[nodiscard]] KeptFiles KeepDataFile(const std::string& path, Files& files);
 // Throws StoreError(Io) when the name stands for another file by now, or for none.
 void RequireStillThere(const std::string& path, const std::optional<FileIdentity>& identity);
 

@@ -228,6 +228,7 @@ bool OpenSequence::Renew() {
 }
 
 OpenSequence::Outcome OpenSequence::OpenIt() {
+  file_.kept = KeepDataFile(location_.Path(), platform_.files);
   file_.connection = OpenChecked(location_.Path(), filePassword_, platform_);
   file_.password = filePassword_;
   StampStart(*file_.connection);

@@ -83,14 +83,14 @@ void TransferFile::WriteSettings(Registry& registry) const {
 }
 
 void WriteTransferFile(const std::string& path, const std::string& password,
-                       const Registry& registry, Files& files) {
+                       const Registry& registry, Files& files, FormerFile former) {
   RegistryText settings;
   for (const Section& section : kSections) {
     ReadKey(registry, std::string(kProgramKey) + std::string(section.key),
             std::string(section.heading), settings);
   }
   const std::string line = clsCipher().Encipher(std::string(kPasswordMark) + password);
-  files.WriteAtomically(path, line + "\n" + settings.ToText());
+  files.Save(path, line + "\n" + settings.ToText(), former);
 }
 
 }  // namespace corvanta::inline datafile

@@ -1,6 +1,7 @@
 // The file that brings a data file's password and the settings from another installation.
 #pragma once
 
+#include "platform/Files.h"
 #include "platform/RegistryText.h"
 
 #include <optional>
@@ -8,7 +9,6 @@
 #include <string_view>
 
 namespace corvanta::inline platform {
-class Files;
 class Registry;
 }  // namespace corvanta::inline platform
 
@@ -35,6 +35,7 @@ struct TransferFile {
 
 // Writes a transfer file with this password and the user's present settings. Throws PlatformError.
 void WriteTransferFile(const std::string& path, const std::string& password,
-                       const Registry& registry, Files& files);
+                       const Registry& registry, Files& files,
+                       FormerFile former = FormerFile::Replace);
 
 }  // namespace corvanta::inline datafile
