@@ -118,8 +118,7 @@ void ArchiveWriter::Write(const ArchivePlan& plan, const std::string& path) {
 }
 
 void ArchiveWriter::WriteArchive(const ArchivePlan& plan, const std::string& path) {
-  DataFileDraft draft({file_.path, file_.password, {}}, path, MarkOf("archive " + path), writer_,
-                      platform_);
+  DataFileDraft draft({file_.path, file_.password, {}}, path, {}, writer_, platform_);
   {
     const auto copy = Connection::Open(draft.Copy(), platform_.clock);
     KeepArchived(*copy, plan, WithLines(*copy, plan.keys));
@@ -130,7 +129,7 @@ void ArchiveWriter::WriteArchive(const ArchivePlan& plan, const std::string& pat
     expected[account.accountId] = account.newOpening;
   }
   RequireBalances(expected, VerifiedBalances(draft.Copy(), platform_.clock), file_.path);
-  draft.Install(false);
+  draft.Install();
 }
 
 void ArchiveWriter::RemoveRows(const ArchivePlan& plan) {

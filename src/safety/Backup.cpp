@@ -96,7 +96,7 @@ void Backup::Write(const BackedFile& file, const std::string& path, bool isPlace
   DataFileDraft draft({file.path, file.password, {}}, path,
                       BackupMark(file.path, platform_.clock.Now()), writer_, platform_);
   if (isPlace) MakeRoom({path, file.path, file.password}, platform_.files);
-  draft.Install(true);
+  draft.Install();
 }
 
 // The data file is safe by then: what goes wrong now must not take it away again.

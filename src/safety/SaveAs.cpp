@@ -11,11 +11,10 @@ namespace corvanta::inline safety {
 void SaveDataFileAs(const BackedFile& file, const std::string& path, Platform& platform,
                     const Writer& writer) {
   const StatusWords status(platform.progress, "Saving the data file...");
-  DataFileDraft draft({file.path, file.password, {}}, path, MarkOf("copy " + path), writer,
-                      platform);
+  DataFileDraft draft({file.path, file.password, {}}, path, {}, writer, platform);
   CopyFileStore(FileStoreOf(file.path), FileStoreOf(path), OnOther::Refuse, platform.files);
   if (IdentityOf(path).has_value()) (void)SetAside(path, ".old", platform.files);
-  draft.Install(false);
+  draft.Install();
 }
 
 }  // namespace corvanta::inline safety

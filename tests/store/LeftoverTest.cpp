@@ -4,6 +4,7 @@
 #include "store/datafile/CreateDataFile.h"
 #include "store/datafile/InstallationKey.h"
 #include "store/datafile/OpenDataFile.h"
+#include "store/datafile/backup/BackupMark.h"
 #include "store/datafile/opening/DraftFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/sql/StoreError.h"
@@ -191,7 +192,9 @@ TEST_F(Leftovers, DraftsOfNamesThatAreNotUsedAgainGo) {
   };
   put("gone.dat.new", DraftMark("gone.dat"));
   put("gone.dat.new2", DraftMark("gone.dat"));
+  put("backup.dat.new", Unfinished(BackupMark(data, platform.clock.Now())));
   put("begun.dat.new", DraftMark("begun.dat"));
+  put("made.dat.new", BackupMark(data, platform.clock.Now()));
   put("a copy.dat.new", {});
   put("other.dat.new", DraftMark("another.dat"));
   Put("void.dat.new", "");
@@ -203,7 +206,7 @@ TEST_F(Leftovers, DraftsOfNamesThatAreNotUsedAgainGo) {
     EXPECT_NE(At(In("second.dat")).CreateNew(true).connection, nullptr);
     EXPECT_EQ(NamesIn("data"),
               (Names{".begun.dat.lock", "Corvanta.dat", "a copy.dat.new", "begun.dat.new",
-                     "empty.new", "notes.new", "other.dat.new", "second.dat"}));
+                     "empty.new", "made.dat.new", "notes.new", "other.dat.new", "second.dat"}));
   }
   EXPECT_NE(At(In("third.dat")).CreateNew(true).connection, nullptr);
   EXPECT_FALSE(FileExists(In("begun.dat.new")));

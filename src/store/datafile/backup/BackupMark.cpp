@@ -4,6 +4,9 @@
 #include "store/sql/StoreError.h"
 #include "store/sql/engine/OpenFile.h"
 
+#include <algorithm>
+#include <cstdint>
+#include <cstdlib>
 #include <filesystem>
 
 namespace corvanta::inline datafile {
@@ -17,6 +20,10 @@ std::string WholePath(const std::string& path) {
   std::error_code ignored;
   const std::filesystem::path whole = std::filesystem::weakly_canonical(path, ignored);
   return whole.empty() ? path : whole.string();
+}
+
+bool IsTime(DateTime made) {
+  return made.date.Year() >= 1980 && made.date.Year() < 2200;
 }
 
 }  // namespace
@@ -37,9 +44,18 @@ CopyMark BackupMark(const std::string& dataFile, DateTime made) {
   return mark;
 }
 
+CopyMark Unfinished(const CopyMark& backupMark) {
+  return {backupMark.application, -backupMark.version};
+}
+
+bool IsUnfinished(const CopyMark& mark) {
+  return mark.version < 0 && IsTime(BackupTime(mark));
+}
+
 DateTime BackupTime(const CopyMark& mark) {
-  return {Date::FromSerial(mark.version / kMinutesADay),
-          mark.version % kMinutesADay * kSecondsAMinute};
+  // The smallest number there is has no positive one.
+  const std::int32_t minutes = std::abs(std::max(mark.version, -INT32_MAX));
+  return {Date::FromSerial(minutes / kMinutesADay), minutes % kMinutesADay * kSecondsAMinute};
 }
 
 std::optional<DateTime> ReadBackupTime(const std::string& path, const std::string& password,
@@ -54,8 +70,7 @@ std::optional<DateTime> ReadBackupTime(const std::string& path, const std::strin
   // Other copies have the rest of their hash there, which is no minute of these years.
   if (!mark || mark->application == 0) return std::nullopt;
   const DateTime made = BackupTime(*mark);
-  const bool isTime = made.date.Year() >= 1980 && made.date.Year() < 2200;
-  return isTime ? std::optional(made) : std::nullopt;
+  return IsTime(made) ? std::optional(made) : std::nullopt;
 }
 
 bool IsMarkedAlike(const std::string& path, const std::string& password, const CopyMark& mark) {

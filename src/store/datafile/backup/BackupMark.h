@@ -12,6 +12,9 @@ namespace corvanta::inline datafile {
 
 // The mark of a backup of the data file at that path, made in that minute.
 [[nodiscard]] CopyMark BackupMark(const std::string& dataFile, DateTime made);
+// The same until the backup has its place: it is one already, and told apart while it is made.
+[[nodiscard]] CopyMark Unfinished(const CopyMark& backupMark);
+[[nodiscard]] bool IsUnfinished(const CopyMark& mark);
 // When a backup with that mark was made.
 [[nodiscard]] DateTime BackupTime(const CopyMark& mark);
 

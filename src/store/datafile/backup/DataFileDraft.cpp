@@ -4,6 +4,7 @@
 #include "platform/Platform.h"
 #include "store/datafile/Compact.h"
 #include "store/datafile/DataFileLocation.h"
+#include "store/datafile/backup/BackupMark.h"
 #include "store/datafile/opening/DraftFile.h"
 #include "store/datafile/opening/FileSteps.h"
 #include "store/datafile/upgrade/Balances.h"
@@ -32,9 +33,11 @@ DataFileDraft::DataFileDraft(const DataSource& source, const std::string& place,
   lock_ = WriterLock::Acquire(place, writer);
   SettleJournalQuietly({place, source.password, {}});
   const DataFileLocation location = LocationOf(place);
-  copy_ = {FreeDraftPath(location, mark, source.password, writer, platform), source.password, {}};
+  const CopyMark growing = mark == CopyMark{} ? DraftMark(location.fileName) : Unfinished(mark);
+  copy_ = {
+      FreeDraftPath(location, growing, source.password, writer, platform), source.password, {}};
   try {
-    CopyAll(source, DraftMark(location.fileName));
+    CopyAll(source, growing);
   } catch (...) {
     RemoveDataFileQuietly(copy_.path, platform.files);
     throw;
@@ -61,11 +64,10 @@ void DataFileDraft::CopyAll(const DataSource& source, const CopyMark& mark) {
                    {}, source.path);
 }
 
-void DataFileDraft::Install(bool keepsMark) {
-  if (keepsMark) ChangeMark(copy_, mark_);
+void DataFileDraft::Install() {
   InstallDataFile(copy_.path, place_, platform_.files);
   isInstalled_ = true;
-  if (!keepsMark) ClearMarkQuietly({place_, copy_.password, {}});
+  ChangeMarkQuietly({place_, copy_.password, {}}, mark_);
 }
 
 }  // namespace corvanta::inline datafile

@@ -22,7 +22,8 @@ class DataFileDraft {
   // The source may be open in this program: it is only read, through the library. Every page of it
   // is read before, so that damage is not copied. Refused with FileRefused where `place` is the
   // source itself or another file that the program lives on, and with Locked while another program
-  // works on what stands at `place`. `mark` is what the installed copy tells of itself.
+  // works on what stands at `place`. `mark` is what a backup tells of itself; empty for any other
+  // copy.
   DataFileDraft(const DataSource& source, const std::string& place, const CopyMark& mark,
                 const Writer& writer, Platform& platform);
   // Removes the copy where it was not installed.
@@ -32,8 +33,8 @@ class DataFileDraft {
 
   // Where the copy is, to be changed before it is installed.
   [[nodiscard]] const DataSource& Copy() const { return copy_; }
-  // Puts the copy into its place. With `keepsMark` it carries the mark from then on.
-  void Install(bool keepsMark);
+  // Puts the copy into its place. From then on it carries its mark, or none.
+  void Install();
 
  private:
   void CopyAll(const DataSource& source, const CopyMark& mark);

@@ -29,7 +29,9 @@ bool IsDraft(const std::string& path, const std::string& place, const std::strin
   // A journal says that something was being written there, and may have taken all of it back.
   const bool isBegun = HasJournal(path);
   const Leftover found = Examine(path, password, DraftMark(place), platform);
-  return found == Leftover::Own || (isBegun && found == Leftover::Empty);
+  if (found != Leftover::Foreign) return found == Leftover::Own || isBegun;
+  const std::optional<CopyMark> mark = MarkIn(path, password);
+  return mark.has_value() && IsUnfinished(*mark);
 }
 
 // Whoever makes a draft holds the lock of its name.
@@ -69,11 +71,10 @@ CopyMark DraftMark(const std::string& fileName) {
 std::string FreeDraftPath(const DataFileLocation& location, const CopyMark& mark,
                           const std::string& password, const Writer& writer, Platform& platform) {
   RemoveOtherDrafts(location, password, writer, platform);
-  const CopyMark draft = DraftMark(location.fileName);
   const std::string first = location.DraftPath();
   std::string path = first;
   for (int number = 2;; ++number) {
-    const bool isForeign = Examine(path, password, draft, platform) == Leftover::Foreign;
+    const bool isForeign = Examine(path, password, mark, platform) == Leftover::Foreign;
     if (!isForeign || IsMarkedAlike(path, password, mark)) break;
     path = first + std::to_string(number);
   }

@@ -16,8 +16,8 @@ namespace corvanta::inline datafile {
 [[nodiscard]] CopyMark DraftMark(const std::string& fileName);
 
 // What a new data file is called while it is made: the first of its names that nobody else uses.
-// What a killed program has left behind under such a name, as a draft or, just before its end, with
-// the mark that it was to keep or that of another moment, is removed; so are drafts of other names
+// What a killed program has left behind under such a name, with this mark or with the mark of
+// another moment, is removed; so are drafts of other names
 // in the folder that nobody is making now. `password` opens them. Whoever calls this holds the
 // writer lock of the new file. Throws StoreError and PlatformError.
 [[nodiscard]] std::string FreeDraftPath(const DataFileLocation& location, const CopyMark& mark,

@@ -53,12 +53,16 @@ void ClearMark(const DataSource& source) {
   ChangeMark(source, {});
 }
 
-void ClearMarkQuietly(const DataSource& source) noexcept {
+void ChangeMarkQuietly(const DataSource& source, const CopyMark& mark) noexcept {
   try {
-    ClearMark(source);
+    ChangeMark(source, mark);
   } catch (const StoreError&) {
     // It says whose copy the file was, which is true.
   }
+}
+
+void ClearMarkQuietly(const DataSource& source) noexcept {
+  ChangeMarkQuietly(source, {});
 }
 
 }  // namespace corvanta::inline sql

@@ -42,7 +42,8 @@ void ChangeMark(const DataSource& source, const CopyMark& mark);
 // Takes the mark from a file. As this writes to it, a journal that a killed program has left behind
 // unfinished is gone afterwards, too. Throws StoreError, Locked while somebody else is writing.
 void ClearMark(const DataSource& source);
-// The same where a mark that stays does no harm.
+// The same two where a mark that stays does no harm.
+void ChangeMarkQuietly(const DataSource& source, const CopyMark& mark) noexcept;
 void ClearMarkQuietly(const DataSource& source) noexcept;
 
 }  // namespace corvanta::inline sql
