@@ -78,7 +78,7 @@ TEST_F(SafetyCommands, SaveAsGoesOnWithTheCopy) {
   ShowWindow();
   const std::int64_t rows = Rows();
   machine_.prompts.ExpectSaveFile("Save Data File As", DataFilePath());
-  machine_.prompts.ExpectTell("Data File", ScriptedPrompts::kAnyText);
+  machine_.prompts.ExpectTell("Corvanta Personal Finance", ScriptedPrompts::kAnyText);
   Trigger("mnuFileSaveAs");
   EXPECT_EQ(session_.Path(), DataFilePath()) << "not over itself";
   const std::string other = machine_.folder.Write("Copy.dat", "Dear bank");
