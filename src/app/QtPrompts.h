@@ -27,7 +27,7 @@ class QtPrompts : public Prompts {
                                                   const std::vector<std::string>& answers) override;
   [[nodiscard]] std::optional<std::string> AskText(const std::string& title,
                                                    const std::string& text, bool secret,
-                                                   const std::string& typed) override;
+                                                   const std::string& typed = {}) override;
   [[nodiscard]] std::optional<std::string> OpenFile(const FileQuestion& question) override;
   [[nodiscard]] std::optional<std::string> SaveFile(const FileQuestion& question) override;
 

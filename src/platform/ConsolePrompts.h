@@ -44,7 +44,7 @@ class ConsolePrompts : public Prompts {
   // signal that ends or stops the program while one is typed leaves the terminal as it was.
   [[nodiscard]] std::optional<std::string> AskText(const std::string& title,
                                                    const std::string& text, bool secret,
-                                                   const std::string& typed) override;
+                                                   const std::string& typed = {}) override;
   [[nodiscard]] std::optional<std::string> OpenFile(const FileQuestion& question) override;
   [[nodiscard]] std::optional<std::string> SaveFile(const FileQuestion& question) override;
 
