@@ -21,6 +21,11 @@ class Date {
   // Days since 1970-01-01, negative before it.
   [[nodiscard]] static constexpr Date FromSerial(std::int32_t days) { return Date(days); }
 
+  // The ends of the calendar: what is worked out may lie beyond, no day that is stored or shown
+  // does.
+  [[nodiscard]] static constexpr Date First() { return Date(-719162); }  // 0001-01-01
+  [[nodiscard]] static constexpr Date Last() { return Date(2932896); }   // 9999-12-31
+
   [[nodiscard]] constexpr std::int32_t Serial() const { return days_; }
   [[nodiscard]] int Year() const;
   [[nodiscard]] int Month() const;

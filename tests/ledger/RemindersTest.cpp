@@ -46,6 +46,15 @@ TEST_F(RemindersTest, WhatIsDueAndNotPostedStandsInTwoGroups) {
   EXPECT_EQ(Look().dueCount, 1U);
 }
 
+TEST_F(RemindersTest, TheLastDayOfTheCalendarHasNoneBehindIt) {
+  Save(Plan("d", "9999-12-30", 0, AddToAccount::No));
+  const Date last = Date::Last();
+  EXPECT_EQ(last, Day("9999-12-31"));
+  const ReminderList list = Reminders(ledger_, last, last, true);
+  EXPECT_EQ(Texts(list.overdue), (Dates{"9999-12-30 Bank -40"}));
+  EXPECT_EQ(Texts(list.future), (Dates{"9999-12-31 Bank -40"}));
+}
+
 TEST_F(RemindersTest, PostedItemsStandThereUntilTheyAreCleared) {
   const std::int64_t schedule = Save(Plan("ww", "2026-11-07"));
   Pass();

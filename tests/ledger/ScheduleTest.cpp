@@ -278,6 +278,78 @@ TEST_F(Schedule, AnotherPlanGoesOnBehindWhatIsPosted) {
   }
 }
 
+// Whether the number grew, the end was taken away or the schedule had been ended before its time.
+TEST_F(Schedule, MorePaymentsDoNotMakeUpForThePast) {
+  struct Case {
+    const char* from;
+    int noTimes;
+    int ended;  // what the number became before its time; 0 for none
+    int changedTo;
+    std::string state;
+    std::size_t posted;
+  };
+  const Case cases[] = {
+      {"2026-05-19", 1, 0, 7, "2026-12-01 x6 posted 2", 3},
+      {"2026-05-19", 1, 0, 0, "2026-12-01 x0 posted 2", 3},
+      {"2026-05-19", 1, 0, 1, "2026-05-19 x1 posted 1 finished", 1},
+      // Two weeks have not passed since the last one.
+      {"2026-11-10", 1, 0, 3, "2026-11-10 x3 posted 3 finished", 3},
+      // Today's payment is still to come.
+      {"2026-11-07", 1, 0, 3, "2026-11-07 x3 posted 3 finished", 3},
+      {"2026-10-24", 1, 0, 4, "2026-11-21 x3 posted 3 finished", 4},
+      {"2026-09-22", 0, -1, 12, "2026-12-01 x7 posted 2", 7},
+      {"2026-09-22", 12, -1, 4, "2026-09-22 x-4 posted 5 finished", 5},
+  };
+  for (const Case& test : cases) {
+    SCOPED_TRACE(std::string(test.from) + " " + std::to_string(test.noTimes) + " to " +
+                 std::to_string(test.changedTo));
+    const std::int64_t schedule = Save(Plan("2ww", test.from, test.noTimes));
+    Pass();
+    if (test.ended != 0) {
+      Run("UPDATE tblSchedule SET NoTimes = " + std::to_string(test.ended));
+      Run("DELETE FROM tblTransactions WHERE [Date] > #11/21/2026#");
+    }
+    const std::int64_t past = Count("tblTransactions WHERE [Date] < #11/21/2026#");
+    ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
+    changed.noTimes = test.changedTo;
+    ledger_.Schedules().SaveSchedule(changed);
+    Pass();
+    EXPECT_EQ(Count("tblTransactions WHERE [Date] < #11/21/2026#"), past);
+    EXPECT_EQ(State(schedule), test.state);
+    EXPECT_EQ(Posted(schedule).size(), test.posted);
+    Run("DELETE FROM tblTransactions");
+    Run("DELETE FROM tblSchedule");
+  }
+}
+
+// It may have posted nothing at all.
+TEST_F(Schedule, WhatADeletedAccountHasEndedGoesOnBehindToday) {
+  for (const char* period : {"m", "2ww"}) {
+    const std::int64_t schedule = Save(Plan("m", "2026-03-01", 0));
+    Run("UPDATE tblSchedule SET NoTimes = -1");
+    ScheduleRecord changed = *ledger_.Schedules().ReadSchedule(schedule);
+    changed.noTimes = 12;
+    changed.periodId = Period(period);
+    ledger_.Schedules().SaveSchedule(changed);
+    Pass();
+    EXPECT_EQ(Count("tblTransactions WHERE [Date] < #11/21/2026#"), 0) << period;
+    EXPECT_GT(Count("tblTransactions"), 0) << period;
+    Run("DELETE FROM tblTransactions");
+    Run("DELETE FROM tblSchedule");
+  }
+}
+
+TEST_F(Schedule, EndsWithTheCalendar) {
+  Today("9999-12-30");
+  MoveDates(true);
+  const std::int64_t daily = Save(Plan("d", "9999-12-29", 0));
+  Pass();
+  EXPECT_EQ(Posted(daily), (Dates{"9999-12-29", "9999-12-30", "9999-12-31"}));
+  EXPECT_TRUE(ledger_.Schedules().ReadSchedule(daily)->isFinished);
+  Pass();
+  EXPECT_EQ(Count("tblTransactions"), 3);
+}
+
 TEST_F(Schedule, WhatIsOverdueStaysSoUnderAnotherPlan) {
   const std::int64_t schedule = Save(Plan("m", "2026-08-05", 0, AddToAccount::No));
   Post(schedule, "2026-08-05");

@@ -23,6 +23,8 @@ namespace corvanta::inline cli {
 namespace {
 
 constexpr const char* kTitle = "Schedule";
+// A person who wants to see more of them has lost the schedule out of sight.
+constexpr std::size_t kMostDates = 10000;
 
 std::string CategoryText(const ScheduleDetails& row) {
   return CategoryPath(row.category, row.subCategory);
@@ -36,15 +38,16 @@ std::string DaysText(const DayRule& days) {
 }
 
 // With the last day among them, as the posting has it. Without end as far as that day or a year, a
-// first payment that is later still included.
+// first payment that is later still included. At most one more than are listed.
 std::vector<Date> PaymentsOf(const ScheduleDetails& schedule, std::optional<Date> until,
                              Date today) {
   const Date year = today.AddMonths(12);
   const SchedulePlan plan = PlanOf(schedule);
-  if (plan.Payments() > 0)
-    return FirstScheduleDates(plan, static_cast<std::size_t>(plan.Payments()));
-  const std::vector<Date> dates = PaymentsUntil(schedule, std::max(until.value_or(year), year));
-  return dates.empty() ? FirstScheduleDates(plan, 1) : dates;
+  if (plan.Payments() > 0) return FirstScheduleDates(plan, kMostDates + 1);
+  std::vector<Date> dates = FirstScheduleDates(plan, kMostDates + 1);
+  const Date last = std::max(until.value_or(year), year);
+  while (dates.size() > 1 && dates.back() > last) dates.pop_back();
+  return dates;
 }
 
 }  // namespace
@@ -208,10 +211,17 @@ ExitStatus ScheduleCommand::Dates(clsCorvanta& ledger, Session& session) const {
   const PostedRows posted = PostedOf(ledger.Store(), row->scheduleId);
   std::int64_t number = 0;
   const Date today = session.Machine().clock.Today();
-  for (const Date due : PaymentsOf(*row, Date::FromIso(until_), today)) {
+  std::vector<Date> dates = PaymentsOf(*row, Date::FromIso(until_), today);
+  const bool areMore = dates.size() > kMostDates;
+  if (areMore) dates.resize(kMostDates);
+  for (const Date due : dates) {
     table.AddRow({++number, due, posted.Has(due) ? "yes" : "no", row->days.BookedOn(due)});
   }
   session.Print(table);
+  if (areMore) {
+    session.Tell(kTitle, "These are the first " + std::to_string(kMostDates) +
+                             " payments; more are not listed.");
+  }
   return ExitStatus::Done;
 }
 

@@ -2,6 +2,8 @@
 
 #include "ledger/schedules/ScheduleRows.h"
 
+#include <algorithm>
+
 namespace corvanta::inline ledger {
 namespace {
 
@@ -30,10 +32,12 @@ Position PositionOf(const SchedulePlan& plan, const PeriodStep& step, const Post
       found.open = day;
       return found;
     }
-    found.last = day;
+    if (day <= today) found.last = day;
     ++found.passed;
     day = step.After(day);
   }
+  // One that was ended before its time says less than it has posted.
+  if (plan.noTimes < 0) found.passed = std::max(found.passed, posted.CountFrom(plan.from));
   return found;
 }
 
@@ -49,6 +53,27 @@ Date FirstToCome(const SchedulePlan& wanted, const PeriodStep& step, const Posit
   Date day = wanted.from;
   while (isPast(day)) day = step.After(day);
   return day;
+}
+
+// More payments for a plan that was at its end go on behind today: those that would have been due
+// since then are not made up for.
+void GoOn(SchedulePlan& plan, bool wasEnded, const PeriodStep& step, const Position& at,
+          const PostedRows& posted, Date today) {
+  const int payments = plan.Payments();
+  if (payments > 0 && payments <= at.passed) {
+    if (wasEnded) plan.noTimes = -payments;
+    return;
+  }
+  const auto isPast = [&](Date day) {
+    return (at.last && day <= *at.last) || day < today || (day == today && posted.Has(day));
+  };
+  Date day = plan.from;
+  bool skips = wasEnded;
+  for (; isPast(day); day = step.After(day)) skips = skips || (at.last && day > *at.last);
+  // Where none is left out the plan counts on from its start.
+  if (!skips) return;
+  plan.from = day;
+  if (payments > 0) plan.noTimes = payments - at.passed;
 }
 
 // The first payment of the former plan that is not due yet.
@@ -86,7 +111,13 @@ PlanChange ChangePlan(const SchedulePlan& former, const SchedulePlan& asked,
   if (!step || !change.formerStep) return change;
   const Position at = PositionOf(former, *change.formerStep, posted, today);
   change.open = at.open;
-  if (change.keepsDates || posted.IsEmpty() || wanted.noTimes < 0) return change;
+  if (wanted.noTimes < 0) return change;
+  const bool isFinished = !at.open;
+  if (!isFinished && (change.keepsDates || posted.IsEmpty())) return change;
+  if (change.keepsDates) {
+    GoOn(change.plan, former.noTimes < 0, *step, at, posted, today);
+    return change;
+  }
 
   SchedulePlan& plan = change.plan;
   const bool isSameStart = wanted.from == former.from;

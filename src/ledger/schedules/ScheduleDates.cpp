@@ -11,7 +11,6 @@ namespace {
 
 constexpr int kMonday = 1;
 constexpr int kLargestMultiplier = 9999;
-constexpr Date kLastDay = Date::FromSerial(2932896);  // 9999-12-31
 
 bool IsInterval(std::string_view text) {
   return text == "d" || text == "ww" || text == "m" || text == "q" || text == "yyyy";
@@ -27,7 +26,7 @@ int CountWithoutEnd(const PeriodStep& step, Date from, Date today, std::optional
 
 std::vector<Date> Steps(const PeriodStep& step, Date from, std::size_t count) {
   std::vector<Date> dates;
-  for (Date day = from; dates.size() < count && day <= kLastDay; day = step.After(day)) {
+  for (Date day = from; dates.size() < count && day <= Date::Last(); day = step.After(day)) {
     dates.push_back(day);
   }
   return dates;

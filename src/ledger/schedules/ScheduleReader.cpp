@@ -77,7 +77,7 @@ ScheduleDetails Details(const Recordset& row) {
 std::optional<Date> LookAheadOf(const Platform& platform) {
   const int months = Settings(platform.registry).ScheduleMonths();
   if (months < 1 || months > 120) return std::nullopt;
-  return platform.clock.Today().AddMonths(months);
+  return std::min(platform.clock.Today().AddMonths(months), Date::Last());
 }
 
 std::optional<Date> AutomaticUntil(AddToAccount add, std::optional<Date> ahead, Date today) {

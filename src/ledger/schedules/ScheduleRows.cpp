@@ -26,6 +26,10 @@ std::optional<Date> PostedRows::Last() const {
   return rows_.empty() ? std::nullopt : std::optional(rows_.back().due);
 }
 
+int PostedRows::CountFrom(Date due) const {
+  return static_cast<int>(rows_.end() - std::ranges::lower_bound(rows_, due, {}, &Row::due));
+}
+
 int PostedRows::CountFor(const ScheduleRecord& schedule) const {
   return static_cast<int>(std::ranges::count_if(rows_, [&](const Row& row) {
     return row.accountId == schedule.accountId && row.due >= schedule.dateFrom;
@@ -85,7 +89,8 @@ std::vector<Date> PaymentsUntil(const ScheduleDetails& schedule, Date last) {
   if (!step || schedule.noTimes < 0) return {};
   const auto payments = static_cast<std::size_t>(PlanOf(schedule).Payments());
   std::vector<Date> dates;
-  for (Date day = schedule.dateFrom; day <= last; day = step->After(day)) {
+  const Date end = std::min(last, Date::Last());
+  for (Date day = schedule.dateFrom; day <= end; day = step->After(day)) {
     if (payments > 0 && dates.size() == payments) break;
     dates.push_back(day);
   }

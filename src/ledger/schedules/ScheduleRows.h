@@ -28,6 +28,8 @@ class PostedRows {
   [[nodiscard]] std::optional<Date> FirstAfter(Date day) const;
   // The last one of all.
   [[nodiscard]] std::optional<Date> Last() const;
+  // How many there are from that due date on.
+  [[nodiscard]] int CountFrom(Date due) const;
   // The rows in the schedule's account of payments from its start on: what counts towards the
   // number of payments.
   [[nodiscard]] int CountFor(const ScheduleRecord& schedule) const;

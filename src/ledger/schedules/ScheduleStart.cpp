@@ -21,9 +21,10 @@ void MoveStartBehind(Connection& store, const ScheduleDetails& schedule,
   if (passed.empty() || !step) return;
   const int payments = PlanOf(schedule).Payments();
   const int remaining = payments - static_cast<int>(passed.size());
-  const bool isLast = payments > 0 && remaining <= 0;
-  const Date start = isLast ? passed.back() : step->After(passed.back());
-  const int number = payments == 0 ? 0 : isLast ? kFinished : remaining;
+  const Date next = step->After(passed.back());
+  const bool isLast = (payments > 0 && remaining <= 0) || next > Date::Last();
+  const Date start = isLast ? passed.back() : next;
+  const int number = isLast ? kFinished : payments == 0 ? 0 : remaining;
   store.Execute("UPDATE tblSchedule SET DateFrom = " + SqlDate(start) + ", NoTimes =" +
                 std::to_string(number) + " Where ScheduleId = " + SqlNumber(schedule.scheduleId));
 }

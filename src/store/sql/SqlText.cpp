@@ -1,5 +1,6 @@
 #include "store/sql/SqlText.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <cstdio>
@@ -25,7 +26,8 @@ std::string SqlDate(Date date) {
 
 std::string SqlDate(DateTime moment) {
   char text[64];
-  const Date date = moment.date;
+  // Nothing that is stored lies beyond the calendar's ends, so they compare as what lies there.
+  const Date date = std::clamp(moment.date, Date::First(), Date::Last());
   int length =
       std::snprintf(text, sizeof text, "#%02d/%02d/%04d", date.Month(), date.Day(), date.Year());
   if (moment.seconds != 0) {

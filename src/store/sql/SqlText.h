@@ -11,7 +11,7 @@ namespace corvanta::inline sql {
 
 // The text between single quotes, embedded apostrophes doubled.
 [[nodiscard]] std::string SqlText(std::string_view text);
-// #mm/dd/yyyy#, whatever the locale.
+// #mm/dd/yyyy#, whatever the locale; of a day beyond the calendar its first or last one.
 [[nodiscard]] std::string SqlDate(Date date);
 // #mm/dd/yyyy# at midnight, otherwise #mm/dd/yyyy hh:nn:ss#.
 [[nodiscard]] std::string SqlDate(DateTime moment);
