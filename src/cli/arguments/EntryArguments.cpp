@@ -4,7 +4,9 @@
 #include "cli/Session.h"
 #include "cli/arguments/AccountArgument.h"
 #include "cli/arguments/Arguments.h"
+#include "ledger/accounts/CurrencyOf.h"
 #include "ledger/reference/CategoryPath.h"
+#include "platform/TextCase.h"
 
 namespace corvanta::inline cli {
 namespace {
@@ -43,7 +45,7 @@ TransactionStatus StatusOf(const std::string& word) {
   return word == "reconciled" ? TransactionStatus::Reconciled : TransactionStatus::Uncleared;
 }
 
-void EntryFields::DeclareFields(Parser& command, bool isNew) {
+void EntryFields::DeclareFields(Parser& command, bool isNew, const char* amount) {
   command.AddOption("--account", account_, "The account; of a transfer, where it comes from")
       ->Required(isNew);
   command.AddOption("--to", to_, "Of a transfer: where it goes to");
@@ -51,7 +53,7 @@ void EntryFields::DeclareFields(Parser& command, bool isNew) {
   command.AddOption("--payment", payment_, "The payment type")->Required(isNew);
   command.AddOption("--category", category_,
                     "Category or Category:SubCategory (of a transfer: Credit without it)");
-  command.AddOption("--amount", amount_, "Without a sign, in the account's currency")
+  command.AddOption("--amount", amount_, amount)
       ->TypeName("N")
       ->Check(NumberFault)
       ->Required(isNew);
@@ -91,7 +93,11 @@ bool EntryFields::Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
 }
 
 void EntryArguments::Declare(Parser& command, bool isNew) {
-  fields_.DeclareFields(command, isNew);
+  fields_.DeclareFields(command, isNew,
+                        isNew ? "Without a sign, in the account's currency"
+                              : "Without a sign, in the currency of the account that the "
+                                "transaction is in: of the half of a transfer that receives, what "
+                                "arrives");
   command
       .AddOption("--amount-to", amountTo_,
                  "Of a transfer between currencies: what arrives, in the other account's "
@@ -107,14 +113,33 @@ void EntryArguments::Declare(Parser& command, bool isNew) {
 }
 
 bool EntryArguments::Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const {
+  const std::optional<double> leaves = form.amount;
   if (!fields_.Fill(form, kTitle, ledger, session)) return false;
   if (amountTo_ && !form.IsTransfer()) {
     session.Tell(kTitle, "Only of a transfer an --amount-to arrives.");
     return false;
   }
-  if (amountTo_) form.amountTo = NumberOf(*amountTo_);
+  if (!FillArrival(form, leaves, ledger, session)) return false;
   if (date_) form.date = Date::FromIso(*date_).value_or(form.date);
   if (status_) form.status = StatusOf(*status_);
+  return true;
+}
+
+bool EntryArguments::FillArrival(TransactionForm& form, std::optional<double> leaves,
+                                 clsCorvanta& ledger, Session& session) const {
+  if (amountTo_) form.amountTo = NumberOf(*amountTo_);
+  const bool isArrival =
+      fields_.HasAmount() && form.IsTransfer() && form.isToHalf &&
+      !EqualFolded(CurrencyOf(ledger, form.accountId), CurrencyOf(ledger, form.accountToId));
+  if (!isArrival) return true;
+  if (amountTo_) {
+    session.Tell(kTitle,
+                 "This is the half that receives: its --amount is what arrives, as --amount-to is. "
+                 "Give one of them, or change what leaves with the other half's key.");
+    return false;
+  }
+  form.amountTo = form.amount;
+  form.amount = leaves;
   return true;
 }
 

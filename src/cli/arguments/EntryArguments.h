@@ -33,14 +33,17 @@ void DeclareStatus(Parser& command, std::optional<std::string>& status);
 // The options that transactions and schedules have in common; what is not given is left as it is.
 class EntryFields {
  public:
-  // From the account to the amount. `isNew`: those that a new row cannot do without are required.
-  void DeclareFields(Parser& command, bool isNew);
+  // From the account to the amount, with what that is said to be. `isNew`: those that a new row
+  // cannot do without are required.
+  void DeclareFields(Parser& command, bool isNew,
+                     const char* amount = "Without a sign, in the account's currency");
   // Reference and description, with what they are said to be.
   void DeclareTexts(Parser& command, const char* reference, const char* description);
   // Puts what was given into the form, whose type is set; false, told under the title, when an
   // option does not go with the type or an account is not there.
   [[nodiscard]] bool Fill(EntryForm& form, const char* title, clsCorvanta& ledger,
                           Session& session) const;
+  [[nodiscard]] bool HasAmount() const { return amount_.has_value(); }
 
  private:
   std::optional<std::string> account_;
@@ -63,6 +66,10 @@ class EntryArguments {
   [[nodiscard]] bool Fill(TransactionForm& form, clsCorvanta& ledger, Session& session) const;
 
  private:
+  // Of the half that receives in another currency, the amount is what arrives.
+  [[nodiscard]] bool FillArrival(TransactionForm& form, std::optional<double> leaves,
+                                 clsCorvanta& ledger, Session& session) const;
+
   EntryFields fields_;
   std::optional<std::string> amountTo_;
   std::optional<std::string> date_;
