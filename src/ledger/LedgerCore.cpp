@@ -34,7 +34,11 @@ class StepsShown {
 }  // namespace
 
 LedgerCore::LedgerCore(Connection& connection, Platform& machine)
-    : store(connection), platform(machine), undo(connection, UndoneTables()), closed(connection) {}
+    : store(connection),
+      platform(machine),
+      undo(connection, UndoneTables()),
+      closed(connection),
+      amounts(connection) {}
 
 std::int64_t LedgerCore::ReadKey(const std::string& sql, std::string_view column) {
   const Recordset row = store.OpenRecordset(sql);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "ledger/Keys.h"
+#include "ledger/accounts/AccountAmounts.h"
 #include "ledger/accounts/ClosedAccounts.h"
 #include "store/sql/UndoLog.h"
 #include "store/sql/Value.h"
@@ -68,6 +69,7 @@ struct LedgerCore {
   Platform& platform;
   UndoLog undo;
   ClosedAccounts closed;
+  AccountAmounts amounts;
 };
 
 }  // namespace corvanta::inline ledger

@@ -20,4 +20,11 @@ double RoundToCurrency(double amount, std::string_view currency) {
   return Rounded(amount, CurrencyDecimals(currency));
 }
 
+double PartsInCurrency::Next(double part) {
+  const double before = rounded_;
+  whole_ = RoundMoney(whole_ + part);
+  rounded_ = RoundToCurrency(whole_, currency_);
+  return RoundMoney(rounded_ - before);
+}
+
 }  // namespace corvanta::inline ledger

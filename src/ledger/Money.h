@@ -1,6 +1,8 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <utility>
 
 namespace corvanta::inline ledger {
 
@@ -17,5 +19,21 @@ namespace corvanta::inline ledger {
 [[nodiscard]] inline double RoundChanged(double amount, double stored, std::string_view currency) {
   return amount == stored ? amount : RoundToCurrency(amount, currency);
 }
+
+// The parts of a whole one after the other, each rounded so that they add up to the whole as it is
+// rounded: parts of whole cents stay as they are.
+class PartsInCurrency {
+ public:
+  explicit PartsInCurrency(std::string currency) : currency_(std::move(currency)) {}
+
+  [[nodiscard]] double Next(double part);
+  // Of the parts so far.
+  [[nodiscard]] double Sum() const { return rounded_; }
+
+ private:
+  std::string currency_;
+  double whole_ = 0;
+  double rounded_ = 0;
+};
 
 }  // namespace corvanta::inline ledger

@@ -8,6 +8,7 @@
 #include "ledger/reference/ReferenceRecords.h"
 #include "ledger/transactions/StatusBook.h"
 #include "platform/CurrencyDecimals.h"
+#include "platform/Decimal.h"
 #include "platform/Locale.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
@@ -102,8 +103,11 @@ StatementDifference DifferenceTo(double statement, const ReconcileTotals& totals
                                  const std::string& currency) {
   StatementDifference difference;
   difference.amount = RoundMoney(statement - totals.current);
-  difference.decimals = CurrencyDecimals(currency);
-  difference.isBalanced = RoundToCurrency(difference.amount, currency) == 0;
+  // What an older file holds in more decimals is a difference to the statement, and seen as one.
+  constexpr int kMostDecimals = 6;
+  difference.decimals =
+      NeededDecimals(difference.amount, CurrencyDecimals(currency), kMostDecimals);
+  difference.isBalanced = difference.amount == 0;
   return difference;
 }
 

@@ -71,10 +71,10 @@ struct ReconcileTexts {
 // What is missing between a statement's balance and the current one.
 struct StatementDifference {
   double amount = 0;        // the statement's balance less the current one
-  bool isBalanced = false;  // nothing in the decimals of the account's currency
-  // The amount, with as many decimals as the currency or the locale has.
+  bool isBalanced = false;  // nothing is missing, to the last digit
+  // The amount, with as many decimals as the currency or the locale has, or as it needs.
   [[nodiscard]] std::string Text(const Locale& locale) const;
-  int decimals = 2;  // of the currency
+  int decimals = 2;  // of the currency, or as many as the amount needs
 };
 [[nodiscard]] StatementDifference DifferenceTo(double statement, const ReconcileTotals& totals,
                                                const std::string& currency);

@@ -26,8 +26,8 @@ class Export : public ExchangeTest {
         "!Account\nNMine\n^\n!Type:Bank\n"
         "D13/2/2020\nT-12.50\nPM&S\nMLunch, \"out\"\nN7\nLFood:Dining Out\n^\n"
         "D14/2/2020\nT-100\nPMove\nL[Other]\n^\n"
-        "D15/2/2020\nT-30\nPSplit\nLFood\nSFood:Meat\nEmemo\n$-10.125\nSBills\n$-19.875\n^\n"
-        "D16/2/2020\nT1,234,567.125\nPCaf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96\nLWages and Salary\n^\n"
+        "D15/2/2020\nT-30\nPSplit\nLFood\nSFood:Meat\nEmemo\n$-10.13\nSBills\n$-19.87\n^\n"
+        "D16/2/2020\nT1,234,567.13\nPCaf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96\nLWages and Salary\n^\n"
         "D17/2/2020\nT-5\nPMove\nL[Nowhere: else]\n^\n"
         "!Account\nNOther\n^\n!Type:Bank\nD14/2/2020\nT100\nPMove\nL[Mine]\n^\n");
   }
@@ -90,14 +90,14 @@ TEST_F(Export, Qif) {
             "!Type:Oth L\n"
             "D13/02/2020\nT-12.5\nN7\nPM&S\nMLunch, \"out\"\nLFood:Dining Out\n^\n"
             "D14/02/2020\nT-100\nPOther\nM\nLDebit\n^\n"
-            "D15/02/2020\nT-30\nPSplit\nM\nLFood\nSFood:Meat\n$-10.1250\nSBills\n$-19.8750\n^\n"
-            "D16/02/2020\nT1234567.1250\nPCaf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96\nM\nLWages and "
+            "D15/02/2020\nT-30\nPSplit\nM\nLFood\nSFood:Meat\n$-10.13\nSBills\n$-19.87\n^\n"
+            "D16/02/2020\nT1234567.13\nPCaf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96\nM\nLWages and "
             "Salary\n^\n"
             "D17/02/2020\nT-5\nPMove\nM\nLAccount:Nowhere: else\n^\n");
   EXPECT_EQ(RoundTrip("a.qif"),
             (Texts{"2020-02-13|M&S|Food:Dining Out|-12.5", "2020-02-14|Other|Debit|-100",
-                   "2020-02-15|Split|Food|-30", "Food:Meat|-10.125", "Bills:|-19.875",
-                   "2020-02-16|Caf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96|Wages and Salary|1234567.125",
+                   "2020-02-15|Split|Food|-30", "Food:Meat|-10.13", "Bills:|-19.87",
+                   "2020-02-16|Caf\xC3\xA9 \xE2\x82\xAC \xE2\x84\x96|Wages and Salary|1234567.13",
                    "2020-02-17|Move|Account:Nowhere: else|-5"}));
 }
 
@@ -172,7 +172,7 @@ TEST_F(Export, Ofx) {
   contains("<TRNAMT>-100</TRNAMT>");
   contains("<NAME>Transfer</NAME>");
   contains("<NAME>Caf\xE9 \x80 &#8470;</NAME>");
-  contains("</BANKTRANLIST>\n<LEDGERBAL>\n<BALAMT>1234419.6250</BALAMT>\n");
+  contains("</BANKTRANLIST>\n<LEDGERBAL>\n<BALAMT>1234419.63</BALAMT>\n");
   EXPECT_TRUE(text.ends_with("</BANKMSGSRSV1>\n</OFX>"));
   // Back in the same account every row is found again.
   job_.duplicates = DuplicateAnswer::Skip;

@@ -136,6 +136,28 @@ TEST_F(ImportFlow, OneRowOfTheLedgerAnswersForOneRowOfTheFile) {
   EXPECT_EQ(summary.duplicates, 3U);
 }
 
+TEST_F(ImportFlow, AmountsAreRoundedToTheCurrencyOfTheirAccount) {
+  const Value yen = Db().QueryValue("Select CurrencyID from tblCurrency Where Currency = 'JPY'");
+  AddAccount("Yen", {}, static_cast<int>(yen.Int()));
+  AddAccount("Pounds");
+  const std::string file =
+      "!Account\nNYen\n^\n!Type:Bank\nD13/2/2020\nT-9.98\nPShop\n^\n"
+      "D14/2/2020\nT-3\nPShop\nSFood\n$-1.4\nSBooks\n$-1.6\n^\n"
+      "!Account\nNPounds\n^\n!Type:Bank\nD13/2/2020\nT-1234.567\nPShop\n^\n"
+      "D14/2/2020\nT-2.50\nPShop\n^\n";
+  ImportSummary summary = Import(file);
+  EXPECT_EQ(Amounts("Yen"), (Texts{"-10", "-3"}));
+  EXPECT_EQ(Count("tblTransactions Where AllocatedItem <> 0 AND [Amount] IN (-1,-2)"), 2);
+  EXPECT_EQ(Amounts("Pounds"), (Texts{"-1234.57", "-2.5"}));
+  EXPECT_EQ(summary.rounded, 3U);
+  EXPECT_NE(summary.Text().find("Amounts rounded to the decimals of their currency: 3"),
+            std::string::npos);
+  // It is known again, as are rows that came with all their digits.
+  EXPECT_EQ(Import(file).duplicates, 4U);
+  Db().Execute("UPDATE tblTransactions SET [Amount] = -1234.567 WHERE [Amount] = -1234.57");
+  EXPECT_EQ(Import(file).duplicates, 4U);
+}
+
 TEST_F(ImportFlow, TheSummaryNamesTheAccounts) {
   AddAccount("Known");
   const ImportSummary summary = Import("!Account\nNKnown\n^\n!Type:Bank\n" + std::string(kThree) +

@@ -266,7 +266,7 @@ TEST_F(Styles, OneOrderAndOneMarkPerFile) {
   job_.decimalMark = DecimalMark::Point;
   const ImportSummary chosen = ImportBank("D1/2/2021\nT-1.234\n^\nD2/13/2020\nT-200,00\n^\n");
   EXPECT_EQ(Dates("Mine").back(), "2021-02-01");
-  EXPECT_EQ(Amounts("Mine").back(), "-1.234");
+  EXPECT_EQ(Amounts("Mine").back(), "-1.23");
   EXPECT_EQ(Problems(chosen), (Texts{"8: \"2/13/2020\" is no date."}));
 }
 

@@ -83,12 +83,12 @@ TEST_F(Balances, ARowOfTheEveningBelongsToThePeriodsLastDay) {
   EXPECT_TRUE(ledger_.Balances().Register(bank_, {}, Month("2026-03-01", "2026-03-31")).empty());
 }
 
-// What was typed with more digits than the currency has is added up as it is.
 TEST_F(Balances, ThirdDecimalsAddUp) {
-  for (int i = 0; i < 3; ++i) Add(bank_, 0.335);
-  EXPECT_EQ(ledger_.Balances().RunningBalance(bank_, {}, *Date::FromIso("2026-12-31")), 1.005);
-  EXPECT_EQ(ledger_.Balances().Register(bank_, {}, std::nullopt).back().balance, 101.005);
-  const std::int64_t split = Add(savings_, -1);
+  const std::int64_t dinars = AddAccount("Dinars", 100, CurrencyKey("KWD"));
+  for (int i = 0; i < 3; ++i) Add(dinars, 0.335);
+  EXPECT_EQ(ledger_.Balances().RunningBalance(dinars, {}, *Date::FromIso("2026-12-31")), 1.005);
+  EXPECT_EQ(ledger_.Balances().Register(dinars, {}, std::nullopt).back().balance, 101.005);
+  const std::int64_t split = Add(dinars, -1);
   AddLine(split, -0.333);
   AddLine(split, -0.333);
   EXPECT_EQ(Amount(split), -0.666);

@@ -64,6 +64,10 @@ class RecordsTest : public testing::Test {
     return Count("tblTransactions WHERE TransactionID = " + std::to_string(key)) == 1;
   }
 
+  int CurrencyKey(const std::string& code) {
+    return static_cast<int>(
+        Number("SELECT CurrencyID FROM tblCurrency WHERE Currency = '" + code + "'"));
+  }
   std::int64_t AddAccount(const std::string& name, double opening, int currency) {
     AccountRecord account;
     account.account = name;

@@ -143,12 +143,13 @@ TEST_F(ReconciliationTest, BinaryNoiseIsNoDifference) {
   EXPECT_EQ(balancing.Totals().outstanding, 0);
   EXPECT_EQ(balancing.Totals().current, 91);
   EXPECT_TRUE(DifferenceTo(91, balancing.Totals(), "GBP").isBalanced);
-  EXPECT_TRUE(DifferenceTo(90.996, balancing.Totals(), "GBP").isBalanced) << "shows 0.00";
+  EXPECT_FALSE(DifferenceTo(90.996, balancing.Totals(), "GBP").isBalanced);
   EXPECT_FALSE(DifferenceTo(91.01, balancing.Totals(), "GBP").isBalanced);
   EXPECT_EQ(DifferenceTo(90.5, balancing.Totals(), "GBP").amount, -0.5);
 }
 
-TEST_F(ReconciliationTest, TheAccountsCurrencySaysWhatIsBalanced) {
+// Nothing that is off is balanced, however few decimals the currency has.
+TEST_F(ReconciliationTest, WhatIsReallyThereIsCompared) {
   Add(bank_, 12.5);
   Reconciliation balancing(bank_, ledger_);
   balancing.ShowUnreconciled();
@@ -158,7 +159,12 @@ TEST_F(ReconciliationTest, TheAccountsCurrencySaysWhatIsBalanced) {
   const StatementDifference cents = DifferenceTo(112.94, balancing.Totals(), "USD");
   EXPECT_FALSE(cents.isBalanced);
   EXPECT_EQ(cents.Text(japanese), "0.44");
-  EXPECT_TRUE(DifferenceTo(112.94, balancing.Totals(), "JPY").isBalanced);
+  const StatementDifference yen = DifferenceTo(112.94, balancing.Totals(), "JPY");
+  EXPECT_FALSE(yen.isBalanced);
+  EXPECT_EQ(yen.Text(japanese), "0.44");
+  const StatementDifference thirds = DifferenceTo(112.504, balancing.Totals(), "GBP");
+  EXPECT_FALSE(thirds.isBalanced);
+  EXPECT_EQ(thirds.Text(japanese), "0.004") << "and not as nothing";
   const StatementDifference mils = DifferenceTo(112.504, balancing.Totals(), "KWD");
   EXPECT_FALSE(mils.isBalanced);
   EXPECT_EQ(mils.Text(japanese), "0.004");

@@ -21,10 +21,12 @@ std::string NumberKey(std::string_view number) {
 // Of names that were given twice the first row counts, as in a search.
 AccountNames::AccountNames(Connection& store) {
   Recordset rows = store.OpenRecordset(
-      "Select AccountID, [Account], AccountNo, CurrencyId, CloseAccount from tblAccounts "
-      "Order by AccountID");
+      "Select A.AccountID, A.[Account], A.AccountNo, A.CurrencyId, A.CloseAccount, C.[Currency] "
+      "from tblAccounts A LEFT JOIN tblCurrency C ON A.CurrencyId = C.CurrencyID "
+      "Order by A.AccountID");
   for (; !rows.Eof(); rows.MoveNext()) {
-    Add({rows.Int(0), rows.Int(3), std::string(rows.Text(1)), rows.Int(4) != 0, false},
+    Add({rows.Int(0), rows.Int(3), std::string(rows.Text(5)), std::string(rows.Text(1)),
+         rows.Int(4) != 0, false},
         std::string(rows.Text(2)));
   }
 }

@@ -17,6 +17,7 @@ namespace corvanta::inline exchange {
 struct ImportTarget {
   std::int64_t accountId = 0;
   std::int64_t currencyId = 0;
+  std::string currency;  // its code; empty for an unknown one
   std::string name;
   bool isClosed = false;
   bool isNew = false;  // made for this file

@@ -29,12 +29,14 @@ std::string KeyOf(Date date, std::initializer_list<double> numbers,
 
 }  // namespace
 
-DuplicateIndex::DuplicateIndex(Connection& store, std::int64_t accountId) {
-  ReadOrdinary(store, accountId);
-  ReadInvestments(store, accountId);
+DuplicateIndex::DuplicateIndex(Connection& store, std::int64_t accountId,
+                               std::string_view currency) {
+  ReadOrdinary(store, accountId, currency);
+  ReadInvestments(store, accountId, currency);
 }
 
-void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
+void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId,
+                                  std::string_view currency) {
   const std::int64_t imported =
       store.QueryValue("Select PaymentID from tblPayments Where lcase(Payment) = 'import'").Int();
   Recordset rows = store.OpenRecordset(
@@ -45,8 +47,8 @@ void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
     const std::optional<Date> date = rows.Day(1);
     if (!date) continue;
     const bool isImported = imported != 0 && rows.Int(4) == imported;
-    rows_.push_back({rows.Int(0), *date, RoundMoney(rows.Double(2)), std::string(rows.Text(3)),
-                     isImported, false});
+    rows_.push_back({rows.Int(0), *date, RoundToCurrency(rows.Double(2), currency),
+                     std::string(rows.Text(3)), isImported, false});
     const std::string& reference = rows_.back().reference;
     if (!reference.empty()) ++references_[reference];
     if (isImported && reference.empty()) isEveryImportMarked_ = false;
@@ -57,7 +59,8 @@ void DuplicateIndex::ReadOrdinary(Connection& store, std::int64_t accountId) {
   });
 }
 
-void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId) {
+void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId,
+                                     std::string_view currency) {
   Recordset rows = store.OpenRecordset(
       "Select [Date], [Amount], Dividend, Shares, [Price], Commission, PayeeID, CategoryID, "
       "[Action] From tblTransactions Where [AccountID] = " +
@@ -66,7 +69,9 @@ void DuplicateIndex::ReadInvestments(Connection& store, std::int64_t accountId) 
     const std::optional<Date> date = rows.Day(0);
     if (!date) continue;
     ++investments_[KeyOf(
-        *date, {rows.Double(1), rows.Double(2), rows.Double(3), rows.Double(4), rows.Double(5)},
+        *date,
+        {RoundToCurrency(rows.Double(1), currency), RoundToCurrency(rows.Double(2), currency),
+         rows.Double(3), rows.Double(4), rows.Double(5)},
         {rows.Int(6), rows.Int(7), rows.Int(8)})];
   }
 }

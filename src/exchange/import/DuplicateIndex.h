@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 #include <vector>
 
@@ -32,7 +33,9 @@ class DuplicateIndex {
     bool isTaken = false;     // answers for a row of the file already
   };
 
-  DuplicateIndex(Connection& store, std::int64_t accountId);
+  // Amounts are compared in the decimals of the account's currency (its code), to which what is
+  // imported is rounded.
+  DuplicateIndex(Connection& store, std::int64_t accountId, std::string_view currency);
 
   // The ordinary rows of that day and amount that answer for no other row, by their keys.
   [[nodiscard]] std::vector<Candidate*> Find(Date date, double amount);
@@ -46,8 +49,8 @@ class DuplicateIndex {
                            std::int64_t categoryId);
 
  private:
-  void ReadOrdinary(Connection& store, std::int64_t accountId);
-  void ReadInvestments(Connection& store, std::int64_t accountId);
+  void ReadOrdinary(Connection& store, std::int64_t accountId, std::string_view currency);
+  void ReadInvestments(Connection& store, std::int64_t accountId, std::string_view currency);
 
   std::vector<Candidate> rows_;  // in order of day, amount and key
   std::unordered_map<std::string, std::size_t> references_;

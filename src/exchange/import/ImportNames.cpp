@@ -105,10 +105,12 @@ const ImportTarget* ImportNames::FindOrCreateAccount(const ImportAccount& accoun
   record.account = Fit(CutName(account.name.empty() ? account.number : account.name), kLongestName);
   record.accountNo = Fit(account.number, kLongestNumber);
   record.accountTypeId = GroupFor(account.group);
-  record.currencyId = CurrencyFor(account.currency);
+  const CurrencyRecord& currency = CurrencyFor(account.currency);
+  record.currencyId = currency.currencyId;
   // All names are known here, so a search of the ledger would only repeat the one above.
   const std::int64_t key = ledger_.Accounts().SaveAccount(record);
-  return accounts_.Add({key, record.currencyId, record.account, false, true}, record.accountNo);
+  return accounts_.Add({key, currency.currencyId, currency.currency, record.account, false, true},
+                       record.accountNo);
 }
 
 void ImportNames::SetNumber(std::int64_t accountId, const std::string& number) {
@@ -133,17 +135,18 @@ std::int64_t ImportNames::GroupFor(const std::string& group) {
                                         : groups.front().accountTypeId;
 }
 
-std::int64_t ImportNames::CurrencyFor(const std::string& code) {
-  const auto [entry, isNew] = currencies_.try_emplace(code, 0);
+const CurrencyRecord& ImportNames::CurrencyFor(const std::string& code) {
+  const auto [entry, isNew] = currencies_.try_emplace(code);
   if (!isNew) return entry->second;
   const std::vector<CurrencyRecord> currencies = ledger_.References().Currencies();
   for (const std::string& wanted : {code, locale_.CurrencyCode()}) {
     for (const CurrencyRecord& currency : currencies) {
       if (wanted.empty() || !EqualFolded(currency.currency, wanted)) continue;
-      return entry->second = currency.currencyId;
+      return entry->second = currency;
     }
   }
-  return entry->second = currencies.empty() ? 0 : currencies.front().currencyId;
+  if (!currencies.empty()) entry->second = currencies.front();
+  return entry->second;
 }
 
 std::int64_t ImportNames::Payee(std::string_view name) {

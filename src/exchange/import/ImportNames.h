@@ -2,6 +2,7 @@
 
 #include "exchange/import/AccountNames.h"
 #include "exchange/import/ImportRecord.h"
+#include "ledger/reference/ReferenceRecords.h"
 
 #include <cstdint>
 #include <optional>
@@ -64,7 +65,7 @@ class ImportNames {
   const KnownCategory& FindOrMakeCategory(const std::string& category,
                                           const std::string& subCategory, int type);
   [[nodiscard]] std::int64_t GroupFor(const std::string& group);
-  [[nodiscard]] std::int64_t CurrencyFor(const std::string& code);
+  [[nodiscard]] const CurrencyRecord& CurrencyFor(const std::string& code);
 
   clsCorvanta& ledger_;
   const Locale& locale_;
@@ -72,8 +73,8 @@ class ImportNames {
   Keys payees_;  // by NameKey, as all names here
   std::unordered_map<std::string, KnownCategory> categories_;
   Keys investments_;
-  Keys groups_;      // that were asked for
-  Keys currencies_;  // the same
+  Keys groups_;                                                 // that were asked for
+  std::unordered_map<std::string, CurrencyRecord> currencies_;  // the same
   std::unordered_map<std::string, std::string> symbols_;
   std::int64_t payment_ = 0;
   std::size_t shortened_ = 0;

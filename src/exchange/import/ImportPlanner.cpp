@@ -66,7 +66,7 @@ bool ImportPlanner::OnRecord(ImportRecord& record) {
     OnProblem(record.line, "The account \"" + current_->name + "\" is closed.");
     return Settle(Fate::LeaveOut);
   }
-  const auto read = ReadValues(record, context_.style, context_.platform.locale);
+  auto read = ReadValues(record, context_.style, context_.platform.locale);
   if (const auto* fault = std::get_if<RecordFault>(&read)) {
     if (context_.style.stopsAtFault) {
       return Stop("The import stopped at line " + std::to_string(fault->line) + ": " + fault->text);
@@ -74,7 +74,9 @@ bool ImportPlanner::OnRecord(ImportRecord& record) {
     OnProblem(fault->line, fault->text);
     return Settle(Fate::LeaveOut);
   }
-  const std::optional<Fate> fate = FateOf(record, std::get<RecordValues>(read));
+  auto& values = std::get<RecordValues>(read);
+  if (!isNew_) FitCurrency(values, current_->currency);
+  const std::optional<Fate> fate = FateOf(record, values);
   return fate ? Settle(*fate) : Cancel();
 }
 
@@ -176,7 +178,8 @@ std::optional<bool> ImportPlanner::AskWhetherToBook(const ImportRecord& record,
 
 DuplicateIndex& ImportPlanner::Former() {
   const std::int64_t account = current_->accountId;
-  return former_.try_emplace(account, context_.ledger.Store(), account).first->second;
+  return former_.try_emplace(account, context_.ledger.Store(), account, current_->currency)
+      .first->second;
 }
 
 }  // namespace corvanta::inline exchange

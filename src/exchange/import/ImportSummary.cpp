@@ -53,6 +53,7 @@ std::string ImportSummary::Text(std::size_t mostProblems) const {
     AddCount(text, "Transfers without their other half", loneHalves);
     AddCount(text, "Split lines that name an account", splitTransfers);
     AddCount(text, "Splits that differ from their total; their lines were taken", unequalSplits);
+    AddCount(text, "Amounts rounded to the decimals of their currency", rounded);
     AddCount(text, "Texts shortened", shortened);
   }
   AddCount(text, "Not understood or left out", problemCount);

@@ -42,6 +42,7 @@ struct ImportSummary {
   std::size_t transfers = 0;       // pairs
   std::size_t splitTransfers = 0;  // split lines that name an account and keep it as their category
   std::size_t unequalSplits = 0;   // records whose lines add up to something else than their total
+  std::size_t rounded = 0;         // records with more decimals than their account's currency has
   std::size_t shortened = 0;       // texts that were longer than the ledger holds
   std::vector<ImportedAccount> accounts;
   // Transfers with another account of the ledger that hold one half only, and the rows of those

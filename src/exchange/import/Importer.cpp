@@ -56,7 +56,8 @@ bool Importer::OnRecord(ImportRecord& record) {
   if (next_ == fates_.size()) return false;
   if (fates_[next_++] == Fate::Book) {
     const auto read = ReadValues(record, context_.style, context_.platform.locale);
-    const auto& values = std::get<RecordValues>(read);
+    RecordValues values = std::get<RecordValues>(read);
+    if (FitCurrency(values, current_->currency)) ++context_.summary.rounded;
     if (IsHolding(record)) {
       BookHolding(record, values);
     } else {

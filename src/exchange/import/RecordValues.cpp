@@ -69,6 +69,19 @@ std::optional<RecordFault> ReadCash(const ImportRecord& record, const ImportStyl
 
 }  // namespace
 
+bool FitCurrency(RecordValues& values, std::string_view currency) {
+  bool hadMore = false;
+  const auto take = [&hadMore](double& amount, double fitting) {
+    hadMore = hadMore || fitting != amount;
+    amount = fitting;
+  };
+  take(values.total, RoundToCurrency(values.total, currency));
+  PartsInCurrency parts{std::string(currency)};
+  for (double& line : values.lines) take(line, parts.Next(line));
+  values.amount = values.lines.empty() ? values.total : parts.Sum();
+  return hadMore;
+}
+
 bool IsHolding(const ImportRecord& record) {
   return record.isInvestment && !record.security.empty();
 }

@@ -7,6 +7,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -27,6 +28,10 @@ struct RecordValues {
   double quantity = 0;
   double commission = 0;
 };
+
+// Rounds its money to the decimals of the currency (its code) that it goes into; whether any of it
+// had more.
+bool FitCurrency(RecordValues& values, std::string_view currency);
 
 // A value that is not understood, in words for a person.
 struct RecordFault {

@@ -148,6 +148,7 @@ std::int64_t AccountBook::OtherAccount(const std::string& name, std::int64_t acc
 
 std::int64_t AccountBook::SaveAccount(AccountRecord& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Account");
+  record.openingBalance = FittingOpening(record);
   return record.accountId = core_.SaveRow("tblAccounts", "AccountID", record.accountId,
                                           {{"Account", record.account},
                                            {"AccountNo", record.accountNo},
@@ -157,6 +158,16 @@ std::int64_t AccountBook::SaveAccount(AccountRecord& record) {
                                            {"CurrencyId", record.currencyId},
                                            {"Description", record.description},
                                            {"CloseAccount", record.closed ? 1 : 0}});
+}
+
+double AccountBook::FittingOpening(const AccountRecord& record) {
+  const auto former = ReadAccount(record.accountId);
+  const bool isAsBefore = former && former->currencyId == record.currencyId &&
+                          former->openingBalance == record.openingBalance;
+  if (isAsBefore) return record.openingBalance;
+  const Value code = core_.store.QueryValue("Select Currency from tblCurrency Where CurrencyID = " +
+                                            SqlNumber(record.currencyId));
+  return RoundToCurrency(record.openingBalance, code.Text());
 }
 
 AccountUse AccountBook::UseOf(std::int64_t accountId) {

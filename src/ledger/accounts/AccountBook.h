@@ -35,6 +35,8 @@ class AccountBook {
   std::int64_t FindOrCreateAccount(const AccountRecord& account);
   // The key of another row of that name, or 0.
   [[nodiscard]] std::int64_t OtherAccount(const std::string& name, std::int64_t accountId);
+  // Its opening balance is rounded to the decimals of its currency, and put so into the record; one
+  // that is as it was stays to its last digit.
   std::int64_t SaveAccount(AccountRecord& record);
   [[nodiscard]] AccountUse UseOf(std::int64_t accountId);
   // Deletes an account that nothing uses; false for any other.
@@ -48,6 +50,7 @@ class AccountBook {
   bool DeleteAccount(std::int64_t accountId, Prompts& prompts);
 
  private:
+  [[nodiscard]] double FittingOpening(const AccountRecord& record);
   [[nodiscard]] std::vector<ScheduleDetails> SchedulesInto(std::int64_t accountId);
   void FinishSchedulesInto(std::int64_t accountId);
   void DropDayRulesOf(std::int64_t accountId);

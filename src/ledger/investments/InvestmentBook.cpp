@@ -164,21 +164,24 @@ std::vector<std::int64_t> InvestmentBook::InvestmentTransactionsAmong(Keys trans
 std::int64_t InvestmentBook::SaveInvestmentTransaction(InvestmentTransaction& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Investment Transaction");
   Transaction all = core_.store.Begin();
+  std::optional<RowLinks> former;
   if (record.transactionId != 0) {
-    const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
-    if (!old || old->allocatedItem != 0) return 0;
-    core_.closed.RequireOpenHalves(*old);
+    former = ReadLinks(core_.store, record.transactionId);
+    if (!former || former->allocatedItem != 0) return 0;
+    core_.closed.RequireOpenHalves(*former);
     // Lines of an ordinary row that becomes a holding's would add up to nothing.
     TransactionRows(core_).DeleteRows("AllocatedItem = " + SqlNumber(record.transactionId));
     TransactionRows(core_).RepairTransfer(record.transactionId, 0);
   }
   core_.closed.RequireOpen(record.accountId);
-  WriteTransaction(record);
+  const double cash = SignedAmount(record.action, record.total);
+  WriteTransaction(record, former ? core_.amounts.Replacing(*former, record.accountId, cash)
+                                  : core_.amounts.In(record.accountId, cash));
   all.Commit();
   return record.transactionId;
 }
 
-void InvestmentBook::WriteTransaction(InvestmentTransaction& record) {
+void InvestmentBook::WriteTransaction(InvestmentTransaction& record, double cash) {
   const bool takesCash = TakesCash(record.action);
   const std::int64_t category = ledger_.Categories().FindOrCreateCategory(
       takesCash ? "Debit" : "Credit", {}, takesCash ? -1 : 1);
@@ -196,7 +199,7 @@ void InvestmentBook::WriteTransaction(InvestmentTransaction& record) {
                                         {"Shares", record.shares},
                                         {"Price", record.price},
                                         {"Commission", record.commission},
-                                        {"Amount", SignedAmount(record.action, record.total)},
+                                        {"Amount", cash},
                                         {"Description", record.description},
                                         {"BankChk", flags.bankChk},
                                         {"BankRec", flags.bankRec}});

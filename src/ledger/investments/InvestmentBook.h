@@ -51,11 +51,13 @@ class InvestmentBook {
   [[nodiscard]] std::vector<std::int64_t> InvestmentTransactionsAmong(Keys transactionIds);
   // Writes the row with the sign and category of its action and the payment type "Import". Its key
   // is put into the record and returned; 0 when there is no such row. A transfer that the row was
-  // half of ends, and its other half becomes an ordinary row.
+  // half of ends, and its other half becomes an ordinary row. The account's cash moves by the
+  // total, rounded to the decimals of its currency.
   std::int64_t SaveInvestmentTransaction(InvestmentTransaction& record);
 
  private:
-  void WriteTransaction(InvestmentTransaction& record);
+  // `cash` is signed.
+  void WriteTransaction(InvestmentTransaction& record, double cash);
 
   LedgerCore& core_;
   clsCorvanta& ledger_;

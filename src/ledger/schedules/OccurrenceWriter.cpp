@@ -1,5 +1,6 @@
 #include "ledger/schedules/OccurrenceWriter.h"
 
+#include "ledger/Money.h"
 #include "ledger/clsCorvanta.h"
 #include "ledger/reference/CategoryBook.h"
 #include "ledger/schedules/ScheduleBook.h"
@@ -34,18 +35,27 @@ OccurrenceWriter::OccurrenceWriter(clsCorvanta& ledger, const ScheduleDetails& s
       days_(schedule.days),
       schedule_(SqlNumber(schedule.scheduleId)),
       shared_(Texts(schedule)),
-      own_(Row(schedule.accountId, schedule.categoryId, schedule.paymentId, schedule.payeeId) +
-           SqlNumber(schedule.amount)) {
+      own_(Row(schedule.accountId, schedule.categoryId, schedule.paymentId, schedule.payeeId)) {
+  // A schedule may have been written before amounts were rounded to their currency.
+  double amount = RoundToCurrency(schedule.amount, schedule.currency);
   if (isTransfer_) {
+    own_ += SqlNumber(amount);
     other_ = Row(schedule.transferAccountId, ledger.Categories().FindCategory("Credit", ""),
                  schedule.paymentId, schedule.payeeId);
     return;
   }
-  if (!schedule.hasLines) return;
+  if (schedule.hasLines) amount = AddLines(ledger, schedule);
+  own_ += SqlNumber(amount);
+}
+
+// Their sum.
+double OccurrenceWriter::AddLines(clsCorvanta& ledger, const ScheduleDetails& schedule) {
+  PartsInCurrency parts(schedule.currency);
   for (const ScheduleDetails& line : ledger.Schedules().ScheduleLines(schedule.scheduleId)) {
     lines_.push_back(Row(schedule.accountId, line.categoryId, line.paymentId, line.payeeId) +
-                     SqlNumber(line.amount) + Texts(line));
+                     SqlNumber(parts.Next(line.amount)) + Texts(line));
   }
+  return parts.Sum();
 }
 
 void OccurrenceWriter::Write(Date due, double otherAmount) {

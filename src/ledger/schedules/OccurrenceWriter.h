@@ -25,6 +25,7 @@ class OccurrenceWriter {
   void Write(Date due, double otherAmount);
 
  private:
+  double AddLines(clsCorvanta& ledger, const ScheduleDetails& schedule);
   void WriteLines(const std::string& day);
   void WriteOtherHalf(const std::string& day, double amount);
   [[nodiscard]] std::string NewestKey();

@@ -66,7 +66,8 @@ bool IsAgreed(const std::vector<PostingJob>& jobs, Platform& platform) {
 
 std::size_t FetchRates(PostingJob& job, PostingRates& rates) {
   const ScheduleDetails& schedule = job.schedule;
-  const double amount = schedule.IsTransfer() ? -schedule.amount : 0;
+  const double amount =
+      schedule.IsTransfer() ? -RoundToCurrency(schedule.amount, schedule.currency) : 0;
   job.otherAmounts.assign(job.missing.size(), amount);
   if (!schedule.NeedsRate()) return 0;
   std::vector<Date> posted;

@@ -55,7 +55,7 @@ std::int64_t ScheduleBook::SaveSchedule(ScheduleRecord& record) {
     record.allocatedItem = former->allocatedItem;
   }
   if (record.allocatedItem != 0) {
-    if (!SaveScheduleLine(record)) return 0;
+    if (!SaveScheduleLine(record, former)) return 0;
   } else {
     SaveWholeSchedule(record, former);
   }
@@ -63,10 +63,18 @@ std::int64_t ScheduleBook::SaveSchedule(ScheduleRecord& record) {
   return record.scheduleId;
 }
 
-bool ScheduleBook::SaveScheduleLine(ScheduleRecord& record) {
+void ScheduleBook::FitAmount(ScheduleRecord& record, const std::optional<ScheduleDetails>& former) {
+  const bool isAsBefore =
+      former && former->accountId == record.accountId && former->amount == record.amount;
+  if (!isAsBefore) record.amount = core_.amounts.In(record.accountId, record.amount);
+}
+
+bool ScheduleBook::SaveScheduleLine(ScheduleRecord& record,
+                                    const std::optional<ScheduleDetails>& former) {
   const auto parent = ReadSchedule(record.allocatedItem);
   if (!InheritFromParent(record)) return false;
   ScheduleForecasts forecasts(ledger_, *parent, core_.platform);
+  FitAmount(record, former);
   record.scheduleId = WriteSchedule(record);
   SumScheduleLines(record.allocatedItem);
   forecasts.Follow();
@@ -76,6 +84,7 @@ bool ScheduleBook::SaveScheduleLine(ScheduleRecord& record) {
 void ScheduleBook::SaveWholeSchedule(ScheduleRecord& record,
                                      const std::optional<ScheduleDetails>& former) {
   SettlePlan(core_.store, record);
+  FitAmount(record, former);
   std::optional<ScheduleForecasts> forecasts;
   PlanChange change;
   if (former && record != static_cast<const ScheduleRecord&>(*former)) {
@@ -146,6 +155,12 @@ void ScheduleBook::ScheduleLinesFollow(const ScheduleRecord& parent) {
   if (parent.transferAccountId != 0) {
     core_.store.Execute("Delete From tblSchedule" + lines);
     return;
+  }
+  PartsInCurrency parts = core_.amounts.PartsIn(parent.accountId);
+  for (const ScheduleDetails& line : ScheduleLines(parent.scheduleId)) {
+    if (line.accountId == parent.accountId) continue;
+    core_.store.Execute("UPDATE tblSchedule SET [Amount] = " + SqlNumber(parts.Next(line.amount)) +
+                        " WHERE ScheduleID = " + SqlNumber(line.scheduleId));
   }
   if (!SumScheduleLines(parent.scheduleId)) return;
   core_.store.Execute(

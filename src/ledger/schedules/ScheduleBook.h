@@ -43,9 +43,11 @@ class ScheduleBook : public ScheduleReader {
   void DeletePostedRows(std::int64_t scheduleId);
   bool SumScheduleLines(std::int64_t scheduleId);
   [[nodiscard]] bool InheritFromParent(ScheduleRecord& line);
+  void FitAmount(ScheduleRecord& record, const std::optional<ScheduleDetails>& former);
   std::int64_t WriteSchedule(const ScheduleRecord& record);
   void ScheduleLinesFollow(const ScheduleRecord& parent);
-  [[nodiscard]] bool SaveScheduleLine(ScheduleRecord& record);
+  [[nodiscard]] bool SaveScheduleLine(ScheduleRecord& record,
+                                      const std::optional<ScheduleDetails>& former);
   void SaveWholeSchedule(ScheduleRecord& record, const std::optional<ScheduleDetails>& former);
   [[nodiscard]] PlanChange ChangeOf(const ScheduleDetails& former, const ScheduleRecord& record);
   void BeginBehind(const ScheduleDetails& source, std::int64_t copy);

@@ -25,10 +25,16 @@ bool IsUncleared(const TransactionDetails& row) {
   return row.status.bankChk == 0 && row.status.bankRec == 0;
 }
 
-bool IsAsPosted(const TransactionDetails& row, const ScheduleRecord& schedule) {
+// A posted amount was rounded to the currency, which the schedule's own may not be.
+bool IsSameIn(std::string_view currency, double first, double second) {
+  return RoundToCurrency(first, currency) == RoundToCurrency(second, currency);
+}
+
+bool IsAsPosted(const TransactionDetails& row, const ScheduleDetails& schedule) {
   return IsUncleared(row) && row.accountId == schedule.accountId &&
          row.categoryId == schedule.categoryId && row.paymentId == schedule.paymentId &&
-         row.payeeId == schedule.payeeId && row.amount == schedule.amount &&
+         row.payeeId == schedule.payeeId &&
+         IsSameIn(schedule.currency, row.amount, schedule.amount) &&
          row.reference == schedule.reference && row.description == schedule.description &&
          row.scheduleDate && row.date == schedule.days.BookedOn(*row.scheduleDate) &&
          row.twinAccountId == schedule.transferAccountId;
@@ -60,9 +66,10 @@ bool IsBehindStart(Date due, const ScheduleRecord& schedule) {
 }
 
 template <typename Rows, typename Line>
-void AddLines(const Rows& rows, std::vector<Line>& lines) {
+void AddLines(const Rows& rows, std::string_view currency, std::vector<Line>& lines) {
+  PartsInCurrency parts{std::string(currency)};
   for (const auto& line : rows) {
-    lines.emplace_back(line.categoryId, line.amount, line.reference, line.description);
+    lines.emplace_back(line.categoryId, parts.Next(line.amount), line.reference, line.description);
   }
   std::ranges::sort(lines);
 }
@@ -91,7 +98,7 @@ ScheduleForecasts::ScheduleForecasts(clsCorvanta& ledger, ScheduleDetails former
 
 std::vector<ScheduleForecasts::Line> ScheduleForecasts::LinesOf(std::int64_t scheduleId) {
   std::vector<Line> lines;
-  AddLines(ledger_.Schedules().ScheduleLines(scheduleId), lines);
+  AddLines(ledger_.Schedules().ScheduleLines(scheduleId), former_.currency, lines);
   return lines;
 }
 
@@ -100,7 +107,7 @@ bool ScheduleForecasts::IsUntouched(Row& row, std::int64_t twinCategory) {
   const auto stored = ledger_.Transactions().ReadTransaction(key);
   if (!stored || !IsAsPosted(*stored, former_)) return false;
   std::vector<Line> lines;
-  AddLines(ledger_.Transactions().SplitLines(key), lines);
+  AddLines(ledger_.Transactions().SplitLines(key), former_.currency, lines);
   if (lines != lines_) return false;
   row.amount = stored->amount;
   if (stored->transferId != 0) {
@@ -133,7 +140,7 @@ bool ScheduleForecasts::SaysTheSame(const ScheduleDetails& now) {
 std::optional<double> ScheduleForecasts::OtherAmount(const Row& row,
                                                      const ScheduleDetails& now) const {
   if (!now.IsTransfer()) return 0;
-  if (!now.NeedsRate()) return -now.amount;
+  if (!now.NeedsRate()) return -RoundToCurrency(now.amount, now.currency);
   const bool isSamePair =
       now.currency == former_.currency && now.transferCurrency == former_.transferCurrency;
   if (!isSamePair || row.amount == 0) return std::nullopt;

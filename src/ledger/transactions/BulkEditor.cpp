@@ -88,6 +88,7 @@ void BulkEditor::ApplyColumns(std::int64_t transactionId, const BulkChange& chan
   if (change.accountId != 0) {
     core_.store.Execute("UPDATE tblTransactions set AccountId = " + SqlNumber(change.accountId) +
                         lines);
+    TransactionRows(core_).FitAccount(transactionId, change.accountId);
   }
 }
 

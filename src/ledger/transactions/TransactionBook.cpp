@@ -14,26 +14,30 @@ namespace corvanta::inline ledger {
 std::int64_t TransactionBook::SaveTransaction(TransactionRecord& record) {
   const UndoLog::Step step = core_.undo.Begin("Save Transaction");
   Transaction all = core_.store.Begin();
-  std::int64_t former = 0;  // its other half so far
+  std::optional<RowLinks> former;
   if (record.transactionId != 0) {
-    const std::optional<RowLinks> old = ReadLinks(core_.store, record.transactionId);
-    if (!old) return 0;
-    core_.closed.RequireOpenHalves(*old);
-    record.allocatedItem = old->allocatedItem;
-    former = old->transferId;
+    former = ReadLinks(core_.store, record.transactionId);
+    if (!former) return 0;
+    core_.closed.RequireOpenHalves(*former);
+    record.allocatedItem = former->allocatedItem;
   }
   if (record.allocatedItem != 0 && !InheritFromParent(record)) return 0;
   core_.closed.RequireOpen(record.accountId);
   const std::optional<RowLinks> twin = rows_.ReadTwin(record.transferId, record.transactionId);
   if (!twin) record.transferId = 0;
   // Becoming a half changes it, and the row that it was a half with before.
-  if (twin && record.transferId != former) core_.closed.RequireOpenHalves(*twin);
+  const bool isOtherTwin = !former || record.transferId != former->transferId;
+  if (twin && isOtherTwin) core_.closed.RequireOpenHalves(*twin);
+  record.amount = former ? core_.amounts.Replacing(*former, record.accountId, record.amount)
+                         : core_.amounts.In(record.accountId, record.amount);
   record.transactionId = rows_.WriteRow(record);
   if (record.allocatedItem != 0) {
     rows_.SumLines(record.allocatedItem);
   } else {
     rows_.RepairTransfer(record.transactionId, record.transferId);
     if (rows_.SumLines(record.transactionId)) rows_.LinesFollow(record);
+    const bool hasMoved = former && former->accountId != record.accountId;
+    if (hasMoved) rows_.FitAccount(record.transactionId, record.accountId);
   }
   all.Commit();
   return record.transactionId;
@@ -75,13 +79,14 @@ std::int64_t TransactionBook::AddTransaction(TransactionRecord& record,
   record.allocatedItem = 0;
   record.transferId = 0;
   if (lines.empty()) {  // one statement is whole
+    record.amount = core_.amounts.In(record.accountId, record.amount);
     record.transactionId = rows_.WriteRow(record);
     return record.transactionId;
   }
   Transaction all = core_.store.Begin();
-  double sum = 0;
-  for (const TransactionRecord& line : lines) sum = RoundMoney(sum + line.amount);
-  record.amount = sum;
+  PartsInCurrency parts = core_.amounts.PartsIn(record.accountId);
+  for (TransactionRecord& line : lines) line.amount = parts.Next(line.amount);
+  record.amount = parts.Sum();
   record.transactionId = rows_.WriteRow(record);
   for (TransactionRecord& line : lines) {
     line.transactionId = 0;

@@ -15,7 +15,9 @@ class clsCorvanta;
 
 // Writing and deleting transactions. An operation that changes several rows of one structure
 // changes all of them or none, and each is one step that can be undone, unless its caller has begun
-// a wider one. Keys are 0 for none; a key that does not exist changes nothing. Throws StoreError.
+// a wider one. Keys are 0 for none; a key that does not exist changes nothing. Amounts are rounded
+// to the decimals of their account's currency, and put so into the record; one that was there
+// before and is not changed stays to its last digit. Throws StoreError.
 class TransactionBook : public TransactionReader {
  public:
   TransactionBook(LedgerCore& core, clsCorvanta& ledger)

@@ -5,6 +5,7 @@
 #include "ledger/reference/ReferenceRecords.h"
 #include "ledger/schedules/ScheduleRows.h"
 #include "ledger/transactions/RowLinks.h"
+#include "ledger/transactions/TransactionRows.h"
 #include "store/sql/Connection.h"
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
@@ -23,6 +24,7 @@ std::int64_t TransactionPaste::PasteTransaction(std::int64_t sourceId, std::int6
   const std::string lines =
       "Select TransactionID from tblTransactions Where AllocatedItem = " + SqlNumber(sourceId);
   for (const std::int64_t line : ReadKeys(core_.store, lines)) CopyRow(line, accountId, copy);
+  if (source->accountId != accountId) TransactionRows(core_).FitAccount(copy, accountId);
   if (source->transferId != 0) PasteTwin(source->transferId, copy, accountId);
   all.Commit();
   return copy;

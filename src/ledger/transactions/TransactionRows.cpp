@@ -83,6 +83,26 @@ void TransactionRows::LinesFollow(const TransactionRecord& parent) {
                       lines);
 }
 
+void TransactionRows::FitAccount(std::int64_t transactionId, std::int64_t accountId) {
+  const auto fit = [this](std::int64_t row, PartsInCurrency& parts) {
+    const std::string where = " Where TransactionID = " + SqlNumber(row);
+    const double amount =
+        core_.store.QueryValue("Select [Amount] from tblTransactions" + where).Double();
+    const double fitting = parts.Next(amount);
+    if (fitting == amount) return;
+    core_.store.Execute("UPDATE tblTransactions SET [Amount] = " + SqlNumber(fitting) + where);
+  };
+  PartsInCurrency whole = core_.amounts.PartsIn(accountId);
+  PartsInCurrency parts = whole;
+  fit(transactionId, whole);
+  for (const std::int64_t line :
+       ReadKeys(core_.store, "Select TransactionID from tblTransactions Where AllocatedItem = " +
+                                 SqlNumber(transactionId) + " Order by TransactionID")) {
+    fit(line, parts);
+  }
+  SumLines(transactionId);
+}
+
 void TransactionRows::DeleteWhole(std::int64_t transactionId) {
   const std::string key = SqlNumber(transactionId);
   DeleteRows("AllocatedItem  = " + key);

@@ -29,6 +29,8 @@ class TransactionRows {
   bool SumLines(std::int64_t parentId);
   // The lines take their parent's account, date and status.
   void LinesFollow(const TransactionRecord& parent);
+  // The row and its lines, which have come into that account, get amounts as it holds them.
+  void FitAccount(std::int64_t transactionId, std::int64_t accountId);
   // A row with its lines; whatever still names it as its other half becomes an ordinary row.
   void DeleteWhole(std::int64_t transactionId);
   // The rows that the condition is about, with what is linked and attached to them.
