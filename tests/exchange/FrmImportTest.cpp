@@ -322,6 +322,34 @@ TEST_F(Importing, AMereListOfAccountsShowsTheNewOnes) {
   CloseSummary();
 }
 
+TEST_F(Importing, AFileInAnotherCurrencyIsAskedAbout) {
+  const std::int64_t euros = AddAccount("Euros", {}, kEuros);
+  OpenText("statement.ofx", kOfx, euros);
+  EXPECT_FALSE(IsVisible("chkCurrency")) << "it depends on the account that takes the records";
+  Pick("cmbOwner", "A new account, 4711");
+  EXPECT_FALSE(IsVisible("chkCurrency")) << "a new account is in the currency of the file";
+  Pick("cmbOwner", "It is Euros");
+  const char* question =
+      "What the file says of 4711 is in GBP, and Euros is in EUR. Is each amount to be booked as "
+      "it "
+      "stands, as so many EUR?";
+  EXPECT_EQ(Label("lblCurrency"), question);
+  ExpectRefusal("cmdAccept", question, "chkCurrency");
+  EXPECT_EQ(Rows("Euros"), Texts{});
+  Find<QCheckBox>(*form_, "chkCurrency").click();
+  Press("cmdAccept");
+  EXPECT_EQ(Amounts("Euros"), Texts{"-3.2"});
+  CloseSummary();
+  // An account that is found by its number is asked about as well.
+  OpenText("statement.ofx", kOfx);
+  Type(*form_, "cmbAccount", kAutomatic);
+  EXPECT_TRUE(IsVisible("chkCurrency"));
+  EXPECT_FALSE(Find<QCheckBox>(*form_, "chkCurrency").isChecked());
+  Type(*form_, "cmbAccount", "Bank");
+  Pick("cmbOwner", "Into Bank");
+  EXPECT_FALSE(IsVisible("chkCurrency"));
+}
+
 TEST_F(Importing, AFileThatNamesAnAccountGoesThereWhereThatIsChosen) {
   const std::int64_t savings = AddAccount("Savings");
   OpenText("list.qif", "!Account\nNsavings\n^\n" + std::string(kQif), bank_);

@@ -8,6 +8,7 @@
 #include "ledger/accounts/AccountRow.h"
 #include "ledger/clsCorvanta.h"
 #include "platform/Platform.h"
+#include "platform/Prompts.h"
 
 #include <algorithm>
 
@@ -143,6 +144,11 @@ ExitStatus ImportCommand::Run(Session& session) {
   form.encoding = encoding_;
   ImportEditor editor(ledger, session.Machine());
   std::optional<Warning> warning = Check(editor, form);
+  if (warning && warning->field == kCurrencyField) {
+    form.takesFigures = session.Machine().prompts.Ask("Import Currency?", warning->text);
+    if (!form.takesFigures) return ExitStatus::Refused;
+    warning = Check(editor, form);
+  }
   if (!warning && editor.Kind() == ImportKind::Csv) warning = SetCsv(editor, form);
   if (warning) return session.Refuse(warning->title, warning->text);
   return Import(editor, form, session);

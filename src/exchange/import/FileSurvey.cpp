@@ -15,6 +15,7 @@ std::string PlaceOf(const ImportAccount& account) {
 void FileSurvey::OnAccount(const ImportAccount& account) {
   next_ = account;
   current_ = kNone;
+  hasCurrency_ = account.currency.empty();
 }
 
 bool FileSurvey::OnRecord(ImportRecord& record) {
@@ -25,6 +26,10 @@ bool FileSurvey::OnRecord(ImportRecord& record) {
     current_ = place->second;
   }
   if (current_ != kNone) ++accounts_[current_].records;
+  if (!hasCurrency_ && seen_.insert(PlaceOf(next_) + "\n" + NameKey(next_.currency)).second) {
+    currencies_.push_back(next_);
+  }
+  hasCurrency_ = true;
   if (record.isBankId) {
     bankIds_.insert(record.reference);
     const std::string account = isNamed ? PlaceOf(next_) : std::string();

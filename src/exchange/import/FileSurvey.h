@@ -34,6 +34,8 @@ class FileSurvey : public ImportSink {
   [[nodiscard]] bool WasStopped() const { return styles_.WasStopped(); }
   // In the file's order, each once, without those that have no records.
   [[nodiscard]] const std::vector<Account>& Accounts() const { return accounts_; }
+  // The same with every currency that the file gives them, and the account that it does not name.
+  [[nodiscard]] const std::vector<ImportAccount>& Currencies() const { return currencies_; }
   // Whether there is a record with that mark of its bank.
   [[nodiscard]] bool HasBankId(const std::string& id) const { return bankIds_.contains(id); }
   // A mark that stands on several entries of an account tells none of them from another.
@@ -45,8 +47,11 @@ class FileSurvey : public ImportSink {
   StyleFinder styles_;
   std::vector<Account> accounts_;
   std::unordered_map<std::string, std::size_t> places_;
-  ImportAccount next_;  // the account of the records that follow
+  std::vector<ImportAccount> currencies_;
+  std::unordered_set<std::string> seen_;  // of those
+  ImportAccount next_;                    // the account of the records that follow
   std::size_t current_ = kNone;
+  bool hasCurrency_ = true;  // that of the account is noted, or there is none
   std::unordered_set<std::string> bankIds_;
   std::unordered_set<std::string> idsOfAccounts_;
   bool hasRepeatedIds_ = false;

@@ -92,6 +92,14 @@ AccountQuestion QuestionAbout(const std::vector<FileSurvey::Account>& accounts,
           "A new account, " + label, "It is " + chosen};
 }
 
+CurrencyQuestion QuestionAbout(const ImportAccount& account, const ImportTarget& target) {
+  const std::string in = " is in " + std::string(Trim(account.currency));
+  return {(account.IsNamed() ? "What the file says of " + LabelOf(account) : "The file") + in +
+              ", and " + target.name + " is in " + target.currency +
+              ". Is each amount to be booked as it stands, as so many " + target.currency + "?",
+          "Book the amounts as they stand, in " + target.currency};
+}
+
 std::string Column(int number) {
   return "col " + std::to_string(number);
 }
@@ -124,6 +132,7 @@ std::optional<Warning> ImportEditor::Open(const std::string& path, const std::st
   FileSurvey survey;
   if (kind != ImportKind::Csv) ReadImport(kind, file.text, {}, platform_.locale, survey);
   accounts_ = survey.Accounts();
+  currencies_ = survey.Currencies();
   file_ = std::move(file);
   kind_ = kind;
   return std::nullopt;
@@ -140,6 +149,24 @@ std::optional<AccountQuestion> ImportEditor::Question(const ImportForm& form) {
   return QuestionAbout(accounts_, names.Find(accounts_.front().account), chosen->name);
 }
 
+std::optional<CurrencyQuestion> ImportEditor::AskCurrency(const ImportForm& form) {
+  if (currencies_.empty()) return std::nullopt;
+  const AccountNames names(ledger_.Store());
+  const ImportTarget* chosen = names.Get(form.accountId.value_or(0));
+  const auto targetOf = [&](const ImportAccount& account) {
+    const bool goesToChosen = !account.IsNamed() || form.chosenTakesAll.value_or(false);
+    return goesToChosen ? chosen : names.Find(account);
+  };
+  for (const ImportAccount& account : currencies_) {
+    // A new account gets the currency of the file.
+    const ImportTarget* target = targetOf(account);
+    if (target == nullptr || target->currency.empty()) continue;
+    if (EqualFolded(target->currency, Trim(account.currency))) continue;
+    return QuestionAbout(account, *target);
+  }
+  return std::nullopt;
+}
+
 std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
   if (Trim(form.file).empty()) {
     return Say("Please select a File for the file import", "txtFile");
@@ -153,7 +180,7 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
   if (kind_ == ImportKind::Csv && *form.accountId == 0) {
     return Say("Please select an Account for the file import", "cmbAccount");
   }
-  if (*form.accountId == 0) return std::nullopt;
+  if (*form.accountId == 0) return CheckCurrency(form);
   const auto account = ledger_.Accounts().ReadAccount(*form.accountId);
   if (!account) return Say("Please select an Account for the file import", "cmbAccount");
   if (account->closed) {
@@ -161,7 +188,13 @@ std::optional<Warning> ImportEditor::Check(const ImportForm& form) {
   }
   const std::optional<AccountQuestion> question = Question(form);
   if (question && !form.chosenTakesAll) return Say(question->text, "cmbOwner");
-  return std::nullopt;
+  return CheckCurrency(form);
+}
+
+std::optional<Warning> ImportEditor::CheckCurrency(const ImportForm& form) {
+  if (form.takesFigures) return std::nullopt;
+  const std::optional<CurrencyQuestion> question = AskCurrency(form);
+  return question ? std::optional(Say(question->text, kCurrencyField)) : std::nullopt;
 }
 
 ImportForm ImportEditor::Propose(const ImportForm& form, std::string& name) const {

@@ -38,6 +38,15 @@ struct AccountQuestion {
   std::string chosen;  // the answer for the chosen account
 };
 
+// The file is in another currency than an account that takes its records: may they be booked?
+struct CurrencyQuestion {
+  std::string text;
+  std::string agreed;  // the answer that books the figures as they are
+};
+
+// The field of the warning that asks it.
+inline constexpr const char* kCurrencyField = "chkCurrency";
+
 // What is chosen in the dialog. The columns of `csv` are the positions in their lists, whose first
 // entry stands for none; its skip and separator are taken from the two texts.
 struct ImportForm {
@@ -45,6 +54,9 @@ struct ImportForm {
   std::optional<std::int64_t> accountId;  // nullopt: nothing selected
   // Where the file names another account: that the chosen one takes all; nullopt: not answered.
   std::optional<bool> chosenTakesAll;
+  // Where the file is in another currency than the account: that its figures are booked as they
+  // are.
+  bool takesFigures = false;
   std::optional<DateOrder> dateOrder;      // of a QIF file; nullopt: found from the file
   std::optional<DecimalMark> decimalMark;  // of a QIF or OFX file; nullopt: found from the file
   CsvMapping csv;
@@ -70,7 +82,10 @@ class ImportEditor {
 
   // Where the opened file is of another account than the one in the form.
   [[nodiscard]] std::optional<AccountQuestion> Question(const ImportForm& form);
-  // Of the first page: file and account.
+  // Where an account that takes records has another currency than the file says, by the answer to
+  // Question.
+  [[nodiscard]] std::optional<CurrencyQuestion> AskCurrency(const ImportForm& form);
+  // Of the first page: file, account and the answers.
   [[nodiscard]] std::optional<Warning> Check(const ImportForm& form);
 
   // The columns as the file looks, or the saved mapping that was made for the same headings, whose
@@ -107,6 +122,7 @@ class ImportEditor {
   [[nodiscard]] static std::optional<ImportJob> JobOf(const ImportForm& form);
 
  private:
+  [[nodiscard]] std::optional<Warning> CheckCurrency(const ImportForm& form);
   [[nodiscard]] std::optional<Warning> CheckRows(const CsvMapping& mapping) const;
   [[nodiscard]] bool Fits(const SavedCsvMapping& saved, const ImportForm& form) const;
 
@@ -115,6 +131,7 @@ class ImportEditor {
   SavedMappings mappings_;
   FileText file_;
   std::vector<FileSurvey::Account> accounts_;  // of the file
+  std::vector<ImportAccount> currencies_;      // the same
   ImportKind kind_ = ImportKind::Qif;
 };
 

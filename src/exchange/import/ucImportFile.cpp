@@ -11,6 +11,7 @@
 #include "platform/PlatformError.h"
 #include "platform/Prompts.h"
 
+#include <QCheckBox>
 #include <QFormLayout>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -51,6 +52,8 @@ ucImportFile::ucImportFile(ImportEditor& editor, Prompts& prompts, QWidget* pare
       cmbAccount_(MakeAccounts(*fields_)),
       lblOwner_(new MutedLabel(this)),
       cmbOwner_(new QComboBox(this)),
+      lblCurrency_(new MutedLabel(this)),
+      chkCurrency_(new QCheckBox(this)),
       cmbDateOrder_(MakeStyles(*fields_, tr("&Dates:"), "cmbDateOrder",
                                {ToQt(DateOrderText(DateOrder::DayMonthYear)),
                                 ToQt(DateOrderText(DateOrder::MonthDayYear)),
@@ -96,6 +99,40 @@ void ucImportFile::PlaceOwner() {
   fields_->insertRow(row + 2, label, cmbOwner_);
   QWidget::setTabOrder(cmbAccount_, cmbOwner_);
   connect(cmbAccount_, &QComboBox::currentTextChanged, this, &ucImportFile::AskForOwner);
+  PlaceCurrency(row + 3);
+}
+
+void ucImportFile::PlaceCurrency(int row) {
+  lblCurrency_->setObjectName(QStringLiteral("lblCurrency"));
+  lblCurrency_->setTextFormat(Qt::PlainText);
+  lblCurrency_->setWordWrap(true);
+  chkCurrency_->setObjectName(QLatin1String(kCurrencyField));
+  fields_->insertRow(row, QString(), lblCurrency_);
+  fields_->insertRow(row + 1, QString(), chkCurrency_);
+  QWidget::setTabOrder(cmbOwner_, chkCurrency_);
+  // Which account takes the records decides whether there is anything to ask.
+  connect(cmbOwner_, &QComboBox::currentIndexChanged, this, &ucImportFile::AskForCurrency);
+}
+
+void ucImportFile::AskForCurrency() {
+  std::optional<CurrencyQuestion> question;
+  RunCommand(prompts_, [&] {
+    ImportForm form;
+    ReadInto(form);
+    const bool isOwnerOpen = isOwnerAsked_ && !form.chosenTakesAll;
+    if (kind_ && !isOwnerOpen) question = editor_.AskCurrency(form);
+  });
+  const QString text = question ? Breakable(ToQt(question->text)) : QString();
+  // An answer holds for the question that it was given to.
+  if (text != lblCurrency_->text()) chkCurrency_->setChecked(false);
+  lblCurrency_->setText(text);
+  const bool isAsked = question.has_value();
+  if (isAsked) chkCurrency_->setText(ToQt(question->agreed).replace(u'&', QLatin1String("&&")));
+  fields_->setRowVisible(lblCurrency_, isAsked);
+  fields_->setRowVisible(chkCurrency_, isAsked);
+  lblCurrency_->setMinimumHeight(isAsked ? std::max(0, lblCurrency_->heightForWidth(kFieldWidth))
+                                         : 0);
+  Q_EMIT OwnerAsked();
 }
 
 void ucImportFile::AskForOwner() {
@@ -118,7 +155,7 @@ void ucImportFile::AskForOwner() {
   fields_->setRowVisible(cmbOwner_, isAsked);
   isOwnerAsked_ = isAsked;
   lblOwner_->setMinimumHeight(isAsked ? std::max(0, lblOwner_->heightForWidth(kFieldWidth)) : 0);
-  Q_EMIT OwnerAsked();
+  AskForCurrency();
 }
 
 QLineEdit* ucImportFile::MakeFile(QFormLayout& fields) {
@@ -194,6 +231,7 @@ void ucImportFile::ReadInto(ImportForm& form) const {
   if (isOwnerAsked_ && cmbOwner_->currentIndex() > 0) {
     form.chosenTakesAll = cmbOwner_->currentIndex() == 2;
   }
+  form.takesFigures = chkCurrency_->isChecked();
   form.dateOrder.reset();
   form.decimalMark.reset();
   const bool hasDates = kind_ == ImportKind::Qif;

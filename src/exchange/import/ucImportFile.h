@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLineEdit;
@@ -22,7 +23,8 @@ namespace corvanta::inline exchange {
 class ucEncodingBox;
 
 // The first page of the import window: the file, the account, whose the records are where the file
-// names another one, and how a QIF or OFX file writes its dates, numbers and letters.
+// names another one, whether its currency may be set aside where it is another one, and how a QIF
+// or OFX file writes its dates, numbers and letters.
 class ucImportFile : public QWidget {
   Q_OBJECT
 
@@ -39,7 +41,7 @@ class ucImportFile : public QWidget {
 
  Q_SIGNALS:
   void KindChanged();
-  void OwnerAsked();  // or no longer
+  void OwnerAsked();  // or no longer, or the currency
 
  private:
   QLineEdit* MakeFile(QFormLayout& fields);
@@ -47,10 +49,13 @@ class ucImportFile : public QWidget {
   QComboBox* MakeStyles(QFormLayout& fields, const QString& label, const char* name,
                         const QStringList& styles);
   void PlaceOwner();
+  void PlaceCurrency(int row);
   [[nodiscard]] std::string File() const;
   void Browse();
   // Asks whose the records are where the file and the chosen account differ.
   void AskForOwner();
+  // Asks whether amounts of another currency may be booked as they stand.
+  void AskForCurrency();
   // Says what the file is and offers the choices of its kind.
   void Look();
   void ShowKind(const QString& text);
@@ -64,6 +69,8 @@ class ucImportFile : public QWidget {
   MutedLabel* lblOwner_;
   QComboBox* cmbOwner_;
   bool isOwnerAsked_ = false;
+  MutedLabel* lblCurrency_;
+  QCheckBox* chkCurrency_;
   QComboBox* cmbDateOrder_;
   QComboBox* cmbNumbers_;
   ucEncodingBox* cmbEncoding_;
