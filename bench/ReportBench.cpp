@@ -176,7 +176,6 @@ void OverviewAtOnce(benchmark::State& state) {
   BenchStore& store = StoreOf(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
-  NoRates rates;
   const Date today = store.Machine().clock.Today();
   for (auto _ : state) {
     OverviewReader reader(ledger, today, false, store.Machine());
@@ -189,7 +188,6 @@ void OverviewRest(benchmark::State& state) {
   BenchStore& store = StoreOf(state.range(0));
   const auto connection = store.Open();
   clsCorvanta ledger(*connection, store.Machine());
-  NoRates rates;
   const Date today = store.Machine().clock.Today();
   for (auto _ : state) {
     OverviewReader reader(ledger, today, false, store.Machine());

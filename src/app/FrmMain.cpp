@@ -103,7 +103,9 @@ QWidget* FrmMain::MakeCentre() {
   columns_->setStretchFactor(2, 0);
   columns_->setCollapsible(1, false);
   columns_->setCollapsible(2, false);
-  connect(columns_, &QSplitter::splitterMoved, this, [this] { areColumnsByHand_ = true; });
+  connect(columns_, &QSplitter::splitterMoved, this, [this](int, int edge) {
+    if (edge == 1) isTreeByHand_ = true;
+  });
   columns_->setSizes({kLeftWidth, 3 * kLeftWidth, kLeftWidth});
   auto* rows = new QVBoxLayout(page);
   rows->setContentsMargins(0, 0, 0, 0);

@@ -234,8 +234,8 @@ class FrmMain : public QuietEnd<QMainWindow>, public ViewHost {
   RemindersPanel* reminders_ = nullptr;
   ReminderCommands* reminderCommands_ = nullptr;
   std::unique_ptr<WelcomeCommands> welcome_;
-  bool areColumnsByHand_ = false;  // the person has moved an edge between them
-  int remindersRoom_ = 0;          // by which the window has grown for them
+  bool isTreeByHand_ = false;  // the person has moved the edge of the accounts
+  int remindersRoom_ = 0;      // by which the window has grown for them
   QLabel* chosen_ = nullptr;
   QLabel* uncleared_ = nullptr;
   QLabel* fileName_ = nullptr;

@@ -36,10 +36,11 @@ void FrmMain::Restore() {
   });
   setGeometry(PlaceOnScreen(layout, screen()->availableGeometry()));
   if (layout.maximised) setWindowState(windowState() | Qt::WindowMaximized);
-  // At that width they stood before anyone moved them.
-  areColumnsByHand_ =
-      layout.columns.size() == columns_->count() && layout.columns.front() != kLeftWidth;
-  if (areColumnsByHand_) columns_->setSizes(layout.columns);
+  if (layout.columns.size() == columns_->count()) {
+    columns_->setSizes(layout.columns);
+    // At that width they stand before anyone moves their edge.
+    isTreeByHand_ = layout.columns.front() != kLeftWidth;
+  }
   if (layout.leftRows.size() == leftRows_->count()) leftRows_->setSizes(layout.leftRows);
   actions_->mnuViewReminders->setChecked(layout.showsReminders);
   reminders_->setVisible(layout.showsReminders);
@@ -73,7 +74,8 @@ void FrmMain::SaveLayout() {
   const bool normal = !isMaximized() && !isFullScreen() && !isMinimized();
   layout.place = normal ? geometry() : normalGeometry();
   layout.maximised = isMaximized();
-  layout.columns = areColumnsByHand_ ? columns_->sizes() : QList<int>();
+  layout.columns = columns_->sizes();
+  if (!isTreeByHand_) layout.columns.front() = kLeftWidth;
   layout.leftRows = leftRows_->sizes();
   if (session_.IsOpen()) {
     layout.view = ToQt(shown_.name);
@@ -104,7 +106,7 @@ void FrmMain::changeEvent(QEvent* event) {
 void FrmMain::FitTree() {
   QList<int> sizes = columns_->sizes();
   // Folded away, it stays so.
-  if (areColumnsByHand_ || sizes.front() == 0) return;
+  if (isTreeByHand_ || sizes.front() == 0) return;
   const int most = std::max(kLeftWidth, static_cast<int>(kTreePart * width()));
   const int more = std::clamp(tree_->WantedWidth(), kLeftWidth, most) - sizes.front();
   if (more == 0) return;

@@ -25,7 +25,7 @@ struct WindowLayout {
   QRect place;  // without the frame, not maximised; of width 0 where nothing was kept
   bool hasPosition = false;
   bool maximised = false;
-  QList<int> columns;   // widths of the three columns; empty where nobody has moved them
+  QList<int> columns;   // widths of the three columns; empty where none were kept
   QList<int> leftRows;  // heights in the left column
   QString view;         // the command last shown
   qint64 account = 0;

@@ -18,10 +18,10 @@ struct ColumnNeed {
 };
 
 // The widths that fill the room, 0 for a column that is hidden: what is over goes to those that
-// stretch, and very much to all. Where there is too little, columns first give way, then leave one after the other; then
-// those set by hand give way, and those that hold figures last, which also leave last. The sum is
-// larger than the room where that is not enough; then what has a `least` keeps a third of the room
-// as far as it needs it.
+// stretch, and very much to all. Where there is too little, columns first give way, then leave one
+// after the other; then those set by hand give way, and those that hold figures last, which also
+// leave last. The sum is larger than the room where that is not enough; then what has a `least`
+// keeps a third of the room as far as it needs it.
 [[nodiscard]] std::vector<int> FitColumns(const std::vector<ColumnNeed>& columns, int room);
 
 }  // namespace corvanta::inline controls

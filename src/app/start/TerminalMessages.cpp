@@ -12,7 +12,8 @@ namespace corvanta::inline app {
 namespace {
 
 void Tell(QtMsgType type, const QMessageLogContext& context, const QString& message) {
-  TellTerminal(qFormatLogMessage(type, context, message).toStdString());
+  const QString line = qFormatLogMessage(type, context, message);
+  if (!line.isNull()) TellTerminal(line.toStdString());  // the person may want some left out
 }
 
 }  // namespace

@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <unordered_set>
 #include <utility>
 
 namespace corvanta::inline reports {
@@ -24,6 +25,7 @@ constexpr QSize kLeast(36 * kRhythm, 14 * kRhythm);
 
 // The point that stands for those rows or, where they are gathered otherwise, for most of them.
 std::optional<ChartPlace> PlaceOf(const ChartData& chart, const ChartFigure& wanted) {
+  const std::unordered_set<std::size_t> sought(wanted.rows.begin(), wanted.rows.end());
   std::optional<ChartPlace> best;
   std::ptrdiff_t most = 0;
   for (std::size_t series = 0; series < chart.series.size(); ++series) {
@@ -31,9 +33,8 @@ std::optional<ChartPlace> PlaceOf(const ChartData& chart, const ChartFigure& wan
       const std::optional<ChartFigure> figure = FigureAt(chart, series, category);
       if (!figure || figure->header != wanted.header) continue;
       if (figure->rows == wanted.rows) return ChartPlace{series, category};
-      const auto shared = std::ranges::count_if(figure->rows, [&wanted](std::size_t row) {
-        return std::ranges::find(wanted.rows, row) != wanted.rows.end();
-      });
+      const auto shared = std::ranges::count_if(
+          figure->rows, [&sought](std::size_t row) { return sought.contains(row); });
       if (shared <= most) continue;
       most = shared;
       best = ChartPlace{series, category};

@@ -9,6 +9,7 @@ namespace corvanta {
 namespace {
 
 TEST(TerminalMessages, AreShownAndNeverSteer) {
+  qSetMessagePattern(QStringLiteral("%{message}"));
   testing::internal::CaptureStderr();
   const QtMessageHandler former = qInstallMessageHandler(nullptr);
   TellTerminalWhatIsNoted();
