@@ -76,6 +76,9 @@ class ListTable : public QTableView {
   void keyPressEvent(QKeyEvent* event) override;
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
+ protected Q_SLOTS:
+  void updateEditorGeometries() override;
+
  private:
   struct State {
     Column wish;
@@ -93,6 +96,8 @@ class ListTable : public QTableView {
   void Arrange(const std::vector<ColumnNeed>& needs);
   void ScrollTo(const QModelIndex& shown, ScrollHint hint);
   void PaintFrozen(QPainter& painter, const QModelIndex& index);
+  // What stands in a cell goes below the columns that stay, as the cell does.
+  void ClipCellWidgets();
 
   std::vector<State> columns_;
   bool filling_ = false;

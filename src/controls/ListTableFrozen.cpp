@@ -47,10 +47,33 @@ void ListTable::ScrollTo(const QModelIndex& shown, ScrollHint hint) {
 
 void ListTable::scrollContentsBy(int dx, int dy) {
   QTableView::scrollContentsBy(dx, dy);
+  ClipCellWidgets();
   if (dx == 0 || Head().FrozenPlace().isEmpty()) return;
   // What was on the screen has been moved with the others.
   viewport()->update();
   Head().viewport()->update();
+}
+
+void ListTable::updateEditorGeometries() {
+  QTableView::updateEditorGeometries();
+  ClipCellWidgets();
+}
+
+void ListTable::ClipCellWidgets() {
+  QRect frozen = Head().FrozenShift() != 0 ? Head().FrozenPlace() : QRect();
+  frozen.setHeight(viewport()->height());
+  for (QWidget* child : viewport()->findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+    const QModelIndex cell = QTableView::indexAt(child->geometry().center());
+    if (indexWidget(cell) != child) continue;
+    const QRect covered = frozen.translated(-child->pos()) & child->rect();
+    if (covered.isEmpty() || Head().IsFrozen(cell.column())) {
+      child->clearMask();
+      continue;
+    }
+    // One that is hidden would lose the keys, and an empty mask hides nothing.
+    const QRegion seen = QRegion(child->rect()) - covered;
+    child->setMask(seen.isEmpty() ? QRegion(-1, -1, 1, 1) : seen);
+  }
 }
 
 void ListTable::paintEvent(QPaintEvent* event) {

@@ -3,6 +3,7 @@
 #include "support/DragMouse.h"
 
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QStandardItemModel>
@@ -156,6 +157,24 @@ TEST_F(FrozenColumns, SeveralColumnsOfANameStayTogether) {
   table_.SetWidths(QStringLiteral("300|300|0|0|0|0|0|0|0|0|0|0|0"));
   EXPECT_TRUE(Head().IsFrozen(0));
   EXPECT_FALSE(Head().IsFrozen(1)) << "the months need room, too";
+}
+
+TEST_F(FrozenColumns, WhatStandsInACellGoesBelowTheNames) {
+  auto* field = new QLineEdit;
+  table_.setIndexWidget(model_.index(2, 2), field);
+  QCoreApplication::processEvents();
+  EXPECT_TRUE(field->mask().isEmpty());
+  field->setFocus();
+  ScrollTo(kMonth + 30);
+  EXPECT_EQ(field->mask().boundingRect().left(), 30) << "the rest lies over the months";
+  ScrollTo(Bar().maximum());
+  EXPECT_FALSE(field->mask().intersects(field->rect()));
+  EXPECT_TRUE(field->hasFocus());
+  table_.resize(480, 300);
+  QCoreApplication::processEvents();
+  EXPECT_FALSE(field->mask().intersects(field->rect()));
+  ScrollTo(0);
+  EXPECT_TRUE(field->mask().isEmpty());
 }
 
 TEST_F(FrozenColumns, StandsAtTheOtherEdgeFromRightToLeft) {

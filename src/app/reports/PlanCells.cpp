@@ -173,6 +173,8 @@ void PlanCells::Open(int listRow, double plan) {
     FocusTable();
   });
   connect(field_, &PlanField::Left, this, &PlanCells::Leave);
+  // What is typed is seen, wherever the list was scrolled to.
+  connect(field_, &PlanField::textEdited, this, [this] { table_.scrollTo(cell_); });
   field_->setFocus();
   field_->selectAll();
 }
