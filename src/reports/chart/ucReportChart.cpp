@@ -4,6 +4,7 @@
 #include "controls/EmptyState.h"
 #include "controls/QtText.h"
 #include "controls/Style.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/chart/ChartFile.h"
 #include "reports/chart/QtChartPlot.h"
@@ -73,7 +74,8 @@ void ucReportChart::MakeHead() {
   page->addLayout(head);
   page->addWidget(pages_, 1);
   connect(cmbChartCurrency_, &QComboBox::currentTextChanged, this, [this](const QString& chosen) {
-    currency_ = FromQt(chosen);
+    chosen_ = FromQt(chosen);
+    currency_ = chosen_;
     ShowCurrency();
   });
   connect(cmdSaveChart_, &QPushButton::clicked, this, &ucReportChart::Save);
@@ -82,8 +84,11 @@ void ucReportChart::MakeHead() {
 void ucReportChart::Show(const ReportTable& report) {
   report_ = report;
   const std::vector<std::string> currencies = ChartCurrencies(report_);
-  const bool isKnown = std::ranges::find(currencies, currency_) != currencies.end();
-  if (!isKnown) currency_ = BuildChart(report_).currency;
+  const std::string own = platform_.locale.CurrencyCode();
+  const auto has = [&](const std::string& code) {
+    return std::ranges::find(currencies, code) != currencies.end();
+  };
+  currency_ = has(chosen_) ? chosen_ : has(own) ? own : BuildChart(report_).currency;
   {
     const QSignalBlocker quiet(cmbChartCurrency_);
     cmbChartCurrency_->clear();

@@ -35,7 +35,8 @@ class ucReportChart : public QWidget {
   // The platform outlives it.
   ucReportChart(Platform& platform, QWidget* parent);
 
-  // Takes the place of what was shown; the currency stays while the report has it.
+  // Takes the place of what was shown; in the currency that was chosen where the report has it, or
+  // else in the person's own.
   void Show(const ReportTable& report);
   // Holds no rows any longer.
   void Clear() { Show({}); }
@@ -69,7 +70,8 @@ class ucReportChart : public QWidget {
 
   Platform& platform_;
   ReportTable report_;
-  std::string currency_;
+  std::string currency_;  // that is shown
+  std::string chosen_;    // by the person; empty for none yet
   QComboBox* cmbChartCurrency_;
   QLabel* lblChartCurrency_;
   QPushButton* cmdSaveChart_;

@@ -110,6 +110,18 @@ TEST_F(FrmReportChartTest, EachCurrencyHasItsChart) {
   page_.Show(CashFlowReport());
   EXPECT_EQ(page_.Shown().currency, "EUR");
   EXPECT_FALSE(currency->isVisible());
+  page_.Show(PayeeReport(3));
+  EXPECT_EQ(page_.Shown().currency, "USD") << "it comes back";
+}
+
+TEST_F(FrmReportChartTest, ThePersonsOwnCurrencyComesFirst) {
+  ReportTable report = PayeeReport(3);
+  const std::string own = machine_.Get().locale.CurrencyCode();
+  ASSERT_NE(report.rows.front().currency, own);
+  report.rows.at(report.rows.size() - 2).currency = own;
+  page_.Show(CashFlowReport());
+  page_.Show(report);
+  EXPECT_EQ(page_.Shown().currency, own);
 }
 
 TEST_F(FrmReportChartTest, NothingIsDrawnOfNothing) {
