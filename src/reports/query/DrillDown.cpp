@@ -8,6 +8,7 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
+#include <algorithm>
 #include <charconv>
 
 namespace corvanta::inline reports {
@@ -63,11 +64,14 @@ std::optional<DrillStep> IntoMonth(const ReportRequest& request, const ReportRow
   return step;
 }
 
-// A row that stands for a whole category stands for all that is below it.
+// A row that stands for a whole category stands for all below it that the report is of.
 std::optional<DrillStep> IntoCategory(Connection& store, const ReportRequest& request,
                                       std::int64_t key) {
+  const std::vector<std::int64_t>& some = request.filter.Keys(FilterKind::Category);
   std::vector<std::int64_t> keys;
-  std::string label;
+  std::vector<std::string> paths;
+  std::string category;
+  bool isWhole = request.foldsSubCategories;
   const std::string whole =
       "Select CategoryID, Category, SubCategory from tblCategory WHERE Category IN (Select "
       "Category "
@@ -78,13 +82,18 @@ std::optional<DrillStep> IntoCategory(Connection& store, const ReportRequest& re
       SqlNumber(key);
   Recordset rows = store.OpenRecordset(request.foldsSubCategories ? whole : one);
   for (; !rows.Eof(); rows.MoveNext()) {
-    keys.push_back(rows.Int(0));
-    label = request.foldsSubCategories
-                ? rows.Text("Category")
-                : CategoryPath(rows.Text("Category"), rows.Text("SubCategory"));
+    category = rows.Text("Category");
+    const std::int64_t each = rows.Int(0);
+    if (request.foldsSubCategories && !some.empty() && std::ranges::count(some, each) == 0) {
+      isWhole = false;
+      continue;
+    }
+    keys.push_back(each);
+    paths.push_back(CategoryPath(category, rows.Text("SubCategory")));
   }
+  if (isWhole) paths = {category};
   return WithFilter(Into(request, kAccountTransactions), FilterKind::Category, keys,
-                    FilterLabel({label}));
+                    FilterLabel(paths));
 }
 
 std::optional<DrillStep> IntoPayment(Connection& store, const ReportRequest& request,

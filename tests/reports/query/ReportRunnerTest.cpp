@@ -291,6 +291,35 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_FALSE(DrillDown(Ledger(), request, gone));
 }
 
+TEST_F(Reports, KeepTheirCategoriesOnTheWayIntoAFoldedRow) {
+  machine_.clock.SetToday(*Date::FromIso("2026-05-20"));
+  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+      "(900,'Zoo','Feed',-1,80,6)");
+  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
+      "(901,'Zoo','Visit',-1,60,6)");
+  AddTransaction(4, 1, "05/05/2026", "-7", "CategoryID = 900");
+  AddTransaction(5, 1, "05/06/2026", "-2", "CategoryID = 901");
+  ReportRequest request;
+  request.foldsSubCategories = true;
+  request.range = Days("2026-05-01", "2026-05-31");
+  const auto into = [&](int report, const std::vector<std::int64_t>& categories) {
+    request.report = report;
+    request.filter.SetKeys(FilterKind::Category, categories);
+    return DrillDown(Ledger(), request, Show(request).rows.at(0));
+  };
+  for (const int report : {4, 5, 6, 13, 14}) {
+    auto step = into(report, {900});
+    ASSERT_TRUE(step) << report;
+    EXPECT_EQ(step->request.filter.List(FilterKind::Category), "900") << report;
+    EXPECT_EQ(step->label, "Zoo:Feed") << report;
+    EXPECT_EQ(Show(step->request).rows.size(), 2U) << report;
+    step = into(report, {900, 901});
+    ASSERT_TRUE(step) << report;
+    EXPECT_EQ(step->label, "Zoo") << report;
+    EXPECT_EQ(Show(step->request).rows.size(), 3U) << report;
+  }
+}
+
 // The statement is read in any order.
 TEST_F(Reports, ShowTransactionsByDayAndKey) {
   AddTransaction(40, 1, "05/05/2026 18:30:00", "-1", "CategoryID = 1");
