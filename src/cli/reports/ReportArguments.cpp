@@ -17,8 +17,6 @@
 #include "reports/budget/BudgetEditor.h"
 #include "reports/custom/ReportColumns.h"
 #include "reports/query/ReportCatalogue.h"
-#include "store/sql/Connection.h"
-#include "store/sql/Recordset.h"
 
 #include <algorithm>
 #include <optional>
@@ -84,12 +82,6 @@ bool SetFound(ReportRequest& request, FilterKind kind, const std::vector<std::st
   return true;
 }
 
-std::optional<Date> DayOf(clsCorvanta& ledger, const char* which) {
-  const Recordset row = ledger.Store().OpenRecordset(std::string("Select ") + which +
-                                                     "([Date]) as Day from tblTransactions");
-  return row.Eof() ? std::nullopt : row.Day("Day");
-}
-
 }  // namespace
 
 void ReportArguments::DeclareReport(Parser& command, bool isRequired) {
@@ -134,24 +126,6 @@ void ReportArguments::DeclareNames(Parser& command) {
   command.AddOption("--text", text_, "Only what has that text");
   command.AddFlag("--text-only", textOnly_,
                   "Look for the text in amount, description and reference alone");
-}
-
-void ReportArguments::DeclareDays(Parser& command) {
-  const auto add = [&command](const char* name, std::string& value, const char* text) {
-    return command.AddOption(name, value, text)->TypeName("YYYY-MM-DD")->Check(DateFault);
-  };
-  from_ = add("--from", period_.from, "First day");
-  to_ = add("--to", period_.to, "Last day");
-  add("--other-from", otherPeriod_.from, "First day of the period that another one is set beside");
-  add("--other-to", otherPeriod_.to, "Last day of it");
-}
-
-void ReportArguments::ExcludeFirstDay(Argument& other) const {
-  other.Excludes(from_);
-}
-
-void ReportArguments::ExcludeLastDay(Argument& other) const {
-  other.Excludes(to_);
 }
 
 bool ReportArguments::FillReport(ReportRequest& request, Session& session) const {
@@ -223,34 +197,6 @@ bool ReportArguments::ApplyCurrency(ReportRequest& request, clsCorvanta& ledger,
   if (!currency_.empty()) request.currency = ToUpper(currency_);
   if (request.currency.empty()) request.currency = session.Machine().locale.CurrencyCode();
   request.converts = request.converts || converts_;
-  return true;
-}
-
-// An end that was not given is that of the request, or of the transactions: a budget is for as many
-// days as the range has.
-bool ReportArguments::ApplyDays(ReportRequest& request, clsCorvanta& ledger,
-                                Session& session) const {
-  const auto fill = [&](const PeriodArguments& typed, std::optional<Period>& period) {
-    const std::optional<Period> former = period;
-    period = typed.Get();
-    if (!period) {
-      period = former;
-      return;
-    }
-    if (typed.from.empty()) {
-      period->from = former ? former->from : DayOf(ledger, "Min").value_or(period->to);
-    }
-    if (typed.to.empty()) {
-      period->to = former ? former->to : DayOf(ledger, "Max").value_or(period->from);
-    }
-  };
-  fill(period_, request.range);
-  fill(otherPeriod_, request.otherRange);
-  if (request.otherRange && request.otherRange->to < request.otherRange->from) {
-    session.Tell("Report", "The other period ends on " + request.otherRange->to.ToIso() +
-                               ", before it begins. Change --other-from or --other-to.");
-    return false;
-  }
   return true;
 }
 

@@ -45,15 +45,19 @@ class ReportArguments {
 
  private:
   void DeclareNames(Parser& command);
-  void DeclareDays(Parser& command);
   [[nodiscard]] bool ApplyNames(ReportRequest& request, clsCorvanta& ledger,
                                 Session& session) const;
   [[nodiscard]] bool ApplyPaymentTypes(ReportRequest& request, clsCorvanta& ledger,
                                        Session& session) const;
   [[nodiscard]] bool ApplyCurrency(ReportRequest& request, clsCorvanta& ledger,
                                    Session& session) const;
-  [[nodiscard]] bool ApplyDays(ReportRequest& request, clsCorvanta& ledger, Session& session) const;
   void ApplySwitches(ReportRequest& request, Session& session) const;
+
+  // --- Days (ReportArgumentsDays.cpp)
+
+  void DeclareDays(Parser& command);
+  // False, told, when the other period ends before it begins; told, too, when the range does.
+  [[nodiscard]] bool ApplyDays(ReportRequest& request, clsCorvanta& ledger, Session& session) const;
 
   // --- Checks (ReportArgumentsChecks.cpp)
 
