@@ -228,6 +228,7 @@ void ReportBar::Show(const ReportState& state, const QString& payments) {
   if (state.dates) period_->SetDates(*state.dates);
   period_->SetInForce(state.dates.has_value());
   chkTransfers_->setChecked(state.withoutTransfers);
+  chkTransfers_->setEnabled(state.report != kBalanceForecast);
   chkSubCategories_->setChecked(!state.foldsSubCategories);
   chkSubCategories_->setVisible(HasSubCategories(state.report));
   other_->setVisible(state.report == kTwoPeriods);

@@ -75,6 +75,7 @@ void ReportsView::Run(const ViewCommand& command) {
   readAt_ = now;
   isCurrent_ = true;
   Fill();
+  if (!report_.notice.empty()) place_.host.Notice(ToQt(report_.notice));
 }
 
 void ReportsView::Fill() {

@@ -61,8 +61,10 @@ class ReportArguments {
 
   // --- Checks (ReportArgumentsChecks.cpp)
 
-  // False, told, when something was given that counts in another report alone.
+  // False, told, when something was given that counts in another report alone, or not in this one.
   [[nodiscard]] bool CheckReport(int report, Session& session) const;
+  // False, told, when something was given that a forecast takes no notice of.
+  [[nodiscard]] bool CheckOfForecast(Session& session) const;
   // False, told, when the days of a forecast go on for too long.
   [[nodiscard]] bool CheckForecast(const ReportRequest& request, Session& session) const;
 

@@ -25,6 +25,29 @@ bool ReportArguments::CheckReport(int report, Session& session) const {
                                "\" alone. Leave it out.");
     return false;
   }
+  return report != kBalanceForecast || CheckOfForecast(session);
+}
+
+// A balance is what all that comes and goes leaves.
+bool ReportArguments::CheckOfForecast(Session& session) const {
+  const std::pair<bool, const char*> options[] = {{!categories_.empty(), "--category"},
+                                                  {!payees_.empty(), "--payee"},
+                                                  {!investments_.empty(), "--investment"},
+                                                  {!actions_.empty(), "--action"},
+                                                  {!keywords_.empty(), "--keyword"},
+                                                  {!paymentTypes_.empty(), "--payment-type"},
+                                                  {!text_.empty(), "--text"},
+                                                  {textOnly_, "--text-only"},
+                                                  {!status_.letters.empty(), "--status"},
+                                                  {withoutTransfers_, "--no-transfers"},
+                                                  {fold_, "--fold"}};
+  for (const auto& [isGiven, name] : options) {
+    if (!isGiven) continue;
+    session.Tell("Forecast", std::string(name) +
+                                 " does not count in a forecast, which is of whole "
+                                 "accounts. Leave it out.");
+    return false;
+  }
   return true;
 }
 

@@ -20,6 +20,7 @@ std::unique_ptr<ShownReport> ShownReport::Run(Session& session, const Fill& fill
   if (!fill(shown->request_, shown->ledger_)) return nullptr;
   WebRates rates(shown->ledger_, session.Machine());
   shown->table_ = RunReport(shown->ledger_, shown->request_, rates, session.Machine());
+  if (!shown->table_.notice.empty()) session.Tell(shown->table_.name, shown->table_.notice);
   return shown;
 }
 

@@ -119,8 +119,8 @@ void SetWidths(PrintTable& table) {
 
 std::string SubjectOf(const ReportTable& report, const Locale& locale) {
   std::string subject;
-  for (const std::string& part :
-       {report.savedName, DaysText(report.periods, locale), RatesText(report, locale)}) {
+  for (const std::string& part : {report.savedName, DaysText(report.periods, locale),
+                                  RatesText(report, locale), report.notice}) {
     if (!part.empty()) subject += (subject.empty() ? "" : kBetweenDetails) + part;
   }
   return subject;

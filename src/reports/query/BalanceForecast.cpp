@@ -96,30 +96,61 @@ void AddEntered(const ReportRun& run, std::int64_t account, std::vector<Expected
   }
 }
 
-// What arrives of a scheduled transfer; nothing where no rate is known.
-double ArrivingOf(const ReportRun& run, const ScheduleDetails& schedule) {
+// What arrives of a scheduled transfer, 0 of what is none; nullopt where no rate is known.
+std::optional<double> ArrivingOf(const ReportRun& run, const ScheduleDetails& schedule) {
+  if (!schedule.IsTransfer()) return 0;
   if (!schedule.NeedsRate()) return -schedule.amount;
   const auto rate = run.ledger.Rates().Latest(schedule.currency, schedule.transferCurrency,
                                               run.platform.clock.Today());
-  return rate ? -schedule.amount * rate->rate : 0;
+  return rate ? std::optional(-schedule.amount * rate->rate) : std::nullopt;
 }
 
-// What is overdue and has no row yet is expected on the first day.
+// What is overdue and has no row yet is expected on the first day. A transfer that waits for a rate
+// would otherwise leave the one account and never arrive in the other.
 void AddScheduled(const ReportRun& run, std::vector<Expected>& expected) {
   const corvanta::Date first = run.platform.clock.Today().AddDays(1);
   const PostedBySchedule posted = PostedOfAll(run.Store());
   for (const ScheduleDetails& schedule : run.ledger.Schedules().Schedules()) {
     if (schedule.isFinished || !schedule.nextDue) continue;
+    const std::optional<double> arriving = ArrivingOf(run, schedule);
+    if (!arriving) continue;
     const auto rows = posted.find(schedule.scheduleId);
     for (const corvanta::Date due : PaymentsBookedUntil(schedule, EndOf(run))) {
       if (rows != posted.end() && rows->second.Has(due)) continue;
       const corvanta::Date day = std::max(first, schedule.days.BookedOn(due));
       expected.push_back({schedule.accountId, day, 0, schedule.payee, schedule.amount});
       if (!schedule.IsTransfer()) continue;
-      expected.push_back(
-          {schedule.transferAccountId, day, 0, schedule.payee, ArrivingOf(run, schedule)});
+      expected.push_back({schedule.transferAccountId, day, 0, schedule.payee, *arriving});
     }
   }
+}
+
+// Whether the request is kept to rows by more than accounts.
+bool HasOtherFilters(const ReportRequest& request) {
+  constexpr FilterKind kOthers[] = {FilterKind::Category, FilterKind::Payee, FilterKind::Investment,
+                                    FilterKind::Keyword};
+  return request.withoutTransfers || !request.actions.empty() || !request.paymentTypes.empty() ||
+         !request.filter.Search().text.empty() ||
+         std::ranges::any_of(kOthers, [&](FilterKind kind) { return request.filter.IsSet(kind); });
+}
+
+// What AddScheduled leaves out of the payments into or out of these accounts; empty for nothing.
+std::string WaitingOf(const ReportRun& run, const std::vector<Outlook>& outlooks) {
+  const auto isShown = [&outlooks](std::int64_t account) {
+    return std::ranges::any_of(
+        outlooks, [account](const Outlook& each) { return each.account.accountId == account; });
+  };
+  std::string transfers;
+  for (const ScheduleDetails& schedule : run.ledger.Schedules().Schedules()) {
+    if (schedule.isFinished || !schedule.nextDue || ArrivingOf(run, schedule)) continue;
+    if (schedule.days.BookedOn(*schedule.nextDue) > EndOf(run)) continue;
+    if (!isShown(schedule.accountId) && !isShown(schedule.transferAccountId)) continue;
+    transfers += (transfers.empty() ? "" : ", ") + schedule.account + " to " +
+                 schedule.transferAccount + " (" + schedule.currency + " to " +
+                 schedule.transferCurrency + ")";
+  }
+  if (transfers.empty()) return {};
+  return "Scheduled transfers that wait for an exchange rate are not counted: " + transfers + ".";
 }
 
 // All that is to come, by day.
@@ -158,15 +189,23 @@ void BalanceForecast::Fill(const ReportRun& run, ReportTable& table) const {
   std::map<std::pair<corvanta::Date, std::int64_t>, double> sums;
   for (const Expected& each : expected) sums[{each.day, each.accountId}] += each.amount;
   const corvanta::Date end = EndOf(run.request, run.platform.clock.Today());
-  table.periods = {Period{run.platform.clock.Today().AddDays(1), end}};
+  const corvanta::Date tomorrow = run.platform.clock.Today().AddDays(1);
+  const corvanta::Date first =
+      run.request.range ? std::clamp(run.request.range->from, tomorrow, end) : tomorrow;
+  table.periods = {Period{first, end}};
+  table.notice = WaitingOf(run, outlooks);
+  if (HasOtherFilters(run.request)) {
+    table.notice += std::string(table.notice.empty() ? "" : " ") +
+                    "Of the filters only accounts count in a forecast.";
+  }
   for (const Outlook& outlook : outlooks) {
     double balance = outlook.balance;
     const std::string shown = run.rates.ShownIn(outlook.account.currency, outlook.rate);
-    for (corvanta::Date day = run.platform.clock.Today().AddDays(1); day <= end;
-         day = day.AddDays(1)) {
+    for (corvanta::Date day = tomorrow; day <= end; day = day.AddDays(1)) {
       const auto sum = sums.find({day, outlook.account.accountId});
       const double expectedSum = sum == sums.end() ? 0 : sum->second;
       balance += expectedSum + outlook.average;
+      if (day < first) continue;
       ReportRow row = GroupRow(
           KeyOf(outlook), shown,
           {outlook.account.account, day, RoundMoney(expectedSum * outlook.rate),

@@ -63,6 +63,7 @@ struct ReportTable {
   std::vector<Period> periods = {};
   std::string convertedInto = {};  // the report currency's code; empty where nothing is converted
   std::string savedName = {};      // of the saved report that it was opened as; empty for none
+  std::string notice = {};         // what the figures leave out, as a sentence; empty for nothing
 
   // The place of the column of that header; nullopt when there is none.
   [[nodiscard]] std::optional<std::size_t> Column(std::string_view header) const {

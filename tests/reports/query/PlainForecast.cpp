@@ -51,16 +51,16 @@ void AddSchedules(const PlainLedger::Account& account, const PlainRows& plain,
   };
   const Date tomorrow = plain.Today().AddDays(1);
   for (const Schedule& schedule : plain.Ledger().schedules) {
+    // What arrives in another currency is not known: no rates are kept, so it is not sent either.
+    const std::int64_t other = schedule.transferAccount;
+    if (other != 0 && currencyOf(schedule.account) != currencyOf(other)) continue;
     for (int number = 0; schedule.times == 0 || number < schedule.times; ++number) {
       const Date due = schedule.Due(number);
       if (due > EndOf(plain)) break;
       if (schedule.posted.contains(due)) continue;
       double& day = expected[std::max(due, tomorrow)];
       if (schedule.account == account.id) day += schedule.amount;
-      // What arrives in another currency is not known: no rates are kept.
-      const bool arrives = schedule.transferAccount == account.id &&
-                           currencyOf(schedule.account) == account.currency;
-      if (arrives) day -= schedule.amount;
+      if (other == account.id) day -= schedule.amount;
     }
   }
 }

@@ -83,6 +83,34 @@ TEST_F(Reports, ForecastTheLastPaymentsOfAScheduleWithoutEnd) {
   EXPECT_EQ(Show(request).rows.back().cells[4].Double(), 100 - 19 * 5);
 }
 
+TEST_F(Reports, ForecastNoTransferThatNoRateIsKnownFor) {
+  machine_.clock.SetToday(*Date::FromIso("2026-03-01"));
+  Run("DELETE FROM tblTransactions");
+  Run("INSERT INTO tblSchedule (ScheduleID,AccountID,CategoryID,PaymentID,PayeeID,PeriodID,"
+      "TfrAccountID,[Amount],DateFrom,NoTimes,AllocatedItem) VALUES (1,1,9,1,1,6,2,-40,"
+      "#03/15/2026#,0,0)");
+  ReportRequest request;
+  request.report = 15;
+  request.range = Days("2026-03-20", "2026-03-21");
+  ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 4U) << "the days of the range";
+  EXPECT_EQ(Text(table.rows[1]), "Bank|2026-03-21|0|0|100|EUR|");
+  EXPECT_EQ(Text(table.rows[3]), "Dollars|2026-03-21|0|0|10|USD|");
+  EXPECT_EQ(table.notice,
+            "Scheduled transfers that wait for an exchange rate are not counted: Bank to Dollars "
+            "(EUR to USD).");
+  request.range = Days("2026-03-02", "2026-03-14");
+  EXPECT_EQ(Show(request).notice, "") << "nothing is due by then";
+  request.range = Days("2026-03-20", "2026-03-21");
+  Ledger().Rates().Keep({0, "EUR", "USD", *Date::FromIso("2026-02-20"), 2, "x"});
+  table = Show(request);
+  EXPECT_EQ(Text(table.rows[1]), "Bank|2026-03-21|0|0|60|EUR|");
+  EXPECT_EQ(Text(table.rows[3]), "Dollars|2026-03-21|0|0|90|USD|");
+  EXPECT_EQ(table.notice, "");
+  request.filter.SetKeys(FilterKind::Category, {9});
+  EXPECT_EQ(Show(request).notice, "Of the filters only accounts count in a forecast.");
+}
+
 TEST_F(Reports, OfTwoPeriodsTakeTheOtherOneAsItIsSaid) {
   ReportRequest request;
   request.report = 13;
