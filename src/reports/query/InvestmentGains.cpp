@@ -7,6 +7,12 @@
 #include "store/sql/Recordset.h"
 #include "store/sql/SqlText.h"
 
+#include <algorithm>
+#include <map>
+#include <string>
+#include <unordered_map>
+#include <utility>
+
 namespace corvanta::inline reports {
 namespace {
 
@@ -63,19 +69,38 @@ struct Holding {
   double money = 0;  // received less paid
 };
 
-std::unordered_map<std::int64_t, Holding> ReadHoldings(const ReportRun& run) {
-  std::unordered_map<std::int64_t, Holding> holdings;
+// By investment what the accounts of each currency hold of it, in that currency.
+using Holdings = std::unordered_map<std::int64_t, std::map<std::string, Holding>>;
+
+Holdings ReadHoldings(const ReportRun& run) {
+  Holdings holdings;
   const std::string tables = run.clause.WithKeywords(kInvestmentTables);
   const std::string conditions = run.clause.WhereUntil(EndOf(run), ReportClause::Payments::Joined);
   Recordset::Visit(run.Store(),
-                   "SELECT T.Action, T.Shares, Amount, T.Price, T.PayeeID FROM " + tables +
-                       conditions + "AND PP.Investment = 1 ",
+                   "SELECT T.Action, T.Shares, Amount, T.Price, T.PayeeID, CU.Currency FROM " +
+                       tables + conditions + "AND PP.Investment = 1 ",
                    [&holdings](const VisitedRow& row) {
-                     Holding& holding = holdings[row.Int(4)];
+                     Holding& holding = holdings[row.Int(4)][std::string(row.Text(5))];
                      holding.units += ShareSign(row.Int(0)) * row.Double(1);
                      holding.money += row.Double(2);
                    });
   return holdings;
+}
+
+// The currencies that an investment has a row of, its own one first; that one alone where no
+// account has anything of it.
+std::vector<std::string> CurrenciesOf(const Investment& investment,
+                                      const std::map<std::string, Holding>& holdings) {
+  std::vector<std::string> currencies;
+  for (const auto& [currency, holding] : holdings) currencies.push_back(currency);
+  if (currencies.empty()) currencies.push_back(investment.currency);
+  std::ranges::stable_partition(
+      currencies, [&](const std::string& each) { return each == investment.currency; });
+  return currencies;
+}
+
+double RateIn(const ReportRun& run, const Investment& investment, const std::string& currency) {
+  return currency == investment.currency ? investment.rate : run.rates.RateOf(currency);
 }
 
 }  // namespace
@@ -91,17 +116,30 @@ std::string InvestmentGains::Currencies(const ReportClause& /*clause*/) const {
          "CU.CurrencyID = P.CurrencyID WHERE Investment = 1 GROUP BY CU.CurrencyID, Currency";
 }
 
+std::string InvestmentGains::MoreCurrencies() const {
+  return "SELECT Currency, CU.CurrencyID From tblAccounts A INNER JOIN tblCurrency CU ON "
+         "A.CurrencyId = CU.CurrencyID WHERE A.AccountID IN (Select T.AccountID from "
+         "tblTransactions T INNER JOIN tblPayees P ON T.PayeeID = P.PayeeID WHERE Investment = 1) "
+         "GROUP BY CU.CurrencyID, Currency";
+}
+
 void InvestmentGains::Fill(const ReportRun& run, ReportTable& table) const {
-  std::unordered_map<std::int64_t, Holding> holdings = ReadHoldings(run);
+  Holdings holdings = ReadHoldings(run);
   for (const Investment& each : ReadInvestments(run)) {
-    const Holding& holding = holdings[each.key];
-    const double total = holding.units * each.price;
-    const std::string currency = run.rates.ShownIn(each.currency, each.rate);
-    table.rows.push_back(
-        GroupRow(SqlNumber(each.key), currency,
-                 {each.name, each.symbol, currency, each.description,
-                  RoundMoney(each.price * each.rate), RoundMoney(holding.units),
-                  RoundMoney(total * each.rate), RoundMoney((total + holding.money) * each.rate)}));
+    std::map<std::string, Holding>& held = holdings[each.key];
+    for (const std::string& currency : CurrenciesOf(each, held)) {
+      const Holding& holding = held[currency];
+      const double total = holding.units * each.price;
+      const double rate = RateIn(run, each, currency);
+      const std::string shown = run.rates.ShownIn(currency, rate);
+      ReportRow row =
+          GroupRow(SqlNumber(each.key), shown,
+                   {each.name, each.symbol, shown, each.description, RoundMoney(each.price * rate),
+                    RoundMoney(holding.units), RoundMoney(total * rate),
+                    RoundMoney((total + holding.money) * rate)});
+      row.part = currency;
+      table.rows.push_back(std::move(row));
+    }
   }
   AppendTotals(table, {"Total", "Gain"});
 }
@@ -128,25 +166,28 @@ std::vector<ExplainedRow> InvestmentGains::Explain(const ReportRun& run, const R
   Sources sources = EvidenceOf(run);
   if (!isTotal) sources.conditions += Narrowed(row, run);
   const std::vector<EvidenceRow> evidence = ReadEvidence(run, sources);
+  const bool hasWorth = header == "Total" || header == "Gain";
   std::vector<ExplainedRow> explained;
   for (const Investment& each : ReadInvestments(run)) {
-    if (run.rates.ShownIn(each.currency, each.rate) != row.currency) continue;
     if (!isTotal && SqlNumber(each.key) != row.groupKey) continue;
     if (header == "Last Price" && !isTotal) {
-      explained.push_back(Beside("Last price", {}, each.currency, each.price, each.rate));
+      explained.push_back(
+          Beside("Last price", {}, row.part, each.price, RateIn(run, each, row.part)));
     }
     for (const EvidenceRow& part : evidence) {
-      if (part.payeeId != each.key) continue;
+      const double rate = RateIn(run, each, part.currency);
+      const bool isOfRow = isTotal ? run.rates.ShownIn(part.currency, rate) == row.currency
+                                   : part.currency == row.part;
+      if (part.payeeId != each.key || !isOfRow) continue;
       if (header == "Quantity" && !isTotal) {
         explained.push_back(Explained(part, part.shares, 1, ShareSign(part.action)));
       }
-      const bool hasWorth = header == "Total" || header == "Gain";
       if (hasWorth && part.shares != 0 && each.price != 0) {
         explained.push_back(
-            Explained(part, part.shares, each.price * each.rate, ShareSign(part.action)));
+            Explained(part, part.shares, each.price * rate, ShareSign(part.action)));
       }
       if (header == "Gain" && part.amount != 0) {
-        explained.push_back(Explained(part, part.amount, each.rate));
+        explained.push_back(Explained(part, part.amount, rate));
       }
     }
   }

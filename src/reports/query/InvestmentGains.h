@@ -10,10 +10,14 @@ namespace corvanta::inline reports {
 //   total     quantity * last price of the price history
 //   gain      total + money received - money paid for the investment
 //
-// Of a range its end counts alone: what was held then, at the price known then.
+// All of it is in the currency of the account that holds it: an investment has a row for each of
+// these, and one in its own currency where nothing is held. Of a range its end counts alone: what
+// was held then, at the price known then.
 class InvestmentGains : public Report {
  public:
   [[nodiscard]] std::string Currencies(const ReportClause& clause) const override;
+  // Those of the accounts that have traded.
+  [[nodiscard]] std::string MoreCurrencies() const override;
   void Fill(const ReportRun& run, ReportTable& table) const override;
   [[nodiscard]] std::vector<ExplainedRow> Explain(const ReportRun& run, const ReportTable& table,
                                                   const ReportRow& row,

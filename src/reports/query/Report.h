@@ -68,6 +68,8 @@ class Report {
 
   // The statement that gives the currencies in use.
   [[nodiscard]] virtual std::string Currencies(const ReportClause& clause) const;
+  // A statement that gives further ones to be converted, which may be among them; empty for none.
+  [[nodiscard]] virtual std::string MoreCurrencies() const { return {}; }
   // Adds the rows to the table, which has its columns. Throws StoreError.
   virtual void Fill(const ReportRun& run, ReportTable& table) const = 0;
   // What a figure is made of. Throws StoreError.

@@ -30,6 +30,17 @@ ReportRates::ReportRates(Connection& store, const std::string& statement,
   }
 }
 
+void ReportRates::Add(Connection& store, const std::string& statement, const Ask& ask) {
+  if (statement.empty()) return;
+  const ReportRates more(store, statement, reportCurrency_, [&](const std::string& currency) {
+    const bool isKnown = std::ranges::count(uses_, currency, &CurrencyUse::currency) != 0;
+    return isKnown ? RateOf(currency) : ask(currency);
+  });
+  for (const CurrencyUse& use : more.uses_) {
+    if (std::ranges::count(uses_, use.currency, &CurrencyUse::currency) == 0) uses_.push_back(use);
+  }
+}
+
 std::string ReportRates::Expression() const {
   std::string text;
   for (const CurrencyUse& use : uses_) {

@@ -41,6 +41,9 @@ class ReportRates {
   ReportRates(Connection& store, const std::string& statement, std::string reportCurrency,
               const Ask& ask);
 
+  // Also those of that statement; none for an empty one. Throws StoreError.
+  void Add(Connection& store, const std::string& statement, const Ask& ask);
+
   [[nodiscard]] const std::vector<CurrencyUse>& Uses() const { return uses_; }
   // IIF(Currency='EUR',0.87,IIF(Currency='USD',1.31,1 ))
   [[nodiscard]] std::string Expression() const;

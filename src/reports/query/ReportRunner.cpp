@@ -77,8 +77,9 @@ ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request, RateSou
   const std::unique_ptr<Report> report = MakeReport(request.report);
   const ReportClause clause(request);
   AskedRates asked(request, source, platform.prompts);
-  const ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency,
-                          [&asked](const std::string& code) { return asked.Rate(code); });
+  const auto ask = [&asked](const std::string& code) { return asked.Rate(code); };
+  ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency, ask);
+  if (request.converts) rates.Add(ledger.Store(), report->MoreCurrencies(), ask);
   asked.TellTroubles();
   for (const CurrencyUse& use : rates.Uses()) table.rates.push_back({use.currency, use.rate});
   if (request.converts) table.convertedInto = request.currency;
@@ -99,7 +100,8 @@ std::vector<ExplainedRow> Explain(clsCorvanta& ledger, const ReportRequest& requ
     }
     return 1.0;
   };
-  const ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency, used);
+  ReportRates rates(ledger.Store(), report->Currencies(clause), request.currency, used);
+  if (request.converts) rates.Add(ledger.Store(), report->MoreCurrencies(), used);
   const ReportRun run{ledger, platform, request, clause, rates, rates.Expression()};
   return report->Explain(run, table, table.rows[row], column);
 }

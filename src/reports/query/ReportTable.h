@@ -38,7 +38,8 @@ struct ReportRow {
   // What the row is looked into with: the key of its account, category, payee, payment type,
   // investment or transaction, or year and month ("202611"). Empty for nothing.
   std::string groupKey;
-  // What tells rows of one key apart: of a payee's transfers the other half's key.
+  // What tells rows of one key apart: of a payee's transfers the other half's key, of an
+  // investment's the code of the currency that its accounts are in.
   std::string part;
   std::int64_t transactionId = 0;  // of a row that is one transaction
   std::string currency;            // the code that its amounts are in

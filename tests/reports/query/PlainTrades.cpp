@@ -1,6 +1,9 @@
 #include "reports/query/PlainReports.h"
 
 #include <algorithm>
+#include <map>
+#include <string>
+#include <utility>
 
 namespace corvanta {
 
@@ -15,17 +18,26 @@ std::vector<Cells> PlainGains(const PlainRows& plain) {
     if (!PlainRows::In(request.filter.Keys(FilterKind::Investment), payee.id)) continue;
     const bool isKnown = !request.range || payee.priceDay <= request.range->to;
     const double price = isKnown ? payee.price : payee.oldPrice;
-    double units = 0;
-    double money = 0;
+    // What each account's currency has of it; its own one where nothing has any.
+    std::map<std::string, std::pair<double, double>> held;  // units and money
     for (const Row& row : ledger.rows) {
       if (row.payee != payee.id || !plain.Passes(row)) continue;
       if (request.range && row.day > request.range->to) continue;
+      auto& [units, money] = held[plain.CurrencyOf(row)];
       units += UnitsOf(row);
       money += row.amount;
     }
-    const double rate = plain.RateOf(payee.currency);
-    rows.push_back({payee.name, payee.symbol, plain.Shown(payee.currency), "", price * rate, units,
-                    units * price * rate, (units * price + money) * rate});
+    if (held.empty()) held[payee.currency] = {};
+    const auto add = [&](const std::string& currency) {
+      const auto [units, money] = held.at(currency);
+      const double rate = plain.RateOf(currency);
+      rows.push_back({payee.name, payee.symbol, plain.Shown(currency), "", price * rate, units,
+                      units * price * rate, (units * price + money) * rate});
+    };
+    if (held.contains(payee.currency)) add(payee.currency);
+    for (const auto& each : held) {
+      if (each.first != payee.currency) add(each.first);
+    }
   }
   return WithTotals(std::move(rows), 2, 6, 7);
 }

@@ -111,6 +111,33 @@ TEST_F(Reports, ForecastNoTransferThatNoRateIsKnownFor) {
   EXPECT_EQ(Show(request).notice, "Of the filters only accounts count in a forecast.");
 }
 
+// Each account counts what it holds in its own currency, whatever the investment is quoted in.
+TEST_F(Reports, OfGainsAreInTheCurrencyOfTheAccount) {
+  Run("INSERT INTO tblPayees (PayeeID,Payee,[Symbol],Investment,CurrencyID) VALUES "
+      "(9,'Fund','F',1," +
+      std::to_string(Currency("USD")) + ")");
+  Run("INSERT INTO tblHistory (PayeeID,[Date],Price) VALUES (9,#02/01/2026#,6)");
+  AddTransaction(4, 1, "02/03/2026", "-10", "PayeeID = 9, [Action] = 1, Shares = 2");
+  ReportTable table = Show(10);
+  ASSERT_EQ(table.rows.size(), 2U);
+  EXPECT_EQ(Text(table.rows[0]), "Fund|F|EUR||6|2|12|2|");
+  rates_.Answer(0.5);
+  EXPECT_EQ(Text(Show(Converted(10)).rows[0]), "Fund|F|EUR||6|2|12|2|") << "it is paid in euros";
+  AddTransaction(5, 2, "02/04/2026", "-5", "PayeeID = 9, [Action] = 1, Shares = 1");
+  rates_.Answer(0.5);
+  table = Show(Converted(10));
+  ASSERT_EQ(table.rows.size(), 3U);
+  EXPECT_EQ(Text(table.rows[0]), "Fund|F|EUR||3|1|3|0.5|") << "its own currency first";
+  EXPECT_EQ(Text(table.rows[1]), "Fund|F|EUR||6|2|12|2|");
+  EXPECT_EQ(Text(table.rows[2]), "Total (EUR)||EUR||||15|2.5|");
+  EXPECT_EQ(Show(10).rows.size(), 4U);
+  // A rate is asked for the account's currency, too.
+  Run("UPDATE tblPayees SET CurrencyID = " + std::to_string(Currency("EUR")) +
+      " WHERE PayeeID = 9");
+  rates_.Answer(0.5);
+  EXPECT_EQ(Text(Show(Converted(10)).rows[1]), "Fund|F|EUR||3|1|3|0.5|");
+}
+
 TEST_F(Reports, OfTwoPeriodsTakeTheOtherOneAsItIsSaid) {
   ReportRequest request;
   request.report = 13;
