@@ -89,15 +89,25 @@ bool PlanCells::IsPlan(const QModelIndex& index) const {
 
 std::optional<double> PlanCells::PlanOf(int listRow) const {
   const ReportRow& row = RowAt(listRow);
-  const std::string& home = request_.currency;
-  // Plans are in the currency of the person.
-  const bool isOther =
-      row.currency != home && std::ranges::any_of(report_.rows, [&](const ReportRow& each) {
-        return each.groupKey == row.groupKey && each.currency == home;
-      });
-  if (isOther) return std::nullopt;
+  if (row.currency != report_.plansKeptIn) return std::nullopt;
   const auto form = BudgetEditor(place_.session.Ledger()).Load(request_, row);
   return form ? form->amount : std::nullopt;
+}
+
+QString PlanCells::WhyNotEdited(int listRow) const {
+  const QString kept = ToQt(report_.plansKeptIn);
+  const bool isConverted = std::ranges::any_of(report_.rates, [this](const ReportRate& each) {
+    return each.currency == report_.plansKeptIn && each.isConverted;
+  });
+  if (isConverted) {
+    return tr("Plans are kept in %1. Untick \"Convert into\" to change them.").arg(kept);
+  }
+  if (RowAt(listRow).currency != report_.plansKeptIn) {
+    return tr("Plans are in %1: change the category's other row").arg(kept);
+  }
+  return tr(
+      "This plan is that of several sub-categories. Tick \"Sub-categories\" to plan each of "
+      "them.");
 }
 
 int PlanCells::NextOf(int listRow, int by) const {
@@ -117,11 +127,7 @@ void PlanCells::Edit(const QModelIndex& index) {
   }
   const auto plan = PlanOf(index.row());
   if (plan) return Open(index.row(), *plan);
-  place_.host.Notice(
-      request_.foldsSubCategories
-          ? tr("This plan is that of several sub-categories. Tick \"Sub-categories\" "
-               "to plan each of them.")
-          : tr("Plans are in %1: change the category's other row").arg(ToQt(request_.currency)));
+  place_.host.Notice(WhyNotEdited(index.row()));
 }
 
 void PlanCells::EditLater(const QModelIndex& index) {
@@ -210,7 +216,7 @@ bool PlanCells::Save(std::optional<double> amount, bool tells) {
   isSaved_ = false;
   place_.host.Notice(
       tr("Planned for a month: %1 %2")
-          .arg(ToQt(place_.platform.locale.FormatNumber(*amount)), ToQt(request_.currency)));
+          .arg(ToQt(place_.platform.locale.FormatNumber(*amount)), ToQt(report_.plansKeptIn)));
   return true;
 }
 
@@ -224,7 +230,7 @@ void PlanCells::GoOn(int by) {
   const std::string key = next < 0 ? key_ : RowAt(next).groupKey;
   Close();
   FocusTable();
-  if (!isSaved_) place_.host.Reload();
+  if (!isSaved_) Q_EMIT Planned();
   isSaved_ = true;
   // The rows are others now.
   const int at = RowOf(key);
@@ -250,7 +256,7 @@ void PlanCells::Leave() {
         const bool isOld = !isSaved_;
         Close();
         isSaved_ = true;
-        if (isOld) place_.host.Reload();
+        if (isOld) Q_EMIT Planned();
       },
       Qt::QueuedConnection);
 }

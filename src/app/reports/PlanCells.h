@@ -65,14 +65,20 @@ class PlanCells : public QObject {
   // be. No field is open afterwards.
   void Finish();
 
+ Q_SIGNALS:
+  // A plan is another than the list shows.
+  void Planned();
+
  protected:
   // Keys of the list, and the end of the window.
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   [[nodiscard]] const ReportRow& RowAt(int listRow) const;
-  // What is planned in the row; nullopt where that cannot be edited.
+  // What is planned in the row; nullopt where that cannot be edited: a plan is typed in the
+  // currency that it is kept in.
   [[nodiscard]] std::optional<double> PlanOf(int listRow) const;
+  [[nodiscard]] QString WhyNotEdited(int listRow) const;
   // The next row ahead whose plan can be edited; -1 for none.
   [[nodiscard]] int NextOf(int listRow, int by) const;
   // The row of that category; -1 for none that can be edited.

@@ -116,6 +116,11 @@ void ReportsView::Arrange() {
 }
 
 void ReportsView::Connect() {
+  connect(plans_, &PlanCells::Planned, this, [this] {
+    keepsRates_ = true;
+    place_.host.Guard([this] { place_.host.Reload(); });
+    keepsRates_ = false;
+  });
   connect(bar_, &ReportBar::Changed, this, [this] { place_.host.ApplyFilter(); });
   connect(bar_, &ReportBar::CarryChosen, this, [this](bool carriesOver) {
     place_.host.Guard([&] { CarryBudgetOver(place_.platform.registry, carriesOver); });

@@ -177,6 +177,8 @@ class ReportsView : public QWidget, public MainView {
   ReportTable report_;
   PlanCells* plans_;
   Page page_ = Page::List;
+  // A plan is read again: the rates of what stands there still hold.
+  bool keepsRates_ = false;
   bool isCurrent_ = false;  // what stands there is the report as it would be worked out now
   std::uint64_t readAt_ = 0;
   int filled_ = 0;                                   // the report whose columns the list has

@@ -49,7 +49,7 @@ void ReportsView::Run(const ViewCommand& command) {
   shown.report = state_;
   const bool withClosed = Settings(place_.platform.registry).IsOn(Setting::Closed);
   ReportRequest request = RequestOf(shown, withClosed);
-  // A currency that nothing is converted into must not move the budgets into it.
+  // Nothing is worked out again for a currency that nothing is converted into.
   if (!request.converts) request.currency = place_.platform.locale.CurrencyCode();
   request.carriesOver = CarriesBudgetOver(place_.platform.registry);
   const std::uint64_t now = place_.session.Ledger().Store().Changes();
@@ -60,8 +60,11 @@ void ReportsView::Run(const ViewCommand& command) {
   const WaitCursor waiting;
   isCurrent_ = false;
   try {
-    ReportTable report = corvanta::RunReport(place_.session.Ledger(), request,
-                                             place_.session.Rates(), place_.platform);
+    clsCorvanta& ledger = place_.session.Ledger();
+    const bool isKnown = keepsRates_ && request == request_ && report_.report == request.report;
+    ReportTable report =
+        isKnown ? RunReportAgain(ledger, request, report_, place_.platform)
+                : corvanta::RunReport(ledger, request, place_.session.Rates(), place_.platform);
     model_->SetRows(nullptr);  // they are of the table that goes
     request_ = request;
     report_ = std::move(report);

@@ -13,11 +13,8 @@
 #include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "reports/budget/BudgetEditor.h"
-#include "reports/query/Report.h"
+#include "reports/query/PlanCurrency.h"
 #include "reports/query/ReportCatalogue.h"
-#include "reports/query/ReportClause.h"
-#include "reports/query/ReportRates.h"
-#include "reports/query/ReportRunner.h"
 #include "store/sql/Connection.h"
 
 #include <cmath>
@@ -45,17 +42,6 @@ std::optional<NamedItem> FindCategory(clsCorvanta& ledger, const std::string& ty
     items.push_back({row.categoryId, CategoryPath(row.category, row.subCategory)});
   }
   return FindItem(items, typed, "Category", "category", session);
-}
-
-// What the report says its plans are in.
-std::string PlanCurrency(clsCorvanta& ledger, const std::string& own) {
-  ReportRequest request;
-  request.report = kBudgetOfMonth;
-  request.currency = own;
-  const ReportClause clause(request);
-  const ReportRates rates(ledger.Store(), MakeReport(request.report)->Currencies(clause), own,
-                          [](const std::string&) { return 1.0; });
-  return rates.Home();
 }
 
 }  // namespace
@@ -102,7 +88,7 @@ ExitStatus BudgetCommand::RunPlan(Session& session) {
   if (!category) return ExitStatus::Refused;
   BudgetEditor editor(ledger);
   const Locale& own = session.Machine().locale;
-  const std::string code = PlanCurrency(ledger, own.CurrencyCode());
+  const std::string code = PlanCurrency(ledger.Store(), own.CurrencyCode());
   const double typed = clear_->Parsed() ? 0 : NumberOf(amount_);
   const BudgetForm form{category->key, RoundToCurrency(typed, code)};
   if (const auto warning = editor.Check(form)) return session.Refuse(warning->title, warning->text);

@@ -7,6 +7,7 @@
 #include "platform/Platform.h"
 #include "platform/Settings.h"
 #include "reports/overview/KnownRates.h"
+#include "reports/query/PlanCurrency.h"
 #include "reports/query/Report.h"
 #include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportRunner.h"
@@ -87,13 +88,6 @@ ReportTable OverviewReader::Run(const ReportRequest& request) const {
   return RunReport(ledger_, request, rates, platform_);
 }
 
-std::string OverviewReader::Home(const ReportRequest& request) const {
-  const ReportClause clause(request);
-  const std::string currencies = MakeReport(request.report)->Currencies(clause);
-  const auto asIs = [](const std::string&) { return 1.0; };
-  return ReportRates(ledger_.Store(), currencies, request.currency, asIs).Home();
-}
-
 // Both months in one run, which has a row for each.
 void OverviewReader::ReadFlows() {
   ReportRequest request = RequestOf(kCashFlow, {read_.lastMonth.from, read_.thisMonth.to});
@@ -116,7 +110,7 @@ void OverviewReader::ReadPlans() {
       ledger_.Store().QueryValue("Select Count(*) from tblCategory WHERE Budget <> 0");
   if (budgets.Int() == 0) return;
   ReportRequest request = RequestOf(kBudgets, read_.thisMonth);
-  request.currency = Home(request);
+  request.currency = PlanCurrency(ledger_.Store(), request.currency);
   request.converts = true;
   const ReportTable table = Run(request);
   std::set<std::string> spending;  // the keys of what is planned
@@ -130,8 +124,7 @@ void OverviewReader::ReadPlans() {
     plan.actual += FigureOf(table, row, "Actual");
   }
   read_.arePlansConverted =
-      !read_.plans.empty() &&
-      std::ranges::any_of(table.rates, [](const ReportRate& each) { return each.rate != 1; });
+      !read_.plans.empty() && std::ranges::any_of(table.rates, &ReportRate::isConverted);
 }
 
 }  // namespace corvanta::inline reports

@@ -75,8 +75,6 @@ class OverviewReader {
  private:
   [[nodiscard]] ReportRequest RequestOf(int report, const Period& range) const;
   [[nodiscard]] ReportTable Run(const ReportRequest& request) const;
-  // What budgets are in.
-  [[nodiscard]] std::string Home(const ReportRequest& request) const;
   void ReadFlows();
   void ReadPlans();
 

@@ -143,7 +143,7 @@ std::string RatesText(const ReportTable& report, const Locale& locale) {
   if (report.convertedInto.empty()) return text;
   for (const ReportRate& rate : report.rates) {
     // One that is not known leaves the amounts as they are.
-    if (rate.rate == 1 || rate.currency == report.convertedInto) continue;
+    if (!rate.isConverted) continue;
     text += (text.empty() ? "" : "  ") + ("1 " + rate.currency) + " = " +
             locale.FormatNumber(rate.rate, 4) + " " + report.convertedInto;
   }

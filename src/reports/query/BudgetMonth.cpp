@@ -49,11 +49,12 @@ std::string ConditionsOf(const ReportRun& run, const Period& days) {
 
 void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
   table.periods = {MonthOf(run)};
-  const std::string home = run.rates.Home();
+  const std::string home = run.rates.PlansShownIn();
+  const double rate = run.rates.PlanRate();
   const Period month = table.periods.front();
   const BudgetPlans plans(run, month, MonthsBefore(run, month));
   for (const Plan& plan : plans.All()) {
-    const double left = plan.hasBudget ? plan.pastBudget - plan.PastActualIn(home) : 0;
+    const double left = plan.hasBudget ? plan.pastBudget * rate - plan.PastActualIn(home) : 0;
     const auto add = [&](const std::string& currency, double planned, double carried) {
       const double actual = plan.ActualIn(currency);
       ReportRow row =
@@ -63,9 +64,9 @@ void BudgetMonth::Fill(const ReportRun& run, ReportTable& table) const {
       if (plan.hasBudget) row.part = "planned";
       table.rows.push_back(std::move(row));
     };
-    const bool isEmpty = plan.actual.empty() && run.request.withAllCategories;
-    if (plan.hasBudget || isEmpty || plan.actual.contains(home)) {
-      add(home, plan.budget, left);
+    // Where every category can be planned, it has the row to do so.
+    if (plan.hasBudget || run.request.withAllCategories || plan.actual.contains(home)) {
+      add(home, plan.budget * rate, left);
     }
     for (const auto& [currency, actual] : plan.actual) {
       if (currency != home) add(currency, 0, 0);
@@ -80,6 +81,7 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
   const bool isTotal = row.kind == ReportRowKind::Total;
   const bool isLeft = header == "Left";
   const Period month = MonthOf(run);
+  const std::string home = run.rates.PlansShownIn();
   std::vector<ExplainedRow> explained;
   const auto addRows = [&](const Period& days, int sign, bool isPlanned) {
     Sources sources{run.clause.WithKeywords(kFiveTables), ConditionsOf(run, days)};
@@ -96,19 +98,19 @@ std::vector<ExplainedRow> BudgetMonth::Explain(const ReportRun& run, const Repor
     }
   };
   const auto addPlans = [&](const Period& days, int sign) {
-    if (row.currency != run.rates.Home()) return;
+    if (row.currency != home) return;
     const BudgetPlans plans(run, days);
     for (const Plan& plan : plans.All()) {
       if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
       explained.push_back(Beside("Plan for " + days.from.ToIso().substr(0, 7), plan.category,
-                                 row.currency, plan.budget, 1, sign));
+                                 run.rates.PlansKeptIn(), plan.budget, run.rates.PlanRate(), sign));
     }
   };
   if (header == "Plan" || isLeft) addPlans(month, isLeft ? -1 : 1);
   if (header == "Carried Over" || isLeft) {
     for (const Period& before : MonthsBefore(run, month)) {
       addPlans(before, isLeft ? -1 : 1);
-      if (row.currency == run.rates.Home()) addRows(before, isLeft ? 1 : -1, true);
+      if (row.currency == home) addRows(before, isLeft ? 1 : -1, true);
     }
   }
   if (header == "Actual" || isLeft) addRows(month, 1, false);

@@ -17,6 +17,7 @@ namespace corvanta::inline reports {
 // much.
 class BudgetMonth : public Report {
  public:
+  [[nodiscard]] bool HasPlans() const override { return true; }
   void Fill(const ReportRun& run, ReportTable& table) const override;
   [[nodiscard]] std::vector<ExplainedRow> Explain(const ReportRun& run, const ReportTable& table,
                                                   const ReportRow& row,

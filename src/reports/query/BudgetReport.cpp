@@ -35,18 +35,21 @@ void AppendUnallocated(const std::map<std::string, double>& amounts, ReportTable
 
 void BudgetReport::Fill(const ReportRun& run, ReportTable& table) const {
   const BudgetPlans plans(run);
-  const std::string home = run.rates.Home();
-  std::map<std::string, double> unallocated = {{home, 0.0}};
+  const std::string home = run.rates.PlansShownIn();
+  std::map<std::string, double> unallocated;
   for (const Plan& plan : plans.All()) {
     // The plan stands beside what is in its currency, other currencies below it.
     if (plan.hasBudget || plan.actual.contains(home)) {
-      table.rows.push_back(PlanRow(plan, home, plan.budget, plan.ActualIn(home)));
+      unallocated.try_emplace(home, 0);
+      table.rows.push_back(
+          PlanRow(plan, home, plan.budget * run.rates.PlanRate(), plan.ActualIn(home)));
     }
     for (const auto& [currency, actual] : plan.actual) {
       if (currency != home) table.rows.push_back(PlanRow(plan, currency, 0, actual));
       if (!plan.hasBudget) unallocated[currency] += actual;
     }
   }
+  if (unallocated.empty()) unallocated[home] = 0;
   AppendUnallocated(unallocated, table);
   AppendTotals(table, {"Budget", "Actual", "Difference"});
 }
@@ -65,22 +68,28 @@ std::string BudgetReport::Narrowed(const ReportRow& row, const ReportRun& run) c
   return OnlyCategory(row, run);
 }
 
+std::vector<ExplainedRow> BudgetReport::ExplainPlans(const ReportRun& run, const ReportRow& row,
+                                                     int sign) {
+  std::vector<ExplainedRow> explained;
+  if (row.currency != run.rates.PlansShownIn()) return explained;
+  const bool isTotal = row.kind == ReportRowKind::Total;
+  const BudgetPlans plans(run);
+  for (const Plan& plan : plans.All()) {
+    if (!plan.hasBudget || (!isTotal && SqlNumber(plan.key) != row.groupKey)) continue;
+    explained.push_back(Beside("Budget for " + plan.category, plan.subCategory,
+                               run.rates.PlansKeptIn(), plan.budget, run.rates.PlanRate(), sign));
+  }
+  return explained;
+}
+
 std::vector<ExplainedRow> BudgetReport::Explain(const ReportRun& run, const ReportTable& table,
                                                 const ReportRow& row, std::size_t column) const {
   const std::string& header = table.columns.at(column).header;
-  std::vector<ExplainedRow> explained;
-  const std::size_t budgetColumn = table.Column("Budget").value();
-  const bool isPlanned = header == "Budget" || header == "Difference";
-  const int sign = header == "Difference" ? -1 : 1;
   const bool isTotal = row.kind == ReportRowKind::Total;
   const bool isUnallocated = isTotal && row.cells.front().Text() == kUnallocated;
-  for (const ReportRow& each : table.rows) {
-    const double budget = each.cells[budgetColumn].Double();
-    if (each.kind == ReportRowKind::Total || budget == 0) continue;
-    const bool isWanted = each.currency == row.currency && (isTotal || &each == &row);
-    if (!isPlanned || isUnallocated || !isWanted) continue;
-    explained.push_back(Beside("Budget for " + each.cells.front().Text(), each.cells[1].Text(),
-                               each.currency, budget, 1, sign));
+  std::vector<ExplainedRow> explained;
+  if (!isUnallocated && (header == "Budget" || header == "Difference")) {
+    explained = ExplainPlans(run, row, header == "Difference" ? -1 : 1);
   }
   if (header == "Budget") return explained;
   if (!isUnallocated) {

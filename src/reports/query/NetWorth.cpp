@@ -44,16 +44,20 @@ std::vector<MonthPoint> MonthsOf(const ReportRun& run) {
   return months;
 }
 
-// The rate of the day into the report currency; 1 where amounts stay as they are.
-double RateOn(const ReportRun& run, const std::string& currency, corvanta::Date day) {
+// What amounts of a currency are multiplied by, and shown in.
+struct DayRate {
+  double rate = 1;
+  std::string shown;
+};
+
+DayRate RateOn(const ReportRun& run, const std::string& currency, corvanta::Date day) {
   const ReportRequest& request = run.request;
-  if (!request.converts || request.currency.empty()) return 1;
-  if (EqualFolded(currency, request.currency)) return 1;
-  if (day < run.platform.clock.Today()) {
+  const bool isOther = !request.currency.empty() && !EqualFolded(currency, request.currency);
+  if (request.converts && isOther && day < run.platform.clock.Today()) {
     const auto known = run.ledger.Rates().Latest(currency, request.currency, day);
-    if (known) return known->rate;
+    if (known) return {known->rate, request.currency};
   }
-  return run.rates.RateOf(currency);
+  return {run.rates.RateOf(currency), run.rates.ShownIn(currency)};
 }
 
 double PriceOn(const ReportRun& run, std::int64_t investment, corvanta::Date day) {
@@ -120,9 +124,8 @@ void NetWorth::Fill(const ReportRun& run, ReportTable& table) const {
         if (month > 0) units[month] += units[month - 1];
         if (units[month] != 0) held += units[month] * PriceOn(run, investment, months[month].day);
       }
-      const double rate = RateOn(run, currency, months[month].day);
+      const auto [rate, shown] = RateOn(run, currency, months[month].day);
       const double cash = track.cash[month] * rate;
-      const std::string shown = run.rates.ShownIn(currency, rate);
       fold.Add(GroupRow(months[month].key, shown,
                         {months[month].key, RoundMoney(cash), RoundMoney(held * rate),
                          RoundMoney(cash + held * rate), shown}));
@@ -140,18 +143,18 @@ std::vector<ExplainedRow> NetWorth::Explain(const ReportRun& run, const ReportTa
   const bool withHeld = header != "Cash";
   std::vector<ExplainedRow> explained;
   for (const CurrencyUse& use : run.rates.Uses()) {
-    const double rate = RateOn(run, use.currency, month->day);
     if (!withCash || use.opening == 0) continue;
-    if (run.rates.ShownIn(use.currency, rate) != row.currency) continue;
+    const auto [rate, shown] = RateOn(run, use.currency, month->day);
+    if (shown != row.currency) continue;
     explained.push_back(Beside("Opening balances", {}, use.currency, use.opening / use.rate, rate));
   }
   std::map<std::int64_t, double> prices;
-  std::map<std::string, double> rates;
+  std::map<std::string, DayRate> rates;
   for (const EvidenceRow& part : ReadEvidence(run, SourcesUntil(run, month->day))) {
-    const auto [known, isFirst] = rates.try_emplace(part.currency, 1);
+    const auto [known, isFirst] = rates.try_emplace(part.currency);
     if (isFirst) known->second = RateOn(run, part.currency, month->day);
-    const double rate = known->second;
-    if (run.rates.ShownIn(part.currency, rate) != row.currency) continue;
+    const auto& [rate, shown] = known->second;
+    if (shown != row.currency) continue;
     if (withCash && part.amount != 0) explained.push_back(Explained(part, part.amount, rate));
     if (!withHeld || part.shares == 0) continue;
     const auto [price, isNew] = prices.try_emplace(part.payeeId, 0);

@@ -66,6 +66,9 @@ class Report {
 
   virtual ~Report() = default;
 
+  // Whether it shows what is planned.
+  [[nodiscard]] virtual bool HasPlans() const { return false; }
+
   // The statement that gives the currencies in use.
   [[nodiscard]] virtual std::string Currencies(const ReportClause& clause) const;
   // A statement that gives further ones to be converted, which may be among them; empty for none.

@@ -20,5 +20,9 @@ namespace corvanta::inline reports {
 // std::invalid_argument for a number that no report has.
 [[nodiscard]] ReportTable RunReport(clsCorvanta& ledger, const ReportRequest& request,
                                     RateSource& rates, Platform& platform);
+// The same after something else than the request has changed, with the rates that the former table
+// was made with: none is asked for.
+[[nodiscard]] ReportTable RunReportAgain(clsCorvanta& ledger, const ReportRequest& request,
+                                         const ReportTable& former, Platform& platform);
 
 }  // namespace corvanta::inline reports

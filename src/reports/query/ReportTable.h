@@ -49,7 +49,8 @@ struct ReportRow {
 // A rate that amounts were multiplied by.
 struct ReportRate {
   std::string currency;
-  double rate = 1;  // units of the report currency for one of it; exactly 1: as they are
+  double rate = 1;           // units of the report currency for one of it
+  bool isConverted = false;  // otherwise amounts of it stay as they are
 };
 
 struct ReportTable {
@@ -63,6 +64,7 @@ struct ReportTable {
   // stand behind them.
   std::vector<Period> periods = {};
   std::string convertedInto = {};  // the report currency's code; empty where nothing is converted
+  std::string plansKeptIn = {};    // whatever they are shown in; empty for a report without plans
   std::string savedName = {};      // of the saved report that it was opened as; empty for none
   std::string notice = {};         // what the figures leave out, as a sentence; empty for nothing
 

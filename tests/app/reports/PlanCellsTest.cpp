@@ -1,11 +1,14 @@
 #include "app/LedgerSession.h"
 #include "app/WindowTest.h"
 #include "controls/SortedTable.h"
+#include "ledger/investments/RateBook.h"
 #include "platform/Settings.h"
+#include "store/sql/SqlText.h"
 #include "support/DialogTest.h"
 
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QStatusBar>
 #include <QTabBar>
 
 namespace corvanta {
@@ -30,10 +33,31 @@ class PlanCellsTest : public DialogTest<WindowTest> {
     BringForward();
     Page(false);
   }
-  void Page(bool folds) {
+  // An account of euros, of which 10 were spent on "Beta:One" today, and the rates of yesterday, as
+  // none can be fetched.
+  void AddEuros() {
+    clsCorvanta& ledger = session_.Ledger();
+    const Date today = machine_.clock.Today();
+    Run("INSERT INTO tblAccounts ([Account],AccountTypeID,CurrencyId,OpeningBalance,CloseAccount) "
+        "VALUES ('Euros',2,(Select CurrencyID from tblCurrency WHERE Currency = 'EUR'),0,0)");
+    Run("INSERT INTO tblPayees (PayeeID,Payee,Investment) VALUES (500,'Baker',0)");
+    Run("INSERT INTO tblTransactions "
+        "(AccountID,CategoryID,PaymentID,PayeeID,AllocatedItem,TransferID,"
+        "[Date],[Amount],BankChk,BankRec) VALUES (2,51,1,500,0,0," +
+        SqlDate(today) + ",-10,0,0)");
+    ledger.Rates().Keep({0, "EUR", "GBP", today.AddDays(-1), 0.5, "x"});
+    ledger.Rates().Keep({0, "GBP", "EUR", today.AddDays(-1), 2, "x"});
+  }
+  // All converted into that currency, which asks for rates, or nothing.
+  void Page(bool folds, const char* into = "") {
+    if (*into != '\0') {
+      machine_.prompts.ExpectTell("Download Currency for Report", ScriptedPrompts::kAnyText);
+    }
     ViewCommand page{kReportSelected};
     page.report.report = 14;
     page.report.foldsSubCategories = folds;
+    page.report.converts = *into != '\0';
+    if (page.report.converts) page.report.currency = into;
     page.rows.SetKeys(FilterKind::Category, {50, 51, 52});
     window_->Show(page);
     window_->FocusView();
@@ -42,6 +66,10 @@ class PlanCellsTest : public DialogTest<WindowTest> {
   std::string Plan(int row) {
     return List().model()->index(row, 2).data().toString().toStdString();
   }
+  std::string CurrencyOf(int row) {
+    return List().model()->index(row, 6).data().toString().toStdString();
+  }
+  std::string Notice() { return window_->statusBar()->currentMessage().toStdString(); }
   // The one that is open; null for none.
   QLineEdit* Field() {
     for (auto* field : List().findChildren<QLineEdit*>("txtPlan")) {
@@ -196,6 +224,54 @@ TEST_F(PlanCellsTest, APlanOfSeveralSubCategoriesIsNotEdited) {
   Key(Qt::Key_Return);
   EXPECT_EQ(Budget(50), 7);
   EXPECT_EQ(Field(), nullptr) << "no other row can be";
+}
+
+TEST_F(PlanCellsTest, APlanIsTypedInTheCurrencyThatItIsKeptIn) {
+  Start();
+  AddEuros();
+  Page(false);
+  ASSERT_EQ(CurrencyOf(1), "GBP") << "which every category has a row of";
+  ASSERT_EQ(CurrencyOf(2), "EUR");
+  List().setCurrentIndex(List().model()->index(2, 2));
+  QTest::keyClick(&List(), Qt::Key_7);
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(Notice(), "Plans are in GBP: change the category's other row");
+  List().setCurrentIndex(List().model()->index(1, 2));
+  QTest::keyClick(&List(), Qt::Key_7);
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Budget(51), 7);
+  EXPECT_EQ(Notice(), "Planned for a month: 7.00 GBP");
+  ASSERT_NE(Field(), nullptr);
+  EXPECT_EQ(List().currentIndex().row(), 3) << "past the row of the other currency";
+}
+
+TEST_F(PlanCellsTest, AConvertedPlanIsNotEdited) {
+  Start();
+  AddEuros();
+  Page(false, "EUR");
+  EXPECT_EQ(Plan(0), "-80.00");
+  EXPECT_EQ(CurrencyOf(0), "EUR");
+  List().setCurrentIndex(List().model()->index(0, 2));
+  QTest::keyClick(&List(), Qt::Key_7);
+  EXPECT_EQ(Field(), nullptr);
+  EXPECT_EQ(Notice(), "Plans are kept in GBP. Untick \"Convert into\" to change them.");
+  EXPECT_EQ(Budget(50), 40);
+}
+
+TEST_F(PlanCellsTest, RatesAreAskedForOnceAndNotForEachPlan) {
+  Start();
+  AddEuros();
+  Page(false, "GBP");
+  EXPECT_TRUE(machine_.prompts.AllMet());
+  ASSERT_EQ(CurrencyOf(1), "GBP");
+  EXPECT_EQ(List().model()->index(1, 4).data().toString(), "-5.00");
+  Begin("12");
+  Key(Qt::Key_Return);
+  EXPECT_EQ(Plan(0), "-12.00");
+  EXPECT_EQ(List().model()->index(1, 4).data().toString(), "-5.00");
+  QTest::keyClicks(Field(), "13");
+  ClickCell(0, 2);
+  EXPECT_EQ(Plan(1), "-13.00");
 }
 
 TEST_F(PlanCellsTest, WhatIsLeftIsCarriedOnOrNot) {

@@ -111,7 +111,7 @@ TEST(ReportPrint, PaperSaysWhatTheReportIsOf) {
   report.periods = {month};
   const std::string days = DaysText(report.periods, locale);
   EXPECT_EQ(days, locale.FormatLongDate(month.from) + " to " + locale.FormatLongDate(month.to));
-  report.rates = {{"EUR", 1}, {"USD", 0.85}, {"JPY", 1}};
+  report.rates = {{"EUR", 1, false}, {"USD", 0.85, true}, {"JPY", 1, false}};
   EXPECT_EQ(PrintTableOf(report, locale).subject, days) << "nothing is converted";
   report.convertedInto = "EUR";
   report.savedName = "Mine";

@@ -60,7 +60,7 @@ double PlanOf(const Group& group, Date start, int days, const PlainRows& plain) 
     if (!PlainRows::In(plain.Request().filter.Keys(FilterKind::Category), category.id)) continue;
     plan += category.type * category.budget * days / PeriodDaysOf(category.periodId, start);
   }
-  return plan;
+  return plan * plain.RateOf(plain.PlansKeptIn());
 }
 
 // The span of the data is that of the accounts chosen, closed or not.
@@ -116,7 +116,7 @@ std::vector<Cells> PlainBudget(const PlainRows& plain) {
     if (!all.empty()) days = std::ranges::max_element(all)->Serial() - start.Serial();
   }
   const std::string home = plain.Home();
-  std::map<std::string, double> unallocated = {{home, 0.0}};
+  std::map<std::string, double> unallocated;
   std::vector<Cells> rows;
   for (const Group& group : GroupsOf(plain, range)) {
     const double plan = PlanOf(group, start, days, plain);
@@ -126,12 +126,16 @@ std::vector<Cells> PlainBudget(const PlainRows& plain) {
           {group.category.name, group.category.sub, planned, money, money - planned, currency});
     };
     const bool isHome = actual.contains(home);
-    if (plan != 0 || isHome) add(home, plan, isHome ? actual[home] : 0);
+    if (plan != 0 || isHome) {
+      add(home, plan, isHome ? actual[home] : 0);
+      unallocated[home] += 0;
+    }
     for (const auto& [currency, money] : actual) {
       if (currency != home) add(currency, 0, money);
       if (plan == 0) unallocated[currency] += money;
     }
   }
+  if (unallocated.empty()) unallocated[home] = 0;
   std::vector<Cells> result = rows;
   for (const auto& [currency, money] : unallocated) {
     result.push_back({"Total (Unallocated)", "", "", money, "", currency});
@@ -159,8 +163,8 @@ std::vector<Cells> PlainBudgetOfMonth(const PlainRows& plain) {
     const bool isWanted = std::ranges::any_of(group.keys, [&](std::int64_t key) {
       return PlainRows::In(plain.Request().filter.Keys(FilterKind::Category), key);
     });
-    const bool isEmpty = actual.empty() && plain.Request().withAllCategories && isWanted;
-    if (plan != 0 || isEmpty || actual.contains(home)) {
+    const bool isForPlanning = plain.Request().withAllCategories && isWanted;
+    if (plan != 0 || isForPlanning || actual.contains(home)) {
       add(home, plan, carried[place], actual.contains(home) ? actual.at(home) : 0);
     }
     for (const auto& [currency, money] : actual) {

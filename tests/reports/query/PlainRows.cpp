@@ -121,16 +121,13 @@ std::string PlainRows::CurrencyOf(const Row& row) const {
 double PlainRows::Money(const Row& row) const {
   return row.amount * RateOf(CurrencyOf(row));
 }
-std::string PlainRows::Home() const {
+std::string PlainRows::PlansKeptIn() const {
   // Currencies are in the order of their keys, which is that of their codes for these three.
   std::set<std::string> used;
   for (const auto& account : ledger_.accounts) {
-    if (IsAccountShown(account)) used.insert(account.currency);
+    if (!account.closed) used.insert(account.currency);
   }
-  for (const std::string& currency : used) {
-    if (Shown(currency) == request_.currency) return request_.currency;
-  }
-  return used.empty() ? request_.currency : *used.begin();
+  return used.empty() || used.contains("GBP") ? "GBP" : *used.begin();
 }
 
 }  // namespace corvanta

@@ -61,8 +61,9 @@ class PlainRows {
   [[nodiscard]] std::string Shown(const std::string& currency) const;
   [[nodiscard]] std::string CurrencyOf(const Row& row) const;
   [[nodiscard]] double Money(const Row& row) const;
-  // What figures without an account are in.
-  [[nodiscard]] std::string Home() const;
+  // The currency of plans, and what they are shown in.
+  [[nodiscard]] std::string PlansKeptIn() const;
+  [[nodiscard]] std::string Home() const { return Shown(PlansKeptIn()); }
 
  private:
   [[nodiscard]] bool HasStatus(const Row& row) const;

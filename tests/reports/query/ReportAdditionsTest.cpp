@@ -1,7 +1,10 @@
 // What is particular to the reports behind the eleven.
 #include "ledger/investments/RateBook.h"
 #include "reports/query/Explain.h"
+#include "reports/query/ReportCatalogue.h"
 #include "reports/query/ReportsTest.h"
+
+#include <set>
 
 namespace corvanta {
 namespace {
@@ -37,6 +40,107 @@ TEST_F(Reports, OfTheMonthsBudgetCarryOnWhatIsLeft) {
   EXPECT_EQ(Show(request).rows[0].cells[5].Double(), 12) << "a year is of today's month";
   Run("DELETE FROM tblTransactions WHERE TransactionID = 1");
   EXPECT_EQ(Show(request).rows[0].cells[3].Double(), 0) << "nothing was recorded in January";
+}
+
+// Plan, actual and currency of the rows of each category.
+std::string PlansOf(const ReportTable& table) {
+  std::string text;
+  for (const ReportRow& row : table.rows) {
+    if (row.kind == ReportRowKind::Total) continue;
+    text += row.cells[kPlanColumn].Text() + " " + row.cells[*table.Column("Actual")].Text() + " " +
+            row.currency + "|";
+  }
+  return text;
+}
+
+TEST_F(Reports, ConvertPlansAsWhatTheyAreComparedWith) {
+  Run("UPDATE tblCategory SET Budget = 31, PeriodID = 6, [Type] = -1 WHERE CategoryID = 9");
+  for (const int report : {4, 14}) {
+    ReportRequest request = Converted(report);
+    request.currency = "USD";
+    request.filter.SetKeys(FilterKind::Category, {9});
+    request.range = Days("2026-02-01", "2026-02-28");
+    rates_.Answer(2);
+    const ReportTable table = Show(request);
+    EXPECT_EQ(PlansOf(table), "-62 440 USD|") << report;
+    EXPECT_EQ(table.plansKeptIn, "EUR");
+    if (report == 14) {
+      EXPECT_EQ(table.rows[0].cells[3].Double(), -22);
+    }
+    for (std::size_t row = 0; row < table.rows.size(); ++row) {
+      const auto rows = Explain(Ledger(), request, table, row, kPlanColumn, machine_.Get());
+      if (table.rows[row].cells[kPlanColumn].IsNull()) continue;
+      ASSERT_EQ(rows.size(), 1U) << report;
+      EXPECT_EQ(rows[0].currency, "EUR");
+      EXPECT_EQ(rows[0].rate, 2);
+      EXPECT_EQ(rows[0].contribution, -62);
+    }
+    rates_.Answer(std::nullopt);
+    machine_.prompts.ExpectTell("Download Currency for Report", "Could not connect to website");
+    EXPECT_EQ(PlansOf(Show(request)), "-31 -30 EUR|0 500 USD|") << "none is relabelled";
+  }
+}
+
+TEST_F(Reports, KeepPlansInTheirCurrencyWhateverIsShown) {
+  Run("UPDATE tblCategory SET Budget = 31, PeriodID = 6, [Type] = -1 WHERE CategoryID = 9");
+  rates_.Answer(2);
+  for (const int report : {4, 14}) {
+    ReportRequest request = Converted(report);
+    request.converts = false;
+    request.currency = "USD";
+    request.filter.SetKeys(FilterKind::Category, {9});
+    request.range = Days("2026-02-01", "2026-02-28");
+    EXPECT_EQ(PlansOf(Show(request)), "-31 -30 EUR|0 500 USD|") << report;
+    request.filter.SetKeys(FilterKind::Account, {2});
+    EXPECT_EQ(PlansOf(Show(request)), "-31 0 EUR|0 500 USD|") << report;
+    request.converts = true;
+    EXPECT_EQ(PlansOf(Show(request)), "-62 500 USD|") << "at a rate that no account asks for";
+  }
+  AddAccount(3, "Pounds", 1, 0, Currency("GBP"));
+  ReportRequest request;
+  request.report = 4;
+  EXPECT_EQ(Show(request).plansKeptIn, "GBP") << "the person's own comes first";
+  EXPECT_EQ(Show(5).plansKeptIn, "");
+}
+
+TEST_F(Reports, ConvertAtAKnownRateOfOne) {
+  const auto currencies = [this](int report) {
+    ReportRequest request = Converted(report);
+    request.range = Days("2026-01-01", "2026-03-31");
+    std::set<std::string> all;
+    for (const ReportRow& row : Show(request).rows) all.insert(row.currency);
+    return all;
+  };
+  rates_.Answer(1);
+  for (const int report : {12, 13, 14, 15}) {
+    EXPECT_EQ(currencies(report), std::set<std::string>{"EUR"}) << report;
+  }
+  EXPECT_EQ(currencies(2).size(), 2U);
+  rates_.Answer(0.5);
+  Ledger().Rates().Keep({0, "USD", "EUR", *Date::FromIso("2026-02-20"), 1, "x"});
+  ReportRequest request = Converted(12);
+  request.range = Days("2026-01-01", "2026-03-31");
+  const ReportTable table = Show(request);
+  ASSERT_EQ(table.rows.size(), 3U);
+  EXPECT_EQ(Text(table.rows[1]), "202602|560|0|560|EUR|");
+  double sum = 0;
+  for (const ExplainedRow& each : Explain(Ledger(), request, table, 1, 1, machine_.Get())) {
+    sum += each.contribution;
+  }
+  EXPECT_EQ(sum, 560);
+  rates_.Answer(std::nullopt);
+  machine_.prompts.ExpectTell("Download Currency for Report", "Could not connect to website");
+  EXPECT_EQ(currencies(13).size(), 2U) << "a rate that is not known is none";
+}
+
+TEST_F(Reports, AreReadAgainWithTheRatesTheyHad) {
+  rates_.Answer(2);
+  const ReportRequest request = Converted(2);
+  const ReportTable former = Show(request);
+  AddTransaction(4, 2, "02/03/2026", "-100");
+  const ReportTable again = RunReportAgain(Ledger(), request, former, machine_.Get());
+  EXPECT_EQ(rates_.Asked().size(), 1U);
+  EXPECT_EQ(Text(again.rows[1]), "202602|1000|-230|770|EUR|");
 }
 
 TEST_F(Reports, ForecastWhatIsEnteredScheduledAndUsual) {
