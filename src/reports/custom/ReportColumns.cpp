@@ -32,8 +32,12 @@ std::vector<std::string> ShownColumns(const std::vector<std::string>& headers,
   for (const std::string& name : AllReportColumns()) {
     if (Has(headers, name) && (isAll || Has(picked, name))) shown.push_back(name);
   }
+  // Those outside the list cannot be picked from it, but be named.
+  const auto isOwn = [](const std::string& name) { return !Has(AllReportColumns(), name); };
+  const bool areNamed = std::ranges::any_of(
+      picked, [&](const std::string& name) { return isOwn(name) && Has(headers, name); });
   for (const std::string& name : headers) {
-    if (!Has(AllReportColumns(), name)) shown.push_back(name);
+    if (isOwn(name) && (!areNamed || Has(picked, name))) shown.push_back(name);
   }
   return shown;
 }

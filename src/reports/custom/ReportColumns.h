@@ -17,7 +17,8 @@ struct ReportTable;
 [[nodiscard]] const std::vector<std::string>& AllReportColumns();
 
 // Which of a report's headings are shown where those are picked, in the order of the alphabet; all
-// of them where none of it is picked. What cannot be picked is shown always and stands behind.
+// of them where none of it is picked. What is not in the list above stands behind, all of it unless
+// some of it is named.
 [[nodiscard]] std::vector<std::string> ShownColumns(const std::vector<std::string>& headers,
                                                     const std::vector<std::string>& picked);
 // The report with those of its columns alone, in their order; whole where none of them is its own.

@@ -169,8 +169,12 @@ class DefinitionReader {
   void ReadDays() {
     const std::string_view text = Trim(Value("Date"));
     if (text.empty()) return;
-    read_.definition.range = ReadDaysText(text);
-    if (read_.definition.range) return;
+    const std::optional<Period> days = ReadDaysText(text);
+    read_.definition.range = days;
+    if (days && days->to < days->from) {
+      Note("Its days " + Quoted(text) + " end before they begin: it shows none.");
+    }
+    if (days) return;
     Note("Its days " + Quoted(text) +
          " cannot be read: they are written like #2026-01-01#2026-12-31. It shows all days.");
   }
@@ -212,11 +216,16 @@ class DefinitionReader {
   // The code alone, or what stands in the list of currencies: "Pound (GBP)".
   void ReadCurrency() {
     constexpr std::size_t kLetters = 3;
-    std::string_view text = Trim(Value("Currency"));
+    const std::string_view whole = Trim(Value("Currency"));
+    std::string_view text = whole;
     if (const std::size_t bracket = text.rfind('('); bracket != text.npos) {
       text = text.substr(bracket + 1, kLetters);
     }
-    read_.definition.currency = ToUpper(text);
+    if (text.size() == kLetters || whole.empty()) {
+      read_.definition.currency = ToUpper(text);
+      return;
+    }
+    Note("Its currency " + Quoted(whole) + " cannot be read. Nothing is converted.");
   }
 
   // Of the report's name, or else of the only report that has all of the columns.

@@ -57,6 +57,7 @@ TEST(ReportColumns, ShowThePickedOnesAndThoseThatCannotBePicked) {
             (Names{"Actual", "Currency", "Plan", "Left"}));
   EXPECT_EQ(ShownColumns(budget, {"Payee"}),
             (Names{"Actual", "Category", "Currency", "Plan", "Left"}));
+  EXPECT_EQ(ShownColumns(budget, {"Category", "Plan"}), (Names{"Category", "Plan"}));
 }
 
 TEST(ReportColumns, NarrowAReport) {

@@ -202,7 +202,9 @@ TEST_F(ReportDefinitionsTest, HandEditedValuesAreReadAsFarAsTheyCanBe) {
                         {"InvestAction", "buy,Steal", "called \"Steal\""},
                         {"Columns", "Total,Nonsense", "column \"Nonsense\""},
                         {"Date", "2026-01-01 to 2026-12-31", "cannot be read"},
-                        {"Date", "#2026-02-30#2026-03-01", "cannot be read"}};
+                        {"Date", "#2026-02-30#2026-03-01", "cannot be read"},
+                        {"Date", "#2026-03-01#2026-02-28", "end before they begin"},
+                        {"Currency", "Pound (", "cannot be read"}};
   for (const Case& one : cases) {
     std::map<std::string, std::string> values = ValuesOf(Food());
     values[one.name] = one.value;
