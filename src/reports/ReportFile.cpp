@@ -1,6 +1,7 @@
 #include "reports/ReportFile.h"
 
 #include "platform/ExportWords.h"
+#include "platform/Locale.h"
 #include "platform/Platform.h"
 #include "platform/Prompts.h"
 #include "platform/TextCase.h"
@@ -17,7 +18,7 @@ namespace {
 
 std::optional<std::string> ChartOf(const ReportTable& report, PictureForm form,
                                    Platform& platform) {
-  const ChartData chart = BuildChart(report);
+  const ChartData chart = BuildOwnChart(report, platform.locale.CurrencyCode());
   if (chart.IsEmpty()) {
     const ReportInfo* info = FindReport(report.report);
     const bool hasChart = info != nullptr && info->hasChart;

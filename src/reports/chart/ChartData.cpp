@@ -261,6 +261,15 @@ void AddSeries(ChartData& chart, const ReportTable& report, const ChartRows& row
   }
 }
 
+// Whether any of its figures is another than 0.
+bool HasHeight(const ChartData& chart) {
+  return std::ranges::any_of(chart.series, [](const ChartSeries& series) {
+    return std::ranges::any_of(series.points, [](const std::optional<ChartPoint>& point) {
+      return point.has_value() && point->value != 0;
+    });
+  });
+}
+
 }  // namespace
 
 std::vector<std::string> ChartCurrencies(const ReportTable& report) {
@@ -291,11 +300,20 @@ ChartData BuildChart(const ReportTable& report, std::string_view currency, std::
 }
 
 ChartData BuildChart(const ReportTable& report) {
-  const std::vector<std::string> currencies = ChartCurrencies(report);
+  return BuildOwnChart(report, {});
+}
+
+ChartData BuildOwnChart(const ReportTable& report, std::string_view own) {
+  std::vector<std::string> currencies = ChartCurrencies(report);
+  std::ranges::stable_partition(currencies, [own](const auto& each) { return each == own; });
+  std::optional<ChartData> flat;
   for (const std::string& currency : currencies) {
     ChartData chart = BuildChart(report, currency);
-    if (!chart.IsEmpty()) return chart;
+    if (chart.IsEmpty()) continue;
+    if (HasHeight(chart)) return chart;
+    if (!flat) flat = std::move(chart);
   }
+  if (flat) return *flat;
   return BuildChart(report, currencies.empty() ? std::string() : currencies.front());
 }
 

@@ -64,5 +64,7 @@ inline constexpr std::size_t kMaxBars = 12;
                                    std::size_t mostBars = kMaxBars);
 // Of the first currency that has something to draw: nothing may have been spent in one of them.
 [[nodiscard]] ChartData BuildChart(const ReportTable& report);
+// The same, where `own` (a code) comes before the others.
+[[nodiscard]] ChartData BuildOwnChart(const ReportTable& report, std::string_view own);
 
 }  // namespace corvanta::inline reports

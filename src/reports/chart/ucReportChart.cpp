@@ -84,11 +84,9 @@ void ucReportChart::MakeHead() {
 void ucReportChart::Show(const ReportTable& report) {
   report_ = report;
   const std::vector<std::string> currencies = ChartCurrencies(report_);
-  const std::string own = platform_.locale.CurrencyCode();
-  const auto has = [&](const std::string& code) {
-    return std::ranges::find(currencies, code) != currencies.end();
-  };
-  currency_ = has(chosen_) ? chosen_ : has(own) ? own : BuildChart(report_).currency;
+  const bool hasChosen = std::ranges::find(currencies, chosen_) != currencies.end();
+  currency_ =
+      hasChosen ? chosen_ : BuildOwnChart(report_, platform_.locale.CurrencyCode()).currency;
   {
     const QSignalBlocker quiet(cmbChartCurrency_);
     cmbChartCurrency_->clear();

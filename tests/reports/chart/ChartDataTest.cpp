@@ -31,6 +31,8 @@ TEST(ChartData, TheLargestComeFirstAndTheSmallOnesAreGathered) {
   EXPECT_EQ(BuildChart(report, "USD").categories, Names{"Landlord"});
   EXPECT_TRUE(BuildChart(report, "GBP").IsEmpty());
   EXPECT_EQ(BuildChart(PayeeReport(0)).currency, "USD") << "no euros were spent";
+  EXPECT_EQ(BuildOwnChart(report, "USD").currency, "USD");
+  EXPECT_EQ(BuildOwnChart(report, "GBP").currency, BuildChart(report).currency) << "there are none";
 }
 
 TEST(ChartData, MonthsStandInTheirOrder) {
