@@ -291,14 +291,23 @@ TEST_F(Reports, LookIntoTheirRows) {
   EXPECT_FALSE(DrillDown(Ledger(), request, gone));
 }
 
-TEST_F(Reports, KeepTheirCategoriesOnTheWayIntoAFoldedRow) {
+// A category of two sub-categories, spent on in two days.
+class FoldedReports : public Reports {
+ protected:
+  // `second`: the values of the second one, with its plan and the period of that.
+  void AddZoo(const std::string& second) {
+    const std::string insert =
+        "INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES ";
+    Run(insert + "(900,'Zoo','Feed',-1,80,6)");
+    Run(insert + "(901," + second + ")");
+    AddTransaction(4, 1, "05/05/2026", "-7", "CategoryID = 900");
+    AddTransaction(5, 1, "05/06/2026", "-2", "CategoryID = 901");
+  }
+};
+
+TEST_F(FoldedReports, KeepTheirCategoriesOnTheWayIntoARow) {
   machine_.clock.SetToday(*Date::FromIso("2026-05-20"));
-  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
-      "(900,'Zoo','Feed',-1,80,6)");
-  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
-      "(901,'Zoo','Visit',-1,60,6)");
-  AddTransaction(4, 1, "05/05/2026", "-7", "CategoryID = 900");
-  AddTransaction(5, 1, "05/06/2026", "-2", "CategoryID = 901");
+  AddZoo("'Zoo','Visit',-1,60,6");
   ReportRequest request;
   request.foldsSubCategories = true;
   request.range = Days("2026-05-01", "2026-05-31");
@@ -341,13 +350,8 @@ TEST_F(Reports, ShowTransactionsByDayAndKey) {
   EXPECT_EQ(shown, wanted);
 }
 
-TEST_F(Reports, FoldBudgetsByThePeriodOfEach) {
-  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
-      "(900,'Zoo','Feed',-1,80,6)");
-  Run("INSERT INTO tblCategory (CategoryID,Category,SubCategory,[Type],Budget,PeriodID) VALUES "
-      "(901,'zoo','Visit',-1,600,11)");
-  AddTransaction(4, 1, "05/05/2026", "-7", "CategoryID = 900");
-  AddTransaction(5, 1, "05/06/2026", "-2", "CategoryID = 901");
+TEST_F(FoldedReports, CountBudgetsByThePeriodOfEach) {
+  AddZoo("'zoo','Visit',-1,600,11");
   ReportRequest request;
   request.report = 4;
   request.currency = "EUR";
